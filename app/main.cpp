@@ -1,0 +1,2 @@
+// Starts the program.
+int main() { return 0; }

@@ -1,0 +1,58 @@
+# What every target of the project shares.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set_property(GLOBAL PROPERTY USE_FOLDERS ON)
+
+# Where the scripture files lie once the host build has made them: one set serves every preset.
+set(VERSEWELL_DATA_DIR ${PROJECT_SOURCE_DIR}/build/data)
+
+add_library(vw_options INTERFACE)
+target_include_directories(vw_options INTERFACE ${PROJECT_SOURCE_DIR})
+if(MSVC)
+  target_compile_options(vw_options INTERFACE /W4 /WX /permissive- /utf-8)
+else()
+  target_compile_options(vw_options INTERFACE -Wall -Wextra -Wshadow -Wconversion -Werror)
+endif()
+if(WIN32)
+  target_compile_definitions(vw_options INTERFACE WIN32_LEAN_AND_MEAN NOMINMAX STRICT _WIN32_WINNT=0x0601)
+endif()
+if(VERSEWELL_SANITIZE)
+  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=address,undefined)
+endif()
+
+# GoogleTest is built from Debian's sources, so that one version serves the host, the sanitizers and Windows.
+add_subdirectory(/usr/src/googletest ${CMAKE_BINARY_DIR}/googletest EXCLUDE_FROM_ALL)
+include(GoogleTest)
+
+# vw_core(<folder> SOURCES ... [USES <folder>...]): the core of a folder, which builds anywhere.
+function(vw_core folder)
+  cmake_parse_arguments(PARSE_ARGV 1 core "" "" "SOURCES;USES")
+  add_library(vw_${folder} STATIC ${core_SOURCES})
+  list(TRANSFORM core_USES PREPEND vw_)
+  target_link_libraries(vw_${folder} PUBLIC vw_options ${core_USES})
+endfunction()
+
+# vw_shell(<file>...): files of the program that speak to Windows.
+function(vw_shell)
+  if(WIN32)
+    target_sources(versewell PRIVATE ${ARGN})
+  endif()
+endfunction()
+
+# vw_test(<name> SOURCES ... USES <folder>...): a native test program; its cases become tests of ctest.
+function(vw_test name)
+  cmake_parse_arguments(PARSE_ARGV 1 test "" "" "SOURCES;USES")
+  if(WIN32)
+    return()
+  endif()
+  add_executable(${name} ${test_SOURCES})
+  list(TRANSFORM test_USES PREPEND vw_)
+  target_link_libraries(${name} PRIVATE vw_options ${test_USES} GTest::gmock GTest::gtest_main)
+  target_compile_definitions(${name} PRIVATE VERSEWELL_DATA_DIR="${VERSEWELL_DATA_DIR}"
+                                             VERSEWELL_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
+  gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST)
+endfunction()

@@ -1,0 +1,66 @@
+// Note sets: for every verse one note, in named sets.
+//
+// A set named NAME is two files in the working directory, without headers, integers little-endian:
+//   NAME.nmi   31,102 unsigned 32-bit integers: where in NAME.nmd the note of each verse begins. The first is 0, they
+//              never decrease.
+//   NAME.nmd   the notes back to back in verse order: 8-bit text, lines ended by CR LF, then one NUL. An empty note is
+//              a NUL alone. A note's stored length (text and NUL) is the next verse's offset less its own; the last
+//              verse's note ends with the file.
+// One set may also have
+//   NAME.dti   the devotional table: 12 months x 31 days x (morning, evening), unsigned 32-bit verse indexes, 2,976
+//              bytes. Every month has 31 slots.
+//
+// A note holds at most 65,533 characters.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "notes/note_files.h"
+#include "scripture/verse_records.h"
+
+inline constexpr int kNoteSetLimit = 31;
+inline constexpr std::size_t kNoteBufferSize = 65536;
+inline constexpr int kNoDevotionalSet = -1;
+inline constexpr char kFirstSetName[] = "My Notes";
+inline constexpr char kCannotCreateNotes[] = "Error creating note files";
+inline constexpr char kCannotReadNote[] = "Error reading note file";
+
+struct NoteSet {
+    std::string dataFileName;            // the set's name and ".nmd"
+    std::vector<std::uint32_t> offsets;  // as read: as many as the file holds
+};
+
+struct NoteSets {
+    std::vector<NoteSet> sets;
+    int currentSet = 0;
+    int currentVerse = 0;
+    std::string noteText;  // text of the current note, or the line that says that there is none
+    int devotionalSet = kNoDevotionalSet;
+    std::array<std::uint32_t, 12 * 31 * 2> devotionalTable{};
+};
+
+// Name of a set: its data file's name up to the last ".".
+std::string NoteSetName(const NoteSet& set);
+
+// Finds the sets of the working directory in listing order, at most kNoteSetLimit, each with its devotional table if
+// it has one (a later one takes the role). A `.nmi` that cannot be opened ends the search. With no set found, creates
+// "My Notes". False when the first set's files could not be created: the set is there all the same, in memory.
+bool FindNoteSets(const NoteFiles& files, NoteSets& notes);
+
+// Clamps what the settings held: a set that there is not becomes 0, a verse outside 0..31101 too.
+void SelectStoredNote(NoteSets& notes, int set, int verse);
+
+// Reads the note of `verse` (clamped to 0..31101) in the current set into `noteText`, up to its first NUL; an empty
+// note gives "No note for Genesis 1:1." The current verse becomes `verse`. False, and nothing changed, when the data
+// file cannot be opened.
+bool ReadNoteText(const NoteFiles& files, const VerseRecords& records, NoteSets& notes, int verse);
+
+// Has the current set a note for `verse`: a stored length above 1? The last verse's is taken from the file's size.
+bool NoteExists(const NoteFiles& files, const NoteSets& notes, int verse);
+
+// The next or previous verse, round the end of the Bible, that has a note; the neighbouring verse when no other has.
+int NextNote(const NoteFiles& files, const NoteSets& notes);
+int PreviousNote(const NoteFiles& files, const NoteSets& notes);

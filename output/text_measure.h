@@ -1,0 +1,13 @@
+// Faces of a pane's font, and the measure of text in them that the flows lay out by.
+#pragma once
+
+#include <string_view>
+
+enum class Face : unsigned char { kRegular, kBold, kItalic, kBoldItalic };
+inline constexpr int kFaceCount = 4;
+
+struct TextMeasure {
+    void* device = nullptr;                                             // handed back to both
+    int (*width)(void* device, Face face, std::string_view) = nullptr;  // pixels
+    int (*lineHeight)(void* device) = nullptr;                          // pixels, of the bold face
+};

@@ -1,0 +1,112 @@
+// Numbers of commands, windows and controls. Menus, accelerators, toolbar, dialogs and code share them.
+#pragma once
+
+// Commands
+#define IDM_ABOUT 101
+#define IDM_EXIT 102
+#define IDM_HELP_TOPICS 103
+#define IDM_WORD_SEARCH 105
+#define IDM_PHRASE_SEARCH 106
+#define IDM_CONTEXT 108
+#define IDM_PARAGRAPH_FORMAT 109
+#define IDM_ITALIC_TEXT 110
+#define IDM_ITALIC_BRACKETS 111
+#define IDM_ITALIC_NORMAL 112
+#define IDM_FOCUS_LIST 113
+#define IDM_FOCUS_PASSAGE 114
+#define IDM_GOTO_VERSE 116
+#define IDM_PREVIOUS_VERSE 117
+#define IDM_NEXT_VERSE 118
+#define IDM_PREVIOUS_CHAPTER 119
+#define IDM_NEXT_CHAPTER 120
+#define IDM_PREVIOUS_BOOK 121
+#define IDM_NEXT_BOOK 122
+#define IDM_WORD_LIST_SEARCH 123
+#define IDM_VIEW_LIST 125
+#define IDM_VIEW_PASSAGE 126
+#define IDM_VIEW_NOTES 127
+#define IDM_VIEW_TOOLBAR 128
+#define IDM_COPY_VERSE 129
+#define IDM_COPY_RANGE 130
+#define IDM_COPY_VERSE_LIST 131
+#define IDM_COPY_REFERENCES 132
+#define IDM_SAVE_RANGE 133
+#define IDM_SAVE_VERSE_LIST 134
+#define IDM_LIST_FONT 135
+#define IDM_PASSAGE_FONT 137
+#define IDM_NOTES_FONT 138
+#define IDM_GOTO_BOOKMARK 139  // to 148, ten
+#define IDM_SET_BOOKMARK 149   // to 158, ten
+#define IDM_FORMAT 159
+#define IDM_HIGHLIGHT_COLOR 160
+#define IDM_CUT 161
+#define IDM_COPY 162
+#define IDM_PASTE 163
+#define IDM_CONTEXT_MENU 164
+#define IDM_SET_RANGE 165
+#define IDM_HELP_RANGE 166
+#define IDM_HELP_PREFACE 167
+#define IDM_GOTO_NOTE 169
+#define IDM_PREVIOUS_NOTE 170
+#define IDM_NEXT_NOTE 171
+#define IDM_PREVIOUS_NOTE_SET 172
+#define IDM_NEXT_NOTE_SET 173
+#define IDM_NOTE_FOR_PASSAGE 174
+#define IDM_NOTE_FOR_LIST 175
+#define IDM_EDIT_NOTE 176
+#define IDM_SEARCH_NOTES 177
+#define IDM_CREATE_NOTE_SET 178
+#define IDM_DELETE_NOTE_SET 179
+#define IDM_RENAME_NOTE_SET 180
+#define IDM_VERSE_FOR_NOTE 181
+#define IDM_TODAYS_PROVERB 182
+#define IDM_BIND_NOTES 183
+#define IDM_PAGE_SETUP 184
+#define IDM_PRINT_RANGE 185
+#define IDM_PRINT_VERSE_LIST 186
+#define IDM_DELETE_ENTRY 187
+#define IDM_NOTE_WORD_SEARCH 188
+#define IDM_NOTE_PHRASE_SEARCH 189
+#define IDM_NOTE_NOTE_SEARCH 190
+#define IDM_THIS_MORNING 191
+#define IDM_THIS_EVENING 192
+#define IDM_REFRESH 900      // from a pane to its frame: what commands depend on has changed
+#define IDM_GOTO_BOOK 1000   // and a book's number, 1 to 66
+#define IDM_DEVOTIONAL 2000  // and a verse index
+
+// Windows
+#define IDC_LIST_TABS 1
+#define IDC_PASSAGE_TABS 2
+#define IDC_VERSE_LIST 3
+#define IDC_REFERENCE_LIST 5
+#define IDC_TOOLBAR 6
+#define IDC_NOTE_TABS 7
+#define IDC_NOTES 8
+#define IDC_NOTE_VIEW 9
+#define IDC_PASSAGE 10      // in the passage's tab control
+#define IDC_NOTE_EDITOR 10  // in the frame
+#define IDC_NOTE_EDIT 13    // in the note editor
+#define IDC_STATUS_BAR 14
+#define IDC_NOTE_SAVE 211
+#define IDC_NOTE_CANCEL 212
+#define IDC_NOTE_HELP 213
+
+// Controls of dialogs
+#define IDC_HELP 9          // everywhere
+#define IDC_SEARCH_TEXT 10  // the search dialogs, Go To Verse
+#define IDC_ALL_WORDS 11
+#define IDC_ANY_WORD 12
+#define IDC_ONE_WORD 13
+#define IDC_CASE_SENSITIVE 14
+#define IDC_SUBSTRING 15
+#define IDC_ADD_WORD 18
+#define IDC_WORD_LIST 19
+#define IDC_RANGE 20      // the button of the search dialogs, the field of Set Search Range
+#define IDC_REFERENCE 10  // Go To Verse
+#define IDC_OLD_TESTAMENT 101
+#define IDC_NEW_TESTAMENT 102
+#define IDC_ENTIRE_BIBLE 103
+#define IDC_SPLASH_LINE 111
+
+// Pictures
+#define IDB_TOOLBAR 200

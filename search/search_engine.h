@@ -1,0 +1,31 @@
+// Word and phrase searches.
+//
+// A word of a query is a maximal run of A-Z, a-z and apostrophes. Odd behaviour kept on purpose:
+//   - case-sensitive, whole words: only the first place of the word in a verse is examined, so a verse where it first
+//     stands inside a longer word is not counted, nor one where a paragraph mark stands right before it;
+//   - a phrase may begin or end inside a longer word, and never matches across a hyphen;
+//   - a word typed twice counts twice.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "scripture/scripture.h"
+#include "search/search_state.h"
+#include "search/word_index.h"
+
+// The words of `query`, in order.
+std::vector<std::string_view> QueryWords(std::string_view query);
+
+// Searches `search.range` for the words of `search.searchText` under `search.options` and, when a verse qualifies,
+// fills `search.result` (verses, verse count, occurrences; phrase mode off). False, with an empty result, when none
+// does or the query has no words.
+bool WordSearch(const Scripture& scripture, const WordIndex& index, SearchState& search);
+
+// The same for the text as a phrase; the options' boolean type and substring flag are not used. A phrase of one word
+// leaves phrase mode off and is then listed by the boolean type, as a word search's verses are.
+bool PhraseSearch(const Scripture& scripture, const WordIndex& index, SearchState& search);
+
+// "2 verses, 3 occurrences", "1 verse, 1 occurance".
+std::string SearchSummary(const SearchResult& result);

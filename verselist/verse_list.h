@@ -1,0 +1,46 @@
+// The Verse List: the verses that the last search found, in canonical order, and the place in it.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "output/selection.h"
+#include "scripture/verse_records.h"
+
+enum ListView { kVerseListView = 0, kReferenceListView = 1 };
+
+struct VerseList {
+    std::vector<std::int32_t> ListEntries;  // verse indexes; no terminator, its size says where it ends
+    int ListTop = 0;                        // entry shown first
+    int ListLastVisible = 0;                // last entry of which anything was laid out, as corrected
+    int LineHeight = 0;                     // pixels; cell height of the bold face
+    int currentView = kVerseListView;
+};
+
+int ListCount(const VerseList& list);
+
+// Puts `verses` in place of what the list held; the top becomes 0.
+void FillVerseList(VerseList& list, std::vector<std::int32_t> verses);
+void ClearVerseList(VerseList& list);
+
+// Takes entry `entry` out and brings the top back to the last entry where it stood past it; 0 in an empty list.
+void DeleteEntry(VerseList& list, int entry);
+
+// `entry` brought into the list: 0..ListCount-1, 0 when it is empty.
+int ClampEntry(const VerseList& list, int entry);
+
+// The corrections that end each layout pass.
+void CorrectLastVisible(VerseList& list);
+
+// Entry that Read Context and Delete mean: the selection's anchor entry when the list owns the selection, the anchor is
+// at or after the top and the end at or before the last visible entry; otherwise the top. -1 in an empty list.
+int CurrentEntry(const VerseList& list, const Selection& selection);
+
+// Entry that the commands of the frame mean: the first selected entry while the list has the focus and its selection
+// lies wholly within the entries shown; otherwise the top. -1 in an empty list.
+int TargetEntry(const VerseList& list, const Selection& selection, bool listHasFocus);
+
+// Verse named by a line of the Reference List, "1 John 1:9" or "1Jo 1:9": the first full name, then the first
+// abbreviation, that the line begins with. -1 when there is none.
+int VerseOfReferenceLine(const VerseRecords& records, const std::string& line);
