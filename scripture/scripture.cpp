@@ -1,1 +1,33 @@
-// Being written.
+#include "scripture/scripture.h"
+
+#include <cstring>
+
+// End of the text that begins at `offset`, by the next verse's offset: its closing zero stands right before it. 0 when
+// the two records do not fit together, as for the last verse. A scan for the zero would be right too, but every search
+// hit and every painted verse comes through here.
+static std::size_t EndByNextRecord(const Scripture& scripture, int verseIndex, std::size_t offset) {
+    const std::size_t next = RecordOf(scripture.records, verseIndex + 1).textOffset;
+    const bool fits = next > offset && next <= scripture.text.size() && scripture.text[next - 1] == '\0';
+    return fits ? next - 1 : 0;
+}
+
+static std::size_t EndByScan(const Scripture& scripture, std::size_t offset) {
+    const char* start = scripture.text.data() + offset;
+    const std::size_t rest = scripture.text.size() - offset;
+    const void* zero = std::memchr(start, 0, rest);
+    return zero == nullptr ? scripture.text.size()
+                           : offset + static_cast<std::size_t>(static_cast<const char*>(zero) - start);
+}
+
+std::string_view VerseText(const Scripture& scripture, int verseIndex) {
+    const VerseRecord record = RecordOf(scripture.records, verseIndex);
+    const std::size_t offset = record.textOffset;
+    if (record.book == 0 || offset >= scripture.text.size()) return {};
+    const std::size_t quick = EndByNextRecord(scripture, verseIndex, offset);
+    const std::size_t end = quick != 0 ? quick : EndByScan(scripture, offset);
+    return {scripture.text.data() + offset, end - offset};
+}
+
+bool BeginsParagraph(std::string_view verseText) {
+    return verseText.starts_with(kParagraphMark);
+}

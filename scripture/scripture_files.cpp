@@ -1,1 +1,11 @@
-// Being written.
+#include "scripture/scripture_files.h"
+
+bool LoadScripture(const DataFiles& files, Scripture& scripture) {
+    std::span<const unsigned char> records;
+    if (!files.map(files.device, kVerseIndexFile, AccessPattern::kSequential, records)) return false;
+    std::span<const unsigned char> text;
+    if (!files.map(files.device, kVerseTextFile, AccessPattern::kRandom, text)) return false;
+    scripture.records.bytes = records;
+    scripture.text = {reinterpret_cast<const char*>(text.data()), text.size()};
+    return true;
+}

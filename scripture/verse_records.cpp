@@ -1,1 +1,70 @@
-// Being written.
+#include "scripture/verse_records.h"
+
+#include <algorithm>
+
+#include "scripture/books.h"
+
+static constexpr std::size_t kRecordSize = 7;
+
+static std::uint32_t LittleEndian32(const unsigned char* bytes) {
+    return static_cast<std::uint32_t>(bytes[0]) | static_cast<std::uint32_t>(bytes[1]) << 8 |
+           static_cast<std::uint32_t>(bytes[2]) << 16 | static_cast<std::uint32_t>(bytes[3]) << 24;
+}
+
+VerseRecord RecordOf(const VerseRecords& records, int verseIndex) {
+    if (verseIndex < 0) return {};
+    const std::uint64_t start = std::uint64_t{kRecordSize} * static_cast<std::uint64_t>(verseIndex);
+    if (start + kRecordSize > records.bytes.size()) return {};
+    const unsigned char* bytes = records.bytes.data() + static_cast<std::size_t>(start);
+    return {bytes[0], bytes[1], bytes[2], LittleEndian32(bytes + 3)};
+}
+
+static int FirstVerseOfBook(const VerseRecords& records, int book) {
+    int index = 0;
+    while (index < kLastVerse && RecordOf(records, index).book != book) ++index;
+    return RecordOf(records, index).book == book ? index : kNoVerse;
+}
+
+// To the first verse of `chapter`, or to the book's last verse when it has fewer chapters.
+static int WalkToChapter(const VerseRecords& records, int index, int chapter) {
+    const int book = RecordOf(records, index).book;
+    while (index < kLastVerse && RecordOf(records, index).chapter < chapter &&
+           RecordOf(records, index + 1).book == book)
+        ++index;
+    return index;
+}
+
+static int WalkToVerse(const VerseRecords& records, int index, int verse) {
+    const VerseRecord here = RecordOf(records, index);
+    for (int verseReached = here.verse; index < kLastVerse && verseReached < verse; ++index) {
+        const VerseRecord next = RecordOf(records, index + 1);
+        if (next.chapter != here.chapter || next.book != here.book) break;
+        verseReached = next.verse;
+    }
+    return index;
+}
+
+int VerseLookup(const VerseRecords& records, int book, int chapter, int verse) {
+    if (book < 1 || book > kBookCount) return kNoVerse;
+    const int start = FirstVerseOfBook(records, book);
+    if (start == kNoVerse) return kNoVerse;
+    return WalkToVerse(records, WalkToChapter(records, start, chapter), verse);
+}
+
+int ClampVerse(int verseIndex) {
+    return std::clamp(verseIndex, 0, kLastVerse);
+}
+
+std::string ReferenceText(const VerseRecords& records, int verseIndex, BookForm form) {
+    const VerseRecord record = RecordOf(records, verseIndex);
+    if (record.book == 0) return {};
+    const char* book = form == BookForm::kName ? BookName(record.book) : BookAbbreviation(record.book);
+    return std::string(book) + ' ' + std::to_string(record.chapter) + ':' + std::to_string(record.verse);
+}
+
+std::string RangeText(const VerseRecords& records, int firstVerse, int lastVerse) {
+    const std::string first = ReferenceText(records, firstVerse, BookForm::kAbbreviation);
+    const std::string last = ReferenceText(records, lastVerse, BookForm::kAbbreviation);
+    if (first.empty() || last.empty()) return {};
+    return first + " - " + last;
+}
