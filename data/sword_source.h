@@ -1,0 +1,11 @@
+// The one door to libsword: the verses of an installed module as they lie in it.
+#pragma once
+
+#include <string>
+
+#include "data/verses.h"
+
+// Reads all verses of the King James versification from module `name`, version `version`, in canonical order and with
+// their mark-up untouched. `folder` holds `mods.d` and `modules`; empty for wherever SWORD modules are installed. A
+// verse that the module lacks comes with an empty text.
+Complaint ReadSwordModule(const std::string& folder, const char* name, const char* version, Verses& verses);
