@@ -1,1 +1,210 @@
-// Being written.
+#include "scripture/reference_parser.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+#include <optional>
+#include <utility>
+
+#include "scripture/books.h"
+
+// Letters and digits are those of ASCII, whatever the locale: a paragraph mark or an accented letter parts words.
+static bool IsLetter(char c) {
+    return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
+}
+
+static bool IsDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+
+static bool IsLetterOrDigit(char c) {
+    return IsLetter(c) || IsDigit(c);
+}
+
+static char Lower(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+// The first character stays whatever it is, so that a field of one blank is not empty.
+static void TrimEnd(std::string& text) {
+    while (text.size() > 1 && !IsLetterOrDigit(text.back())) text.pop_back();
+}
+
+static void JoinBlanks(std::string& text) {
+    for (const char* numberAndBlank : {"1 ", "2 ", "3 "}) {
+        std::size_t found = 0;
+        while ((found = text.find(numberAndBlank, found)) != std::string::npos) text.erase(found + 1, 1);
+    }
+}
+
+static std::string Prepared(std::string text) {
+    text.resize(std::min<std::size_t>(text.size(), kReferenceLimit));
+    TrimEnd(text);
+    JoinBlanks(text);
+    return text;
+}
+
+struct Cursor {
+    const std::string& text;
+    std::size_t at = 0;
+};
+
+// The character at the cursor; a zero at the end.
+static char Current(const Cursor& cursor) {
+    return cursor.text.c_str()[cursor.at];
+}
+
+static bool IsAtEnd(const Cursor& cursor) {
+    return cursor.at >= cursor.text.size();
+}
+
+static void SkipLetters(Cursor& cursor) {
+    while (IsLetter(Current(cursor))) ++cursor.at;
+}
+
+static void SkipDigits(Cursor& cursor) {
+    while (IsDigit(Current(cursor))) ++cursor.at;
+}
+
+static void SkipToLetterOrDigit(Cursor& cursor) {
+    while (!IsAtEnd(cursor) && !IsLetterOrDigit(Current(cursor))) ++cursor.at;
+}
+
+static void SkipToWordOrHyphen(Cursor& cursor) {
+    while (!IsAtEnd(cursor) && !IsLetterOrDigit(Current(cursor)) && Current(cursor) != '-') ++cursor.at;
+}
+
+static bool HasLetterAhead(const Cursor& cursor) {
+    return std::any_of(cursor.text.begin() + static_cast<std::ptrdiff_t>(cursor.at), cursor.text.end(), IsLetter);
+}
+
+static bool BeginsWith(const Cursor& cursor, std::string_view begin) {
+    const std::string_view rest = std::string_view(cursor.text).substr(cursor.at);
+    return rest.size() >= begin.size() &&
+           std::equal(begin.begin(), begin.end(), rest.begin(), [](char a, char b) { return Lower(a) == Lower(b); });
+}
+
+// "1Samuel": a name as JoinBlanks leaves it in what was typed.
+static std::string JoinedName(int book) {
+    std::string name = BookName(book);
+    if (IsDigit(name[0])) name.erase(1, 1);
+    return name;
+}
+
+static std::size_t LettersAhead(const Cursor& cursor) {
+    Cursor end = cursor;
+    SkipLetters(end);
+    return end.at - cursor.at;
+}
+
+// Moves past a book's abbreviation, else past as much of a name as was typed. Where no letter stands at the cursor,
+// nothing is compared and the first book fits: "3:16" and numbered books cut short ("1 J 1:9") depend on it.
+static std::optional<int> ReadBook(Cursor& cursor) {
+    for (int book = 1; book <= kBookCount; ++book) {
+        if (!BeginsWith(cursor, BookAbbreviation(book))) continue;
+        cursor.at += std::strlen(BookAbbreviation(book));
+        return book;
+    }
+    const std::size_t typed = LettersAhead(cursor);
+    for (int book = 1; book <= kBookCount; ++book) {
+        const std::string name = JoinedName(book).substr(0, typed);
+        if (!BeginsWith(cursor, name)) continue;
+        cursor.at += name.size();
+        return book;
+    }
+    return std::nullopt;
+}
+
+// Decimal number at the cursor, after blanks and a sign; 0 when there is none. Long ones saturate far beyond any verse.
+static int NumberAt(const Cursor& cursor) {
+    const long number = std::strtol(cursor.text.c_str() + cursor.at, nullptr, 10);
+    return static_cast<int>(std::clamp(number, -100000L, 100000L));
+}
+
+// Reads a chapter at the cursor, and the verse behind the next colon, or point, wherever that stands; without one
+// `verse` stays. The cursor ends before the verse number: what follows a colon and a blank is read again as the second
+// half of a range. False for a zero.
+static bool ReadChapterAndVerse(Cursor& cursor, int& chapter, int& verse) {
+    chapter = NumberAt(cursor);
+    if (chapter == 0) return false;
+    SkipDigits(cursor);
+    std::size_t separator = cursor.text.find(':', cursor.at);
+    if (separator == std::string::npos) separator = cursor.text.find('.', cursor.at);
+    if (separator == std::string::npos) return true;
+    cursor.at = separator + 1;
+    verse = NumberAt(cursor);
+    return verse != 0;
+}
+
+struct Place {
+    int book = 0;
+    int chapter = 0;
+    int verse = 0;
+};
+
+static std::optional<Place> ReadFirstHalf(Cursor& cursor) {
+    const std::optional<int> book = ReadBook(cursor);
+    if (!book) return std::nullopt;
+    SkipLetters(cursor);
+    SkipToWordOrHyphen(cursor);
+    Place place{*book};
+    if (IsDigit(Current(cursor)) && !ReadChapterAndVerse(cursor, place.chapter, place.verse)) return std::nullopt;
+    return place;
+}
+
+// Last verse of the one book, chapter or verse that a range without a second half names.
+static Place EndOf(const Place& first) {
+    if (first.chapter == 0) return {first.book, kLast, kLast};
+    if (first.verse == 0) return {first.book, first.chapter, kLast};
+    return first;
+}
+
+// The book is looked for where the cursor stands, not at the letter ahead: "5 Ex 6" names Genesis again.
+static std::optional<Place> ReadSecondHalf(Cursor& cursor, int firstBook) {
+    Place place{firstBook, kLast, kLast};
+    if (HasLetterAhead(cursor)) {
+        const std::optional<int> book = ReadBook(cursor);
+        if (!book) return std::nullopt;
+        place.book = *book;
+        SkipLetters(cursor);
+    }
+    if (!IsAtEnd(cursor) && !ReadChapterAndVerse(cursor, place.chapter, place.verse)) return std::nullopt;
+    return place;
+}
+
+static int VerseOf(const VerseRecords& records, const Place& place) {
+    return VerseLookup(records, place.book, place.chapter, place.verse);
+}
+
+ParsedReference ParseReference(const VerseRecords& records, std::string text) {
+    const std::string prepared = Prepared(std::move(text));
+    Cursor cursor{prepared};
+    const std::optional<Place> place = ReadFirstHalf(cursor);
+    if (!place) return {};
+    const int verse = VerseOf(records, *place);
+    return {verse != kNoVerse, verse};
+}
+
+static std::optional<std::pair<Place, Place>> ReadHalves(Cursor& cursor) {
+    const std::optional<Place> first = ReadFirstHalf(cursor);
+    if (!first) return std::nullopt;
+    SkipDigits(cursor);
+    SkipToLetterOrDigit(cursor);
+    const std::optional<Place> last = IsAtEnd(cursor) ? EndOf(*first) : ReadSecondHalf(cursor, first->book);
+    if (!last) return std::nullopt;
+    return std::pair{*first, *last};
+}
+
+ParsedRange ParseRange(const VerseRecords& records, std::string text) {
+    ParsedRange range;
+    range.text = Prepared(std::move(text));
+    Cursor cursor{range.text};
+    const auto halves = ReadHalves(cursor);
+    if (!halves) return range;
+    const int first = VerseOf(records, halves->first);
+    const int last = VerseOf(records, halves->second);
+    range.ok = first != kNoVerse && last != kNoVerse;
+    range.first = std::min(first, last);
+    range.last = std::max(first, last);
+    return range;
+}

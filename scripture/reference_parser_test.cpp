@@ -1,1 +1,219 @@
-// Being written.
+#include "scripture/reference_parser.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/hand_made_scripture.h"
+#include "tests/support/native_scripture.h"
+
+static std::string Abbreviated(int verse) {
+    return ReferenceText(TheRealScripture().records, verse, BookForm::kAbbreviation);
+}
+
+struct ReferenceRow {
+    std::string text;
+    const char* verse;  // none: not recognised
+};
+
+static void ExpectReferences(std::span<const ReferenceRow> rows) {
+    for (const ReferenceRow& row : rows) {
+        const ParsedReference typed = ParseReference(TheRealScripture().records, row.text);
+        EXPECT_EQ(typed.ok, row.verse != nullptr) << row.text;
+        EXPECT_EQ(Abbreviated(typed.verse), row.verse == nullptr ? "" : row.verse) << row.text;
+    }
+}
+
+TEST(ParseReference, ReadsBookChapterAndVerse) {
+    static const ReferenceRow kRows[] = {
+        {"Joh 3:16", "Joh 3:16"},
+        {"john 3.16", "Joh 3:16"},
+        {"JOHN 3:16", "Joh 3:16"},
+        {"John 3 : 16", "Joh 3:16"},
+        {"John3:16", "Joh 3:16"},
+        {"Joh,3:16", "Joh 3:16"},
+        {"Ge", "Ge 1:1"},
+        {"Ps 23", "Ps 23:1"},
+        {"Ps 119:500", "Ps 119:176"},
+        {"Ge 51:1", "Ge 50:26"},
+        {"Jude 2:3", "Jude 1:25"},
+        {"Re 22:21", "Re 22:21"},
+        {"Ge 0:1", nullptr},
+        {"Ge 1:0", nullptr},
+        {"Ge 00", nullptr},
+        {"Xyz 1:1", nullptr},
+        {"Joh 3:x", nullptr},
+        {"Joh 3:16:99", "Joh 3:16"},
+        {"Ge 1:+5", "Ge 1:5"},
+        {"Ge 1:-5", "Ge 1:1"},
+        {"Ge - 5", "Ge 1:1"},
+    };
+    ExpectReferences(kRows);
+}
+
+TEST(ParseReference, TakesTheFirstBookThatFits) {
+    static const ReferenceRow kRows[] = {
+        {"Jo 1:1", "Jos 1:1"},
+        {"Phil 1:1", "Php 1:1"},
+        {"Philemon 1:1", "Phm 1:1"},
+        {"Jude 1:2", "Jude 1:2"},
+        {"Jud 1:2", "Jg 1:2"},
+        {"Ma 1:2", "Mal 1:2"},
+        {"Is 1:2", "Isa 1:2"},
+        {"J 1:2", "Jos 1:2"},
+        {"Job 1:2", "Job 1:2"},
+        {"Genesisx 2:3", "Ge 2:3"},
+        {"Judgesx 2:3", "Jg 2:3"},
+        {"Judgex 2:3", nullptr},
+        {"I John 1:9", "Isa 1:1"},  // "I" is Isaiah, and what follows the blank is no number
+        {"Song of Solomon 2:1", "So 1:1"},
+        {"So 2:1", "So 2:1"},
+    };
+    ExpectReferences(kRows);
+}
+
+TEST(ParseReference, JoinsTheNumberToTheBook) {
+    static const ReferenceRow kRows[] =
+        {
+            {"1 John 1:9", "1Jo 1:9"}, {"1John 1:9", "1Jo 1:9"},  {"1   John 1:9", "1Jo 1:9"},
+            {"2 Samuel 7", "2Sa 7:1"}, {"3 John 1:4", "3Jo 1:4"}, {"1 th 5:17", "1Th 5:17"},
+            {"1 J 1:9", "Ge 1:9"},  // a numbered book cut short fits none, so it is the first: chapter 1
+            {"2 C 3", "Ge 2:1"},       {"Ge 1 3", "Ge 13:1"},     {"Ps 1 1", "Ps 11:1"},
+            {"Ps 2 3 : 4", "Ps 23:4"}, {"Ps 4 1", "Ps 4:1"},
+        };
+    ExpectReferences(kRows);
+}
+
+TEST(ParseReference, NamesGenesisWithoutABook) {
+    static const ReferenceRow kRows[] = {
+        {"3:16", "Ge 3:16"}, {" ", "Ge 1:1"}, {"-", "Ge 1:1"},    {":", "Ge 1:1"},
+        {"  ", "Ge 1:1"},    {"5", "Ge 5:1"}, {" 5:2", "Ge 5:2"}, {" Joh 3:16", "Ge 1:1"},
+    };
+    ExpectReferences(kRows);
+}
+
+TEST(ParseReference, PartsWordsAtAllButAsciiLettersAndDigits) {
+    static const ReferenceRow kRows[] = {
+        {"Joh\xA0"
+         "3:16",
+         "Joh 3:16"},
+        {"Joh\xB6"
+         "3:16",
+         "Joh 3:16"},
+        {"Joh\xE9 3:16", "Joh 3:16"},
+        {"Joh 3:16\xE9", "Joh 3:16"},
+        {"\xC9x 3:16", "Ge 1:1"},
+        {std::string("Joh 3:16\0 :0", 12), "Joh 3:16"},
+    };
+    ExpectReferences(kRows);
+}
+
+TEST(ParseReference, HearsNinetyNineCharacters) {
+    const std::string padded = "Ps" + std::string(93, ' ') + "119:5";
+    static const ReferenceRow kRows[] = {
+        {padded.substr(0, 99), "Ps 119:1"},  // with "119:" at the end, trimmed
+        {padded, "Ps 119:1"},
+        {padded.substr(0, 10) + padded.substr(11), "Ps 119:5"},
+    };
+    ExpectReferences(kRows);
+}
+
+TEST(ParseReference, BearsNumbersOfAnyLength) {
+    static const ReferenceRow kRows[] = {
+        {"Ge 99999999999999999999", "Ge 50:26"},
+        {"Ge 1:99999999999999999999", "Ge 1:31"},
+        {"Ge 1:-99999999999999999999", "Ge 1:1"},
+    };
+    ExpectReferences(kRows);
+}
+
+TEST(ParseReference, FindsNothingWithoutRecords) {
+    EXPECT_FALSE(ParseReference({}, "Ge 1:1").ok);
+}
+
+struct RangeRow {
+    std::string text;
+    const char* first;  // none: not recognised
+    const char* last;
+    const char* normalised;
+};
+
+static void ExpectRanges(std::span<const RangeRow> rows) {
+    for (const RangeRow& row : rows) {
+        SCOPED_TRACE(row.text);
+        const ParsedRange typed = ParseRange(TheRealScripture().records, row.text);
+        EXPECT_EQ(typed.text, row.normalised);
+        EXPECT_EQ(typed.ok, row.first != nullptr);
+        if (row.first == nullptr) continue;
+        EXPECT_EQ(Abbreviated(typed.first), row.first);
+        EXPECT_EQ(Abbreviated(typed.last), row.last);
+    }
+}
+
+TEST(ParseRange, EndsTheUnitThatWasNamed) {
+    static const RangeRow kRows[] = {
+        {"Ge", "Ge 1:1", "Ge 50:26", "Ge"},
+        {"Ps 23", "Ps 23:1", "Ps 23:6", "Ps 23"},
+        {"Joh 3:16", "Joh 3:16", "Joh 3:16", "Joh 3:16"},
+        {"Ge 1:1 - ", "Ge 1:1", "Ge 1:1", "Ge 1:1"},
+        {" ", "Ge 1:1", "Ge 50:26", " "},
+        {"Ge ; ", "Ge 1:1", "Ge 50:26", "Ge"},
+    };
+    ExpectRanges(kRows);
+}
+
+TEST(ParseRange, ReadsTheSecondHalf) {
+    static const RangeRow kRows[] = {
+        {"Ge - Re", "Ge 1:1", "Re 22:21", "Ge - Re"},
+        {"Mt - Re", "Mt 1:1", "Re 22:21", "Mt - Re"},
+        {"Ge 1 - 3", "Ge 1:1", "Ge 3:24", "Ge 1- 3"},
+        {"Ge 4 - 5", "Ge 4:1", "Ge 5:32", "Ge 4 - 5"},
+        {"Ge 1:1-5", "Ge 1:1", "Ge 5:32", "Ge 1:1-5"},
+        {"Ge 1:1-2:3", "Ge 1:1", "Ge 2:3", "Ge 1:1-2:3"},
+        {"Ge 1:1-Ex 2:3", "Ge 1:1", "Ex 2:3", "Ge 1:1-Ex 2:3"},
+        {"Ge 1.1-2.3", "Ge 1:1", "Ge 2:3", "Ge 1.1-2.3"},
+        {"1 John 1:1 - 2 John 1:2", "1Jo 1:1", "2Jo 1:2", "1John 1:1- 2John 1:2"},
+        {"Re 22 - Ge 1", "Ge 1:31", "Re 22:1", "Re 22- Ge 1"},
+        {"Joh 3:18-3:16", "Joh 3:16", "Joh 3:18", "Joh 3:18-3:16"},
+        {"Ge - Ex -3", "Ge 1:1", "Ex 1:22", "Ge - Ex -3"},
+        {"Ge - Ex 3", "Ge 1:1", "Ex 3:22", "Ge - Ex 3"},
+        {"Ge - Ex 0", nullptr, nullptr, "Ge - Ex 0"},
+        {"Ge - Ex 3:0", nullptr, nullptr, "Ge - Ex 3:0"},
+        {"Ge - Xyz", nullptr, nullptr, "Ge - Xyz"},
+        {"Ge 1:1 - 0", nullptr, nullptr, "Ge 1:1- 0"},
+        {"Xyz - Ge", nullptr, nullptr, "Xyz - Ge"},
+    };
+    ExpectRanges(kRows);
+}
+
+TEST(ParseRange, KeepsItsQuirks) {
+    static const RangeRow kRows[] = {
+        // The colon is looked for in all that follows, so the first half takes the second one's.
+        {"Ge 1 - Ex 2:3", "Ge 1:3", "Ge 1:3", "Ge 1- Ex 2:3"},
+        {"Ge 1.1-2:3", "Ge 1:3", "Ge 1:3", "Ge 1.1-2:3"},
+        // After a colon and a blank the number is read again, as a chapter.
+        {"John 3 : 16", "Joh 3:16", "Joh 16:33", "John 3: 16"},
+        {"Ge - Ex. 3", nullptr, nullptr, "Ge - Ex. 3"},
+        {"Ge 1. - Ex 1.", nullptr, nullptr, "Ge 1. - Ex 1"},
+        {"Ge 4:4 - 5 Ex 6", "Ge 4:4", "Ge 5:32", "Ge 4:4 - 5 Ex 6"},
+        {"Song of Solomon 2:1", nullptr, nullptr, "Song of Solomon 2:1"},
+        {"I John 1:9", "Isa 1:1", "Joh 1:9", "I John 1:9"},
+        {"1 J 1:9", "Ge 1:9", "Ge 1:9", "1J 1:9"},
+        {"Ps 1 1", "Ps 11:1", "Ps 11:7", "Ps 11"},
+        {"Ge 1 3 - 1 4", "Ge 13:1", "Ge 14:24", "Ge 13- 14"},
+    };
+    ExpectRanges(kRows);
+}
+
+TEST(ParseRange, GivesTheTextAsItReadIt) {
+    static const RangeRow kRows[] = {
+        {"  Ge 1 !?", "Ge 1:1", "Ge 1:31", "  Ge 1"},
+        {"Xyz 1 2 3 !", nullptr, nullptr, "Xyz 123"},
+        {"1 1 1 1", "Ge 50:26", "Ge 50:26", "1111"},
+        {"3  2 ", "Ge 32:1", "Ge 32:32", "32"},
+        {"!!", "Ge 1:1", "Ge 50:26", "!"},
+    };
+    ExpectRanges(kRows);
+}
+
+TEST(ParseRange, FindsNothingWithoutRecords) {
+    EXPECT_FALSE(ParseRange({}, "Ge 1:1 - 2").ok);
+}

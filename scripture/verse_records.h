@@ -36,8 +36,8 @@ int ClampVerse(int verseIndex);
 
 enum class BookForm { kName, kAbbreviation };
 
-// "Genesis 1:1" or "Ge 1:1".
+// "Genesis 1:1" or "Ge 1:1"; empty where there is no such verse.
 std::string ReferenceText(const VerseRecords& records, int verseIndex, BookForm form);
 
-// "Ge 1:1 - Re 22:21", with abbreviations.
+// "Ge 1:1 - Re 22:21", with abbreviations; empty where either verse is missing.
 std::string RangeText(const VerseRecords& records, int firstVerse, int lastVerse);
