@@ -110,3 +110,5 @@
 
 // Pictures
 #define IDB_TOOLBAR 200
+#define IDB_TOOLBAR_24 201  // the same pictures, larger
+#define IDB_TOOLBAR_32 202

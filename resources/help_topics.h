@@ -1,0 +1,12 @@
+// The help file and its topics.
+#pragma once
+
+inline constexpr char kHelpFile[] = "quill97.hlp";
+
+inline constexpr char kTopicSpecifyRange[] = "ID_SpecifyRange";
+inline constexpr char kTopicPreface[] = "ID_Preface";
+inline constexpr char kTopicWordSearch[] = "ID_Search_Word";
+inline constexpr char kTopicWordListSearch[] = "ID_Search_WordList";
+inline constexpr char kTopicPhraseSearch[] = "ID_Search_Phrase";
+inline constexpr char kTopicSetRange[] = "ID_Search_SetRange";
+inline constexpr char kTopicGotoVerse[] = "ID_Read_GoToVerse";
