@@ -29,3 +29,14 @@ struct OrderedSelection {
 
 // The earlier place first; in the same place the smaller word first.
 OrderedSelection Ordered(const Selection& selection);
+
+// Lies `point` in the selection, ends included? A label is word 0. Whether the pane owns the selection is the caller's
+// question.
+bool IsSelected(const OrderedSelection& selection, SelectionPoint point);
+
+// First selected place when `owner` has the selection and all of it lies in `top`..`lastVisible`; otherwise `top`.
+int FirstSelectedPlace(const Selection& selection, SelectionOwnerId owner, int top, int lastVisible);
+
+// The anchor's place when `owner` has the selection, the anchor is at or after `top` and the end at or before
+// `lastVisible`; otherwise `top`.
+int AnchorPlace(const Selection& selection, SelectionOwnerId owner, int top, int lastVisible);

@@ -9,6 +9,7 @@
 
 #include "notes/note_sets.h"
 #include "output/reading_options.h"
+#include "output/scrolling.h"
 #include "output/text_measure.h"
 #include "scripture/scripture.h"
 #include "search/key_word_marks.h"
@@ -32,9 +33,9 @@ struct ListBoxPiece {
     bool keyWord = false;  // to be drawn in the highlight colour
     SelectionPoint point;  // entry and ordinal, 0 the label
     int x = 0, y = 0, width = 0;
-    bool endsWord = false;
-    bool endsEntry = false;
-    std::string_view text;  // valid during the visit
+    bool endsWord = false;   // the last piece of its word, or a label
+    bool endsEntry = false;  // the last piece of its entry
+    std::string_view text;   // valid during the visit
 };
 
 struct ListFlowEnd {
@@ -43,10 +44,17 @@ struct ListFlowEnd {
     int occurrences = 0;  // key words marked on the way
 };
 
-// Visits the pieces in layout order; a visitor that returns false ends the walk.
+// Visits the pieces in layout order from the list's top; a visitor that returns false ends the walk, an empty one is
+// not called. The last pieces may lie below the client area.
 ListFlowEnd WalkVerseList(const VerseListFlow& flow, const std::function<bool(const ListBoxPiece&)>& visit);
 
+// Lays out from list.ListTop without drawing and brings the rest of `list` up to date, corrections included.
 void MeasureVerseList(const VerseListFlow& flow, VerseList& list);
 
-// Entry and ordinal at a point of the client area; (-1, -1) below the entries laid out.
+// Entry and ordinal at a point of the client area; (-1, -1) below the entries laid out. A point left of the area or
+// above it counts as one on its edge.
 SelectionPoint HitTestVerseList(const VerseListFlow& flow, int x, int y);
+
+// Top entry after a scroll, from flow.list as the last pass left it; equal to its ListTop where nothing moves, 0 in an
+// empty list. See output/scrolling.h.
+int ScrolledListTop(const VerseListFlow& flow, ScrollCode code, int thumb);

@@ -1,0 +1,20 @@
+// Labels and headings, formed without a heap: a pane forms one for every verse it lays out.
+#pragma once
+
+#include <array>
+#include <string_view>
+
+#include "scripture/verse_records.h"
+
+struct LabelText {
+    std::array<char, 64> bytes{};  // holds every label and heading; what is longer is cut
+    std::size_t size = 0;
+};
+
+std::string_view TextOf(const LabelText& label);
+
+void AppendText(LabelText& label, std::string_view text);
+void AppendNumber(LabelText& label, int number);
+
+// "Ge 1:1"
+void AppendReference(LabelText& label, const VerseRecord& record);
