@@ -1,1 +1,148 @@
-// Being written.
+#include "notes/note_sets.h"
+
+#include <algorithm>
+#include <numeric>
+#include <optional>
+
+#include "scripture/little_endian.h"
+
+static constexpr std::size_t kIndexFileSize = std::size_t{kVerseCount} * 4;
+static constexpr std::size_t kDevotionalFileSize = sizeof(NoteSets::devotionalTable);
+static_assert(kDevotionalFileSize == 2976);
+
+static std::string UpToLastDot(const std::string& fileName) {
+    return fileName.substr(0, fileName.rfind('.'));
+}
+
+std::string NoteSetName(const NoteSet& set) {
+    return UpToLastDot(set.dataFileName);
+}
+
+// Bytes behind the last whole integer are left out.
+static std::vector<std::uint32_t> OffsetsOf(std::span<const unsigned char> bytes) {
+    std::vector<std::uint32_t> offsets(bytes.size() / 4);
+    for (std::size_t i = 0; i < offsets.size(); ++i) offsets[i] = LittleEndian32(bytes.data() + 4 * i);
+    return offsets;
+}
+
+static std::vector<unsigned char> BytesOf(std::span<const std::uint32_t> offsets) {
+    std::vector<unsigned char> bytes;
+    bytes.reserve(offsets.size() * 4);
+    for (const std::uint32_t offset : offsets)
+        for (int shift = 0; shift < 32; shift += 8) bytes.push_back(static_cast<unsigned char>(offset >> shift & 0xFF));
+    return bytes;
+}
+
+// Takes the role of devotional set for the set about to be added, when it has a table. A longer table is cut, a shorter
+// one filled up with zeros.
+static void ReadDevotionalTable(const NoteFiles& files, const std::string& setName, NoteSets& notes) {
+    std::vector<unsigned char> bytes;
+    if (!files.read(files.device, setName + ".dti", 0, kDevotionalFileSize, bytes)) return;
+    bytes.resize(kDevotionalFileSize);
+    const std::vector<std::uint32_t> verses = OffsetsOf(bytes);
+    std::copy(verses.begin(), verses.end(), notes.devotionalTable.begin());
+    notes.devotionalSet = static_cast<int>(notes.sets.size());
+}
+
+static bool AddNoteSet(const NoteFiles& files, const std::string& indexFileName, NoteSets& notes) {
+    std::vector<unsigned char> bytes;
+    if (!files.read(files.device, indexFileName, 0, kIndexFileSize, bytes)) return false;
+    const std::string setName = UpToLastDot(indexFileName);
+    ReadDevotionalTable(files, setName, notes);
+    notes.sets.push_back({setName + ".nmd", OffsetsOf(bytes)});
+    return true;
+}
+
+// A set of empty notes: a NUL for each verse. The data file comes first; when it is there already, it may hold notes
+// whose index was lost, and no index of empty notes is laid beside it.
+static bool CreateFirstSet(const NoteFiles& files, NoteSets& notes) {
+    NoteSet set{std::string(kFirstSetName) + ".nmd", std::vector<std::uint32_t>(kVerseCount)};
+    std::iota(set.offsets.begin(), set.offsets.end(), 0u);
+    const std::vector<unsigned char> emptyNotes(kVerseCount, 0);
+    const bool created = files.create(files.device, set.dataFileName, emptyNotes) &&
+                         files.create(files.device, std::string(kFirstSetName) + ".nmi", BytesOf(set.offsets));
+    notes.sets.push_back(std::move(set));
+    return created;
+}
+
+bool FindNoteSets(const NoteFiles& files, NoteSets& notes) {
+    notes.sets.clear();
+    notes.devotionalSet = kNoDevotionalSet;
+    for (const std::string& indexFileName : files.listIndexFiles(files.device)) {
+        if (notes.sets.size() == kNoteSetLimit || !AddNoteSet(files, indexFileName, notes)) break;
+    }
+    return !notes.sets.empty() || CreateFirstSet(files, notes);
+}
+
+void SelectStoredNote(NoteSets& notes, int set, int verse) {
+    notes.currentSet = set >= 0 && set < static_cast<int>(notes.sets.size()) ? set : 0;
+    notes.currentVerse = verse == ClampVerse(verse) ? verse : 0;
+}
+
+static const NoteSet* CurrentSet(const NoteSets& notes) {
+    const bool exists = notes.currentSet >= 0 && notes.currentSet < static_cast<int>(notes.sets.size());
+    return exists ? &notes.sets[static_cast<std::size_t>(notes.currentSet)] : nullptr;
+}
+
+// None where the index file was too short.
+static std::optional<std::uint32_t> OffsetOf(const NoteSet& set, int verse) {
+    const bool exists = verse >= 0 && static_cast<std::size_t>(verse) < set.offsets.size();
+    return exists ? std::optional(set.offsets[static_cast<std::size_t>(verse)]) : std::nullopt;
+}
+
+// Bytes from `begin` to `end`; none where a damaged index has them the wrong way round.
+static std::uint64_t LengthBetween(std::uint64_t begin, std::uint64_t end) {
+    return end > begin ? end - begin : 0;
+}
+
+struct StoredNote {
+    std::uint64_t offset = 0;
+    std::uint64_t length = 0;  // text and NUL; the last verse's only says how much to ask for
+};
+
+static StoredNote StoredNoteOf(const NoteSet& set, int verse) {
+    const auto offset = OffsetOf(set, verse);
+    if (!offset) return {};
+    if (verse == kLastVerse) return {*offset, kNoteBufferSize};
+    const auto next = OffsetOf(set, verse + 1);
+    return {*offset, next ? LengthBetween(*offset, *next) : 0};
+}
+
+bool ReadNoteText(const NoteFiles& files, const VerseRecords& records, NoteSets& notes, int verse) {
+    const NoteSet* set = CurrentSet(notes);
+    if (set == nullptr) return false;
+    verse = ClampVerse(verse);
+    const StoredNote stored = StoredNoteOf(*set, verse);
+    const auto limit = static_cast<std::size_t>(std::min<std::uint64_t>(stored.length, kNoteBufferSize - 1));
+    std::vector<unsigned char> bytes;
+    if (!files.read(files.device, set->dataFileName, stored.offset, limit, bytes)) return false;
+    notes.currentVerse = verse;
+    notes.noteText.assign(bytes.begin(), std::find(bytes.begin(), bytes.end(), '\0'));
+    if (notes.noteText.empty()) notes.noteText = "No note for " + ReferenceText(records, verse, BookForm::kName) + ".";
+    return true;
+}
+
+bool NoteExists(const NoteFiles& files, const NoteSets& notes, int verse) {
+    const NoteSet* set = CurrentSet(notes);
+    if (set == nullptr) return false;
+    if (verse != kLastVerse) return StoredNoteOf(*set, verse).length > 1;
+    const auto offset = OffsetOf(*set, verse);
+    return offset && LengthBetween(*offset, files.size(files.device, set->dataFileName)) > 1;
+}
+
+// Steps from the current verse by `step` (1 or -1) round the Bible to the next verse with a note.
+static int StepToNote(const NoteFiles& files, const NoteSets& notes, int step) {
+    const auto neighbour = [step](int verse) { return (verse + step + kVerseCount) % kVerseCount; };
+    const int start = ClampVerse(notes.currentVerse);
+    int verse = neighbour(start);
+    while (verse != start && !NoteExists(files, notes, verse)) verse = neighbour(verse);
+    return verse == start ? neighbour(start) : verse;
+}
+
+int NextNote(const NoteFiles& files, const NoteSets& notes) {
+    return StepToNote(files, notes, 1);
+}
+
+int PreviousNote(const NoteFiles& files, const NoteSets& notes) {
+    return StepToNote(files, notes, -1);
+}

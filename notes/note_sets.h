@@ -30,7 +30,7 @@ inline constexpr char kCannotReadNote[] = "Error reading note file";
 
 struct NoteSet {
     std::string dataFileName;            // the set's name and ".nmd"
-    std::vector<std::uint32_t> offsets;  // as read: as many as the file holds
+    std::vector<std::uint32_t> offsets;  // as read: what the file holds, at most one a verse
 };
 
 struct NoteSets {
@@ -47,15 +47,16 @@ std::string NoteSetName(const NoteSet& set);
 
 // Finds the sets of the working directory in listing order, at most kNoteSetLimit, each with its devotional table if
 // it has one (a later one takes the role). A `.nmi` that cannot be opened ends the search. With no set found, creates
-// "My Notes". False when the first set's files could not be created: the set is there all the same, in memory.
+// "My Notes", the data file before the index file. False when one of them could not be created: then the other is not
+// touched any more, and the set is there all the same, in memory.
 bool FindNoteSets(const NoteFiles& files, NoteSets& notes);
 
 // Clamps what the settings held: a set that there is not becomes 0, a verse outside 0..31101 too.
 void SelectStoredNote(NoteSets& notes, int set, int verse);
 
-// Reads the note of `verse` (clamped to 0..31101) in the current set into `noteText`, up to its first NUL; an empty
-// note gives "No note for Genesis 1:1." The current verse becomes `verse`. False, and nothing changed, when the data
-// file cannot be opened.
+// Reads the note of `verse` (clamped to 0..31101) in the current set into `noteText`, up to its first NUL, at most
+// 65,535 characters; an empty note, as one that a damaged index does not show, gives "No note for Genesis 1:1." The
+// current verse becomes `verse`. False, and nothing changed, when the data file cannot be opened.
 bool ReadNoteText(const NoteFiles& files, const VerseRecords& records, NoteSets& notes, int verse);
 
 // Has the current set a note for `verse`: a stored length above 1? The last verse's is taken from the file's size.

@@ -3,13 +3,9 @@
 #include <algorithm>
 
 #include "scripture/books.h"
+#include "scripture/little_endian.h"
 
 static constexpr std::size_t kRecordSize = 7;
-
-static std::uint32_t LittleEndian32(const unsigned char* bytes) {
-    return static_cast<std::uint32_t>(bytes[0]) | static_cast<std::uint32_t>(bytes[1]) << 8 |
-           static_cast<std::uint32_t>(bytes[2]) << 16 | static_cast<std::uint32_t>(bytes[3]) << 24;
-}
 
 VerseRecord RecordOf(const VerseRecords& records, int verseIndex) {
     if (verseIndex < 0) return {};
