@@ -1,0 +1,83 @@
+#include "win32/controls.h"
+
+#include <vector>
+
+void Complain(HWND owner, const char* text, const char* caption) {
+    MessageBoxA(owner, text, caption, MB_OK | MB_ICONSTOP);
+}
+
+std::string ControlText(HWND dialog, int control, int limit) {
+    std::string text(static_cast<std::size_t>(limit) + 1, '\0');
+    text.resize(GetDlgItemTextA(dialog, control, text.data(), limit + 1));
+    return text;
+}
+
+void SelectField(HWND dialog, int control) {
+    SendMessageA(dialog, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(GetDlgItem(dialog, control)), TRUE);
+    SendDlgItemMessageA(dialog, control, EM_SETSEL, 0, -1);
+}
+
+bool IsChecked(HWND dialog, int control) {
+    return IsDlgButtonChecked(dialog, control) == BST_CHECKED;
+}
+
+void SetChecked(HWND dialog, int control, bool checked) {
+    CheckDlgButton(dialog, control, checked ? BST_CHECKED : BST_UNCHECKED);
+}
+
+HWND FrameOf(HWND window) {
+    return GetAncestor(window, GA_ROOTOWNER);
+}
+
+void SendCommand(HWND frame, int command) {
+    SendMessageA(frame, WM_COMMAND, static_cast<WPARAM>(command), 0);
+}
+
+void RunIfEnabled(HWND frame, int command) {
+    const UINT state = GetMenuState(GetMenu(frame), static_cast<UINT>(command), MF_BYCOMMAND);
+    if (!(state & (MF_GRAYED | MF_CHECKED))) SendCommand(frame, command);
+}
+
+static std::string StatusPart(HWND statusBar, int part) {
+    const auto length = LOWORD(SendMessageA(statusBar, SB_GETTEXTLENGTHA, static_cast<WPARAM>(part), 0));
+    std::string text(length + 1u, '\0');
+    SendMessageA(statusBar, SB_GETTEXTA, static_cast<WPARAM>(part), reinterpret_cast<LPARAM>(text.data()));
+    text.resize(length);
+    return text;
+}
+
+void SetStatusPart(HWND statusBar, int part, const std::string& text) {
+    if (StatusPart(statusBar, part) == text) return;  // unchanged: rewriting it would flicker
+    SendMessageA(statusBar, SB_SETTEXTA, static_cast<WPARAM>(part), reinterpret_cast<LPARAM>(text.c_str()));
+}
+
+HCURSOR BeginWait(HWND frame) {
+    SetCapture(frame);
+    return SetCursor(LoadCursorA(nullptr, IDC_WAIT));
+}
+
+void EndWait(HCURSOR before) {
+    SetCursor(before);
+    ReleaseCapture();
+}
+
+void RouteWheel(MSG& message) {
+    if (message.message != WM_MOUSEWHEEL || GetCapture()) return;
+    const HWND under = WindowFromPoint({GET_X_LPARAM(message.lParam), GET_Y_LPARAM(message.lParam)});
+    if (!under || GetWindowThreadProcessId(under, nullptr) != GetCurrentThreadId()) return;
+    if (GetAncestor(under, GA_ROOT) == GetAncestor(message.hwnd, GA_ROOT)) message.hwnd = under;
+}
+
+int WheelNotches(int delta, int& rest) {
+    if ((delta < 0) != (rest < 0)) rest = 0;  // the wheel has turned back
+    rest += delta;
+    const int notches = rest / WHEEL_DELTA;
+    rest %= WHEEL_DELTA;
+    return notches;
+}
+
+int WheelLines() {
+    UINT lines = 3;
+    SystemParametersInfoA(SPI_GETWHEELSCROLLLINES, 0, &lines, 0);
+    return lines == WHEEL_PAGESCROLL ? -1 : static_cast<int>(lines);
+}

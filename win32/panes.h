@@ -1,0 +1,20 @@
+// Child windows of our own classes.
+#pragma once
+
+#include "win32/windows_api.h"
+
+// Registers a class with the arrow cursor that is redrawn whole when its size changes, on the system colour
+// `backgroundColor` (COLOR_WINDOW, ...).
+bool RegisterPaneClass(const char* name, WNDPROC procedure, int backgroundColor);
+
+// Creates a child of `parent` with no size yet.
+HWND CreateChild(HWND parent, const char* className, const char* text, DWORD style, DWORD extendedStyle, int id);
+
+// Puts `procedure` in the place of a window's own and gives back the one before.
+WNDPROC Subclass(HWND window, WNDPROC procedure);
+
+// Gives a subclassed window its own procedure back and forgets it; does nothing where there is none.
+void Unsubclass(HWND window, WNDPROC& procedureBefore);
+
+// The caret of a pane that has the focus: three pixels wide, at the upper left.
+void ShowPaneCaret(HWND pane, int lineHeight);
