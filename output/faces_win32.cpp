@@ -1,1 +1,151 @@
-// Being written.
+#include "output/faces_win32.h"
+
+#include <algorithm>
+#include <memory>
+
+#include "win32/screen.h"
+
+static constexpr int kUnmeasured = -1;
+
+// A device context for measuring, kept for the life of the program; each use selects the font that it asks about.
+static HDC MeasuringDc() {
+    static const OwnedDc dc(CreateCompatibleDC(nullptr));
+    return dc.get();
+}
+
+static int ExtentOf(HFONT font, std::string_view text) {
+    SelectObject(MeasuringDc(), font);
+    SIZE size{};
+    GetTextExtentPoint32A(MeasuringDc(), text.data(), static_cast<int>(text.size()), &size);
+    return size.cx;
+}
+
+static void ReadWidths(FaceFont& face, char first, char last) {
+    const auto firstByte = static_cast<unsigned char>(first);
+    GetCharWidth32A(MeasuringDc(), firstByte, static_cast<unsigned char>(last), &face.widths[firstByte]);
+}
+
+static int SumOfWidths(FaceFont& face, std::string_view text) {
+    int sum = 0;
+    for (const char letter : text) {
+        int& width = face.widths[static_cast<unsigned char>(letter)];
+        if (width == kUnmeasured) width = ExtentOf(face.font.get(), {&letter, 1});
+        sum += width;
+    }
+    return sum;
+}
+
+// Words as they stand in the text, and every character in a row: a font with overhang or kerning fails one of them.
+static bool DoWidthsAddUp(FaceFont& face) {
+    std::string all;
+    for (int letter = ' '; letter <= '~'; ++letter) all += static_cast<char>(letter);
+    const std::string_view samples[] = {all, "AVoided ", "\xB6 ", "fi", "f", "LORD'S, ", "1Th 5:16 "};
+    return std::ranges::all_of(samples, [&face](std::string_view sample) {
+        return SumOfWidths(face, sample) == ExtentOf(face.font.get(), sample);
+    });
+}
+
+LOGFONTA FontRecord(const FontChoice& choice) {
+    LOGFONTA record{};
+    record.lfHeight = -Scaled(choice.height);
+    record.lfWeight = choice.weight;
+    record.lfOutPrecision = OUT_STROKE_PRECIS;
+    record.lfClipPrecision = CLIP_STROKE_PRECIS;
+    const std::size_t length = std::min<std::size_t>(choice.name.size(), LF_FACESIZE - 1);
+    std::copy_n(choice.name.begin(), length, record.lfFaceName);
+    return record;
+}
+
+void ChooseFaces(Faces& faces, const FontChoice& choice) {
+    SelectObject(MeasuringDc(), GetStockObject(SYSTEM_FONT));  // a font is not to go while it is selected
+    for (FaceFont& face : faces.fonts) face.font.reset();
+    faces.record = FontRecord(choice);
+    faces.lineHeight = 0;
+}
+
+bool HasFaces(const Faces& faces) {
+    return faces.record.lfHeight != 0;
+}
+
+static LOGFONTA RecordOf(const Faces& faces, Face face) {
+    LOGFONTA record = faces.record;
+    record.lfItalic = face == Face::kItalic || face == Face::kBoldItalic;
+    if (face == Face::kItalic) record.lfWeight = FW_NORMAL;
+    if (face == Face::kBold || face == Face::kBoldItalic) record.lfWeight = FW_BOLD;
+    return record;
+}
+
+static FaceFont& Ready(Faces& faces, Face face) {
+    FaceFont& font = faces.fonts[static_cast<std::size_t>(face)];
+    if (font.font) return font;
+    const LOGFONTA record = RecordOf(faces, face);
+    font.font.reset(CreateFontIndirectA(&record));
+    font.widths.fill(kUnmeasured);
+    SelectObject(MeasuringDc(), font.font.get());
+    ReadWidths(font, ' ', '~');
+    font.widthsAddUp = DoWidthsAddUp(font);
+    return font;
+}
+
+static int CellHeight(HFONT font) {
+    SelectObject(MeasuringDc(), font);
+    TEXTMETRICA metrics{};
+    GetTextMetricsA(MeasuringDc(), &metrics);
+    return static_cast<int>(std::max(1L, metrics.tmHeight));
+}
+
+static int WidthIn(void* device, Face face, std::string_view text) {
+    FaceFont& font = Ready(*static_cast<Faces*>(device), face);
+    return font.widthsAddUp ? SumOfWidths(font, text) : ExtentOf(font.font.get(), text);
+}
+
+static int LineHeightIn(void* device) {
+    Faces& faces = *static_cast<Faces*>(device);
+    if (faces.lineHeight == 0) faces.lineHeight = CellHeight(Ready(faces, Face::kBold).font.get());
+    return faces.lineHeight;
+}
+
+TextMeasure MeasureOf(Faces& faces) {
+    return {&faces, WidthIn, LineHeightIn};
+}
+
+void AddText(TextRuns& runs, Face face, TextColor color, int x, int y, int width, std::string_view text) {
+    if (!runs.runs.empty()) {
+        TextRuns::Run& last = runs.runs.back();
+        if (last.face == face && last.color == color && last.y == y && last.end == x) {
+            runs.text += text;
+            last.textLength += text.size();
+            last.end += width;
+            return;
+        }
+    }
+    runs.runs.push_back({face, color, x, y, x + width, runs.text.size(), text.size()});
+    runs.text += text;
+}
+
+static void TakeColors(HDC canvas, TextColor color, COLORREF keyWordColor) {
+    const COLORREF letters = GetSysColor(COLOR_WINDOWTEXT);
+    const COLORREF paper = GetSysColor(COLOR_WINDOW);
+    const bool selected = color == TextColor::kSelected;
+    SetTextColor(canvas, color == TextColor::kKeyWord ? keyWordColor : selected ? paper : letters);
+    SetBkColor(canvas, selected ? letters : paper);
+}
+
+void DrawRuns(HDC canvas, Faces& faces, TextRuns& runs, const RECT& client, COLORREF keyWordColor) {
+    FillRect(canvas, &client, GetSysColorBrush(COLOR_WINDOW));
+    SetBkMode(canvas, OPAQUE);
+    const HGDIOBJ fontBefore = GetCurrentObject(canvas, OBJ_FONT);
+    for (std::size_t face = 0; face < faces.fonts.size(); ++face) {
+        bool fontTaken = false;
+        for (const TextRuns::Run& run : runs.runs) {
+            if (static_cast<std::size_t>(run.face) != face) continue;
+            if (!fontTaken) SelectObject(canvas, Ready(faces, run.face).font.get());
+            fontTaken = true;
+            TakeColors(canvas, run.color, keyWordColor);
+            TextOutA(canvas, run.x, run.y, runs.text.data() + run.textStart, static_cast<int>(run.textLength));
+        }
+    }
+    SelectObject(canvas, fontBefore);
+    runs.runs.clear();
+    runs.text.clear();
+}

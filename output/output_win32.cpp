@@ -1,1 +1,9 @@
-// Being written.
+#include "output/output_win32.h"
+
+Selection theSelection;
+ReadingOptions theReading;
+FormatOptions theFormat;
+
+void DropSelection() {
+    theSelection.SelectionOwner = kNobody;
+}

@@ -1,1 +1,29 @@
-// Being written.
+#include "scripture/scripture_win32.h"
+
+#include <string>
+#include <vector>
+
+#include "win32/file_mapping.h"
+#include "win32/program_files.h"
+
+Scripture theScripture;
+
+static std::vector<MappedFile> mappedFiles;
+
+static bool MapDataFile(void*, const char* name, AccessPattern pattern, std::span<const unsigned char>& bytes) {
+    const DWORD access = pattern == AccessPattern::kRandom ? FILE_FLAG_RANDOM_ACCESS : FILE_FLAG_SEQUENTIAL_SCAN;
+    MappedFile file;
+    if (!MapWholeFile(ProgramFilePath(name).c_str(), access, file)) return false;
+    bytes = file.bytes;
+    mappedFiles.push_back(std::move(file));
+    return true;
+}
+
+DataFiles ScriptureDataFiles() {
+    return {nullptr, MapDataFile};
+}
+
+void ReleaseDataFiles() {
+    theScripture = {};
+    mappedFiles.clear();
+}
