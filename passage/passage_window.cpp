@@ -1,1 +1,212 @@
-// Being written.
+#include "passage/passage_window.h"
+
+#include <algorithm>
+
+#include "notes/notes_window.h"
+#include "output/output_win32.h"
+#include "resources/ids.h"
+#include "scripture/scripture_win32.h"
+#include "win32/controls.h"
+#include "win32/panes.h"
+
+PassagePane thePassage;
+
+static constexpr int kPassagePart = 3;  // of the status bar
+
+static PassageFlow FlowOf(const RECT& client) {
+    return {
+        .scripture = &theScripture,
+        .noteFiles = &TheNoteFiles(),
+        .notes = &theNotes.sets,
+        .options = theReading,
+        .measure = MeasureOf(thePassage.faces),
+        .topVerse = thePassage.view.TopVerse,
+        .width = client.right,
+        .height = client.bottom,
+    };
+}
+
+static PassageFlow CurrentFlow() {
+    RECT client{};
+    GetClientRect(thePassage.window, &client);
+    return FlowOf(client);
+}
+
+// Before start-up is through, or after one that stopped half-way, there is no text to show.
+static bool HasText() {
+    return !theScripture.records.bytes.empty() && HasFaces(thePassage.faces);
+}
+
+void RedisplayPassage() {
+    InvalidateRect(thePassage.window, nullptr, FALSE);
+}
+
+void ScrollToVerse(int verse) {
+    thePassage.view.TopVerse = ClampVerse(verse);
+    RedisplayPassage();
+    if (theNotes.BindNotes) ReadNote(thePassage.view.TopVerse);
+}
+
+void SetPassageFont(const FontChoice& choice) {
+    ChooseFaces(thePassage.faces, choice);
+    RedisplayPassage();
+}
+
+int PassageTargetVerse() {
+    const PassageView& view = thePassage.view;
+    if (GetFocus() != thePassage.window || theSelection.SelectionOwner != kPassageOwns) return view.TopVerse;
+    const auto [start, end] = Ordered(theSelection);
+    return start.place >= view.TopVerse && end.place <= view.LastVisibleVerse ? start.place : view.TopVerse;
+}
+
+static TextColor ColorOf(const OrderedSelection& selection, const FlowBox& box) {
+    const bool selected = box.kind != BoxKind::kHeading && theSelection.SelectionOwner == kPassageOwns &&
+                          IsSelected(selection, box.point);
+    return selected ? TextColor::kSelected : TextColor::kNormal;
+}
+
+static void LayOutRuns(const RECT& client) {
+    const OrderedSelection selection = Ordered(theSelection);
+    const FlowEnd end = WalkPassage(FlowOf(client), FlowFaces::kAsPainted, [&selection](const FlowBox& box) {
+        AddText(thePassage.runs, box.face, ColorOf(selection, box), box.x, box.y, box.width, box.text);
+        return true;
+    });
+    thePassage.view.LastVisibleVerse = end.lastVerse;
+    thePassage.view.LineHeight = end.lineHeight;
+    CorrectLastVisible(thePassage.view);
+}
+
+static void ShowPosition(HWND window) {
+    const int top = thePassage.view.TopVerse;
+    SetStatusPart(GetDlgItem(FrameOf(window), IDC_STATUS_BAR), kPassagePart,
+                  ReferenceText(theScripture.records, top, BookForm::kName));
+    if (GetScrollPos(window, SB_VERT) != top) SetScrollPos(window, SB_VERT, top, TRUE);
+}
+
+static void OnPaint(HWND window) {
+    PAINTSTRUCT paint;
+    const HDC screen = BeginPaint(window, &paint);
+    RECT client{};
+    GetClientRect(window, &client);
+    if (HasText() && !IsRectEmpty(&client)) {
+        ShowPosition(window);
+        LayOutRuns(client);
+        const HDC canvas = CanvasFor(thePassage.canvas, screen, client.right, client.bottom);
+        DrawRuns(canvas, thePassage.faces, thePassage.runs, client, 0);
+        CopyCanvas(thePassage.canvas, screen, paint.rcPaint);
+    } else {
+        FillRect(screen, &paint.rcPaint, GetSysColorBrush(COLOR_WINDOW));
+    }
+    EndPaint(window, &paint);
+}
+
+static void Scroll(ScrollCode code, int thumb = 0) {
+    if (!HasText()) return;
+    const int top = ScrolledTop(CurrentFlow(), thePassage.view, code, thumb);
+    if (top == thePassage.view.TopVerse) return;
+    ScrollToVerse(top);
+    UpdateWindow(thePassage.window);  // the next step goes by what this one shows
+}
+
+static void OnVScroll(HWND, HWND, UINT code, int thumb) {
+    switch (code) {
+        case SB_LINEUP:
+            Scroll(ScrollCode::kLineUp);
+            break;
+        case SB_LINEDOWN:
+            Scroll(ScrollCode::kLineDown);
+            break;
+        case SB_PAGEUP:
+            Scroll(ScrollCode::kPageUp);
+            break;
+        case SB_PAGEDOWN:
+            Scroll(ScrollCode::kPageDown);
+            break;
+        case SB_THUMBPOSITION:
+        case SB_THUMBTRACK:
+            Scroll(ScrollCode::kThumb, thumb);
+            break;
+    }
+}
+
+static void OnMouseWheel(HWND, int, int, int delta, UINT) {
+    const int notches = WheelNotches(delta, thePassage.wheelRest);
+    const int lines = WheelLines();
+    const bool up = notches > 0;
+    if (lines < 0) {
+        for (int turn = std::abs(notches); turn > 0; --turn) Scroll(up ? ScrollCode::kPageUp : ScrollCode::kPageDown);
+    } else if (HasText() && notches != 0) {
+        Scroll(ScrollCode::kThumb, ClampVerse(thePassage.view.TopVerse - notches * lines));
+    }
+}
+
+static void OnKeyDown(HWND window, UINT key, BOOL, int, UINT) {
+    switch (key) {
+        case VK_PRIOR:
+            Scroll(ScrollCode::kPageUp);
+            break;
+        case VK_NEXT:
+            Scroll(ScrollCode::kPageDown);
+            break;
+        case VK_UP:
+            Scroll(ScrollCode::kLineUp);
+            break;
+        case VK_DOWN:
+            Scroll(ScrollCode::kLineDown);
+            break;
+        case VK_LEFT:
+            SendCommand(FrameOf(window), IDM_FOCUS_LIST);
+            break;
+    }
+}
+
+static void OnSetFocus(HWND window, HWND before) {
+    if (theSelection.SelectionOwner != kPassageOwns) {
+        DropSelection();
+        if (before) InvalidateRect(before, nullptr, FALSE);
+    }
+    SendCommand(FrameOf(window), IDM_REFRESH);
+    ShowPaneCaret(window, thePassage.view.LineHeight);
+}
+
+static void OnKillFocus(HWND window, HWND) {
+    DestroyCaret();
+    DropSelection();
+    SendCommand(FrameOf(window), IDM_REFRESH);
+    RedisplayPassage();
+}
+
+static void OnLButtonDown(HWND window, BOOL, int, int, UINT) {
+    if (GetFocus() != window) SetFocus(window);
+}
+
+static BOOL OnCreate(HWND window, CREATESTRUCTA*) {
+    SetScrollRange(window, SB_VERT, 0, kLastVerse, FALSE);
+    return TRUE;
+}
+
+static LRESULT CALLBACK PassageProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        HANDLE_MSG(window, WM_CREATE, OnCreate);
+        HANDLE_MSG(window, WM_SETFOCUS, OnSetFocus);
+        HANDLE_MSG(window, WM_KILLFOCUS, OnKillFocus);
+        HANDLE_MSG(window, WM_PAINT, OnPaint);
+        HANDLE_MSG(window, WM_KEYDOWN, OnKeyDown);
+        HANDLE_MSG(window, WM_VSCROLL, OnVScroll);
+        HANDLE_MSG(window, WM_MOUSEWHEEL, OnMouseWheel);
+        HANDLE_MSG(window, WM_LBUTTONDOWN, OnLButtonDown);
+        case WM_ERASEBKGND:
+            return TRUE;  // the paint covers all of the pane
+    }
+    return DefWindowProcA(window, message, wParam, lParam);
+}
+
+bool RegisterPassageClass() {
+    return RegisterPaneClass(kPassageClass, PassageProcedure, COLOR_WINDOW);
+}
+
+HWND CreatePassage(HWND tabs) {
+    thePassage.window =
+        CreateChild(tabs, kPassageClass, "", WS_VISIBLE | WS_VSCROLL | WS_TABSTOP, WS_EX_CLIENTEDGE, IDC_PASSAGE);
+    return thePassage.window;
+}
