@@ -1,1 +1,4 @@
-// Being written.
+#include "search/search_win32.h"
+
+WordIndex theWordIndex;
+SearchState theSearch;

@@ -1,0 +1,81 @@
+#include "search/set_range_dialog.h"
+
+#include "resources/help_topics.h"
+#include "resources/ids.h"
+#include "scripture/reference_parser.h"
+#include "scripture/scripture_win32.h"
+#include "search/search_win32.h"
+#include "win32/controls.h"
+#include "win32/dialogs.h"
+#include "win32/help_viewer.h"
+#include "win32/screen.h"
+
+static std::string CurrentRange() {
+    return RangeText(theScripture.records, theSearch.range.StartVerse, theSearch.range.EndVerse);
+}
+
+void ShowSearchRange(HWND frame) {
+    SetStatusPart(GetDlgItem(frame, IDC_STATUS_BAR), kRangePart, CurrentRange());
+}
+
+static void OnOk(HWND dialog) {
+    const std::string typed = ControlText(dialog, IDC_RANGE, kReferenceLimit);
+    if (typed.empty()) {
+        EndDialog(dialog, IDCANCEL);
+        return;
+    }
+    const ParsedRange range = ParseRange(theScripture.records, typed);
+    if (!range.ok) {
+        Complain(dialog, kUnrecognizedReference);
+        SelectField(dialog, IDC_RANGE);
+        return;
+    }
+    EndDialog(dialog, IDOK);
+    theSearch.range = {range.first, range.last};
+    ShowSearchRange(FrameOf(dialog));
+}
+
+static BOOL OnInitDialog(HWND dialog, HWND, LPARAM) {
+    PlaceDialog(dialog);
+    SendDlgItemMessageA(dialog, IDC_RANGE, EM_LIMITTEXT, kReferenceLimit, 0);
+    SetDlgItemTextA(dialog, IDC_RANGE, CurrentRange().c_str());
+    return TRUE;
+}
+
+static void OnCommand(HWND dialog, int control, HWND, UINT) {
+    switch (control) {
+        case IDOK:
+            OnOk(dialog);
+            break;
+        case IDCANCEL:
+            EndDialog(dialog, IDCANCEL);
+            break;
+        case IDC_HELP_BUTTON:
+            OpenHelpTopic(dialog, kHelpFile, kTopicSetRange);
+            break;
+        case IDC_OLD_TESTAMENT:
+            SetDlgItemTextA(dialog, IDC_RANGE, "Ge - Mal");
+            break;
+        case IDC_NEW_TESTAMENT:
+            SetDlgItemTextA(dialog, IDC_RANGE, "Mt - Re");
+            break;
+        case IDC_ENTIRE_BIBLE:
+            SetDlgItemTextA(dialog, IDC_RANGE, "Ge - Re");
+            break;
+    }
+}
+
+static INT_PTR CALLBACK SetRangeProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case WM_INITDIALOG:
+            return HANDLE_WM_INITDIALOG(dialog, wParam, lParam, OnInitDialog);
+        case WM_COMMAND:
+            HANDLE_WM_COMMAND(dialog, wParam, lParam, OnCommand);
+            return TRUE;
+    }
+    return FALSE;
+}
+
+void AskSearchRange(HWND owner) {
+    RunDialog(owner, "SETRANGE", SetRangeProcedure);
+}
