@@ -1,1 +1,359 @@
-// Being written.
+#include "verselist/verselist_window.h"
+
+#include <cstdlib>
+
+#include "notes/notes_window.h"
+#include "output/output_win32.h"
+#include "passage/passage_window.h"
+#include "resources/ids.h"
+#include "scripture/scripture_win32.h"
+#include "search/search_win32.h"
+#include "win32/controls.h"
+#include "win32/panes.h"
+
+VerseListPane theVerseList;
+
+static constexpr int kSummaryPart = 0;  // of the status bar
+static constexpr int kEntryPart = 1;
+
+static VerseListFlow FlowOf(const RECT& client) {
+    return {
+        .scripture = &theScripture,
+        .noteFiles = &TheNoteFiles(),
+        .notes = &theNotes.sets,
+        .keyWords = &theVerseList.keyWords,
+        .options = theReading,
+        .measure = MeasureOf(theVerseList.faces),
+        .list = &theVerseList.list,
+        .width = client.right,
+        .height = client.bottom,
+    };
+}
+
+static VerseListFlow CurrentFlow() {
+    RECT client{};
+    GetClientRect(theVerseList.window, &client);
+    return FlowOf(client);
+}
+
+static bool HasEntries() {
+    return ListCount(theVerseList.list) > 0;
+}
+
+static void SetStatus(int part, const std::string& text) {
+    SetStatusPart(GetDlgItem(FrameOf(theVerseList.window), IDC_STATUS_BAR), part, text);
+}
+
+void RedisplayVerseList() {
+    InvalidateRect(theVerseList.window, nullptr, FALSE);
+}
+
+void SetVerseListFont(const FontChoice& choice) {
+    ChooseFaces(theVerseList.faces, choice);
+    RedisplayVerseList();
+}
+
+static void SetTop(int entry) {
+    theVerseList.list.ListTop = entry;
+    RedisplayVerseList();
+}
+
+static void SetRangeOfScrollBar() {
+    const int count = ListCount(theVerseList.list);
+    SCROLLINFO range{};
+    range.cbSize = sizeof range;
+    range.fMask = SIF_RANGE | SIF_PAGE | SIF_POS | SIF_DISABLENOSCROLL;
+    range.nMax = count > 0 ? count - 1 : 0;
+    range.nPage = 1;
+    range.nPos = theVerseList.list.ListTop;
+    SetScrollInfo(theVerseList.window, SB_VERT, &range, TRUE);
+}
+
+// The two views.
+
+static void FillReferenceList() {
+    const HWND box = theVerseList.references;
+    SendMessageA(box, WM_SETREDRAW, FALSE, 0);
+    SendMessageA(box, LB_RESETCONTENT, 0, 0);
+    const std::vector<std::int32_t>& entries = theVerseList.list.ListEntries;
+    static constexpr WPARAM kBytesALine = 16;
+    SendMessageA(box, LB_INITSTORAGE, entries.size(), static_cast<LPARAM>(entries.size() * kBytesALine));
+    for (const int verse : entries) {
+        const std::string line = ReferenceText(theScripture.records, verse, BookForm::kName);
+        SendMessageA(box, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(line.c_str()));
+    }
+    SendMessageA(box, WM_SETREDRAW, TRUE, 0);
+    InvalidateRect(box, nullptr, TRUE);
+}
+
+static void ShowWholeList() {
+    FillReferenceList();
+    SetRangeOfScrollBar();
+    RedisplayVerseList();
+}
+
+void ShowSearchResult() {
+    theVerseList.keyWords = KeyWordsOf(theSearch);
+    FillVerseList(theVerseList.list, theSearch.result.verses);
+    ShowWholeList();
+    FocusVerseList();
+}
+
+void EmptyVerseList() {
+    ClearVerseList(theVerseList.list);
+    ShowWholeList();
+}
+
+void SwitchListView(int view) {
+    theVerseList.list.currentView = view;
+    const bool references = view == kReferenceListView;
+    ShowWindow(references ? theVerseList.window : theVerseList.references, SW_HIDE);
+    if (references) SetStatus(kEntryPart, "");
+    ShowWindow(references ? theVerseList.references : theVerseList.window, SW_SHOW);
+}
+
+void FocusVerseList() {
+    SetFocus(theVerseList.list.currentView == kReferenceListView ? theVerseList.references : theVerseList.window);
+}
+
+static int VerseOfEntry(int entry) {
+    const std::vector<std::int32_t>& entries = theVerseList.list.ListEntries;
+    return entry >= 0 && entry < ListCount(theVerseList.list) ? entries[static_cast<std::size_t>(entry)] : kNoVerse;
+}
+
+// The two views are in step: a line of the Reference List is the entry of the same number.
+static int LineOfReferenceList() {
+    return static_cast<int>(SendMessageA(theVerseList.references, LB_GETCARETINDEX, 0, 0));
+}
+
+static bool HasChosenReference() {
+    return theVerseList.list.currentView == kReferenceListView &&
+           SendMessageA(theVerseList.references, LB_GETSELCOUNT, 0, 0) > 0;
+}
+
+int VerseListTargetVerse() {
+    if (HasChosenReference()) return VerseOfEntry(LineOfReferenceList());
+    return VerseOfEntry(TargetEntry(theVerseList.list, theSelection, GetFocus() == theVerseList.window));
+}
+
+void ReadContext() {
+    const int verse = theVerseList.list.currentView == kReferenceListView
+                          ? VerseOfEntry(LineOfReferenceList())
+                          : VerseOfEntry(CurrentEntry(theVerseList.list, theSelection));
+    if (verse != kNoVerse) ScrollToVerse(verse);
+}
+
+static void DeleteCurrentEntry() {
+    VerseList& list = theVerseList.list;
+    if (!HasEntries()) return;
+    const int entry = CurrentEntry(list, theSelection);
+    DeleteEntry(list, entry);
+    SendMessageA(theVerseList.references, LB_DELETESTRING, static_cast<WPARAM>(entry), 0);
+    theSearch.result.occurrenceCount = 0;  // it counted the list as the search left it
+    DropSelection();
+    SetStatus(kSummaryPart, "");
+    SetStatus(kEntryPart, "");
+    SetRangeOfScrollBar();
+    RedisplayVerseList();
+    SendCommand(FrameOf(theVerseList.window), IDM_REFRESH);
+}
+
+// Painting.
+
+static TextColor ColorOf(const OrderedSelection& selection, const ListBoxPiece& piece) {
+    if (theSelection.SelectionOwner == kVerseListOwns && IsSelected(selection, piece.point)) {
+        return TextColor::kSelected;
+    }
+    return piece.keyWord ? TextColor::kKeyWord : TextColor::kNormal;
+}
+
+static void LayOutRuns(const RECT& client) {
+    const OrderedSelection selection = Ordered(theSelection);
+    VerseList& list = theVerseList.list;
+    const ListFlowEnd end = WalkVerseList(FlowOf(client), [&selection](const ListBoxPiece& piece) {
+        AddText(theVerseList.runs, piece.face, ColorOf(selection, piece), piece.x, piece.y, piece.width, piece.text);
+        return true;
+    });
+    list.ListLastVisible = end.lastEntry;
+    list.LineHeight = end.lineHeight;
+    CorrectLastVisible(list);
+    theSearch.result.occurrenceCount += end.occurrences;
+}
+
+static void ShowPosition(HWND window) {
+    const VerseList& list = theVerseList.list;
+    const int verse = list.ListEntries[static_cast<std::size_t>(list.ListTop)];
+    SetStatus(kEntryPart, ReferenceText(theScripture.records, verse, BookForm::kName));
+    if (GetScrollPos(window, SB_VERT) != list.ListTop) SetScrollPos(window, SB_VERT, list.ListTop, TRUE);
+}
+
+static void OnPaint(HWND window) {
+    PAINTSTRUCT paint;
+    const HDC screen = BeginPaint(window, &paint);
+    RECT client{};
+    GetClientRect(window, &client);
+    if (HasEntries() && HasFaces(theVerseList.faces) && !IsRectEmpty(&client)) {
+        ShowPosition(window);
+        LayOutRuns(client);
+        const HDC canvas = CanvasFor(theVerseList.canvas, screen, client.right, client.bottom);
+        DrawRuns(canvas, theVerseList.faces, theVerseList.runs, client, theReading.KeyHighlightColor);
+        CopyCanvas(theVerseList.canvas, screen, paint.rcPaint);
+    } else {
+        FillRect(screen, &paint.rcPaint, GetSysColorBrush(COLOR_WINDOW));
+    }
+    EndPaint(window, &paint);
+}
+
+// Scrolling, keys and focus.
+
+static void Scroll(ScrollCode code, int thumb = 0) {
+    if (!HasEntries()) return;
+    const int top = ScrolledListTop(CurrentFlow(), theVerseList.list, code, thumb);
+    if (top == theVerseList.list.ListTop) return;
+    SetTop(top);
+    UpdateWindow(theVerseList.window);  // the next step goes by what this one shows
+}
+
+static void GoToEntry(int entry) {
+    Scroll(ScrollCode::kThumb, ClampEntry(theVerseList.list, entry));
+}
+
+static void OnVScroll(HWND, HWND, UINT code, int thumb) {
+    switch (code) {
+        case SB_LINEUP:
+            Scroll(ScrollCode::kLineUp);
+            break;
+        case SB_LINEDOWN:
+            Scroll(ScrollCode::kLineDown);
+            break;
+        case SB_PAGEUP:
+            Scroll(ScrollCode::kPageUp);
+            break;
+        case SB_PAGEDOWN:
+            Scroll(ScrollCode::kPageDown);
+            break;
+        case SB_THUMBPOSITION:
+        case SB_THUMBTRACK:
+            GoToEntry(thumb);
+            break;
+    }
+}
+
+static void OnMouseWheel(HWND, int, int, int delta, UINT) {
+    const int notches = WheelNotches(delta, theVerseList.wheelRest);
+    const int lines = WheelLines();
+    if (lines < 0) {
+        for (int turn = std::abs(notches); turn > 0; --turn) {
+            Scroll(notches > 0 ? ScrollCode::kPageUp : ScrollCode::kPageDown);
+        }
+    } else if (notches != 0) {
+        GoToEntry(theVerseList.list.ListTop - notches * lines);
+    }
+}
+
+static void OnKeyDown(HWND window, UINT key, BOOL, int, UINT) {
+    switch (key) {
+        case VK_RETURN:
+            ReadContext();
+            break;
+        case VK_PRIOR:
+            Scroll(ScrollCode::kPageUp);
+            break;
+        case VK_NEXT:
+            Scroll(ScrollCode::kPageDown);
+            break;
+        case VK_END:
+            GoToEntry(ListCount(theVerseList.list) - 1);
+            break;
+        case VK_HOME:
+            GoToEntry(0);
+            break;
+        case VK_UP:
+            Scroll(ScrollCode::kLineUp);
+            break;
+        case VK_DOWN:
+            Scroll(ScrollCode::kLineDown);
+            break;
+        case VK_RIGHT:
+            SetFocus(thePassage.window);
+            break;
+        case VK_DELETE:
+            SendCommand(window, IDM_DELETE_ENTRY);
+            break;
+    }
+}
+
+static void OnSetFocus(HWND window, HWND before) {
+    if (theSelection.SelectionOwner != kVerseListOwns) {
+        DropSelection();
+        if (before) InvalidateRect(before, nullptr, FALSE);
+    }
+    SendCommand(FrameOf(window), IDM_REFRESH);
+    ShowPaneCaret(window, theVerseList.list.LineHeight);
+}
+
+static void OnKillFocus(HWND window, HWND) {
+    DestroyCaret();
+    DropSelection();
+    SendCommand(FrameOf(window), IDM_REFRESH);
+    RedisplayVerseList();
+}
+
+static void OnLButtonDown(HWND window, BOOL, int, int, UINT) {
+    if (GetFocus() != window) SetFocus(window);
+}
+
+static void OnCommand(HWND window, int command, HWND, UINT) {
+    switch (command) {
+        case IDM_DELETE_ENTRY:
+            DeleteCurrentEntry();
+            break;
+        case IDM_CONTEXT:
+        case IDM_COPY_VERSE_LIST:
+        case IDM_SAVE_VERSE_LIST:
+        case IDM_NOTE_FOR_LIST:
+            SendCommand(FrameOf(window), command);
+            break;
+    }
+}
+
+static BOOL OnCreate(HWND window, CREATESTRUCTA*) {
+    theVerseList.window = window;
+    SetRangeOfScrollBar();
+    return TRUE;
+}
+
+static LRESULT CALLBACK VerseListProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        HANDLE_MSG(window, WM_CREATE, OnCreate);
+        HANDLE_MSG(window, WM_SETFOCUS, OnSetFocus);
+        HANDLE_MSG(window, WM_KILLFOCUS, OnKillFocus);
+        HANDLE_MSG(window, WM_PAINT, OnPaint);
+        HANDLE_MSG(window, WM_KEYDOWN, OnKeyDown);
+        HANDLE_MSG(window, WM_VSCROLL, OnVScroll);
+        HANDLE_MSG(window, WM_MOUSEWHEEL, OnMouseWheel);
+        HANDLE_MSG(window, WM_LBUTTONDOWN, OnLButtonDown);
+        HANDLE_MSG(window, WM_COMMAND, OnCommand);
+        case WM_ERASEBKGND:
+            return TRUE;  // the paint covers all of the pane
+    }
+    return DefWindowProcA(window, message, wParam, lParam);
+}
+
+static LRESULT CALLBACK ReferencesProcedure(HWND box, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_KEYDOWN && wParam == VK_RETURN) ReadContext();
+    return CallWindowProcA(theVerseList.referencesProcedure, box, message, wParam, lParam);
+}
+
+bool RegisterVerseListClass() {
+    return RegisterPaneClass(kVerseListClass, VerseListProcedure, COLOR_WINDOW);
+}
+
+void CreateVerseList(HWND tabs) {
+    CreateChild(tabs, kVerseListClass, "", WS_VISIBLE | WS_VSCROLL | WS_TABSTOP, WS_EX_CLIENTEDGE, IDC_VERSE_LIST);
+    theVerseList.references =
+        CreateChild(tabs, "LISTBOX", "",
+                    WS_VSCROLL | WS_TABSTOP | LBS_NOTIFY | LBS_MULTIPLESEL | LBS_EXTENDEDSEL | LBS_NOINTEGRALHEIGHT,
+                    WS_EX_CLIENTEDGE, IDC_REFERENCE_LIST);
+    theVerseList.referencesProcedure = Subclass(theVerseList.references, ReferencesProcedure);
+}

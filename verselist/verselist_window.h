@@ -1,0 +1,50 @@
+// The Verse List window and the Reference List beside it: the two views of what the last search found.
+#pragma once
+
+#include "output/faces_win32.h"
+#include "search/key_word_marks.h"
+#include "verselist/verse_list_flow.h"
+
+inline constexpr char kVerseListClass[] = "VERSELIST";
+
+struct VerseListPane {
+    HWND window = nullptr;
+    HWND references = nullptr;              // the list box
+    WNDPROC referencesProcedure = nullptr;  // its own
+    VerseList list;
+    KeyWords keyWords;  // of the search that filled the list
+    Faces faces;
+    Canvas canvas;
+    TextRuns runs;
+    int wheelRest = 0;  // of notches not yet turned whole
+};
+extern VerseListPane theVerseList;
+
+bool RegisterVerseListClass();
+
+// Creates both views inside `tabs`, the Reference List hidden.
+void CreateVerseList(HWND tabs);
+
+// Takes over what the last search found, in both views, and gives the focus to the visible one.
+void ShowSearchResult();
+
+// Empties both views.
+void EmptyVerseList();
+
+// Shows `view` (kVerseListView, kReferenceListView) in place of the other.
+void SwitchListView(int view);
+
+// Gives the focus to the visible view.
+void FocusVerseList();
+
+void RedisplayVerseList();
+void SetVerseListFont(const FontChoice& choice);
+
+// Verse that commands of the frame mean: that of the line chosen in the Reference List while that view is shown; that
+// of the first selected entry while the pane has the focus and its selection lies wholly within the entries shown;
+// otherwise of the top entry. -1 in an empty list.
+int VerseListTargetVerse();
+
+// Read Context: brings the verse of the current entry, or of the chosen line of the Reference List, to the Passage's
+// top. Nothing happens in an empty list.
+void ReadContext();
