@@ -1,1 +1,151 @@
-// Being written.
+#include "notes/notes_window.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "notes/note_editor_window.h"
+#include "notes/note_files_win32.h"
+#include "output/faces_win32.h"
+#include "output/output_win32.h"
+#include "resources/ids.h"
+#include "scripture/scripture_win32.h"
+#include "win32/controls.h"
+#include "win32/panes.h"
+
+NotesPane theNotes;
+
+static constexpr int kNotePart = 2;  // of the status bar
+
+const NoteFiles& TheNoteFiles() {
+    static const NoteFiles files = WorkingFolderNoteFiles();
+    return files;
+}
+
+bool NoteExists(int verse) {
+    return NoteExists(TheNoteFiles(), theNotes.sets, verse);
+}
+
+// Streaming takes the text as it stands; setting it would read one that begins as rich text does as such.
+static DWORD CALLBACK GiveText(DWORD_PTR cookie, LPBYTE buffer, LONG wanted, LONG* given) {
+    auto& rest = *reinterpret_cast<std::string_view*>(cookie);
+    const std::size_t count = std::min(rest.size(), static_cast<std::size_t>(wanted));
+    std::memcpy(buffer, rest.data(), count);
+    rest.remove_prefix(count);
+    *given = static_cast<LONG>(count);
+    return 0;
+}
+
+static void ShowText(HWND view, std::string_view text) {
+    EDITSTREAM stream{reinterpret_cast<DWORD_PTR>(&text), 0, GiveText};
+    SendMessageA(view, EM_STREAMIN, SF_TEXT, reinterpret_cast<LPARAM>(&stream));
+}
+
+static void GoToStart(HWND view) {
+    CHARRANGE none{0, 0};
+    SendMessageA(view, EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&none));
+    SendMessageA(view, EM_SCROLLCARET, 0, 0);
+}
+
+void ReadNote(int verse) {
+    if (theNotes.editing || theNotes.sets.sets.empty()) return;
+    if (!ReadNoteText(TheNoteFiles(), theScripture.records, theNotes.sets, verse)) {
+        Complain(FrameOf(theNotes.window), kCannotReadNote);
+        return;
+    }
+    ShowText(theNotes.view, theNotes.sets.noteText);
+    SetStatusPart(GetDlgItem(FrameOf(theNotes.window), IDC_STATUS_BAR), kNotePart,
+                  ReferenceText(theScripture.records, theNotes.sets.currentVerse, BookForm::kName));
+    GoToStart(theNotes.view);
+}
+
+void SelectNoteSet(int set) {
+    if (theNotes.editing) return;
+    theNotes.sets.currentSet = set;
+    ReadNote(theNotes.sets.currentVerse);
+    TabCtrl_SetCurSel(theNotes.tabs, set);
+}
+
+NoteSelection SelectionInNote() {
+    CHARRANGE range{};
+    SendMessageA(theNotes.view, EM_EXGETSEL, 0, reinterpret_cast<LPARAM>(&range));
+    const int length = static_cast<int>(theNotes.sets.noteText.size());  // the control counts a last, unseen line end
+    return {std::clamp(static_cast<int>(range.cpMin), 0, length), std::clamp(static_cast<int>(range.cpMax), 0, length)};
+}
+
+static void InsertTab(HWND tabs, int index, const std::string& name) {
+    TCITEMA item{};
+    item.mask = TCIF_TEXT;
+    item.pszText = const_cast<char*>(name.c_str());
+    SendMessageA(tabs, TCM_INSERTITEMA, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&item));
+}
+
+void LoadNoteSets() {
+    const bool created = FindNoteSets(TheNoteFiles(), theNotes.sets);
+    int index = 0;
+    for (const NoteSet& set : theNotes.sets.sets) InsertTab(theNotes.tabs, index++, NoteSetName(set));
+    if (!created) Complain(FrameOf(theNotes.tabs), kCannotCreateNotes);
+}
+
+void SetNotesFont(const FontChoice& choice) {
+    const LOGFONTA record = FontRecord(choice);
+    OwnedFont font(CreateFontIndirectA(&record));
+    for (const HWND control : {theNotes.view, NoteEditControl()}) {
+        SendMessageA(control, WM_SETFONT, reinterpret_cast<WPARAM>(font.get()), TRUE);
+    }
+    theNotes.font = std::move(font);
+}
+
+// A selection in the view owns Copy; none owns it no more.
+static void OnSelectionChange(const CHARRANGE& range) {
+    theSelection.SelectionOwner = range.cpMin < range.cpMax ? kNoteViewOwns : kNobody;
+    SendCommand(FrameOf(theNotes.window), IDM_REFRESH);
+}
+
+static LRESULT OnNotify(HWND window, int control, NMHDR* notification) {
+    if (control == IDC_NOTE_VIEW && notification->code == EN_SELCHANGE && GetFocus() == theNotes.view) {
+        OnSelectionChange(reinterpret_cast<const SELCHANGE*>(notification)->chrg);
+        return 0;
+    }
+    return DefWindowProcA(window, WM_NOTIFY, static_cast<WPARAM>(control), reinterpret_cast<LPARAM>(notification));
+}
+
+static void OnSetFocus(HWND, HWND) {
+    SetFocus(theNotes.view);
+}
+
+static LRESULT CALLBACK NotesProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        HANDLE_MSG(window, WM_SETFOCUS, OnSetFocus);
+        HANDLE_MSG(window, WM_NOTIFY, OnNotify);
+    }
+    return DefWindowProcA(window, message, wParam, lParam);
+}
+
+static void OnViewFocus() {
+    if (theSelection.SelectionOwner == kNoteViewOwns) return;
+    DropSelection();
+    SendCommand(FrameOf(theNotes.window), IDM_REFRESH);
+}
+
+static LRESULT CALLBACK ViewProcedure(HWND view, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_SETFOCUS) OnViewFocus();
+    return CallWindowProcA(theNotes.viewProcedure, view, message, wParam, lParam);
+}
+
+bool RegisterNotesClass() {
+    return RegisterPaneClass(kNotesClass, NotesProcedure, COLOR_WINDOW);
+}
+
+void CreateNotesPane(HWND tabs) {
+    theNotes.window = CreateChild(tabs, kNotesClass, "", WS_CLIPCHILDREN | WS_CLIPSIBLINGS, 0, IDC_NOTES);
+    theNotes.view = CreateChild(theNotes.window, "RICHEDIT", "",
+                                WS_VISIBLE | WS_VSCROLL | WS_TABSTOP | ES_MULTILINE | ES_READONLY | ES_AUTOVSCROLL,
+                                WS_EX_CLIENTEDGE, IDC_NOTE_VIEW);
+    SendMessageA(theNotes.view, EM_SETEVENTMASK, 0, ENM_SELCHANGE);
+    SendMessageA(theNotes.view, EM_EXLIMITTEXT, 0, kNoteBufferSize);
+    theNotes.viewProcedure = Subclass(theNotes.view, ViewProcedure);
+}
+
+void RestoreNoteView() {
+    Unsubclass(theNotes.view, theNotes.viewProcedure);
+}

@@ -1,0 +1,53 @@
+// The Notes window: a read-only view of the current note, in the tab control of the note sets.
+#pragma once
+
+#include "notes/note_sets.h"
+#include "output/reading_options.h"
+#include "win32/handles.h"
+
+inline constexpr char kNotesClass[] = "NOTEWND";
+
+struct NotesPane {
+    HWND window = nullptr;
+    HWND view = nullptr;              // the rich-edit control
+    HWND tabs = nullptr;              // a tab a set
+    WNDPROC viewProcedure = nullptr;  // the control's own
+    OwnedFont font;
+    NoteSets sets;
+    int BindNotes = 1;  // non-zero: the Notes window follows the Passage
+    int editing = 0;    // non-zero: the note editor is open, and the current note stays
+};
+extern NotesPane theNotes;
+
+bool RegisterNotesClass();
+
+// Creates the pane with its view inside `tabs`, hidden.
+void CreateNotesPane(HWND tabs);
+
+// Gives the view its own window procedure back.
+void RestoreNoteView();
+
+// Makes the font of the view and of the editor.
+void SetNotesFont(const FontChoice& choice);
+
+// Finds the sets of the working directory and gives each a tab. Says so when the first set's files cannot be created.
+void LoadNoteSets();
+
+// Reads the note of `verse` in the current set and shows it, with its verse in the status bar. Does nothing while a
+// note is edited; says so when the set's file cannot be opened.
+void ReadNote(int verse);
+
+// Makes `set` the current one, selects its tab and reads the current verse's note in it.
+void SelectNoteSet(int set);
+
+// Has the current set a note for `verse`?
+bool NoteExists(int verse);
+
+// Characters `start` to `end` of the note, as the view's selection counts them.
+struct NoteSelection {
+    int start = 0, end = 0;
+};
+NoteSelection SelectionInNote();
+
+// The files of note sets on this system.
+const NoteFiles& TheNoteFiles();
