@@ -1,2 +1,75 @@
-// Starts the program.
-int main() { return 0; }
+// Where the program begins: classes, frame, message loop.
+
+#include "app/frame_window.h"
+#include "app/startup_win32.h"
+#include "notes/note_editor_window.h"
+#include "notes/notes_window.h"
+#include "passage/passage_window.h"
+#include "verselist/verselist_window.h"
+#include "win32/controls.h"
+
+static constexpr char kFailureText[] =
+    "Initialization of Versewell97 incomplete.\n\n"
+    "One of the following errors occurred:\n"
+    "1. You are out of drive space. This is the most likely error. You need to free up some space on your hard drive.\n"
+    "2. A required file is missing from your Versewell97 folder. You need to reinstall Versewell97.\n"
+    "3. \"RICHED32.DLL\" is missing from your \\WINDOWS\\SYSTEM folder. You need to reinstall Windows or obtain this "
+    "file.";
+
+static bool RegisterClasses() {
+    return RegisterFrameClass() && RegisterPassageClass() && RegisterVerseListClass() && RegisterNotesClass() &&
+           RegisterNoteEditorClass();
+}
+
+// The frame that failed has posted the quit message where the system destroyed it; the box would not wait for its OK.
+static void ReportFailure() {
+    MSG quit;
+    PeekMessageA(&quit, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE);
+    Complain(nullptr, kFailureText, "Initialization failure");
+}
+
+// After an accelerator with Alt the system must not take the release of Alt for a walk into the menu. F10 is such a
+// walk itself.
+static void EndAltKey(const MSG& message) {
+    const bool withAlt = HIWORD(message.lParam) & KF_ALTDOWN;
+    if (message.message == WM_SYSKEYDOWN && withAlt && message.wParam != VK_F10) {
+        DefWindowProcA(theFrame.window, WM_SYSKEYDOWN, message.wParam, message.lParam);
+    }
+}
+
+static int RunMessageLoop() {
+    MSG message;
+    while (GetMessageA(&message, nullptr, 0, 0) > 0) {
+        if (theFrame.accelerators && TranslateAcceleratorA(theFrame.window, theFrame.accelerators, &message)) {
+            EndAltKey(message);
+            continue;
+        }
+        RouteWheel(message);
+        TranslateMessage(&message);
+        DispatchMessageA(&message);
+    }
+    return static_cast<int>(message.wParam);
+}
+
+static void ReleaseRichEdit() {
+    if (theFrame.richEdit) FreeLibrary(theFrame.richEdit);
+    theFrame.richEdit = nullptr;
+}
+
+int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int showState) {
+    SettleWorkingFolder();
+    if (!RegisterClasses()) return 0;
+    const FramePlacement placement = LoadPlacement(SettingsProfile());
+    const HWND frame = CreateFrame(placement);
+    if (IsWindow(theFrame.splash)) DestroyWindow(theFrame.splash);
+    if (!frame) {
+        ReportFailure();
+        return 0;
+    }
+    ShowWindow(frame, placement.Maxed ? SW_SHOWMAXIMIZED : showState);
+    UpdateWindow(frame);
+    SetFocus(frame);
+    const int exitCode = RunMessageLoop();
+    ReleaseRichEdit();
+    return exitCode;
+}

@@ -1,0 +1,30 @@
+#include "app/command_facts.h"
+
+unsigned FactsOf(const FactSources& sources) {
+    const std::int8_t italics = sources.reading.Italics;
+    const struct {
+        Fact fact;
+        bool holds;
+    } kRows[] = {
+        {kListHasVerses, ListCount(sources.list) > 0},
+        {kPassageFocused, sources.passageFocused},
+        {kHasSelection, sources.selection.SelectionOwner != kNobody},
+        {kNotEditing, !sources.editingNote},
+        {kParagraphs, sources.reading.ParagraphFormat != 0},
+        {kItalicShown, italics == kItalicType},
+        {kBracketsShown, italics == kBracketed},
+        {kNormalShown, italics != kItalicType && italics != kBracketed},
+        {kListShown, sources.shown.VerseListWindow != 0},
+        {kPassageShown, sources.shown.ReadWindow != 0},
+        {kNotesShown, sources.shown.NotesWindow != 0},
+        {kToolbarShown, sources.shown.ToolBar != 0},
+        {kNotesBound, sources.notesBound},
+    };
+    unsigned facts = 0;
+    for (const auto& [fact, holds] : kRows) facts |= holds ? fact : 0u;
+    return facts;
+}
+
+bool HasFacts(unsigned facts, unsigned needs) {
+    return (facts & needs) == needs;
+}

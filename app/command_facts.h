@@ -1,0 +1,41 @@
+// What commands depend on: whether their menu items and buttons are enabled and checked.
+#pragma once
+
+#include "app/frame_layout.h"
+#include "notes/note_sets.h"
+#include "output/reading_options.h"
+#include "output/selection.h"
+#include "verselist/verse_list.h"
+
+// Facts of the program's state, one bit each.
+enum Fact : unsigned {
+    kAlways = 0,
+    kListHasVerses = 1u << 0,
+    kPassageFocused = 1u << 1,
+    kHasSelection = 1u << 2,
+    kNotEditing = 1u << 3,
+    kParagraphs = 1u << 4,
+    kItalicShown = 1u << 5,
+    kBracketsShown = 1u << 6,
+    kNormalShown = 1u << 7,
+    kListShown = 1u << 8,
+    kPassageShown = 1u << 9,
+    kNotesShown = 1u << 10,
+    kToolbarShown = 1u << 11,
+    kNotesBound = 1u << 12,
+};
+
+struct FactSources {
+    const VerseList& list;
+    const Selection& selection;
+    const ReadingOptions& reading;
+    const ShownPanes& shown;
+    bool passageFocused = false;
+    bool notesBound = false;
+    bool editingNote = false;
+};
+
+unsigned FactsOf(const FactSources& sources);
+
+// Are all of `needs` among `facts`?
+bool HasFacts(unsigned facts, unsigned needs);

@@ -1,0 +1,50 @@
+#include "app/command_facts.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+struct State {
+    VerseList list;
+    Selection selection;
+    ReadingOptions reading;
+    ShownPanes shown;
+};
+
+unsigned FactsOf(const State& state, bool passageFocused = false, bool bound = false, bool editing = false) {
+    return FactsOf(
+        FactSources{state.list, state.selection, state.reading, state.shown, passageFocused, bound, editing});
+}
+
+TEST(CommandFacts, OfAFreshProgram) {
+    EXPECT_EQ(FactsOf(State{}), kNotEditing | kItalicShown | kListShown | kPassageShown | kNotesShown | kToolbarShown);
+}
+
+TEST(CommandFacts, FollowEachSource) {
+    State state;
+    state.list.ListEntries = {3};
+    state.selection.SelectionOwner = kPassageOwns;
+    state.reading.ParagraphFormat = -56;
+    state.reading.Italics = kBracketed;
+    state.shown = {0, 0, 0, 0};
+    EXPECT_EQ(FactsOf(state, true, true, true),
+              kListHasVerses | kPassageFocused | kHasSelection | kParagraphs | kBracketsShown | kNotesBound);
+}
+
+TEST(CommandFacts, ExactlyOneItalicsModeHoldsWhateverIsStored) {
+    constexpr unsigned kModes = kItalicShown | kBracketsShown | kNormalShown;
+    for (const int stored : {-128, -1, 0, 1, 2, 3, 127}) {
+        State state;
+        state.reading.Italics = static_cast<std::int8_t>(stored);
+        const unsigned expected = stored == 0 ? kItalicShown : stored == 1 ? kBracketsShown : kNormalShown;
+        EXPECT_EQ(FactsOf(state) & kModes, expected) << stored;
+    }
+}
+
+TEST(CommandFacts, NeedsAreAllAskedFor) {
+    EXPECT_TRUE(HasFacts(0, kAlways));
+    EXPECT_TRUE(HasFacts(kListHasVerses | kNotEditing, kListHasVerses));
+    EXPECT_FALSE(HasFacts(kListHasVerses, kListHasVerses | kNotEditing));
+}
+
+}  // namespace

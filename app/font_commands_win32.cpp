@@ -1,0 +1,48 @@
+#include "app/font_commands_win32.h"
+
+#include <cstdlib>
+
+#include "app/frame_window.h"
+#include "notes/notes_window.h"
+#include "output/output_win32.h"
+#include "passage/passage_window.h"
+#include "verselist/verselist_window.h"
+#include "win32/screen.h"
+
+static bool ChooseFontFor(FontChoice& choice) {
+    LOGFONTA record = FontRecord(choice);
+    CHOOSEFONTA dialog{};
+    dialog.lStructSize = sizeof dialog;
+    dialog.hwndOwner = theFrame.window;
+    dialog.lpLogFont = &record;
+    dialog.Flags = CF_SCREENFONTS | CF_INITTOLOGFONTSTRUCT | CF_FORCEFONTEXIST;
+    if (!ChooseFontA(&dialog)) return false;
+    choice = {Unscaled(std::abs(record.lfHeight)), static_cast<int>(record.lfWeight), record.lfFaceName};
+    return true;
+}
+
+void ChooseListFont(int) {
+    if (ChooseFontFor(theFrame.fonts.verseList)) SetVerseListFont(theFrame.fonts.verseList);
+}
+
+void ChoosePassageFont(int) {
+    if (ChooseFontFor(theFrame.fonts.passage)) SetPassageFont(theFrame.fonts.passage);
+}
+
+void ChooseNotesFont(int) {
+    if (!ChooseFontFor(theFrame.fonts.notes)) return;
+    SetNotesFont(theFrame.fonts.notes);
+    ReadNote(theNotes.sets.currentVerse);
+}
+
+void ChooseHighlightColor(int) {
+    CHOOSECOLORA dialog{};
+    dialog.lStructSize = sizeof dialog;
+    dialog.hwndOwner = theFrame.window;
+    dialog.rgbResult = theReading.KeyHighlightColor;
+    dialog.lpCustColors = theFrame.customColors.data();
+    dialog.Flags = CC_RGBINIT | CC_FULLOPEN;
+    if (!ChooseColorA(&dialog)) return;
+    theReading.KeyHighlightColor = dialog.rgbResult;
+    RedisplayVerseList();
+}

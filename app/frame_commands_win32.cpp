@@ -1,0 +1,84 @@
+#include "app/frame_commands_win32.h"
+
+#include "app/about_dialog.h"
+#include "app/commands_win32.h"
+#include "app/frame_window.h"
+#include "notes/notes_window.h"
+#include "output/output_win32.h"
+#include "passage/passage_window.h"
+#include "resources/help_topics.h"
+#include "resources/ids.h"
+#include "verselist/verselist_window.h"
+#include "win32/controls.h"
+#include "win32/help_viewer.h"
+
+void ShowAbout(int) {
+    OpenAbout(theFrame.window);
+}
+
+void CloseFrame(int) {
+    SendMessageA(theFrame.window, WM_CLOSE, 0, 0);
+}
+
+void ShowHelp(int command) {
+    switch (command) {
+        case IDM_HELP_RANGE:
+            OpenHelpTopic(theFrame.window, kHelpFile, kTopicSpecifyRange);
+            break;
+        case IDM_HELP_PREFACE:
+            OpenHelpTopic(theFrame.window, kHelpFile, kTopicPreface);
+            break;
+        default:
+            OpenHelpContents(theFrame.window, kHelpFile);
+    }
+}
+
+static int& ShownFlag(int command) {
+    return command == IDM_VIEW_LIST      ? theFrame.shown.VerseListWindow
+           : command == IDM_VIEW_PASSAGE ? theFrame.shown.ReadWindow
+                                         : theFrame.shown.NotesWindow;
+}
+
+void TogglePane(int command) {
+    int& shown = ShownFlag(command);
+    shown = !shown;
+    RefreshCommands();
+    LayOut();
+    InvalidateRect(theFrame.window, nullptr, FALSE);
+}
+
+void ToggleToolbar(int) {
+    theFrame.shown.ToolBar = !theFrame.shown.ToolBar;
+    RefreshCommands();
+    LayOut();
+    InvalidateRect(theFrame.window, nullptr, FALSE);
+}
+
+void FocusList(int) {
+    RunIfEnabled(theFrame.window, IDM_VIEW_LIST);
+    FocusVerseList();
+}
+
+void FocusPassage(int) {
+    RunIfEnabled(theFrame.window, IDM_VIEW_PASSAGE);
+    SetFocus(thePassage.window);
+}
+
+void OpenContextMenu(int) {
+    const HWND focus = GetFocus();
+    if (focus) SendMessageA(focus, WM_RBUTTONDOWN, MK_RBUTTON, MAKELPARAM(1, 1));
+}
+
+void CopySelection(int) {
+    switch (theSelection.SelectionOwner) {
+        case kVerseListOwns:
+            SendCommand(theVerseList.window, IDM_COPY);
+            break;
+        case kPassageOwns:
+            SendCommand(thePassage.window, IDM_COPY);
+            break;
+        case kNoteViewOwns:
+            SendMessageA(theNotes.view, WM_COPY, 0, 0);
+            break;
+    }
+}

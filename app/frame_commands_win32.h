@@ -1,0 +1,12 @@
+// Commands of the frame itself: panes, toolbar, help, About.
+#pragma once
+
+void ShowAbout(int command);
+void CloseFrame(int command);
+void ShowHelp(int command);  // the contents or one of the two topics that stand in the menu
+void TogglePane(int command);
+void ToggleToolbar(int command);
+void FocusList(int command);  // both show a hidden pane
+void FocusPassage(int command);
+void OpenContextMenu(int command);  // of the window that has the focus
+void CopySelection(int command);

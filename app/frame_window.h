@@ -1,0 +1,49 @@
+// The frame: toolbar, status bar and up to three panes in their tab controls.
+#pragma once
+
+#include <array>
+
+#include "app/bookmarks.h"
+#include "app/frame_layout.h"
+#include "app/settings.h"
+#include "win32/handles.h"
+
+inline constexpr char kFrameClass[] = "Versewell97";
+
+struct Frame {
+    HWND window = nullptr;
+    HWND toolbar = nullptr;
+    HWND statusBar = nullptr;
+    HWND listTabs = nullptr;
+    HWND passageTabs = nullptr;
+    HWND noteTabs = nullptr;
+    HWND noteEditor = nullptr;
+    HWND splash = nullptr;               // only during start-up
+    HWND focusWhenInactive = nullptr;    // the window that had the focus when another program took it
+    WNDPROC listTabProcedure = nullptr;  // the list tab control's own
+    HMENU menu = nullptr;
+    HACCEL accelerators = nullptr;
+    HMODULE richEdit = nullptr;
+    OwnedImageList toolbarPictures;
+    ShownPanes shown;
+    Bookmarks bookmarks;
+    Fonts fonts;
+    std::array<COLORREF, 16> customColors{};
+    PAGESETUPDLGA pageSetup{};
+    bool startUpComplete = false;
+};
+extern Frame theFrame;
+
+bool RegisterFrameClass();
+
+// Creates the frame where the settings say, with all of start-up inside; null when it failed.
+HWND CreateFrame(const FramePlacement& placement);
+
+// Creates status bar and tab controls; the toolbar has its own file.
+void CreateBars(HWND frame);
+
+// Places everything for the frame's present size, and keeps the focus on a window that is shown.
+void LayOut();
+
+// Repaints the panes that mark verses with notes.
+void RepaintNoteMarks();

@@ -1,0 +1,50 @@
+#include "app/note_commands_win32.h"
+
+#include "app/commands_win32.h"
+#include "app/frame_window.h"
+#include "notes/notes_window.h"
+#include "passage/passage_window.h"
+#include "resources/ids.h"
+#include "verselist/verselist_window.h"
+#include "win32/controls.h"
+
+static void ShowNotes() {
+    RunIfEnabled(theFrame.window, IDM_VIEW_NOTES);
+}
+
+void GoToNeighbouringNote(int command) {
+    ShowNotes();
+    const bool next = command == IDM_NEXT_NOTE;
+    ReadNote(next ? NextNote(TheNoteFiles(), theNotes.sets) : PreviousNote(TheNoteFiles(), theNotes.sets));
+}
+
+void GoToNeighbouringSet(int command) {
+    ShowNotes();
+    const int count = static_cast<int>(theNotes.sets.sets.size());
+    if (count == 0) return;
+    const int step = command == IDM_NEXT_NOTE_SET ? 1 : count - 1;
+    SelectNoteSet((theNotes.sets.currentSet + step) % count);
+    RepaintNoteMarks();
+}
+
+void ShowNoteForPassage(int) {
+    ShowNotes();
+    ReadNote(PassageTargetVerse());
+}
+
+void ShowNoteForList(int) {
+    ShowNotes();
+    const int verse = VerseListTargetVerse();
+    if (verse != kNoVerse) ReadNote(verse);
+}
+
+void ShowVerseForNote(int) {
+    ScrollToVerse(theNotes.sets.currentVerse);
+    RunIfEnabled(theFrame.window, IDM_VIEW_PASSAGE);
+}
+
+void ToggleBindNotes(int command) {
+    theNotes.BindNotes = !theNotes.BindNotes;
+    RefreshCommands();
+    if (theNotes.BindNotes) ShowNoteForPassage(command);
+}

@@ -1,0 +1,9 @@
+// Commands that move among notes and note sets.
+#pragma once
+
+void GoToNeighbouringNote(int command);  // previous or next verse with a note
+void GoToNeighbouringSet(int command);   // previous or next set, round the ends
+void ShowNoteForPassage(int command);
+void ShowNoteForList(int command);
+void ShowVerseForNote(int command);
+void ToggleBindNotes(int command);

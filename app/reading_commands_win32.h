@@ -1,0 +1,14 @@
+// Commands that move the Passage or change how it shows.
+#pragma once
+
+void GoToVerse(int command);
+void GoToNeighbour(int command);  // previous or next verse, chapter or book
+void GoToBook(int number);        // 0: Genesis
+void GoToBookmark(int number);    // 0..9
+void SetBookmark(int number);     // to the Passage's target verse
+void ReadListContext(int command);
+void ToggleParagraphFormat(int command);
+void SetItalics(int command);
+
+// Writes what the bookmarks hold into their menu items.
+void LabelBookmarks();

@@ -1,0 +1,75 @@
+#include "app/search_commands_win32.h"
+
+#include <algorithm>
+
+#include "app/commands_win32.h"
+#include "app/frame_window.h"
+#include "notes/notes_window.h"
+#include "output/output_win32.h"
+#include "resources/ids.h"
+#include "scripture/scripture_win32.h"
+#include "search/search_dialog.h"
+#include "search/search_engine.h"
+#include "search/search_win32.h"
+#include "search/set_range_dialog.h"
+#include "verselist/verselist_window.h"
+#include "win32/controls.h"
+
+static constexpr int kSummaryPart = 0;  // of the status bar
+static constexpr int kEntryPart = 1;
+
+static bool Find(SearchKind kind) {
+    return kind == SearchKind::kPhrase ? PhraseSearch(theScripture, theWordIndex, theSearch)
+                                       : WordSearch(theScripture, theWordIndex, theSearch);
+}
+
+static void ReportNoMatch() {
+    EmptyVerseList();
+    SetStatusPart(theFrame.statusBar, kSummaryPart, "No Matches");
+    SetStatusPart(theFrame.statusBar, kEntryPart, "");
+    RefreshCommands();
+    MessageBoxA(theFrame.window, "No verses matching search criteria.", "Search Results", MB_OK | MB_ICONINFORMATION);
+}
+
+static void Search(SearchKind kind) {
+    if (!AskSearch(theFrame.window, kind)) return;
+    const HCURSOR before = BeginWait(theFrame.window);
+    const bool found = Find(kind);
+    const std::string summary = SearchSummary(theSearch.result);  // before a paint adds to its count
+    if (found) {
+        DropSelection();
+        if (kind == SearchKind::kWords) SetFocus(theVerseList.window);
+        ShowSearchResult();
+        RefreshCommands();
+        EndWait(before);
+    } else {
+        EndWait(before);
+        ReportNoMatch();
+    }
+    // The dialogs of lists and phrases say so even where they found nothing.
+    if (found || kind != SearchKind::kWords) SetStatusPart(theFrame.statusBar, kSummaryPart, summary);
+}
+
+void SearchWords(int) {
+    Search(SearchKind::kWords);
+}
+
+void SearchWordList(int) {
+    Search(SearchKind::kWordList);
+}
+
+void SearchPhrase(int) {
+    Search(SearchKind::kPhrase);
+}
+
+void SetRange(int) {
+    AskSearchRange(theFrame.window);
+}
+
+void SearchNoteSelection(int command) {
+    const auto [start, end] = SelectionInNote();
+    const int length = std::min(end - start, kSearchTextLimit);
+    theSearch.searchText =
+        theNotes.sets.noteText.substr(static_cast<std::size_t>(start), static_cast<std::size_t>(length));
+    Search(command == IDM_NOTE_WORD_SEARCH ? SearchKind::kWords : SearchKind::kPhrase);
+}
