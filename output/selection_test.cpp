@@ -1,1 +1,80 @@
-// Being written.
+#include "output/selection.h"
+
+#include <gtest/gtest.h>
+
+static Selection PassageSelection(SelectionPoint anchor, SelectionPoint end) {
+    return {kPassageOwns, anchor, end};
+}
+
+TEST(Ordered, PutsTheEarlierEndFirst) {
+    struct Row {
+        SelectionPoint anchor, end, first, last;
+    };
+    const Row rows[] = {
+        {{3, 4}, {5, 1}, {3, 4}, {5, 1}},  // dragged forward
+        {{5, 1}, {3, 4}, {3, 4}, {5, 1}},  // and back
+        {{3, 7}, {3, 2}, {3, 2}, {3, 7}},  // in one verse
+        {{3, 2}, {3, 2}, {3, 2}, {3, 2}},     {{5, 0}, {4, 9}, {4, 9}, {5, 0}},
+        {{4, 1}, {-1, -1}, {-1, -1}, {4, 1}},  // the mouse is off the text
+    };
+    for (const Row& row : rows) {
+        const OrderedSelection ordered = Ordered(PassageSelection(row.anchor, row.end));
+        EXPECT_EQ(ordered.start, row.first);
+        EXPECT_EQ(ordered.end, row.last);
+    }
+}
+
+TEST(IsSelected, HoldsBothEnds) {
+    struct Row {
+        SelectionPoint point;
+        bool selected;
+    };
+    const OrderedSelection selection = {{3, 4}, {5, 1}};
+    const Row rows[] = {
+        {{3, 3}, false}, {{3, 4}, true},  {{3, 99}, true}, {{4, 0}, true},  {{5, 0}, true},
+        {{5, 1}, true},  {{5, 2}, false}, {{2, 9}, false}, {{6, 0}, false},
+    };
+    for (const Row& row : rows)
+        EXPECT_EQ(IsSelected(selection, row.point), row.selected) << row.point.place << ", " << row.point.word;
+}
+
+TEST(IsSelected, ALabelAloneIsASelection) {
+    const OrderedSelection label = {{7, 0}, {7, 0}};
+    EXPECT_TRUE(IsSelected(label, {7, 0}));
+    EXPECT_FALSE(IsSelected(label, {7, 1}));
+    EXPECT_FALSE(IsSelected({}, {0, 0})) << "an empty selection holds nothing";
+}
+
+struct PlaceRow {
+    SelectionPoint anchor, end;
+    int firstSelected, anchorPlace;
+};
+
+// The pane shows 10 to 20. Both rules hold, each for its own commands: they part where the drag went upward.
+static constexpr PlaceRow kPlaceRows[] = {
+    {{12, 1}, {14, 1}, 12, 12},   //
+    {{14, 1}, {12, 1}, 12, 14},   //
+    {{10, 0}, {20, 9}, 10, 10},   // the whole pane
+    {{9, 5}, {12, 1}, 10, 10},    // begins above it
+    {{12, 1}, {9, 5}, 10, 12},    // ends above it
+    {{12, 1}, {21, 0}, 10, 10},   // ends below it
+    {{21, 0}, {12, 1}, 10, 21},   // begins below it
+    {{30, 1}, {31, 1}, 10, 10},   // scrolled out of view
+    {{12, 1}, {-1, -1}, 10, 12},  // the mouse is off the text
+};
+
+TEST(FirstSelectedPlace, CountsOnlyASelectionThatIsWhollyShown) {
+    for (const PlaceRow& row : kPlaceRows) {
+        const Selection selection = PassageSelection(row.anchor, row.end);
+        EXPECT_EQ(FirstSelectedPlace(selection, kPassageOwns, 10, 20), row.firstSelected) << row.anchor.place;
+        EXPECT_EQ(FirstSelectedPlace(selection, kVerseListOwns, 10, 20), 10) << "another pane's selection";
+    }
+}
+
+TEST(AnchorPlace, GoesByTheAnchorAndTheEnd) {
+    for (const PlaceRow& row : kPlaceRows) {
+        const Selection selection = PassageSelection(row.anchor, row.end);
+        EXPECT_EQ(AnchorPlace(selection, kPassageOwns, 10, 20), row.anchorPlace) << row.anchor.place;
+        EXPECT_EQ(AnchorPlace(selection, kVerseListOwns, 10, 20), 10) << "another pane's selection";
+    }
+}
