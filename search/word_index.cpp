@@ -1,1 +1,67 @@
-// Being written.
+#include "search/word_index.h"
+
+#include <algorithm>
+#include <cstring>
+
+static constexpr std::size_t kPointerSize = 4;
+static constexpr std::size_t kEntrySize = 2;
+static constexpr std::size_t kUsualWordSize = 8;  // closing zero included, to guess the number of words
+
+// A last word without its closing zero is left out: words are handed on as zero-terminated strings.
+static std::vector<std::string_view> WordsOf(std::span<const unsigned char> bytes) {
+    std::vector<std::string_view> words;
+    words.reserve(bytes.size() / kUsualWordSize);
+    const char* word = reinterpret_cast<const char*>(bytes.data());
+    const char* end = word + bytes.size();
+    while (word < end) {
+        const void* zero = std::memchr(word, 0, static_cast<std::size_t>(end - word));
+        if (zero == nullptr) break;
+        const char* wordEnd = static_cast<const char*>(zero);
+        words.emplace_back(word, static_cast<std::size_t>(wordEnd - word));
+        word = wordEnd + 1;
+    }
+    return words;
+}
+
+IndexLoad LoadWordIndex(const DataFiles& files, WordIndex& index) {
+    index = {};
+    std::span<const unsigned char> wordBytes;
+    if (!files.map(files.device, kWordsFile, AccessPattern::kSequential, wordBytes) || wordBytes.empty())
+        return IndexLoad::kFailed;
+    index.words = WordsOf(wordBytes);
+    if (!files.map(files.device, kWordPointersFile, AccessPattern::kSequential, index.pointers))
+        return IndexLoad::kFailed;
+    if (!files.map(files.device, kVerseListsFile, AccessPattern::kRandom, index.verseLists))
+        return IndexLoad::kNoVerseLists;
+    return IndexLoad::kLoaded;
+}
+
+int WordCount(const WordIndex& index) {
+    return static_cast<int>(index.words.size());
+}
+
+// Where the list of word number `word` begins, in entries. A pointer that the file does not hold is 0; the one after
+// the last word's is the end of all lists, whatever the file says.
+static std::size_t PointerOf(const WordIndex& index, std::size_t word) {
+    if (word >= index.words.size()) return index.verseLists.size() / kEntrySize;
+    const std::size_t at = word * kPointerSize;
+    if (at + kPointerSize > index.pointers.size()) return 0;
+    const unsigned char* bytes = index.pointers.data() + at;
+    return static_cast<std::size_t>(bytes[0]) | static_cast<std::size_t>(bytes[1]) << 8 |
+           static_cast<std::size_t>(bytes[2]) << 16 | static_cast<std::size_t>(bytes[3]) << 24;
+}
+
+std::span<const unsigned char> EntriesOf(const WordIndex& index, int word) {
+    if (word < 0 || word >= WordCount(index)) return {};
+    const std::size_t total = index.verseLists.size() / kEntrySize;
+    const std::size_t begin = PointerOf(index, static_cast<std::size_t>(word));
+    const std::size_t end = std::min(PointerOf(index, static_cast<std::size_t>(word) + 1), total);
+    if (begin >= end) return {};
+    return index.verseLists.subspan(begin * kEntrySize, (end - begin) * kEntrySize);
+}
+
+int FindWord(const WordIndex& index, std::string_view lowerCased) {
+    const auto found = std::lower_bound(index.words.begin(), index.words.end(), lowerCased);
+    if (found == index.words.end() || *found != lowerCased) return -1;
+    return static_cast<int>(found - index.words.begin());
+}
