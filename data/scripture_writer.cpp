@@ -60,7 +60,8 @@ static Complaint WriteTemporaries(const fs::path& folder, const std::vector<Data
     for (const DataFile& file : files) {
         const fs::path place = folder / file.name;
         // Asked for all files before the first is put in place, where a failure would come too late.
-        if (fs::exists(place) && !fs::is_regular_file(place)) return place.string() + " is in the way";
+        std::error_code error;
+        if (fs::exists(place, error) && !fs::is_regular_file(place, error)) return place.string() + " is in the way";
         if (!WriteFile(place.string() + suffix, file.bytes)) return "cannot write " + place.string();
     }
     return {};

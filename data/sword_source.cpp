@@ -1,16 +1,35 @@
 #include "data/sword_source.h"
 
-#include <swlog.h>
+#include <fcntl.h>
 #include <swmgr.h>
 #include <swmodule.h>
+#include <unistd.h>
 #include <versekey.h>
 
 #include <memory>
 
 constexpr int kOldTestamentBooks = 39;
 
+struct RestoreErrors {
+    void operator()(const int* kept) const {
+        dup2(*kept, STDERR_FILENO);
+        close(*kept);
+        delete kept;
+    }
+};
+
+using MutedErrors = std::unique_ptr<int, RestoreErrors>;
+
+// libsword prints a line of its own for every read that fails, past its log: nothing that a user could act on.
+static MutedErrors MuteErrors() {
+    MutedErrors kept(new int(dup(STDERR_FILENO)));
+    const int nowhere = open("/dev/null", O_WRONLY | O_CLOEXEC);
+    dup2(nowhere, STDERR_FILENO);
+    close(nowhere);
+    return kept;
+}
+
 static std::unique_ptr<sword::SWMgr> OpenLibrary(const std::string& folder) {
-    sword::SWLog::getSystemLog()->setLogLevel(-1);  // whatever goes wrong is said once, by us
     if (folder.empty()) return std::make_unique<sword::SWMgr>();
     return std::make_unique<sword::SWMgr>(folder.c_str(), true, nullptr, false, false);
 }
@@ -24,22 +43,35 @@ static sword::VerseKey FirstVerseKey() {
     return key;
 }
 
+static Complaint CheckModule(const sword::SWModule* module, const std::string& name, const std::string& version) {
+    if (module == nullptr) return "there is no SWORD module " + name + " (install the package sword-text-kjv)";
+    const char* found = module->getConfigEntry("Version");
+    if (found != nullptr && found == version) return {};
+    return "the SWORD module " + name + " is version " + (found != nullptr ? found : "(unknown)") + ", but version " +
+           version + " is needed";
+}
+
+static Complaint ReadEntries(sword::SWModule& module, sword::VerseKey& key, Verses& verses) {
+    for (; !key.popError(); key.increment()) {
+        const int book = key.getBook() + (key.getTestament() == 2 ? kOldTestamentBooks : 0);
+        verses.push_back({book, key.getChapter(), key.getVerse(), module.getRawEntry()});
+        if (verses.back().text.empty())
+            return std::string("the SWORD module ") + module.getName() + " is damaged: " + ReferenceOf(verses.back()) +
+                   " cannot be read";
+    }
+    return {};
+}
+
 Complaint ReadSwordModule(const std::string& folder, const char* name, const char* version, Verses& verses) {
+    const MutedErrors muted = MuteErrors();
     const std::unique_ptr<sword::SWMgr> library = OpenLibrary(folder);
     sword::SWModule* module = library->getModule(name);
-    if (module == nullptr)
-        return "there is no SWORD module " + std::string(name) + " (install the package sword-text-kjv)";
-    const char* found = module->getConfigEntry("Version");
-    if (found == nullptr || std::string(found) != version)
-        return "the SWORD module " + std::string(name) + " is version " + (found ? found : "(unknown)") +
-               ", but version " + version + " is needed";
+    Complaint complaint = CheckModule(module, name, version);
+    if (!complaint.empty()) return complaint;
 
     sword::VerseKey key = FirstVerseKey();
     module->setKey(key);
-    for (; !key.popError(); key.increment()) {
-        const int book = key.getBook() + (key.getTestament() == 2 ? kOldTestamentBooks : 0);
-        verses.push_back({book, key.getChapter(), key.getVerse(), module->getRawEntry()});
-    }
-    module->setKey(sword::VerseKey());  // ours ends here
-    return {};
+    complaint = ReadEntries(*module, key, verses);
+    module->setKey(sword::VerseKey());  // ours ends here, the module not yet
+    return complaint;
 }

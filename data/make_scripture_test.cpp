@@ -1,0 +1,198 @@
+// The tool itself: what it says and leaves behind when its module is missing, of another version or damaged. It is run
+// on copies of the installed module.
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+namespace fs = std::filesystem;
+using testing::AllOf;
+using testing::ElementsAre;
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::StartsWith;
+
+static const char* const kInstalled = "/usr/share/sword";  // where Debian's packages put modules
+static const char* const kConf = "mods.d/engKJV2006eb.conf";
+static const std::string kTexts = "modules/texts/ztext/engKJV2006eb/";
+
+struct ToolRun {
+    int exitCode = -1;
+    std::string errors;
+};
+
+static std::string ReadBytes(const fs::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+static void WriteBytes(const fs::path& path, const std::string& bytes) {
+    std::ofstream(path, std::ios::binary) << bytes;
+}
+
+static std::vector<std::string> NamesIn(const fs::path& folder) {
+    std::vector<std::string> names;
+    if (!fs::exists(folder)) return names;
+    for (const fs::directory_entry& entry : fs::directory_iterator(folder)) names.push_back(entry.path().filename());
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+struct MakeScripture : testing::Test {
+    fs::path scratch;
+    fs::path modules;
+    fs::path data;
+
+    void SetUp() override {
+        scratch = fs::path(testing::TempDir()) / testing::UnitTest::GetInstance()->current_test_info()->name();
+        modules = scratch / "modules";
+        data = scratch / "data";
+        fs::remove_all(scratch);
+        fs::create_directories(scratch);
+        CopyModule();
+    }
+    void TearDown() override { fs::remove_all(scratch); }
+
+    void CopyModule() const {
+        fs::remove_all(modules);
+        fs::create_directories(modules / "mods.d");
+        fs::create_directories(modules / kTexts);
+        fs::copy(fs::path(kInstalled) / kConf, modules / kConf);
+        fs::copy(fs::path(kInstalled) / kTexts, modules / kTexts);
+    }
+
+    ToolRun RunTool(const std::string& arguments) const {
+        const fs::path errors = scratch / "errors";
+        const int status = std::system((VERSEWELL_MAKE_SCRIPTURE " " + arguments + " 2> " + errors.string()).c_str());
+        return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, ReadBytes(errors)};
+    }
+    ToolRun MakeFrom(const fs::path& folder) const {
+        return RunTool("--modules " + folder.string() + " " + data.string());
+    }
+};
+
+TEST_F(MakeScripture, WritesTheFilesThatTheBuildMade) {
+    const ToolRun run = MakeFrom(modules);
+    EXPECT_EQ(run.exitCode, 0);
+    EXPECT_EQ(run.errors, "");
+    EXPECT_THAT(NamesIn(data), ElementsAre("_avtext.dat", "_avvidx.dat", "_avwidx.dat", "_avwptr.dat", "_avwrds.dat"));
+    for (const std::string& name : NamesIn(data))
+        EXPECT_EQ(ReadBytes(data / name), ReadBytes(fs::path(VERSEWELL_DATA_DIR) / name)) << name;
+}
+
+static void ReplaceOnce(const fs::path& path, const std::string& from, const std::string& to) {
+    std::string bytes = ReadBytes(path);
+    ASSERT_NE(bytes.find(from), std::string::npos) << path;
+    WriteBytes(path, bytes.replace(bytes.find(from), from.size(), to));
+}
+
+// The index of the verses has ten bytes for each: two neighbours change places.
+static void SwapVerses(const fs::path& index) {
+    constexpr std::size_t kRecord = 10, kSomeVerse = 200;
+    std::string bytes = ReadBytes(index);
+    const auto first = bytes.begin() + kSomeVerse * kRecord;
+    std::swap_ranges(first, first + kRecord, first + kRecord);
+    WriteBytes(index, bytes);
+}
+
+struct DamageRow {
+    const char* what;
+    void (*damage)(const fs::path& modules);
+    const char* complaint;
+};
+
+static constexpr DamageRow kDamages[] = {
+    {"no folder", [](const fs::path& modules) { fs::remove_all(modules); }, "there is no SWORD module engKJV2006eb"},
+    {"an empty folder",
+     [](const fs::path& modules) {
+         fs::remove_all(modules / "mods.d");
+         fs::remove_all(modules / "modules");
+     },
+     "there is no SWORD module engKJV2006eb"},
+    {"another module", [](const fs::path& modules) { ReplaceOnce(modules / kConf, "[engKJV2006eb]", "[Other]"); },
+     "there is no SWORD module engKJV2006eb"},
+    {"another version",
+     [](const fs::path& modules) { ReplaceOnce(modules / kConf, "\nVersion=14.3\n", "\nVersion=15.0\n"); },
+     "is version 15.0, but version 14.3 is needed"},
+    {"no version", [](const fs::path& modules) { ReplaceOnce(modules / kConf, "\nVersion=14.3\n", "\n"); },
+     "is version (unknown), but version 14.3 is needed"},
+    {"no texts", [](const fs::path& modules) { fs::remove_all(modules / "modules"); },
+     "is damaged: Ge 1:1 cannot be read"},
+    {"no New Testament", [](const fs::path& modules) { fs::remove(modules / kTexts / "nt.bzz"); },
+     "is damaged: Mt 1:1 cannot be read"},
+    {"a truncated text", [](const fs::path& modules) { fs::resize_file(modules / kTexts / "ot.bzz", 500000); },
+     "is damaged: "},
+    {"a truncated index of verses", [](const fs::path& modules) { fs::resize_file(modules / kTexts / "nt.bzv", 5000); },
+     "is damaged: "},
+    {"a truncated index of blocks", [](const fs::path& modules) { fs::resize_file(modules / kTexts / "ot.bzs", 100); },
+     "is damaged: "},
+    {"verses in each other's place", [](const fs::path& modules) { SwapVerses(modules / kTexts / "ot.bzv"); },
+     "is damaged: the texts are not those of the edition"},
+};
+
+static auto IsOneLineWith(const char* complaint) {
+    return AllOf(
+        StartsWith("make_scripture: "), HasSubstr(complaint), EndsWith("\n"),
+        testing::ResultOf([](const std::string& text) { return std::count(text.begin(), text.end(), '\n'); }, 1));
+}
+
+TEST_F(MakeScripture, SaysWhatIsWrongWithItsModule) {
+    for (const DamageRow& row : kDamages) {
+        CopyModule();
+        row.damage(modules);
+        const ToolRun run = MakeFrom(modules);
+        EXPECT_EQ(run.exitCode, 1) << row.what;
+        EXPECT_THAT(run.errors, IsOneLineWith(row.complaint)) << row.what;
+        EXPECT_THAT(NamesIn(data), IsEmpty()) << row.what;
+    }
+}
+
+TEST_F(MakeScripture, LeavesAnOlderSetAsItWasWhenItFails) {
+    fs::create_directories(data);
+    WriteBytes(data / "_avtext.dat", "older text");
+    WriteBytes(data / "_avwrds.dat", "older words");
+    for (const DamageRow& row : kDamages) {
+        CopyModule();
+        row.damage(modules);
+        EXPECT_EQ(MakeFrom(modules).exitCode, 1) << row.what;
+        EXPECT_THAT(NamesIn(data), ElementsAre("_avtext.dat", "_avwrds.dat")) << row.what;
+        EXPECT_EQ(ReadBytes(data / "_avtext.dat"), "older text") << row.what;
+        EXPECT_EQ(ReadBytes(data / "_avwrds.dat"), "older words") << row.what;
+    }
+}
+
+TEST_F(MakeScripture, LeavesAnOlderSetAsItWasWhenItCannotWrite) {
+    fs::create_directories(data / "_avwidx.dat");  // a folder where the last of the five should go
+    WriteBytes(data / "_avtext.dat", "older text");
+    const ToolRun run = MakeFrom(modules);
+    EXPECT_EQ(run.exitCode, 1);
+    EXPECT_THAT(run.errors, IsOneLineWith("_avwidx.dat is in the way"));
+    EXPECT_THAT(NamesIn(data), ElementsAre("_avtext.dat", "_avwidx.dat"));
+    EXPECT_EQ(ReadBytes(data / "_avtext.dat"), "older text");
+}
+
+// The limit on the size of files stands for a full disk: the first file fits, the text does not.
+TEST_F(MakeScripture, LeavesAnOlderSetAsItWasWhenTheDiskIsFull) {
+    fs::create_directories(data);
+    WriteBytes(data / "_avvidx.dat", "older verses");
+    const std::string command = "bash -c 'trap \"\" XFSZ; ulimit -f 1000; exec " VERSEWELL_MAKE_SCRIPTURE
+                                " --modules " +
+                                modules.string() + " " + data.string() + "' 2> " + (scratch / "errors").string();
+    EXPECT_EQ(WEXITSTATUS(std::system(command.c_str())), 1);
+    EXPECT_THAT(ReadBytes(scratch / "errors"), IsOneLineWith("cannot write "));
+    EXPECT_THAT(NamesIn(data), ElementsAre("_avvidx.dat"));
+    EXPECT_EQ(ReadBytes(data / "_avvidx.dat"), "older verses");
+}
+
+TEST_F(MakeScripture, ExplainsItsArguments) {
+    const char* const wrong[] = {"", "--modules", "--modules x", "--other x y", "a b", "--help"};
+    for (const char* arguments : wrong) {
+        const ToolRun run = RunTool(arguments);
+        EXPECT_EQ(run.exitCode, 2) << arguments;
+        EXPECT_THAT(run.errors, StartsWith("usage: make_scripture ")) << arguments;
+    }
+}

@@ -1,0 +1,110 @@
+#include "data/scripture_writer.h"
+
+#include <gmock/gmock.h>
+
+#include <fstream>
+#include <iterator>
+
+namespace fs = std::filesystem;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::StartsWith;
+
+static std::string Bytes(std::initializer_list<int> values) {
+    std::string bytes;
+    for (const int value : values) bytes += static_cast<char>(value);
+    return bytes;
+}
+
+TEST(ScriptureWriter, EncodesTheFiveFiles) {
+    const Verses verses = {{1, 1, 1,
+                            "\xB6"
+                            "In"},
+                           {1, 1, 2, "And"},
+                           {66, 22, 21, "in A"}};
+    WordLists words = {{"a", {2}}, {"and", {1}}, {"in", {0, 2, 0x1234}}};
+    const std::vector<DataFile> files = EncodeScripture(verses, words);
+    ASSERT_EQ(files.size(), 5u);
+    EXPECT_EQ(files[0].name, "_avvidx.dat");
+    EXPECT_EQ(files[0].bytes, Bytes({1, 1, 1, 0, 0, 0, 0, 1, 1, 2, 4, 0, 0, 0, 66, 22, 21, 8, 0, 0, 0}));
+    EXPECT_EQ(files[1].name, "_avtext.dat");
+    EXPECT_EQ(files[1].bytes, Bytes({0xB6, 'I', 'n', 0, 'A', 'n', 'd', 0, 'i', 'n', ' ', 'A', 0}));
+    EXPECT_EQ(files[2].name, "_avwrds.dat");
+    EXPECT_EQ(files[2].bytes, Bytes({'a', 0, 'a', 'n', 'd', 0, 'i', 'n', 0}));
+    EXPECT_EQ(files[3].name, "_avwptr.dat");
+    EXPECT_EQ(files[3].bytes, Bytes({0, 0, 0, 0, 1, 0, 0, 0, 2, 0, 0, 0}));
+    EXPECT_EQ(files[4].name, "_avwidx.dat");
+    EXPECT_EQ(files[4].bytes, Bytes({2, 0, 1, 0, 0, 0, 2, 0, 0x34, 0x12}));
+}
+
+TEST(ScriptureWriter, EncodesOffsetsBeyondSixteenBits) {
+    const Verses verses = {{1, 1, 1, std::string(0x12344, 'a')}, {1, 1, 2, "b"}};
+    EXPECT_EQ(EncodeScripture(verses, {})[0].bytes.substr(7), Bytes({1, 1, 2, 0x45, 0x23, 0x01, 0}));
+}
+
+struct ScratchFolder : testing::Test {
+    fs::path folder;
+    void SetUp() override {
+        folder = fs::path(testing::TempDir()) / testing::UnitTest::GetInstance()->current_test_info()->name();
+        fs::remove_all(folder);
+        fs::create_directories(folder);
+    }
+    void TearDown() override { fs::remove_all(folder); }
+};
+
+static std::string ReadBytes(const fs::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+static void WriteBytes(const fs::path& path, const char* bytes) {
+    std::ofstream(path, std::ios::binary) << bytes;
+}
+
+static std::vector<std::string> NamesIn(const fs::path& folder) {
+    std::vector<std::string> names;
+    for (const fs::directory_entry& entry : fs::directory_iterator(folder)) names.push_back(entry.path().filename());
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+TEST_F(ScratchFolder, IsMadeAndFilled) {
+    const fs::path inner = folder / "new" / "data";
+    EXPECT_EQ(WriteDataFiles(inner, {{"b", std::string("2\0\r\n", 4)}, {"a", ""}}), "");
+    EXPECT_THAT(NamesIn(inner), ElementsAre("a", "b"));
+    EXPECT_EQ(ReadBytes(inner / "a"), "");
+    EXPECT_EQ(ReadBytes(inner / "b"), std::string("2\0\r\n", 4));
+}
+
+TEST_F(ScratchFolder, HasItsFilesReplaced) {
+    WriteBytes(folder / "a", "a longer text of before");
+    WriteBytes(folder / "other", "kept");
+    EXPECT_EQ(WriteDataFiles(folder, {{"a", "new"}, {"b", "newer"}}), "");
+    EXPECT_THAT(NamesIn(folder), ElementsAre("a", "b", "other"));
+    EXPECT_EQ(ReadBytes(folder / "a"), "new");
+    EXPECT_EQ(ReadBytes(folder / "other"), "kept");
+}
+
+TEST_F(ScratchFolder, KeepsItsSetWhenAPlaceIsTaken) {
+    WriteBytes(folder / "a", "before");
+    fs::create_directories(folder / "b" / "inner");
+    EXPECT_EQ(WriteDataFiles(folder, {{"a", "new"}, {"b", "new"}}), (folder / "b").string() + " is in the way");
+    EXPECT_EQ(ReadBytes(folder / "a"), "before");
+    EXPECT_THAT(NamesIn(folder), ElementsAre("a", "b"));
+}
+
+// A name too long for the file system: the second temporary cannot be written when the first one is.
+TEST_F(ScratchFolder, KeepsItsSetWhenWritingFails) {
+    WriteBytes(folder / "a", "before");
+    const std::string tooLong(250, 'b');
+    EXPECT_EQ(WriteDataFiles(folder, {{"a", "new"}, {tooLong, "new"}}), "cannot write " + (folder / tooLong).string());
+    EXPECT_EQ(ReadBytes(folder / "a"), "before");
+    EXPECT_THAT(NamesIn(folder), ElementsAre("a"));
+}
+
+TEST_F(ScratchFolder, CannotBeMadeInsideAFile) {
+    WriteBytes(folder / "file", "before");
+    EXPECT_THAT(WriteDataFiles(folder / "file" / "data", {{"a", "new"}}), StartsWith("cannot make the folder "));
+    EXPECT_THAT(WriteDataFiles(folder / "file", {{"a", "new"}}), Not(IsEmpty()));
+    EXPECT_EQ(ReadBytes(folder / "file"), "before");
+}
