@@ -5,8 +5,10 @@
 #include "notes/note_editor_window.h"
 #include "notes/notes_window.h"
 #include "passage/passage_window.h"
+#include "scripture/scripture_files.h"
 #include "verselist/verselist_window.h"
 #include "win32/controls.h"
+#include "win32/working_folder.h"
 
 static constexpr char kFailureText[] =
     "Initialization of Versewell97 incomplete.\n\n"
@@ -57,7 +59,7 @@ static void ReleaseRichEdit() {
 }
 
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int showState) {
-    SettleWorkingFolder();
+    SettleWorkingFolder({kVerseTextFile, "*.nmi"}, "Versewell");
     if (!RegisterClasses()) return 0;
     const FramePlacement placement = LoadPlacement(SettingsProfile());
     const HWND frame = CreateFrame(placement);

@@ -81,6 +81,7 @@ static void ReadSettings() {
 static void SetFirstMenuState() {
     if (theNotes.sets.devotionalSet == kNoDevotionalSet) {
         DeleteMenu(theFrame.menu, kDevotionalMenu, MF_BYPOSITION);
+        DrawMenuBar(theFrame.window);
     } else {
         EnableMenuItem(theFrame.menu, kDevotionalMenu, MF_BYPOSITION | MF_GRAYED);
     }

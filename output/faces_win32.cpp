@@ -7,10 +7,24 @@
 
 static constexpr int kUnmeasured = -1;
 
-// A device context for measuring, kept for the life of the program; each use selects the font that it asks about.
+// A device context for measuring, kept for the life of the program; each use selects the font that it asks about. It
+// holds a bitmap of the screen's kind, since letters are otherwise wide on a monochrome one.
+struct MeasuringPlace {
+    OwnedBitmap bitmap;
+    OwnedDc dc;
+};
+
+static MeasuringPlace MakeMeasuringPlace() {
+    const HDC screen = GetDC(nullptr);
+    MeasuringPlace place{OwnedBitmap(CreateCompatibleBitmap(screen, 1, 1)), OwnedDc(CreateCompatibleDC(screen))};
+    ReleaseDC(nullptr, screen);
+    SelectObject(place.dc.get(), place.bitmap.get());
+    return place;
+}
+
 static HDC MeasuringDc() {
-    static const OwnedDc dc(CreateCompatibleDC(nullptr));
-    return dc.get();
+    static const MeasuringPlace place = MakeMeasuringPlace();
+    return place.dc.get();
 }
 
 static int ExtentOf(HFONT font, std::string_view text) {
@@ -109,8 +123,9 @@ TextMeasure MeasureOf(Faces& faces) {
     return {&faces, WidthIn, LineHeightIn};
 }
 
-void AddText(TextRuns& runs, Face face, TextColor color, int x, int y, int width, std::string_view text) {
-    if (!runs.runs.empty()) {
+void AddText(TextRuns& runs, const Faces& faces, Face face, TextColor color, int x, int y, int width,
+             std::string_view text) {
+    if (!runs.runs.empty() && faces.fonts[static_cast<std::size_t>(face)].widthsAddUp) {
         TextRuns::Run& last = runs.runs.back();
         if (last.face == face && last.color == color && last.y == y && last.end == x) {
             runs.text += text;
@@ -131,6 +146,15 @@ static void TakeColors(HDC canvas, TextColor color, COLORREF keyWordColor) {
     SetBkColor(canvas, selected ? letters : paper);
 }
 
+// Each letter stands where the sum of the widths before it says: a device may draw a whole line narrower or wider.
+static void DrawRun(HDC canvas, FaceFont& face, TextRuns& runs, const TextRuns::Run& run) {
+    const std::string_view text = std::string_view(runs.text).substr(run.textStart, run.textLength);
+    runs.advances.clear();
+    for (const char letter : text) runs.advances.push_back(face.widths[static_cast<unsigned char>(letter)]);
+    ExtTextOutA(canvas, run.x, run.y, 0, nullptr, text.data(), static_cast<UINT>(text.size()),
+                face.widthsAddUp ? runs.advances.data() : nullptr);
+}
+
 void DrawRuns(HDC canvas, Faces& faces, TextRuns& runs, const RECT& client, COLORREF keyWordColor) {
     FillRect(canvas, &client, GetSysColorBrush(COLOR_WINDOW));
     SetBkMode(canvas, OPAQUE);
@@ -142,7 +166,7 @@ void DrawRuns(HDC canvas, Faces& faces, TextRuns& runs, const RECT& client, COLO
             if (!fontTaken) SelectObject(canvas, Ready(faces, run.face).font.get());
             fontTaken = true;
             TakeColors(canvas, run.color, keyWordColor);
-            TextOutA(canvas, run.x, run.y, runs.text.data() + run.textStart, static_cast<int>(run.textLength));
+            DrawRun(canvas, faces.fonts[face], runs, run);
         }
     }
     SelectObject(canvas, fontBefore);

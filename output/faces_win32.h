@@ -50,10 +50,13 @@ struct TextRuns {
     };
     std::vector<Run> runs;
     std::string text;
+    std::vector<int> advances;  // from letter to letter, of the run being drawn
 };
 
-// Adds a piece of text, `width` wide, behind the last one where it goes on in the same line, face and colour.
-void AddText(TextRuns& runs, Face face, TextColor color, int x, int y, int width, std::string_view text);
+// Adds a piece of text, `width` wide, behind the last one where it goes on in the same line, face and colour. A face
+// whose widths do not add up is drawn piece by piece.
+void AddText(TextRuns& runs, const Faces& faces, Face face, TextColor color, int x, int y, int width,
+             std::string_view text);
 
 // Clears `client` of the canvas to the window colour, draws the runs there and empties them. Key words take
 // `keyWordColor`; all else the system's colours.

@@ -68,7 +68,8 @@ static TextColor ColorOf(const OrderedSelection& selection, const FlowBox& box) 
 static void LayOutRuns(const RECT& client) {
     const OrderedSelection selection = Ordered(theSelection);
     const FlowEnd end = WalkPassage(FlowOf(client), FlowFaces::kAsPainted, [&selection](const FlowBox& box) {
-        AddText(thePassage.runs, box.face, ColorOf(selection, box), box.x, box.y, box.width, box.text);
+        AddText(thePassage.runs, thePassage.faces, box.face, ColorOf(selection, box), box.x, box.y, box.width,
+                box.text);
         return true;
     });
     thePassage.view.LastVisibleVerse = end.lastVerse;

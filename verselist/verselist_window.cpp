@@ -171,7 +171,8 @@ static void LayOutRuns(const RECT& client) {
     const OrderedSelection selection = Ordered(theSelection);
     VerseList& list = theVerseList.list;
     const ListFlowEnd end = WalkVerseList(FlowOf(client), [&selection](const ListBoxPiece& piece) {
-        AddText(theVerseList.runs, piece.face, ColorOf(selection, piece), piece.x, piece.y, piece.width, piece.text);
+        AddText(theVerseList.runs, theVerseList.faces, piece.face, ColorOf(selection, piece), piece.x, piece.y,
+                piece.width, piece.text);
         return true;
     });
     list.ListLastVisible = end.lastEntry;
