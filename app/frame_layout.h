@@ -1,9 +1,9 @@
 // Where the frame's panes lie: rectangles from sizes.
 #pragma once
 
-struct Rectangle {
+struct Area {
     int x = 0, y = 0, width = 0, height = 0;
-    bool operator==(const Rectangle&) const = default;
+    bool operator==(const Area&) const = default;
 };
 
 // Which panes the user shows; kept in the settings.
@@ -23,7 +23,7 @@ struct FrameSize {
 // A hidden pane has `shown` false and its rectangle unset. Sizes are never negative, however small the frame.
 struct PanePlace {
     bool shown = false;
-    Rectangle place;
+    Area place;
 };
 
 struct FrameLayout {
@@ -35,5 +35,5 @@ FrameLayout LayOutFrame(const FrameSize& size, const ShownPanes& shown, bool edi
 
 inline constexpr int kStatusPartCount = 5;
 
-// Right edges of the status bar's parts for a bar `width` wide; the last is -1, the right end.
+// Right edges of the status bar's parts for a bar `width` wide; the last is -1, the right end, no other is negative.
 void StatusPartEdges(int width, int (&edges)[kStatusPartCount]);

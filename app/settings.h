@@ -64,8 +64,12 @@ struct ProfileFile {
 FramePlacement LoadPlacement(const ProfileFile& profile);
 
 // Reads everything else: MISC, SEARCH, FORMAT, VIEW, BOOKMARKS, OPTIONS. `systemHighlight` (0x00bbggrr) stands in for a
-// colour never chosen. Values that would name a verse or a set that there is not are brought back to 0.
+// colour never chosen. The note sets are found before. What would name a verse or a set that there is not is brought
+// back: the Passage's verse, the note's, a bookmark and the set to 0, the search range, also where it is crossed, to
+// the whole Bible. A font is at most 10,000 pixels high; a negative height is kept for the run. Everything else comes
+// as it stands, eight-bit values cut to eight bits: their users give every value a meaning.
 void LoadSettings(const ProfileFile& profile, const Settings& settings, std::uint32_t systemHighlight);
 
-// Writes SEARCH, FORMAT, VIEW, BOOKMARKS, OPTIONS, MISC; the placement last, and only where there is one.
+// Writes SEARCH, FORMAT, VIEW, BOOKMARKS, OPTIONS, MISC; the placement last, and only where there is one. Font heights
+// are written without their sign.
 void SaveSettings(const ProfileFile& profile, const Settings& settings, const FramePlacement* placement);

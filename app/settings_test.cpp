@@ -1,1 +1,327 @@
-// Being written.
+#include "app/settings.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+
+// A settings file with the manners of the private-profile functions: names are compared without case; text loses the
+// blanks round it, then one pair of quotes; a number is a minus sign and digits, up to what is neither.
+struct FakeProfile {
+    std::map<std::string, std::string> values;  // "SECTION/Key" -> text
+    std::vector<std::string> reads;             // "SECTION/Key"
+    std::vector<std::string> writes;            // "SECTION/Key=text"
+};
+
+static FakeProfile& ProfileOf(void* device) {
+    return *static_cast<FakeProfile*>(device);
+}
+
+static std::string PathOf(const char* section, const char* key) {
+    return std::string(section) + '/' + key;
+}
+
+static std::string WithoutBlanks(const std::string& text) {
+    const std::size_t first = text.find_first_not_of(" \t");
+    return first == std::string::npos ? "" : text.substr(first, text.find_last_not_of(" \t") + 1 - first);
+}
+
+static std::string WithoutQuotes(const std::string& text) {
+    const bool quoted = text.size() >= 2 && text.front() == text.back() && (text[0] == '"' || text[0] == '\'');
+    return quoted ? text.substr(1, text.size() - 2) : text;
+}
+
+static std::string ReadText(void* device, const char* section, const char* key, const char* missing, int limit) {
+    FakeProfile& profile = ProfileOf(device);
+    const std::string path = PathOf(section, key);
+    profile.reads.push_back(path);
+    const auto found = profile.values.find(path);
+    const std::string text =
+        found == profile.values.end() ? WithoutBlanks(missing) : WithoutQuotes(WithoutBlanks(found->second));
+    return text.substr(0, static_cast<std::size_t>(limit));
+}
+
+static int ReadInteger(void* device, const char* section, const char* key, int missing) {
+    const std::string text = ReadText(device, section, key, "", 99);
+    if (text.empty()) return missing;
+    const bool negative = text[0] == '-';
+    std::uint32_t number = 0;
+    for (std::size_t i = negative ? 1 : 0; i < text.size() && text[i] >= '0' && text[i] <= '9'; ++i)
+        number = 10 * number + static_cast<std::uint32_t>(text[i] - '0');
+    return static_cast<int>(negative ? 0 - number : number);
+}
+
+static void WriteText(void* device, const char* section, const char* key, const char* text) {
+    const std::string path = PathOf(section, key);
+    ProfileOf(device).writes.push_back(path + '=' + text);
+    ProfileOf(device).values[path] = text;
+}
+
+static ProfileFile DeviceOver(FakeProfile& profile) {
+    return {&profile, ReadInteger, ReadText, WriteText};
+}
+
+// All that settings live in, with two note sets.
+struct Owners {
+    PassageView passage;
+    NoteSets notes;
+    int BindNotes = -9;  // wrong on purpose, as is all that a load must set
+    SearchState search;
+    FormatOptions format{9, 9, 9, 9, 9, 9};
+    ShownPanes shown{9, 9, 9, 9};
+    Bookmarks bookmarks;
+    ReadingOptions reading{9, 9, 9};
+    Fonts fonts{{9, 9, "x"}, {9, 9, "x"}, {9, 9, "x"}};
+};
+
+static Owners MakeOwners() {
+    Owners owners;
+    owners.passage.TopVerse = 9;
+    owners.notes.sets.resize(2);
+    owners.bookmarks.verses.fill(9);
+    owners.search.options = {9, 9, 9, 9};
+    owners.search.range = {9, 9};
+    owners.search.history.fill("x");
+    return owners;
+}
+
+static Settings SettingsOf(Owners& owners) {
+    return {owners.passage, owners.notes,     owners.BindNotes, owners.search, owners.format,
+            owners.shown,   owners.bookmarks, owners.reading,   owners.fonts};
+}
+
+static constexpr std::uint32_t kSystemHighlight = 0x800000;
+
+static Owners Loaded(FakeProfile& profile) {
+    Owners owners = MakeOwners();
+    LoadSettings(DeviceOver(profile), SettingsOf(owners), kSystemHighlight);
+    return owners;
+}
+
+static void Save(FakeProfile& profile, Owners& owners, const FramePlacement* placement) {
+    profile.writes.clear();
+    SaveSettings(DeviceOver(profile), SettingsOf(owners), placement);
+}
+
+static const std::vector<std::string> kWrittenByDefault = {
+    "SEARCH/BooleanType=0",
+    "SEARCH/CaseSensitive=0",
+    "SEARCH/SubString=0",
+    "SEARCH/Proximity=0",
+    "SEARCH/StartVerse=0",
+    "SEARCH/EndVerse=31101",
+    "SEARCH/PreviousSearch0=",
+    "SEARCH/PreviousSearch1=",
+    "SEARCH/PreviousSearch2=",
+    "SEARCH/PreviousSearch3=",
+    "SEARCH/PreviousSearch4=",
+    "SEARCH/PreviousSearch5=",
+    "SEARCH/PreviousSearch6=",
+    "SEARCH/PreviousSearch7=",
+    "SEARCH/PreviousSearch8=",
+    "SEARCH/PreviousSearch9=",
+    "FORMAT/FirstVerseStyle=0",
+    "FORMAT/SubsequentVerseStyle=1",
+    "FORMAT/Location=0",
+    "FORMAT/LineBreaks=1",
+    "FORMAT/ParagraphMarks=1",
+    "FORMAT/Brackets=0",
+    "VIEW/VerseListWindow=1",
+    "VIEW/ReadWindow=1",
+    "VIEW/NotesWindow=1",
+    "VIEW/ToolBar=1",
+    "BOOKMARKS/1=0",
+    "BOOKMARKS/2=0",
+    "BOOKMARKS/3=0",
+    "BOOKMARKS/4=0",
+    "BOOKMARKS/5=0",
+    "BOOKMARKS/6=0",
+    "BOOKMARKS/7=0",
+    "BOOKMARKS/8=0",
+    "BOOKMARKS/9=0",
+    "BOOKMARKS/10=0",
+    "OPTIONS/Paragraph Format=0",
+    "OPTIONS/Italics=0",
+    "OPTIONS/KeyHighlightColor=8388608",
+    "OPTIONS/ReadWindowFontHeight=16",
+    "OPTIONS/ReadWindowFontWeight=400",
+    "OPTIONS/ReadWindowFontName=Times New Roman",
+    "OPTIONS/VerseListFontHeight=16",
+    "OPTIONS/VerseListFontWeight=400",
+    "OPTIONS/VerseListFontName=Times New Roman",
+    "OPTIONS/NoteFontHeight=12",
+    "OPTIONS/NoteFontWeight=400",
+    "OPTIONS/NoteFontName=Courier New",
+    "MISC/ReadVerse=0",
+    "MISC/Note=0",
+    "MISC/NoteVerse=0",
+    "MISC/BindNotes=1",
+};
+
+TEST(Settings, HaveTheirDefaultsWithoutAFile) {
+    FakeProfile profile;
+    Owners owners = Loaded(profile);
+    Save(profile, owners, nullptr);
+    EXPECT_EQ(profile.writes, kWrittenByDefault);
+}
+
+TEST(Settings, AreWrittenInOrderWithThePlacementLast) {
+    FakeProfile profile;
+    Owners owners = Loaded(profile);
+    const FramePlacement placement{-8, 30, 1000, 700, 2};
+    Save(profile, owners, &placement);
+    std::vector<std::string> expected = kWrittenByDefault;
+    for (const char* line : {"MISC/XPos=-8", "MISC/YPos=30", "MISC/Width=1000", "MISC/Height=700", "MISC/Maxed=2"})
+        expected.push_back(line);
+    EXPECT_EQ(profile.writes, expected);
+}
+
+TEST(Settings, AreReadBySections) {
+    FakeProfile profile;
+    Loaded(profile);
+    std::vector<std::string> sections;
+    for (const std::string& path : profile.reads) {
+        const std::string section = path.substr(0, path.find('/'));
+        if (sections.empty() || sections.back() != section) sections.push_back(section);
+    }
+    EXPECT_EQ(sections, (std::vector<std::string>{"MISC", "SEARCH", "FORMAT", "VIEW", "BOOKMARKS", "OPTIONS"}));
+    EXPECT_EQ((std::vector<std::string>{profile.reads.begin(), profile.reads.begin() + 4}),
+              (std::vector<std::string>{"MISC/ReadVerse", "MISC/Note", "MISC/NoteVerse", "MISC/BindNotes"}));
+    EXPECT_EQ(profile.reads.size(), kWrittenByDefault.size());
+}
+
+TEST(Settings, ReadThePlacementAlone) {
+    FakeProfile profile;
+    const FramePlacement missing = LoadPlacement(DeviceOver(profile));
+    for (const int value : {missing.XPos, missing.YPos, missing.Width, missing.Height})
+        EXPECT_EQ(value, -2147483647 - 1);
+    EXPECT_EQ(missing.Maxed, 0);
+    EXPECT_EQ(profile.reads.size(), 5u);
+
+    profile.values = {{"MISC/XPos", "-20"}, {"MISC/YPos", "7"}, {"MISC/Width", "300"}, {"MISC/Maxed", "3"}};
+    const FramePlacement stored = LoadPlacement(DeviceOver(profile));
+    EXPECT_EQ(stored.XPos, -20);
+    EXPECT_EQ(stored.YPos, 7);
+    EXPECT_EQ(stored.Width, 300);
+    EXPECT_EQ(stored.Height, kUseDefault);
+    EXPECT_EQ(stored.Maxed, 3);
+}
+
+// Each key has a value of its own, so that a key tied to another's field shows.
+TEST(Settings, ComeBackAsTheyWereWritten) {
+    FakeProfile profile;
+    int number = 1;
+    for (const std::string& line : kWrittenByDefault) {
+        const std::string path = line.substr(0, line.find('='));
+        profile.values[path] = std::to_string(number++);
+    }
+    profile.values["MISC/Note"] = "1";
+    profile.values["SEARCH/EndVerse"] = "777";
+    const std::map<std::string, std::string> before = profile.values;
+    Owners owners = Loaded(profile);
+    Save(profile, owners, nullptr);
+    EXPECT_EQ(profile.values, before);
+    EXPECT_EQ(owners.search.range.EndVerse, 777);
+    EXPECT_EQ(owners.search.history[9], "16");
+    EXPECT_EQ(owners.bookmarks.verses[0], 27);
+    EXPECT_EQ(owners.bookmarks.verses[9], 36);
+    EXPECT_EQ(owners.reading.ParagraphFormat, 37);
+    EXPECT_EQ(owners.fonts.verseList.weight, 44);
+    EXPECT_EQ(owners.fonts.notes.name, "48");
+    EXPECT_EQ(owners.passage.TopVerse, 49);
+    EXPECT_EQ(owners.notes.currentSet, 1);
+    EXPECT_EQ(owners.notes.currentVerse, 51);
+}
+
+TEST(Settings, GoThroughOneRunAs) {
+    static const struct {
+        const char* path;
+        std::string stored;
+        std::string written;
+    } kRows[] = {
+        // Eight-bit values are signed when they are written.
+        {"FORMAT/FirstVerseStyle", "200", "-56"},
+        {"FORMAT/FirstVerseStyle", "-56", "-56"},
+        {"FORMAT/SubsequentVerseStyle", "127", "127"},
+        {"FORMAT/SubsequentVerseStyle", "128", "-128"},
+        {"FORMAT/Location", "257", "1"},
+        {"OPTIONS/Paragraph Format", "256", "0"},
+        {"OPTIONS/Italics", "255", "-1"},
+        {"OPTIONS/Italics", "7", "7"},
+        // Flags come as they stand.
+        {"FORMAT/LineBreaks", "-300", "-300"},
+        {"VIEW/ToolBar", "2147483647", "2147483647"},
+        {"SEARCH/BooleanType", "99", "99"},
+        {"SEARCH/BooleanType", "-1", "-1"},
+        {"SEARCH/Proximity", "12", "12"},  // no search uses it
+        {"MISC/BindNotes", "0", "0"},
+        {"MISC/BindNotes", "yes", "0"},
+        {"MISC/BindNotes", "  5 panes", "5"},
+        // Verses and sets that there are not.
+        {"MISC/ReadVerse", "31101", "31101"},
+        {"MISC/ReadVerse", "31102", "0"},
+        {"MISC/ReadVerse", "-1", "0"},
+        {"MISC/ReadVerse", "-2147483648", "0"},
+        {"MISC/NoteVerse", "31101", "31101"},
+        {"MISC/NoteVerse", "40000", "0"},
+        {"MISC/NoteVerse", "-5", "0"},
+        {"MISC/Note", "1", "1"},
+        {"MISC/Note", "2", "0"},
+        {"MISC/Note", "-1", "0"},
+        {"BOOKMARKS/10", "31101", "31101"},
+        {"BOOKMARKS/10", "31102", "0"},
+        {"BOOKMARKS/1", "-1", "0"},
+        // Fonts.
+        {"OPTIONS/NoteFontHeight", "20", "20"},
+        {"OPTIONS/NoteFontHeight", "-20", "20"},
+        {"OPTIONS/ReadWindowFontHeight", "0", "0"},
+        {"OPTIONS/ReadWindowFontHeight", "2147483647", "10000"},
+        {"OPTIONS/VerseListFontHeight", "-2147483648", "10000"},
+        {"OPTIONS/VerseListFontName", "A name of thirty-one characters and more", "A name of thirty-one characters"},
+        {"OPTIONS/ReadWindowFontName", "", ""},
+        // Colours are unsigned.
+        {"OPTIONS/KeyHighlightColor", "4294967295", "4294967295"},
+        {"OPTIONS/KeyHighlightColor", "2147483648", "2147483648"},
+        {"OPTIONS/KeyHighlightColor", "255", "255"},
+        {"OPTIONS/KeyHighlightColor", "99999999999999999999999", "4294967295"},
+        {"OPTIONS/KeyHighlightColor", "red", "0"},
+        // The search history.
+        {"SEARCH/PreviousSearch3", "faith hope charity", "faith hope charity"},
+        {"SEARCH/PreviousSearch3", "\"in the beginning\"", "in the beginning"},
+        {"SEARCH/PreviousSearch3", "  blanks  ", "blanks"},
+        {"SEARCH/PreviousSearch9", std::string(199, 'a'), std::string(199, 'a')},
+        {"SEARCH/PreviousSearch9", std::string(200, 'a'), std::string(199, 'a')},
+        {"SEARCH/PreviousSearch0", " ", ""},
+    };
+    for (const auto& row : kRows) {
+        FakeProfile profile;
+        profile.values[row.path] = row.stored;
+        Owners owners = Loaded(profile);
+        Save(profile, owners, nullptr);
+        EXPECT_EQ(profile.values[row.path], row.written) << row.path << ' ' << row.stored;
+    }
+}
+
+TEST(Settings, KeepANegativeFontHeightForTheRun) {
+    FakeProfile profile;
+    profile.values["OPTIONS/ReadWindowFontHeight"] = "-20";
+    EXPECT_EQ(Loaded(profile).fonts.passage.height, -20);
+}
+
+TEST(Settings, SearchTheWholeBibleWhereTheRangeIsNone) {
+    static constexpr struct {
+        const char* start;
+        const char* end;
+        int StartVerse, EndVerse;
+    } kRows[] = {
+        {"5", "10", 5, 10},     {"10", "10", 10, 10},         {"31101", "31101", 31101, 31101},
+        {"10", "5", 0, 31101},  {"-1", "10", 0, 31101},       {"5", "31102", 0, 31101},
+        {"-5", "-1", 0, 31101}, {"40000", "50000", 0, 31101}, {"-2147483648", "2147483647", 0, 31101},
+    };
+    for (const auto& row : kRows) {
+        FakeProfile profile;
+        profile.values = {{"SEARCH/StartVerse", row.start}, {"SEARCH/EndVerse", row.end}};
+        const Owners owners = Loaded(profile);
+        EXPECT_EQ(owners.search.range.StartVerse, row.StartVerse) << row.start << ' ' << row.end;
+        EXPECT_EQ(owners.search.range.EndVerse, row.EndVerse) << row.start << ' ' << row.end;
+    }
+}
