@@ -54,8 +54,8 @@ FlowEnd WalkPassage(const PassageFlow& flow, FlowFaces faces, const std::functio
 // Lays out from flow.topVerse without drawing and brings `view` up to date, corrections included.
 void MeasurePassage(const PassageFlow& flow, PassageView& view);
 
-// Verse and ordinal at a point of the client area; (-1, -1) below the last line laid out. A point left of the area or
-// above it counts as one on its edge.
+// Verse and ordinal at a point of the client area; (-1, -1) below the last line laid out. A point outside the
+// area counts as one on its edge.
 SelectionPoint HitTestPassage(const PassageFlow& flow, int x, int y);
 
 // Top verse after a scroll, from `view` as the last pass left it; equal to view.TopVerse where nothing moves. See

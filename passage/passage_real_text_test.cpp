@@ -1,0 +1,198 @@
+// What must hold of the Passage for every verse of the real text.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "passage/passage_flow.h"
+#include "tests/support/even_letters.h"
+#include "tests/support/native_scripture.h"
+
+static PassageFlow RealFlow(int italics, bool paragraphs) {
+    PassageFlow flow;
+    flow.scripture = &TheRealScripture();
+    flow.measure = EvenLetters();
+    flow.options.Italics = static_cast<std::int8_t>(italics);
+    flow.options.ParagraphFormat = paragraphs;
+    flow.width = 700;
+    flow.height = 420;
+    return flow;
+}
+
+struct LaidOutVerse {
+    int lastWord = 0;
+    std::string text;  // of its words, joined
+};
+
+// The whole Bible in one pane.
+static std::vector<LaidOutVerse> LayOutAll(PassageFlow flow, FlowFaces faces) {
+    flow.height = 1 << 30;
+    std::vector<LaidOutVerse> verses(kVerseCount);
+    WalkPassage(flow, faces, [&verses](const FlowBox& box) {
+        if (box.kind != BoxKind::kWord) return true;
+        LaidOutVerse& verse = verses[static_cast<std::size_t>(box.point.place)];
+        EXPECT_TRUE(box.point.word == verse.lastWord || box.point.word == verse.lastWord + 1);
+        verse.lastWord = box.point.word;
+        verse.text += box.text;
+        return true;
+    });
+    return verses;
+}
+
+// The words of a verse as a mode shows them.
+static std::string ExpectedText(int verse, int italics, bool paragraphs) {
+    std::string text(VerseText(TheRealScripture(), verse));
+    if (italics != kBracketed) std::erase_if(text, [](char byte) { return byte == '[' || byte == ']'; });
+    if (BeginsParagraph(text)) text.replace(0, 1, paragraphs ? "" : "\xB6 ");
+    return text + ' ';
+}
+
+TEST(RealPassage, ShowsEveryVerseWholeAndCountsItsWordsAlikeInAllUses) {
+    for (const int italics : {0, 1, 2}) {
+        for (const bool paragraphs : {false, true}) {
+            const PassageFlow flow = RealFlow(italics, paragraphs);
+            const std::vector<LaidOutVerse> painted = LayOutAll(flow, FlowFaces::kAsPainted);
+            const std::vector<LaidOutVerse> measured = LayOutAll(flow, FlowFaces::kAsMeasured);
+            for (int verse = 0; verse < kVerseCount; ++verse) {
+                const auto at = static_cast<std::size_t>(verse);
+                ASSERT_EQ(painted[at].text, ExpectedText(verse, italics, paragraphs)) << "verse " << verse;
+                ASSERT_EQ(painted[at].text, measured[at].text) << "verse " << verse;
+                ASSERT_EQ(painted[at].lastWord, measured[at].lastWord) << "verse " << verse;
+            }
+        }
+    }
+}
+
+// Tops spread over the Bible, its ends among them.
+static std::vector<int> SomeTops() {
+    std::vector<int> tops = {0, 1, 2, 30, 31, 31080, 31099, 31100, 31101};
+    for (int top = 40; top < kVerseCount; top += 613) tops.push_back(top);
+    return tops;
+}
+
+static std::vector<FlowBox> MeasuredBoxes(const PassageFlow& flow) {
+    std::vector<FlowBox> boxes;
+    WalkPassage(flow, FlowFaces::kAsMeasured, [&boxes](const FlowBox& box) {
+        if (box.kind != BoxKind::kHeading && box.y < 420) boxes.push_back(box);
+        return true;
+    });
+    return boxes;
+}
+
+TEST(RealPassage, EveryBoxIsHitWhereItStands) {
+    for (const bool paragraphs : {false, true}) {
+        PassageFlow flow = RealFlow(kItalicType, paragraphs);
+        for (const int top : SomeTops()) {
+            flow.topVerse = top;
+            for (const FlowBox& box : MeasuredBoxes(flow)) {
+                for (const int x : {box.x + 1, box.x + box.width / 2, box.x + box.width}) {
+                    const int y = std::min(box.y + 1 + x % 18, flow.height - 1);
+                    ASSERT_EQ(HitTestPassage(flow, x, y), box.point) << "top " << top << " at " << x << ", " << y;
+                }
+            }
+        }
+    }
+}
+
+TEST(RealPassage, NoPointOfAFullPaneIsEmpty) {
+    for (const bool paragraphs : {false, true}) {
+        PassageFlow flow = RealFlow(kItalicType, paragraphs);
+        for (const int top : {0, 29, 1000, 20000}) {
+            flow.topVerse = top;
+            for (int y = 0; y < flow.height; y += 19)
+                for (int x = 0; x < flow.width; x += 13)
+                    ASSERT_GE(HitTestPassage(flow, x, y).place, top) << "at " << x << ", " << y;
+        }
+    }
+}
+
+static PassageView Measured(PassageFlow flow, int top) {
+    PassageView view;
+    flow.topVerse = top;
+    MeasurePassage(flow, view);
+    return view;
+}
+
+TEST(RealPassage, PageUpShowsTheOldTopLastWhereAnyTopDoes) {
+    int shownLast = 0;
+    for (const bool paragraphs : {false, true}) {
+        const PassageFlow flow = RealFlow(kItalicType, paragraphs);
+        for (const int oldTop : SomeTops()) {
+            const int newTop = ScrolledTop(flow, Measured(flow, oldTop), ScrollCode::kPageUp, 0);
+            if (oldTop == 0) {
+                EXPECT_EQ(newTop, 0);
+                continue;
+            }
+            ASSERT_LT(newTop, oldTop) << "page up always moves";
+            const int lastVisible = Measured(flow, newTop).LastVisibleVerse;
+            if (newTop > 0) {
+                EXPECT_LT(Measured(flow, newTop - 1).LastVisibleVerse, oldTop) << "an earlier top shows it too";
+                EXPECT_LE(lastVisible, oldTop);
+            }
+            if (lastVisible == oldTop) ++shownLast;
+            // Where none shows it last, the next top shows more than the old one.
+            if (lastVisible < oldTop) {
+                EXPECT_GT(Measured(flow, newTop + 1).LastVisibleVerse, oldTop);
+            }
+        }
+    }
+    EXPECT_GT(shownLast, static_cast<int>(SomeTops().size()));  // of twice as many
+}
+
+TEST(RealPassage, ScrollsByLinesPagesAndThumb) {
+    const PassageFlow flow = RealFlow(kItalicType, false);
+    struct Row {
+        int top;
+        ScrollCode code;
+        int thumb, newTop;
+    };
+    const Row rows[] = {
+        {0, ScrollCode::kLineUp, 0, 0},           {1, ScrollCode::kLineUp, 0, 0},
+        {31101, ScrollCode::kLineDown, 0, 31101}, {31100, ScrollCode::kLineDown, 0, 31101},
+        {31101, ScrollCode::kPageDown, 0, 31101}, {31099, ScrollCode::kPageDown, 0, 31101},
+        {7, ScrollCode::kThumb, 31101, 31101},    {7, ScrollCode::kThumb, 40000, 31101},
+        {7, ScrollCode::kThumb, -5, 0},           {7, ScrollCode::kThumb, 12, 12},
+    };
+    for (const Row& row : rows)
+        EXPECT_EQ(ScrolledTop(flow, Measured(flow, row.top), row.code, row.thumb), row.newTop) << row.top;
+}
+
+TEST(RealPassage, PageDownReachesTheEndAndMovesPastVersesTallerThanThePane) {
+    PassageFlow flow = RealFlow(kItalicType, true);
+    flow.width = 160;
+    flow.height = 60;  // three lines: nearly every verse is taller
+    int top = 31000;
+    for (int pages = 0; top < kLastVerse; ++pages) {
+        ASSERT_LT(pages, 200);
+        const int next = ScrolledTop(flow, Measured(flow, top), ScrollCode::kPageDown, 0);
+        ASSERT_GT(next, top);
+        top = next;
+    }
+}
+
+TEST(RealPassage, AsksOnceAVerseWhetherItHasANote) {
+    // Only the last verse's note is measured by its file, so that the questions can be counted.
+    int questions = 0;
+    NoteFiles files;
+    files.device = &questions;
+    files.size = [](void* device, const std::string&) -> std::uint64_t {
+        ++*static_cast<int*>(device);
+        return 31109;
+    };
+    NoteSets notes;
+    notes.sets = {{"My Notes.nmd", std::vector<std::uint32_t>(kVerseCount)}};
+    for (std::size_t verse = 0; verse < notes.sets[0].offsets.size(); ++verse)
+        notes.sets[0].offsets[verse] = static_cast<std::uint32_t>(verse);
+    PassageFlow flow = RealFlow(kItalicType, false);
+    flow.notes = &notes;
+    flow.noteFiles = &files;
+    flow.topVerse = kLastVerse;
+    std::string label;
+    WalkPassage(flow, FlowFaces::kAsPainted, [&label](const FlowBox& box) {
+        if (box.kind == BoxKind::kLabel) label = box.text;
+        return true;
+    });
+    EXPECT_EQ(label, " *Re 22:21 ");
+    EXPECT_EQ(questions, 1);
+}
