@@ -1,0 +1,217 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <set>
+
+#include "resources/script_fixture.h"
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::Not;
+
+struct ExpectedControl {
+    const char* dialog;
+    int id;
+    const char* kind;
+    const char* text;  // as shown, without the access key
+};
+
+static constexpr ExpectedControl kControls[] = {
+    {"WORDSEARCH", 10, "COMBOBOX", "Word(s):"},
+    {"WORDSEARCH", 11, "BS_AUTORADIOBUTTON", "all"},
+    {"WORDSEARCH", 12, "BS_AUTORADIOBUTTON", "at least one"},
+    {"WORDSEARCH", 13, "BS_AUTORADIOBUTTON", "only one"},
+    {"WORDSEARCH", 14, "BS_AUTOCHECKBOX", "Case sensitive"},
+    {"WORDSEARCH", 15, "BS_AUTOCHECKBOX", "Substring matches"},
+    {"WORDSEARCH", 1, "DEFPUSHBUTTON", "OK"},
+    {"WORDSEARCH", 2, "PUSHBUTTON", "Cancel"},
+    {"WORDSEARCH", 20, "PUSHBUTTON", "Range..."},
+    {"WORDSEARCH", 9, "PUSHBUTTON", "Help"},
+    {"WORDLISTSEARCH", 10, "COMBOBOX", "Word(s):"},
+    {"WORDLISTSEARCH", 11, "BS_AUTORADIOBUTTON", "all"},
+    {"WORDLISTSEARCH", 12, "BS_AUTORADIOBUTTON", "at least one"},
+    {"WORDLISTSEARCH", 13, "BS_AUTORADIOBUTTON", "only one"},
+    {"WORDLISTSEARCH", 14, "BS_AUTOCHECKBOX", "Case sensitive"},
+    {"WORDLISTSEARCH", 15, "BS_AUTOCHECKBOX", "Substring matches"},
+    {"WORDLISTSEARCH", 19, "COMBOBOX", "Word list:"},
+    {"WORDLISTSEARCH", 18, "PUSHBUTTON", "<< Add"},
+    {"WORDLISTSEARCH", 1, "DEFPUSHBUTTON", "OK"},
+    {"WORDLISTSEARCH", 2, "PUSHBUTTON", "Cancel"},
+    {"WORDLISTSEARCH", 20, "PUSHBUTTON", "Range..."},
+    {"WORDLISTSEARCH", 9, "PUSHBUTTON", "Help"},
+    {"PHRASESEARCH", 10, "COMBOBOX", "Phrase:"},
+    {"PHRASESEARCH", 14, "BS_AUTOCHECKBOX", "Case sensitive"},
+    {"PHRASESEARCH", 1, "DEFPUSHBUTTON", "OK"},
+    {"PHRASESEARCH", 2, "PUSHBUTTON", "Cancel"},
+    {"PHRASESEARCH", 20, "PUSHBUTTON", "Range..."},
+    {"PHRASESEARCH", 9, "PUSHBUTTON", "Help"},
+    {"SETRANGE", 20, "EDITTEXT", "Range:"},
+    {"SETRANGE", 101, "PUSHBUTTON", "O. T."},
+    {"SETRANGE", 102, "PUSHBUTTON", "N. T."},
+    {"SETRANGE", 103, "PUSHBUTTON", "Entire"},
+    {"SETRANGE", 1, "DEFPUSHBUTTON", "OK"},
+    {"SETRANGE", 2, "PUSHBUTTON", "Cancel"},
+    {"SETRANGE", 9, "PUSHBUTTON", "Help"},
+    {"GOTOVERSE", 10, "EDITTEXT", "Verse:"},
+    {"GOTOVERSE", 1, "DEFPUSHBUTTON", "OK"},
+    {"GOTOVERSE", 2, "PUSHBUTTON", "Cancel"},
+    {"GOTOVERSE", 9, "PUSHBUTTON", "Help"},
+    {"ABOUT", 1, "DEFPUSHBUTTON", "OK"},
+    {"SPLASHSCREEN", 111, "CTEXT", ""},
+};
+
+struct ExpectedTitle {
+    const char* dialog;
+    const char* title;
+};
+
+static constexpr ExpectedTitle kTitles[] = {
+    {"WORDSEARCH", "Word Search"},
+    {"WORDLISTSEARCH", "Word Search"},
+    {"PHRASESEARCH", "Phrase Search"},
+    {"SETRANGE", "Set Search Range"},
+    {"GOTOVERSE", "Go To Verse"},
+    {"ABOUT", "About Versewell97"},
+    {"SPLASHSCREEN", ""},
+};
+
+static const DialogScript& Dialog(const std::string& name) {
+    for (const DialogScript& dialog : Script().dialogs)
+        if (dialog.name == name) return dialog;
+    throw std::runtime_error("no dialog " + name);
+}
+
+static bool IsField(const DialogControl& control) {
+    return control.kind == "COMBOBOX" || control.kind == "EDITTEXT";
+}
+
+static std::string WithoutAccessKey(std::string text) {
+    std::erase(text, '&');
+    return text;
+}
+
+// A field's text is that of the label before it.
+static std::string ShownText(const DialogScript& dialog, std::size_t place) {
+    const DialogControl& control = dialog.controls[place];
+    if (!IsField(control)) return WithoutAccessKey(control.text);
+    if (place == 0 || dialog.controls[place - 1].kind != "LTEXT") return "(no label)";
+    return WithoutAccessKey(dialog.controls[place - 1].text);
+}
+
+// A drop-down takes no more room than its field until it is opened.
+static int ClosedHeight(const DialogControl& control) {
+    return control.styles.find("CBS_DROPDOWN") != std::string::npos ? 14 : control.height;
+}
+
+static bool Overlap(const DialogControl& a, const DialogControl& b) {
+    return a.x < b.x + b.width && b.x < a.x + a.width && a.y < b.y + ClosedHeight(b) && b.y < a.y + ClosedHeight(a);
+}
+
+TEST(Dialogs, HaveTheirTitles) {
+    for (const ExpectedTitle& expected : kTitles) EXPECT_EQ(Dialog(expected.dialog).title, expected.title);
+}
+
+TEST(Dialogs, HaveTheirControls) {
+    for (const ExpectedControl& expected : kControls) {
+        const DialogScript& dialog = Dialog(expected.dialog);
+        int found = 0;
+        for (std::size_t place = 0; place < dialog.controls.size(); ++place) {
+            if (dialog.controls[place].id != expected.id) continue;
+            ++found;
+            EXPECT_EQ(dialog.controls[place].kind, expected.kind) << expected.dialog << " " << expected.id;
+            EXPECT_EQ(ShownText(dialog, place), expected.text) << expected.dialog << " " << expected.id;
+        }
+        EXPECT_EQ(found, 1) << expected.dialog << " " << expected.id;
+    }
+}
+
+TEST(Dialogs, ReadAsASentenceRoundTheThreeChoices) {
+    for (const char* name : {"WORDSEARCH", "WORDLISTSEARCH"}) {
+        std::vector<std::string> texts;
+        const DialogScript& dialog = Dialog(name);
+        for (std::size_t place = 2; place < 7; ++place) texts.push_back(WithoutAccessKey(dialog.controls[place].text));
+        EXPECT_THAT(texts, ElementsAre("Find verses with", "all", "at least one", "only one", "of these words"));
+    }
+}
+
+TEST(Dialogs, AccessKeysMeanOneThing) {
+    for (const DialogScript& dialog : Script().dialogs) {
+        std::set<char> taken;
+        for (const DialogControl& control : dialog.controls) {
+            const char key = AccessKey(control.text);
+            if (key != 0) {
+                EXPECT_TRUE(taken.insert(key).second) << dialog.name << ": " << control.text;
+            }
+        }
+    }
+}
+
+TEST(Dialogs, AccessKeysReachEveryFieldAndChoice) {
+    for (const DialogScript& dialog : Script().dialogs)
+        for (std::size_t place = 0; place < dialog.controls.size(); ++place) {
+            const DialogControl& control = dialog.controls[place];
+            if (control.id <= 2) continue;  // statics; Enter and Escape
+            const std::string& text = IsField(control) ? dialog.controls.at(place - 1).text : control.text;
+            if (control.kind != "CTEXT") {
+                EXPECT_NE(AccessKey(text), 0) << dialog.name << " " << control.id;
+            }
+        }
+}
+
+TEST(Dialogs, TheThreeChoicesAreAGroupOfTheirOwn) {
+    for (const char* name : {"WORDSEARCH", "WORDLISTSEARCH"}) {
+        for (const DialogControl& control : Dialog(name).controls) {
+            if (control.id == 11 || control.id == 14) {
+                EXPECT_THAT(control.styles, HasSubstr("WS_GROUP"));
+            }
+            if (control.id == 12 || control.id == 13) {
+                EXPECT_THAT(control.styles, Not(HasSubstr("WS_GROUP")));
+            }
+        }
+    }
+}
+
+TEST(Dialogs, ListsAreOfTheRightKind) {
+    for (const char* name : {"WORDSEARCH", "WORDLISTSEARCH", "PHRASESEARCH"})
+        for (const DialogControl& control : Dialog(name).controls) {
+            if (control.kind != "COMBOBOX") continue;
+            EXPECT_THAT(control.styles, HasSubstr(control.id == 19 ? "CBS_SIMPLE" : "CBS_DROPDOWN "));
+            EXPECT_THAT(control.styles, HasSubstr("WS_VSCROLL"));
+            EXPECT_THAT(control.styles, Not(HasSubstr("CBS_SORT")));  // the order is that of the file, or of time
+        }
+}
+
+TEST(Dialogs, KeepTheirMarginsAndDoNotOverlap) {
+    for (const DialogScript& dialog : Script().dialogs) {
+        if (dialog.name == "SPLASHSCREEN") continue;  // its picture reaches the edges
+        for (std::size_t i = 0; i < dialog.controls.size(); ++i) {
+            const DialogControl& control = dialog.controls[i];
+            EXPECT_GE(control.x, 7) << dialog.name << " " << control.text;
+            EXPECT_GE(control.y, 7) << dialog.name << " " << control.text;
+            EXPECT_LE(control.x + control.width, dialog.width - 7) << dialog.name << " " << control.text;
+            EXPECT_LE(control.y + ClosedHeight(control), dialog.height - 7) << dialog.name << " " << control.text;
+            for (std::size_t j = i + 1; j < dialog.controls.size(); ++j)
+                EXPECT_FALSE(Overlap(control, dialog.controls[j])) << dialog.name << ": " << i << " and " << j;
+        }
+    }
+}
+
+TEST(Dialogs, ButtonsAreOfOneSize) {
+    for (const DialogScript& dialog : Script().dialogs)
+        for (const DialogControl& control : dialog.controls)
+            if (control.kind.ends_with("PUSHBUTTON")) {
+                EXPECT_EQ(control.width, 50) << dialog.name << " " << control.text;
+                EXPECT_EQ(control.height, 14) << dialog.name << " " << control.text;
+            }
+}
+
+TEST(Dialogs, TheSplashIsABarePopup) {
+    const DialogScript& splash = Dialog("SPLASHSCREEN");
+    EXPECT_THAT(splash.styles, HasSubstr("WS_POPUP"));
+    EXPECT_THAT(splash.styles, HasSubstr("DS_MODALFRAME"));
+    EXPECT_THAT(splash.styles, HasSubstr("DS_CENTER"));
+    EXPECT_THAT(splash.styles, Not(HasSubstr("WS_CAPTION")));
+    EXPECT_EQ(splash.controls.at(0).text, "Title_BMP");
+    EXPECT_LE(splash.controls[0].y + splash.controls[0].height, splash.controls.at(1).y);
+}

@@ -1,0 +1,203 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <set>
+
+#include "resources/resource_script.h"
+#include "resources/script_fixture.h"
+
+using testing::ElementsAre;
+
+struct ExpectedItem {
+    int command;
+    const char* text;
+};
+
+static constexpr ExpectedItem kCommands[] = {
+    {101, "&About"},
+    {102, "E&xit\tAlt+F4"},
+    {103, "&Topics\tF1"},
+    {105, "&Word(s)...\tAlt+W"},
+    {106, "&Phrase...\tAlt+P"},
+    {108, "Con&text\tF12"},
+    {109, "&Paragraph Format"},
+    {110, "Italicized words in &Italic text"},
+    {111, "Italicized words in &Brackets"},
+    {112, "Italicized words in &Normal text"},
+    {116, "&Go to Verse...\tAlt+G"},
+    {119, "Previous Chapte&r\tCtrl+PgUp"},
+    {120, "Next &Chapter\tCtrl+PgDn"},
+    {121, "Previous Boo&k\tCtrl+Home"},
+    {122, "Next &Book\tCtrl+End"},
+    {123, "Word &List...\tAlt+L"},
+    {125, "&Verse List Window\tF2"},
+    {126, "&Passage Window\tF3"},
+    {127, "&Notes Window\tF4"},
+    {128, "&Toolbar"},
+    {129, "Copy &Verse...\tF5"},
+    {130, "Copy &Range...\tF6"},
+    {131, "Copy Verse &List\tF7"},
+    {132, "Copy Verse Re&ferences\tF8"},
+    {133, "&Save Range..."},
+    {134, "Save Verse &List..."},
+    {135, "&Verse List..."},
+    {137, "&Passage Window..."},
+    {138, "&Notes Window..."},
+    {139, "Genesis 1:1\tCtrl+1"},
+    {140, "Genesis 1:1\tCtrl+2"},
+    {147, "Genesis 1:1\tCtrl+9"},
+    {148, "Genesis 1:1\tCtrl+0"},
+    {149, "Set 1\tCtrl+Alt+1"},
+    {157, "Set 9\tCtrl+Alt+9"},
+    {158, "Set 10\tCtrl+Alt+0"},
+    {159, "For&mat..."},
+    {160, "Key Highlight &Color..."},
+    {161, "Cu&t\tCtrl+X"},
+    {162, "&Copy\tCtrl+C"},
+    {163, "&Paste\tCtrl+V"},
+    {165, "Set &Range..."},
+    {166, "Specifying a &Range of Verses"},
+    {167, "&Preface to the AV1611"},
+    {169, "&Go to Note for Verse...\tAlt+N"},
+    {170, "Previous Not&e\tAlt+Up"},
+    {171, "Next &Note\tAlt+Down"},
+    {172, "Previous Note Se&t\tAlt+Left"},
+    {173, "Next Note &Set\tAlt+Right"},
+    {174, "Note for Verse in &Passage\tF10"},
+    {175, "Note for Verse in Verse &List\tF9"},
+    {176, "E&dit Current Note\tAlt+E"},
+    {177, "Search &Notes...\tAlt+T"},
+    {178, "&Create New Note Set..."},
+    {179, "&Delete Current Note Set..."},
+    {180, "&Rename Current Note Set..."},
+    {181, "Verse for &Note\tF11"},
+    {182, "Today's &Proverb"},
+    {183, "&Bind Notes to Passage Window"},
+    {184, "Page Se&tup..."},
+    {185, "&Print Range..."},
+    {186, "Pr&int Verse List..."},
+    {191, "This &Morning"},
+    {192, "This &Evening"},
+    {1001, "Genesis"},
+    {1009, "1 Samuel"},
+    {1022, "Song of Solomon"},
+    {1040, "Matthew"},
+    {1064, "3 John"},
+    {1066, "Revelation"},
+};
+
+// Commands that have a key but no place in the menu.
+static constexpr ExpectedItem kKeysAlone[] = {{113, "Alt+1"}, {114, "Alt+2"}, {164, "Shift+F10"}};
+
+static constexpr int kToolbar[] = {161, 162, 163, 129, 130, 131, 132, 105, 106, 123, 177,
+                                   116, 169, 108, 175, 174, 181, 176, 125, 126, 127, 103};
+
+static constexpr int kFirstReading = 2000;
+
+// The items of the menu for `command`; many only for readings, which days share.
+static std::vector<MenuItem> ItemsOf(int command) {
+    std::vector<MenuItem> found;
+    for (const MenuItem& item : Script().menu)
+        if (item.command == command) found.push_back(item);
+    return found;
+}
+
+static std::string KeyShownIn(const std::string& text) {
+    const std::size_t tab = text.find('\t');
+    return tab == std::string::npos ? "" : text.substr(tab + 1);
+}
+
+static std::string KeyOf(int command) {
+    for (const Accelerator& accelerator : Script().accelerators)
+        if (accelerator.command == command) return accelerator.key;
+    return "";
+}
+
+TEST(Menu, BarHasItsPopupsInOrder) {
+    EXPECT_THAT(Script().bar, ElementsAre("&File", "&Edit", "&Search", "&Read", "&Notes", "&Bookmarks", "&Devotional",
+                                          "&Options", "&View", "&Help"));
+}
+
+TEST(Menu, EveryCommandStandsOnceWithItsText) {
+    for (const ExpectedItem& expected : kCommands) {
+        const std::vector<MenuItem> items = ItemsOf(expected.command);
+        ASSERT_EQ(items.size(), 1u) << expected.command;
+        EXPECT_EQ(items[0].text, expected.text) << expected.command;
+    }
+}
+
+TEST(Menu, HoldsNoCommandBesides) {
+    std::set<int> known;
+    for (const ExpectedItem& expected : kCommands) known.insert(expected.command);
+    for (int command = 139; command <= 158; ++command) known.insert(command);
+    for (int command = 1001; command <= 1066; ++command) known.insert(command);
+    for (const MenuItem& item : Script().menu)
+        if (item.command < kFirstReading) {
+            EXPECT_TRUE(known.contains(item.command)) << item.text;
+        }
+    for (int command : known) EXPECT_EQ(ItemsOf(command).size(), 1u) << command;
+}
+
+TEST(Menu, ReadsTheBooksInThreeColumns) {
+    std::vector<int> columns;
+    int next = 1001;
+    for (const MenuItem& item : Script().menu) {
+        if (item.popups.back() != "Go to &Book") continue;
+        EXPECT_EQ(item.command, next++);
+        if (item.newColumn) columns.push_back(item.command);
+    }
+    EXPECT_EQ(next, 1067);
+    EXPECT_THAT(columns, ElementsAre(1018, 1040));  // Job and Matthew
+}
+
+TEST(Menu, AccessKeysMeanOneThingInEachPopup) {
+    std::set<std::pair<std::string, char>> taken;
+    std::vector<std::string> clashes;
+    auto take = [&](const std::string& popup, const std::string& text) {
+        const char key = AccessKey(text);
+        if (key != 0 && !taken.insert({popup, key}).second) clashes.push_back(text);
+    };
+    for (const std::string& popup : Script().popups) {
+        const std::size_t slash = popup.rfind('/');
+        take(slash == std::string::npos ? "" : popup.substr(0, slash), popup.substr(slash + 1));
+    }
+    for (const MenuItem& item : Script().menu) {
+        std::string popup;
+        for (const std::string& name : item.popups) popup += (popup.empty() ? "" : "/") + name;
+        take(popup, item.text);
+    }
+    EXPECT_THAT(clashes, ElementsAre("Next &Book\tCtrl+End"));  // with "Go to &Book": both texts are given
+}
+
+TEST(Accelerators, AreTheKeysThatTheMenuShows) {
+    for (const MenuItem& item : Script().menu) {
+        if (item.command == 102) continue;  // Alt+F4 is the system's
+        EXPECT_EQ(KeyShownIn(item.text), KeyOf(item.command)) << item.text;
+    }
+}
+
+TEST(Accelerators, ReachWhatNoMenuHolds) {
+    for (const ExpectedItem& expected : kKeysAlone) {
+        EXPECT_EQ(KeyOf(expected.command), expected.text);
+        EXPECT_TRUE(ItemsOf(expected.command).empty()) << expected.command;
+    }
+}
+
+TEST(Accelerators, AreEachGivenOnce) {
+    std::set<std::string> keys;
+    std::set<int> commands;
+    for (const Accelerator& accelerator : Script().accelerators) {
+        EXPECT_TRUE(keys.insert(accelerator.key).second) << accelerator.key;
+        EXPECT_TRUE(commands.insert(accelerator.command).second) << accelerator.key;
+        const bool alone = std::any_of(std::begin(kKeysAlone), std::end(kKeysAlone), [&](const ExpectedItem& expected) {
+            return expected.command == accelerator.command;
+        });
+        EXPECT_EQ(ItemsOf(accelerator.command).empty(), alone) << accelerator.key;
+    }
+    EXPECT_EQ(keys.size(), 53u);
+}
+
+TEST(Toolbar, HasOnlyCommandsOfTheMenu) {
+    for (int command : kToolbar) EXPECT_EQ(ItemsOf(command).size(), 1u) << command;
+}

@@ -1,0 +1,224 @@
+#include "resources/resource_script.h"
+
+#include <cctype>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <stdexcept>
+
+// One statement: its first word, and what follows parted at commas. Quoted texts have lost their quotes.
+struct Statement {
+    std::string verb;
+    std::vector<std::string> fields;
+};
+
+// Where the reader stands while it goes down a script.
+struct Reading {
+    const IdTable& ids;
+    std::string madeFolder;
+    ResourceScript& script;
+    std::string block;                // MENU, ACCELERATORS or DIALOGEX
+    std::vector<std::string> popups;  // open ones
+    int depth = 0;                    // of BEGIN
+};
+
+std::string FileText(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    if (!file) throw std::runtime_error(path + ": cannot be read");
+    std::ostringstream text;
+    text << file.rdbuf();
+    return text.str();
+}
+
+static std::string Trimmed(std::string_view text) {
+    while (!text.empty() && std::isspace(static_cast<unsigned char>(text.front()))) text.remove_prefix(1);
+    while (!text.empty() && std::isspace(static_cast<unsigned char>(text.back()))) text.remove_suffix(1);
+    return std::string(text);
+}
+
+static std::string Unquoted(std::string text) {
+    if (text.size() >= 2 && text.front() == '"' && text.back() == '"') text = text.substr(1, text.size() - 2);
+    for (std::size_t at = text.find("\\t"); at != std::string::npos; at = text.find("\\t", at))
+        text.replace(at, 2, "\t");
+    return text;
+}
+
+static std::vector<std::string> FieldsOf(std::string_view text) {
+    std::vector<std::string> fields;
+    std::string field;
+    bool quoted = false;
+    for (char letter : text) {
+        if (letter == '"') quoted = !quoted;
+        if (letter == ',' && !quoted) {
+            fields.push_back(Unquoted(Trimmed(field)));
+            field.clear();
+        } else {
+            field += letter;
+        }
+    }
+    fields.push_back(Unquoted(Trimmed(field)));
+    return fields;
+}
+
+static Statement StatementOf(const std::string& line) {
+    const std::size_t end = line.find_first_of(" ,");
+    if (end == std::string::npos) return {.verb = line, .fields = {}};
+    if (line[end] == ',') {  // an accelerator: no verb, the key comes first
+        return {.verb = "", .fields = FieldsOf(line)};
+    }
+    return {.verb = line.substr(0, end), .fields = FieldsOf(line.substr(end))};
+}
+
+static int Number(const IdTable& ids, const std::string& text) {
+    const std::size_t plus = text.find(" + ");
+    if (plus != std::string::npos) return Number(ids, text.substr(0, plus)) + Number(ids, text.substr(plus + 3));
+    const auto known = ids.find(text);
+    if (known != ids.end()) return known->second;
+    return std::stoi(text);
+}
+
+IdTable ReadIds(const std::string& path) {
+    IdTable ids = {{"IDOK", 1}, {"IDCANCEL", 2}, {"IDC_STATIC", -1}};
+    std::istringstream lines(FileText(path));
+    for (std::string line; std::getline(lines, line);) {
+        std::istringstream words(line);
+        std::string define, name;
+        int number = 0;
+        if (words >> define >> name >> number && define == "#define") ids[name] = number;
+    }
+    return ids;
+}
+
+static std::string KeyName(const std::string& key) {
+    static const std::map<std::string, std::string> kNames = {
+        {"VK_PRIOR", "PgUp"}, {"VK_NEXT", "PgDn"}, {"VK_HOME", "Home"}, {"VK_END", "End"},
+        {"VK_UP", "Up"},      {"VK_DOWN", "Down"}, {"VK_LEFT", "Left"}, {"VK_RIGHT", "Right"}};
+    const auto named = kNames.find(key);
+    if (named != kNames.end()) return named->second;
+    return key.starts_with("VK_") ? key.substr(3) : key;
+}
+
+static void ReadAccelerator(Reading& reading, const Statement& statement) {
+    std::string key;
+    for (const auto& [style, shown] :
+         {std::pair("CONTROL", "Ctrl+"), std::pair("ALT", "Alt+"), std::pair("SHIFT", "Shift+")})
+        for (std::size_t i = 2; i < statement.fields.size(); ++i)
+            if (statement.fields[i] == style) key += shown;
+    reading.script.accelerators.push_back(
+        {.key = key + KeyName(statement.fields[0]), .command = Number(reading.ids, statement.fields[1])});
+}
+
+static void OpenPopup(Reading& reading, const std::string& text) {
+    if (reading.popups.empty()) reading.script.bar.push_back(text);
+    reading.popups.push_back(text);
+    std::string path;
+    for (const std::string& popup : reading.popups) path += (path.empty() ? "" : "/") + popup;
+    reading.script.popups.push_back(path);
+}
+
+static void ReadMenuLine(Reading& reading, const Statement& statement) {
+    if (statement.verb == "POPUP") {
+        OpenPopup(reading, statement.fields.at(0));
+    } else if (statement.verb == "MENUITEM") {
+        if (statement.fields.at(0) == "SEPARATOR") return;
+        reading.script.menu.push_back({.popups = reading.popups,
+                                       .text = statement.fields[0],
+                                       .command = Number(reading.ids, statement.fields.at(1)),
+                                       .newColumn = statement.fields.size() > 2});
+    } else {
+        throw std::runtime_error("not a line of a menu: " + statement.verb);
+    }
+}
+
+// CONTROL "text", id, "class", styles, x, y, w, h; others: ["text",] id, x, y, w, h [, styles].
+static DialogControl ControlOf(const IdTable& ids, const Statement& statement) {
+    const std::vector<std::string>& fields = statement.fields;
+    DialogControl control;
+    control.kind = statement.verb;
+    std::size_t at = 0;
+    if (statement.verb != "COMBOBOX" && statement.verb != "EDITTEXT") control.text = fields.at(at++);
+    control.id = Number(ids, fields.at(at++));
+    if (statement.verb == "CONTROL") {
+        control.styles = fields.at(at + 1);
+        control.kind = control.styles.substr(0, control.styles.find(' '));
+        at += 2;
+    }
+    for (int* place : {&control.x, &control.y, &control.width, &control.height}) *place = std::stoi(fields.at(at++));
+    if (at < fields.size()) control.styles = fields[at];
+    return control;
+}
+
+static void ReadDialogLine(Reading& reading, const Statement& statement, const std::string& line) {
+    DialogScript& dialog = reading.script.dialogs.back();
+    if (statement.verb == "STYLE")
+        dialog.styles = line.substr(6);
+    else if (statement.verb == "CAPTION")
+        dialog.title = statement.fields.at(0);
+    else if (statement.verb != "EXSTYLE" && statement.verb != "FONT")
+        dialog.controls.push_back(ControlOf(reading.ids, statement));
+}
+
+// NAME MENU, NAME ACCELERATORS, NAME DIALOGEX 0, 0, w, h
+static void OpenBlock(Reading& reading, const Statement& statement) {
+    std::istringstream words(statement.fields.at(0));
+    words >> reading.block;
+    if (reading.block == "DIALOGEX")
+        reading.script.dialogs.push_back({.name = statement.verb,
+                                          .title = "",
+                                          .width = std::stoi(statement.fields.at(2)),
+                                          .height = std::stoi(statement.fields.at(3)),
+                                          .styles = "",
+                                          .controls = {}});
+}
+
+static void Close(Reading& reading) {
+    --reading.depth;
+    if (!reading.popups.empty()) reading.popups.pop_back();
+    if (reading.depth == 0) reading.block.clear();
+}
+
+static void ReadLines(Reading& reading, const std::string& path);
+
+static void Follow(Reading& reading, const std::string& path, const std::string& line) {
+    const std::size_t start = line.find('"');
+    if (start == std::string::npos) return;
+    const std::string name = line.substr(start + 1, line.rfind('"') - start - 1);
+    for (const std::string& folder : {std::filesystem::path(path).parent_path().string(), reading.madeFolder})
+        if (std::filesystem::exists(folder + "/" + name)) return ReadLines(reading, folder + "/" + name);
+}
+
+static void ReadLine(Reading& reading, const std::string& path, const std::string& line) {
+    if (line.empty() || line.starts_with("//")) return;
+    if (line.starts_with("#include")) return Follow(reading, path, line);
+    if (line == "BEGIN") {
+        ++reading.depth;
+        return;
+    }
+    if (line == "END") return Close(reading);
+
+    const Statement statement = StatementOf(line);
+    if (reading.block.empty())
+        OpenBlock(reading, statement);
+    else if (reading.block == "MENU")
+        ReadMenuLine(reading, statement);
+    else if (reading.block == "ACCELERATORS")
+        ReadAccelerator(reading, statement);
+    else
+        ReadDialogLine(reading, statement, line);
+}
+
+static void ReadLines(Reading& reading, const std::string& path) {
+    std::istringstream lines(FileText(path));
+    for (std::string line; std::getline(lines, line);) ReadLine(reading, path, Trimmed(line));
+}
+
+void ReadScript(const std::string& path, const std::string& madeFolder, const IdTable& ids, ResourceScript& script) {
+    Reading reading = {.ids = ids, .madeFolder = madeFolder, .script = script, .block = "", .popups = {}, .depth = 0};
+    ReadLines(reading, path);
+}
+
+char AccessKey(std::string_view text) {
+    const std::size_t at = text.find('&');
+    if (at == std::string_view::npos || at + 1 >= text.size()) return 0;
+    return static_cast<char>(std::tolower(static_cast<unsigned char>(text[at + 1])));
+}
