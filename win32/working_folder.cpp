@@ -18,12 +18,11 @@ static bool HoldsFile(const char* pattern) {
     return isFile;
 }
 
-// Attributes and access lists do not tell everything; only making a file does.
+// Attributes and access lists do not tell everything; only making a file does. That it can be taken away again shows
+// that it was made: under Wine the name comes back even where it was not.
 static bool CanMakeFiles(const std::string& folder) {
     char path[MAX_PATH];
-    if (GetTempFileNameA(folder.c_str(), "~wf", 0, path) == 0) return false;
-    DeleteFileA(path);
-    return true;
+    return GetTempFileNameA(folder.c_str(), "~wf", 0, path) != 0 && DeleteFileA(path);
 }
 
 static std::string ApplicationDataFolder() {
