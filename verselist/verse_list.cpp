@@ -1,1 +1,78 @@
-// Being written.
+#include "verselist/verse_list.h"
+
+#include <algorithm>
+#include <charconv>
+#include <string_view>
+#include <utility>
+
+#include "output/scrolling.h"
+#include "scripture/books.h"
+
+int ListCount(const VerseList& list) {
+    return static_cast<int>(list.ListEntries.size());
+}
+
+void FillVerseList(VerseList& list, std::vector<std::int32_t> verses) {
+    list.ListEntries = std::move(verses);
+    list.ListTop = 0;
+    list.ListLastVisible = 0;
+    CorrectLastVisible(list);
+}
+
+void ClearVerseList(VerseList& list) {
+    FillVerseList(list, {});
+}
+
+void DeleteEntry(VerseList& list, int entry) {
+    if (entry < 0 || entry >= ListCount(list)) return;
+    list.ListEntries.erase(list.ListEntries.begin() + entry);
+    list.ListTop = ClampEntry(list, list.ListTop);
+    list.ListLastVisible = std::min(list.ListLastVisible, ListCount(list) - 1);
+}
+
+int ClampEntry(const VerseList& list, int entry) {
+    return std::max(0, std::min(entry, ListCount(list) - 1));
+}
+
+void CorrectLastVisible(VerseList& list) {
+    list.ListLastVisible = CorrectedLastVisible({list.ListTop, list.ListLastVisible, ListCount(list) - 1});
+}
+
+// -1 in an empty list; a selection left over from a longer list does not lead past the end.
+static int EntryThatIs(const VerseList& list, int entry) {
+    return list.ListEntries.empty() ? -1 : ClampEntry(list, entry);
+}
+
+int CurrentEntry(const VerseList& list, const Selection& selection) {
+    return EntryThatIs(list, AnchorPlace(selection, kVerseListOwns, list.ListTop, list.ListLastVisible));
+}
+
+int TargetEntry(const VerseList& list, const Selection& selection, bool listHasFocus) {
+    if (!listHasFocus) return EntryThatIs(list, list.ListTop);
+    return EntryThatIs(list, FirstSelectedPlace(selection, kVerseListOwns, list.ListTop, list.ListLastVisible));
+}
+
+// The number that `text` begins with, leading blanks skipped; 0 when there is none.
+static int LeadingNumber(std::string_view text) {
+    while (text.starts_with(' ')) text.remove_prefix(1);
+    int number = 0;
+    std::from_chars(text.data(), text.data() + text.size(), number);
+    return number;
+}
+
+static int VerseBehindBook(const VerseRecords& records, int book, std::string_view rest) {
+    const std::size_t colon = rest.find(':');
+    const std::string_view verse = colon == std::string_view::npos ? std::string_view{} : rest.substr(colon + 1);
+    return VerseLookup(records, book, LeadingNumber(rest), LeadingNumber(verse));
+}
+
+int VerseOfReferenceLine(const VerseRecords& records, const std::string& line) {
+    for (const auto nameOf : {BookName, BookAbbreviation}) {
+        for (int book = 1; book <= kBookCount; ++book) {
+            const std::string_view name = nameOf(book);
+            if (line.starts_with(name))
+                return VerseBehindBook(records, book, std::string_view(line).substr(name.size()));
+        }
+    }
+    return kNoVerse;
+}

@@ -51,10 +51,10 @@ ListFlowEnd WalkVerseList(const VerseListFlow& flow, const std::function<bool(co
 // Lays out from list.ListTop without drawing and brings the rest of `list` up to date, corrections included.
 void MeasureVerseList(const VerseListFlow& flow, VerseList& list);
 
-// Entry and ordinal at a point of the client area; (-1, -1) below the entries laid out. A point left of the area or
-// above it counts as one on its edge.
+// Entry and ordinal at a point of the client area; (-1, -1) below the entries laid out. A point outside the
+// area counts as one on its edge.
 SelectionPoint HitTestVerseList(const VerseListFlow& flow, int x, int y);
 
-// Top entry after a scroll, from flow.list as the last pass left it; equal to its ListTop where nothing moves, 0 in an
-// empty list. See output/scrolling.h.
-int ScrolledListTop(const VerseListFlow& flow, ScrollCode code, int thumb);
+// Top entry after a scroll, from `list` as the last pass left it; equal to list.ListTop where nothing moves, 0 in an
+// empty list. See output/scrolling.h. flow.list is `list`.
+int ScrolledListTop(const VerseListFlow& flow, const VerseList& list, ScrollCode code, int thumb);

@@ -1,1 +1,144 @@
-// Being written.
+#include "verselist/verse_list.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/native_scripture.h"
+
+static VerseList ListOf(std::vector<std::int32_t> verses, int top = 0, int lastVisible = 0) {
+    VerseList list;
+    FillVerseList(list, std::move(verses));
+    list.ListTop = top;
+    list.ListLastVisible = lastVisible;
+    return list;
+}
+
+TEST(VerseList, FillingPutsTheTopFirst) {
+    VerseList list = ListOf({5, 6, 7}, 2, 2);
+    FillVerseList(list, {10, 20});
+    EXPECT_EQ(ListCount(list), 2);
+    EXPECT_EQ(list.ListTop, 0);
+    EXPECT_EQ(list.ListLastVisible, 1);
+    ClearVerseList(list);
+    EXPECT_EQ(ListCount(list), 0);
+    EXPECT_EQ(list.ListTop, 0);
+    EXPECT_EQ(list.ListLastVisible, -1);
+}
+
+TEST(VerseList, DeletingAnEntryKeepsTheOthers) {
+    using Entries = std::vector<std::int32_t>;
+    struct Row {
+        Entries before;
+        int top, entry;
+        Entries after;
+        int newTop;
+    };
+    const Row rows[] = {
+        {{10, 20, 30}, 0, 0, {20, 30}, 0},
+        {{10, 20, 30}, 1, 1, {10, 30}, 1},
+        {{10, 20, 30}, 2, 2, {10, 20}, 1},  // the last one, at the top
+        {{10, 20, 30}, 2, 0, {20, 30}, 1},
+        {{10, 20, 30}, 0, 2, {10, 20}, 0},
+        {{10}, 0, 0, {}, 0},  // the last remaining one
+        {{}, 0, 0, {}, 0},    // nothing to delete
+        {{}, 0, -1, {}, 0},
+        {{10, 20}, 0, 2, {10, 20}, 0},
+    };
+    for (const Row& row : rows) {
+        VerseList list = ListOf(row.before, row.top, static_cast<int>(row.before.size()) - 1);
+        DeleteEntry(list, row.entry);
+        EXPECT_EQ(list.ListEntries, row.after);
+        EXPECT_EQ(list.ListTop, row.newTop);
+        EXPECT_LT(list.ListLastVisible, std::max(1, ListCount(list)));
+    }
+}
+
+TEST(VerseList, EntriesAreClampedIntoTheList) {
+    const VerseList list = ListOf({10, 20, 30});
+    EXPECT_EQ(ClampEntry(list, -1), 0);
+    EXPECT_EQ(ClampEntry(list, 1), 1);
+    EXPECT_EQ(ClampEntry(list, 3), 2);
+    EXPECT_EQ(ClampEntry(VerseList{}, 3), 0);
+    EXPECT_EQ(ClampEntry(VerseList{}, -1), 0);
+}
+
+TEST(VerseList, TheLastVisibleEntryIsCorrected) {
+    struct Row {
+        int count, top, last, corrected;
+    };
+    const Row rows[] = {{5, 1, 3, 3}, {5, 1, 1, 2}, {5, 4, 4, 4}, {1, 0, 0, 0}, {0, 0, 0, -1}};
+    for (const Row& row : rows) {
+        VerseList list = ListOf(std::vector<std::int32_t>(static_cast<std::size_t>(row.count)), row.top, row.last);
+        CorrectLastVisible(list);
+        EXPECT_EQ(list.ListLastVisible, row.corrected) << row.count << " entries from " << row.top;
+    }
+}
+
+// The list shows entries 2 to 6 of ten. Read Context and Delete go by the anchor, the frame's commands by the first
+// entry selected and only with the focus.
+TEST(VerseList, CurrentAndTargetEntryAreTwoRules) {
+    struct Row {
+        SelectionPoint anchor, end;
+        int current, target;
+    };
+    const Row rows[] = {
+        {{3, 1}, {5, 1}, 3, 3},  {{5, 1}, {3, 1}, 5, 3},  // dragged upward
+        {{1, 1}, {4, 1}, 2, 2},                           // begins above what is shown
+        {{4, 1}, {1, 1}, 4, 2},                           // ends above it
+        {{4, 1}, {8, 1}, 2, 2},                           // ends below it
+        {{8, 1}, {4, 1}, 8, 2},                           // begins below it
+        {{9, 1}, {9, 2}, 2, 2},                           // scrolled out of view
+        {{4, 1}, {-1, -1}, 4, 2}                          // the mouse is off the text
+    };
+    const VerseList list = ListOf(std::vector<std::int32_t>(10), 2, 6);
+    for (const Row& row : rows) {
+        Selection selection = {kVerseListOwns, row.anchor, row.end};
+        EXPECT_EQ(CurrentEntry(list, selection), row.current) << row.anchor.place;
+        EXPECT_EQ(TargetEntry(list, selection, true), row.target) << row.anchor.place;
+        EXPECT_EQ(TargetEntry(list, selection, false), 2) << "without the focus";
+        selection.SelectionOwner = kPassageOwns;
+        EXPECT_EQ(CurrentEntry(list, selection), 2) << "another pane's selection";
+        EXPECT_EQ(TargetEntry(list, selection, true), 2) << "another pane's selection";
+    }
+}
+
+TEST(VerseList, AnEmptyListHasNoCurrentEntry) {
+    const Selection selection = {kVerseListOwns, {0, 1}, {0, 2}};
+    EXPECT_EQ(CurrentEntry({}, selection), -1);
+    EXPECT_EQ(TargetEntry({}, selection, true), -1);
+    EXPECT_EQ(TargetEntry({}, selection, false), -1);
+}
+
+TEST(VerseList, ASelectionOfALongerListDoesNotLeadPastTheEnd) {
+    const VerseList list = ListOf({10, 20, 30}, 0, 2);
+    EXPECT_EQ(CurrentEntry(list, {kVerseListOwns, {9, 1}, {1, 1}}), 2);
+}
+
+TEST(ReferenceLine, NamesItsVerse) {
+    const VerseRecords& records = TheRealScripture().records;
+    struct Row {
+        const char* line;
+        int book, chapter, verse;
+    };
+    const Row rows[] = {
+        {"Genesis 1:1", 1, 1, 1},     {"John 3:16", 43, 3, 16},
+        {"1 John 1:9", 62, 1, 9},     {"Song of Solomon 2:4", 22, 2, 4},
+        {"1Jo 1:9", 62, 1, 9},  // as a cross-reference line lists it
+        {"Joh 3:16", 43, 3, 16},      {"Jon 2:2", 32, 2, 2},
+        {"Jude 1:25", 65, 1, 25},     {"Job 42:17", 18, 42, 17},
+        {"Ps 119:176", 19, 119, 176}, {"Genesis 1:99", 1, 1, 31},  // past the end of the chapter
+        {"Genesis 99:1", 1, 50, 26},  {"Genesis", 1, 1, 1},
+        {"Genesis 4", 1, 4, 1},
+    };
+    for (const Row& row : rows)
+        EXPECT_EQ(VerseOfReferenceLine(records, row.line), VerseLookup(records, row.book, row.chapter, row.verse))
+            << row.line;
+    for (const char* line : {"", " Genesis 1:1", "genesis 1:1", "3:16", "Hesitations 1:1"})
+        EXPECT_EQ(VerseOfReferenceLine(records, line), kNoVerse) << line;
+}
+
+TEST(ReferenceLine, LeadsBackToEveryVerseInBothForms) {
+    const VerseRecords& records = TheRealScripture().records;
+    for (int verse = 0; verse < kVerseCount; verse += 17)
+        for (const BookForm form : {BookForm::kName, BookForm::kAbbreviation})
+            ASSERT_EQ(VerseOfReferenceLine(records, ReferenceText(records, verse, form)), verse);
+}
