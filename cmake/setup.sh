@@ -1,0 +1,118 @@
+# What run, check and tests/run_window_tests share: packages, builds, a display, a Wine prefix. Sourced, never run.
+
+root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+build=$root/build
+cleanups=()
+
+# Everything that a new Debian or Ubuntu machine lacks.
+packages=(
+  git cmake ninja-build pkg-config clang-format
+  g++ g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix
+  googletest libbenchmark-dev libsqlite3-dev
+  libsword-dev sword-text-kjv
+  nlohmann-json3-dev nodejs
+  librsvg2-dev imagemagick
+  wine wine64 fonts-wine fonts-liberation
+  xvfb x11-utils libfaketime
+)
+
+say() { printf '%s\n' "$*" >&2; }
+fail() { say "$(basename "$0"): $*"; exit 1; }
+
+# ---- Packages ---------------------------------------------------------------------------------------------------
+
+is_installed() { [[ $(dpkg-query -W -f '${db:Status-Status}' "$1" 2>/dev/null) == installed ]]; }
+
+missing_packages() {
+  local package
+  for package in "${packages[@]}"; do
+    is_installed "$package" || echo "$package"
+  done
+  command -v npm >/dev/null || echo npm
+}
+
+install_packages() {
+  command -v dpkg-query >/dev/null || fail "needs Debian or Ubuntu to install what it uses: ${packages[*]}"
+  local missing as_root=()
+  mapfile -t missing < <(missing_packages)
+  ((${#missing[@]})) || return 0
+  [[ $(id -u) == 0 ]] || as_root=(sudo)
+  say "installing ${missing[*]}"
+  "${as_root[@]}" apt-get update -q </dev/null >&2
+  "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+    apt-get install -q -y --no-install-recommends "${missing[@]}" </dev/null >&2
+}
+
+# ---- Builds -----------------------------------------------------------------------------------------------------
+
+# build_preset <preset> [target...]: the configure step runs once; later the build itself repeats it where needed.
+build_preset() {
+  local preset=$1 target targets=()
+  shift
+  for target in "$@"; do targets+=(--target "$target"); done
+  cd "$root"
+  [[ -f $build/$preset/build.ninja ]] || cmake --preset "$preset"
+  cmake --build "$build/$preset" "${targets[@]}"
+}
+
+# ---- Display ----------------------------------------------------------------------------------------------------
+
+has_display() { [[ -n ${DISPLAY:-} ]] && xdpyinfo >/dev/null 2>&1; }
+
+at_exit() { cleanups=("$*" "${cleanups[@]}"); }
+clean_up() {
+  local step
+  for step in "${cleanups[@]}"; do eval "$step" || true; done
+}
+
+# Starts a display of its own under the first free number.
+start_display() {
+  local numbers
+  numbers=$(mktemp)
+  Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp 3>"$numbers" </dev/null >/dev/null 2>&1 &
+  at_exit "kill $!"
+  local waited
+  for ((waited = 0; waited < 100; waited++)); do
+    [[ -s $numbers ]] && break
+    sleep 0.1
+  done
+  [[ -s $numbers ]] || fail 'the display server Xvfb does not start'
+  DISPLAY=:$(<"$numbers")
+  export DISPLAY
+  rm -f "$numbers"
+}
+
+# ---- Wine -------------------------------------------------------------------------------------------------------
+
+# File names beyond ASCII need a UTF-8 locale; Mono and the browser are nothing that the program needs.
+wine_environment() {
+  export WINEPREFIX=$1 WINEARCH=win64 WINEDEBUG=-all WINEDLLOVERRIDES='mscoree=;mshtml='
+  [[ ${LC_ALL:-${LC_CTYPE:-${LANG:-}}} == *[Uu][Tt][Ff]* ]] || export LANG=C.UTF-8 LC_ALL=C.UTF-8
+}
+
+# What starts first keeps its output open for the services that outlive it: never a pipe.
+quiet() { "$@" </dev/null >/dev/null 2>&1; }
+
+# prepare_prefix <folder> <registry file>...: a Wine prefix with the fonts that the program asks for. Made once, and
+# again when a registry file is newer. Needs a display.
+prepare_prefix() {
+  local folder=$1 file
+  shift
+  wine_environment "$folder"
+  local stamp=$folder/prepared
+  for file in "$@"; do
+    [[ -f $stamp && ! $file -nt $stamp ]] || rm -f "$stamp"
+  done
+  [[ -f $stamp ]] && return
+  say "preparing Wine in ${folder#"$root"/}"
+  mkdir -p "$folder"
+  quiet wineboot -i || true
+  quiet wineserver -w || true
+  # Wine does not look where the package puts these.
+  cp /usr/share/wine/fonts/*.ttf /usr/share/wine/fonts/*.fon "$folder/drive_c/windows/Fonts/"
+  for file in "$@"; do quiet wine regedit /S "$(windows_path "$file")"; done
+  quiet wineserver -w || true
+  touch "$stamp"
+}
+
+windows_path() { printf 'Z:%s' "${1//\//\\}"; }

@@ -1,0 +1,198 @@
+// Keys and mouse, as the user's own reach the program.
+
+#include <algorithm>
+#include <map>
+#include <thread>
+
+#include "tests/driver/driver.h"
+
+static const std::map<std::string_view, WORD> kKeyNames = {
+    {"Alt", VK_MENU},      {"Ctrl", VK_CONTROL},  {"Shift", VK_SHIFT}, {"Enter", VK_RETURN}, {"Esc", VK_ESCAPE},
+    {"Tab", VK_TAB},       {"Space", VK_SPACE},   {"Left", VK_LEFT},   {"Right", VK_RIGHT},  {"Up", VK_UP},
+    {"Down", VK_DOWN},     {"PgUp", VK_PRIOR},    {"PgDn", VK_NEXT},   {"Home", VK_HOME},    {"End", VK_END},
+    {"Insert", VK_INSERT}, {"Delete", VK_DELETE}, {"Back", VK_BACK},   {"Menu", VK_APPS},    {"F1", VK_F1},
+    {"F2", VK_F2},         {"F3", VK_F3},         {"F4", VK_F4},       {"F5", VK_F5},        {"F6", VK_F6},
+    {"F7", VK_F7},         {"F8", VK_F8},         {"F9", VK_F9},       {"F10", VK_F10},      {"F11", VK_F11},
+    {"F12", VK_F12},
+};
+
+// These keys stand twice on a keyboard; without the flag the numeric pad's is meant.
+static bool IsExtended(WORD key) {
+    static constexpr WORD kExtended[] = {VK_LEFT, VK_RIGHT, VK_UP,     VK_DOWN,   VK_PRIOR, VK_NEXT,
+                                         VK_HOME, VK_END,   VK_INSERT, VK_DELETE, VK_APPS};
+    return std::find(std::begin(kExtended), std::end(kExtended), key) != std::end(kExtended);
+}
+
+static INPUT KeyEvent(WORD key, DWORD flags) {
+    INPUT event{};
+    event.type = INPUT_KEYBOARD;
+    event.ki.wVk = key;
+    event.ki.wScan = static_cast<WORD>(MapVirtualKeyA(key, MAPVK_VK_TO_VSC));
+    event.ki.dwFlags = flags | (IsExtended(key) ? DWORD{KEYEVENTF_EXTENDEDKEY} : 0);
+    return event;
+}
+
+static WORD KeyNamed(const Program& program, std::string_view name) {
+    const auto found = kKeyNames.find(name);
+    if (found != kKeyNames.end()) return found->second;
+    const SHORT key = name.size() == 1 ? VkKeyScanA(name[0]) : SHORT{-1};
+    if (key == -1 || HIBYTE(key) != 0) Fail(&program, "no key is called \"" + std::string(name) + "\"");
+    return LOBYTE(key);
+}
+
+static void SendEvents(std::vector<INPUT> events) {
+    SendInput(static_cast<UINT>(events.size()), events.data(), sizeof(INPUT));
+}
+
+// Keys go to whatever window is in front: a test that would type elsewhere must say so instead.
+static void MustBeInFront(const Program& program) {
+    WaitUntil(program, "the program to be in front", [&] {
+        DWORD processId = 0;
+        GetWindowThreadProcessId(GetForegroundWindow(), &processId);
+        return processId == program.processId;
+    });
+}
+
+void Press(const Program& program, std::string_view keys) {
+    MustBeInFront(program);
+    std::vector<WORD> held;
+    for (std::size_t at = 0; at <= keys.size();) {
+        const std::size_t end = std::min(keys.find('+', at + 1), keys.size());
+        held.push_back(KeyNamed(program, keys.substr(at, end - at)));
+        at = end + 1;
+    }
+    std::vector<INPUT> events;
+    for (const WORD key : held) events.push_back(KeyEvent(key, 0));
+    for (auto key = held.rbegin(); key != held.rend(); ++key) events.push_back(KeyEvent(*key, KEYEVENTF_KEYUP));
+    SendEvents(events);
+    Settle(program);
+}
+
+static std::vector<INPUT> EventsOfLetter(char letter) {
+    const SHORT key = VkKeyScanA(letter);
+    if (key != -1 && HIBYTE(key) <= 1) {
+        std::vector<INPUT> events{KeyEvent(LOBYTE(key), 0), KeyEvent(LOBYTE(key), KEYEVENTF_KEYUP)};
+        if (HIBYTE(key) == 0) return events;
+        events.insert(events.begin(), KeyEvent(VK_SHIFT, 0));
+        events.push_back(KeyEvent(VK_SHIFT, KEYEVENTF_KEYUP));
+        return events;
+    }
+    wchar_t wide = 0;  // no key of the keyboard makes it
+    MultiByteToWideChar(CP_ACP, 0, &letter, 1, &wide, 1);
+    INPUT event{};
+    event.type = INPUT_KEYBOARD;
+    event.ki.wScan = static_cast<WORD>(wide);
+    event.ki.dwFlags = KEYEVENTF_UNICODE;
+    INPUT release = event;
+    release.ki.dwFlags |= KEYEVENTF_KEYUP;
+    return {event, release};
+}
+
+void Type(const Program& program, std::string_view text) {
+    MustBeInFront(program);
+    for (const char letter : text) {
+        SendEvents(EventsOfLetter(letter));
+        Settle(program);
+    }
+}
+
+// ---- Mouse ----------------------------------------------------------------------------------------------------------
+
+static INPUT MouseEvent(DWORD flags, DWORD data = 0) {
+    INPUT event{};
+    event.type = INPUT_MOUSE;
+    event.mi.dwFlags = flags;
+    event.mi.mouseData = data;
+    return event;
+}
+
+// Absolute mouse coordinates count the screen as 65536 wide; rounding up lands on the pixel that is meant.
+static INPUT MoveEvent(POINT onScreen) {
+    const auto scaled = [](LONG pixel, int screen) { return (pixel * 65536 + screen - 1) / screen; };
+    INPUT event = MouseEvent(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE);
+    event.mi.dx = scaled(onScreen.x, GetSystemMetrics(SM_CXSCREEN));
+    event.mi.dy = scaled(onScreen.y, GetSystemMetrics(SM_CYSCREEN));
+    return event;
+}
+
+static INPUT MoveTo(HWND window, POINT point) {
+    ClientToScreen(window, &point);
+    return MoveEvent(point);
+}
+
+void PointAt(HWND window, POINT point) {
+    SendEvents({MoveTo(window, point)});
+}
+
+void ReleaseMouse(const Program& program) {
+    SendEvents({MoveEvent({GetSystemMetrics(SM_CXSCREEN) - 1, GetSystemMetrics(SM_CYSCREEN) - 1})});
+    Settle(program);
+}
+
+// Two clicks of a test are never meant as one double click.
+static std::chrono::steady_clock::time_point lastPress;
+
+static void LetDoubleClickTimePass() {
+    std::this_thread::sleep_until(lastPress + std::chrono::milliseconds(GetDoubleClickTime() + 20));
+}
+
+void Click(const Program& program, HWND window, POINT point, MouseButton button) {
+    LetDoubleClickTimePass();
+    const bool isLeft = button == MouseButton::Left;
+    SendEvents({MoveTo(window, point)});
+    Settle(program);
+    SendEvents({MouseEvent(isLeft ? MOUSEEVENTF_LEFTDOWN : MOUSEEVENTF_RIGHTDOWN)});
+    lastPress = std::chrono::steady_clock::now();
+    Settle(program);
+    SendEvents({MouseEvent(isLeft ? MOUSEEVENTF_LEFTUP : MOUSEEVENTF_RIGHTUP)});
+    Settle(program);
+}
+
+void Click(const Program& program, HWND window) {
+    const RECT rect = ClientRectOf(window);
+    Click(program, window, {rect.right / 2, rect.bottom / 2});
+}
+
+void DoubleClick(const Program& program, HWND window, POINT point) {
+    LetDoubleClickTimePass();
+    SendEvents({MoveTo(window, point), MouseEvent(MOUSEEVENTF_LEFTDOWN), MouseEvent(MOUSEEVENTF_LEFTUP),
+                MouseEvent(MOUSEEVENTF_LEFTDOWN), MouseEvent(MOUSEEVENTF_LEFTUP)});
+    lastPress = std::chrono::steady_clock::now();
+    Settle(program);
+}
+
+void Drag(const Program& program, HWND window, POINT from, POINT to) {
+    LetDoubleClickTimePass();
+    constexpr int kSteps = 8;
+    SendEvents({MoveTo(window, from), MouseEvent(MOUSEEVENTF_LEFTDOWN)});
+    Settle(program);
+    for (int step = 1; step <= kSteps; ++step) {
+        SendEvents(
+            {MoveTo(window, {from.x + (to.x - from.x) * step / kSteps, from.y + (to.y - from.y) * step / kSteps})});
+        Settle(program);
+    }
+    SendEvents({MouseEvent(MOUSEEVENTF_LEFTUP)});
+    lastPress = std::chrono::steady_clock::now();
+    Settle(program);
+}
+
+void Wheel(const Program& program, HWND window, int notches) {
+    const RECT rect = ClientRectOf(window);
+    SendEvents({MoveTo(window, {rect.right / 2, rect.bottom / 2}),
+                MouseEvent(MOUSEEVENTF_WHEEL, static_cast<DWORD>(notches * WHEEL_DELTA))});
+    Settle(program);
+}
+
+// ---- Commands and places
+// ----------------------------------------------------------------------------------------------
+
+void Command(const Program& program, int id) {
+    PostMessageA(program.frame, WM_COMMAND, static_cast<WPARAM>(id), 0);
+    Settle(program);
+}
+
+void PlaceFrame(const Program& program, const RECT& place) {
+    SetWindowPos(program.frame, nullptr, place.left, place.top, place.right - place.left, place.bottom - place.top,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
+    Settle(program);
+}

@@ -1,0 +1,135 @@
+// Menus, scroll bars and the message queue: what the probe answers.
+
+#include <thread>
+
+#include "tests/driver/driver.h"
+#include "tests/driver/probe.h"
+#include "tests/driver/remote_memory.h"
+
+// False when the program cannot be reached any more.
+static bool TryProbe(const Program& program, Probe& probe) {
+    static const UINT probeMessage = RegisterWindowMessageA(kProbeMessageName);
+    const HANDLE process = program.process.get();
+    constexpr UINT kLongestAnswer = 60000;  // a long search may run before the answer
+    DWORD_PTR ignored = 0;
+    return WriteProcessMemory(process, program.probeMemory, &probe, sizeof probe, nullptr) &&
+           SendMessageTimeoutA(program.frame, probeMessage, kProbeMark, reinterpret_cast<LPARAM>(program.probeMemory),
+                               SMTO_NORMAL, kLongestAnswer, &ignored) != 0 &&
+           ReadProcessMemory(process, program.probeMemory, &probe, sizeof probe, nullptr) && probe.answered != 0;
+}
+
+static Probe AskProbe(const Program& program, Probe probe) {
+    if (!TryProbe(program, probe)) Fail(&program, "the program cannot be looked into");
+    return probe;
+}
+
+static std::filesystem::path ProbeLibrary() {
+    char file[MAX_PATH];
+    GetModuleFileNameA(nullptr, file, sizeof file);
+    return std::filesystem::path(file).parent_path() / "versewell_probe.dll";
+}
+
+static Probe Question(ProbeQuestion question, HMENU menu = nullptr, UINT item = 0) {
+    Probe probe;
+    probe.question = question;
+    probe.menu = menu;
+    probe.item = item;
+    return probe;
+}
+
+void HookProbe(Program& program) {
+    static const HMODULE library = LoadLibraryA(ProbeLibrary().string().c_str());
+    if (library == nullptr) Fail(&program, "cannot load " + ProbeLibrary().string());
+    const FARPROC watch = GetProcAddress(library, "WatchSentMessages");
+    program.probe.reset(SetWindowsHookExA(WH_CALLWNDPROC, reinterpret_cast<HOOKPROC>(reinterpret_cast<void*>(watch)),
+                                          library, GetWindowThreadProcessId(program.frame, nullptr)));
+    program.probeMemory = VirtualAllocEx(program.process.get(), nullptr, sizeof(Probe), MEM_COMMIT, PAGE_READWRITE);
+    if (!program.probe || program.probeMemory == nullptr)
+        Fail(&program, "cannot look into the program, error " + std::to_string(GetLastError()));
+}
+
+// Twice idle in a row: one pass may post a message or make a part of a window invalid after the queue was looked at.
+void Settle(const Program& program) {
+    const auto deadline = std::chrono::steady_clock::now() + kPatience;
+    for (int idle = 0; idle < 2;) {
+        Probe probe = Question(ProbeQuestion::QueueState);
+        const bool hasAnswer = TryProbe(program, probe);
+        if (!hasAnswer && !IsWindow(program.frame)) return;  // its end is what there was to wait for
+        if (std::chrono::steady_clock::now() > deadline) Fail(&program, "the program never comes to rest");
+        idle = hasAnswer && probe.result == 0 ? idle + 1 : 0;
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
+}
+
+static HMENU FrameMenu(const Program& program) {
+    Probe probe = Question(ProbeQuestion::MenuBar);
+    probe.window = program.frame;
+    return AskProbe(program, probe).menu;
+}
+
+static Probe ItemOfCommand(const Program& program, int command) {
+    Settle(program);
+    return AskProbe(program, Question(ProbeQuestion::MenuItemById, FrameMenu(program), static_cast<UINT>(command)));
+}
+
+UINT MenuState(const Program& program, int command) {
+    return ItemOfCommand(program, command).result;
+}
+std::string MenuText(const Program& program, int command) {
+    return ItemOfCommand(program, command).text;
+}
+
+static UINT StateThatExists(const Program& program, int command) {
+    const UINT state = MenuState(program, command);
+    if (state == 0xFFFFFFFF) Fail(&program, "no menu item has the command " + std::to_string(command));
+    return state;
+}
+
+bool IsGreyed(const Program& program, int command) {
+    return (StateThatExists(program, command) & (MF_GRAYED | MF_DISABLED)) != 0;
+}
+
+bool IsTicked(const Program& program, int command) {
+    return (StateThatExists(program, command) & MF_CHECKED) != 0;
+}
+
+static std::vector<MenuLine> LinesOf(const Program& program, HMENU menu) {
+    std::vector<MenuLine> lines;
+    const UINT count = AskProbe(program, Question(ProbeQuestion::MenuCount, menu)).result;
+    for (UINT place = 0; place < count; ++place) {
+        const Probe item = AskProbe(program, Question(ProbeQuestion::MenuItemByPlace, menu, place));
+        lines.push_back({static_cast<int>(item.id), item.text, item.result});
+    }
+    return lines;
+}
+
+std::vector<std::string> MenuBar(const Program& program) {
+    std::vector<std::string> titles;
+    for (const MenuLine& line : LinesOf(program, FrameMenu(program))) titles.push_back(line.text);
+    return titles;
+}
+
+std::vector<MenuLine> MenuLines(const Program& program, int position) {
+    const Probe popup =
+        AskProbe(program, Question(ProbeQuestion::SubMenu, FrameMenu(program), static_cast<UINT>(position)));
+    return LinesOf(program, popup.menu);
+}
+
+std::vector<MenuLine> OpenMenuLines(const Program& program) {
+    constexpr UINT kGetMenuOfPopup = 0x01E1;  // MN_GETHMENU
+    HWND popup = nullptr;
+    WaitUntil(program, "a menu to open", [&] {
+        for (const HWND window : TopLevelWindows(program))
+            if (ClassOf(window) == "#32768") popup = window;
+        return popup != nullptr;
+    });
+    return LinesOf(program, reinterpret_cast<HMENU>(Ask(program, popup, kGetMenuOfPopup)));
+}
+
+ScrollState VerticalScroll(const Program& program, HWND window) {
+    Settle(program);
+    Probe probe = Question(ProbeQuestion::VerticalScroll);
+    probe.window = window;
+    const SCROLLINFO info = AskProbe(program, probe).scroll;
+    return {info.nMin, info.nMax, static_cast<int>(info.nPage), info.nPos};
+}

@@ -1,0 +1,46 @@
+// The library that answers probes inside the program.
+
+#include "tests/driver/probe.h"
+
+static void DescribeItem(Probe& probe, UINT by) {
+    probe.result = GetMenuState(probe.menu, probe.item, by);
+    probe.id = by == MF_BYPOSITION ? GetMenuItemID(probe.menu, static_cast<int>(probe.item)) : probe.item;
+    GetMenuStringA(probe.menu, probe.item, probe.text, sizeof probe.text, by);
+}
+
+static void Answer(Probe& probe) {
+    switch (probe.question) {
+        case ProbeQuestion::QueueState:
+            probe.result = HIWORD(GetQueueStatus(QS_INPUT | QS_POSTMESSAGE | QS_PAINT));
+            break;
+        case ProbeQuestion::MenuBar:
+            probe.menu = GetMenu(probe.window);
+            break;
+        case ProbeQuestion::SubMenu:
+            probe.menu = GetSubMenu(probe.menu, static_cast<int>(probe.item));
+            break;
+        case ProbeQuestion::MenuCount:
+            probe.result = static_cast<UINT>(GetMenuItemCount(probe.menu));
+            break;
+        case ProbeQuestion::MenuItemByPlace:
+            DescribeItem(probe, MF_BYPOSITION);
+            break;
+        case ProbeQuestion::MenuItemById:
+            DescribeItem(probe, MF_BYCOMMAND);
+            break;
+        case ProbeQuestion::VerticalScroll:
+            probe.scroll.cbSize = sizeof probe.scroll;
+            probe.scroll.fMask = SIF_ALL;
+            GetScrollInfo(probe.window, SB_VERT, &probe.scroll);
+            break;
+    }
+    probe.answered = 1;
+}
+
+extern "C" __declspec(dllexport) LRESULT CALLBACK WatchSentMessages(int code, WPARAM wParam, LPARAM lParam) {
+    static const UINT probeMessage = RegisterWindowMessageA(kProbeMessageName);
+    const auto* sent = reinterpret_cast<const CWPSTRUCT*>(lParam);
+    if (code == HC_ACTION && sent->message == probeMessage && sent->wParam == kProbeMark)
+        Answer(*reinterpret_cast<Probe*>(sent->lParam));
+    return CallNextHookEx(nullptr, code, wParam, lParam);
+}

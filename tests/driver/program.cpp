@@ -1,0 +1,132 @@
+// Starting and ending the program, and waiting for it.
+
+#include <stdexcept>
+#include <thread>
+
+#include <windows.h>
+
+#include <tlhelp32.h>
+
+#include <gtest/gtest.h>
+
+#include "tests/driver/driver.h"
+
+void KillProcessDeleter::operator()(HANDLE process) const {
+    if (WaitForSingleObject(process, 0) == WAIT_TIMEOUT) {
+        TerminateProcess(process, 99);
+        WaitForSingleObject(process, static_cast<DWORD>(kPatience.count()));
+    }
+    CloseHandle(process);
+}
+
+// The name of the running test as a picture's name: "failed-FirstStart.MakesNotes".
+static std::string FailurePictureName() {
+    const testing::TestInfo* test = testing::UnitTest::GetInstance()->current_test_info();
+    if (test == nullptr) return "failed";
+    std::string name = std::string("failed-") + test->test_suite_name() + "." + test->name();
+    for (char& letter : name)
+        if (letter == '/') letter = '-';
+    return name;
+}
+
+std::string PictureOfFailure() {
+    const std::string name = FailurePictureName();
+    SavePicture(PictureOfScreen({0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)}), name);
+    return name + ".png";
+}
+
+void Fail(const Program* program, const std::string& text) {
+    std::string whole = text + "\npicture: " + PictureOfFailure();
+    if (program != nullptr) whole += "\n" + DescribeWindows(*program);
+    throw std::runtime_error(whole);
+}
+
+void WaitUntil(const Program& program, std::string_view what, const std::function<bool()>& isSo,
+               std::chrono::milliseconds patience) {
+    const auto deadline = std::chrono::steady_clock::now() + patience;
+    while (!isSo()) {
+        if (std::chrono::steady_clock::now() > deadline) Fail(&program, "waited in vain for " + std::string(what));
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    }
+}
+
+// ---- Starting -------------------------------------------------------------------------------------------------------
+
+static DWORD FindProcess(const std::string& file) {
+    const UniqueHandle all(CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0));
+    PROCESSENTRY32 entry{};
+    entry.dwSize = sizeof entry;
+    for (BOOL more = Process32First(all.get(), &entry); more; more = Process32Next(all.get(), &entry))
+        if (file == entry.szExeFile) return entry.th32ProcessID;
+    return 0;
+}
+
+// The starter of a dated program is one of the host's processes; the program that it becomes is found by its name.
+static void AdoptDatedProgram(Program& program, const std::string& file) {
+    const std::string name = std::filesystem::path(file).filename().string();
+    const auto deadline = std::chrono::steady_clock::now() + kPatience;
+    while ((program.processId = FindProcess(name)) == 0) {
+        if (std::chrono::steady_clock::now() > deadline) Fail(nullptr, "no process " + name + " appears");
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    }
+    program.process.reset(OpenProcess(PROCESS_ALL_ACCESS, FALSE, program.processId));
+}
+
+Program LaunchProgram(const ScratchFolder& folder, const StartOptions& options) {
+    const std::string file = options.programFile.empty() ? Surroundings().program : options.programFile;
+    std::string commandLine = "\"" + file + "\" " + options.arguments;
+    if (!options.date.empty()) commandLine = "\"" + Surroundings().dater + "\" \"" + options.date + "\" " + commandLine;
+    STARTUPINFOA startup{};
+    startup.cb = sizeof startup;
+    startup.dwFlags = STARTF_USESHOWWINDOW;
+    startup.wShowWindow = static_cast<WORD>(options.showState);
+    PROCESS_INFORMATION started{};
+    if (!CreateProcessA(nullptr, commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr, folder.path.string().c_str(),
+                        &startup, &started))
+        Fail(nullptr, "cannot start " + commandLine + ", error " + std::to_string(GetLastError()));
+    CloseHandle(started.hThread);
+
+    Program program;
+    program.folder = folder;
+    program.process.reset(started.hProcess);
+    program.processId = started.dwProcessId;
+    if (!options.date.empty()) AdoptDatedProgram(program, file);
+    return program;
+}
+
+void WaitForFrame(Program& program, const StartOptions& options) {
+    WaitForInputIdle(program.process.get(), static_cast<DWORD>(kPatience.count()));
+    WaitUntil(program, "the program's frame", [&] {
+        if (!IsRunning(program)) Fail(&program, "the program ended before its frame was shown");
+        for (const HWND window : TopLevelWindows(program))
+            if (ClassOf(window) == options.frameClass) program.frame = window;
+        return program.frame != nullptr;
+    });
+    HookProbe(program);
+    Settle(program);
+}
+
+Program StartProgram(const ScratchFolder& folder, const StartOptions& options) {
+    SetCursorPos(GetSystemMetrics(SM_CXSCREEN) - 1, GetSystemMetrics(SM_CYSCREEN) - 1);
+    Program program = LaunchProgram(folder, options);
+    WaitForFrame(program, options);
+    return program;
+}
+
+// ---- Ending ---------------------------------------------------------------------------------------------------------
+
+bool IsRunning(const Program& program) {
+    return WaitForSingleObject(program.process.get(), 0) == WAIT_TIMEOUT;
+}
+
+int WaitForExit(const Program& program) {
+    WaitUntil(program, "the program's end", [&] { return !IsRunning(program); });
+    DWORD code = 0;
+    GetExitCodeProcess(program.process.get(), &code);
+    return static_cast<int>(code);
+}
+
+int CloseProgram(Program& program) {
+    PostMessageA(program.frame, WM_CLOSE, 0, 0);
+    return WaitForExit(program);
+}

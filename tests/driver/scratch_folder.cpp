@@ -1,0 +1,83 @@
+// Folders of tests, and what lies in them.
+
+#include <algorithm>
+#include <fstream>
+#include <iterator>
+
+#include <gtest/gtest.h>
+
+#include "tests/driver/driver.h"
+
+static constexpr const char* kScriptureFiles[] = {"_avwrds.dat", "_avwptr.dat", "_avwidx.dat", "_avvidx.dat",
+                                                  "_avtext.dat"};
+
+static std::string Variable(const char* name, const char* otherwise) {
+    const char* value = std::getenv(name);
+    return value != nullptr && *value != '\0' ? value : otherwise;
+}
+
+const TestSurroundings& Surroundings() {
+    static const TestSurroundings surroundings{
+        Variable("VERSEWELL_PROGRAM", "versewell.exe"),
+        Variable("VERSEWELL_DATA", "."),
+        Variable("VERSEWELL_PICTURES", "."),
+        Variable("VERSEWELL_AT_DATE", "at_date"),
+    };
+    return surroundings;
+}
+
+// A failed test's folder stays, so that one can look into it.
+static void LeaveFolder(const std::filesystem::path& path) {
+    if (testing::Test::HasFailure()) return;
+    std::error_code ignored;
+    std::filesystem::remove_all(path, ignored);
+}
+
+ScratchFolder EmptyFolder() {
+    static int count = 0;
+    const std::string name = "versewell-" + std::to_string(GetCurrentProcessId()) + "-" + std::to_string(++count);
+    const std::filesystem::path path = std::filesystem::temp_directory_path() / name;
+    std::filesystem::create_directories(path);
+    return {path, std::shared_ptr<void>(nullptr, [path](void*) { LeaveFolder(path); })};
+}
+
+ScratchFolder FolderWithScripture() {
+    ScratchFolder folder = EmptyFolder();
+    for (const char* name : kScriptureFiles)
+        std::filesystem::copy_file(std::filesystem::path(Surroundings().data) / name, folder.path / name);
+    return folder;
+}
+
+std::string ReadFile(const ScratchFolder& folder, std::string_view name) {
+    std::ifstream file(folder.path / name, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+void WriteFile(const ScratchFolder& folder, std::string_view name, std::string_view content) {
+    std::ofstream file(folder.path / name, std::ios::binary);
+    file.write(content.data(), static_cast<std::streamsize>(content.size()));
+}
+
+bool HasFile(const ScratchFolder& folder, std::string_view name) {
+    return std::filesystem::exists(folder.path / name);
+}
+
+std::vector<std::string> FilesIn(const ScratchFolder& folder) {
+    std::vector<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(folder.path))
+        names.push_back(entry.path().filename().string());
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+std::string Setting(const ScratchFolder& folder, std::string_view section, std::string_view key) {
+    char value[512];
+    GetPrivateProfileStringA(std::string(section).c_str(), std::string(key).c_str(), "(none)", value, sizeof value,
+                             (folder.path / "Versewell.INI").string().c_str());
+    return value;
+}
+
+void WriteSetting(const ScratchFolder& folder, std::string_view section, std::string_view key, std::string_view value) {
+    WritePrivateProfileStringA(std::string(section).c_str(), std::string(key).c_str(), std::string(value).c_str(),
+                               (folder.path / "Versewell.INI").string().c_str());
+}

@@ -1,0 +1,221 @@
+// The tree keeps the house's rules, and the checks of them see a rule broken.
+
+#include <cstdlib>
+#include <fstream>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "tests/house_rules.h"
+
+using testing::IsEmpty;
+using testing::SizeIs;
+
+// ---- The tree -------------------------------------------------------------------------------------------------------
+
+static const std::vector<TreeFile>& Tree() {
+    static const std::vector<TreeFile> tree = FilesOfTree(VERSEWELL_SOURCE_DIR);
+    return tree;
+}
+
+static Findings CheckTree(Findings (*check)(const TreeFile&)) {
+    Findings all;
+    for (const TreeFile& file : Tree())
+        for (const std::string& finding : check(file)) all.push_back(finding);
+    return all;
+}
+
+// One a line, for a list on one line cannot be read.
+static std::string Lines(const Findings& findings) {
+    std::string text;
+    for (const std::string& finding : findings) text += finding + "\n";
+    return text;
+}
+
+struct TreeRule {
+    const char* name;
+    Findings (*check)(const TreeFile&);
+};
+
+struct TreeKeeps : testing::TestWithParam<TreeRule> {};
+
+TEST_P(TreeKeeps, Rule) {
+    EXPECT_EQ(Lines(CheckTree(GetParam().check)), "");
+}
+
+INSTANTIATE_TEST_SUITE_P(House, TreeKeeps,
+                         testing::Values(TreeRule{"Includes", CheckIncludes}, TreeRule{"Globals", CheckGlobals},
+                                         TreeRule{"Length", CheckLength}, TreeRule{"Words", CheckWords},
+                                         TreeRule{"Kind", CheckKind}),
+                         [](const auto& row) { return row.param.name; });
+
+TEST(TreeKeeps, OwnHeaderFirst) {
+    std::set<std::string> paths;
+    for (const TreeFile& file : Tree()) paths.insert(file.path);
+    Findings all;
+    for (const TreeFile& file : Tree())
+        for (const std::string& finding : CheckOwnHeaderFirst(file, paths)) all.push_back(finding);
+    EXPECT_EQ(Lines(all), "");
+}
+
+TEST(TreeKeeps, HasFilesToCheck) {
+    EXPECT_GT(Tree().size(), 100u);
+    for (const TreeFile& file : Tree()) EXPECT_NE(file.path.substr(0, 5), ".git/");
+}
+
+// ---- The checks -----------------------------------------------------------------------------------------------------
+
+struct Sample {
+    const char* path;
+    const char* text;
+    bool isGood;
+};
+
+struct IncludeSample : testing::TestWithParam<Sample> {};
+
+TEST_P(IncludeSample, IsJudged) {
+    const Sample& sample = GetParam();
+    EXPECT_THAT(CheckIncludes({sample.path, sample.text}), SizeIs(sample.isGood ? 0 : 1)) << sample.path;
+}
+
+static constexpr Sample kIncludeSamples[] = {
+    {"search/a.cpp", "#include \"scripture/books.h\"\n", true},
+    {"search/a.cpp", "#include <vector>\n", true},
+    {"search/a.cpp", "#include <emmintrin.h>\n", true},
+    {"search/a.cpp", "// #include \"app/settings.h\"\n", true},
+    {"search/a_dialog.cpp", "#include <windows.h>\n", true},
+    {"search/a_dialog.cpp", "#include \"win32/text.h\"\n", true},
+    {"search/a_dialog.cpp", "#include \"resources/ids.h\"\n", true},
+    {"search/a_test.cpp", "#include \"tests/support/fake.h\"\n", true},
+    {"tests/windows/a_test.cpp", "#include \"scripture/books.h\"\n", true},
+    {"tests/windows/a_test.cpp", "#include \"tests/driver/driver.h\"\n", true},
+    {"win32/a.cpp", "#include \"win32/b.h\"\n", true},
+    {"scripture/a.cpp", "#include \"search/word_index.h\"\n", false},
+    {"notes/a.h", "#include \"passage/passage_view.h\"\n", false},
+    {"print/a.cpp", "#include \"app/settings.h\"\n", false},
+    {"search/a_dialog.cpp", "#include \"app/settings.h\"\n", false},
+    {"search/a.cpp", "#include <windows.h>\n", false},
+    {"search/a.cpp", "#  include <unistd.h>\n", false},
+    {"search/a.h", "#include \"search/a_dialog.h\"\n", false},
+    {"search/a.h", "#include \"win32/text.h\"\n", false},
+    {"search/a.h", "#include \"resources/ids.h\"\n", false},
+    {"search/a.cpp", "#include \"word_index.h\"\n", false},
+    {"search/a.cpp", "#include \"tests/support/fake.h\"\n", false},
+    {"search/a.cpp", "#include \"data/verses.h\"\n", false},
+    {"win32/a.cpp", "#include \"scripture/books.h\"\n", false},
+    {"resources/a.h", "#include \"app/settings.h\"\n", false},
+    {"tests/windows/a_test.cpp", "#include \"passage/passage_window.h\"\n", false},
+};
+INSTANTIATE_TEST_SUITE_P(House, IncludeSample, testing::ValuesIn(kIncludeSamples));
+
+TEST(HouseCheck, SeesAnotherHeaderFirst) {
+    const std::set<std::string> paths = {"search/a.cpp", "search/a.h"};
+    EXPECT_THAT(CheckOwnHeaderFirst({"search/a.cpp", "#include \"search/a.h\"\n#include <vector>\n"}, paths),
+                IsEmpty());
+    EXPECT_THAT(CheckOwnHeaderFirst({"search/b.cpp", "#include <vector>\n"}, paths), IsEmpty());
+    EXPECT_THAT(CheckOwnHeaderFirst({"search/a.cpp", "#include <vector>\n#include \"search/a.h\"\n"}, paths),
+                SizeIs(1));
+    EXPECT_THAT(CheckOwnHeaderFirst({"search/a.cpp", "int a;\n"}, paths), SizeIs(1));
+}
+
+TEST(HouseCheck, SeesAGlobalInTheCore) {
+    EXPECT_THAT(CheckGlobals({"notes/a.cpp", "theNotes.current = 1;\n"}), SizeIs(1));
+    EXPECT_THAT(CheckGlobals({"notes/a_window.cpp", "theNotes.current = 1;\n"}), IsEmpty());
+    EXPECT_THAT(CheckGlobals({"notes/a.cpp", "Say(\"theNotes\");  // theNotes\nint other = breatheOut;\n"}), IsEmpty());
+}
+
+TEST(HouseCheck, SeesALongFile) {
+    EXPECT_THAT(CheckLength({"notes/a.cpp", std::string(600, '\n')}), IsEmpty());
+    EXPECT_THAT(CheckLength({"notes/a.cpp", std::string(601, '\n')}), SizeIs(1));
+    EXPECT_THAT(CheckLength({"resources/menu.rc", std::string(601, '\n')}), IsEmpty());
+}
+
+struct WordSample : testing::TestWithParam<Sample> {};
+
+TEST_P(WordSample, IsJudged) {
+    const Sample& sample = GetParam();
+    EXPECT_THAT(CheckWords({sample.path, sample.text}), SizeIs(sample.isGood ? 0 : 1)) << sample.text;
+}
+
+static constexpr Sample kWordSamples[] = {
+    {"a.cpp", "// A special part of the issue: specific words.\n", true},
+    {"a.cpp", "target_compile_options(/W4 /WX /utf-8)\n", true},
+    {"run", "PATH=/usr/bin/env; cd /tmp/versewell\n", true},
+    {"a.md", "the ratio 3/4, and/or such\n", true},
+    {"a.manifest",
+     "xmlns=\"http:/"
+     "/schemas.microsoft.com/SMI\"\n",
+     true},
+    {"a.cpp",
+     "// TO"
+     "DO: the rest\n",
+     false},
+    {"a.cpp",
+     "// FIX"
+     "ME\n",
+     false},
+    {"a_test.cpp",
+     "    GTEST_"
+     "SKIP();\n",
+     false},
+    {"a_test.cpp",
+     "TEST(Notes, DISABLED"
+     "_Save) {}\n",
+     false},
+    {"a.cpp",
+     "// As the sp"
+     "ecification has it.\n",
+     false},
+    {"a.cpp",
+     "// See Part"
+     " 4.2.\n",
+     false},
+    {"a.md",
+     "closes issue"
+     " #12\n",
+     false},
+    {"run",
+     "cd /ho"
+     "me/someone/versewell\n",
+     false},
+    {"a.cpp",
+     "Open(\"/wo"
+     "rk/main/data\");\n",
+     false},
+    {"package-lock.json",
+     "\"resolved\": \"https:/"
+     "/registry.example/kjv.tgz\"\n",
+     false},
+};
+INSTANTIATE_TEST_SUITE_P(House, WordSample, testing::ValuesIn(kWordSamples));
+
+TEST(HouseCheck, SeesWhatShouldBeMade) {
+    EXPECT_THAT(CheckKind({"resources/title.svg", "<svg/>"}), IsEmpty());
+    EXPECT_THAT(CheckKind({"resources/title.bmp", "BM"}), SizeIs(1));
+    EXPECT_THAT(CheckKind({"data/_avtext.dat", "In"}), SizeIs(1));
+    EXPECT_THAT(CheckKind({"app/a.cpp", "int a;\n"}), IsEmpty());
+    EXPECT_THAT(CheckKind({"app/a.cpp", "int a;\r\n"}), SizeIs(1));
+    EXPECT_THAT(CheckKind({"app/a.cpp", "int a;"}), SizeIs(1));
+}
+
+// ---- Headers compile alone ------------------------------------------------------------------------------------------
+
+static int CompileHeadersOf(const std::filesystem::path& root) {
+    const std::string script = std::string(VERSEWELL_SOURCE_DIR) + "/tests/headers_compile";
+    return std::system((script + " " + root.string() + " >/dev/null 2>&1").c_str());
+}
+
+TEST(HouseCheck, SeesAHeaderThatNeedsAnother) {
+    const std::filesystem::path root = std::filesystem::temp_directory_path() / "versewell-headers";
+    std::filesystem::create_directories(root / "search");
+    const auto write = [&root](const char* name, const char* text) { std::ofstream(root / name) << text; };
+    write("search/good.h", "#pragma once\n#include <string>\nstd::string Good();\n");
+    write("search/good_window.h", "#pragma once\n#include <windows.h>\nHWND Good();\n");
+    EXPECT_EQ(CompileHeadersOf(root), 0);
+    write("search/bad.h", "#pragma once\nstd::string Bad();\n");
+    EXPECT_NE(CompileHeadersOf(root), 0);
+    std::filesystem::remove(root / "search/bad.h");
+    write("search/bad_window.h", "#pragma once\nHWND Bad();\n");
+    EXPECT_NE(CompileHeadersOf(root), 0);
+    std::filesystem::remove_all(root);
+}
