@@ -59,9 +59,9 @@ int PassageTargetVerse() {
     return start.place >= view.TopVerse && end.place <= view.LastVisibleVerse ? start.place : view.TopVerse;
 }
 
+// A heading goes with the label under it.
 static TextColor ColorOf(const OrderedSelection& selection, const FlowBox& box) {
-    const bool selected = box.kind != BoxKind::kHeading && theSelection.SelectionOwner == kPassageOwns &&
-                          IsSelected(selection, box.point);
+    const bool selected = theSelection.SelectionOwner == kPassageOwns && IsSelected(selection, box.point);
     return selected ? TextColor::kSelected : TextColor::kNormal;
 }
 
