@@ -19,8 +19,13 @@ static Face FaceNow(const WordReader& reader) {
     return reader.italic ? Face::kItalic : Face::kRegular;
 }
 
+// Fields are set in place: copying a whole piece would cost more than reading its word.
 static void AddPiece(WordReader& reader, std::string_view text) {
-    if (!text.empty()) reader.pieces.push_back({FaceNow(reader), reader.keyDepth > 0, 0, text});
+    if (text.empty()) return;
+    WordPiece& piece = reader.pieces.emplace_back();
+    piece.face = FaceNow(reader);
+    piece.keyWord = reader.keyDepth > 0;
+    piece.text = text;
 }
 
 static bool IsBracket(char byte) {

@@ -112,15 +112,22 @@ static void BeginVerse(PassageWalk& walk, int verse, const VerseRecord& record, 
     OpenVerse(walk.reader, indented ? text.substr(1) : text);  // the indent stands for the paragraph mark
 }
 
-static void PlaceWord(PassageWalk& walk) {
-    WrapBefore(walk, MeasureWord(walk.reader, walk.flow.measure));
-    ++walk.point.word;
+static void VisitPieces(PassageWalk& walk) {
     const bool endsVerse = HasVerseEnded(walk.reader);
+    int x = walk.x;
     for (const WordPiece& piece : walk.reader.pieces) {
         const bool isLast = endsVerse && &piece == &walk.reader.pieces.back();
-        Visit(walk, {BoxKind::kWord, piece.face, walk.point, walk.x, walk.y, piece.width, isLast, piece.text});
-        walk.x += piece.width;
+        Visit(walk, {BoxKind::kWord, piece.face, walk.point, x, walk.y, piece.width, isLast, piece.text});
+        x += piece.width;
     }
+}
+
+static void PlaceWord(PassageWalk& walk) {
+    const int width = MeasureWord(walk.reader, walk.flow.measure);
+    WrapBefore(walk, width);
+    ++walk.point.word;
+    if (walk.visit) VisitPieces(walk);
+    walk.x += width;
 }
 
 // The next verse is told by a change of the verse number; one of the same number runs on without a label.

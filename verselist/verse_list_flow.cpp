@@ -61,20 +61,26 @@ static void OpenMarkedVerse(ListWalk& walk, int verse) {
     OpenVerse(walk.reader, walk.marked);
 }
 
-static void PlacePiece(ListWalk& walk, const WordPiece& piece) {
-    const bool endsWord = &piece == &walk.reader.pieces.back();
-    const bool endsEntry = endsWord && HasVerseEnded(walk.reader);
-    Visit(walk, {piece.face, piece.keyWord, walk.point, walk.x, walk.y, piece.width, endsWord, endsEntry, piece.text});
-    walk.x += piece.width;
+static void VisitPieces(ListWalk& walk) {
+    const bool endsEntry = HasVerseEnded(walk.reader);
+    int x = walk.x;
+    for (const WordPiece& piece : walk.reader.pieces) {
+        const bool isLast = &piece == &walk.reader.pieces.back();
+        Visit(walk,
+              {piece.face, piece.keyWord, walk.point, x, walk.y, piece.width, isLast, isLast && endsEntry, piece.text});
+        x += piece.width;
+    }
 }
 
 static void PlaceWord(ListWalk& walk) {
-    if (walk.x + MeasureWord(walk.reader, walk.flow.measure) >= walk.flow.width) {
+    const int width = MeasureWord(walk.reader, walk.flow.measure);
+    if (walk.x + width >= walk.flow.width) {
         walk.y += walk.lineHeight;
         walk.x = walk.lineHeight;  // the indent under the label
     }
     ++walk.point.word;
-    for (const WordPiece& piece : walk.reader.pieces) PlacePiece(walk, piece);
+    if (walk.visit) VisitPieces(walk);
+    walk.x += width;
 }
 
 static void PlaceEntry(ListWalk& walk, int entry) {
