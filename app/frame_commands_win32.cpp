@@ -22,14 +22,9 @@ void CloseFrame(int) {
 
 void ShowHelp(int command) {
     switch (command) {
-        case IDM_HELP_RANGE:
-            OpenHelpTopic(theFrame.window, kHelpFile, kTopicSpecifyRange);
-            break;
-        case IDM_HELP_PREFACE:
-            OpenHelpTopic(theFrame.window, kHelpFile, kTopicPreface);
-            break;
-        default:
-            OpenHelpContents(theFrame.window, kHelpFile);
+        case IDM_HELP_RANGE: OpenHelpTopic(theFrame.window, kHelpFile, kTopicSpecifyRange); break;
+        case IDM_HELP_PREFACE: OpenHelpTopic(theFrame.window, kHelpFile, kTopicPreface); break;
+        default: OpenHelpContents(theFrame.window, kHelpFile);
     }
 }
 
@@ -71,14 +66,8 @@ void OpenContextMenu(int) {
 
 void CopySelection(int) {
     switch (theSelection.SelectionOwner) {
-        case kVerseListOwns:
-            SendCommand(theVerseList.window, IDM_COPY);
-            break;
-        case kPassageOwns:
-            SendCommand(thePassage.window, IDM_COPY);
-            break;
-        case kNoteViewOwns:
-            SendMessageA(theNotes.view, WM_COPY, 0, 0);
-            break;
+        case kVerseListOwns: SendCommand(theVerseList.window, IDM_COPY); break;
+        case kPassageOwns: SendCommand(thePassage.window, IDM_COPY); break;
+        case kNoteViewOwns: SendMessageA(theNotes.view, WM_COPY, 0, 0); break;
     }
 }

@@ -24,18 +24,12 @@ void GoToVerse(int) {
 static int NeighbourOf(int verse, int command) {
     const VerseRecords& records = theScripture.records;
     switch (command) {
-        case IDM_PREVIOUS_VERSE:
-            return verse - 1;
-        case IDM_NEXT_VERSE:
-            return verse + 1;
-        case IDM_PREVIOUS_CHAPTER:
-            return PreviousChapter(records, verse);
-        case IDM_NEXT_CHAPTER:
-            return NextChapter(records, verse);
-        case IDM_PREVIOUS_BOOK:
-            return PreviousBook(records, verse);
-        case IDM_NEXT_BOOK:
-            return NextBook(records, verse);
+        case IDM_PREVIOUS_VERSE: return verse - 1;
+        case IDM_NEXT_VERSE: return verse + 1;
+        case IDM_PREVIOUS_CHAPTER: return PreviousChapter(records, verse);
+        case IDM_NEXT_CHAPTER: return NextChapter(records, verse);
+        case IDM_PREVIOUS_BOOK: return PreviousBook(records, verse);
+        case IDM_NEXT_BOOK: return NextBook(records, verse);
     }
     return verse;
 }

@@ -56,12 +56,9 @@ enum class StoreLoad { kLoaded, kStopped, kFailed };
 static StoreLoad LoadStore() {
     const DataFiles files = ScriptureDataFiles();
     switch (LoadWordIndex(files, theWordIndex)) {
-        case IndexLoad::kFailed:
-            return StoreLoad::kFailed;
-        case IndexLoad::kNoVerseLists:
-            return StoreLoad::kStopped;
-        case IndexLoad::kLoaded:
-            break;
+        case IndexLoad::kFailed: return StoreLoad::kFailed;
+        case IndexLoad::kNoVerseLists: return StoreLoad::kStopped;
+        case IndexLoad::kLoaded: break;
     }
     return LoadScripture(files, theScripture) ? StoreLoad::kLoaded : StoreLoad::kFailed;
 }

@@ -58,15 +58,9 @@ static TBBUTTON ButtonOf(const ToolbarEntry& entry) {
     button.iBitmap = entry.picture;
     button.idCommand = entry.command;
     switch (entry.button) {
-        case Button::kSeparator:
-            button.fsStyle = TBSTYLE_SEP;
-            break;
-        case Button::kEnabled:
-            button.fsState = TBSTATE_ENABLED;
-            break;
-        case Button::kGreyed:
-            button.fsState = TBSTATE_ENABLED | TBSTATE_INDETERMINATE;
-            break;
+        case Button::kSeparator: button.fsStyle = TBSTYLE_SEP; break;
+        case Button::kEnabled: button.fsState = TBSTATE_ENABLED; break;
+        case Button::kGreyed: button.fsState = TBSTATE_ENABLED | TBSTATE_INDETERMINATE; break;
         case Button::kPressed:
             button.fsState = TBSTATE_ENABLED | TBSTATE_CHECKED;
             button.fsStyle = TBSTYLE_CHECK;
@@ -143,8 +137,7 @@ static std::string ToolTipOf(int command) {
                              " (F12)");
         case IDM_NOTE_FOR_LIST:
             return WithVerse("Note for ", VerseListTargetVerse(), "Note for Verse in Verse List", " (F9)");
-        case IDM_NOTE_FOR_PASSAGE:
-            return WithVerse("Note for ", PassageTargetVerse(), "", " (F10)");
+        case IDM_NOTE_FOR_PASSAGE: return WithVerse("Note for ", PassageTargetVerse(), "", " (F10)");
     }
     for (const ToolTip& tip : kToolTips) {
         if (tip.command == command) return tip.text;

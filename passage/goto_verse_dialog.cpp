@@ -8,7 +8,6 @@
 #include "win32/controls.h"
 #include "win32/dialogs.h"
 #include "win32/help_viewer.h"
-#include "win32/screen.h"
 
 static void Fill(HWND dialog) {
     SendDlgItemMessageA(dialog, IDC_REFERENCE, EM_LIMITTEXT, kReferenceLimit, 0);
@@ -32,37 +31,13 @@ static void OnOk(HWND dialog) {
     ScrollToVerse(reference.verse);
 }
 
-static BOOL OnInitDialog(HWND dialog, HWND, LPARAM) {
-    PlaceDialog(dialog);
-    Fill(dialog);
-    return TRUE;
-}
-
-static void OnCommand(HWND dialog, int control, HWND, UINT) {
+static void OnCommand(HWND dialog, int control, UINT) {
     switch (control) {
-        case IDOK:
-            OnOk(dialog);
-            break;
-        case IDCANCEL:
-            EndDialog(dialog, IDCANCEL);
-            break;
-        case IDC_HELP_BUTTON:
-            OpenHelpTopic(dialog, kHelpFile, kTopicGotoVerse);
-            break;
+        case IDOK: OnOk(dialog); break;
+        case IDC_HELP_BUTTON: OpenHelpTopic(dialog, kHelpFile, kTopicGotoVerse); break;
     }
-}
-
-static INT_PTR CALLBACK GotoVerseProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
-    switch (message) {
-        case WM_INITDIALOG:
-            return HANDLE_WM_INITDIALOG(dialog, wParam, lParam, OnInitDialog);
-        case WM_COMMAND:
-            HANDLE_WM_COMMAND(dialog, wParam, lParam, OnCommand);
-            return TRUE;
-    }
-    return FALSE;
 }
 
 void AskGotoVerse(HWND frame) {
-    RunDialog(frame, "GOTOVERSE", GotoVerseProcedure);
+    RunDialog(frame, {"GOTOVERSE", Fill, OnCommand});
 }

@@ -38,7 +38,7 @@ static bool HasText() {
 }
 
 void RedisplayPassage() {
-    InvalidateRect(thePassage.window, nullptr, FALSE);
+    RedisplayPane(thePassage);
 }
 
 void ScrollToVerse(int verse) {
@@ -84,24 +84,17 @@ static void ShowPosition(HWND window) {
     if (GetScrollPos(window, SB_VERT) != top) SetScrollPos(window, SB_VERT, top, TRUE);
 }
 
-static void OnPaint(HWND window) {
-    PAINTSTRUCT paint;
-    const HDC screen = BeginPaint(window, &paint);
-    RECT client{};
-    GetClientRect(window, &client);
-    if (HasText() && !IsRectEmpty(&client)) {
-        ShowPosition(window);
-        LayOutRuns(client);
-        const HDC canvas = CanvasFor(thePassage.canvas, screen, client.right, client.bottom);
-        DrawRuns(canvas, thePassage.faces, thePassage.runs, client, 0);
-        CopyCanvas(thePassage.canvas, screen, paint.rcPaint);
-    } else {
-        FillRect(screen, &paint.rcPaint, GetSysColorBrush(COLOR_WINDOW));
-    }
-    EndPaint(window, &paint);
+static void LayOutAndShowPosition(const RECT& client) {
+    ShowPosition(thePassage.window);
+    LayOutRuns(client);
 }
 
-static void Scroll(ScrollCode code, int thumb = 0) {
+static void OnPaint(HWND) {
+    if (HasText()) return PaintPane(thePassage, 0, LayOutAndShowPosition);
+    PaintPane(thePassage, 0, nullptr);
+}
+
+static void Scroll(ScrollCode code, int thumb) {
     if (!HasText()) return;
     const int top = ScrolledTop(CurrentFlow(), thePassage.view, code, thumb);
     if (top == thePassage.view.TopVerse) return;
@@ -110,75 +103,28 @@ static void Scroll(ScrollCode code, int thumb = 0) {
 }
 
 static void OnVScroll(HWND, HWND, UINT code, int thumb) {
-    switch (code) {
-        case SB_LINEUP:
-            Scroll(ScrollCode::kLineUp);
-            break;
-        case SB_LINEDOWN:
-            Scroll(ScrollCode::kLineDown);
-            break;
-        case SB_PAGEUP:
-            Scroll(ScrollCode::kPageUp);
-            break;
-        case SB_PAGEDOWN:
-            Scroll(ScrollCode::kPageDown);
-            break;
-        case SB_THUMBPOSITION:
-        case SB_THUMBTRACK:
-            Scroll(ScrollCode::kThumb, thumb);
-            break;
-    }
+    if (const auto scroll = ScrollOfBar(code)) Scroll(*scroll, thumb);
 }
 
 static void OnMouseWheel(HWND, int, int, int delta, UINT) {
-    const int notches = WheelNotches(delta, thePassage.wheelRest);
-    const int lines = WheelLines();
-    const bool up = notches > 0;
-    if (lines < 0) {
-        for (int turn = std::abs(notches); turn > 0; --turn) Scroll(up ? ScrollCode::kPageUp : ScrollCode::kPageDown);
-    } else if (HasText() && notches != 0) {
-        Scroll(ScrollCode::kThumb, ClampVerse(thePassage.view.TopVerse - notches * lines));
-    }
+    TurnWheel(thePassage, delta, thePassage.view.TopVerse, Scroll);
 }
 
 static void OnKeyDown(HWND window, UINT key, BOOL, int, UINT) {
-    switch (key) {
-        case VK_PRIOR:
-            Scroll(ScrollCode::kPageUp);
-            break;
-        case VK_NEXT:
-            Scroll(ScrollCode::kPageDown);
-            break;
-        case VK_UP:
-            Scroll(ScrollCode::kLineUp);
-            break;
-        case VK_DOWN:
-            Scroll(ScrollCode::kLineDown);
-            break;
-        case VK_LEFT:
-            SendCommand(FrameOf(window), IDM_FOCUS_LIST);
-            break;
-    }
+    if (const auto scroll = ScrollOfKey(key)) Scroll(*scroll, 0);
+    if (key == VK_LEFT) SendCommand(FrameOf(window), IDM_FOCUS_LIST);
 }
 
-static void OnSetFocus(HWND window, HWND before) {
-    if (theSelection.SelectionOwner != kPassageOwns) {
-        DropSelection();
-        if (before) InvalidateRect(before, nullptr, FALSE);
-    }
-    SendCommand(FrameOf(window), IDM_REFRESH);
-    ShowPaneCaret(window, thePassage.view.LineHeight);
+static void OnSetFocus(HWND, HWND before) {
+    PaneGotFocus(thePassage, kPassageOwns, before, thePassage.view.LineHeight);
 }
 
-static void OnKillFocus(HWND window, HWND) {
-    DestroyCaret();
-    DropSelection();
-    SendCommand(FrameOf(window), IDM_REFRESH);
-    RedisplayPassage();
+static void OnKillFocus(HWND, HWND) {
+    PaneLostFocus(thePassage);
 }
 
-static void OnLButtonDown(HWND window, BOOL, int, int, UINT) {
-    if (GetFocus() != window) SetFocus(window);
+static void OnLButtonDown(HWND, BOOL, int, int, UINT) {
+    FocusPane(thePassage);
 }
 
 static BOOL OnCreate(HWND window, CREATESTRUCTA*) {
@@ -196,8 +142,7 @@ static LRESULT CALLBACK PassageProcedure(HWND window, UINT message, WPARAM wPara
         HANDLE_MSG(window, WM_VSCROLL, OnVScroll);
         HANDLE_MSG(window, WM_MOUSEWHEEL, OnMouseWheel);
         HANDLE_MSG(window, WM_LBUTTONDOWN, OnLButtonDown);
-        case WM_ERASEBKGND:
-            return TRUE;  // the paint covers all of the pane
+        case WM_ERASEBKGND: return TRUE;  // the paint covers all of the pane
     }
     return DefWindowProcA(window, message, wParam, lParam);
 }

@@ -1,18 +1,13 @@
 // The Passage window: the continuous reader.
 #pragma once
 
-#include "output/faces_win32.h"
+#include "output/reading_pane_win32.h"
 #include "passage/passage_flow.h"
 
 inline constexpr char kPassageClass[] = "READWINDOW";
 
-struct PassagePane {
-    HWND window = nullptr;
+struct PassagePane : ReadingPane {
     PassageView view;
-    Faces faces;
-    Canvas canvas;
-    TextRuns runs;
-    int wheelRest = 0;  // of notches not yet turned whole
 };
 extern PassagePane thePassage;
 

@@ -7,7 +7,6 @@
 #include "win32/controls.h"
 #include "win32/dialogs.h"
 #include "win32/help_viewer.h"
-#include "win32/screen.h"
 
 static constexpr int kListedWordLimit = 49;  // characters that Add takes
 
@@ -25,8 +24,8 @@ static const SearchDialog& DialogFor(SearchKind kind) {
     return kind == SearchKind::kWords ? kWords : kind == SearchKind::kWordList ? kWordList : kPhrase;
 }
 
-static const SearchDialog& DialogOf(HWND dialog) {
-    return *reinterpret_cast<const SearchDialog*>(GetWindowLongPtrA(dialog, DWLP_USER));
+static const SearchDialog& KindOf(HWND dialog) {
+    return *static_cast<const SearchDialog*>(DataOf(dialog));
 }
 
 static void FillHistory(HWND field) {
@@ -51,7 +50,7 @@ static int RadioOf(int booleanType) {
 }
 
 static void Fill(HWND dialog) {
-    const SearchDialog& kind = DialogOf(dialog);
+    const SearchDialog& kind = KindOf(dialog);
     const HWND field = GetDlgItem(dialog, IDC_SEARCH_TEXT);
     SendMessageA(field, CB_LIMITTEXT, kSearchTextLimit, 0);
     FillHistory(field);
@@ -68,7 +67,7 @@ static void Read(HWND dialog) {
     theSearch.searchText = ControlText(dialog, IDC_SEARCH_TEXT, kSearchTextLimit);
     PushHistory(theSearch, theSearch.searchText);
     theSearch.options.CaseSensitive = IsChecked(dialog, IDC_CASE_SENSITIVE);
-    if (!DialogOf(dialog).hasWordOptions) return;
+    if (!KindOf(dialog).hasWordOptions) return;
     theSearch.options.SubString = IsChecked(dialog, IDC_SUBSTRING);
     theSearch.options.BooleanType = IsChecked(dialog, IDC_ALL_WORDS)  ? kAllWords
                                     : IsChecked(dialog, IDC_ANY_WORD) ? kAnyWord
@@ -89,48 +88,19 @@ static void OnAdd(HWND dialog) {
     SetDlgItemTextA(dialog, IDC_SEARCH_TEXT, text.c_str());
 }
 
-static BOOL OnInitDialog(HWND dialog, HWND, LPARAM kind) {
-    SetWindowLongPtrA(dialog, DWLP_USER, kind);
-    PlaceDialog(dialog);
-    Fill(dialog);
-    return TRUE;
-}
-
-static void OnCommand(HWND dialog, int control, HWND, UINT notification) {
+static void OnCommand(HWND dialog, int control, UINT notification) {
     switch (control) {
-        case IDOK:
-            OnOk(dialog);
-            break;
-        case IDCANCEL:
-            EndDialog(dialog, IDCANCEL);
-            break;
-        case IDC_RANGE:
-            AskSearchRange(dialog);
-            break;
-        case IDC_HELP_BUTTON:
-            OpenHelpTopic(dialog, kHelpFile, DialogOf(dialog).helpTopic);
-            break;
-        case IDC_ADD_WORD:
-            OnAdd(dialog);
-            break;
+        case IDOK: OnOk(dialog); break;
+        case IDC_RANGE: AskSearchRange(dialog); break;
+        case IDC_HELP_BUTTON: OpenHelpTopic(dialog, kHelpFile, KindOf(dialog).helpTopic); break;
+        case IDC_ADD_WORD: OnAdd(dialog); break;
         case IDC_WORD_LIST:
             if (notification == CBN_DBLCLK) OnAdd(dialog);
             break;
     }
 }
 
-static INT_PTR CALLBACK SearchProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
-    switch (message) {
-        case WM_INITDIALOG:
-            return HANDLE_WM_INITDIALOG(dialog, wParam, lParam, OnInitDialog);
-        case WM_COMMAND:
-            HANDLE_WM_COMMAND(dialog, wParam, lParam, OnCommand);
-            return TRUE;
-    }
-    return FALSE;
-}
-
 bool AskSearch(HWND frame, SearchKind kind) {
     const SearchDialog& dialog = DialogFor(kind);
-    return RunDialog(frame, dialog.resource, SearchProcedure, reinterpret_cast<LPARAM>(&dialog)) == IDOK;
+    return RunDialog(frame, {dialog.resource, Fill, OnCommand, &dialog}) == IDOK;
 }

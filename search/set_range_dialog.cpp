@@ -8,7 +8,6 @@
 #include "win32/controls.h"
 #include "win32/dialogs.h"
 #include "win32/help_viewer.h"
-#include "win32/screen.h"
 
 static std::string CurrentRange() {
     return RangeText(theScripture.records, theSearch.range.StartVerse, theSearch.range.EndVerse);
@@ -16,6 +15,11 @@ static std::string CurrentRange() {
 
 void ShowSearchRange(HWND frame) {
     SetStatusPart(GetDlgItem(frame, IDC_STATUS_BAR), kRangePart, CurrentRange());
+}
+
+static void Fill(HWND dialog) {
+    SendDlgItemMessageA(dialog, IDC_RANGE, EM_LIMITTEXT, kReferenceLimit, 0);
+    SetDlgItemTextA(dialog, IDC_RANGE, CurrentRange().c_str());
 }
 
 static void OnOk(HWND dialog) {
@@ -35,47 +39,16 @@ static void OnOk(HWND dialog) {
     ShowSearchRange(FrameOf(dialog));
 }
 
-static BOOL OnInitDialog(HWND dialog, HWND, LPARAM) {
-    PlaceDialog(dialog);
-    SendDlgItemMessageA(dialog, IDC_RANGE, EM_LIMITTEXT, kReferenceLimit, 0);
-    SetDlgItemTextA(dialog, IDC_RANGE, CurrentRange().c_str());
-    return TRUE;
-}
-
-static void OnCommand(HWND dialog, int control, HWND, UINT) {
+static void OnCommand(HWND dialog, int control, UINT) {
     switch (control) {
-        case IDOK:
-            OnOk(dialog);
-            break;
-        case IDCANCEL:
-            EndDialog(dialog, IDCANCEL);
-            break;
-        case IDC_HELP_BUTTON:
-            OpenHelpTopic(dialog, kHelpFile, kTopicSetRange);
-            break;
-        case IDC_OLD_TESTAMENT:
-            SetDlgItemTextA(dialog, IDC_RANGE, "Ge - Mal");
-            break;
-        case IDC_NEW_TESTAMENT:
-            SetDlgItemTextA(dialog, IDC_RANGE, "Mt - Re");
-            break;
-        case IDC_ENTIRE_BIBLE:
-            SetDlgItemTextA(dialog, IDC_RANGE, "Ge - Re");
-            break;
+        case IDOK: OnOk(dialog); break;
+        case IDC_HELP_BUTTON: OpenHelpTopic(dialog, kHelpFile, kTopicSetRange); break;
+        case IDC_OLD_TESTAMENT: SetDlgItemTextA(dialog, IDC_RANGE, "Ge - Mal"); break;
+        case IDC_NEW_TESTAMENT: SetDlgItemTextA(dialog, IDC_RANGE, "Mt - Re"); break;
+        case IDC_ENTIRE_BIBLE: SetDlgItemTextA(dialog, IDC_RANGE, "Ge - Re"); break;
     }
-}
-
-static INT_PTR CALLBACK SetRangeProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
-    switch (message) {
-        case WM_INITDIALOG:
-            return HANDLE_WM_INITDIALOG(dialog, wParam, lParam, OnInitDialog);
-        case WM_COMMAND:
-            HANDLE_WM_COMMAND(dialog, wParam, lParam, OnCommand);
-            return TRUE;
-    }
-    return FALSE;
 }
 
 void AskSearchRange(HWND owner) {
-    RunDialog(owner, "SETRANGE", SetRangeProcedure);
+    RunDialog(owner, {"SETRANGE", Fill, OnCommand});
 }

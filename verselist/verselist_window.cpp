@@ -1,7 +1,5 @@
 #include "verselist/verselist_window.h"
 
-#include <cstdlib>
-
 #include "notes/notes_window.h"
 #include "output/output_win32.h"
 #include "passage/passage_window.h"
@@ -45,7 +43,7 @@ static void SetStatus(int part, const std::string& text) {
 }
 
 void RedisplayVerseList() {
-    InvalidateRect(theVerseList.window, nullptr, FALSE);
+    RedisplayPane(theVerseList);
 }
 
 void SetVerseListFont(const FontChoice& choice) {
@@ -188,26 +186,20 @@ static void ShowPosition(HWND window) {
     if (GetScrollPos(window, SB_VERT) != list.ListTop) SetScrollPos(window, SB_VERT, list.ListTop, TRUE);
 }
 
-static void OnPaint(HWND window) {
-    PAINTSTRUCT paint;
-    const HDC screen = BeginPaint(window, &paint);
-    RECT client{};
-    GetClientRect(window, &client);
-    if (HasEntries() && HasFaces(theVerseList.faces) && !IsRectEmpty(&client)) {
-        ShowPosition(window);
-        LayOutRuns(client);
-        const HDC canvas = CanvasFor(theVerseList.canvas, screen, client.right, client.bottom);
-        DrawRuns(canvas, theVerseList.faces, theVerseList.runs, client, theReading.KeyHighlightColor);
-        CopyCanvas(theVerseList.canvas, screen, paint.rcPaint);
-    } else {
-        FillRect(screen, &paint.rcPaint, GetSysColorBrush(COLOR_WINDOW));
-    }
-    EndPaint(window, &paint);
+static void LayOutAndShowPosition(const RECT& client) {
+    ShowPosition(theVerseList.window);
+    LayOutRuns(client);
+}
+
+static void OnPaint(HWND) {
+    const COLORREF keyWords = theReading.KeyHighlightColor;
+    if (HasEntries() && HasFaces(theVerseList.faces)) return PaintPane(theVerseList, keyWords, LayOutAndShowPosition);
+    PaintPane(theVerseList, keyWords, nullptr);
 }
 
 // Scrolling, keys and focus.
 
-static void Scroll(ScrollCode code, int thumb = 0) {
+static void Scroll(ScrollCode code, int thumb) {
     if (!HasEntries()) return;
     const int top = ScrolledListTop(CurrentFlow(), theVerseList.list, code, thumb);
     if (top == theVerseList.list.ListTop) return;
@@ -216,105 +208,47 @@ static void Scroll(ScrollCode code, int thumb = 0) {
 }
 
 static void GoToEntry(int entry) {
-    Scroll(ScrollCode::kThumb, ClampEntry(theVerseList.list, entry));
+    Scroll(ScrollCode::kThumb, entry);
 }
 
 static void OnVScroll(HWND, HWND, UINT code, int thumb) {
-    switch (code) {
-        case SB_LINEUP:
-            Scroll(ScrollCode::kLineUp);
-            break;
-        case SB_LINEDOWN:
-            Scroll(ScrollCode::kLineDown);
-            break;
-        case SB_PAGEUP:
-            Scroll(ScrollCode::kPageUp);
-            break;
-        case SB_PAGEDOWN:
-            Scroll(ScrollCode::kPageDown);
-            break;
-        case SB_THUMBPOSITION:
-        case SB_THUMBTRACK:
-            GoToEntry(thumb);
-            break;
-    }
+    if (const auto scroll = ScrollOfBar(code)) Scroll(*scroll, thumb);
 }
 
 static void OnMouseWheel(HWND, int, int, int delta, UINT) {
-    const int notches = WheelNotches(delta, theVerseList.wheelRest);
-    const int lines = WheelLines();
-    if (lines < 0) {
-        for (int turn = std::abs(notches); turn > 0; --turn) {
-            Scroll(notches > 0 ? ScrollCode::kPageUp : ScrollCode::kPageDown);
-        }
-    } else if (notches != 0) {
-        GoToEntry(theVerseList.list.ListTop - notches * lines);
-    }
+    TurnWheel(theVerseList, delta, theVerseList.list.ListTop, Scroll);
 }
 
 static void OnKeyDown(HWND window, UINT key, BOOL, int, UINT) {
+    if (const auto scroll = ScrollOfKey(key)) return Scroll(*scroll, 0);
     switch (key) {
-        case VK_RETURN:
-            ReadContext();
-            break;
-        case VK_PRIOR:
-            Scroll(ScrollCode::kPageUp);
-            break;
-        case VK_NEXT:
-            Scroll(ScrollCode::kPageDown);
-            break;
-        case VK_END:
-            GoToEntry(ListCount(theVerseList.list) - 1);
-            break;
-        case VK_HOME:
-            GoToEntry(0);
-            break;
-        case VK_UP:
-            Scroll(ScrollCode::kLineUp);
-            break;
-        case VK_DOWN:
-            Scroll(ScrollCode::kLineDown);
-            break;
-        case VK_RIGHT:
-            SetFocus(thePassage.window);
-            break;
-        case VK_DELETE:
-            SendCommand(window, IDM_DELETE_ENTRY);
-            break;
+        case VK_RETURN: ReadContext(); break;
+        case VK_END: GoToEntry(ListCount(theVerseList.list) - 1); break;
+        case VK_HOME: GoToEntry(0); break;
+        case VK_RIGHT: SetFocus(thePassage.window); break;
+        case VK_DELETE: SendCommand(window, IDM_DELETE_ENTRY); break;
     }
 }
 
-static void OnSetFocus(HWND window, HWND before) {
-    if (theSelection.SelectionOwner != kVerseListOwns) {
-        DropSelection();
-        if (before) InvalidateRect(before, nullptr, FALSE);
-    }
-    SendCommand(FrameOf(window), IDM_REFRESH);
-    ShowPaneCaret(window, theVerseList.list.LineHeight);
+static void OnSetFocus(HWND, HWND before) {
+    PaneGotFocus(theVerseList, kVerseListOwns, before, theVerseList.list.LineHeight);
 }
 
-static void OnKillFocus(HWND window, HWND) {
-    DestroyCaret();
-    DropSelection();
-    SendCommand(FrameOf(window), IDM_REFRESH);
-    RedisplayVerseList();
+static void OnKillFocus(HWND, HWND) {
+    PaneLostFocus(theVerseList);
 }
 
-static void OnLButtonDown(HWND window, BOOL, int, int, UINT) {
-    if (GetFocus() != window) SetFocus(window);
+static void OnLButtonDown(HWND, BOOL, int, int, UINT) {
+    FocusPane(theVerseList);
 }
 
 static void OnCommand(HWND window, int command, HWND, UINT) {
     switch (command) {
-        case IDM_DELETE_ENTRY:
-            DeleteCurrentEntry();
-            break;
+        case IDM_DELETE_ENTRY: DeleteCurrentEntry(); break;
         case IDM_CONTEXT:
         case IDM_COPY_VERSE_LIST:
         case IDM_SAVE_VERSE_LIST:
-        case IDM_NOTE_FOR_LIST:
-            SendCommand(FrameOf(window), command);
-            break;
+        case IDM_NOTE_FOR_LIST: SendCommand(FrameOf(window), command); break;
     }
 }
 
@@ -335,8 +269,7 @@ static LRESULT CALLBACK VerseListProcedure(HWND window, UINT message, WPARAM wPa
         HANDLE_MSG(window, WM_MOUSEWHEEL, OnMouseWheel);
         HANDLE_MSG(window, WM_LBUTTONDOWN, OnLButtonDown);
         HANDLE_MSG(window, WM_COMMAND, OnCommand);
-        case WM_ERASEBKGND:
-            return TRUE;  // the paint covers all of the pane
+        case WM_ERASEBKGND: return TRUE;  // the paint covers all of the pane
     }
     return DefWindowProcA(window, message, wParam, lParam);
 }

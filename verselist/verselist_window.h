@@ -1,22 +1,17 @@
 // The Verse List window and the Reference List beside it: the two views of what the last search found.
 #pragma once
 
-#include "output/faces_win32.h"
+#include "output/reading_pane_win32.h"
 #include "search/key_word_marks.h"
 #include "verselist/verse_list_flow.h"
 
 inline constexpr char kVerseListClass[] = "VERSELIST";
 
-struct VerseListPane {
-    HWND window = nullptr;
+struct VerseListPane : ReadingPane {
     HWND references = nullptr;              // the list box
     WNDPROC referencesProcedure = nullptr;  // its own
     VerseList list;
     KeyWords keyWords;  // of the search that filled the list
-    Faces faces;
-    Canvas canvas;
-    TextRuns runs;
-    int wheelRest = 0;  // of notches not yet turned whole
 };
 extern VerseListPane theVerseList;
 

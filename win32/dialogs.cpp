@@ -1,5 +1,37 @@
 #include "win32/dialogs.h"
 
-INT_PTR RunDialog(HWND owner, const char* name, DLGPROC procedure, LPARAM parameter) {
-    return DialogBoxParamA(GetModuleHandleA(nullptr), name, owner, procedure, parameter);
+#include "win32/screen.h"
+
+static const Dialog& DialogOf(HWND window) {
+    return *reinterpret_cast<const Dialog*>(GetWindowLongPtrA(window, DWLP_USER));
+}
+
+const void* DataOf(HWND dialog) {
+    return DialogOf(dialog).data;
+}
+
+static BOOL OnInitDialog(HWND window, HWND, LPARAM dialog) {
+    SetWindowLongPtrA(window, DWLP_USER, dialog);
+    PlaceDialog(window);
+    if (DialogOf(window).fill) DialogOf(window).fill(window);
+    return TRUE;
+}
+
+static void OnCommand(HWND window, int control, HWND, UINT notification) {
+    DialogOf(window).command(window, control, notification);
+    if (control == IDCANCEL) EndDialog(window, IDCANCEL);
+}
+
+static INT_PTR CALLBACK DialogProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message != WM_INITDIALOG && GetWindowLongPtrA(window, DWLP_USER) == 0) return FALSE;  // controls being made
+    switch (message) {
+        case WM_INITDIALOG: return HANDLE_WM_INITDIALOG(window, wParam, lParam, OnInitDialog);
+        case WM_COMMAND: HANDLE_WM_COMMAND(window, wParam, lParam, OnCommand); return TRUE;
+    }
+    return FALSE;
+}
+
+INT_PTR RunDialog(HWND owner, const Dialog& dialog) {
+    return DialogBoxParamA(GetModuleHandleA(nullptr), dialog.name, owner, DialogProcedure,
+                           reinterpret_cast<LPARAM>(&dialog));
 }

@@ -1,0 +1,78 @@
+#include "output/reading_pane_win32.h"
+
+#include <cstdlib>
+
+#include "output/output_win32.h"
+#include "resources/ids.h"
+#include "win32/controls.h"
+#include "win32/panes.h"
+
+void PaintPane(ReadingPane& pane, COLORREF keyWordColor, const std::function<void(const RECT& client)>& layOut) {
+    PAINTSTRUCT paint;
+    const HDC screen = BeginPaint(pane.window, &paint);
+    RECT client{};
+    GetClientRect(pane.window, &client);
+    if (layOut && !IsRectEmpty(&client)) {
+        layOut(client);
+        const HDC canvas = CanvasFor(pane.canvas, screen, client.right, client.bottom);
+        DrawRuns(canvas, pane.faces, pane.runs, client, keyWordColor);
+        CopyCanvas(pane.canvas, screen, paint.rcPaint);
+    } else {
+        FillRect(screen, &paint.rcPaint, GetSysColorBrush(COLOR_WINDOW));
+    }
+    EndPaint(pane.window, &paint);
+}
+
+std::optional<ScrollCode> ScrollOfBar(UINT code) {
+    switch (code) {
+        case SB_LINEUP: return ScrollCode::kLineUp;
+        case SB_LINEDOWN: return ScrollCode::kLineDown;
+        case SB_PAGEUP: return ScrollCode::kPageUp;
+        case SB_PAGEDOWN: return ScrollCode::kPageDown;
+        case SB_THUMBPOSITION:
+        case SB_THUMBTRACK: return ScrollCode::kThumb;
+    }
+    return std::nullopt;
+}
+
+std::optional<ScrollCode> ScrollOfKey(UINT key) {
+    switch (key) {
+        case VK_UP: return ScrollCode::kLineUp;
+        case VK_DOWN: return ScrollCode::kLineDown;
+        case VK_PRIOR: return ScrollCode::kPageUp;
+        case VK_NEXT: return ScrollCode::kPageDown;
+    }
+    return std::nullopt;
+}
+
+void TurnWheel(ReadingPane& pane, int delta, int top, PaneScroll scroll) {
+    const int notches = WheelNotches(delta, pane.wheelRest);
+    const int lines = WheelLines();
+    if (lines >= 0) return scroll(ScrollCode::kThumb, top - notches * lines);
+    const ScrollCode page = notches > 0 ? ScrollCode::kPageUp : ScrollCode::kPageDown;
+    for (int turn = std::abs(notches); turn > 0; --turn) scroll(page, 0);
+}
+
+void PaneGotFocus(const ReadingPane& pane, SelectionOwnerId owner, HWND before, int lineHeight) {
+    if (theSelection.SelectionOwner != owner) {
+        DropSelection();
+        if (before) InvalidateRect(before, nullptr, FALSE);
+    }
+    SendCommand(FrameOf(pane.window), IDM_REFRESH);
+    ShowPaneCaret(pane.window, lineHeight);
+}
+
+void PaneLostFocus(const ReadingPane& pane) {
+    DestroyCaret();
+    DropSelection();
+    SendCommand(FrameOf(pane.window), IDM_REFRESH);
+    RedisplayPane(pane);
+}
+
+void RedisplayPane(const ReadingPane& pane) {
+    InvalidateRect(pane.window, nullptr, FALSE);
+}
+
+void FocusPane(const ReadingPane& pane) {
+    if (GetFocus() != pane.window) SetFocus(pane.window);
+}

@@ -1,0 +1,40 @@
+// What the two panes that show scripture have in common: drawing off the screen, scrolling by items, and the focus.
+#pragma once
+
+#include <functional>
+#include <optional>
+
+#include "output/faces_win32.h"
+#include "output/scrolling.h"
+#include "output/selection.h"
+
+struct ReadingPane {
+    HWND window = nullptr;
+    Faces faces;
+    Canvas canvas;
+    TextRuns runs;
+    int wheelRest = 0;  // of notches not yet turned whole
+};
+
+// Scrolls a pane; `thumb` counts for kThumb.
+using PaneScroll = void (*)(ScrollCode code, int thumb);
+
+// Paints what `layOut` adds to the pane's runs for its client area; an empty pane where there is nothing to lay out.
+void PaintPane(ReadingPane& pane, COLORREF keyWordColor, const std::function<void(const RECT& client)>& layOut);
+
+// The scroll that a scroll bar's code or a key (Up, Down, Page Up, Page Down) asks for.
+std::optional<ScrollCode> ScrollOfBar(UINT code);
+std::optional<ScrollCode> ScrollOfKey(UINT key);
+
+// Scrolls by the items or pages that the user wants for a notch of the wheel, from `top` on.
+void TurnWheel(ReadingPane& pane, int delta, int top, PaneScroll scroll);
+
+// The pane, `owner` of a selection, has got the focus from `before`, or lost it: the selection of another pane goes, or
+// its own, with the commands that depend on it, and the caret comes or goes.
+void PaneGotFocus(const ReadingPane& pane, SelectionOwnerId owner, HWND before, int lineHeight);
+void PaneLostFocus(const ReadingPane& pane);
+
+void RedisplayPane(const ReadingPane& pane);
+
+// Gives the pane the focus where it has none.
+void FocusPane(const ReadingPane& pane);
