@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <fstream>
 #include <iterator>
-#include <regex>
 #include <stdexcept>
 
 constexpr std::size_t kRecordSize = 7;
@@ -75,8 +74,15 @@ std::string PlainText(const std::string& text) {
 }
 
 std::vector<std::string> PrintedWords(const std::string& text) {
-    static const std::regex word("[A-Za-z']+");
-    return {std::sregex_token_iterator(text.begin(), text.end(), word), {}};
+    static const char* const kWordCharacters = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz'";
+    std::vector<std::string> words;
+    std::size_t from = text.find_first_of(kWordCharacters);
+    while (from != std::string::npos) {
+        const std::size_t to = std::min(text.find_first_not_of(kWordCharacters, from), text.size());
+        words.push_back(text.substr(from, to - from));
+        from = text.find_first_of(kWordCharacters, to);
+    }
+    return words;
 }
 
 std::vector<int> VersesOfWord(std::size_t word) {
