@@ -92,7 +92,7 @@
 #define IDC_NOTE_HELP 213
 
 // Controls of dialogs
-#define IDC_HELP_BUTTON 9          // everywhere
+#define IDC_HELP_BUTTON 9   // everywhere
 #define IDC_SEARCH_TEXT 10  // the search dialogs, Go To Verse
 #define IDC_ALL_WORDS 11
 #define IDC_ANY_WORD 12
