@@ -3,14 +3,5 @@
 
 #include "resources/resource_script.h"
 
-inline const ResourceScript& Script() {
-    static const ResourceScript script = [] {
-        const std::string folder = VERSEWELL_SOURCE_DIR "/resources";
-        const IdTable ids = ReadIds(folder + "/ids.h");
-        ResourceScript read;
-        for (const char* name : {"menu.rc", "accelerators.rc", "dialogs.rc"})
-            ReadScript(folder + "/" + name, VERSEWELL_MADE_RESOURCES, ids, read);
-        return read;
-    }();
-    return script;
-}
+// Menu, keys and dialogs, with what the build made of the table of readings.
+const ResourceScript& Script();
