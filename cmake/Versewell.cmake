@@ -43,9 +43,9 @@ function(vw_shell)
   endif()
 endfunction()
 
-# vw_test(<name> SOURCES ... USES <folder>...): a native test program; its cases become tests of ctest.
+# vw_test(<name> SOURCES ... USES <folder>... [LABEL <label>]): a native test program; its cases become tests of ctest.
 function(vw_test name)
-  cmake_parse_arguments(PARSE_ARGV 1 test "" "" "SOURCES;USES")
+  cmake_parse_arguments(PARSE_ARGV 1 test "" "LABEL" "SOURCES;USES")
   if(WIN32)
     return()
   endif()
@@ -54,5 +54,5 @@ function(vw_test name)
   target_link_libraries(${name} PRIVATE vw_options ${test_USES} GTest::gmock GTest::gtest_main)
   target_compile_definitions(${name} PRIVATE VERSEWELL_DATA_DIR="${VERSEWELL_DATA_DIR}"
                                              VERSEWELL_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
-  gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST)
+  gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST PROPERTIES LABELS "${test_LABEL}")
 endfunction()
