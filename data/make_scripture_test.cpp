@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
+
+#include "data/scratch_folder.h"
 
 namespace fs = std::filesystem;
 using testing::AllOf;
@@ -25,37 +25,16 @@ struct ToolRun {
     std::string errors;
 };
 
-static std::string ReadBytes(const fs::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
-static void WriteBytes(const fs::path& path, const std::string& bytes) {
-    std::ofstream(path, std::ios::binary) << bytes;
-}
-
-static std::vector<std::string> NamesIn(const fs::path& folder) {
-    std::vector<std::string> names;
-    if (!fs::exists(folder)) return names;
-    for (const fs::directory_entry& entry : fs::directory_iterator(folder)) names.push_back(entry.path().filename());
-    std::sort(names.begin(), names.end());
-    return names;
-}
-
-struct MakeScripture : testing::Test {
-    fs::path scratch;
+struct MakeScripture : ScratchFolder {
     fs::path modules;
     fs::path data;
 
     void SetUp() override {
-        scratch = fs::path(testing::TempDir()) / testing::UnitTest::GetInstance()->current_test_info()->name();
-        modules = scratch / "modules";
-        data = scratch / "data";
-        fs::remove_all(scratch);
-        fs::create_directories(scratch);
+        ScratchFolder::SetUp();
+        modules = folder / "modules";
+        data = folder / "data";
         CopyModule();
     }
-    void TearDown() override { fs::remove_all(scratch); }
 
     void CopyModule() const {
         fs::remove_all(modules);
@@ -66,17 +45,15 @@ struct MakeScripture : testing::Test {
     }
 
     ToolRun RunTool(const std::string& arguments) const {
-        const fs::path errors = scratch / "errors";
+        const fs::path errors = folder / "errors";
         const int status = std::system((VERSEWELL_MAKE_SCRIPTURE " " + arguments + " 2> " + errors.string()).c_str());
         return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, ReadBytes(errors)};
     }
-    ToolRun MakeFrom(const fs::path& folder) const {
-        return RunTool("--modules " + folder.string() + " " + data.string());
-    }
+    ToolRun MakeFromCopy() const { return RunTool("--modules " + modules.string() + " " + data.string()); }
 };
 
 TEST_F(MakeScripture, WritesTheFilesThatTheBuildMade) {
-    const ToolRun run = MakeFrom(modules);
+    const ToolRun run = MakeFromCopy();
     EXPECT_EQ(run.exitCode, 0);
     EXPECT_EQ(run.errors, "");
     EXPECT_THAT(NamesIn(data), ElementsAre("_avtext.dat", "_avvidx.dat", "_avwidx.dat", "_avwptr.dat", "_avwrds.dat"));
@@ -144,7 +121,7 @@ TEST_F(MakeScripture, SaysWhatIsWrongWithItsModule) {
     for (const DamageRow& row : kDamages) {
         CopyModule();
         row.damage(modules);
-        const ToolRun run = MakeFrom(modules);
+        const ToolRun run = MakeFromCopy();
         EXPECT_EQ(run.exitCode, 1) << row.what;
         EXPECT_THAT(run.errors, IsOneLineWith(row.complaint)) << row.what;
         EXPECT_THAT(NamesIn(data), IsEmpty()) << row.what;
@@ -158,7 +135,7 @@ TEST_F(MakeScripture, LeavesAnOlderSetAsItWasWhenItFails) {
     for (const DamageRow& row : kDamages) {
         CopyModule();
         row.damage(modules);
-        EXPECT_EQ(MakeFrom(modules).exitCode, 1) << row.what;
+        EXPECT_EQ(MakeFromCopy().exitCode, 1) << row.what;
         EXPECT_THAT(NamesIn(data), ElementsAre("_avtext.dat", "_avwrds.dat")) << row.what;
         EXPECT_EQ(ReadBytes(data / "_avtext.dat"), "older text") << row.what;
         EXPECT_EQ(ReadBytes(data / "_avwrds.dat"), "older words") << row.what;
@@ -168,7 +145,7 @@ TEST_F(MakeScripture, LeavesAnOlderSetAsItWasWhenItFails) {
 TEST_F(MakeScripture, LeavesAnOlderSetAsItWasWhenItCannotWrite) {
     fs::create_directories(data / "_avwidx.dat");  // a folder where the last of the five should go
     WriteBytes(data / "_avtext.dat", "older text");
-    const ToolRun run = MakeFrom(modules);
+    const ToolRun run = MakeFromCopy();
     EXPECT_EQ(run.exitCode, 1);
     EXPECT_THAT(run.errors, IsOneLineWith("_avwidx.dat is in the way"));
     EXPECT_THAT(NamesIn(data), ElementsAre("_avtext.dat", "_avwidx.dat"));
@@ -181,9 +158,9 @@ TEST_F(MakeScripture, LeavesAnOlderSetAsItWasWhenTheDiskIsFull) {
     WriteBytes(data / "_avvidx.dat", "older verses");
     const std::string command = "bash -c 'trap \"\" XFSZ; ulimit -f 1000; exec " VERSEWELL_MAKE_SCRIPTURE
                                 " --modules " +
-                                modules.string() + " " + data.string() + "' 2> " + (scratch / "errors").string();
+                                modules.string() + " " + data.string() + "' 2> " + (folder / "errors").string();
     EXPECT_EQ(WEXITSTATUS(std::system(command.c_str())), 1);
-    EXPECT_THAT(ReadBytes(scratch / "errors"), IsOneLineWith("cannot write "));
+    EXPECT_THAT(ReadBytes(folder / "errors"), IsOneLineWith("cannot write "));
     EXPECT_THAT(NamesIn(data), ElementsAre("_avvidx.dat"));
     EXPECT_EQ(ReadBytes(data / "_avvidx.dat"), "older verses");
 }

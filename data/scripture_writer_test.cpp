@@ -2,8 +2,7 @@
 
 #include <gmock/gmock.h>
 
-#include <fstream>
-#include <iterator>
+#include "data/scratch_folder.h"
 
 namespace fs = std::filesystem;
 using testing::ElementsAre;
@@ -40,32 +39,6 @@ TEST(ScriptureWriter, EncodesTheFiveFiles) {
 TEST(ScriptureWriter, EncodesOffsetsBeyondSixteenBits) {
     const Verses verses = {{1, 1, 1, std::string(0x12344, 'a')}, {1, 1, 2, "b"}};
     EXPECT_EQ(EncodeScripture(verses, {})[0].bytes.substr(7), Bytes({1, 1, 2, 0x45, 0x23, 0x01, 0}));
-}
-
-struct ScratchFolder : testing::Test {
-    fs::path folder;
-    void SetUp() override {
-        folder = fs::path(testing::TempDir()) / testing::UnitTest::GetInstance()->current_test_info()->name();
-        fs::remove_all(folder);
-        fs::create_directories(folder);
-    }
-    void TearDown() override { fs::remove_all(folder); }
-};
-
-static std::string ReadBytes(const fs::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
-static void WriteBytes(const fs::path& path, const char* bytes) {
-    std::ofstream(path, std::ios::binary) << bytes;
-}
-
-static std::vector<std::string> NamesIn(const fs::path& folder) {
-    std::vector<std::string> names;
-    for (const fs::directory_entry& entry : fs::directory_iterator(folder)) names.push_back(entry.path().filename());
-    std::sort(names.begin(), names.end());
-    return names;
 }
 
 TEST_F(ScratchFolder, IsMadeAndFilled) {
