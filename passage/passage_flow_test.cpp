@@ -180,6 +180,14 @@ TEST(PassageWrapping, ALabelThatReachesTheRightEdgeGoesToTheNextLine) {
     EXPECT_EQ(Boxes(pane.flow)[4], "221,0 2 ");
 }
 
+TEST(PassageWrapping, TheTopLabelStaysAtTheTop) {
+    const HandMadeVerse verses[] = {{1, 1, 1, "One"}, {1, 1, 2, "Two"}};
+    Pane pane;
+    OpenPane(pane, verses);
+    pane.flow.width = 20;  // too narrow for any label
+    EXPECT_EQ(Boxes(pane.flow), (Strings{"1,0  Ge 1:1 ", "1,20 One ", "1,60  2 ", "1,80 Two "}));
+}
+
 TEST(PassageWrapping, AWordIsNotPartedFromTheMarkBehindIt) {
     const HandMadeVerse verses[] = {{1, 1, 1, "One [two]; so"}};
     Pane pane;

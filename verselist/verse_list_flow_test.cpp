@@ -200,7 +200,8 @@ TEST_F(VerseListFlowTest, TheLastEntryIsOneThatBeginsInside) {
     struct Row {
         int top, height, last;
     };
-    const Row rows[] = {{0, 0, 0}, {0, 40, 0}, {0, 41, 1}, {0, 80, 1}, {0, 81, 2}, {0, 900, 2}, {1, 40, 1}, {2, 40, 2}};
+    const Row rows[] = {{0, 0, 0},   {0, 40, 0}, {0, 41, 1}, {0, 80, 1}, {0, 81, 2},
+                        {0, 900, 2}, {1, 40, 1}, {2, 40, 2}, {2, 0, 2}};
     for (const Row& row : rows) {
         list.ListTop = row.top;
         flow.height = row.height;
