@@ -24,16 +24,11 @@ static int PagedUp(const ScrollPlace& place, const std::function<int(int)>& last
 static int UnclampedTop(const ScrollPlace& place, ScrollCode code, int thumb,
                         const std::function<int(int)>& lastVisibleFrom) {
     switch (code) {
-        case ScrollCode::kLineUp:
-            return place.top - 1;
-        case ScrollCode::kLineDown:
-            return place.top + 1;
-        case ScrollCode::kPageUp:
-            return PagedUp(place, lastVisibleFrom);
-        case ScrollCode::kPageDown:
-            return place.lastVisible;
-        case ScrollCode::kThumb:
-            return thumb;
+        case ScrollCode::kLineUp: return place.top - 1;
+        case ScrollCode::kLineDown: return place.top + 1;
+        case ScrollCode::kPageUp: return PagedUp(place, lastVisibleFrom);
+        case ScrollCode::kPageDown: return place.lastVisible;
+        case ScrollCode::kThumb: return thumb;
     }
     return place.top;
 }

@@ -1,6 +1,7 @@
 // Faces of a pane's font, and the measure of text in them that the flows lay out by.
 #pragma once
 
+#include <algorithm>
 #include <string_view>
 
 enum class Face : unsigned char { kRegular, kBold, kItalic, kBoldItalic };
@@ -11,3 +12,8 @@ struct TextMeasure {
     int (*width)(void* device, Face face, std::string_view) = nullptr;  // pixels
     int (*lineHeight)(void* device) = nullptr;                          // pixels, of the bold face
 };
+
+// Line height of a flow, at least a pixel: a measure without a font must not keep a pass from the bottom of its pane.
+inline int LineHeightOf(const TextMeasure& measure) {
+    return std::max(1, measure.lineHeight(measure.device));
+}

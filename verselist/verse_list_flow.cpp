@@ -25,11 +25,6 @@ struct ListWalk {
     bool stopped = false;  // by the visitor
 };
 
-// At least a pixel: a measure without a font must not keep a pass from the bottom.
-static int LineHeightOf(const TextMeasure& measure) {
-    return std::max(1, measure.lineHeight(measure.device));
-}
-
 static BracketUse BracketsOf(const ReadingOptions& options) {
     if (options.Italics == kItalicType) return BracketUse::kItalicFace;
     return options.Italics == kBracketed ? BracketUse::kShown : BracketUse::kDropped;
