@@ -8,8 +8,6 @@
 #include "app/settings.h"
 #include "win32/handles.h"
 
-inline constexpr char kFrameClass[] = "Versewell97";
-
 struct Frame {
     HWND window = nullptr;
     HWND toolbar = nullptr;
@@ -34,15 +32,13 @@ struct Frame {
 };
 extern Frame theFrame;
 
-bool RegisterFrameClass();
-
-// Creates the frame where the settings say, with all of start-up inside; null when it failed.
-HWND CreateFrame(const FramePlacement& placement);
-
 // Creates status bar and tab controls; the toolbar has its own file.
 void CreateBars(HWND frame);
 
-// Places everything for the frame's present size, and keeps the focus on a window that is shown.
+// Places everything for a client area of this size; `sizeType` is that of the size message.
+void LayOut(WPARAM sizeType, int width, int height);
+
+// The same for the frame's present size, with the focus kept on a window that is shown.
 void LayOut();
 
 // Repaints the panes that mark verses with notes.

@@ -1,6 +1,7 @@
 // Where the program begins: classes, frame, message loop.
 
 #include "app/frame_window.h"
+#include "app/main_window.h"
 #include "app/startup_win32.h"
 #include "notes/note_editor_window.h"
 #include "notes/notes_window.h"

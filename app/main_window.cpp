@@ -1,0 +1,92 @@
+#include "app/main_window.h"
+
+#include "app/commands_win32.h"
+#include "app/frame_window.h"
+#include "app/startup_win32.h"
+#include "app/toolbar_win32.h"
+#include "notes/notes_window.h"
+#include "resources/ids.h"
+#include "verselist/verselist_window.h"
+#include "win32/screen.h"
+
+static constexpr char kFrameClass[] = "Versewell97";  // and its title
+
+static BOOL OnCreate(HWND window, CREATESTRUCTA*) {
+    return StartUp(window);
+}
+
+static void OnDestroy(HWND) {
+    ShutDown();
+    PostQuitMessage(0);
+}
+
+static void OnCommand(HWND, int command, HWND, UINT) {
+    Dispatch(command);
+}
+
+static void OnNoteSetChosen() {
+    SelectNoteSet(TabCtrl_GetCurSel(theFrame.noteTabs));
+    RepaintNoteMarks();
+}
+
+static LRESULT OnNotify(HWND window, int control, NMHDR* notification) {
+    if (notification->code == TTN_NEEDTEXTA) AnswerToolTip(reinterpret_cast<NMTTDISPINFOA*>(notification));
+    if (notification->code == TCN_SELCHANGE && control == IDC_NOTE_TABS) OnNoteSetChosen();
+    if (notification->code == TCN_SELCHANGE && control == IDC_LIST_TABS) {
+        SwitchListView(TabCtrl_GetCurSel(theFrame.listTabs));
+    }
+    return DefWindowProcA(window, WM_NOTIFY, static_cast<WPARAM>(control), reinterpret_cast<LPARAM>(notification));
+}
+
+static void OnSize(HWND, UINT sizeType, int width, int height) {
+    if (sizeType != SIZE_MINIMIZED) LayOut(sizeType, width, height);  // the panes keep their places meanwhile
+}
+
+// Coming back from another program, the keys go where they went before.
+static void OnActivate(HWND window, UINT state, HWND other, BOOL minimized) {
+    if (state == WA_INACTIVE && IsChild(window, GetFocus())) theFrame.focusWhenInactive = GetFocus();
+    FORWARD_WM_ACTIVATE(window, state, other, minimized, DefWindowProcA);
+    if (state != WA_INACTIVE && !minimized && IsWindowVisible(theFrame.focusWhenInactive)) {
+        SetFocus(theFrame.focusWhenInactive);
+    }
+}
+
+static LRESULT CALLBACK FrameProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        HANDLE_MSG(window, WM_CREATE, OnCreate);
+        HANDLE_MSG(window, WM_DESTROY, OnDestroy);
+        HANDLE_MSG(window, WM_COMMAND, OnCommand);
+        HANDLE_MSG(window, WM_NOTIFY, OnNotify);
+        HANDLE_MSG(window, WM_SIZE, OnSize);
+        HANDLE_MSG(window, WM_ACTIVATE, OnActivate);
+    }
+    return DefWindowProcA(window, message, wParam, lParam);
+}
+
+bool RegisterFrameClass() {
+    const HINSTANCE program = GetModuleHandleA(nullptr);
+    WNDCLASSA description{};
+    description.style = CS_HREDRAW | CS_VREDRAW;
+    description.lpfnWndProc = FrameProcedure;
+    description.hInstance = program;
+    description.hIcon = LoadIconA(program, "Big_Icon");
+    description.hCursor = LoadCursorA(nullptr, IDC_ARROW);
+    description.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
+    description.lpszMenuName = "Menu";
+    description.lpszClassName = kFrameClass;
+    return RegisterClassA(&description) != 0;
+}
+
+static FramePlacement KeptOnScreen(const FramePlacement& placement) {
+    if (placement.XPos == kUseDefault || placement.Width == kUseDefault) return placement;
+    const RECT place{placement.XPos, placement.YPos, placement.XPos + placement.Width,
+                     placement.YPos + placement.Height};
+    return IsOnScreen(place) ? placement : FramePlacement{};
+}
+
+HWND CreateFrame(const FramePlacement& stored) {
+    const FramePlacement placement = KeptOnScreen(stored);
+    return CreateWindowExA(0, kFrameClass, kFrameClass, WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, placement.XPos,
+                           placement.YPos, placement.Width, placement.Height, nullptr, nullptr,
+                           GetModuleHandleA(nullptr), nullptr);
+}
