@@ -1,0 +1,36 @@
+// Lines of text as a pane should show them. The test draws them itself, letter by letter and with fonts of its own,
+// and compares every pixel.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "tests/driver/driver.h"
+
+enum class Style { kRegular, kBold, kItalic };
+
+struct PaintedPiece {
+    Style style;
+    std::string text;  // words with the blanks behind them, as they stand
+};
+
+struct PaintedLine {
+    std::vector<PaintedPiece> pieces;  // from the left margin on; none: the line is empty
+    bool goesOn = true;                // may more stand behind the pieces? An empty line is empty to its end
+};
+
+struct PaintedFont {
+    std::string name = "Times New Roman";
+    int height = 16;  // of the characters, pixels
+    int weight = 400;
+};
+
+// Cell height of the font's bold face: the distance of two lines.
+int LineHeightOf(const PaintedFont& font = {});
+
+// Does the pane show these lines, from its upper edge down? "" or what is wrong, line by line. The pane must not have
+// the focus: its caret stands in the first line.
+std::string WrongLines(HWND pane, const std::vector<PaintedLine>& lines, const PaintedFont& font = {});
+
+// What the screen shows of a window's client area.
+Picture PictureOfClient(HWND window);
