@@ -53,10 +53,7 @@ void SetPassageFont(const FontChoice& choice) {
 }
 
 int PassageTargetVerse() {
-    const PassageView& view = thePassage.view;
-    if (GetFocus() != thePassage.window || theSelection.SelectionOwner != kPassageOwns) return view.TopVerse;
-    const auto [start, end] = Ordered(theSelection);
-    return start.place >= view.TopVerse && end.place <= view.LastVisibleVerse ? start.place : view.TopVerse;
+    return TargetVerse(thePassage.view, theSelection, GetFocus() == thePassage.window);
 }
 
 // A heading goes with the label under it.

@@ -1,12 +1,9 @@
 #include "verselist/verse_list.h"
 
 #include <algorithm>
-#include <charconv>
-#include <string_view>
 #include <utility>
 
 #include "output/scrolling.h"
-#include "scripture/books.h"
 
 int ListCount(const VerseList& list) {
     return static_cast<int>(list.ListEntries.size());
@@ -50,29 +47,4 @@ int CurrentEntry(const VerseList& list, const Selection& selection) {
 int TargetEntry(const VerseList& list, const Selection& selection, bool listHasFocus) {
     if (!listHasFocus) return EntryThatIs(list, list.ListTop);
     return EntryThatIs(list, FirstSelectedPlace(selection, kVerseListOwns, list.ListTop, list.ListLastVisible));
-}
-
-// The number that `text` begins with, leading blanks skipped; 0 when there is none.
-static int LeadingNumber(std::string_view text) {
-    while (text.starts_with(' ')) text.remove_prefix(1);
-    int number = 0;
-    std::from_chars(text.data(), text.data() + text.size(), number);
-    return number;
-}
-
-static int VerseBehindBook(const VerseRecords& records, int book, std::string_view rest) {
-    const std::size_t colon = rest.find(':');
-    const std::string_view verse = colon == std::string_view::npos ? std::string_view{} : rest.substr(colon + 1);
-    return VerseLookup(records, book, LeadingNumber(rest), LeadingNumber(verse));
-}
-
-int VerseOfReferenceLine(const VerseRecords& records, const std::string& line) {
-    for (const auto nameOf : {BookName, BookAbbreviation}) {
-        for (int book = 1; book <= kBookCount; ++book) {
-            const std::string_view name = nameOf(book);
-            if (line.starts_with(name))
-                return VerseBehindBook(records, book, std::string_view(line).substr(name.size()));
-        }
-    }
-    return kNoVerse;
 }

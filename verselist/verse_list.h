@@ -2,11 +2,9 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
 #include <vector>
 
 #include "output/selection.h"
-#include "scripture/verse_records.h"
 
 enum ListView { kVerseListView = 0, kReferenceListView = 1 };
 
@@ -40,7 +38,3 @@ int CurrentEntry(const VerseList& list, const Selection& selection);
 // Entry that the commands of the frame mean: the first selected entry while the list has the focus and its selection
 // lies wholly within the entries shown; otherwise the top. -1 in an empty list.
 int TargetEntry(const VerseList& list, const Selection& selection, bool listHasFocus);
-
-// Verse named by a line of the Reference List, "1 John 1:9" or "1Jo 1:9": the first full name, then the first
-// abbreviation, that the line begins with. -1 when there is none.
-int VerseOfReferenceLine(const VerseRecords& records, const std::string& line);

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/support/native_scripture.h"
-
 static VerseList ListOf(std::vector<std::int32_t> verses, int top = 0, int lastVisible = 0) {
     VerseList list;
     FillVerseList(list, std::move(verses));
@@ -111,34 +109,4 @@ TEST(VerseList, AnEmptyListHasNoCurrentEntry) {
 TEST(VerseList, ASelectionOfALongerListDoesNotLeadPastTheEnd) {
     const VerseList list = ListOf({10, 20, 30}, 0, 2);
     EXPECT_EQ(CurrentEntry(list, {kVerseListOwns, {9, 1}, {1, 1}}), 2);
-}
-
-TEST(ReferenceLine, NamesItsVerse) {
-    const VerseRecords& records = TheRealScripture().records;
-    struct Row {
-        const char* line;
-        int book, chapter, verse;
-    };
-    const Row rows[] = {
-        {"Genesis 1:1", 1, 1, 1},     {"John 3:16", 43, 3, 16},
-        {"1 John 1:9", 62, 1, 9},     {"Song of Solomon 2:4", 22, 2, 4},
-        {"1Jo 1:9", 62, 1, 9},  // as a cross-reference line lists it
-        {"Joh 3:16", 43, 3, 16},      {"Jon 2:2", 32, 2, 2},
-        {"Jude 1:25", 65, 1, 25},     {"Job 42:17", 18, 42, 17},
-        {"Ps 119:176", 19, 119, 176}, {"Genesis 1:99", 1, 1, 31},  // past the end of the chapter
-        {"Genesis 99:1", 1, 50, 26},  {"Genesis", 1, 1, 1},
-        {"Genesis 4", 1, 4, 1},
-    };
-    for (const Row& row : rows)
-        EXPECT_EQ(VerseOfReferenceLine(records, row.line), VerseLookup(records, row.book, row.chapter, row.verse))
-            << row.line;
-    for (const char* line : {"", " Genesis 1:1", "genesis 1:1", "3:16", "Hesitations 1:1"})
-        EXPECT_EQ(VerseOfReferenceLine(records, line), kNoVerse) << line;
-}
-
-TEST(ReferenceLine, LeadsBackToEveryVerseInBothForms) {
-    const VerseRecords& records = TheRealScripture().records;
-    for (int verse = 0; verse < kVerseCount; verse += 17)
-        for (const BookForm form : {BookForm::kName, BookForm::kAbbreviation})
-            ASSERT_EQ(VerseOfReferenceLine(records, ReferenceText(records, verse, form)), verse);
 }
