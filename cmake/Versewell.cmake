@@ -25,8 +25,11 @@ if(VERSEWELL_SANITIZE)
 endif()
 
 # GoogleTest is built from Debian's sources, so that one version serves the host, the sanitizers and Windows.
-add_subdirectory(/usr/src/googletest ${CMAKE_BINARY_DIR}/googletest EXCLUDE_FROM_ALL)
-include(GoogleTest)
+# Visual Studio builds the program alone.
+if(NOT MSVC)
+  add_subdirectory(/usr/src/googletest ${CMAKE_BINARY_DIR}/googletest EXCLUDE_FROM_ALL)
+  include(GoogleTest)
+endif()
 
 # vw_core(<folder> SOURCES ... [USES <folder>...]): the core of a folder, which builds anywhere.
 function(vw_core folder)
