@@ -1,0 +1,219 @@
+// What a start costs at least: the program's menu, controls and files, and nothing done with them but one plain paint
+// of verses. The start of the real program is measured against this one's.
+
+#include <iterator>
+
+#include "app/frame_layout.h"
+#include "output/faces_win32.h"
+#include "resources/ids.h"
+#include "scripture/scripture_files.h"
+#include "scripture/scripture_win32.h"
+#include "search/word_index.h"
+#include "win32/panes.h"
+
+struct BareProgram {
+    HWND frame = nullptr, toolbar = nullptr, statusBar = nullptr;
+    HWND listTabs = nullptr, passageTabs = nullptr, noteTabs = nullptr;
+    HWND list = nullptr, references = nullptr, passage = nullptr;
+    HWND notes = nullptr, noteView = nullptr, editor = nullptr, noteEdit = nullptr;
+    HIMAGELIST pictures = nullptr;
+    HFONT font = nullptr;
+    Scripture scripture;
+    WordIndex index;
+};
+static BareProgram bare;
+
+static constexpr int kPassagePart = 3;  // of the status bar
+static constexpr int kButtons[] = {IDM_CUT,
+                                   IDM_COPY,
+                                   IDM_PASTE,
+                                   IDM_WORD_SEARCH,
+                                   IDM_PHRASE_SEARCH,
+                                   IDM_WORD_LIST_SEARCH,
+                                   IDM_COPY_VERSE,
+                                   IDM_COPY_RANGE,
+                                   IDM_COPY_VERSE_LIST,
+                                   IDM_COPY_REFERENCES,
+                                   0,
+                                   0,
+                                   IDM_GOTO_VERSE,
+                                   IDM_CONTEXT,
+                                   IDM_VIEW_LIST,
+                                   IDM_VIEW_PASSAGE,
+                                   IDM_VIEW_NOTES,
+                                   IDM_HELP_TOPICS,
+                                   IDM_SEARCH_NOTES,
+                                   IDM_GOTO_NOTE,
+                                   IDM_EDIT_NOTE,
+                                   IDM_NOTE_FOR_LIST,
+                                   IDM_NOTE_FOR_PASSAGE,
+                                   IDM_VERSE_FOR_NOTE};
+
+static void CreateBareToolbar() {
+    bare.toolbar = CreateChild(bare.frame, TOOLBARCLASSNAMEA, "",
+                               WS_VISIBLE | WS_CLIPSIBLINGS | TBSTYLE_TOOLTIPS | TBSTYLE_FLAT, 0, IDC_TOOLBAR);
+    const auto strip = static_cast<HBITMAP>(
+        LoadImageA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(IDB_TOOLBAR), IMAGE_BITMAP, 0, 0, LR_CREATEDIBSECTION));
+    bare.pictures = ImageList_Create(16, 16, ILC_COLOR32, static_cast<int>(std::size(kButtons)), 0);
+    ImageList_Add(bare.pictures, strip, nullptr);
+    DeleteObject(strip);
+    TBBUTTON buttons[std::size(kButtons)]{};
+    for (std::size_t i = 0; i < std::size(kButtons); ++i) {
+        buttons[i].iBitmap = static_cast<int>(i);
+        buttons[i].idCommand = kButtons[i];
+        buttons[i].fsState = TBSTATE_ENABLED;
+    }
+    SendMessageA(bare.toolbar, TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON), 0);
+    SendMessageA(bare.toolbar, TB_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(bare.pictures));
+    SendMessageA(bare.toolbar, TB_ADDBUTTONSA, std::size(buttons), reinterpret_cast<LPARAM>(buttons));
+}
+
+static HWND CreateTabs(int id, std::initializer_list<const char*> names) {
+    const HWND tabs = CreateChild(bare.frame, WC_TABCONTROLA, "",
+                                  WS_VISIBLE | WS_CLIPCHILDREN | WS_CLIPSIBLINGS | TCS_MULTILINE, 0, id);
+    for (const char* name : names) {
+        TCITEMA item{};
+        item.mask = TCIF_TEXT;
+        item.pszText = const_cast<char*>(name);
+        SendMessageA(tabs, TCM_INSERTITEMA, 0, reinterpret_cast<LPARAM>(&item));
+    }
+    return tabs;
+}
+
+static HWND CreateRichEdit(HWND parent, int id) {
+    return CreateChild(parent, "RICHEDIT", "", WS_VISIBLE | WS_VSCROLL | WS_TABSTOP | ES_MULTILINE | ES_AUTOVSCROLL,
+                       WS_EX_CLIENTEDGE, id);
+}
+
+static void CreateControls() {
+    LoadLibraryA("RICHED32.DLL");
+    CreateBareToolbar();
+    bare.statusBar = CreateChild(bare.frame, STATUSCLASSNAMEA, "", WS_VISIBLE, 0, IDC_STATUS_BAR);
+    bare.listTabs = CreateTabs(IDC_LIST_TABS, {"Verse List", "Reference List"});
+    bare.passageTabs = CreateTabs(IDC_PASSAGE_TABS, {"Passage"});
+    bare.noteTabs = CreateTabs(IDC_NOTE_TABS, {"My Notes"});
+    bare.list = CreateChild(bare.listTabs, "BarePane", "", WS_VISIBLE | WS_VSCROLL, WS_EX_CLIENTEDGE, IDC_VERSE_LIST);
+    bare.references =
+        CreateChild(bare.listTabs, "LISTBOX", "", WS_VSCROLL | LBS_NOTIFY | LBS_MULTIPLESEL | LBS_EXTENDEDSEL,
+                    WS_EX_CLIENTEDGE, IDC_REFERENCE_LIST);
+    bare.passage =
+        CreateChild(bare.passageTabs, "BarePassage", "", WS_VISIBLE | WS_VSCROLL, WS_EX_CLIENTEDGE, IDC_PASSAGE);
+    bare.notes = CreateChild(bare.noteTabs, "BarePane", "", WS_VISIBLE | WS_CLIPCHILDREN, 0, IDC_NOTES);
+    bare.noteView = CreateRichEdit(bare.notes, IDC_NOTE_VIEW);
+    bare.editor = CreateChild(bare.frame, "BarePane", "", WS_CLIPCHILDREN, 0, IDC_NOTE_EDITOR);
+    for (const int id : {IDC_NOTE_SAVE, IDC_NOTE_CANCEL, IDC_NOTE_HELP}) {
+        CreateChild(bare.editor, "BUTTON", "Button", WS_VISIBLE, 0, id);
+    }
+    bare.noteEdit = CreateRichEdit(bare.editor, IDC_NOTE_EDIT);
+}
+
+static bool LoadFiles() {
+    const DataFiles files = ScriptureDataFiles();
+    return LoadWordIndex(files, bare.index) == IndexLoad::kLoaded && LoadScripture(files, bare.scripture);
+}
+
+static int HeightOf(HWND window) {
+    RECT place{};
+    GetWindowRect(window, &place);
+    return static_cast<int>(place.bottom - place.top);
+}
+
+static void PlaceInTabs(HWND tabs, const Area& place, std::initializer_list<HWND> contents) {
+    MoveWindow(tabs, place.x, place.y, place.width, place.height, TRUE);
+    RECT room{0, 0, place.width, place.height};
+    TabCtrl_AdjustRect(tabs, FALSE, &room);
+    for (const HWND content : contents) {
+        MoveWindow(content, room.left, room.top, room.right - room.left, room.bottom - room.top, TRUE);
+    }
+}
+
+static void OnSize(HWND, UINT sizeType, int width, int height) {
+    for (const HWND bar : {bare.toolbar, bare.statusBar}) {
+        SendMessageA(bar, WM_SIZE, sizeType, MAKELPARAM(width, height));
+    }
+    int edges[kStatusPartCount];
+    StatusPartEdges(width, edges);
+    SendMessageA(bare.statusBar, SB_SETPARTS, kStatusPartCount, reinterpret_cast<LPARAM>(edges));
+    const FrameLayout layout =
+        LayOutFrame({width, height, HeightOf(bare.toolbar), HeightOf(bare.statusBar)}, ShownPanes{}, false);
+    PlaceInTabs(bare.listTabs, layout.list.place, {bare.list, bare.references});
+    PlaceInTabs(bare.passageTabs, layout.passage.place, {bare.passage});
+    PlaceInTabs(bare.noteTabs, layout.notes.place, {bare.notes});
+    RECT room{};
+    GetClientRect(bare.notes, &room);
+    MoveWindow(bare.noteView, 0, 0, room.right, room.bottom, TRUE);
+}
+
+// A verse a line, as far as there is room.
+static void OnPassagePaint(HWND window) {
+    PAINTSTRUCT paint;
+    const HDC dc = BeginPaint(window, &paint);
+    RECT client{};
+    GetClientRect(window, &client);
+    SelectObject(dc, bare.font);
+    TEXTMETRICA metrics{};
+    GetTextMetricsA(dc, &metrics);
+    for (int verse = 0, y = 0; y < client.bottom; ++verse, y += static_cast<int>(metrics.tmHeight)) {
+        const std::string_view text = VerseText(bare.scripture, verse);
+        TextOutA(dc, 1, y, text.data(), static_cast<int>(text.size()));
+    }
+    EndPaint(window, &paint);
+    const std::string reference = ReferenceText(bare.scripture.records, 0, BookForm::kName);
+    SendMessageA(bare.statusBar, SB_SETTEXTA, kPassagePart, reinterpret_cast<LPARAM>(reference.c_str()));
+}
+
+static LRESULT CALLBACK PassageProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) { HANDLE_MSG(window, WM_PAINT, OnPassagePaint); }
+    return DefWindowProcA(window, message, wParam, lParam);
+}
+
+static BOOL OnCreate(HWND window, CREATESTRUCTA*) {
+    bare.frame = window;
+    CreateControls();
+    const LOGFONTA record = FontRecord(FontChoice{});
+    bare.font = CreateFontIndirectA(&record);
+    return LoadFiles();
+}
+
+static void OnDestroy(HWND) {
+    PostQuitMessage(0);
+}
+
+static LRESULT CALLBACK FrameProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        HANDLE_MSG(window, WM_CREATE, OnCreate);
+        HANDLE_MSG(window, WM_SIZE, OnSize);
+        HANDLE_MSG(window, WM_DESTROY, OnDestroy);
+    }
+    return DefWindowProcA(window, message, wParam, lParam);
+}
+
+static void RegisterFrame() {
+    WNDCLASSA description{};
+    description.lpfnWndProc = FrameProcedure;
+    description.hInstance = GetModuleHandleA(nullptr);
+    description.hIcon = LoadIconA(description.hInstance, "Big_Icon");
+    description.hCursor = LoadCursorA(nullptr, IDC_ARROW);
+    description.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
+    description.lpszMenuName = "Menu";
+    description.lpszClassName = "BareProgram";
+    RegisterClassA(&description);
+}
+
+int WINAPI WinMain(HINSTANCE program, HINSTANCE, LPSTR, int showState) {
+    InitCommonControls();
+    RegisterPaneClass("BarePane", DefWindowProcA, COLOR_WINDOW);
+    RegisterPaneClass("BarePassage", PassageProcedure, COLOR_WINDOW);
+    RegisterFrame();
+    const HWND frame = CreateWindowExA(0, "BareProgram", "", WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, CW_USEDEFAULT,
+                                       CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, nullptr, nullptr, program, nullptr);
+    if (!frame) return 1;
+    ShowWindow(frame, showState);
+    UpdateWindow(frame);
+    MSG message;
+    while (GetMessageA(&message, nullptr, 0, 0) > 0) {
+        TranslateMessage(&message);
+        DispatchMessageA(&message);
+    }
+    return 0;
+}

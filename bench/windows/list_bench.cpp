@@ -1,0 +1,98 @@
+// From OK in the Word Search dialog to the painted list, seen from outside the program, beside a bare list box that is
+// filled with the same strings in this process.
+
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include <cstdio>
+
+#include "bench/windows/contest.h"
+#include "bench/windows/outside.h"
+#include "resources/ids.h"
+#include "tests/driver/remote_memory.h"
+
+static constexpr int kRounds = 15;
+static constexpr double kMostTimesBareList = 1.5;
+static constexpr int kSummaryPart = 0;  // of the status bar
+static constexpr int kEntryPart = 1;
+
+struct Query {
+    const char* words;
+    double mostTimesFloor;  // 0: information
+    // As the first, untimed search left them:
+    LRESULT lines = 0;
+    std::string summary{};
+    std::string firstEntry{};
+    std::vector<std::string> strings{};
+    std::vector<double> times{}, floors{};
+};
+
+static HWND OpenWordSearch(const Program& program, const char* words) {
+    PostMessageA(program.frame, WM_COMMAND, IDM_WORD_SEARCH, 0);
+    const HWND dialog = WaitForDialog(program, "Word Search");
+    SendMessageA(GetDlgItem(dialog, IDC_SEARCH_TEXT), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(words));
+    return dialog;
+}
+
+static LRESULT LinesOf(const Program& program, HWND references) {
+    return Ask(program, references, LB_GETCOUNT);
+}
+
+// The list's paint writes the top entry into the status bar and answers no question before it is through.
+static double TimeOfSearch(const Program& program, HWND references, const Query& query) {
+    const HWND dialog = OpenWordSearch(program, query.words);
+    const double start = Now();
+    PostMessageA(dialog, WM_COMMAND, IDOK, 0);
+    AskUntil(program, [&] { return LinesOf(program, references) == query.lines; });
+    AskUntil(program, [&] { return StatusTextNow(program, kEntryPart) == query.firstEntry; });
+    AskUntil(program, [&] { return StatusTextNow(program, kSummaryPart) == query.summary; });
+    return Now() - start;
+}
+
+static void LearnAnswers(const Program& program, HWND references, Query& query) {
+    const std::string before = StatusTextNow(program, kSummaryPart);
+    PostMessageA(OpenWordSearch(program, query.words), WM_COMMAND, IDOK, 0);
+    AskUntil(program, [&] { return StatusTextNow(program, kSummaryPart) != before; });
+    Sleep(500);
+    query.lines = LinesOf(program, references);
+    query.summary = StatusTextNow(program, kSummaryPart);
+    query.firstEntry = StatusTextNow(program, kEntryPart);
+    query.strings = ListStrings(references);
+}
+
+static double TimeOfBareList(HWND list, const std::vector<std::string>& strings) {
+    const double start = Now();
+    SendMessageA(list, WM_SETREDRAW, FALSE, 0);
+    SendMessageA(list, LB_RESETCONTENT, 0, 0);
+    for (const std::string& line : strings) SendMessageA(list, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(line.c_str()));
+    SendMessageA(list, WM_SETREDRAW, TRUE, 0);
+    return Now() - start;
+}
+
+static HWND BareList() {
+    return CreateWindowExA(0, "LISTBOX", "", WS_POPUP | WS_VSCROLL | LBS_NOINTEGRALHEIGHT, 0, 0, 400, 400, nullptr,
+                           nullptr, nullptr, nullptr);
+}
+
+int main() {
+    Query queries[] = {{"lord", 0}, {"the", kMostTimesBareList}, {"grace", 0}};
+    Program program = LaunchProgram(FolderWithScripture());
+    WaitForFirstVerse(program, "Versewell97");
+    const HWND references = Child(program.frame, {IDC_LIST_TABS, IDC_REFERENCE_LIST});
+    const HWND list = BareList();
+    for (Query& query : queries) LearnAnswers(program, references, query);
+    for (int round = 0; round < kRounds; ++round) {
+        for (Query& query : queries) {
+            query.times.push_back(TimeOfSearch(program, references, query));
+            query.floors.push_back(TimeOfBareList(list, query.strings));
+        }
+    }
+    for (const Query& query : queries) {
+        const std::string what = std::string(query.words) + " (" + std::to_string(query.lines) + " verses)";
+        Print({"OK to painted list, " + what + " / bare list box", MedianOf(query.times), MedianOf(query.floors),
+               query.mostTimesFloor});
+    }
+    CloseProgram(program);
+    return 0;
+}

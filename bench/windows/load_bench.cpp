@@ -1,0 +1,34 @@
+// Loading of the five scripture files by the program's own procedures. Started in their folder.
+
+#include <cstdio>
+
+#include "bench/windows/contest.h"
+#include "scripture/scripture_files.h"
+#include "scripture/scripture_win32.h"
+#include "search/word_index.h"
+
+static constexpr int kRounds = 101;
+static constexpr double kMostMilliseconds = 4;
+
+static bool Load(Scripture& scripture, WordIndex& index) {
+    const DataFiles files = ScriptureDataFiles();
+    return LoadWordIndex(files, index) == IndexLoad::kLoaded && LoadScripture(files, scripture);
+}
+
+int main() {
+    std::vector<double> times;
+    for (int round = 0; round < kRounds; ++round) {
+        Scripture scripture;
+        WordIndex index;
+        const double start = Now();
+        const bool loaded = Load(scripture, index);
+        times.push_back(Now() - start);
+        ReleaseDataFiles();
+        if (!loaded) {
+            std::fprintf(stderr, "load_bench: no scripture files in the current folder\n");
+            return 1;
+        }
+    }
+    PrintLimited("loading the five files", MedianOf(times), kMostMilliseconds, "ms");
+    return 0;
+}

@@ -1,0 +1,28 @@
+// A program watched from a second process. Nothing is hooked into it, since that would slow every message it sends.
+#pragma once
+
+#include <string>
+
+#include "tests/driver/driver.h"
+
+// Waits, asking every millisecond, until a frame of `frameClass` has come up and said in its status bar which verse it
+// paints, and until it has answered once more, which it does only when that paint is through.
+void WaitForFirstVerse(Program& program, const char* frameClass);
+
+// Text of a part of the status bar, without waiting for the program to come to rest.
+std::string StatusTextNow(const Program& program, int part);
+
+// Asks every millisecond until `isSo`.
+template <typename Question>
+void AskUntil(const Program& program, Question isSo) {
+    while (!isSo()) {
+        if (!IsRunning(program)) Fail(&program, "the program ended meanwhile");
+        Sleep(1);
+    }
+}
+
+struct Memory {
+    double workingSet = 0;  // MiB
+    double ownMemory = 0;   // what it shares with nobody
+};
+Memory MemoryOf(const Program& program);

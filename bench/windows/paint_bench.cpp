@@ -1,0 +1,188 @@
+// One paint of the Passage, 1200 x 700, by the program's own walk, faces and canvas, beside the two floors. Started in
+// the folder of the scripture files.
+
+#include <algorithm>
+#include <cstdio>
+#include <utility>
+
+#include "bench/windows/contest.h"
+#include "bench/windows/paint_floors.h"
+#include "passage/passage_flow.h"
+#include "scripture/scripture_files.h"
+#include "scripture/scripture_win32.h"
+
+static constexpr RECT kClient{0, 0, 1200, 700};
+static constexpr int kRounds = 41;
+static constexpr double kMostTimesWordByWord = 1.0;
+static constexpr double kMostTimesFaceByFace = 1.5;
+static constexpr double kMostAboveOnePaint = 2.0;  // page up, milliseconds
+
+struct Place {
+    const char* name;
+    int book, chapter, verse;
+};
+
+static constexpr Place kPlaces[] = {
+    {"Ge 1:1", 1, 1, 1},  {"1Ch 1:1", 13, 1, 1},     {"Ps 119:1", 19, 119, 1},
+    {"Es 8:9", 17, 8, 9}, {"Joh 11:30", 43, 11, 30}, {"Re 20:1", 66, 20, 1},
+};
+
+struct Mode {
+    const char* name;
+    std::int8_t italics, paragraphs;
+};
+
+static constexpr Mode kModes[] = {
+    {"italic type", kItalicType, 0}, {"italic type, paragraphs", kItalicType, 1},
+    {"brackets", kBracketed, 0},     {"brackets, paragraphs", kBracketed, 1},
+    {"plain type", kPlainType, 0},   {"plain type, paragraphs", kPlainType, 1},
+};
+
+// What the program holds for the Passage.
+struct Bench {
+    Scripture scripture;
+    NoteFiles noteFiles;
+    NoteSets notes;
+    Faces faces;
+    Canvas canvas;
+    TextRuns runs;
+    HDC screen = nullptr;
+    HDC floorCanvas = nullptr;
+    FaceFonts fonts;
+};
+
+static std::uint64_t NoSize(void*, const std::string&) {
+    return 0;
+}
+
+// A set with a note for every second verse, so that labels of both kinds are formed.
+static NoteSets HalfTheNotes() {
+    NoteSet set{"Notes.nmd", std::vector<std::uint32_t>(kVerseCount)};
+    for (std::uint32_t verse = 0; verse < kVerseCount; ++verse) set.offsets[verse] = verse + verse / 2;
+    NoteSets notes;
+    notes.sets.push_back(std::move(set));
+    return notes;
+}
+
+static PassageFlow FlowAt(Bench& bench, const Place& place, const Mode& mode) {
+    return {
+        .scripture = &bench.scripture,
+        .noteFiles = &bench.noteFiles,
+        .notes = &bench.notes,
+        .options = {.ParagraphFormat = mode.paragraphs, .Italics = mode.italics},
+        .measure = MeasureOf(bench.faces),
+        .topVerse = VerseLookup(bench.scripture.records, place.book, place.chapter, place.verse),
+        .width = kClient.right,
+        .height = kClient.bottom,
+    };
+}
+
+static void LayOut(Bench& bench, const PassageFlow& flow) {
+    WalkPassage(flow, FlowFaces::kAsPainted, [&bench](const FlowBox& box) {
+        AddText(bench.runs, bench.faces, box.face, TextColor::kNormal, box.x, box.y, box.width, box.text);
+        return true;
+    });
+}
+
+static void Paint(Bench& bench, const PassageFlow& flow) {
+    LayOut(bench, flow);
+    const HDC canvas = CanvasFor(bench.canvas, bench.screen, kClient.right, kClient.bottom);
+    DrawRuns(canvas, bench.faces, bench.runs, kClient, 0);
+    CopyCanvas(bench.canvas, bench.screen, kClient);
+}
+
+static std::vector<PlacedWord> WordsOf(const PassageFlow& flow) {
+    std::vector<PlacedWord> words;
+    WalkPassage(flow, FlowFaces::kAsPainted, [&words](const FlowBox& box) {
+        words.push_back({box.face, box.x, box.y, std::string(box.text)});
+        return true;
+    });
+    return words;
+}
+
+static TextRuns RunsOf(Bench& bench, const PassageFlow& flow) {
+    LayOut(bench, flow);
+    return std::exchange(bench.runs, {});
+}
+
+// The place where the program does worst beside one of the two floors.
+struct Worst {
+    const char* place = "";
+    double time = 0, floor = 1;
+};
+
+static void Keep(Worst& worst, const char* place, double time, double floor) {
+    if (time / floor > worst.time / worst.floor) worst = {place, time, floor};
+}
+
+static void ComparePaints(Bench& bench, const Mode& mode) {
+    Worst wordByWord, faceByFace;
+    for (const Place& place : kPlaces) {
+        const PassageFlow flow = FlowAt(bench, place, mode);
+        const std::vector<PlacedWord> words = WordsOf(flow);
+        const TextRuns runs = RunsOf(bench, flow);
+        const int lineHeight = flow.measure.lineHeight(flow.measure.device);
+        const std::vector<double> times = MediansInTurns(
+            kRounds, {
+                         [&] { Paint(bench, flow); },
+                         [&] { DrawWordByWord(bench.screen, bench.fonts, words, kClient.right, lineHeight); },
+                         [&] { DrawFaceByFace(bench.screen, bench.floorCanvas, bench.fonts, runs, kClient); },
+                     });
+        Keep(wordByWord, place.name, times[0], times[1]);
+        Keep(faceByFace, place.name, times[0], times[2]);
+    }
+    const std::string what = std::string("paint, ") + mode.name;
+    Print(
+        {what + " (" + wordByWord.place + ") / word by word", wordByWord.time, wordByWord.floor, kMostTimesWordByWord});
+    Print(
+        {what + " (" + faceByFace.place + ") / face by face", faceByFace.time, faceByFace.floor, kMostTimesFaceByFace});
+}
+
+static void MeasureScrolling(Bench& bench, const Mode& mode) {
+    double mostMeasuring = 0, mostAbove = -1000;
+    for (const Place& place : kPlaces) {
+        PassageFlow flow = FlowAt(bench, place, mode);
+        PassageView view;
+        MeasurePassage(flow, view);
+        const auto pageUp = [&] {
+            flow.topVerse = view.TopVerse;
+            flow.topVerse = ScrolledTop(flow, view, ScrollCode::kPageUp, 0);
+            Paint(bench, flow);
+        };
+        const std::vector<double> times = MediansInTurns(kRounds, {
+                                                                      [&] { MeasurePassage(flow, view); },
+                                                                      [&] { Paint(bench, flow); },
+                                                                      pageUp,
+                                                                  });
+        mostMeasuring = std::max(mostMeasuring, times[0]);
+        mostAbove = std::max(mostAbove, times[2] - times[1]);
+    }
+    const std::string at = std::string(", ") + mode.name;
+    Print({"one measuring pass" + at, mostMeasuring});
+    PrintLimited("page up above one paint" + at, mostAbove, kMostAboveOnePaint, "ms");
+}
+
+static HDC ScreenToPaintOn() {
+    const HWND window = CreateWindowExA(0, "STATIC", "", WS_POPUP | WS_VISIBLE, 0, 0, kClient.right, kClient.bottom,
+                                        nullptr, nullptr, nullptr, nullptr);
+    UpdateWindow(window);
+    return GetDC(window);
+}
+
+int main() {
+    Bench bench;
+    if (!LoadScripture(ScriptureDataFiles(), bench.scripture)) {
+        std::fprintf(stderr, "paint_bench: no scripture files in the current folder\n");
+        return 1;
+    }
+    bench.noteFiles.size = NoSize;
+    bench.notes = HalfTheNotes();
+    bench.screen = ScreenToPaintOn();
+    ChooseFaces(bench.faces, FontChoice{});
+    bench.fonts = FontsOf(FontChoice{});
+    Canvas floorCanvas;
+    bench.floorCanvas = CanvasFor(floorCanvas, bench.screen, kClient.right, kClient.bottom);
+    for (const Mode& mode : kModes) ComparePaints(bench, mode);
+    for (const Mode& mode : kModes) MeasureScrolling(bench, mode);
+    return 0;
+}

@@ -1,0 +1,60 @@
+// From the start of the process to the first painted verse, and the memory then, of the program and of a bare one with
+// the same controls and files (bare_program.cpp), in turns.
+
+#include <cstdio>
+
+#include "bench/windows/contest.h"
+#include "bench/windows/outside.h"
+
+static constexpr int kRounds = 21;
+static constexpr double kMostTimesBare = 1.3;
+static constexpr double kMostMemoryAboveBare = 15;  // MiB
+
+struct Contestant {
+    StartOptions options;
+    std::vector<double> times{}, workingSets{}, ownMemory{};
+};
+
+static std::string BareProgram() {
+    char file[MAX_PATH];
+    GetModuleFileNameA(nullptr, file, sizeof file);
+    return (std::filesystem::path(file).parent_path() / "bare_program.exe").string();
+}
+
+static void StartOnce(const ScratchFolder& folder, Contestant& contestant) {
+    const double start = Now();
+    Program program = LaunchProgram(folder, contestant.options);
+    WaitForFirstVerse(program, contestant.options.frameClass.c_str());
+    contestant.times.push_back(Now() - start);
+    const Memory memory = MemoryOf(program);
+    contestant.workingSets.push_back(memory.workingSet);
+    contestant.ownMemory.push_back(memory.ownMemory);
+    CloseProgram(program);
+}
+
+// The first start of each makes note files and reads what no memory holds yet.
+static void WarmUp(const ScratchFolder& folder, Contestant& contestant) {
+    Contestant thrownAway{contestant.options};
+    StartOnce(folder, thrownAway);
+}
+
+int main() {
+    const ScratchFolder folder = FolderWithScripture();
+    Contestant program;
+    Contestant bare;
+    bare.options.programFile = BareProgram();
+    bare.options.frameClass = "BareProgram";
+    WarmUp(folder, program);
+    WarmUp(folder, bare);
+    for (int round = 0; round < kRounds; ++round) {
+        StartOnce(folder, program);
+        StartOnce(folder, bare);
+    }
+    Print(
+        {"start to first painted verse / bare program", MedianOf(program.times), MedianOf(bare.times), kMostTimesBare});
+    PrintLimited("working set above the bare program's", MedianOf(program.workingSets) - MedianOf(bare.workingSets),
+                 kMostMemoryAboveBare, "MiB");
+    PrintLimited("own memory above the bare program's", MedianOf(program.ownMemory) - MedianOf(bare.ownMemory),
+                 kMostMemoryAboveBare, "MiB");
+    return 0;
+}
