@@ -3,6 +3,8 @@
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 build=$root/build
 cleanups=()
+trap "exit 130" INT
+trap "exit 143" TERM
 
 # Everything that a new Debian or Ubuntu machine lacks.
 packages=(
@@ -18,6 +20,13 @@ packages=(
 
 say() { printf '%s\n' "$*" >&2; }
 fail() { say "$(basename "$0"): $*"; exit 1; }
+
+# under_lock <file> <command...>: alone among all that name the file.
+under_lock() {
+  local file=$1
+  shift
+  (flock 9 && "$@") 9>"$file"
+}
 
 # ---- Packages ---------------------------------------------------------------------------------------------------
 
@@ -91,7 +100,7 @@ wine_environment() {
 }
 
 # What starts first keeps its output open for the services that outlive it: never a pipe.
-quiet() { "$@" </dev/null >/dev/null 2>&1; }
+quiet() { "$@" </dev/null >/dev/null 2>&1 9>&-; }
 
 # prepare_prefix <folder> <registry file>...: a Wine prefix with the fonts that the program asks for. Made once, and
 # again when a registry file is newer. Needs a display.
@@ -116,3 +125,16 @@ prepare_prefix() {
 }
 
 windows_path() { printf 'Z:%s' "${1//\//\\}"; }
+
+# A prefix of this run alone, for a display without a window manager. One is prepared and never used; each run works in
+# a copy that goes at the end, so that no run meets another's leftovers.
+make_scratch_prefix() {
+  local scratch
+  under_lock "$build/wine-tests.lock" prepare_prefix "$build/wine-tests" "$root/cmake/wine.reg" "$root/tests/wine.reg"
+  scratch=$(mktemp -d "$build/wine-scratch.XXXXXX")
+  at_exit "rm -rf '$scratch'"
+  cp -al "$build/wine-tests/." "$scratch"  # 700 MB of Wine's own files, which nobody writes
+  cp --remove-destination "$build"/wine-tests/*.reg "$scratch"
+  wine_environment "$scratch"
+  at_exit 'quiet wineserver -k'
+}
