@@ -21,8 +21,8 @@ void AppendNumber(LabelText& label, int number) {
     AppendText(label, {digits.data(), static_cast<std::size_t>(written.ptr - digits.data())});
 }
 
-void AppendReference(LabelText& label, const VerseRecord& record) {
-    AppendText(label, BookAbbreviation(record.book));
+void AppendReference(LabelText& label, const VerseRecord& record, BookForm form) {
+    AppendText(label, form == BookForm::kName ? BookName(record.book) : BookAbbreviation(record.book));
     AppendText(label, " ");
     AppendNumber(label, record.chapter);
     AppendText(label, ":");

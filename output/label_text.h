@@ -16,5 +16,5 @@ std::string_view TextOf(const LabelText& label);
 void AppendText(LabelText& label, std::string_view text);
 void AppendNumber(LabelText& label, int number);
 
-// "Ge 1:1"
-void AppendReference(LabelText& label, const VerseRecord& record);
+// "Ge 1:1" or "Genesis 1:1"
+void AppendReference(LabelText& label, const VerseRecord& record, BookForm form = BookForm::kAbbreviation);

@@ -31,6 +31,12 @@ TEST(LabelText, NamesTheBookByItsAbbreviation) {
     }
 }
 
+TEST(LabelText, NamesTheBookInFullWhereItIsAskedTo) {
+    LabelText label;
+    AppendReference(label, {52, 5, 16, 0}, BookForm::kName);
+    EXPECT_EQ(TextOf(label), "1 Thessalonians 5:16");
+}
+
 TEST(LabelText, IsCutWhereItIsFull) {
     LabelText label;
     AppendText(label, std::string(60, 'a'));

@@ -1,6 +1,10 @@
 #include "verselist/verselist_window.h"
 
+#include <algorithm>
+#include <array>
+
 #include "notes/notes_window.h"
+#include "output/label_text.h"
 #include "output/output_win32.h"
 #include "passage/passage_window.h"
 #include "resources/ids.h"
@@ -69,17 +73,24 @@ static void SetRangeOfScrollBar() {
 
 // The two views.
 
+// Lines go straight to the box's own procedure and wide, as the box keeps them: the way through our procedure, with a
+// conversion in it, takes half as long again, which is felt with the 24,091 lines of "the". A reference is plain ASCII.
+static void AddReferenceLine(HWND box, int verse) {
+    LabelText line;
+    AppendReference(line, RecordOf(theScripture.records, verse), BookForm::kName);
+    std::array<wchar_t, std::tuple_size_v<decltype(line.bytes)> + 1> wide{};
+    std::ranges::copy(TextOf(line), wide.begin());
+    CallWindowProcW(theVerseList.referencesProcedure, box, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(wide.data()));
+}
+
 static void FillReferenceList() {
     const HWND box = theVerseList.references;
     SendMessageA(box, WM_SETREDRAW, FALSE, 0);
     SendMessageA(box, LB_RESETCONTENT, 0, 0);
     const std::vector<std::int32_t>& entries = theVerseList.list.ListEntries;
-    static constexpr WPARAM kBytesALine = 16;
+    static constexpr WPARAM kBytesALine = 32;
     SendMessageA(box, LB_INITSTORAGE, entries.size(), static_cast<LPARAM>(entries.size() * kBytesALine));
-    for (const int verse : entries) {
-        const std::string line = ReferenceText(theScripture.records, verse, BookForm::kName);
-        SendMessageA(box, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(line.c_str()));
-    }
+    for (const int verse : entries) AddReferenceLine(box, verse);
     SendMessageA(box, WM_SETREDRAW, TRUE, 0);
     InvalidateRect(box, nullptr, TRUE);
 }
