@@ -1,6 +1,8 @@
 #include "passage/passage_flow.h"
 
 #include <algorithm>
+#include <unordered_map>
+#include <vector>
 
 #include "output/label_text.h"
 #include "output/word_pieces.h"
@@ -11,12 +13,17 @@ static constexpr std::string_view kParagraphIndent = "    ";
 
 using PassageVisitor = std::function<bool(const FlowBox&)>;
 
+// Widths of the words of each verse measured so far, by where its words begin in the text.
+using KnownWidths = std::unordered_map<const char*, std::vector<int>>;
+
 // Where a walk stands.
 struct PassageWalk {
     const PassageFlow& flow;
     const PassageVisitor& visit;
+    KnownWidths* known = nullptr;  // none: every word is measured; else no box is visited
     WordReader reader{};
-    LabelText label{};  // or heading
+    std::string_view words{};  // of the verse that was begun last
+    LabelText label{};         // or heading
     int lineHeight = 1;
     int x = kLeftMargin;
     int y = 0;
@@ -104,7 +111,7 @@ static void BeginVerse(PassageWalk& walk, int verse, const VerseRecord& record, 
     if (!isTop && newChapter) PlaceHeading(walk, record);
     if (!isTop && (!inParagraphs || indented)) Wrap(walk);
     PlaceLabel(walk, record, indented);
-    OpenVerse(walk.reader, indented ? text.substr(1) : text);  // the indent stands for the paragraph mark
+    walk.words = indented ? text.substr(1) : text;  // the indent stands for the paragraph mark
 }
 
 static void VisitPieces(PassageWalk& walk) {
@@ -132,8 +139,36 @@ static void PlaceVerseStart(PassageWalk& walk, int verse, const VerseRecord& rec
         BeginVerse(walk, verse, record, text);
     } else {
         walk.point.place = verse;
-        OpenVerse(walk.reader, text);
+        walk.words = text;
     }
+}
+
+static bool ReadAndPlaceWords(PassageWalk& walk) {
+    OpenVerse(walk.reader, walk.words);
+    while (!walk.stopped && !IsPastBottom(walk) && ReadWord(walk.reader)) PlaceWord(walk);
+    return !walk.stopped && HasVerseEnded(walk.reader);
+}
+
+static const std::vector<int>& WidthsOfWords(PassageWalk& walk) {
+    const auto [place, isNew] = walk.known->try_emplace(walk.words.data());
+    if (!isNew) return place->second;
+    OpenVerse(walk.reader, walk.words);
+    while (ReadWord(walk.reader)) place->second.push_back(MeasureWord(walk.reader, walk.flow.measure));
+    return place->second;
+}
+
+static bool PlaceKnownWords(PassageWalk& walk) {
+    for (const int width : WidthsOfWords(walk)) {
+        if (IsPastBottom(walk)) return false;
+        WrapBefore(walk, width);
+        walk.x += width;
+    }
+    return true;
+}
+
+// True when all words of the verse were placed, false when there was no room or the visitor stopped the walk.
+static bool PlaceWords(PassageWalk& walk) {
+    return walk.known != nullptr ? PlaceKnownWords(walk) : ReadAndPlaceWords(walk);
 }
 
 static FlowEnd WalkFrom(PassageWalk& walk) {
@@ -144,20 +179,23 @@ static FlowEnd WalkFrom(PassageWalk& walk) {
         PlaceVerseStart(walk, verse, record);
         if (walk.stopped || IsPastBottom(walk)) break;
         end.lastVerse = verse;
-        while (!walk.stopped && !IsPastBottom(walk) && ReadWord(walk.reader)) PlaceWord(walk);
-        if (walk.stopped || !HasVerseEnded(walk.reader)) break;
+        if (!PlaceWords(walk)) break;
     }
     return end;
 }
 
-FlowEnd WalkPassage(const PassageFlow& flow, FlowFaces faces, const PassageVisitor& visit) {
+static FlowEnd Walk(const PassageFlow& flow, FlowFaces faces, const PassageVisitor& visit, KnownWidths* known) {
     PassageFlow clamped = flow;
     clamped.topVerse = ClampVerse(flow.topVerse);
-    PassageWalk walk{clamped, visit};
+    PassageWalk walk{clamped, visit, known};
     walk.reader.brackets = BracketsOf(flow.options, faces);
     walk.reader.italicsFromWordStart = true;
     walk.lineHeight = LineHeightOf(flow.measure);
     return WalkFrom(walk);
+}
+
+FlowEnd WalkPassage(const PassageFlow& flow, FlowFaces faces, const PassageVisitor& visit) {
+    return Walk(flow, faces, visit, nullptr);
 }
 
 void MeasurePassage(const PassageFlow& flow, PassageView& view) {
@@ -213,13 +251,14 @@ SelectionPoint HitTestPassage(const PassageFlow& flow, int x, int y) {
     return target.found;
 }
 
+// A page up lays out nearly the same verses once a verse stepped over; their words are measured once.
 int ScrolledTop(const PassageFlow& flow, const PassageView& view, ScrollCode code, int thumb) {
     PassageFlow trial = flow;
-    const auto lastVisibleFrom = [&trial](int top) {
-        PassageView measured;
+    KnownWidths known;
+    const auto lastVisibleFrom = [&trial, &known](int top) {
         trial.topVerse = top;
-        MeasurePassage(trial, measured);
-        return measured.LastVisibleVerse;
+        const FlowEnd end = Walk(trial, FlowFaces::kAsMeasured, nullptr, &known);
+        return CorrectedLastVisible({top, end.lastVerse, kLastVerse});
     };
     return ScrolledTo({view.TopVerse, view.LastVisibleVerse, kLastVerse}, code, thumb, lastVisibleFrom);
 }

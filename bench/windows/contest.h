@@ -14,8 +14,9 @@ double Now();
 
 double MedianOf(std::vector<double> values);
 
-// Runs each procedure once in every round, after one round that does not count. Gives the median of each in
-// milliseconds, in their order.
+// Runs each procedure in every round, after a round that does not count, and takes the best of three runs in a row: one
+// that loses the processor on the way takes ten times as long. Gives the median of each one's rounds in milliseconds,
+// in their order.
 std::vector<double> MediansInTurns(int rounds, const std::vector<std::function<void()>>& contestants);
 
 // One line of the table: what was measured in milliseconds, what it is compared with, and how many times that it may

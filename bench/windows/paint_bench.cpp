@@ -12,7 +12,7 @@
 #include "scripture/scripture_win32.h"
 
 static constexpr RECT kClient{0, 0, 1200, 700};
-static constexpr int kRounds = 41;
+static constexpr int kRounds = 21;
 static constexpr double kMostTimesWordByWord = 1.0;
 static constexpr double kMostTimesFaceByFace = 1.5;
 static constexpr double kMostAboveOnePaint = 2.0;  // page up, milliseconds
