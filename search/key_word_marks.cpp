@@ -4,7 +4,6 @@
 
 #include "search/letters.h"
 #include "search/search_engine.h"
-#include "search/text_scan.h"
 
 // Whole words of letters alone have no letter beside them, so no two of them touch. Anything else can be cut by an
 // earlier mark, or overlap itself, except one word whose beginning is not also its end.
@@ -26,9 +25,8 @@ KeyWords KeyWordsOf(const SearchState& search) {
     keyWords.substring = search.options.SubString != 0;
     for (const std::string_view word : QueryWords(search.searchText))
         keyWords.words.push_back(keyWords.caseSensitive ? std::string(word) : LowerCased(word));
-    keyWords.phrase = search.result.phraseText;
+    keyWords.phrase = PatternOf(search.result.phraseText, !keyWords.caseSensitive);
     keyWords.marksStayApart = DoMarksStayApart(keyWords.words, keyWords.substring);
-    keyWords.rarestPair = RarestPair(keyWords.phrase);
     return keyWords;
 }
 
@@ -98,14 +96,13 @@ static void AppendMarkedPhrase(std::string_view phrase, std::string_view stretch
 }
 
 static int MarkPhrase(const KeyWords& keyWords, std::string& text) {
-    const std::string& phrase = keyWords.phrase;
+    const std::string& phrase = keyWords.phrase.phrase;
     const std::size_t bytes = BytesOfPhraseMarks(phrase);
     std::string marked;
     std::size_t done = 0;
     std::size_t room = RoomForMarks(text.size());
     int count = 0;
-    for (const PhrasePlace& place :
-         PhrasesInText(WithinReach(text), phrase, keyWords.rarestPair, !keyWords.caseSensitive)) {
+    for (const PhrasePlace& place : PhrasesInText(WithinReach(text), keyWords.phrase)) {
         if (room < bytes) break;
         room -= bytes;
         marked.append(text, done, place.first - done);
@@ -123,10 +120,10 @@ int MarkKeyWords(const KeyWords& keyWords, std::string& text) {
 }
 
 static int CountPhrase(const KeyWords& keyWords, std::string_view text) {
-    const int count =
-        CountPhrasesInText(WithinReach(text), keyWords.phrase, keyWords.rarestPair, !keyWords.caseSensitive);
-    if (count == 0) return 0;
-    return std::min(count, static_cast<int>(RoomForMarks(text.size()) / BytesOfPhraseMarks(keyWords.phrase)));
+    const int count = CountPhrasesInText(WithinReach(text), keyWords.phrase);
+    // Usually there is room enough, even if every letter were a word.
+    if (static_cast<std::size_t>(count) * 2 * keyWords.phrase.phrase.size() <= RoomForMarks(text.size())) return count;
+    return std::min(count, static_cast<int>(RoomForMarks(text.size()) / BytesOfPhraseMarks(keyWords.phrase.phrase)));
 }
 
 static int CountWords(const KeyWords& keyWords, std::string_view text) {
@@ -147,5 +144,5 @@ int CountKeyWords(const KeyWords& keyWords, std::string_view text) {
 }
 
 bool ContainsPhrase(const KeyWords& keyWords, std::string_view text) {
-    return CountPhrasesInText(text, keyWords.phrase, keyWords.rarestPair, !keyWords.caseSensitive) > 0;
+    return CountPhrasesInText(text, keyWords.phrase) > 0;
 }

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "search/search_state.h"
+#include "search/text_scan.h"
 
 inline constexpr std::size_t kMarkedTextLimit = 4000;  // bytes of a marked verse, closing zero included
 inline constexpr std::size_t kPhraseReach = 1000;      // characters
@@ -21,10 +22,8 @@ struct KeyWords {
     bool caseSensitive = false;
     bool substring = false;
     std::vector<std::string> words;  // lower-cased unless case-sensitive; one a word of the query, repeats included
-    std::string phrase;
-    // Found out beforehand for speed; as they stand here they suit any words and any phrase.
-    bool marksStayApart = false;  // no place of a word can touch a place of another word or of itself
-    std::size_t rarestPair = 0;   // of the phrase, see search/text_scan.h
+    PhrasePattern phrase;            // lower-cased unless case-sensitive
+    bool marksStayApart = false;  // no place of a word can touch another's or another of its own; false is always safe
 };
 KeyWords KeyWordsOf(const SearchState& search);
 

@@ -120,6 +120,7 @@ static bool HasZero(std::uint64_t four) {
 
 // The first verse from `verse` to `end` whose counter is `count`; past `end` when there is none.
 static int NextWithHits(const Counters& hits, std::uint16_t count, int verse, int end) {
+    if (verse <= end && hits[static_cast<std::size_t>(verse)] == count) return verse;
     const std::uint64_t wanted = count * std::uint64_t{0x0001000100010001};
     while (verse + 3 <= end && !HasZero(FourCounters(hits, verse) ^ wanted)) verse += 4;
     while (verse <= end && hits[static_cast<std::size_t>(verse)] != count) ++verse;
@@ -143,12 +144,9 @@ static void RecountSubstrings(const Scripture& scripture, const KeyWords& keyWor
 
 static bool Qualifies(int hits, int wordCount, int booleanType) {
     switch (booleanType) {
-        case kAllWords:
-            return hits == wordCount;
-        case kAnyWord:
-            return hits != 0;
-        default:
-            return hits == 1;
+        case kAllWords: return hits == wordCount;
+        case kAnyWord: return hits != 0;
+        default: return hits == 1;
     }
 }
 

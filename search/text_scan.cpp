@@ -59,34 +59,54 @@ static int FrequencyOf(char c) {
     return c >= 'a' && c <= 'z' ? kLetterFrequencies[static_cast<std::size_t>(c - 'a')] : 3;
 }
 
-std::size_t RarestPair(std::string_view phrase) {
-    std::size_t rarest = 0;
-    for (std::size_t i = 1; i + 1 < phrase.size(); ++i)
-        if (FrequencyOf(phrase[i]) * FrequencyOf(phrase[i + 1]) <
-            FrequencyOf(phrase[rarest]) * FrequencyOf(phrase[rarest + 1]))
-            rarest = i;
-    return rarest;
+// A scan for a phrase looks for its anchor: two neighbours and a third character a little farther on, chosen so that
+// the text seldom has them together. The third stands this far behind the first.
+static std::size_t ReachOfAnchor(std::string_view phrase, std::size_t anchor) {
+    return std::min<std::size_t>(3, phrase.size() - 1 - anchor);
 }
 
-// The phrase whose character number `pair` stands at `place`, or kNotFound.
-static PhrasePlace PhraseAround(std::string_view text, std::string_view phrase, std::size_t pair, bool anyCase,
+static int FrequencyOfAnchor(std::string_view phrase, std::size_t anchor) {
+    return FrequencyOf(phrase[anchor]) * FrequencyOf(phrase[anchor + 1]) *
+           FrequencyOf(phrase[anchor + ReachOfAnchor(phrase, anchor)]);
+}
+
+// The bit that a capital of the text lacks to be equal to `c`, where capitals match too.
+static char FoldOf(char c, bool anyCase) {
+    return anyCase && IsLetter(c) ? 0x20 : 0;
+}
+
+PhrasePattern PatternOf(std::string_view phrase, bool anyCase) {
+    PhrasePattern pattern;
+    pattern.phrase = phrase;
+    for (const char c : phrase) pattern.folds += FoldOf(c, anyCase);
+    for (std::size_t i = 1; i + 2 < phrase.size(); ++i)
+        if (FrequencyOfAnchor(phrase, i) < FrequencyOfAnchor(phrase, pattern.anchor)) pattern.anchor = i;
+    return pattern;
+}
+
+static bool IsAt(const PhrasePattern& pattern, std::size_t i, char c) {
+    return (c | pattern.folds[i]) == pattern.phrase[i];
+}
+
+// The phrase whose character number `anchor` stands at `place`, or kNotFound.
+static PhrasePlace PhraseAround(std::string_view text, const PhrasePattern& pattern, std::size_t anchor,
                                 std::size_t place) {
     std::size_t last = place;
-    for (std::size_t i = pair + 1; i < phrase.size(); ++i)
-        for (++last; last >= text.size() || CaseAsked(text[last], anyCase) != phrase[i]; ++last)
+    for (std::size_t i = anchor + 1; i < pattern.phrase.size(); ++i)
+        for (++last; last >= text.size() || !IsAt(pattern, i, text[last]); ++last)
             if (last >= text.size() || IsKeptInPhrase(text[last])) return {};
     std::size_t first = place;
-    for (std::size_t i = pair; i > 0; --i)  // a step below 0 wraps past the size
-        for (--first; first >= text.size() || CaseAsked(text[first], anyCase) != phrase[i - 1]; --first)
+    for (std::size_t i = anchor; i > 0; --i)  // a step below 0 wraps past the size
+        for (--first; first >= text.size() || !IsAt(pattern, i - 1, text[first]); --first)
             if (first >= text.size() || IsKeptInPhrase(text[first])) return {};
     return {first, last};
 }
 
 template <typename Visit>
-static void EachPhraseByteByByte(std::string_view text, std::string_view phrase, bool anyCase, Visit visit) {
+static void EachPhraseByteByByte(std::string_view text, const PhrasePattern& pattern, Visit visit) {
     for (std::size_t place = 0; place < text.size(); ++place) {
-        if (CaseAsked(text[place], anyCase) != phrase.front()) continue;
-        const PhrasePlace found = PhraseAround(text, phrase, 0, anyCase, place);
+        if (!IsAt(pattern, 0, text[place])) continue;
+        const PhrasePlace found = PhraseAround(text, pattern, 0, place);
         if (found.first == kNotFound) continue;
         visit(found);
         place = found.last;
@@ -104,8 +124,8 @@ int CountInText(std::string_view text, std::string_view word, bool anyCase, bool
 }
 
 template <typename Visit>
-static void EachPhrase(std::string_view text, std::string_view phrase, std::size_t, bool anyCase, Visit visit) {
-    if (!phrase.empty()) EachPhraseByteByByte(text, phrase, anyCase, visit);
+static void EachPhrase(std::string_view text, const PhrasePattern& pattern, Visit visit) {
+    if (!pattern.phrase.empty()) EachPhraseByteByByte(text, pattern, visit);
 }
 
 #else
@@ -130,32 +150,38 @@ struct WantedByte {
 };
 
 static WantedByte Want(char c, bool anyCase) {
-    return {_mm_set1_epi8(c), _mm_set1_epi8(anyCase && IsLetter(c) ? 0x20 : 0)};
+    return {_mm_set1_epi8(c), _mm_set1_epi8(FoldOf(c, anyCase))};
 }
 
 static Block Is(Block bytes, const WantedByte& wanted) {
     return _mm_cmpeq_epi8(_mm_or_si128(bytes, wanted.fold), wanted.value);
 }
 
+// The letters, folded, are moved to the highest bytes that a signed comparison knows.
 static Block IsLetter(Block bytes) {
-    const Block fromA = _mm_sub_epi8(_mm_or_si128(bytes, _mm_set1_epi8(0x20)), _mm_set1_epi8('a'));
-    return _mm_cmpeq_epi8(fromA, _mm_min_epu8(fromA, _mm_set1_epi8('z' - 'a')));
+    const Block folded = _mm_or_si128(bytes, _mm_set1_epi8(0x20));
+    return _mm_cmpgt_epi8(_mm_add_epi8(folded, _mm_set1_epi8(0x7F - 'z')), _mm_set1_epi8('a' - 1 + 0x7F - 'z'));
 }
 
 static Block IsLetterOrHigh(Block bytes) {
     return _mm_or_si128(IsLetter(bytes), _mm_cmplt_epi8(bytes, _mm_setzero_si128()));
 }
 
-// Calls visit(place, done) for the places from `from` to `last`, sixteen at a time from `place` on, until it says true.
-// The last sixteen end at `last`, so that nothing beyond is read; `done` of them were visited before. `last` is 15 at
-// least.
-template <typename Visit>
-static inline void EachBlock(std::size_t from, std::size_t last, Visit visit) {
+// Goes through the places from `from` to `last`, 15 at least, sixteen at a time: test(place) gives the bits of those
+// that look(place, bits) is to have, until it says true. The last sixteen end at `last`, so that nothing beyond is
+// read; those among them that were tested before are left out.
+template <typename Test, typename Look>
+static void EachCandidate(std::size_t from, std::size_t last, Test test, Look look) {
     const std::size_t lastBlock = last - (kBlockSize - 1);
-    for (std::size_t next = from; next <= last; next += kBlockSize) {
-        const std::size_t place = std::min(next, lastBlock);
-        if (visit(place, static_cast<unsigned>(next - place))) return;
+    std::size_t place = from;
+    for (; place <= lastBlock; place += kBlockSize) {
+        const unsigned bits = test(place);
+        if (bits != 0 && look(place, bits)) return;
     }
+    if (place > last) return;
+    const std::size_t done = place - lastBlock;
+    const unsigned bits = test(lastBlock) >> done << done;
+    if (bits != 0) look(lastBlock, bits);
 }
 
 std::size_t FindInText(std::string_view text, std::string_view word, bool anyCase, std::size_t from) {
@@ -164,13 +190,15 @@ std::size_t FindInText(std::string_view text, std::string_view word, bool anyCas
     const WantedByte first = Want(word.front(), anyCase);
     const WantedByte last = Want(word.back(), anyCase);
     std::size_t found = kNotFound;
-    EachBlock(from, text.size() - size, [&](std::size_t place, unsigned done) {
+    const auto test = [=](std::size_t place) {
         const char* here = text.data() + place;
-        unsigned places = Bits(_mm_and_si128(Is(Load(here), first), Is(Load(here + size - 1), last)));
-        for (places = places >> done << done; places != 0; places &= places - 1) {
-            const std::size_t candidate = place + static_cast<std::size_t>(std::countr_zero(places));
-            if (size > 2 && !StandsAt(text, candidate, word, anyCase)) continue;
-            found = candidate;
+        return Bits(_mm_and_si128(Is(Load(here), first), Is(Load(here + size - 1), last)));
+    };
+    EachCandidate(from, text.size() - size, test, [&](std::size_t block, unsigned bits) {
+        for (; bits != 0; bits &= bits - 1) {
+            const std::size_t place = block + static_cast<std::size_t>(std::countr_zero(bits));
+            if (size > 2 && !StandsAt(text, place, word, anyCase)) continue;
+            found = place;
             return true;
         }
         return false;
@@ -190,7 +218,7 @@ static Block AreWholeWords(std::string_view text, std::size_t place, std::size_t
 }
 
 // 0xFF in all bytes but the first `count`.
-static Block AllBut(unsigned count) {
+static Block AllBut(std::size_t count) {
     alignas(kBlockSize) static constexpr std::array<unsigned char, 2 * kBlockSize> kBytes = [] {
         std::array<unsigned char, 2 * kBlockSize> bytes = {};
         for (std::size_t i = kBlockSize; i < bytes.size(); ++i) bytes[i] = 0xFF;
@@ -209,45 +237,66 @@ int CountInText(std::string_view text, std::string_view word, bool anyCase, bool
     if (text.size() < size + kBlockSize - 1) return CountByteByByte(text, word, anyCase, wholeWords);
     const WantedByte first = Want(word.front(), anyCase);
     const WantedByte last = Want(word.back(), anyCase);
-    Block sums = _mm_setzero_si128();
-    int blocks = 0;
-    int count = 0;
-    EachBlock(0, text.size() - size, [&](std::size_t place, unsigned done) {
+    const auto placesAt = [&](std::size_t place) {
         const char* here = text.data() + place;
         Block places = _mm_and_si128(Is(Load(here), first), Is(Load(here + size - 1), last));
-        if (Bits(places) == 0) return false;
+        if (Bits(places) == 0) return places;
         for (std::size_t i = 1; i + 1 < size; ++i)
             places = _mm_and_si128(places, Is(Load(here + i), Want(word[i], anyCase)));
-        if (wholeWords) places = _mm_and_si128(places, AreWholeWords(text, place, size));
-        sums = _mm_sub_epi8(sums, _mm_and_si128(places, AllBut(done)));  // a truth is -1
-        if (++blocks % 255 != 0) return false;                           // a byte holds no more
+        return wholeWords ? _mm_and_si128(places, AreWholeWords(text, place, size)) : places;
+    };
+    const std::size_t lastBlock = text.size() - size - (kBlockSize - 1);
+    std::size_t place = 0;
+    int count = 0;
+    while (place <= lastBlock) {
+        Block sums = _mm_setzero_si128();
+        for (int blocks = 0; blocks < 255 && place <= lastBlock; ++blocks, place += kBlockSize)
+            sums = _mm_sub_epi8(sums, placesAt(place));  // a truth is -1, and a byte holds 255 of them
         count += SumOfBytes(sums);
-        sums = _mm_setzero_si128();
-        return false;
-    });
-    return count + SumOfBytes(sums);
+    }
+    const std::size_t done = place - lastBlock;  // places of the last block that were counted before
+    if (done == kBlockSize) return count;
+    const Block rest = _mm_and_si128(placesAt(lastBlock), AllBut(done));
+    return count + SumOfBytes(_mm_sub_epi8(_mm_setzero_si128(), rest));
 }
 
-// Bytes that a phrase passes over; the apostrophe is let through for speed, a closer look tells it apart.
-static Block MayBePassedOver(Block bytes) {
-    const Block blank = _mm_cmpeq_epi8(bytes, _mm_set1_epi8(' '));
-    return _mm_andnot_si128(_mm_or_si128(IsLetter(bytes), blank), _mm_set1_epi8('\xFF'));
+// Is the byte surely not passed over in a phrase? Apostrophes are left open; they are told apart by a closer look.
+static Block IsLetterOrBlank(Block bytes) {
+    return _mm_or_si128(IsLetter(bytes), _mm_cmpeq_epi8(bytes, _mm_set1_epi8(' ')));
+}
+
+// The same of three bytes in a row. Of the last two places it is not known, so they are left open.
+static Block AreThree(Block truths) {
+    return _mm_and_si128(truths, _mm_and_si128(_mm_srli_si128(truths, 1), _mm_srli_si128(truths, 2)));
+}
+
+static WantedByte WantOf(const PhrasePattern& pattern, std::size_t i) {
+    return {_mm_set1_epi8(pattern.phrase[i]), _mm_set1_epi8(pattern.folds[i])};
 }
 
 template <typename Visit>
-static void EachPhrase(std::string_view text, std::string_view phrase, std::size_t pair, bool anyCase, Visit visit) {
-    if (phrase.empty()) return;
-    if (text.size() < kBlockSize + 1 || phrase.size() < 2) return EachPhraseByteByByte(text, phrase, anyCase, visit);
-    const WantedByte one = Want(phrase[pair], anyCase);
-    const WantedByte other = Want(phrase[pair + 1], anyCase);
+static void EachPhrase(std::string_view text, const PhrasePattern& pattern, Visit visit) {
+    const std::size_t size = pattern.phrase.size();
+    if (size == 0) return;
+    if (size < 3 || text.size() < kBlockSize + 3) return EachPhraseByteByByte(text, pattern, visit);
+    const std::size_t anchor = pattern.anchor;
+    const std::size_t reach = ReachOfAnchor(pattern.phrase, anchor);
+    const WantedByte first = WantOf(pattern, anchor);
+    const WantedByte second = WantOf(pattern, anchor + 1);
+    const WantedByte third = WantOf(pattern, anchor + reach);
+    const auto test = [=](std::size_t place) {
+        const char* here = text.data() + place;
+        const Block next = Load(here + 1);
+        const Block plain = IsLetterOrBlank(next);
+        const Block wrongSecond = _mm_andnot_si128(Is(next, second), plain);
+        const Block wrongThird = _mm_andnot_si128(Is(Load(here + reach), third), AreThree(plain));
+        return Bits(_mm_andnot_si128(_mm_or_si128(wrongSecond, wrongThird), Is(Load(here), first)));
+    };
     std::size_t from = 0;
-    EachBlock(0, text.size() - 2, [&](std::size_t place, unsigned done) {
-        const Block next = Load(text.data() + place + 1);
-        const Block follows = _mm_or_si128(Is(next, other), MayBePassedOver(next));
-        unsigned places = Bits(_mm_and_si128(Is(Load(text.data() + place), one), follows));
-        for (places = places >> done << done; places != 0; places &= places - 1) {
-            const std::size_t candidate = place + static_cast<std::size_t>(std::countr_zero(places));
-            const PhrasePlace found = PhraseAround(text, phrase, pair, anyCase, candidate);
+    EachCandidate(0, text.size() - 1 - reach, test, [&](std::size_t block, unsigned bits) {
+        for (; bits != 0; bits &= bits - 1) {
+            const std::size_t place = block + static_cast<std::size_t>(std::countr_zero(bits));
+            const PhrasePlace found = PhraseAround(text, pattern, anchor, place);
             if (found.first == kNotFound || found.first < from) continue;
             visit(found);
             from = found.last + 1;
@@ -258,14 +307,14 @@ static void EachPhrase(std::string_view text, std::string_view phrase, std::size
 
 #endif
 
-std::vector<PhrasePlace> PhrasesInText(std::string_view text, std::string_view phrase, std::size_t pair, bool anyCase) {
+std::vector<PhrasePlace> PhrasesInText(std::string_view text, const PhrasePattern& pattern) {
     std::vector<PhrasePlace> places;
-    EachPhrase(text, phrase, pair, anyCase, [&places](const PhrasePlace& place) { places.push_back(place); });
+    EachPhrase(text, pattern, [&places](const PhrasePlace& place) { places.push_back(place); });
     return places;
 }
 
-int CountPhrasesInText(std::string_view text, std::string_view phrase, std::size_t pair, bool anyCase) {
+int CountPhrasesInText(std::string_view text, const PhrasePattern& pattern) {
     int count = 0;
-    EachPhrase(text, phrase, pair, anyCase, [&count](const PhrasePlace&) { ++count; });
+    EachPhrase(text, pattern, [&count](const PhrasePlace&) { ++count; });
     return count;
 }

@@ -5,6 +5,7 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -26,18 +27,21 @@ int CountInText(std::string_view text, std::string_view word, bool anyCase, bool
 // A phrase is looked for among letters, blanks and apostrophes; whatever else stands between them is passed over.
 bool IsKeptInPhrase(char c);
 
-// The pair of neighbours in `phrase` that is likely to be the rarest in the text: the place of its first. 0 for a
-// phrase of one character.
-std::size_t RarestPair(std::string_view phrase);
+// A phrase made ready to be looked for.
+struct PhrasePattern {
+    std::string phrase;      // letters, apostrophes and single blanks; in lower case where capitals match too
+    std::string folds;       // per character the bit that a capital lacks to match it
+    std::size_t anchor = 0;  // where three characters begin that are likely to be rare together
+};
+PhrasePattern PatternOf(std::string_view phrase, bool anyCase);
 
 struct PhrasePlace {
     std::size_t first = kNotFound;  // where the phrase's first character stands
     std::size_t last = kNotFound;   // and its last
 };
 
-// The places of `phrase` from the beginning on, each beginning after the end of the one before. `pair` is any place in
-// the phrase but the last character's, best its RarestPair.
-std::vector<PhrasePlace> PhrasesInText(std::string_view text, std::string_view phrase, std::size_t pair, bool anyCase);
+// The places of the phrase from the beginning on, each beginning after the end of the one before.
+std::vector<PhrasePlace> PhrasesInText(std::string_view text, const PhrasePattern& pattern);
 
 // How many PhrasesInText gives.
-int CountPhrasesInText(std::string_view text, std::string_view phrase, std::size_t pair, bool anyCase);
+int CountPhrasesInText(std::string_view text, const PhrasePattern& pattern);
