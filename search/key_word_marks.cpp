@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "search/letters.h"
-#include "search/search_engine.h"
 
 // Whole words of letters alone have no letter beside them, so no two of them touch. Anything else can be cut by an
 // earlier mark, or overlap itself, except one word whose beginning is not also its end.

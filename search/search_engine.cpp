@@ -9,16 +9,6 @@
 
 using Counters = std::vector<std::uint16_t>;
 
-std::vector<std::string_view> QueryWords(std::string_view query) {
-    std::vector<std::string_view> words;
-    for (std::size_t at = 0; at < query.size(); ++at) {
-        const std::size_t start = at;
-        while (at < query.size() && IsWordCharacter(query[at])) ++at;
-        if (at > start) words.push_back(query.substr(start, at - start));
-    }
-    return words;
-}
-
 // The part of the range that the text has; empty (end before start) when there is none.
 static SearchRange ClampedRange(SearchRange range) {
     return {std::max(range.StartVerse, 0), std::min(range.EndVerse, kLastVerse)};

@@ -8,15 +8,10 @@
 #pragma once
 
 #include <string>
-#include <string_view>
-#include <vector>
 
 #include "scripture/scripture.h"
 #include "search/search_state.h"
 #include "search/word_index.h"
-
-// The words of `query`, in order.
-std::vector<std::string_view> QueryWords(std::string_view query);
 
 // Searches `search.range` for the words of `search.searchText` under `search.options` and, when a verse qualifies,
 // fills `search.result` (verses, verse count, occurrences; phrase mode off). False, with an empty result, when none

@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "scripture/verse_records.h"
@@ -45,3 +46,6 @@ struct SearchState {
 
 // Puts `text` first in the history and lets the oldest go; nothing is left out, neither repeats nor empty ones.
 void PushHistory(SearchState& search, const std::string& text);
+
+// The words of `query`, in order: maximal runs of letters and apostrophes.
+std::vector<std::string_view> QueryWords(std::string_view query);
