@@ -64,13 +64,15 @@ int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int showState) {
     if (!RegisterClasses()) return 0;
     const FramePlacement placement = LoadPlacement(SettingsProfile());
     const HWND frame = CreateFrame(placement);
+    if (frame) {
+        ShowWindow(frame, placement.Maxed ? SW_SHOWMAXIMIZED : showState);
+        UpdateWindow(frame);
+    }
     if (IsWindow(theFrame.splash)) DestroyWindow(theFrame.splash);
     if (!frame) {
         ReportFailure();
         return 0;
     }
-    ShowWindow(frame, placement.Maxed ? SW_SHOWMAXIMIZED : showState);
-    UpdateWindow(frame);
     SetFocus(frame);
     const int exitCode = RunMessageLoop();
     ReleaseRichEdit();

@@ -13,6 +13,6 @@
 inline constexpr char kVerseIndexFile[] = "_avvidx.dat";
 inline constexpr char kVerseTextFile[] = "_avtext.dat";
 
-// Loads the verse index, then the text. False as soon as one of them cannot be had. Sizes and offsets are not checked
-// here: VerseText and RecordOf look no further than the bytes there are.
+// Loads the verse index, then the text. False as soon as one of them cannot be had, or the text is empty. Sizes and
+// offsets are not checked here: VerseText and RecordOf look no further than the bytes there are.
 bool LoadScripture(const DataFiles& files, Scripture& scripture);

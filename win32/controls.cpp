@@ -3,7 +3,8 @@
 #include <vector>
 
 void Complain(HWND owner, const char* text, const char* caption) {
-    MessageBoxA(owner, text, caption, MB_OK | MB_ICONSTOP);
+    const bool starting = owner && !IsWindowVisible(owner);  // a splash may stand in front of everything
+    MessageBoxA(owner, text, caption, MB_OK | MB_ICONSTOP | (starting ? MB_SYSTEMMODAL : 0));
 }
 
 std::string ControlText(HWND dialog, int control, int limit) {
