@@ -1,0 +1,365 @@
+// Versewell.INI: what the program reads from it at its start and writes to it at its end.
+
+#include <sstream>
+
+#include <windows.h>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "resources/ids.h"
+#include "tests/driver/driver.h"
+#include "tests/windows/note_set_files.h"
+
+using testing::ElementsAre;
+using testing::ElementsAreArray;
+
+struct StoredSetting {
+    const char* section;
+    const char* key;
+    std::string value;
+};
+
+// Every line that says something, without its CR; a line without one stands as "<line> has no CR".
+static std::vector<std::string> LinesOf(const std::string& file) {
+    std::vector<std::string> lines;
+    std::istringstream stream(file);
+    for (std::string line; std::getline(stream, line);) {
+        if (line.ends_with('\r'))
+            line.pop_back();
+        else
+            line += " has no CR";
+        if (!line.empty()) lines.push_back(line);
+    }
+    return lines;
+}
+
+// In the order in which the program writes them; the frame's place, which is the system's choice, comes behind.
+static std::vector<StoredSetting> DefaultSettings() {
+    std::vector<StoredSetting> rows = {{"SEARCH", "BooleanType", "0"}, {"SEARCH", "CaseSensitive", "0"},
+                                       {"SEARCH", "SubString", "0"},   {"SEARCH", "Proximity", "0"},
+                                       {"SEARCH", "StartVerse", "0"},  {"SEARCH", "EndVerse", "31101"}};
+    for (const char* key :
+         {"PreviousSearch0", "PreviousSearch1", "PreviousSearch2", "PreviousSearch3", "PreviousSearch4",
+          "PreviousSearch5", "PreviousSearch6", "PreviousSearch7", "PreviousSearch8", "PreviousSearch9"})
+        rows.push_back({"SEARCH", key, ""});
+    const std::vector<StoredSetting> behind = {
+        {"FORMAT", "FirstVerseStyle", "0"},
+        {"FORMAT", "SubsequentVerseStyle", "1"},
+        {"FORMAT", "Location", "0"},
+        {"FORMAT", "LineBreaks", "1"},
+        {"FORMAT", "ParagraphMarks", "1"},
+        {"FORMAT", "Brackets", "0"},
+        {"VIEW", "VerseListWindow", "1"},
+        {"VIEW", "ReadWindow", "1"},
+        {"VIEW", "NotesWindow", "1"},
+        {"VIEW", "ToolBar", "1"},
+        {"BOOKMARKS", "1", "0"},
+        {"BOOKMARKS", "2", "0"},
+        {"BOOKMARKS", "3", "0"},
+        {"BOOKMARKS", "4", "0"},
+        {"BOOKMARKS", "5", "0"},
+        {"BOOKMARKS", "6", "0"},
+        {"BOOKMARKS", "7", "0"},
+        {"BOOKMARKS", "8", "0"},
+        {"BOOKMARKS", "9", "0"},
+        {"BOOKMARKS", "10", "0"},
+        {"OPTIONS", "Paragraph Format", "0"},
+        {"OPTIONS", "Italics", "0"},
+        {"OPTIONS", "KeyHighlightColor", std::to_string(GetSysColor(COLOR_HIGHLIGHT))},
+        {"OPTIONS", "ReadWindowFontHeight", "16"},
+        {"OPTIONS", "ReadWindowFontWeight", "400"},
+        {"OPTIONS", "ReadWindowFontName", "Times New Roman"},
+        {"OPTIONS", "VerseListFontHeight", "16"},
+        {"OPTIONS", "VerseListFontWeight", "400"},
+        {"OPTIONS", "VerseListFontName", "Times New Roman"},
+        {"OPTIONS", "NoteFontHeight", "12"},
+        {"OPTIONS", "NoteFontWeight", "400"},
+        {"OPTIONS", "NoteFontName", "Courier New"},
+        {"MISC", "ReadVerse", "0"},
+        {"MISC", "Note", "0"},
+        {"MISC", "NoteVerse", "0"},
+        {"MISC", "BindNotes", "1"},
+    };
+    rows.insert(rows.end(), behind.begin(), behind.end());
+    return rows;
+}
+
+static std::vector<StoredSetting> PlaceSettings(const RECT& place) {
+    return {{"MISC", "XPos", std::to_string(place.left)},
+            {"MISC", "YPos", std::to_string(place.top)},
+            {"MISC", "Width", std::to_string(place.right - place.left)},
+            {"MISC", "Height", std::to_string(place.bottom - place.top)},
+            {"MISC", "Maxed", "0"}};
+}
+
+static std::vector<std::string> FileLines(const std::vector<StoredSetting>& settings) {
+    std::vector<std::string> lines;
+    std::string section;
+    for (const StoredSetting& row : settings) {
+        if (row.section != section) lines.push_back("[" + (section = row.section) + "]");
+        lines.push_back(std::string(row.key) + "=" + row.value);
+    }
+    return lines;
+}
+
+static void Store(const ScratchFolder& folder, const std::vector<StoredSetting>& settings) {
+    for (const StoredSetting& row : settings) WriteSetting(folder, row.section, row.key, row.value);
+}
+
+static void ExpectStored(const ScratchFolder& folder, const std::vector<StoredSetting>& settings) {
+    for (const StoredSetting& row : settings)
+        EXPECT_EQ(Setting(folder, row.section, row.key), row.value) << row.section << " " << row.key;
+}
+
+static void StartAndClose(const ScratchFolder& folder) {
+    Program program = StartProgram(folder);
+    EXPECT_EQ(CloseProgram(program), 0);
+}
+
+TEST(SettingsFile, OfAFirstRunIsThis) {
+    const ScratchFolder folder = FolderWithScripture();
+    Program program = StartProgram(folder);
+    std::vector<StoredSetting> expected = DefaultSettings();
+    for (const StoredSetting& row : PlaceSettings(RectOnScreen(program.frame))) expected.push_back(row);
+    EXPECT_EQ(CloseProgram(program), 0);
+    EXPECT_THAT(LinesOf(ReadFile(folder, "Versewell.INI")), ElementsAreArray(FileLines(expected)));
+}
+
+TEST(SettingsFile, StaysTheSameThroughARunThatChangesNothing) {
+    const ScratchFolder folder = FolderWithScripture();
+    StartAndClose(folder);
+    const std::string first = ReadFile(folder, "Versewell.INI");
+    StartAndClose(folder);
+    EXPECT_EQ(ReadFile(folder, "Versewell.INI"), first);
+}
+
+// Each key has a value of its own, so that one read into another's place shows.
+TEST(SettingsFile, ComesBackFromARunAsItWas) {
+    const ScratchFolder folder = FolderWithScripture();
+    WriteNoteSet(folder, "A");
+    WriteNoteSet(folder, "B");
+    std::vector<StoredSetting> settings = DefaultSettings();
+    int number = 1;
+    for (StoredSetting& row : settings) row.value = std::to_string(number++);
+    for (const StoredSetting& row : PlaceSettings({33, 44, 733, 644})) settings.push_back(row);
+    for (StoredSetting& row : settings) {
+        const std::string key = row.key;
+        if (key == "Note") row.value = "1";
+        if (key == "EndVerse") row.value = "777";
+        if (key.ends_with("FontWeight")) row.value = "700";
+        if (key.ends_with("FontName")) row.value = "Arial";
+    }
+    Store(folder, settings);
+    Program program = StartProgram(folder);
+    const RECT place = RectOnScreen(program.frame);
+    EXPECT_EQ(place.left, 33);
+    EXPECT_EQ(place.bottom, 644);
+    EXPECT_EQ(StatusPart(program, 4), "Ge 1:6 - Ge 28:4");
+    EXPECT_EQ(SelectedTab(Child(program.frame, {IDC_NOTE_TABS})), 1);
+    EXPECT_EQ(CloseProgram(program), 0);
+    EXPECT_THAT(LinesOf(ReadFile(folder, "Versewell.INI")), ElementsAreArray(FileLines(settings)));
+}
+
+TEST(SettingsFile, KeepsWhatTheProgramDoesNotKnow) {
+    const ScratchFolder folder = FolderWithScripture();
+    Store(folder, {{"MISC", "Sound", "loud"}, {"OTHER", "Key", "value"}});
+    StartAndClose(folder);
+    ExpectStored(folder, {{"MISC", "Sound", "loud"}, {"OTHER", "Key", "value"}, {"MISC", "ReadVerse", "0"}});
+}
+
+TEST(SettingsFile, IsReadAtTheStartAndWrittenAtTheEndOnly) {
+    const ScratchFolder folder = FolderWithScripture();
+    Program program = StartProgram(folder);
+    Command(program, IDM_PARAGRAPH_FORMAT);
+    Command(program, IDM_GOTO_BOOK + 40);
+    EXPECT_FALSE(HasFile(folder, "Versewell.INI"));
+    WriteSetting(folder, "MISC", "ReadVerse", "5");
+    Command(program, IDM_ITALIC_NORMAL);
+    EXPECT_EQ(StatusPart(program, 3), "Matthew 1:1");
+    EXPECT_EQ(CloseProgram(program), 0);
+    ExpectStored(folder,
+                 {{"MISC", "ReadVerse", "23145"}, {"OPTIONS", "Paragraph Format", "1"}, {"OPTIONS", "Italics", "2"}});
+}
+
+TEST(SettingsFile, GoesThroughOneRunAs) {
+    static const struct {
+        StoredSetting stored;
+        const char* written;
+    } kRows[] = {
+        // Eight-bit values are signed when they are written.
+        {{"FORMAT", "FirstVerseStyle", "200"}, "-56"},
+        {{"FORMAT", "SubsequentVerseStyle", "128"}, "-128"},
+        {{"FORMAT", "Location", "127"}, "127"},
+        {{"OPTIONS", "Paragraph Format", "200"}, "-56"},
+        {{"OPTIONS", "Italics", "255"}, "-1"},
+        // Heights lose their sign, colours have none.
+        {{"OPTIONS", "ReadWindowFontHeight", "-20"}, "20"},
+        {{"OPTIONS", "VerseListFontHeight", "20"}, "20"},
+        {{"OPTIONS", "NoteFontHeight", "-9"}, "9"},
+        {{"OPTIONS", "KeyHighlightColor", "4294967295"}, "4294967295"},
+        {{"OPTIONS", "NoteFontName", "A name of thirty-one characters and more"}, "A name of thirty-one characters"},
+        // Verses and sets that there are not.
+        {{"MISC", "ReadVerse", "31102"}, "0"},
+        {{"MISC", "NoteVerse", "40000"}, "0"},
+        {{"MISC", "Note", "5"}, "0"},
+        {{"BOOKMARKS", "10", "31102"}, "0"},
+        {{"BOOKMARKS", "1", "31101"}, "31101"},
+        // What no search uses is kept.
+        {{"SEARCH", "Proximity", "12"}, "12"},
+        // The history: blanks round an entry and one pair of quotes are lost in the reading.
+        {{"SEARCH", "PreviousSearch0", "faith hope charity"}, "faith hope charity"},
+        {{"SEARCH", "PreviousSearch1", " "}, ""},
+        {{"SEARCH", "PreviousSearch2", "'quoted'"}, "quoted"},
+    };
+    const ScratchFolder folder = FolderWithScripture();
+    for (const auto& row : kRows) Store(folder, {row.stored});
+    Store(folder,
+          {{"SEARCH", "PreviousSearch8", std::string(199, 'a')}, {"SEARCH", "PreviousSearch9", std::string(200, 'b')}});
+    Program program = StartProgram(folder);
+    EXPECT_TRUE(IsTicked(program, IDM_PARAGRAPH_FORMAT));
+    EXPECT_EQ(CloseProgram(program), 0);
+    for (const auto& row : kRows) ExpectStored(folder, {{row.stored.section, row.stored.key, row.written}});
+    ExpectStored(folder, {{"SEARCH", "PreviousSearch8", std::string(199, 'a')},
+                          {"SEARCH", "PreviousSearch9", std::string(199, 'b')}});
+}
+
+struct OddSettings {
+    const char* name;
+    const char* number;
+    const char* range;
+};
+
+struct OddNumbers : testing::TestWithParam<OddSettings> {};
+
+// Whatever stands in the file, the program reads, searches and writes.
+TEST_P(OddNumbers, NeverCrashTheProgram) {
+    const ScratchFolder folder = FolderWithScripture();
+    for (StoredSetting row : DefaultSettings()) {
+        const std::string key = row.key;
+        if (key.ends_with("FontName") || key.starts_with("PreviousSearch")) continue;
+        row.value = GetParam().number;
+        Store(folder, {row});
+    }
+    Store(folder, {{"VIEW", "VerseListWindow", "1"}, {"VIEW", "ReadWindow", "1"}, {"VIEW", "NotesWindow", "1"}});
+    Program program = StartProgram(folder);
+    const HWND passage = Child(program.frame, {IDC_PASSAGE_TABS, IDC_PASSAGE});
+    EXPECT_EQ(StatusPart(program, 2), "Genesis 1:1");
+    EXPECT_EQ(StatusPart(program, 4), GetParam().range);
+    Click(program, passage);
+    for (const char* keys : {"PgDn", "Down", "PgUp", "End", "Ctrl+Home"}) Press(program, keys);
+    Press(program, "Alt+w");
+    WaitForDialog(program, "Word Search");
+    Type(program, "beginning");
+    Press(program, "Enter");
+    WaitForNoDialog(program);
+    for (const int command : {IDM_ITALIC_BRACKETS, IDM_PARAGRAPH_FORMAT, IDM_NEXT_NOTE_SET, IDM_BIND_NOTES})
+        Command(program, command);
+    EXPECT_EQ(CloseProgram(program), 0);
+    EXPECT_EQ(Setting(folder, "OPTIONS", "Italics"), "1");
+}
+
+INSTANTIATE_TEST_SUITE_P(SettingsFile, OddNumbers,
+                         testing::Values(OddSettings{"MinusOne", "-1", "Ge 1:1 - Re 22:21"},
+                                         OddSettings{"Least", "-2147483648", "Ge 1:1 - Re 22:21"},
+                                         OddSettings{"Most", "2147483647", "Ge 1:1 - Re 22:21"},
+                                         OddSettings{"Words", "many", "Ge 1:1 - Ge 1:1"},  // no digit is 0
+                                         OddSettings{"JustBeyond", "31102", "Ge 1:1 - Re 22:21"}),
+                         [](const auto& row) { return std::string(row.param.name); });
+
+TEST(SettingsFile, MayNameAnItalicsModeThatThereIsNot) {
+    for (const char* stored : {"3", "-1", "255"}) {
+        const ScratchFolder folder = FolderWithScripture();
+        WriteSetting(folder, "OPTIONS", "Italics", stored);
+        const Program program = StartProgram(folder);
+        int ticked = 0;
+        for (const int mode : {0, 1, 2}) ticked += IsTicked(program, IDM_ITALIC_TEXT + mode);
+        EXPECT_EQ(ticked, 1) << stored;
+    }
+}
+
+TEST(FramePlace, NeverLeavesTheScreen) {
+    static constexpr struct {
+        const char *x, *y, *width, *height;
+    } kRows[] = {
+        {"5000", "20", "800", "600"},
+        {"20", "-3000", "800", "600"},
+        {"2147483647", "2147483647", "2147483647", "2147483647"},
+        {"10", "10", "-50", "-50"},
+        {"10", "10", "0", "0"},
+    };
+    const RECT screen{0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
+    for (const auto& row : kRows) {
+        SCOPED_TRACE(std::string(row.x) + " " + row.width);
+        const ScratchFolder folder = FolderWithScripture();
+        Store(folder, {{"MISC", "XPos", row.x},
+                       {"MISC", "YPos", row.y},
+                       {"MISC", "Width", row.width},
+                       {"MISC", "Height", row.height}});
+        Program program = StartProgram(folder);
+        const RECT place = RectOnScreen(program.frame);
+        RECT seen{};
+        IntersectRect(&seen, &place, &screen);
+        EXPECT_GT(seen.right - seen.left, 50);
+        EXPECT_GT(seen.bottom - seen.top, 20);
+        EXPECT_EQ(CloseProgram(program), 0);
+    }
+}
+
+// ---- What the settings do
+// -----------------------------------------------------------------------------------------------
+
+static int VerseAfterOnePage(const char* storedHeight) {
+    const ScratchFolder folder = FolderWithScripture();
+    WriteSetting(folder, "OPTIONS", "ReadWindowFontHeight", storedHeight);
+    Store(folder, {{"MISC", "ReadVerse", "14000"}, {"VIEW", "VerseListWindow", "0"}, {"VIEW", "NotesWindow", "0"}});
+    Program program = StartProgram(folder);
+    PlaceFrame(program, {20, 20, 1020, 720});
+    Click(program, Child(program.frame, {IDC_PASSAGE_TABS, IDC_PASSAGE}));
+    Press(program, "PgDn");
+    EXPECT_EQ(CloseProgram(program), 0);
+    EXPECT_EQ(Setting(folder, "OPTIONS", "ReadWindowFontHeight"), "30");
+    return std::stoi(Setting(folder, "MISC", "ReadVerse"));
+}
+
+// A negative height is that of the whole line for one run, a positive one that of the letters alone.
+TEST(FontHeight, IsTheLinesWhenItIsStoredNegative) {
+    EXPECT_GT(VerseAfterOnePage("-30"), VerseAfterOnePage("30"));
+}
+
+TEST(SearchHistory, ListsNoBlankEntries) {
+    const ScratchFolder folder = FolderWithScripture();
+    Store(folder, {{"SEARCH", "PreviousSearch0", "faith"},
+                   {"SEARCH", "PreviousSearch1", " "},
+                   {"SEARCH", "PreviousSearch2", ""},
+                   {"SEARCH", "PreviousSearch4", "hope"}});
+    Program program = StartProgram(folder);
+    Press(program, "Alt+w");
+    const HWND dialog = WaitForDialog(program, "Word Search");
+    EXPECT_THAT(ComboStrings(Child(dialog, {IDC_SEARCH_TEXT})), ElementsAre("faith", "hope"));
+    Press(program, "Esc");
+    WaitForNoDialog(program);
+    EXPECT_EQ(CloseProgram(program), 0);
+    ExpectStored(folder, {{"SEARCH", "PreviousSearch0", "faith"},
+                          {"SEARCH", "PreviousSearch1", ""},
+                          {"SEARCH", "PreviousSearch4", "hope"}});
+}
+
+// The system's reader of such files takes a pair of quotes for its own.
+TEST(SearchHistory, LosesQuotesFromOneRunToTheNext) {
+    const ScratchFolder folder = FolderWithScripture();
+    {
+        Program program = StartProgram(folder);
+        Press(program, "Alt+w");
+        WaitForDialog(program, "Word Search");
+        Type(program, "\"unsearchable\"");
+        Press(program, "Enter");
+        WaitForNoDialog(program);
+        EXPECT_EQ(CloseProgram(program), 0);
+    }
+    EXPECT_NE(ReadFile(folder, "Versewell.INI").find("PreviousSearch0=\"unsearchable\"\r\n"), std::string::npos);
+    Program program = StartProgram(folder);
+    Press(program, "Alt+w");
+    const HWND dialog = WaitForDialog(program, "Word Search");
+    EXPECT_THAT(ComboStrings(Child(dialog, {IDC_SEARCH_TEXT})), ElementsAre("unsearchable"));
+}
