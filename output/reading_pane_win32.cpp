@@ -46,11 +46,11 @@ std::optional<ScrollCode> ScrollOfKey(UINT key) {
 }
 
 void TurnWheel(ReadingPane& pane, int delta, int top, PaneScroll scroll) {
-    const int notches = WheelNotches(delta, pane.wheelRest);
     const int lines = WheelLines();
-    if (lines >= 0) return scroll(ScrollCode::kThumb, top - notches * lines);
-    const ScrollCode page = notches > 0 ? ScrollCode::kPageUp : ScrollCode::kPageDown;
-    for (int turn = std::abs(notches); turn > 0; --turn) scroll(page, 0);
+    if (lines != kPageANotch) return scroll(ScrollCode::kThumb, top - WheelSteps(delta, lines, pane.wheelRest));
+    const int pages = WheelSteps(delta, 1, pane.wheelRest);
+    const ScrollCode page = pages > 0 ? ScrollCode::kPageUp : ScrollCode::kPageDown;
+    for (int turn = std::abs(pages); turn > 0; --turn) scroll(page, 0);
 }
 
 void PaneGotFocus(const ReadingPane& pane, SelectionOwnerId owner, HWND before, int lineHeight) {

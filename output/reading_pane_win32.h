@@ -13,7 +13,7 @@ struct ReadingPane {
     Faces faces;
     Canvas canvas;
     TextRuns runs;
-    int wheelRest = 0;  // of notches not yet turned whole
+    int wheelRest = 0;  // of the wheel's turning, less than a step
 };
 
 // Scrolls a pane; `thumb` counts for kThumb.

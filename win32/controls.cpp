@@ -69,16 +69,18 @@ void RouteWheel(MSG& message) {
     if (GetAncestor(under, GA_ROOT) == GetAncestor(message.hwnd, GA_ROOT)) message.hwnd = under;
 }
 
-int WheelNotches(int delta, int& rest) {
+int WheelSteps(int delta, int perNotch, int& rest) {
     if ((delta < 0) != (rest < 0)) rest = 0;  // the wheel has turned back
-    rest += delta;
-    const int notches = rest / WHEEL_DELTA;
+    rest += delta * perNotch;
+    const int steps = rest / WHEEL_DELTA;
     rest %= WHEEL_DELTA;
-    return notches;
+    return steps;
 }
 
+// Wine reads a stored WHEEL_PAGESCROLL as the largest signed number.
 int WheelLines() {
+    static constexpr UINT kMostLines = 1000;
     UINT lines = 3;
     SystemParametersInfoA(SPI_GETWHEELSCROLLLINES, 0, &lines, 0);
-    return lines == WHEEL_PAGESCROLL ? -1 : static_cast<int>(lines);
+    return lines > kMostLines ? kPageANotch : static_cast<int>(lines);
 }

@@ -37,7 +37,9 @@ void EndWait(HCURSOR before);
 // Sends a wheel message to the window of this thread under the mouse, which need not have the focus.
 void RouteWheel(MSG& message);
 
-// Whole notches turned by a wheel message, with the rest of finer wheels kept in `rest`; up is positive.
-int WheelNotches(int delta, int& rest);
-// Lines that the user wants a notch to scroll; 0 or less: none; WHEEL_PAGESCROLL (as -1): a page.
+// Whole steps turned by a wheel message where a notch is worth `perNotch`; what a finer wheel or a touch pad leaves
+// over is kept in `rest` for the next message. Up is positive.
+int WheelSteps(int delta, int perNotch, int& rest);
+// Lines that the user wants a notch to scroll; 0: none; kPageANotch: a page.
+inline constexpr int kPageANotch = -1;
 int WheelLines();
