@@ -51,7 +51,7 @@ static const char* Verdict(bool held) {
 }
 
 void Print(const Outcome& outcome) {
-    std::printf("%-58s %9.3f ms", outcome.what.c_str(), outcome.time);
+    std::printf("%-70s %9.3f ms", outcome.what.c_str(), outcome.time);
     if (outcome.floor > 0) std::printf(" %9.3f ms %7.2f", outcome.floor, outcome.time / outcome.floor);
     if (outcome.mostTimesFloor > 0) {
         const bool held = outcome.time <= outcome.mostTimesFloor * outcome.floor;
@@ -62,6 +62,6 @@ void Print(const Outcome& outcome) {
 }
 
 void PrintLimited(const std::string& what, double amount, double most, const char* unit) {
-    std::printf("%-58s %9.3f %-20s %12.2f  %s\n", what.c_str(), amount, unit, most, Verdict(amount <= most));
+    std::printf("%-70s %9.3f %-20s %12.2f  %s\n", what.c_str(), amount, unit, most, Verdict(amount <= most));
     std::fflush(stdout);
 }

@@ -44,16 +44,16 @@ static double TimeOfSearch(const Program& program, HWND references, const Query&
     const HWND dialog = OpenWordSearch(program, query.words);
     const double start = Now();
     PostMessageA(dialog, WM_COMMAND, IDOK, 0);
-    AskUntil(program, [&] { return LinesOf(program, references) == query.lines; });
-    AskUntil(program, [&] { return StatusTextNow(program, kEntryPart) == query.firstEntry; });
-    AskUntil(program, [&] { return StatusTextNow(program, kSummaryPart) == query.summary; });
+    AskUntil(program, 0, [&] { return LinesOf(program, references) == query.lines; });
+    AskUntil(program, 0, [&] { return StatusTextNow(program, kEntryPart) == query.firstEntry; });
+    AskUntil(program, 0, [&] { return StatusTextNow(program, kSummaryPart) == query.summary; });
     return Now() - start;
 }
 
 static void LearnAnswers(const Program& program, HWND references, Query& query) {
     const std::string before = StatusTextNow(program, kSummaryPart);
     PostMessageA(OpenWordSearch(program, query.words), WM_COMMAND, IDOK, 0);
-    AskUntil(program, [&] { return StatusTextNow(program, kSummaryPart) != before; });
+    AskUntil(program, 0, [&] { return StatusTextNow(program, kSummaryPart) != before; });
     Sleep(500);
     query.lines = LinesOf(program, references);
     query.summary = StatusTextNow(program, kSummaryPart);

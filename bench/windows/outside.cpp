@@ -18,9 +18,9 @@ static HWND FrameShown(const Program& program, const char* frameClass) {
 }
 
 void WaitForFirstVerse(Program& program, const char* frameClass) {
-    AskUntil(program, [&] { return (program.frame = FrameShown(program, frameClass)) != nullptr; });
+    AskUntil(program, 1, [&] { return (program.frame = FrameShown(program, frameClass)) != nullptr; });
     const HWND statusBar = Child(program.frame, {IDC_STATUS_BAR});
-    AskUntil(program, [&] { return Ask(program, statusBar, SB_GETTEXTLENGTHA, kPassagePart) != 0; });
+    AskUntil(program, 1, [&] { return Ask(program, statusBar, SB_GETTEXTLENGTHA, kPassagePart) != 0; });
     Ask(program, program.frame, WM_NULL);
 }
 

@@ -12,12 +12,12 @@ void WaitForFirstVerse(Program& program, const char* frameClass);
 // Text of a part of the status bar, without waiting for the program to come to rest.
 std::string StatusTextNow(const Program& program, int part);
 
-// Asks every millisecond until `isSo`.
+// Asks until `isSo`, every `pause` milliseconds or, with none, as often as the program answers.
 template <typename Question>
-void AskUntil(const Program& program, Question isSo) {
+void AskUntil(const Program& program, DWORD pause, Question isSo) {
     while (!isSo()) {
         if (!IsRunning(program)) Fail(&program, "the program ended meanwhile");
-        Sleep(1);
+        Sleep(pause);
     }
 }
 
