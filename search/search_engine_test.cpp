@@ -1,1 +1,353 @@
-// Being written.
+#include "search/search_engine.h"
+
+#include <gtest/gtest.h>
+
+#include "search/key_word_marks.h"
+#include "tests/support/hand_made_index.h"
+#include "tests/support/native_scripture.h"
+
+static constexpr HandMadeVerse kVerses[] = {
+    {1, 1, 1, "\xB6In the beginning God created the heaven."},  // 0
+    {1, 1, 2, "And the LORD God said."},                        // 1
+    {1, 1, 3, "then the end"},                                  // 2
+    {1, 1, 4, "The LORD's hand."},                              // 3
+    {1, 1, 5, "loved lovely"},                                  // 4
+    {1, 1, 6, "She said, Holy, holy, holy."},                   // 5
+    {1, 1, 7, "Jehovah-jireh and Beth-el"},                     // 6
+    {1, 1, 8, "he said of [the] light; and [he] said"},         // 7
+    {1, 1, 9, "Lord."},                                         // 8
+    {1, 1, 10, "glove love"},                                   // 9
+};
+
+struct SmallBible {
+    HandMadeFiles files = MakeFiles(kVerses);
+    FilesInMemory indexFiles = MakeIndexFiles(kVerses);
+    Scripture scripture = ScriptureOf(files);
+    WordIndex index = IndexOf(indexFiles);
+};
+
+enum Kind { kWords, kPhrase };
+enum Flags { kPlain = 0, kCase = 1, kParts = 2 };
+static constexpr int kEveryFlags[] = {kPlain, kCase, kParts, kCase | kParts};
+
+struct SearchRow {
+    const char* query;
+    Kind kind;
+    int flags;
+    int booleanType;
+    std::vector<int> verses;
+    int occurrences;
+};
+
+static SearchState StateFor(const std::string& query, int flags, int booleanType) {
+    SearchState search;
+    search.searchText = query;
+    search.options.BooleanType = booleanType;
+    search.options.CaseSensitive = (flags & kCase) != 0 ? 1 : 0;
+    search.options.SubString = (flags & kParts) != 0 ? 1 : 0;
+    return search;
+}
+
+static bool RunSearch(Kind kind, const Scripture& scripture, const WordIndex& index, SearchState& search) {
+    return kind == kPhrase ? PhraseSearch(scripture, index, search) : WordSearch(scripture, index, search);
+}
+
+static void ExpectResult(const SearchRow& row, const SearchState& search, bool found) {
+    const SearchResult& result = search.result;
+    EXPECT_EQ(found, !row.verses.empty()) << row.query;
+    EXPECT_EQ(std::vector<int>(result.verses.begin(), result.verses.end()), row.verses) << row.query;
+    EXPECT_EQ(result.verseCount, static_cast<int>(row.verses.size())) << row.query;
+    EXPECT_EQ(result.occurrenceCount, row.occurrences) << row.query;
+}
+
+static void ExpectRows(std::span<const SearchRow> rows) {
+    SmallBible bible;
+    for (const SearchRow& row : rows) {
+        SearchState search = StateFor(row.query, row.flags, row.booleanType);
+        const bool found = RunSearch(row.kind, bible.scripture, bible.index, search);
+        ExpectResult(row, search, found);
+        EXPECT_EQ(search.result.phraseMode, found && row.kind == kPhrase && QueryWords(row.query).size() > 1);
+    }
+}
+
+TEST(QueryWords, AreRunsOfLettersAndApostrophes) {
+    using Words = std::vector<std::string_view>;
+    EXPECT_EQ(QueryWords("the Lord's"), (Words{"the", "Lord's"}));
+    EXPECT_EQ(QueryWords("  Jehovah-jireh,2nd\xB6x\xE9y' "), (Words{"Jehovah", "jireh", "nd", "x", "y'"}));
+    EXPECT_EQ(QueryWords(""), Words{});
+    EXPECT_EQ(QueryWords(" 1:2-3 "), Words{});
+    EXPECT_EQ(QueryWords("''"), Words{"''"});
+}
+
+TEST(WordSearch, CombinesWords) {
+    static const SearchRow kRows[] = {
+        {"lord god", kWords, kPlain, kAllWords, {1}, 2},
+        {"lord god", kWords, kPlain, kAnyWord, {0, 1, 8}, 4},
+        {"lord god", kWords, kPlain, kOneWord, {0, 8}, 2},
+        {"lord god", kWords, kPlain, 7, {0, 8}, 2},
+        {"lord god", kWords, kPlain, -1, {0, 8}, 2},
+        {"LORD", kWords, kPlain, kAllWords, {1, 8}, 2},
+        {"lord's", kWords, kPlain, kAllWords, {3}, 1},
+        // Whole words of the listed verses are counted, beside an apostrophe too.
+        {"hand lord", kWords, kPlain, kAnyWord, {1, 3, 8}, 4},
+        // A word typed twice is looked up and marked twice.
+        {"the the", kWords, kPlain, kAllWords, {0, 1, 2, 3, 7}, 12},
+        {"the the", kWords, kPlain, kAnyWord, {0, 1, 2, 3, 7}, 12},
+        {"the the", kWords, kPlain, kOneWord, {}, 0},
+        // A word that is not there.
+        {"zeal", kWords, kPlain, kAllWords, {}, 0},
+        {"god zeal", kWords, kPlain, kAllWords, {}, 0},
+        {"god zeal", kWords, kPlain, kAnyWord, {0, 1}, 2},
+        {"god zeal", kWords, kPlain, kOneWord, {0, 1}, 2},
+        {"jehovah-jireh", kWords, kPlain, kAllWords, {6}, 2},
+        // No words at all.
+        {"", kWords, kPlain, kAllWords, {}, 0},
+        {" 1:2, ", kWords, kPlain, kAllWords, {}, 0},
+        {" 1:2, ", kWords, kPlain, kOneWord, {}, 0},
+    };
+    ExpectRows(kRows);
+}
+
+TEST(WordSearch, ExaminesOnlyTheFirstPlaceWhereCaseMatters) {
+    static const SearchRow kRows[] = {
+        {"LORD", kWords, kCase, kAllWords, {1}, 1},
+        {"Lord", kWords, kCase, kAllWords, {8}, 1},
+        {"the", kWords, kCase, kAllWords, {0, 1, 7}, 4},  // not "then the", nor "The"
+        {"In", kWords, kCase, kAllWords, {}, 0},          // a paragraph mark stands before it
+        {"in", kWords, kCase, kAllWords, {}, 0},          // stands inside "beginning" only
+        {"And and", kWords, kCase, kOneWord, {1, 6, 7}, 3},
+        {"he", kWords, kCase, kAllWords, {7}, 2},
+        {"loveD", kWords, kCase, kAllWords, {}, 0},
+    };
+    ExpectRows(kRows);
+}
+
+TEST(WordSearch, FindsPartsOfWords) {
+    static const SearchRow kRows[] = {
+        {"love", kWords, kParts, kAllWords, {4, 9}, 4},
+        {"love", kWords, kParts, kOneWord, {4, 9}, 4},      // two words of the index, one of the query
+        {"love loved", kWords, kParts, kAllWords, {4}, 2},  // the marks of "love" cut "loved" apart
+        {"loved love", kWords, kParts, kAllWords, {4}, 3},
+        {"lov glov", kWords, kParts, kOneWord, {4}, 2},
+        {"LORD", kWords, kParts | kCase, kAllWords, {1, 3}, 2},
+        {"ORD", kWords, kParts | kCase, kAllWords, {1, 3}, 2},
+        {"lord", kWords, kParts | kCase, kAllWords, {}, 0},
+        {"he the", kWords, kParts | kCase, kAllWords, {0, 1, 2, 7}, 9},
+        {"z", kWords, kParts, kAllWords, {}, 0},
+        // Only words of the index are found: what stands across their ends is not.
+        {"hj", kWords, kParts, kAllWords, {}, 0},
+    };
+    ExpectRows(kRows);
+}
+
+TEST(PhraseSearch, FindsWordsInARow) {
+    static const SearchRow kRows[] = {
+        {"the lord", kPhrase, kPlain, kAllWords, {1}, 1},  // "lord" is not a word of "The LORD's hand"
+        {"The, LORD'S", kPhrase, kPlain, kAllWords, {3}, 1},
+        {"in the beginning", kPhrase, kPlain, kAllWords, {0}, 1},
+        {"he said", kPhrase, kPlain, kAllWords, {7}, 2},  // "She said" has no word "he"
+        {"and he", kPhrase, kPlain, kAllWords, {7}, 1},
+        {"of the light", kPhrase, kPlain, kAllWords, {7}, 1},
+        {"holy holy holy", kPhrase, kPlain, kAllWords, {5}, 1},
+        {"said holy", kPhrase, kPlain, kAllWords, {5}, 1},
+        {"Jehovah-jireh", kPhrase, kPlain, kAllWords, {}, 0},  // the query parts it, the text does not
+        {"the zeal", kPhrase, kPlain, kAllWords, {}, 0},
+        {"god the", kPhrase, kPlain, kAllWords, {}, 0},
+        {"", kPhrase, kPlain, kAllWords, {}, 0},
+        {" 1:2 ", kPhrase, kPlain, kAllWords, {}, 0},
+        {"And the", kPhrase, kCase, kAllWords, {1}, 1},
+        {"and the", kPhrase, kCase, kAllWords, {}, 0},
+        {"In the", kPhrase, kCase, kAllWords, {}, 0},    // a paragraph mark stands before it
+        {"then the", kPhrase, kCase, kAllWords, {}, 0},  // "the" first stands inside "then"
+        {"the LORD", kPhrase, kCase, kAllWords, {1}, 1},
+        // Neither the boolean type nor the substring flag matters.
+        {"the lord", kPhrase, kParts, kOneWord, {1}, 1},
+        {"the lor", kPhrase, kParts, kAnyWord, {}, 0},
+    };
+    ExpectRows(kRows);
+}
+
+// It leaves phrase mode off, and its word is marked as the last word search's would be.
+TEST(PhraseSearch, TreatsASingleWordAsAWord) {
+    static const SearchRow kRows[] = {
+        {"he", kPhrase, kPlain, kAllWords, {7}, 2},   {"he", kPhrase, kPlain, kOneWord, {7}, 2},
+        {"he", kPhrase, kParts, kAllWords, {7}, 3},  // "the" too
+        {"love", kPhrase, kParts, kAllWords, {9}, 2}, {"LORD", kPhrase, kCase, kAnyWord, {1}, 1},
+        {"a", kPhrase, kPlain, kAllWords, {}, 0},
+    };
+    ExpectRows(kRows);
+}
+
+TEST(Search, KeepsToItsRange) {
+    static const struct {
+        SearchRange range;
+        std::vector<int> verses;
+    } kRows[] = {
+        {{0, 0}, {0}},
+        {{1, 2}, {1, 2}},
+        {{2, 6}, {2, 3}},
+        {{8, kLastVerse}, {}},
+        {{7, 7}, {7}},
+        {{-5, 1}, {0, 1}},
+        {{3, 2}, {}},
+        {{3, 99999}, {3, 7}},
+        {{-9, -1}, {}},
+        {{40000, 50000}, {}},
+        {{-2147483647 - 1, 2147483647}, {0, 1, 2, 3, 7}},
+    };
+    SmallBible bible;
+    for (const auto& row : kRows)
+        for (const Kind kind : {kWords, kPhrase})
+            for (const int flags : {kPlain, kParts}) {
+                SearchState search = StateFor("the", flags, kAllWords);
+                search.range = row.range;
+                EXPECT_EQ(RunSearch(kind, bible.scripture, bible.index, search), !row.verses.empty());
+                EXPECT_EQ(std::vector<int>(search.result.verses.begin(), search.result.verses.end()), row.verses)
+                    << row.range.StartVerse << " " << row.range.EndVerse;
+            }
+}
+
+// Entries of the index outside the range count nothing, whatever the flags.
+TEST(Search, CountsNothingOutsideItsRange) {
+    SmallBible bible;
+    for (const int flags : kEveryFlags)
+        for (const Kind kind : {kWords, kPhrase}) {
+            SearchState search = StateFor("god", flags, kAllWords);
+            search.range = {2, 9};
+            EXPECT_FALSE(RunSearch(kind, bible.scripture, bible.index, search)) << flags << kind;
+        }
+}
+
+TEST(Search, LeavesAnEmptyResultAndPhraseModeWhenNothingIsFound) {
+    SmallBible bible;
+    for (const char* before : {"the lord", "the"})
+        for (const char* query : {"zeal", "zeal zeal", ""})
+            for (const Kind kind : {kWords, kPhrase}) {
+                SearchState search = StateFor(before, kPlain, kAllWords);
+                ASSERT_TRUE(PhraseSearch(bible.scripture, bible.index, search));
+                const bool phraseMode = search.result.phraseMode;
+                search.searchText = query;
+                EXPECT_FALSE(RunSearch(kind, bible.scripture, bible.index, search));
+                EXPECT_TRUE(search.result.verses.empty());
+                EXPECT_EQ(search.result.verseCount, 0);
+                EXPECT_EQ(search.result.occurrenceCount, 0);
+                EXPECT_EQ(search.result.phraseMode, phraseMode) << before << "|" << query;
+            }
+}
+
+TEST(Search, ForgetsTheSearchBefore) {
+    SmallBible bible;
+    SearchState search = StateFor("the", kPlain, kAllWords);
+    ASSERT_TRUE(WordSearch(bible.scripture, bible.index, search));
+    search.searchText = "he said";
+    ASSERT_TRUE(PhraseSearch(bible.scripture, bible.index, search));
+    EXPECT_EQ(search.result.verses, std::vector<std::int32_t>{7});
+    EXPECT_TRUE(search.result.phraseMode);
+    EXPECT_EQ(search.result.phraseText, "he said");
+    search.searchText = "light the";
+    ASSERT_TRUE(WordSearch(bible.scripture, bible.index, search));
+    EXPECT_EQ(search.result.verses, std::vector<std::int32_t>{7});
+    EXPECT_EQ(search.result.verseCount, 1);
+    EXPECT_FALSE(search.result.phraseMode);
+}
+
+TEST(Search, BearsWordsOfAnyLength) {
+    SmallBible bible;
+    for (const std::size_t length : {79, 80, 81, 199, 5000})
+        for (const int flags : kEveryFlags)
+            for (const Kind kind : {kWords, kPhrase}) {
+                SearchState search = StateFor(std::string(length, 'e'), flags, kAnyWord);
+                EXPECT_FALSE(RunSearch(kind, bible.scripture, bible.index, search)) << length;
+            }
+}
+
+// Damaged files may give nonsense, but nothing outside them is touched.
+TEST(Search, BearsADamagedIndex) {
+    SmallBible bible;
+    const FilesInMemory whole = MakeIndexFiles(kVerses);
+    std::vector<FilesInMemory> damages;
+    for (const char* name : {kWordPointersFile, kVerseListsFile})
+        for (const int byte : {0x00, 0x79, 0x7E, 0xFF}) {
+            damages.push_back(whole);
+            for (unsigned char& each : damages.back()[name]) each = static_cast<unsigned char>(byte);
+            damages.push_back(whole);
+            damages.back()[name].resize(static_cast<std::size_t>(byte / 2));
+        }
+    damages.push_back(whole);
+    damages.back()[kVerseListsFile] = {0x7D, 0x79, 0x7E, 0x79, 0x7F, 0x79, 0xFF, 0xFF, 0xFF, 0x7F};  // 31101 and above
+    for (FilesInMemory& files : damages) {
+        const WordIndex index = IndexOf(files);
+        for (const char* query : {"the", "the lord", "e", "and"})
+            for (const int flags : kEveryFlags)
+                for (const Kind kind : {kWords, kPhrase}) {
+                    SearchState search = StateFor(query, flags, kAnyWord);
+                    RunSearch(kind, bible.scripture, index, search);
+                    for (const int verse : search.result.verses) EXPECT_TRUE(verse >= 0 && verse <= kLastVerse);
+                }
+    }
+    SearchState search = StateFor("the", kPlain, kAllWords);
+    EXPECT_FALSE(WordSearch({}, {}, search));
+    EXPECT_FALSE(PhraseSearch({}, {}, search));
+}
+
+TEST(SearchSummary, SaysHowMany) {
+    static constexpr struct {
+        int verses, occurrences;
+        const char* summary;
+    } kRows[] = {
+        {0, 0, "0 verses, 0 occurrences"},
+        {1, 1, "1 verse, 1 occurance"},
+        {1, 2, "1 verse, 2 occurrences"},
+        {2, 1, "2 verses, 1 occurance"},
+        {24091, 63919, "24091 verses, 63919 occurrences"},
+        {1, 0, "1 verse, 0 occurrences"},
+    };
+    for (const auto& row : kRows) {
+        SearchResult result;
+        result.verseCount = row.verses;
+        result.occurrenceCount = row.occurrences;
+        EXPECT_EQ(SearchSummary(result), row.summary);
+    }
+}
+
+TEST(PushHistory, PutsTheNewestFirstAndLetsTheOldestGo) {
+    SearchState search;
+    EXPECT_EQ(search.history, (std::array<std::string, 10>{" ", " ", " ", " ", " ", " ", " ", " ", " ", " "}));
+    for (const char* text : {"one", "two", "two", "", "5", "6", "7", "8", "9", "10", "11"}) PushHistory(search, text);
+    EXPECT_EQ(search.history, (std::array<std::string, 10>{"11", "10", "9", "8", "7", "6", "5", "", "two", "two"}));
+}
+
+// Figures of the real text, counted once with other tools.
+TEST(TheRealText, GivesTheKnownFigures) {
+    static constexpr struct {
+        const char* query;
+        Kind kind;
+        int flags;
+        int booleanType;
+        int verses, occurrences;
+    } kRows[] = {
+        {"the", kWords, kPlain, kAllWords, 24091, 63919},
+        {"grace", kWords, kPlain, kAllWords, 159, 170},
+        {"lord", kWords, kPlain, kAllWords, 6667, 7882},
+        {"lord's", kWords, kPlain, kAllWords, 131, 134},
+        {"lord god", kWords, kPlain, kAllWords, 1593, 3785},
+        {"lord god", kWords, kPlain, kAnyWord, 8951, 12344},
+        {"lord god", kWords, kPlain, kOneWord, 7358, 8559},
+        {"faith hope", kWords, kPlain, kAllWords, 8, 16},
+        {"LORD", kWords, kCase, kAllWords, 5485, 6504},
+        {"And", kWords, kCase, kAllWords, 10266, 10989},
+        {"love", kWords, kParts, kAllWords, 546, 645},
+        {"e", kWords, kParts, kAllWords, 31062, 410141},
+        {"of the", kPhrase, kPlain, kAllWords, 8863, 12758},
+        {"in the beginning", kPhrase, kPlain, kAllWords, 17, 17},
+        {"and it came to pass", kPhrase, kPlain, kAllWords, 396, 396},
+        {"he said", kPhrase, kPlain, kAllWords, 700, 738},
+        {"grace", kPhrase, kPlain, kAllWords, 159, 170},
+    };
+    for (const auto& row : kRows) {
+        SearchState search = StateFor(row.query, row.flags, row.booleanType);
+        RunSearch(row.kind, TheRealScripture(), TheRealWordIndex(), search);
+        EXPECT_EQ(search.result.verseCount, row.verses) << row.query;
+        EXPECT_EQ(search.result.occurrenceCount, row.occurrences) << row.query;
+    }
+}

@@ -1,0 +1,156 @@
+// Scanning is tried at every place of texts of every length about a block, and on random texts, beside loops that look
+// at one place after the other. The texts lie in blocks of memory of just their size, so that a sanitizer sees every
+// step beyond them.
+#include "search/text_scan.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <random>
+
+// A copy with nothing behind it, not even a zero.
+struct ExactText {
+    explicit ExactText(const std::string& text) : bytes(new char[text.size()]), size(text.size()) {
+        text.copy(bytes.get(), size);
+    }
+    std::unique_ptr<char[]> bytes;
+    std::size_t size;
+    std::string_view View() const { return {bytes.get(), size}; }
+};
+
+static std::string Lowered(std::string text) {
+    for (char& c : text)
+        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c + 32);
+    return text;
+}
+
+static bool StandsAlone(const std::string& text, std::size_t at, std::size_t size) {
+    const auto isLetter = [](char c) { return c < 0 || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); };
+    const bool before = at > 0 && isLetter(text[at - 1]) && text[at - 1] != '\xB6';
+    return !before && !(at + size < text.size() && isLetter(text[at + size]));
+}
+
+static int CountSlowly(const std::string& text, const std::string& word, bool anyCase, bool wholeWords) {
+    const std::string searched = anyCase ? Lowered(text) : text;
+    int count = 0;
+    for (std::size_t at = searched.find(word); at != std::string::npos; at = searched.find(word, at + 1))
+        if (!wholeWords || StandsAlone(text, at, word.size())) ++count;
+    return count;
+}
+
+// By way of a copy of the text that has nothing to pass over.
+static std::vector<std::pair<std::size_t, std::size_t>> PhrasesSlowly(const std::string& text,
+                                                                      const std::string& phrase, bool anyCase) {
+    std::string kept;
+    std::vector<std::size_t> places;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        const char c = text[at];
+        if (!(c >= 'a' && c <= 'z') && !(c >= 'A' && c <= 'Z') && c != ' ' && c != '\'') continue;
+        kept += c;
+        places.push_back(at);
+    }
+    if (anyCase) kept = Lowered(kept);
+    std::vector<std::pair<std::size_t, std::size_t>> found;
+    for (std::size_t at = kept.find(phrase); at != std::string::npos; at = kept.find(phrase, at + phrase.size()))
+        found.emplace_back(places[at], places[at + phrase.size() - 1]);
+    return found;
+}
+
+static void ExpectSameWords(const std::string& text, const std::string& word, bool anyCase) {
+    const ExactText exact(text);
+    const std::string searched = anyCase ? Lowered(text) : text;
+    for (std::size_t from = 0; from <= text.size(); ++from)
+        ASSERT_EQ(FindInText(exact.View(), word, anyCase, from), searched.find(word, from)) << text << "|" << word;
+    for (const bool wholeWords : {false, true})
+        ASSERT_EQ(CountInText(exact.View(), word, anyCase, wholeWords), CountSlowly(text, word, anyCase, wholeWords))
+            << text << "|" << word;
+}
+
+static void ExpectSamePhrases(const std::string& text, const std::string& phrase, bool anyCase) {
+    const ExactText exact(text);
+    const PhrasePattern pattern = PatternOf(phrase, anyCase);
+    std::vector<std::pair<std::size_t, std::size_t>> found;
+    for (const PhrasePlace& place : PhrasesInText(exact.View(), pattern)) found.emplace_back(place.first, place.last);
+    ASSERT_EQ(found, PhrasesSlowly(text, phrase, anyCase)) << text << "|" << phrase;
+    ASSERT_EQ(CountPhrasesInText(exact.View(), pattern), static_cast<int>(found.size())) << text << "|" << phrase;
+}
+
+TEST(TextScan, FindsAWordAtEveryPlaceOfEveryText) {
+    for (const std::string word : {"a", "of", "the", "o'er", "deliverance", "wordsoftwentyletters"})
+        for (std::size_t size = 0; size < 60; ++size)
+            for (std::size_t at = 0; at + word.size() <= size; ++at)
+                for (const char filler : {' ', 'x', '\xB6', '\xE9'}) {
+                    std::string text(size, filler);
+                    ExpectSameWords(text.replace(at, word.size(), word), word, false);
+                    text[at] = static_cast<char>(text[at] - 32);  // a capital
+                    ExpectSameWords(text, word, true);
+                    ExpectSameWords(text, word, false);
+                }
+}
+
+TEST(TextScan, FindsAPhraseAtEveryPlaceOfEveryText) {
+    for (const std::string phrase : {"a", "of", "a b", "of the", "i am that i am"})
+        for (const std::string between : {"", "-", ", ["})
+            for (std::size_t size = 0; size < 50; ++size)
+                for (std::size_t at = 0; at + phrase.size() <= size; ++at) {
+                    std::string text(size, '.');
+                    text.replace(at, phrase.size(), phrase);
+                    for (std::size_t cut = at + phrase.size() - 1; cut > at; cut -= 2) {
+                        text.insert(cut, between);
+                        if (cut < at + 2) break;
+                    }
+                    ExpectSamePhrases(text, phrase, false);
+                }
+}
+
+// Bytes that differ from a letter or an apostrophe by the bit that tells capitals are no capitals.
+TEST(TextScan, FoldsLettersAlone) {
+    for (const auto& [word, text] :
+         {std::pair("o'er", std::string("xxxxxxxxxxxxxxxxxxxx o\x07"
+                                        "er")),
+          std::pair("a", std::string("\x01\x21\xC1\xE1[{@`]}\x01\x21\xC1\xE1[{@`]}\x01\x21"))})
+        ExpectSameWords(text, word, true);
+    ExpectSamePhrases(
+        "xxxxxxxxxxxxxxxx o\x07"
+        "er the [\x01] A",
+        "o'er the", true);
+}
+
+TEST(TextScan, CountsMoreThanAByteHolds) {
+    for (const std::size_t times : {254, 255, 256, 4079, 4080, 4081, 10000}) {
+        EXPECT_EQ(CountInText(ExactText(std::string(times, 'e')).View(), "e", true, false), static_cast<int>(times));
+        std::string words;
+        for (std::size_t i = 0; i < times; ++i) words += "E ";
+        EXPECT_EQ(CountInText(ExactText(words).View(), "e", true, true), static_cast<int>(times));
+    }
+}
+
+// The phrase does not begin in what an earlier place of it took.
+TEST(TextScan, GoesOnAfterAPhrase) {
+    ExpectSamePhrases("holy, holy, holy, holy, holy", "holy holy", false);
+    ExpectSamePhrases("a a a a a a a a a a a a a a a a a a a a a", "a a a", false);
+    EXPECT_EQ(CountPhrasesInText("holy, holy, holy, holy, holy", PatternOf("holy holy", true)), 2);
+}
+
+TEST(TextScan, FindsNoEmptyPhrase) {
+    EXPECT_EQ(CountPhrasesInText("some text that is longer than a block", PatternOf("", true)), 0);
+    EXPECT_EQ(CountPhrasesInText("", PatternOf("a b", true)), 0);
+}
+
+TEST(TextScan, AgreesWithSlowLoopsOnRandomTexts) {
+    std::mt19937 random(1611);
+    const auto pick = [&random](std::string_view from) { return from[random() % from.size()]; };
+    for (int round = 0; round < 20000; ++round) {
+        std::string text;
+        for (std::size_t size = random() % 120; size > 0; --size) text += pick("aaabbABe  '.-[\xB6\xE9");
+        std::string word;
+        for (std::size_t size = 1 + random() % 4; size > 0; --size) word += pick("abe'");
+        const bool anyCase = random() % 2 == 0;
+        if (!word.ends_with(word.front()) && word != "abab") ExpectSameWords(text, word, anyCase);
+        std::string phrase;
+        for (std::size_t size = 1 + random() % 6; size > 0; --size)
+            phrase += phrase.empty() || phrase.back() == ' ' || size == 1 ? pick("abe'") : pick("abe ");
+        ExpectSamePhrases(text, phrase, anyCase);
+        if (HasFatalFailure()) return;
+    }
+}
