@@ -38,13 +38,18 @@ static LRESULT OnNotify(HWND window, int control, NMHDR* notification) {
     return DefWindowProcA(window, WM_NOTIFY, static_cast<WPARAM>(control), reinterpret_cast<LPARAM>(notification));
 }
 
-static void OnSize(HWND, UINT sizeType, int width, int height) {
-    if (sizeType != SIZE_MINIMIZED) LayOut(sizeType, width, height);  // the panes keep their places meanwhile
+static void RememberFocus(HWND window) {
+    if (IsChild(window, GetFocus())) theFrame.focusWhenInactive = GetFocus();
 }
 
-// Coming back from another program, the keys go where they went before.
+static void OnSize(HWND window, UINT sizeType, int width, int height) {
+    if (sizeType == SIZE_MINIMIZED) return RememberFocus(window);  // the panes keep their places meanwhile
+    LayOut(sizeType, width, height);
+}
+
+// Coming back from another program or to its size, the keys go where they went before.
 static void OnActivate(HWND window, UINT state, HWND other, BOOL minimized) {
-    if (state == WA_INACTIVE && IsChild(window, GetFocus())) theFrame.focusWhenInactive = GetFocus();
+    if (state == WA_INACTIVE) RememberFocus(window);
     FORWARD_WM_ACTIVATE(window, state, other, minimized, DefWindowProcA);
     if (state != WA_INACTIVE && !minimized && IsWindowVisible(theFrame.focusWhenInactive)) {
         SetFocus(theFrame.focusWhenInactive);

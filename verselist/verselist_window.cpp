@@ -12,6 +12,7 @@
 #include "search/search_win32.h"
 #include "win32/controls.h"
 #include "win32/panes.h"
+#include "win32/screen.h"
 
 VerseListPane theVerseList;
 
@@ -242,7 +243,7 @@ static void OnKeyDown(HWND window, UINT key, BOOL, int, UINT) {
 }
 
 static void OnSetFocus(HWND, HWND before) {
-    PaneGotFocus(theVerseList, kVerseListOwns, before, theVerseList.list.LineHeight);
+    PaneGotFocus(theVerseList, kVerseListOwns, before);
 }
 
 static void OnKillFocus(HWND, HWND) {
@@ -300,5 +301,6 @@ void CreateVerseList(HWND tabs) {
         CreateChild(tabs, "LISTBOX", "",
                     WS_VSCROLL | WS_TABSTOP | LBS_NOTIFY | LBS_MULTIPLESEL | LBS_EXTENDEDSEL | LBS_NOINTEGRALHEIGHT,
                     WS_EX_CLIENTEDGE, IDC_REFERENCE_LIST);
+    SendMessageA(theVerseList.references, WM_SETFONT, reinterpret_cast<WPARAM>(MessageFont()), FALSE);
     theVerseList.referencesProcedure = Subclass(theVerseList.references, ReferencesProcedure);
 }

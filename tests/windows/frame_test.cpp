@@ -1,0 +1,568 @@
+// The frame: its windows, toolbar and tool-tips, status bar, tabs and sizes.
+
+#include <windows.h>
+
+#include <commctrl.h>
+#include <richedit.h>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "resources/ids.h"
+#include "tests/driver/driver.h"
+#include "tests/driver/remote_memory.h"
+
+using testing::ElementsAre;
+
+static constexpr RECT kUsualPlace{20, 20, 1020, 720};
+
+static HWND ListTabs(const Program& program) {
+    return Child(program.frame, {IDC_LIST_TABS});
+}
+
+static HWND References(const Program& program) {
+    return Child(program.frame, {IDC_LIST_TABS, IDC_REFERENCE_LIST});
+}
+
+static void SearchWord(const Program& program, std::string_view word) {
+    Press(program, "Alt+w");
+    WaitForDialog(program, "Word Search");
+    Type(program, word);
+    Press(program, "Enter");
+    WaitForNoDialog(program);
+}
+
+// ---- Windows --------------------------------------------------------------------------------------------------------
+
+struct WindowRow {
+    std::initializer_list<int> path;
+    const char* className;
+    LONG style;
+    LONG without;
+    bool hasEdge;
+};
+
+TEST(FrameWindows, AreOfTheirClassAndStyle) {
+    static const WindowRow kRows[] = {
+        {{IDC_LIST_TABS}, "SysTabControl32", WS_VISIBLE | TCS_MULTILINE, 0, false},
+        {{IDC_PASSAGE_TABS}, "SysTabControl32", WS_VISIBLE | TCS_MULTILINE, 0, false},
+        {{IDC_NOTE_TABS}, "SysTabControl32", WS_VISIBLE | TCS_MULTILINE, 0, false},
+        {{IDC_STATUS_BAR}, "msctls_statusbar32", WS_VISIBLE, SBARS_SIZEGRIP, false},
+        {{IDC_TOOLBAR}, "ToolbarWindow32", WS_VISIBLE | TBSTYLE_TOOLTIPS, 0, false},
+        {{IDC_LIST_TABS, IDC_VERSE_LIST}, "VERSELIST", WS_VISIBLE | WS_VSCROLL, WS_HSCROLL, true},
+        {{IDC_LIST_TABS, IDC_REFERENCE_LIST},
+         "ListBox",
+         LBS_NOTIFY | LBS_MULTIPLESEL | LBS_EXTENDEDSEL,
+         WS_VISIBLE | LBS_SORT,
+         true},
+        {{IDC_PASSAGE_TABS, IDC_PASSAGE}, "READWINDOW", WS_VISIBLE | WS_VSCROLL, WS_HSCROLL, true},
+        {{IDC_NOTE_TABS, IDC_NOTES}, "NOTEWND", WS_VISIBLE, 0, false},
+        {{IDC_NOTE_TABS, IDC_NOTES, IDC_NOTE_VIEW},
+         "RICHEDIT",
+         WS_VISIBLE | ES_MULTILINE | ES_READONLY | ES_AUTOVSCROLL,
+         WS_HSCROLL,
+         true},
+    };
+    const Program program = StartProgram(FolderWithScripture());
+    EXPECT_EQ(GetWindowLongA(program.frame, GWL_STYLE) & WS_OVERLAPPEDWINDOW, WS_OVERLAPPEDWINDOW);
+    for (const WindowRow& row : kRows) {
+        SCOPED_TRACE(row.className);
+        const HWND window = Child(program.frame, row.path);
+        const LONG style = GetWindowLongA(window, GWL_STYLE);
+        EXPECT_STRCASEEQ(ClassOf(window).c_str(), row.className);
+        EXPECT_EQ(style & row.style, row.style);
+        EXPECT_EQ(style & row.without, 0);
+        EXPECT_EQ((GetWindowLongA(window, GWL_EXSTYLE) & WS_EX_CLIENTEDGE) != 0, row.hasEdge);
+    }
+    EXPECT_NE(SendMessageA(Child(program.frame, {IDC_NOTE_TABS, IDC_NOTES, IDC_NOTE_VIEW}), EM_GETEVENTMASK, 0, 0) &
+                  ENM_SELCHANGE,
+              0);
+}
+
+TEST(FrameWindows, IncludeTheHiddenNoteEditor) {
+    const Program program = StartProgram(FolderWithScripture());
+    const HWND editor = ChildOfClass(program.frame, "NOTEEDIT", IDC_NOTE_EDITOR);
+    EXPECT_FALSE(IsShown(editor));
+    EXPECT_EQ(TextOf(editor, IDC_NOTE_SAVE), "Save");
+    EXPECT_EQ(TextOf(editor, IDC_NOTE_CANCEL), "Cancel");
+    EXPECT_EQ(TextOf(editor, IDC_NOTE_HELP), "Help");
+    EXPECT_STRCASEEQ(ClassOf(Child(editor, {IDC_NOTE_EDIT})).c_str(), "RICHEDIT");
+    EXPECT_NE(GetDlgItem(Child(program.frame, {IDC_PASSAGE_TABS}), IDC_PASSAGE), editor);
+}
+
+TEST(FrameWindows, AreBarsAloneWithoutAnyPane) {
+    const Program program = StartProgram(FolderWithScripture());
+    for (const char* key : {"F2", "F3", "F4"}) Press(program, key);
+    std::vector<int> shown;
+    for (const HWND child : ChildrenOf(program.frame))
+        if (IsShown(child)) shown.push_back(GetDlgCtrlID(child));
+    EXPECT_THAT(shown, testing::UnorderedElementsAre(IDC_TOOLBAR, IDC_STATUS_BAR));
+    EXPECT_EQ(FocusOf(program), program.frame);
+}
+
+// ---- Toolbar
+// ----------------------------------------------------------------------------------------------------------
+
+enum class Begins { kSeparator, kGreyed, kEnabled, kPressed, kAsItsOwner };
+
+struct ToolbarRow {
+    int command;
+    int image;
+    Begins begins;
+};
+
+static constexpr ToolbarRow kGap{0, 0, Begins::kSeparator};
+static constexpr ToolbarRow kToolbar[] = {
+    kGap,
+    {IDM_CUT, 0, Begins::kGreyed},
+    {IDM_COPY, 1, Begins::kGreyed},
+    {IDM_PASTE, 2, Begins::kGreyed},
+    kGap,
+    {IDM_COPY_VERSE, 6, Begins::kAsItsOwner},
+    {IDM_COPY_RANGE, 7, Begins::kAsItsOwner},
+    {IDM_COPY_VERSE_LIST, 8, Begins::kGreyed},
+    {IDM_COPY_REFERENCES, 9, Begins::kGreyed},
+    kGap,
+    {IDM_WORD_SEARCH, 3, Begins::kEnabled},
+    {IDM_PHRASE_SEARCH, 4, Begins::kEnabled},
+    {IDM_WORD_LIST_SEARCH, 5, Begins::kEnabled},
+    {IDM_SEARCH_NOTES, 18, Begins::kAsItsOwner},
+    kGap,
+    {IDM_GOTO_VERSE, 12, Begins::kEnabled},
+    {IDM_GOTO_NOTE, 19, Begins::kAsItsOwner},
+    kGap,
+    {IDM_CONTEXT, 13, Begins::kGreyed},
+    {IDM_NOTE_FOR_LIST, 21, Begins::kGreyed},
+    {IDM_NOTE_FOR_PASSAGE, 22, Begins::kEnabled},
+    {IDM_VERSE_FOR_NOTE, 23, Begins::kEnabled},
+    kGap,
+    {IDM_EDIT_NOTE, 20, Begins::kAsItsOwner},
+    kGap,
+    {IDM_VIEW_LIST, 14, Begins::kPressed},
+    {IDM_VIEW_PASSAGE, 15, Begins::kPressed},
+    {IDM_VIEW_NOTES, 16, Begins::kPressed},
+    kGap,
+    {IDM_HELP_TOPICS, 17, Begins::kEnabled},
+};
+
+static BYTE StateOf(const Program& program, const ToolbarRow& row) {
+    constexpr BYTE kGreyedState = TBSTATE_ENABLED | TBSTATE_INDETERMINATE;
+    switch (row.begins) {
+        case Begins::kGreyed: return kGreyedState;
+        case Begins::kEnabled: return TBSTATE_ENABLED;
+        case Begins::kPressed: return TBSTATE_ENABLED | TBSTATE_CHECKED;
+        case Begins::kAsItsOwner: return IsGreyed(program, row.command) ? kGreyedState : BYTE{TBSTATE_ENABLED};
+        case Begins::kSeparator: break;
+    }
+    return 0;
+}
+
+TEST(Toolbar, HasItsThirtyEntries) {
+    const Program program = StartProgram(FolderWithScripture());
+    const std::vector<ToolButton> buttons = ToolButtons(program);
+    ASSERT_EQ(buttons.size(), std::size(kToolbar));
+    for (std::size_t at = 0; at < buttons.size(); ++at) {
+        SCOPED_TRACE(at + 1);
+        const ToolbarRow& row = kToolbar[at];
+        EXPECT_EQ(buttons[at].command, row.command);
+        const bool isGap = row.begins == Begins::kSeparator;
+        EXPECT_EQ((buttons[at].style & TBSTYLE_SEP) != 0, isGap);
+        if (isGap) continue;
+        EXPECT_EQ(buttons[at].image, row.image);
+        EXPECT_EQ((buttons[at].style & TBSTYLE_CHECK) != 0, row.begins == Begins::kPressed);
+        EXPECT_EQ(buttons[at].state, StateOf(program, row));
+    }
+}
+
+TEST(Toolbar, RunsTheCommandOfAClickedButton) {
+    const Program program = StartProgram(FolderWithScripture());
+    const auto click = [&](int command) {
+        const RECT button = ToolRect(program, command);
+        Click(program, Child(program.frame, {IDC_TOOLBAR}),
+              {(button.left + button.right) / 2, (button.top + button.bottom) / 2});
+    };
+    click(IDM_VIEW_LIST);
+    EXPECT_FALSE(IsShown(ListTabs(program)));
+    EXPECT_FALSE(IsTicked(program, IDM_VIEW_LIST));
+    EXPECT_EQ(ToolState(program, IDM_VIEW_LIST), TBSTATE_ENABLED);
+    click(IDM_VIEW_LIST);
+    EXPECT_TRUE(IsShown(ListTabs(program)));
+    EXPECT_EQ(ToolState(program, IDM_VIEW_LIST), TBSTATE_ENABLED | TBSTATE_CHECKED);
+    click(IDM_GOTO_VERSE);
+    WaitForDialog(program, "Go To Verse");
+}
+
+// A greyed button can still be pressed; it must do nothing.
+TEST(Toolbar, RunsNothingThatIsGreyed) {
+    const Program program = StartProgram(FolderWithScripture());
+    for (const int command : {IDM_CONTEXT, IDM_NOTE_FOR_LIST, IDM_COPY_VERSE_LIST, IDM_COPY_REFERENCES, IDM_CUT}) {
+        const RECT button = ToolRect(program, command);
+        Click(program, Child(program.frame, {IDC_TOOLBAR}),
+              {(button.left + button.right) / 2, (button.top + button.bottom) / 2});
+        EXPECT_FALSE(HasDialog(program));
+        EXPECT_EQ(ToolState(program, command), TBSTATE_ENABLED | TBSTATE_INDETERMINATE) << command;
+    }
+    EXPECT_EQ(StatusPart(program, 2), "Genesis 1:1");
+}
+
+// The text that the frame gives for a command, whether the toolbar has a button for it or not: a tool is added to the
+// tool-tip control and asked for.
+static std::string AnsweredTip(const Program& program, int command) {
+    const HWND toolbar = Child(program.frame, {IDC_TOOLBAR});
+    const auto tips = reinterpret_cast<HWND>(Ask(program, toolbar, TB_GETTOOLTIPS));
+    TTTOOLINFOA tool{};
+    tool.cbSize = TTTOOLINFOA_V1_SIZE;
+    tool.hwnd = program.frame;
+    tool.uId = static_cast<UINT_PTR>(command);
+    tool.lpszText = LPSTR_TEXTCALLBACKA;
+    AskAbout(program, tips, TTM_ADDTOOLA, 0, tool);
+    const char empty[256] = "";
+    const RemoteMemory room(program, sizeof empty);
+    tool.lpszText = static_cast<char*>(room.address);
+    AskAbout(program, tips, TTM_GETTEXTA, sizeof empty, tool);
+    char text[sizeof empty] = "";
+    ReadRemote(room, text, sizeof text);
+    AskAbout(program, tips, TTM_DELTOOLA, 0, tool);
+    return text;
+}
+
+struct TipRow {
+    int command;
+    const char* text;
+};
+
+static constexpr TipRow kTips[] = {
+    {IDM_HELP_TOPICS, "Help (F1)"},
+    {IDM_WORD_SEARCH, "Word(s) Search (Alt+W)"},
+    {IDM_PHRASE_SEARCH, "Phrase Search (Alt+P)"},
+    {IDM_CONTEXT, "Read Context of Verse in Verse List (F12)"},
+    {IDM_GOTO_VERSE, "Go to a Verse (Alt+G)"},
+    {IDM_WORD_LIST_SEARCH, "Word(s) Search with word list (Alt+L)"},
+    {IDM_VIEW_LIST, "Show/Hide Verse List Window (F2)"},
+    {IDM_VIEW_PASSAGE, "Show/Hide Passage Window (F3)"},
+    {IDM_VIEW_NOTES, "Show/Hide Notes Window (F4)"},
+    {IDM_COPY_VERSE, "Copy a Verse (F5)"},
+    {IDM_COPY_RANGE, "Copy a Range of Verses (F6)"},
+    {IDM_COPY_VERSE_LIST, "Copy the Verse List (F7)"},
+    {IDM_COPY_REFERENCES, "Copy the Reference List (F8)"},
+    {IDM_SAVE_RANGE, "Save a Range of verses"},
+    {IDM_SAVE_VERSE_LIST, "Save the Verse List"},
+    {IDM_CUT, "Cut (Ctrl+X)"},
+    {IDM_COPY, "Copy (Ctrl+C)"},
+    {IDM_PASTE, "Paste (Ctrl+V)"},
+    {IDM_GOTO_NOTE, "Go to a Note (Alt+N)"},
+    {IDM_NOTE_FOR_PASSAGE, "Note for Ge 1:1 (F10)"},
+    {IDM_NOTE_FOR_LIST, "Note for Verse in Verse List (F9)"},
+    {IDM_EDIT_NOTE, "Edit Current Note (Alt+E)"},
+    {IDM_SEARCH_NOTES, "Search Notes (Alt+T)"},
+    {IDM_VERSE_FOR_NOTE, "Read Verse for Current Note (F11)"},
+};
+
+TEST(ToolTips, AnswerForEachCommandOfTheirTableAndNoOther) {
+    const Program program = StartProgram(FolderWithScripture());
+    for (int command = 95; command <= 200; ++command) {
+        const auto* row =
+            std::find_if(std::begin(kTips), std::end(kTips), [&](const TipRow& tip) { return tip.command == command; });
+        EXPECT_EQ(AnsweredTip(program, command), row == std::end(kTips) ? "" : row->text) << command;
+    }
+}
+
+TEST(ToolTips, ShowUnderTheMouse) {
+    const Program program = StartProgram(FolderWithScripture());
+    EXPECT_EQ(ToolTip(program, IDM_WORD_SEARCH), "Word(s) Search (Alt+W)");
+    EXPECT_EQ(ToolTip(program, IDM_CONTEXT), "Read Context of Verse in Verse List (F12)");
+}
+
+TEST(ToolTips, NameTheVersesThatTheirCommandsWouldTake) {
+    const Program program = StartProgram(FolderWithScripture());
+    Command(program, IDM_GOTO_BOOK + 43);
+    EXPECT_EQ(AnsweredTip(program, IDM_NOTE_FOR_PASSAGE), "Note for Joh 1:1 (F10)");
+    SearchWord(program, "unsearchable");
+    EXPECT_EQ(AnsweredTip(program, IDM_CONTEXT), "Read Context of Job 5:9 (F12)");
+    EXPECT_EQ(AnsweredTip(program, IDM_NOTE_FOR_LIST), "Note for Job 5:9 (F9)");
+    Press(program, "Down");
+    EXPECT_EQ(AnsweredTip(program, IDM_CONTEXT), "Read Context of Ps 145:3 (F12)");
+    EXPECT_EQ(AnsweredTip(program, IDM_NOTE_FOR_PASSAGE), "Note for Joh 1:1 (F10)");
+    Press(program, "Alt+w");
+    WaitForDialog(program, "Word Search");
+    Type(program, "nowordofit");
+    Press(program, "Enter");
+    WaitForDialog(program, "Search Results");
+    Press(program, "Enter");
+    WaitForNoDialog(program);
+    EXPECT_EQ(AnsweredTip(program, IDM_CONTEXT), "Read Context of Verse in Verse List (F12)");
+}
+
+// ---- Status bar
+// -------------------------------------------------------------------------------------------------------
+
+TEST(StatusBar, IsDividedByItsWidth) {
+    const Program program = StartProgram(FolderWithScripture());
+    for (const LONG width : {1000, 777, 640, 401}) {
+        PlaceFrame(program, {20, 20, 20 + width, 620});
+        const double w = ClientRectOf(Child(program.frame, {IDC_STATUS_BAR})).right;
+        const std::vector<int> edges = StatusEdges(program);
+        ASSERT_EQ(edges.size(), 5u);
+        const double expected[] = {(0.4 * w - 1) * 0.57, 0.45 * w - 1, 0.55 * w, 0.4 * w * 0.43 + 0.6 * w};
+        for (std::size_t part = 0; part < 4; ++part) EXPECT_NEAR(edges[part], static_cast<int>(expected[part]), 1) << w;
+        EXPECT_EQ(edges[4], -1);
+    }
+}
+
+TEST(StatusBar, KeepsItsTextsThroughSizes) {
+    const ScratchFolder folder = FolderWithScripture();
+    WriteSetting(folder, "SEARCH", "StartVerse", "5");
+    WriteSetting(folder, "SEARCH", "EndVerse", "31101");
+    const Program program = StartProgram(folder);
+    SearchWord(program, "unsearchable");
+    const auto texts = [&] {
+        std::vector<std::string> parts;
+        for (int part = 0; part < 5; ++part) parts.push_back(StatusPart(program, part));
+        return parts;
+    };
+    const std::vector<std::string> before = texts();
+    EXPECT_EQ(before[1], "Job 5:9");
+    EXPECT_EQ(before[4], "Ge 1:6 - Re 22:21");
+    PlaceFrame(program, {20, 20, 220, 220});
+    PlaceFrame(program, kUsualPlace);
+    EXPECT_EQ(texts(), before);
+}
+
+// ---- Tabs
+// -------------------------------------------------------------------------------------------------------------
+
+TEST(ListViews, SwitchAndKeepTheList) {
+    const Program program = StartProgram(FolderWithScripture());
+    PlaceFrame(program, kUsualPlace);
+    SearchWord(program, "unsearchable");
+    Press(program, "Down");
+    ClickTab(program, ListTabs(program), 0);  // the caret goes with the focus
+    const HWND list = Child(program.frame, {IDC_LIST_TABS, IDC_VERSE_LIST});
+    const Picture before = PictureOfWindow(list);
+    EXPECT_EQ(StatusPart(program, 1), "Psalms 145:3");
+    const std::string summary = StatusPart(program, 0);
+
+    ClickTab(program, ListTabs(program), 1);
+    EXPECT_TRUE(IsShown(References(program)));
+    EXPECT_FALSE(IsShown(list));
+    EXPECT_EQ(StatusPart(program, 1), "");
+    EXPECT_EQ(StatusPart(program, 0), summary);
+    EXPECT_THAT(ListStrings(References(program)),
+                ElementsAre("Job 5:9", "Psalms 145:3", "Proverbs 25:3", "Romans 11:33", "Ephesians 3:8"));
+    SavePicture(PictureOfWindow(program.frame), "reference-list");
+    Command(program, IDM_PARAGRAPH_FORMAT);  // what repaints everything does not bring the verse back
+    EXPECT_EQ(StatusPart(program, 1), "");
+
+    Command(program, IDM_PARAGRAPH_FORMAT);
+    ClickTab(program, ListTabs(program), 0);
+    EXPECT_EQ(StatusPart(program, 1), "Psalms 145:3");
+    const RECT changed = DifferingArea(before, PictureOfWindow(list));
+    EXPECT_TRUE(IsRectEmpty(&changed));
+}
+
+TEST(ListViews, FillBothFromASearchInEither) {
+    const Program program = StartProgram(FolderWithScripture());
+    ClickTab(program, ListTabs(program), 1);
+    SearchWord(program, "unsearchable");
+    EXPECT_EQ(ListStrings(References(program)).size(), 5u);
+    EXPECT_EQ(StatusPart(program, 1), "");
+    EXPECT_EQ(FocusOf(program), References(program));
+    ClickTab(program, ListTabs(program), 0);
+    EXPECT_EQ(StatusPart(program, 1), "Job 5:9");
+}
+
+TEST(ListViews, StayInTheirPlaceWhenTheyAreSwitchedAtAnySize) {
+    const Program program = StartProgram(FolderWithScripture());
+    ClickTab(program, ListTabs(program), 1);
+    PlaceFrame(program, {20, 20, 700, 500});
+    const RECT references = RectOnScreen(References(program));
+    ClickTab(program, ListTabs(program), 0);
+    const RECT list = RectOnScreen(Child(program.frame, {IDC_LIST_TABS, IDC_VERSE_LIST}));
+    EXPECT_EQ(list.left, references.left);
+    EXPECT_EQ(list.top, references.top);
+    EXPECT_EQ(list.right, references.right);
+    EXPECT_LE(references.bottom, list.bottom);  // a list box shows whole lines only
+}
+
+static POINT LineOf(HWND listBox, int line) {
+    const auto height = static_cast<LONG>(SendMessageA(listBox, LB_GETITEMHEIGHT, 0, 0));
+    return {20, line * height + height / 2};
+}
+
+TEST(ReferenceList, ReadsTheContextOfADoubleClickedLine) {
+    const Program program = StartProgram(FolderWithScripture());
+    SearchWord(program, "unsearchable");
+    ClickTab(program, ListTabs(program), 1);
+    DoubleClick(program, References(program), LineOf(References(program), 3));
+    EXPECT_EQ(StatusPart(program, 3), "Romans 11:33");
+    DoubleClick(program, References(program), LineOf(References(program), 1));
+    EXPECT_EQ(StatusPart(program, 3), "Psalms 145:3");
+}
+
+TEST(ReferenceList, ShowsAHiddenPassageForADoubleClick) {
+    const Program program = StartProgram(FolderWithScripture());
+    SearchWord(program, "unsearchable");
+    Press(program, "F3");
+    ClickTab(program, ListTabs(program), 1);
+    DoubleClick(program, References(program), LineOf(References(program), 4));
+    EXPECT_TRUE(IsShown(Child(program.frame, {IDC_PASSAGE_TABS, IDC_PASSAGE})));
+    EXPECT_EQ(StatusPart(program, 3), "Ephesians 3:8");
+}
+
+// Whatever command reaches the tab control ends there, but for the list's double click.
+TEST(ReferenceList, SendsTheFrameNoCommands) {
+    const Program program = StartProgram(FolderWithScripture());
+    for (const WPARAM command : {WPARAM{IDM_WORD_SEARCH}, WPARAM{IDM_VIEW_NOTES}, WPARAM{IDC_REFERENCE_LIST},
+                                 WPARAM{MAKEWPARAM(IDC_REFERENCE_LIST, LBN_SELCHANGE)}})
+        EXPECT_EQ(Ask(program, ListTabs(program), WM_COMMAND, command), 0);
+    Settle(program);
+    EXPECT_FALSE(HasDialog(program));
+    EXPECT_TRUE(IsShown(Child(program.frame, {IDC_NOTE_TABS})));
+}
+
+// ---- Sizes
+// ------------------------------------------------------------------------------------------------------------
+
+static RECT VisibleRect(const Program& program, int id) {
+    return RectIn(Child(program.frame, {id}), program.frame);
+}
+
+static void ExpectApart(const RECT& one, const RECT& other) {
+    RECT common{};
+    EXPECT_FALSE(IntersectRect(&common, &one, &other))
+        << common.left << "," << common.top << "," << common.right << "," << common.bottom;
+}
+
+TEST(Sizes, NeverMakePanesOverlap) {
+    const Program program = StartProgram(FolderWithScripture());
+    for (const SIZE size : {SIZE{1000, 700}, SIZE{601, 401}, SIZE{400, 301}, SIZE{301, 201}, SIZE{201, 161},
+                            SIZE{150, 121}, SIZE{112, 90}, SIZE{60, 27}}) {
+        SCOPED_TRACE(size.cx);
+        PlaceFrame(program, {20, 20, 20 + size.cx, 20 + size.cy});
+        if (size.cx == 201 || size.cx == 60)
+            SavePicture(PictureOfWindow(program.frame), "smallest-" + std::to_string(size.cx));
+        const RECT list = VisibleRect(program, IDC_LIST_TABS);
+        const RECT passage = VisibleRect(program, IDC_PASSAGE_TABS);
+        const RECT notes = VisibleRect(program, IDC_NOTE_TABS);
+        ExpectApart(list, passage);
+        ExpectApart(list, notes);
+        ExpectApart(passage, notes);
+        const RECT client = ClientRectOf(program.frame);
+        EXPECT_LE(passage.right, client.right);
+        for (const RECT& pane : {list, passage, notes}) {
+            ExpectApart(pane, VisibleRect(program, IDC_TOOLBAR));
+            EXPECT_GE(pane.right, pane.left);
+            EXPECT_GE(pane.bottom, pane.top);
+        }
+    }
+    PlaceFrame(program, kUsualPlace);
+    EXPECT_EQ(StatusPart(program, 3), "Genesis 1:1");
+}
+
+TEST(Sizes, ComeBackAfterMinimizing) {
+    const ScratchFolder folder = FolderWithScripture();
+    Program program = StartProgram(folder);
+    PlaceFrame(program, kUsualPlace);
+    Command(program, IDM_GOTO_BOOK + 19);
+    Click(program, Child(program.frame, {IDC_PASSAGE_TABS, IDC_PASSAGE}));
+    const auto places = [&] {
+        std::vector<LONG> edges;
+        for (const int id : {IDC_TOOLBAR, IDC_LIST_TABS, IDC_PASSAGE_TABS, IDC_NOTE_TABS, IDC_STATUS_BAR}) {
+            const RECT rect = RectIn(Child(program.frame, {id}), program.frame);
+            for (const LONG edge : {rect.left, rect.top, rect.right, rect.bottom}) edges.push_back(edge);
+        }
+        return edges;
+    };
+    const std::vector<LONG> before = places();
+    for (const WPARAM order : {WPARAM{SC_MINIMIZE}, WPARAM{SC_RESTORE}, WPARAM{SC_MAXIMIZE}, WPARAM{SC_MINIMIZE},
+                               WPARAM{SC_RESTORE}, WPARAM{SC_RESTORE}}) {
+        PostMessageA(program.frame, WM_SYSCOMMAND, order, 0);
+        Settle(program);
+    }
+    EXPECT_EQ(places(), before);
+    EXPECT_EQ(StatusPart(program, 3), "Psalms 1:1");
+    EXPECT_EQ(FocusOf(program), Child(program.frame, {IDC_PASSAGE_TABS, IDC_PASSAGE}));
+    PostMessageA(program.frame, WM_SYSCOMMAND, SC_MINIMIZE, 0);
+    Settle(program);
+    EXPECT_EQ(CloseProgram(program), 0);
+    EXPECT_EQ(Setting(folder, "MISC", "Width"), "1000");
+    EXPECT_EQ(Setting(folder, "MISC", "ReadVerse"), "13940");
+}
+
+TEST(HiddenPane, GivesItsKeysToOneThatIsShown) {
+    const Program program = StartProgram(FolderWithScripture());
+    const HWND passage = Child(program.frame, {IDC_PASSAGE_TABS, IDC_PASSAGE});
+    Click(program, passage);
+    ASSERT_EQ(FocusOf(program), passage);
+    Press(program, "F3");
+    EXPECT_TRUE(IsShown(FocusOf(program)));
+    EXPECT_NE(FocusOf(program), passage);
+}
+
+// ---- The program's own file
+// -------------------------------------------------------------------------------------------
+
+static std::string ResourceBytes(HMODULE program, LPCSTR name, LPCSTR type) {
+    const HRSRC found = FindResourceA(program, name, type);
+    if (found == nullptr) return "";
+    return {static_cast<const char*>(LockResource(LoadResource(program, found))), SizeofResource(program, found)};
+}
+
+static std::string VersionText(const char* name) {
+    const char* file = Surroundings().program.c_str();
+    std::string block(GetFileVersionInfoSizeA(file, nullptr), '\0');
+    GetFileVersionInfoA(file, 0, static_cast<DWORD>(block.size()), block.data());
+    void* text = nullptr;
+    UINT length = 0;
+    const std::string path = std::string("\\StringFileInfo\\040904E4\\") + name;
+    if (!VerQueryValueA(block.data(), path.c_str(), &text, &length)) return "";
+    return static_cast<const char*>(text);
+}
+
+TEST(ProgramFile, CarriesVersionManifestIconAndPictures) {
+    EXPECT_EQ(VersionText("ProductName"), "Versewell97");
+    EXPECT_EQ(VersionText("ProductVersion"), "3.2");
+    EXPECT_NE(VersionText("FileDescription"), "");
+    const HMODULE program = LoadLibraryExA(Surroundings().program.c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE);
+    ASSERT_NE(program, nullptr);
+    const std::string manifest = ResourceBytes(program, MAKEINTRESOURCEA(1), MAKEINTRESOURCEA(24));
+    EXPECT_NE(manifest.find("Microsoft.Windows.Common-Controls"), std::string::npos);
+    EXPECT_NE(manifest.find("<dpiAware"), std::string::npos);
+    EXPECT_NE(manifest.find("asInvoker"), std::string::npos);
+    const std::string icons = ResourceBytes(program, "Big_Icon", MAKEINTRESOURCEA(14));
+    EXPECT_GE(icons.size(), 6u + 2 * 14u);  // a small and a large one at least
+    const std::string strip = ResourceBytes(program, MAKEINTRESOURCEA(IDB_TOOLBAR), MAKEINTRESOURCEA(2));
+    ASSERT_GT(strip.size(), sizeof(BITMAPINFOHEADER));
+    const auto* header = reinterpret_cast<const BITMAPINFOHEADER*>(strip.data());
+    EXPECT_EQ(header->biWidth, 24 * 16);
+    EXPECT_EQ(header->biHeight, 16);
+    FreeLibrary(program);
+}
+
+TEST(About, ShowsIconAndVersionUntilItIsClosed) {
+    const Program program = StartProgram(FolderWithScripture());
+    for (const char* key : {"Enter", "Esc"}) {
+        Command(program, IDM_ABOUT);
+        const HWND dialog = WaitForDialog(program, "About Versewell97");
+        EXPECT_THAT(ButtonsOf(dialog), ElementsAre("OK"));
+        std::vector<std::string> lines;
+        bool hasIcon = false;
+        for (const HWND child : ChildrenOf(dialog)) {
+            if (ClassOf(child) != "Static") continue;
+            if ((GetWindowLongA(child, GWL_STYLE) & SS_TYPEMASK) == SS_ICON)
+                hasIcon = SendMessageA(child, STM_GETICON, 0, 0) != 0;
+            else
+                lines.push_back(TextOf(child));
+        }
+        EXPECT_TRUE(hasIcon);
+        EXPECT_THAT(lines, ElementsAre("Versewell97 v3.2"));
+        const RECT frame = RectOnScreen(program.frame);
+        const RECT place = RectOnScreen(dialog);
+        const LONG height = static_cast<LONG>((frame.bottom - frame.top) * 0.9);
+        EXPECT_EQ(place.left, frame.left + (frame.right - frame.left - (place.right - place.left)) / 2);
+        EXPECT_EQ(place.top, frame.top + (height - (place.bottom - place.top)) / 2);
+        SavePicture(PictureOfWindow(dialog), "about");
+        Press(program, key);
+        WaitForNoDialog(program);
+    }
+}
