@@ -129,9 +129,11 @@ TEST(LoadScripture, FailsAtTheFirstFileThatIsMissing) {
     }
 }
 
-TEST(LoadScripture, TakesEmptyFilesAsTheyAre) {
-    FakeFiles files{{{"_avvidx.dat", ""}, {"_avtext.dat", ""}}, {}};
+TEST(LoadScripture, TakesEmptyRecordsButNoEmptyText) {
     Scripture scripture;
-    EXPECT_TRUE(LoadScripture({&files, MapFake}, scripture));
+    FakeFiles noRecords{{{"_avvidx.dat", ""}, {"_avtext.dat", "word"}}, {}};
+    EXPECT_TRUE(LoadScripture({&noRecords, MapFake}, scripture));
     EXPECT_EQ(VerseText(scripture, 0), "");
+    FakeFiles noText{{{"_avvidx.dat", "1234567"}, {"_avtext.dat", ""}}, {}};
+    EXPECT_FALSE(LoadScripture({&noText, MapFake}, scripture));
 }
