@@ -1,0 +1,327 @@
+// Note sets: which ones a start finds, what it makes of them and what the note view shows of each verse's note.
+
+#include <algorithm>
+
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "resources/ids.h"
+#include "tests/driver/driver.h"
+#include "tests/windows/note_set_files.h"
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::UnorderedElementsAre;
+
+static constexpr int kLast = kVerses - 1;
+
+static HWND NoteTabs(const Program& program) {
+    return Child(program.frame, {IDC_NOTE_TABS});
+}
+
+static std::vector<std::string> SetsOf(const Program& program) {
+    return TabLabels(program, NoteTabs(program));
+}
+
+static HWND NoteView(const Program& program) {
+    return Child(program.frame, {IDC_NOTE_TABS, IDC_NOTES, IDC_NOTE_VIEW});
+}
+
+static std::string NoteShown(const Program& program) {
+    Settle(program);
+    return TextOf(NoteView(program));
+}
+
+static void Answer(HWND box) {
+    PostMessageA(box, WM_COMMAND, IDOK, 0);
+}
+
+// A start that opens the note of `verse` in set `set`.
+static ScratchFolder FolderAtNote(int verse, int set = 0) {
+    const ScratchFolder folder = FolderWithScripture();
+    WriteSetting(folder, "MISC", "NoteVerse", std::to_string(verse));
+    WriteSetting(folder, "MISC", "Note", std::to_string(set));
+    return folder;
+}
+
+// ---- Which sets there are
+// ---------------------------------------------------------------------------------------------
+
+TEST(NoteSets, AreThirtyOneAtMost) {
+    const ScratchFolder folder = FolderWithScripture();
+    for (int set = 0; set < 40; ++set)
+        WriteNoteSet(folder, "Set " + std::to_string(set), {{0, "in " + std::to_string(set)}});
+    Program program = StartProgram(folder);
+    const std::vector<std::string> names = SetsOf(program);
+    ASSERT_EQ(names.size(), 31u);
+    ClickTab(program, NoteTabs(program), 30);
+    EXPECT_EQ("Set" + NoteShown(program).substr(2), names[30]);
+    Command(program, IDM_NEXT_NOTE_SET);
+    EXPECT_EQ(SelectedTab(NoteTabs(program)), 0);
+    SavePicture(PictureOfWindow(program.frame), "note-sets-31");
+    EXPECT_EQ(CloseProgram(program), 0);
+    EXPECT_FALSE(HasFile(folder, "My Notes.nmi"));
+}
+
+TEST(NoteSets, TakeTheirNamesUpToTheLastDot) {
+    const ScratchFolder folder = FolderWithScripture();
+    WriteNoteSet(folder, "a.b", {{0, "dotted"}});
+    WriteNoteSet(folder, "", {{0, "nameless"}});
+    WriteNoteSet(folder, "M\xFCller \xB6", {{0, "beyond ASCII"}});
+    WriteFile(folder, "no set.nmd", "text");
+    Program program = StartProgram(folder);
+    const std::vector<std::string> names = SetsOf(program);
+    EXPECT_THAT(names, UnorderedElementsAre("a.b", "", "M\xFCller \xB6"));
+    for (int set = 0; set < 3; ++set) {
+        ClickTab(program, NoteTabs(program), set);
+        const std::string& name = names[static_cast<std::size_t>(set)];
+        EXPECT_EQ(NoteShown(program), name.empty() ? "nameless" : name == "a.b" ? "dotted" : "beyond ASCII");
+    }
+}
+
+TEST(NoteSets, LeaveFoldersOfTheirEndingAlone) {
+    const ScratchFolder folder = FolderWithScripture();
+    std::filesystem::create_directory(folder.path / "Folder.nmi");
+    Program program = StartProgram(folder);
+    EXPECT_THAT(SetsOf(program), ElementsAre("My Notes"));
+}
+
+// Notes whose index was lost stay as they are.
+TEST(NoteSets, AreNotMadeOverExistingNotes) {
+    const ScratchFolder folder = FolderWithScripture();
+    WriteFile(folder, "My Notes.nmd", "mine");
+    Program program = LaunchProgram(folder);
+    const HWND box = WaitForDialog(program, "Error");
+    EXPECT_EQ(MessageText(box), "Error creating note files");
+    EXPECT_THAT(ButtonsOf(box), ElementsAre("OK"));
+    SavePicture(PictureOfWindow(box), "error-creating-note-files");
+    Answer(box);
+    WaitForFrame(program);
+    EXPECT_THAT(SetsOf(program), ElementsAre("My Notes"));
+    EXPECT_EQ(StatusPart(program, 2), "Genesis 1:1");
+    EXPECT_EQ(CloseProgram(program), 0);
+    EXPECT_EQ(ReadFile(folder, "My Notes.nmd"), "mine");
+    EXPECT_TRUE(HasFile(folder, "Versewell.INI"));
+}
+
+// ---- Which note is shown
+// ----------------------------------------------------------------------------------------------
+
+TEST(Note, IsShownFromTheStart) {
+    static const struct {
+        int verse;
+        const char* note;  // null: none is stored
+        const char* shown;
+        const char* part;
+    } kRows[] = {
+        {0, "first", "first", "Genesis 1:1"},
+        {0, nullptr, "No note for Genesis 1:1.", "Genesis 1:1"},
+        {26136, "two\r\nlines", "two\r\nlines", "John 3:16"},
+        {14236, nullptr, "No note for Psalms 23:1.", "Psalms 23:1"},
+        {kLast, "to the end", "to the end", "Revelation 22:21"},
+        {kLast, nullptr, "No note for Revelation 22:21.", "Revelation 22:21"},
+        {5, "{\\rtf1 plain}", "{\\rtf1 plain}", "Genesis 1:6"},  // no note is read as rich text
+        {6, "\xB6 \xE9", "\xB6 \xE9", "Genesis 1:7"},
+    };
+    for (const auto& row : kRows) {
+        SCOPED_TRACE(row.shown);
+        const ScratchFolder folder = FolderAtNote(row.verse);
+        WriteNoteSet(folder, "Mine",
+                     row.note ? std::map<int, std::string>{{row.verse, row.note}} : std::map<int, std::string>{});
+        Program program = StartProgram(folder);
+        EXPECT_EQ(NoteShown(program), row.shown);
+        EXPECT_EQ(StatusPart(program, 2), row.part);
+        const TextSelection selection = RichSelection(program, NoteView(program));
+        EXPECT_EQ(selection.start, 0);
+        EXPECT_EQ(selection.end, 0);
+    }
+}
+
+static std::string Lines(std::size_t size) {
+    std::string lines;
+    while (lines.size() < size) lines += "a line of a long note\r\n";
+    return lines;
+}
+
+// The last note has no next offset: it ends with the file, of which the buffer takes 64 KB.
+TEST(Note, OfTheLastVerseIsReadToTheEndOfTheFile) {
+    const std::string lines = Lines(70000);
+    static const struct {
+        std::string note;
+        std::size_t shown;
+    } kRows[] = {{lines.substr(0, 50000), 50000}, {lines, 65535}};
+    for (const auto& row : kRows) {
+        const ScratchFolder folder = FolderAtNote(kLast);
+        WriteNoteSet(folder, "Mine", {{kLast, row.note}});
+        Program program = StartProgram(folder);
+        EXPECT_EQ(NoteShown(program), row.note.substr(0, row.shown));
+    }
+}
+
+TEST(Note, OfASetOrVerseThatThereIsNotIsTheFirst) {
+    static constexpr struct {
+        int verse, set;
+        int shownVerse, shownSet;
+    } kRows[] = {{40000, 0, 0, 0}, {31102, 1, 0, 1}, {kLast, 1, kLast, 1}, {7, 5, 7, 0}, {7, 2, 7, 0}, {-3, -1, 0, 0}};
+    for (const auto& row : kRows) {
+        SCOPED_TRACE(testing::Message() << row.verse << " of set " << row.set);
+        const ScratchFolder folder = FolderAtNote(row.verse, row.set);
+        for (const char* name : {"A", "B"}) WriteNoteSet(folder, name, {{row.shownVerse, std::string("in ") + name}});
+        Program program = StartProgram(folder);
+        EXPECT_EQ(SelectedTab(NoteTabs(program)), row.shownSet);
+        EXPECT_EQ(NoteShown(program), "in " + SetsOf(program)[static_cast<std::size_t>(row.shownSet)]);
+        EXPECT_EQ(CloseProgram(program), 0);
+        EXPECT_EQ(Setting(folder, "MISC", "NoteVerse"), std::to_string(row.shownVerse));
+        EXPECT_EQ(Setting(folder, "MISC", "Note"), std::to_string(row.shownSet));
+    }
+}
+
+TEST(Note, FollowsTheTabsOfTheSets) {
+    const ScratchFolder folder = FolderAtNote(26136);
+    for (const char* name : {"A", "B", "C"}) WriteNoteSet(folder, name, {{26136, std::string("in ") + name}});
+    Program program = StartProgram(folder);
+    const HWND tabs = NoteTabs(program);
+    const std::vector<std::string> names = SetsOf(program);
+    for (const int set : {2, 0, 1}) {
+        ClickTab(program, tabs, set);
+        EXPECT_EQ(NoteShown(program), "in " + names[static_cast<std::size_t>(set)]);
+        EXPECT_EQ(StatusPart(program, 2), "John 3:16");
+    }
+    EXPECT_EQ(CloseProgram(program), 0);
+    EXPECT_EQ(Setting(folder, "MISC", "Note"), "1");
+}
+
+TEST(Note, FollowsTheKeysOfTheSets) {
+    static constexpr struct {
+        const char* keys;
+        int selected;
+    } kRows[] = {{"Alt+Right", 1}, {"Alt+Right", 2}, {"Alt+Right", 0}, {"Alt+Left", 2}, {"Alt+Left", 1}};
+    const ScratchFolder folder = FolderWithScripture();
+    for (const char* name : {"A", "B", "C"}) WriteNoteSet(folder, name, {{0, std::string("in ") + name}});
+    Program program = StartProgram(folder);
+    const std::vector<std::string> names = SetsOf(program);
+    for (const auto& row : kRows) {
+        Press(program, row.keys);
+        EXPECT_EQ(SelectedTab(NoteTabs(program)), row.selected);
+        EXPECT_EQ(NoteShown(program), "in " + names[static_cast<std::size_t>(row.selected)]);
+    }
+}
+
+TEST(Note, StepsRoundTheBibleToTheNextOne) {
+    static constexpr struct {
+        const char* keys;
+        const char* part;
+    } kRows[] = {{"Alt+Down", "Genesis 1:11"},
+                 {"Alt+Down", "Revelation 22:21"},
+                 {"Alt+Down", "Genesis 1:11"},
+                 {"Alt+Up", "Revelation 22:21"},
+                 {"Alt+Up", "Genesis 1:11"}};
+    const ScratchFolder folder = FolderWithScripture();
+    WriteNoteSet(folder, "Mine", {{10, "tenth"}, {kLast, "last"}});
+    Program program = StartProgram(folder);
+    for (const auto& row : kRows) {
+        Press(program, row.keys);
+        EXPECT_EQ(StatusPart(program, 2), row.part) << row.keys;
+    }
+}
+
+TEST(Note, StepsToTheNeighbourWhereThereIsNoOther) {
+    const ScratchFolder folder = FolderAtNote(10);
+    WriteNoteSet(folder, "Mine", {{10, "the only one"}});
+    Program program = StartProgram(folder);
+    Press(program, "Alt+Down");
+    EXPECT_EQ(StatusPart(program, 2), "Genesis 1:12");
+    EXPECT_EQ(NoteShown(program), "No note for Genesis 1:12.");
+}
+
+// The labels of verses with notes differ, so another set repaints the passage.
+TEST(Note, IsMarkedInThePassageByTheSetThatIsShown) {
+    const ScratchFolder folder = FolderWithScripture();
+    WriteNoteSet(folder, "A", {{0, "noted"}});
+    WriteNoteSet(folder, "B");
+    Program program = StartProgram(folder);
+    const HWND passage = Child(program.frame, {IDC_PASSAGE_TABS, IDC_PASSAGE});
+    const Picture first = PictureOfWindow(passage);
+    ClickTab(program, NoteTabs(program), 1);
+    const Picture second = PictureOfWindow(passage);
+    const RECT changed = DifferingArea(first, second);
+    EXPECT_FALSE(IsRectEmpty(&changed));
+    ClickTab(program, NoteTabs(program), 0);
+    const RECT same = DifferingArea(first, PictureOfWindow(passage));
+    EXPECT_TRUE(IsRectEmpty(&same));
+}
+
+// ---- Files that are not as they should be
+// -----------------------------------------------------------------------------
+
+TEST(Note, ThatCannotBeReadIsSaidAndChangesNothing) {
+    const ScratchFolder folder = FolderAtNote(3);
+    WriteNoteSet(folder, "Mine", {{3, "third"}, {10, "tenth"}});
+    Program program = StartProgram(folder);
+    ASSERT_EQ(NoteShown(program), "third");
+    std::filesystem::rename(folder.path / "Mine.nmd", folder.path / "away.nmd");
+    for (const char* keys : {"Alt+Down", "F10"}) {
+        Press(program, keys);
+        const HWND box = WaitForDialog(program, "Error");
+        EXPECT_EQ(MessageText(box), "Error reading note file");
+        EXPECT_THAT(ButtonsOf(box), ElementsAre("OK"));
+        SavePicture(PictureOfWindow(program.frame), "error-reading-note");
+        Press(program, "Enter");
+        WaitForNoDialog(program);
+        EXPECT_EQ(NoteShown(program), "third");
+        EXPECT_EQ(StatusPart(program, 2), "Genesis 1:4");
+    }
+    std::filesystem::rename(folder.path / "away.nmd", folder.path / "Mine.nmd");
+    Press(program, "Alt+Down");
+    EXPECT_EQ(NoteShown(program), "tenth");
+}
+
+TEST(Note, ThatCannotBeReadAtTheStartDoesNotEndIt) {
+    const ScratchFolder folder = FolderAtNote(3);
+    WriteNoteSet(folder, "Mine");
+    std::filesystem::remove(folder.path / "Mine.nmd");
+    Program program = LaunchProgram(folder);
+    Answer(WaitForDialog(program, "Error"));
+    WaitForFrame(program);
+    EXPECT_EQ(StatusPart(program, 2), "");
+    EXPECT_EQ(NoteShown(program), "");
+    EXPECT_EQ(CloseProgram(program), 0);
+    EXPECT_EQ(Setting(folder, "MISC", "NoteVerse"), "3");
+}
+
+TEST(DamagedNotes, NeverCrashTheProgram) {
+    std::string falling(kVerses * 4, '\0');
+    for (std::size_t at = 0; at < falling.size(); ++at) falling[at] = static_cast<char>(0xFF - at / 4 % 256);
+    static const struct {
+        const char* why;
+        std::string index;
+        std::string data;
+    } kRows[] = {
+        {"nothing at all", "", ""},
+        {"three bytes", "abc", "text"},
+        {"a short index", IndexBytes({0, 4}), std::string("abc\0def", 7)},
+        {"offsets beyond the data", std::string(kVerses * 4, '\xFF'), "text"},
+        {"falling offsets", falling, std::string(1000, 'x')},
+        {"a long index", std::string(300000, '\0'), "text"},
+        {"no NUL anywhere", IndexBytes({0, 100000}), Lines(200000)},
+    };
+    for (const auto& row : kRows) {
+        SCOPED_TRACE(row.why);
+        const ScratchFolder folder = FolderWithScripture();
+        WriteFile(folder, "Odd.nmi", row.index);
+        WriteFile(folder, "Odd.nmd", row.data);
+        Program program = StartProgram(folder);
+        EXPECT_THAT(SetsOf(program), ElementsAre("Odd"));
+        for (const int command : {IDM_NEXT_NOTE, IDM_PREVIOUS_NOTE, IDM_PREVIOUS_NOTE, IDM_GOTO_BOOK + 66,
+                                  IDM_NOTE_FOR_PASSAGE, IDM_VERSE_FOR_NOTE, IDM_NEXT_NOTE_SET})
+            Command(program, command);
+        EXPECT_EQ(StatusPart(program, 2), "Revelation 1:1");
+        EXPECT_EQ(CloseProgram(program), 0);
+        EXPECT_EQ(ReadFile(folder, "Odd.nmi"), row.index);
+        EXPECT_EQ(ReadFile(folder, "Odd.nmd"), row.data);
+    }
+}
