@@ -1,0 +1,258 @@
+// What the search dialogs offer and remember: the history, the list of all words, the range.
+
+#include <windows.h>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "tests/windows/search_steps.h"
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+// ---- History --------------------------------------------------------------------------------------------------------
+
+static std::vector<std::string> History(Program& program, int command) {
+    std::vector<std::string> entries = ComboStrings(Child(OpenSearchDialog(program, command), {IDC_SEARCH_TEXT}));
+    Press(program, "Esc");
+    WaitForNoDialog(program);
+    return entries;
+}
+
+TEST(SearchHistory, KeepsTheLastTenNewestFirst) {
+    Program program = StartProgram(FolderWithScripture());
+    EXPECT_THAT(History(program, IDM_WORD_SEARCH), IsEmpty());
+    const std::vector<std::string> words = {"ark",  "beam", "cart", "dove",   "elder", "fig",
+                                            "gate", "harp", "iron", "jasper", "key"};
+    for (std::size_t i = 0; i < words.size(); ++i) SearchFor(program, {words[i], kSearchCommands[i % 3]});
+    const auto expected = ElementsAre("key", "jasper", "iron", "harp", "gate", "fig", "elder", "dove", "cart", "beam");
+    for (const int command : kSearchCommands) EXPECT_THAT(History(program, command), expected);
+
+    const ScratchFolder folder = program.folder;
+    CloseProgram(program);
+    EXPECT_EQ(Setting(folder, "SEARCH", "PreviousSearch0"), "key");
+    EXPECT_EQ(Setting(folder, "SEARCH", "PreviousSearch9"), "beam");
+    Program again = StartProgram(folder);
+    EXPECT_THAT(History(again, IDM_PHRASE_SEARCH), expected);
+}
+
+TEST(SearchHistory, TakesRepeatsAndQueriesThatFindNothing) {
+    Program program = StartProgram(FolderWithScripture());
+    SearchFor(program, {"grace"});
+    SearchFor(program, {"grace"});
+    for (const Query& query : {Query{"xyzzy"}, Query{""}, Query{"12 34", IDM_PHRASE_SEARCH}}) {
+        SearchInVain(program, query);
+        Press(program, "Enter");
+        WaitForNoDialog(program);
+    }
+    // The empty one has its place, though it is not listed.
+    EXPECT_THAT(History(program, IDM_WORD_SEARCH), ElementsAre("12 34", "xyzzy", "grace", "grace"));
+    const ScratchFolder folder = program.folder;
+    CloseProgram(program);
+    const char* kStored[] = {"12 34", "", "xyzzy", "grace", "grace", ""};
+    for (std::size_t i = 0; i < std::size(kStored); ++i)
+        EXPECT_EQ(Setting(folder, "SEARCH", "PreviousSearch" + std::to_string(i)), kStored[i]) << i;
+}
+
+TEST(SearchHistory, IsChosenFromTheDropDown) {
+    Program program = StartProgram(FolderWithScripture());
+    SearchFor(program, {"grace"});
+    SearchFor(program, {"the"});
+    Press(program, "Alt+w");
+    const HWND dialog = WaitForDialog(program, "Word Search");
+    Press(program, "Alt+Down");
+    Press(program, "Down");
+    Press(program, "Enter");  // closes the list
+    EXPECT_EQ(TextOf(dialog, IDC_SEARCH_TEXT), "grace");
+    Press(program, "Enter");
+    WaitForNoDialog(program);
+    EXPECT_EQ(StatusPart(program, 0), "159 verses, 170 occurrences");
+}
+
+// ---- The list of all words ------------------------------------------------------------------------------------------
+
+static std::vector<std::string> WordsOfFile(const ScratchFolder& folder) {
+    const std::string bytes = ReadFile(folder, "_avwrds.dat");
+    std::vector<std::string> words;
+    for (std::size_t at = 0; at < bytes.size(); at += words.back().size() + 1) words.emplace_back(bytes.c_str() + at);
+    return words;
+}
+
+// The wide form of the message is the one that Wine carries between processes whole.
+static std::string WordOfList(HWND list, int place) {
+    wchar_t word[100] = L"";
+    SendMessageW(list, CB_GETLBTEXT, static_cast<WPARAM>(place), reinterpret_cast<LPARAM>(word));
+    std::string narrow;
+    for (const wchar_t* letter = word; *letter != 0; ++letter) narrow += static_cast<char>(*letter);
+    return narrow;
+}
+
+// Asking for every word takes too long: a few hundred show the order.
+TEST(WordListDialog, ListsAllWordsInTheirFilesOrder) {
+    Program program = StartProgram(FolderWithScripture());
+    const HWND list = Child(OpenSearchDialog(program, IDM_WORD_LIST_SEARCH), {IDC_WORD_LIST});
+    EXPECT_EQ(GetWindowLongA(list, GWL_STYLE) & (CBS_SIMPLE | CBS_DROPDOWN | CBS_SORT), CBS_SIMPLE);
+    const std::vector<std::string> words = WordsOfFile(program.folder);
+    ASSERT_EQ(SendMessageA(list, CB_GETCOUNT, 0, 0), 12730);
+    ASSERT_EQ(words.size(), 12730u);
+    EXPECT_EQ(WordOfList(list, 12729), words[12729]);
+    for (int place = 0; place < 12730; place += 97)
+        EXPECT_EQ(WordOfList(list, place), words[static_cast<std::size_t>(place)]);
+}
+
+struct Addition {
+    const char* field;
+    std::string listText;
+    std::string result;
+};
+
+TEST(WordListDialog, AddsTheListsTextToTheField) {
+    static const Addition kRows[] = {
+        {"", "grace", "grace"},
+        {"amazing", "grace", "amazing grace"},
+        {"grace", "", "grace "},  // a lone blank
+        {"", "", ""},
+        {"grace", std::string(60, 'x'), "grace " + std::string(49, 'x')},
+    };
+    Program program = StartProgram(FolderWithScripture());
+    const HWND dialog = OpenSearchDialog(program, IDM_WORD_LIST_SEARCH);
+    for (const Addition& row : kRows) {
+        SetDlgItemTextA(dialog, IDC_SEARCH_TEXT, row.field);
+        SetDlgItemTextA(dialog, IDC_WORD_LIST, row.listText.c_str());
+        Press(program, "Alt+d");
+        EXPECT_EQ(TextOf(dialog, IDC_SEARCH_TEXT), row.result);
+        EXPECT_EQ(TextOf(dialog, IDC_WORD_LIST), row.listText);
+    }
+}
+
+static HWND OpenListOf(HWND dialog) {
+    return FindWindowExA(Child(dialog, {IDC_WORD_LIST}), nullptr, "ComboLBox", nullptr);
+}
+
+TEST(WordListDialog, AddsAWordByDoubleClick) {
+    Program program = StartProgram(FolderWithScripture());
+    const HWND dialog = OpenSearchDialog(program, IDM_WORD_LIST_SEARCH);
+    const std::string first = WordsOfFile(program.folder)[0];
+    const std::string third = WordsOfFile(program.folder)[2];
+    const HWND list = OpenListOf(dialog);
+    ASSERT_NE(list, nullptr);
+    const int height = static_cast<int>(SendMessageA(list, LB_GETITEMHEIGHT, 0, 0));
+    DoubleClick(program, list, {20, height / 2});
+    EXPECT_EQ(TextOf(dialog, IDC_SEARCH_TEXT), first);
+    Click(program, list, {20, 2 * height + height / 2});
+    EXPECT_EQ(TextOf(dialog, IDC_SEARCH_TEXT), first);
+    EXPECT_EQ(TextOf(dialog, IDC_WORD_LIST), third);
+    Click(program, Child(dialog, {IDC_ADD_WORD}));
+    EXPECT_EQ(TextOf(dialog, IDC_SEARCH_TEXT), first + " " + third);
+}
+
+TEST(WordListDialog, SearchesForWhatWasAdded) {
+    Program program = StartProgram(FolderWithScripture());
+    const HWND dialog = OpenSearchDialog(program, IDM_WORD_LIST_SEARCH);
+    Press(program, "Alt+i");
+    Type(program, "grace");
+    Press(program, "Alt+d");
+    SavePicture(PictureOfWindow(dialog), "dialog-word-list-in-use");
+    Press(program, "Alt+w");
+    Press(program, "Enter");
+    WaitForNoDialog(program);
+    EXPECT_EQ(StatusPart(program, 0), "159 verses, 170 occurrences");
+}
+
+// ---- The range ------------------------------------------------------------------------------------------------------
+
+struct TypedRange {
+    const char* typed;
+    const char* shown;
+};
+
+TEST(SearchRange, IsShownAsItWasUnderstood) {
+    static constexpr TypedRange kRows[] = {
+        {"Joh 3:16", "Joh 3:16 - Joh 3:16"},        {"Ps 23", "Ps 23:1 - Ps 23:6"},
+        {"jude", "Jude 1:1 - Jude 1:25"},           {"Mt 5:3 - Mt 5:12", "Mt 5:3 - Mt 5:12"},
+        {"Re 22:21 - Ge 1:1", "Ge 1:1 - Re 22:21"}, {"Mal - Mt", "Mal 1:1 - Mt 28:20"},
+        {"Exodus 3 - 5", "Ex 3:1 - Ex 5:23"},       {"", "Ex 3:1 - Ex 5:23"},  // nothing typed: unchanged
+    };
+    Program program = StartProgram(FolderWithScripture());
+    for (const TypedRange& row : kRows) {
+        SetSearchRange(program, row.typed);
+        EXPECT_EQ(StatusPart(program, 4), row.shown) << row.typed;
+        EXPECT_EQ(TextOf(OpenSearchDialog(program, IDM_SET_RANGE), IDC_RANGE), row.shown);
+        Press(program, "Esc");
+        WaitForNoDialog(program);
+    }
+}
+
+TEST(SearchRange, HasButtonsForTheTestaments) {
+    struct Row {
+        const char* key;
+        const char* text;
+        const char* shown;
+    };
+    static constexpr Row kRows[] = {
+        {"Alt+o", "Ge - Mal", "Ge 1:1 - Mal 4:6"},
+        {"Alt+n", "Mt - Re", "Mt 1:1 - Re 22:21"},
+        {"Alt+e", "Ge - Re", "Ge 1:1 - Re 22:21"},
+    };
+    Program program = StartProgram(FolderWithScripture());
+    for (const Row& row : kRows) {
+        const HWND dialog = OpenSearchDialog(program, IDM_SET_RANGE);
+        Press(program, row.key);
+        EXPECT_EQ(TextOf(dialog, IDC_RANGE), row.text);
+        PostMessageA(dialog, WM_COMMAND, IDOK, 0);
+        WaitForNoDialog(program);
+        EXPECT_EQ(StatusPart(program, 4), row.shown);
+    }
+}
+
+TEST(SearchRange, StaysOpenWhenItIsNotUnderstood) {
+    Program program = StartProgram(FolderWithScripture());
+    const HWND dialog = OpenSearchDialog(program, IDM_SET_RANGE);
+    Type(program, "Xyz 3");
+    Press(program, "Enter");
+    const HWND box = WaitForDialog(program, "Error");
+    EXPECT_EQ(MessageText(box), "Unrecognized Refrence");
+    EXPECT_THAT(ButtonsOf(box), ElementsAre("OK"));
+    SavePicture(PictureOfWindow(program.frame), "range-not-understood");
+    Press(program, "Enter");
+    WaitUntil(program, "the message to be closed", [&] { return !IsWindow(box); });
+    EXPECT_EQ(TextOf(dialog, IDC_RANGE), "Xyz 3");
+    EXPECT_EQ(StatusPart(program, 4), "Ge 1:1 - Re 22:21");
+    EXPECT_EQ(FocusOf(program), Child(dialog, {IDC_RANGE}));
+    Type(program, "Ruth");  // over what was wrong
+    Press(program, "Enter");
+    WaitForNoDialog(program);
+    EXPECT_EQ(StatusPart(program, 4), "Ru 1:1 - Ru 4:22");
+}
+
+TEST(SearchRange, IsKeptWhenTheSearchIsCancelled) {
+    Program program = StartProgram(FolderWithScripture());
+    for (const int command : kSearchCommands) {
+        SetSearchRange(program, "Ge - Re");
+        const HWND search = OpenSearchDialog(program, command);
+        Press(program, "Alt+r");
+        const HWND range = WaitForDialog(program, "Set Search Range");
+        EXPECT_FALSE(IsWindowEnabled(search));
+        Type(program, "Mt");
+        Press(program, "Enter");
+        WaitUntil(program, "the range to be closed", [&] { return !IsWindow(range); });
+        EXPECT_TRUE(IsWindowEnabled(search));
+        Press(program, "Esc");
+        WaitForNoDialog(program);
+        EXPECT_EQ(StatusPart(program, 4), "Mt 1:1 - Mt 28:20") << command;
+    }
+}
+
+TEST(SearchRange, LastsFromOneRunToTheNext) {
+    Program program = StartProgram(FolderWithScripture());
+    SetSearchRange(program, "Joh 3:16");
+    const ScratchFolder folder = program.folder;
+    CloseProgram(program);
+    EXPECT_EQ(Setting(folder, "SEARCH", "StartVerse"), "26136");
+    EXPECT_EQ(Setting(folder, "SEARCH", "EndVerse"), "26136");
+    Program again = StartProgram(folder);
+    EXPECT_EQ(StatusPart(again, 4), "Joh 3:16 - Joh 3:16");
+    SearchFor(again, {"god"});
+    EXPECT_EQ(StatusPart(again, 0), "1 verse, 1 occurance");
+    EXPECT_THAT(ListStrings(ReferenceListOf(again)), ElementsAre("John 3:16"));
+}

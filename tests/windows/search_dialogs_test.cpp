@@ -1,0 +1,324 @@
+// The dialogs that start and shape a search: their controls, what they remember, what they leave alone.
+
+#include <windows.h>
+
+#include <gtest/gtest.h>
+
+#include "tests/windows/search_steps.h"
+
+// ---- Controls -----------------------------------------------------------------------------------------------------
+
+struct ShownControl {
+    int id;
+    const char* className;
+    const char* text;
+};
+
+struct AccessKey {
+    const char* key;
+    int focus;  // where it leads
+};
+
+struct DialogRow {
+    const char* name;
+    int command;
+    const char* key;  // that opens it; none for Set Search Range
+    const char* title;
+    std::vector<ShownControl> controls;
+    std::vector<const char*> labels;
+    std::vector<int> tabOrder;  // the first has the focus when it opens
+    std::vector<AccessKey> accessKeys;
+};
+
+static void PrintTo(const DialogRow& row, std::ostream* out) {
+    *out << row.name;
+}
+
+static const DialogRow kDialogs[] = {
+    {"Words",
+     IDM_WORD_SEARCH,
+     "Alt+w",
+     "Word Search",
+     {{IDC_SEARCH_TEXT, "ComboBox", ""},
+      {IDC_ALL_WORDS, "Button", "&all"},
+      {IDC_ANY_WORD, "Button", "at &least one"},
+      {IDC_ONE_WORD, "Button", "&only one"},
+      {IDC_CASE_SENSITIVE, "Button", "&Case sensitive"},
+      {IDC_SUBSTRING, "Button", "&Substring matches"},
+      {IDOK, "Button", "OK"},
+      {IDCANCEL, "Button", "Cancel"},
+      {IDC_RANGE, "Button", "&Range..."},
+      {IDC_HELP_BUTTON, "Button", "&Help"}},
+     {"&Word(s):", "Find verses with", "of these words"},
+     {IDC_SEARCH_TEXT, IDC_ALL_WORDS, IDC_CASE_SENSITIVE, IDC_SUBSTRING, IDOK, IDCANCEL, IDC_RANGE, IDC_HELP_BUTTON},
+     {{"Alt+c", IDC_CASE_SENSITIVE},
+      {"Alt+w", IDC_SEARCH_TEXT},
+      {"Alt+s", IDC_SUBSTRING},
+      {"Alt+l", IDC_ANY_WORD},
+      {"Alt+o", IDC_ONE_WORD},
+      {"Alt+a", IDC_ALL_WORDS}}},
+    {"WordList",
+     IDM_WORD_LIST_SEARCH,
+     "Alt+l",
+     "Word Search",
+     {{IDC_SEARCH_TEXT, "ComboBox", ""},
+      {IDC_ALL_WORDS, "Button", "&all"},
+      {IDC_ANY_WORD, "Button", "at &least one"},
+      {IDC_ONE_WORD, "Button", "&only one"},
+      {IDC_CASE_SENSITIVE, "Button", "&Case sensitive"},
+      {IDC_SUBSTRING, "Button", "&Substring matches"},
+      {IDC_WORD_LIST, "ComboBox", ""},
+      {IDC_ADD_WORD, "Button", "<< A&dd"},
+      {IDOK, "Button", "OK"},
+      {IDCANCEL, "Button", "Cancel"},
+      {IDC_RANGE, "Button", "&Range..."},
+      {IDC_HELP_BUTTON, "Button", "&Help"}},
+     {"&Word(s):", "Find verses with", "of these words", "Word l&ist:"},
+     {IDC_SEARCH_TEXT, IDC_ALL_WORDS, IDC_CASE_SENSITIVE, IDC_SUBSTRING, IDC_WORD_LIST, IDC_ADD_WORD, IDOK, IDCANCEL,
+      IDC_RANGE, IDC_HELP_BUTTON},
+     {{"Alt+i", IDC_WORD_LIST},
+      {"Alt+w", IDC_SEARCH_TEXT},
+      {"Alt+c", IDC_CASE_SENSITIVE},
+      {"Alt+s", IDC_SUBSTRING},
+      {"Alt+l", IDC_ANY_WORD},
+      {"Alt+o", IDC_ONE_WORD},
+      {"Alt+a", IDC_ALL_WORDS},
+      {"Alt+d", IDC_ADD_WORD}}},
+    {"Phrase",
+     IDM_PHRASE_SEARCH,
+     "Alt+p",
+     "Phrase Search",
+     {{IDC_SEARCH_TEXT, "ComboBox", ""},
+      {IDC_CASE_SENSITIVE, "Button", "&Case sensitive"},
+      {IDOK, "Button", "OK"},
+      {IDCANCEL, "Button", "Cancel"},
+      {IDC_RANGE, "Button", "&Range..."},
+      {IDC_HELP_BUTTON, "Button", "&Help"}},
+     {"&Phrase:"},
+     {IDC_SEARCH_TEXT, IDC_CASE_SENSITIVE, IDOK, IDCANCEL, IDC_RANGE, IDC_HELP_BUTTON},
+     {{"Alt+c", IDC_CASE_SENSITIVE}, {"Alt+p", IDC_SEARCH_TEXT}}},
+    {"Range",
+     IDM_SET_RANGE,
+     "",
+     "Set Search Range",
+     {{IDC_RANGE, "Edit", "Ge 1:1 - Re 22:21"},
+      {IDC_OLD_TESTAMENT, "Button", "&O. T."},
+      {IDC_NEW_TESTAMENT, "Button", "&N. T."},
+      {IDC_ENTIRE_BIBLE, "Button", "&Entire"},
+      {IDOK, "Button", "OK"},
+      {IDCANCEL, "Button", "Cancel"},
+      {IDC_HELP_BUTTON, "Button", "&Help"}},
+     {"&Range:"},
+     {IDC_RANGE, IDC_OLD_TESTAMENT, IDC_NEW_TESTAMENT, IDC_ENTIRE_BIBLE, IDOK, IDCANCEL, IDC_HELP_BUTTON},
+     {{"Alt+o", IDC_OLD_TESTAMENT}, {"Alt+r", IDC_RANGE}, {"Alt+n", IDC_NEW_TESTAMENT}, {"Alt+e", IDC_ENTIRE_BIBLE}}},
+};
+
+struct SearchDialog : testing::TestWithParam<DialogRow> {};
+INSTANTIATE_TEST_SUITE_P(Dialogs, SearchDialog, testing::ValuesIn(kDialogs),
+                         [](const auto& row) { return std::string(row.param.name); });
+
+static bool LiesWithin(HWND control, HWND dialog) {
+    const RECT place = RectIn(control, dialog);
+    const RECT client = ClientRectOf(dialog);
+    return place.left >= 0 && place.top >= 0 && place.right <= client.right && place.bottom <= client.bottom;
+}
+
+static std::vector<std::string> LabelsOf(HWND dialog) {
+    std::vector<std::string> labels;
+    for (const HWND child : ChildrenOf(dialog))
+        if (ClassOf(child) == "Static") labels.push_back(TextOf(child));
+    return labels;
+}
+
+TEST_P(SearchDialog, HasItsControls) {
+    const DialogRow& row = GetParam();
+    Program program = StartProgram(FolderWithScripture());
+    const HWND dialog = OpenSearchDialog(program, row.command);
+    EXPECT_EQ(TextOf(dialog), row.title);
+    EXPECT_EQ(LabelsOf(dialog), std::vector<std::string>(row.labels.begin(), row.labels.end()));
+    EXPECT_EQ(ChildrenOf(dialog).size(), row.controls.size() + row.labels.size());
+    for (const ShownControl& expected : row.controls) {
+        const HWND control = Child(dialog, {expected.id});
+        EXPECT_STRCASEEQ(ClassOf(control).c_str(), expected.className) << expected.id;
+        EXPECT_EQ(TextOf(control), expected.text) << expected.id;
+        EXPECT_TRUE(IsShown(control)) << expected.id;
+        EXPECT_TRUE(LiesWithin(control, dialog)) << expected.id;
+    }
+    EXPECT_EQ(LOWORD(SendMessageA(dialog, DM_GETDEFID, 0, 0)), IDOK);
+    SavePicture(PictureOfWindow(dialog), std::string("dialog-") + row.name);
+    EXPECT_EQ(TabOrder(program, dialog), row.tabOrder);
+}
+
+static int FocusedControl(const Program& program, HWND dialog) {
+    HWND control = FocusOf(program);
+    while (control != nullptr && GetParent(control) != dialog) control = GetParent(control);  // a combo's field
+    return GetDlgCtrlID(control);
+}
+
+TEST_P(SearchDialog, AnswersItsKeys) {
+    const DialogRow& row = GetParam();
+    Program program = StartProgram(FolderWithScripture());
+    const HWND before = FocusOf(program);
+    const HWND dialog = OpenSearchDialog(program, row.command);
+    for (const AccessKey& key : row.accessKeys) {
+        Press(program, key.key);
+        EXPECT_EQ(FocusedControl(program, dialog), key.focus) << key.key;
+    }
+    Press(program, "Esc");
+    WaitForNoDialog(program);
+    EXPECT_EQ(FocusOf(program), before);
+    if (*row.key == '\0') return;
+    Press(program, row.key);
+    EXPECT_EQ(TextOf(WaitForDialog(program, row.title)), row.title);
+}
+
+// ---- Placement ------------------------------------------------------------------------------------------------------
+
+static LONG KeptOnScreen(LONG place, LONG size, int screen) {
+    if (place < 0) return 0;
+    return place + size > screen ? screen - size : place;
+}
+
+static std::string PlaceOver(HWND frame, HWND dialog) {
+    const RECT outer = RectOnScreen(frame);
+    const RECT box = RectOnScreen(dialog);
+    const LONG width = box.right - box.left;
+    const LONG height = box.bottom - box.top;
+    const LONG nineTenths = static_cast<LONG>((outer.bottom - outer.top) * 0.9);
+    const LONG x = outer.left + (outer.right - outer.left - width) / 2;
+    const LONG y = outer.top + (nineTenths - height) / 2;
+    return std::to_string(KeptOnScreen(x, width, GetSystemMetrics(SM_CXSCREEN))) + "," +
+           std::to_string(KeptOnScreen(y, height, GetSystemMetrics(SM_CYSCREEN)));
+}
+
+static std::string PlaceOf(HWND window) {
+    const RECT place = RectOnScreen(window);
+    return std::to_string(place.left) + "," + std::to_string(place.top);
+}
+
+TEST_P(SearchDialog, StandsOverTheFramesMiddle) {
+    Program program = StartProgram(FolderWithScripture());
+    const int right = GetSystemMetrics(SM_CXSCREEN);
+    const int bottom = GetSystemMetrics(SM_CYSCREEN);
+    const RECT kFrames[] = {
+        {20, 20, 821, 567},
+        {-500, -400, 100, 60},
+        {right - 100, bottom - 90, right + 500, bottom + 300},
+    };
+    for (const RECT& place : kFrames) {
+        PlaceFrame(program, place);
+        const HWND dialog = OpenSearchDialog(program, GetParam().command);
+        EXPECT_EQ(PlaceOf(dialog), PlaceOver(program.frame, dialog)) << place.left;
+        if (GetParam().command != IDM_SET_RANGE) {
+            Press(program, "Alt+r");
+            const HWND range = WaitForDialog(program, "Set Search Range");
+            EXPECT_EQ(PlaceOf(range), PlaceOver(program.frame, range)) << place.left;
+            Press(program, "Esc");
+            WaitUntil(program, "the range to be closed", [&] { return !IsWindow(range); });
+        }
+        Press(program, "Esc");
+        WaitForNoDialog(program);
+    }
+}
+
+// ---- What is remembered ---------------------------------------------------------------------------------------------
+
+// What a search dialog shows: text, combination, case, substrings.
+static std::string StateOf(HWND dialog) {
+    std::string state = TextOf(dialog, IDC_SEARCH_TEXT);
+    for (const int id : {IDC_ALL_WORDS, IDC_ANY_WORD, IDC_ONE_WORD, IDC_CASE_SENSITIVE, IDC_SUBSTRING})
+        if (GetDlgItem(dialog, id) != nullptr && IsChecked(dialog, id)) state.append(" ").append(std::to_string(id));
+    return state;
+}
+
+static std::string StateAtOpening(Program& program, int command) {
+    const std::string state = StateOf(OpenSearchDialog(program, command));
+    Press(program, "Esc");
+    WaitForNoDialog(program);
+    return state;
+}
+
+TEST(SearchDialogs, ShareTextAndOptions) {
+    Program program = StartProgram(FolderWithScripture());
+    EXPECT_EQ(StateAtOpening(program, IDM_WORD_SEARCH), " 11");
+    SearchFor(program, {"Grace", IDM_WORD_SEARCH, IDC_ONE_WORD, true, true});
+    EXPECT_EQ(StateAtOpening(program, IDM_WORD_SEARCH), "Grace 13 14 15");
+    EXPECT_EQ(StateAtOpening(program, IDM_WORD_LIST_SEARCH), "Grace 13 14 15");
+    EXPECT_EQ(StateAtOpening(program, IDM_PHRASE_SEARCH), "Grace 14");
+
+    // A phrase has no combination and no substrings: those of the words stay.
+    SearchFor(program, {"Jesus wept", IDM_PHRASE_SEARCH});
+    EXPECT_EQ(StateAtOpening(program, IDM_WORD_SEARCH), "Jesus wept 13 15");
+    SearchFor(program, {"jesus wept", IDM_WORD_LIST_SEARCH, IDC_ANY_WORD});
+    EXPECT_EQ(StateAtOpening(program, IDM_WORD_SEARCH), "jesus wept 12");
+
+    const ScratchFolder folder = program.folder;
+    CloseProgram(program);
+    EXPECT_EQ(Setting(folder, "SEARCH", "BooleanType"), "1");
+    EXPECT_EQ(Setting(folder, "SEARCH", "CaseSensitive"), "0");
+    EXPECT_EQ(Setting(folder, "SEARCH", "SubString"), "0");
+}
+
+TEST(SearchDialogs, BeginEmptyWithTheOptionsOfTheLastRun) {
+    const ScratchFolder folder = FolderWithScripture();
+    WriteSetting(folder, "SEARCH", "BooleanType", "2");
+    WriteSetting(folder, "SEARCH", "CaseSensitive", "1");
+    WriteSetting(folder, "SEARCH", "SubString", "1");
+    WriteSetting(folder, "SEARCH", "PreviousSearch0", "grace");
+    Program program = StartProgram(folder);
+    EXPECT_EQ(StateAtOpening(program, IDM_WORD_SEARCH), " 13 14 15");
+    EXPECT_EQ(StateAtOpening(program, IDM_PHRASE_SEARCH), " 14");
+}
+
+TEST(SearchDialogs, LeaveEverythingWhenCancelled) {
+    Program program = StartProgram(FolderWithScripture());
+    SearchFor(program, {"grace", IDM_WORD_SEARCH, IDC_ANY_WORD, false, true});
+    Press(program, "F2");
+    for (const int command : kSearchCommands) {
+        const HWND dialog = OpenSearchDialog(program, command);
+        Type(program, "wrath");
+        EXPECT_EQ(TextOf(dialog, IDC_SEARCH_TEXT), "wrath");  // the text of before was selected
+        for (const char* key : {"Alt+c", "Alt+s", "Alt+o"})
+            if (command != IDM_PHRASE_SEARCH || key[4] == 'c') Press(program, key);
+        Press(program, "Esc");
+        WaitForNoDialog(program);
+        EXPECT_EQ(StateAtOpening(program, IDM_WORD_SEARCH), "grace 12 15") << command;
+    }
+    EXPECT_FALSE(IsTicked(program, IDM_VIEW_LIST));
+    EXPECT_EQ(StatusPart(program, 0), "160 verses, 171 occurrences");
+    const ScratchFolder folder = program.folder;
+    CloseProgram(program);
+    EXPECT_EQ(Setting(folder, "SEARCH", "PreviousSearch0"), "grace");
+    EXPECT_EQ(Setting(folder, "SEARCH", "PreviousSearch1"), "");
+}
+
+TEST(SearchDialogs, AreRunByKeysAlone) {
+    Program program = StartProgram(FolderWithScripture());
+    Press(program, "Alt+w");
+    WaitForDialog(program, "Word Search");
+    Type(program, "grace");
+    Press(program, "Enter");
+    WaitForNoDialog(program);
+    EXPECT_EQ(StatusPart(program, 0), "159 verses, 170 occurrences");
+    Press(program, "Alt+p");
+    WaitForDialog(program, "Phrase Search");
+    Type(program, "Jesus wept");
+    Press(program, "Enter");
+    WaitForNoDialog(program);
+    EXPECT_EQ(StatusPart(program, 0), "1 verse, 1 occurance");
+}
+
+TEST(SearchDialogs, TakeNoMoreThan199Characters) {
+    Program program = StartProgram(FolderWithScripture());
+    const HWND dialog = OpenSearchDialog(program, IDM_WORD_SEARCH);
+    SetDlgItemTextA(dialog, IDC_SEARCH_TEXT, std::string(199, 'a').c_str());
+    Press(program, "End");
+    Type(program, "b");
+    EXPECT_EQ(TextOf(dialog, IDC_SEARCH_TEXT), std::string(199, 'a'));
+    SetDlgItemTextA(dialog, IDC_SEARCH_TEXT, std::string(260, 'c').c_str());
+    Press(program, "Enter");
+    WaitForDialog(program, "Search Results");
+    Press(program, "Enter");
+    WaitForNoDialog(program);
+    EXPECT_EQ(StateAtOpening(program, IDM_WORD_SEARCH), std::string(199, 'c') + " 11");
+}
