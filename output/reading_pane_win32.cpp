@@ -53,13 +53,19 @@ void TurnWheel(ReadingPane& pane, int delta, int top, PaneScroll scroll) {
     for (int turn = std::abs(pages); turn > 0; --turn) scroll(page, 0);
 }
 
-void PaneGotFocus(const ReadingPane& pane, SelectionOwnerId owner, HWND before, int lineHeight) {
+// Asked of the faces: the focus may come before the first paint.
+static int LineHeightOf(ReadingPane& pane) {
+    const TextMeasure measure = MeasureOf(pane.faces);
+    return HasFaces(pane.faces) ? measure.lineHeight(measure.device) : 0;
+}
+
+void PaneGotFocus(ReadingPane& pane, SelectionOwnerId owner, HWND before) {
     if (theSelection.SelectionOwner != owner) {
         DropSelection();
         if (before) InvalidateRect(before, nullptr, FALSE);
     }
     SendCommand(FrameOf(pane.window), IDM_REFRESH);
-    ShowPaneCaret(pane.window, lineHeight);
+    ShowPaneCaret(pane.window, LineHeightOf(pane));
 }
 
 void PaneLostFocus(const ReadingPane& pane) {

@@ -31,7 +31,7 @@ void TurnWheel(ReadingPane& pane, int delta, int top, PaneScroll scroll);
 
 // The pane, `owner` of a selection, has got the focus from `before`, or lost it: the selection of another pane goes, or
 // its own, with the commands that depend on it, and the caret comes or goes.
-void PaneGotFocus(const ReadingPane& pane, SelectionOwnerId owner, HWND before, int lineHeight);
+void PaneGotFocus(ReadingPane& pane, SelectionOwnerId owner, HWND before);
 void PaneLostFocus(const ReadingPane& pane);
 
 void RedisplayPane(const ReadingPane& pane);

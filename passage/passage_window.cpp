@@ -113,7 +113,7 @@ static void OnKeyDown(HWND window, UINT key, BOOL, int, UINT) {
 }
 
 static void OnSetFocus(HWND, HWND before) {
-    PaneGotFocus(thePassage, kPassageOwns, before, thePassage.view.LineHeight);
+    PaneGotFocus(thePassage, kPassageOwns, before);
 }
 
 static void OnKillFocus(HWND, HWND) {
