@@ -79,6 +79,10 @@ static int DrawLine(const Sheet& sheet, const PaintedLine& line, const PaintedFo
     return x;
 }
 
+int WidthOf(const std::vector<PaintedPiece>& pieces, const PaintedFont& font) {
+    return DrawLine(EmptySheet(1, 1), {pieces}, font);
+}
+
 // How many pixels of the first `width` columns differ.
 static int CountDifferences(const Picture& shown, int top, const Sheet& expected, int width) {
     int count = 0;

@@ -28,6 +28,9 @@ struct PaintedFont {
 // Cell height of the font's bold face: the distance of two lines.
 int LineHeightOf(const PaintedFont& font = {});
 
+// How far the pieces reach from the pane's left edge, its margin included.
+int WidthOf(const std::vector<PaintedPiece>& pieces, const PaintedFont& font = {});
+
 // Does the pane show these lines, from its upper edge down? "" or what is wrong, line by line. The pane must not have
 // the focus: its caret stands in the first line.
 std::string WrongLines(HWND pane, const std::vector<PaintedLine>& lines, const PaintedFont& font = {});

@@ -134,12 +134,6 @@ static const Painting kItalics[] = {
 INSTANTIATE_TEST_SUITE_P(Italics, PassagePaints, testing::ValuesIn(kItalics),
                          [](const auto& row) { return row.param.name; });
 
-struct Starred {
-    const char* name;
-    bool inParagraphs;
-    std::vector<PaintedLine> lines;
-};
-
 TEST(PassagePainting, MarksVersesThatHaveANote) {
     const std::vector<PaintedLine> inLines = {{{{kBold, " *Ps 117:1 "}, {kRegular, "\xB6 O praise "}}},
                                               {{{kBold, " *2 "}, {kRegular, "For his merciful "}}},
@@ -162,4 +156,106 @@ TEST(PassagePainting, MarksVersesThatHaveANote) {
     SavePicture(PictureOfWindow(program.frame), "passage-notes");
     ScrollPassage(program, SB_LINEDOWN);
     EXPECT_EQ(WrongLines(PassageOf(program), {{{{kBold, "*Ps 117:2 "}, {kRegular, "For his merciful "}}}}), "");
+}
+
+TEST(PassagePainting, BreaksALineBeforeAWordThatReachesTheEdge) {
+    const PaintedFont large{"Times New Roman", 300, 400};
+    const ScratchFolder folder = FolderOnlyPassage(1);
+    WriteSetting(folder, "MISC", "Height", "1000");
+    WriteSetting(folder, "OPTIONS", "ReadWindowFontHeight", "300");
+    Program program = StartProgram(folder);
+    const std::vector<PaintedLine> lines = {{{{kBold, " Ge 1:2 "}}, false}, {{{kRegular, "And the "}}, false}};
+    EXPECT_EQ(WrongLines(PassageOf(program), lines, large), "");
+    SavePicture(PictureOfWindow(program.frame), "passage-large-letters");
+}
+
+// A word and the room of the pane: with the last pixel taken it must go to the next line.
+TEST(PassagePainting, LeavesNoWordAtTheVeryEdge) {
+    Program program = StartProgram(FolderOnlyPassage(26558));
+    const HWND pane = PassageOf(program);
+    const int whole = WidthOf({{kBold, " Joh 11:35 "}, {kRegular, "Jesus wept. "}});
+    RECT frame = RectOnScreen(program.frame);
+    const LONG others = frame.right - frame.left - ClientRectOf(pane).right;
+
+    frame.right = frame.left + others + whole + 1;
+    PlaceFrame(program, frame);
+    ASSERT_EQ(ClientRectOf(pane).right, whole + 1);
+    EXPECT_EQ(WrongLines(pane, {{{{kBold, " Joh 11:35 "}, {kRegular, "Jesus wept. "}}, false}}), "");
+
+    frame.right -= 1;
+    PlaceFrame(program, frame);
+    EXPECT_EQ(
+        WrongLines(pane, {{{{kBold, " Joh 11:35 "}, {kRegular, "Jesus "}}, false}, {{{kRegular, "wept. "}}, false}}),
+        "");
+    SavePicture(PictureOfWindow(program.frame), "passage-narrow");
+}
+
+TEST(PassagePainting, LetsAWordRunPastTheEdge) {
+    const PaintedFont large{"Times New Roman", 120, 400};
+    const ScratchFolder folder = FolderOnlyPassage(26558);
+    WriteSetting(folder, "OPTIONS", "ReadWindowFontHeight", "120");
+    Program program = StartProgram(folder);
+    PlaceFrame(program, {20, 20, 250, 620});
+    const std::vector<PaintedLine> lines = {
+        {{{kBold, " Joh 11:35 "}}}, {{{kRegular, "Jesus "}}}, {{{kRegular, "wept. "}}}};
+    EXPECT_EQ(WrongLines(PassageOf(program), lines, large), "");
+}
+
+TEST(PassagePainting, FollowsTheFormatAndTheItalicsThatAreChosen) {
+    const PaintedLine inLines{{{kBold, " Ge 37:21 "}, {kRegular, "And Reuben heard "}}};
+    Program program = StartProgram(FolderOnlyPassage(1104));
+    const struct {
+        int command;
+        PaintedLine first;
+    } kSteps[] = {
+        {IDM_ITALIC_BRACKETS, {{{kBold, " Ge 37:21 "}, {kRegular, "And Reuben heard [it], "}}}},
+        {IDM_ITALIC_NORMAL, {{{kBold, " Ge 37:21 "}, {kRegular, "And Reuben heard it, "}}}},
+        {IDM_PARAGRAPH_FORMAT, {{{kBold, "Ge 37:21 "}, {kRegular, "And Reuben heard it, "}}}},
+        {IDM_ITALIC_TEXT, {{{kBold, "Ge 37:21 "}, {kRegular, "And Reuben heard "}, {kItalic, "it"}}}},
+        {IDM_PARAGRAPH_FORMAT, inLines},
+    };
+    for (const auto& [command, first] : kSteps) {
+        Command(program, command);
+        EXPECT_EQ(WrongLines(PassageOf(program), {first}), "") << command;
+        EXPECT_EQ(Top(program), "Genesis 37:21");
+    }
+}
+
+// An ink spot on the screen, of which the program knows nothing: it goes where the program paints.
+static constexpr RECT kSpot{100, 300, 140, 340};
+
+static void DropSpot(HWND pane) {
+    RECT place = kSpot;
+    MapWindowPoints(pane, nullptr, reinterpret_cast<POINT*>(&place), 2);
+    const HDC screen = GetDC(nullptr);
+    const HBRUSH ink = CreateSolidBrush(RGB(255, 0, 0));
+    FillRect(screen, &place, ink);
+    DeleteObject(ink);
+    ReleaseDC(nullptr, screen);
+}
+
+static bool HasSpot(HWND pane) {
+    return CountPixels(PictureOfClient(pane), kSpot, 0xFF0000) == 40 * 40;
+}
+
+TEST(PassagePainting, PaintsNothingWhereNothingMoves) {
+    Program program = StartProgram(FolderOnlyPassage(0));
+    const HWND pane = PassageOf(program);
+    DropSpot(pane);
+    ASSERT_TRUE(HasSpot(pane));
+    for (const UINT code : {SB_LINEUP, SB_PAGEUP, SB_THUMBPOSITION, SB_TOP, SB_BOTTOM, SB_ENDSCROLL}) {
+        ScrollPassage(program, code);
+        EXPECT_TRUE(HasSpot(pane)) << code;
+    }
+    ScrollPassage(program, SB_LINEDOWN);
+    EXPECT_FALSE(HasSpot(pane));
+
+    ScrollPassage(program, SB_THUMBPOSITION, 31101);
+    DropSpot(pane);
+    for (const UINT code : {SB_LINEDOWN, SB_PAGEDOWN}) {
+        ScrollPassage(program, code);
+        EXPECT_TRUE(HasSpot(pane)) << code;
+    }
+    ScrollPassage(program, SB_LINEUP);
+    EXPECT_FALSE(HasSpot(pane));
 }
