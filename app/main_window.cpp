@@ -1,5 +1,7 @@
 #include "app/main_window.h"
 
+#include <algorithm>
+
 #include "app/commands_win32.h"
 #include "app/frame_window.h"
 #include "app/startup_win32.h"
@@ -84,8 +86,10 @@ bool RegisterFrameClass() {
 
 static FramePlacement KeptOnScreen(const FramePlacement& placement) {
     if (placement.XPos == kUseDefault || placement.Width == kUseDefault) return placement;
-    const RECT place{placement.XPos, placement.YPos, placement.XPos + placement.Width,
-                     placement.YPos + placement.Height};
+    const auto within = [](int pixels) { return std::clamp(pixels, -32767, 32767); };  // where the system's screens end
+    const int left = within(placement.XPos);
+    const int top = within(placement.YPos);
+    const RECT place{left, top, left + within(placement.Width), top + within(placement.Height)};
     return IsOnScreen(place) ? placement : FramePlacement{};
 }
 
