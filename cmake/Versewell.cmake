@@ -35,6 +35,16 @@ if(NOT MSVC)
   include(GoogleTest)
 endif()
 
+# vw_build_fast(<target>...): tests are built more often than they run, and what they test is optimized all the same.
+function(vw_build_fast)
+  foreach(target ${ARGN})
+    target_compile_options(${target} PRIVATE -O0)
+  endforeach()
+endfunction()
+if(TARGET gtest)
+  vw_build_fast(gtest gtest_main gmock gmock_main)
+endif()
+
 # vw_core(<folder> SOURCES ... [USES <folder>...]): the core of a folder, which builds anywhere.
 function(vw_core folder)
   cmake_parse_arguments(PARSE_ARGV 1 core "" "" "SOURCES;USES")
@@ -61,5 +71,6 @@ function(vw_test name)
   target_link_libraries(${name} PRIVATE vw_options ${test_USES} GTest::gmock GTest::gtest_main)
   target_compile_definitions(${name} PRIVATE VERSEWELL_DATA_DIR="${VERSEWELL_DATA_DIR}"
                                              VERSEWELL_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
+  vw_build_fast(${name})
   gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST PROPERTIES LABELS "${test_LABEL}")
 endfunction()
