@@ -160,6 +160,10 @@ struct Turn {
     const char* top;  // from Genesis 5:10
 };
 
+static void PrintTo(const Turn& turn, std::ostream* out) {
+    *out << turn.notches << " notches of " << turn.lines;
+}
+
 struct PassageWheel : testing::TestWithParam<Turn> {};
 
 TEST_P(PassageWheel, MovesByVersesAsTheSystemIsSet) {
