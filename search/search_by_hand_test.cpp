@@ -192,21 +192,21 @@ static Found SearchByHand(const Query& query) {
     if (words.empty()) return found;
     const std::vector<int> hits = HitsByHand(words, caseMatters, parts && !query.phrase);
     for (int verse = query.range.StartVerse; verse <= query.range.EndVerse; ++verse) {
-        std::string text = TheConcordance().texts[static_cast<std::size_t>(verse)];
+        const std::string& text = TheConcordance().texts[static_cast<std::size_t>(verse)];
         int here = hits[static_cast<std::size_t>(verse)];
         if (query.phrase) {
-            const bool there = SqueezedByHand(text, caseMatters).text.find(phrase) != std::string::npos;
-            if (here != wordCount || !there) continue;
+            if (here != wordCount) continue;
+            if (SqueezedByHand(text, caseMatters).text.find(phrase) == std::string::npos) continue;
         } else {
             if (parts && here > 1) here = WordsWithin(words, text, caseMatters);
             if (!QualifiesByHand(here, wordCount, query.options.BooleanType)) continue;
         }
         found.verses.push_back(verse);
+        std::string& marked = found.marked.emplace_back(text);
         if (query.phrase && wordCount > 1)
-            found.occurrences += MarkPhraseByHand(phrase, caseMatters, text);
+            found.occurrences += MarkPhraseByHand(phrase, caseMatters, marked);
         else
-            for (const std::string& word : words) found.occurrences += MarkWordByHand(word, caseMatters, parts, text);
-        found.marked.push_back(text);
+            for (const std::string& word : words) found.occurrences += MarkWordByHand(word, caseMatters, parts, marked);
     }
     return found;
 }
@@ -262,7 +262,7 @@ struct QueryMaker {
         query.text = Text(query.phrase);
         query.options = {Below(3), OneIn(3) ? 1 : 0, OneIn(3) ? 1 : 0, 0};
         const int places[] = {Below(kVerseCount), Below(kVerseCount)};
-        if (OneIn(2)) query.range = {std::min(places[0], places[1]), std::max(places[0], places[1])};
+        if (!OneIn(4)) query.range = {std::min(places[0], places[1]), std::max(places[0], places[1])};
         return query;
     }
 };
