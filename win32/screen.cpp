@@ -14,9 +14,13 @@ static int DotsPerInch() {
     return dots;
 }
 
-int Scaled(int pixels) { return MulDiv(pixels, DotsPerInch(), 96); }
+int Scaled(int pixels) {
+    return MulDiv(pixels, DotsPerInch(), 96);
+}
 
-int Unscaled(int pixels) { return MulDiv(pixels, 96, DotsPerInch()); }
+int Unscaled(int pixels) {
+    return MulDiv(pixels, 96, DotsPerInch());
+}
 
 static HFONT MakeMessageFont() {
     NONCLIENTMETRICSA metrics{};
