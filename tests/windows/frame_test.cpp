@@ -1,4 +1,4 @@
-// The frame: its windows, toolbar and tool-tips, status bar, tabs and sizes.
+// The frame: its windows, status bar, tabs and sizes, the program's own file and About.
 
 #include <windows.h>
 
@@ -11,6 +11,7 @@
 #include "resources/ids.h"
 #include "tests/driver/driver.h"
 #include "tests/driver/remote_memory.h"
+#include "tests/windows/search_steps.h"
 
 using testing::ElementsAre;
 
@@ -22,14 +23,6 @@ static HWND ListTabs(const Program& program) {
 
 static HWND References(const Program& program) {
     return Child(program.frame, {IDC_LIST_TABS, IDC_REFERENCE_LIST});
-}
-
-static void SearchWord(const Program& program, std::string_view word) {
-    Press(program, "Alt+w");
-    WaitForDialog(program, "Word Search");
-    Type(program, word);
-    Press(program, "Enter");
-    WaitForNoDialog(program);
 }
 
 // ---- Windows --------------------------------------------------------------------------------------------------------
@@ -100,201 +93,7 @@ TEST(FrameWindows, AreBarsAloneWithoutAnyPane) {
     EXPECT_EQ(FocusOf(program), program.frame);
 }
 
-// ---- Toolbar
-// ----------------------------------------------------------------------------------------------------------
-
-enum class Begins { kSeparator, kGreyed, kEnabled, kPressed, kAsItsOwner };
-
-struct ToolbarRow {
-    int command;
-    int image;
-    Begins begins;
-};
-
-static constexpr ToolbarRow kGap{0, 0, Begins::kSeparator};
-static constexpr ToolbarRow kToolbar[] = {
-    kGap,
-    {IDM_CUT, 0, Begins::kGreyed},
-    {IDM_COPY, 1, Begins::kGreyed},
-    {IDM_PASTE, 2, Begins::kGreyed},
-    kGap,
-    {IDM_COPY_VERSE, 6, Begins::kAsItsOwner},
-    {IDM_COPY_RANGE, 7, Begins::kAsItsOwner},
-    {IDM_COPY_VERSE_LIST, 8, Begins::kGreyed},
-    {IDM_COPY_REFERENCES, 9, Begins::kGreyed},
-    kGap,
-    {IDM_WORD_SEARCH, 3, Begins::kEnabled},
-    {IDM_PHRASE_SEARCH, 4, Begins::kEnabled},
-    {IDM_WORD_LIST_SEARCH, 5, Begins::kEnabled},
-    {IDM_SEARCH_NOTES, 18, Begins::kAsItsOwner},
-    kGap,
-    {IDM_GOTO_VERSE, 12, Begins::kEnabled},
-    {IDM_GOTO_NOTE, 19, Begins::kAsItsOwner},
-    kGap,
-    {IDM_CONTEXT, 13, Begins::kGreyed},
-    {IDM_NOTE_FOR_LIST, 21, Begins::kGreyed},
-    {IDM_NOTE_FOR_PASSAGE, 22, Begins::kEnabled},
-    {IDM_VERSE_FOR_NOTE, 23, Begins::kEnabled},
-    kGap,
-    {IDM_EDIT_NOTE, 20, Begins::kAsItsOwner},
-    kGap,
-    {IDM_VIEW_LIST, 14, Begins::kPressed},
-    {IDM_VIEW_PASSAGE, 15, Begins::kPressed},
-    {IDM_VIEW_NOTES, 16, Begins::kPressed},
-    kGap,
-    {IDM_HELP_TOPICS, 17, Begins::kEnabled},
-};
-
-static BYTE StateOf(const Program& program, const ToolbarRow& row) {
-    constexpr BYTE kGreyedState = TBSTATE_ENABLED | TBSTATE_INDETERMINATE;
-    switch (row.begins) {
-        case Begins::kGreyed: return kGreyedState;
-        case Begins::kEnabled: return TBSTATE_ENABLED;
-        case Begins::kPressed: return TBSTATE_ENABLED | TBSTATE_CHECKED;
-        case Begins::kAsItsOwner: return IsGreyed(program, row.command) ? kGreyedState : BYTE{TBSTATE_ENABLED};
-        case Begins::kSeparator: break;
-    }
-    return 0;
-}
-
-TEST(Toolbar, HasItsThirtyEntries) {
-    const Program program = StartProgram(FolderWithScripture());
-    const std::vector<ToolButton> buttons = ToolButtons(program);
-    ASSERT_EQ(buttons.size(), std::size(kToolbar));
-    for (std::size_t at = 0; at < buttons.size(); ++at) {
-        SCOPED_TRACE(at + 1);
-        const ToolbarRow& row = kToolbar[at];
-        EXPECT_EQ(buttons[at].command, row.command);
-        const bool isGap = row.begins == Begins::kSeparator;
-        EXPECT_EQ((buttons[at].style & TBSTYLE_SEP) != 0, isGap);
-        if (isGap) continue;
-        EXPECT_EQ(buttons[at].image, row.image);
-        EXPECT_EQ((buttons[at].style & TBSTYLE_CHECK) != 0, row.begins == Begins::kPressed);
-        EXPECT_EQ(buttons[at].state, StateOf(program, row));
-    }
-}
-
-TEST(Toolbar, RunsTheCommandOfAClickedButton) {
-    const Program program = StartProgram(FolderWithScripture());
-    const auto click = [&](int command) {
-        const RECT button = ToolRect(program, command);
-        Click(program, Child(program.frame, {IDC_TOOLBAR}),
-              {(button.left + button.right) / 2, (button.top + button.bottom) / 2});
-    };
-    click(IDM_VIEW_LIST);
-    EXPECT_FALSE(IsShown(ListTabs(program)));
-    EXPECT_FALSE(IsTicked(program, IDM_VIEW_LIST));
-    EXPECT_EQ(ToolState(program, IDM_VIEW_LIST), TBSTATE_ENABLED);
-    click(IDM_VIEW_LIST);
-    EXPECT_TRUE(IsShown(ListTabs(program)));
-    EXPECT_EQ(ToolState(program, IDM_VIEW_LIST), TBSTATE_ENABLED | TBSTATE_CHECKED);
-    click(IDM_GOTO_VERSE);
-    WaitForDialog(program, "Go To Verse");
-}
-
-// A greyed button can still be pressed; it must do nothing.
-TEST(Toolbar, RunsNothingThatIsGreyed) {
-    const Program program = StartProgram(FolderWithScripture());
-    for (const int command : {IDM_CONTEXT, IDM_NOTE_FOR_LIST, IDM_COPY_VERSE_LIST, IDM_COPY_REFERENCES, IDM_CUT}) {
-        const RECT button = ToolRect(program, command);
-        Click(program, Child(program.frame, {IDC_TOOLBAR}),
-              {(button.left + button.right) / 2, (button.top + button.bottom) / 2});
-        EXPECT_FALSE(HasDialog(program));
-        EXPECT_EQ(ToolState(program, command), TBSTATE_ENABLED | TBSTATE_INDETERMINATE) << command;
-    }
-    EXPECT_EQ(StatusPart(program, 2), "Genesis 1:1");
-}
-
-// The text that the frame gives for a command, whether the toolbar has a button for it or not: a tool is added to the
-// tool-tip control and asked for.
-static std::string AnsweredTip(const Program& program, int command) {
-    const HWND toolbar = Child(program.frame, {IDC_TOOLBAR});
-    const auto tips = reinterpret_cast<HWND>(Ask(program, toolbar, TB_GETTOOLTIPS));
-    TTTOOLINFOA tool{};
-    tool.cbSize = TTTOOLINFOA_V1_SIZE;
-    tool.hwnd = program.frame;
-    tool.uId = static_cast<UINT_PTR>(command);
-    tool.lpszText = LPSTR_TEXTCALLBACKA;
-    AskAbout(program, tips, TTM_ADDTOOLA, 0, tool);
-    const char empty[256] = "";
-    const RemoteMemory room(program, sizeof empty);
-    tool.lpszText = static_cast<char*>(room.address);
-    AskAbout(program, tips, TTM_GETTEXTA, sizeof empty, tool);
-    char text[sizeof empty] = "";
-    ReadRemote(room, text, sizeof text);
-    AskAbout(program, tips, TTM_DELTOOLA, 0, tool);
-    return text;
-}
-
-struct TipRow {
-    int command;
-    const char* text;
-};
-
-static constexpr TipRow kTips[] = {
-    {IDM_HELP_TOPICS, "Help (F1)"},
-    {IDM_WORD_SEARCH, "Word(s) Search (Alt+W)"},
-    {IDM_PHRASE_SEARCH, "Phrase Search (Alt+P)"},
-    {IDM_CONTEXT, "Read Context of Verse in Verse List (F12)"},
-    {IDM_GOTO_VERSE, "Go to a Verse (Alt+G)"},
-    {IDM_WORD_LIST_SEARCH, "Word(s) Search with word list (Alt+L)"},
-    {IDM_VIEW_LIST, "Show/Hide Verse List Window (F2)"},
-    {IDM_VIEW_PASSAGE, "Show/Hide Passage Window (F3)"},
-    {IDM_VIEW_NOTES, "Show/Hide Notes Window (F4)"},
-    {IDM_COPY_VERSE, "Copy a Verse (F5)"},
-    {IDM_COPY_RANGE, "Copy a Range of Verses (F6)"},
-    {IDM_COPY_VERSE_LIST, "Copy the Verse List (F7)"},
-    {IDM_COPY_REFERENCES, "Copy the Reference List (F8)"},
-    {IDM_SAVE_RANGE, "Save a Range of verses"},
-    {IDM_SAVE_VERSE_LIST, "Save the Verse List"},
-    {IDM_CUT, "Cut (Ctrl+X)"},
-    {IDM_COPY, "Copy (Ctrl+C)"},
-    {IDM_PASTE, "Paste (Ctrl+V)"},
-    {IDM_GOTO_NOTE, "Go to a Note (Alt+N)"},
-    {IDM_NOTE_FOR_PASSAGE, "Note for Ge 1:1 (F10)"},
-    {IDM_NOTE_FOR_LIST, "Note for Verse in Verse List (F9)"},
-    {IDM_EDIT_NOTE, "Edit Current Note (Alt+E)"},
-    {IDM_SEARCH_NOTES, "Search Notes (Alt+T)"},
-    {IDM_VERSE_FOR_NOTE, "Read Verse for Current Note (F11)"},
-};
-
-TEST(ToolTips, AnswerForEachCommandOfTheirTableAndNoOther) {
-    const Program program = StartProgram(FolderWithScripture());
-    for (int command = 95; command <= 200; ++command) {
-        const auto* row =
-            std::find_if(std::begin(kTips), std::end(kTips), [&](const TipRow& tip) { return tip.command == command; });
-        EXPECT_EQ(AnsweredTip(program, command), row == std::end(kTips) ? "" : row->text) << command;
-    }
-}
-
-TEST(ToolTips, ShowUnderTheMouse) {
-    const Program program = StartProgram(FolderWithScripture());
-    EXPECT_EQ(ToolTip(program, IDM_WORD_SEARCH), "Word(s) Search (Alt+W)");
-    EXPECT_EQ(ToolTip(program, IDM_CONTEXT), "Read Context of Verse in Verse List (F12)");
-}
-
-TEST(ToolTips, NameTheVersesThatTheirCommandsWouldTake) {
-    const Program program = StartProgram(FolderWithScripture());
-    Command(program, IDM_GOTO_BOOK + 43);
-    EXPECT_EQ(AnsweredTip(program, IDM_NOTE_FOR_PASSAGE), "Note for Joh 1:1 (F10)");
-    SearchWord(program, "unsearchable");
-    EXPECT_EQ(AnsweredTip(program, IDM_CONTEXT), "Read Context of Job 5:9 (F12)");
-    EXPECT_EQ(AnsweredTip(program, IDM_NOTE_FOR_LIST), "Note for Job 5:9 (F9)");
-    Press(program, "Down");
-    EXPECT_EQ(AnsweredTip(program, IDM_CONTEXT), "Read Context of Ps 145:3 (F12)");
-    EXPECT_EQ(AnsweredTip(program, IDM_NOTE_FOR_PASSAGE), "Note for Joh 1:1 (F10)");
-    Press(program, "Alt+w");
-    WaitForDialog(program, "Word Search");
-    Type(program, "nowordofit");
-    Press(program, "Enter");
-    WaitForDialog(program, "Search Results");
-    Press(program, "Enter");
-    WaitForNoDialog(program);
-    EXPECT_EQ(AnsweredTip(program, IDM_CONTEXT), "Read Context of Verse in Verse List (F12)");
-}
-
-// ---- Status bar
-// -------------------------------------------------------------------------------------------------------
+// ---- Status bar -----------------------------------------------------------------------------------------------------
 
 TEST(StatusBar, IsDividedByItsWidth) {
     const Program program = StartProgram(FolderWithScripture());
@@ -313,8 +112,8 @@ TEST(StatusBar, KeepsItsTextsThroughSizes) {
     const ScratchFolder folder = FolderWithScripture();
     WriteSetting(folder, "SEARCH", "StartVerse", "5");
     WriteSetting(folder, "SEARCH", "EndVerse", "31101");
-    const Program program = StartProgram(folder);
-    SearchWord(program, "unsearchable");
+    Program program = StartProgram(folder);
+    SearchFor(program, {"unsearchable"});
     const auto texts = [&] {
         std::vector<std::string> parts;
         for (int part = 0; part < 5; ++part) parts.push_back(StatusPart(program, part));
@@ -328,13 +127,12 @@ TEST(StatusBar, KeepsItsTextsThroughSizes) {
     EXPECT_EQ(texts(), before);
 }
 
-// ---- Tabs
-// -------------------------------------------------------------------------------------------------------------
+// ---- Tabs -----------------------------------------------------------------------------------------------------------
 
 TEST(ListViews, SwitchAndKeepTheList) {
-    const Program program = StartProgram(FolderWithScripture());
+    Program program = StartProgram(FolderWithScripture());
     PlaceFrame(program, kUsualPlace);
-    SearchWord(program, "unsearchable");
+    SearchFor(program, {"unsearchable"});
     Press(program, "Down");
     ClickTab(program, ListTabs(program), 0);  // the caret goes with the focus
     const HWND list = Child(program.frame, {IDC_LIST_TABS, IDC_VERSE_LIST});
@@ -361,9 +159,9 @@ TEST(ListViews, SwitchAndKeepTheList) {
 }
 
 TEST(ListViews, FillBothFromASearchInEither) {
-    const Program program = StartProgram(FolderWithScripture());
+    Program program = StartProgram(FolderWithScripture());
     ClickTab(program, ListTabs(program), 1);
-    SearchWord(program, "unsearchable");
+    SearchFor(program, {"unsearchable"});
     EXPECT_EQ(ListStrings(References(program)).size(), 5u);
     EXPECT_EQ(StatusPart(program, 1), "");
     EXPECT_EQ(FocusOf(program), References(program));
@@ -390,8 +188,8 @@ static POINT LineOf(HWND listBox, int line) {
 }
 
 TEST(ReferenceList, ReadsTheContextOfADoubleClickedLine) {
-    const Program program = StartProgram(FolderWithScripture());
-    SearchWord(program, "unsearchable");
+    Program program = StartProgram(FolderWithScripture());
+    SearchFor(program, {"unsearchable"});
     ClickTab(program, ListTabs(program), 1);
     DoubleClick(program, References(program), LineOf(References(program), 3));
     EXPECT_EQ(StatusPart(program, 3), "Romans 11:33");
@@ -400,8 +198,8 @@ TEST(ReferenceList, ReadsTheContextOfADoubleClickedLine) {
 }
 
 TEST(ReferenceList, ShowsAHiddenPassageForADoubleClick) {
-    const Program program = StartProgram(FolderWithScripture());
-    SearchWord(program, "unsearchable");
+    Program program = StartProgram(FolderWithScripture());
+    SearchFor(program, {"unsearchable"});
     Press(program, "F3");
     ClickTab(program, ListTabs(program), 1);
     DoubleClick(program, References(program), LineOf(References(program), 4));
@@ -420,8 +218,7 @@ TEST(ReferenceList, SendsTheFrameNoCommands) {
     EXPECT_TRUE(IsShown(Child(program.frame, {IDC_NOTE_TABS})));
 }
 
-// ---- Sizes
-// ------------------------------------------------------------------------------------------------------------
+// ---- Sizes ----------------------------------------------------------------------------------------------------------
 
 static RECT VisibleRect(const Program& program, int id) {
     return RectIn(Child(program.frame, {id}), program.frame);
@@ -499,8 +296,7 @@ TEST(HiddenPane, GivesItsKeysToOneThatIsShown) {
     EXPECT_NE(FocusOf(program), passage);
 }
 
-// ---- The program's own file
-// -------------------------------------------------------------------------------------------
+// ---- The program's own file -----------------------------------------------------------------------------------------
 
 static std::string ResourceBytes(HMODULE program, LPCSTR name, LPCSTR type) {
     const HRSRC found = FindResourceA(program, name, type);

@@ -48,8 +48,7 @@ static ScratchFolder FolderAtNote(int verse, int set = 0) {
     return folder;
 }
 
-// ---- Which sets there are
-// ---------------------------------------------------------------------------------------------
+// ---- Which sets there are -------------------------------------------------------------------------------------------
 
 TEST(NoteSets, AreThirtyOneAtMost) {
     const ScratchFolder folder = FolderWithScripture();
@@ -108,8 +107,7 @@ TEST(NoteSets, AreNotMadeOverExistingNotes) {
     EXPECT_TRUE(HasFile(folder, "Versewell.INI"));
 }
 
-// ---- Which note is shown
-// ----------------------------------------------------------------------------------------------
+// ---- Which note is shown --------------------------------------------------------------------------------------------
 
 TEST(Note, IsShownFromTheStart) {
     static const struct {
@@ -255,8 +253,7 @@ TEST(Note, IsMarkedInThePassageByTheSetThatIsShown) {
     EXPECT_TRUE(IsRectEmpty(&same));
 }
 
-// ---- Files that are not as they should be
-// -----------------------------------------------------------------------------
+// ---- Files that are not as they should be ---------------------------------------------------------------------------
 
 TEST(Note, ThatCannotBeReadIsSaidAndChangesNothing) {
     const ScratchFolder folder = FolderAtNote(3);

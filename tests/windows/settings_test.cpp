@@ -307,8 +307,7 @@ TEST(FramePlace, NeverLeavesTheScreen) {
     }
 }
 
-// ---- What the settings do
-// -----------------------------------------------------------------------------------------------
+// ---- What the settings do -------------------------------------------------------------------------------------------
 
 static int VerseAfterOnePage(const char* storedHeight) {
     const ScratchFolder folder = FolderWithScripture();

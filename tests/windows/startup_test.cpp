@@ -184,8 +184,7 @@ TEST(HalfStarted, BearsMouseKeysAndSizes) {
     EXPECT_EQ(CloseProgram(program), 0);
 }
 
-// ---- Splash
-// -----------------------------------------------------------------------------------------------------------
+// ---- Splash ---------------------------------------------------------------------------------------------------------
 
 // What waits for an answer during the start shows the start's own windows.
 static Program StopAtNoteFiles(const ScratchFolder& folder) {
@@ -237,8 +236,7 @@ TEST(Splash, HidesNoMessage) {
     ExpectInFrontOfTheSplash(StopAtNoteFiles(FolderWithScripture()));
 }
 
-// ---- The frame as it opens
-// --------------------------------------------------------------------------------------------
+// ---- The frame as it opens ------------------------------------------------------------------------------------------
 
 struct OpeningState {
     const char* name;
@@ -248,9 +246,9 @@ struct OpeningState {
     bool isMinimized;
 };
 
-struct Opening : testing::TestWithParam<OpeningState> {};
+struct FrameOpening : testing::TestWithParam<OpeningState> {};
 
-TEST_P(Opening, GoesByTheSettingsThenTheCommandLine) {
+TEST_P(FrameOpening, GoesByTheSettingsThenTheCommandLine) {
     const ScratchFolder folder = FolderWithScripture();
     if (*GetParam().maxed != '\0') WriteSetting(folder, "MISC", "Maxed", GetParam().maxed);
     StartOptions options;
@@ -261,7 +259,7 @@ TEST_P(Opening, GoesByTheSettingsThenTheCommandLine) {
     EXPECT_EQ(CloseProgram(program), 0);
 }
 
-INSTANTIATE_TEST_SUITE_P(Frame, Opening,
+INSTANTIATE_TEST_SUITE_P(Start, FrameOpening,
                          testing::Values(OpeningState{"Plain", "", SW_SHOWNORMAL, false, false},
                                          OpeningState{"NotMaxed", "0", SW_SHOWNORMAL, false, false},
                                          OpeningState{"Maxed", "1", SW_SHOWNORMAL, true, false},
@@ -385,8 +383,7 @@ TEST(Start, BearsDevotionalTablesOfAnySize) {
     }
 }
 
-// ---- Folders
-// ----------------------------------------------------------------------------------------------------------
+// ---- Folders --------------------------------------------------------------------------------------------------------
 
 static void CopyProgramTo(const ScratchFolder& folder) {
     std::filesystem::copy_file(Surroundings().program, folder.path / "versewell.exe");
