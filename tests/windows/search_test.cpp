@@ -1,0 +1,279 @@
+// What a search finds, and the state that it leaves the program in. The figures are those of the whole text; searches
+// by hand confirm them natively (search/search_by_hand_test.cpp).
+
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "tests/windows/passage_pane.h"
+#include "tests/windows/search_steps.h"
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+static constexpr int kSummary = 0;  // parts of the status bar
+static constexpr int kEntry = 1;
+
+static constexpr bool kAnyCase = false, kCase = true;
+static constexpr bool kWhole = false, kSubstrings = true;
+
+// ---- What is found --------------------------------------------------------------------------------------------------
+
+struct SearchRow {
+    Query query;
+    const char* summary;  // "": nothing is found
+    const char* first = "";
+    const char* range = "Ge - Re";
+};
+
+static void PrintTo(const SearchRow& row, std::ostream* out) {
+    *out << row.query.command << " \"" << row.query.text << "\" " << row.query.combination
+         << (row.query.caseSensitive ? " case" : "") << (row.query.substrings ? " substrings" : "") << " in "
+         << row.range;
+}
+
+static void ExpectSearch(Program& program, const SearchRow& row, std::string& range) {
+    if (range != row.range) SetSearchRange(program, row.range);
+    range = row.range;
+    if (*row.summary == '\0') {
+        SearchInVain(program, row.query);
+        Press(program, "Enter");
+        WaitForNoDialog(program);
+        EXPECT_EQ(StatusPart(program, kEntry), "") << testing::PrintToString(row);
+        return;
+    }
+    SearchFor(program, row.query);
+    EXPECT_EQ(StatusPart(program, kSummary), row.summary) << testing::PrintToString(row);
+    EXPECT_THAT(StatusPart(program, kEntry), HasSubstr(row.first)) << testing::PrintToString(row);
+}
+
+struct Searches {
+    const char* name;
+    std::vector<SearchRow> rows;
+};
+
+static void PrintTo(const Searches& searches, std::ostream* out) {
+    *out << searches.name;
+}
+
+static const Searches kSearches[] = {
+    {"Words",
+     {
+         {{"grace"}, "159 verses, 170 occurrences", "Genesis 6:8"},
+         {{"GRACE", IDM_WORD_LIST_SEARCH}, "159 verses, 170 occurrences", "Genesis 6:8"},
+         {{"Jehovah-jireh"}, "1 verse, 2 occurrences", "Genesis 22:14"},  // the hyphen parts two words
+         {{"jah"}, "1 verse, 1 occurance", "Psalms 68:4"},
+         {{"xyzzy"}, ""},
+         {{""}, ""},
+         {{"12 ; 34"}, ""},
+         {{"grace xyzzy"}, ""},
+         {{"grace xyzzy", IDM_WORD_SEARCH, IDC_ANY_WORD}, "159 verses, 170 occurrences"},
+         {{"maher-shalal-hash-baz"}, "2 verses, 8 occurrences", "Isaiah 8:1"},
+         {{std::string(199, 'a')}, ""},  // one word longer than any
+     }},
+    {"Combinations",
+     {
+         {{"lord god"}, "1593 verses, 3785 occurrences", "Genesis 2:4"},
+         {{"lord god", IDM_WORD_SEARCH, IDC_ANY_WORD}, "8951 verses, 12344 occurrences", "Genesis 1:1"},
+         {{"lord god", IDM_WORD_LIST_SEARCH, IDC_ONE_WORD}, "7358 verses, 8559 occurrences", "Genesis 1:1"},
+         // A word typed twice counts twice, and is marked twice.
+         {{"end end"}, "291 verses, 614 occurrences", "Genesis 6:13"},
+         {{"end end", IDM_WORD_SEARCH, IDC_ONE_WORD}, ""},
+     }},
+    {"CaseSensitive",
+     {
+         {{"LORD", IDM_WORD_SEARCH, IDC_ALL_WORDS, kCase}, "5485 verses, 6504 occurrences"},
+         // Only the first place in a verse counts, and none right behind a paragraph mark: Genesis 1:1 is left out.
+         {{"In", IDM_WORD_SEARCH, IDC_ALL_WORDS, kCase}, "251 verses, 251 occurrences", "Genesis 3:19"},
+         {{"in", IDM_WORD_SEARCH, IDC_ALL_WORDS, kCase}, "5921 verses, 8070 occurrences", "Genesis 1:6"},
+         {{"And", IDM_WORD_SEARCH, IDC_ALL_WORDS, kCase}, "10266 verses, 10989 occurrences", "Genesis 1:2"},
+         {{"Love", IDM_WORD_SEARCH, IDC_ALL_WORDS, kCase, kSubstrings}, "9 verses, 9 occurrences"},
+         {{"LOVE", IDM_WORD_SEARCH, IDC_ALL_WORDS, kCase, kSubstrings}, ""},
+     }},
+    {"Substrings",
+     {
+         {{"love", IDM_WORD_SEARCH, IDC_ALL_WORDS, kAnyCase, kSubstrings}, "546 verses, 645 occurrences"},
+         {{"loved lovely", IDM_WORD_SEARCH, IDC_ALL_WORDS, kAnyCase, kSubstrings},
+          "1 verse, 2 occurrences",
+          "Song of Solomon 5:16"},
+         {{"love loved", IDM_WORD_SEARCH, IDC_ONE_WORD, kAnyCase, kSubstrings}, "348 verses, 394 occurrences"},
+         {{"jah", IDM_WORD_LIST_SEARCH, IDC_ALL_WORDS, kAnyCase, kSubstrings}, "195 verses, 209 occurrences"},
+     }},
+    {"Phrases",
+     {
+         {{"in the beginning", IDM_PHRASE_SEARCH}, "17 verses, 17 occurrences", "Genesis 1:1"},
+         {{"he said", IDM_PHRASE_SEARCH}, "700 verses, 738 occurrences", "Genesis 3:1"},  // "she said" is among them
+         {{"He said", IDM_PHRASE_SEARCH, 0, kCase}, "21 verses, 21 occurrences", "Ruth 2:21"},
+         {{"the lord god", IDM_PHRASE_SEARCH, 0, kCase}, ""},
+         {{"Jesus wept", IDM_PHRASE_SEARCH}, "1 verse, 1 occurance", "John 11:35"},
+         {{"holy, holy, holy", IDM_PHRASE_SEARCH}, "2 verses, 2 occurrences", "Isaiah 6:3"},
+         {{"Jehovah-jireh", IDM_PHRASE_SEARCH}, ""},
+         {{"let there be xyzzy", IDM_PHRASE_SEARCH}, ""},
+         {{"shal", IDM_PHRASE_SEARCH}, ""},
+         {{"", IDM_PHRASE_SEARCH}, ""},
+         // A phrase of one word is marked as a word is, in parts of words if the last word search asked for them.
+         {{"wept", IDM_WORD_SEARCH, IDC_ALL_WORDS, kAnyCase, kSubstrings}, "72 verses, 75 occurrences"},
+         {{"end", IDM_PHRASE_SEARCH}, "291 verses, 319 occurrences", "Genesis 6:13"},
+         {{"wept", IDM_WORD_SEARCH, IDC_ALL_WORDS, kAnyCase, kWhole}, "68 verses, 71 occurrences"},
+         {{"end", IDM_PHRASE_SEARCH}, "291 verses, 307 occurrences", "Genesis 6:13"},
+     }},
+    {"Ranges",
+     {
+         {{"god"}, "1 verse, 1 occurance", "John 3:16", "Joh 3:16"},
+         {{"grace"}, "", "", "Joh 3:16"},
+         {{"grace"}, "37 verses, 39 occurrences", "Genesis 6:8", "Ge - Mal"},
+         {{"grace"}, "122 verses, 131 occurrences", "Luke 2:40", "Mt - Re"},
+         {{"Jesus wept", IDM_PHRASE_SEARCH}, "", "", "Mt - Lu"},
+         {{"LORD", IDM_WORD_SEARCH, IDC_ALL_WORDS, kCase}, "6 verses, 7 occurrences", "Psalms 23:1", "Ps 23 - Ps 24"},
+     }},
+};
+
+struct Search : testing::TestWithParam<Searches> {};
+INSTANTIATE_TEST_SUITE_P(Of, Search, testing::ValuesIn(kSearches), [](const auto& row) { return row.param.name; });
+
+TEST_P(Search, FindsTheseVerses) {
+    Program program = StartProgram(FolderWithScripture());
+    std::string range = "Ge - Re";
+    for (const SearchRow& row : GetParam().rows) ExpectSearch(program, row, range);
+}
+
+TEST(SearchResult, StandsInBothViews) {
+    Program program = StartProgram(FolderWithScripture());
+    SearchFor(program, {"propitiation"});
+    EXPECT_THAT(ListStrings(ReferenceListOf(program)), ElementsAre("Romans 3:25", "1 John 2:2", "1 John 4:10"));
+    EXPECT_EQ(FocusOf(program), VerseListOf(program));
+    EXPECT_EQ(StatusPart(program, kEntry), "Romans 3:25");
+    EXPECT_EQ(VerticalScroll(program, VerseListOf(program)).highest, 2);
+
+    // From another top, the next list begins at its first entry.
+    Press(program, "End");
+    SearchFor(program, {"Jesus wept", IDM_PHRASE_SEARCH});
+    EXPECT_THAT(ListStrings(ReferenceListOf(program)), ElementsAre("John 11:35"));
+    EXPECT_EQ(StatusPart(program, kEntry), "John 11:35");
+    EXPECT_EQ(VerticalScroll(program, VerseListOf(program)).position, 0);
+    EXPECT_EQ(VerticalScroll(program, VerseListOf(program)).highest, 0);
+}
+
+TEST(SearchResult, ComesIntoTheReferenceListWhenThatIsShown) {
+    Program program = StartProgram(FolderWithScripture());
+    ClickTab(program, Child(program.frame, {IDC_LIST_TABS}), 1);
+    for (const int command : kSearchCommands) {
+        Command(program, IDM_FOCUS_PASSAGE);
+        SearchFor(program, {"propitiation", command});
+        EXPECT_EQ(FocusOf(program), ReferenceListOf(program)) << command;
+        EXPECT_EQ(StatusPart(program, kSummary), "3 verses, 3 occurrences");
+        EXPECT_EQ(StatusPart(program, kEntry), "");  // it belongs to the other view
+        EXPECT_EQ(SendMessageA(ReferenceListOf(program), LB_GETTOPINDEX, 0, 0), 0);
+    }
+    SavePicture(PictureOfWindow(program.frame), "reference-list");
+}
+
+TEST(SearchResult, ShowsAHiddenListEvenWhenNothingIsFound) {
+    for (const bool found : {true, false}) {
+        Program program = StartProgram(FolderWithScripture());
+        Press(program, "F2");
+        EXPECT_FALSE(IsTicked(program, IDM_VIEW_LIST));
+        if (found) {
+            SearchFor(program, {"grace"});
+            EXPECT_EQ(FocusOf(program), VerseListOf(program));
+        } else {
+            SearchInVain(program, {"xyzzy"});
+        }
+        EXPECT_TRUE(IsTicked(program, IDM_VIEW_LIST));
+        EXPECT_NE(ToolState(program, IDM_VIEW_LIST) & TBSTATE_CHECKED, 0);
+        EXPECT_TRUE(IsShown(VerseListOf(program)));
+    }
+}
+
+// ---- The program's state --------------------------------------------------------------------------------------------
+
+// The cursor where the mouse is, and the window that holds the mouse.
+static bool IsMouseFree(const Program& program) {
+    GUITHREADINFO state{};
+    state.cbSize = sizeof state;
+    GetGUIThreadInfo(program.threadId, &state);
+    CURSORINFO cursor{};
+    cursor.cbSize = sizeof cursor;
+    GetCursorInfo(&cursor);
+    return state.hwndCapture == nullptr && cursor.hCursor != LoadCursorA(nullptr, IDC_WAIT);
+}
+
+static void ExpectGreyed(const Program& program, int command, bool greyed) {
+    EXPECT_EQ(IsGreyed(program, command), greyed) << command;
+    EXPECT_EQ((ToolState(program, command) & TBSTATE_INDETERMINATE) != 0, greyed) << command;
+}
+
+// Commands that need entries; those whose owner does not exist yet stay greyed for good.
+static void ExpectListCommands(const Program& program, bool enabled) {
+    ExpectGreyed(program, IDM_CONTEXT, !enabled);
+    ExpectGreyed(program, IDM_NOTE_FOR_LIST, !enabled);
+    if (enabled) return;
+    ExpectGreyed(program, IDM_COPY_VERSE_LIST, true);
+    ExpectGreyed(program, IDM_COPY_REFERENCES, true);
+    EXPECT_TRUE(IsGreyed(program, IDM_PRINT_VERSE_LIST));
+    EXPECT_TRUE(IsGreyed(program, IDM_SAVE_VERSE_LIST));
+}
+
+TEST(SearchResult, EnablesWhatNeedsIt) {
+    Program program = StartProgram(FolderWithScripture());
+    ExpectListCommands(program, false);
+    EXPECT_EQ(ToolTip(program, IDM_CONTEXT), "Read Context of Verse in Verse List (F12)");
+    SearchFor(program, {"grace"});
+    ExpectListCommands(program, true);
+    EXPECT_TRUE(IsMouseFree(program));
+    EXPECT_EQ(ToolTip(program, IDM_CONTEXT), "Read Context of Ge 6:8 (F12)");
+    EXPECT_EQ(ToolTip(program, IDM_NOTE_FOR_LIST), "Note for Ge 6:8 (F9)");
+    SearchInVain(program, {"xyzzy"});
+    ExpectListCommands(program, false);
+    Press(program, "Enter");
+    WaitForNoDialog(program);
+    ExpectListCommands(program, false);
+    SearchFor(program, {"grace"});
+    ExpectListCommands(program, true);
+}
+
+struct NoMatch : testing::TestWithParam<int> {};
+INSTANTIATE_TEST_SUITE_P(Searches, NoMatch, testing::ValuesIn(kSearchCommands));
+
+TEST_P(NoMatch, EmptiesTheListAndSaysSo) {
+    Program program = StartProgram(FolderWithScripture());
+    SearchFor(program, {"grace"});
+    Press(program, "End");
+    Command(program, IDM_FOCUS_PASSAGE);
+    const HWND box = SearchInVain(program, {"grace xyzzy", GetParam()});
+    EXPECT_EQ(MessageText(box), "No verses matching search criteria.");
+    EXPECT_THAT(ButtonsOf(box), ElementsAre("OK"));
+    EXPECT_EQ(StatusPart(program, kSummary), "No Matches");
+    EXPECT_EQ(StatusPart(program, kEntry), "");
+    EXPECT_TRUE(IsMouseFree(program));
+    EXPECT_THAT(ListStrings(ReferenceListOf(program)), IsEmpty());
+    const ScrollState scroll = VerticalScroll(program, VerseListOf(program));
+    EXPECT_EQ(scroll.highest, 0);
+    EXPECT_EQ(scroll.position, 0);
+    EXPECT_EQ(CountColors(PictureOfWindow(VerseListOf(program)), {5, 5, 300, 200}), 1) << "something is still drawn";
+    SavePicture(PictureOfWindow(program.frame), "no-match-" + std::to_string(GetParam()));
+
+    Press(program, "Enter");
+    WaitForNoDialog(program);
+    // Only the dialog for words leaves the first message standing.
+    EXPECT_EQ(StatusPart(program, kSummary), GetParam() == IDM_WORD_SEARCH ? "No Matches" : "0 verses, 0 occurrences");
+    EXPECT_EQ(StatusPart(program, kEntry), "");
+    EXPECT_EQ(FocusOf(program), PassageOf(program));
+}
+
+// A verse full of marks would outgrow the place that a marked verse has.
+TEST(SearchResult, SurvivesMoreKeyWordsThanAVerseHolds) {
+    Program program = StartProgram(FolderWithScripture());
+    SetSearchRange(program, "Es 8");
+    std::string everyE;
+    while (everyE.size() < 198) everyE += "e ";
+    SearchFor(program, {everyE, IDM_WORD_SEARCH, IDC_ALL_WORDS, kAnyCase, kSubstrings});
+    EXPECT_EQ(StatusPart(program, kEntry), "Esther 8:1");
+    Press(program, "End");
+    EXPECT_EQ(StatusPart(program, kEntry), "Esther 8:17");
+    EXPECT_EQ(ListStrings(ReferenceListOf(program)).size(), 17u);
+}
