@@ -37,6 +37,11 @@ struct TreeRule {
     Findings (*check)(const TreeFile&);
 };
 
+// Names the row in reports.
+static void PrintTo(const TreeRule& rule, std::ostream* out) {
+    *out << rule.name;
+}
+
 struct TreeKeeps : testing::TestWithParam<TreeRule> {};
 
 TEST_P(TreeKeeps, Rule) {
@@ -70,6 +75,10 @@ struct Sample {
     const char* text;
     bool isGood;
 };
+
+static void PrintTo(const Sample& sample, std::ostream* out) {
+    *out << sample.path << ": " << sample.text;
+}
 
 struct IncludeSample : testing::TestWithParam<Sample> {};
 

@@ -13,21 +13,11 @@ static void Answer(Probe& probe) {
         case ProbeQuestion::QueueState:
             probe.result = HIWORD(GetQueueStatus(QS_INPUT | QS_POSTMESSAGE | QS_PAINT));
             break;
-        case ProbeQuestion::MenuBar:
-            probe.menu = GetMenu(probe.window);
-            break;
-        case ProbeQuestion::SubMenu:
-            probe.menu = GetSubMenu(probe.menu, static_cast<int>(probe.item));
-            break;
-        case ProbeQuestion::MenuCount:
-            probe.result = static_cast<UINT>(GetMenuItemCount(probe.menu));
-            break;
-        case ProbeQuestion::MenuItemByPlace:
-            DescribeItem(probe, MF_BYPOSITION);
-            break;
-        case ProbeQuestion::MenuItemById:
-            DescribeItem(probe, MF_BYCOMMAND);
-            break;
+        case ProbeQuestion::MenuBar: probe.menu = GetMenu(probe.window); break;
+        case ProbeQuestion::SubMenu: probe.menu = GetSubMenu(probe.menu, static_cast<int>(probe.item)); break;
+        case ProbeQuestion::MenuCount: probe.result = static_cast<UINT>(GetMenuItemCount(probe.menu)); break;
+        case ProbeQuestion::MenuItemByPlace: DescribeItem(probe, MF_BYPOSITION); break;
+        case ProbeQuestion::MenuItemById: DescribeItem(probe, MF_BYCOMMAND); break;
         case ProbeQuestion::VerticalScroll:
             probe.scroll.cbSize = sizeof probe.scroll;
             probe.scroll.fMask = SIF_ALL;

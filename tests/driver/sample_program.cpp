@@ -165,31 +165,15 @@ static LRESULT OnNotify(LPARAM lParam) {
 
 static LRESULT CALLBACK FrameProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
-        case WM_CREATE:
-            MakeControls(window);
-            return 0;
-        case WM_COMMAND:
-            OnCommand(window, LOWORD(wParam));
-            return 0;
-        case WM_NOTIFY:
-            return OnNotify(lParam);
-        case WM_LBUTTONDOWN:
-            OnMouse(window, "down", lParam);
-            return 0;
-        case WM_LBUTTONUP:
-            OnMouse(window, "up", lParam);
-            return 0;
-        case WM_LBUTTONDBLCLK:
-            OnMouse(window, "double", lParam);
-            return 0;
-        case WM_RBUTTONDOWN:
-            OnMouse(window, "right", lParam);
-            return 0;
-        case WM_DESTROY:
-            PostQuitMessage(7);
-            return 0;
-        default:
-            return DefWindowProcA(window, message, wParam, lParam);
+        case WM_CREATE: MakeControls(window); return 0;
+        case WM_COMMAND: OnCommand(window, LOWORD(wParam)); return 0;
+        case WM_NOTIFY: return OnNotify(lParam);
+        case WM_LBUTTONDOWN: OnMouse(window, "down", lParam); return 0;
+        case WM_LBUTTONUP: OnMouse(window, "up", lParam); return 0;
+        case WM_LBUTTONDBLCLK: OnMouse(window, "double", lParam); return 0;
+        case WM_RBUTTONDOWN: OnMouse(window, "right", lParam); return 0;
+        case WM_DESTROY: PostQuitMessage(7); return 0;
+        default: return DefWindowProcA(window, message, wParam, lParam);
     }
 }
 

@@ -112,6 +112,10 @@ struct FailedStart {
     bool saysSo;  // else the frame opens half-started
 };
 
+static void PrintTo(const FailedStart& start, std::ostream* out) {
+    *out << start.file;
+}
+
 struct MissingFile : testing::TestWithParam<FailedStart> {};
 
 TEST_P(MissingFile, EndsTheStart) {
