@@ -15,11 +15,12 @@
 
 // Searches `search.range` for the words of `search.searchText` under `search.options` and, when a verse qualifies,
 // fills `search.result` (verses, verse count, occurrences; phrase mode off). False, with an empty result, when none
-// does or the query has no words.
+// does or the query has no words; phrase mode then stays as it was.
 bool WordSearch(const Scripture& scripture, const WordIndex& index, SearchState& search);
 
-// The same for the text as a phrase; the options' boolean type and substring flag are not used. A phrase of one word
-// leaves phrase mode off and is then listed by the boolean type, as a word search's verses are.
+// The same for the text as a phrase; the options' boolean type and substring flag are not used. Phrase mode is on
+// afterwards for two words or more. The word of a phrase of one word is marked as a word search's would be, by the
+// substring flag.
 bool PhraseSearch(const Scripture& scripture, const WordIndex& index, SearchState& search);
 
 // "2 verses, 3 occurrences", "1 verse, 1 occurance".

@@ -178,6 +178,18 @@ TEST(PhraseSearch, TreatsASingleWordAsAWord) {
     ExpectRows(kRows);
 }
 
+// A phrase is looked for in the whole verse, but marked, and counted, in its first thousand characters only.
+TEST(PhraseSearch, ListsAVerseWhosePhraseStandsBeyondTheMarks) {
+    const std::string text = "holy " + std::string(1000, 'x') + ", he said";
+    const HandMadeVerse verses[] = {{1, 1, 1, text}, {1, 1, 2, "he said"}};
+    const HandMadeFiles files = MakeFiles(verses);
+    FilesInMemory indexFiles = MakeIndexFiles(verses);
+    SearchState search = StateFor("he said", kPlain, kAllWords);
+    ASSERT_TRUE(PhraseSearch(ScriptureOf(files), IndexOf(indexFiles), search));
+    EXPECT_EQ(search.result.verses, (std::vector<std::int32_t>{0, 1}));
+    EXPECT_EQ(search.result.occurrenceCount, 1);
+}
+
 TEST(Search, KeepsToItsRange) {
     static const struct {
         SearchRange range;
