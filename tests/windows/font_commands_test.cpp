@@ -10,6 +10,7 @@
 #include "resources/ids.h"
 #include "tests/windows/painted_lines.h"
 #include "tests/windows/passage_pane.h"
+#include "tests/windows/search_steps.h"
 
 // Chooses a size in the open font dialog, as by its list.
 static void ChooseSize(HWND dialog, const char* points) {
@@ -59,6 +60,20 @@ TEST(Fonts, OfThePassageTakesPlaceAtOnce) {
         WrongLines(PassageOf(program), {{{{Style::kBold, " Ex 1:1 "}, {Style::kRegular, "\xB6 Now these "}}}}, large),
         "");
     EXPECT_EQ(Top(program), "Exodus 1:1");
+}
+
+TEST(Fonts, OfTheVerseListTakesPlaceAtOnce) {
+    Program program = StartProgram(FolderWithScripture());
+    SearchFor(program, {"grace"});
+    Press(program, "Down");
+    Command(program, IDM_FOCUS_PASSAGE);  // the caret would stand in the line
+    AskForFont(program, IDM_LIST_FONT, "24", IDCANCEL);
+    EXPECT_EQ(WrongLines(VerseListOf(program), {{{{Style::kBold, "Ge 19:19 "}}}}), "");
+    AskForFont(program, IDM_LIST_FONT, "24", IDOK);
+    const PaintedFont large{"Times New Roman", 32, 400};
+    EXPECT_EQ(WrongLines(VerseListOf(program), {{{{Style::kBold, "Ge 19:19 "}, {Style::kRegular, "Behold "}}}}, large),
+              "");
+    EXPECT_EQ(StatusPart(program, 1), "Genesis 19:19");
 }
 
 TEST(Fonts, OfTheNotesTakesPlaceAtOnce) {

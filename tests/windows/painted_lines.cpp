@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <type_traits>
 
-static constexpr int kLeftMargin = 1;
-
 struct DeleteObjectDeleter {
     void operator()(HGDIOBJ object) const { DeleteObject(object); }
 };
@@ -33,16 +31,16 @@ static Sheet EmptySheet(int width, int height) {
     SelectObject(sheet.dc.get(), sheet.bitmap.get());
     const RECT all{0, 0, width, height};
     FillRect(sheet.dc.get(), &all, GetSysColorBrush(COLOR_WINDOW));
-    SetTextColor(sheet.dc.get(), GetSysColor(COLOR_WINDOWTEXT));
     SetBkMode(sheet.dc.get(), TRANSPARENT);
     return sheet;
 }
 
 static UniqueFont FontOf(const PaintedFont& font, Style style) {
-    const int weight = style == Style::kBold ? 700 : style == Style::kItalic ? 400 : font.weight;
-    return UniqueFont(CreateFontA(-font.height, 0, 0, 0, weight, style == Style::kItalic, 0, 0, ANSI_CHARSET,
-                                  OUT_STROKE_PRECIS, CLIP_STROKE_PRECIS, DEFAULT_QUALITY, DEFAULT_PITCH,
-                                  font.name.c_str()));
+    const bool isBold = style == Style::kBold || style == Style::kBoldItalic;
+    const bool isItalic = style == Style::kItalic || style == Style::kBoldItalic;
+    const int weight = isBold ? 700 : isItalic ? 400 : font.weight;
+    return UniqueFont(CreateFontA(-font.height, 0, 0, 0, weight, isItalic, 0, 0, ANSI_CHARSET, OUT_STROKE_PRECIS,
+                                  CLIP_STROKE_PRECIS, DEFAULT_QUALITY, DEFAULT_PITCH, font.name.c_str()));
 }
 
 int LineHeightOf(const PaintedFont& font) {
@@ -68,10 +66,11 @@ static int DrawLetters(HDC dc, int x, const std::string& text) {
 }
 
 static int DrawLine(const Sheet& sheet, const PaintedLine& line, const PaintedFont& font) {
-    int x = kLeftMargin;
+    int x = line.left;
     for (const PaintedPiece& piece : line.pieces) {
         const UniqueFont face = FontOf(font, piece.style);
         const HGDIOBJ before = SelectObject(sheet.dc.get(), face.get());
+        SetTextColor(sheet.dc.get(), piece.color);
         x = DrawLetters(sheet.dc.get(), x, piece.text);
         SelectObject(sheet.dc.get(), before);
     }

@@ -7,16 +7,18 @@
 
 #include "tests/driver/driver.h"
 
-enum class Style { kRegular, kBold, kItalic };
+enum class Style { kRegular, kBold, kItalic, kBoldItalic };
 
 struct PaintedPiece {
     Style style;
-    std::string text;  // words with the blanks behind them, as they stand
+    std::string text;                                // words with the blanks behind them, as they stand
+    COLORREF color = GetSysColor(COLOR_WINDOWTEXT);  // of the letters
 };
 
 struct PaintedLine {
-    std::vector<PaintedPiece> pieces;  // from the left margin on; none: the line is empty
+    std::vector<PaintedPiece> pieces;  // none: the line is empty
     bool goesOn = true;                // may more stand behind the pieces? An empty line is empty to its end
+    int left = 1;                      // where the pieces begin
 };
 
 struct PaintedFont {
