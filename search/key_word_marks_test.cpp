@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-enum Flags { kPlain = 0, kCase = 1, kParts = 2, kPhrase = 4 };
+enum MarkFlags { kPlain = 0, kCase = 1, kParts = 2, kPhrase = 4 };
 
 static KeyWords KeyWordsFor(const std::string& query, int flags) {
     SearchState search;

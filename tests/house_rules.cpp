@@ -5,9 +5,11 @@
 #include <fstream>
 #include <functional>
 #include <iterator>
+#include <map>
 #include <regex>
 #include <sstream>
 #include <string_view>
+#include <utility>
 
 namespace fs = std::filesystem;
 
@@ -140,6 +142,35 @@ Findings CheckOwnHeaderFirst(const TreeFile& file, const std::set<std::string>& 
     const std::vector<Include> includes = IncludesOf(file);
     if (!includes.empty() && includes.front().name == own) return {};
     return {At(file, includes.empty() ? 1 : includes.front().line, own + " is to be included first")};
+}
+
+// ---- Types ---------------------------------------------------------------------------------------------------------
+
+// What a file is linked into: "" for the core, which is in everything, else the shell or the folder of tests or tools.
+static std::string ProgramOf(const std::string& path) {
+    const bool isTest = path.ends_with("_test.cpp");
+    if (!isTest && (IsProgramFolder(FolderOf(path)) || path.starts_with("win32/"))) return IsShell(path) ? "shell" : "";
+    return fs::path(path).parent_path().generic_string();
+}
+
+Findings CheckOneDefinition(const std::vector<TreeFile>& files) {
+    static const std::regex definition(R"re(^(struct|enum class|enum) (\w+)[^;()]*\{)re");
+    std::map<std::string, std::vector<std::pair<std::string, std::string>>> places;  // of a name: program and where
+    for (const TreeFile& file : files) {
+        if (!IsSource(file.path)) continue;
+        EachLine(file, [&](const std::string& line, int number) {
+            std::smatch match;
+            if (std::regex_search(line, match, definition))
+                places[match[2]].push_back({ProgramOf(file.path), At(file, number, "")});
+        });
+    }
+    Findings findings;
+    for (const auto& [name, where] : places)
+        for (std::size_t one = 0; one < where.size(); ++one)
+            for (std::size_t other = one + 1; other < where.size(); ++other)
+                if (where[one].first == where[other].first || where[one].first.empty() || where[other].first.empty())
+                    findings.push_back(where[one].second + name + " is also defined at " + where[other].second);
+    return findings;
 }
 
 // ---- Code -----------------------------------------------------------------------------------------------------------

@@ -27,6 +27,11 @@ Findings CheckIncludes(const TreeFile& file);
 // A .cpp with a header of its own name beside it includes that header before all others.
 Findings CheckOwnHeaderFirst(const TreeFile& file, const std::set<std::string>& paths);
 
+// Files that may be linked together define no two types of one name, not even each for itself: the linker would take
+// the procedures of either for both. The core may be in any program; shell, tests and tools are each in one of their
+// own.
+Findings CheckOneDefinition(const std::vector<TreeFile>& files);
+
 // Core files take what they work on as arguments: only shell files name a global (`thePassage`).
 Findings CheckGlobals(const TreeFile& file);
 

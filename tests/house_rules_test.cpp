@@ -63,6 +63,10 @@ TEST(TreeKeeps, OwnHeaderFirst) {
     EXPECT_EQ(Lines(all), "");
 }
 
+TEST(TreeKeeps, OneDefinition) {
+    EXPECT_EQ(Lines(CheckOneDefinition(Tree())), "");
+}
+
 TEST(TreeKeeps, HasFilesToCheck) {
     EXPECT_GT(Tree().size(), 100u);
     for (const TreeFile& file : Tree()) EXPECT_NE(file.path.substr(0, 5), ".git/");
@@ -125,6 +129,15 @@ TEST(HouseCheck, SeesAnotherHeaderFirst) {
     EXPECT_THAT(CheckOwnHeaderFirst({"search/a.cpp", "#include <vector>\n#include \"search/a.h\"\n"}, paths),
                 SizeIs(1));
     EXPECT_THAT(CheckOwnHeaderFirst({"search/a.cpp", "int a;\n"}, paths), SizeIs(1));
+}
+
+TEST(HouseCheck, SeesTwoTypesOfOneName) {
+    const TreeFile first{"notes/a_test.cpp", "struct Row {\n"};
+    EXPECT_THAT(CheckOneDefinition({first, {"notes/b_test.cpp", "struct Row : Other {\n"}}), SizeIs(1));
+    EXPECT_THAT(CheckOneDefinition({first, {"app/b.cpp", "enum class Row { kOne };\n"}}), SizeIs(1));
+    EXPECT_THAT(CheckOneDefinition({first, {"app/b_window.cpp", "struct Row {\n"}}), IsEmpty());
+    EXPECT_THAT(CheckOneDefinition({first, {"app/b_test.cpp", "struct Row {\n"}}), IsEmpty());
+    EXPECT_THAT(CheckOneDefinition({first, {"notes/b_test.cpp", "struct Row;\nstruct Line {\n"}}), IsEmpty());
 }
 
 TEST(HouseCheck, SeesAGlobalInTheCore) {

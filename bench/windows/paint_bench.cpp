@@ -17,12 +17,12 @@ static constexpr double kMostTimesWordByWord = 1.0;
 static constexpr double kMostTimesFaceByFace = 1.5;
 static constexpr double kMostAboveOnePaint = 2.0;  // page up, milliseconds
 
-struct Place {
+struct PaintPlace {
     const char* name;
     int book, chapter, verse;
 };
 
-static constexpr Place kPlaces[] = {
+static constexpr PaintPlace kPlaces[] = {
     {"Ge 1:1", 1, 1, 1},  {"1Ch 1:1", 13, 1, 1},     {"Ps 119:1", 19, 119, 1},
     {"Es 8:9", 17, 8, 9}, {"Joh 11:30", 43, 11, 30}, {"Re 20:1", 66, 20, 1},
 };
@@ -64,7 +64,7 @@ static NoteSets HalfTheNotes() {
     return notes;
 }
 
-static PassageFlow FlowAt(Bench& bench, const Place& place, const Mode& mode) {
+static PassageFlow FlowAt(Bench& bench, const PaintPlace& place, const Mode& mode) {
     return {
         .scripture = &bench.scripture,
         .noteFiles = &bench.noteFiles,
@@ -117,7 +117,7 @@ static void Keep(Worst& worst, const char* place, double time, double floor) {
 
 static void ComparePaints(Bench& bench, const Mode& mode) {
     Worst wordByWord, faceByFace;
-    for (const Place& place : kPlaces) {
+    for (const PaintPlace& place : kPlaces) {
         const PassageFlow flow = FlowAt(bench, place, mode);
         const std::vector<PlacedWord> words = WordsOf(flow);
         const TextRuns runs = RunsOf(bench, flow);
@@ -140,7 +140,7 @@ static void ComparePaints(Bench& bench, const Mode& mode) {
 
 static void MeasureScrolling(Bench& bench, const Mode& mode) {
     double mostMeasuring = 0, mostAbove = -1000;
-    for (const Place& place : kPlaces) {
+    for (const PaintPlace& place : kPlaces) {
         PassageFlow flow = FlowAt(bench, place, mode);
         PassageView view;
         MeasurePassage(flow, view);
