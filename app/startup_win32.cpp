@@ -77,7 +77,8 @@ static void ReadSettings() {
 
 static void SetFirstMenuState() {
     if (theNotes.sets.devotionalSet == kNoDevotionalSet) {
-        DeleteMenu(theFrame.menu, kDevotionalMenu, MF_BYPOSITION);
+        // Not deleted: to destroy its 732 items one by one would be felt in the start, and they go with the program.
+        RemoveMenu(theFrame.menu, kDevotionalMenu, MF_BYPOSITION);
         DrawMenuBar(theFrame.window);
     } else {
         EnableMenuItem(theFrame.menu, kDevotionalMenu, MF_BYPOSITION | MF_GRAYED);
