@@ -8,8 +8,9 @@
 inline constexpr char kVerseListClass[] = "VERSELIST";
 
 struct VerseListPane : ReadingPane {
-    HWND references = nullptr;              // the list box
-    WNDPROC referencesProcedure = nullptr;  // its own
+    HWND references = nullptr;                  // the list box
+    WNDPROC referencesProcedure = nullptr;      // its own
+    WNDPROC referencesWideProcedure = nullptr;  // the same, to be called with wide text
     VerseList list;
     KeyWords keyWords;  // of the search that filled the list
 };
