@@ -72,18 +72,29 @@ static void AdoptDatedProgram(Program& program, const std::string& file) {
     program.process.reset(OpenProcess(PROCESS_ALL_ACCESS, FALSE, program.processId));
 }
 
+// On a busy machine Wine refuses a start now and then with an internal error of its own, and takes the next one.
+static PROCESS_INFORMATION StartProcess(const std::string& commandLine, const std::string& folder, int showState) {
+    STARTUPINFOA startup{};
+    startup.cb = sizeof startup;
+    startup.dwFlags = STARTF_USESHOWWINDOW;
+    startup.wShowWindow = static_cast<WORD>(showState);
+    PROCESS_INFORMATION started{};
+    DWORD error = ERROR_INTERNAL_ERROR;
+    for (int tries = 0; tries < 3 && error == ERROR_INTERNAL_ERROR; ++tries) {
+        std::string line = commandLine;  // which the call may write into
+        if (CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, folder.c_str(), &startup,
+                           &started))
+            return started;
+        error = GetLastError();
+    }
+    Fail(nullptr, "cannot start " + commandLine + ", error " + std::to_string(error));
+}
+
 Program LaunchProgram(const ScratchFolder& folder, const StartOptions& options) {
     const std::string file = options.programFile.empty() ? Surroundings().program : options.programFile;
     std::string commandLine = "\"" + file + "\" " + options.arguments;
     if (!options.date.empty()) commandLine = "\"" + Surroundings().dater + "\" \"" + options.date + "\" " + commandLine;
-    STARTUPINFOA startup{};
-    startup.cb = sizeof startup;
-    startup.dwFlags = STARTF_USESHOWWINDOW;
-    startup.wShowWindow = static_cast<WORD>(options.showState);
-    PROCESS_INFORMATION started{};
-    if (!CreateProcessA(nullptr, commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr, folder.path.string().c_str(),
-                        &startup, &started))
-        Fail(nullptr, "cannot start " + commandLine + ", error " + std::to_string(GetLastError()));
+    const PROCESS_INFORMATION started = StartProcess(commandLine, folder.path.string(), options.showState);
     CloseHandle(started.hThread);
 
     Program program;
