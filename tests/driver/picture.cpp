@@ -2,9 +2,11 @@
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <fstream>
 #include <set>
 #include <string_view>
+#include <thread>
 
 #include "tests/driver/driver.h"
 
@@ -96,7 +98,7 @@ bool SavePicture(const Picture& picture, const std::string& name) {
     return file.good();
 }
 
-Picture PictureOfScreen(const RECT& area) {
+static Picture LookAtScreen(const RECT& area) {
     const RECT screen{0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
     RECT seen;
     if (!IntersectRect(&seen, &area, &screen)) return {};
@@ -119,6 +121,19 @@ Picture PictureOfScreen(const RECT& area) {
     DeleteDC(memory);
     ReleaseDC(nullptr, screenDc);
     return picture;
+}
+
+// The display server hears the program and this process on two lines, so a first look may come before what the program
+// has drawn: what two looks in a row agree on is what is shown.
+Picture PictureOfScreen(const RECT& area) {
+    Picture before = LookAtScreen(area);
+    for (int looks = 0; looks < 20; ++looks) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+        Picture now = LookAtScreen(area);
+        if (now.pixels == before.pixels) return now;
+        before = std::move(now);
+    }
+    return before;
 }
 
 Picture PictureOfWindow(HWND window) {

@@ -14,7 +14,7 @@ struct Picture {
     std::vector<std::uint32_t> pixels;
 };
 
-// What the screen shows of `area` (screen coordinates, cut to the screen).
+// What the screen shows of `area` (screen coordinates, cut to the screen) once it stands still.
 Picture PictureOfScreen(const RECT& area);
 
 // What the screen shows where `window` stands, its frame included; other windows in front of it are in the picture.
