@@ -6,6 +6,7 @@
 #include "win32/windows_api.h"
 
 inline constexpr char kErrorCaption[] = "Error";
+inline constexpr char kCopyErrorCaption[] = "Copy Error";
 
 // A message box with the stop icon and OK.
 void Complain(HWND owner, const char* text, const char* caption = kErrorCaption);
