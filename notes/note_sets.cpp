@@ -95,12 +95,7 @@ static std::uint64_t LengthBetween(std::uint64_t begin, std::uint64_t end) {
     return end > begin ? end - begin : 0;
 }
 
-struct StoredNote {
-    std::uint64_t offset = 0;
-    std::uint64_t length = 0;  // text and NUL; the last verse's only says how much to ask for
-};
-
-static StoredNote StoredNoteOf(const NoteSet& set, int verse) {
+StoredNote StoredNoteOf(const NoteSet& set, int verse) {
     const auto offset = OffsetOf(set, verse);
     if (!offset) return {};
     if (verse == kLastVerse) return {*offset, kNoteBufferSize};
@@ -122,12 +117,15 @@ bool ReadNoteText(const NoteFiles& files, const VerseRecords& records, NoteSets&
     return true;
 }
 
+bool NoteExists(const NoteFiles& files, const NoteSet& set, int verse) {
+    if (verse != kLastVerse) return StoredNoteOf(set, verse).length > 1;
+    const auto offset = OffsetOf(set, verse);
+    return offset && LengthBetween(*offset, files.size(files.device, set.dataFileName)) > 1;
+}
+
 bool NoteExists(const NoteFiles& files, const NoteSets& notes, int verse) {
     const NoteSet* set = CurrentSet(notes);
-    if (set == nullptr) return false;
-    if (verse != kLastVerse) return StoredNoteOf(*set, verse).length > 1;
-    const auto offset = OffsetOf(*set, verse);
-    return offset && LengthBetween(*offset, files.size(files.device, set->dataFileName)) > 1;
+    return set != nullptr && NoteExists(files, *set, verse);
 }
 
 // Steps from the current verse by `step` (1 or -1) round the Bible to the next verse with a note.

@@ -59,8 +59,19 @@ void SelectStoredNote(NoteSets& notes, int set, int verse);
 // current verse becomes `verse`. False, and nothing changed, when the data file cannot be opened.
 bool ReadNoteText(const NoteFiles& files, const VerseRecords& records, NoteSets& notes, int verse);
 
-// Has the current set a note for `verse`: a stored length above 1? The last verse's is taken from the file's size.
+// Has the set a note for `verse`: a stored length above 1? The last verse's is taken from the file's size.
+bool NoteExists(const NoteFiles& files, const NoteSet& set, int verse);
+
+// The same for the current set.
 bool NoteExists(const NoteFiles& files, const NoteSets& notes, int verse);
+
+// Where the note of `verse` lies in its set's data file, as the index says: a damaged one may say anything. No length
+// where the index has none.
+struct StoredNote {
+    std::uint64_t offset = 0;
+    std::uint64_t length = 0;  // text and NUL; the last verse's only says how much to ask for
+};
+StoredNote StoredNoteOf(const NoteSet& set, int verse);
 
 // The next or previous verse, round the end of the Bible, that has a note; the neighbouring verse when no other has.
 int NextNote(const NoteFiles& files, const NoteSets& notes);

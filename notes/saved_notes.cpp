@@ -1,0 +1,43 @@
+#include "notes/saved_notes.h"
+
+#include <algorithm>
+
+static constexpr std::size_t kWindowSize = 4 * kNoteBufferSize;
+
+bool CanReadNotes(const NoteFiles& files, const NoteSet& set) {
+    std::vector<unsigned char> none;
+    return files.read(files.device, set.dataFileName, 0, 0, none);
+}
+
+static bool Holds(const SavedNotes& notes, const StoredNote& stored) {
+    return stored.offset >= notes.windowOffset &&
+           stored.offset + stored.length <= notes.windowOffset + notes.window.size();
+}
+
+// Makes the window begin with the note where it does not lie in it. False when the data file cannot be opened.
+static bool MoveWindow(SavedNotes& notes, const StoredNote& stored) {
+    if (Holds(notes, stored)) return true;
+    notes.windowOffset = stored.offset;
+    return notes.files.read(notes.files.device, notes.set.dataFileName, stored.offset, kWindowSize, notes.window);
+}
+
+// A damaged index may ask for more than a note can hold, or than the file has.
+static std::span<const unsigned char> BytesOf(const SavedNotes& notes, const StoredNote& stored) {
+    const auto inWindow = std::span(notes.window).subspan(static_cast<std::size_t>(stored.offset - notes.windowOffset));
+    return inWindow.first(std::min(inWindow.size(), static_cast<std::size_t>(stored.length)));
+}
+
+static NoteFound NoteOf(void* device, int verse, std::string& note) {
+    SavedNotes& notes = *static_cast<SavedNotes*>(device);
+    if (!NoteExists(notes.files, notes.set, verse)) return NoteFound::kNone;
+    StoredNote stored = StoredNoteOf(notes.set, verse);
+    stored.length = std::min<std::uint64_t>(stored.length, kNoteBufferSize);
+    if (!MoveWindow(notes, stored)) return NoteFound::kUnreadable;
+    const auto bytes = BytesOf(notes, stored);
+    note.assign(bytes.begin(), std::find(bytes.begin(), bytes.end(), '\0'));
+    return NoteFound::kNote;
+}
+
+NoteSource SourceOf(SavedNotes& notes) {
+    return {&notes, NoteOf};
+}
