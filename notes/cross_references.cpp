@@ -1,0 +1,179 @@
+#include "notes/cross_references.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "scripture/books.h"
+#include "search/letters.h"
+
+static bool IsDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+
+static bool IsBlank(char c) {
+    return c == ' ' || c == '\t';
+}
+
+static bool IsInNumber(char c) {
+    return IsDigit(c) || c == ':' || c == '.';
+}
+
+// ---- The line -----------------------------------------------------------------------------------------------------
+
+static std::string_view ListAt(std::string_view note, std::size_t caret) {
+    const std::size_t mark = note.find_last_of("#\n", caret);
+    if (mark == std::string_view::npos || note[mark] == '\n') return {};
+    std::string_view list = note.substr(mark + 1);
+    list = list.substr(0, list.find('\n'));
+    const auto first = std::ranges::find_if(list, [](char c) { return IsLetter(c) || IsDigit(c); });
+    list.remove_prefix(static_cast<std::size_t>(first - list.begin()));
+    return list;
+}
+
+// ---- Items --------------------------------------------------------------------------------------------------------
+
+struct Place {
+    int book = 0;
+    int chapter = 0;
+    int verse = 0;
+};
+
+static int VerseOf(const VerseRecords& records, const Place& place) {
+    return VerseLookup(records, place.book, place.chapter, place.verse);
+}
+
+static char Front(std::string_view text) {
+    return text.empty() ? '\0' : text.front();
+}
+
+static void SkipBlanks(std::string_view& text) {
+    while (IsBlank(Front(text))) text.remove_prefix(1);
+}
+
+static bool AgreeIgnoringCase(std::string_view a, std::string_view b) {
+    return std::ranges::equal(
+        a, b, {}, [](char c) { return LowerCased(c); }, [](char c) { return LowerCased(c); });
+}
+
+// Do the two agree as far as the shorter one goes?
+static bool AgreeAtFirst(std::string_view a, std::string_view b) {
+    const std::size_t length = std::min(a.size(), b.size());
+    return AgreeIgnoringCase(a.substr(0, length), b.substr(0, length));
+}
+
+static int BookThatFits(std::string_view typed) {
+    for (int book = 1; book <= kBookCount; ++book) {
+        const std::string_view name = BookName(book);
+        if (name.size() >= typed.size() && AgreeAtFirst(name, typed)) return book;
+    }
+    for (int book = 1; book <= kBookCount; ++book)
+        if (AgreeAtFirst(BookAbbreviation(book), typed)) return book;
+    return 0;
+}
+
+// A name of several words at the start of `text`; those that begin with a figure are written without their blank.
+static std::string_view NameOfSeveralWords(std::string_view text) {
+    for (int book = 1; book <= kBookCount; ++book) {
+        const std::string_view name = BookName(book);
+        if (IsLetter(name.front()) && name.find(' ') != std::string_view::npos && text.size() >= name.size() &&
+            AgreeAtFirst(name, text))
+            return text.substr(0, name.size());
+    }
+    return {};
+}
+
+// What may name a book at the start of `text`: letters, or one figure and letters. Empty where there is neither.
+static std::string_view BookTextAt(std::string_view text) {
+    const std::string_view words = NameOfSeveralWords(text);
+    if (!words.empty()) return words;
+    std::size_t end = IsDigit(Front(text)) ? 1 : 0;
+    const std::size_t letters = end;
+    while (end < text.size() && IsLetter(text[end])) ++end;
+    return text.substr(0, end > letters ? end : 0);
+}
+
+// Takes a book from the start of `text`, with a full stop and the blanks behind it. 0 when none is named there.
+static int TakeBook(std::string_view& text) {
+    const std::string_view typed = BookTextAt(text);
+    const int book = typed.empty() ? 0 : BookThatFits(typed);
+    if (book == 0) return 0;
+    text.remove_prefix(typed.size());
+    if (Front(text) == '.') text.remove_prefix(1);
+    SkipBlanks(text);
+    return book;
+}
+
+// Takes figures; none where there are none. Long ones stop far beyond any verse.
+static std::optional<int> TakeFigures(std::string_view& text) {
+    static constexpr int kBeyondAnyVerse = 100000;
+    if (!IsDigit(Front(text))) return std::nullopt;
+    int number = 0;
+    for (; IsDigit(Front(text)); text.remove_prefix(1)) {
+        number = std::min(number * 10 + (text.front() - '0'), kBeyondAnyVerse);
+    }
+    return number;
+}
+
+// Takes a chapter and a verse, or a verse alone, and all that goes on like a number behind them: "3:16." too.
+static void TakeNumber(std::string_view& text, Place& place) {
+    if (const auto first = TakeFigures(text)) {
+        std::optional<int> second;
+        if (Front(text) == ':' || Front(text) == '.') {
+            text.remove_prefix(1);
+            second = TakeFigures(text);
+        }
+        if (second) place.chapter = *first;
+        place.verse = second ? *second : *first;
+    }
+    while (IsInNumber(Front(text))) text.remove_prefix(1);
+}
+
+static bool TakeItem(std::string_view& text, Place& place) {
+    const int book = TakeBook(text);
+    if (book == 0 && !IsDigit(Front(text))) return false;
+    if (book != 0) place.book = book;
+    TakeNumber(text, place);
+    return true;
+}
+
+// Takes the character that ended an item, with the blanks round it, and gives it.
+static char TakeSeparator(std::string_view& text) {
+    const bool parted = IsBlank(Front(text));
+    SkipBlanks(text);
+    const char separator = Front(text);
+    if (parted && (IsLetter(separator) || IsDigit(separator))) return ' ';  // a blank was all there was
+    if (!text.empty()) text.remove_prefix(1);
+    SkipBlanks(text);
+    return separator;
+}
+
+// ---- Verses -------------------------------------------------------------------------------------------------------
+
+static bool IsFull(const std::vector<std::int32_t>& verses) {
+    return verses.size() >= std::size_t{kVerseCount};
+}
+
+// Adds the verses between `first` and the number ahead; the number itself is the next item. "3Jo" is no number.
+static void AddRange(const VerseRecords& records, std::string_view ahead, Place place, int first,
+                     std::vector<std::int32_t>& verses) {
+    if (!IsDigit(Front(ahead)) || TakeBook(ahead) != 0) return;
+    TakeNumber(ahead, place);
+    const int end = VerseOf(records, place);
+    for (int verse = first + 1; verse < end && !IsFull(verses); ++verse) verses.push_back(verse);
+}
+
+std::vector<std::int32_t> CrossReferences(const VerseRecords& records, std::string_view note, std::size_t caret,
+                                          int noteVerse) {
+    std::vector<std::int32_t> verses;
+    std::string_view text = ListAt(note, caret);
+    const VerseRecord here = RecordOf(records, noteVerse);
+    Place place{here.book, here.chapter, here.verse};
+    while (!IsFull(verses) && TakeItem(text, place)) {
+        const int verse = VerseOf(records, place);
+        const bool isRange = TakeSeparator(text) == '-';
+        if (verse == kNoVerse) continue;
+        verses.push_back(verse);
+        if (isRange) AddRange(records, text, place, verse, verses);
+    }
+    return verses;
+}
