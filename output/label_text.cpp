@@ -28,3 +28,9 @@ void AppendReference(LabelText& label, const VerseRecord& record, BookForm form)
     AppendText(label, ":");
     AppendNumber(label, record.verse);
 }
+
+void AppendHeading(LabelText& label, const VerseRecord& record) {
+    AppendText(label, BookName(record.book));
+    AppendText(label, " chapter ");
+    AppendNumber(label, record.chapter);
+}

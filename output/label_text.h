@@ -18,3 +18,6 @@ void AppendNumber(LabelText& label, int number);
 
 // "Ge 1:1" or "Genesis 1:1"
 void AppendReference(LabelText& label, const VerseRecord& record, BookForm form = BookForm::kAbbreviation);
+
+// "Genesis chapter 1"
+void AppendHeading(LabelText& label, const VerseRecord& record);

@@ -6,7 +6,6 @@
 
 #include "output/label_text.h"
 #include "output/word_pieces.h"
-#include "scripture/books.h"
 
 static constexpr int kLeftMargin = 1;  // pixels
 static constexpr std::string_view kParagraphIndent = "    ";
@@ -62,9 +61,7 @@ static int WidthInBold(const PassageWalk& walk, std::string_view text) {
 // Two lines on from the last word, so that one stays empty above.
 static void PlaceHeading(PassageWalk& walk, const VerseRecord& record) {
     walk.label.size = 0;
-    AppendText(walk.label, BookName(record.book));
-    AppendText(walk.label, " chapter ");
-    AppendNumber(walk.label, record.chapter);
+    AppendHeading(walk.label, record);
     Wrap(walk);
     Wrap(walk);
     const std::string_view text = TextOf(walk.label);

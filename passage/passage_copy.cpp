@@ -1,0 +1,63 @@
+#include "passage/passage_copy.h"
+
+#include <utility>
+
+#include "output/label_text.h"
+#include "output/selected_words.h"
+
+static constexpr std::string_view kLineEnd = "\r\n";
+
+// A copy as far as it has come.
+struct PassageCopy {
+    bool inParagraphs = false;
+    WordReader reader;
+    VerseRecord shown{};  // the verse begun last; book 0 before the first
+    LabelText label{};
+    std::string text{};
+};
+
+static bool IsFirst(const PassageCopy& copy) {
+    return copy.shown.book == 0;
+}
+
+static void AppendChapter(PassageCopy& copy, const VerseRecord& record) {
+    copy.label.size = 0;
+    AppendHeading(copy.label, record);
+    copy.text.append(kLineEnd).append(kLineEnd).append(TextOf(copy.label)).append(kLineEnd);
+}
+
+static void AppendLabel(PassageCopy& copy, const VerseRecord& record, bool indented) {
+    copy.label.size = 0;
+    if (!IsFirst(copy) && (!copy.inParagraphs || indented)) AppendText(copy.label, kLineEnd);
+    if (!copy.inParagraphs) AppendText(copy.label, " ");
+    if (indented) AppendText(copy.label, "    ");
+    if (IsFirst(copy)) {
+        AppendReference(copy.label, record);
+    } else {
+        AppendNumber(copy.label, record.verse);
+    }
+    AppendText(copy.label, " ");
+    copy.text += TextOf(copy.label);
+}
+
+static void AppendVerse(PassageCopy& copy, const VerseRecord& record, std::string_view verse, const WordSpan& words) {
+    const bool newChapter = record.book != copy.shown.book || record.chapter != copy.shown.chapter;
+    const bool indented = copy.inParagraphs && BeginsParagraph(verse);
+    if (!IsFirst(copy) && newChapter) AppendChapter(copy, record);
+    if (words.first == 0) AppendLabel(copy, record, indented);
+    AppendWords(copy.text, copy.reader, indented ? verse.substr(1) : verse, words);
+    copy.shown = record;
+}
+
+std::string PassageCopyText(const Scripture& scripture, const ReadingOptions& options, bool keepBrackets,
+                            const Selection& selection) {
+    const OrderedSelection ordered = Ordered(selection);
+    if (ordered.start.place < 0) return {};
+    PassageCopy copy{options.ParagraphFormat != 0, CopyingReader(keepBrackets)};
+    for (int verse = ordered.start.place; verse <= ordered.end.place; ++verse) {
+        const VerseRecord record = RecordOf(scripture.records, verse);
+        if (record.book == 0) break;  // past the last verse
+        AppendVerse(copy, record, VerseText(scripture, verse), SelectedWords(ordered, verse));
+    }
+    return std::move(copy.text);
+}

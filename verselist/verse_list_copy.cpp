@@ -1,0 +1,40 @@
+#include "verselist/verse_list_copy.h"
+
+#include <algorithm>
+
+#include "output/label_text.h"
+#include "output/selected_words.h"
+
+static constexpr std::string_view kLineEnd = "\r\n";
+
+static void AppendLabel(std::string& text, const VerseRecord& record) {
+    LabelText label;
+    AppendText(label, " ");
+    AppendReference(label, record);
+    AppendText(label, " ");
+    text += TextOf(label);
+}
+
+// Of the first entry the last word keeps its blank; its line end is cut where the selection goes no further.
+static void EndLine(std::string& text, bool isFirst, bool isLast) {
+    if (isFirst && isLast) return;
+    if (!isFirst) text.pop_back();
+    text += kLineEnd;
+}
+
+std::string VerseListCopyText(const Scripture& scripture, const VerseList& list, bool keepBrackets,
+                              const Selection& selection) {
+    const OrderedSelection ordered = Ordered(selection);
+    if (ordered.start.place < 0) return {};
+    const int last = std::min(ordered.end.place, ListCount(list) - 1);
+    std::string text;
+    WordReader reader = CopyingReader(keepBrackets);
+    for (int entry = ordered.start.place; entry <= last; ++entry) {
+        const int verse = list.ListEntries[static_cast<std::size_t>(entry)];
+        const WordSpan words = SelectedWords(ordered, entry);
+        if (words.first == 0) AppendLabel(text, RecordOf(scripture.records, verse));
+        const bool ended = AppendWords(text, reader, VerseText(scripture, verse), words);
+        if (ended) EndLine(text, entry == ordered.start.place, entry == ordered.end.place);
+    }
+    return text;
+}

@@ -1,0 +1,110 @@
+#include "verselist/verse_list_copy.h"
+
+#include <gtest/gtest.h>
+
+#include <numeric>
+
+#include "tests/support/hand_made_scripture.h"
+#include "tests/support/native_scripture.h"
+
+static constexpr HandMadeVerse kVerses[] = {
+    {1, 1, 1, "\xB6In the beginning."},
+    {1, 1, 2, "And [it was] so."},
+    {9, 3, 4, "That the [LORD]:"},
+    {43, 11, 35, "Jesus wept."},
+};
+
+struct ListCopyRow {
+    bool keepBrackets;
+    SelectionPoint anchor, end;
+    const char* text;
+};
+
+static std::string CopyOf(const Scripture& scripture, const VerseList& list, const ListCopyRow& row) {
+    return VerseListCopyText(scripture, list, row.keepBrackets, {kVerseListOwns, row.anchor, row.end});
+}
+
+// Of the list 1Sa 3:4, Ge 1:1, Ge 1:2, Joh 11:35: what stands in an entry is not the entry's number.
+static void ExpectCopies(std::span<const ListCopyRow> rows) {
+    const HandMadeFiles files = MakeFiles(kVerses);
+    const Scripture scripture = ScriptureOf(files);
+    VerseList list;
+    list.ListEntries = {2, 0, 1, 3};
+    for (const ListCopyRow& row : rows) {
+        EXPECT_EQ(CopyOf(scripture, list, row), row.text);
+        EXPECT_EQ(CopyOf(scripture, list, {row.keepBrackets, row.end, row.anchor, row.text}), row.text)
+            << "dragged the other way";
+    }
+}
+
+TEST(VerseListCopy, OfOneEntryHasNoLineEnd) {
+    static constexpr ListCopyRow kRows[] = {
+        {false, {2, 0}, {2, 0}, " Ge 1:2 "},         // the label alone
+        {false, {1, 0}, {1, 0}, " Ge 1:1 "},         //
+        {false, {2, 0}, {2, 2}, " Ge 1:2 And it "},  //
+        {false, {2, 0}, {2, 4}, " Ge 1:2 And it was so. "},
+        {false, {2, 3}, {2, 4}, "was so. "},          //
+        {false, {2, 4}, {2, 4}, "so. "},              //
+        {false, {1, 0}, {1, 2}, " Ge 1:1 \xB6 In "},  // the paragraph mark is a word
+        {false, {1, 1}, {1, 1}, "\xB6 "},             //
+        {false, {0, 0}, {0, 3}, " 1Sa 3:4 That the LORD: "},
+    };
+    ExpectCopies(kRows);
+}
+
+TEST(VerseListCopy, EndsTheFirstLineWithABlankAndTheOthersWithout) {
+    static constexpr ListCopyRow kRows[] = {
+        {false, {1, 0}, {2, 1}, " Ge 1:1 \xB6 In the beginning. \r\n Ge 1:2 And "},
+        {false, {1, 4}, {2, 0}, "beginning. \r\n Ge 1:2 "},
+        {false, {1, 4}, {3, 1}, "beginning. \r\n Ge 1:2 And it was so.\r\n Joh 11:35 Jesus "},
+        {false, {0, 2}, {2, 2}, "the LORD: \r\n Ge 1:1 \xB6 In the beginning.\r\n Ge 1:2 And it "},
+    };
+    ExpectCopies(kRows);
+}
+
+// There is no blank to cut the line behind.
+TEST(VerseListCopy, KeepsTheLineEndBehindTheLastWordOfAFollowingEntry) {
+    static constexpr ListCopyRow kRows[] = {
+        {false, {2, 4}, {3, 2}, "so. \r\n Joh 11:35 Jesus wept.\r\n"},
+        {false, {2, 4}, {3, 1}, "so. \r\n Joh 11:35 Jesus "},
+        {false, {0, 3}, {1, 4}, "LORD: \r\n Ge 1:1 \xB6 In the beginning.\r\n"},
+    };
+    ExpectCopies(kRows);
+}
+
+TEST(VerseListCopy, KeepsBracketsWhereItIsAskedTo) {
+    static constexpr ListCopyRow kRows[] = {
+        {true, {2, 0}, {2, 4}, " Ge 1:2 And [it was] so. "},
+        {true, {2, 2}, {3, 1}, "[it was] so. \r\n Joh 11:35 Jesus "},
+        {true, {0, 3}, {2, 3}, "[LORD]: \r\n Ge 1:1 \xB6 In the beginning.\r\n Ge 1:2 And [it was] "},
+        {false, {2, 2}, {2, 3}, "it was "},
+    };
+    ExpectCopies(kRows);
+}
+
+TEST(VerseListCopy, StandsForAnySelection) {
+    static constexpr ListCopyRow kRows[] = {
+        {true, {-1, -1}, {-1, -1}, ""},       {true, {-1, -1}, {2, 1}, ""}, {true, {7, 0}, {9, 1}, ""},
+        {true, {3, 2}, {9, 1}, "wept. \r\n"}, {true, {3, 5}, {3, 9}, ""},
+    };
+    ExpectCopies(kRows);
+    EXPECT_EQ(CopyOf({}, {}, {true, {0, 0}, {3, 1}, ""}), "");
+}
+
+TEST(RealVerseListCopy, TakesAListOfTheWholeBible) {
+    VerseList list;
+    list.ListEntries.resize(kVerseCount);
+    std::iota(list.ListEntries.begin(), list.ListEntries.end(), 0);
+    const std::string copy = CopyOf(TheRealScripture(), list, {true, {0, 0}, {kLastVerse, 999}, ""});
+
+    std::string_view rest = copy;
+    for (int verse = 0; verse <= kLastVerse; ++verse) {
+        std::string line = " " + ReferenceText(TheRealScripture().records, verse, BookForm::kAbbreviation) + " ";
+        line += VerseText(TheRealScripture(), verse);
+        if (const std::size_t mark = line.find('\xB6'); mark != std::string::npos) line.insert(mark + 1, " ");
+        line += verse == 0 ? " \r\n" : "\r\n";
+        ASSERT_EQ(rest.substr(0, line.size()), line);
+        rest.remove_prefix(line.size());
+    }
+    EXPECT_EQ(rest, "");
+}
