@@ -19,6 +19,7 @@ unsigned FactsOf(const FactSources& sources) {
         {kNotesShown, sources.shown.NotesWindow != 0},
         {kToolbarShown, sources.shown.ToolBar != 0},
         {kNotesBound, sources.notesBound},
+        {kListCanBeSaved, sources.list.canBeSaved},
     };
     unsigned facts = 0;
     for (const auto& [fact, holds] : kRows) facts |= holds ? fact : 0u;

@@ -23,6 +23,7 @@ enum Fact : unsigned {
     kNotesShown = 1u << 10,
     kToolbarShown = 1u << 11,
     kNotesBound = 1u << 12,
+    kListCanBeSaved = 1u << 13,
 };
 
 struct FactSources {

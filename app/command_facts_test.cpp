@@ -22,13 +22,32 @@ TEST(CommandFacts, OfAFreshProgram) {
 
 TEST(CommandFacts, FollowEachSource) {
     State state;
-    state.list.ListEntries = {3};
+    FillVerseList(state.list, {3});
     state.selection.SelectionOwner = kPassageOwns;
     state.reading.ParagraphFormat = -56;
     state.reading.Italics = kBracketed;
     state.shown = {0, 0, 0, 0};
-    EXPECT_EQ(FactsOf(state, true, true, true),
-              kListHasVerses | kPassageFocused | kHasSelection | kParagraphs | kBracketsShown | kNotesBound);
+    EXPECT_EQ(FactsOf(state, true, true, true), kListHasVerses | kPassageFocused | kHasSelection | kParagraphs |
+                                                    kBracketsShown | kNotesBound | kListCanBeSaved);
+}
+
+// To follow a cross-reference line neither enables Save Verse List nor greys it.
+TEST(CommandFacts, ListsOfReferencesAreSavedAsTheListBeforeThem) {
+    constexpr unsigned kOfList = kListHasVerses | kListCanBeSaved;
+    State state;
+    FillWithReferences(state.list, {3, 1});
+    EXPECT_EQ(FactsOf(state) & kOfList, kListHasVerses);
+    FillVerseList(state.list, {3});
+    FillWithReferences(state.list, {3, 1});
+    EXPECT_EQ(FactsOf(state) & kOfList, kOfList);
+    DeleteEntry(state.list, 0);
+    EXPECT_EQ(FactsOf(state) & kOfList, kOfList);
+    DeleteEntry(state.list, 0);
+    EXPECT_EQ(FactsOf(state) & kOfList, 0u);
+    FillWithReferences(state.list, {3});
+    EXPECT_EQ(FactsOf(state) & kOfList, kListHasVerses);
+    ClearVerseList(state.list);
+    EXPECT_EQ(FactsOf(state) & kOfList, 0u);
 }
 
 TEST(CommandFacts, ExactlyOneItalicsModeHoldsWhateverIsStored) {

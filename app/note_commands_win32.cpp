@@ -5,8 +5,11 @@
 #include "notes/notes_window.h"
 #include "passage/passage_window.h"
 #include "resources/ids.h"
+#include "scripture/scripture_win32.h"
 #include "verselist/verselist_window.h"
 #include "win32/controls.h"
+
+static constexpr int kSummaryPart = 0;  // of the status bar
 
 static void ShowNotes() {
     RunIfEnabled(theFrame.window, IDM_VIEW_NOTES);
@@ -47,4 +50,12 @@ void ToggleBindNotes(int command) {
     theNotes.BindNotes = !theNotes.BindNotes;
     RefreshCommands();
     if (theNotes.BindNotes) ShowNoteForPassage(command);
+}
+
+void ShowNoteReferences(int) {
+    ShowReferences(theNotes.references);
+    SetStatusPart(theFrame.statusBar, kSummaryPart,
+                  "x-refs for " + ReferenceText(theScripture.records, theNotes.sets.currentVerse, BookForm::kName));
+    RunIfEnabled(theFrame.window, IDM_VIEW_LIST);
+    RefreshCommands();
 }

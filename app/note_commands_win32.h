@@ -7,3 +7,4 @@ void ShowNoteForPassage(int command);
 void ShowNoteForList(int command);
 void ShowVerseForNote(int command);
 void ToggleBindNotes(int command);
+void ShowNoteReferences(int command);  // the verses of the cross-reference line that was followed

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
+#include "notes/cross_references.h"
 #include "notes/note_editor_window.h"
 #include "notes/note_files_win32.h"
 #include "output/faces_win32.h"
@@ -127,9 +128,26 @@ static void OnViewFocus() {
     SendCommand(FrameOf(theNotes.window), IDM_REFRESH);
 }
 
-static LRESULT CALLBACK ViewProcedure(HWND view, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == WM_SETFOCUS) OnViewFocus();
-    return CallWindowProcA(theNotes.viewProcedure, view, message, wParam, lParam);
+static LRESULT ToView(UINT message, WPARAM wParam, LPARAM lParam) {
+    return CallWindowProcA(theNotes.viewProcedure, theNotes.view, message, wParam, lParam);
+}
+
+// The first click has put the caret where it was made; the second selects a word.
+static LRESULT OnDoubleClick(WPARAM wParam, LPARAM lParam) {
+    const auto caret = static_cast<std::size_t>(SelectionInNote().start);
+    const LRESULT result = ToView(WM_LBUTTONDBLCLK, wParam, lParam);
+    const NoteSets& notes = theNotes.sets;
+    theNotes.references = CrossReferences(theScripture.records, notes.noteText, caret, notes.currentVerse);
+    if (!theNotes.references.empty()) SendCommand(FrameOf(theNotes.window), IDM_SHOW_REFERENCES);
+    return result;
+}
+
+static LRESULT CALLBACK ViewProcedure(HWND, UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case WM_SETFOCUS: OnViewFocus(); break;
+        case WM_LBUTTONDBLCLK: return OnDoubleClick(wParam, lParam);
+    }
+    return ToView(message, wParam, lParam);
 }
 
 bool RegisterNotesClass() {

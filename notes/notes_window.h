@@ -14,8 +14,9 @@ struct NotesPane {
     WNDPROC viewProcedure = nullptr;  // the control's own
     OwnedFont font;
     NoteSets sets;
-    int BindNotes = 1;  // non-zero: the Notes window follows the Passage
-    int editing = 0;    // non-zero: the note editor is open, and the current note stays
+    int BindNotes = 1;                     // non-zero: the Notes window follows the Passage
+    std::vector<std::int32_t> references;  // of the cross-reference line that was followed
+    int editing = 0;                       // non-zero: the note editor is open, and the current note stays
 };
 extern NotesPane theNotes;
 

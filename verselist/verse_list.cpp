@@ -9,11 +9,16 @@ int ListCount(const VerseList& list) {
     return static_cast<int>(list.ListEntries.size());
 }
 
-void FillVerseList(VerseList& list, std::vector<std::int32_t> verses) {
+void FillWithReferences(VerseList& list, std::vector<std::int32_t> verses) {
     list.ListEntries = std::move(verses);
     list.ListTop = 0;
     list.ListLastVisible = 0;
     CorrectLastVisible(list);
+}
+
+void FillVerseList(VerseList& list, std::vector<std::int32_t> verses) {
+    FillWithReferences(list, std::move(verses));
+    list.canBeSaved = !list.ListEntries.empty();
 }
 
 void ClearVerseList(VerseList& list) {
@@ -23,6 +28,7 @@ void ClearVerseList(VerseList& list) {
 void DeleteEntry(VerseList& list, int entry) {
     if (entry < 0 || entry >= ListCount(list)) return;
     list.ListEntries.erase(list.ListEntries.begin() + entry);
+    list.canBeSaved = list.canBeSaved && !list.ListEntries.empty();
     list.ListTop = ClampEntry(list, list.ListTop);
     list.ListLastVisible = std::min(list.ListLastVisible, ListCount(list) - 1);
 }

@@ -1,4 +1,5 @@
-// The Verse List: the verses that the last search found, in canonical order, and the place in it.
+// The Verse List: the verses that the last search found, in canonical order, or those of a note's cross-reference line
+// as it names them, and the place in it.
 #pragma once
 
 #include <cstdint>
@@ -14,12 +15,17 @@ struct VerseList {
     int ListLastVisible = 0;                // last entry of which anything was laid out, as corrected
     int LineHeight = 0;                     // pixels; cell height of the bold face
     int currentView = kVerseListView;
+    bool canBeSaved = false;  // a search's list can; following a cross-reference line neither allows nor forbids it
 };
 
 int ListCount(const VerseList& list);
 
-// Puts `verses` in place of what the list held; the top becomes 0.
+// Puts what a search found in place of what the list held; the top becomes 0.
 void FillVerseList(VerseList& list, std::vector<std::int32_t> verses);
+
+// The same for the verses of a cross-reference line.
+void FillWithReferences(VerseList& list, std::vector<std::int32_t> verses);
+
 void ClearVerseList(VerseList& list);
 
 // Takes entry `entry` out and brings the top back to the last entry where it stood past it; 0 in an empty list.

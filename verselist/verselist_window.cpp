@@ -77,28 +77,28 @@ static void SetRangeOfScrollBar() {
 // Lines go straight to the box's own procedure and wide, as the box keeps them: the way through our procedure, with a
 // conversion in it, takes half as long again, which is felt with the 24,091 lines of "the". A reference is plain ASCII.
 // The procedure was asked for as a wide one, so the system converts wherever the box wants it otherwise.
-static void AddReferenceLine(HWND box, int verse) {
+static void AddReferenceLine(HWND box, int verse, BookForm form) {
     LabelText line;
-    AppendReference(line, RecordOf(theScripture.records, verse), BookForm::kName);
+    AppendReference(line, RecordOf(theScripture.records, verse), form);
     std::array<wchar_t, std::tuple_size_v<decltype(line.bytes)> + 1> wide{};
     std::ranges::copy(TextOf(line), wide.begin());
     CallWindowProcW(theVerseList.referencesWideProcedure, box, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(wide.data()));
 }
 
-static void FillReferenceList() {
+static void FillReferenceList(BookForm form) {
     const HWND box = theVerseList.references;
     SendMessageA(box, WM_SETREDRAW, FALSE, 0);
     SendMessageA(box, LB_RESETCONTENT, 0, 0);
     const std::vector<std::int32_t>& entries = theVerseList.list.ListEntries;
     static constexpr WPARAM kBytesALine = 32;
     SendMessageA(box, LB_INITSTORAGE, entries.size(), static_cast<LPARAM>(entries.size() * kBytesALine));
-    for (const int verse : entries) AddReferenceLine(box, verse);
+    for (const int verse : entries) AddReferenceLine(box, verse, form);
     SendMessageA(box, WM_SETREDRAW, TRUE, 0);
     InvalidateRect(box, nullptr, TRUE);
 }
 
-static void ShowWholeList() {
-    FillReferenceList();
+static void ShowWholeList(BookForm form = BookForm::kName) {
+    FillReferenceList(form);
     SetRangeOfScrollBar();
     RedisplayVerseList();
 }
@@ -108,6 +108,12 @@ void ShowSearchResult() {
     FillVerseList(theVerseList.list, theSearch.result.verses);
     ShowWholeList();
     FocusVerseList();
+}
+
+void ShowReferences(const std::vector<std::int32_t>& verses) {
+    theVerseList.keyWords = {};
+    FillWithReferences(theVerseList.list, verses);
+    ShowWholeList(BookForm::kAbbreviation);
 }
 
 void EmptyVerseList() {

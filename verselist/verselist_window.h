@@ -24,6 +24,10 @@ void CreateVerseList(HWND tabs);
 // Takes over what the last search found, in both views, and gives the focus to the visible one.
 void ShowSearchResult();
 
+// Takes over the verses of a cross-reference line, in both views. Their lines in the Reference List have abbreviations,
+// no key word is marked, and the focus stays.
+void ShowReferences(const std::vector<std::int32_t>& verses);
+
 // Empties both views.
 void EmptyVerseList();
 

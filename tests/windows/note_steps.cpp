@@ -1,0 +1,24 @@
+#include "tests/windows/note_steps.h"
+
+#include <windows.h>
+
+#include <richedit.h>
+
+#include "tests/driver/remote_memory.h"
+#include "tests/windows/passage_pane.h"
+
+POINT PointOfCharacter(const Program& program, HWND richEdit, std::size_t offset) {
+    const RemoteMemory memory(program, sizeof(POINTL));
+    Ask(program, richEdit, EM_POSFROMCHAR, reinterpret_cast<WPARAM>(memory.address), static_cast<LPARAM>(offset));
+    POINTL place{};
+    ReadRemote(memory, &place, sizeof place);
+    static constexpr LONG kWithinLine = 6;
+    return {place.x + 1, place.y + kWithinLine};
+}
+
+void DoubleClickNote(const Program& program, std::string_view text) {
+    const HWND view = NoteViewOf(program);
+    const std::size_t offset = TextOf(view).find(text);
+    if (offset == std::string::npos) Fail(&program, "no \"" + std::string(text) + "\" in the note");
+    DoubleClick(program, view, PointOfCharacter(program, view, offset));
+}
