@@ -3,17 +3,6 @@
 #include <algorithm>
 
 #include "scripture/books.h"
-#include "scripture/little_endian.h"
-
-static constexpr std::size_t kRecordSize = 7;
-
-VerseRecord RecordOf(const VerseRecords& records, int verseIndex) {
-    if (verseIndex < 0) return {};
-    const std::uint64_t start = std::uint64_t{kRecordSize} * static_cast<std::uint64_t>(verseIndex);
-    if (start + kRecordSize > records.bytes.size()) return {};
-    const unsigned char* bytes = records.bytes.data() + static_cast<std::size_t>(start);
-    return {bytes[0], bytes[1], bytes[2], LittleEndian32(bytes + 3)};
-}
 
 static int FirstVerseOfBook(const VerseRecords& records, int book) {
     int index = 0;

@@ -4,9 +4,12 @@
 // The records are used as they lie in `_avvidx.dat` (see scripture_files.h).
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <string>
+
+#include "scripture/little_endian.h"
 
 inline constexpr int kVerseCount = 31102;
 inline constexpr int kLastVerse = kVerseCount - 1;
@@ -20,12 +23,21 @@ struct VerseRecord {
     std::uint32_t textOffset = 0;
 };
 
+inline constexpr std::size_t kVerseRecordSize = 7;  // bytes
+
 struct VerseRecords {
-    std::span<const unsigned char> bytes;  // seven a record
+    std::span<const unsigned char> bytes;
 };
 
-// Record of `verseIndex`. Past the last record, or below 0, a record of zeros (book 0).
-VerseRecord RecordOf(const VerseRecords& records, int verseIndex);
+// Record of `verseIndex`. Past the last record, or below 0, a record of zeros (book 0). It stands here to be inlined,
+// as a search asks for tens of thousands.
+inline VerseRecord RecordOf(const VerseRecords& records, int verseIndex) {
+    if (verseIndex < 0) return {};
+    const std::uint64_t start = std::uint64_t{kVerseRecordSize} * static_cast<std::uint64_t>(verseIndex);
+    if (start + kVerseRecordSize > records.bytes.size()) return {};
+    const unsigned char* bytes = records.bytes.data() + static_cast<std::size_t>(start);
+    return {bytes[0], bytes[1], bytes[2], LittleEndian32(bytes + 3)};
+}
 
 // Verse index of `book` (1..66), `chapter` and `verse`, each clamped to what there is: 0 gives the first, kLast the
 // last; a chapter beyond the book's last gives the book's last verse. -1 when there is no such book.
