@@ -316,3 +316,17 @@ TEST(SearchByHand, AgreesOnTheLongestQueries) {
             if (HasFatalFailure()) return;
         }
 }
+
+// Of frequent words nearly all verses of a range are looked into, to its ends.
+TEST(SearchByHand, AgreesOnFrequentPhrasesToTheEndsOfTheRange) {
+    static constexpr SearchRange kRanges[] = {
+        {}, {0, 0}, {0, 1}, {3, 2600}, {30000, kLastVerse}, {kLastVerse - 1, kLastVerse}, {kLastVerse, kLastVerse}};
+    SearchState search;
+    for (const std::string text :
+         {"of the", "and the", "And the", "the LORD", "of our lord", "with you all", "all amen"})
+        for (const SearchRange& range : kRanges)
+            for (const int caseMatters : {0, 1}) {
+                ExpectSame({text, true, {kAllWords, caseMatters, 0, 0}, range}, search);
+                if (HasFatalFailure()) return;
+            }
+}

@@ -186,22 +186,72 @@ static std::string PhraseOf(const SearchState& search) {
     return search.options.CaseSensitive != 0 ? phrase : LowerCased(phrase);
 }
 
-// Is the phrase in the text, of which `marks` key words were counted? Marks are never found without it, and a verse of
-// the usual size was searched whole for them.
-static bool HoldsPhrase(const KeyWords& keyWords, std::string_view text, int marks) {
-    if (marks > 0) return true;
-    if (keyWords.phraseMode && text.size() <= kPhraseReach) return false;
-    return ContainsPhrase(keyWords, text);
+// Verses one after another that have all words, and their texts, which lie end to end.
+struct Run {
+    int firstVerse = 0;
+    int lastVerse = 0;
+    std::string_view text;
+};
+
+// Is every place of a phrase in the text marked? The search may then go by the places alone.
+static bool HasRoomForPhrases(std::string_view text) {
+    return text.size() <= kPhraseReach;
+}
+
+// The longest run from `verse`, whose text is `text`, to `end` of verses with room for phrases.
+static Run RunFrom(const Scripture& scripture, const Counters& hits, int verse, std::string_view text, int end) {
+    Run run = {verse, verse, text};
+    const std::uint16_t wordCount = hits[static_cast<std::size_t>(verse)];
+    for (int next = verse + 1; next <= end && hits[static_cast<std::size_t>(next)] == wordCount; ++next) {
+        const std::string_view nextText = VerseText(scripture, next);
+        if (nextText.data() != run.text.data() + run.text.size() + 1 || !HasRoomForPhrases(nextText)) break;
+        run.text = {run.text.data(), run.text.size() + 1 + nextText.size()};
+        run.lastVerse = next;
+    }
+    return run;
+}
+
+static void AddOccurrence(int verse, SearchResult& result) {
+    if (result.verses.empty() || result.verses.back() != verse) ListVerse(verse, 0, result);
+    ++result.occurrenceCount;
+}
+
+// `places` holds nothing between two runs; it is handed in because a list of its own would cost each run more than the
+// sweep.
+static void ListVersesOfRun(const Scripture& scripture, const KeyWords& keyWords, const Run& run,
+                            std::vector<PhrasePlace>& places, SearchResult& result) {
+    AppendPhrases(run.text, keyWords.phrase, places);
+    const std::size_t start = RecordOf(scripture.records, run.firstVerse).textOffset;
+    int verse = run.firstVerse;
+    for (const PhrasePlace& place : places) {
+        while (verse < run.lastVerse && RecordOf(scripture.records, verse + 1).textOffset <= start + place.first)
+            ++verse;
+        AddOccurrence(verse, result);
+    }
+    places.clear();
+}
+
+// For a single word, which is marked as a word search's, and for a text longer than any in which all is marked. Marks
+// are never found without the phrase.
+static void ListIfWithPhrase(int verse, std::string_view text, const KeyWords& keyWords, SearchResult& result) {
+    const int marks = CountKeyWords(keyWords, text);
+    if (marks > 0 || ContainsPhrase(keyWords, text)) ListVerse(verse, marks, result);
 }
 
 static void ListVersesWithPhrase(const Scripture& scripture, const KeyWords& keyWords, SearchState& search) {
     const SearchRange range = ClampedRange(search.range);
     const auto wordCount = static_cast<std::uint16_t>(keyWords.words.size());
+    std::vector<PhrasePlace> places;
     for (int verse = NextWithHits(search.hits, wordCount, range.StartVerse, range.EndVerse); verse <= range.EndVerse;
          verse = NextWithHits(search.hits, wordCount, verse + 1, range.EndVerse)) {
         const std::string_view text = VerseText(scripture, verse);
-        const int marks = CountKeyWords(keyWords, text);
-        if (HoldsPhrase(keyWords, text, marks)) ListVerse(verse, marks, search.result);
+        if (keyWords.phraseMode && HasRoomForPhrases(text)) {
+            const Run run = RunFrom(scripture, search.hits, verse, text, range.EndVerse);
+            ListVersesOfRun(scripture, keyWords, run, places, search.result);
+            verse = run.lastVerse;
+        } else {
+            ListIfWithPhrase(verse, text, keyWords, search.result);
+        }
     }
 }
 

@@ -190,6 +190,73 @@ TEST(PhraseSearch, ListsAVerseWhosePhraseStandsBeyondTheMarks) {
     EXPECT_EQ(search.result.occurrenceCount, 1);
 }
 
+struct PhraseRow {
+    const char* query;
+    SearchRange range;
+    std::vector<std::int32_t> verses;
+    int occurrences;
+};
+
+static void ExpectPhrases(std::span<const HandMadeVerse> verses, std::span<const PhraseRow> rows) {
+    const HandMadeFiles files = MakeFiles(verses);
+    FilesInMemory indexFiles = MakeIndexFiles(verses);
+    const WordIndex index = IndexOf(indexFiles);
+    for (const PhraseRow& row : rows) {
+        SearchState search = StateFor(row.query, kPlain, kAllWords);
+        search.range = row.range;
+        EXPECT_EQ(PhraseSearch(ScriptureOf(files), index, search), !row.verses.empty()) << row.query;
+        EXPECT_EQ(search.result.verses, row.verses) << row.query;
+        EXPECT_EQ(search.result.verseCount, static_cast<int>(row.verses.size())) << row.query;
+        EXPECT_EQ(search.result.occurrenceCount, row.occurrences) << row.query;
+    }
+}
+
+// The texts of verses that have all words are swept together, and a phrase belongs to one of them alone.
+TEST(PhraseSearch, TellsNeighbouringVersesApart) {
+    static constexpr HandMadeVerse kNeighbours[] = {
+        {1, 1, 1, "of the end"},                               // 0
+        {1, 1, 2, "of the end, of the"},                       // 1
+        {1, 1, 3, "the end of"},                               // 2
+        {1, 1, 4, "[the] of; end"},                            // 3
+        {1, 1, 5, "nothing between"},                          // 4
+        {1, 1, 6, "of the end of the end of the, of [the]."},  // 5
+        {1, 1, 7, "\xB6the end of the end"},                   // 6
+    };
+    static const PhraseRow kRows[] = {
+        {"of the", {}, {0, 1, 5, 6}, 8},
+        {"of the", {0, 0}, {0}, 1},
+        {"of the", {1, 1}, {1}, 2},
+        {"of the", {1, 5}, {1, 5}, 6},
+        {"of the", {2, 4}, {}, 0},
+        {"of the", {6, 6}, {6}, 1},
+        {"the end", {}, {0, 1, 2, 5, 6}, 7},
+        {"the end", {2, 2}, {2}, 1},
+        {"end of", {}, {1, 2, 5, 6}, 5},  // not from one verse into the next
+        {"end of", {0, 1}, {1}, 1},
+        {"the of", {}, {3, 5}, 2},
+        {"end the", {}, {}, 0},
+    };
+    ExpectPhrases(kNeighbours, kRows);
+}
+
+TEST(PhraseSearch, CountsByMarksInALongVerseAmongOthers) {
+    const std::string end = std::string(1000, 'x') + ", he said";
+    const std::string longVerse = "he said " + end;
+    const std::string unmarked = "said he " + end;
+    const HandMadeVerse verses[] = {
+        {1, 1, 1, unmarked}, {1, 1, 2, "he said"},          {1, 1, 3, "he said, he said"}, {1, 1, 4, longVerse},
+        {1, 1, 5, unmarked}, {1, 1, 6, "he said; she, he"}, {1, 1, 7, "said he"},          {1, 1, 8, unmarked},
+    };
+    static const PhraseRow kRows[] = {
+        {"he said", {}, {0, 1, 2, 3, 4, 5, 7}, 5},
+        {"he said", {0, 0}, {0}, 0},
+        {"he said", {2, 3}, {2, 3}, 3},
+        {"he said", {4, 6}, {4, 5}, 1},
+        {"said he", {}, {0, 2, 4, 6, 7}, 5},
+    };
+    ExpectPhrases(verses, kRows);
+}
+
 TEST(Search, KeepsToItsRange) {
     static const struct {
         SearchRange range;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <bit>
+#include <span>
 
 #include "scripture/scripture.h"
 #include "search/letters.h"
@@ -81,11 +82,19 @@ PhrasePattern PatternOf(std::string_view phrase, bool anyCase) {
     for (const char c : phrase) pattern.folds += FoldOf(c, anyCase);
     for (std::size_t i = 1; i + 2 < phrase.size(); ++i)
         if (FrequencyOfAnchor(phrase, i) < FrequencyOfAnchor(phrase, pattern.anchor)) pattern.anchor = i;
+    const std::size_t restSize = std::min(phrase.size() - pattern.anchor, pattern.rest.size());
+    pattern.phrase.copy(pattern.rest.data(), restSize, pattern.anchor);
+    pattern.folds.copy(pattern.restFolds.data(), restSize, pattern.anchor);
     return pattern;
 }
 
 static bool IsAt(const PhrasePattern& pattern, std::size_t i, char c) {
     return (c | pattern.folds[i]) == pattern.phrase[i];
+}
+
+// Does `c` end the search for the phrase's next character? A zero byte ends a verse.
+static bool EndsPhrase(char c) {
+    return IsKeptInPhrase(c) || c == '\0';
 }
 
 // The phrase whose character number `anchor` stands at `place`, or kNotFound.
@@ -94,11 +103,11 @@ static PhrasePlace PhraseAround(std::string_view text, const PhrasePattern& patt
     std::size_t last = place;
     for (std::size_t i = anchor + 1; i < pattern.phrase.size(); ++i)
         for (++last; last >= text.size() || !IsAt(pattern, i, text[last]); ++last)
-            if (last >= text.size() || IsKeptInPhrase(text[last])) return {};
+            if (last >= text.size() || EndsPhrase(text[last])) return {};
     std::size_t first = place;
     for (std::size_t i = anchor; i > 0; --i)  // a step below 0 wraps past the size
         for (--first; first >= text.size() || !IsAt(pattern, i - 1, text[first]); --first)
-            if (first >= text.size() || IsKeptInPhrase(text[first])) return {};
+            if (first >= text.size() || EndsPhrase(text[first])) return {};
     return {first, last};
 }
 
@@ -167,21 +176,18 @@ static Block IsLetterOrHigh(Block bytes) {
     return _mm_or_si128(IsLetter(bytes), _mm_cmplt_epi8(bytes, _mm_setzero_si128()));
 }
 
-// Goes through the places from `from` to `last`, 15 at least, sixteen at a time: test(place) gives the bits of those
-// that look(place, bits) is to have, until it says true. The last sixteen end at `last`, so that nothing beyond is
-// read; those among them that were tested before are left out.
+// Goes through the places from `from` to `last`, 15 at least, sixteen at a time: look(place, bits) gets the bits that
+// test(place) gives, until it says true. The last sixteen end at `last`, so that nothing beyond is read; those among
+// them that were tested before are left out.
 template <typename Test, typename Look>
-static void EachCandidate(std::size_t from, std::size_t last, Test test, Look look) {
+static void EachBlock(std::size_t from, std::size_t last, Test test, Look look) {
     const std::size_t lastBlock = last - (kBlockSize - 1);
     std::size_t place = from;
-    for (; place <= lastBlock; place += kBlockSize) {
-        const unsigned bits = test(place);
-        if (bits != 0 && look(place, bits)) return;
-    }
+    for (; place <= lastBlock; place += kBlockSize)
+        if (look(place, test(place))) return;
     if (place > last) return;
     const std::size_t done = place - lastBlock;
-    const unsigned bits = test(lastBlock) >> done << done;
-    if (bits != 0) look(lastBlock, bits);
+    look(lastBlock, test(lastBlock) >> done << done);
 }
 
 std::size_t FindInText(std::string_view text, std::string_view word, bool anyCase, std::size_t from) {
@@ -194,7 +200,7 @@ std::size_t FindInText(std::string_view text, std::string_view word, bool anyCas
         const char* here = text.data() + place;
         return Bits(_mm_and_si128(Is(Load(here), first), Is(Load(here + size - 1), last)));
     };
-    EachCandidate(from, text.size() - size, test, [&](std::size_t block, unsigned bits) {
+    EachBlock(from, text.size() - size, test, [&](std::size_t block, unsigned bits) {
         for (; bits != 0; bits &= bits - 1) {
             const std::size_t place = block + static_cast<std::size_t>(std::countr_zero(bits));
             if (size > 2 && !StandsAt(text, place, word, anyCase)) continue;
@@ -274,17 +280,12 @@ static WantedByte WantOf(const PhrasePattern& pattern, std::size_t i) {
     return {_mm_set1_epi8(pattern.phrase[i]), _mm_set1_epi8(pattern.folds[i])};
 }
 
-template <typename Visit>
-static void EachPhrase(std::string_view text, const PhrasePattern& pattern, Visit visit) {
-    const std::size_t size = pattern.phrase.size();
-    if (size == 0) return;
-    if (size < 3 || text.size() < kBlockSize + 3) return EachPhraseByteByByte(text, pattern, visit);
-    const std::size_t anchor = pattern.anchor;
-    const std::size_t reach = ReachOfAnchor(pattern.phrase, anchor);
-    const WantedByte first = WantOf(pattern, anchor);
-    const WantedByte second = WantOf(pattern, anchor + 1);
-    const WantedByte third = WantOf(pattern, anchor + reach);
-    const auto test = [=](std::size_t place) {
+// The test for places of `text` where the anchor may begin.
+static auto TestForAnchor(std::string_view text, const PhrasePattern& pattern, std::size_t reach) {
+    const WantedByte first = WantOf(pattern, pattern.anchor);
+    const WantedByte second = WantOf(pattern, pattern.anchor + 1);
+    const WantedByte third = WantOf(pattern, pattern.anchor + reach);
+    return [=](std::size_t place) {
         const char* here = text.data() + place;
         const Block next = Load(here + 1);
         const Block plain = IsLetterOrBlank(next);
@@ -292,24 +293,85 @@ static void EachPhrase(std::string_view text, const PhrasePattern& pattern, Visi
         const Block wrongThird = _mm_andnot_si128(Is(Load(here + reach), third), AreThree(plain));
         return Bits(_mm_andnot_si128(_mm_or_si128(wrongSecond, wrongThird), Is(Load(here), first)));
     };
+}
+
+// Does the phrase perhaps go on as it should behind an anchor at `here`? Of the fifteen bytes from there on, the first
+// that differs must be one to pass over, and the next to be kept must continue the phrase. Nothing branches.
+static bool MayGoOn(const PhrasePattern& pattern, const char* here) {
+    const Block bytes = Load(here);
+    const Block folded = _mm_or_si128(bytes, Load(pattern.restFolds.data()));
+    const unsigned same = Bits(_mm_cmpeq_epi8(folded, Load(pattern.rest.data())));
+    const unsigned kept = Bits(_mm_or_si128(IsLetterOrBlank(bytes), _mm_cmpeq_epi8(bytes, _mm_set1_epi8('\''))));
+    const unsigned end = 1U << std::min(pattern.phrase.size() - pattern.anchor, kBlockSize - 1);
+    const auto reached = static_cast<std::size_t>(std::countr_zero(~same | end));
+    const unsigned keptBehind = kept >> reached;
+    const auto passed = static_cast<std::size_t>(std::countr_zero(keptBehind | 1U << kBlockSize));
+    const bool isWhole = end == 1U << reached;
+    const bool goesOn = IsAt(pattern, pattern.anchor + reached, here[(reached + passed) % kBlockSize]);
+    return (static_cast<int>(isWhole) | static_cast<int>(keptBehind == 0) | static_cast<int>(goesOn)) != 0;
+}
+
+// Common words have an anchor in every fifth block or so, and few of them belong to the phrase. A processor cannot
+// foresee which, and a wrong guess costs more than a test: a stretch of text is tested, and its anchors are sifted,
+// without a branch on the outcome before any place is looked at.
+static constexpr std::size_t kStretch = 64 * kBlockSize;
+
+struct AnchorsOfBlock {
+    std::size_t block;
+    unsigned bits;
+};
+
+// Puts those anchors into `places` round which the phrase may stand, and gives their number.
+static std::size_t SiftAnchors(std::string_view text, const PhrasePattern& pattern,
+                               std::span<const AnchorsOfBlock> anchors, std::span<std::size_t> places) {
+    std::size_t count = 0;
+    for (const AnchorsOfBlock& each : anchors)
+        for (unsigned bits = each.bits; bits != 0; bits &= bits - 1) {
+            const std::size_t place = each.block + static_cast<std::size_t>(std::countr_zero(bits));
+            const bool isNearEnd = place + kBlockSize > text.size();
+            places[count] = place;
+            count += isNearEnd || MayGoOn(pattern, text.data() + place) ? 1 : 0;
+        }
+    return count;
+}
+
+template <typename Visit>
+static void EachPhrase(std::string_view text, const PhrasePattern& pattern, Visit visit) {
+    const std::size_t size = pattern.phrase.size();
+    if (size == 0) return;
+    if (size < 3 || text.size() < kBlockSize + 3) return EachPhraseByteByByte(text, pattern, visit);
+    const std::size_t reach = ReachOfAnchor(pattern.phrase, pattern.anchor);
+    const auto test = TestForAnchor(text, pattern, reach);
+    const std::size_t last = text.size() - 1 - reach;
+    std::array<AnchorsOfBlock, kStretch / kBlockSize> anchors;
+    std::array<std::size_t, kStretch> places;
     std::size_t from = 0;
-    EachCandidate(0, text.size() - 1 - reach, test, [&](std::size_t block, unsigned bits) {
-        for (; bits != 0; bits &= bits - 1) {
-            const std::size_t place = block + static_cast<std::size_t>(std::countr_zero(bits));
-            const PhrasePlace found = PhraseAround(text, pattern, anchor, place);
+    for (std::size_t start = 0; start <= last; start += kStretch) {
+        std::size_t blockCount = 0;
+        EachBlock(start, std::min(last, start + kStretch - 1), test, [&](std::size_t block, unsigned bits) {
+            anchors[blockCount] = {block, bits};
+            blockCount += bits != 0 ? 1 : 0;
+            return false;
+        });
+        const std::size_t count = SiftAnchors(text, pattern, {anchors.data(), blockCount}, places);
+        for (const std::size_t place : std::span(places).first(count)) {
+            const PhrasePlace found = PhraseAround(text, pattern, pattern.anchor, place);
             if (found.first == kNotFound || found.first < from) continue;
             visit(found);
             from = found.last + 1;
         }
-        return false;
-    });
+    }
 }
 
 #endif
 
+void AppendPhrases(std::string_view text, const PhrasePattern& pattern, std::vector<PhrasePlace>& places) {
+    EachPhrase(text, pattern, [&places](const PhrasePlace& place) { places.push_back(place); });
+}
+
 std::vector<PhrasePlace> PhrasesInText(std::string_view text, const PhrasePattern& pattern) {
     std::vector<PhrasePlace> places;
-    EachPhrase(text, pattern, [&places](const PhrasePlace& place) { places.push_back(place); });
+    AppendPhrases(text, pattern, places);
     return places;
 }
 

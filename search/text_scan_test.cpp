@@ -38,14 +38,14 @@ static int CountSlowly(const std::string& text, const std::string& word, bool an
     return count;
 }
 
-// By way of a copy of the text that has nothing to pass over.
+// By way of a copy of the text that has nothing to pass over. Zeros stay in it and part the texts of verses.
 static std::vector<std::pair<std::size_t, std::size_t>> PhrasesSlowly(const std::string& text,
                                                                       const std::string& phrase, bool anyCase) {
     std::string kept;
     std::vector<std::size_t> places;
     for (std::size_t at = 0; at < text.size(); ++at) {
         const char c = text[at];
-        if (!(c >= 'a' && c <= 'z') && !(c >= 'A' && c <= 'Z') && c != ' ' && c != '\'') continue;
+        if (!(c >= 'a' && c <= 'z') && !(c >= 'A' && c <= 'Z') && c != ' ' && c != '\'' && c != '\0') continue;
         kept += c;
         places.push_back(at);
     }
@@ -103,6 +103,36 @@ TEST(TextScan, FindsAPhraseAtEveryPlaceOfEveryText) {
                 }
 }
 
+// A long text is swept in stretches of a thousand bytes and a few, and a phrase may stand across their ends.
+TEST(TextScan, FindsAPhraseAtEveryPlaceOfALongText) {
+    for (const std::string phrase : {"a b", "of the", "i am that i am of old"})
+        for (const std::string between : {"", ", ["})
+            for (const std::size_t size : {1027, 1040, 3000})
+                for (std::size_t at = 980; at + phrase.size() <= std::min<std::size_t>(size, 1060); ++at) {
+                    std::string text(size, '.');
+                    text.replace(at, phrase.size(), phrase).insert(at + 2, between);
+                    ExpectSamePhrases(text, phrase, false);
+                    ExpectSamePhrases(std::string(size, 'o') + text + phrase, phrase, true);
+                }
+}
+
+TEST(TextScan, FindsNoPhraseAcrossAZero) {
+    static const struct {
+        std::string text;
+        int count;
+    } kRows[] = {
+        {std::string("and the\0and the", 15), 2}, {std::string("and the and\0the and the", 23), 2},
+        {std::string("and \0the", 8), 0},         {std::string("and\0 the", 8), 0},
+        {std::string("an\0d the", 8), 0},         {std::string("and t\0he", 8), 0},
+        {std::string("and, \0[the", 10), 0},
+    };
+    for (const auto& row : kRows)
+        for (const std::size_t before : {0, 7, 40, 1020}) {
+            const std::string text = std::string(before, '.') + row.text + std::string(before, '.');
+            EXPECT_EQ(CountPhrasesInText(ExactText(text).View(), PatternOf("and the", true)), row.count) << row.text;
+        }
+}
+
 // Bytes that differ from a letter or an apostrophe by the bit that tells capitals are no capitals.
 TEST(TextScan, FoldsLettersAlone) {
     for (const auto& [word, text] :
@@ -137,6 +167,14 @@ TEST(TextScan, FindsNoEmptyPhrase) {
     EXPECT_EQ(CountPhrasesInText("", PatternOf("a b", true)), 0);
 }
 
+static std::string RandomPhrase(std::mt19937& random) {
+    const auto pick = [&random](std::string_view from) { return from[random() % from.size()]; };
+    std::string phrase;
+    for (std::size_t size = 1 + random() % 6; size > 0; --size)
+        phrase += phrase.empty() || phrase.back() == ' ' || size == 1 ? pick("abe'") : pick("abe ");
+    return phrase;
+}
+
 TEST(TextScan, AgreesWithSlowLoopsOnRandomTexts) {
     std::mt19937 random(1611);
     const auto pick = [&random](std::string_view from) { return from[random() % from.size()]; };
@@ -147,10 +185,19 @@ TEST(TextScan, AgreesWithSlowLoopsOnRandomTexts) {
         for (std::size_t size = 1 + random() % 4; size > 0; --size) word += pick("abe'");
         const bool anyCase = random() % 2 == 0;
         if (!word.ends_with(word.front()) && word != "abab") ExpectSameWords(text, word, anyCase);
-        std::string phrase;
-        for (std::size_t size = 1 + random() % 6; size > 0; --size)
-            phrase += phrase.empty() || phrase.back() == ' ' || size == 1 ? pick("abe'") : pick("abe ");
-        ExpectSamePhrases(text, phrase, anyCase);
+        ExpectSamePhrases(text, RandomPhrase(random), anyCase);
+        if (HasFatalFailure()) return;
+    }
+}
+
+TEST(TextScan, AgreesWithSlowLoopsOnRandomTextsOfManyVerses) {
+    static constexpr std::string_view kBytes("aaabbABe  '.-[\xB6\xE9\0", 17);
+    std::mt19937 random(1769);
+    for (int round = 0; round < 2000; ++round) {
+        std::string text;
+        for (std::size_t size = random() % 2600; size > 0; --size) text += kBytes[random() % kBytes.size()];
+        const std::string phrase = RandomPhrase(random);
+        for (const bool anyCase : {false, true}) ExpectSamePhrases(text, phrase, anyCase);
         if (HasFatalFailure()) return;
     }
 }
