@@ -106,7 +106,7 @@ TEST(TextScan, FindsAPhraseAtEveryPlaceOfEveryText) {
 // A long text is swept in stretches of a thousand bytes and a few, and a phrase may stand across their ends.
 TEST(TextScan, FindsAPhraseAtEveryPlaceOfALongText) {
     for (const std::string phrase : {"a b", "of the", "i am that i am of old"})
-        for (const std::string between : {"", ", ["})
+        for (const std::string between : {"", ", [", "--------------------"})
             for (const std::size_t size : {1027, 1040, 3000})
                 for (std::size_t at = 980; at + phrase.size() <= std::min<std::size_t>(size, 1060); ++at) {
                     std::string text(size, '.');
