@@ -2,33 +2,15 @@
 // the figures.
 #include <benchmark/benchmark.h>
 
-#include <algorithm>
 #include <cstdio>
-#include <map>
 #include <string>
 #include <vector>
 
 #include "bench/fts_search.h"
 #include "bench/search_floors.h"
+#include "bench/time_keeper.h"
 #include "search/search_engine.h"
 #include "tests/support/native_scripture.h"
-
-// Least time of each benchmark in microseconds, by name.
-using Times = std::map<std::string, double>;
-
-struct TimeKeeper : benchmark::ConsoleReporter {
-    Times times;
-
-    void ReportRuns(const std::vector<Run>& runs) override {
-        for (const Run& run : runs) {
-            if (run.run_type != Run::RT_Iteration) continue;
-            const double microseconds = run.GetAdjustedCPUTime();
-            const auto [place, isNew] = times.try_emplace(run.run_name.function_name, microseconds);
-            if (!isNew) place->second = std::min(place->second, microseconds);
-        }
-        ConsoleReporter::ReportRuns(runs);
-    }
-};
 
 enum class Kind { kWords, kSubstring, kPhrase };
 

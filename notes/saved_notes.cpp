@@ -18,6 +18,7 @@ static bool Holds(const SavedNotes& notes, const StoredNote& stored) {
 static bool MoveWindow(SavedNotes& notes, const StoredNote& stored) {
     if (Holds(notes, stored)) return true;
     notes.windowOffset = stored.offset;
+    notes.window.clear();
     return notes.files.read(notes.files.device, notes.set.dataFileName, stored.offset, kWindowSize, notes.window);
 }
 

@@ -12,7 +12,7 @@ struct SavedNotes {
     const NoteFiles& files;
     const NoteSet& set;
     std::uint64_t windowOffset = 0;  // in the data file
-    std::vector<unsigned char> window;
+    std::vector<unsigned char> window{};
 };
 
 // Can the set's data file be opened?

@@ -9,7 +9,10 @@ struct BracketRow {
 
 TEST(Brackets, AreTakenOutWhereverTheyStand) {
     static constexpr BracketRow kRows[] = {
-        {"", ""}, {"no word", "no word"}, {"[it was] good", "it was good"}, {"[[a]", "a"}, {"a] [b", "a b"}, {"[]", ""},
+        {"", ""},         {"no word", "no word"}, {"[it was] good", "it was good"},
+        {"[[a]", "a"},    {"a] [b", "a b"},       {"[]", ""},
+        {"]]a[[b", "ab"}, {"a[b]c[d]", "abcd"},   {"[a", "a"},
+        {"a]", "a"},
     };
     for (const auto& [before, after] : kRows) {
         std::string text = before;

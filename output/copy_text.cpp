@@ -19,11 +19,12 @@ std::size_t ListCopyBudget(const Scripture& scripture, std::span<const std::int3
     return budget;
 }
 
-// No text of the range is longer. Much less than the budget, which allows every verse the longest one's length.
-static std::size_t LongestRangeText(const Scripture& scripture, int first, int last) {
-    std::size_t size = 0;
-    for (int verse = first; verse <= last; ++verse) size += VerseText(scripture, verse).size() + kLongestPieceFrame;
-    return size;
+// Much less than the budget, which allows for the longest verse every time. No more than a guess where the records are
+// damaged: the text then grows as it must.
+static std::size_t LikelySize(const Scripture& scripture, int first, int last) {
+    const VerseRecords& records = scripture.records;
+    const std::uint32_t allButLast = RecordOf(records, last).textOffset - RecordOf(records, first).textOffset;
+    return allButLast + VerseText(scripture, last).size() + RangeCopyBudget(first, last) / 900 * kLongestPieceFrame;
 }
 
 // Takes the memory at once, so that no text is moved as it grows.
@@ -48,7 +49,7 @@ static bool KeepIfItFits(CopyText& copy, std::size_t start, std::size_t budget) 
 CopyText CopyRangeText(const Scripture& scripture, const FormatOptions& format, int first, int last,
                        std::size_t budget) {
     CopyText copy;
-    if (!Reserve(copy, std::min(budget, LongestRangeText(scripture, first, last)))) return copy;
+    if (!Reserve(copy, std::min(budget, LikelySize(scripture, first, last)))) return copy;
     RangeRenderer renderer{scripture, format};
     for (int verse = first; verse <= last && copy.complete; ++verse) {
         const std::size_t start = copy.text.size();

@@ -1,23 +1,31 @@
 #include "output/rendering.h"
 
-#include "output/label_text.h"
+#include <charconv>
+
+#include "scripture/books.h"
 
 static constexpr std::string_view kLineEnd = "\r\n";
 static constexpr std::string_view kParagraph = "\xB6 ";
 
-enum Style { kFull, kPartial };
-enum Location { kBefore };
+// Values of the format options that are asked for; the others are what remains.
+static constexpr int kFull = 0, kPartial = 1;
+static constexpr int kBefore = 0;
 
-static void AppendFull(LabelText& label, const VerseRecord& record) {
-    AppendText(label, " ");
-    AppendReference(label, record);
+static void AppendDigits(std::string& text, int number) {
+    char digits[12];
+    text.append(digits, std::to_chars(digits, digits + sizeof digits, number).ptr);
 }
 
-static void AppendChapterAndVerse(LabelText& label, const VerseRecord& record) {
-    AppendText(label, " ");
-    AppendNumber(label, record.chapter);
-    AppendText(label, ":");
-    AppendNumber(label, record.verse);
+static void AppendChapterAndVerse(std::string& text, const VerseRecord& record) {
+    text.push_back(' ');
+    AppendDigits(text, record.chapter);
+    text.push_back(':');
+    AppendDigits(text, record.verse);
+}
+
+static void AppendFull(std::string& text, const VerseRecord& record) {
+    text.append(1, ' ').append(BookAbbreviation(record.book));
+    AppendChapterAndVerse(text, record);
 }
 
 static void RememberPlace(RangeRenderer& renderer, const VerseRecord& record) {
@@ -25,59 +33,51 @@ static void RememberPlace(RangeRenderer& renderer, const VerseRecord& record) {
     renderer.previousChapter = record.chapter;
 }
 
-static LabelText FirstLabel(RangeRenderer& renderer, const VerseRecord& record) {
-    LabelText label;
-    if (renderer.format.FirstVerseStyle == kFull) AppendFull(label, record);
-    if (renderer.format.FirstVerseStyle == kPartial) AppendChapterAndVerse(label, record);
+static void AppendFirstLabel(RangeRenderer& renderer, const VerseRecord& record, std::string& text) {
+    if (renderer.format.FirstVerseStyle == kFull) AppendFull(text, record);
+    if (renderer.format.FirstVerseStyle == kPartial) AppendChapterAndVerse(text, record);
     renderer.begun = true;
     RememberPlace(renderer, record);
-    return label;
 }
 
 // As much of the reference as differs from the verse before.
-static void AppendWhatIsNew(LabelText& label, const RangeRenderer& renderer, const VerseRecord& record) {
-    if (record.book != renderer.previousBook) return AppendFull(label, record);
-    if (record.chapter != renderer.previousChapter) return AppendChapterAndVerse(label, record);
-    AppendText(label, " ");
-    AppendNumber(label, record.verse);
+static void AppendWhatIsNew(const RangeRenderer& renderer, const VerseRecord& record, std::string& text) {
+    if (record.book != renderer.previousBook) return AppendFull(text, record);
+    if (record.chapter != renderer.previousChapter) return AppendChapterAndVerse(text, record);
+    text.push_back(' ');
+    AppendDigits(text, record.verse);
 }
 
-static LabelText LaterLabel(RangeRenderer& renderer, const VerseRecord& record) {
-    LabelText label;
-    if (renderer.format.SubsequentVerseStyle == kFull) AppendFull(label, record);
-    if (renderer.format.SubsequentVerseStyle == kPartial) {
-        AppendWhatIsNew(label, renderer, record);
-        RememberPlace(renderer, record);
-    }
-    return label;
+static void AppendLabel(RangeRenderer& renderer, const VerseRecord& record, std::string& text) {
+    if (!renderer.begun) return AppendFirstLabel(renderer, record, text);
+    if (renderer.format.SubsequentVerseStyle == kFull) AppendFull(text, record);
+    if (renderer.format.SubsequentVerseStyle != kPartial) return;
+    AppendWhatIsNew(renderer, record, text);
+    RememberPlace(renderer, record);
 }
 
-// The verse's words, without a paragraph mark before the first one.
-static std::string_view WordsOf(std::string_view verseText) {
-    return verseText.substr(BeginsParagraph(verseText) ? 1 : 0);
+// The verse's words behind a blank; a mark before the first one stays only `withMark`, and with a blank of its own.
+static void AppendWords(std::string_view verseText, bool withMark, std::string& text) {
+    const bool marked = BeginsParagraph(verseText);
+    text.push_back(' ');
+    if (marked && withMark) text.append(kParagraph);
+    text.append(verseText.substr(marked ? 1 : 0));
 }
 
 void AppendVerse(RangeRenderer& renderer, int verse, std::string& text) {
     const VerseRecord record = RecordOf(renderer.scripture.records, verse);
     if (record.book == 0) return;
     const FormatOptions& format = renderer.format;
-    const LabelText label = renderer.begun ? LaterLabel(renderer, record) : FirstLabel(renderer, record);
-    const std::string_view verseText = VerseText(renderer.scripture, verse);
-    if (format.Location == kBefore) text.append(TextOf(label));
-    text.push_back(' ');
-    if (format.ParagraphMarks != 0 && BeginsParagraph(verseText)) text.append(kParagraph);
-    text.append(WordsOf(verseText));
-    if (format.Location != kBefore) text.append(TextOf(label));
+    if (format.Location == kBefore) AppendLabel(renderer, record, text);
+    AppendWords(VerseText(renderer.scripture, verse), format.ParagraphMarks != 0, text);
+    if (format.Location != kBefore) AppendLabel(renderer, record, text);
     if (format.LineBreaks != 0) text.append(kLineEnd);
 }
 
 void AppendListLine(const Scripture& scripture, int verse, std::string& text) {
     const VerseRecord record = RecordOf(scripture.records, verse);
     if (record.book == 0) return;
-    LabelText label;
-    AppendFull(label, record);
-    const std::string_view verseText = VerseText(scripture, verse);
-    text.append(TextOf(label)).append(1, ' ');
-    if (BeginsParagraph(verseText)) text.append(kParagraph);
-    text.append(WordsOf(verseText)).append(kLineEnd);
+    AppendFull(text, record);
+    AppendWords(VerseText(scripture, verse), true, text);
+    text.append(kLineEnd);
 }
