@@ -7,10 +7,16 @@ static const std::string& FolderOf(void* device) {
     return *static_cast<const std::string*>(device);
 }
 
-static std::vector<std::string> ListIndexFiles(void* device) {
+static std::string PathOf(void* device, const std::string& name) {
+    return FolderOf(device) + name;
+}
+
+// ---- Whole files ----------------------------------------------------------------------------------------------------
+
+static std::vector<std::string> List(void* device, const std::string& pattern) {
     std::vector<std::string> names;
     WIN32_FIND_DATAA found;
-    const HANDLE search = FindFirstFileA((FolderOf(device) + "*.nmi").c_str(), &found);
+    const HANDLE search = FindFirstFileA(PathOf(device, pattern).c_str(), &found);
     if (search == INVALID_HANDLE_VALUE) return names;
     do {
         if ((found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0) names.emplace_back(found.cFileName);
@@ -20,24 +26,28 @@ static std::vector<std::string> ListIndexFiles(void* device) {
 }
 
 static OwnedFile OpenToRead(void* device, const std::string& name) {
-    const std::string path = FolderOf(device) + name;
+    const std::string path = PathOf(device, name);
     const HANDLE file = CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
                                     FILE_ATTRIBUTE_NORMAL, nullptr);
     return OwnedFile(file == INVALID_HANDLE_VALUE ? nullptr : file);
+}
+
+// Bytes read: none where reading fails.
+static std::size_t ReadFrom(HANDLE file, std::uint64_t offset, std::span<unsigned char> bytes) {
+    LARGE_INTEGER place;
+    place.QuadPart = static_cast<LONGLONG>(offset);
+    DWORD read = 0;
+    const bool done = SetFilePointerEx(file, place, nullptr, FILE_BEGIN) &&
+                      ReadFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &read, nullptr);
+    return done ? read : 0;
 }
 
 static bool Read(void* device, const std::string& name, std::uint64_t offset, std::size_t limit,
                  std::vector<unsigned char>& bytes) {
     const OwnedFile file = OpenToRead(device, name);
     if (!file) return false;
-    LARGE_INTEGER place;
-    place.QuadPart = static_cast<LONGLONG>(offset);
-    DWORD read = 0;
     bytes.resize(limit);
-    if (!SetFilePointerEx(file.get(), place, nullptr, FILE_BEGIN) ||
-        !ReadFile(file.get(), bytes.data(), static_cast<DWORD>(limit), &read, nullptr))
-        read = 0;
-    bytes.resize(read);
+    bytes.resize(ReadFrom(file.get(), offset, bytes));
     return true;
 }
 
@@ -47,22 +57,107 @@ static std::uint64_t Size(void* device, const std::string& name) {
     return file && GetFileSizeEx(file.get(), &size) ? static_cast<std::uint64_t>(size.QuadPart) : 0;
 }
 
+static std::uint64_t Joined(DWORD high, DWORD low) {
+    return static_cast<std::uint64_t>(high) << 32 | low;
+}
+
+static NoteFileStamp Stamp(void* device, const std::string& name) {
+    WIN32_FILE_ATTRIBUTE_DATA file;
+    if (!GetFileAttributesExA(PathOf(device, name).c_str(), GetFileExInfoStandard, &file)) return {};
+    return {true, Joined(file.nFileSizeHigh, file.nFileSizeLow),
+            Joined(file.ftLastWriteTime.dwHighDateTime, file.ftLastWriteTime.dwLowDateTime)};
+}
+
+static void* OpenUnshared(void* device, const std::string& name, DWORD access, DWORD disposition) {
+    const HANDLE file =
+        CreateFileA(PathOf(device, name).c_str(), access, 0, nullptr, disposition, FILE_FLAG_SEQUENTIAL_SCAN, nullptr);
+    return file == INVALID_HANDLE_VALUE ? nullptr : file;
+}
+
+static bool Write(void*, void* file, std::span<const unsigned char> bytes) {
+    DWORD written = 0;
+    return WriteFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr) &&
+           written == bytes.size();
+}
+
 // A new file, or nothing: what could not be written whole is taken away again.
 static bool Create(void* device, const std::string& name, std::span<const unsigned char> bytes) {
-    const std::string path = FolderOf(device) + name;
-    const HANDLE created =
-        CreateFileA(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
-    if (created == INVALID_HANDLE_VALUE) return false;
-    OwnedFile file(created);
-    DWORD written = 0;
-    const bool whole = WriteFile(created, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr) &&
-                       written == bytes.size();
+    OwnedFile file(OpenUnshared(device, name, GENERIC_WRITE, CREATE_NEW));
+    if (!file) return false;
+    const bool whole = Write(device, file.get(), bytes) && FlushFileBuffers(file.get());
     file.reset();
-    if (!whole) DeleteFileA(path.c_str());
+    if (!whole) DeleteFileA(PathOf(device, name).c_str());
     return whole;
+}
+
+static bool Remove(void* device, const std::string& name) {
+    return DeleteFileA(PathOf(device, name).c_str());
+}
+
+// A search index or a virus scanner may have opened the file a moment ago, without any harm.
+static bool Rename(void* device, const std::string& from, const std::string& to) {
+    static constexpr int kTries = 5;
+    static constexpr DWORD kPause = 40;  // milliseconds
+    const std::string fromPath = PathOf(device, from);
+    const std::string toPath = PathOf(device, to);
+    for (int tries = 1; !MoveFileExA(fromPath.c_str(), toPath.c_str(), MOVEFILE_WRITE_THROUGH); ++tries) {
+        const DWORD error = GetLastError();
+        const bool isInUse = error == ERROR_ACCESS_DENIED || error == ERROR_SHARING_VIOLATION;
+        if (tries == kTries || !isInUse) return false;
+        Sleep(kPause);
+    }
+    return true;
+}
+
+static bool Link(void* device, const std::string& from, const std::string& to) {
+    return CreateHardLinkA(PathOf(device, to).c_str(), PathOf(device, from).c_str(), nullptr);
+}
+
+static bool MakeFolder(void* device, const std::string& name) {
+    const std::string path = PathOf(device, name);
+    if (CreateDirectoryA(path.c_str(), nullptr)) return true;
+    const DWORD attributes = GetFileAttributesA(path.c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
+// ---- Open files -----------------------------------------------------------------------------------------------------
+
+static void* Open(void* device, const std::string& name) {
+    return OpenUnshared(device, name, GENERIC_READ, OPEN_EXISTING);
+}
+
+static void* CreateAnew(void* device, const std::string& name) {
+    return OpenUnshared(device, name, GENERIC_WRITE, CREATE_ALWAYS);
+}
+
+static std::size_t ReadAt(void*, void* file, std::uint64_t offset, std::span<unsigned char> bytes) {
+    return ReadFrom(file, offset, bytes);
+}
+
+static bool Flush(void*, void* file) {
+    return FlushFileBuffers(file);
+}
+
+static void Close(void*, void* file) {
+    CloseHandle(file);
 }
 
 NoteFiles WorkingFolderNoteFiles() {
     static std::string folder = WorkingFilePath("");
-    return {&folder, ListIndexFiles, Read, Size, Create};
+    return {.device = &folder,
+            .list = List,
+            .read = Read,
+            .size = Size,
+            .stamp = Stamp,
+            .create = Create,
+            .remove = Remove,
+            .rename = Rename,
+            .link = Link,
+            .makeFolder = MakeFolder,
+            .open = Open,
+            .createAnew = CreateAnew,
+            .readAt = ReadAt,
+            .write = Write,
+            .flush = Flush,
+            .close = Close};
 }

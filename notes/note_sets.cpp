@@ -4,7 +4,7 @@
 #include <numeric>
 #include <optional>
 
-#include "scripture/little_endian.h"
+#include "notes/note_layout.h"
 
 static constexpr std::size_t kIndexFileSize = std::size_t{kVerseCount} * 4;
 static constexpr std::size_t kDevotionalFileSize = sizeof(NoteSets::devotionalTable);
@@ -18,19 +18,13 @@ std::string NoteSetName(const NoteSet& set) {
     return UpToLastDot(set.dataFileName);
 }
 
-// Bytes behind the last whole integer are left out.
-static std::vector<std::uint32_t> OffsetsOf(std::span<const unsigned char> bytes) {
-    std::vector<std::uint32_t> offsets(bytes.size() / 4);
-    for (std::size_t i = 0; i < offsets.size(); ++i) offsets[i] = LittleEndian32(bytes.data() + 4 * i);
-    return offsets;
+std::string IndexFileName(const NoteSet& set) {
+    return NoteSetName(set) + ".nmi";
 }
 
-static std::vector<unsigned char> BytesOf(std::span<const std::uint32_t> offsets) {
-    std::vector<unsigned char> bytes;
-    bytes.reserve(offsets.size() * 4);
-    for (const std::uint32_t offset : offsets)
-        for (int shift = 0; shift < 32; shift += 8) bytes.push_back(static_cast<unsigned char>(offset >> shift & 0xFF));
-    return bytes;
+void StampFiles(const NoteFiles& files, NoteSet& set) {
+    set.dataStamp = files.stamp(files.device, set.dataFileName);
+    set.indexStamp = files.stamp(files.device, IndexFileName(set));
 }
 
 // Takes the role of devotional set for the set about to be added, when it has a table. A longer table is cut, a shorter
@@ -45,11 +39,14 @@ static void ReadDevotionalTable(const NoteFiles& files, const std::string& setNa
 }
 
 static bool AddNoteSet(const NoteFiles& files, const std::string& indexFileName, NoteSets& notes) {
+    const std::string setName = UpToLastDot(indexFileName);
+    NoteSet set{setName + ".nmd"};
+    StampFiles(files, set);
     std::vector<unsigned char> bytes;
     if (!files.read(files.device, indexFileName, 0, kIndexFileSize, bytes)) return false;
-    const std::string setName = UpToLastDot(indexFileName);
     ReadDevotionalTable(files, setName, notes);
-    notes.sets.push_back({setName + ".nmd", OffsetsOf(bytes)});
+    set.offsets = OffsetsOf(bytes);
+    notes.sets.push_back(std::move(set));
     return true;
 }
 
@@ -60,7 +57,8 @@ static bool CreateFirstSet(const NoteFiles& files, NoteSets& notes) {
     std::iota(set.offsets.begin(), set.offsets.end(), 0u);
     const std::vector<unsigned char> emptyNotes(kVerseCount, 0);
     const bool created = files.create(files.device, set.dataFileName, emptyNotes) &&
-                         files.create(files.device, std::string(kFirstSetName) + ".nmi", BytesOf(set.offsets));
+                         files.create(files.device, IndexFileName(set), IndexBytes(set.offsets));
+    StampFiles(files, set);
     notes.sets.push_back(std::move(set));
     return created;
 }
@@ -68,7 +66,7 @@ static bool CreateFirstSet(const NoteFiles& files, NoteSets& notes) {
 bool FindNoteSets(const NoteFiles& files, NoteSets& notes) {
     notes.sets.clear();
     notes.devotionalSet = kNoDevotionalSet;
-    for (const std::string& indexFileName : files.listIndexFiles(files.device)) {
+    for (const std::string& indexFileName : files.list(files.device, "*.nmi")) {
         if (notes.sets.size() == kNoteSetLimit || !AddNoteSet(files, indexFileName, notes)) break;
     }
     return !notes.sets.empty() || CreateFirstSet(files, notes);

@@ -29,8 +29,10 @@ inline constexpr char kCannotCreateNotes[] = "Error creating note files";
 inline constexpr char kCannotReadNote[] = "Error reading note file";
 
 struct NoteSet {
-    std::string dataFileName;            // the set's name and ".nmd"
-    std::vector<std::uint32_t> offsets;  // as read: what the file holds, at most one a verse
+    std::string dataFileName;                 // the set's name and ".nmd"
+    std::vector<std::uint32_t> offsets{};     // as read: what the file holds, at most one a verse
+    NoteFileStamp dataStamp{}, indexStamp{};  // of its files when they were last read or written
+    bool readOnly = false;                    // its data file is not whole: to save would lose what it holds
 };
 
 struct NoteSets {
@@ -44,6 +46,12 @@ struct NoteSets {
 
 // Name of a set: its data file's name up to the last ".".
 std::string NoteSetName(const NoteSet& set);
+
+// The name of the set's index file.
+std::string IndexFileName(const NoteSet& set);
+
+// Remembers what the set's files are like now.
+void StampFiles(const NoteFiles& files, NoteSet& set);
 
 // Finds the sets of the working directory in listing order, at most kNoteSetLimit, each with its devotional table if
 // it has one (a later one takes the role). A `.nmi` that cannot be opened ends the search. With no set found, creates

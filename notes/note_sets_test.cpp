@@ -38,6 +38,7 @@ TEST(FindNoteSets, CutsTheNameAtItsLastDot) {
     FakeNoteFiles files;
     AddFakeSet(files, "x", {});
     files.contents["x.nmibak"] = files.contents["x.nmi"];
+    files.contents.erase("x.nmi");
     files.listed = {"x.nmibak"};
     const NoteSets notes = Found(files);
     EXPECT_EQ(NamesOf(notes), (std::vector<std::string>{"x"}));

@@ -8,40 +8,233 @@ static FakeNoteFiles& FilesOf(void* device) {
     return *static_cast<FakeNoteFiles*>(device);
 }
 
-static std::vector<std::string> List(void* device) {
-    return FilesOf(device).listed;
+static void TakeStep(FakeNoteFiles& files) {
+    if (files.steps == 0) throw ProgramStopped{};
+    if (files.steps > 0) --files.steps;
+}
+
+static void Touch(FakeNoteFiles& files, const std::string& name) {
+    files.times[name] = ++files.now;
+}
+
+// ---- Whole files ----------------------------------------------------------------------------------------------------
+
+static std::vector<std::string> List(void* device, const std::string& pattern) {
+    const FakeNoteFiles& files = FilesOf(device);
+    const std::size_t star = pattern.find('*');
+    const std::string folder = pattern.substr(0, star);
+    const std::string ending = pattern.substr(star + 1);
+    std::vector<std::string> names;
+    if (pattern == "*.nmi") {
+        std::copy_if(files.listed.begin(), files.listed.end(), std::back_inserter(names),
+                     [&](const std::string& name) { return files.contents.contains(name); });
+    }
+    for (const auto& [name, bytes] : files.contents) {
+        if (!name.starts_with(folder) || !name.ends_with(ending)) continue;
+        const std::string inFolder = name.substr(folder.size());
+        if (inFolder.find('/') == std::string::npos && std::find(names.begin(), names.end(), inFolder) == names.end())
+            names.push_back(inFolder);
+    }
+    return names;
+}
+
+static std::size_t BytesAt(const std::vector<unsigned char>& whole, std::uint64_t offset,
+                           std::span<unsigned char> bytes) {
+    const std::size_t begin = static_cast<std::size_t>(std::min<std::uint64_t>(offset, whole.size()));
+    const std::size_t count = std::min(bytes.size(), whole.size() - begin);
+    std::copy_n(whole.begin() + static_cast<std::ptrdiff_t>(begin), count, bytes.begin());
+    return count;
+}
+
+static bool IsReadable(const FakeNoteFiles& files, const std::string& name) {
+    return files.contents.contains(name) && !files.unreadable.contains(name);
 }
 
 static bool Read(void* device, const std::string& name, std::uint64_t offset, std::size_t limit,
                  std::vector<unsigned char>& bytes) {
     FakeNoteFiles& files = FilesOf(device);
     files.log.push_back("read " + name);
-    if (!files.contents.contains(name) || files.unreadable.contains(name)) return false;
-    const std::vector<unsigned char>& whole = files.contents[name];
-    const std::size_t begin = static_cast<std::size_t>(std::min<std::uint64_t>(offset, whole.size()));
-    const std::size_t end = begin + std::min(limit, whole.size() - begin);
-    bytes.assign(whole.begin() + static_cast<std::ptrdiff_t>(begin), whole.begin() + static_cast<std::ptrdiff_t>(end));
+    if (!IsReadable(files, name)) return false;
+    bytes.resize(limit);
+    bytes.resize(BytesAt(files.contents[name], offset, bytes));
     return true;
 }
 
 static std::uint64_t Size(void* device, const std::string& name) {
     FakeNoteFiles& files = FilesOf(device);
     files.log.push_back("size " + name);
-    const bool readable = files.contents.contains(name) && !files.unreadable.contains(name);
-    return readable ? files.contents[name].size() : 0;
+    return IsReadable(files, name) ? files.contents[name].size() : 0;
+}
+
+static NoteFileStamp Stamp(void* device, const std::string& name) {
+    FakeNoteFiles& files = FilesOf(device);
+    if (!files.contents.contains(name)) return {};
+    return {true, files.contents[name].size(), files.times[name]};
 }
 
 static bool Create(void* device, const std::string& name, std::span<const unsigned char> bytes) {
     FakeNoteFiles& files = FilesOf(device);
     files.log.push_back("create " + name);
     if (files.contents.contains(name) || files.uncreatable.contains(name)) return false;
+    TakeStep(files);
     files.contents[name].assign(bytes.begin(), bytes.end());
+    Touch(files, name);
     return true;
 }
 
-NoteFiles DeviceOver(FakeNoteFiles& files) {
-    return {&files, List, Read, Size, Create};
+static bool Remove(void* device, const std::string& name) {
+    FakeNoteFiles& files = FilesOf(device);
+    files.log.push_back("remove " + name);
+    if (!files.contents.contains(name) || files.undeletable.contains(name)) return false;
+    TakeStep(files);
+    files.contents.erase(name);
+    files.unflushed.erase(name);
+    return true;
 }
+
+static void GiveName(FakeNoteFiles& files, const std::string& from, const std::string& to) {
+    files.contents[to] = files.contents[from];
+    files.times[to] = files.times[from];
+    if (files.unflushed.contains(from)) files.unflushed.insert(to);
+}
+
+static bool Rename(void* device, const std::string& from, const std::string& to) {
+    FakeNoteFiles& files = FilesOf(device);
+    files.log.push_back("rename " + from + " to " + to);
+    if (!files.contents.contains(from) || files.contents.contains(to) || files.unrenamable.contains(from)) return false;
+    TakeStep(files);
+    GiveName(files, from, to);
+    files.contents.erase(from);
+    files.unflushed.erase(from);
+    return true;
+}
+
+static bool Link(void* device, const std::string& from, const std::string& to) {
+    FakeNoteFiles& files = FilesOf(device);
+    files.log.push_back("link " + from + " to " + to);
+    if (!files.knowsLinks || !files.contents.contains(from) || files.contents.contains(to)) return false;
+    TakeStep(files);
+    GiveName(files, from, to);
+    return true;
+}
+
+static bool MakeFolder(void* device, const std::string& name) {
+    FakeNoteFiles& files = FilesOf(device);
+    files.log.push_back("folder " + name);
+    TakeStep(files);
+    return !files.uncreatable.contains(name);
+}
+
+// ---- Open files: a handle is the name -----------------------------------------------------------------------------
+
+static const std::string& NameOf(void* file) {
+    return *static_cast<const std::string*>(file);
+}
+
+static void* HandleOf(FakeNoteFiles& files, const std::string& name) {
+    ++files.openFiles;
+    return const_cast<std::string*>(&*files.handles.insert(name).first);
+}
+
+static void* Open(void* device, const std::string& name) {
+    FakeNoteFiles& files = FilesOf(device);
+    files.log.push_back("open " + name);
+    return IsReadable(files, name) ? HandleOf(files, name) : nullptr;
+}
+
+static void* CreateAnew(void* device, const std::string& name) {
+    FakeNoteFiles& files = FilesOf(device);
+    files.log.push_back("create anew " + name);
+    if (files.uncreatable.contains(name)) return nullptr;
+    TakeStep(files);
+    files.contents[name].clear();
+    files.unflushed.insert(name);
+    Touch(files, name);
+    return HandleOf(files, name);
+}
+
+static std::size_t ReadAt(void* device, void* file, std::uint64_t offset, std::span<unsigned char> bytes) {
+    return BytesAt(FilesOf(device).contents[NameOf(file)], offset, bytes);
+}
+
+static void Append(FakeNoteFiles& files, const std::string& name, std::span<const unsigned char> bytes) {
+    files.contents[name].insert(files.contents[name].end(), bytes.begin(), bytes.end());
+    files.unflushed.insert(name);
+    Touch(files, name);
+}
+
+// The program may stop before the first byte, after it, half-way and before the last one.
+static bool Write(void* device, void* file, std::span<const unsigned char> bytes) {
+    FakeNoteFiles& files = FilesOf(device);
+    const std::string& name = NameOf(file);
+    files.log.push_back("write " + name + " " + std::to_string(bytes.size()));
+    const auto fitting = files.room < 0 ? bytes.size() : std::min(bytes.size(), static_cast<std::size_t>(files.room));
+    if (files.room >= 0) files.room -= static_cast<std::int64_t>(fitting);
+    std::size_t written = 0;
+    for (const std::size_t stop :
+         {std::size_t{0}, std::size_t{1}, fitting / 2, fitting - std::min<std::size_t>(1, fitting), fitting}) {
+        if (stop > fitting || stop < written) continue;
+        Append(files, name, bytes.subspan(written, stop - written));
+        written = stop;
+        TakeStep(files);
+    }
+    return fitting == bytes.size();
+}
+
+static bool Flush(void* device, void* file) {
+    FakeNoteFiles& files = FilesOf(device);
+    files.log.push_back("flush " + NameOf(file));
+    TakeStep(files);
+    if (files.isFlushable) files.unflushed.erase(NameOf(file));
+    return files.isFlushable;
+}
+
+static void Close(void* device, void* file) {
+    FilesOf(device).log.push_back("close " + NameOf(file));
+    --FilesOf(device).openFiles;
+}
+
+NoteFiles DeviceOver(FakeNoteFiles& files) {
+    return {.device = &files,
+            .list = List,
+            .read = Read,
+            .size = Size,
+            .stamp = Stamp,
+            .create = Create,
+            .remove = Remove,
+            .rename = Rename,
+            .link = Link,
+            .makeFolder = MakeFolder,
+            .open = Open,
+            .createAnew = CreateAnew,
+            .readAt = ReadAt,
+            .write = Write,
+            .flush = Flush,
+            .close = Close};
+}
+
+// ---- What others do -------------------------------------------------------------------------------------------------
+
+void CutPower(FakeNoteFiles& files, PowerCut cut) {
+    if (cut == PowerCut::kNone) return;
+    for (const std::string& name : files.unflushed) {
+        std::vector<unsigned char>& bytes = files.contents[name];
+        switch (cut) {
+            case PowerCut::kLosesAll: bytes.clear(); break;
+            case PowerCut::kLeavesZeros: std::fill(bytes.begin(), bytes.end(), static_cast<unsigned char>(0)); break;
+            case PowerCut::kLeavesHalf: bytes.resize(bytes.size() / 2); break;
+            case PowerCut::kNone: break;
+        }
+    }
+    files.unflushed.clear();
+}
+
+void ChangeFile(FakeNoteFiles& files, const std::string& name, std::vector<unsigned char> bytes) {
+    files.contents[name] = std::move(bytes);
+    Touch(files, name);
+}
+
+// ---- Sets -----------------------------------------------------------------------------------------------------------
 
 std::vector<unsigned char> LittleEndianBytes(const std::vector<std::uint32_t>& numbers) {
     std::vector<unsigned char> bytes;
@@ -50,16 +243,22 @@ std::vector<unsigned char> LittleEndianBytes(const std::vector<std::uint32_t>& n
     return bytes;
 }
 
-void AddFakeSet(FakeNoteFiles& files, const std::string& name, const std::map<int, std::string>& notes) {
+FakeSet FakeSetOf(const std::map<int, std::string>& notes) {
     std::vector<std::uint32_t> offsets;
-    std::vector<unsigned char> data;
+    FakeSet set;
     for (int verse = 0; verse < kVerseCount; ++verse) {
-        offsets.push_back(static_cast<std::uint32_t>(data.size()));
+        offsets.push_back(static_cast<std::uint32_t>(set.data.size()));
         const auto note = notes.find(verse);
-        if (note != notes.end()) data.insert(data.end(), note->second.begin(), note->second.end());
-        data.push_back(0);
+        if (note != notes.end()) set.data.insert(set.data.end(), note->second.begin(), note->second.end());
+        set.data.push_back(0);
     }
-    files.contents[name + ".nmi"] = LittleEndianBytes(offsets);
-    files.contents[name + ".nmd"] = data;
+    set.index = LittleEndianBytes(offsets);
+    return set;
+}
+
+void AddFakeSet(FakeNoteFiles& files, const std::string& name, const std::map<int, std::string>& notes) {
+    const FakeSet set = FakeSetOf(notes);
+    files.contents[name + ".nmi"] = set.index;
+    files.contents[name + ".nmd"] = set.data;
     files.listed.push_back(name + ".nmi");
 }

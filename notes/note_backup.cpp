@@ -1,0 +1,74 @@
+#include "notes/note_backup.h"
+
+#include <algorithm>
+#include <functional>
+
+#include "notes/note_layout.h"
+
+static constexpr std::size_t kCopyPiece = std::size_t{1} << 20;
+
+static bool CopyBytes(const NoteFiles& files, void* from, void* to) {
+    std::vector<unsigned char> piece(kCopyPiece);
+    std::uint64_t place = 0;
+    for (std::size_t read = kCopyPiece; read == kCopyPiece; place += read) {
+        read = files.readAt(files.device, from, place, piece);
+        if (!files.write(files.device, to, std::span(piece).first(read))) return false;
+    }
+    return files.flush(files.device, to);
+}
+
+// The copy gets its name when it is whole.
+static bool CopyOf(const NoteFiles& files, const std::string& from, const std::string& to) {
+    const std::string unfinished = to + kTempEnding;
+    void* const source = files.open(files.device, from);
+    void* const target = source != nullptr ? files.createAnew(files.device, unfinished) : nullptr;
+    const bool copied = target != nullptr && CopyBytes(files, source, target);
+    if (source != nullptr) files.close(files.device, source);
+    if (target != nullptr) files.close(files.device, target);
+    if (copied && files.rename(files.device, unfinished, to)) return true;
+    if (target != nullptr) files.remove(files.device, unfinished);
+    return false;
+}
+
+static bool IsDate(const std::string& text) {
+    static constexpr char kForm[] = "dddd-dd-dd";
+    if (text.size() != sizeof kForm - 1) return false;
+    return std::equal(text.begin(), text.end(), kForm,
+                      [](char c, char form) { return form == 'd' ? c >= '0' && c <= '9' : c == form; });
+}
+
+// Days with a backup of the set, the latest first. A set "a" has nothing to do with one named "a 2024-12-31".
+static std::vector<std::string> BackupDays(const NoteFiles& files, const std::string& setName) {
+    static const std::string ending = ".nmd";
+    std::vector<std::string> days;
+    for (const std::string& name : files.list(files.device, std::string(kBackupFolder) + "/*.nmd")) {
+        if (!name.starts_with(setName + ' ') || !name.ends_with(ending)) continue;
+        const std::size_t begin = setName.size() + 1;
+        const std::size_t end = name.size() - ending.size();
+        if (begin < end && IsDate(name.substr(begin, end - begin))) days.push_back(name.substr(begin, end - begin));
+    }
+    std::sort(days.begin(), days.end(), std::greater());
+    return days;
+}
+
+static std::string BackupName(const std::string& setName, const std::string& day) {
+    return std::string(kBackupFolder) + '/' + setName + ' ' + day;
+}
+
+static void RemoveOldBackups(const NoteFiles& files, const std::string& setName) {
+    const std::vector<std::string> days = BackupDays(files, setName);
+    for (std::size_t i = kBackupDays; i < days.size(); ++i)
+        for (const char* ending : {".nmd", ".nmi"}) files.remove(files.device, BackupName(setName, days[i]) + ending);
+}
+
+void KeepBackup(const NoteFiles& files, const NoteSet& set, const std::string& today) {
+    const std::string setName = NoteSetName(set);
+    const std::string name = BackupName(setName, today);
+    if (files.stamp(files.device, name + ".nmd").exists || !files.makeFolder(files.device, kBackupFolder)) return;
+    // The index is written over in its place, so it has no second name; and it comes first: what has a data file is
+    // complete.
+    files.remove(files.device, name + ".nmi");
+    CopyOf(files, IndexFileName(set), name + ".nmi");
+    if (!files.link(files.device, set.dataFileName, name + ".nmd")) CopyOf(files, set.dataFileName, name + ".nmd");
+    RemoveOldBackups(files, setName);
+}
