@@ -3,6 +3,7 @@
 #include <iterator>
 
 #include "app/command_facts.h"
+#include "app/devotional_commands_win32.h"
 #include "app/font_commands_win32.h"
 #include "app/frame_commands_win32.h"
 #include "app/frame_window.h"
@@ -47,9 +48,9 @@ static constexpr Command kCommands[] = {
     {IDM_NEXT_CHAPTER, GoToNeighbour, kPassageFocused},
     {IDM_PREVIOUS_BOOK, GoToNeighbour, kPassageFocused},
     {IDM_NEXT_BOOK, GoToNeighbour, kPassageFocused},
-    {IDM_TODAYS_PROVERB, nullptr},
-    {IDM_THIS_MORNING, nullptr},
-    {IDM_THIS_EVENING, nullptr},
+    {IDM_TODAYS_PROVERB, OpenTodaysProverb},
+    {IDM_THIS_MORNING, OpenDaysReading},
+    {IDM_THIS_EVENING, OpenDaysReading},
 
     {IDM_PARAGRAPH_FORMAT, ToggleParagraphFormat, kAlways, kParagraphs},
     {IDM_ITALIC_TEXT, SetItalics, kAlways, kItalicShown},
@@ -108,15 +109,14 @@ static constexpr CommandRange kRanges[] = {
     {IDM_GOTO_BOOK + 1, IDM_GOTO_BOOK + kBookCount, GoToBook},
     {IDM_GOTO_BOOKMARK, IDM_GOTO_BOOKMARK + kBookmarkCount - 1, GoToBookmark},
     {IDM_SET_BOOKMARK, IDM_SET_BOOKMARK + kBookmarkCount - 1, SetBookmark},
-    {IDM_DEVOTIONAL, 0xFFFF, nullptr},
+    {IDM_DEVOTIONAL, 0xFFFF, OpenReading},
 };
 
 void Dispatch(int id) {
     if (id == IDM_REFRESH) return RefreshCommands();
     for (const CommandRange& range : kRanges) {
         if (id < range.first || id > range.last) continue;
-        if (range.action) range.action(id - range.first);
-        return;
+        return range.action(id - range.first);
     }
     for (const Command& command : kCommands) {
         if (command.id != id) continue;

@@ -80,8 +80,6 @@ static void SetFirstMenuState() {
         // Not deleted: to destroy its 732 items one by one would be felt in the start, and they go with the program.
         RemoveMenu(theFrame.menu, kDevotionalMenu, MF_BYPOSITION);
         DrawMenuBar(theFrame.window);
-    } else {
-        EnableMenuItem(theFrame.menu, kDevotionalMenu, MF_BYPOSITION | MF_GRAYED);
     }
     theFrame.startUpComplete = true;
     RefreshCommands();

@@ -1,0 +1,44 @@
+#include "app/devotional.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/native_scripture.h"
+
+struct ReadingRow {
+    Date date;
+    Reading reading;
+    std::size_t entry;  // of the table: eight bytes a day, four a reading, 31 days a month
+};
+
+static constexpr ReadingRow kReadings[] = {
+    {{1, 1}, Reading::kMorning, 0},    {{1, 1}, Reading::kEvening, 1},     {{1, 31}, Reading::kEvening, 61},
+    {{2, 1}, Reading::kMorning, 62},   {{2, 29}, Reading::kMorning, 118},  {{3, 1}, Reading::kMorning, 124},
+    {{12, 1}, Reading::kMorning, 682}, {{12, 31}, Reading::kMorning, 742}, {{12, 31}, Reading::kEvening, 743},
+};
+
+TEST(Devotional, FindsEachReadingInItsSlot) {
+    for (const auto& [date, reading, entry] : kReadings) {
+        NoteSets notes;
+        notes.devotionalTable[entry] = 777;
+        EXPECT_EQ(VerseOfReading(notes, date, reading), 777) << date.month << '/' << date.day;
+    }
+}
+
+TEST(Devotional, OpensTheFirstVerseForAnEmptyEntryAndTheLastForOneBeyondIt) {
+    NoteSets notes;
+    notes.devotionalTable[1] = 31102;
+    notes.devotionalTable[2] = 0xFFFFFFFF;
+    EXPECT_EQ(VerseOfReading(notes, {1, 1}, Reading::kMorning), 0);
+    EXPECT_EQ(VerseOfReading(notes, {1, 1}, Reading::kEvening), kLastVerse);
+    EXPECT_EQ(VerseOfReading(notes, {1, 2}, Reading::kMorning), kLastVerse);
+}
+
+TEST(Devotional, HasAChapterOfProverbsForEveryDay) {
+    const VerseRecords& records = TheRealScripture().records;
+    for (int day = 1; day <= 31; ++day) {
+        const VerseRecord verse = RecordOf(records, TodaysProverb(records, {5, day}));
+        EXPECT_EQ(verse.book, 20);
+        EXPECT_EQ(verse.chapter, day);
+        EXPECT_EQ(verse.verse, 1);
+    }
+}
