@@ -8,6 +8,7 @@
 #include "app/frame_commands_win32.h"
 #include "app/frame_window.h"
 #include "app/note_commands_win32.h"
+#include "app/output_commands_win32.h"
 #include "app/reading_commands_win32.h"
 #include "app/search_commands_win32.h"
 #include "notes/notes_window.h"
@@ -87,13 +88,13 @@ static constexpr Command kCommands[] = {
     {IDM_CUT, nullptr},
     {IDM_COPY, CopySelection, kHasSelection},
     {IDM_PASTE, nullptr},
-    {IDM_COPY_VERSE, nullptr},
-    {IDM_COPY_RANGE, nullptr},
-    {IDM_COPY_VERSE_LIST, nullptr, kListHasVerses},
-    {IDM_COPY_REFERENCES, nullptr, kListHasVerses},
-    {IDM_FORMAT, nullptr},
-    {IDM_SAVE_RANGE, nullptr},
-    {IDM_SAVE_VERSE_LIST, nullptr, kListCanBeSaved},
+    {IDM_COPY_VERSE, CopyVerse},
+    {IDM_COPY_RANGE, CopyRange},
+    {IDM_COPY_VERSE_LIST, CopyVerseList, kListHasVerses},
+    {IDM_COPY_REFERENCES, CopyReferences, kListHasVerses},
+    {IDM_FORMAT, ChooseFormat},
+    {IDM_SAVE_RANGE, SaveRange},
+    {IDM_SAVE_VERSE_LIST, SaveVerseList, kListCanBeSaved},
     {IDM_PAGE_SETUP, nullptr},
     {IDM_PRINT_RANGE, nullptr},
     {IDM_PRINT_VERSE_LIST, nullptr, kListHasVerses},

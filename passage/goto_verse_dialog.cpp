@@ -3,32 +3,21 @@
 #include "passage/passage_window.h"
 #include "resources/help_topics.h"
 #include "resources/ids.h"
-#include "scripture/reference_parser.h"
+#include "scripture/reference_field_win32.h"
 #include "scripture/scripture_win32.h"
-#include "win32/controls.h"
 #include "win32/dialogs.h"
 #include "win32/help_viewer.h"
 
 static void Fill(HWND dialog) {
-    SendDlgItemMessageA(dialog, IDC_REFERENCE, EM_LIMITTEXT, kReferenceLimit, 0);
-    const std::string verse = ReferenceText(theScripture.records, thePassage.view.TopVerse, BookForm::kAbbreviation);
-    SetDlgItemTextA(dialog, IDC_REFERENCE, verse.c_str());
+    const int verse = thePassage.view.TopVerse;
+    FillReferenceField(dialog, IDC_REFERENCE, ReferenceText(theScripture.records, verse, BookForm::kAbbreviation));
 }
 
 static void OnOk(HWND dialog) {
-    const std::string typed = ControlText(dialog, IDC_REFERENCE, kReferenceLimit);
-    if (typed.empty()) {
-        EndDialog(dialog, IDCANCEL);
-        return;
-    }
-    const ParsedReference reference = ParseReference(theScripture.records, typed);
-    if (!reference.ok) {
-        Complain(dialog, kUnrecognizedReference);
-        SelectField(dialog, IDC_REFERENCE);
-        return;
-    }
+    const ParsedRange verse = TakeReference(dialog, IDC_REFERENCE, Asked::kVerse);
+    if (!verse.ok) return;
     EndDialog(dialog, IDOK);
-    ScrollToVerse(reference.verse);
+    ScrollToVerse(verse.first);
 }
 
 static void OnCommand(HWND dialog, int control, UINT) {

@@ -57,6 +57,37 @@ static constexpr ExpectedControl kControls[] = {
     {"GOTOVERSE", 1, "DEFPUSHBUTTON", "OK"},
     {"GOTOVERSE", 2, "PUSHBUTTON", "Cancel"},
     {"GOTOVERSE", 9, "PUSHBUTTON", "Help"},
+    {"COPYVERSE", 20, "EDITTEXT", "Verse:"},
+    {"COPYVERSE", 1, "DEFPUSHBUTTON", "OK"},
+    {"COPYVERSE", 2, "PUSHBUTTON", "Cancel"},
+    {"COPYVERSE", 10, "PUSHBUTTON", "Format..."},
+    {"COPYVERSE", 9, "PUSHBUTTON", "Help"},
+    {"COPYRANGE", 20, "EDITTEXT", "Range:"},
+    {"COPYRANGE", 1, "DEFPUSHBUTTON", "OK"},
+    {"COPYRANGE", 2, "PUSHBUTTON", "Cancel"},
+    {"COPYRANGE", 10, "PUSHBUTTON", "Format..."},
+    {"COPYRANGE", 9, "PUSHBUTTON", "Help"},
+    {"SAVERANGE", 20, "EDITTEXT", "Range:"},
+    {"SAVERANGE", 11, "BS_AUTOCHECKBOX", "Include notes:"},
+    {"SAVERANGE", 12, "COMBOBOX", "from set"},
+    {"SAVERANGE", 1, "DEFPUSHBUTTON", "OK"},
+    {"SAVERANGE", 2, "PUSHBUTTON", "Cancel"},
+    {"SAVERANGE", 10, "PUSHBUTTON", "Format..."},
+    {"SAVERANGE", 9, "PUSHBUTTON", "Help"},
+    {"FORMAT", 10, "BS_AUTORADIOBUTTON", "Full (Eph 6:17 And take the helmet...)"},
+    {"FORMAT", 11, "BS_AUTORADIOBUTTON", "Partial (6:17 And take the helmet...)"},
+    {"FORMAT", 12, "BS_AUTORADIOBUTTON", "None (And take the helmet...)"},
+    {"FORMAT", 13, "BS_AUTORADIOBUTTON", "Full (Eph 6:17 And take the helmet...)"},
+    {"FORMAT", 14, "BS_AUTORADIOBUTTON", "Partial (17 And take the helmet...)"},
+    {"FORMAT", 15, "BS_AUTORADIOBUTTON", "None (And take the helmet...)"},
+    {"FORMAT", 16, "BS_AUTORADIOBUTTON", "Before Verse"},
+    {"FORMAT", 17, "BS_AUTORADIOBUTTON", "After Verse"},
+    {"FORMAT", 18, "BS_AUTOCHECKBOX", "Linebreaks between verses"},
+    {"FORMAT", 19, "BS_AUTOCHECKBOX", "Include paragraph marks (¶)"},
+    {"FORMAT", 101, "BS_AUTOCHECKBOX", "Include brackets ([])"},
+    {"FORMAT", 1, "DEFPUSHBUTTON", "OK"},
+    {"FORMAT", 2, "PUSHBUTTON", "Cancel"},
+    {"FORMAT", 9, "PUSHBUTTON", "Help"},
     {"ABOUT", 1, "DEFPUSHBUTTON", "OK"},
     {"SPLASHSCREEN", 111, "CTEXT", ""},
 };
@@ -72,6 +103,10 @@ static constexpr ExpectedTitle kTitles[] = {
     {"PHRASESEARCH", "Phrase Search"},
     {"SETRANGE", "Set Search Range"},
     {"GOTOVERSE", "Go To Verse"},
+    {"COPYVERSE", "Copy Verse"},
+    {"COPYRANGE", "Copy Range"},
+    {"SAVERANGE", "Save Range"},
+    {"FORMAT", "Copy/Save Format"},
     {"ABOUT", "About Versewell97"},
     {"SPLASHSCREEN", ""},
 };
@@ -104,7 +139,13 @@ static int ClosedHeight(const DialogControl& control) {
     return control.styles.find("CBS_DROPDOWN") != std::string::npos ? 14 : control.height;
 }
 
+static bool Surrounds(const DialogControl& box, const DialogControl& control) {
+    return box.kind == "GROUPBOX" && box.x < control.x && box.y < control.y &&
+           control.x + control.width < box.x + box.width && control.y + control.height < box.y + box.height;
+}
+
 static bool Overlap(const DialogControl& a, const DialogControl& b) {
+    if (Surrounds(a, b)) return false;
     return a.x < b.x + b.width && b.x < a.x + a.width && a.y < b.y + ClosedHeight(b) && b.y < a.y + ClosedHeight(a);
 }
 
@@ -170,6 +211,30 @@ TEST(Dialogs, TheThreeChoicesAreAGroupOfTheirOwn) {
             }
         }
     }
+}
+
+// What parts of a label a verse gets, and where it stands, are three choices; one box stands round them.
+TEST(Dialogs, TheFormatOfLabelsIsThreeGroups) {
+    const DialogScript& format = Dialog("FORMAT");
+    const DialogControl& box = format.controls.at(0);
+    EXPECT_EQ(box.kind, "GROUPBOX");
+    EXPECT_EQ(box.text, "Verse Labels");
+    for (const DialogControl& control : format.controls) {
+        if (control.id < 10) continue;
+        const bool isLabel = control.id <= 17;
+        const bool beginsGroup = control.id == 10 || control.id == 13 || control.id == 16 || control.id == 18;
+        EXPECT_EQ(Surrounds(box, control), isLabel) << control.text;
+        EXPECT_EQ(control.styles.find("WS_GROUP") != std::string::npos, beginsGroup) << control.text;
+    }
+}
+
+TEST(Dialogs, ANoteSetIsOnlyChosenFromTheList) {
+    for (const DialogControl& control : Dialog("SAVERANGE").controls)
+        if (control.id == 12) {
+            EXPECT_THAT(control.styles, HasSubstr("CBS_DROPDOWNLIST"));
+            EXPECT_THAT(control.styles, HasSubstr("WS_VSCROLL"));
+            EXPECT_THAT(control.styles, Not(HasSubstr("CBS_SORT")));  // the order is that of the tabs
+        }
 }
 
 TEST(Dialogs, ListsAreOfTheRightKind) {

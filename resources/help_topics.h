@@ -10,3 +10,7 @@ inline constexpr char kTopicWordListSearch[] = "ID_Search_WordList";
 inline constexpr char kTopicPhraseSearch[] = "ID_Search_Phrase";
 inline constexpr char kTopicSetRange[] = "ID_Search_SetRange";
 inline constexpr char kTopicGotoVerse[] = "ID_Read_GoToVerse";
+inline constexpr char kTopicCopyVerse[] = "ID_Edit_CopyVerse";
+inline constexpr char kTopicCopyRange[] = "ID_Edit_CopyRange";
+inline constexpr char kTopicSaveRange[] = "ID_File_SaveRange";
+inline constexpr char kTopicFormat[] = "ID_Edit_Format";

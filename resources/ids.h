@@ -102,11 +102,25 @@
 #define IDC_SUBSTRING 15
 #define IDC_ADD_WORD 18
 #define IDC_WORD_LIST 19
-#define IDC_RANGE 20      // the button of the search dialogs, the field of Set Search Range
+#define IDC_RANGE 20      // the button of the search dialogs; the field of all that ask for verses but Go To Verse
 #define IDC_REFERENCE 10  // Go To Verse
 #define IDC_OLD_TESTAMENT 101
 #define IDC_NEW_TESTAMENT 102
 #define IDC_ENTIRE_BIBLE 103
+#define IDC_FORMAT_BUTTON 10  // Copy Verse, Copy Range, Save Range
+#define IDC_INCLUDE_NOTES 11
+#define IDC_NOTE_SET 12
+#define IDC_FIRST_FULL 10  // Copy/Save Format
+#define IDC_FIRST_PARTIAL 11
+#define IDC_FIRST_NONE 12
+#define IDC_SUBSEQUENT_FULL 13
+#define IDC_SUBSEQUENT_PARTIAL 14
+#define IDC_SUBSEQUENT_NONE 15
+#define IDC_LABEL_BEFORE 16
+#define IDC_LABEL_AFTER 17
+#define IDC_LINE_BREAKS 18
+#define IDC_PARAGRAPH_MARKS 19
+#define IDC_BRACKETS 101
 #define IDC_SPLASH_LINE 111
 
 // Pictures

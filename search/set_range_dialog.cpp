@@ -2,7 +2,7 @@
 
 #include "resources/help_topics.h"
 #include "resources/ids.h"
-#include "scripture/reference_parser.h"
+#include "scripture/reference_field_win32.h"
 #include "scripture/scripture_win32.h"
 #include "search/search_win32.h"
 #include "win32/controls.h"
@@ -18,22 +18,12 @@ void ShowSearchRange(HWND frame) {
 }
 
 static void Fill(HWND dialog) {
-    SendDlgItemMessageA(dialog, IDC_RANGE, EM_LIMITTEXT, kReferenceLimit, 0);
-    SetDlgItemTextA(dialog, IDC_RANGE, CurrentRange().c_str());
+    FillReferenceField(dialog, IDC_RANGE, CurrentRange());
 }
 
 static void OnOk(HWND dialog) {
-    const std::string typed = ControlText(dialog, IDC_RANGE, kReferenceLimit);
-    if (typed.empty()) {
-        EndDialog(dialog, IDCANCEL);
-        return;
-    }
-    const ParsedRange range = ParseRange(theScripture.records, typed);
-    if (!range.ok) {
-        Complain(dialog, kUnrecognizedReference);
-        SelectField(dialog, IDC_RANGE);
-        return;
-    }
+    const ParsedRange range = TakeReference(dialog, IDC_RANGE, Asked::kRange);
+    if (!range.ok) return;
     EndDialog(dialog, IDOK);
     theSearch.range = {range.first, range.last};
     ShowSearchRange(FrameOf(dialog));

@@ -22,6 +22,7 @@ const TestSurroundings& Surroundings() {
         Variable("VERSEWELL_DATA", "."),
         Variable("VERSEWELL_PICTURES", "."),
         Variable("VERSEWELL_AT_DATE", "at_date"),
+        Variable("VERSEWELL_FULL_DISK", "full.txt"),
     };
     return surroundings;
 }

@@ -4,30 +4,16 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/windows/dialog_look.h"
 #include "tests/windows/search_steps.h"
 
 // ---- Controls -----------------------------------------------------------------------------------------------------
-
-struct ShownControl {
-    int id;
-    const char* className;
-    const char* text;
-};
-
-struct AccessKey {
-    const char* key;
-    int focus;  // where it leads
-};
 
 struct DialogRow {
     const char* name;
     int command;
     const char* key;  // that opens it; none for Set Search Range
-    const char* title;
-    std::vector<ShownControl> controls;
-    std::vector<const char*> labels;
-    std::vector<int> tabOrder;  // the first has the focus when it opens
-    std::vector<AccessKey> accessKeys;
+    DialogLook look;
 };
 
 static void PrintTo(const DialogRow& row, std::ostream* out) {
@@ -38,121 +24,89 @@ static const DialogRow kDialogs[] = {
     {"Words",
      IDM_WORD_SEARCH,
      "Alt+w",
-     "Word Search",
-     {{IDC_SEARCH_TEXT, "ComboBox", ""},
-      {IDC_ALL_WORDS, "Button", "&all"},
-      {IDC_ANY_WORD, "Button", "at &least one"},
-      {IDC_ONE_WORD, "Button", "&only one"},
-      {IDC_CASE_SENSITIVE, "Button", "&Case sensitive"},
-      {IDC_SUBSTRING, "Button", "&Substring matches"},
-      {IDOK, "Button", "OK"},
-      {IDCANCEL, "Button", "Cancel"},
-      {IDC_RANGE, "Button", "&Range..."},
-      {IDC_HELP_BUTTON, "Button", "&Help"}},
-     {"&Word(s):", "Find verses with", "of these words"},
-     {IDC_SEARCH_TEXT, IDC_ALL_WORDS, IDC_CASE_SENSITIVE, IDC_SUBSTRING, IDOK, IDCANCEL, IDC_RANGE, IDC_HELP_BUTTON},
-     {{"Alt+c", IDC_CASE_SENSITIVE},
-      {"Alt+w", IDC_SEARCH_TEXT},
-      {"Alt+s", IDC_SUBSTRING},
-      {"Alt+l", IDC_ANY_WORD},
-      {"Alt+o", IDC_ONE_WORD},
-      {"Alt+a", IDC_ALL_WORDS}}},
+     {"Word Search",
+      {{IDC_SEARCH_TEXT, "ComboBox", ""},
+       {IDC_ALL_WORDS, "Button", "&all"},
+       {IDC_ANY_WORD, "Button", "at &least one"},
+       {IDC_ONE_WORD, "Button", "&only one"},
+       {IDC_CASE_SENSITIVE, "Button", "&Case sensitive"},
+       {IDC_SUBSTRING, "Button", "&Substring matches"},
+       {IDOK, "Button", "OK"},
+       {IDCANCEL, "Button", "Cancel"},
+       {IDC_RANGE, "Button", "&Range..."},
+       {IDC_HELP_BUTTON, "Button", "&Help"}},
+      {"&Word(s):", "Find verses with", "of these words"},
+      {IDC_SEARCH_TEXT, IDC_ALL_WORDS, IDC_CASE_SENSITIVE, IDC_SUBSTRING, IDOK, IDCANCEL, IDC_RANGE, IDC_HELP_BUTTON},
+      {{"Alt+c", IDC_CASE_SENSITIVE},
+       {"Alt+w", IDC_SEARCH_TEXT},
+       {"Alt+s", IDC_SUBSTRING},
+       {"Alt+l", IDC_ANY_WORD},
+       {"Alt+o", IDC_ONE_WORD},
+       {"Alt+a", IDC_ALL_WORDS}}}},
     {"WordList",
      IDM_WORD_LIST_SEARCH,
      "Alt+l",
-     "Word Search",
-     {{IDC_SEARCH_TEXT, "ComboBox", ""},
-      {IDC_ALL_WORDS, "Button", "&all"},
-      {IDC_ANY_WORD, "Button", "at &least one"},
-      {IDC_ONE_WORD, "Button", "&only one"},
-      {IDC_CASE_SENSITIVE, "Button", "&Case sensitive"},
-      {IDC_SUBSTRING, "Button", "&Substring matches"},
-      {IDC_WORD_LIST, "ComboBox", ""},
-      {IDC_ADD_WORD, "Button", "<< A&dd"},
-      {IDOK, "Button", "OK"},
-      {IDCANCEL, "Button", "Cancel"},
-      {IDC_RANGE, "Button", "&Range..."},
-      {IDC_HELP_BUTTON, "Button", "&Help"}},
-     {"&Word(s):", "Find verses with", "of these words", "Word l&ist:"},
-     {IDC_SEARCH_TEXT, IDC_ALL_WORDS, IDC_CASE_SENSITIVE, IDC_SUBSTRING, IDC_WORD_LIST, IDC_ADD_WORD, IDOK, IDCANCEL,
-      IDC_RANGE, IDC_HELP_BUTTON},
-     {{"Alt+i", IDC_WORD_LIST},
-      {"Alt+w", IDC_SEARCH_TEXT},
-      {"Alt+c", IDC_CASE_SENSITIVE},
-      {"Alt+s", IDC_SUBSTRING},
-      {"Alt+l", IDC_ANY_WORD},
-      {"Alt+o", IDC_ONE_WORD},
-      {"Alt+a", IDC_ALL_WORDS},
-      {"Alt+d", IDC_ADD_WORD}}},
+     {"Word Search",
+      {{IDC_SEARCH_TEXT, "ComboBox", ""},
+       {IDC_ALL_WORDS, "Button", "&all"},
+       {IDC_ANY_WORD, "Button", "at &least one"},
+       {IDC_ONE_WORD, "Button", "&only one"},
+       {IDC_CASE_SENSITIVE, "Button", "&Case sensitive"},
+       {IDC_SUBSTRING, "Button", "&Substring matches"},
+       {IDC_WORD_LIST, "ComboBox", ""},
+       {IDC_ADD_WORD, "Button", "<< A&dd"},
+       {IDOK, "Button", "OK"},
+       {IDCANCEL, "Button", "Cancel"},
+       {IDC_RANGE, "Button", "&Range..."},
+       {IDC_HELP_BUTTON, "Button", "&Help"}},
+      {"&Word(s):", "Find verses with", "of these words", "Word l&ist:"},
+      {IDC_SEARCH_TEXT, IDC_ALL_WORDS, IDC_CASE_SENSITIVE, IDC_SUBSTRING, IDC_WORD_LIST, IDC_ADD_WORD, IDOK, IDCANCEL,
+       IDC_RANGE, IDC_HELP_BUTTON},
+      {{"Alt+i", IDC_WORD_LIST},
+       {"Alt+w", IDC_SEARCH_TEXT},
+       {"Alt+c", IDC_CASE_SENSITIVE},
+       {"Alt+s", IDC_SUBSTRING},
+       {"Alt+l", IDC_ANY_WORD},
+       {"Alt+o", IDC_ONE_WORD},
+       {"Alt+a", IDC_ALL_WORDS},
+       {"Alt+d", IDC_ADD_WORD}}}},
     {"Phrase",
      IDM_PHRASE_SEARCH,
      "Alt+p",
-     "Phrase Search",
-     {{IDC_SEARCH_TEXT, "ComboBox", ""},
-      {IDC_CASE_SENSITIVE, "Button", "&Case sensitive"},
-      {IDOK, "Button", "OK"},
-      {IDCANCEL, "Button", "Cancel"},
-      {IDC_RANGE, "Button", "&Range..."},
-      {IDC_HELP_BUTTON, "Button", "&Help"}},
-     {"&Phrase:"},
-     {IDC_SEARCH_TEXT, IDC_CASE_SENSITIVE, IDOK, IDCANCEL, IDC_RANGE, IDC_HELP_BUTTON},
-     {{"Alt+c", IDC_CASE_SENSITIVE}, {"Alt+p", IDC_SEARCH_TEXT}}},
+     {"Phrase Search",
+      {{IDC_SEARCH_TEXT, "ComboBox", ""},
+       {IDC_CASE_SENSITIVE, "Button", "&Case sensitive"},
+       {IDOK, "Button", "OK"},
+       {IDCANCEL, "Button", "Cancel"},
+       {IDC_RANGE, "Button", "&Range..."},
+       {IDC_HELP_BUTTON, "Button", "&Help"}},
+      {"&Phrase:"},
+      {IDC_SEARCH_TEXT, IDC_CASE_SENSITIVE, IDOK, IDCANCEL, IDC_RANGE, IDC_HELP_BUTTON},
+      {{"Alt+c", IDC_CASE_SENSITIVE}, {"Alt+p", IDC_SEARCH_TEXT}}}},
     {"Range",
      IDM_SET_RANGE,
      "",
-     "Set Search Range",
-     {{IDC_RANGE, "Edit", "Ge 1:1 - Re 22:21"},
-      {IDC_OLD_TESTAMENT, "Button", "&O. T."},
-      {IDC_NEW_TESTAMENT, "Button", "&N. T."},
-      {IDC_ENTIRE_BIBLE, "Button", "&Entire"},
-      {IDOK, "Button", "OK"},
-      {IDCANCEL, "Button", "Cancel"},
-      {IDC_HELP_BUTTON, "Button", "&Help"}},
-     {"&Range:"},
-     {IDC_RANGE, IDC_OLD_TESTAMENT, IDC_NEW_TESTAMENT, IDC_ENTIRE_BIBLE, IDOK, IDCANCEL, IDC_HELP_BUTTON},
-     {{"Alt+o", IDC_OLD_TESTAMENT}, {"Alt+r", IDC_RANGE}, {"Alt+n", IDC_NEW_TESTAMENT}, {"Alt+e", IDC_ENTIRE_BIBLE}}},
+     {"Set Search Range",
+      {{IDC_RANGE, "Edit", "Ge 1:1 - Re 22:21"},
+       {IDC_OLD_TESTAMENT, "Button", "&O. T."},
+       {IDC_NEW_TESTAMENT, "Button", "&N. T."},
+       {IDC_ENTIRE_BIBLE, "Button", "&Entire"},
+       {IDOK, "Button", "OK"},
+       {IDCANCEL, "Button", "Cancel"},
+       {IDC_HELP_BUTTON, "Button", "&Help"}},
+      {"&Range:"},
+      {IDC_RANGE, IDC_OLD_TESTAMENT, IDC_NEW_TESTAMENT, IDC_ENTIRE_BIBLE, IDOK, IDCANCEL, IDC_HELP_BUTTON},
+      {{"Alt+o", IDC_OLD_TESTAMENT}, {"Alt+r", IDC_RANGE}, {"Alt+n", IDC_NEW_TESTAMENT}, {"Alt+e", IDC_ENTIRE_BIBLE}}}},
 };
 
 struct SearchDialog : testing::TestWithParam<DialogRow> {};
 INSTANTIATE_TEST_SUITE_P(Dialogs, SearchDialog, testing::ValuesIn(kDialogs),
                          [](const auto& row) { return std::string(row.param.name); });
 
-static bool LiesWithin(HWND control, HWND dialog) {
-    const RECT place = RectIn(control, dialog);
-    const RECT client = ClientRectOf(dialog);
-    return place.left >= 0 && place.top >= 0 && place.right <= client.right && place.bottom <= client.bottom;
-}
-
-static std::vector<std::string> LabelsOf(HWND dialog) {
-    std::vector<std::string> labels;
-    for (const HWND child : ChildrenOf(dialog))
-        if (ClassOf(child) == "Static") labels.push_back(TextOf(child));
-    return labels;
-}
-
 TEST_P(SearchDialog, HasItsControls) {
     const DialogRow& row = GetParam();
     Program program = StartProgram(FolderWithScripture());
-    const HWND dialog = OpenSearchDialog(program, row.command);
-    EXPECT_EQ(TextOf(dialog), row.title);
-    EXPECT_EQ(LabelsOf(dialog), std::vector<std::string>(row.labels.begin(), row.labels.end()));
-    EXPECT_EQ(ChildrenOf(dialog).size(), row.controls.size() + row.labels.size());
-    for (const ShownControl& expected : row.controls) {
-        const HWND control = Child(dialog, {expected.id});
-        EXPECT_STRCASEEQ(ClassOf(control).c_str(), expected.className) << expected.id;
-        EXPECT_EQ(TextOf(control), expected.text) << expected.id;
-        EXPECT_TRUE(IsShown(control)) << expected.id;
-        EXPECT_TRUE(LiesWithin(control, dialog)) << expected.id;
-    }
-    EXPECT_EQ(LOWORD(SendMessageA(dialog, DM_GETDEFID, 0, 0)), IDOK);
-    SavePicture(PictureOfWindow(dialog), std::string("dialog-") + row.name);
-    EXPECT_EQ(TabOrder(program, dialog), row.tabOrder);
-}
-
-static int FocusedControl(const Program& program, HWND dialog) {
-    HWND control = FocusOf(program);
-    while (control != nullptr && GetParent(control) != dialog) control = GetParent(control);  // a combo's field
-    return GetDlgCtrlID(control);
+    ExpectLook(program, OpenSearchDialog(program, row.command), row.look, std::string("dialog-") + row.name);
 }
 
 TEST_P(SearchDialog, AnswersItsKeys) {
@@ -160,16 +114,13 @@ TEST_P(SearchDialog, AnswersItsKeys) {
     Program program = StartProgram(FolderWithScripture());
     const HWND before = FocusOf(program);
     const HWND dialog = OpenSearchDialog(program, row.command);
-    for (const AccessKey& key : row.accessKeys) {
-        Press(program, key.key);
-        EXPECT_EQ(FocusedControl(program, dialog), key.focus) << key.key;
-    }
+    ExpectAccessKeys(program, dialog, row.look.accessKeys);
     Press(program, "Esc");
     WaitForNoDialog(program);
     EXPECT_EQ(FocusOf(program), before);
     if (*row.key == '\0') return;
     Press(program, row.key);
-    EXPECT_EQ(TextOf(WaitForDialog(program, row.title)), row.title);
+    EXPECT_EQ(TextOf(WaitForDialog(program, row.look.title)), row.look.title);
 }
 
 // ---- Placement ------------------------------------------------------------------------------------------------------

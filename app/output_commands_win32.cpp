@@ -1,0 +1,124 @@
+#include "app/output_commands_win32.h"
+
+#include "app/frame_window.h"
+#include "notes/notes_window.h"
+#include "notes/saved_notes.h"
+#include "output/copy_range_dialog.h"
+#include "output/copy_text.h"
+#include "output/format_dialog.h"
+#include "output/output_win32.h"
+#include "output/text_file_win32.h"
+#include "passage/passage_window.h"
+#include "scripture/scripture_win32.h"
+#include "verselist/verselist_window.h"
+#include "win32/clipboard.h"
+#include "win32/controls.h"
+#include "win32/save_file_dialog.h"
+
+static constexpr char kNoMemoryForText[] = "Could not allocate memory for text";
+static constexpr char kNoMemoryForCopyText[] = "Could not allocate memory for copy text";
+static constexpr char kVerseListFile[] = "Verse List.txt";
+
+static const std::vector<std::int32_t>& ListedVerses() {
+    return theVerseList.list.ListEntries;
+}
+
+// Copying.
+
+// Messages wait until the clipboard is free again for other programs.
+template <typename MakeText>
+static void Copy(const char* noMemory, MakeText makeText) {
+    HeldClipboard clipboard = OpenEmptyClipboard(theFrame.window);
+    if (!clipboard) return;
+    const HCURSOR before = BeginWait(theFrame.window);
+    const CopyText copy = makeText();
+    const bool put = copy.allocated && PutText(clipboard, copy.text);
+    clipboard.reset();
+    EndWait(before);
+    if (!put) return Complain(theFrame.window, noMemory, kCopyErrorCaption);
+    for (int said = 0; said < copy.complaints; ++said) Complain(theFrame.window, kCopyIncomplete, kCopyErrorCaption);
+}
+
+static void CopyVerses(const std::optional<ParsedRange>& verses) {
+    if (!verses) return;
+    const auto [first, last] = std::pair(verses->first, verses->last);
+    Copy(kNoMemoryForText,
+         [=] { return CopyRangeText(theScripture, theFormat, first, last, RangeCopyBudget(first, last)); });
+}
+
+void CopyVerse(int) {
+    CopyVerses(AskVerseToCopy(theFrame.window, thePassage.view.TopVerse));
+}
+
+void CopyRange(int) {
+    CopyVerses(AskRangeToCopy(theFrame.window, thePassage.view.TopVerse));
+}
+
+void CopyVerseList(int) {
+    if (ListedVerses().empty()) return;
+    Copy(kNoMemoryForCopyText, [] {
+        return CopyListText(theScripture, theFormat, ListedVerses(), ListCopyBudget(theScripture, ListedVerses()));
+    });
+}
+
+void CopyReferences(int) {
+    Copy(kNoMemoryForCopyText, [] { return CopyReferencesText(theScripture.records, ListedVerses()); });
+}
+
+// Saving.
+
+static const char* ProblemOf(SaveResult result) {
+    return result == SaveResult::kCannotWrite       ? kCannotWriteText
+           : result == SaveResult::kCannotReadNotes ? kCannotOpenNotes
+                                                    : nullptr;
+}
+
+// Runs `write`, which gives what went wrong, or null.
+template <typename WriteFile>
+static void Save(WriteFile write) {
+    const HCURSOR before = BeginWait(theFrame.window);
+    const char* problem = write();
+    EndWait(before);
+    if (problem) Complain(theFrame.window, problem, kSaveErrorCaption);
+}
+
+static const char* WriteRange(const RangeToSave& asked, const NoteSource* notes, const OwnedFile& file) {
+    return ProblemOf(
+        SaveRangeText(theScripture, theFormat, asked.range.first, asked.range.last, notes, TextFileOf(file)));
+}
+
+static const char* WriteRange(const RangeToSave& asked) {
+    const OwnedFile file = CreateTextFile(asked.path);
+    if (!file) return kCannotCreateText;
+    if (asked.noteSet == kWithoutNotes) return WriteRange(asked, nullptr, file);
+    const NoteSet& set = theNotes.sets.sets[static_cast<std::size_t>(asked.noteSet)];
+    if (!CanReadNotes(TheNoteFiles(), set)) return kCannotOpenNotes;
+    SavedNotes notes{TheNoteFiles(), set, 0, {}};
+    const NoteSource source = SourceOf(notes);
+    return WriteRange(asked, &source, file);
+}
+
+static OfferedNoteSets NoteSetsToOffer() {
+    OfferedNoteSets offered{{}, theNotes.sets.currentSet};
+    for (const NoteSet& set : theNotes.sets.sets) offered.names.push_back(NoteSetName(set));
+    return offered;
+}
+
+void SaveRange(int) {
+    const auto asked = AskRangeToSave(theFrame.window, thePassage.view.TopVerse, NoteSetsToOffer());
+    if (asked) Save([&] { return WriteRange(*asked); });
+}
+
+void SaveVerseList(int) {
+    if (ListedVerses().empty()) return;
+    const std::string path = AskTextFileToSave(theFrame.window, kVerseListFile);
+    if (path.empty()) return;
+    Save([&] {
+        const OwnedFile file = CreateTextFile(path);
+        return ProblemOf(SaveListText(theScripture, ListedVerses(), TextFileOf(file)));
+    });
+}
+
+void ChooseFormat(int) {
+    AskFormat(theFrame.window);
+}

@@ -1,0 +1,300 @@
+// Verses in text files: Save Range, with notes and without, and Save Verse List.
+
+#include <windows.h>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "resources/ids.h"
+#include "tests/windows/dialog_look.h"
+#include "tests/windows/note_set_files.h"
+#include "tests/windows/passage_pane.h"
+#include "tests/windows/real_scripture.h"
+#include "tests/windows/search_steps.h"
+
+using testing::ElementsAre;
+
+static void Gone(const Program& program, HWND window) {
+    WaitUntil(program, "a dialog to be closed", [&] { return !IsWindow(window); });
+    Settle(program);
+}
+
+static HWND OpenSaveRange(const Program& program) {
+    Command(program, IDM_SAVE_RANGE);
+    return WaitForDialog(program, "Save Range");
+}
+
+static HWND OpenFileDialog(const Program& program, const char* range) {
+    SetDlgItemTextA(OpenSaveRange(program), IDC_RANGE, range);
+    Press(program, "Enter");
+    return WaitForDialog(program, "Save As");
+}
+
+static std::string PathIn(const ScratchFolder& folder, const char* name) {
+    return (folder.path / name).string();
+}
+
+// Gives the open file dialog a path and Enter.
+static void GivePath(const Program& program, const std::string& path) {
+    SendMessageA(FocusOf(program), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(path.c_str()));
+    Press(program, "Enter");
+}
+
+static void SaveRangeAs(const Program& program, const char* range, const char* name) {
+    OpenFileDialog(program, range);
+    GivePath(program, PathIn(program.folder, name));
+    WaitForNoDialog(program);
+}
+
+static std::string Piece(const std::string& label, std::string_view reference) {
+    return " " + label + " " + WithBlankAfterMark(TextAt(reference)) + "\r\n";
+}
+
+static const std::string kEnd(1, '\0');
+
+// ---- The dialogs ----------------------------------------------------------------------------------------------------
+
+TEST(SaveRange, HasItsControls) {
+    const ScratchFolder folder = FolderWithScripture();
+    WriteNoteSet(folder, "Sermons.old");
+    WriteNoteSet(folder, "Study");
+    WriteSetting(folder, "MISC", "Note", "1");
+    Program program = StartProgram(folder);
+    const HWND tabs = Child(program.frame, {IDC_NOTE_TABS});
+    const std::vector<std::string> sets = TabLabels(program, tabs);
+    GoTo(program, "Joh 3:16");
+    const HWND dialog = OpenSaveRange(program);
+    const DialogLook look = {
+        "Save Range",
+        {{IDC_RANGE, "Edit", "Joh 3:16 - "},
+         {IDC_INCLUDE_NOTES, "Button", "&Include notes:"},
+         {IDC_NOTE_SET, "ComboBox", sets[1]},
+         {IDOK, "Button", "OK"},
+         {IDCANCEL, "Button", "Cancel"},
+         {IDC_FORMAT_BUTTON, "Button", "&Format..."},
+         {IDC_HELP_BUTTON, "Button", "&Help"}},
+        {"&Range:", "from &set"},
+        {IDC_RANGE, IDC_INCLUDE_NOTES, IDC_NOTE_SET, IDOK, IDCANCEL, IDC_FORMAT_BUTTON, IDC_HELP_BUTTON},
+        {}};
+    ExpectLook(program, dialog, look, "dialog-save-range");
+    EXPECT_EQ(ComboStrings(Child(dialog, {IDC_NOTE_SET})), sets);
+    EXPECT_FALSE(IsChecked(dialog, IDC_INCLUDE_NOTES));
+    EXPECT_EQ(SendDlgItemMessageA(dialog, IDC_RANGE, EM_GETLIMITTEXT, 0, 0), 99);
+    ExpectMissingHelp(program, dialog);
+    ExpectAccessKeys(program, dialog, {{"Alt+i", IDC_INCLUDE_NOTES}, {"Alt+s", IDC_NOTE_SET}, {"Alt+r", IDC_RANGE}});
+    EXPECT_TRUE(IsChecked(dialog, IDC_INCLUDE_NOTES));
+    Press(program, "Esc");
+    WaitForNoDialog(program);
+    EXPECT_FALSE(IsChecked(OpenSaveRange(program), IDC_INCLUDE_NOTES));
+}
+
+static std::vector<std::string> FilterStrings(HWND dialog) {
+    return ComboStrings(Child(dialog, {0x470}));
+}
+
+TEST(SaveRange, AsksForAFileNamedLikeTheRange) {
+    Program program = StartProgram(FolderWithScripture());
+    const HWND before = FocusOf(program);
+    const HWND dialog = OpenFileDialog(program, "Ge 1 - 3");
+    EXPECT_EQ(TextOf(FocusOf(program)), "Ge 1- 3");
+    EXPECT_THAT(FilterStrings(dialog), ElementsAre("Text Files (*.TXT)", "All Files (*.*)"));
+    EXPECT_FALSE(IsWindowVisible(GetDlgItem(dialog, 0x410))) << "the box for reading only";
+    SavePicture(PictureOfWindow(dialog), "dialog-save-file");
+    // Cancelled, it closes Save Range too.
+    Press(program, "Esc");
+    WaitForNoDialog(program);
+    EXPECT_FALSE(HasFile(program.folder, "Ge 1- 3"));
+    EXPECT_EQ(FocusOf(program), before);
+}
+
+TEST(SaveRange, SavesNothingWhenEmptyOrNotUnderstood) {
+    Program program = StartProgram(FolderWithScripture());
+    const std::vector<std::string> files = FilesIn(program.folder);
+    SetDlgItemTextA(OpenSaveRange(program), IDC_RANGE, "");
+    Press(program, "Enter");
+    WaitForNoDialog(program);
+    const HWND dialog = OpenSaveRange(program);
+    SetDlgItemTextA(dialog, IDC_RANGE, "Xyz 3");
+    Press(program, "Enter");
+    ExpectComplaint(program, "Error", "Unrecognized Refrence");
+    EXPECT_EQ(FocusOf(program), Child(dialog, {IDC_RANGE}));
+    Press(program, "Esc");
+    WaitForNoDialog(program);
+    EXPECT_EQ(FilesIn(program.folder), files);
+}
+
+// No file's name has a colon. What the dialog makes of one is the system's affair: Wine offers it and says so.
+TEST(SaveRange, GetsPastAColonInTheName) {
+    Program program = StartProgram(FolderWithScripture());
+    const HWND dialog = OpenFileDialog(program, "Jude 1:1 - 1:1");
+    EXPECT_EQ(TextOf(FocusOf(program)), "Jude 1:1- 1:1");
+    Press(program, "Enter");
+    const HWND box = ActiveWindowOf(program);
+    ASSERT_NE(box, dialog);
+    Press(program, "Enter");
+    Gone(program, box);
+    EXPECT_TRUE(IsWindow(dialog));
+    GivePath(program, "Jude.txt");
+    WaitForNoDialog(program);
+    EXPECT_EQ(ReadFile(program.folder, "Jude.txt"), Piece("Jude 1:1", "Jude 1:1") + kEnd) << "in the current folder";
+}
+
+// ---- What is written ------------------------------------------------------------------------------------------------
+
+TEST(SaveRange, WritesTheVersesWithTheirBracketsAndAZeroByte) {
+    Program program = StartProgram(FolderWithScripture());
+    ASSERT_NE(TextAt("Ge 1:30").find('['), std::string::npos);
+    SaveRangeAs(program, "Ge 1:30 - Ge 2:1", "saved");  // no extension is added
+    EXPECT_EQ(ReadFile(program.folder, "saved"),
+              Piece("Ge 1:30", "Ge 1:30") + Piece("31", "Ge 1:31") + Piece("2:1", "Ge 2:1") + kEnd);
+    SaveRangeAs(program, "Ge - Re", "bible.txt");
+    const std::string bible = ReadFile(program.folder, "bible.txt");
+    EXPECT_GT(bible.size(), 4000000u);
+    const std::string end = Piece("21", "Re 22:21") + kEnd;
+    EXPECT_EQ(bible.substr(bible.size() - end.size()), end);
+}
+
+TEST(SaveRange, AsksBeforeItOverwrites) {
+    Program program = StartProgram(FolderWithScripture());
+    WriteFile(program.folder, "old.txt", std::string(5000, 'x'));
+    const HWND dialog = OpenFileDialog(program, "Jude 1:1 - Jude 1:1");
+    GivePath(program, PathIn(program.folder, "old.txt"));
+    const HWND question = ActiveWindowOf(program);
+    ASSERT_NE(question, dialog);
+    Press(program, "Alt+n");
+    Gone(program, question);
+    EXPECT_TRUE(IsWindow(dialog));
+    EXPECT_EQ(ReadFile(program.folder, "old.txt"), std::string(5000, 'x'));
+    Press(program, "Enter");
+    Press(program, "Alt+y");
+    WaitForNoDialog(program);
+    EXPECT_EQ(ReadFile(program.folder, "old.txt"), Piece("Jude 1:1", "Jude 1:1") + kEnd);
+}
+
+static ScratchFolder FolderWithTwoSets() {
+    const ScratchFolder folder = FolderWithScripture();
+    WriteNoteSet(folder, "First", {{0, "first of all"}, {1, "unsaved"}});
+    WriteNoteSet(folder, "Second", {{0, "in the\r\nbeginning"}, {2, "light"}, {31101, "the end"}});
+    return folder;
+}
+
+static void IncludeNotesOf(HWND dialog, const char* set) {
+    const HWND list = Child(dialog, {IDC_NOTE_SET});
+    const LRESULT row = SendMessageA(list, CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(set));
+    ASSERT_GE(row, 0) << set;
+    SendMessageA(list, CB_SETCURSEL, static_cast<WPARAM>(row), 0);
+    CheckDlgButton(dialog, IDC_INCLUDE_NOTES, BST_CHECKED);
+}
+
+static void SaveWithNotes(const Program& program, const char* range, const char* set, const char* name) {
+    const HWND dialog = OpenSaveRange(program);
+    SetDlgItemTextA(dialog, IDC_RANGE, range);
+    IncludeNotesOf(dialog, set);
+    Press(program, "Enter");
+    WaitForDialog(program, "Save As");
+    GivePath(program, PathIn(program.folder, name));
+}
+
+TEST(SaveRange, WritesNotesBehindTheirVerses) {
+    const ScratchFolder folder = FolderWithTwoSets();
+    WriteSetting(folder, "FORMAT", "LineBreaks", "0");
+    Program program = StartProgram(folder);
+    const HWND tabs = Child(program.frame, {IDC_NOTE_TABS});
+    ClickTab(program, tabs, TabLabels(program, tabs)[0] == "First" ? 0 : 1);
+    const int tab = SelectedTab(tabs);
+    const std::string shown = TextOf(NoteViewOf(program));
+    ASSERT_EQ(shown, "first of all");
+
+    SaveWithNotes(program, "Ge 1:1 - Ge 1:4", "Second", "noted.txt");
+    WaitForNoDialog(program);
+    const auto piece = [](const char* label, const char* reference) {
+        const std::string whole = Piece(label, reference);
+        return whole.substr(0, whole.size() - 2);  // line breaks are off
+    };
+    EXPECT_EQ(ReadFile(folder, "noted.txt"), piece("Ge 1:1", "Ge 1:1") + "\r\n\r\nin the\r\nbeginning\r\n\r\n" +
+                                                 piece("2", "Ge 1:2") + piece("3", "Ge 1:3") + "\r\n\r\nlight\r\n\r\n" +
+                                                 piece("4", "Ge 1:4") + kEnd);
+    SaveWithNotes(program, "Re 22:21 - Re 22:21", "Second", "last.txt");
+    WaitForNoDialog(program);
+    EXPECT_EQ(ReadFile(folder, "last.txt"), piece("Re 22:21", "Re 22:21") + "\r\n\r\nthe end\r\n\r\n" + kEnd);
+
+    EXPECT_EQ(SelectedTab(tabs), tab);
+    EXPECT_EQ(TextOf(NoteViewOf(program)), shown);
+    EXPECT_EQ(StatusPart(program, 2), "Genesis 1:1");
+    Command(program, IDM_NEXT_NOTE);
+    EXPECT_EQ(TextOf(NoteViewOf(program)), "unsaved") << "of the set that was current before";
+}
+
+TEST(SaveVerseList, WritesTheLinesOfTheCopyWithBrackets) {
+    Program program = StartProgram(FolderWithScripture());
+    Command(program, IDM_SAVE_VERSE_LIST);
+    EXPECT_FALSE(HasDialog(program)) << "an empty list";
+    SetSearchRange(program, "Ge 1:1 - Ge 1:3");
+    SearchFor(program, {"god"});
+    Command(program, IDM_SAVE_VERSE_LIST);
+    WaitForDialog(program, "Save As");
+    Press(program, "Esc");
+    WaitForNoDialog(program);
+    Command(program, IDM_SAVE_VERSE_LIST);
+    const HWND dialog = WaitForDialog(program, "Save As");
+    EXPECT_THAT(FilterStrings(dialog), ElementsAre("Text Files (*.TXT)", "All Files (*.*)"));
+    GivePath(program, PathIn(program.folder, "list.txt"));
+    WaitForNoDialog(program);
+    EXPECT_EQ(ReadFile(program.folder, "list.txt"),
+              Piece("Ge 1:1", "Ge 1:1") + Piece("Ge 1:2", "Ge 1:2") + Piece("Ge 1:3", "Ge 1:3") + kEnd);
+}
+
+// ---- Failures -------------------------------------------------------------------------------------------------------
+
+// A file that this process has open for itself alone.
+static UniqueHandle HeldFile(const ScratchFolder& folder, const char* name) {
+    return UniqueHandle(
+        CreateFileA(PathIn(folder, name).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr));
+}
+
+// Save As is open; an existing file brings its question.
+static void GiveExistingPath(const Program& program, const std::string& path) {
+    const HWND dialog = ActiveWindowOf(program);
+    GivePath(program, path);
+    if (IsWindow(dialog) && ActiveWindowOf(program) != dialog) Press(program, "Alt+y");
+}
+
+TEST(SaveRange, SaysWhatKeptItFromWriting) {
+    Program program = StartProgram(FolderWithScripture());
+    const UniqueHandle held = HeldFile(program.folder, "held.txt");
+    OpenFileDialog(program, "Ge 1:1 - Ge 1:1");
+    GiveExistingPath(program, PathIn(program.folder, "held.txt"));
+    ExpectComplaint(program, "Save Error", "Could not open file for writing");
+    EXPECT_FALSE(HasDialog(program));
+    for (const char* range : {"Ge 1:1 - Ge 1:1", "Ge - Re"}) {
+        OpenFileDialog(program, range);
+        GiveExistingPath(program, Surroundings().fullDisk);
+        ExpectComplaint(program, "Save Error", "Error in writing to file");
+        EXPECT_FALSE(HasDialog(program));
+    }
+}
+
+TEST(SaveRange, SaysThatTheNotesCannotBeOpened) {
+    Program program = StartProgram(FolderWithTwoSets());
+    std::filesystem::remove(program.folder.path / "Second.nmd");
+    SaveWithNotes(program, "Ge 1:1 - Ge 1:2", "Second", "noted.txt");
+    ExpectComplaint(program, "Save Error", "Could not open notes file");
+    EXPECT_FALSE(HasDialog(program));
+    EXPECT_EQ(ReadFile(program.folder, "noted.txt"), "");
+    EXPECT_TRUE(HasFile(program.folder, "noted.txt"));
+    SaveRangeAs(program, "Ge 1:2 - Ge 1:2", "noted2.txt");  // without notes it works
+    EXPECT_EQ(ReadFile(program.folder, "noted2.txt"), Piece("Ge 1:2", "Ge 1:2") + kEnd);
+}
+
+TEST(SaveVerseList, SaysThatItCouldNotWrite) {
+    Program program = StartProgram(FolderWithScripture());
+    SearchFor(program, {"Jesus wept", IDM_PHRASE_SEARCH});
+    const UniqueHandle held = HeldFile(program.folder, "held.txt");
+    for (const std::string& path : {PathIn(program.folder, "held.txt"), Surroundings().fullDisk}) {
+        Command(program, IDM_SAVE_VERSE_LIST);
+        WaitForDialog(program, "Save As");
+        GiveExistingPath(program, path);
+        ExpectComplaint(program, "Save Error", "Error in writing to file");
+        EXPECT_FALSE(HasDialog(program)) << path;
+    }
+}
