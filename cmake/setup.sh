@@ -64,6 +64,26 @@ build_preset() {
   cmake --build "$build/$preset" "${targets[@]}"
 }
 
+# ---- Notes ------------------------------------------------------------------------------------------------------
+
+# lay_out_note_set <name> <from> <to>: copies a set into a folder that has none of this name. What is there is the
+# user's: a set, or what may be left of one. The index comes last, for by it the program finds a set; a copying that was
+# ended before leaves files that are the same as these, and is brought to its end.
+lay_out_note_set() {
+  local name=$1 from=$2 to=$3 ending place
+  if [[ -e $to/$name.nmi || -e $to/$name.nmd.temp ]]; then return 0; fi
+  for ending in nmd dti nmi; do
+    place=$to/$name.$ending
+    [[ ! -e $place ]] || cmp -s "$from/$name.$ending" "$place" || return 0
+  done
+  for ending in nmd dti nmi; do
+    place=$to/$name.$ending
+    [[ -e $from/$name.$ending && ! -e $place ]] || continue
+    cp "$from/$name.$ending" "$place.new"
+    mv -n "$place.new" "$place"
+  done
+}
+
 # ---- Display ----------------------------------------------------------------------------------------------------
 
 has_display() { [[ -n ${DISPLAY:-} ]] && xdpyinfo >/dev/null 2>&1; }

@@ -2,13 +2,6 @@
 
 #include <gmock/gmock.h>
 
-#include "data/scratch_folder.h"
-
-namespace fs = std::filesystem;
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::StartsWith;
-
 static std::string Bytes(std::initializer_list<int> values) {
     std::string bytes;
     for (const int value : values) bytes += static_cast<char>(value);
@@ -39,45 +32,4 @@ TEST(ScriptureWriter, EncodesTheFiveFiles) {
 TEST(ScriptureWriter, EncodesOffsetsBeyondSixteenBits) {
     const Verses verses = {{1, 1, 1, std::string(0x12344, 'a')}, {1, 1, 2, "b"}};
     EXPECT_EQ(EncodeScripture(verses, {})[0].bytes.substr(7), Bytes({1, 1, 2, 0x45, 0x23, 0x01, 0}));
-}
-
-TEST_F(ScratchFolder, IsMadeAndFilled) {
-    const fs::path inner = folder / "new" / "data";
-    EXPECT_EQ(WriteDataFiles(inner, {{"b", std::string("2\0\r\n", 4)}, {"a", ""}}), "");
-    EXPECT_THAT(NamesIn(inner), ElementsAre("a", "b"));
-    EXPECT_EQ(ReadBytes(inner / "a"), "");
-    EXPECT_EQ(ReadBytes(inner / "b"), std::string("2\0\r\n", 4));
-}
-
-TEST_F(ScratchFolder, HasItsFilesReplaced) {
-    WriteBytes(folder / "a", "a longer text of before");
-    WriteBytes(folder / "other", "kept");
-    EXPECT_EQ(WriteDataFiles(folder, {{"a", "new"}, {"b", "newer"}}), "");
-    EXPECT_THAT(NamesIn(folder), ElementsAre("a", "b", "other"));
-    EXPECT_EQ(ReadBytes(folder / "a"), "new");
-    EXPECT_EQ(ReadBytes(folder / "other"), "kept");
-}
-
-TEST_F(ScratchFolder, KeepsItsSetWhenAPlaceIsTaken) {
-    WriteBytes(folder / "a", "before");
-    fs::create_directories(folder / "b" / "inner");
-    EXPECT_EQ(WriteDataFiles(folder, {{"a", "new"}, {"b", "new"}}), (folder / "b").string() + " is in the way");
-    EXPECT_EQ(ReadBytes(folder / "a"), "before");
-    EXPECT_THAT(NamesIn(folder), ElementsAre("a", "b"));
-}
-
-// A name too long for the file system: the second temporary cannot be written when the first one is.
-TEST_F(ScratchFolder, KeepsItsSetWhenWritingFails) {
-    WriteBytes(folder / "a", "before");
-    const std::string tooLong(250, 'b');
-    EXPECT_EQ(WriteDataFiles(folder, {{"a", "new"}, {tooLong, "new"}}), "cannot write " + (folder / tooLong).string());
-    EXPECT_EQ(ReadBytes(folder / "a"), "before");
-    EXPECT_THAT(NamesIn(folder), ElementsAre("a"));
-}
-
-TEST_F(ScratchFolder, CannotBeMadeInsideAFile) {
-    WriteBytes(folder / "file", "before");
-    EXPECT_THAT(WriteDataFiles(folder / "file" / "data", {{"a", "new"}}), StartsWith("cannot make the folder "));
-    EXPECT_THAT(WriteDataFiles(folder / "file", {{"a", "new"}}), Not(IsEmpty()));
-    EXPECT_EQ(ReadBytes(folder / "file"), "before");
 }
