@@ -31,23 +31,33 @@ static void ReportNoMatch() {
     MessageBoxA(theFrame.window, "No verses matching search criteria.", "Search Results", MB_OK | MB_ICONINFORMATION);
 }
 
-static void Search(SearchKind kind) {
-    if (!AskSearch(theFrame.window, kind)) return;
+static void ShowSummary() {
+    SetStatusPart(theFrame.statusBar, kSummaryPart, SearchSummary(theSearch.result));
+}
+
+static void ShowFound(SearchKind kind) {
+    ShowSummary();  // before a paint adds to its count
+    DropSelection();
+    if (kind == SearchKind::kWords) SetFocus(theVerseList.window);
+    ShowSearchResult();
+    RefreshCommands();
+}
+
+static bool HasFound() {
+    return !theSearch.result.verses.empty();
+}
+
+static void RunSearch(SearchKind kind) {
     const HCURSOR before = BeginWait(theFrame.window);
-    const bool found = Find(kind);
-    const std::string summary = SearchSummary(theSearch.result);  // before a paint adds to its count
-    if (found) {
-        DropSelection();
-        if (kind == SearchKind::kWords) SetFocus(theVerseList.window);
-        ShowSearchResult();
-        RefreshCommands();
-        EndWait(before);
-    } else {
-        EndWait(before);
-        ReportNoMatch();
-    }
-    // The dialogs of lists and phrases say so even where they found nothing.
-    if (found || kind != SearchKind::kWords) SetStatusPart(theFrame.statusBar, kSummaryPart, summary);
+    if (Find(kind)) ShowFound(kind);
+    EndWait(before);
+    if (HasFound()) ShowVerseListAtOnce();
+}
+
+static void Search(SearchKind kind) {
+    if (!AskSearch(theFrame.window, kind, RunSearch) || HasFound()) return;
+    ReportNoMatch();
+    if (kind != SearchKind::kWords) ShowSummary();  // these dialogs say so even where they found nothing
 }
 
 void SearchWords(int) {

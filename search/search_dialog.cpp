@@ -24,8 +24,17 @@ static const SearchDialog& DialogFor(SearchKind kind) {
     return kind == SearchKind::kWords ? kWords : kind == SearchKind::kWordList ? kWordList : kPhrase;
 }
 
+struct SearchQuestion {
+    SearchKind kind;
+    void (*search)(SearchKind kind);
+};
+
+static const SearchQuestion& QuestionOf(HWND dialog) {
+    return *static_cast<const SearchQuestion*>(DataOf(dialog));
+}
+
 static const SearchDialog& KindOf(HWND dialog) {
-    return *static_cast<const SearchDialog*>(DataOf(dialog));
+    return DialogFor(QuestionOf(dialog).kind);
 }
 
 static void FillHistory(HWND field) {
@@ -78,6 +87,7 @@ static void OnOk(HWND dialog) {
     RunIfEnabled(FrameOf(dialog), IDM_VIEW_LIST);
     Read(dialog);
     EndDialog(dialog, IDOK);
+    QuestionOf(dialog).search(QuestionOf(dialog).kind);
 }
 
 // A blank is added even where no word is chosen, if something stands in the field.
@@ -100,7 +110,7 @@ static void OnCommand(HWND dialog, int control, UINT notification) {
     }
 }
 
-bool AskSearch(HWND frame, SearchKind kind) {
-    const SearchDialog& dialog = DialogFor(kind);
-    return RunDialog(frame, {dialog.resource, Fill, OnCommand, &dialog}) == IDOK;
+bool AskSearch(HWND frame, SearchKind kind, void (*search)(SearchKind kind)) {
+    const SearchQuestion question{kind, search};
+    return RunDialog(frame, {DialogFor(kind).resource, Fill, OnCommand, &question}) == IDOK;
 }

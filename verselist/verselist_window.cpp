@@ -129,8 +129,16 @@ void SwitchListView(int view) {
     ShowWindow(references ? theVerseList.references : theVerseList.window, SW_SHOW);
 }
 
+static HWND VisibleView() {
+    return theVerseList.list.currentView == kReferenceListView ? theVerseList.references : theVerseList.window;
+}
+
 void FocusVerseList() {
-    SetFocus(theVerseList.list.currentView == kReferenceListView ? theVerseList.references : theVerseList.window);
+    SetFocus(VisibleView());
+}
+
+void ShowVerseListAtOnce() {
+    ShowAtOnce(VisibleView());
 }
 
 static int VerseOfEntry(int entry) {

@@ -28,6 +28,9 @@ void ShowSearchResult();
 // no key word is marked, and the focus stays.
 void ShowReferences(const std::vector<std::int32_t>& verses);
 
+// Paints the visible view now and brings it to the screen, before what else is to be done.
+void ShowVerseListAtOnce();
+
 // Empties both views.
 void EmptyVerseList();
 

@@ -52,6 +52,12 @@ void SetStatusPart(HWND statusBar, int part, const std::string& text) {
     SendMessageA(statusBar, SB_SETTEXTA, static_cast<WPARAM>(part), reinterpret_cast<LPARAM>(text.c_str()));
 }
 
+void ShowAtOnce(HWND window) {
+    UpdateWindow(window);
+    MSG none;
+    PeekMessageA(&none, nullptr, 0, 0, PM_NOREMOVE | PM_QS_SENDMESSAGE);
+}
+
 HCURSOR BeginWait(HWND frame) {
     SetCapture(frame);
     return SetCursor(LoadCursorA(nullptr, IDC_WAIT));

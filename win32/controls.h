@@ -31,6 +31,10 @@ void RunIfEnabled(HWND frame, int command);
 // Writes a part of a status bar where its text changes.
 void SetStatusPart(HWND statusBar, int part, const std::string& text);
 
+// Paints what of the window waits for it, and lets the system bring it to the screen, as it otherwise does when the
+// program has nothing left to do.
+void ShowAtOnce(HWND window);
+
 // Takes and gives back the wait cursor, with the mouse captured by `frame` meanwhile.
 HCURSOR BeginWait(HWND frame);
 void EndWait(HCURSOR before);
