@@ -52,9 +52,10 @@ static void OnSize(HWND window, UINT sizeType, int width, int height) {
 // Coming back from another program or to its size, the keys go where they went before.
 static void OnActivate(HWND window, UINT state, HWND other, BOOL minimized) {
     if (state == WA_INACTIVE) RememberFocus(window);
-    FORWARD_WM_ACTIVATE(window, state, other, minimized, DefWindowProcA);
     if (state != WA_INACTIVE && !minimized && IsWindowVisible(theFrame.focusWhenInactive)) {
         SetFocus(theFrame.focusWhenInactive);
+    } else {
+        FORWARD_WM_ACTIVATE(window, state, other, minimized, DefWindowProcA);  // to the frame itself
     }
 }
 

@@ -60,7 +60,8 @@ static int LineHeightOf(ReadingPane& pane) {
 }
 
 void PaneGotFocus(ReadingPane& pane, SelectionOwnerId owner, HWND before) {
-    if (theSelection.SelectionOwner != owner) {
+    const int ownerBefore = theSelection.SelectionOwner;
+    if (ownerBefore != owner && ownerBefore != kNobody) {
         DropSelection();
         if (before) InvalidateRect(before, nullptr, FALSE);
     }
