@@ -39,25 +39,27 @@ static LRESULT LinesOf(const Program& program, HWND references) {
     return Ask(program, references, LB_GETCOUNT);
 }
 
-// The list's paint writes the top entry into the status bar and answers no question before it is through.
-static double TimeOfSearch(const Program& program, HWND references, const Query& query) {
+// The list's paint writes the top entry, another one for each query, into the status bar and answers no question before
+// it is through.
+static double TimeOfSearch(const Program& program, HWND references, const Query& query, const RemoteMemory& room) {
     const HWND dialog = OpenWordSearch(program, query.words);
     const double start = Now();
     PostMessageA(dialog, WM_COMMAND, IDOK, 0);
-    AskUntil(program, 0, [&] { return LinesOf(program, references) == query.lines; });
-    AskUntil(program, 0, [&] { return StatusTextNow(program, kEntryPart) == query.firstEntry; });
-    AskUntil(program, 0, [&] { return StatusTextNow(program, kSummaryPart) == query.summary; });
-    return Now() - start;
+    AskUntil(program, 0, [&] { return StatusTextNow(program, kEntryPart, room) == query.firstEntry; });
+    const double time = Now() - start;
+    if (LinesOf(program, references) != query.lines) Fail(&program, "the list was painted before it was full");
+    if (StatusTextNow(program, kSummaryPart, room) != query.summary) Fail(&program, "the summary came after the paint");
+    return time;
 }
 
-static void LearnAnswers(const Program& program, HWND references, Query& query) {
-    const std::string before = StatusTextNow(program, kSummaryPart);
+static void LearnAnswers(const Program& program, HWND references, Query& query, const RemoteMemory& room) {
+    const std::string before = StatusTextNow(program, kSummaryPart, room);
     PostMessageA(OpenWordSearch(program, query.words), WM_COMMAND, IDOK, 0);
-    AskUntil(program, 0, [&] { return StatusTextNow(program, kSummaryPart) != before; });
+    AskUntil(program, 0, [&] { return StatusTextNow(program, kSummaryPart, room) != before; });
     Sleep(500);
     query.lines = LinesOf(program, references);
-    query.summary = StatusTextNow(program, kSummaryPart);
-    query.firstEntry = StatusTextNow(program, kEntryPart);
+    query.summary = StatusTextNow(program, kSummaryPart, room);
+    query.firstEntry = StatusTextNow(program, kEntryPart, room);
     query.strings = ListStrings(references);
 }
 
@@ -81,10 +83,11 @@ int main() {
     WaitForFirstVerse(program, "Versewell97");
     const HWND references = Child(program.frame, {IDC_LIST_TABS, IDC_REFERENCE_LIST});
     const HWND list = BareList();
-    for (Query& query : queries) LearnAnswers(program, references, query);
+    const RemoteMemory room(program, kStatusRoom);
+    for (Query& query : queries) LearnAnswers(program, references, query, room);
     for (int round = 0; round < kRounds; ++round) {
         for (Query& query : queries) {
-            query.times.push_back(TimeOfSearch(program, references, query));
+            query.times.push_back(TimeOfSearch(program, references, query, room));
             query.floors.push_back(TimeOfBareList(list, query.strings));
         }
     }

@@ -6,7 +6,6 @@
 #include <psapi.h>
 
 #include "resources/ids.h"
-#include "tests/driver/remote_memory.h"
 
 static constexpr int kPassagePart = 3;  // of the status bar
 
@@ -24,9 +23,11 @@ void WaitForFirstVerse(Program& program, const char* frameClass) {
     Ask(program, program.frame, WM_NULL);
 }
 
-std::string StatusTextNow(const Program& program, int part) {
-    char text[256] = "";
-    AskAbout(program, Child(program.frame, {IDC_STATUS_BAR}), SB_GETTEXTA, static_cast<WPARAM>(part), text);
+std::string StatusTextNow(const Program& program, int part, const RemoteMemory& room) {
+    Ask(program, Child(program.frame, {IDC_STATUS_BAR}), SB_GETTEXTA, static_cast<WPARAM>(part),
+        reinterpret_cast<LPARAM>(room.address));
+    char text[kStatusRoom] = "";
+    ReadRemote(room, text, sizeof text);
     return text;
 }
 

@@ -4,13 +4,16 @@
 #include <string>
 
 #include "tests/driver/driver.h"
+#include "tests/driver/remote_memory.h"
 
 // Waits, asking every millisecond, until a frame of `frameClass` has come up and said in its status bar which verse it
 // paints, and until it has answered once more, which it does only when that paint is through.
 void WaitForFirstVerse(Program& program, const char* frameClass);
 
-// Text of a part of the status bar, without waiting for the program to come to rest.
-std::string StatusTextNow(const Program& program, int part);
+// Text of a part of the status bar, without waiting for the program to come to rest. `room` in the program serves for
+// many questions: making it costs more than one.
+inline constexpr std::size_t kStatusRoom = 256;
+std::string StatusTextNow(const Program& program, int part, const RemoteMemory& room);
 
 // Asks until `isSo`, every `pause` milliseconds or, with none, as often as the program answers.
 template <typename Question>
