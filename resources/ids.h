@@ -70,10 +70,10 @@
 #define IDM_NOTE_NOTE_SEARCH 190
 #define IDM_THIS_MORNING 191
 #define IDM_THIS_EVENING 192
-#define IDM_REFRESH 900      // from a pane to its frame: what commands depend on has changed
+#define IDM_REFRESH 900          // from a pane to its frame: what commands depend on has changed
 #define IDM_SHOW_REFERENCES 901  // from the Notes window: show the verses of the line that was followed
-#define IDM_GOTO_BOOK 1000   // and a book's number, 1 to 66
-#define IDM_DEVOTIONAL 2000  // and a verse index
+#define IDM_GOTO_BOOK 1000       // and a book's number, 1 to 66
+#define IDM_DEVOTIONAL 2000      // and a verse index
 
 // Windows
 #define IDC_LIST_TABS 1
