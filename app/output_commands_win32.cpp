@@ -67,10 +67,10 @@ void CopyReferences(int) {
 
 // Saving.
 
-static const char* ProblemOf(SaveResult result) {
-    return result == SaveResult::kCannotWrite       ? kCannotWriteText
-           : result == SaveResult::kCannotReadNotes ? kCannotOpenNotes
-                                                    : nullptr;
+static const char* ProblemOf(TextSaveResult result) {
+    return result == TextSaveResult::kCannotWrite       ? kCannotWriteText
+           : result == TextSaveResult::kCannotReadNotes ? kCannotOpenNotes
+                                                        : nullptr;
 }
 
 // Runs `write`, which gives what went wrong, or null.

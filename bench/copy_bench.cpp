@@ -50,7 +50,7 @@ static bool CountBytes(void* device, std::string_view bytes) {
     return true;
 }
 
-static SaveResult SaveWholeBible(const FormatOptions& format, const TextFile& file) {
+static TextSaveResult SaveWholeBible(const FormatOptions& format, const TextFile& file) {
     return SaveRangeText(TheRealScripture(), format, 0, kLastVerse, nullptr, file);
 }
 
@@ -65,7 +65,7 @@ static bool WithScratchFile(Save save) {
 }
 
 static bool SaveToScratchFile(int file) {
-    return SaveWholeBible(kAsAppended, {&file, WriteToFile}) == SaveResult::kSaved;
+    return SaveWholeBible(kAsAppended, {&file, WriteToFile}) == TextSaveResult::kSaved;
 }
 
 static bool AppendAndWrite(int file) {

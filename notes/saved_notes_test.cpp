@@ -142,7 +142,7 @@ TEST(SavedNotes, StandBehindTheirVersesInASavedRange) {
                             return true;
                         }};
     const Scripture& scripture = TheRealScripture();
-    ASSERT_EQ(SaveRangeText(scripture, {}, 0, kLastVerse, &source, file), SaveResult::kSaved);
+    ASSERT_EQ(SaveRangeText(scripture, {}, 0, kLastVerse, &source, file), TextSaveResult::kSaved);
     const std::string second(VerseText(scripture, 1)), last(VerseText(scripture, kLastVerse));
     EXPECT_NE(saved.find("\r\n 2 " + second + "\r\n\r\n\r\nsecond\r\n\r\n 3 "), std::string::npos);
     EXPECT_TRUE(saved.ends_with(" 21 " + last + "\r\n\r\n\r\nend\r\n\r\n" + '\0'));

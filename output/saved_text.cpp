@@ -25,9 +25,9 @@ static bool WriteWhenMany(PendingText& pending) {
     return pending.bytes.size() < kWriteSize || WritePending(pending);
 }
 
-static SaveResult EndText(PendingText& pending) {
+static TextSaveResult EndText(PendingText& pending) {
     pending.bytes.push_back('\0');
-    return WritePending(pending) ? SaveResult::kSaved : SaveResult::kCannotWrite;
+    return WritePending(pending) ? TextSaveResult::kSaved : TextSaveResult::kCannotWrite;
 }
 
 static bool AppendNote(const NoteSource& notes, int verse, std::string& note, std::string& text) {
@@ -37,24 +37,24 @@ static bool AppendNote(const NoteSource& notes, int verse, std::string& note, st
     return found != NoteFound::kUnreadable;
 }
 
-SaveResult SaveRangeText(const Scripture& scripture, const FormatOptions& format, int first, int last,
-                         const NoteSource* notes, const TextFile& file) {
+TextSaveResult SaveRangeText(const Scripture& scripture, const FormatOptions& format, int first, int last,
+                             const NoteSource* notes, const TextFile& file) {
     PendingText pending = BeginText(file);
     RangeRenderer renderer{scripture, format};
     std::string note;
     for (int verse = first; verse <= last; ++verse) {
         AppendVerse(renderer, verse, pending.bytes);
-        if (notes && !AppendNote(*notes, verse, note, pending.bytes)) return SaveResult::kCannotReadNotes;
-        if (!WriteWhenMany(pending)) return SaveResult::kCannotWrite;
+        if (notes && !AppendNote(*notes, verse, note, pending.bytes)) return TextSaveResult::kCannotReadNotes;
+        if (!WriteWhenMany(pending)) return TextSaveResult::kCannotWrite;
     }
     return EndText(pending);
 }
 
-SaveResult SaveListText(const Scripture& scripture, std::span<const std::int32_t> verses, const TextFile& file) {
+TextSaveResult SaveListText(const Scripture& scripture, std::span<const std::int32_t> verses, const TextFile& file) {
     PendingText pending = BeginText(file);
     for (const int verse : verses) {
         AppendListLine(scripture, verse, pending.bytes);
-        if (!WriteWhenMany(pending)) return SaveResult::kCannotWrite;
+        if (!WriteWhenMany(pending)) return TextSaveResult::kCannotWrite;
     }
     return EndText(pending);
 }

@@ -28,7 +28,7 @@ struct NoteSource {
     NoteFound (*noteOf)(void* device, int verse, std::string& note) = nullptr;
 };
 
-enum class SaveResult {
+enum class TextSaveResult {
     kSaved,
     kCannotWrite,      // say kCannotWriteText
     kCannotReadNotes,  // say kCannotOpenNotes
@@ -36,8 +36,8 @@ enum class SaveResult {
 
 // Writes the verses `first` to `last` as the format has them; with `notes`, which may be null, each verse's note behind
 // it, an empty line before and after. Stops at the first failure.
-SaveResult SaveRangeText(const Scripture& scripture, const FormatOptions& format, int first, int last,
-                         const NoteSource* notes, const TextFile& file);
+TextSaveResult SaveRangeText(const Scripture& scripture, const FormatOptions& format, int first, int last,
+                             const NoteSource* notes, const TextFile& file);
 
 // Writes the Verse List's lines, those that are copied.
-SaveResult SaveListText(const Scripture& scripture, std::span<const std::int32_t> verses, const TextFile& file);
+TextSaveResult SaveListText(const Scripture& scripture, std::span<const std::int32_t> verses, const TextFile& file);

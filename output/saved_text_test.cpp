@@ -43,7 +43,7 @@ static HandMadeFiles ThreeVerses() {
 }
 
 struct Saved {
-    SaveResult result;
+    TextSaveResult result;
     MemoryFile file;
 };
 
@@ -65,7 +65,7 @@ static std::string WithZero(std::string text) {
 TEST(SaveRangeText, KeepsBracketsWhateverTheFormatAndEndsWithOneZeroByte) {
     for (const int brackets : {0, 1}) {
         const Saved saved = SaveRange(ThreeVerses(), {0, 1, 0, 1, 1, brackets}, 0, 2);
-        EXPECT_EQ(saved.result, SaveResult::kSaved);
+        EXPECT_EQ(saved.result, TextSaveResult::kSaved);
         EXPECT_EQ(saved.file.bytes, WithZero(" Ge 1:1 \xB6 [one]\r\n 2 two\r\n 2:1 \xB6 three\r\n"));
     }
 }
@@ -87,7 +87,7 @@ TEST(SaveRangeText, PutsEachNoteBetweenEmptyLinesDirectlyBehindItsVerse) {
 
 TEST(SaveRangeText, StopsAtANoteThatCannotBeRead) {
     const Saved saved = SaveRange(ThreeVerses(), {}, 0, 2, {{1, kUnreadableNote}});
-    EXPECT_EQ(saved.result, SaveResult::kCannotReadNotes);
+    EXPECT_EQ(saved.result, TextSaveResult::kCannotReadNotes);
     EXPECT_EQ(saved.file.bytes.find('\0'), std::string::npos);
 }
 
@@ -104,7 +104,7 @@ TEST(SaveRangeText, StopsAtTheFirstWriteThatFails) {
     ASSERT_EQ(whole.writes.size(), 3u);
     for (std::size_t failing = 1; failing <= whole.writes.size(); ++failing) {
         const Saved saved = SaveRange(files, {}, 0, 249, {}, failing);
-        EXPECT_EQ(saved.result, SaveResult::kCannotWrite) << failing;
+        EXPECT_EQ(saved.result, TextSaveResult::kCannotWrite) << failing;
         EXPECT_EQ(saved.file.writes.size(), failing) << "no write after the failed one";
         EXPECT_EQ(saved.file.bytes, whole.bytes.substr(0, saved.file.bytes.size())) << failing;
     }
@@ -113,7 +113,8 @@ TEST(SaveRangeText, StopsAtTheFirstWriteThatFails) {
 TEST(SaveRangeText, WritesTheWholeBibleInPiecesOfOneSize) {
     MemoryFile file;
     const FormatOptions format{0, 0, 0, 1, 1, 0};
-    ASSERT_EQ(SaveRangeText(TheRealScripture(), format, 0, kLastVerse, nullptr, DeviceOver(file)), SaveResult::kSaved);
+    ASSERT_EQ(SaveRangeText(TheRealScripture(), format, 0, kLastVerse, nullptr, DeviceOver(file)),
+              TextSaveResult::kSaved);
     EXPECT_EQ(std::count(file.bytes.begin(), file.bytes.end(), '\n'), kVerseCount);
     EXPECT_EQ(file.bytes.find('\0'), file.bytes.size() - 1);
     EXPECT_NE(file.bytes.find('['), std::string::npos);
@@ -130,7 +131,7 @@ static Saved SaveList(const HandMadeFiles& files, const std::vector<std::int32_t
 
 TEST(SaveListText, WritesTheCopiedLinesWithBracketsAndOneZeroByte) {
     const Saved saved = SaveList(ThreeVerses(), {2, 0, 1}, 0);
-    EXPECT_EQ(saved.result, SaveResult::kSaved);
+    EXPECT_EQ(saved.result, TextSaveResult::kSaved);
     EXPECT_EQ(saved.file.bytes, WithZero(" Ge 2:1 \xB6 three\r\n Ge 1:1 \xB6 [one]\r\n Ge 1:2 two\r\n"));
 }
 
@@ -140,9 +141,9 @@ TEST(SaveListText, StopsAtTheFirstWriteThatFails) {
     for (int verse = 249; verse >= 0; --verse) verses.push_back(verse);
     for (std::size_t failing = 1; failing <= 3; ++failing) {
         const Saved saved = SaveList(LongChapter(), verses, failing);
-        EXPECT_EQ(saved.result, SaveResult::kCannotWrite) << failing;
+        EXPECT_EQ(saved.result, TextSaveResult::kCannotWrite) << failing;
         EXPECT_EQ(saved.file.writes.size(), failing);
     }
-    EXPECT_EQ(SaveList(LongChapter(), verses, 4).result, SaveResult::kSaved) << "three writes in all";
-    EXPECT_EQ(SaveList(ThreeVerses(), {0}, 1).result, SaveResult::kCannotWrite);
+    EXPECT_EQ(SaveList(LongChapter(), verses, 4).result, TextSaveResult::kSaved) << "three writes in all";
+    EXPECT_EQ(SaveList(ThreeVerses(), {0}, 1).result, TextSaveResult::kCannotWrite);
 }
