@@ -6,6 +6,7 @@
 #include "notes/cross_references.h"
 #include "notes/note_editor_window.h"
 #include "notes/note_files_win32.h"
+#include "notes/note_recovery.h"
 #include "output/faces_win32.h"
 #include "output/output_win32.h"
 #include "resources/ids.h"
@@ -15,6 +16,7 @@
 
 NotesPane theNotes;
 
+static constexpr char kMendedCaption[] = "Note Sets";
 static constexpr int kNotePart = 2;  // of the status bar
 
 const NoteFiles& TheNoteFiles() {
@@ -81,10 +83,13 @@ static void InsertTab(HWND tabs, int index, const std::string& name) {
 }
 
 void LoadNoteSets() {
-    const bool created = FindNoteSets(TheNoteFiles(), theNotes.sets);
+    const OpenedSets opened = OpenNoteSets(TheNoteFiles(), theNotes.sets);
     int index = 0;
     for (const NoteSet& set : theNotes.sets.sets) InsertTab(theNotes.tabs, index++, NoteSetName(set));
-    if (!created) Complain(FrameOf(theNotes.tabs), kCannotCreateNotes);
+    const HWND frame = FrameOf(theNotes.tabs);
+    if (!opened.created) Complain(frame, kCannotCreateNotes);
+    if (!opened.report.empty())
+        Inform(frame, opened.report.c_str(), kMendedCaption, opened.hasDamaged ? MB_ICONWARNING : MB_ICONINFORMATION);
 }
 
 void SetNotesFont(const FontChoice& choice) {

@@ -2,9 +2,13 @@
 
 #include <vector>
 
-void Complain(HWND owner, const char* text, const char* caption) {
+void Inform(HWND owner, const char* text, const char* caption, UINT icon) {
     const bool starting = owner && !IsWindowVisible(owner);  // a splash may stand in front of everything
-    MessageBoxA(owner, text, caption, MB_OK | MB_ICONSTOP | (starting ? MB_SYSTEMMODAL : 0));
+    MessageBoxA(owner, text, caption, MB_OK | icon | (starting ? MB_SYSTEMMODAL : 0));
+}
+
+void Complain(HWND owner, const char* text, const char* caption) {
+    Inform(owner, text, caption, MB_ICONSTOP);
 }
 
 std::string ControlText(HWND dialog, int control, int limit) {

@@ -15,6 +15,9 @@
 
 using testing::Contains;
 using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::Not;
+using testing::StartsWith;
 using testing::UnorderedElementsAre;
 
 static constexpr int kLast = kVerses - 1;
@@ -71,7 +74,7 @@ TEST(NoteSets, TakeTheirNamesUpToTheLastDot) {
     WriteNoteSet(folder, "a.b", {{0, "dotted"}});
     WriteNoteSet(folder, "", {{0, "nameless"}});
     WriteNoteSet(folder, "M\xFCller \xB6", {{0, "beyond ASCII"}});
-    WriteFile(folder, "no set.nmd", "text");
+    WriteFile(folder, "no set.txt", "text");
     Program program = StartProgram(folder);
     const std::vector<std::string> names = SetsOf(program);
     EXPECT_THAT(names, UnorderedElementsAre("a.b", "", "M\xFCller \xB6"));
@@ -290,6 +293,41 @@ TEST(Note, ThatCannotBeReadAtTheStartDoesNotEndIt) {
     EXPECT_EQ(Setting(folder, "MISC", "NoteVerse"), "3");
 }
 
+// What a stopped save leaves: one box tells of all that was mended, and the notes are where they were.
+TEST(DamagedNotes, AreMendedAtTheStart) {
+    const ScratchFolder folder = FolderAtNote(kLast);
+    const std::map<int, std::string> notes = {{0, "first"}, {10, "tenth"}, {kLast, "last"}};
+    for (const char* name : {"Stale", "Lost", "Renamed", "Whole"}) WriteNoteSet(folder, name, notes);
+    const std::string index = ReadFile(folder, "Whole.nmi");
+    const std::string data = ReadFile(folder, "Whole.nmd");
+    WriteFile(folder, "Stale.nmi", index.substr(0, 70000) + std::string(54408, '\0'));
+    std::filesystem::remove(folder.path / "Lost.nmi");
+    std::filesystem::rename(folder.path / "Renamed.nmd", folder.path / "Renamed.nmd.temp");
+    Program program = LaunchProgram(folder);
+    const HWND box = WaitForDialog(program, "Note Sets");
+    const std::string text = MessageText(box);
+    EXPECT_THAT(text, HasSubstr("The data file of the note set \"Renamed\" was missing."));
+    EXPECT_THAT(text, HasSubstr("The index file of the note set \"Lost\" was missing."));
+    EXPECT_THAT(text, HasSubstr("The index file of the note set \"Stale\" did not match its notes."));
+    EXPECT_THAT(text, Not(HasSubstr("Whole")));
+    EXPECT_THAT(ButtonsOf(box), ElementsAre("OK"));
+    SavePicture(PictureOfWindow(box), "mended-note-sets");
+    Answer(box);
+    WaitForFrame(program);
+    EXPECT_THAT(SetsOf(program), UnorderedElementsAre("Stale", "Lost", "Renamed", "Whole"));
+    for (int set = 0; set < 4; ++set) {
+        ClickTab(program, NoteTabs(program), set);
+        EXPECT_EQ(NoteShown(program), "last");
+    }
+    EXPECT_EQ(CloseProgram(program), 0);
+    for (const std::string name : {"Stale", "Lost", "Renamed", "Whole"}) {
+        EXPECT_TRUE(ReadFile(folder, name + ".nmi") == index) << name;
+        EXPECT_TRUE(ReadFile(folder, name + ".nmd") == data) << name;
+    }
+    Program again = StartProgram(folder);
+    EXPECT_EQ(CloseProgram(again), 0);
+}
+
 TEST(DamagedNotes, NeverCrashTheProgram) {
     std::string falling(kVerses * 4, '\0');
     for (std::size_t at = 0; at < falling.size(); ++at) falling[at] = static_cast<char>(0xFF - at / 4 % 256);
@@ -311,7 +349,11 @@ TEST(DamagedNotes, NeverCrashTheProgram) {
         const ScratchFolder folder = FolderWithScripture();
         WriteFile(folder, "Odd.nmi", row.index);
         WriteFile(folder, "Odd.nmd", row.data);
-        Program program = StartProgram(folder);
+        Program program = LaunchProgram(folder);
+        const HWND box = WaitForDialog(program, "Note Sets");
+        EXPECT_THAT(MessageText(box), StartsWith("The data file \"Odd.nmd\" is damaged"));
+        Answer(box);
+        WaitForFrame(program);
         EXPECT_THAT(SetsOf(program), ElementsAre("Odd"));
         for (const int command : {IDM_NEXT_NOTE, IDM_PREVIOUS_NOTE, IDM_PREVIOUS_NOTE, IDM_GOTO_BOOK + 66,
                                   IDM_NOTE_FOR_PASSAGE, IDM_VERSE_FOR_NOTE, IDM_NEXT_NOTE_SET})
