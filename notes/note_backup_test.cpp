@@ -15,7 +15,7 @@ static bool SayYes(void*, SaveNotice, const std::string&) {
 }
 
 static void SaveOn(FakeNoteFiles& files, NoteSets& notes, const std::string& day, const std::string& text) {
-    EXPECT_EQ(SaveNote(DeviceOver(files), {nullptr, SayYes}, notes, text, day), SaveResult::kSaved);
+    EXPECT_EQ(SaveNote(DeviceOver(files), {nullptr, SayYes}, notes, text, day), NoteSaveResult::kSaved);
     EXPECT_EQ(files.openFiles, 0);
 }
 
@@ -124,6 +124,6 @@ TEST(Backup, IsNotMadeForASaveThatFails) {
     AddFakeSet(files, "a", {});
     NoteSets notes = SetsOf(files);
     files.room = 5;
-    EXPECT_EQ(SaveNote(DeviceOver(files), {nullptr, SayYes}, notes, "new", "2024-12-31"), SaveResult::kFailed);
+    EXPECT_EQ(SaveNote(DeviceOver(files), {nullptr, SayYes}, notes, "new", "2024-12-31"), NoteSaveResult::kFailed);
     EXPECT_THAT(Backups(files), IsEmpty());
 }

@@ -46,7 +46,7 @@ static bool SaveUntilItStops(FakeNoteFiles& files, const Edit& edit, std::int64_
     files.steps = steps;
     bool ended = true;
     try {
-        EXPECT_EQ(SaveNote(DeviceOver(files), voice, notes, edit.after, "2024-12-31"), SaveResult::kSaved);
+        EXPECT_EQ(SaveNote(DeviceOver(files), voice, notes, edit.after, "2024-12-31"), NoteSaveResult::kSaved);
     } catch (const ProgramStopped&) {
         ended = false;
     }

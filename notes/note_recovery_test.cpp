@@ -291,7 +291,7 @@ TEST(OpenNoteSets, OpensADamagedSetReadOnly) {
         SelectStoredNote(opened.notes, place, 0);
         EXPECT_EQ(SaveNote(DeviceOver(files), {nullptr, [](void*, SaveNotice, const std::string&) { return true; }},
                            opened.notes, "new", "2024-12-31"),
-                  SaveResult::kStopped);
+                  NoteSaveResult::kStopped);
         EXPECT_TRUE(files.contents == before);
     }
 }

@@ -168,31 +168,31 @@ static void ShiftOffsets(Save& save) {
 // ---- The end --------------------------------------------------------------------------------------------------------
 
 // A writing failure is told while the files are still open; the others, which lead to one, when they are closed.
-static SaveResult Fail(Save& save, SaveNotice notice) {
+static NoteSaveResult Fail(Save& save, SaveNotice notice) {
     if (notice != SaveNotice::kCannotWrite) {
         CloseBoth(save);
         Tell(save, notice);
     }
     Tell(save, SaveNotice::kCannotWrite);
     CloseBoth(save);
-    return SaveResult::kFailed;
+    return NoteSaveResult::kFailed;
 }
 
-static SaveResult PutInPlace(Save& save, const std::string& today) {
+static NoteSaveResult PutInPlace(Save& save, const std::string& today) {
     const NoteFiles& files = save.files;
     NoteSet& set = save.set;
     KeepBackup(files, set, today);
     if (!files.remove(files.device, set.dataFileName)) {
         Tell(save, SaveNotice::kCannotDelete);
-        return SaveResult::kFailed;
+        return NoteSaveResult::kFailed;
     }
     if (!files.rename(files.device, TempName(set), set.dataFileName)) {
         Tell(save, SaveNotice::kCannotRename);
-        return SaveResult::kFailed;
+        return NoteSaveResult::kFailed;
     }
     WriteIndex(files, IndexFileName(set), set.offsets);  // where it fails, the next start makes it
     StampFiles(files, set);
-    return SaveResult::kSaved;
+    return NoteSaveResult::kSaved;
 }
 
 static Step WriteTemp(Save& save) {
@@ -202,12 +202,12 @@ static Step WriteTemp(Save& save) {
 }
 
 // Nothing is written, and the text stays with the editor.
-static SaveResult Stop(Save& save) {
+static NoteSaveResult Stop(Save& save) {
     CloseBoth(save);
-    return SaveResult::kStopped;
+    return NoteSaveResult::kStopped;
 }
 
-static SaveResult SaveInto(Save& save, const std::string& today) {
+static NoteSaveResult SaveInto(Save& save, const std::string& today) {
     if (!OpenData(save)) return Stop(save);
     if (save.data == nullptr) {
         if (!HasOnlyTemp(save)) save.temp = save.files.createAnew(save.files.device, TempName(save.set));
@@ -235,16 +235,16 @@ static std::string_view CutToNote(std::string_view text) {
     return text.substr(0, std::min(text.find('\0'), kNoteTextLimit));
 }
 
-SaveResult SaveNote(const NoteFiles& files, const SaveVoice& voice, NoteSets& notes, std::string_view text,
-                    const std::string& today) {
+NoteSaveResult SaveNote(const NoteFiles& files, const SaveVoice& voice, NoteSets& notes, std::string_view text,
+                        const std::string& today) {
     assert(notes.currentSet >= 0 && notes.currentSet < static_cast<int>(notes.sets.size()));
     NoteSet& set = notes.sets[static_cast<std::size_t>(notes.currentSet)];
     Save save{files, voice, set, static_cast<std::size_t>(ClampVerse(notes.currentVerse)), CutToNote(text)};
     if (set.readOnly) {
         Tell(save, SaveNotice::kNotWhole);
-        return SaveResult::kStopped;
+        return NoteSaveResult::kStopped;
     }
-    const SaveResult result = SaveInto(save, today);
-    if (result == SaveResult::kSaved) notes.noteText = save.text;
+    const NoteSaveResult result = SaveInto(save, today);
+    if (result == NoteSaveResult::kSaved) notes.noteText = save.text;
     return result;
 }

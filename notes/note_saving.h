@@ -45,7 +45,7 @@ struct SaveVoice {
     void* (*takeMemory)(std::size_t size) = std::malloc;  // what it gives is freed
 };
 
-enum class SaveResult {
+enum class NoteSaveResult {
     kSaved,    // the editor closes; `notes.noteText` is the note as saved, to be shown
     kFailed,   // the editor closes as for Cancel, the display stays: the end of a save that could not write
     kStopped,  // nothing was written and nothing is lost: the editor stays open with its text
@@ -58,5 +58,5 @@ enum class SaveResult {
 // Where the data file cannot be opened, Retry does not open it again: as in every failure up to the last write, the
 // save ends with kCannotWrite. Where the old file cannot be deleted, the offsets in memory are already those of the
 // temporary file, which holds the note.
-SaveResult SaveNote(const NoteFiles& files, const SaveVoice& voice, NoteSets& notes, std::string_view text,
-                    const std::string& today);
+NoteSaveResult SaveNote(const NoteFiles& files, const SaveVoice& voice, NoteSets& notes, std::string_view text,
+                        const std::string& today);

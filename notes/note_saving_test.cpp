@@ -44,8 +44,8 @@ static std::unique_ptr<Desk> DeskWith(const std::map<int, std::string>& notes, i
     return desk;
 }
 
-static SaveResult SaveAt(Desk& desk, std::string_view text) {
-    const SaveResult result = SaveNote(DeviceOver(desk.files), desk.voice, desk.notes, text, kToday);
+static NoteSaveResult SaveAt(Desk& desk, std::string_view text) {
+    const NoteSaveResult result = SaveNote(DeviceOver(desk.files), desk.voice, desk.notes, text, kToday);
     EXPECT_EQ(desk.files.openFiles, 0);
     return result;
 }
@@ -79,7 +79,7 @@ TEST(SaveNote, PutsTheNoteBetweenTheOthers) {
         std::map<int, std::string> notes = {{2, "two"}, {14999, "before"}, {15001, "behind"}, {31099, "near the end"}};
         notes[row.verse] = row.before;
         const auto desk = DeskWith(notes, row.verse);
-        EXPECT_EQ(SaveAt(*desk, row.after), SaveResult::kSaved);
+        EXPECT_EQ(SaveAt(*desk, row.after), NoteSaveResult::kSaved);
         notes[row.verse] = row.after;
         ExpectFilesHold(*desk, notes);
         EXPECT_EQ(desk->notes.noteText, row.after);
@@ -91,7 +91,7 @@ TEST(SaveNote, PutsTheNoteBetweenTheOthers) {
 TEST(SaveNote, ShiftsTheOffsetsBehindByTheDifference) {
     const auto desk = DeskWith({{7, "four"}}, 7);
     const std::vector<std::uint32_t> before = desk->notes.sets[0].offsets;
-    EXPECT_EQ(SaveAt(*desk, "characters"), SaveResult::kSaved);
+    EXPECT_EQ(SaveAt(*desk, "characters"), NoteSaveResult::kSaved);
     const std::vector<std::uint32_t>& after = desk->notes.sets[0].offsets;
     for (std::size_t verse = 0; verse < after.size(); ++verse)
         ASSERT_EQ(after[verse], before[verse] + (verse > 7 ? 6 : 0)) << verse;
@@ -100,7 +100,7 @@ TEST(SaveNote, ShiftsTheOffsetsBehindByTheDifference) {
 TEST(SaveNote, KeepsAnEmptyNoteAsNone) {
     const auto desk = DeskWith({{7, "four"}}, 7);
     EXPECT_TRUE(NoteExists(DeviceOver(desk->files), desk->notes, 7));
-    EXPECT_EQ(SaveAt(*desk, ""), SaveResult::kSaved);
+    EXPECT_EQ(SaveAt(*desk, ""), NoteSaveResult::kSaved);
     EXPECT_FALSE(NoteExists(DeviceOver(desk->files), desk->notes, 7));
     EXPECT_EQ(desk->notes.noteText, "");
     EXPECT_EQ(desk->files.contents["a.nmd"], std::vector<unsigned char>(31102, 0));
@@ -117,7 +117,7 @@ TEST(SaveNote, CutsTheTextToWhatANoteCanHold) {
                  {std::string("ab\0cd", 5), 2}};
     for (const auto& row : kRows) {
         const auto desk = DeskWith({{8, "next"}}, 7);
-        EXPECT_EQ(SaveAt(*desk, row.typed), SaveResult::kSaved);
+        EXPECT_EQ(SaveAt(*desk, row.typed), NoteSaveResult::kSaved);
         ExpectFilesHold(*desk, {{7, row.typed.substr(0, row.saved)}, {8, "next"}});
         EXPECT_EQ(desk->notes.noteText.size(), row.saved);
     }
@@ -128,7 +128,7 @@ TEST(SaveNote, SavesIntoTheCurrentSetAlone) {
     AddFakeSet(desk->files, "b", {{7, "of b"}});
     EXPECT_TRUE(FindNoteSets(DeviceOver(desk->files), desk->notes));
     SelectStoredNote(desk->notes, 1, 7);
-    EXPECT_EQ(SaveAt(*desk, "new"), SaveResult::kSaved);
+    EXPECT_EQ(SaveAt(*desk, "new"), NoteSaveResult::kSaved);
     EXPECT_TRUE(desk->files.contents["b.nmd"] == FakeSetOf({{7, "new"}}).data);
     EXPECT_TRUE(desk->files.contents["a.nmd"] == FakeSetOf({{7, "of a"}}).data);
 }
@@ -137,14 +137,14 @@ TEST(SaveNote, CopiesLargeSetsInPieces) {
     std::map<int, std::string> notes;
     for (int verse = 0; verse < 31102; ++verse) notes[verse] = std::string(100, 'n') + std::to_string(verse);
     const auto desk = DeskWith(notes, 15000);
-    EXPECT_EQ(SaveAt(*desk, "new"), SaveResult::kSaved);
+    EXPECT_EQ(SaveAt(*desk, "new"), NoteSaveResult::kSaved);
     notes[15000] = "new";
     ExpectFilesHold(*desk, notes);
 }
 
 TEST(SaveNote, FlushesBeforeItDeletes) {
     const auto desk = DeskWith({{7, "four"}}, 7);
-    EXPECT_EQ(SaveAt(*desk, "characters"), SaveResult::kSaved);
+    EXPECT_EQ(SaveAt(*desk, "characters"), NoteSaveResult::kSaved);
     EXPECT_THAT(desk->files.log,
                 ElementsAre("open a.nmd", "create anew a.nmd.temp", "write a.nmd.temp 7", "write a.nmd.temp 11",
                             "write a.nmd.temp 31094", "flush a.nmd.temp", "close a.nmd", "close a.nmd.temp",
@@ -160,7 +160,7 @@ TEST(SaveNote, CopiesNoPrefixForTheFirstVerseAndNoSuffixForTheLast) {
                  {31101, {"write a.nmd.temp 31101", "write a.nmd.temp 4"}}};
     for (const auto& row : kRows) {
         const auto desk = DeskWith({}, row.verse);
-        EXPECT_EQ(SaveAt(*desk, "new"), SaveResult::kSaved);
+        EXPECT_EQ(SaveAt(*desk, "new"), NoteSaveResult::kSaved);
         std::vector<std::string> writes;
         for (const std::string& entry : desk->files.log)
             if (entry.starts_with("write a.nmd.temp")) writes.push_back(entry);
@@ -174,7 +174,7 @@ TEST(SaveNote, StopsWhenTheUserDoesNotRetryToOpen) {
     const auto desk = DeskWith({{7, "four"}}, 7);
     desk->files.unreadable = {"a.nmd"};
     desk->answer = false;
-    EXPECT_EQ(SaveAt(*desk, "characters"), SaveResult::kStopped);
+    EXPECT_EQ(SaveAt(*desk, "characters"), NoteSaveResult::kStopped);
     EXPECT_THAT(desk->files.log,
                 ElementsAre("open a.nmd",
                             "box: There was an error opening the file \"a.nmd\". Please make sure this file is not "
@@ -188,7 +188,7 @@ TEST(SaveNote, FailsAfterARetry) {
     const auto desk = DeskWith({{7, "four"}}, 7);
     desk->files.unreadable = {"a.nmd"};
     desk->whenTold = [](Desk& there, SaveNotice) { there.files.unreadable.clear(); };
-    EXPECT_EQ(SaveAt(*desk, "characters"), SaveResult::kFailed);
+    EXPECT_EQ(SaveAt(*desk, "characters"), NoteSaveResult::kFailed);
     EXPECT_THAT(desk->files.log, ElementsAre("open a.nmd",
                                              "box: There was an error opening the file \"a.nmd\". Please make sure "
                                              "this file is not being used by any other program.",
@@ -202,7 +202,7 @@ TEST(SaveNote, FailsAfterARetry) {
 TEST(SaveNote, FailsWithoutATemporaryFile) {
     const auto desk = DeskWith({{7, "four"}}, 7);
     desk->files.uncreatable = {"a.nmd.temp"};
-    EXPECT_EQ(SaveAt(*desk, "characters"), SaveResult::kFailed);
+    EXPECT_EQ(SaveAt(*desk, "characters"), NoteSaveResult::kFailed);
     EXPECT_THAT(desk->files.log, ElementsAre("open a.nmd", "create anew a.nmd.temp", "close a.nmd",
                                              "box: Failure saving note (file creation error)",
                                              "box: Failure writing. Disk may be full!"));
@@ -213,7 +213,7 @@ TEST(SaveNote, FailsWithoutMemory) {
     for (const int verse : {0, 7, 31101}) {
         const auto desk = DeskWith({{7, "four"}}, verse);
         desk->voice.takeMemory = [](std::size_t) -> void* { return nullptr; };
-        EXPECT_EQ(SaveAt(*desk, "characters"), SaveResult::kFailed);
+        EXPECT_EQ(SaveAt(*desk, "characters"), NoteSaveResult::kFailed);
         EXPECT_THAT(desk->told, ElementsAre(SaveNotice::kNoMemory, SaveNotice::kCannotWrite));
         EXPECT_THAT(desk->files.log, IsSupersetOf({"box: Failure saving note (memory alloc error)",
                                                    "box: Failure writing. Disk may be full!"}));
@@ -230,7 +230,7 @@ TEST(SaveNote, FailsOnAFullDiskAtEachByte) {
             SCOPED_TRACE(testing::Message() << verse << " " << room);
             const auto desk = DeskWith({}, verse);
             desk->files.room = room;
-            EXPECT_EQ(SaveAt(*desk, "characters"), SaveResult::kFailed);
+            EXPECT_EQ(SaveAt(*desk, "characters"), NoteSaveResult::kFailed);
             EXPECT_THAT(desk->told, ElementsAre(SaveNotice::kCannotWrite));
             const std::vector<std::string> end(desk->files.log.end() - 3, desk->files.log.end());
             EXPECT_THAT(end, ElementsAre("box: Failure writing. Disk may be full!", "close a.nmd", "close a.nmd.temp"));
@@ -238,7 +238,7 @@ TEST(SaveNote, FailsOnAFullDiskAtEachByte) {
             EXPECT_TRUE(HasTemp(*desk));
             EXPECT_EQ(desk->notes.noteText, "as displayed");
             desk->files.room = -1;
-            EXPECT_EQ(SaveAt(*desk, "characters"), SaveResult::kSaved);
+            EXPECT_EQ(SaveAt(*desk, "characters"), NoteSaveResult::kSaved);
             ExpectFilesHold(*desk, {{verse, "characters"}});
         }
     }
@@ -247,7 +247,7 @@ TEST(SaveNote, FailsOnAFullDiskAtEachByte) {
 TEST(SaveNote, FailsWhenTheTemporaryFileDoesNotReachTheDisk) {
     const auto desk = DeskWith({{7, "four"}}, 7);
     desk->files.isFlushable = false;
-    EXPECT_EQ(SaveAt(*desk, "characters"), SaveResult::kFailed);
+    EXPECT_EQ(SaveAt(*desk, "characters"), NoteSaveResult::kFailed);
     EXPECT_THAT(desk->told, ElementsAre(SaveNotice::kCannotWrite));
     ExpectFilesHold(*desk, {{7, "four"}});
 }
@@ -256,11 +256,11 @@ TEST(SaveNote, FailsWhenTheTemporaryFileDoesNotReachTheDisk) {
 TEST(SaveNote, IsSavedWithoutRoomForTheIndex) {
     const auto desk = DeskWith({{7, "four"}}, 7);
     desk->files.room = 31102 + 10;
-    EXPECT_EQ(SaveAt(*desk, "characters"), SaveResult::kSaved);
+    EXPECT_EQ(SaveAt(*desk, "characters"), NoteSaveResult::kSaved);
     EXPECT_TRUE(desk->files.contents["a.nmd"] == FakeSetOf({{7, "characters"}}).data);
     EXPECT_EQ(desk->files.contents["a.nmi"].size(), 0u);
     desk->files.room = -1;
-    EXPECT_EQ(SaveAt(*desk, "again"), SaveResult::kSaved);
+    EXPECT_EQ(SaveAt(*desk, "again"), NoteSaveResult::kSaved);
     ExpectFilesHold(*desk, {{7, "again"}});
     EXPECT_THAT(desk->told, IsEmpty());
 }
@@ -268,7 +268,7 @@ TEST(SaveNote, IsSavedWithoutRoomForTheIndex) {
 TEST(SaveNote, LeavesTheNoteInTheTemporaryFileWhenTheOldOneStays) {
     const auto desk = DeskWith({{7, "four"}}, 7);
     desk->files.undeletable = {"a.nmd"};
-    EXPECT_EQ(SaveAt(*desk, "characters"), SaveResult::kFailed);
+    EXPECT_EQ(SaveAt(*desk, "characters"), NoteSaveResult::kFailed);
     EXPECT_EQ(desk->files.log.back(),
               "box: Faliure Saving Note (delete old failure):\nYou should exit Versewell and restart.");
     EXPECT_THAT(desk->told, ElementsAre(SaveNotice::kCannotDelete));
@@ -282,11 +282,11 @@ TEST(SaveNote, LeavesTheNoteInTheTemporaryFileWhenTheOldOneStays) {
 TEST(SaveNote, ReadsAgainAfterTheOldFileStayed) {
     const auto desk = DeskWith({{7, "four"}, {9, "nine"}}, 7);
     desk->files.undeletable = {"a.nmd"};
-    EXPECT_EQ(SaveAt(*desk, "characters"), SaveResult::kFailed);
+    EXPECT_EQ(SaveAt(*desk, "characters"), NoteSaveResult::kFailed);
     desk->files.undeletable.clear();
     desk->told.clear();
     SelectStoredNote(desk->notes, 0, 8);
-    EXPECT_EQ(SaveAt(*desk, "eight"), SaveResult::kSaved);
+    EXPECT_EQ(SaveAt(*desk, "eight"), NoteSaveResult::kSaved);
     EXPECT_THAT(desk->told, ElementsAre(SaveNotice::kChangedOnDisk));
     ExpectFilesHold(*desk, {{7, "four"}, {8, "eight"}, {9, "nine"}});
 }
@@ -294,17 +294,17 @@ TEST(SaveNote, ReadsAgainAfterTheOldFileStayed) {
 TEST(SaveNote, NeverWritesOverTheOnlyCopy) {
     const auto desk = DeskWith({{7, "four"}}, 7);
     desk->files.unrenamable = {"a.nmd.temp"};
-    EXPECT_EQ(SaveAt(*desk, "characters"), SaveResult::kFailed);
+    EXPECT_EQ(SaveAt(*desk, "characters"), NoteSaveResult::kFailed);
     EXPECT_THAT(desk->told, ElementsAre(SaveNotice::kCannotRename));
     EXPECT_FALSE(desk->files.contents.contains("a.nmd"));
     const std::vector<unsigned char> copy = desk->files.contents["a.nmd.temp"];
     desk->told.clear();
-    EXPECT_EQ(SaveAt(*desk, "again"), SaveResult::kFailed);
+    EXPECT_EQ(SaveAt(*desk, "again"), NoteSaveResult::kFailed);
     EXPECT_THAT(desk->told, ElementsAre(SaveNotice::kCannotOpen, SaveNotice::kCannotCreate, SaveNotice::kCannotWrite));
     EXPECT_TRUE(desk->files.contents["a.nmd.temp"] == copy);
     desk->files.unrenamable.clear();
     desk->told.clear();
-    EXPECT_EQ(SaveAt(*desk, "again"), SaveResult::kSaved);
+    EXPECT_EQ(SaveAt(*desk, "again"), NoteSaveResult::kSaved);
     EXPECT_THAT(desk->told, IsEmpty());
     ExpectFilesHold(*desk, {{7, "again"}});
 }
@@ -322,11 +322,11 @@ TEST(SaveNote, SavesIntoTheLayoutThatIsOnTheDisk) {
         const auto desk = DeskWith({{7, "four"}}, 7);
         if (row.data) ChangeFile(desk->files, "a.nmd", theirs.data);
         if (row.index) ChangeFile(desk->files, "a.nmi", theirs.index);
-        EXPECT_EQ(SaveAt(*desk, "mine"), SaveResult::kSaved);
+        EXPECT_EQ(SaveAt(*desk, "mine"), NoteSaveResult::kSaved);
         EXPECT_THAT(desk->told, ElementsAre(SaveNotice::kChangedOnDisk));
         ExpectFilesHold(*desk, {{3, "three"}, {7, "mine"}, {9, "nine"}});
         desk->told.clear();
-        EXPECT_EQ(SaveAt(*desk, "again"), SaveResult::kSaved);
+        EXPECT_EQ(SaveAt(*desk, "again"), NoteSaveResult::kSaved);
         EXPECT_THAT(desk->told, IsEmpty());
     }
 }
@@ -334,7 +334,7 @@ TEST(SaveNote, SavesIntoTheLayoutThatIsOnTheDisk) {
 TEST(SaveNote, NoticesAnIndexThatChangedAlone) {
     const auto desk = DeskWith({{7, "four"}}, 7);
     desk->files.contents.erase("a.nmi");
-    EXPECT_EQ(SaveAt(*desk, "mine"), SaveResult::kSaved);
+    EXPECT_EQ(SaveAt(*desk, "mine"), NoteSaveResult::kSaved);
     EXPECT_THAT(desk->told, ElementsAre(SaveNotice::kChangedOnDisk));
     ExpectFilesHold(*desk, {{7, "mine"}});
 }
@@ -346,12 +346,12 @@ TEST(SaveNote, GoesBackToTheEditorWhenTheFilesChanged) {
     ChangeFile(desk->files, "a.nmd", theirs.data);
     ChangeFile(desk->files, "a.nmi", theirs.index);
     desk->answer = false;
-    EXPECT_EQ(SaveAt(*desk, "mine"), SaveResult::kStopped);
+    EXPECT_EQ(SaveAt(*desk, "mine"), NoteSaveResult::kStopped);
     ExpectFilesHold(*desk, {{3, "three"}});
     EXPECT_FALSE(HasTemp(*desk));
     desk->answer = true;
     desk->told.clear();
-    EXPECT_EQ(SaveAt(*desk, "mine"), SaveResult::kSaved);
+    EXPECT_EQ(SaveAt(*desk, "mine"), NoteSaveResult::kSaved);
     EXPECT_THAT(desk->told, IsEmpty());
     ExpectFilesHold(*desk, {{3, "three"}, {7, "mine"}});
 }
@@ -360,7 +360,7 @@ TEST(SaveNote, GoesBackToTheEditorWhenTheFilesChanged) {
 TEST(SaveNote, NoticesALayoutThatChangedUnseen) {
     const auto desk = DeskWith({{3, "three"}, {7, "four"}, {9, "9"}}, 7);
     desk->files.contents["a.nmd"] = FakeSetOf({{3, "th"}, {7, "four"}, {9, "nine"}}).data;  // as many bytes
-    EXPECT_EQ(SaveAt(*desk, "mine"), SaveResult::kSaved);
+    EXPECT_EQ(SaveAt(*desk, "mine"), NoteSaveResult::kSaved);
     EXPECT_THAT(desk->told, ElementsAre(SaveNotice::kChangedOnDisk));
     ExpectFilesHold(*desk, {{3, "th"}, {7, "mine"}, {9, "nine"}});
 }
@@ -377,13 +377,13 @@ TEST(SaveNote, NeverReplacesWhatIsNotWhole) {
             const auto desk = DeskWith({{7, "four"}, {9, "nine"}}, 7);
             desk->files.contents["a.nmd"] = damaged;
             if (isSeen) ChangeFile(desk->files, "a.nmd", damaged);
-            EXPECT_EQ(SaveAt(*desk, "mine"), SaveResult::kStopped);
+            EXPECT_EQ(SaveAt(*desk, "mine"), NoteSaveResult::kStopped);
             EXPECT_THAT(desk->told, ElementsAre(SaveNotice::kNotWhole));
             EXPECT_TRUE(desk->files.contents["a.nmd"] == damaged);
             EXPECT_TRUE(desk->files.contents["a.nmi"] == whole.index);
             EXPECT_TRUE(desk->notes.sets[0].readOnly);
             desk->files.log.clear();
-            EXPECT_EQ(SaveAt(*desk, "mine"), SaveResult::kStopped);
+            EXPECT_EQ(SaveAt(*desk, "mine"), NoteSaveResult::kStopped);
             EXPECT_EQ(desk->files.log.size(), 1u);  // the box alone: no file is opened
         }
     }

@@ -88,8 +88,10 @@ void LoadNoteSets() {
     for (const NoteSet& set : theNotes.sets.sets) InsertTab(theNotes.tabs, index++, NoteSetName(set));
     const HWND frame = FrameOf(theNotes.tabs);
     if (!opened.created) Complain(frame, kCannotCreateNotes);
-    if (!opened.report.empty())
-        Inform(frame, opened.report.c_str(), kMendedCaption, opened.hasDamaged ? MB_ICONWARNING : MB_ICONINFORMATION);
+    if (!opened.report.empty()) {
+        const UINT icon = opened.hasDamaged ? MB_ICONWARNING : MB_ICONINFORMATION;
+        MessageBoxA(frame, opened.report.c_str(), kMendedCaption, MB_OK | icon | MB_SYSTEMMODAL);  // before the splash
+    }
 }
 
 void SetNotesFont(const FontChoice& choice) {

@@ -2,13 +2,9 @@
 
 #include <vector>
 
-void Inform(HWND owner, const char* text, const char* caption, UINT icon) {
-    const bool starting = owner && !IsWindowVisible(owner);  // a splash may stand in front of everything
-    MessageBoxA(owner, text, caption, MB_OK | icon | (starting ? MB_SYSTEMMODAL : 0));
-}
-
 void Complain(HWND owner, const char* text, const char* caption) {
-    Inform(owner, text, caption, MB_ICONSTOP);
+    const bool starting = owner && !IsWindowVisible(owner);  // a splash may stand in front of everything
+    MessageBoxA(owner, text, caption, MB_OK | MB_ICONSTOP | (starting ? MB_SYSTEMMODAL : 0));
 }
 
 std::string ControlText(HWND dialog, int control, int limit) {

@@ -8,8 +8,7 @@
 inline constexpr char kErrorCaption[] = "Error";
 inline constexpr char kCopyErrorCaption[] = "Copy Error";
 
-// A message box with OK and `icon` (MB_ICONINFORMATION and so on), or with the stop icon.
-void Inform(HWND owner, const char* text, const char* caption, UINT icon);
+// A message box with the stop icon and OK.
 void Complain(HWND owner, const char* text, const char* caption = kErrorCaption);
 
 // Text of a control of `dialog`, at most `limit` characters.
