@@ -6,4 +6,5 @@ FormatOptions theFormat;
 
 void DropSelection() {
     theSelection.SelectionOwner = kNobody;
+    theSelection.dragging = false;
 }

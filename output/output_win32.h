@@ -9,5 +9,5 @@ extern Selection theSelection;
 extern ReadingOptions theReading;
 extern FormatOptions theFormat;
 
-// Lets go of the selection, wherever it is.
+// Lets go of the selection, wherever it is, and of the mouse's hold on it.
 void DropSelection();

@@ -6,6 +6,7 @@
 #include "resources/ids.h"
 #include "win32/controls.h"
 #include "win32/panes.h"
+#include "win32/screen.h"
 
 void PaintPane(ReadingPane& pane, COLORREF keyWordColor, const std::function<void(const RECT& client)>& layOut) {
     PAINTSTRUCT paint;
@@ -71,6 +72,7 @@ void PaneGotFocus(ReadingPane& pane, SelectionOwnerId owner, HWND before) {
 
 void PaneLostFocus(const ReadingPane& pane) {
     DestroyCaret();
+    ReleaseMouse(pane);
     DropSelection();
     SendCommand(FrameOf(pane.window), IDM_REFRESH);
     RedisplayPane(pane);
@@ -82,4 +84,38 @@ void RedisplayPane(const ReadingPane& pane) {
 
 void FocusPane(const ReadingPane& pane) {
     if (GetFocus() != pane.window) SetFocus(pane.window);
+}
+
+void PressMouse(const ReadingPane& pane, const PaneSelecting& selecting, int x, int y) {
+    if (GetFocus() != pane.window) return FocusPane(pane);
+    const SelectionPoint point = selecting.pointAt(x, y);
+    const bool isWord = point != SelectionPoint{};
+    if (!isWord && theSelection.SelectionOwner != selecting.owner) return;
+    theSelection = {isWord ? selecting.owner : kNobody, point, point, isWord};
+    if (isWord && GetCapture() != pane.window) SetCapture(pane.window);
+    SendCommand(FrameOf(pane.window), IDM_REFRESH);
+    RedisplayPane(pane);
+}
+
+static int StepAtEdge(const ReadingPane& pane, int y) {
+    RECT client{};
+    GetClientRect(pane.window, &client);
+    const int edge = Scaled(6);
+    return y < edge ? -1 : y > client.bottom - edge ? 1 : 0;
+}
+
+// Where no word is, the selection stays as it is. Only what changes is painted.
+void DragMouse(const ReadingPane& pane, const PaneSelecting& selecting, int x, int y, UINT keys) {
+    if (!(keys & MK_LBUTTON) || !theSelection.dragging || theSelection.SelectionOwner != selecting.owner) return;
+    const int by = StepAtEdge(pane, y);
+    if (by != 0) selecting.step(by);
+    const SelectionPoint point = selecting.pointAt(x, y);
+    if (point == SelectionPoint{} || point == theSelection.end) return;
+    theSelection.end = point;
+    RedisplayPane(pane);
+}
+
+void ReleaseMouse(const ReadingPane& pane) {
+    theSelection.dragging = false;
+    if (GetCapture() == pane.window) ReleaseCapture();
 }

@@ -1,4 +1,5 @@
-// What the two panes that show scripture have in common: drawing off the screen, scrolling by items, and the focus.
+// What the two panes that show scripture have in common: drawing off the screen, scrolling by items, the focus, and the
+// selection of words by the mouse.
 #pragma once
 
 #include <functional>
@@ -38,3 +39,17 @@ void RedisplayPane(const ReadingPane& pane);
 
 // Gives the pane the focus where it has none.
 void FocusPane(const ReadingPane& pane);
+
+// How a pane takes part in the selection of words.
+struct PaneSelecting {
+    SelectionOwnerId owner = kNobody;
+    SelectionPoint (*pointAt)(int x, int y) = nullptr;  // word at a point of the client area; (-1, -1): none
+    void (*step)(int by) = nullptr;                     // moves the top by an item, -1 or 1, where there is one
+};
+
+// The left button goes down, the mouse moves with `keys` held, the button goes up: a press in a pane with the focus
+// begins a selection, which the mouse takes along, also outside the pane. A press in another pane only gives it the
+// focus; one where no word is selects nothing. Each move near the upper or lower edge moves the text by an item.
+void PressMouse(const ReadingPane& pane, const PaneSelecting& selecting, int x, int y);
+void DragMouse(const ReadingPane& pane, const PaneSelecting& selecting, int x, int y, UINT keys);
+void ReleaseMouse(const ReadingPane& pane);

@@ -4,6 +4,8 @@
 
 #include "notes/notes_window.h"
 #include "output/output_win32.h"
+#include "output/selection_commands_win32.h"
+#include "passage/passage_copy.h"
 #include "resources/ids.h"
 #include "scripture/scripture_win32.h"
 #include "win32/controls.h"
@@ -120,8 +122,38 @@ static void OnKillFocus(HWND, HWND) {
     PaneLostFocus(thePassage);
 }
 
-static void OnLButtonDown(HWND, BOOL, int, int, UINT) {
-    FocusPane(thePassage);
+// The selection of words.
+
+static SelectionPoint PointAt(int x, int y) {
+    return HasText() ? HitTestPassage(CurrentFlow(), x, y) : SelectionPoint{};
+}
+
+static void StepTop(int by) {
+    const int top = ClampVerse(thePassage.view.TopVerse + by);
+    if (top != thePassage.view.TopVerse) ScrollToVerse(top);
+}
+
+static constexpr PaneSelecting kSelecting = {kPassageOwns, PointAt, StepTop};
+
+static void OnLButtonDown(HWND, BOOL, int x, int y, UINT) {
+    PressMouse(thePassage, kSelecting, x, y);
+}
+
+static void OnMouseMove(HWND, int x, int y, UINT keys) {
+    DragMouse(thePassage, kSelecting, x, y, keys);
+}
+
+static void OnLButtonUp(HWND, int, int, UINT) {
+    ReleaseMouse(thePassage);
+}
+
+static std::string TextOfSelection() {
+    return PassageCopyText(theScripture, theReading, theFormat.Brackets != 0, theSelection);
+}
+
+static void OnCommand(HWND window, int command, HWND, UINT) {
+    RunSelectionCommand(window, {kPassageOwns, TextOfSelection, "ReadWndCopyError -- Please notify the author!!"},
+                        command);
 }
 
 static BOOL OnCreate(HWND window, CREATESTRUCTA*) {
@@ -139,6 +171,10 @@ static LRESULT CALLBACK PassageProcedure(HWND window, UINT message, WPARAM wPara
         HANDLE_MSG(window, WM_VSCROLL, OnVScroll);
         HANDLE_MSG(window, WM_MOUSEWHEEL, OnMouseWheel);
         HANDLE_MSG(window, WM_LBUTTONDOWN, OnLButtonDown);
+        HANDLE_MSG(window, WM_MOUSEMOVE, OnMouseMove);
+        HANDLE_MSG(window, WM_LBUTTONUP, OnLButtonUp);
+        HANDLE_MSG(window, WM_COMMAND, OnCommand);
+        case WM_CAPTURECHANGED: return ReleaseMouse(thePassage), 0;
         case WM_ERASEBKGND: return TRUE;  // the paint covers all of the pane
     }
     return DefWindowProcA(window, message, wParam, lParam);

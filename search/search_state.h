@@ -36,7 +36,8 @@ struct SearchResult {
 };
 
 struct SearchState {
-    std::string searchText;
+    std::string searchText;      // what the dialogs for words and phrases begin with
+    std::string NoteSearchText;  // the same of the search of the notes, at most 149 characters
     SearchOptions options;
     SearchRange range;
     std::array<std::string, kHistorySize> history = {" ", " ", " ", " ", " ", " ", " ", " ", " ", " "};  // newest first

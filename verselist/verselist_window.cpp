@@ -6,10 +6,12 @@
 #include "notes/notes_window.h"
 #include "output/label_text.h"
 #include "output/output_win32.h"
+#include "output/selection_commands_win32.h"
 #include "passage/passage_window.h"
 #include "resources/ids.h"
 #include "scripture/scripture_win32.h"
 #include "search/search_win32.h"
+#include "verselist/verse_list_copy.h"
 #include "win32/controls.h"
 #include "win32/panes.h"
 #include "win32/screen.h"
@@ -265,16 +267,43 @@ static void OnKillFocus(HWND, HWND) {
     PaneLostFocus(theVerseList);
 }
 
-static void OnLButtonDown(HWND, BOOL, int, int, UINT) {
-    FocusPane(theVerseList);
+// The selection of words.
+
+static SelectionPoint PointAt(int x, int y) {
+    return HasEntries() && HasFaces(theVerseList.faces) ? HitTestVerseList(CurrentFlow(), x, y) : SelectionPoint{};
+}
+
+static void StepTop(int by) {
+    const int top = ClampEntry(theVerseList.list, theVerseList.list.ListTop + by);
+    if (top != theVerseList.list.ListTop) SetTop(top);
+}
+
+static constexpr PaneSelecting kSelecting = {kVerseListOwns, PointAt, StepTop};
+
+static void OnLButtonDown(HWND, BOOL, int x, int y, UINT) {
+    PressMouse(theVerseList, kSelecting, x, y);
+}
+
+static void OnMouseMove(HWND, int x, int y, UINT keys) {
+    DragMouse(theVerseList, kSelecting, x, y, keys);
+}
+
+static void OnLButtonUp(HWND, int, int, UINT) {
+    ReleaseMouse(theVerseList);
+}
+
+static std::string TextOfSelection() {
+    return VerseListCopyText(theScripture, theVerseList.list, theFormat.Brackets != 0, theSelection);
 }
 
 static void OnCommand(HWND window, int command, HWND, UINT) {
+    if (RunSelectionCommand(window, {kVerseListOwns, TextOfSelection}, command)) return;
     switch (command) {
         case IDM_DELETE_ENTRY: DeleteCurrentEntry(); break;
         case IDM_CONTEXT:
         case IDM_COPY_VERSE_LIST:
         case IDM_SAVE_VERSE_LIST:
+        case IDM_PRINT_VERSE_LIST:
         case IDM_NOTE_FOR_LIST: SendCommand(FrameOf(window), command); break;
     }
 }
@@ -295,7 +324,10 @@ static LRESULT CALLBACK VerseListProcedure(HWND window, UINT message, WPARAM wPa
         HANDLE_MSG(window, WM_VSCROLL, OnVScroll);
         HANDLE_MSG(window, WM_MOUSEWHEEL, OnMouseWheel);
         HANDLE_MSG(window, WM_LBUTTONDOWN, OnLButtonDown);
+        HANDLE_MSG(window, WM_MOUSEMOVE, OnMouseMove);
+        HANDLE_MSG(window, WM_LBUTTONUP, OnLButtonUp);
         HANDLE_MSG(window, WM_COMMAND, OnCommand);
+        case WM_CAPTURECHANGED: return ReleaseMouse(theVerseList), 0;
         case WM_ERASEBKGND: return TRUE;  // the paint covers all of the pane
     }
     return DefWindowProcA(window, message, wParam, lParam);

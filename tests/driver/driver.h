@@ -172,6 +172,10 @@ void Click(const Program& program, HWND window, POINT point, MouseButton button 
 void Click(const Program& program, HWND window);  // in its middle
 void DoubleClick(const Program& program, HWND window, POINT point);
 void Drag(const Program& program, HWND window, POINT from, POINT to);
+// Parts of a drag; the point may lie outside the window.
+void HoldMouse(const Program& program, HWND window, POINT point);  // moves there and presses the left button
+void MoveMouse(const Program& program, HWND window, POINT point);
+void LetMouseGo(const Program& program);
 // Over the window's middle, by notches; above zero: away from the user. Which window it reaches is the system's affair:
 // Wine and newer Windows give it to the one under the mouse, older Windows to the one with the focus.
 void Wheel(const Program& program, HWND window, int notches);

@@ -129,15 +129,20 @@ void ReleaseMouse(const Program& program) {
     Settle(program);
 }
 
-// Two clicks of a test are never meant as one double click.
+// Two clicks of a test are never meant as one double click, which they would be soon after one another in one place.
 static std::chrono::steady_clock::time_point lastPress;
+static POINT lastPlace{-1000, -1000};  // on the screen
 
-static void LetDoubleClickTimePass() {
-    std::this_thread::sleep_until(lastPress + std::chrono::milliseconds(GetDoubleClickTime() + 20));
+static void LetDoubleClickTimePass(HWND window, POINT point) {
+    ClientToScreen(window, &point);
+    const bool isNear = std::abs(point.x - lastPlace.x) <= GetSystemMetrics(SM_CXDOUBLECLK) &&
+                        std::abs(point.y - lastPlace.y) <= GetSystemMetrics(SM_CYDOUBLECLK);
+    if (isNear) std::this_thread::sleep_until(lastPress + std::chrono::milliseconds(GetDoubleClickTime() + 20));
+    lastPlace = point;
 }
 
 void Click(const Program& program, HWND window, POINT point, MouseButton button) {
-    LetDoubleClickTimePass();
+    LetDoubleClickTimePass(window, point);
     const bool isLeft = button == MouseButton::Left;
     SendEvents({MoveTo(window, point)});
     Settle(program);
@@ -154,26 +159,37 @@ void Click(const Program& program, HWND window) {
 }
 
 void DoubleClick(const Program& program, HWND window, POINT point) {
-    LetDoubleClickTimePass();
+    LetDoubleClickTimePass(window, point);
     SendEvents({MoveTo(window, point), MouseEvent(MOUSEEVENTF_LEFTDOWN), MouseEvent(MOUSEEVENTF_LEFTUP),
                 MouseEvent(MOUSEEVENTF_LEFTDOWN), MouseEvent(MOUSEEVENTF_LEFTUP)});
     lastPress = std::chrono::steady_clock::now();
     Settle(program);
 }
 
-void Drag(const Program& program, HWND window, POINT from, POINT to) {
-    LetDoubleClickTimePass();
-    constexpr int kSteps = 8;
-    SendEvents({MoveTo(window, from), MouseEvent(MOUSEEVENTF_LEFTDOWN)});
+void HoldMouse(const Program& program, HWND window, POINT point) {
+    LetDoubleClickTimePass(window, point);
+    SendEvents({MoveTo(window, point), MouseEvent(MOUSEEVENTF_LEFTDOWN)});
     Settle(program);
-    for (int step = 1; step <= kSteps; ++step) {
-        SendEvents(
-            {MoveTo(window, {from.x + (to.x - from.x) * step / kSteps, from.y + (to.y - from.y) * step / kSteps})});
-        Settle(program);
-    }
+}
+
+void MoveMouse(const Program& program, HWND window, POINT point) {
+    SendEvents({MoveTo(window, point)});
+    Settle(program);
+}
+
+void LetMouseGo(const Program& program) {
     SendEvents({MouseEvent(MOUSEEVENTF_LEFTUP)});
     lastPress = std::chrono::steady_clock::now();
     Settle(program);
+}
+
+void Drag(const Program& program, HWND window, POINT from, POINT to) {
+    constexpr int kSteps = 8;
+    HoldMouse(program, window, from);
+    for (int step = 1; step <= kSteps; ++step)
+        MoveMouse(program, window,
+                  {from.x + (to.x - from.x) * step / kSteps, from.y + (to.y - from.y) * step / kSteps});
+    LetMouseGo(program);
 }
 
 void Wheel(const Program& program, HWND window, int notches) {

@@ -53,40 +53,64 @@ int LineHeightOf(const PaintedFont& font) {
     return metrics.tmHeight;
 }
 
-// Draws `text` and gives where more would stand. Each letter stands where the width of those before it says: left
-// alone, Wine draws some faces narrower than it measures them.
-static int DrawLetters(HDC dc, int x, const std::string& text) {
-    const int count = static_cast<int>(text.size());
-    std::vector<int> ends(text.size());
+static int ExtentOf(HDC dc, const std::string& text) {
     SIZE size{};
-    GetTextExtentExPointA(dc, text.data(), count, 0, nullptr, ends.data(), &size);
-    for (int letter = 0; letter < count; ++letter)
-        TextOutA(dc, x + (letter > 0 ? ends[letter - 1] : 0), 0, text.data() + letter, 1);
-    return x + static_cast<int>(size.cx);
+    GetTextExtentPoint32A(dc, text.data(), static_cast<int>(text.size()), &size);
+    return static_cast<int>(size.cx);
 }
 
-static int DrawLine(const Sheet& sheet, const PaintedLine& line, const PaintedFont& font) {
+// A piece is `width` wide; its font is selected.
+using DrawPiece = void (*)(const Sheet& sheet, int x, int width, const PaintedPiece& piece);
+
+static void FillBehind(const Sheet& sheet, int x, int width, const PaintedPiece& piece) {
+    const RECT area{x, 0, x + width, sheet.height};
+    if (piece.selected) FillRect(sheet.dc.get(), &area, GetSysColorBrush(COLOR_WINDOWTEXT));
+}
+
+// Each letter stands where the width of those before it says: left alone, Wine draws some faces narrower than it
+// measures them.
+static void DrawLetters(const Sheet& sheet, int x, int, const PaintedPiece& piece) {
+    const HDC dc = sheet.dc.get();
+    const int count = static_cast<int>(piece.text.size());
+    std::vector<int> ends(piece.text.size());
+    SIZE size{};
+    GetTextExtentExPointA(dc, piece.text.data(), count, 0, nullptr, ends.data(), &size);
+    SetTextColor(dc, piece.selected ? GetSysColor(COLOR_WINDOW) : piece.color);
+    for (int letter = 0; letter < count; ++letter)
+        TextOutA(dc, x + (letter > 0 ? ends[letter - 1] : 0), 0, piece.text.data() + letter, 1);
+}
+
+// Gives where more would stand.
+static int DrawPieces(const Sheet& sheet, const PaintedLine& line, const PaintedFont& font, DrawPiece draw) {
     int x = line.left;
     for (const PaintedPiece& piece : line.pieces) {
         const UniqueFont face = FontOf(font, piece.style);
         const HGDIOBJ before = SelectObject(sheet.dc.get(), face.get());
-        SetTextColor(sheet.dc.get(), piece.color);
-        x = DrawLetters(sheet.dc.get(), x, piece.text);
+        const int width = ExtentOf(sheet.dc.get(), piece.text);
+        draw(sheet, x, width, piece);
+        x += width;
         SelectObject(sheet.dc.get(), before);
     }
-    GdiFlush();
     return x;
+}
+
+// Slanted letters reach into the next piece: all of them come after what is behind them.
+static int DrawLine(const Sheet& sheet, const PaintedLine& line, const PaintedFont& font) {
+    DrawPieces(sheet, line, font, FillBehind);
+    const int end = DrawPieces(sheet, line, font, DrawLetters);
+    GdiFlush();
+    return end;
 }
 
 int WidthOf(const std::vector<PaintedPiece>& pieces, const PaintedFont& font) {
     return DrawLine(EmptySheet(1, 1), {pieces}, font);
 }
 
-// How many pixels of the first `width` columns differ.
-static int CountDifferences(const Picture& shown, int top, const Sheet& expected, int width) {
+// How many pixels of the columns `left` to `right` differ.
+static int CountDifferences(const Picture& shown, int top, const Sheet& expected, int left, int right) {
     int count = 0;
     for (int y = 0; y < expected.height && top + y < shown.height; ++y)
-        for (int x = 0; x < width; ++x)
+        for (int x = left; x < right; ++x)
             if (ColorAt(shown, x, top + y) != (expected.pixels[y * expected.width + x] & 0xFFFFFF)) ++count;
     return count;
 }
@@ -95,6 +119,13 @@ static std::string TextOf(const PaintedLine& line) {
     std::string text;
     for (const PaintedPiece& piece : line.pieces) text += piece.text;
     return text;
+}
+
+static int CaretWidthIn(HWND pane) {
+    GUITHREADINFO state{};
+    state.cbSize = sizeof state;
+    GetGUIThreadInfo(GetWindowThreadProcessId(pane, nullptr), &state);
+    return state.hwndCaret == pane ? static_cast<int>(state.rcCaret.right - state.rcCaret.left) : 0;
 }
 
 std::string WrongLines(HWND pane, const std::vector<PaintedLine>& lines, const PaintedFont& font) {
@@ -106,7 +137,7 @@ std::string WrongLines(HWND pane, const std::vector<PaintedLine>& lines, const P
         const Sheet expected = EmptySheet(shown.width, lineHeight);
         const int end = DrawLine(expected, line, font);
         const int compared = line.goesOn && !line.pieces.empty() ? std::min(end, shown.width) : shown.width;
-        const int differences = CountDifferences(shown, top, expected, compared);
+        const int differences = CountDifferences(shown, top, expected, top == 0 ? CaretWidthIn(pane) : 0, compared);
         if (differences > 0)
             wrong += "not at y " + std::to_string(top) + ": \"" + TextOf(line) + "\" (" + std::to_string(differences) +
                      " pixels)\n";
@@ -120,4 +151,20 @@ Picture PictureOfClient(HWND window) {
     GetClientRect(window, &area);
     MapWindowPoints(window, nullptr, reinterpret_cast<POINT*>(&area), 2);
     return PictureOfScreen(area);
+}
+
+static constexpr RECT kSpot{100, 300, 140, 340};
+
+void DropSpot(HWND pane) {
+    RECT place = kSpot;
+    MapWindowPoints(pane, nullptr, reinterpret_cast<POINT*>(&place), 2);
+    const HDC screen = GetDC(nullptr);
+    const HBRUSH ink = CreateSolidBrush(RGB(255, 0, 0));
+    FillRect(screen, &place, ink);
+    DeleteObject(ink);
+    ReleaseDC(nullptr, screen);
+}
+
+bool HasSpot(HWND pane) {
+    return CountPixels(PictureOfClient(pane), kSpot, 0xFF0000) == 40 * 40;
 }

@@ -13,6 +13,7 @@ struct PaintedPiece {
     Style style;
     std::string text;                                // words with the blanks behind them, as they stand
     COLORREF color = GetSysColor(COLOR_WINDOWTEXT);  // of the letters
+    bool selected = false;                           // in the colours of a selection, whatever `color` is
 };
 
 struct PaintedLine {
@@ -33,9 +34,14 @@ int LineHeightOf(const PaintedFont& font = {});
 // How far the pieces reach from the pane's left edge, its margin included.
 int WidthOf(const std::vector<PaintedPiece>& pieces, const PaintedFont& font = {});
 
-// Does the pane show these lines, from its upper edge down? "" or what is wrong, line by line. The pane must not have
-// the focus: its caret stands in the first line.
+// Does the pane show these lines, from its upper edge down? "" or what is wrong, line by line. In a pane with the focus
+// the place of the caret, at the left of the first line, is not compared.
 std::string WrongLines(HWND pane, const std::vector<PaintedLine>& lines, const PaintedFont& font = {});
 
 // What the screen shows of a window's client area.
 Picture PictureOfClient(HWND window);
+
+// An ink spot on a pane (100, 300 to 140, 340) of which the program knows nothing: it goes where the pane is
+// painted.
+void DropSpot(HWND pane);
+bool HasSpot(HWND pane);

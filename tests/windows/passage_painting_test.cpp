@@ -15,17 +15,6 @@ static PaintedLine Empty() {
     return {{}, false};
 }
 
-// A folder whose program shows the Passage alone, at a verse index, as wide as the frame.
-static ScratchFolder FolderOnlyPassage(int verse) {
-    const ScratchFolder folder = FolderWithScripture();
-    WriteSetting(folder, "VIEW", "VerseListWindow", "0");
-    WriteSetting(folder, "VIEW", "NotesWindow", "0");
-    WriteSetting(folder, "MISC", "ReadVerse", std::to_string(verse));
-    for (const auto& [key, value] : {std::pair{"XPos", "20"}, {"YPos", "20"}, {"Width", "1200"}, {"Height", "600"}})
-        WriteSetting(folder, "MISC", key, value);
-    return folder;
-}
-
 struct Painting {
     const char* name;
     int topVerse;
@@ -219,23 +208,6 @@ TEST(PassagePainting, FollowsTheFormatAndTheItalicsThatAreChosen) {
         EXPECT_EQ(WrongLines(PassageOf(program), {first}), "") << command;
         EXPECT_EQ(Top(program), "Genesis 37:21");
     }
-}
-
-// An ink spot on the screen, of which the program knows nothing: it goes where the program paints.
-static constexpr RECT kSpot{100, 300, 140, 340};
-
-static void DropSpot(HWND pane) {
-    RECT place = kSpot;
-    MapWindowPoints(pane, nullptr, reinterpret_cast<POINT*>(&place), 2);
-    const HDC screen = GetDC(nullptr);
-    const HBRUSH ink = CreateSolidBrush(RGB(255, 0, 0));
-    FillRect(screen, &place, ink);
-    DeleteObject(ink);
-    ReleaseDC(nullptr, screen);
-}
-
-static bool HasSpot(HWND pane) {
-    return CountPixels(PictureOfClient(pane), kSpot, 0xFF0000) == 40 * 40;
 }
 
 TEST(PassagePainting, PaintsNothingWhereNothingMoves) {

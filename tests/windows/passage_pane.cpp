@@ -14,6 +14,16 @@ HWND NoteViewOf(const Program& program) {
     return Child(program.frame, {IDC_NOTE_TABS, IDC_NOTES, IDC_NOTE_VIEW});
 }
 
+ScratchFolder FolderOnlyPassage(int verse) {
+    const ScratchFolder folder = FolderWithScripture();
+    WriteSetting(folder, "VIEW", "VerseListWindow", "0");
+    WriteSetting(folder, "VIEW", "NotesWindow", "0");
+    WriteSetting(folder, "MISC", "ReadVerse", std::to_string(verse));
+    for (const auto& [key, value] : {std::pair{"XPos", "20"}, {"YPos", "20"}, {"Width", "1200"}, {"Height", "600"}})
+        WriteSetting(folder, "MISC", key, value);
+    return folder;
+}
+
 std::string Top(const Program& program) {
     return StatusPart(program, 3);
 }

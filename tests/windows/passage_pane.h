@@ -10,6 +10,9 @@ HWND PassageOf(const Program& program);
 HWND VerseListOf(const Program& program);
 HWND NoteViewOf(const Program& program);
 
+// A folder whose program shows the Passage alone, at a verse index, as wide as the frame.
+ScratchFolder FolderOnlyPassage(int verse);
+
 // Reference of the top verse, as the status bar shows it.
 std::string Top(const Program& program);
 
