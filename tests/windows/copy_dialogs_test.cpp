@@ -154,6 +154,13 @@ TEST(CopyRange, KeepsBracketsAndDropsMarksAsTheFormatSays) {
               " 1:1 " + TextAt("Ge 1:1").substr(1) + " Ge 1:2 " + TextAt("Ge 1:2"));
 }
 
+static HWND MouseCaptureOf(const Program& program) {
+    GUITHREADINFO facts{};
+    facts.cbSize = sizeof facts;
+    GetGUIThreadInfo(program.threadId, &facts);
+    return facts.hwndCapture;
+}
+
 TEST(CopyRange, CopiesTheWholeBible) {
     Program program = StartProgram(FolderWithScripture());
     const std::string all = Copied(program, IDM_COPY_RANGE, "Ge - Re");
@@ -163,6 +170,7 @@ TEST(CopyRange, CopiesTheWholeBible) {
     const std::string end = Piece("20", "Re 22:20") + Piece("21", "Re 22:21");
     EXPECT_EQ(all.substr(all.size() - end.size()), end);
     EXPECT_FALSE(HasDialog(program));
+    EXPECT_EQ(MouseCaptureOf(program), nullptr) << "the mouse is free again";
 }
 
 // ---- The Verse List -------------------------------------------------------------------------------------------------
