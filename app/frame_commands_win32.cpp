@@ -60,8 +60,11 @@ void FocusPassage(int) {
 }
 
 void OpenContextMenu(int) {
+    static constexpr LPARAM kPlace = MAKELPARAM(1, 1);
     const HWND focus = GetFocus();
-    if (focus) SendMessageA(focus, WM_RBUTTONDOWN, MK_RBUTTON, MAKELPARAM(1, 1));
+    if (!focus) return;
+    SendMessageA(focus, WM_RBUTTONDOWN, MK_RBUTTON, kPlace);  // the note view opens its menu here,
+    SendMessageA(focus, WM_RBUTTONUP, 0, kPlace);             // the other panes theirs here
 }
 
 void CopySelection(int) {

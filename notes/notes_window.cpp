@@ -6,6 +6,7 @@
 #include "notes/cross_references.h"
 #include "notes/note_editor_window.h"
 #include "notes/note_files_win32.h"
+#include "notes/note_menu_win32.h"
 #include "notes/note_recovery.h"
 #include "output/faces_win32.h"
 #include "output/output_win32.h"
@@ -13,6 +14,7 @@
 #include "scripture/scripture_win32.h"
 #include "win32/controls.h"
 #include "win32/panes.h"
+#include "win32/popup_menu.h"
 
 NotesPane theNotes;
 
@@ -149,8 +151,21 @@ static LRESULT OnDoubleClick(WPARAM wParam, LPARAM lParam) {
     return result;
 }
 
-static LRESULT CALLBACK ViewProcedure(HWND, UINT message, WPARAM wParam, LPARAM lParam) {
+static void OnViewRButtonDown(HWND view, BOOL, int x, int y, UINT) {
+    if (GetFocus() != view) SetFocus(view);
+    POINT place{x, y};
+    ClientToScreen(view, &place);
+    OpenNoteMenu(place);
+}
+
+static void OnViewContextMenu(HWND view, HWND, UINT x, UINT y) {
+    if (IsMenuByKey(x, y)) OpenNoteMenu(FromCornerOf(view, kKeyMenuOffset, kKeyMenuOffset));
+}
+
+static LRESULT CALLBACK ViewProcedure(HWND view, UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
+        HANDLE_MSG(view, WM_RBUTTONDOWN, OnViewRButtonDown);
+        HANDLE_MSG(view, WM_CONTEXTMENU, OnViewContextMenu);
         case WM_SETFOCUS: OnViewFocus(); break;
         case WM_LBUTTONDBLCLK: return OnDoubleClick(wParam, lParam);
     }

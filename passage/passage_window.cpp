@@ -6,10 +6,12 @@
 #include "output/output_win32.h"
 #include "output/selection_commands_win32.h"
 #include "passage/passage_copy.h"
+#include "passage/passage_menu_win32.h"
 #include "resources/ids.h"
 #include "scripture/scripture_win32.h"
 #include "win32/controls.h"
 #include "win32/panes.h"
+#include "win32/popup_menu.h"
 
 PassagePane thePassage;
 
@@ -151,9 +153,25 @@ static std::string TextOfSelection() {
     return PassageCopyText(theScripture, theReading, theFormat.Brackets != 0, theSelection);
 }
 
+static void OpenMenu(int x, int y) {
+    OpenPassageMenu(FromCornerOf(thePassage.window, x, y));
+}
+
+static void OnRButtonUp(HWND, int x, int y, UINT) {
+    FocusPane(thePassage);
+    OpenMenu(x, y);
+}
+
+static void OnContextMenu(HWND window, HWND under, UINT x, UINT y) {
+    if (IsMenuByKey(x, y)) return OpenMenu(kKeyMenuOffset, kKeyMenuOffset);
+    FORWARD_WM_CONTEXTMENU(window, under, x, y, DefWindowProcA);
+}
+
 static void OnCommand(HWND window, int command, HWND, UINT) {
-    RunSelectionCommand(window, {kPassageOwns, TextOfSelection, "ReadWndCopyError -- Please notify the author!!"},
-                        command);
+    static constexpr SelectedText kSelected = {kPassageOwns, TextOfSelection,
+                                               "ReadWndCopyError -- Please notify the author!!"};
+    if (RunSelectionCommand(window, kSelected, command)) return;
+    if (IsFrameCommandOfPassage(command)) SendCommand(FrameOf(window), command);
 }
 
 static BOOL OnCreate(HWND window, CREATESTRUCTA*) {
@@ -173,7 +191,9 @@ static LRESULT CALLBACK PassageProcedure(HWND window, UINT message, WPARAM wPara
         HANDLE_MSG(window, WM_LBUTTONDOWN, OnLButtonDown);
         HANDLE_MSG(window, WM_MOUSEMOVE, OnMouseMove);
         HANDLE_MSG(window, WM_LBUTTONUP, OnLButtonUp);
+        HANDLE_MSG(window, WM_RBUTTONUP, OnRButtonUp);
         HANDLE_MSG(window, WM_COMMAND, OnCommand);
+        HANDLE_MSG(window, WM_CONTEXTMENU, OnContextMenu);
         case WM_CAPTURECHANGED: return ReleaseMouse(thePassage), 0;
         case WM_ERASEBKGND: return TRUE;  // the paint covers all of the pane
     }

@@ -12,8 +12,10 @@
 #include "scripture/scripture_win32.h"
 #include "search/search_win32.h"
 #include "verselist/verse_list_copy.h"
+#include "verselist/verse_list_menu_win32.h"
 #include "win32/controls.h"
 #include "win32/panes.h"
+#include "win32/popup_menu.h"
 #include "win32/screen.h"
 
 VerseListPane theVerseList;
@@ -296,6 +298,20 @@ static std::string TextOfSelection() {
     return VerseListCopyText(theScripture, theVerseList.list, theFormat.Brackets != 0, theSelection);
 }
 
+static void OpenMenu(int x, int y) {
+    OpenVerseListMenu(FromCornerOf(theVerseList.window, x, y));
+}
+
+static void OnRButtonUp(HWND, int x, int y, UINT) {
+    FocusPane(theVerseList);
+    OpenMenu(x, y);
+}
+
+static void OnContextMenu(HWND window, HWND under, UINT x, UINT y) {
+    if (IsMenuByKey(x, y)) return OpenMenu(kKeyMenuOffset, kKeyMenuOffset);
+    FORWARD_WM_CONTEXTMENU(window, under, x, y, DefWindowProcA);
+}
+
 static void OnCommand(HWND window, int command, HWND, UINT) {
     if (RunSelectionCommand(window, {kVerseListOwns, TextOfSelection}, command)) return;
     switch (command) {
@@ -327,6 +343,8 @@ static LRESULT CALLBACK VerseListProcedure(HWND window, UINT message, WPARAM wPa
         HANDLE_MSG(window, WM_MOUSEMOVE, OnMouseMove);
         HANDLE_MSG(window, WM_LBUTTONUP, OnLButtonUp);
         HANDLE_MSG(window, WM_COMMAND, OnCommand);
+        HANDLE_MSG(window, WM_RBUTTONUP, OnRButtonUp);
+        HANDLE_MSG(window, WM_CONTEXTMENU, OnContextMenu);
         case WM_CAPTURECHANGED: return ReleaseMouse(theVerseList), 0;
         case WM_ERASEBKGND: return TRUE;  // the paint covers all of the pane
     }

@@ -22,6 +22,11 @@ struct DestroyImages {
 };
 using OwnedImageList = std::unique_ptr<std::remove_pointer_t<HIMAGELIST>, DestroyImages>;
 
+struct DestroyMenuHandle {
+    void operator()(HMENU menu) const { DestroyMenu(menu); }
+};
+using OwnedMenu = std::unique_ptr<std::remove_pointer_t<HMENU>, DestroyMenuHandle>;
+
 struct CloseFile {
     void operator()(HANDLE file) const { CloseHandle(file); }
 };

@@ -1,0 +1,66 @@
+#include "win32/popup_menu.h"
+
+#include "win32/controls.h"
+#include "win32/handles.h"
+
+static OwnedMenu MenuOf(const std::vector<MenuRow>& rows);
+
+static void AppendRow(HMENU menu, const MenuRow& row) {
+    const UINT state =
+        (row.greyed ? MF_GRAYED : 0u) | (row.checked ? MF_CHECKED : 0u) | (row.startsColumn ? MF_MENUBARBREAK : 0u);
+    if (!row.submenu.empty()) {
+        OwnedMenu submenu = MenuOf(row.submenu);
+        const auto handle = reinterpret_cast<UINT_PTR>(submenu.get());
+        if (AppendMenuA(menu, state | MF_POPUP, handle, row.text.c_str())) submenu.release();  // goes with its menu
+    } else if (row.text.empty()) {
+        AppendMenuA(menu, MF_SEPARATOR, 0, nullptr);
+    } else {
+        AppendMenuA(menu, state | MF_STRING, static_cast<UINT_PTR>(row.command), row.text.c_str());
+    }
+}
+
+static OwnedMenu MenuOf(const std::vector<MenuRow>& rows) {
+    OwnedMenu menu(CreatePopupMenu());
+    for (const MenuRow& row : rows) AppendRow(menu.get(), row);
+    return menu;
+}
+
+static int ChosenFrom(HWND owner, POINT onScreen, const std::vector<MenuRow>& rows) {
+    const OwnedMenu menu = MenuOf(rows);
+    return TrackPopupMenu(menu.get(), TPM_LEFTALIGN | TPM_TOPALIGN | TPM_RIGHTBUTTON | TPM_RETURNCMD, onScreen.x,
+                          onScreen.y, 0, owner, nullptr);
+}
+
+void OpenPopupMenu(HWND receiver, POINT onScreen, const std::vector<MenuRow>& rows) {
+    const int chosen = ChosenFrom(receiver, onScreen, rows);
+    if (chosen != 0) SendCommand(receiver, chosen);
+}
+
+POINT FromCornerOf(HWND window, int x, int y) {
+    RECT place{};
+    GetWindowRect(window, &place);
+    return {place.left + x, place.top + y};
+}
+
+bool IsMenuByKey(UINT x, UINT y) {
+    static constexpr UINT kNoPlace = 0xFFFF;  // -1, as the message's halves give it
+    return x == kNoPlace && y == kNoPlace;
+}
+
+static std::string TextInMenu(HMENU menu, UINT command) {
+    char text[128] = "";
+    GetMenuStringA(menu, command, text, sizeof text, MF_BYCOMMAND);
+    return text;
+}
+
+std::vector<MenuRow> RowsOfFrameMenu(HWND frame, int first, int count) {
+    std::vector<MenuRow> rows;
+    for (int command = first; command < first + count; ++command) {
+        rows.push_back({command, TextInMenu(GetMenu(frame), static_cast<UINT>(command))});
+    }
+    return rows;
+}
+
+bool IsGreyedInFrame(HWND frame, int command) {
+    return GetMenuState(GetMenu(frame), static_cast<UINT>(command), MF_BYCOMMAND) & MF_GRAYED;
+}
