@@ -238,6 +238,7 @@ struct MenuLine {
 };
 std::vector<MenuLine> MenuLines(const Program& program, int position);  // of one popup of the bar
 std::vector<MenuLine> OpenMenuLines(const Program& program);            // of the popup that is open now
+std::vector<MenuLine> OpenMenuLines(const Program& program, int place);  // of its submenu in this line, open or not
 
 struct ScrollState {
     int lowest = 0;

@@ -115,7 +115,7 @@ std::vector<MenuLine> MenuLines(const Program& program, int position) {
     return LinesOf(program, popup.menu);
 }
 
-std::vector<MenuLine> OpenMenuLines(const Program& program) {
+static HMENU OpenMenu(const Program& program) {
     constexpr UINT kGetMenuOfPopup = 0x01E1;  // MN_GETHMENU
     HWND popup = nullptr;
     WaitUntil(program, "a menu to open", [&] {
@@ -123,7 +123,17 @@ std::vector<MenuLine> OpenMenuLines(const Program& program) {
             if (ClassOf(window) == "#32768") popup = window;
         return popup != nullptr;
     });
-    return LinesOf(program, reinterpret_cast<HMENU>(Ask(program, popup, kGetMenuOfPopup)));
+    return reinterpret_cast<HMENU>(Ask(program, popup, kGetMenuOfPopup));
+}
+
+std::vector<MenuLine> OpenMenuLines(const Program& program) {
+    return LinesOf(program, OpenMenu(program));
+}
+
+std::vector<MenuLine> OpenMenuLines(const Program& program, int place) {
+    const Probe submenu =
+        AskProbe(program, Question(ProbeQuestion::SubMenu, OpenMenu(program), static_cast<UINT>(place)));
+    return LinesOf(program, submenu.menu);
 }
 
 ScrollState VerticalScroll(const Program& program, HWND window) {
