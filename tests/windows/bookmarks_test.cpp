@@ -1,0 +1,110 @@
+// The ten bookmarks: what their menu items say, how they are set, gone to and kept.
+
+#include <gtest/gtest.h>
+
+#include "resources/ids.h"
+#include "tests/windows/painted_lines.h"
+#include "tests/windows/passage_pane.h"
+#include "tests/windows/search_steps.h"
+
+static constexpr int kCount = 10;
+
+// The digit of bookmark `number`, counted from nought: the tenth has 0.
+static std::string DigitOf(int number) {
+    return std::to_string((number + 1) % kCount);
+}
+
+static std::string LabelOf(const Program& program, int number) {
+    return MenuText(program, IDM_GOTO_BOOKMARK + number);
+}
+
+TEST(Bookmarks, NameGenesisWhereNothingIsStored) {
+    Program program = StartProgram(FolderWithScripture());
+    for (int number = 0; number < kCount; ++number) {
+        EXPECT_EQ(LabelOf(program, number), "Genesis 1:1\tCtrl+" + DigitOf(number));
+        EXPECT_EQ(MenuText(program, IDM_SET_BOOKMARK + number),
+                  "Set " + std::to_string(number + 1) + "\tCtrl+Alt+" + DigitOf(number));
+        Command(program, IDM_GOTO_BOOK + 66);
+        Press(program, "Ctrl+" + DigitOf(number));
+        EXPECT_EQ(Top(program), "Genesis 1:1") << number;
+    }
+}
+
+static std::string FirstVerseOf(const Program& program, int book) {
+    return MenuText(program, IDM_GOTO_BOOK + book) + " 1:1";
+}
+
+TEST(Bookmarks, AreSetAndFollowedByKeysAndKeptForTheNextStart) {
+    const ScratchFolder folder = FolderWithScripture();
+    Program program = StartProgram(folder);
+    for (int number = 0; number < kCount; ++number) {
+        Command(program, IDM_GOTO_BOOK + 40 + number);
+        Press(program, "Ctrl+Alt+" + DigitOf(number));
+        EXPECT_FALSE(IsInMenu(program)) << number;
+        EXPECT_EQ(LabelOf(program, number), FirstVerseOf(program, 40 + number) + "\tCtrl+" + DigitOf(number));
+        EXPECT_EQ(MenuText(program, IDM_SET_BOOKMARK + number),
+                  "Set " + std::to_string(number + 1) + "\tCtrl+Alt+" + DigitOf(number));
+    }
+    EXPECT_EQ(LabelOf(program, 9), "Ephesians 1:1\tCtrl+0");
+    for (int number = 0; number < kCount; ++number) {
+        Press(program, "Ctrl+" + DigitOf(number));
+        EXPECT_EQ(Top(program), FirstVerseOf(program, 40 + number));
+    }
+    CloseProgram(program);
+    EXPECT_EQ(Setting(folder, "BOOKMARKS", "1"), "23145");
+
+    Program again = StartProgram(folder);
+    for (int number = kCount - 1; number >= 0; --number) {
+        EXPECT_EQ(LabelOf(again, number), FirstVerseOf(again, 40 + number) + "\tCtrl+" + DigitOf(number));
+        Press(again, "Ctrl+" + DigitOf(number));
+        EXPECT_EQ(Top(again), FirstVerseOf(again, 40 + number));
+    }
+}
+
+TEST(Bookmarks, OutOfADamagedFileNameVersesThatThereAre) {
+    const struct {
+        const char* stored;
+        const char* verse;
+    } kRows[] = {{"40000", "Genesis 1:1"},      {"-1", "Genesis 1:1"},         {"31102", "Genesis 1:1"},
+                 {"words", "Genesis 1:1"},      {"", "Genesis 1:1"},           {"99999999999", "Genesis 1:1"},
+                 {"31101", "Revelation 22:21"}, {"1 and more", "Genesis 1:2"}, {"-2147483648", "Genesis 1:1"},
+                 {"2147483647", "Genesis 1:1"}};
+    static_assert(std::size(kRows) == kCount);
+    const ScratchFolder folder = FolderWithScripture();
+    for (int number = 0; number < kCount; ++number)
+        WriteSetting(folder, "BOOKMARKS", std::to_string(number + 1), kRows[number].stored);
+    Program program = StartProgram(folder);
+    for (int number = 0; number < kCount; ++number) {
+        EXPECT_EQ(LabelOf(program, number), std::string(kRows[number].verse) + "\tCtrl+" + DigitOf(number));
+        Command(program, IDM_GOTO_BOOK + 40);
+        Press(program, "Ctrl+" + DigitOf(number));
+        EXPECT_EQ(Top(program), kRows[number].verse) << number;
+    }
+}
+
+TEST(Bookmarks, LeaveAHiddenPassageHidden) {
+    const ScratchFolder folder = FolderWithScripture();
+    WriteSetting(folder, "BOOKMARKS", "3", "31101");
+    Program program = StartProgram(folder);
+    Press(program, "F3");
+    Press(program, "Ctrl+3");
+    EXPECT_FALSE(IsShown(PassageOf(program)));
+    EXPECT_EQ(StatusPart(program, 2), "Revelation 22:21") << "the note has not followed";
+    Press(program, "F3");
+    EXPECT_EQ(Top(program), "Revelation 22:21");
+}
+
+TEST(Bookmarks, TakeThePassagesVerseWhereverTheFocusIs) {
+    Program program = StartProgram(FolderWithScripture());
+    SearchFor(program, {"grace"});
+    Press(program, "Down");
+    ASSERT_EQ(FocusOf(program), VerseListOf(program));
+    ASSERT_EQ(StatusPart(program, 1), "Genesis 19:19");
+    GoTo(program, "Ps 119:105");
+    Press(program, "Alt+1");
+    Press(program, "Ctrl+Alt+1");
+    EXPECT_EQ(LabelOf(program, 0), "Psalms 119:105\tCtrl+1");
+    Click(program, NoteViewOf(program));
+    Press(program, "Ctrl+Alt+2");
+    EXPECT_EQ(LabelOf(program, 1), "Psalms 119:105\tCtrl+2");
+}
