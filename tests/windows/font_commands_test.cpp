@@ -22,31 +22,71 @@ static void ChooseSize(HWND dialog, const char* points) {
     SendMessageA(dialog, WM_COMMAND, MAKEWPARAM(cmb3, CBN_SELCHANGE), reinterpret_cast<LPARAM>(sizes));
 }
 
-static void AskForFont(const Program& program, int command, const char* points, WORD button) {
+// What a list of the open font dialog stands on: cmb1 the face, cmb2 the style, cmb3 the size.
+static std::string ChosenIn(HWND dialog, int list) {
+    const HWND combo = Child(dialog, {list});
+    const LRESULT row = SendMessageA(combo, CB_GETCURSEL, 0, 0);
+    return row < 0 ? "nothing" : ComboStrings(combo)[static_cast<std::size_t>(row)];
+}
+
+// "Times New Roman, Regular, 12", as the open font dialog stands.
+static std::string FontOnOffer(HWND dialog) {
+    return ChosenIn(dialog, cmb1) + ", " + ChosenIn(dialog, cmb2) + ", " + ChosenIn(dialog, cmb3);
+}
+
+static HWND OpenFontDialog(const Program& program, int command) {
     PostMessageA(program.frame, WM_COMMAND, static_cast<WPARAM>(command), 0);
-    const HWND dialog = WaitForDialog(program, "Font");
-    ChooseSize(dialog, points);
+    return WaitForDialog(program, "Font");
+}
+
+static void LeaveDialog(const Program& program, HWND dialog, WORD button) {
     PostMessageA(dialog, WM_COMMAND, button, 0);
     WaitForNoDialog(program);
     Settle(program);
 }
 
-// 24 points are 32 pixels of the test's screen.
-TEST(Fonts, AreChosenForEachPane) {
+static void AskForFont(const Program& program, int command, const char* points, WORD button) {
+    const HWND dialog = OpenFontDialog(program, command);
+    ChooseSize(dialog, points);
+    LeaveDialog(program, dialog, button);
+}
+
+// Three quarters of a height in pixels are its points on the test's screen.
+TEST(Fonts, AreChosenForEachPaneFromTheCurrentOneAndKept) {
     const struct {
         int command;
+        const char* offered;
+        const char* points;
         const char* key;
-        const char* before;
-    } kRows[] = {{IDM_LIST_FONT, "VerseListFontHeight", "16"},
-                 {IDM_PASSAGE_FONT, "ReadWindowFontHeight", "16"},
-                 {IDM_NOTES_FONT, "NoteFontHeight", "12"}};
+        const char* height;
+    } kRows[] = {
+        {IDM_LIST_FONT, "Times New Roman, Regular, 12", "18", "VerseListFontHeight", "24"},
+        {IDM_PASSAGE_FONT, "Times New Roman, Regular, 12", "24", "ReadWindowFontHeight", "32"},
+        {IDM_NOTES_FONT, "Courier New, Bold, 9", "12", "NoteFontHeight", "16"},
+    };
+    const ScratchFolder folder = FolderWithScripture();
+    WriteSetting(folder, "OPTIONS", "NoteFontWeight", "700");
+    Program program = StartProgram(folder);
     for (const auto& row : kRows) {
-        Program program = StartProgram(FolderWithScripture());
-        AskForFont(program, row.command, "24", IDOK);
-        CloseProgram(program);
-        for (const auto& other : kRows)
-            EXPECT_EQ(Setting(program.folder, "OPTIONS", other.key), &other == &row ? "32" : other.before) << other.key;
+        const HWND dialog = OpenFontDialog(program, row.command);
+        EXPECT_EQ(FontOnOffer(dialog), row.offered);
+        ChooseSize(dialog, row.points);
+        LeaveDialog(program, dialog, IDOK);
     }
+    CloseProgram(program);
+    for (const auto& row : kRows) EXPECT_EQ(Setting(folder, "OPTIONS", row.key), row.height) << row.key;
+    EXPECT_EQ(Setting(folder, "OPTIONS", "NoteFontWeight"), "700");
+
+    Program again = StartProgram(folder);
+    const PaintedFont large{"Times New Roman", 32, 400};
+    EXPECT_EQ(WrongLines(PassageOf(again), {{{{Style::kBold, " Ge 1:1 "}}}}, large), "");
+    const HWND dialog = OpenFontDialog(again, IDM_PASSAGE_FONT);
+    EXPECT_EQ(FontOnOffer(dialog), "Times New Roman, Regular, 24");
+    ChooseSize(dialog, "8");
+    LeaveDialog(again, dialog, IDCANCEL);
+    EXPECT_EQ(WrongLines(PassageOf(again), {{{{Style::kBold, " Ge 1:1 "}}}}, large), "");
+    CloseProgram(again);
+    EXPECT_EQ(Setting(folder, "OPTIONS", "ReadWindowFontHeight"), "32");
 }
 
 TEST(Fonts, OfThePassageTakesPlaceAtOnce) {
@@ -85,6 +125,26 @@ TEST(Fonts, OfTheNotesTakesPlaceAtOnce) {
     EXPECT_GE(changed.bottom, 24) << "the letters have not grown";
 }
 
+static constexpr int kAddToCustomColors = 712;  // of the system's dialog, with its rows of squares
+static constexpr int kCustomColors = 721;
+static constexpr int kRed = 706, kGreen = 707, kBlue = 708;
+
+static HWND OpenColorDialog(const Program& program) {
+    PostMessageA(program.frame, WM_COMMAND, IDM_HIGHLIGHT_COLOR, 0);
+    const HWND dialog = WaitForDialog(program, "Color");
+    Settle(program);
+    return dialog;
+}
+
+static std::string ColorOnOffer(HWND dialog) {
+    return TextOf(dialog, kRed) + " " + TextOf(dialog, kGreen) + " " + TextOf(dialog, kBlue);
+}
+
+static void TypeColor(HWND dialog) {
+    for (const auto& [field, value] : {std::pair{kRed, "192"}, {kGreen, "0"}, {kBlue, "128"}})
+        SetDlgItemTextA(dialog, field, value);
+}
+
 TEST(HighlightColor, IsChosenAndShownAtOnce) {
     Program program = StartProgram(FolderWithScripture());
     Command(program, IDM_WORD_SEARCH);
@@ -96,16 +156,32 @@ TEST(HighlightColor, IsChosenAndShownAtOnce) {
     const RECT all = ClientRectOf(list);
     ASSERT_EQ(CountPixels(PictureOfClient(list), all, 0xC00080), 0);
 
-    Command(program, IDM_HIGHLIGHT_COLOR);
-    const HWND dialog = WaitForDialog(program, "Color");
-    for (const auto& [field, value] : {std::pair{706, "192"}, {707, "0"}, {708, "128"}})
-        SetDlgItemTextA(dialog, field, value);
-    PostMessageA(dialog, WM_COMMAND, IDOK, 0);
-    WaitForNoDialog(program);
-    Settle(program);
+    const HWND dialog = OpenColorDialog(program);
+    TypeColor(dialog);
+    LeaveDialog(program, dialog, IDOK);
     EXPECT_GT(CountPixels(PictureOfClient(list), all, 0xC00080), 0);
     CloseProgram(program);
     EXPECT_EQ(Setting(program.folder, "OPTIONS", "KeyHighlightColor"), std::to_string(RGB(192, 0, 128)));
+}
+
+TEST(HighlightColor, ChooserStartsOnTheCurrentOneAndKeepsCustomColors) {
+    const ScratchFolder folder = FolderWithScripture();
+    WriteSetting(folder, "OPTIONS", "KeyHighlightColor", std::to_string(RGB(10, 20, 30)));
+    Program program = StartProgram(folder);
+    HWND dialog = OpenColorDialog(program);
+    EXPECT_EQ(ColorOnOffer(dialog), "10 20 30");
+    const RECT squares = RectIn(Child(dialog, {kCustomColors}), dialog);
+    TypeColor(dialog);
+    ASSERT_EQ(CountPixels(PictureOfClient(dialog), squares, 0xC00080), 0);
+    SendMessageA(dialog, WM_COMMAND, kAddToCustomColors, 0);
+    LeaveDialog(program, dialog, IDCANCEL);
+
+    dialog = OpenColorDialog(program);
+    EXPECT_EQ(ColorOnOffer(dialog), "10 20 30") << "Cancel has changed the colour";
+    EXPECT_GT(CountPixels(PictureOfClient(dialog), squares, 0xC00080), 0);
+    LeaveDialog(program, dialog, IDCANCEL);
+    CloseProgram(program);
+    EXPECT_EQ(Setting(folder, "OPTIONS", "KeyHighlightColor"), std::to_string(RGB(10, 20, 30)));
 }
 
 // The three modes of italics stand for the Verse List too.
