@@ -28,7 +28,7 @@ void OpenReading(int verse) {
 }
 
 void OpenDaysReading(int command) {
-    const Reading reading = command == IDM_THIS_MORNING ? Reading::kMorning : Reading::kEvening;
+    const ReadingTime reading = command == IDM_THIS_MORNING ? ReadingTime::kMorning : ReadingTime::kEvening;
     OpenReading(VerseOfReading(theNotes.sets, Today(), reading));
 }
 

@@ -6,14 +6,16 @@
 
 struct ReadingRow {
     Date date;
-    Reading reading;
+    ReadingTime reading;
     std::size_t entry;  // of the table: eight bytes a day, four a reading, 31 days a month
 };
 
 static constexpr ReadingRow kReadings[] = {
-    {{1, 1}, Reading::kMorning, 0},    {{1, 1}, Reading::kEvening, 1},     {{1, 31}, Reading::kEvening, 61},
-    {{2, 1}, Reading::kMorning, 62},   {{2, 29}, Reading::kMorning, 118},  {{3, 1}, Reading::kMorning, 124},
-    {{12, 1}, Reading::kMorning, 682}, {{12, 31}, Reading::kMorning, 742}, {{12, 31}, Reading::kEvening, 743},
+    {{1, 1}, ReadingTime::kMorning, 0},     {{1, 1}, ReadingTime::kEvening, 1},
+    {{1, 31}, ReadingTime::kEvening, 61},   {{2, 1}, ReadingTime::kMorning, 62},
+    {{2, 29}, ReadingTime::kMorning, 118},  {{3, 1}, ReadingTime::kMorning, 124},
+    {{12, 1}, ReadingTime::kMorning, 682},  {{12, 31}, ReadingTime::kMorning, 742},
+    {{12, 31}, ReadingTime::kEvening, 743},
 };
 
 TEST(Devotional, FindsEachReadingInItsSlot) {
@@ -28,9 +30,9 @@ TEST(Devotional, OpensTheFirstVerseForAnEmptyEntryAndTheLastForOneBeyondIt) {
     NoteSets notes;
     notes.devotionalTable[1] = 31102;
     notes.devotionalTable[2] = 0xFFFFFFFF;
-    EXPECT_EQ(VerseOfReading(notes, {1, 1}, Reading::kMorning), 0);
-    EXPECT_EQ(VerseOfReading(notes, {1, 1}, Reading::kEvening), kLastVerse);
-    EXPECT_EQ(VerseOfReading(notes, {1, 2}, Reading::kMorning), kLastVerse);
+    EXPECT_EQ(VerseOfReading(notes, {1, 1}, ReadingTime::kMorning), 0);
+    EXPECT_EQ(VerseOfReading(notes, {1, 1}, ReadingTime::kEvening), kLastVerse);
+    EXPECT_EQ(VerseOfReading(notes, {1, 2}, ReadingTime::kMorning), kLastVerse);
 }
 
 TEST(Devotional, HasAChapterOfProverbsForEveryDay) {

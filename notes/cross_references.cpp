@@ -32,13 +32,13 @@ static std::string_view ListAt(std::string_view note, std::size_t caret) {
 
 // ---- Items --------------------------------------------------------------------------------------------------------
 
-struct Place {
+struct NamedVerse {
     int book = 0;
     int chapter = 0;
     int verse = 0;
 };
 
-static int VerseOf(const VerseRecords& records, const Place& place) {
+static int VerseOf(const VerseRecords& records, const NamedVerse& place) {
     return VerseLookup(records, place.book, place.chapter, place.verse);
 }
 
@@ -115,7 +115,7 @@ static std::optional<int> TakeFigures(std::string_view& text) {
 }
 
 // Takes a chapter and a verse, or a verse alone, and all that goes on like a number behind them: "3:16." too.
-static void TakeNumber(std::string_view& text, Place& place) {
+static void TakeNumber(std::string_view& text, NamedVerse& place) {
     if (const auto first = TakeFigures(text)) {
         std::optional<int> second;
         if (Front(text) == ':' || Front(text) == '.') {
@@ -128,7 +128,7 @@ static void TakeNumber(std::string_view& text, Place& place) {
     while (IsInNumber(Front(text))) text.remove_prefix(1);
 }
 
-static bool TakeItem(std::string_view& text, Place& place) {
+static bool TakeItem(std::string_view& text, NamedVerse& place) {
     const int book = TakeBook(text);
     if (book == 0 && !IsDigit(Front(text))) return false;
     if (book != 0) place.book = book;
@@ -154,7 +154,7 @@ static bool IsFull(const std::vector<std::int32_t>& verses) {
 }
 
 // Adds the verses between `first` and the number ahead; the number itself is the next item. "3Jo" is no number.
-static void AddRange(const VerseRecords& records, std::string_view ahead, Place place, int first,
+static void AddRange(const VerseRecords& records, std::string_view ahead, NamedVerse place, int first,
                      std::vector<std::int32_t>& verses) {
     if (!IsDigit(Front(ahead)) || TakeBook(ahead) != 0) return;
     TakeNumber(ahead, place);
@@ -167,7 +167,7 @@ std::vector<std::int32_t> CrossReferences(const VerseRecords& records, std::stri
     std::vector<std::int32_t> verses;
     std::string_view text = ListAt(note, caret);
     const VerseRecord here = RecordOf(records, noteVerse);
-    Place place{here.book, here.chapter, here.verse};
+    NamedVerse place{here.book, here.chapter, here.verse};
     while (!IsFull(verses) && TakeItem(text, place)) {
         const int verse = VerseOf(records, place);
         const bool isRange = TakeSeparator(text) == '-';
