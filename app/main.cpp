@@ -2,6 +2,7 @@
 
 #include "app/frame_window.h"
 #include "app/main_window.h"
+#include "app/single_instance_win32.h"
 #include "app/startup_win32.h"
 #include "notes/note_editor_window.h"
 #include "notes/notes_window.h"
@@ -61,10 +62,11 @@ static void ReleaseRichEdit() {
 
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int showState) {
     SettleWorkingFolder({kVerseTextFile, "*.nmi"}, "Versewell");
-    if (!RegisterClasses()) return 0;
+    if (!ClaimWorkingFolder(kFrameClass) || !RegisterClasses()) return 0;
     const FramePlacement placement = LoadPlacement(SettingsProfile());
     const HWND frame = CreateFrame(placement);
     if (frame) {
+        MarkClaimingFrame(frame);
         ShowWindow(frame, placement.Maxed ? SW_SHOWMAXIMIZED : showState);
         UpdateWindow(frame);
     }

@@ -11,7 +11,6 @@
 #include "verselist/verselist_window.h"
 #include "win32/screen.h"
 
-static constexpr char kFrameClass[] = "Versewell97";  // and its title
 
 static BOOL OnCreate(HWND window, CREATESTRUCTA*) {
     return StartUp(window);

@@ -1,0 +1,99 @@
+#include "app/single_instance_win32.h"
+
+#include <cstdint>
+#include <cstdio>
+#include <string>
+
+#include "win32/controls.h"
+#include "win32/handles.h"
+#include "win32/program_files.h"
+
+static constexpr char kFolderProperty[] = "VersewellFolder";
+static constexpr ULONGLONG kPatience = 5000;  // milliseconds in which a copy starts or ends
+static constexpr DWORD kPause = 50;
+static constexpr char kOpenElsewhere[] =
+    "Versewell is already open with the notes of this folder, perhaps by another user of this computer. Close it there "
+    "first.";
+
+// However the user came there, by a shortened name, a drive letter of his own or a link, it is one folder.
+static std::string CanonicalFolder(const std::string& folder) {
+    const HANDLE opened = CreateFileA(folder.c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                                      nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+    if (opened == INVALID_HANDLE_VALUE) return folder;
+    const OwnedFile owned(opened);
+    std::string path(1024, '\0');
+    const DWORD length = GetFinalPathNameByHandleA(opened, path.data(), static_cast<DWORD>(path.size()), 0);
+    if (length == 0 || length >= path.size()) return folder;
+    path.resize(length);
+    return path;
+}
+
+// Names of system objects are short and hold no backslash, and a window's property holds a number: 32 bits everywhere.
+static std::uint32_t FolderNumber() {
+    std::string folder = CanonicalFolder(WorkingFilePath(""));
+    CharLowerBuffA(folder.data(), static_cast<DWORD>(folder.size()));
+    while (folder.ends_with('\\')) folder.pop_back();
+    std::uint32_t number = 2166136261u;  // FNV-1a
+    for (const char c : folder) number = (number ^ static_cast<unsigned char>(c)) * 16777619u;
+    return number | 1;  // zero is no property
+}
+
+static std::string ClaimName() {
+    char name[48];
+    std::snprintf(name, sizeof name, "Global\\Versewell-%08lX", static_cast<unsigned long>(FolderNumber()));
+    return name;
+}
+
+// The system takes the mutex away when the process ends, however it ends. Another user's mutex cannot be opened.
+static bool TakeMutex(const std::string& name) {
+    const HANDLE mutex = CreateMutexA(nullptr, FALSE, name.c_str());
+    if (mutex != nullptr && GetLastError() != ERROR_ALREADY_EXISTS) return true;
+    if (mutex != nullptr) CloseHandle(mutex);
+    return false;
+}
+
+struct FrameSearch {
+    const char* windowClass;
+    HANDLE mark;
+    HWND found = nullptr;
+};
+
+static BOOL CALLBACK CompareWindow(HWND window, LPARAM parameter) {
+    FrameSearch& search = *reinterpret_cast<FrameSearch*>(parameter);
+    char name[64] = "";
+    GetClassNameA(window, name, sizeof name);
+    if (std::string(name) == search.windowClass && GetPropA(window, kFolderProperty) == search.mark)
+        search.found = window;
+    return search.found == nullptr;
+}
+
+static HANDLE FolderMark() {
+    return reinterpret_cast<HANDLE>(static_cast<UINT_PTR>(FolderNumber()));
+}
+
+static bool BringToFront(const char* windowClass) {
+    FrameSearch search{windowClass, FolderMark()};
+    EnumWindows(CompareWindow, reinterpret_cast<LPARAM>(&search));
+    if (search.found == nullptr) return false;
+    if (IsIconic(search.found)) ShowWindowAsync(search.found, SW_RESTORE);
+    SetForegroundWindow(GetLastActivePopup(search.found));
+    return true;
+}
+
+bool ClaimWorkingFolder(const char* windowClass) {
+    const std::string name = ClaimName();
+    const ULONGLONG start = GetTickCount64();
+    while (!TakeMutex(name)) {
+        if (BringToFront(windowClass)) return false;
+        if (GetTickCount64() - start > kPatience) {
+            Complain(nullptr, kOpenElsewhere);
+            return false;
+        }
+        Sleep(kPause);
+    }
+    return true;
+}
+
+void MarkClaimingFrame(HWND frame) {
+    SetPropA(frame, kFolderProperty, FolderMark());
+}

@@ -1,0 +1,59 @@
+// Two copies of the program on one folder: the second gives way to the first.
+
+#include <windows.h>
+
+#include <gtest/gtest.h>
+
+#include "resources/ids.h"
+#include "tests/driver/driver.h"
+
+// Starts a copy in the folder and waits for its end, which comes by itself.
+static void ExpectGivesWay(const ScratchFolder& folder) {
+    Program second = LaunchProgram(folder);
+    ASSERT_EQ(WaitForSingleObject(second.process.get(), 10000), WAIT_OBJECT_0);
+    DWORD exitCode = 1;
+    GetExitCodeProcess(second.process.get(), &exitCode);
+    EXPECT_EQ(exitCode, 0u);
+}
+
+static void WaitForForeground(const Program& program, HWND window) {
+    WaitUntil(program, "its window in front", [&] { return GetForegroundWindow() == window; });
+}
+
+TEST(SecondCopy, BringsTheFirstToTheFrontAndEnds) {
+    Program first = StartProgram(FolderWithScripture());
+    Program elsewhere = StartProgram(FolderWithScripture());  // another folder is another matter
+    WaitForForeground(elsewhere, elsewhere.frame);
+    ExpectGivesWay(first.folder);
+    WaitForForeground(first, first.frame);
+
+    ShowWindow(first.frame, SW_MINIMIZE);
+    WaitUntil(first, "it is minimized", [&] { return IsIconic(first.frame) != FALSE; });
+    ExpectGivesWay(first.folder);
+    WaitForForeground(first, first.frame);
+    EXPECT_FALSE(IsIconic(first.frame));
+
+    EXPECT_EQ(CloseProgram(first), 0);
+    Program next = StartProgram(first.folder);
+    EXPECT_EQ(CloseProgram(next), 0);
+    EXPECT_EQ(CloseProgram(elsewhere), 0);
+}
+
+TEST(SecondCopy, BringsADialogOfTheFirstToTheFront) {
+    Program first = StartProgram(FolderWithScripture());
+    Command(first, IDM_ABOUT);
+    const HWND dialog = WaitForDialog(first, "About Versewell97");
+    Program elsewhere = StartProgram(FolderWithScripture());
+    WaitForForeground(elsewhere, elsewhere.frame);
+    ExpectGivesWay(first.folder);
+    WaitForForeground(first, dialog);
+}
+
+// A copy that was killed holds nothing.
+TEST(SecondCopy, IsTheFirstAfterAKill) {
+    Program first = StartProgram(FolderWithScripture());
+    TerminateProcess(first.process.get(), 9);
+    WaitForSingleObject(first.process.get(), 10000);
+    Program next = StartProgram(first.folder);
+    EXPECT_EQ(CloseProgram(next), 0);
+}
