@@ -21,7 +21,7 @@ struct TextFile {
 
 enum class NoteFound { kNone, kNote, kUnreadable };
 
-// Where the notes of a saved range come from.
+// Where the notes of a range come from.
 struct NoteSource {
     void* device = nullptr;  // handed back
     // Puts the text of the verse's note into `note`; leaves it alone where there is none or it cannot be read.

@@ -42,8 +42,10 @@ static void ApplyMark(WordReader& reader, std::string_view mark) {
     if (byte == '{') ++reader.keyDepth;
     if (byte == '}' && reader.keyDepth > 0) --reader.keyDepth;
     if (!IsBracket(byte)) return;
-    if (reader.brackets == BracketUse::kItalicFace) reader.italic = byte == '[';
-    if (reader.brackets == BracketUse::kShown) reader.pieces.push_back({Face::kRegular, false, 0, mark});
+    const bool roundItalics = reader.brackets == BracketUse::kShownRoundItalics;
+    if (reader.brackets == BracketUse::kItalicFace || roundItalics) reader.italic = byte == '[';
+    if (reader.brackets == BracketUse::kShown || roundItalics)
+        reader.pieces.push_back({Face::kRegular, false, 0, mark});
 }
 
 static void EndPieceAtMark(WordReader& reader, std::string_view before, std::string_view mark) {

@@ -12,8 +12,9 @@
 #include "output/text_measure.h"
 
 enum class BracketUse {
-    kItalicFace,  // what they enclose is set in the italic face
-    kShown,       // they stand in the text, in the regular face
+    kItalicFace,         // what they enclose is set in the italic face
+    kShown,              // they stand in the text, in the regular face
+    kShownRoundItalics,  // they stand in the regular face, what they enclose in the italic one
     kDropped,
 };
 

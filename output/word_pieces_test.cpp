@@ -42,6 +42,18 @@ TEST(WordPieces, WordsKeepTheBlankBehindThem) {
     for (const PieceRow& row : rows) EXPECT_EQ(Pieces(BracketUse::kDropped, true, row.verse), row.pieces) << row.verse;
 }
 
+TEST(WordPieces, BracketsStandRoundItalics) {
+    const PieceRow rows[] = {
+        {"[it was] good", "r:[|i:it |/i:was|r:]|r: |/r:good |"},
+        {"([is] it", "r:(|r:[|i:is|r:]|r: |/r:it |"},
+        {"un[to]", "r:un|r:[|i:to|r:]|r: |"},
+        {"[] x]", "r:[|r:]|r: |/r:x|r:]|r: |"},
+        {"[a", "r:[|i:a |"},
+    };
+    for (const PieceRow& row : rows)
+        EXPECT_EQ(Pieces(BracketUse::kShownRoundItalics, false, row.verse), row.pieces) << row.verse;
+}
+
 TEST(WordPieces, BracketsAreDropped) {
     const PieceRow rows[] = {
         {"[it was] good", "r:it |/r:was|r: |/r:good |"},

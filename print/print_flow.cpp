@@ -1,0 +1,245 @@
+#include "print/print_flow.h"
+
+#include <algorithm>
+
+#include "output/label_text.h"
+
+static constexpr std::size_t kLongestNoteWord = 100;
+
+// Values of a label style that are asked for; the others are none.
+static constexpr int kFull = 0, kPartial = 1;
+
+// Where a job stands.
+struct PrintWalk {
+    const Scripture& scripture;
+    const PrintOptions& options;
+    const PrinterPage& page;
+    int lineHeight = 0, noteLineHeight = 0;
+    int x = 0, y = 0;
+    bool begun = false;  // a verse was printed
+    int previousBook = 0;
+    WordReader reader{};
+    std::string note{};
+    PrintResult result = PrintResult::kPrinted;
+};
+
+// The pen.
+
+static void GoToTop(PrintWalk& walk) {
+    walk.x = walk.options.box.left;
+    walk.y = walk.options.box.top;
+}
+
+static void GoDown(PrintWalk& walk, int lineHeight) {
+    walk.x = walk.options.box.left;
+    walk.y += lineHeight;
+}
+
+static bool StartPage(PrintWalk& walk) {
+    if (walk.page.startPage(walk.page.device)) return true;
+    walk.result = PrintResult::kCannotStartPage;
+    return false;
+}
+
+static bool TurnPage(PrintWalk& walk) {
+    GoToTop(walk);
+    walk.page.endPage(walk.page.device);
+    return StartPage(walk);
+}
+
+// Brings the pen to where a word of this size may stand. False when the job is over.
+static bool MakeRoom(PrintWalk& walk, int width, int height, int lineHeight) {
+    if (walk.x + width > walk.options.box.right) GoDown(walk, lineHeight);
+    return walk.y + height <= walk.options.box.bottom || TurnPage(walk);
+}
+
+static void PlaceAtPen(PrintWalk& walk, PrintFace face, int width, std::string_view text) {
+    walk.page.draw(walk.page.device, face, walk.x, walk.y, width, text);
+    walk.x += width;
+}
+
+static bool PlaceText(PrintWalk& walk, PrintFace face, int lineHeight, std::string_view text) {
+    const int width = walk.page.width(walk.page.device, face, text);
+    if (!MakeRoom(walk, width, walk.page.height(walk.page.device, face), lineHeight)) return false;
+    PlaceAtPen(walk, face, width, text);
+    return true;
+}
+
+// Labels.
+
+static void AppendLabel(const PrintWalk& walk, const VerseRecord& record, LabelText& label) {
+    const FormatOptions& format = walk.options.format;
+    const bool newBook = walk.begun && record.book != walk.previousBook;
+    const int style = newBook ? kFull : walk.begun ? format.SubsequentVerseStyle : format.FirstVerseStyle;
+    if (style != kFull && style != kPartial) return;
+    AppendText(label, " ");
+    if (style == kFull) {
+        AppendReference(label, record, BookForm::kName);
+    } else {
+        AppendNumber(label, record.chapter);
+        AppendText(label, ":");
+        AppendNumber(label, record.verse);
+    }
+    AppendText(label, " ");
+}
+
+static bool PlaceLabel(PrintWalk& walk, const VerseRecord& record) {
+    LabelText label;
+    if (walk.options.labels == PrintLabels::kReference) {
+        AppendReference(label, record, BookForm::kName);
+        AppendText(label, " ");
+    } else {
+        AppendLabel(walk, record, label);
+    }
+    walk.begun = true;
+    walk.previousBook = record.book;
+    if (label.size > 0) return PlaceText(walk, PrintFace::kBold, walk.lineHeight, TextOf(label));
+    // Verses without labels in one line are parted by a blank, as they are where they are copied.
+    if (walk.x > walk.options.box.left) walk.x += walk.page.width(walk.page.device, PrintFace::kRegular, " ");
+    return true;
+}
+
+// Words of a verse.
+
+static PrintFace FaceOf(const WordPiece& piece) {
+    switch (piece.face) {
+        case Face::kBold: return PrintFace::kBold;
+        case Face::kItalic:
+        case Face::kBoldItalic: return PrintFace::kItalic;
+        case Face::kRegular: break;
+    }
+    return PrintFace::kRegular;
+}
+
+static bool PlacePieces(PrintWalk& walk, std::span<WordPiece> pieces) {
+    int width = 0, height = 0;
+    for (WordPiece& piece : pieces) {
+        piece.width = walk.page.width(walk.page.device, FaceOf(piece), piece.text);
+        width += piece.width;
+        height = std::max(height, walk.page.height(walk.page.device, FaceOf(piece)));
+    }
+    if (!MakeRoom(walk, width, height, walk.lineHeight)) return false;
+    for (const WordPiece& piece : pieces) PlaceAtPen(walk, FaceOf(piece), piece.width, piece.text);
+    return true;
+}
+
+// On paper the last word of a verse has no blank: the label behind it brings one.
+static void TakeClosingBlank(std::vector<WordPiece>& pieces) {
+    if (pieces.empty()) return;
+    pieces.back().text.remove_suffix(1);
+    if (pieces.back().text.empty()) pieces.pop_back();
+}
+
+static bool PlaceWord(PrintWalk& walk) {
+    std::vector<WordPiece>& pieces = walk.reader.pieces;
+    if (HasVerseEnded(walk.reader)) TakeClosingBlank(pieces);
+    if (pieces.empty()) return true;
+    const bool endsWithMark = pieces.back().text.front() == kParagraphMark;
+    if (!endsWithMark || pieces.size() == 1) return PlacePieces(walk, pieces);
+    const std::span<WordPiece> all(pieces);
+    return PlacePieces(walk, all.first(all.size() - 1)) && PlacePieces(walk, all.last(1));
+}
+
+static bool PlaceWords(PrintWalk& walk, std::string_view text) {
+    if (!walk.options.withFirstMark && BeginsParagraph(text)) text.remove_prefix(1);
+    OpenVerse(walk.reader, text);
+    while (ReadWord(walk.reader)) {
+        if (!PlaceWord(walk)) return false;
+    }
+    return true;
+}
+
+// Notes.
+
+static bool PlaceNoteWord(PrintWalk& walk, std::string& word) {
+    if (word.empty()) return true;
+    const bool placed = PlaceText(walk, PrintFace::kNote, walk.noteLineHeight, word);
+    word.clear();
+    return placed;
+}
+
+static bool PlaceNoteCharacter(PrintWalk& walk, int blankWidth, char character, std::string& word) {
+    if (character == '\n') return true;
+    if (character != ' ' && character != '\r') {
+        word.push_back(character);
+        return word.size() < kLongestNoteWord || PlaceNoteWord(walk, word);
+    }
+    if (!PlaceNoteWord(walk, word)) return false;
+    if (character == ' ') walk.x += blankWidth;
+    if (character == '\r') GoDown(walk, walk.noteLineHeight);
+    return true;
+}
+
+static bool PlaceNote(PrintWalk& walk) {
+    const int blankWidth = walk.page.width(walk.page.device, PrintFace::kNote, " ");
+    walk.y += walk.lineHeight;
+    std::string word;
+    for (const char character : walk.note) {
+        if (!PlaceNoteCharacter(walk, blankWidth, character, word)) return false;
+    }
+    if (!PlaceNoteWord(walk, word)) return false;
+    GoDown(walk, walk.noteLineHeight);
+    return true;
+}
+
+static bool EndVerse(PrintWalk& walk, int verse) {
+    const NoteSource* notes = walk.options.notes;
+    const NoteFound found = notes ? notes->noteOf(notes->device, verse, walk.note) : NoteFound::kNone;
+    if (found == NoteFound::kUnreadable) {
+        walk.result = PrintResult::kCannotReadNotes;
+        return false;
+    }
+    const bool hasNote = found == NoteFound::kNote;
+    if (walk.options.lineAfterVerse || hasNote) GoDown(walk, walk.lineHeight);
+    return !hasNote || PlaceNote(walk);
+}
+
+// The job.
+
+static bool PrintVerse(PrintWalk& walk, int verse) {
+    const VerseRecord record = RecordOf(walk.scripture.records, verse);
+    if (record.book == 0) return true;
+    return PlaceLabel(walk, record) && PlaceWords(walk, VerseText(walk.scripture, verse)) && EndVerse(walk, verse);
+}
+
+static void PrintAll(PrintWalk& walk, std::span<const std::int32_t> verses) {
+    for (const int verse : verses) {
+        if (!walk.page.goesOn(walk.page.device) || !PrintVerse(walk, verse)) return;
+    }
+}
+
+PrintResult PrintVerses(const Scripture& scripture, std::span<const std::int32_t> verses, const PrintOptions& options,
+                        const PrinterPage& page) {
+    PrintWalk walk{scripture, options, page};
+    walk.lineHeight = page.height(page.device, PrintFace::kBold);
+    walk.noteLineHeight = options.notes ? page.height(page.device, PrintFace::kNote) : 0;
+    walk.reader.brackets = options.brackets;
+    if (!StartPage(walk)) return walk.result;
+    GoToTop(walk);
+    PrintAll(walk, verses);
+    if (walk.result != PrintResult::kCannotStartPage) page.endPage(page.device);
+    return walk.result;
+}
+
+// Options.
+
+// Unlike on the screen, italics keep their brackets.
+static BracketUse BracketsOf(const ReadingOptions& reading) {
+    if (reading.Italics == kItalicType) return BracketUse::kShownRoundItalics;
+    return reading.Italics == kBracketed ? BracketUse::kShown : BracketUse::kDropped;
+}
+
+PrintOptions RangePrinting(const PageBox& box, const FormatOptions& format, const ReadingOptions& reading,
+                           const NoteSource* notes) {
+    return {box,    BracketsOf(reading),        PrintLabels::kByFormat,
+            format, format.ParagraphMarks != 0, format.LineBreaks != 0,
+            notes};
+}
+
+PrintOptions ListPrinting(const PageBox& box, const ReadingOptions& reading) {
+    PrintOptions options;
+    options.box = box;
+    options.brackets = BracketsOf(reading);
+    options.labels = PrintLabels::kReference;
+    return options;
+}

@@ -1,0 +1,419 @@
+#include "print/print_flow.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <map>
+#include <numeric>
+#include <vector>
+
+#include "tests/support/hand_made_scripture.h"
+#include "tests/support/native_scripture.h"
+
+// A printer whose letters are ten wide, its lines twenty high and those of the note face thirteen. It writes down what
+// it is given: "(" and ")" where a page begins and ends, and "b10,20:text|" for a text in the bold face.
+struct PaperTape {
+    std::string tape;
+    int pages = 0;
+    int failingPage = 0;     // counted from 1; 0: none
+    int patience = 1000000;  // verses after which the user has had enough
+    int italicHeight = 20;
+};
+
+static PaperTape& TapeOf(void* device) {
+    return *static_cast<PaperTape*>(device);
+}
+
+static int WidthOf(void*, PrintFace, std::string_view text) {
+    return 10 * static_cast<int>(text.size());
+}
+
+static int HeightOf(void* device, PrintFace face) {
+    return face == PrintFace::kNote ? 13 : face == PrintFace::kItalic ? TapeOf(device).italicHeight : 20;
+}
+
+static void Draw(void* device, PrintFace face, int x, int y, int width, std::string_view text) {
+    EXPECT_EQ(width, WidthOf(device, face, text));
+    EXPECT_FALSE(text.empty());
+    std::string& tape = TapeOf(device).tape;
+    tape += "rbin"[static_cast<std::size_t>(face)];
+    tape += std::to_string(x) + "," + std::to_string(y) + ":";
+    tape.append(text) += '|';
+}
+
+static bool StartTapePage(void* device) {
+    PaperTape& tape = TapeOf(device);
+    if (++tape.pages == tape.failingPage) return false;
+    tape.tape += '(';
+    return true;
+}
+
+static bool EndTapePage(void* device) {
+    TapeOf(device).tape += ')';
+    return true;
+}
+
+static bool GoesOn(void* device) {
+    return TapeOf(device).patience-- > 0;
+}
+
+static PrinterPage PageOver(PaperTape& tape) {
+    return {&tape, WidthOf, HeightOf, Draw, StartTapePage, EndTapePage, GoesOn};
+}
+
+using NoteTexts = std::map<int, std::string>;
+static constexpr char kUnreadableNote[] = "cannot be read";
+
+static NoteFound NoteOf(void* device, int verse, std::string& note) {
+    const NoteTexts& notes = *static_cast<const NoteTexts*>(device);
+    const auto found = notes.find(verse);
+    if (found == notes.end()) return NoteFound::kNone;
+    if (found->second == kUnreadableNote) return NoteFound::kUnreadable;
+    note = found->second;
+    return NoteFound::kNote;
+}
+
+// What a test prints, with the settings of a page that nothing wraps on.
+struct Job {
+    std::vector<HandMadeVerse> verses;
+    PageBox box{100, 1000, 10000, 9000};
+    FormatOptions format;
+    ReadingOptions reading;
+    NoteTexts notes;
+    bool withNotes = false;
+    bool asList = false;
+};
+
+static PrintResult Print(const Job& job, PaperTape& tape) {
+    const HandMadeFiles files = MakeFiles(job.verses);
+    std::vector<std::int32_t> verses(job.verses.size());
+    std::iota(verses.begin(), verses.end(), 0);
+    const NoteSource source{const_cast<NoteTexts*>(&job.notes), NoteOf};
+    const PrintOptions options =
+        job.asList ? ListPrinting(job.box, job.reading)
+                   : RangePrinting(job.box, job.format, job.reading, job.withNotes ? &source : nullptr);
+    return PrintVerses(ScriptureOf(files), verses, options, PageOver(tape));
+}
+
+static std::string Printed(const Job& job) {
+    PaperTape tape;
+    EXPECT_EQ(Print(job, tape), PrintResult::kPrinted);
+    return tape.tape;
+}
+
+static Job Range(std::vector<HandMadeVerse> verses, FormatOptions format = {}) {
+    Job job;
+    job.verses = std::move(verses);
+    job.format = format;
+    return job;
+}
+
+static FormatOptions Styles(int first, int later) {
+    FormatOptions format;
+    format.FirstVerseStyle = static_cast<std::int8_t>(first);
+    format.SubsequentVerseStyle = static_cast<std::int8_t>(later);
+    return format;
+}
+
+// ---- Labels ---------------------------------------------------------------------------------------------------------
+
+// The texts in the bold face, in their order.
+static std::vector<std::string> LabelsIn(const std::string& tape) {
+    std::vector<std::string> labels;
+    for (std::size_t at = tape.find_first_of("b"); at != std::string::npos; at = tape.find("b", at + 1)) {
+        const std::size_t text = tape.find(':', at) + 1;
+        labels.push_back(tape.substr(text, tape.find('|', text) - text));
+    }
+    return labels;
+}
+
+TEST(PrintedLabels, FollowTheStylesOfTheFormat) {
+    const std::vector<HandMadeVerse> verses = {{1, 50, 25, "x"}, {1, 50, 26, "x"}, {2, 1, 1, "x"}, {2, 1, 2, "x"}};
+    using Labels = std::vector<std::string>;
+    const struct {
+        int first, later;
+        Labels labels;
+    } rows[] = {
+        {0, 0, {" Genesis 50:25 ", " Genesis 50:26 ", " Exodus 1:1 ", " Exodus 1:2 "}},
+        {0, 1, {" Genesis 50:25 ", " 50:26 ", " Exodus 1:1 ", " 1:2 "}},
+        {1, 2, {" 50:25 ", " Exodus 1:1 "}},  // a new book is named whatever the style
+        {2, 1, {" 50:26 ", " Exodus 1:1 ", " 1:2 "}},
+        {2, 2, {" Exodus 1:1 "}},
+        {-1, 7, {" Exodus 1:1 "}},  // what the settings may hold
+    };
+    for (const auto& [first, later, labels] : rows)
+        EXPECT_EQ(LabelsIn(Printed(Range(verses, Styles(first, later)))), labels) << first << later;
+}
+
+TEST(PrintedLabels, StandBeforeTheVerseWhateverTheFormat) {
+    FormatOptions format;
+    format.Location = 1;
+    EXPECT_EQ(Printed(Range({{1, 1, 1, "In"}}, format)), "(b100,1000: Genesis 1:1 |r230,1000:In|)");
+}
+
+TEST(PrintedLabels, OfTheListAreWholeAndWithoutBlankBefore) {
+    Job list = Range({{1, 1, 1, "In"}, {66, 22, 21, "Amen"}, {66, 22, 20, "Even"}}, Styles(2, 2));
+    list.asList = true;
+    EXPECT_EQ(Printed(list),
+              "(b100,1000:Genesis 1:1 |r220,1000:In|b100,1020:Revelation 22:21 |r270,1020:Amen|"
+              "b100,1040:Revelation 22:20 |r270,1040:Even|)");
+}
+
+// ---- Words ----------------------------------------------------------------------------------------------------------
+
+TEST(PrintedWords, KeepTheirBlankButTheLast) {
+    EXPECT_EQ(Printed(Range({{1, 1, 1, "And God said"}}, Styles(2, 2))),
+              "(r100,1000:And |r140,1000:God |r180,1000:said|)");
+    EXPECT_EQ(Printed(Range({{1, 1, 1, ""}, {1, 1, 2, "x"}}, Styles(2, 2))), "(r100,1020:x|)");
+}
+
+TEST(PrintedWords, WrapWhereTheyAndTheirBlankGoPastTheRightLimit) {
+    const struct {
+        int right;
+        const char* tape;
+    } rows[] = {
+        {180, "(r100,1000:And |r140,1000:God |r100,1020:said|)"},  // ends on the limit: stays
+        {179, "(r100,1000:And |r100,1020:God |r100,1040:said|)"},  // would fit only without its blank
+        {220, "(r100,1000:And |r140,1000:God |r180,1000:said|)"},
+        {219, "(r100,1000:And |r140,1000:God |r100,1020:said|)"},
+        {120, "(r100,1020:And |r100,1040:God |r100,1060:said|)"},  // wider than the page: a line each, from the second
+    };
+    for (const auto& [right, tape] : rows) {
+        Job job = Range({{1, 1, 1, "And God said"}}, Styles(2, 2));
+        job.box.right = right;
+        EXPECT_EQ(Printed(job), tape) << right;
+    }
+}
+
+TEST(PrintedWords, OfALabelWrapAsOne) {
+    Job job = Range({{1, 1, 1, "In"}, {1, 1, 2, "And"}});
+    job.format.LineBreaks = 0;
+    job.box.right = 300;
+    EXPECT_EQ(Printed(job), "(b100,1000: Genesis 1:1 |r230,1000:In|b250,1000: 1:2 |r100,1020:And|)");
+    job.box.right = 299;
+    EXPECT_EQ(Printed(job), "(b100,1000: Genesis 1:1 |r230,1000:In|b100,1020: 1:2 |r150,1020:And|)");
+}
+
+TEST(PrintedWords, GoOnInTheLineWithoutLineBreaks) {
+    Job job = Range({{1, 1, 1, "In"}, {1, 1, 2, "And"}}, Styles(2, 2));
+    EXPECT_EQ(Printed(job), "(r100,1000:In|r100,1020:And|)");
+    job.format.LineBreaks = 0;
+    EXPECT_EQ(Printed(job), "(r100,1000:In|r130,1000:And|)") << "parted by a blank where no label does it";
+}
+
+TEST(PrintedWords, KeepParagraphMarksAsTheFormatSays) {
+    const std::vector<HandMadeVerse> verses = {{1, 1, 1,
+                                                "\xB6In it\xB6"
+                                                "And \xB6So"}};
+    FormatOptions format = Styles(2, 2);
+    EXPECT_EQ(
+        Printed(Range(verses, format)),
+        "(r100,1000:\xB6 |r120,1000:In |r150,1000:it|r170,1000:\xB6 |r190,1000:And |r230,1000:\xB6 |r250,1000:So|)");
+    format.ParagraphMarks = 0;  // speaks of the one at the start
+    EXPECT_EQ(Printed(Range(verses, format)),
+              "(r100,1000:In |r130,1000:it|r150,1000:\xB6 |r170,1000:And |r210,1000:\xB6 |r230,1000:So|)");
+    Job list = Range({{1, 1, 1, "\xB6In"}}, format);
+    list.asList = true;
+    EXPECT_EQ(Printed(list), "(b100,1000:Genesis 1:1 |r220,1000:\xB6 |r240,1000:In|)");
+}
+
+TEST(PrintedWords, InsideTheTextAParagraphMarkIsAWordOfItsOwn) {
+    Job job = Range({{1, 1, 1,
+                      "it\xB6"
+                      "And"}},
+                    Styles(2, 2));
+    job.box.right = 130;
+    EXPECT_EQ(Printed(job), "(r100,1000:it|r100,1020:\xB6 |r100,1040:And|)");
+}
+
+TEST(PrintedBrackets, FollowTheItalicsMode) {
+    const struct {
+        int mode;
+        const char* tape;
+    } rows[] = {
+        {0, "(r100,1000:a |r120,1000:[|i130,1000:was |i170,1000:on|r190,1000:]|r200,1000: |r210,1000:b|)"},
+        {1, "(r100,1000:a |r120,1000:[was |r170,1000:on] |r210,1000:b|)"},
+        {2, "(r100,1000:a |r120,1000:was |r160,1000:on|r180,1000: |r190,1000:b|)"},
+        {9, "(r100,1000:a |r120,1000:was |r160,1000:on|r180,1000: |r190,1000:b|)"},
+    };
+    for (const auto& [mode, tape] : rows) {
+        Job job = Range({{1, 1, 1, "a [was on] b"}}, Styles(2, 2));
+        job.reading.Italics = static_cast<std::int8_t>(mode);
+        job.format.Brackets = 0;
+        EXPECT_EQ(Printed(job), tape) << mode;
+        job.format.Brackets = 1;  // speaks of copied text
+        EXPECT_EQ(Printed(job), tape) << mode;
+        job.asList = true;
+        EXPECT_NE(Printed(job).find(mode == 0 ? ":[|i" : mode == 1 ? ":[was |" : ":was |"), std::string::npos) << mode;
+    }
+}
+
+TEST(PrintedBrackets, StayWithTheirWord) {
+    Job job = Range({{1, 1, 1, "a [was]"}}, Styles(2, 2));
+    job.box.right = 169;
+    EXPECT_EQ(Printed(job), "(r100,1000:a |r100,1020:[|i110,1020:was|r140,1020:]|)");
+}
+
+// ---- Pages ----------------------------------------------------------------------------------------------------------
+
+TEST(PrintedPages, TurnWhereTheNextLineWouldCrossTheBottom) {
+    const std::vector<HandMadeVerse> verses = {{1, 1, 1, "a"}, {1, 1, 2, "b"}, {1, 1, 3, "c"}, {1, 1, 4, "d"}};
+    const struct {
+        int bottom;
+        const char* tape;
+    } rows[] = {
+        {1080, "(r100,1000:a|r100,1020:b|r100,1040:c|r100,1060:d|)"},
+        {1079, "(r100,1000:a|r100,1020:b|r100,1040:c|)(r100,1000:d|)"},
+        {1040, "(r100,1000:a|r100,1020:b|)(r100,1000:c|r100,1020:d|)"},
+        {1020, "(r100,1000:a|)(r100,1000:b|)(r100,1000:c|)(r100,1000:d|)"},
+    };
+    for (const auto& [bottom, tape] : rows) {
+        Job job = Range(verses, Styles(2, 2));
+        job.box.bottom = bottom;
+        EXPECT_EQ(Printed(job), tape) << bottom;
+    }
+}
+
+TEST(PrintedPages, TurnForTheHighestFaceOfAWord) {
+    Job job = Range({{1, 1, 1, "a"}, {1, 1, 2, "x[b]"}}, Styles(2, 2));
+    job.box.bottom = 1045;
+    PaperTape tape;
+    tape.italicHeight = 26;
+    EXPECT_EQ(Print(job, tape), PrintResult::kPrinted);
+    EXPECT_EQ(tape.tape, "(r100,1000:a|)(r100,1000:x|r110,1000:[|i120,1000:b|r130,1000:]|)");
+}
+
+TEST(PrintedPages, ThatCannotBeStartedEndTheJob) {
+    Job job = Range({{1, 1, 1, "a"}, {1, 1, 2, "b"}, {1, 1, 3, "c"}}, Styles(2, 2));
+    job.box.bottom = 1020;
+    const char* const tapes[] = {"", "(r100,1000:a|)", "(r100,1000:a|)(r100,1000:b|)"};
+    for (int page = 1; page <= 3; ++page) {
+        PaperTape tape;
+        tape.failingPage = page;
+        EXPECT_EQ(Print(job, tape), PrintResult::kCannotStartPage);
+        EXPECT_EQ(tape.tape, tapes[page - 1]);
+        EXPECT_EQ(tape.pages, page);
+    }
+}
+
+TEST(PrintedPages, StopAfterTheVerseInWhichTheUserHasHadEnough) {
+    const Job job = Range({{1, 1, 1, "a b"}, {1, 1, 2, "c d"}, {1, 1, 3, "e"}}, Styles(2, 2));
+    const char* const tapes[] = {"()", "(r100,1000:a |r120,1000:b|)",
+                                 "(r100,1000:a |r120,1000:b|r100,1020:c |r120,1020:d|)"};
+    for (int verses = 0; verses <= 2; ++verses) {
+        PaperTape tape;
+        tape.patience = verses;
+        EXPECT_EQ(Print(job, tape), PrintResult::kPrinted);
+        EXPECT_EQ(tape.tape, tapes[verses]);
+    }
+}
+
+// ---- Notes ----------------------------------------------------------------------------------------------------------
+
+static Job WithNote(const std::string& note, FormatOptions format = Styles(2, 2)) {
+    Job job = Range({{1, 1, 1, "a"}, {1, 1, 2, "b"}}, format);
+    job.notes = {{0, note}};
+    job.withNotes = true;
+    return job;
+}
+
+TEST(PrintedNotes, StandALineAwayFromTheirVerse) {
+    EXPECT_EQ(Printed(WithNote("See also")), "(r100,1000:a|n100,1040:See|n140,1040:also|r100,1053:b|)");
+    FormatOptions inOneLine = Styles(2, 2);
+    inOneLine.LineBreaks = 0;
+    EXPECT_EQ(Printed(WithNote("See", inOneLine)), "(r100,1000:a|n100,1040:See|r100,1053:b|)");
+}
+
+TEST(PrintedNotes, BreakTheirLinesAtReturns) {
+    EXPECT_EQ(Printed(WithNote("one\r\ntwo\r\n\r\n three\n four")),
+              "(r100,1000:a|n100,1040:one|n100,1053:two|n110,1079:three|n170,1079:four|r100,1092:b|)");
+    EXPECT_EQ(Printed(WithNote("li\nne  x \r\n")), "(r100,1000:a|n100,1040:line|n160,1040:x|r100,1066:b|)");
+}
+
+TEST(PrintedNotes, WrapByTheirOwnLineHeight) {
+    Job job = WithNote("one two");
+    job.box.right = 140;
+    EXPECT_EQ(Printed(job), "(r100,1000:a|n100,1040:one|n100,1053:two|r100,1066:b|)");
+}
+
+TEST(PrintedNotes, AreCutIntoPiecesOfAHundred) {
+    Job job = WithNote(std::string(250, 'n'));
+    job.box.right = 1200;
+    const std::string hundred(100, 'n'), fifty(50, 'n');
+    EXPECT_EQ(Printed(job),
+              "(r100,1000:a|n100,1040:" + hundred + "|n100,1053:" + hundred + "|n100,1066:" + fifty + "|r100,1079:b|)");
+    job.notes[0] = std::string(100, 'n') + " x";
+    EXPECT_EQ(Printed(job), "(r100,1000:a|n100,1040:" + hundred + "|n1110,1040:x|r100,1053:b|)");
+}
+
+TEST(PrintedNotes, GoOnAtTheTopOfTheNextPage) {
+    Job job = WithNote("one\rtwo\rthree");
+    job.box.bottom = 1067;
+    EXPECT_EQ(Printed(job), "(r100,1000:a|n100,1040:one|n100,1053:two|)(n100,1000:three|r100,1013:b|)");
+}
+
+TEST(PrintedNotes, AreLeftOutUnlessWanted) {
+    Job job = WithNote("See");
+    job.withNotes = false;
+    EXPECT_EQ(Printed(job), "(r100,1000:a|r100,1020:b|)");
+    job.notes.clear();
+    job.withNotes = true;
+    EXPECT_EQ(Printed(job), "(r100,1000:a|r100,1020:b|)");
+}
+
+TEST(PrintedNotes, ThatCannotBeReadEndTheJob) {
+    PaperTape tape;
+    EXPECT_EQ(Print(WithNote(kUnreadableNote), tape), PrintResult::kCannotReadNotes);
+    EXPECT_EQ(tape.tape, "(r100,1000:a|)");
+}
+
+// ---- The whole Bible ------------------------------------------------------------------------------------------------
+
+// Every character of the text but brackets and blanks, in its order.
+static std::string LettersOf(std::string_view text) {
+    std::string letters;
+    for (const char letter : text) {
+        if (letter != ' ' && letter != '[' && letter != ']') letters += letter;
+    }
+    return letters;
+}
+
+TEST(PrintedBible, HasEveryWordInItsOrderInsideThePage) {
+    struct Paper {
+        std::string letters;
+        PageBox box{600, 600, 4200, 5400};
+        int pages = 0;
+    } paper;
+    const PrinterPage page{&paper,
+                           [](void*, PrintFace, std::string_view text) { return 50 * static_cast<int>(text.size()); },
+                           [](void*, PrintFace) { return 115; },
+                           [](void* device, PrintFace, int x, int y, int width, std::string_view text) {
+                               Paper& printed = *static_cast<Paper*>(device);
+                               printed.letters += LettersOf(text);
+                               ASSERT_TRUE(x >= printed.box.left && x + width <= printed.box.right) << text;
+                               ASSERT_TRUE(y >= printed.box.top && y + 115 <= printed.box.bottom) << text;
+                           },
+                           [](void* device) { return ++static_cast<Paper*>(device)->pages > 0; },
+                           [](void*) { return true; },
+                           [](void*) { return true; }};
+    std::vector<std::int32_t> verses(kVerseCount);
+    std::iota(verses.begin(), verses.end(), 0);
+    const Scripture& bible = TheRealScripture();
+    std::string expected;
+    for (const int verse : verses) {
+        expected += LettersOf(ReferenceText(bible.records, verse, BookForm::kName));
+        expected += LettersOf(VerseText(bible, verse));
+    }
+    EXPECT_EQ(PrintVerses(bible, verses, ListPrinting(paper.box, {}), page), PrintResult::kPrinted);
+    EXPECT_TRUE(paper.letters == expected);
+    EXPECT_GT(paper.pages, 1000);
+}
+
+// A damaged list names verses that there are not.
+TEST(PrintedBible, HasNothingWhereThereIsNoVerse) {
+    PaperTape tape;
+    const std::int32_t verses[] = {-1, 50000000, kVerseCount + 1};
+    EXPECT_EQ(PrintVerses(TheRealScripture(), verses, ListPrinting({0, 0, 100, 100}, {}), PageOver(tape)),
+              PrintResult::kPrinted);
+    EXPECT_EQ(tape.tape, "()");
+}
