@@ -12,6 +12,7 @@ packages=(
   g++ g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix
   googletest libbenchmark-dev libsqlite3-dev
   libsword-dev sword-text-kjv
+  libsword-utils sword-comm-mhcc sword-comm-scofield sword-comm-tdavid
   nlohmann-json3-dev nodejs
   librsvg2-dev imagemagick
   wine wine64 fonts-wine fonts-liberation

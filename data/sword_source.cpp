@@ -1,33 +1,14 @@
 #include "data/sword_source.h"
 
-#include <fcntl.h>
 #include <swmgr.h>
 #include <swmodule.h>
-#include <unistd.h>
 #include <versekey.h>
 
 #include <memory>
 
+#include "data/muted_errors.h"
+
 constexpr int kOldTestamentBooks = 39;
-
-struct RestoreErrors {
-    void operator()(const int* kept) const {
-        dup2(*kept, STDERR_FILENO);
-        close(*kept);
-        delete kept;
-    }
-};
-
-using MutedErrors = std::unique_ptr<int, RestoreErrors>;
-
-// libsword prints a line of its own for every read that fails, past its log: nothing that a user could act on.
-static MutedErrors MuteErrors() {
-    MutedErrors kept(new int(dup(STDERR_FILENO)));
-    const int nowhere = open("/dev/null", O_WRONLY | O_CLOEXEC);
-    dup2(nowhere, STDERR_FILENO);
-    close(nowhere);
-    return kept;
-}
 
 static std::unique_ptr<sword::SWMgr> OpenLibrary(const std::string& folder) {
     if (folder.empty()) return std::make_unique<sword::SWMgr>();

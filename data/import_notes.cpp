@@ -1,0 +1,116 @@
+// import_notes [--modules DIR] MODULE FOLDER [NAME]: makes a note set in FOLDER of the SWORD module MODULE, as
+// installed or as it lies in DIR. A commentary becomes an ordinary set, a daily devotional a devotional one. The set is
+// named NAME, or like the module. A set that is there is never touched.
+//
+// Prints one line that tells what was read, written and changed. Exit code 0 when all files of the set are in place; 1
+// when anything failed, with one line on the error stream and FOLDER as it was; 2 when the arguments were wrong.
+#include <algorithm>
+#include <cstring>
+#include <filesystem>
+#include <iostream>
+
+#include "data/imported_notes.h"
+#include "data/sword_notes.h"
+
+namespace fs = std::filesystem;
+
+struct Arguments {
+    std::string modules;  // empty: where SWORD modules are installed
+    std::string module;
+    std::string folder;
+    std::string setName;
+};
+
+static bool ReadArguments(int count, char** values, Arguments& arguments) {
+    int next = 1;
+    if (count > 3 && std::strcmp(values[next], "--modules") == 0) {
+        arguments.modules = values[next + 1];
+        next += 2;
+    }
+    if (count < next + 2 || count > next + 3 || values[next][0] == '-') return false;
+    arguments.module = values[next];
+    arguments.folder = values[next + 1];
+    arguments.setName = count == next + 3 ? values[next + 2] : arguments.module;
+    return true;
+}
+
+// What a Windows file cannot be named, whatever the system that this runs on would allow.
+static Complaint CheckName(const std::string& name) {
+    const bool isGood = !name.empty() && name.size() <= 100 && name.find_first_of("<>:\"/\\|?*") == std::string::npos &&
+                        std::none_of(name.begin(), name.end(), [](char c) { return c >= 0 && c < ' '; }) &&
+                        name.front() != ' ' && name.back() != ' ' && name.back() != '.';
+    return isGood ? Complaint() : "\"" + name + "\" cannot be the name of a note set";
+}
+
+// A set is there as soon as one of its files is.
+static Complaint CheckFolder(const Arguments& arguments) {
+    for (const char* ending : {".nmi", ".nmd", ".dti", ".nmd.temp"}) {
+        const fs::path place = fs::path(arguments.folder) / (arguments.setName + ending);
+        std::error_code error;
+        if (fs::exists(fs::symlink_status(place, error)))
+            return "there is a note set \"" + arguments.setName + "\" already: " + place.string() + " is left as it is";
+    }
+    return {};
+}
+
+static std::string Count(std::size_t count, const char* what) {
+    return std::to_string(count) + " " + what;
+}
+
+// Only what happened: "; letters transliterated: 12".
+static std::string Changes(int count, const char* what) {
+    return count == 0 ? "" : std::string("; ") + what + ": " + std::to_string(count);
+}
+
+static std::string Summary(const Arguments& arguments, const NotesModule& module, const ImportedNotes& notes) {
+    std::size_t longest = 0, all = 0;
+    for (const auto& [verse, note] : notes.notes) {
+        longest = std::max(longest, note.size());
+        all += note.size();
+    }
+    const auto texts =
+        static_cast<std::size_t>(std::count_if(module.commentary.begin(), module.commentary.end(),
+                                               [](const CommentaryEntry& entry) { return !entry.isIntroduction; }));
+    return arguments.module + " (" + module.description + "): read " +
+           (module.isDevotional ? Count(module.days.size(), "days") : Count(texts, "texts")) +
+           Changes(notes.introductions, "introductions") + "; wrote " + Count(notes.notes.size(), "notes") + " with " +
+           Count(static_cast<std::size_t>(notes.referenceLines), "lines of references") + " to the set \"" +
+           arguments.setName + "\", " + Count(all, "bytes") + ", the longest note " + std::to_string(longest) +
+           Changes(notes.movedTexts, "texts moved to their verses") + Changes(notes.cutNotes, "notes cut") +
+           Changes(notes.lost.transliterated, "letters transliterated") +
+           Changes(notes.lost.replaced, "characters replaced") + Changes(notes.lost.dropped, "characters dropped") +
+           Changes(notes.readingsOnPsalms, "readings without a verse laid on the Psalms") +
+           Changes(notes.daysWithoutText, "days without a text given the day before") +
+           Changes(module.otherEntries, "entries on no day left out");
+}
+
+static Complaint ImportNotes(const Arguments& arguments) {
+    Complaint complaint = CheckName(arguments.setName);
+    if (complaint.empty()) complaint = CheckFolder(arguments);
+    if (!complaint.empty()) return complaint;
+    NotesModule module;
+    complaint = ReadNotesModule(arguments.modules, arguments.module, module);
+    if (!complaint.empty()) return complaint;
+
+    const std::vector<unsigned char> bytes = VerseRecordsOfLibrary();
+    const VerseRecords records{bytes};
+    const UniqueReferenceDevice device = MakeReferenceDevice(records);
+    const ImportedNotes notes = module.isDevotional ? NotesOfDays(module.days, records, ReaderOf(*device))
+                                                    : NotesOfCommentary(module.commentary, records, ReaderOf(*device));
+    const DevotionalTable* readings = module.isDevotional ? &notes.readings : nullptr;
+    complaint = WriteNewFiles(arguments.folder, EncodeNoteSet(arguments.setName, notes.notes, readings));
+    if (complaint.empty()) std::cout << Summary(arguments, module, notes) << '\n';
+    return complaint;
+}
+
+int main(int count, char** values) {
+    Arguments arguments;
+    if (!ReadArguments(count, values, arguments)) {
+        std::cerr << "usage: import_notes [--modules DIR] MODULE FOLDER [NAME]\n";
+        return 2;
+    }
+    const Complaint complaint = ImportNotes(arguments);
+    if (complaint.empty()) return 0;
+    std::cerr << "import_notes: " << complaint << '\n';
+    return 1;
+}

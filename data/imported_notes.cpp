@@ -1,0 +1,254 @@
+#include "data/imported_notes.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <map>
+
+namespace {
+
+constexpr std::string_view kNewLine = "\r\n";
+constexpr int kPsalms = 19;
+
+// What a note is made of, and what it takes to make it.
+struct Workshop {
+    const VerseRecords& records;
+    const ReferenceReader& reader;
+    ImportedNotes result;
+};
+
+using NoteParagraphs = std::map<int, std::vector<Paragraph>>;
+
+}  // namespace
+
+// ---- The text of a note -------------------------------------------------------------------------------------------
+
+// "Scofield:Heb 1:4" is the note of that work on Hebrews 1:4: the verse will do.
+static std::string WithoutWork(const std::string& reference) {
+    const std::size_t colon = reference.find(':');
+    const bool isWork = colon != std::string::npos && reference.find_first_of(" .0123456789") > colon;
+    return isWork ? reference.substr(colon + 1) : reference;
+}
+
+static std::vector<VerseRange> RangesIn(const Workshop& shop, const Paragraph& paragraph, int verse) {
+    std::vector<VerseRange> ranges;
+    for (const std::string& reference : paragraph.references)
+        for (const VerseRange& range : shop.reader.read(shop.reader.device, WithoutWork(reference), verse))
+            ranges.push_back(range);
+    return ranges;
+}
+
+static void AddLine(std::string& text, std::string_view line) {
+    if (!text.empty()) text += kNewLine;
+    text += line;
+}
+
+static std::string WithWindowsLines(std::string_view text) {
+    std::string lines;
+    for (const char letter : text) {
+        if (letter == '\n') lines += '\r';
+        lines += letter;
+    }
+    return lines;
+}
+
+static std::string TextOf(Workshop& shop, const std::vector<Paragraph>& paragraphs, int verse) {
+    std::string text;
+    bool wasRow = false;
+    for (const Paragraph& paragraph : paragraphs) {
+        if (!text.empty() && !(wasRow && paragraph.isRow)) text += kNewLine;
+        AddLine(text, WithWindowsLines(InCodePage(paragraph.text, shop.result.lost)));
+        const std::string references = CrossReferenceLine(shop.records, RangesIn(shop, paragraph, verse));
+        if (!references.empty()) AddLine(text, references);
+        shop.result.referenceLines += references.empty() ? 0 : 1;
+        wasRow = paragraph.isRow;
+    }
+    return text;
+}
+
+static void AddNote(Workshop& shop, int verse, std::string text) {
+    if (CutToNote(text)) ++shop.result.cutNotes;
+    if (!text.empty()) shop.result.notes[verse] = std::move(text);
+}
+
+// ---- Commentaries -------------------------------------------------------------------------------------------------
+
+// 7 for "Verse 7.", "Ver. 7." and "Verses 7-9."; 0 for anything else.
+static int MarkedVerse(const std::string& boldStart) {
+    static constexpr std::string_view kMarks[] = {"Verse ", "Verses ", "Ver. "};
+    for (const std::string_view mark : kMarks) {
+        const bool hasNumber =
+            boldStart.starts_with(mark) && boldStart.size() > mark.size() && boldStart.ends_with('.');
+        if (hasNumber) return std::atoi(boldStart.c_str() + mark.size());
+    }
+    return 0;
+}
+
+// The verse of the chapter; kNoVerse where the chapter has none of that number.
+static int VerseOfChapter(const VerseRecords& records, int firstVerse, int number) {
+    const VerseRecord chapter = RecordOf(records, firstVerse);
+    const int verse = VerseLookup(records, chapter.book, chapter.chapter, number);
+    return number > 0 && RecordOf(records, verse).verse == number ? verse : kNoVerse;
+}
+
+// A part of the text ("Exposition") goes through all verses before the next part begins: its title goes with each.
+static void DealOutToVerses(Workshop& shop, std::vector<Paragraph> paragraphs, int firstVerse, NoteParagraphs& notes) {
+    int verse = firstVerse;
+    const Paragraph* title = nullptr;
+    std::map<int, const Paragraph*> titleOfVerse;
+    for (const Paragraph& paragraph : paragraphs) {
+        if (paragraph.isTitle) {
+            title = &paragraph;
+            verse = firstVerse;
+            continue;
+        }
+        const int marked = VerseOfChapter(shop.records, firstVerse, MarkedVerse(paragraph.boldStart));
+        if (marked != kNoVerse && marked != verse) ++shop.result.movedTexts;
+        if (marked != kNoVerse) verse = marked;
+        if (title != nullptr && titleOfVerse[verse] != title) notes[verse].push_back(*title);
+        titleOfVerse[verse] = title;
+        notes[verse].push_back(paragraph);
+    }
+}
+
+static int ChapterKey(const VerseRecords& records, int verse) {
+    const VerseRecord place = RecordOf(records, verse);
+    return place.book * 1000 + place.chapter;
+}
+
+static bool SaysItsVerses(const std::vector<Paragraph>& paragraphs) {
+    return std::any_of(paragraphs.begin(), paragraphs.end(),
+                       [](const Paragraph& paragraph) { return paragraph.boldStart.starts_with("Verse"); });
+}
+
+ImportedNotes NotesOfCommentary(const std::vector<CommentaryEntry>& entries, const VerseRecords& records,
+                                const ReferenceReader& reader) {
+    Workshop shop{records, reader, {}};
+    std::map<int, int> entriesOfChapter;
+    for (const CommentaryEntry& entry : entries)
+        if (!entry.isIntroduction) ++entriesOfChapter[ChapterKey(records, entry.verses.first)];
+
+    NoteParagraphs notes;
+    for (const CommentaryEntry& entry : entries) {
+        const int verse = entry.verses.first;
+        std::vector<Paragraph> paragraphs = ParagraphsOf(entry.text);
+        if (entry.isIntroduction && !paragraphs.empty()) ++shop.result.introductions;
+        if (entry.verses.last != verse && !paragraphs.empty() && !SaysItsVerses(paragraphs))
+            notes[verse].push_back({RangeText(records, verse, entry.verses.last), true, false, {}, {}});
+        const bool isOnChapter = RecordOf(records, verse).verse == 1 && !entry.isIntroduction &&
+                                 entriesOfChapter[ChapterKey(records, verse)] == 1;
+        if (isOnChapter)
+            DealOutToVerses(shop, std::move(paragraphs), verse, notes);
+        else
+            for (Paragraph& paragraph : paragraphs) notes[verse].push_back(std::move(paragraph));
+    }
+    for (const auto& [verse, paragraphs] : notes) AddNote(shop, verse, TextOf(shop, paragraphs, verse));
+    return std::move(shop.result);
+}
+
+// ---- Days ---------------------------------------------------------------------------------------------------------
+
+namespace {
+
+struct DayText {
+    std::vector<Paragraph> morning;
+    std::vector<Paragraph> evening;  // empty: the morning's is the whole day's
+};
+
+// A year's readings as they come into being.
+struct Year {
+    std::map<int, std::string> texts;  // by verse
+    int nextPsalmVerse = 0;
+};
+
+}  // namespace
+
+// A heading is short, and tells the time whatever else it tells: "Evening, January 1".
+static bool IsHeading(const Paragraph& paragraph, std::string_view time) {
+    static constexpr std::size_t kLongestHeading = 40;
+    if (paragraph.text.size() > kLongestHeading) return false;
+    std::string small = paragraph.text;
+    std::transform(small.begin(), small.end(), small.begin(),
+                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
+    return small.find(time) != std::string::npos && small.find_first_of(".;!?") >= small.size() - 1;
+}
+
+static DayText TextOfDay(std::vector<Paragraph> paragraphs) {
+    const auto heads = [](std::string_view time) {
+        return [time](const Paragraph& paragraph) { return IsHeading(paragraph, time); };
+    };
+    const auto morning = std::find_if(paragraphs.begin(), paragraphs.end(), heads("morning"));
+    if (morning == paragraphs.end()) return {std::move(paragraphs), {}};
+    const auto evening = std::find_if(morning + 1, paragraphs.end(), heads("evening"));
+    if (evening == paragraphs.end()) return {std::move(paragraphs), {}};
+    DayText text;
+    text.morning.assign(paragraphs.begin(), morning);  // what stands over both
+    text.morning.insert(text.morning.end(), morning + 1, evening);
+    text.evening.assign(evening + 1, paragraphs.end());
+    return text;
+}
+
+static int VerseNamedIn(const Workshop& shop, const std::vector<Paragraph>& paragraphs) {
+    for (const Paragraph& paragraph : paragraphs) {
+        const std::vector<VerseRange> ranges = RangesIn(shop, paragraph, kNoVerse);
+        if (!ranges.empty()) return ranges.front().first;
+    }
+    return kNoVerse;
+}
+
+// The verse of the reading.
+static int AddReading(Workshop& shop, Year& year, const std::string& heading,
+                      const std::vector<Paragraph>& paragraphs) {
+    int verse = VerseNamedIn(shop, paragraphs);
+    if (verse == kNoVerse) {
+        verse = year.nextPsalmVerse++;
+        ++shop.result.readingsOnPsalms;
+    }
+    std::string& text = year.texts[verse];
+    if (!text.empty()) text.append(kNewLine).append(kNewLine);
+    text.append(heading).append(kNewLine).append(kNewLine) += TextOf(shop, paragraphs, verse);
+    return verse;
+}
+
+static void AddDay(Workshop& shop, Year& year, const DayEntry& entry) {
+    const DayText text = TextOfDay(ParagraphsOf(entry.text));
+    const std::string day = DayName(entry.month, entry.day);
+    const bool isOne = text.evening.empty();
+    const int morning = AddReading(shop, year, isOne ? day : day + ", Morning", text.morning);
+    const int evening = isOne ? morning : AddReading(shop, year, day + ", Evening", text.evening);
+    shop.result.readings[ReadingSlot(entry.month, entry.day, false)] = morning;
+    shop.result.readings[ReadingSlot(entry.month, entry.day, true)] = evening;
+}
+
+// Slots in the order of the year; those of days that no month has are filled too.
+static void FillMissingDays(const std::vector<bool>& isThere, ImportedNotes& result) {
+    static constexpr std::size_t kMonthSlots = 31 * 2;
+    static constexpr std::size_t kDays[] = {31, 29, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+    const auto last = std::find(isThere.rbegin(), isThere.rend(), true);
+    if (last == isThere.rend()) return;
+    auto before = static_cast<std::size_t>(isThere.rend() - last) - 2;
+    for (std::size_t slot = 0; slot < isThere.size(); slot += 2) {
+        if (isThere[slot]) {
+            before = slot;
+            continue;
+        }
+        result.readings[slot] = result.readings[before];
+        result.readings[slot + 1] = result.readings[before + 1];
+        if (slot % kMonthSlots / 2 < kDays[slot / kMonthSlots]) ++result.daysWithoutText;
+    }
+}
+
+ImportedNotes NotesOfDays(const std::vector<DayEntry>& entries, const VerseRecords& records,
+                          const ReferenceReader& reader) {
+    Workshop shop{records, reader, {}};
+    Year year{{}, VerseLookup(records, kPsalms, 1, 1)};
+    std::vector<bool> isThere(shop.result.readings.size());
+    for (const DayEntry& entry : entries) {
+        const std::size_t slot = ReadingSlot(entry.month, entry.day, false);
+        if (isThere[slot]) continue;  // a day twice: the first one counts
+        isThere[slot] = isThere[slot + 1] = true;
+        AddDay(shop, year, entry);
+    }
+    FillMissingDays(isThere, shop.result);
+    for (auto& [verse, text] : year.texts) AddNote(shop, verse, std::move(text));
+    return std::move(shop.result);
+}

@@ -1,0 +1,158 @@
+#include "data/imported_notes.h"
+
+#include <gmock/gmock.h>
+
+#include "notes/note_saving.h"
+#include "scripture/reference_parser.h"
+#include "tests/support/native_scripture.h"
+
+using testing::ElementsAre;
+using testing::EndsWith;
+using testing::Key;
+using testing::Pair;
+using testing::StartsWith;
+
+static const VerseRecords& Records() {
+    return TheRealScripture().records;
+}
+
+static int VerseOf(const std::string& reference) {
+    return ParseReference(Records(), reference).verse;
+}
+
+// Reads one reference of the program's own form; "none" is none, "4" a verse of the chapter at hand.
+static std::vector<VerseRange> ReadPlainly(void*, const std::string& text, int verse) {
+    if (text == "none") return {};
+    const VerseRecord here = RecordOf(Records(), verse);
+    const int read = text.find(' ') == std::string::npos
+                         ? VerseLookup(Records(), here.book, here.chapter, std::stoi(text))
+                         : VerseOf(text);
+    return {{read, read}};
+}
+
+static constexpr ReferenceReader kReader{nullptr, ReadPlainly};
+
+static CommentaryEntry On(const char* first, const char* last, const char* text) {
+    return {{VerseOf(first), VerseOf(last)}, text, false};
+}
+
+static std::string Lines(std::initializer_list<const char*> lines) {
+    std::string text;
+    for (const char* line : lines) text.append(text.empty() ? "" : "\r\n").append(line);
+    return text;
+}
+
+TEST(Commentary, BecomesNotesWithLinesOfReferences) {
+    const ImportedNotes imported = NotesOfCommentary(
+        {On("Joh 3:16", "Joh 3:16",
+            "<title>Love</title><p>See <reference osisRef=\"Ro 5:8\">Romans</reference>, <reference "
+            "osisRef=\"4\">verse 4</reference>.</p>"
+            "<p>caf\u00E9 \u03BB</p><table><row>a</row><row>b</row></table><l>one</l><l>two</l><reference "
+            "osisRef=\"none\"/>"),
+         On("Joh 3:17", "Joh 3:17", "<p> </p>"),
+         On("Joh 4:1", "Joh 4:1", "Last <reference osisRef=\"Work:Heb 1:4\">there</reference>")},
+        Records(), kReader);
+    EXPECT_THAT(imported.notes,
+                ElementsAre(Pair(VerseOf("Joh 3:16"), Lines({"Love", "", "See Romans, verse 4.", "# Ro 5:8; Joh 3:4",
+                                                             "", "caf\xE9 l", "", "a", "b", "", "one", "two"})),
+                            Pair(VerseOf("Joh 4:1"), Lines({"Last there", "# Heb 1:4"}))));
+    EXPECT_EQ(imported.referenceLines, 2);
+    EXPECT_EQ(imported.lost.transliterated, 1);
+    EXPECT_EQ(imported.cutNotes, 0);
+}
+
+TEST(Commentary, HasItsIntroductionsAtTheHeadOfAChapter) {
+    const ImportedNotes imported =
+        NotesOfCommentary({{{0, 0}, "<chapter/>", true},
+                           {{0, 0}, "<p>To the book.</p>", true},
+                           {{0, 0}, "<p>To the chapter.</p><p><hi type=\"bold\">Verse 2.</hi> Stays.</p>", true},
+                           On("Ge 1:1", "Ge 1:1", "<p>One.</p><p><hi type=\"bold\">Verse 2.</hi> Goes.</p>"),
+                           {{31, 31}, "<p>Alone.</p>", true}},
+                          Records(), kReader);
+    EXPECT_THAT(imported.notes,
+                ElementsAre(Pair(0, Lines({"To the book.", "", "To the chapter.", "", "Verse 2. Stays.", "", "One."})),
+                            Pair(1, "Verse 2. Goes."), Pair(31, "Alone.")));
+    EXPECT_EQ(imported.introductions, 3);
+}
+
+TEST(Commentary, SaysWhichVersesATextIsOn) {
+    ImportedNotes imported = NotesOfCommentary(
+        {On("Ge 1:3", "Ge 1:5", "<p>On the light.</p>"),
+         On("Ge 1:6", "Ge 1:13", "<hi type=\"bold\">Verses 6-13</hi><p>Waters.</p>"), On("Ge 1:14", "Ge 1:15", " ")},
+        Records(), kReader);
+    EXPECT_THAT(imported.notes, ElementsAre(Pair(2, Lines({"Ge 1:3 - Ge 1:5", "", "On the light."})),
+                                            Pair(5, Lines({"Verses 6-13", "", "Waters."}))));
+}
+
+TEST(Commentary, OfAWholeChapterGoesToItsVerses) {
+    const char* const chapter =
+        "<title>OVERVIEW</title><p>All.</p>"
+        "<title>EXPOSITION</title><p><hi type=\"bold\">Verse 1.</hi> One.</p><p>More.</p><p><hi type=\"bold\">Verse "
+        "2.</hi> Two.</p>"
+        "<p>More of two.</p><p><hi type=\"bold\">Verses 3-4.</hi> Three.</p><p><hi type=\"bold\">Verse 99.</hi> "
+        "None.</p>"
+        "<title>NOTES</title><p>Whole psalm.</p><p><hi type=\"bold\">Ver. 2.</hi> Again.</p><p><hi type=\"bold\">Verse "
+        "2.</hi> Still.</p>";
+    const ImportedNotes imported = NotesOfCommentary({On("Ps 1:1", "Ps 1:1", chapter)}, Records(), kReader);
+    const int psalm = VerseOf("Ps 1:1");
+    EXPECT_THAT(imported.notes,
+                ElementsAre(Pair(psalm, Lines({"OVERVIEW", "", "All.", "", "EXPOSITION", "", "Verse 1. One.", "",
+                                               "More.", "", "NOTES", "", "Whole psalm."})),
+                            Pair(psalm + 1, Lines({"EXPOSITION", "", "Verse 2. Two.", "", "More of two.", "", "NOTES",
+                                                   "", "Ver. 2. Again.", "", "Verse 2. Still."})),
+                            Pair(psalm + 2, Lines({"EXPOSITION", "", "Verses 3-4. Three.", "", "Verse 99. None."}))));
+    EXPECT_EQ(imported.movedTexts, 3);
+
+    const ImportedNotes parted =
+        NotesOfCommentary({On("Ps 1:1", "Ps 1:1", chapter), On("Ps 1:6", "Ps 1:6", "Six.")}, Records(), kReader);
+    EXPECT_THAT(parted.notes, ElementsAre(Key(psalm), Key(psalm + 5))) << "a text among others is on its own verse";
+}
+
+TEST(Commentary, ThatIsTooLongIsCutAtAParagraph) {
+    const std::string paragraph = "<p>" + std::string(30000, 'a') + "</p>";
+    const std::string text = paragraph + paragraph + paragraph;
+    const ImportedNotes imported = NotesOfCommentary({On("Ge 1:1", "Ge 1:1", text.c_str())}, Records(), kReader);
+    EXPECT_EQ(imported.cutNotes, 1);
+    EXPECT_EQ(imported.notes.at(0).size(), 60000 + 8 + std::string(kRestIsMissing).size());
+    EXPECT_THAT(imported.notes.at(0), EndsWith("aaa\r\n\r\n" + std::string(kRestIsMissing)));
+}
+
+static int SlotOf(const ImportedNotes& imported, int month, int day, bool isEvening) {
+    return imported.readings[ReadingSlot(month, day, isEvening)];
+}
+
+TEST(Days, BecomeReadingsOnTheVersesThatTheyName) {
+    const ImportedNotes imported =
+        NotesOfDays({{1, 1,
+                      "<title>Morning</title><p><scripRef>Jos 5:12</scripRef> Corn.</p><title>Evening, January "
+                      "1.</title><p>Love. <scripRef>So 1:4</scripRef></p>"},
+                     {1, 2, "<p>A morning of praise.</p><p>See <scripRef>So 1:4</scripRef>.</p>"},
+                     {12, 31, "Nothing named."}},
+                    Records(), kReader);
+    EXPECT_THAT(imported.notes,
+                ElementsAre(Pair(5946, Lines({"January 1, Morning", "", "Jos 5:12 Corn.", "# Jos 5:12"})),
+                            Pair(VerseOf("Ps 1:1"), Lines({"December 31", "", "Nothing named."})),
+                            Pair(17541, Lines({"January 1, Evening", "", "Love. So 1:4", "# So 1:4", "", "January 2",
+                                               "", "A morning of praise.", "", "See So 1:4.", "# So 1:4"}))));
+    EXPECT_EQ(SlotOf(imported, 1, 1, false), 5946);
+    EXPECT_EQ(SlotOf(imported, 1, 1, true), 17541);
+    EXPECT_EQ(SlotOf(imported, 1, 2, false), 17541);
+    EXPECT_EQ(SlotOf(imported, 1, 2, true), 17541);
+    EXPECT_EQ(SlotOf(imported, 2, 29, true), 17541) << "the day before it has";
+    EXPECT_EQ(SlotOf(imported, 12, 30, true), 17541);
+    EXPECT_EQ(SlotOf(imported, 12, 31, true), VerseOf("Ps 1:1"));
+    EXPECT_EQ(imported.readingsOnPsalms, 1);
+    EXPECT_EQ(imported.daysWithoutText, 363);
+}
+
+TEST(Days, BeforeTheFirstHaveTheLastOfTheYear) {
+    const ImportedNotes imported =
+        NotesOfDays({{3, 1, "<scripRef>Ge 1:1</scripRef>"}, {3, 2, "<scripRef>Ge 1:2</scripRef>"}, {3, 2, "twice"}},
+                    Records(), kReader);
+    EXPECT_EQ(SlotOf(imported, 1, 1, false), 1);
+    EXPECT_EQ(SlotOf(imported, 3, 1, false), 0);
+    EXPECT_EQ(SlotOf(imported, 12, 31, false), 1);
+    EXPECT_EQ(imported.daysWithoutText, 364);
+    EXPECT_EQ(imported.notes.size(), 2u);
+    EXPECT_EQ(NotesOfDays({}, Records(), kReader).notes.size(), 0u);
+}
