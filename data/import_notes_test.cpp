@@ -124,7 +124,7 @@ TEST_F(ImportNotes, ReadsTheCommentaryWhosePackageIsWrong) {
     EXPECT_EQ(run.exitCode, 0) << run.errors;
     EXPECT_EQ(run.errors, "");
     EXPECT_THAT(run.output, AllOf(StartsWith("MHCC (Matthew Henry's Concise Commentary on the Whole Bible): read 4047 "
-                                             "texts; wrote 4049 notes with "),
+                                             "texts; introductions: 12; wrote 4049 notes with "),
                                   EndsWith("\n"), Not(HasSubstr("cut")), Not(HasSubstr("replaced"))));
     EXPECT_THAT(NamesIn(sets), ElementsAre("MHCC.nmd", "MHCC.nmi"));
     const ReadNotes notes = NotesOfSet(sets, "MHCC");
