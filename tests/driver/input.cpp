@@ -172,8 +172,17 @@ void HoldMouse(const Program& program, HWND window, POINT point) {
     Settle(program);
 }
 
+// Wine takes the screen's pointer along, and its motion reaches the program a second time: late on a busy machine, when
+// the mouse has already gone on. Once the screen has answered, what it had to tell is on its way.
+static void LetPointerFollow() {
+    const HDC screen = GetDC(nullptr);
+    for (int answer = 0; answer < 2; ++answer) GetPixel(screen, 0, 0);
+    ReleaseDC(nullptr, screen);
+}
+
 void MoveMouse(const Program& program, HWND window, POINT point) {
     SendEvents({MoveTo(window, point)});
+    LetPointerFollow();
     Settle(program);
 }
 
