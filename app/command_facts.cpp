@@ -20,6 +20,8 @@ unsigned FactsOf(const FactSources& sources) {
         {kToolbarShown, sources.shown.ToolBar != 0},
         {kNotesBound, sources.notesBound},
         {kListCanBeSaved, sources.list.canBeSaved},
+        {kCanCut, sources.selection.SelectionOwner == kNoteEditorOwns},
+        {kCanPaste, sources.canPaste},
     };
     unsigned facts = 0;
     for (const auto& [fact, holds] : kRows) facts |= holds ? fact : 0u;

@@ -24,6 +24,8 @@ enum Fact : unsigned {
     kToolbarShown = 1u << 11,
     kNotesBound = 1u << 12,
     kListCanBeSaved = 1u << 13,
+    kCanCut = 1u << 14,
+    kCanPaste = 1u << 15,
 };
 
 struct FactSources {
@@ -34,6 +36,7 @@ struct FactSources {
     bool passageFocused = false;
     bool notesBound = false;
     bool editingNote = false;
+    bool canPaste = false;
 };
 
 unsigned FactsOf(const FactSources& sources);

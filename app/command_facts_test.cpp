@@ -31,6 +31,18 @@ TEST(CommandFacts, FollowEachSource) {
                                                     kBracketsShown | kNotesBound | kListCanBeSaved);
 }
 
+TEST(CommandFacts, OnlyTheNoteEditorCutsAndPastes) {
+    State state;
+    for (const int owner : {kNobody, kVerseListOwns, kPassageOwns, kNoteViewOwns, kNoteEditorOwns}) {
+        state.selection.SelectionOwner = owner;
+        EXPECT_EQ((FactsOf(state) & kCanCut) != 0, owner == kNoteEditorOwns) << owner;
+    }
+    FactSources sources{state.list, state.selection, state.reading, state.shown};
+    EXPECT_FALSE(FactsOf(sources) & kCanPaste);
+    sources.canPaste = true;
+    EXPECT_TRUE(FactsOf(sources) & kCanPaste);
+}
+
 // To follow a cross-reference line neither enables Save Verse List nor greys it.
 TEST(CommandFacts, ListsOfReferencesAreSavedAsTheListBeforeThem) {
     constexpr unsigned kOfList = kListHasVerses | kListCanBeSaved;

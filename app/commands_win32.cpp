@@ -11,6 +11,7 @@
 #include "app/output_commands_win32.h"
 #include "app/reading_commands_win32.h"
 #include "app/search_commands_win32.h"
+#include "notes/note_editor_window.h"
 #include "notes/notes_window.h"
 #include "output/output_win32.h"
 #include "passage/passage_window.h"
@@ -77,17 +78,18 @@ static constexpr Command kCommands[] = {
     {IDM_NEXT_NOTE_SET, GoToNeighbouringSet, kNotEditing},
     {IDM_NOTE_FOR_PASSAGE, ShowNoteForPassage, kNotEditing},
     {IDM_NOTE_FOR_LIST, ShowNoteForList, kListHasVerses | kNotEditing},
-    {IDM_EDIT_NOTE, nullptr, kNotEditing},
+    {IDM_EDIT_NOTE, EditNote, kNotEditing},
     {IDM_VERSE_FOR_NOTE, ShowVerseForNote},
     {IDM_SHOW_REFERENCES, ShowNoteReferences},
+    {IDM_END_EDITING, EndEditingNote},
     {IDM_BIND_NOTES, ToggleBindNotes, kAlways, kNotesBound},
     {IDM_CREATE_NOTE_SET, nullptr, kNotEditing},
     {IDM_DELETE_NOTE_SET, nullptr, kNotEditing},
     {IDM_RENAME_NOTE_SET, nullptr, kNotEditing},
 
-    {IDM_CUT, nullptr},
+    {IDM_CUT, CutSelection, kCanCut},
     {IDM_COPY, CopySelection, kHasSelection},
-    {IDM_PASTE, nullptr},
+    {IDM_PASTE, PasteText, kCanPaste},
     {IDM_COPY_VERSE, CopyVerse},
     {IDM_COPY_RANGE, CopyRange},
     {IDM_COPY_VERSE_LIST, CopyVerseList, kListHasVerses},
@@ -121,7 +123,8 @@ void Dispatch(int id) {
     }
     for (const Command& command : kCommands) {
         if (command.id != id) continue;
-        if (command.action) command.action(id);
+        const bool waits = (command.needs & kNotEditing) && theNotes.editing;
+        if (command.action && !waits) command.action(id);
         return;
     }
 }
@@ -135,6 +138,7 @@ static unsigned CurrentFacts() {
         .passageFocused = GetFocus() == thePassage.window,
         .notesBound = theNotes.BindNotes != 0,
         .editingNote = theNotes.editing != 0,
+        .canPaste = theNoteEditor.canPaste,
     });
 }
 

@@ -3,6 +3,7 @@
 #include "app/about_dialog.h"
 #include "app/commands_win32.h"
 #include "app/frame_window.h"
+#include "notes/note_editor_window.h"
 #include "notes/notes_window.h"
 #include "output/output_win32.h"
 #include "passage/passage_window.h"
@@ -72,5 +73,14 @@ void CopySelection(int) {
         case kVerseListOwns: SendCommand(theVerseList.window, IDM_COPY); break;
         case kPassageOwns: SendCommand(thePassage.window, IDM_COPY); break;
         case kNoteViewOwns: SendMessageA(theNotes.view, WM_COPY, 0, 0); break;
+        case kNoteEditorOwns: CopyInEditor(); break;
     }
+}
+
+void CutSelection(int) {
+    if (theSelection.SelectionOwner == kNoteEditorOwns) CutInEditor();
+}
+
+void PasteText(int) {
+    if (theNotes.editing) PasteInEditor();
 }

@@ -9,4 +9,6 @@ void ToggleToolbar(int command);
 void FocusList(int command);  // both show a hidden pane
 void FocusPassage(int command);
 void OpenContextMenu(int command);  // of the window that has the focus
+void CutSelection(int command);
 void CopySelection(int command);
+void PasteText(int command);

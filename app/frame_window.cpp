@@ -1,5 +1,6 @@
 #include "app/frame_window.h"
 
+#include "notes/note_editor_window.h"
 #include "notes/notes_window.h"
 #include "passage/passage_window.h"
 #include "resources/ids.h"
@@ -81,7 +82,8 @@ void LayOut(WPARAM sizeType, int width, int height) {
 static void KeepFocusShown() {
     const HWND focus = GetFocus();
     if (!focus || IsWindowVisible(focus)) return;
-    const HWND panes[] = {thePassage.window, theVerseList.window, theVerseList.references, theNotes.view};
+    const HWND panes[] = {thePassage.window, theVerseList.window, theVerseList.references, theNotes.view,
+                          theNoteEditor.edit};
     for (const HWND pane : panes) {
         if (!IsWindowVisible(pane)) continue;
         SetFocus(pane);

@@ -44,7 +44,8 @@ static void EndAltKey(const MSG& message) {
 static int RunMessageLoop() {
     MSG message;
     while (GetMessageA(&message, nullptr, 0, 0) > 0) {
-        if (theFrame.accelerators && TranslateAcceleratorA(theFrame.window, theFrame.accelerators, &message)) {
+        if (theFrame.accelerators && !IsNoteTextKey(message) &&
+            TranslateAcceleratorA(theFrame.window, theFrame.accelerators, &message)) {
             EndAltKey(message);
             continue;
         }

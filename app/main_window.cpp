@@ -6,6 +6,7 @@
 #include "app/frame_window.h"
 #include "app/startup_win32.h"
 #include "app/toolbar_win32.h"
+#include "notes/note_editor_window.h"
 #include "notes/notes_window.h"
 #include "resources/ids.h"
 #include "verselist/verselist_window.h"
@@ -14,6 +15,14 @@
 
 static BOOL OnCreate(HWND window, CREATESTRUCTA*) {
     return StartUp(window);
+}
+
+static void OnClose(HWND window) {
+    if (MayLeaveEditor()) DestroyWindow(window);
+}
+
+static BOOL OnQueryEndSession(HWND) {
+    return MayLeaveEditor();
 }
 
 static void OnDestroy(HWND) {
@@ -61,6 +70,8 @@ static void OnActivate(HWND window, UINT state, HWND other, BOOL minimized) {
 static LRESULT CALLBACK FrameProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         HANDLE_MSG(window, WM_CREATE, OnCreate);
+        HANDLE_MSG(window, WM_CLOSE, OnClose);
+        HANDLE_MSG(window, WM_QUERYENDSESSION, OnQueryEndSession);
         HANDLE_MSG(window, WM_DESTROY, OnDestroy);
         HANDLE_MSG(window, WM_COMMAND, OnCommand);
         HANDLE_MSG(window, WM_NOTIFY, OnNotify);

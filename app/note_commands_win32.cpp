@@ -52,7 +52,20 @@ void ToggleBindNotes(int command) {
     if (theNotes.BindNotes) ShowNoteForPassage(command);
 }
 
+void EditNote(int command) {
+    ShowNotes();
+    theNotes.editing = 1;
+    SendCommand(theFrame.noteEditor, command);
+    LayOut();
+}
+
+void EndEditingNote(int) {
+    RefreshCommands();
+    LayOut();
+}
+
 void ShowNoteReferences(int) {
+    if (theNotes.references.empty()) return;
     ShowReferences(theNotes.references);
     SetStatusPart(theFrame.statusBar, kSummaryPart,
                   "x-refs for " + ReferenceText(theScripture.records, theNotes.sets.currentVerse, BookForm::kName));

@@ -7,4 +7,6 @@ void ShowNoteForPassage(int command);
 void ShowNoteForList(int command);
 void ShowVerseForNote(int command);
 void ToggleBindNotes(int command);
+void EditNote(int command);
+void EndEditingNote(int command);      // the editor has closed
 void ShowNoteReferences(int command);  // the verses of the cross-reference line that was followed

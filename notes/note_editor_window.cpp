@@ -1,31 +1,399 @@
 #include "notes/note_editor_window.h"
 
+#include <algorithm>
+#include <iterator>
+
+#include "notes/note_text.h"
+#include "notes/notes_window.h"
+#include "notes/save_note_win32.h"
+#include "output/output_win32.h"
+#include "resources/help_topics.h"
 #include "resources/ids.h"
+#include "scripture/scripture_win32.h"
+#include "win32/clipboard.h"
+#include "win32/controls.h"
+#include "win32/help_viewer.h"
 #include "win32/panes.h"
+#include "win32/plain_text.h"
+#include "win32/screen.h"
 
-static HWND editControl = nullptr;
+NoteEditor theNoteEditor;
 
-HWND NoteEditControl() {
-    return editControl;
+static constexpr int kButtonWidth = 60;  // pixels at 96 dpi
+static constexpr int kButtonHeight = 21;
+static constexpr int kGapBeforeLine = 8;
+
+static HWND Frame() {
+    return FrameOf(theNoteEditor.window);
+}
+
+static void RefreshFrame() {
+    SendCommand(Frame(), IDM_REFRESH);
+}
+
+// ---- Opening and closing ------------------------------------------------------------------------------------------
+
+static void FillEditor(const std::string& note) {
+    SetPlainText(theNoteEditor.edit, note.substr(0, kNoteTextLimit));
+    SendMessageA(theNoteEditor.edit, EM_EXLIMITTEXT, 0, kNoteTextLimit);
+}
+
+static void OpenNote() {
+    std::string note;
+    if (!ReadStoredNote(TheNoteFiles(), theNotes.sets, note)) {
+        theNotes.editing = 0;
+        Complain(Frame(), kCannotReadNote);
+        return;
+    }
+    FillEditor(note);
+    RefreshFrame();
+    InvalidateRect(theNoteEditor.window, nullptr, TRUE);
+    SetFocus(theNoteEditor.edit);
+}
+
+static void CloseEditor() {
+    theNotes.editing = 0;
+    FillEditor("");
+    if (IsChild(theNoteEditor.window, GetFocus())) SetFocus(theNotes.view);
+    SendCommand(Frame(), IDM_END_EDITING);
+}
+
+static bool SaveNote() {
+    const NoteSaveResult result = SaveCurrentNote(Frame(), PlainText(theNoteEditor.edit));
+    if (result == NoteSaveResult::kSaved) ShowNoteText();
+    if (result != NoteSaveResult::kStopped) CloseEditor();
+    return result == NoteSaveResult::kSaved;
+}
+
+// Does `work`, a save or the question before one, unless one is going on already, with a message box open.
+static bool Alone(bool (*work)()) {
+    if (!theNotes.editing || theNoteEditor.saving) return false;
+    theNoteEditor.saving = true;
+    const bool done = work();
+    theNoteEditor.saving = false;
+    return done;
+}
+
+static bool AskAndSave() {
+    const std::string verse = ReferenceText(theScripture.records, theNotes.sets.currentVerse, BookForm::kName);
+    const std::string question = "Do you want to save the note for " + verse + "?";
+    switch (MessageBoxA(Frame(), question.c_str(), "Versewell97", MB_YESNOCANCEL | MB_ICONQUESTION)) {
+        case IDYES: return SaveNote();
+        case IDNO: return true;
+    }
+    return false;
+}
+
+bool MayLeaveEditor() {
+    return !theNotes.editing || Alone(AskAndSave);
+}
+
+static void Cancel() {
+    if (theNotes.editing && !theNoteEditor.saving) CloseEditor();
+}
+
+// Esc is pressed too easily to lose what was typed.
+static void Escape() {
+    const bool changed = SendMessageA(theNoteEditor.edit, EM_GETMODIFY, 0, 0) != 0;
+    if (!changed || MayLeaveEditor()) Cancel();
+}
+
+// ---- Clipboard ----------------------------------------------------------------------------------------------------
+
+static bool HasFocus() {
+    return GetFocus() == theNoteEditor.edit;
+}
+
+static void FollowClipboard() {
+    theNoteEditor.canPaste = HasFocus() && IsClipboardFormatAvailable(CF_TEXT);
+    RefreshFrame();
+}
+
+static std::string SelectedText() {
+    const CHARRANGE range = SelectedPlainText(theNoteEditor.edit);
+    return PlainText(theNoteEditor.edit)
+        .substr(static_cast<std::size_t>(range.cpMin), static_cast<std::size_t>(range.cpMax - range.cpMin));
+}
+
+// The control's own way would copy the text's looks too.
+static bool PutOnClipboard(const std::string& text) {
+    const HeldClipboard clipboard = text.empty() ? nullptr : OpenEmptyClipboard(theNoteEditor.window);
+    return clipboard && PutText(clipboard, text);
+}
+
+void CopyInEditor() {
+    PutOnClipboard(SelectedText());
+    FollowClipboard();
+}
+
+static void ReplaceSelection(const std::string& text) {
+    SendMessageA(theNoteEditor.edit, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(text.c_str()));
+}
+
+void CutInEditor() {
+    if (PutOnClipboard(SelectedText())) ReplaceSelection("");
+    FollowClipboard();
+}
+
+// What has no room is left out, with a beep.
+static void Insert(std::string_view text) {
+    const CHARRANGE range = SelectedPlainText(theNoteEditor.edit);
+    const auto kept = static_cast<std::size_t>(GetWindowTextLengthA(theNoteEditor.edit) - (range.cpMax - range.cpMin));
+    const std::size_t room = kNoteTextLimit - std::min(kept, kNoteTextLimit);
+    const std::string fitting = TextForNote(text, room);
+    if (fitting.size() < TextForNote(text, text.size() * 2).size()) MessageBeep(MB_OK);
+    ReplaceSelection(fitting);
+}
+
+void PasteInEditor() {
+    Insert(TextOnClipboard(theNoteEditor.window));
+}
+
+static void OnDrawClipboard() {
+    if (theNotes.editing) FollowClipboard();
+    if (theNoteEditor.nextViewer) SendNotifyMessageA(theNoteEditor.nextViewer, WM_DRAWCLIPBOARD, 0, 0);
+}
+
+static void OnChangeCbChain(HWND left, HWND next) {
+    if (left == theNoteEditor.nextViewer) {
+        theNoteEditor.nextViewer = next;
+    } else if (theNoteEditor.nextViewer) {
+        SendNotifyMessageA(theNoteEditor.nextViewer, WM_CHANGECBCHAIN, reinterpret_cast<WPARAM>(left),
+                           reinterpret_cast<LPARAM>(next));
+    }
+}
+
+// ---- The editing control ------------------------------------------------------------------------------------------
+
+static bool IsDown(int key) {
+    return GetKeyState(key) < 0;
+}
+
+// Together with Alt it makes letters of some keyboards.
+static bool IsControlDown() {
+    return IsDown(VK_CONTROL) && !IsDown(VK_MENU);
+}
+
+static void OnEditFocus() {
+    if (theSelection.SelectionOwner != kNoteEditorOwns) DropSelection();
+    FollowClipboard();
+}
+
+static void OnEditFocusLost() {
+    if (theSelection.SelectionOwner == kNoteEditorOwns) DropSelection();
+    theNoteEditor.canPaste = false;
+    RefreshFrame();
+}
+
+static void StepFocus(HWND from) {
+    SetFocus(GetNextDlgTabItem(theNoteEditor.window, from, IsDown(VK_SHIFT)));
+}
+
+// The keys with Ctrl that the control has for plain text; its others would change fonts and paragraphs.
+static bool IsPlainTextKey(UINT key) {
+    switch (key) {
+        case 'A':
+        case 'Y':
+        case 'Z':
+        case VK_BACK:
+        case VK_DELETE:
+        case VK_LEFT:
+        case VK_RIGHT:
+        case VK_UP:
+        case VK_DOWN:
+        case VK_HOME:
+        case VK_END:
+        case VK_PRIOR:
+        case VK_NEXT:
+        case VK_CONTROL:
+        case VK_SHIFT: return true;
+    }
+    return false;
+}
+
+// True when the key was ours.
+static bool OnEditKey(UINT key) {
+    const bool control = IsControlDown();
+    const bool shift = IsDown(VK_SHIFT);
+    switch (key) {
+        case VK_ESCAPE: Escape(); return true;
+        case VK_TAB:
+            if (control || shift) StepFocus(theNoteEditor.edit);
+            return control || shift;
+        case VK_RETURN:
+            if (control || shift) Insert("\n");  // it would be a line end that no note knows
+            return control || shift;
+        case VK_INSERT:
+            if (control) CopyInEditor();
+            if (shift) PasteInEditor();
+            return control || shift;
+        case VK_DELETE:
+            if (shift && !control) CutInEditor();
+            return shift && !control;
+        case 'S':
+            if (control) SendCommand(theNoteEditor.window, IDC_NOTE_SAVE);
+            return control;
+    }
+    return control && !IsPlainTextKey(key);
+}
+
+// The characters of the keys that were ours, and those that no note should hold.
+static bool IsStrayCharacter(UINT character) {
+    static constexpr UINT kDelete = 0x7F;
+    if (character == kDelete || character == VK_ESCAPE) return true;
+    return character < ' ' && (IsControlDown() || (IsDown(VK_SHIFT) && character != VK_BACK));
+}
+
+static LRESULT CALLBACK EditProcedure(HWND edit, UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case WM_KEYDOWN:
+            if (OnEditKey(static_cast<UINT>(wParam))) return 0;
+            break;
+        case WM_CHAR:
+            if (IsStrayCharacter(static_cast<UINT>(wParam))) return 0;
+            break;
+        case WM_CUT: CutInEditor(); return 0;
+        case WM_COPY: CopyInEditor(); return 0;
+        case WM_PASTE: PasteInEditor(); return 0;
+    }
+    const LRESULT result = CallWindowProcA(theNoteEditor.editProcedure, edit, message, wParam, lParam);
+    if (message == WM_SETFOCUS) OnEditFocus();
+    if (message == WM_KILLFOCUS) OnEditFocusLost();
+    return result;
+}
+
+static bool IsText(HWND window) {
+    return window && (window == theNoteEditor.edit || window == theNotes.view);
+}
+
+bool IsNoteTextKey(const MSG& message) {
+    if (message.message != WM_KEYDOWN || !IsText(message.hwnd) || !IsControlDown()) return false;
+    return message.wParam == VK_HOME || message.wParam == VK_END || message.wParam == VK_PRIOR ||
+           message.wParam == VK_NEXT;
+}
+
+// ---- The buttons --------------------------------------------------------------------------------------------------
+
+static LRESULT CALLBACK ButtonProcedure(HWND button, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_KEYDOWN) {
+        switch (wParam) {
+            case VK_ESCAPE: Escape(); return 0;
+            case VK_RETURN: SendMessageA(button, BM_CLICK, 0, 0); return 0;
+            case VK_TAB: StepFocus(button); return 0;
+        }
+    }
+    return CallWindowProcA(theNoteEditor.buttonProcedure, button, message, wParam, lParam);
+}
+
+// ---- The frame of the editor --------------------------------------------------------------------------------------
+
+static constexpr int kButtons[] = {IDC_NOTE_SAVE, IDC_NOTE_CANCEL, IDC_NOTE_HELP};
+
+static void OnSize(HWND window, UINT, int width, int height) {
+    int left = 0;
+    const int top = Scaled(kButtonHeight);
+    for (const int button : kButtons) {
+        MoveWindow(GetDlgItem(window, button), left, 0, Scaled(kButtonWidth), top, TRUE);
+        left += Scaled(kButtonWidth);
+    }
+    MoveWindow(theNoteEditor.edit, 0, top, width, height > top ? height - top : 0, TRUE);
+}
+
+static std::string EditingLine() {
+    const NoteSets& notes = theNotes.sets;
+    if (!theNotes.editing) return {};
+    return "Editing note \"" + NoteSetName(notes.sets[static_cast<std::size_t>(notes.currentSet)]) + "\" for " +
+           ReferenceText(theScripture.records, notes.currentVerse, BookForm::kName);
+}
+
+static void OnPaint(HWND window) {
+    PAINTSTRUCT paint;
+    const HDC dc = BeginPaint(window, &paint);
+    RECT place{};
+    GetClientRect(window, &place);
+    place.left = static_cast<LONG>(std::size(kButtons)) * Scaled(kButtonWidth) + Scaled(kGapBeforeLine);
+    place.bottom = Scaled(kButtonHeight);
+    const HGDIOBJ fontBefore = SelectObject(dc, MessageFont());
+    SetBkMode(dc, TRANSPARENT);
+    SetTextColor(dc, GetSysColor(COLOR_BTNTEXT));
+    DrawTextA(dc, EditingLine().c_str(), -1, &place, DT_SINGLELINE | DT_VCENTER | DT_END_ELLIPSIS | DT_NOPREFIX);
+    SelectObject(dc, fontBefore);
+    EndPaint(window, &paint);
+}
+
+static void OnCommand(HWND window, int command, HWND, UINT) {
+    switch (command) {
+        case IDM_EDIT_NOTE: OpenNote(); break;
+        case IDC_NOTE_SAVE: Alone(SaveNote); break;
+        case IDC_NOTE_CANCEL: Cancel(); break;
+        case IDC_NOTE_HELP: OpenHelpTopic(window, kHelpFile, kTopicNoteEditor); break;
+    }
+}
+
+static LRESULT OnNotify(HWND window, int control, NMHDR* notification) {
+    if (control == IDC_NOTE_EDIT && notification->code == EN_SELCHANGE && HasFocus()) {
+        const CHARRANGE range = SelectedPlainText(theNoteEditor.edit);
+        theSelection.SelectionOwner = range.cpMin < range.cpMax ? kNoteEditorOwns : kNobody;
+        RefreshFrame();
+        return 0;
+    }
+    return DefWindowProcA(window, WM_NOTIFY, static_cast<WPARAM>(control), reinterpret_cast<LPARAM>(notification));
+}
+
+static void OnSetFocus(HWND, HWND) {
+    SetFocus(theNoteEditor.edit);
+}
+
+static void CreateControls(HWND window) {
+    static constexpr const char* kTexts[] = {"Save", "Cancel", "Help"};
+    static_assert(std::size(kTexts) == std::size(kButtons));
+    for (std::size_t i = 0; i < std::size(kButtons); ++i) {
+        const HWND button =
+            CreateChild(window, "BUTTON", kTexts[i], WS_VISIBLE | WS_TABSTOP | BS_PUSHBUTTON, 0, kButtons[i]);
+        SendMessageA(button, WM_SETFONT, reinterpret_cast<WPARAM>(MessageFont()), FALSE);
+        theNoteEditor.buttonProcedure = Subclass(button, ButtonProcedure);
+    }
+    theNoteEditor.edit = CreateChild(
+        window, "RICHEDIT", "", WS_VISIBLE | WS_VSCROLL | WS_TABSTOP | ES_MULTILINE | ES_WANTRETURN | ES_AUTOVSCROLL,
+        WS_EX_CLIENTEDGE, IDC_NOTE_EDIT);
+    SendMessageA(theNoteEditor.edit, EM_SETTEXTMODE, TM_PLAINTEXT, 0);
+    SendMessageA(theNoteEditor.edit, EM_SETEVENTMASK, 0, ENM_SELCHANGE);
+    theNoteEditor.editProcedure = Subclass(theNoteEditor.edit, EditProcedure);
+}
+
+static BOOL OnCreate(HWND window, CREATESTRUCTA*) {
+    theNoteEditor.window = window;
+    CreateControls(window);
+    theNoteEditor.nextViewer = SetClipboardViewer(window);
+    return TRUE;
+}
+
+static void OnDestroy(HWND window) {
+    ChangeClipboardChain(window, theNoteEditor.nextViewer);
+    Unsubclass(theNoteEditor.edit, theNoteEditor.editProcedure);
+}
+
+static LRESULT CALLBACK EditorProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        HANDLE_MSG(window, WM_CREATE, OnCreate);
+        HANDLE_MSG(window, WM_DESTROY, OnDestroy);
+        HANDLE_MSG(window, WM_SIZE, OnSize);
+        HANDLE_MSG(window, WM_PAINT, OnPaint);
+        HANDLE_MSG(window, WM_COMMAND, OnCommand);
+        HANDLE_MSG(window, WM_NOTIFY, OnNotify);
+        HANDLE_MSG(window, WM_SETFOCUS, OnSetFocus);
+        case WM_DRAWCLIPBOARD: OnDrawClipboard(); return 0;
+        case WM_CHANGECBCHAIN:
+            OnChangeCbChain(reinterpret_cast<HWND>(wParam), reinterpret_cast<HWND>(lParam));
+            return 0;
+    }
+    return DefWindowProcA(window, message, wParam, lParam);
 }
 
 bool RegisterNoteEditorClass() {
-    return RegisterPaneClass(kNoteEditorClass, DefWindowProcA, COLOR_BTNFACE);
+    return RegisterPaneClass(kNoteEditorClass, EditorProcedure, COLOR_BTNFACE);
 }
 
 HWND CreateNoteEditor(HWND frame) {
-    static constexpr struct {
-        const char* text;
-        int id;
-    } kButtons[] = {{"Save", IDC_NOTE_SAVE}, {"Cancel", IDC_NOTE_CANCEL}, {"Help", IDC_NOTE_HELP}};
-
-    const HWND editor = CreateChild(frame, kNoteEditorClass, "", WS_CLIPCHILDREN | WS_CLIPSIBLINGS, 0, IDC_NOTE_EDITOR);
-    for (const auto& [text, id] : kButtons) {
-        CreateChild(editor, "BUTTON", text, WS_VISIBLE | WS_TABSTOP | BS_PUSHBUTTON, 0, id);
-    }
-    editControl = CreateChild(editor, "RICHEDIT", "",
-                              WS_VISIBLE | WS_VSCROLL | WS_TABSTOP | ES_MULTILINE | ES_WANTRETURN | ES_AUTOVSCROLL,
-                              WS_EX_CLIENTEDGE, IDC_NOTE_EDIT);
-    SendMessageA(editControl, EM_SETEVENTMASK, 0, ENM_SELCHANGE);
-    return editor;
+    return CreateChild(frame, kNoteEditorClass, "", WS_CLIPCHILDREN | WS_CLIPSIBLINGS, 0, IDC_NOTE_EDITOR);
 }

@@ -101,16 +101,25 @@ StoredNote StoredNoteOf(const NoteSet& set, int verse) {
     return {*offset, next ? LengthBetween(*offset, *next) : 0};
 }
 
-bool ReadNoteText(const NoteFiles& files, const VerseRecords& records, NoteSets& notes, int verse) {
+static bool ReadNoteOf(const NoteFiles& files, const NoteSets& notes, int verse, std::string& text) {
     const NoteSet* set = CurrentSet(notes);
     if (set == nullptr) return false;
-    verse = ClampVerse(verse);
     const StoredNote stored = StoredNoteOf(*set, verse);
     const auto limit = static_cast<std::size_t>(std::min<std::uint64_t>(stored.length, kNoteBufferSize - 1));
     std::vector<unsigned char> bytes;
     if (!files.read(files.device, set->dataFileName, stored.offset, limit, bytes)) return false;
+    text.assign(bytes.begin(), std::find(bytes.begin(), bytes.end(), '\0'));
+    return true;
+}
+
+bool ReadStoredNote(const NoteFiles& files, const NoteSets& notes, std::string& text) {
+    return ReadNoteOf(files, notes, notes.currentVerse, text);
+}
+
+bool ReadNoteText(const NoteFiles& files, const VerseRecords& records, NoteSets& notes, int verse) {
+    verse = ClampVerse(verse);
+    if (!ReadNoteOf(files, notes, verse, notes.noteText)) return false;
     notes.currentVerse = verse;
-    notes.noteText.assign(bytes.begin(), std::find(bytes.begin(), bytes.end(), '\0'));
     if (notes.noteText.empty()) notes.noteText = "No note for " + ReferenceText(records, verse, BookForm::kName) + ".";
     return true;
 }

@@ -67,6 +67,10 @@ void SelectStoredNote(NoteSets& notes, int set, int verse);
 // current verse becomes `verse`. False, and nothing changed, when the data file cannot be opened.
 bool ReadNoteText(const NoteFiles& files, const VerseRecords& records, NoteSets& notes, int verse);
 
+// Reads the current verse's note in the current set as it is stored, up to its first NUL, at most 65,535 characters;
+// empty where there is none. False when the data file cannot be opened.
+bool ReadStoredNote(const NoteFiles& files, const NoteSets& notes, std::string& text);
+
 // Has the set a note for `verse`: a stored length above 1? The last verse's is taken from the file's size.
 bool NoteExists(const NoteFiles& files, const NoteSet& set, int verse);
 

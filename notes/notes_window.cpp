@@ -1,7 +1,6 @@
 #include "notes/notes_window.h"
 
 #include <algorithm>
-#include <cstring>
 
 #include "notes/cross_references.h"
 #include "notes/note_editor_window.h"
@@ -14,6 +13,7 @@
 #include "scripture/scripture_win32.h"
 #include "win32/controls.h"
 #include "win32/panes.h"
+#include "win32/plain_text.h"
 #include "win32/popup_menu.h"
 
 NotesPane theNotes;
@@ -30,25 +30,8 @@ bool NoteExists(int verse) {
     return NoteExists(TheNoteFiles(), theNotes.sets, verse);
 }
 
-// Streaming takes the text as it stands; setting it would read one that begins as rich text does as such.
-static DWORD CALLBACK GiveText(DWORD_PTR cookie, LPBYTE buffer, LONG wanted, LONG* given) {
-    auto& rest = *reinterpret_cast<std::string_view*>(cookie);
-    const std::size_t count = std::min(rest.size(), static_cast<std::size_t>(wanted));
-    std::memcpy(buffer, rest.data(), count);
-    rest.remove_prefix(count);
-    *given = static_cast<LONG>(count);
-    return 0;
-}
-
-static void ShowText(HWND view, std::string_view text) {
-    EDITSTREAM stream{reinterpret_cast<DWORD_PTR>(&text), 0, GiveText};
-    SendMessageA(view, EM_STREAMIN, SF_TEXT, reinterpret_cast<LPARAM>(&stream));
-}
-
-static void GoToStart(HWND view) {
-    CHARRANGE none{0, 0};
-    SendMessageA(view, EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&none));
-    SendMessageA(view, EM_SCROLLCARET, 0, 0);
+void ShowNoteText() {
+    SetPlainText(theNotes.view, theNotes.sets.noteText);
 }
 
 void ReadNote(int verse) {
@@ -57,10 +40,9 @@ void ReadNote(int verse) {
         Complain(FrameOf(theNotes.window), kCannotReadNote);
         return;
     }
-    ShowText(theNotes.view, theNotes.sets.noteText);
+    ShowNoteText();
     SetStatusPart(GetDlgItem(FrameOf(theNotes.window), IDC_STATUS_BAR), kNotePart,
                   ReferenceText(theScripture.records, theNotes.sets.currentVerse, BookForm::kName));
-    GoToStart(theNotes.view);
 }
 
 void SelectNoteSet(int set) {
@@ -71,10 +53,9 @@ void SelectNoteSet(int set) {
 }
 
 NoteSelection SelectionInNote() {
-    CHARRANGE range{};
-    SendMessageA(theNotes.view, EM_EXGETSEL, 0, reinterpret_cast<LPARAM>(&range));
-    const int length = static_cast<int>(theNotes.sets.noteText.size());  // the control counts a last, unseen line end
-    return {std::clamp(static_cast<int>(range.cpMin), 0, length), std::clamp(static_cast<int>(range.cpMax), 0, length)};
+    const CHARRANGE range = SelectedPlainText(theNotes.view);
+    const auto length = static_cast<LONG>(theNotes.sets.noteText.size());
+    return {static_cast<int>(std::min(range.cpMin, length)), static_cast<int>(std::min(range.cpMax, length))};
 }
 
 static void InsertTab(HWND tabs, int index, const std::string& name) {
@@ -99,7 +80,7 @@ void LoadNoteSets() {
 void SetNotesFont(const FontChoice& choice) {
     const LOGFONTA record = FontRecord(choice);
     OwnedFont font(CreateFontIndirectA(&record));
-    for (const HWND control : {theNotes.view, NoteEditControl()}) {
+    for (const HWND control : {theNotes.view, theNoteEditor.edit}) {
         SendMessageA(control, WM_SETFONT, reinterpret_cast<WPARAM>(font.get()), TRUE);
     }
     theNotes.font = std::move(font);

@@ -39,6 +39,9 @@ void LoadNoteSets();
 // note is edited; says so when the set's file cannot be opened.
 void ReadNote(int verse);
 
+// Shows the text of the current note as it was read, searched or saved last.
+void ShowNoteText();
+
 // Makes `set` the current one, selects its tab and reads the current verse's note in it.
 void SelectNoteSet(int set);
 

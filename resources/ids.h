@@ -72,6 +72,7 @@
 #define IDM_THIS_EVENING 192
 #define IDM_REFRESH 900          // from a pane to its frame: what commands depend on has changed
 #define IDM_SHOW_REFERENCES 901  // from the Notes window: show the verses of the line that was followed
+#define IDM_END_EDITING 902      // from the note editor: it has closed
 #define IDM_GOTO_BOOK 1000       // and a book's number, 1 to 66
 #define IDM_DEVOTIONAL 2000      // and a verse index
 
@@ -102,7 +103,7 @@
 #define IDC_SUBSTRING 15
 #define IDC_ADD_WORD 18
 #define IDC_WORD_LIST 19
-#define IDC_RANGE 20      // the button of the search dialogs; the field of all that ask for verses but Go To Verse
+#define IDC_RANGE 20      // the button of the search dialogs; the field of all that ask for verses but the next
 #define IDC_REFERENCE 10  // Go To Verse
 #define IDC_OLD_TESTAMENT 101
 #define IDC_NEW_TESTAMENT 102

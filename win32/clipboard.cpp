@@ -14,6 +14,21 @@ HeldClipboard OpenEmptyClipboard(HWND owner) {
     return clipboard;
 }
 
+static std::string TextIn(HGLOBAL block) {
+    const auto* bytes = static_cast<const char*>(GlobalLock(block));
+    if (!bytes) return {};
+    const std::string text(bytes, strnlen(bytes, GlobalSize(block)));
+    GlobalUnlock(block);
+    return text;
+}
+
+std::string TextOnClipboard(HWND owner) {
+    if (!OpenClipboard(owner)) return {};
+    const HeldClipboard clipboard(owner);
+    const HGLOBAL block = GetClipboardData(CF_TEXT);
+    return block ? TextIn(block) : std::string();
+}
+
 bool PutText(const HeldClipboard&, std::string_view text) {
     const HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, text.size() + 1);
     if (!block) return false;

@@ -45,6 +45,7 @@ static constexpr int kEnabledAtStart[] = {
     IDM_PREVIOUS_NOTE_SET,
     IDM_NEXT_NOTE_SET,
     IDM_NOTE_FOR_PASSAGE,
+    IDM_EDIT_NOTE,
     IDM_VERSE_FOR_NOTE,
     IDM_BIND_NOTES,
 };
@@ -175,6 +176,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Opening{IDM_PHRASE_SEARCH, "Alt+p", "Phrase Search"},
                     Opening{IDM_WORD_LIST_SEARCH, "Alt+l", "Word Search"},
                     Opening{IDM_SET_RANGE, "", "Set Search Range"}, Opening{IDM_GOTO_VERSE, "Alt+g", "Go To Verse"},
+
                     Opening{IDM_PASSAGE_FONT, "", "Font"}, Opening{IDM_HIGHLIGHT_COLOR, "", "Color"}),
     [](const auto& row) { return "Of" + std::to_string(row.param.command); });
 
@@ -213,7 +215,8 @@ TEST(Commands, KeysGoBeforeMenuLetters) {
     for (const char* keys : {"Alt+n", "Alt+e", "Alt+t"}) {
         Press(program, keys);
         EXPECT_FALSE(IsInMenu(program)) << keys;
-        if (HasDialog(program)) Press(program, "Esc");
+        Press(program, "Esc");  // a dialog, or the note editor
+        Command(program, IDM_FOCUS_PASSAGE);
         Press(program, "Down");
         Press(program, "Up");
         EXPECT_EQ(Top(program), "Genesis 1:1") << keys << ": the next keys were swallowed";
@@ -264,9 +267,27 @@ TEST(Commands, IgnoreNumbersThatMeanNothing) {
     Program program = StartProgram(FolderWithScripture());
     GoTo(program, "Ge 5:10");
     const Picture before = PictureOfWindow(program.frame);
-    for (const int command :
-         {1, 100, 104, 107, 115, 124, 136, 168, 187, 193, 210, 999, IDM_GOTO_BOOK, IDM_GOTO_BOOK + 67, 1999,
-          IDM_DEVOTIONAL, IDM_DEVOTIONAL + 31101, IDM_DEVOTIONAL + 31102, 0xFFFF}) {
+    for (const int command : {1,
+                              100,
+                              104,
+                              107,
+                              115,
+                              124,
+                              136,
+                              168,
+                              187,
+                              193,
+                              210,
+                              901,
+                              902,
+                              999,
+                              IDM_GOTO_BOOK,
+                              IDM_GOTO_BOOK + 67,
+                              1999,
+                              IDM_DEVOTIONAL,
+                              IDM_DEVOTIONAL + 31101,
+                              IDM_DEVOTIONAL + 31102,
+                              0xFFFF}) {
         Command(program, command);
         ASSERT_TRUE(IsRunning(program)) << command;
         EXPECT_FALSE(HasDialog(program)) << command;

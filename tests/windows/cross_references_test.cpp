@@ -1,5 +1,9 @@
 // Cross-reference lines of a note: a double click opens them as a Verse List.
 
+#include <windows.h>
+
+#include <commctrl.h>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -58,11 +62,15 @@ TEST(CrossReferenceLine, OpensAsAVerseList) {
 
 TEST(CrossReferenceLine, EnablesWhatWorksOnAList) {
     Program program = StartProgram(FolderWithReferences());
-    static constexpr int kEnabled[] = {IDM_CONTEXT, IDM_NOTE_FOR_LIST};
+    static constexpr int kEnabled[] = {IDM_CONTEXT, IDM_NOTE_FOR_LIST, IDM_COPY_VERSE_LIST, IDM_COPY_REFERENCES};
     for (const int command : kEnabled) ASSERT_TRUE(IsGreyed(program, command)) << command;
     DoubleClickNote(program, "Ge 1:1");
     for (const int command : kEnabled) EXPECT_FALSE(IsGreyed(program, command)) << command;
     EXPECT_TRUE(IsGreyed(program, IDM_SAVE_VERSE_LIST)) << "only a search's list is saved";
+    EXPECT_EQ(ToolState(program, IDM_CONTEXT), TBSTATE_ENABLED);
+    SearchFor(program, {"grace"});
+    DoubleClickNote(program, "Ge 1:1");
+    EXPECT_FALSE(IsGreyed(program, IDM_SAVE_VERSE_LIST)) << "it stays as it was";
     Press(program, "F9");
     EXPECT_EQ(StatusPart(program, 2), "Genesis 1:1");
 }

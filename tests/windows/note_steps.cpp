@@ -4,6 +4,7 @@
 
 #include <richedit.h>
 
+#include "resources/ids.h"
 #include "tests/driver/remote_memory.h"
 #include "tests/windows/passage_pane.h"
 
@@ -14,6 +15,25 @@ POINT PointOfCharacter(const Program& program, HWND richEdit, std::size_t offset
     ReadRemote(memory, &place, sizeof place);
     static constexpr LONG kWithinLine = 6;
     return {place.x + 1, place.y + kWithinLine};
+}
+
+HWND NoteEditorOf(const Program& program) {
+    const HWND editor = FindWindowExA(program.frame, nullptr, "NOTEEDIT", nullptr);
+    if (!editor) Fail(&program, "there is no note editor");
+    return editor;
+}
+
+HWND NoteEditOf(const Program& program) {
+    return Child(NoteEditorOf(program), {IDC_NOTE_EDIT});
+}
+
+void OpenNoteEditor(const Program& program) {
+    Press(program, "Alt+e");
+    if (!IsShown(NoteEditorOf(program))) Fail(&program, "the note editor does not open");
+}
+
+void ClickEditorButton(const Program& program, int button) {
+    Click(program, Child(NoteEditorOf(program), {button}));
 }
 
 void DoubleClickNote(const Program& program, std::string_view text) {

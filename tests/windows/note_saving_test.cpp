@@ -1,0 +1,372 @@
+// Notes on their way to the disk: what Save writes, what it says when it cannot, and what a closing program asks.
+
+#include <windows.h>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <future>
+
+#include "resources/ids.h"
+#include "tests/windows/note_set_files.h"
+#include "tests/windows/note_steps.h"
+#include "tests/windows/passage_pane.h"
+
+using testing::ElementsAre;
+
+using Notes = std::map<int, std::string>;
+
+static constexpr int kMiddle = 15000;
+static constexpr int kLast = 31101;
+
+static const Notes kNotes = {{0, "The first."},   {1, "And the second."},       {kMiddle - 1, "Before."},
+                             {kMiddle, "four"},   {kMiddle + 1, "Behind.\r\n"}, {kLast - 1, "The last but one."},
+                             {kLast, "The last."}};
+
+static ScratchFolder FolderWithNotes(int noteVerse) {
+    const ScratchFolder folder = FolderWithScripture();
+    WriteNoteSet(folder, "Mine", kNotes);
+    WriteSetting(folder, "MISC", "NoteVerse", std::to_string(noteVerse));
+    WriteSetting(folder, "MISC", "ReadVerse", std::to_string(noteVerse));
+    return folder;
+}
+
+// Both files, byte for byte.
+static void ExpectNotes(const ScratchFolder& folder, const Notes& notes, const std::string& why) {
+    const ScratchFolder expected = EmptyFolder();
+    WriteNoteSet(expected, "Mine", notes);
+    for (const char* file : {"Mine.nmd", "Mine.nmi"})
+        EXPECT_TRUE(ReadFile(folder, file) == ReadFile(expected, file)) << file << ": " << why;
+}
+
+static Program ProgramInEditorOf(int verse) {
+    Program program = StartProgram(FolderWithNotes(verse));
+    OpenNoteEditor(program);
+    return program;
+}
+
+static void Retype(const Program& program, const std::string& text) {
+    Press(program, "Ctrl+a");
+    Press(program, "Delete");
+    if (text.empty()) return;
+    SetClipboardText(text);
+    WaitUntil(program, "Paste to be enabled", [&] { return !IsGreyed(program, IDM_PASTE); });
+    Press(program, "Ctrl+v");
+}
+
+static bool IsEditing(const Program& program) {
+    return IsShown(NoteEditorOf(program));
+}
+
+// ---- Saving
+// -----------------------------------------------------------------------------------------------------------
+
+// The stored note is a NUL longer: ten characters over four move every later note by six.
+TEST(SavedNote, StandsAmongAllOthersAsTheyWere) {
+    static const std::string kTexts[] = {"ten chars.", "", "in\r\ntwo lines\r\n", "{\\rtf1 \xB6 \xE9}"};
+    for (const int verse : {0, kMiddle, kLast}) {
+        Program program = StartProgram(FolderWithNotes(verse));
+        Notes notes = kNotes;
+        for (const std::string& text : kTexts) {
+            OpenNoteEditor(program);
+            Retype(program, text);
+            ClickEditorButton(program, IDC_NOTE_SAVE);
+            ASSERT_FALSE(IsEditing(program)) << text;
+            notes[verse] = text;
+            ExpectNotes(program.folder, notes, std::to_string(verse) + " " + text);
+            EXPECT_EQ(TextOf(NoteViewOf(program)), text) << "the display shows what was saved";
+        }
+        EXPECT_FALSE(HasFile(program.folder, "Mine.nmd.temp"));
+    }
+}
+
+TEST(SavedNote, MayBeUnchanged) {
+    Program program = ProgramInEditorOf(kMiddle);
+    Press(program, "Ctrl+s");
+    EXPECT_FALSE(IsEditing(program));
+    EXPECT_EQ(FocusOf(program), NoteViewOf(program));
+    ExpectNotes(program.folder, kNotes, "saved by its key");
+}
+
+TEST(SavedNote, CountsAsAbsentWhenItIsEmpty) {
+    Program program = ProgramInEditorOf(kMiddle);
+    Retype(program, "");
+    ClickEditorButton(program, IDC_NOTE_SAVE);
+    EXPECT_EQ(TextOf(NoteViewOf(program)), "") << "until it is read again";
+    Press(program, "Alt+Up");
+    EXPECT_EQ(TextOf(NoteViewOf(program)), "Before.");
+    Press(program, "Alt+Down");
+    EXPECT_EQ(TextOf(NoteViewOf(program)), "Behind.\r\n") << "the one between is passed over";
+    Press(program, "F10");
+    EXPECT_THAT(TextOf(NoteViewOf(program)), testing::StartsWith("No note for "));
+}
+
+TEST(SavedNote, OfAVerseWithoutOneIsThereFromThenOn) {
+    Program program = ProgramInEditorOf(kMiddle + 20);
+    EXPECT_EQ(TextOf(NoteEditOf(program)), "") << "the line that says that there is none is not the note";
+    Type(program, "New # Joh 3:16");
+    ClickEditorButton(program, IDC_NOTE_SAVE);
+    Notes notes = kNotes;
+    notes[kMiddle + 20] = "New # Joh 3:16";
+    ExpectNotes(program.folder, notes, "a new note");
+    DoubleClickNote(program, "3:16");
+    EXPECT_EQ(StatusPart(program, 1), "John 3:16") << "what was saved can be followed";
+    CloseProgram(program);
+    Program again = StartProgram(program.folder);
+    EXPECT_EQ(TextOf(NoteViewOf(again)), "New # Joh 3:16");
+}
+
+// ---- Failures
+// ---------------------------------------------------------------------------------------------------------
+
+static UniqueHandle Held(const ScratchFolder& folder, const char* name) {
+    const HANDLE file =
+        CreateFileA((folder.path / name).string().c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+    EXPECT_NE(file, INVALID_HANDLE_VALUE);
+    return UniqueHandle(file);
+}
+
+// Presses the key in the message box once its text and buttons are as expected.
+static void Answer(const Program& program, const std::string& text, const std::vector<std::string>& buttons,
+                   const char* key) {
+    const HWND box = WaitForDialog(program, "Error");
+    WaitUntil(program, text, [&] { return IsWindow(box) && MessageText(box) == text; });
+    EXPECT_EQ(ButtonsOf(box), buttons) << text;
+    EXPECT_EQ(ActiveWindowOf(program), box);
+    Press(program, key);
+    WaitUntil(program, "the box to close", [&] { return !IsWindow(box); });
+}
+
+static const std::vector<std::string> kOk = {"OK"};
+static const std::vector<std::string> kRetryCancel = {"&Retry", "Cancel"};
+static const std::string kCannotOpen =
+    "There was an error opening the file \"Mine.nmd\". Please make sure this file is not being used by any other "
+    "program.";
+static const std::string kCannotCreate = "Failure saving note (file creation error)";
+static const std::string kCannotWrite = "Failure writing. Disk may be full!";
+
+static void ExpectUnsaved(const Program& program, const char* why) {
+    WaitUntil(program, "the editor to close", [&] { return !IsEditing(program); });
+    ExpectNotes(program.folder, kNotes, why);
+    EXPECT_EQ(TextOf(NoteViewOf(program)), kNotes.at(kMiddle)) << why;
+    EXPECT_FALSE(IsGreyed(program, IDM_EDIT_NOTE)) << why;
+    EXPECT_EQ(GetCapture(), nullptr);
+}
+
+TEST(UnsavedNote, StaysInTheEditorWhileItsFileIsInUse) {
+    Program program = ProgramInEditorOf(kMiddle);
+    Type(program, "Kept: ");
+    {
+        const UniqueHandle held = Held(program.folder, "Mine.nmd");
+        ClickEditorButton(program, IDC_NOTE_SAVE);
+        SavePicture(PictureOfWindow(WaitForDialog(program, "Error")), "note-file-in-use");
+        Answer(program, kCannotOpen, kRetryCancel, "Esc");
+        EXPECT_TRUE(IsEditing(program));
+        EXPECT_EQ(TextOf(NoteEditOf(program)), "Kept: four");
+    }
+    ExpectNotes(program.folder, kNotes, "cancelled");
+    ClickEditorButton(program, IDC_NOTE_SAVE);
+    EXPECT_FALSE(IsEditing(program));
+    Notes notes = kNotes;
+    notes[kMiddle] = "Kept: four";
+    ExpectNotes(program.folder, notes, "saved once the file was free");
+}
+
+// Retry does not open the file again: two more messages, and the editor closes.
+TEST(UnsavedNote, IsLostWithRetry) {
+    Program program = ProgramInEditorOf(kMiddle);
+    Type(program, "Lost: ");
+    {
+        const UniqueHandle held = Held(program.folder, "Mine.nmd");
+        ClickEditorButton(program, IDC_NOTE_SAVE);
+        Answer(program, kCannotOpen, kRetryCancel, "Enter");
+        Answer(program, kCannotCreate, kOk, "Enter");
+        Answer(program, kCannotWrite, kOk, "Enter");
+        WaitUntil(program, "the editor to close", [&] { return !IsEditing(program); });
+    }
+    ExpectUnsaved(program, "Retry");
+}
+
+TEST(UnsavedNote, HasNoTemporaryFile) {
+    Program program = ProgramInEditorOf(kMiddle);
+    std::filesystem::create_directory(program.folder.path / "Mine.nmd.temp");
+    Type(program, "Lost: ");
+    ClickEditorButton(program, IDC_NOTE_SAVE);
+    Answer(program, kCannotCreate, kOk, "Enter");
+    Answer(program, kCannotWrite, kOk, "Enter");
+    ExpectUnsaved(program, "a folder has its name");
+}
+
+// Runs a program of Wine's host in the folder.
+static void RunOnHost(const ScratchFolder& folder, std::string command) {
+    STARTUPINFOA start{};
+    start.cb = sizeof start;
+    PROCESS_INFORMATION process{};
+    ASSERT_TRUE(CreateProcessA(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr,
+                               folder.path.string().c_str(), &start, &process));
+    CloseHandle(process.hThread);
+    WaitForSingleObject(process.hProcess, INFINITE);
+    CloseHandle(process.hProcess);
+}
+
+// The host has a device that is always full; it stands under the name of the temporary file.
+TEST(UnsavedNote, FindsTheDiskFull) {
+    Program program = ProgramInEditorOf(kMiddle);
+    RunOnHost(program.folder, "\"Z:\\bin\\ln\" -s /dev/full Mine.nmd.temp");
+    Type(program, "Lost: ");
+    ClickEditorButton(program, IDC_NOTE_SAVE);
+    Answer(program, kCannotWrite, kOk, "Enter");
+    ExpectUnsaved(program, "the disk is full");
+    RunOnHost(program.folder, "\"Z:\\bin\\rm\" Mine.nmd.temp");  // no Windows program can take it away
+}
+
+TEST(UnsavedNote, CannotTakeThePlaceOfAFileThatStays) {
+    Program program = ProgramInEditorOf(kMiddle);
+    const std::string path = (program.folder.path / "Mine.nmd").string();
+    SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_READONLY);
+    Type(program, "New: ");
+    ClickEditorButton(program, IDC_NOTE_SAVE);
+    Answer(program, "Faliure Saving Note (delete old failure):\nYou should exit Versewell and restart.", kOk, "Enter");
+    WaitUntil(program, "the editor to close", [&] { return !IsEditing(program); });
+    SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_NORMAL);
+    ExpectNotes(program.folder, kNotes, "the old file stays");
+    const ScratchFolder expected = EmptyFolder();
+    Notes notes = kNotes;
+    notes[kMiddle] = "New: four";
+    WriteNoteSet(expected, "Mine", notes);
+    EXPECT_TRUE(ReadFile(program.folder, "Mine.nmd.temp") == ReadFile(expected, "Mine.nmd"));
+}
+
+// A set whose data file is not whole is only read, and what was typed can still be copied elsewhere.
+TEST(UnsavedNote, StaysInTheEditorOfADamagedSet) {
+    const ScratchFolder folder = FolderWithNotes(0);
+    const std::string damaged = ReadFile(folder, "Mine.nmd") + "one NUL too many" + '\0';
+    WriteFile(folder, "Mine.nmd", damaged);
+    Program program = LaunchProgram(folder);
+    const HWND report = WaitForDialog(program, "Note Sets");
+    PostMessageA(report, WM_COMMAND, IDOK, 0);
+    WaitForFrame(program);
+    OpenNoteEditor(program);
+    Type(program, "Mine. ");
+    ClickEditorButton(program, IDC_NOTE_SAVE);
+    const HWND box = WaitForDialog(program, "Error");
+    EXPECT_THAT(MessageText(box), testing::HasSubstr("\"Mine.nmd\" is damaged"));
+    Press(program, "Enter");
+    WaitForNoDialog(program);
+    EXPECT_TRUE(IsEditing(program));
+    EXPECT_EQ(TextOf(NoteEditOf(program)), "Mine. The first.");
+    EXPECT_TRUE(ReadFile(folder, "Mine.nmd") == damaged);
+}
+
+// Another machine wrote notes meanwhile: they are kept, and where they lie now is asked of the disk.
+TEST(SavedNote, IsPutAmongNotesThatChangedOnTheDisk) {
+    Program program = ProgramInEditorOf(kMiddle);
+    Notes notes = kNotes;
+    notes[0] = "A longer first note, by another machine.";
+    WriteNoteSet(program.folder, "Mine", notes);
+    Type(program, "Mine: ");
+    for (const char* key : {"Esc", "Enter"}) {
+        ClickEditorButton(program, IDC_NOTE_SAVE);
+        EXPECT_THAT(MessageText(WaitForDialog(program, "Error")), testing::HasSubstr("another program"));
+        Press(program, key);
+        WaitForNoDialog(program);
+        const bool cancelled = key == std::string("Esc");
+        ASSERT_EQ(IsEditing(program), cancelled);
+        if (!cancelled) break;
+        ExpectNotes(program.folder, notes, "cancelled");
+        WriteNoteSet(program.folder, "Mine", kNotes);  // and once more
+        notes = kNotes;
+    }
+    notes[kMiddle] = "Mine: four";
+    ExpectNotes(program.folder, notes, "saved");
+}
+
+// ---- Leaving the program
+// ----------------------------------------------------------------------------------------------
+
+static HWND AskToClose(const Program& program) {
+    PostMessageA(program.frame, WM_CLOSE, 0, 0);
+    const HWND box = WaitForDialog(program, "Versewell97");
+    EXPECT_EQ(MessageText(box), "Do you want to save the note for Genesis 1:1?");
+    EXPECT_THAT(ButtonsOf(box), ElementsAre("&Yes", "&No", "Cancel"));
+    return box;
+}
+
+TEST(LeavingTheNoteEditor, IsAskedFor) {
+    static constexpr struct {
+        const char* key;
+        bool leaves;
+        const char* note;
+    } kRows[] = {{"Esc", false, "The first."}, {"n", true, "The first."}, {"y", true, "Mine. The first."}};
+    for (const auto& [key, leaves, note] : kRows) {
+        SCOPED_TRACE(key);
+        Program program = ProgramInEditorOf(0);
+        Type(program, "Mine. ");
+        SavePicture(PictureOfWindow(AskToClose(program)), "save-the-note");
+        Press(program, key);
+        if (leaves) {
+            EXPECT_EQ(WaitForExit(program), 0);
+        } else {
+            WaitForNoDialog(program);
+            EXPECT_EQ(TextOf(NoteEditOf(program)), "Mine. The first.");
+            EXPECT_TRUE(IsEditing(program));
+        }
+        Notes notes = kNotes;
+        notes[0] = note;
+        ExpectNotes(program.folder, notes, key);
+        EXPECT_EQ(HasFile(program.folder, "Versewell.INI") && Setting(program.folder, "MISC", "XPos") != "(none)",
+                  leaves)
+            << "the settings are written by the end alone";
+    }
+}
+
+TEST(LeavingTheNoteEditor, IsNoQuestionWhereNothingIsEdited) {
+    Program program = ProgramInEditorOf(0);
+    ClickEditorButton(program, IDC_NOTE_CANCEL);
+    EXPECT_EQ(CloseProgram(program), 0);
+}
+
+TEST(LeavingTheNoteEditor, DoesNotHappenWhereTheNoteCannotBeSaved) {
+    Program program = ProgramInEditorOf(0);
+    Type(program, "Mine. ");
+    const UniqueHandle held = Held(program.folder, "Mine.nmd");
+    AskToClose(program);
+    PostMessageA(program.frame, WM_CLOSE, 0, 0);  // asked already
+    Press(program, "y");
+    Answer(program, kCannotOpen, kRetryCancel, "Esc");
+    WaitForNoDialog(program);
+    EXPECT_TRUE(IsRunning(program));
+    EXPECT_EQ(TextOf(NoteEditOf(program)), "Mine. The first.");
+}
+
+// As the system asks every program at the end of a session.
+static std::future<LRESULT> AskToEndSession(const Program& program) {
+    return std::async(std::launch::async,
+                      [frame = program.frame] { return SendMessageA(frame, WM_QUERYENDSESSION, 0, 0); });
+}
+
+TEST(LeavingTheNoteEditor, IsAskedForAtTheEndOfASession) {
+    static constexpr struct {
+        const char* key;
+        LRESULT answer;
+        bool staysOpen;
+        const char* note;
+    } kRows[] = {
+        {"Esc", FALSE, true, "The first."}, {"n", TRUE, true, "The first."}, {"y", TRUE, false, "Mine. The first."}};
+    Program program = ProgramInEditorOf(0);
+    EXPECT_EQ(TextOf(NoteEditOf(program)), "The first.");
+    Type(program, "Mine. ");
+    for (const auto& [key, answer, staysOpen, note] : kRows) {
+        SCOPED_TRACE(key);
+        std::future<LRESULT> asked = AskToEndSession(program);
+        WaitForDialog(program, "Versewell97");
+        Press(program, key);
+        EXPECT_EQ(asked.get(), answer);
+        EXPECT_EQ(IsEditing(program), staysOpen) << "another program may still keep the session";
+        Notes notes = kNotes;
+        notes[0] = note;
+        ExpectNotes(program.folder, notes, key);
+    }
+    EXPECT_EQ(AskToEndSession(program).get(), TRUE) << "nothing is edited any more";
+}
