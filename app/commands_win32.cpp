@@ -71,7 +71,7 @@ static constexpr Command kCommands[] = {
     {IDM_VIEW_TOOLBAR, ToggleToolbar, kAlways, kToolbarShown},
     {IDM_CONTEXT_MENU, OpenContextMenu},
 
-    {IDM_GOTO_NOTE, nullptr, kNotEditing},
+    {IDM_GOTO_NOTE, GoToNote, kNotEditing},
     {IDM_PREVIOUS_NOTE, GoToNeighbouringNote, kNotEditing},
     {IDM_NEXT_NOTE, GoToNeighbouringNote, kNotEditing},
     {IDM_PREVIOUS_NOTE_SET, GoToNeighbouringSet, kNotEditing},

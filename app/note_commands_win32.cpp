@@ -2,6 +2,7 @@
 
 #include "app/commands_win32.h"
 #include "app/frame_window.h"
+#include "notes/goto_note_dialog.h"
 #include "notes/notes_window.h"
 #include "passage/passage_window.h"
 #include "resources/ids.h"
@@ -13,6 +14,12 @@ static constexpr int kSummaryPart = 0;  // of the status bar
 
 static void ShowNotes() {
     RunIfEnabled(theFrame.window, IDM_VIEW_NOTES);
+}
+
+void GoToNote(int) {
+    AskGotoNote(theFrame.window);
+    ShowNotes();
+    SetFocus(theNotes.view);
 }
 
 void GoToNeighbouringNote(int command) {

@@ -1,6 +1,7 @@
 // Commands that move among notes and note sets.
 #pragma once
 
+void GoToNote(int command);
 void GoToNeighbouringNote(int command);  // previous or next verse with a note
 void GoToNeighbouringSet(int command);   // previous or next set, round the ends
 void ShowNoteForPassage(int command);

@@ -88,6 +88,10 @@ static constexpr ExpectedControl kControls[] = {
     {"FORMAT", 1, "DEFPUSHBUTTON", "OK"},
     {"FORMAT", 2, "PUSHBUTTON", "Cancel"},
     {"FORMAT", 9, "PUSHBUTTON", "Help"},
+    {"GOTONOTE", 10, "EDITTEXT", "Verse:"},
+    {"GOTONOTE", 1, "DEFPUSHBUTTON", "OK"},
+    {"GOTONOTE", 2, "PUSHBUTTON", "Cancel"},
+    {"GOTONOTE", 9, "PUSHBUTTON", "Help"},
     {"ABOUT", 1, "DEFPUSHBUTTON", "OK"},
     {"SPLASHSCREEN", 111, "CTEXT", ""},
 };
@@ -98,17 +102,10 @@ struct ExpectedTitle {
 };
 
 static constexpr ExpectedTitle kTitles[] = {
-    {"WORDSEARCH", "Word Search"},
-    {"WORDLISTSEARCH", "Word Search"},
-    {"PHRASESEARCH", "Phrase Search"},
-    {"SETRANGE", "Set Search Range"},
-    {"GOTOVERSE", "Go To Verse"},
-    {"COPYVERSE", "Copy Verse"},
-    {"COPYRANGE", "Copy Range"},
-    {"SAVERANGE", "Save Range"},
-    {"FORMAT", "Copy/Save Format"},
-    {"ABOUT", "About Versewell97"},
-    {"SPLASHSCREEN", ""},
+    {"WORDSEARCH", "Word Search"},        {"WORDLISTSEARCH", "Word Search"}, {"PHRASESEARCH", "Phrase Search"},
+    {"SETRANGE", "Set Search Range"},     {"GOTOVERSE", "Go To Verse"},      {"COPYVERSE", "Copy Verse"},
+    {"COPYRANGE", "Copy Range"},          {"SAVERANGE", "Save Range"},       {"FORMAT", "Copy/Save Format"},
+    {"GOTONOTE", "Go to Note for Verse"}, {"ABOUT", "About Versewell97"},    {"SPLASHSCREEN", ""},
 };
 
 static const DialogScript& Dialog(const std::string& name) {

@@ -14,4 +14,5 @@ inline constexpr char kTopicCopyVerse[] = "ID_Edit_CopyVerse";
 inline constexpr char kTopicCopyRange[] = "ID_Edit_CopyRange";
 inline constexpr char kTopicSaveRange[] = "ID_File_SaveRange";
 inline constexpr char kTopicFormat[] = "ID_Edit_Format";
+inline constexpr char kTopicGotoNote[] = "ID_Notes_GotoVerse";
 inline constexpr char kTopicNoteEditor[] = "ID_Notes_Edit";

@@ -104,7 +104,7 @@
 #define IDC_ADD_WORD 18
 #define IDC_WORD_LIST 19
 #define IDC_RANGE 20      // the button of the search dialogs; the field of all that ask for verses but the next
-#define IDC_REFERENCE 10  // Go To Verse
+#define IDC_REFERENCE 10  // Go To Verse, Go to Note for Verse
 #define IDC_OLD_TESTAMENT 101
 #define IDC_NEW_TESTAMENT 102
 #define IDC_ENTIRE_BIBLE 103

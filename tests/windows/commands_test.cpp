@@ -45,6 +45,7 @@ static constexpr int kEnabledAtStart[] = {
     IDM_PREVIOUS_NOTE_SET,
     IDM_NEXT_NOTE_SET,
     IDM_NOTE_FOR_PASSAGE,
+    IDM_GOTO_NOTE,
     IDM_EDIT_NOTE,
     IDM_VERSE_FOR_NOTE,
     IDM_BIND_NOTES,
