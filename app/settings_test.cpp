@@ -2,102 +2,34 @@
 
 #include <gtest/gtest.h>
 
-#include <map>
+#include "tests/support/fake_profile.h"
 
-// A settings file with the manners of the private-profile functions: names are compared without case; text loses the
-// blanks round it, then one pair of quotes; a number is a minus sign and digits, up to what is neither.
-struct FakeProfile {
-    std::map<std::string, std::string> values;  // "SECTION/Key" -> text
-    std::vector<std::string> reads;             // "SECTION/Key"
-    std::vector<std::string> writes;            // "SECTION/Key=text"
-};
-
-static FakeProfile& ProfileOf(void* device) {
-    return *static_cast<FakeProfile*>(device);
-}
-
-static std::string PathOf(const char* section, const char* key) {
-    return std::string(section) + '/' + key;
-}
-
-static std::string WithoutBlanks(const std::string& text) {
-    const std::size_t first = text.find_first_not_of(" \t");
-    return first == std::string::npos ? "" : text.substr(first, text.find_last_not_of(" \t") + 1 - first);
-}
-
-static std::string WithoutQuotes(const std::string& text) {
-    const bool quoted = text.size() >= 2 && text.front() == text.back() && (text[0] == '"' || text[0] == '\'');
-    return quoted ? text.substr(1, text.size() - 2) : text;
-}
-
-static std::string ReadText(void* device, const char* section, const char* key, const char* missing, int limit) {
-    FakeProfile& profile = ProfileOf(device);
-    const std::string path = PathOf(section, key);
-    profile.reads.push_back(path);
-    const auto found = profile.values.find(path);
-    const std::string text =
-        found == profile.values.end() ? WithoutBlanks(missing) : WithoutQuotes(WithoutBlanks(found->second));
-    return text.substr(0, static_cast<std::size_t>(limit));
-}
-
-static int ReadInteger(void* device, const char* section, const char* key, int missing) {
-    const std::string text = ReadText(device, section, key, "", 99);
-    if (text.empty()) return missing;
-    const bool negative = text[0] == '-';
-    std::uint32_t number = 0;
-    for (std::size_t i = negative ? 1 : 0; i < text.size() && text[i] >= '0' && text[i] <= '9'; ++i)
-        number = 10 * number + static_cast<std::uint32_t>(text[i] - '0');
-    return static_cast<int>(negative ? 0 - number : number);
-}
-
-static void WriteText(void* device, const char* section, const char* key, const char* text) {
-    const std::string path = PathOf(section, key);
-    ProfileOf(device).writes.push_back(path + '=' + text);
-    ProfileOf(device).values[path] = text;
-}
-
-static ProfileFile DeviceOver(FakeProfile& profile) {
-    return {&profile, ReadInteger, ReadText, WriteText};
-}
-
-// All that settings live in, with two note sets.
-struct Owners {
-    PassageView passage;
-    NoteSets notes;
-    int BindNotes = -9;  // wrong on purpose, as is all that a load must set
-    SearchState search;
-    FormatOptions format{9, 9, 9, 9, 9, 9};
-    ShownPanes shown{9, 9, 9, 9};
-    Bookmarks bookmarks;
-    ReadingOptions reading{9, 9, 9};
-    Fonts fonts{{9, 9, "x"}, {9, 9, "x"}, {9, 9, "x"}};
-};
-
-static Owners MakeOwners() {
-    Owners owners;
+// Two note sets, and all else wrong on purpose: a load must set it.
+static SettingOwners MakeOwners() {
+    SettingOwners owners;
     owners.passage.TopVerse = 9;
     owners.notes.sets.resize(2);
+    owners.BindNotes = -9;
     owners.bookmarks.verses.fill(9);
     owners.search.options = {9, 9, 9, 9};
     owners.search.range = {9, 9};
     owners.search.history.fill("x");
+    owners.format = {9, 9, 9, 9, 9, 9};
+    owners.shown = {9, 9, 9, 9};
+    owners.reading = {9, 9, 9};
+    owners.fonts = {{9, 9, "x"}, {9, 9, "x"}, {9, 9, "x"}};
     return owners;
-}
-
-static Settings SettingsOf(Owners& owners) {
-    return {owners.passage, owners.notes,     owners.BindNotes, owners.search, owners.format,
-            owners.shown,   owners.bookmarks, owners.reading,   owners.fonts};
 }
 
 static constexpr std::uint32_t kSystemHighlight = 0x800000;
 
-static Owners Loaded(FakeProfile& profile) {
-    Owners owners = MakeOwners();
+static SettingOwners Loaded(FakeProfile& profile) {
+    SettingOwners owners = MakeOwners();
     LoadSettings(DeviceOver(profile), SettingsOf(owners), kSystemHighlight);
     return owners;
 }
 
-static void Save(FakeProfile& profile, Owners& owners, const FramePlacement* placement) {
+static void Save(FakeProfile& profile, SettingOwners& owners, const FramePlacement* placement) {
     profile.writes.clear();
     SaveSettings(DeviceOver(profile), SettingsOf(owners), placement);
 }
@@ -159,14 +91,14 @@ static const std::vector<std::string> kWrittenByDefault = {
 
 TEST(Settings, HaveTheirDefaultsWithoutAFile) {
     FakeProfile profile;
-    Owners owners = Loaded(profile);
+    SettingOwners owners = Loaded(profile);
     Save(profile, owners, nullptr);
     EXPECT_EQ(profile.writes, kWrittenByDefault);
 }
 
 TEST(Settings, AreWrittenInOrderWithThePlacementLast) {
     FakeProfile profile;
-    Owners owners = Loaded(profile);
+    SettingOwners owners = Loaded(profile);
     const FramePlacement placement{-8, 30, 1000, 700, 2};
     Save(profile, owners, &placement);
     std::vector<std::string> expected = kWrittenByDefault;
@@ -217,7 +149,7 @@ TEST(Settings, ComeBackAsTheyWereWritten) {
     profile.values["MISC/Note"] = "1";
     profile.values["SEARCH/EndVerse"] = "777";
     const std::map<std::string, std::string> before = profile.values;
-    Owners owners = Loaded(profile);
+    SettingOwners owners = Loaded(profile);
     Save(profile, owners, nullptr);
     EXPECT_EQ(profile.values, before);
     EXPECT_EQ(owners.search.range.EndVerse, 777);
@@ -295,7 +227,7 @@ TEST(Settings, GoThroughOneRunAs) {
     for (const auto& row : kRows) {
         FakeProfile profile;
         profile.values[row.path] = row.stored;
-        Owners owners = Loaded(profile);
+        SettingOwners owners = Loaded(profile);
         Save(profile, owners, nullptr);
         EXPECT_EQ(profile.values[row.path], row.written) << row.path << ' ' << row.stored;
     }
@@ -320,7 +252,7 @@ TEST(Settings, SearchTheWholeBibleWhereTheRangeIsNone) {
     for (const auto& row : kRows) {
         FakeProfile profile;
         profile.values = {{"SEARCH/StartVerse", row.start}, {"SEARCH/EndVerse", row.end}};
-        const Owners owners = Loaded(profile);
+        const SettingOwners owners = Loaded(profile);
         EXPECT_EQ(owners.search.range.StartVerse, row.StartVerse) << row.start << ' ' << row.end;
         EXPECT_EQ(owners.search.range.EndVerse, row.EndVerse) << row.start << ' ' << row.end;
     }

@@ -73,10 +73,10 @@ std::vector<std::uint32_t> OffsetsOf(std::span<const unsigned char> bytes) {
 }
 
 std::vector<unsigned char> IndexBytes(std::span<const std::uint32_t> offsets) {
-    std::vector<unsigned char> bytes;
-    bytes.reserve(offsets.size() * 4);
+    std::vector<unsigned char> bytes(offsets.size() * 4);
+    auto byte = bytes.begin();
     for (const std::uint32_t offset : offsets)
-        for (int shift = 0; shift < 32; shift += 8) bytes.push_back(static_cast<unsigned char>(offset >> shift & 0xFF));
+        for (int shift = 0; shift < 32; shift += 8) *byte++ = static_cast<unsigned char>(offset >> shift & 0xFF);
     return bytes;
 }
 

@@ -1,0 +1,67 @@
+// A settings file of any text: read, used and written.
+#include <sstream>
+
+#include "search/search_engine.h"
+#include "tests/fuzz/fuzz.h"
+#include "tests/support/fake_profile.h"
+#include "tests/support/native_scripture.h"
+
+static FakeProfile ProfileOf(const FuzzBytes& input) {
+    FakeProfile profile;
+    std::istringstream lines(std::string(input.begin(), input.end()));
+    std::string section;
+    for (std::string line; std::getline(lines, line);) {
+        const std::size_t equals = line.find('=');
+        if (line.starts_with('[')) section = line.substr(1, line.find(']') - 1);
+        if (equals != std::string::npos)
+            profile.values[section + '/' + line.substr(0, equals)] = line.substr(equals + 1);
+    }
+    return profile;
+}
+
+static bool IsVerse(int verse) {
+    return verse >= 0 && verse < kVerseCount;
+}
+
+static void ExpectVerses(const SettingOwners& owners) {
+    Expect(IsVerse(owners.passage.TopVerse), "the passage begins with a verse");
+    Expect(IsVerse(owners.notes.currentVerse) && owners.notes.currentSet == 0, "the note is one of a set");
+    const SearchRange& range = owners.search.range;
+    Expect(IsVerse(range.StartVerse) && IsVerse(range.EndVerse) && range.StartVerse <= range.EndVerse,
+           "searches go from verse to verse");
+    for (const int verse : owners.bookmarks.verses) Expect(IsVerse(verse), "bookmarks are verses");
+    for (const FontChoice* font : {&owners.fonts.passage, &owners.fonts.verseList, &owners.fonts.notes})
+        Expect(font->name.size() <= 31, "names of fonts are short");
+}
+
+// Searches for the last query, as the user may.
+static void Use(SettingOwners& owners) {
+    for (int number = 0; number < kBookmarkCount; ++number)
+        BookmarkLabel(TheRealScripture().records, owners.bookmarks, number);
+    owners.search.searchText = owners.search.history[0].substr(0, kSearchTextLimit);
+    WordSearch(TheRealScripture(), TheRealWordIndex(), owners.search);
+    for (const int verse : owners.search.result.verses) Expect(IsVerse(verse), "a search finds verses");
+    const FrameLayout layout = LayOutFrame({800, 600, 28, 20}, owners.shown, false);
+    for (const PanePlace* pane : {&layout.list, &layout.passage, &layout.notes})
+        Expect(pane->place.width >= 0 && pane->place.height >= 0, "panes have a size");
+}
+
+static void Run(const FuzzBytes& input) {
+    FakeProfile profile = ProfileOf(input);
+    const FramePlacement placement = LoadPlacement(DeviceOver(profile));
+    SettingOwners owners;
+    owners.notes.sets.resize(1);
+    LoadSettings(DeviceOver(profile), SettingsOf(owners), 0x800000);
+    ExpectVerses(owners);
+    Use(owners);
+    SaveSettings(DeviceOver(profile), SettingsOf(owners), &placement);
+    profile.writes.clear();
+    SettingOwners again;
+    again.notes.sets.resize(1);
+    LoadSettings(DeviceOver(profile), SettingsOf(again), 0x800000);
+    ExpectVerses(again);
+}
+
+int main(int argc, char** argv) {
+    return FuzzMain(argc, argv, Run);
+}
