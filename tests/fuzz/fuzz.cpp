@@ -103,13 +103,13 @@ void Expect(bool isSo, const char* what) {
     std::abort();
 }
 
-struct Run {
+struct FuzzRun {
     std::uint64_t first = 0;
     std::uint64_t* number;  // of the input at work; the starter of the run sees it too
     double seconds = 10;
 };
 
-static void RunInputs(const Run& run, const Seeds& seeds, FuzzTarget target) {
+static void RunInputs(const FuzzRun& run, const Seeds& seeds, FuzzTarget target) {
     const auto end = std::chrono::steady_clock::now() + std::chrono::duration<double>(run.seconds);
     *run.number = run.first;
     do {
@@ -121,7 +121,7 @@ static void RunInputs(const Run& run, const Seeds& seeds, FuzzTarget target) {
 
 int FuzzMain(int argc, char** argv, FuzzTarget target) {
     const Seeds seeds = ReadSeeds(argc > 1 ? argv[1] : "");
-    Run run;
+    FuzzRun run;
     run.seconds = argc > 2 ? std::atof(argv[2]) : 10;
     run.first = argc > 3 ? std::strtoull(argv[3], nullptr, 10) : 0;
     void* const shared = mmap(nullptr, sizeof *run.number, PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
