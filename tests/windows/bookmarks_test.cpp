@@ -94,6 +94,21 @@ TEST(Bookmarks, LeaveAHiddenPassageHidden) {
     EXPECT_EQ(Top(program), "Revelation 22:21");
 }
 
+TEST(Bookmarks, TakeTheFirstSelectedVerseOfAFocusedPassage) {
+    const ScratchFolder folder = FolderWithScripture();
+    WriteSetting(folder, "MISC", "ReadVerse", "26558");  // John 11:35, a line by itself
+    Program program = StartProgram(folder);
+    Command(program, IDM_FOCUS_PASSAGE);
+    const int line = LineHeightOf();
+    Click(program, PassageOf(program), {100, line + line / 2});
+    Press(program, "Ctrl+Alt+1");
+    EXPECT_EQ(LabelOf(program, 0), "John 11:36\tCtrl+1");
+    Press(program, "Down");
+    Press(program, "Down");  // past what is selected
+    Press(program, "Ctrl+Alt+2");
+    EXPECT_EQ(LabelOf(program, 1), "John 11:37\tCtrl+2");
+}
+
 TEST(Bookmarks, TakeThePassagesVerseWhereverTheFocusIs) {
     Program program = StartProgram(FolderWithScripture());
     SearchFor(program, {"grace"});

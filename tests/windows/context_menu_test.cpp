@@ -12,7 +12,9 @@
 
 using testing::ElementsAre;
 using testing::ElementsAreArray;
+using testing::IsSupersetOf;
 using testing::SizeIs;
+using testing::StartsWith;
 
 static constexpr POINT kMiddle{90, 60};
 
@@ -161,6 +163,67 @@ TEST(NoteMenu, HasItsRowsAsTheNoteAndTheListStand) {
     LeaveMenu(program);
 }
 
+// ---- Selections -----------------------------------------------------------------------------------------------------
+
+static constexpr int kWept = 26558;  // John 11:35, a line by itself
+
+static POINT InLine(int line) {
+    const int height = LineHeightOf();
+    return {100, line * height + height / 2};
+}
+
+TEST(PassageMenu, IsThatOfTheVerseWhereASelectionBegan) {
+    Program program = ProgramAt(kWept);
+    const HWND pane = PassageOf(program);
+    Command(program, IDM_FOCUS_PASSAGE);
+    Drag(program, pane, InLine(1), InLine(0));
+    std::vector<std::string> rows = RowsAfterRightClick(program, pane);
+    EXPECT_THAT(rows,
+                IsSupersetOf({"162 Copy Selected Text\tCtrl+C", "> Set a Bookmark to Joh 11:36",
+                              "174 Go to Note for Joh 11:36\tF10", "105 Word Search with Selected Text...",
+                              "106 Phrase Search with Selected Text...", "177 Search Notes with Selected Text..."}));
+    KeepPictureOfMenu(program, "passage-menu-selection");
+    ChooseRow(program, "Set a Bookmark", "Set 1");
+    EXPECT_EQ(MenuText(program, IDM_GOTO_BOOKMARK), "John 11:35\tCtrl+1") << "not the first selected verse";
+
+    Press(program, "Menu");
+    SetClipboardText("before");
+    ChooseRow(program, "Copy Selected Text");
+    EXPECT_THAT(ClipboardText(), StartsWith("Jesus wept. \r\n 36 Then "));
+    Press(program, "Menu");
+    ChooseRow(program, "Word Search with Selected Text...");
+    EXPECT_THAT(TextOf(WaitForDialog(program, "Word Search"), IDC_SEARCH_TEXT), StartsWith("Jesus wept   Then "));
+}
+
+TEST(PassageMenu, IsThatOfTheTopWhereASelectionIsOutOfSight) {
+    Program program = ProgramAt(kWept);
+    const HWND pane = PassageOf(program);
+    Command(program, IDM_FOCUS_PASSAGE);
+    Drag(program, pane, InLine(0), InLine(1));
+    Press(program, "Down");
+    EXPECT_THAT(RowsAfterRightClick(program, pane),
+                IsSupersetOf({"162 Copy Selected Text\tCtrl+C", "174 Go to Note for Joh 11:36\tF10"}));
+    LeaveMenu(program);
+}
+
+TEST(VerseListMenu, IsThatOfTheEntryWhereASelectionBegan) {
+    Program program = StartProgram(FolderWithScripture());
+    SearchFor(program, {"grace"});
+    const HWND pane = VerseListOf(program);
+    Drag(program, pane, InLine(3), InLine(0));
+    EXPECT_THAT(RowsAfterRightClick(program, pane),
+                IsSupersetOf({"162 Copy Selected Text\tCtrl+C", "108 Read Context of Ge 19:19\tEnter",
+                              "187 Delete Ge 19:19 From List\tDelete", "175 Go to Note (Ge 19:19)\tF10",
+                              "105 Word Search with Selected Text...", "106 Phrase Search with Selected Text...",
+                              "177 Search Notes with Selected Text..."}));
+    ChooseRow(program, "Delete Ge 19:19 From List");
+    EXPECT_EQ(ListStrings(ReferenceListOf(program))[1], "Genesis 32:5");
+    Press(program, "Menu");
+    EXPECT_THAT(Described(OpenMenuLines(program)),
+                IsSupersetOf({"162 Copy Selected Text\tCtrl+C (greyed)", "187 Delete Ge 6:8 From List\tDelete"}));
+    LeaveMenu(program);
+}
+
 // ---- Opening --------------------------------------------------------------------------------------------------------
 
 static POINT CornerOf(HWND pane, bool ofClientArea) {
@@ -256,6 +319,16 @@ TEST(PassageMenu, CommandsGoOnToTheFrame) {
         EXPECT_EQ(Top(program), top) << command;
     }
     EXPECT_TRUE(IsShown(PassageOf(program))) << "a command that is not the pane's has gone on";
+
+    const std::pair<int, const char*> kDialogs[] = {
+        {IDM_GOTO_VERSE, "Go To Verse"}, {IDM_COPY_RANGE, "Copy Range"}, {IDM_SAVE_RANGE, "Save Range"}};
+    for (const auto& [command, title] : kDialogs) {
+        PostMessageA(PassageOf(program), WM_COMMAND, static_cast<WPARAM>(command), 0);
+        PostMessageA(WaitForDialog(program, title), WM_COMMAND, IDCANCEL, 0);
+        WaitForNoDialog(program);
+    }
+    PostMessageA(PassageOf(program), WM_COMMAND, IDM_TODAYS_PROVERB, 0);
+    EXPECT_THAT(Top(program), StartsWith("Proverbs "));
 }
 
 TEST(VerseListMenu, CarriesOutItsRows) {
