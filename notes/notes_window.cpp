@@ -139,13 +139,15 @@ static void OnViewRButtonDown(HWND view, BOOL, int x, int y, UINT) {
     OpenNoteMenu(place);
 }
 
-static void OnViewContextMenu(HWND view, HWND, UINT x, UINT y) {
-    if (IsMenuByKey(x, y)) OpenNoteMenu(FromCornerOf(view, kKeyMenuOffset, kKeyMenuOffset));
+static void OnViewContextMenu(HWND view, HWND under, UINT x, UINT y) {
+    if (IsMenuByKey(x, y)) return OpenNoteMenu(FromCornerOf(view, kKeyMenuOffset, kKeyMenuOffset));
+    ToView(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(under), MAKELPARAM(x, y));
 }
 
 static LRESULT CALLBACK ViewProcedure(HWND view, UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         HANDLE_MSG(view, WM_RBUTTONDOWN, OnViewRButtonDown);
+        HANDLE_MSG(view, WM_RBUTTONDBLCLK, OnViewRButtonDown);  // a second one soon after the first
         HANDLE_MSG(view, WM_CONTEXTMENU, OnViewContextMenu);
         case WM_SETFOCUS: OnViewFocus(); break;
         case WM_LBUTTONDBLCLK: return OnDoubleClick(wParam, lParam);
