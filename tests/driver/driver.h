@@ -236,8 +236,8 @@ struct MenuLine {
     std::string text;
     UINT state = 0;  // MF_ bits
 };
-std::vector<MenuLine> MenuLines(const Program& program, int position);  // of one popup of the bar
-std::vector<MenuLine> OpenMenuLines(const Program& program);            // of the popup that is open now
+std::vector<MenuLine> MenuLines(const Program& program, int position);   // of one popup of the bar
+std::vector<MenuLine> OpenMenuLines(const Program& program);             // of the popup that is open now
 std::vector<MenuLine> OpenMenuLines(const Program& program, int place);  // of its submenu in this line, open or not
 
 struct ScrollState {
