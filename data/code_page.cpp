@@ -20,12 +20,12 @@ constexpr unsigned char kDosLetters[] = {
 
 constexpr std::uint32_t kNoBreakSpace = 0xA0;
 
-struct Spelling {
+struct PointSpelling {
     std::uint32_t point;
     const char* letters;
 };
 
-constexpr Spelling kGreek[] = {
+constexpr PointSpelling kGreek[] = {
     {0x391, "A"},  {0x392, "B"},  {0x393, "G"},  {0x394, "D"}, {0x395, "E"}, {0x396, "Z"}, {0x397, "E"},
     {0x398, "Th"}, {0x399, "I"},  {0x39A, "K"},  {0x39B, "L"}, {0x39C, "M"}, {0x39D, "N"}, {0x39E, "X"},
     {0x39F, "O"},  {0x3A0, "P"},  {0x3A1, "R"},  {0x3A3, "S"}, {0x3A4, "T"}, {0x3A5, "U"}, {0x3A6, "Ph"},
@@ -37,7 +37,7 @@ constexpr Spelling kGreek[] = {
     {0x3CD, "u"},  {0x3CE, "o"},
 };
 
-constexpr Spelling kHebrew[] = {
+constexpr PointSpelling kHebrew[] = {
     {0x5D0, "'"},  {0x5D1, "b"},  {0x5D2, "g"}, {0x5D3, "d"}, {0x5D4, "h"},  {0x5D5, "w"}, {0x5D6, "z"},
     {0x5D7, "ch"}, {0x5D8, "t"},  {0x5D9, "y"}, {0x5DA, "k"}, {0x5DB, "k"},  {0x5DC, "l"}, {0x5DD, "m"},
     {0x5DE, "m"},  {0x5DF, "n"},  {0x5E0, "n"}, {0x5E1, "s"}, {0x5E2, "'"},  {0x5E3, "p"}, {0x5E4, "p"},
@@ -66,7 +66,7 @@ constexpr std::string_view kLatinWithAccents =
     "WwYyYZzZzZzs";
 static_assert(kLatinWithAccents.size() == 0x80);
 
-constexpr Spelling kLookAlikes[] = {
+constexpr PointSpelling kLookAlikes[] = {
     {0x2010, "-"}, {0x2011, "-"}, {0x2012, "-"}, {0x2015, "--"}, {0x2032, "'"}, {0x2033, "\""}, {0x02B9, "'"},
     {0x02BB, "'"}, {0x02BC, "'"}, {0x02BE, "'"}, {0x02BF, "'"},  {0x05BE, "-"}, {0x2212, "-"},  {0x1E25, "h"},
     {0x1E63, "s"}, {0x1E6D, "t"}, {0x1E24, "H"}, {0x1E62, "S"},  {0x1E6C, "T"},
@@ -94,9 +94,9 @@ static Decoded DecodeFirst(std::string_view utf8) {
 }
 
 template <std::size_t kCount>
-static const char* LettersOf(const Spelling (&spellings)[kCount], std::uint32_t point) {
+static const char* LettersOf(const PointSpelling (&spellings)[kCount], std::uint32_t point) {
     const auto* found = std::find_if(std::begin(spellings), std::end(spellings),
-                                     [point](const Spelling& spelling) { return spelling.point == point; });
+                                     [point](const PointSpelling& spelling) { return spelling.point == point; });
     return found == std::end(spellings) ? nullptr : found->letters;
 }
 

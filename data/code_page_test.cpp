@@ -2,14 +2,14 @@
 
 #include <gtest/gtest.h>
 
-struct TextRow {
+struct CodePageRow {
     const char* utf8;
     const char* bytes;
     int transliterated, replaced, dropped;
 };
 
 TEST(CodePage, HasWhatItCanOfAText) {
-    static constexpr TextRow kRows[] = {
+    static constexpr CodePageRow kRows[] = {
         {"Plain text, 1-2: (a)", "Plain text, 1-2: (a)", 0, 0, 0},
         {"\u201CGod.\u201D \u2014 it\u2019s \u2026", "\x93God.\x94 \x97 it\x92s \x85", 0, 0, 0},
         {"caf\u00E9 \u20AC \u00FF \u0178", "caf\xE9 \x80 \xFF \x9F", 0, 0, 0},
@@ -30,7 +30,7 @@ TEST(CodePage, HasWhatItCanOfAText) {
         {"\xC0\x80\xFF", "\xC0\x80\xFF", 0, 0, 0},
         {"", "", 0, 0, 0},
     };
-    for (const TextRow& row : kRows) {
+    for (const CodePageRow& row : kRows) {
         LostCharacters lost;
         EXPECT_EQ(InCodePage(row.utf8, lost), row.bytes) << row.utf8;
         EXPECT_EQ(lost.transliterated, row.transliterated) << row.utf8;

@@ -14,14 +14,14 @@
 
 namespace fs = std::filesystem;
 
-struct Arguments {
+struct ImportArguments {
     std::string modules;  // empty: where SWORD modules are installed
     std::string module;
     std::string folder;
     std::string setName;
 };
 
-static bool ReadArguments(int count, char** values, Arguments& arguments) {
+static bool ReadArguments(int count, char** values, ImportArguments& arguments) {
     int next = 1;
     if (count > 3 && std::strcmp(values[next], "--modules") == 0) {
         arguments.modules = values[next + 1];
@@ -43,7 +43,7 @@ static Complaint CheckName(const std::string& name) {
 }
 
 // A set is there as soon as one of its files is.
-static Complaint CheckFolder(const Arguments& arguments) {
+static Complaint CheckFolder(const ImportArguments& arguments) {
     for (const char* ending : {".nmi", ".nmd", ".dti", ".nmd.temp"}) {
         const fs::path place = fs::path(arguments.folder) / (arguments.setName + ending);
         std::error_code error;
@@ -62,7 +62,7 @@ static std::string Changes(int count, const char* what) {
     return count == 0 ? "" : std::string("; ") + what + ": " + std::to_string(count);
 }
 
-static std::string Summary(const Arguments& arguments, const NotesModule& module, const ImportedNotes& notes) {
+static std::string Summary(const ImportArguments& arguments, const NotesModule& module, const ImportedNotes& notes) {
     std::size_t longest = 0, all = 0;
     for (const auto& [verse, note] : notes.notes) {
         longest = std::max(longest, note.size());
@@ -84,7 +84,7 @@ static std::string Summary(const Arguments& arguments, const NotesModule& module
            Changes(module.otherEntries, "entries on no day left out");
 }
 
-static Complaint ImportNotes(const Arguments& arguments) {
+static Complaint ImportNotes(const ImportArguments& arguments) {
     Complaint complaint = CheckName(arguments.setName);
     if (complaint.empty()) complaint = CheckFolder(arguments);
     if (!complaint.empty()) return complaint;
@@ -104,7 +104,7 @@ static Complaint ImportNotes(const Arguments& arguments) {
 }
 
 int main(int count, char** values) {
-    Arguments arguments;
+    ImportArguments arguments;
     if (!ReadArguments(count, values, arguments)) {
         std::cerr << "usage: import_notes [--modules DIR] MODULE FOLDER [NAME]\n";
         return 2;

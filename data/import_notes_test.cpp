@@ -25,13 +25,13 @@ using testing::StartsWith;
 static const fs::path kInstalled = "/usr/share/sword";  // where Debian's packages put modules
 static const std::string kScofield = "modules/comments/zcom/scofield/";
 
-struct ToolRun {
+struct ImportRun {
     int exitCode = -1;
     std::string output;
     std::string errors;
 };
 
-static ToolRun RunShell(const fs::path& scratch, const std::string& command) {
+static ImportRun RunShell(const fs::path& scratch, const std::string& command) {
     const std::string streams = " > " + (scratch / "output").string() + " 2> " + (scratch / "errors").string();
     const int status = std::system((command + streams).c_str());
     return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, ReadBytes(scratch / "output"), ReadBytes(scratch / "errors")};
@@ -45,7 +45,7 @@ struct ImportNotes : ScratchFolder {
         sets = folder / "sets";
     }
 
-    ToolRun RunTool(const std::string& arguments) const {
+    ImportRun RunTool(const std::string& arguments) const {
         return RunShell(folder, VERSEWELL_IMPORT_NOTES " " + arguments);
     }
 };
@@ -120,7 +120,7 @@ static std::size_t CountLines(const ReadNotes& notes) {
 
 // Its package says that its index has records of twelve bytes; it has ten.
 TEST_F(ImportNotes, ReadsTheCommentaryWhosePackageIsWrong) {
-    const ToolRun run = RunTool("MHCC " + sets.string());
+    const ImportRun run = RunTool("MHCC " + sets.string());
     EXPECT_EQ(run.exitCode, 0) << run.errors;
     EXPECT_EQ(run.errors, "");
     EXPECT_THAT(run.output, AllOf(StartsWith("MHCC (Matthew Henry's Concise Commentary on the Whole Bible): read 4047 "
@@ -140,7 +140,7 @@ TEST_F(ImportNotes, ReadsTheCommentaryWhosePackageIsWrong) {
 }
 
 TEST_F(ImportNotes, ReadsTheCommentaryWithFreeReferencesAndGreek) {
-    const ToolRun run = RunTool("Scofield " + sets.string() + " 'Study notes'");
+    const ImportRun run = RunTool("Scofield " + sets.string() + " 'Study notes'");
     EXPECT_EQ(run.exitCode, 0) << run.errors;
     EXPECT_THAT(run.output, AllOf(HasSubstr("read 3207 texts; introductions: 7; wrote 3214 notes"),
                                   HasSubstr("letters transliterated: 610"), HasSubstr(" to the set \"Study notes\"")));
@@ -158,7 +158,7 @@ TEST_F(ImportNotes, ReadsTheCommentaryWithFreeReferencesAndGreek) {
 }
 
 TEST_F(ImportNotes, DealsACommentaryOnWholePsalmsOutToTheirVerses) {
-    const ToolRun run = RunTool("TDavid " + sets.string());
+    const ImportRun run = RunTool("TDavid " + sets.string());
     EXPECT_EQ(run.exitCode, 0) << run.errors;
     EXPECT_THAT(run.output, AllOf(HasSubstr("read 150 texts; introductions: 1; "),
                                   HasSubstr("; texts moved to their verses: "), Not(HasSubstr("cut"))));
@@ -185,7 +185,7 @@ static void MakeDevotional(const fs::path& folder, const std::string& entries, c
     fs::create_directories(folder / "library/mods.d");
     WriteBytes(folder / "library/mods.d/days.conf", conf);
     WriteBytes(folder / "days.imp", entries);
-    const ToolRun made =
+    const ImportRun made =
         RunShell(folder, "imp2ld " + (folder / "days.imp").string() + " -4 -o " + (texts / "days").string());
     ASSERT_EQ(made.exitCode, 0) << made.errors;
 }
@@ -204,7 +204,7 @@ static int VerseAt(const std::string& table, int month, int day, int reading) {
 
 TEST_F(ImportNotes, MakesADevotionalSetOfADailyDevotional) {
     MakeDevotional(folder, kThreeDays);
-    const ToolRun run = RunTool("--modules " + (folder / "library").string() + " Days " + sets.string());
+    const ImportRun run = RunTool("--modules " + (folder / "library").string() + " Days " + sets.string());
     EXPECT_EQ(run.exitCode, 0) << run.errors;
     EXPECT_THAT(run.output,
                 AllOf(StartsWith("Days (A text for each day): read 3 days; wrote 4 notes with 3 lines of references"),
@@ -233,7 +233,7 @@ TEST_F(ImportNotes, CutsWhatDoesNotFitIntoANote) {
     std::string text = "$$$01.01\n<scripRef>Genesis 1:1</scripRef>";
     for (int i = 0; i < 80; ++i) text += "<p>" + std::string(1000, 'a') + "</p>";
     MakeDevotional(folder, text + "\n");
-    const ToolRun run = RunTool("--modules " + (folder / "library").string() + " Days " + sets.string());
+    const ImportRun run = RunTool("--modules " + (folder / "library").string() + " Days " + sets.string());
     EXPECT_EQ(run.exitCode, 0) << run.errors;
     EXPECT_THAT(run.output, HasSubstr("; notes cut: 1"));
     const std::string note = NotesOfSet(sets, "Days").at(0);
@@ -255,7 +255,7 @@ TEST_F(ImportNotes, NeverTouchesASetThatIsThere) {
     fs::create_directories(sets);
     for (const char* file : {"Days.nmi", "Days.nmd", "Days.dti", "Days.nmd.temp"}) {
         WriteBytes(sets / file, "mine");
-        const ToolRun run = RunTool("--modules " + (folder / "library").string() + " Days " + sets.string());
+        const ImportRun run = RunTool("--modules " + (folder / "library").string() + " Days " + sets.string());
         EXPECT_EQ(run.exitCode, 1) << file;
         EXPECT_EQ(run.output, "") << file;
         EXPECT_THAT(run.errors, IsOneLineWith("there is a note set \"Days\" already")) << file;
@@ -265,7 +265,7 @@ TEST_F(ImportNotes, NeverTouchesASetThatIsThere) {
     }
 }
 
-struct DamageRow {
+struct ModuleDamage {
     const char* what;
     void (*damage)(const fs::path& library);
     const char* complaint;
@@ -282,7 +282,7 @@ static void ReplaceInConf(const fs::path& library, const std::string& from, cons
     WriteBytes(library / "mods.d/scofield.conf", bytes.replace(bytes.find(from), from.size(), to));
 }
 
-static constexpr DamageRow kDamages[] = {
+static constexpr ModuleDamage kDamages[] = {
     {"no library", [](const fs::path& library) { fs::remove_all(library); }, "there is no SWORD module Scofield"},
     {"another module", [](const fs::path& library) { ReplaceInConf(library, "[Scofield]", "[Other]"); },
      "there is no SWORD module Scofield"},
@@ -313,7 +313,7 @@ static constexpr DamageRow kDamages[] = {
 
 TEST_F(ImportNotes, SaysWhatIsWrongWithAModule) {
     const fs::path library = folder / "library";
-    for (const DamageRow& row : kDamages) {
+    for (const ModuleDamage& row : kDamages) {
         fs::remove_all(library);
         fs::remove_all(sets);
         fs::create_directories(library / "mods.d");
@@ -321,7 +321,7 @@ TEST_F(ImportNotes, SaysWhatIsWrongWithAModule) {
         fs::copy(kInstalled / "mods.d/scofield.conf", library / "mods.d/scofield.conf");
         fs::copy(kInstalled / kScofield, library / kScofield);
         row.damage(library);
-        const ToolRun run = RunTool("--modules " + library.string() + " Scofield " + sets.string());
+        const ImportRun run = RunTool("--modules " + library.string() + " Scofield " + sets.string());
         EXPECT_EQ(run.exitCode, 1) << row.what;
         EXPECT_EQ(run.output, "") << row.what;
         EXPECT_THAT(run.errors, IsOneLineWith(row.complaint)) << row.what;
@@ -331,7 +331,7 @@ TEST_F(ImportNotes, SaysWhatIsWrongWithAModule) {
 
 // The limit on the size of files stands for a full disk: the table and the index would fit, the notes do not.
 TEST_F(ImportNotes, LeavesNothingOnAFullDisk) {
-    const ToolRun run =
+    const ImportRun run =
         RunShell(folder, "bash -c 'trap \"\" XFSZ; ulimit -f 500; exec " VERSEWELL_IMPORT_NOTES " Scofield " +
                              sets.string() + "'");
     EXPECT_EQ(run.exitCode, 1);
@@ -342,7 +342,7 @@ TEST_F(ImportNotes, LeavesNothingOnAFullDisk) {
 
 TEST_F(ImportNotes, RefusesNamesThatNoFileCanHave) {
     for (const char* name : {"", "a/b", "a:b", "what?", "end.", " a", "a ", "a\tb"}) {
-        const ToolRun run = RunTool("Scofield " + sets.string() + " '" + name + "'");
+        const ImportRun run = RunTool("Scofield " + sets.string() + " '" + name + "'");
         EXPECT_EQ(run.exitCode, 1) << name;
         EXPECT_THAT(run.errors, IsOneLineWith("cannot be the name of a note set")) << name;
     }
@@ -352,7 +352,7 @@ TEST_F(ImportNotes, RefusesNamesThatNoFileCanHave) {
 TEST_F(ImportNotes, ExplainsItsArguments) {
     for (const char* arguments :
          {"", "MHCC", "--modules", "--modules x", "--modules x MHCC", "--other x y z", "a b c d", "--help"}) {
-        const ToolRun run = RunTool(arguments);
+        const ImportRun run = RunTool(arguments);
         EXPECT_EQ(run.exitCode, 2) << arguments;
         EXPECT_THAT(run.errors, StartsWith("usage: import_notes ")) << arguments;
     }
