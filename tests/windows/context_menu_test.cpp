@@ -10,6 +10,7 @@
 #include "tests/windows/passage_pane.h"
 #include "tests/windows/search_steps.h"
 
+using testing::Contains;
 using testing::ElementsAre;
 using testing::ElementsAreArray;
 using testing::IsSupersetOf;
@@ -222,6 +223,22 @@ TEST(VerseListMenu, IsThatOfTheEntryWhereASelectionBegan) {
     EXPECT_THAT(Described(OpenMenuLines(program)),
                 IsSupersetOf({"162 Copy Selected Text\tCtrl+C (greyed)", "187 Delete Ge 6:8 From List\tDelete"}));
     LeaveMenu(program);
+}
+
+static void ExpectRowsOfTheNote(const Program& program, const std::string& state) {
+    EXPECT_THAT(RowsAfterRightClick(program, PassageOf(program)), Contains("174 Go to Note for Ge 1:1\tF10" + state));
+    LeaveMenu(program);
+    EXPECT_THAT(RowsAfterRightClick(program, VerseListOf(program)), Contains("175 Go to Note (Ge 6:8)\tF10" + state));
+    LeaveMenu(program);
+}
+
+TEST(ContextMenus, GreyTheRowOfTheNoteWhileOneIsEdited) {
+    Program program = StartProgram(FolderWithScripture());
+    SearchFor(program, {"grace"});
+    Command(program, IDM_EDIT_NOTE);
+    ExpectRowsOfTheNote(program, " (greyed)");
+    SendMessageA(ChildOfClass(program.frame, "NOTEEDIT", IDC_NOTE_EDITOR), WM_COMMAND, IDC_NOTE_CANCEL, 0);
+    ExpectRowsOfTheNote(program, "");
 }
 
 // ---- Opening --------------------------------------------------------------------------------------------------------
