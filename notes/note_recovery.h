@@ -10,8 +10,9 @@
 // only read.
 //
 // To tell a valid index from one of another state takes the place of every note's end, so every data file is read
-// through, once a start: nothing less would notice that two notes in its middle grew and shrank by the same. In memory
-// this takes a tenth of the time of copying the file, which a save does all the same.
+// through, once a start: nothing less would notice that two notes in its middle grew and shrank by the same. It takes
+// about twice as long as reading the file alone: 20 ms for a set of 60 MB that the system has in memory
+// (bench/note_bench).
 #pragma once
 
 #include <string>

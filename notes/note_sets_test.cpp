@@ -245,6 +245,17 @@ TEST(ReadNoteText, ReadsTheCurrentSet) {
     EXPECT_TRUE(NoteExists(DeviceOver(files), notes, 9));
 }
 
+TEST(ReadNoteText, TakesOneReadANote) {
+    FakeNoteFiles files;
+    AddFakeSet(files, "a", {{7, "seven"}, {31101, "end"}});
+    NoteSets notes = Found(files);
+    for (const int verse : {0, 7, 31101}) {
+        files.log.clear();
+        NoteText(files, notes, verse);
+        EXPECT_EQ(files.log, (std::vector<std::string>{"read a.nmd"}));
+    }
+}
+
 TEST(ReadNoteText, FailsWithoutASet) {
     FakeNoteFiles files;
     NoteSets notes;

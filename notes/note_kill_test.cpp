@@ -1,0 +1,74 @@
+// Real processes are killed over real files: what the system keeps of a killed process is what a save must live with.
+
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+
+#include "notes/note_layout.h"
+#include "notes/note_recovery.h"
+#include "notes/note_saving.h"
+#include "tests/support/fake_note_files.h"
+#include "tests/support/real_note_files.h"
+
+struct KilledEdit {
+    int verse;
+    std::string before, after;
+};
+
+static void SaveInChild(const std::string& folder, const KilledEdit& edit, std::int64_t steps) {
+    RealNoteFiles files{folder};
+    NoteSets notes;
+    FindNoteSets(DeviceOver(files), notes);
+    SelectStoredNote(notes, 0, edit.verse);
+    files.steps = steps;
+    const SaveVoice voice = {nullptr, [](void*, SaveNotice, const std::string&) { return true; }};
+    _exit(SaveNote(DeviceOver(files), voice, notes, edit.after, "2024-12-31") == NoteSaveResult::kSaved ? 0 : 1);
+}
+
+// Status of the process that saved, or was killed at it.
+static int SaveInProcess(const std::string& folder, const KilledEdit& edit, std::int64_t steps) {
+    const pid_t child = fork();
+    if (child == 0) SaveInChild(folder, edit, steps);
+    int status = -1;
+    waitpid(child, &status, 0);
+    return status;
+}
+
+static void ExpectAllNotesIn(const std::string& folder, const KilledEdit& edit, bool isSaved) {
+    RealNoteFiles files{folder};
+    NoteSets notes;
+    OpenNoteSets(DeviceOver(files), notes);
+    ASSERT_EQ(notes.sets.size(), 1u);
+    const FakeSet edited = FakeSetOf({{3, "three"}, {edit.verse, edit.after}, {31000, "near the end"}});
+    const FakeSet old = FakeSetOf({{3, "three"}, {edit.verse, edit.before}, {31000, "near the end"}});
+    const std::vector<unsigned char> data = ReadWholeFile(folder + "a.nmd");
+    const FakeSet& now = data == old.data && !isSaved ? old : edited;
+    EXPECT_TRUE(data == now.data);
+    EXPECT_TRUE(ReadWholeFile(folder + "a.nmi") == now.index);
+    EXPECT_TRUE(IndexBytes(notes.sets[0].offsets) == now.index);
+}
+
+TEST(AKilledProcess, LosesNoNote) {
+    const std::string folder = MakeScratchFolder();
+    ASSERT_NE(folder, "");
+    int kills = 0;
+    for (const KilledEdit& edit :
+         {KilledEdit{0, "four", "characters"}, KilledEdit{15000, "characters", ""}, KilledEdit{31101, "", "new"}}) {
+        const FakeSet old = FakeSetOf({{3, "three"}, {edit.verse, edit.before}, {31000, "near the end"}});
+        for (std::int64_t step = 0, isSaved = 0; !isSaved; ++step, ++kills) {
+            SCOPED_TRACE(testing::Message() << "verse " << edit.verse << ", step " << step);
+            RemoveScratchFolder(folder + "backup");
+            WriteWholeFile(folder + "a.nmd", old.data);
+            WriteWholeFile(folder + "a.nmi", old.index);
+            const int status = SaveInProcess(folder, edit, step);
+            isSaved = WIFEXITED(status) && WEXITSTATUS(status) == 0;
+            ASSERT_TRUE(isSaved || (WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL));
+            ExpectAllNotesIn(folder, edit, isSaved);
+            if (HasFailure()) break;
+        }
+    }
+    EXPECT_GE(kills, 60);
+    RemoveScratchFolder(folder);
+}
