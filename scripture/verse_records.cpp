@@ -4,8 +4,22 @@
 
 #include "scripture/books.h"
 
+// Where `book` begins if the records are in order, as those of undamaged files are.
+static int SearchBook(const VerseRecords& records, int book) {
+    int from = 0, to = kLastVerse;
+    while (from < to) {
+        const int middle = from + (to - from) / 2;
+        const int found = RecordOf(records, middle).book;
+        const bool before = found != 0 && found < book;
+        (before ? from : to) = before ? middle + 1 : middle;
+    }
+    return from;
+}
+
 static int FirstVerseOfBook(const VerseRecords& records, int book) {
-    int index = 0;
+    int index = SearchBook(records, book);
+    if (RecordOf(records, index).book == book) return index;
+    index = 0;
     while (index < kLastVerse && RecordOf(records, index).book != book) ++index;
     return RecordOf(records, index).book == book ? index : kNoVerse;
 }
