@@ -8,6 +8,7 @@
 #include "app/frame_commands_win32.h"
 #include "app/frame_window.h"
 #include "app/note_commands_win32.h"
+#include "app/note_set_commands_win32.h"
 #include "app/output_commands_win32.h"
 #include "app/reading_commands_win32.h"
 #include "app/search_commands_win32.h"
@@ -39,8 +40,8 @@ static constexpr Command kCommands[] = {
     {IDM_SET_RANGE, SetRange},
     {IDM_NOTE_WORD_SEARCH, SearchNoteSelection},
     {IDM_NOTE_PHRASE_SEARCH, SearchNoteSelection},
-    {IDM_NOTE_NOTE_SEARCH, nullptr},
-    {IDM_SEARCH_NOTES, nullptr, kNotEditing},
+    {IDM_NOTE_NOTE_SEARCH, SearchNotesForSelection, kNotEditing},
+    {IDM_SEARCH_NOTES, SearchNotes, kNotEditing},
 
     {IDM_CONTEXT, ReadListContext, kListHasVerses},
     {IDM_GOTO_VERSE, GoToVerse},
@@ -83,9 +84,10 @@ static constexpr Command kCommands[] = {
     {IDM_SHOW_REFERENCES, ShowNoteReferences},
     {IDM_END_EDITING, EndEditingNote},
     {IDM_BIND_NOTES, ToggleBindNotes, kAlways, kNotesBound},
-    {IDM_CREATE_NOTE_SET, nullptr, kNotEditing},
-    {IDM_DELETE_NOTE_SET, nullptr, kNotEditing},
-    {IDM_RENAME_NOTE_SET, nullptr, kNotEditing},
+    {IDM_CREATE_NOTE_SET, CreateSet, kNotEditing},
+    {IDM_DELETE_NOTE_SET, DeleteSet, kNotEditing},
+    {IDM_RENAME_NOTE_SET, RenameSet, kNotEditing},
+    {IDM_MARK_NOTE_SETS, MarkSets},
 
     {IDM_CUT, CutSelection, kCanCut},
     {IDM_COPY, CopySelection, kHasSelection},

@@ -99,6 +99,13 @@ void LayOut() {
     if (IsWindowVisible(theFrame.window)) KeepFocusShown();
 }
 
+void RemoveDevotionalMenu() {
+    static constexpr UINT kDevotionalMenu = 6;  // position in the menu bar
+    // Not deleted: to destroy its 732 items one by one would be felt in the start, and they go with the program.
+    RemoveMenu(theFrame.menu, kDevotionalMenu, MF_BYPOSITION);
+    DrawMenuBar(theFrame.window);
+}
+
 void RepaintNoteMarks() {
     RedisplayVerseList();
     RedisplayPassage();

@@ -41,5 +41,8 @@ void LayOut(WPARAM sizeType, int width, int height);
 // The same for the frame's present size, with the focus kept on a window that is shown.
 void LayOut();
 
+// Takes the Devotional menu out of the menu bar: there is no set of readings, or none any more.
+void RemoveDevotionalMenu();
+
 // Repaints the panes that mark verses with notes.
 void RepaintNoteMarks();

@@ -16,10 +16,14 @@ static void ShowNotes() {
     RunIfEnabled(theFrame.window, IDM_VIEW_NOTES);
 }
 
-void GoToNote(int) {
-    AskGotoNote(theFrame.window);
+void FocusNotes() {
     ShowNotes();
     SetFocus(theNotes.view);
+}
+
+void GoToNote(int) {
+    AskGotoNote(theFrame.window);
+    FocusNotes();
 }
 
 void GoToNeighbouringNote(int command) {

@@ -1,6 +1,9 @@
 // Commands that move among notes and note sets.
 #pragma once
 
+// Shows the Notes window if it is hidden and gives it the focus.
+void FocusNotes();
+
 void GoToNote(int command);
 void GoToNeighbouringNote(int command);  // previous or next verse with a note
 void GoToNeighbouringSet(int command);   // previous or next set, round the ends

@@ -4,7 +4,9 @@
 
 #include "app/commands_win32.h"
 #include "app/frame_window.h"
+#include "notes/note_search.h"
 #include "notes/notes_window.h"
+#include "notes/search_notes_dialog.h"
 #include "output/output_win32.h"
 #include "resources/ids.h"
 #include "scripture/scripture_win32.h"
@@ -76,10 +78,27 @@ void SetRange(int) {
     AskSearchRange(theFrame.window);
 }
 
-void SearchNoteSelection(int command) {
+// The text selected in the note view, cut to `limit` characters.
+static std::string SelectedNoteText(int limit) {
     const auto [start, end] = SelectionInNote();
-    const int length = std::min(end - start, kSearchTextLimit);
-    theSearch.searchText =
-        theNotes.sets.noteText.substr(static_cast<std::size_t>(start), static_cast<std::size_t>(length));
+    const int length = std::min(end - start, limit);
+    return theNotes.sets.noteText.substr(static_cast<std::size_t>(start), static_cast<std::size_t>(length));
+}
+
+void SearchNoteSelection(int command) {
+    theSearch.searchText = SelectedNoteText(kSearchTextLimit);
     Search(command == IDM_NOTE_WORD_SEARCH ? SearchKind::kWords : SearchKind::kPhrase);
+}
+
+void SearchNotes(int) {
+    AskNoteSearch(theFrame.window);
+}
+
+// The selection is laid over the beginning of the text searched for last, whose rest stays; it is the text of the other
+// searches that is cut to its length. Odd, and kept on purpose.
+void SearchNotesForSelection(int) {
+    const std::string selected = SelectedNoteText(kNoteSearchTextLimit);
+    theSearch.NoteSearchText.replace(0, selected.size(), selected);
+    theSearch.searchText.resize(std::min(theSearch.searchText.size(), selected.size()));
+    AskNoteSearch(theFrame.window);
 }

@@ -20,8 +20,6 @@
 #include "win32/program_files.h"
 #include "win32/screen.h"
 
-static constexpr UINT kDevotionalMenu = 6;  // position in the menu bar
-
 // Start-up.
 
 static INT_PTR CALLBACK SplashProcedure(HWND splash, UINT message, WPARAM, LPARAM) {
@@ -76,11 +74,7 @@ static void ReadSettings() {
 }
 
 static void SetFirstMenuState() {
-    if (theNotes.sets.devotionalSet == kNoDevotionalSet) {
-        // Not deleted: to destroy its 732 items one by one would be felt in the start, and they go with the program.
-        RemoveMenu(theFrame.menu, kDevotionalMenu, MF_BYPOSITION);
-        DrawMenuBar(theFrame.window);
-    }
+    if (theNotes.sets.devotionalSet == kNoDevotionalSet) RemoveDevotionalMenu();
     theFrame.startUpComplete = true;
     RefreshCommands();
 }

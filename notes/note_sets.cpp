@@ -50,15 +50,26 @@ static bool AddNoteSet(const NoteFiles& files, const std::string& indexFileName,
     return true;
 }
 
-// A set of empty notes: a NUL for each verse. The data file comes first; when it is there already, it may hold notes
-// whose index was lost, and no index of empty notes is laid beside it.
-static bool CreateFirstSet(const NoteFiles& files, NoteSets& notes) {
-    NoteSet set{std::string(kFirstSetName) + ".nmd", std::vector<std::uint32_t>(kVerseCount)};
+NoteSet EmptyNoteSet(const std::string& name) {
+    NoteSet set{name + ".nmd", std::vector<std::uint32_t>(kVerseCount)};
     std::iota(set.offsets.begin(), set.offsets.end(), 0u);
+    return set;
+}
+
+// An empty note is a NUL. A data file that is there already may hold notes whose index was lost.
+int CreateNoteFiles(const NoteFiles& files, NoteSet& set) {
     const std::vector<unsigned char> emptyNotes(kVerseCount, 0);
-    const bool created = files.create(files.device, set.dataFileName, emptyNotes) &&
-                         files.create(files.device, IndexFileName(set), IndexBytes(set.offsets));
+    int created = 0;
+    if (files.create(files.device, set.dataFileName, emptyNotes)) {
+        created = files.create(files.device, IndexFileName(set), IndexBytes(set.offsets)) ? 2 : 1;
+    }
     StampFiles(files, set);
+    return created;
+}
+
+static bool CreateFirstSet(const NoteFiles& files, NoteSets& notes) {
+    NoteSet set = EmptyNoteSet(kFirstSetName);
+    const bool created = CreateNoteFiles(files, set) == 2;
     notes.sets.push_back(std::move(set));
     return created;
 }

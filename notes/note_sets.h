@@ -53,6 +53,13 @@ std::string IndexFileName(const NoteSet& set);
 // Remembers what the set's files are like now.
 void StampFiles(const NoteFiles& files, NoteSet& set);
 
+// A set of empty notes, not on the disk yet.
+NoteSet EmptyNoteSet(const std::string& name);
+
+// Creates the data file of such a set, then its index file, and gives how many of the two were created: where the data
+// file cannot be, no index is laid beside it.
+int CreateNoteFiles(const NoteFiles& files, NoteSet& set);
+
 // Finds the sets of the working directory in listing order, at most kNoteSetLimit, each with its devotional table if
 // it has one (a later one takes the role). A `.nmi` that cannot be opened ends the search. With no set found, creates
 // "My Notes", the data file before the index file. False when one of them could not be created: then the other is not

@@ -7,6 +7,7 @@
 #include "notes/note_files_win32.h"
 #include "notes/note_menu_win32.h"
 #include "notes/note_recovery.h"
+#include "notes/note_tabs_win32.h"
 #include "output/faces_win32.h"
 #include "output/output_win32.h"
 #include "resources/ids.h"
@@ -58,17 +59,9 @@ NoteSelection SelectionInNote() {
     return {static_cast<int>(std::min(range.cpMin, length)), static_cast<int>(std::min(range.cpMax, length))};
 }
 
-static void InsertTab(HWND tabs, int index, const std::string& name) {
-    TCITEMA item{};
-    item.mask = TCIF_TEXT;
-    item.pszText = const_cast<char*>(name.c_str());
-    SendMessageA(tabs, TCM_INSERTITEMA, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&item));
-}
-
 void LoadNoteSets() {
     const OpenedSets opened = OpenNoteSets(TheNoteFiles(), theNotes.sets);
-    int index = 0;
-    for (const NoteSet& set : theNotes.sets.sets) InsertTab(theNotes.tabs, index++, NoteSetName(set));
+    ShowNoteTabs();
     const HWND frame = FrameOf(theNotes.tabs);
     if (!opened.created) Complain(frame, kCannotCreateNotes);
     if (!opened.report.empty()) {
@@ -90,6 +83,19 @@ void SetNotesFont(const FontChoice& choice) {
 static void OnSelectionChange(const CHARRANGE& range) {
     theSelection.SelectionOwner = range.cpMin < range.cpMax ? kNoteViewOwns : kNobody;
     SendCommand(FrameOf(theNotes.window), IDM_REFRESH);
+}
+
+void SelectInNote(const NoteSelection& selection) {
+    CHARRANGE range{selection.start, selection.end};
+    SendMessageA(theNotes.view, EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&range));
+    SendMessageA(theNotes.view, EM_SCROLLCARET, 0, 0);
+    OnSelectionChange(range);
+}
+
+void KeepNoteSelectionShown(bool shown) {
+    static constexpr LPARAM kNoHideSelection = ECO_NOHIDESEL;
+    SendMessageA(theNotes.view, EM_SETOPTIONS, shown ? ECOOP_OR : ECOOP_AND,
+                 shown ? kNoHideSelection : ~kNoHideSelection);
 }
 
 static LRESULT OnNotify(HWND window, int control, NMHDR* notification) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "notes/note_sets.h"
+#include "notes/tab_markers.h"
 #include "output/reading_options.h"
 #include "win32/handles.h"
 
@@ -14,6 +15,8 @@ struct NotesPane {
     WNDPROC viewProcedure = nullptr;  // the control's own
     OwnedFont font;
     NoteSets sets;
+    std::vector<std::string> tabLabels;    // as shown
+    MarkedBefore marked;                   // where the panes stood for the marks in them
     int BindNotes = 1;                     // non-zero: the Notes window follows the Passage
     std::vector<std::int32_t> references;  // of the cross-reference line that was followed
     int editing = 0;                       // non-zero: the note editor is open, and the current note stays
@@ -53,6 +56,12 @@ struct NoteSelection {
     int start = 0, end = 0;
 };
 NoteSelection SelectionInNote();
+
+// Selects these characters, brings them into view and makes them what Copy takes.
+void SelectInNote(const NoteSelection& selection);
+
+// Is the selection to be seen while the view does not have the focus?
+void KeepNoteSelectionShown(bool shown);
 
 // The files of note sets on this system.
 const NoteFiles& TheNoteFiles();

@@ -1,5 +1,5 @@
-// The notes of one set for a saved range. Reads the set's data file in large steps; the current set and the note shown
-// stay as they are.
+// The notes of one set, verse by verse, for a saved range or a search. Reads the set's data file in large steps; the
+// current set and the note shown stay as they are.
 #pragma once
 
 #include <vector>

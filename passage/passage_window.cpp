@@ -90,9 +90,9 @@ static void LayOutAndShowPosition(const RECT& client) {
     LayOutRuns(client);
 }
 
-static void OnPaint(HWND) {
-    if (HasText()) return PaintPane(thePassage, 0, LayOutAndShowPosition);
-    PaintPane(thePassage, 0, nullptr);
+static void OnPaint(HWND window) {
+    PaintPane(thePassage, 0, HasText() ? LayOutAndShowPosition : nullptr);
+    SendCommand(FrameOf(window), IDM_MARK_NOTE_SETS);
 }
 
 static void Scroll(ScrollCode code, int thumb) {

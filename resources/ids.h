@@ -73,6 +73,7 @@
 #define IDM_REFRESH 900          // from a pane to its frame: what commands depend on has changed
 #define IDM_SHOW_REFERENCES 901  // from the Notes window: show the verses of the line that was followed
 #define IDM_END_EDITING 902      // from the note editor: it has closed
+#define IDM_MARK_NOTE_SETS 903   // from the Passage or the Verse List: it has painted
 #define IDM_GOTO_BOOK 1000       // and a book's number, 1 to 66
 #define IDM_DEVOTIONAL 2000      // and a verse index
 
@@ -105,6 +106,7 @@
 #define IDC_WORD_LIST 19
 #define IDC_RANGE 20      // the button of the search dialogs; the field of all that ask for verses but the next
 #define IDC_REFERENCE 10  // Go To Verse, Go to Note for Verse
+#define IDC_SET_NAME 10   // Create New Note Set, Change name of note set
 #define IDC_OLD_TESTAMENT 101
 #define IDC_NEW_TESTAMENT 102
 #define IDC_ENTIRE_BIBLE 103
@@ -122,6 +124,9 @@
 #define IDC_LINE_BREAKS 18
 #define IDC_PARAGRAPH_MARKS 19
 #define IDC_BRACKETS 101
+#define IDC_FIND_NEXT 101        // Search Note Set
+#define IDC_NOTE_TEXT 102        // the same: Find What
+#define IDC_SEARCH_PROGRESS 101  // Searching...
 #define IDC_SPLASH_LINE 111
 
 // Pictures

@@ -222,10 +222,10 @@ static void LayOutAndShowPosition(const RECT& client) {
     LayOutRuns(client);
 }
 
-static void OnPaint(HWND) {
-    const COLORREF keyWords = theReading.KeyHighlightColor;
-    if (HasEntries() && HasFaces(theVerseList.faces)) return PaintPane(theVerseList, keyWords, LayOutAndShowPosition);
-    PaintPane(theVerseList, keyWords, nullptr);
+static void OnPaint(HWND window) {
+    const bool hasText = HasEntries() && HasFaces(theVerseList.faces);
+    PaintPane(theVerseList, theReading.KeyHighlightColor, hasText ? LayOutAndShowPosition : nullptr);
+    SendCommand(FrameOf(window), IDM_MARK_NOTE_SETS);
 }
 
 // Scrolling, keys and focus.

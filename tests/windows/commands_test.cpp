@@ -49,6 +49,10 @@ static constexpr int kEnabledAtStart[] = {
     IDM_EDIT_NOTE,
     IDM_VERSE_FOR_NOTE,
     IDM_BIND_NOTES,
+    IDM_SEARCH_NOTES,
+    IDM_CREATE_NOTE_SET,
+    IDM_DELETE_NOTE_SET,
+    IDM_RENAME_NOTE_SET,
 };
 
 // Commands that wait for hits, for a selection or for the focus.

@@ -40,7 +40,7 @@ static HWND NoteTabsOf(const Program& program) {
 }
 
 static std::string ChosenSet(const Program& program) {
-    return TabLabels(program, NoteTabsOf(program))[static_cast<std::size_t>(SelectedTab(NoteTabsOf(program)))];
+    return NoteSetNames(program)[static_cast<std::size_t>(SelectedTab(NoteTabsOf(program)))];
 }
 
 struct DatedReading {

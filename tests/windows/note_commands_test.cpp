@@ -80,7 +80,7 @@ TEST(NoteCommands, WalkFromSetToSetAndRepaintTheMarks) {
     WriteSetting(folder, "MISC", "NoteVerse", "115");
     Program program = StartProgram(folder);
     const HWND tabs = Child(program.frame, {IDC_NOTE_TABS});
-    const std::vector<std::string> names = TabLabels(program, tabs);
+    const std::vector<std::string> names = NoteSetNames(program);
     ASSERT_THAT(names, UnorderedElementsAre("A", "B", "C", "None"));
 
     const auto expectSet = [&](int set) {

@@ -1,5 +1,7 @@
 #include "tests/windows/note_set_files.h"
 
+#include "resources/ids.h"
+
 std::string IndexBytes(const std::vector<unsigned>& offsets) {
     std::string bytes;
     for (const unsigned offset : offsets)
@@ -18,4 +20,12 @@ void WriteNoteSet(const ScratchFolder& folder, const std::string& name, const st
     }
     WriteFile(folder, name + ".nmi", IndexBytes(offsets));
     WriteFile(folder, name + ".nmd", data);
+}
+
+std::vector<std::string> NoteSetNames(const Program& program) {
+    std::vector<std::string> names = TabLabels(program, Child(program.frame, {IDC_NOTE_TABS}));
+    for (std::string& name : names)
+        for (const char* mark : {"\xAB ", "\xBB "})
+            if (name.starts_with(mark)) name.erase(0, 2);
+    return names;
 }

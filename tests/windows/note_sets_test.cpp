@@ -27,7 +27,7 @@ static HWND NoteTabs(const Program& program) {
 }
 
 static std::vector<std::string> SetsOf(const Program& program) {
-    return TabLabels(program, NoteTabs(program));
+    return NoteSetNames(program);
 }
 
 static HWND NoteView(const Program& program) {

@@ -60,8 +60,7 @@ TEST(SaveRange, HasItsControls) {
     WriteNoteSet(folder, "Study");
     WriteSetting(folder, "MISC", "Note", "1");
     Program program = StartProgram(folder);
-    const HWND tabs = Child(program.frame, {IDC_NOTE_TABS});
-    const std::vector<std::string> sets = TabLabels(program, tabs);
+    const std::vector<std::string> sets = NoteSetNames(program);
     GoTo(program, "Joh 3:16");
     const HWND dialog = OpenSaveRange(program);
     const DialogLook look = {
@@ -200,7 +199,7 @@ TEST(SaveRange, WritesNotesBehindTheirVerses) {
     WriteSetting(folder, "FORMAT", "LineBreaks", "0");
     Program program = StartProgram(folder);
     const HWND tabs = Child(program.frame, {IDC_NOTE_TABS});
-    ClickTab(program, tabs, TabLabels(program, tabs)[0] == "First" ? 0 : 1);
+    ClickTab(program, tabs, NoteSetNames(program)[0] == "First" ? 0 : 1);
     const int tab = SelectedTab(tabs);
     const std::string shown = TextOf(NoteViewOf(program));
     ASSERT_EQ(shown, "first of all");

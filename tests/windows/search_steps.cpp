@@ -8,6 +8,7 @@ static const char* TitleOf(int command) {
     switch (command) {
         case IDM_PHRASE_SEARCH: return "Phrase Search";
         case IDM_SET_RANGE: return "Set Search Range";
+        case IDM_SEARCH_NOTES: return "Search Note Set My Notes";
         default: return "Word Search";
     }
 }

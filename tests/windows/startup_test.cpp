@@ -414,7 +414,7 @@ TEST(WorkingFolder, IsTheCurrentOneWithNotesAndScriptureComesFromTheProgramsFold
     const ScratchFolder notes = EmptyFolder();
     WriteNoteSet(notes, "Mine", {{0, "in the beginning"}});
     Program program = StartProgram(notes, ProgramIn(home));
-    EXPECT_THAT(TabLabels(program, Child(program.frame, {IDC_NOTE_TABS})), ElementsAre("Mine"));
+    EXPECT_THAT(NoteSetNames(program), ElementsAre("Mine"));
     EXPECT_EQ(StatusPart(program, 3), "Genesis 1:1");
     EXPECT_EQ(CloseProgram(program), 0);
     EXPECT_THAT(FilesIn(notes), ElementsAre("Mine.nmd", "Mine.nmi", "Versewell.INI"));

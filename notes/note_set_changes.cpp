@@ -1,0 +1,119 @@
+#include "notes/note_set_changes.h"
+
+#include <algorithm>
+#include <array>
+#include <cassert>
+#include <string_view>
+
+#include "notes/note_layout.h"
+#include "search/letters.h"
+
+// ---- Names ----------------------------------------------------------------------------------------------------------
+
+static bool CanStandInName(char c) {
+    static constexpr std::string_view kForbidden = "\\/:*?\"<>|";
+    return static_cast<unsigned char>(c) >= ' ' && kForbidden.find(c) == std::string_view::npos;
+}
+
+// Is it one of the names that Windows takes for a device whatever its ending: CON, PRN, AUX, NUL, COM1.., LPT1..?
+// (Naming Files, Paths, and Namespaces, in Microsoft's documentation of Windows)
+static bool IsDeviceName(const std::string& name) {
+    static constexpr std::array<std::string_view, 4> kDevices = {"con", "prn", "aux", "nul"};
+    std::string first = LowerCased(name.substr(0, name.find('.')));
+    first.erase(first.find_last_not_of(' ') + 1);
+    if (std::ranges::find(kDevices, first) != kDevices.end()) return true;
+    const bool isPort = first.size() == 4 && (first.starts_with("com") || first.starts_with("lpt"));
+    return isPort && first[3] >= '1' && first[3] <= '9';
+}
+
+std::string ReasonAgainstName(const std::string& name) {
+    if (!std::ranges::all_of(name, CanStandInName)) {
+        return "The name of a note set cannot have any of the characters \\ / : * ? \" < > | or a control character.";
+    }
+    if (IsDeviceName(name)) return "Windows keeps the name \"" + name + "\" for itself. Choose another one.";
+    return "";
+}
+
+// ---- Create ---------------------------------------------------------------------------------------------------------
+
+static std::string TooManySets() {
+    return "There are " + std::to_string(kNoteSetLimit) +
+           " note sets, and no more can be open. Delete one before you create another.";
+}
+
+std::string CreateNoteSet(const NoteFiles& files, NoteSets& notes, const std::string& name) {
+    if (notes.sets.size() >= kNoteSetLimit) return TooManySets();
+    const std::string reason = ReasonAgainstName(name);
+    if (!reason.empty()) return std::string(kCannotCreateNotes) + "\n\n" + reason;
+    NoteSet set = EmptyNoteSet(name);
+    const int created = CreateNoteFiles(files, set);
+    if (created == 1) files.remove(files.device, set.dataFileName);  // nothing but empty notes
+    if (created != 2) return kCannotCreateNotes;
+    notes.sets.push_back(std::move(set));
+    return "";
+}
+
+// ---- Rename ---------------------------------------------------------------------------------------------------------
+
+static NoteSet& CurrentSet(NoteSets& notes) {
+    assert(notes.currentSet >= 0 && notes.currentSet < static_cast<int>(notes.sets.size()));
+    return notes.sets[static_cast<std::size_t>(notes.currentSet)];
+}
+
+static bool IsDevotional(const NoteSets& notes) {
+    return notes.currentSet == notes.devotionalSet;
+}
+
+// An earlier rename failed at the index file.
+static bool IsOutOfUse(const NoteSet& set) {
+    return set.dataFileName == IndexFileName(set);
+}
+
+static bool RenameIndex(const NoteFiles& files, NoteSet& set, const std::string& name) {
+    if (files.rename(files.device, IndexFileName(set), name + ".nmi")) return true;
+    set.dataFileName = IndexFileName(set);
+    set.readOnly = true;
+    return false;
+}
+
+std::string RenameNoteSet(const NoteFiles& files, NoteSets& notes, const std::string& name) {
+    NoteSet& set = CurrentSet(notes);
+    const std::string nameBefore = NoteSetName(set);
+    if (name == nameBefore) return "";
+    const std::string reason = ReasonAgainstName(name);
+    if (!reason.empty()) return "Rename failed. " + reason;
+    const auto rename = [&](const std::string& ending) {
+        return files.rename(files.device, nameBefore + ending, name + ending);
+    };
+    if (IsOutOfUse(set) || !rename(".nmd")) return kRenameFailed;
+    if (!RenameIndex(files, set, name)) return kRenameFailed;
+    if (IsDevotional(notes)) rename(".dti");
+    set.dataFileName = name + ".nmd";
+    rename(std::string(".nmd") + kTempEnding);  // left alone, it would come back as a set of the old name
+    return "";
+}
+
+// ---- Delete ---------------------------------------------------------------------------------------------------------
+
+std::string QuestionBeforeDeleting(const NoteSets& notes) {
+    const NoteSet& set = notes.sets[static_cast<std::size_t>(notes.currentSet)];
+    const char* ending = IsDevotional(notes) ? "? Deleting this set will remove the Devotional function!" : "?";
+    return "Are you SURE you want to delete the note set " + NoteSetName(set) + ending;
+}
+
+bool DeleteNoteSet(const NoteFiles& files, NoteSets& notes) {
+    const NoteSet& set = CurrentSet(notes);
+    assert(notes.sets.size() > 1);
+    if (!files.remove(files.device, IndexFileName(set))) return false;
+    files.remove(files.device, set.dataFileName);
+    files.remove(files.device, set.dataFileName + kTempEnding);
+    if (IsDevotional(notes)) {
+        files.remove(files.device, NoteSetName(set) + ".dti");
+        notes.devotionalSet = kNoDevotionalSet;
+    } else if (notes.devotionalSet > notes.currentSet) {
+        --notes.devotionalSet;
+    }
+    notes.sets.erase(notes.sets.begin() + notes.currentSet);
+    notes.currentSet = 0;
+    return true;
+}

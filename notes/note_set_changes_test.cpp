@@ -1,0 +1,300 @@
+#include "notes/note_set_changes.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "tests/support/fake_note_files.h"
+#include "tests/support/native_scripture.h"
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::StartsWith;
+using testing::UnorderedElementsAre;
+
+// Sets as the program finds them; each has a note for Genesis 1:1 that names it.
+struct SetsOnDisk {
+    FakeNoteFiles fakes;
+    NoteFiles files;
+    NoteSets notes;
+};
+
+static void Open(SetsOnDisk& disk, const std::vector<std::string>& names, const std::string& devotional = "(none)") {
+    for (const std::string& name : names) AddFakeSet(disk.fakes, name, {{0, "in " + name}});
+    if (devotional != "(none)") disk.fakes.contents[devotional + ".dti"] = {1, 0, 0, 0};
+    disk.files = DeviceOver(disk.fakes);
+    ASSERT_TRUE(FindNoteSets(disk.files, disk.notes));
+    disk.fakes.log.clear();
+}
+
+static std::vector<std::string> NamesOf(const NoteSets& notes) {
+    std::vector<std::string> names;
+    for (const NoteSet& set : notes.sets) names.push_back(NoteSetName(set));
+    return names;
+}
+
+static std::vector<std::string> FilesOf(const SetsOnDisk& disk) {
+    std::vector<std::string> names;
+    for (const auto& [name, bytes] : disk.fakes.contents) names.push_back(name);
+    return names;
+}
+
+static std::string FirstNote(SetsOnDisk& disk, int set) {
+    disk.notes.currentSet = set;
+    if (!ReadNoteText(disk.files, TheRealScripture().records, disk.notes, 0)) return "(unreadable)";
+    return disk.notes.noteText;
+}
+
+// The sets as the next start finds them.
+static std::vector<std::string> NamesAfterRestart(const SetsOnDisk& disk) {
+    NoteSets notes;
+    EXPECT_TRUE(FindNoteSets(disk.files, notes));
+    return NamesOf(notes);
+}
+
+// ---- Names ----------------------------------------------------------------------------------------------------------
+
+TEST(NoteSetNames, AreAllThatWindowsStores) {
+    for (const std::string name : {"", " ", "a.b", ".", "a.", " a ", "M\xFCller \xB6", "CONsole", "COM", "COM0",
+                                   "LPT10", "my con", "a+b [c] {d} (e) & 'f' #1, 100%~"})
+        EXPECT_EQ(ReasonAgainstName(name), "") << name;
+}
+
+TEST(NoteSetNames, AreRefusedWhereWindowsDoesNotStoreThem) {
+    for (const char forbidden : std::string("\\/:*?\"<>|\t\n\x01\x1F")) {
+        EXPECT_THAT(ReasonAgainstName(std::string("a") + forbidden + "b"), HasSubstr("\\ / : * ? \" < > |"));
+    }
+    for (const char* name : {"..\\up", "C:\\a", "a:stream", "dir/a"}) EXPECT_NE(ReasonAgainstName(name), "") << name;
+    for (const char* name : {"CON", "nul", "Prn", "aux", "com1", "LPT9", "nul.old", "con .a.b"})
+        EXPECT_EQ(ReasonAgainstName(name),
+                  std::string("Windows keeps the name \"") + name + "\" for itself. Choose another one.");
+}
+
+// ---- Create ---------------------------------------------------------------------------------------------------------
+
+TEST(CreateNoteSet, MakesASetOfEmptyNotesAndStaysInItsOwn) {
+    for (const std::string name : {"New", "a.b", "", "two words", "M\xFCller"}) {
+        SetsOnDisk disk;
+        Open(disk, {"Old", "Older"}, "Older");
+        disk.notes.currentSet = 1;
+        EXPECT_EQ(CreateNoteSet(disk.files, disk.notes, name), "");
+        EXPECT_THAT(NamesOf(disk.notes), ElementsAre("Old", "Older", name));
+        EXPECT_EQ(disk.notes.currentSet, 1);
+        EXPECT_EQ(disk.notes.devotionalSet, 1);
+        EXPECT_EQ(disk.fakes.contents[name + ".nmd"], std::vector<unsigned char>(31102, 0));
+        EXPECT_EQ(disk.fakes.contents[name + ".nmi"], FakeSetOf({}).index);
+        EXPECT_EQ(disk.notes.sets[2].dataStamp.size, 31102u);
+        EXPECT_EQ(disk.notes.sets[2].indexStamp.size, 124408u);
+        EXPECT_EQ(FirstNote(disk, 2), "No note for Genesis 1:1.");
+        EXPECT_THAT(disk.fakes.log, testing::Contains("create " + name + ".nmi"));
+        EXPECT_THAT(NamesAfterRestart(disk), UnorderedElementsAre("Old", "Older", name));
+    }
+}
+
+TEST(CreateNoteSet, LeavesEverythingWhereItFails) {
+    static constexpr struct {
+        const char* name;
+        const char* uncreatable;
+        const char* lastStep;
+    } kRows[] = {
+        {"Old", "", "create Old.nmd"},  // there is one of that name
+        {"New", "New.nmd", "create New.nmd"},
+        {"New", "New.nmi", "remove New.nmd"},  // half a set is not left behind
+    };
+    for (const auto& row : kRows) {
+        SetsOnDisk disk;
+        Open(disk, {"Old", "Older"});
+        disk.fakes.uncreatable = {row.uncreatable};
+        const auto before = disk.fakes.contents;
+        EXPECT_EQ(CreateNoteSet(disk.files, disk.notes, row.name), "Error creating note files");
+        EXPECT_EQ(disk.fakes.contents, before);
+        EXPECT_THAT(NamesOf(disk.notes), ElementsAre("Old", "Older"));
+        EXPECT_EQ(disk.fakes.log.back(), row.lastStep);
+    }
+}
+
+TEST(CreateNoteSet, LeavesALoneIndexFileAlone) {
+    SetsOnDisk disk;
+    Open(disk, {"Old"});
+    disk.fakes.contents["New.nmi"] = {1, 2, 3};
+    EXPECT_EQ(CreateNoteSet(disk.files, disk.notes, "New"), "Error creating note files");
+    EXPECT_THAT(FilesOf(disk), ElementsAre("New.nmi", "Old.nmd", "Old.nmi"));
+    EXPECT_EQ(disk.fakes.contents["New.nmi"], (std::vector<unsigned char>{1, 2, 3}));
+}
+
+TEST(CreateNoteSet, SaysWhatIsWrongWithAName) {
+    SetsOnDisk disk;
+    Open(disk, {"Old"});
+    for (const char* name : {"a?b", "..\\a", "CON"}) {
+        const std::string told = CreateNoteSet(disk.files, disk.notes, name);
+        EXPECT_THAT(told, StartsWith("Error creating note files\n\n"));
+        EXPECT_THAT(told, HasSubstr(ReasonAgainstName(name)));
+    }
+    EXPECT_THAT(disk.fakes.log, IsEmpty());
+    EXPECT_EQ(disk.notes.sets.size(), 1u);
+}
+
+TEST(CreateNoteSet, RefusesTheThirtySecond) {
+    SetsOnDisk disk;
+    std::vector<std::string> names;
+    for (int set = 1; set <= 30; ++set) names.push_back("set " + std::to_string(set));
+    Open(disk, names);
+    EXPECT_EQ(CreateNoteSet(disk.files, disk.notes, "the 31st"), "");
+    EXPECT_THAT(CreateNoteSet(disk.files, disk.notes, "the 32nd"), StartsWith("There are 31 note sets"));
+    EXPECT_EQ(disk.notes.sets.size(), 31u);
+    EXPECT_FALSE(disk.fakes.contents.contains("the 32nd.nmd"));
+}
+
+// ---- Rename ---------------------------------------------------------------------------------------------------------
+
+TEST(RenameNoteSet, GivesAllFilesTheNewName) {
+    for (const std::string name : {"New", "a.b", "", "b "}) {
+        SetsOnDisk disk;
+        Open(disk, {"c", "a.old", "d"}, "a.old");
+        disk.notes.currentSet = 1;
+        disk.fakes.contents["a.old.nmd.temp"] = {1};
+        EXPECT_EQ(RenameNoteSet(disk.files, disk.notes, name), "");
+        EXPECT_THAT(NamesOf(disk.notes), ElementsAre("c", name, "d"));
+        EXPECT_EQ(disk.notes.currentSet, 1);
+        EXPECT_EQ(disk.notes.devotionalSet, 1);
+        EXPECT_THAT(
+            disk.fakes.log,
+            ElementsAre("rename a.old.nmd to " + name + ".nmd", "rename a.old.nmi to " + name + ".nmi",
+                        "rename a.old.dti to " + name + ".dti", "rename a.old.nmd.temp to " + name + ".nmd.temp"));
+        EXPECT_EQ(FirstNote(disk, 1), "in a.old");
+        EXPECT_THAT(NamesAfterRestart(disk), UnorderedElementsAre("c", name, "d"));
+    }
+}
+
+TEST(RenameNoteSet, LeavesAnothersTableAlone) {
+    SetsOnDisk disk;
+    Open(disk, {"a", "b"}, "b");
+    disk.fakes.contents["a.dti"] = {9};
+    EXPECT_EQ(RenameNoteSet(disk.files, disk.notes, "c"), "");
+    EXPECT_TRUE(disk.fakes.contents.contains("a.dti"));
+    EXPECT_TRUE(disk.fakes.contents.contains("b.dti"));
+}
+
+TEST(RenameNoteSet, DoesNotAskWhetherTheTableFollowed) {
+    SetsOnDisk disk;
+    Open(disk, {"a"}, "a");
+    disk.fakes.unrenamable = {"a.dti"};
+    EXPECT_EQ(RenameNoteSet(disk.files, disk.notes, "b"), "");
+    EXPECT_EQ(disk.notes.devotionalSet, 0);
+    EXPECT_THAT(FilesOf(disk), ElementsAre("a.dti", "b.nmd", "b.nmi"));
+}
+
+TEST(RenameNoteSet, ToItsOwnNameDoesNothing) {
+    SetsOnDisk disk;
+    Open(disk, {"a", "b"});
+    EXPECT_EQ(RenameNoteSet(disk.files, disk.notes, "a"), "");
+    EXPECT_THAT(disk.fakes.log, IsEmpty());
+    EXPECT_EQ(RenameNoteSet(disk.files, disk.notes, "A"), "");
+    EXPECT_THAT(NamesOf(disk.notes), ElementsAre("A", "b"));
+}
+
+TEST(RenameNoteSet, ChangesNothingWhereTheDataFileStays) {
+    for (const char* name : {"b", "c"}) {  // another set has the one, the file is in use for the other
+        SetsOnDisk disk;
+        Open(disk, {"a", "b"}, "a");
+        if (*name == 'c') disk.fakes.unrenamable = {"a.nmd"};
+        const auto before = disk.fakes.contents;
+        EXPECT_EQ(RenameNoteSet(disk.files, disk.notes, name), kRenameFailed);
+        EXPECT_EQ(disk.fakes.contents, before);
+        EXPECT_THAT(NamesOf(disk.notes), ElementsAre("a", "b"));
+        EXPECT_EQ(disk.fakes.log.size(), 1u);
+        EXPECT_EQ(FirstNote(disk, 0), "in a");
+    }
+}
+
+TEST(RenameNoteSet, LeavesTheSetOutOfUseWhereTheIndexStays) {
+    SetsOnDisk disk;
+    Open(disk, {"a", "b"}, "a");
+    disk.fakes.unrenamable = {"a.nmi"};
+    EXPECT_EQ(RenameNoteSet(disk.files, disk.notes, "c"), kRenameFailed);
+    EXPECT_THAT(FilesOf(disk), ElementsAre("a.dti", "a.nmi", "b.nmd", "b.nmi", "c.nmd"));
+    EXPECT_EQ(disk.notes.sets[0].dataFileName, "a.nmi");
+    EXPECT_THAT(NamesOf(disk.notes), ElementsAre("a", "b"));
+    EXPECT_TRUE(disk.notes.sets[0].readOnly) << "a save would take the index for notes";
+    EXPECT_NE(FirstNote(disk, 0), "in a");
+
+    // Once more would make notes of the index.
+    disk.fakes.unrenamable = {};
+    const auto before = disk.fakes.contents;
+    EXPECT_EQ(RenameNoteSet(disk.files, disk.notes, "d"), kRenameFailed);
+    EXPECT_EQ(disk.fakes.contents, before);
+}
+
+TEST(RenameNoteSet, SaysWhatIsWrongWithAName) {
+    SetsOnDisk disk;
+    Open(disk, {"a"});
+    EXPECT_EQ(RenameNoteSet(disk.files, disk.notes, "a|b"), "Rename failed. " + ReasonAgainstName("a|b"));
+    EXPECT_EQ(RenameNoteSet(disk.files, disk.notes, "lpt1"), "Rename failed. " + ReasonAgainstName("lpt1"));
+    EXPECT_THAT(disk.fakes.log, IsEmpty());
+}
+
+// ---- Delete ---------------------------------------------------------------------------------------------------------
+
+TEST(DeleteNoteSet, AsksByNameAndWarnsOfTheDevotional) {
+    SetsOnDisk disk;
+    Open(disk, {"a.b", "c"}, "c");
+    EXPECT_EQ(QuestionBeforeDeleting(disk.notes), "Are you SURE you want to delete the note set a.b?");
+    disk.notes.currentSet = 1;
+    EXPECT_EQ(QuestionBeforeDeleting(disk.notes),
+              "Are you SURE you want to delete the note set c? Deleting this set will remove the Devotional function!");
+}
+
+TEST(DeleteNoteSet, MakesTheFirstSetCurrentAndKeepsTheDevotionalOne) {
+    static const struct {
+        int deleted;
+        const char* devotional;
+        std::vector<std::string> left;
+        int devotionalAfter;
+    } kRows[] = {
+        {2, "(none)", {"a", "b"}, -1}, {0, "(none)", {"b", "c"}, -1}, {0, "c", {"b", "c"}, 1},  {1, "c", {"a", "c"}, 1},
+        {2, "c", {"a", "b"}, -1},      {1, "a", {"a", "c"}, 0},       {0, "a", {"b", "c"}, -1},
+    };
+    for (const auto& row : kRows) {
+        SCOPED_TRACE(testing::Message() << row.deleted << ", devotional " << row.devotional);
+        SetsOnDisk disk;
+        Open(disk, {"a", "b", "c"}, row.devotional);
+        const std::string name(1, static_cast<char>('a' + row.deleted));
+        disk.fakes.contents[name + ".nmd.temp"] = {1};
+        disk.notes.currentSet = row.deleted;
+        EXPECT_TRUE(DeleteNoteSet(disk.files, disk.notes));
+        EXPECT_EQ(NamesOf(disk.notes), row.left);
+        EXPECT_EQ(disk.notes.currentSet, 0);
+        EXPECT_EQ(disk.notes.devotionalSet, row.devotionalAfter);
+        EXPECT_EQ(disk.fakes.log[0], "remove " + name + ".nmi");
+        EXPECT_EQ(disk.fakes.log[1], "remove " + name + ".nmd");
+        for (const char* ending : {".nmi", ".nmd", ".nmd.temp"})
+            EXPECT_FALSE(disk.fakes.contents.contains(name + ending)) << ending;
+        EXPECT_EQ(disk.fakes.contents.contains(std::string(row.devotional) + ".dti"),
+                  row.devotionalAfter != kNoDevotionalSet);
+        EXPECT_EQ(FirstNote(disk, 0), "in " + row.left[0]);
+        EXPECT_EQ(FirstNote(disk, 1), "in " + row.left[1]);
+    }
+}
+
+TEST(DeleteNoteSet, ChangesNothingWhereTheIndexStays) {
+    SetsOnDisk disk;
+    Open(disk, {"a", "b"}, "b");
+    disk.notes.currentSet = 1;
+    disk.fakes.undeletable = {"b.nmi"};
+    const auto before = disk.fakes.contents;
+    EXPECT_FALSE(DeleteNoteSet(disk.files, disk.notes));
+    EXPECT_EQ(disk.fakes.contents, before);
+    EXPECT_EQ(disk.notes.currentSet, 1);
+    EXPECT_EQ(disk.notes.devotionalSet, 1);
+    EXPECT_EQ(FirstNote(disk, 1), "in b");
+}
+
+TEST(DeleteNoteSet, DoesNotAskWhetherTheRestWent) {
+    SetsOnDisk disk;
+    Open(disk, {"a", "b"}, "a");
+    disk.fakes.undeletable = {"a.nmd", "a.dti"};
+    EXPECT_TRUE(DeleteNoteSet(disk.files, disk.notes));
+    EXPECT_THAT(NamesOf(disk.notes), ElementsAre("b"));
+    EXPECT_EQ(disk.notes.devotionalSet, kNoDevotionalSet);
+    EXPECT_THAT(FilesOf(disk), ElementsAre("a.dti", "a.nmd", "b.nmd", "b.nmi"));
+}

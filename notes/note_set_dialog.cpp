@@ -1,0 +1,50 @@
+#include "notes/note_set_dialog.h"
+
+#include "notes/note_set_changes.h"
+#include "resources/help_topics.h"
+#include "resources/ids.h"
+#include "win32/controls.h"
+#include "win32/dialogs.h"
+#include "win32/help_viewer.h"
+
+struct AskedName {
+    std::string title;  // empty: that of the resource
+    std::string* name;  // first what the field begins with, then what was typed
+};
+
+static const AskedName& AskedBy(HWND dialog) {
+    return *static_cast<const AskedName*>(DataOf(dialog));
+}
+
+static void Fill(HWND dialog) {
+    const AskedName& asked = AskedBy(dialog);
+    SendDlgItemMessageA(dialog, IDC_SET_NAME, EM_LIMITTEXT, kNoteSetNameLimit, 0);
+    SetDlgItemTextA(dialog, IDC_SET_NAME, asked.name->c_str());
+    if (!asked.title.empty()) SetWindowTextA(dialog, asked.title.c_str());
+}
+
+static void OnOk(HWND dialog) {
+    *AskedBy(dialog).name = ControlText(dialog, IDC_SET_NAME, kNoteSetNameLimit);
+    EndDialog(dialog, IDOK);
+}
+
+static void OnCommand(HWND dialog, int control, UINT) {
+    switch (control) {
+        case IDOK: OnOk(dialog); break;
+        case IDC_HELP_BUTTON: OpenHelpTopic(dialog, kHelpFile, kTopicNoteSets); break;
+    }
+}
+
+static std::optional<std::string> Ask(HWND frame, const char* resource, const std::string& title, std::string name) {
+    const AskedName asked{title, &name};
+    if (RunDialog(frame, {resource, Fill, OnCommand, &asked}) != IDOK) return std::nullopt;
+    return name;
+}
+
+std::optional<std::string> AskNewSetName(HWND frame) {
+    return Ask(frame, "CREATENOTESET", "", "");
+}
+
+std::optional<std::string> AskChangedSetName(HWND frame, const std::string& name) {
+    return Ask(frame, "RENAMENOTESET", "Change name of note set " + name, name);
+}

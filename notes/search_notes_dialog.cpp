@@ -1,0 +1,113 @@
+#include "notes/search_notes_dialog.h"
+
+#include "notes/note_search.h"
+#include "notes/notes_window.h"
+#include "notes/search_progress_dialog.h"
+#include "resources/help_topics.h"
+#include "resources/ids.h"
+#include "search/search_win32.h"
+#include "search/set_range_dialog.h"
+#include "win32/controls.h"
+#include "win32/dialogs.h"
+#include "win32/help_viewer.h"
+
+static ResumePoint theResumePoint;  // of the dialog that is open
+
+static const NoteSet& CurrentSet() {
+    return theNotes.sets.sets[static_cast<std::size_t>(theNotes.sets.currentSet)];
+}
+
+// Those of the system's code page.
+static LetterTable SystemLetters() {
+    LetterTable letters = AsciiLetters();
+    for (std::size_t code = 0; code < letters.capitals.size(); ++code) {
+        letters.capitals[code] = static_cast<char>(code);
+        CharUpperBuffA(&letters.capitals[code], 1);
+        letters.inWords[code] = IsCharAlphaNumericA(static_cast<char>(code)) != 0;
+    }
+    return letters;
+}
+
+static ResumePoint BehindSelection() {
+    return {theNotes.sets.currentVerse, static_cast<std::size_t>(SelectionInNote().end)};
+}
+
+static void Fill(HWND dialog) {
+    SetWindowTextA(dialog, ("Search Note Set " + NoteSetName(CurrentSet())).c_str());
+    SendDlgItemMessageA(dialog, IDC_NOTE_TEXT, EM_LIMITTEXT, kNoteSearchTextLimit, 0);
+    SetDlgItemTextA(dialog, IDC_NOTE_TEXT, theSearch.NoteSearchText.c_str());
+    SetChecked(dialog, IDC_CASE_SENSITIVE, theSearch.options.CaseSensitive != 0);
+    SetChecked(dialog, IDC_SUBSTRING, theSearch.options.SubString != 0);
+    theResumePoint = BehindSelection();
+}
+
+static void Read(HWND dialog) {
+    theSearch.NoteSearchText = ControlText(dialog, IDC_NOTE_TEXT, kNoteSearchTextLimit);
+    theSearch.options.CaseSensitive = IsChecked(dialog, IDC_CASE_SENSITIVE);
+    theSearch.options.SubString = IsChecked(dialog, IDC_SUBSTRING);
+}
+
+static NoteMatch Search(HWND frame, const LetterTable& letters, SearchProgressBox& progress) {
+    const SearchOptions& options = theSearch.options;
+    const NoteQuery query{theSearch.NoteSearchText, options.CaseSensitive != 0, options.SubString != 0,
+                          theSearch.range};
+    const HCURSOR before = BeginWait(frame);
+    const NoteMatch match =
+        FindInNotes(TheNoteFiles(), CurrentSet(), letters, query, theResumePoint, ProgressOf(progress));
+    EndWait(before);
+    return match;
+}
+
+static void ShowMatch(HWND frame, const NoteMatch& match) {
+    RunIfEnabled(frame, IDM_VIEW_NOTES);
+    ReadNote(match.verse);
+    const int start = static_cast<int>(match.offset);
+    SelectInNote({start, start + static_cast<int>(theSearch.NoteSearchText.size())});
+}
+
+static void Tell(HWND dialog, const NoteMatch& match, SearchProgressBox& progress) {
+    switch (match.end) {
+        case NoteSearchEnd::kFound: ShowMatch(FrameOf(dialog), match); break;
+        case NoteSearchEnd::kNotFound:
+            ShowSearchEnd(progress, theSearch.range.EndVerse);
+            MessageBoxA(dialog, "Text not found", "Search Notes", MB_OK | MB_ICONINFORMATION);
+            break;
+        case NoteSearchEnd::kUnreadable:
+            ShowSearchEnd(progress, match.verse);
+            Complain(dialog, kCannotReadNote);
+            break;
+    }
+}
+
+static void Find(HWND dialog) {
+    Read(dialog);
+    if (theSearch.NoteSearchText.empty()) {
+        EndDialog(dialog, IDCANCEL);
+        return;
+    }
+    const LetterTable letters = SystemLetters();
+    if (!theSearch.options.CaseSensitive) theSearch.NoteSearchText = InCapitals(letters, theSearch.NoteSearchText);
+    SearchProgressBox progress = OpenSearchProgress(dialog, theSearch.range);
+    Tell(dialog, Search(FrameOf(dialog), letters, progress), progress);
+    CloseSearchProgress(progress);
+    theResumePoint = BehindSelection();
+}
+
+static void OnCommand(HWND dialog, int control, UINT) {
+    switch (control) {
+        case IDOK:  // Find First
+            theResumePoint = {theSearch.range.StartVerse, 0};
+            Find(dialog);
+            break;
+        case IDC_FIND_NEXT: Find(dialog); break;
+        case IDC_RANGE: AskSearchRange(dialog); break;
+        case IDC_HELP_BUTTON: OpenHelpTopic(dialog, kHelpFile, kTopicSearchNotes); break;
+    }
+}
+
+void AskNoteSearch(HWND frame) {
+    if (theNotes.sets.sets.empty()) return;
+    KeepNoteSelectionShown(true);
+    RunDialog(frame, {"SEARCHNOTES", Fill, OnCommand});
+    KeepNoteSelectionShown(false);
+}

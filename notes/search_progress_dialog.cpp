@@ -1,0 +1,57 @@
+#include "notes/search_progress_dialog.h"
+
+#include <algorithm>
+
+#include "resources/ids.h"
+#include "win32/screen.h"
+
+static constexpr int kBarSteps = 200;         // about as many as it has pixels
+static constexpr ULONGLONG kUnseenFor = 150;  // milliseconds: a box that comes and goes at once only flickers
+
+static INT_PTR CALLBACK ProgressProcedure(HWND dialog, UINT message, WPARAM, LPARAM) {
+    if (message == WM_INITDIALOG) PlaceDialog(dialog);
+    return FALSE;
+}
+
+SearchProgressBox OpenSearchProgress(HWND owner, const SearchRange& range) {
+    SearchProgressBox box;
+    box.dialog = CreateDialogParamA(GetModuleHandleA(nullptr), "SEARCHPROGRESS", owner, ProgressProcedure, 0);
+    box.bar = GetDlgItem(box.dialog, IDC_SEARCH_PROGRESS);
+    box.barStep = std::max(1, (range.EndVerse - range.StartVerse) / kBarSteps);
+    box.shownVerse = range.StartVerse;
+    box.startedAt = GetTickCount64();
+    SendMessageA(box.bar, PBM_SETRANGE32, static_cast<WPARAM>(range.StartVerse), range.EndVerse);
+    return box;
+}
+
+static void Show(const SearchProgressBox& box) {
+    if (!IsWindowVisible(box.dialog)) ShowWindow(box.dialog, SW_SHOWNA);
+    UpdateWindow(box.dialog);
+    UpdateWindow(box.bar);
+}
+
+static void MoveBar(SearchProgressBox& box, int verse) {
+    box.shownVerse = verse;
+    SendMessageA(box.bar, PBM_SETPOS, static_cast<WPARAM>(verse), 0);
+}
+
+static void OnReached(void* device, int verse) {
+    auto& box = *static_cast<SearchProgressBox*>(device);
+    if (verse - box.shownVerse < box.barStep) return;
+    MoveBar(box, verse);
+    if (GetTickCount64() - box.startedAt >= kUnseenFor) Show(box);
+}
+
+SearchProgress ProgressOf(SearchProgressBox& box) {
+    return {&box, OnReached};
+}
+
+void ShowSearchEnd(SearchProgressBox& box, int verse) {
+    MoveBar(box, verse);
+    Show(box);
+}
+
+void CloseSearchProgress(SearchProgressBox& box) {
+    DestroyWindow(box.dialog);
+    box = {};
+}

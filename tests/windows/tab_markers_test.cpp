@@ -1,0 +1,144 @@
+// The marks on the tabs of the note sets.
+
+#include <algorithm>
+
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "tests/windows/note_set_files.h"
+#include "tests/windows/passage_pane.h"
+#include "tests/windows/search_steps.h"
+
+static constexpr int kWept = 26558;  // "Jesus wept": the one verse of its list
+static constexpr int kLast = kVerses - 1;
+
+static HWND TabsOf(const Program& program) {
+    return Child(program.frame, {IDC_NOTE_TABS});
+}
+
+// In the order of their names, which stand behind the marks.
+static std::vector<std::string> LabelsOf(const Program& program) {
+    std::vector<std::string> labels = TabLabels(program, TabsOf(program));
+    std::ranges::sort(labels, {}, [](const std::string& label) { return label.substr(label.find_last_of(' ') + 1); });
+    return labels;
+}
+
+using Labels = std::vector<std::string>;
+
+TEST(TabMarks, TellWhichSetsSpeakOfTheVerses) {
+    const ScratchFolder folder = FolderWithScripture();
+    WriteNoteSet(folder, "Both", {{0, "first"}, {kWept, "wept"}, {kLast, "last"}});
+    WriteNoteSet(folder, "List", {{kWept, "wept"}});
+    WriteNoteSet(folder, "None");
+    WriteNoteSet(folder, "Passage", {{0, "first"}});
+    Program program = StartProgram(folder);
+    EXPECT_EQ(LabelsOf(program), (Labels{"\xBB Both", "List", "None", "\xBB Passage"}));
+    GoTo(program, "Joh 11:35");
+    EXPECT_EQ(LabelsOf(program), (Labels{"\xBB Both", "\xBB List", "None", "Passage"}));
+    SearchFor(program, {"Jesus wept", IDM_PHRASE_SEARCH});
+    EXPECT_EQ(LabelsOf(program), (Labels{"\xAB \xBB Both", "\xAB \xBB List", "None", "Passage"}));
+    SavePicture(PictureOfWindow(program.frame), "tab-marks");
+    GoTo(program, "Ge 1:1");
+    EXPECT_EQ(LabelsOf(program), (Labels{"\xAB \xBB Both", "\xAB List", "None", "\xBB Passage"}));
+    GoTo(program, "Re 22:21");  // its note ends with the file
+    EXPECT_EQ(LabelsOf(program), (Labels{"\xAB \xBB Both", "\xAB List", "None", "Passage"}));
+    const int selected = SelectedTab(TabsOf(program));
+    SearchInVain(program, {"zzz"});
+    Press(program, "Enter");
+    EXPECT_EQ(LabelsOf(program), (Labels{"\xBB Both", "List", "None", "Passage"}));
+    EXPECT_EQ(SelectedTab(TabsOf(program)), selected);
+}
+
+// Another list whose first entry is at the top is at the same position; the next step down tells of it.
+TEST(TabMarks, CountTheListByItsPosition) {
+    const ScratchFolder folder = FolderWithScripture();
+    WriteNoteSet(folder, "Mine", {{kWept, "wept"}, {1, "without form"}});
+    Program program = StartProgram(folder);
+    EXPECT_EQ(LabelsOf(program), Labels{"Mine"});
+    SearchFor(program, {"Jesus wept", IDM_PHRASE_SEARCH});
+    EXPECT_EQ(LabelsOf(program), Labels{"\xAB Mine"});
+    SearchFor(program, {"the"});  // Genesis 1:1, 1:2...
+    EXPECT_EQ(LabelsOf(program), Labels{"\xAB Mine"}) << "the mark is that of the list before";
+    GoTo(program, "Ge 1:3");
+    EXPECT_EQ(LabelsOf(program), Labels{"Mine"}) << "the verse of the Passage has changed";
+    Press(program, "Alt+1");
+    Press(program, "Down");
+    EXPECT_EQ(LabelsOf(program), Labels{"\xAB Mine"}) << "Genesis 1:2 has a note";
+    Press(program, "Down");
+    EXPECT_EQ(LabelsOf(program), Labels{"Mine"});
+}
+
+static void AnswerYes(const Program& program) {
+    WaitForDialog(program, "Delete Note Set");
+    Press(program, "y");
+    WaitForNoDialog(program);
+}
+
+TEST(TabMarks, AreGoneWithNewTabsUntilAPaneMoves) {
+    const ScratchFolder folder = FolderWithScripture();
+    for (const char* name : {"a", "b"}) WriteNoteSet(folder, name, {{0, "first"}, {1, "second"}});
+    Program program = StartProgram(folder);
+    ClickTab(program, TabsOf(program), 1);
+    EXPECT_EQ(LabelsOf(program), (Labels{"\xBB a", "\xBB b"}));
+    Command(program, IDM_CREATE_NOTE_SET);
+    WaitForDialog(program, "Create New Note Set");
+    Type(program, "c");
+    Press(program, "Enter");
+    WaitForNoDialog(program);
+    EXPECT_EQ(LabelsOf(program), (Labels{"\xBB a", "\xBB b", "c"})) << "the others keep theirs";
+    Command(program, IDM_RENAME_NOTE_SET);
+    WaitForDialog(program, SelectedTab(TabsOf(program)) == 1 && TabLabels(program, TabsOf(program))[1] == "\xBB b"
+                               ? "Change name of note set b"
+                               : "Change name of note set a");
+    Type(program, "d");
+    Press(program, "Enter");
+    WaitForNoDialog(program);
+    for (const std::string& label : LabelsOf(program)) EXPECT_EQ(label.size(), 1u) << "all names are plain";
+    InvalidateRect(PassageOf(program), nullptr, FALSE);
+    Settle(program);
+    for (const std::string& label : LabelsOf(program)) EXPECT_EQ(label.size(), 1u) << "a paint alone marks nothing";
+    GoTo(program, "Ge 1:2");
+    EXPECT_EQ(std::ranges::count_if(LabelsOf(program), [](const auto& label) { return label.starts_with('\xBB'); }), 2);
+    Command(program, IDM_DELETE_NOTE_SET);
+    AnswerYes(program);
+    for (const std::string& label : LabelsOf(program)) EXPECT_EQ(label.size(), 1u);
+    EXPECT_EQ(LabelsOf(program).size(), 2u);
+}
+
+// With their marks the tabs need another row: the note moves down and leaves nothing behind.
+TEST(TabMarks, MakeRoomForTheirRows) {
+    const ScratchFolder folder = FolderWithScripture();
+    for (int set = 0; set < 12; ++set) WriteNoteSet(folder, "A set of notes " + std::to_string(set), {{1, "second"}});
+    Program program = StartProgram(folder);
+    const HWND tabs = TabsOf(program);
+    const HWND view = NoteViewOf(program);
+    const auto rows = [&] { return SendMessageA(tabs, TCM_GETROWCOUNT, 0, 0); };
+    const auto isFilled = [&](const char* when) {
+        const RECT client = ClientRectOf(tabs);
+        const RECT display = TabDisplayRect(program, tabs, client);
+        const RECT place = RectIn(view, tabs);
+        EXPECT_EQ(place.top, display.top) << when;
+        EXPECT_EQ(place.bottom, display.bottom) << when;
+    };
+    RECT frame = RectOnScreen(program.frame);
+    const auto marked = [&] { return GoTo(program, "Ge 1:2"); };
+    const auto plain = [&] { return GoTo(program, "Ge 1:1"); };
+    bool grew = false;
+    for (int width = 540; width < 800 && !grew; width += 20) {
+        frame.right = frame.left + width;
+        PlaceFrame(program, frame);
+        const auto before = rows();
+        marked();
+        grew = rows() > before;
+        isFilled("marked");
+        if (grew) SavePicture(PictureOfWindow(program.frame), "tab-marks-more-rows");
+        plain();
+        isFilled("plain");
+        if (grew) SavePicture(PictureOfWindow(program.frame), "tab-marks-fewer-rows");
+    }
+    EXPECT_TRUE(grew);
+}
