@@ -64,6 +64,7 @@ void ToggleBindNotes(int command) {
 }
 
 void EditNote(int command) {
+    if (!theFrame.startUpComplete) return;  // without its scripture the program knows no verse to write about
     ShowNotes();
     theNotes.editing = 1;
     SendCommand(theFrame.noteEditor, command);

@@ -223,7 +223,7 @@ static const std::vector<WordRule>& WordRules() {
                     "ssue #?[0-9]+\\b",
                     std::regex::icase),
          "a number of another place"},
-        {std::regex("(^|[\\s\"'`(=:])/(?!(usr|tmp|dev|etc|proc|bin|build|data|tests|resources)/)[a-z][a-z0-9]*/"
+        {std::regex("(^|[\\s\"'`(=:])/(?!(usr|tmp|dev|etc|proc|bin|build|data|help|tests|resources)/)[a-z][a-z0-9]*/"
                     "[a-z._][\\w.-]*"),
          "a path of one machine"},
         {std::regex("https?:/"
