@@ -6,6 +6,7 @@
 #include "app/reading_commands_win32.h"
 #include "app/toolbar_win32.h"
 #include "notes/note_editor_window.h"
+#include "notes/note_tabs_win32.h"
 #include "notes/notes_window.h"
 #include "output/output_win32.h"
 #include "passage/passage_window.h"

@@ -1,6 +1,10 @@
 #include "notes/note_tabs_win32.h"
 
+#include "notes/note_recovery.h"
 #include "notes/notes_window.h"
+#include "win32/controls.h"
+
+static constexpr char kMendedCaption[] = "Note Sets";
 
 static TCITEMA TabItem(const std::string& label) {
     TCITEMA item{};
@@ -21,6 +25,17 @@ void ShowNoteTabs() {
     theNotes.tabLabels.clear();
     for (const NoteSet& set : theNotes.sets.sets) InsertTab(set);
     TabCtrl_SetCurSel(theNotes.tabs, theNotes.sets.currentSet);
+}
+
+void LoadNoteSets() {
+    const OpenedSets opened = OpenNoteSets(TheNoteFiles(), theNotes.sets);
+    ShowNoteTabs();
+    const HWND frame = FrameOf(theNotes.tabs);
+    if (!opened.created) Complain(frame, kCannotCreateNotes);
+    if (!opened.report.empty()) {
+        const UINT icon = opened.hasDamaged ? MB_ICONWARNING : MB_ICONINFORMATION;
+        MessageBoxA(frame, opened.report.c_str(), kMendedCaption, MB_OK | icon | MB_SYSTEMMODAL);  // before the splash
+    }
 }
 
 void AddLastNoteTab() {

@@ -3,6 +3,10 @@
 
 #include "notes/tab_markers.h"
 
+// Opens the sets of the working directory and gives each a tab. Says so when the first set's files cannot be created,
+// and what was mended in the others.
+void LoadNoteSets();
+
 // Gives every set a tab with its plain name, in place of those that were there, and selects the current set's.
 void ShowNoteTabs();
 

@@ -6,8 +6,6 @@
 #include "notes/note_editor_window.h"
 #include "notes/note_files_win32.h"
 #include "notes/note_menu_win32.h"
-#include "notes/note_recovery.h"
-#include "notes/note_tabs_win32.h"
 #include "output/faces_win32.h"
 #include "output/output_win32.h"
 #include "resources/ids.h"
@@ -19,7 +17,6 @@
 
 NotesPane theNotes;
 
-static constexpr char kMendedCaption[] = "Note Sets";
 static constexpr int kNotePart = 2;  // of the status bar
 
 const NoteFiles& TheNoteFiles() {
@@ -57,17 +54,6 @@ NoteSelection SelectionInNote() {
     const CHARRANGE range = SelectedPlainText(theNotes.view);
     const auto length = static_cast<LONG>(theNotes.sets.noteText.size());
     return {static_cast<int>(std::min(range.cpMin, length)), static_cast<int>(std::min(range.cpMax, length))};
-}
-
-void LoadNoteSets() {
-    const OpenedSets opened = OpenNoteSets(TheNoteFiles(), theNotes.sets);
-    ShowNoteTabs();
-    const HWND frame = FrameOf(theNotes.tabs);
-    if (!opened.created) Complain(frame, kCannotCreateNotes);
-    if (!opened.report.empty()) {
-        const UINT icon = opened.hasDamaged ? MB_ICONWARNING : MB_ICONINFORMATION;
-        MessageBoxA(frame, opened.report.c_str(), kMendedCaption, MB_OK | icon | MB_SYSTEMMODAL);  // before the splash
-    }
 }
 
 void SetNotesFont(const FontChoice& choice) {

@@ -34,10 +34,6 @@ void RestoreNoteView();
 // Makes the font of the view and of the editor.
 void SetNotesFont(const FontChoice& choice);
 
-// Opens the sets of the working directory and gives each a tab. Says so when the first set's files cannot be created,
-// and what was mended in the others.
-void LoadNoteSets();
-
 // Reads the note of `verse` in the current set and shows it, with its verse in the status bar. Does nothing while a
 // note is edited; says so when the set's file cannot be opened.
 void ReadNote(int verse);
