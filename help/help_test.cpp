@@ -1,0 +1,226 @@
+// The help in all its forms: every topic has its page, every page a way to it, and what it says is so.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cctype>
+#include <filesystem>
+#include <fstream>
+#include <regex>
+#include <sstream>
+
+#include "help/made_help.h"
+#include "help/winhelp_file.h"
+#include "resources/help_topics.h"
+#include "resources/script_fixture.h"
+#include "scripture/reference_parser.h"
+#include "tests/support/native_scripture.h"
+
+using testing::Contains;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+
+static const HelpPageText& Page(const std::string& name) {
+    return HelpPages().at(name);
+}
+
+// Every topic that stands in the program's sources.
+static std::vector<std::string> TopicsOfProgram() {
+    const std::string source = FileBytes(VERSEWELL_SOURCE_DIR "/resources/help_topics.h");
+    static const std::regex kTopic("\"(ID_\\w+)\"");
+    std::vector<std::string> topics;
+    for (std::sregex_iterator hit(source.begin(), source.end(), kTopic), end; hit != end; ++hit)
+        topics.push_back((*hit)[1]);
+    return topics;
+}
+
+static std::vector<std::string> TopicPages() {
+    std::vector<std::string> names;
+    for (const auto& [name, page] : HelpPages())
+        if (name != "index") names.push_back(name);
+    return names;
+}
+
+TEST(HelpTopics, OfTheProgramHaveAPageEach) {
+    const std::vector<std::string> topics = TopicsOfProgram();
+    EXPECT_THAT(topics, Contains(kTopicSpecifyRange));
+    EXPECT_THAT(topics, Contains(kTopicPreface));
+    for (const std::string& topic : topics) EXPECT_TRUE(HelpPages().contains(topic)) << topic;
+}
+
+TEST(HelpTopics, AreNamedAsTheDialogsAskForThem) {
+    for (const char* topic :
+         {"ID_SpecifyRange", "ID_Preface", "ID_Search_Word", "ID_Search_WordList", "ID_Search_Phrase",
+          "ID_Search_SetRange", "ID_Read_GoToVerse", "ID_Edit_CopyVerse", "ID_Edit_CopyRange", "ID_Edit_Format",
+          "ID_File_SaveRange", "ID_File_PrintRange", "ID_Notes_GotoVerse", "ID_Notes_Edit", "ID_Notes_Create",
+          "ID_Notes_Rename", "ID_Search_Notes"})
+        EXPECT_THAT(TopicPages(), Contains(topic));
+}
+
+TEST(HelpFiles, HaveTheNamesThatTheProgramKnows) {
+    EXPECT_STREQ(kHelpFile, "quill97.hlp");
+    for (const char* name : {"quill97.hlp", "quill97.cnt", "quill97.chm", "help/index.html", "help/help.css"})
+        EXPECT_TRUE(std::filesystem::exists(std::string(VERSEWELL_HELP_DIR "/") + name)) << name;
+}
+
+TEST(WinHelpForm, OpensEveryTopicAtItsPage) {
+    const WinHelpFile file = ReadWinHelpFile(FileBytes(VERSEWELL_HELP_DIR "/quill97.hlp"));
+    for (const std::string& topic : TopicPages()) {
+        const std::string title = TopicTitle(file, topic);
+        EXPECT_TRUE(title.ends_with(": " + Page(topic).title)) << topic << " opens \"" << title << "\"";
+    }
+    EXPECT_EQ(TopicTitle(file, "ID_Nothing"), "");
+}
+
+TEST(WinHelpForm, ListsEveryTopicInItsContents) {
+    const std::string contents = FileBytes(VERSEWELL_HELP_DIR "/quill97.cnt");
+    for (const std::string& topic : TopicPages())
+        EXPECT_THAT(contents, HasSubstr(Page(topic).title + "=" + topic + "\n"));
+}
+
+TEST(HtmlHelpForm, HasEveryPage) {
+    const std::string files = OutputOf(ENUM_CHMLIB " " VERSEWELL_HELP_DIR "/quill97.chm");
+    for (const std::string& topic : TopicPages()) EXPECT_THAT(files, HasSubstr("/" + topic + ".html\n"));
+    EXPECT_THAT(files, HasSubstr("/Contents.html\n"));
+}
+
+TEST(HelpPages, HaveNoLinkThatLeadsNowhere) {
+    for (const auto& [name, page] : HelpPages()) {
+        for (const std::string& link : page.links) {
+            const size_t hash = link.find('#');
+            const std::string file = link.substr(0, hash);
+            ASSERT_TRUE(file.ends_with(".html")) << name << " leads to " << link;
+            const auto target = HelpPages().find(file.substr(0, file.size() - 5));
+            ASSERT_NE(target, HelpPages().end()) << name << " leads to " << link;
+            if (hash == std::string::npos) continue;
+            EXPECT_THAT(target->second.anchors, Contains(link.substr(hash + 1))) << name;
+        }
+    }
+}
+
+TEST(HelpPages, AreAllListedInTheContents) {
+    const std::vector<std::string>& links = Page("index").links;
+    for (const std::string& topic : TopicPages())
+        EXPECT_TRUE(std::any_of(links.begin(), links.end(), [&](const std::string& link) {
+            return link == topic + ".html" || link.starts_with(topic + ".html#");
+        })) << topic;
+}
+
+TEST(HelpPages, AreSpelledRight) {
+    const std::string text = testing::TempDir() + "help-text.txt";
+    std::ofstream out(text);
+    for (const auto& [name, page] : HelpPages()) {
+        const std::string prose = std::regex_replace(page.html, std::regex("<(head|code)>[^]*?</(head|code)>"), " ");
+        out << std::regex_replace(std::regex_replace(prose, std::regex("<[^>]*>"), " "), std::regex("\xE2\x80\x99"),
+                                  "'");
+    }
+    out.close();
+    const std::string command = HUNSPELL " -i UTF-8 -d en_GB -p " VERSEWELL_SOURCE_DIR "/help/words.txt -l ";
+    EXPECT_EQ(OutputOf(command + text + " | sort -u"), "");
+}
+
+// ---- What they say --------------------------------------------------------------------------------------------------
+
+static std::string Plain(std::string text) {
+    std::erase(text, '&');
+    text.erase(std::find(text.begin(), text.end(), '\t'), text.end());
+    if (text.ends_with("...")) text.resize(text.size() - 3);
+    return text;
+}
+
+// Every item and popup of the menus by its way: "Notes, Note Sets, Create New Note Set".
+static std::set<std::string> WaysThroughMenus() {
+    std::set<std::string> ways;
+    for (const MenuItem& item : Script().menu) {
+        std::string way;
+        for (const std::string& popup : item.popups) {
+            way += way.empty() ? Plain(popup) : ", " + Plain(popup);
+            ways.insert(way);
+        }
+        ways.insert(way + ", " + Plain(item.text));
+    }
+    return ways;
+}
+
+TEST(HelpText, NamesCommandsAsTheMenusDo) {
+    const std::set<std::string> ways = WaysThroughMenus();
+    EXPECT_THAT(ways, Contains("Search, Word(s)"));
+    int named = 0;
+    for (const auto& [name, page] : HelpPages()) {
+        for (const std::string& emphasized : page.emphasized) {
+            std::string way = std::regex_replace(emphasized, std::regex("\\s+"), " ");
+            way = std::regex_replace(way, std::regex("\xE2\x80\x99"), "'");
+            const bool isWay = way.find(", ") != std::string::npos && ways.contains(way.substr(0, way.find(", ")));
+            if (!isWay) continue;
+            ++named;
+            EXPECT_TRUE(ways.contains(way)) << name << ": " << way;
+        }
+    }
+    EXPECT_GT(named, 15);
+}
+
+TEST(HelpText, ListsEveryKeyOfTheMenus) {
+    std::istringstream lines(Page("ID_Keys").text);
+    std::set<std::string> listed;
+    for (std::string line; std::getline(lines, line);) {
+        const size_t end = line.find("  ", 2);
+        if (!line.starts_with("  ") || end == std::string::npos) continue;
+        std::istringstream keys(line.substr(2, end - 2));
+        for (std::string key; std::getline(keys >> std::ws, key, ',');) listed.insert(key);
+    }
+    EXPECT_THAT(listed, Contains("Ctrl+1 to 0"));
+    EXPECT_THAT(listed, Contains("Ctrl+Alt+1 to 0"));
+    for (const Accelerator& accelerator : Script().accelerators) {
+        const bool isBookmark = accelerator.key.starts_with("Ctrl+") && std::isdigit(accelerator.key.back());
+        EXPECT_TRUE(isBookmark || listed.contains(accelerator.key)) << accelerator.key;
+    }
+}
+
+struct RangeExample {
+    const char* typed;
+    const char* first;
+    const char* last;
+};
+
+// What the page about ranges says of its examples.
+static constexpr RangeExample kRangeExamples[] = {
+    {"Ge - Re", "Ge 1:1", "Re 22:21"},
+    {"Mt - Re", "Mt 1:1", "Re 22:21"},
+    {"Ge - Mal", "Ge 1:1", "Mal 4:6"},
+    {"Ps", "Ps 1:1", "Ps 150:6"},
+    {"Ps 23", "Ps 23:1", "Ps 23:6"},
+    {"Joh 3:16", "Joh 3:16", "Joh 3:16"},
+    {"Joh 3:16 - 3:21", "Joh 3:16", "Joh 3:21"},
+    {"Ge 1 - 3", "Ge 1:1", "Ge 3:24"},
+    {"Ge 1:1 - Ex 2:4", "Ge 1:1", "Ex 2:4"},
+    {"2 Sam 7 - 1 Ki 2", "2Sa 7:1", "1Ki 2:46"},
+    {"Re 22:21 - 22:1", "Re 22:1", "Re 22:21"},
+    {"Ge 1:1-5", "Ge 1:1", "Ge 5:32"},
+    {"Ge 1:1 - 1:5", "Ge 1:1", "Ge 1:5"},
+    {"Ge 1 - Ex 2:3", "Ge 1:3", "Ge 1:3"},
+    {"Jo", "Jos 1:1", "Jos 24:33"},
+    {"Joh", "Joh 1:1", "Joh 21:25"},
+    {"Phil", "Php 1:1", "Php 4:23"},
+    {"Phm", "Phm 1:1", "Phm 1:25"},
+    {"1 John", "1Jo 1:1", "1Jo 5:21"},
+    {"1John", "1Jo 1:1", "1Jo 5:21"},
+    {"Ge 1 3", "Ge 13:1", "Ge 13:18"},
+    {"So", "So 1:1", "So 8:14"},
+    {"Song", "So 1:1", "So 8:14"},
+    {"3:16", "Ge 3:16", "Ge 3:16"},
+};
+
+TEST(HelpText, SaysOfRangesWhatTheProgramMakesOfThem) {
+    const VerseRecords& records = TheRealScripture().records;
+    std::string examples;
+    for (const std::string& example : Page(kTopicSpecifyRange).examples) examples += "\n" + example + "  ";
+    for (const RangeExample& example : kRangeExamples) {
+        EXPECT_THAT(examples, HasSubstr("\n" + std::string(example.typed) + "  "));
+        const ParsedRange range = ParseRange(records, example.typed);
+        ASSERT_TRUE(range.ok) << example.typed;
+        EXPECT_EQ(ReferenceText(records, range.first, BookForm::kAbbreviation), example.first) << example.typed;
+        EXPECT_EQ(ReferenceText(records, range.last, BookForm::kAbbreviation), example.last) << example.typed;
+    }
+}
