@@ -11,7 +11,7 @@ struct Dialog {
 };
 
 // Runs `dialog` over `owner`, placed over the frame's middle. Cancel ends it after `command` has heard of it. Gives
-// what it ended with; -1 when it could not be opened.
+// what it ended with; -1 when it could not be opened. F1 presses the button IDHELP, where there is one.
 INT_PTR RunDialog(HWND owner, const Dialog& dialog);
 
 // `data` of the dialog that is open as `dialog`.

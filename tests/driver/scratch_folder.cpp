@@ -20,6 +20,7 @@ const TestSurroundings& Surroundings() {
     static const TestSurroundings surroundings{
         Variable("VERSEWELL_PROGRAM", "versewell.exe"),
         Variable("VERSEWELL_DATA", "."),
+        Variable("VERSEWELL_HELP", "."),
         Variable("VERSEWELL_PICTURES", "."),
         Variable("VERSEWELL_AT_DATE", "at_date"),
         Variable("VERSEWELL_FULL_DISK", "full.txt"),

@@ -1,0 +1,128 @@
+// Help: every button and command for it asks for its page, in each kind of viewer that a system may have.
+
+#include <windows.h>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "resources/ids.h"
+#include "tests/windows/help_viewers.h"
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+static HelpRequest Contents() {
+    return {HELP_CONTENTS, "quill97.hlp", ""};
+}
+
+static HelpRequest Topic(const std::string& topic) {
+    return {HELP_COMMAND, "quill97.hlp", "JumpID(\"quill97.hlp\",\"" + topic + "\")"};
+}
+
+static HelpRequest Farewell() {
+    return {HELP_QUIT, "quill97.hlp", ""};
+}
+
+struct HelpButtonRow {
+    int command;
+    const char* dialog;
+    const char* topic;
+};
+
+static constexpr HelpButtonRow kHelpButtons[] = {
+    {IDM_WORD_SEARCH, "Word Search", "ID_Search_Word"},
+    {IDM_WORD_LIST_SEARCH, "Word Search", "ID_Search_WordList"},
+    {IDM_PHRASE_SEARCH, "Phrase Search", "ID_Search_Phrase"},
+    {IDM_SET_RANGE, "Set Search Range", "ID_Search_SetRange"},
+    {IDM_GOTO_VERSE, "Go To Verse", "ID_Read_GoToVerse"},
+    {IDM_COPY_VERSE, "Copy Verse", "ID_Edit_CopyVerse"},
+    {IDM_COPY_RANGE, "Copy Range", "ID_Edit_CopyRange"},
+    {IDM_SAVE_RANGE, "Save Range", "ID_File_SaveRange"},
+    {IDM_FORMAT, "Copy/Save Format", "ID_Edit_Format"},
+};
+
+static void AskIn(const Program& program, const HelpButtonRow& row, std::initializer_list<const char*> keys) {
+    Command(program, row.command);
+    const HWND dialog = WaitForDialog(program, row.dialog);
+    for (const char* key : keys) Press(program, key);
+    EXPECT_TRUE(IsWindow(dialog)) << row.topic;
+    Press(program, "Esc");
+    WaitForNoDialog(program);
+}
+
+TEST(HelpRequests, ComeFromEveryButtonAndCommandAndEndWithTheProgram) {
+    Program program = StartProgram(FolderWithHelp());
+    const UniqueListeningViewer viewer = ListenAsViewer();
+    Press(program, "F1");
+    EXPECT_THAT(TakeRequests(*viewer), ElementsAre(Contents()));
+    Command(program, IDM_HELP_RANGE);
+    EXPECT_THAT(TakeRequests(*viewer), ElementsAre(Topic("ID_SpecifyRange")));
+    Command(program, IDM_HELP_PREFACE);
+    EXPECT_THAT(TakeRequests(*viewer), ElementsAre(Topic("ID_Preface")));
+    for (const HelpButtonRow& row : kHelpButtons) {
+        AskIn(program, row, {"Alt+h", "F1"});
+        EXPECT_THAT(TakeRequests(*viewer), ElementsAre(Topic(row.topic), Topic(row.topic)));
+    }
+    EXPECT_EQ(CloseProgram(program), 0);
+    EXPECT_THAT(TakeRequests(*viewer), ElementsAre(Farewell()));
+}
+
+// A viewer that runs is there, whatever lies in the system's folder.
+TEST(HelpRequests, GoToARunningViewerThoughNoneIsInstalled) {
+    const WithoutViewer without;
+    Program program = StartProgram(FolderWithHelp());
+    const UniqueListeningViewer viewer = ListenAsViewer();
+    Command(program, IDM_HELP_RANGE);
+    EXPECT_THAT(TakeRequests(*viewer), ElementsAre(Topic("ID_SpecifyRange")));
+}
+
+static void WaitForNoViewer(const Program& program) {
+    WaitUntil(program, "the viewer's end", [] { return ViewerWindow() == nullptr; });
+}
+
+TEST(HelpFile, OpensAtTheTopicInTheSystemsViewer) {
+    Program program = StartProgram(FolderWithHelp());
+    Command(program, IDM_HELP_RANGE);
+    EXPECT_THAT(ShownInViewer(program), HasSubstr("Specifying a range of verses"));
+    SavePicture(PictureOfScreen({0, 0, 1280, 1024}), "help-in-viewer");
+    Command(program, IDM_HELP_PREFACE);
+    WaitUntil(program, "the other topic", [&] { return ShownInViewer(program).find("Preface") != std::string::npos; });
+    Command(program, IDM_HELP_TOPICS);
+    WaitUntil(program, "the contents", [&] { return ShownInViewer(program).find("Chapter 1") != std::string::npos; });
+    EXPECT_EQ(CloseProgram(program), 0);
+    WaitForNoViewer(program);
+}
+
+TEST(HelpPages, OpenInTheBrowserWhereThereIsNoViewer) {
+    const WithoutViewer without;
+    Program program = StartProgram(FolderWithHelp());
+    const WritingBrowser browser(program.folder);
+    Press(program, "F1");
+    EXPECT_EQ(NextPage(program, browser), "help\\index.html");
+    Command(program, IDM_HELP_PREFACE);
+    EXPECT_EQ(NextPage(program, browser), "help\\ID_Preface.html");
+    AskIn(program, kHelpButtons[0], {"F1"});
+    EXPECT_EQ(NextPage(program, browser), std::string("help\\") + kHelpButtons[0].topic + ".html");
+    EXPECT_EQ(CloseProgram(program), 0);
+    EXPECT_EQ(ViewerWindow(), nullptr);
+}
+
+// A file that was lost does not cost the help.
+TEST(HelpPages, OpenInTheBrowserWhereTheHelpFileIsMissing) {
+    Program program = StartProgram(FolderWithHelp());
+    std::filesystem::remove(program.folder.path / "quill97.hlp");
+    const WritingBrowser browser(program.folder);
+    Command(program, IDM_HELP_RANGE);
+    EXPECT_EQ(NextPage(program, browser), "help\\ID_SpecifyRange.html");
+}
+
+TEST(HelpPages, AreMissedInAMessage) {
+    const WithoutViewer without;
+    Program program = StartProgram(FolderWithScripture());
+    Command(program, IDM_HELP_RANGE);
+    const HWND box = WaitForDialog(program, "Help");
+    EXPECT_EQ(MessageText(box), "The help file \"quill97.hlp\" cannot be found.");
+    Press(program, "Enter");
+    WaitForNoDialog(program);
+}
