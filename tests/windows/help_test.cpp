@@ -7,6 +7,7 @@
 
 #include "resources/ids.h"
 #include "tests/windows/help_viewers.h"
+#include "tests/windows/note_steps.h"
 
 using testing::ElementsAre;
 using testing::HasSubstr;
@@ -40,6 +41,7 @@ static constexpr HelpButtonRow kHelpButtons[] = {
     {IDM_COPY_RANGE, "Copy Range", "ID_Edit_CopyRange"},
     {IDM_SAVE_RANGE, "Save Range", "ID_File_SaveRange"},
     {IDM_FORMAT, "Copy/Save Format", "ID_Edit_Format"},
+    {IDM_GOTO_NOTE, "Go to Note for Verse", "ID_Notes_GotoVerse"},
 };
 
 static void AskIn(const Program& program, const HelpButtonRow& row, std::initializer_list<const char*> keys) {
@@ -64,6 +66,10 @@ TEST(HelpRequests, ComeFromEveryButtonAndCommandAndEndWithTheProgram) {
         AskIn(program, row, {"Alt+h", "F1"});
         EXPECT_THAT(TakeRequests(*viewer), ElementsAre(Topic(row.topic), Topic(row.topic)));
     }
+    OpenNoteEditor(program);
+    ClickEditorButton(program, IDC_NOTE_HELP);
+    EXPECT_THAT(TakeRequests(*viewer), ElementsAre(Topic("ID_Notes_Edit")));
+    ClickEditorButton(program, IDC_NOTE_CANCEL);
     EXPECT_EQ(CloseProgram(program), 0);
     EXPECT_THAT(TakeRequests(*viewer), ElementsAre(Farewell()));
 }
