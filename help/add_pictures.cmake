@@ -1,0 +1,13 @@
+# Puts the pictures that are named after topics under the headings of their pages, which halibut itself cannot do.
+# PICTURES: their files; PAGES: the folder of the pages.
+foreach(picture ${PICTURES})
+  get_filename_component(topic ${picture} NAME_WE)
+  get_filename_component(name ${picture} NAME)
+  set(page ${PAGES}/${topic}.html)
+  file(READ ${page} text)
+  string(REGEX MATCH "<title>([^<]*)</title>" title "${text}")
+  string(REPLACE "</h1>\n" "</h1>\n<p class=\"picture\"><img src=\"${name}\" alt=\"${CMAKE_MATCH_1}: how it looks\"></p>\n" text
+                 "${text}")
+  file(WRITE ${page} "${text}")
+  file(COPY ${picture} DESTINATION ${PAGES})
+endforeach()
