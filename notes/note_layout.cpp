@@ -20,6 +20,7 @@ static bool HasNul(const unsigned char* block) {
     }
     return found != 0;
 }
+
 // A note ends with the byte before `next`, where the note of the next verse begins.
 static void AddEnd(NoteLayout& layout, std::uint64_t next) {
     ++layout.ends;
