@@ -349,14 +349,17 @@ TEST(DamagedNotes, NeverCrashTheProgram) {
         const ScratchFolder folder = FolderWithScripture();
         WriteFile(folder, "Odd.nmi", row.index);
         WriteFile(folder, "Odd.nmd", row.data);
+        WriteFile(folder, "Odd.dti", std::string(1001, '\xFF'));
+        WriteFile(folder, "Versewell.INI", "[MISC\r\nNote=9\r\n=\r\n[MISC]\r\nNoteVerse=99999999999\r\n");
         Program program = LaunchProgram(folder);
         const HWND box = WaitForDialog(program, "Note Sets");
         EXPECT_THAT(MessageText(box), StartsWith("The data file \"Odd.nmd\" is damaged"));
         Answer(box);
         WaitForFrame(program);
         EXPECT_THAT(SetsOf(program), ElementsAre("Odd"));
-        for (const int command : {IDM_NEXT_NOTE, IDM_PREVIOUS_NOTE, IDM_PREVIOUS_NOTE, IDM_GOTO_BOOK + 66,
-                                  IDM_NOTE_FOR_PASSAGE, IDM_VERSE_FOR_NOTE, IDM_NEXT_NOTE_SET})
+        for (const int command :
+             {IDM_THIS_MORNING, IDM_THIS_EVENING, IDM_NEXT_NOTE, IDM_PREVIOUS_NOTE, IDM_PREVIOUS_NOTE,
+              IDM_GOTO_BOOK + 66, IDM_NOTE_FOR_PASSAGE, IDM_VERSE_FOR_NOTE, IDM_NEXT_NOTE_SET})
             Command(program, command);
         EXPECT_EQ(StatusPart(program, 2), "Revelation 1:1");
         EXPECT_EQ(CloseProgram(program), 0);
