@@ -12,7 +12,6 @@
 #include "verselist/verselist_window.h"
 #include "win32/screen.h"
 
-
 static BOOL OnCreate(HWND window, CREATESTRUCTA*) {
     return StartUp(window);
 }

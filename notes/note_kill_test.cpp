@@ -1,10 +1,6 @@
 // Real processes are killed over real files: what the system keeps of a killed process is what a save must live with.
 
 #include <gtest/gtest.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include <csignal>
 
 #include "notes/note_layout.h"
 #include "notes/note_recovery.h"
@@ -17,23 +13,16 @@ struct KilledEdit {
     std::string before, after;
 };
 
-static void SaveInChild(const std::string& folder, const KilledEdit& edit, std::int64_t steps) {
-    RealNoteFiles files{folder};
-    NoteSets notes;
-    FindNoteSets(DeviceOver(files), notes);
-    SelectStoredNote(notes, 0, edit.verse);
-    files.steps = steps;
-    const SaveVoice voice = {nullptr, [](void*, SaveNotice, const std::string&) { return true; }};
-    _exit(SaveNote(DeviceOver(files), voice, notes, edit.after, "2024-12-31") == NoteSaveResult::kSaved ? 0 : 1);
-}
-
-// Status of the process that saved, or was killed at it.
-static int SaveInProcess(const std::string& folder, const KilledEdit& edit, std::int64_t steps) {
-    const pid_t child = fork();
-    if (child == 0) SaveInChild(folder, edit, steps);
-    int status = -1;
-    waitpid(child, &status, 0);
-    return status;
+static ChildEnd SaveInChild(const std::string& folder, const KilledEdit& edit, std::int64_t steps) {
+    return RunInChild([&] {
+        RealNoteFiles files{folder};
+        NoteSets notes;
+        FindNoteSets(DeviceOver(files), notes);
+        SelectStoredNote(notes, 0, edit.verse);
+        files.steps = steps;
+        const SaveVoice voice = {nullptr, [](void*, SaveNotice, const std::string&) { return true; }};
+        return SaveNote(DeviceOver(files), voice, notes, edit.after, "2024-12-31") == NoteSaveResult::kSaved;
+    });
 }
 
 static void ExpectAllNotesIn(const std::string& folder, const KilledEdit& edit, bool isSaved) {
@@ -57,15 +46,15 @@ TEST(AKilledProcess, LosesNoNote) {
     for (const KilledEdit& edit :
          {KilledEdit{0, "four", "characters"}, KilledEdit{15000, "characters", ""}, KilledEdit{31101, "", "new"}}) {
         const FakeSet old = FakeSetOf({{3, "three"}, {edit.verse, edit.before}, {31000, "near the end"}});
-        for (std::int64_t step = 0, isSaved = 0; !isSaved; ++step, ++kills) {
+        ChildEnd end = ChildEnd::kKilled;
+        for (std::int64_t step = 0; end == ChildEnd::kKilled; ++step, ++kills) {
             SCOPED_TRACE(testing::Message() << "verse " << edit.verse << ", step " << step);
             RemoveScratchFolder(folder + "backup");
             WriteWholeFile(folder + "a.nmd", old.data);
             WriteWholeFile(folder + "a.nmi", old.index);
-            const int status = SaveInProcess(folder, edit, step);
-            isSaved = WIFEXITED(status) && WEXITSTATUS(status) == 0;
-            ASSERT_TRUE(isSaved || (WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL));
-            ExpectAllNotesIn(folder, edit, isSaved);
+            end = SaveInChild(folder, edit, step);
+            ASSERT_NE(end, ChildEnd::kFailed);
+            ExpectAllNotesIn(folder, edit, end == ChildEnd::kDone);
             if (HasFailure()) break;
         }
     }

@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <csignal>
@@ -178,4 +179,13 @@ void WriteWholeFile(const std::string& path, const std::vector<unsigned char>& b
 std::vector<unsigned char> ReadWholeFile(const std::string& path) {
     std::ifstream file(path, std::ios::binary);
     return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
+
+ChildEnd RunInChild(const std::function<bool()>& work) {
+    const pid_t child = fork();
+    if (child == 0) _exit(work() ? 0 : 1);
+    int status = -1;
+    if (child < 0 || waitpid(child, &status, 0) != child) return ChildEnd::kFailed;
+    if (WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL) return ChildEnd::kKilled;
+    return WIFEXITED(status) && WEXITSTATUS(status) == 0 ? ChildEnd::kDone : ChildEnd::kFailed;
 }

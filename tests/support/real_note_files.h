@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 
 #include "notes/note_files.h"
@@ -21,3 +22,7 @@ void RemoveScratchFolder(const std::string& folder);
 // Writes a file whole.
 void WriteWholeFile(const std::string& path, const std::vector<unsigned char>& bytes);
 std::vector<unsigned char> ReadWholeFile(const std::string& path);
+
+// Does `work` in a process of its own: kDone when it gives true.
+enum class ChildEnd { kDone, kFailed, kKilled };
+ChildEnd RunInChild(const std::function<bool()>& work);
