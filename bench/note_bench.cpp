@@ -12,6 +12,7 @@
 
 #include "notes/note_recovery.h"
 #include "notes/note_saving.h"
+#include "notes/note_search.h"
 #include "tests/support/native_scripture.h"
 #include "tests/support/real_note_files.h"
 
@@ -125,6 +126,13 @@ static void MoveAround(Move move) {
     for (int i = 0; i < kMoves; ++i) move(static_cast<int>((static_cast<long long>(i) * 7919) % kVerseCount));
 }
 
+static void SearchInVain(const NoteFiles& files, const NoteSets& notes) {
+    const SearchProgress unseen{nullptr, [](void*, int) {}};
+    const NoteQuery query{"NOT IN ANY NOTE", false, false, {}};
+    const NoteMatch match = FindInNotes(files, notes.sets.front(), AsciiLetters(), query, {}, unseen);
+    if (match.end != NoteSearchEnd::kNotFound) std::abort();
+}
+
 static void Measure(const std::string& folder) {
     RealNoteFiles real{folder};
     const NoteFiles files = DeviceOver(real);
@@ -137,6 +145,8 @@ static void Measure(const std::string& folder) {
     Print("move to 2000 notes, a seek and read",
           Compare([&] { MoveAround([&](int verse) { ReadNoteText(files, records, notes, verse); }); },
                   [&] { MoveAround([&](int verse) { SeekAndRead(folder, verse); }); }),
+          "");
+    Print("search all notes, in any case", Compare([&] { SearchInVain(files, notes); }, [&] { ReadBothFiles(folder); }),
           "");
     std::filesystem::copy_file(folder + "Large.nmd", folder + "Copy.nmd");
     std::string text;

@@ -1,8 +1,11 @@
 #include "notes/note_set_changes.h"
 
+#include <algorithm>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "notes/note_recovery.h"
 #include "tests/support/fake_note_files.h"
 #include "tests/support/native_scripture.h"
 
@@ -217,6 +220,15 @@ TEST(RenameNoteSet, LeavesTheSetOutOfUseWhereTheIndexStays) {
     EXPECT_THAT(NamesOf(disk.notes), ElementsAre("a", "b"));
     EXPECT_TRUE(disk.notes.sets[0].readOnly) << "a save would take the index for notes";
     EXPECT_NE(FirstNote(disk, 0), "in a");
+
+    // The next start finds the notes under their new name.
+    SetsOnDisk next{disk.fakes, {}, {}};
+    next.files = DeviceOver(next.fakes);
+    OpenNoteSets(next.files, next.notes);
+    const std::vector<std::string> names = NamesOf(next.notes);
+    const auto place = std::ranges::find(names, "c");
+    ASSERT_NE(place, names.end());
+    EXPECT_EQ(FirstNote(next, static_cast<int>(place - names.begin())), "in a");
 
     // Once more would make notes of the index.
     disk.fakes.unrenamable = {};

@@ -1,6 +1,7 @@
 #include "notes/saved_notes.h"
 
 #include <algorithm>
+#include <string_view>
 
 static constexpr std::size_t kWindowSize = 4 * kNoteBufferSize;
 
@@ -23,9 +24,10 @@ static bool MoveWindow(SavedNotes& notes, const StoredNote& stored) {
 }
 
 // A damaged index may ask for more than a note can hold, or than the file has.
-static std::span<const unsigned char> BytesOf(const SavedNotes& notes, const StoredNote& stored) {
-    const auto inWindow = std::span(notes.window).subspan(static_cast<std::size_t>(stored.offset - notes.windowOffset));
-    return inWindow.first(std::min(inWindow.size(), static_cast<std::size_t>(stored.length)));
+static std::string_view BytesOf(const SavedNotes& notes, const StoredNote& stored) {
+    const std::string_view window(reinterpret_cast<const char*>(notes.window.data()), notes.window.size());
+    return window.substr(static_cast<std::size_t>(stored.offset - notes.windowOffset),
+                         static_cast<std::size_t>(stored.length));
 }
 
 static NoteFound NoteOf(void* device, int verse, std::string& note) {
@@ -34,8 +36,8 @@ static NoteFound NoteOf(void* device, int verse, std::string& note) {
     StoredNote stored = StoredNoteOf(notes.set, verse);
     stored.length = std::min<std::uint64_t>(stored.length, kNoteBufferSize);
     if (!MoveWindow(notes, stored)) return NoteFound::kUnreadable;
-    const auto bytes = BytesOf(notes, stored);
-    note.assign(bytes.begin(), std::find(bytes.begin(), bytes.end(), '\0'));
+    const std::string_view bytes = BytesOf(notes, stored);
+    note.assign(bytes.substr(0, bytes.find('\0')));
     return NoteFound::kNote;
 }
 

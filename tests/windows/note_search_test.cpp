@@ -9,6 +9,7 @@
 
 #include "resources/ids.h"
 #include "tests/windows/note_set_files.h"
+#include "tests/windows/note_steps.h"
 #include "tests/windows/passage_pane.h"
 #include "tests/windows/search_steps.h"
 
@@ -160,6 +161,22 @@ TEST(NoteSearch, TellsOfAFileThatCannotBeRead) {
     std::filesystem::rename(program.folder.path / "away.nmd", program.folder.path / "Mine.nmd");
     Press(program, "Enter");
     EXPECT_EQ(Shown(program), "Genesis 1:4 [grace] at 0");
+}
+
+// What was only looked through never comes into the editor, in capitals least of all.
+TEST(NoteSearch, LeavesTheNoteToTheEditorAsItIsStored) {
+    Program program = ProgramWithNotes({{0, "of Grace"}, {9, "Another note."}});
+    for (const char* text : {"nowhere", "grace"}) {
+        OpenSearch(program);
+        Type(program, text);
+        Press(program, "Alt+n");
+        if (*text == 'n') ExpectNotFound(program);
+        CloseSearch(program);
+        EXPECT_EQ(TextOf(NoteViewOf(program)), "of Grace");
+        OpenNoteEditor(program);
+        EXPECT_EQ(TextOf(NoteEditOf(program)), "of Grace");
+        ClickEditorButton(program, IDC_NOTE_CANCEL);
+    }
 }
 
 // ---- The dialog -----------------------------------------------------------------------------------------------------

@@ -90,21 +90,33 @@ void CopyWhileClipboardIsHeld(const Program& program, HWND pane) {
     EXPECT_EQ(FocusOf(program), pane);
 }
 
-// Letters and blanks among the first 200 characters of a copy, of which a field takes 199.
-static std::string LettersOf(const std::string& copy) {
-    std::string letters = copy.substr(0, 200);
+struct SearchDialogRow {
+    int command;
+    const char* title;
+    int field;
+    std::size_t scanned;  // characters of the copy that are looked at
+    std::size_t limit;    // characters that the field takes
+};
+
+// Letters and blanks of a copy, as the field shows them.
+static std::string LettersOf(const std::string& copy, const SearchDialogRow& row) {
+    std::string letters = copy.substr(0, row.scanned);
     std::erase_if(letters, [](char c) { return c != ' ' && (c & 0x80 || !isalpha(c)); });
-    return letters.substr(0, 199);
+    return letters.substr(0, row.limit);
 }
 
 void SearchWithSelection(Program& program, HWND pane, const std::function<void()>& select) {
-    for (const auto& [command, title] :
-         {std::pair{IDM_WORD_SEARCH, "Word Search"}, {IDM_PHRASE_SEARCH, "Phrase Search"}}) {
+    static constexpr SearchDialogRow kRows[] = {
+        {IDM_WORD_SEARCH, "Word Search", IDC_SEARCH_TEXT, 200, 199},
+        {IDM_PHRASE_SEARCH, "Phrase Search", IDC_SEARCH_TEXT, 200, 199},
+        {IDM_SEARCH_NOTES, "Search Note Set My Notes", IDC_NOTE_TEXT, 149, 149},
+    };
+    for (const SearchDialogRow& row : kRows) {
         select();
-        const std::string letters = LettersOf(Copied(program));
-        CommandToPane(program, pane, command);
-        const HWND dialog = WaitForDialog(program, title);
-        EXPECT_EQ(TextOf(dialog, IDC_SEARCH_TEXT), letters);
+        const std::string letters = LettersOf(Copied(program), row);
+        CommandToPane(program, pane, row.command);
+        const HWND dialog = WaitForDialog(program, row.title);
+        EXPECT_EQ(TextOf(dialog, row.field), letters);
         EXPECT_GT(letters.size(), 100u);
         Press(program, "Esc");
         WaitForNoDialog(program);

@@ -10,6 +10,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/windows/note_set_files.h"
+#include "tests/windows/note_steps.h"
 #include "tests/windows/passage_pane.h"
 #include "tests/windows/search_steps.h"
 
@@ -107,6 +108,22 @@ TEST(TabMarks, AreGoneWithNewTabsUntilAPaneMoves) {
     AnswerYes(program);
     for (const std::string& label : LabelsOf(program)) EXPECT_EQ(label.size(), 1u);
     EXPECT_EQ(LabelsOf(program).size(), 2u);
+}
+
+// A save moves no pane, so the marks stay until one does.
+TEST(TabMarks, StayAsTheyAreWhenANoteIsSaved) {
+    const ScratchFolder folder = FolderWithScripture();
+    WriteNoteSet(folder, "Mine");
+    Program program = StartProgram(folder);
+    OpenNoteEditor(program);
+    Type(program, "new");
+    ClickEditorButton(program, IDC_NOTE_SAVE);
+    ASSERT_EQ(TextOf(NoteViewOf(program)), "new");
+    EXPECT_EQ(LabelsOf(program), Labels{"Mine"});
+    GoTo(program, "Ge 1:2");
+    EXPECT_EQ(LabelsOf(program), Labels{"Mine"});
+    GoTo(program, "Ge 1:1");
+    EXPECT_EQ(LabelsOf(program), Labels{"\xBB Mine"});
 }
 
 // With their marks the tabs need another row: the note moves down and leaves nothing behind.
