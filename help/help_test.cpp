@@ -12,6 +12,7 @@
 
 #include "help/made_help.h"
 #include "help/winhelp_file.h"
+#include "notes/cross_references.h"
 #include "resources/help_topics.h"
 #include "resources/script_fixture.h"
 #include "scripture/reference_parser.h"
@@ -51,11 +52,10 @@ TEST(HelpTopics, OfTheProgramHaveAPageEach) {
 }
 
 TEST(HelpTopics, AreNamedAsTheDialogsAskForThem) {
-    for (const char* topic :
-         {"ID_SpecifyRange", "ID_Preface", "ID_Search_Word", "ID_Search_WordList", "ID_Search_Phrase",
-          "ID_Search_SetRange", "ID_Read_GoToVerse", "ID_Edit_CopyVerse", "ID_Edit_CopyRange", "ID_Edit_Format",
-          "ID_File_SaveRange", "ID_File_PrintRange", "ID_Notes_GotoVerse", "ID_Notes_Edit", "ID_Notes_Create",
-          "ID_Notes_Rename", "ID_Search_Notes"})
+    for (const char* topic : {"ID_SpecifyRange", "ID_Preface", "ID_Search_Word", "ID_Search_WordList",
+                              "ID_Search_Phrase", "ID_Search_SetRange", "ID_Read_GoToVerse", "ID_Edit_CopyVerse",
+                              "ID_Edit_CopyRange", "ID_Edit_Format", "ID_File_SaveRange", "ID_File_PrintRange",
+                              "ID_Notes_GotoVerse", "ID_Notes_Edit", "ID_Notes_Create", "ID_Search_Notes"})
         EXPECT_THAT(TopicPages(), Contains(topic));
 }
 
@@ -175,6 +175,51 @@ TEST(HelpText, ListsEveryKeyOfTheMenus) {
     for (const Accelerator& accelerator : Script().accelerators) {
         const bool isBookmark = accelerator.key.starts_with("Ctrl+") && std::isdigit(accelerator.key.back());
         EXPECT_TRUE(isBookmark || listed.contains(accelerator.key)) << accelerator.key;
+    }
+}
+
+// The page's lines of what is typed and what it means, "the same" being what the line before means.
+TEST(HelpText, SaysOfVersesWhatTheProgramMakesOfThem) {
+    const std::regex line("(.*\\S) {2,}(.*)");
+    const VerseRecords& records = TheRealScripture().records;
+    std::string meaning;
+    int lines = 0;
+    for (const std::string& example : Page(kTopicGotoVerse).examples) {
+        std::istringstream text(example);
+        std::smatch parts;
+        for (std::string row; std::getline(text, row);) {
+            if (!std::regex_match(row, parts, line)) continue;
+            if (parts[2] != "the same") meaning = parts[2];
+            const ParsedReference typed = ParseReference(records, parts[1]);
+            ASSERT_TRUE(typed.ok) << row;
+            EXPECT_EQ(ReferenceText(records, typed.verse, BookForm::kName), meaning) << row;
+            ++lines;
+        }
+    }
+    EXPECT_EQ(lines, 5);
+}
+
+static std::string Named(const std::string& line, const std::string& noteVerse) {
+    const VerseRecords& records = TheRealScripture().records;
+    std::string named;
+    for (const int verse : CrossReferences(records, line, line.size(), ParseReference(records, noteVerse).verse))
+        named += (named.empty() ? "" : ", ") + ReferenceText(records, verse, BookForm::kAbbreviation);
+    return named;
+}
+
+TEST(HelpText, SaysOfLinesOfReferencesWhatTheProgramMakesOfThem) {
+    static const struct {
+        const char* example;
+        const char* verses;
+    } kRows[] = {{"# Ge 1:1; Ex 2:4, 6-8; Joh 3:16", "Ge 1:1, Ex 2:4, Ex 2:6, Ex 2:7, Ex 2:8, Joh 3:16"},
+                 {"1John 1:9", "1Jo 1:9"},
+                 {"Ex 5", "Ex 3:5"},
+                 {"Ex 5:1", "Ex 5:1"}};
+    std::string examples;
+    for (const std::string& example : Page("ID_Notes_CrossReferences").examples) examples += "\n" + example + "\n";
+    for (const auto& [example, verses] : kRows) {
+        EXPECT_THAT(examples, HasSubstr("\n" + std::string(example) + "\n"));
+        EXPECT_EQ(Named(std::string("# ") + example, "Ge 3:2"), verses) << example;
     }
 }
 

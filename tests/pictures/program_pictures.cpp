@@ -57,6 +57,8 @@ static constexpr DialogPicture kDialogs[] = {
     {IDM_SAVE_RANGE, "Save Range", "ID_File_SaveRange"},
     {IDM_FORMAT, "Copy/Save Format", "ID_Edit_Format"},
     {IDM_GOTO_NOTE, "Go to Note for Verse", "ID_Notes_GotoVerse"},
+    {IDM_SEARCH_NOTES, "Search Note Set My Notes", "ID_Search_Notes"},
+    {IDM_CREATE_NOTE_SET, "Create New Note Set", "ID_Notes_Create"},
 };
 
 TEST(Pictures, ShowTheDialogs) {

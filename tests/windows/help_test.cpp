@@ -42,6 +42,9 @@ static constexpr HelpButtonRow kHelpButtons[] = {
     {IDM_SAVE_RANGE, "Save Range", "ID_File_SaveRange"},
     {IDM_FORMAT, "Copy/Save Format", "ID_Edit_Format"},
     {IDM_GOTO_NOTE, "Go to Note for Verse", "ID_Notes_GotoVerse"},
+    {IDM_SEARCH_NOTES, "Search Note Set My Notes", "ID_Search_Notes"},
+    {IDM_CREATE_NOTE_SET, "Create New Note Set", "ID_Notes_Create"},
+    {IDM_RENAME_NOTE_SET, "Change name of note set My Notes", "ID_Notes_Create"},
 };
 
 static void AskIn(const Program& program, const HelpButtonRow& row, std::initializer_list<const char*> keys) {
