@@ -15,6 +15,7 @@
 #include "notes/cross_references.h"
 #include "resources/help_topics.h"
 #include "resources/script_fixture.h"
+#include "scripture/books.h"
 #include "scripture/reference_parser.h"
 #include "tests/support/native_scripture.h"
 
@@ -197,6 +198,18 @@ TEST(HelpText, SaysOfVersesWhatTheProgramMakesOfThem) {
         }
     }
     EXPECT_EQ(lines, 5);
+}
+
+TEST(HelpText, ListsEveryBookWithItsAbbreviation) {
+    const std::string lines = Page("ID_Books").text;
+    for (int book = 1; book <= kBookCount; ++book) {
+        const std::regex entry("(^|\\s)" + std::string(BookAbbreviation(book)) + " +" + BookName(book) +
+                               "(\\s\\s|\\n)");
+        EXPECT_TRUE(std::regex_search(lines, entry)) << BookName(book);
+    }
+    const VerseRecords& records = TheRealScripture().records;
+    EXPECT_EQ(ReferenceText(records, ParseReference(records, "Is 53").verse, BookForm::kName), "Isaiah 53:1");
+    EXPECT_EQ(ReferenceText(records, ParseReference(records, "J 3").verse, BookForm::kName), "Joshua 3:1");
 }
 
 static std::string Named(const std::string& line, const std::string& noteVerse) {
