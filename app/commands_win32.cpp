@@ -10,6 +10,7 @@
 #include "app/note_commands_win32.h"
 #include "app/note_set_commands_win32.h"
 #include "app/output_commands_win32.h"
+#include "app/print_commands_win32.h"
 #include "app/reading_commands_win32.h"
 #include "app/search_commands_win32.h"
 #include "notes/note_editor_window.h"
@@ -99,9 +100,9 @@ static constexpr Command kCommands[] = {
     {IDM_FORMAT, ChooseFormat},
     {IDM_SAVE_RANGE, SaveRange},
     {IDM_SAVE_VERSE_LIST, SaveVerseList, kListCanBeSaved},
-    {IDM_PAGE_SETUP, nullptr},
-    {IDM_PRINT_RANGE, nullptr},
-    {IDM_PRINT_VERSE_LIST, nullptr, kListHasVerses},
+    {IDM_PAGE_SETUP, ChoosePageSetup},
+    {IDM_PRINT_RANGE, PrintRange},
+    {IDM_PRINT_VERSE_LIST, PrintVerseList, kListHasVerses},
 };
 
 // Commands whose number says what they mean.

@@ -84,3 +84,9 @@ void ShowNoteReferences(int) {
     RunIfEnabled(theFrame.window, IDM_VIEW_LIST);
     RefreshCommands();
 }
+
+OfferedNoteSets NoteSetsToOffer() {
+    OfferedNoteSets offered{{}, theNotes.sets.currentSet};
+    for (const NoteSet& set : theNotes.sets.sets) offered.names.push_back(NoteSetName(set));
+    return offered;
+}

@@ -1,6 +1,8 @@
 // Commands that move among notes and note sets.
 #pragma once
 
+#include "output/range_dialog.h"
+
 // Shows the Notes window if it is hidden and gives it the focus.
 void FocusNotes();
 
@@ -14,3 +16,6 @@ void ToggleBindNotes(int command);
 void EditNote(int command);
 void EndEditingNote(int command);      // the editor has closed
 void ShowNoteReferences(int command);  // the verses of the cross-reference line that was followed
+
+// The sets that a dialog lets the user choose from, in their order.
+OfferedNoteSets NoteSetsToOffer();

@@ -1,6 +1,7 @@
 #include "app/output_commands_win32.h"
 
 #include "app/frame_window.h"
+#include "app/note_commands_win32.h"
 #include "notes/notes_window.h"
 #include "notes/saved_notes.h"
 #include "output/copy_range_dialog.h"
@@ -82,12 +83,12 @@ static void Save(WriteFile write) {
     if (problem) Complain(theFrame.window, problem, kSaveErrorCaption);
 }
 
-static const char* WriteRange(const RangeToSave& asked, const NoteSource* notes, const OwnedFile& file) {
+static const char* WriteRange(const AskedRange& asked, const NoteSource* notes, const OwnedFile& file) {
     return ProblemOf(
         SaveRangeText(theScripture, theFormat, asked.range.first, asked.range.last, notes, TextFileOf(file)));
 }
 
-static const char* WriteRange(const RangeToSave& asked) {
+static const char* WriteRange(const AskedRange& asked) {
     const OwnedFile file = CreateTextFile(asked.path);
     if (!file) return kCannotCreateText;
     if (asked.noteSet == kWithoutNotes) return WriteRange(asked, nullptr, file);
@@ -96,12 +97,6 @@ static const char* WriteRange(const RangeToSave& asked) {
     SavedNotes notes{TheNoteFiles(), set, 0, {}};
     const NoteSource source = SourceOf(notes);
     return WriteRange(asked, &source, file);
-}
-
-static OfferedNoteSets NoteSetsToOffer() {
-    OfferedNoteSets offered{{}, theNotes.sets.currentSet};
-    for (const NoteSet& set : theNotes.sets.sets) offered.names.push_back(NoteSetName(set));
-    return offered;
 }
 
 void SaveRange(int) {

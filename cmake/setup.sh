@@ -18,6 +18,7 @@ packages=(
   halibut libchm-bin hunspell hunspell-en-gb
   wine wine64 fonts-wine fonts-liberation
   xvfb x11-utils libfaketime
+  ghostscript poppler-utils
 )
 
 say() { printf '%s\n' "$*" >&2; }

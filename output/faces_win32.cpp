@@ -5,8 +5,6 @@
 
 #include "win32/screen.h"
 
-static constexpr int kUnmeasured = -1;
-
 // A device context for measuring, kept for the life of the program; each use selects the font that it asks about. It
 // holds a bitmap of the screen's kind, since letters are otherwise wide on a monochrome one.
 struct MeasuringPlace {
@@ -25,38 +23,6 @@ static MeasuringPlace MakeMeasuringPlace() {
 static HDC MeasuringDc() {
     static const MeasuringPlace place = MakeMeasuringPlace();
     return place.dc.get();
-}
-
-static int ExtentOf(HFONT font, std::string_view text) {
-    SelectObject(MeasuringDc(), font);
-    SIZE size{};
-    GetTextExtentPoint32A(MeasuringDc(), text.data(), static_cast<int>(text.size()), &size);
-    return size.cx;
-}
-
-static void ReadWidths(FaceFont& face, char first, char last) {
-    const auto firstByte = static_cast<unsigned char>(first);
-    GetCharWidth32A(MeasuringDc(), firstByte, static_cast<unsigned char>(last), &face.widths[firstByte]);
-}
-
-static int SumOfWidths(FaceFont& face, std::string_view text) {
-    int sum = 0;
-    for (const char letter : text) {
-        int& width = face.widths[static_cast<unsigned char>(letter)];
-        if (width == kUnmeasured) width = ExtentOf(face.font.get(), {&letter, 1});
-        sum += width;
-    }
-    return sum;
-}
-
-// Words as they stand in the text, and every character in a row: a font with overhang or kerning fails one of them.
-static bool DoWidthsAddUp(FaceFont& face) {
-    std::string all;
-    for (int letter = ' '; letter <= '~'; ++letter) all += static_cast<char>(letter);
-    const std::string_view samples[] = {all, "AVoided ", "\xB6 ", "fi", "f", "LORD'S, ", "1Th 5:16 "};
-    return std::ranges::all_of(samples, [&face](std::string_view sample) {
-        return SumOfWidths(face, sample) == ExtentOf(face.font.get(), sample);
-    });
 }
 
 LOGFONTA FontRecord(const FontChoice& choice) {
@@ -94,28 +60,17 @@ static FaceFont& Ready(Faces& faces, Face face) {
     if (font.font) return font;
     const LOGFONTA record = RecordOf(faces, face);
     font.font.reset(CreateFontIndirectA(&record));
-    font.widths.fill(kUnmeasured);
-    SelectObject(MeasuringDc(), font.font.get());
-    ReadWidths(font, ' ', '~');
-    font.widthsAddUp = DoWidthsAddUp(font);
+    ReadLetterWidths(font.letters, MeasuringDc(), font.font.get());
     return font;
 }
 
-static int CellHeight(HFONT font) {
-    SelectObject(MeasuringDc(), font);
-    TEXTMETRICA metrics{};
-    GetTextMetricsA(MeasuringDc(), &metrics);
-    return static_cast<int>(std::max(1L, metrics.tmHeight));
-}
-
 static int WidthIn(void* device, Face face, std::string_view text) {
-    FaceFont& font = Ready(*static_cast<Faces*>(device), face);
-    return font.widthsAddUp ? SumOfWidths(font, text) : ExtentOf(font.font.get(), text);
+    return WidthOf(Ready(*static_cast<Faces*>(device), face).letters, text);
 }
 
 static int LineHeightIn(void* device) {
     Faces& faces = *static_cast<Faces*>(device);
-    if (faces.lineHeight == 0) faces.lineHeight = CellHeight(Ready(faces, Face::kBold).font.get());
+    if (faces.lineHeight == 0) faces.lineHeight = CellHeight(Ready(faces, Face::kBold).letters);
     return faces.lineHeight;
 }
 
@@ -125,7 +80,7 @@ TextMeasure MeasureOf(Faces& faces) {
 
 void AddText(TextRuns& runs, const Faces& faces, Face face, TextColor color, int x, int y, int width,
              std::string_view text) {
-    if (!runs.runs.empty() && faces.fonts[static_cast<std::size_t>(face)].widthsAddUp) {
+    if (!runs.runs.empty() && faces.fonts[static_cast<std::size_t>(face)].letters.addUp) {
         TextRuns::Run& last = runs.runs.back();
         if (last.face == face && last.color == color && last.y == y && last.end == x) {
             runs.text += text;
@@ -150,9 +105,9 @@ static void TakeColors(HDC canvas, TextColor color, COLORREF keyWordColor) {
 static void DrawRun(HDC canvas, FaceFont& face, TextRuns& runs, const TextRuns::Run& run) {
     const std::string_view text = std::string_view(runs.text).substr(run.textStart, run.textLength);
     runs.advances.clear();
-    for (const char letter : text) runs.advances.push_back(face.widths[static_cast<unsigned char>(letter)]);
+    for (const char letter : text) runs.advances.push_back(face.letters.widths[static_cast<unsigned char>(letter)]);
     ExtTextOutA(canvas, run.x, run.y, 0, nullptr, text.data(), static_cast<UINT>(text.size()),
-                face.widthsAddUp ? runs.advances.data() : nullptr);
+                face.letters.addUp ? runs.advances.data() : nullptr);
 }
 
 void DrawRuns(HDC canvas, Faces& faces, TextRuns& runs, const RECT& client, COLORREF keyWordColor) {

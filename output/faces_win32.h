@@ -1,8 +1,4 @@
 // The faces of a pane's font, and the drawing of what a flow has laid out in them.
-//
-// Widths are sums of single character widths, read once a face: measuring a pane word by word would cost more than
-// drawing it. A font whose widths do not add up (one with an overhang, or of another kind of code page) is asked for
-// each text instead.
 #pragma once
 
 #include <array>
@@ -10,14 +6,14 @@
 #include <string_view>
 #include <vector>
 
+#include "output/letter_widths_win32.h"
 #include "output/reading_options.h"
 #include "output/text_measure.h"
 #include "win32/canvas.h"
 
 struct FaceFont {
     OwnedFont font;  // null until the face is first asked for
-    std::array<int, 256> widths{};
-    bool widthsAddUp = false;
+    LetterWidths letters;
 };
 
 struct Faces {

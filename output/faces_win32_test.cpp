@@ -96,6 +96,6 @@ TEST_P(FaceWidths, AreTheSystemsForEveryWordOfTheText) {
             if (++differing == 1) first = word;
         }
         EXPECT_EQ(differing, 0) << "face " << static_cast<int>(face) << ", first of all \"" << first << "\"";
-        EXPECT_TRUE(!GetParam().mustAddUp || faces.fonts[static_cast<std::size_t>(face)].widthsAddUp);
+        EXPECT_TRUE(!GetParam().mustAddUp || faces.fonts[static_cast<std::size_t>(face)].letters.addUp);
     }
 }

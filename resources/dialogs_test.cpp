@@ -74,6 +74,14 @@ static constexpr ExpectedControl kControls[] = {
     {"SAVERANGE", 2, "PUSHBUTTON", "Cancel"},
     {"SAVERANGE", 10, "PUSHBUTTON", "Format..."},
     {"SAVERANGE", 9, "PUSHBUTTON", "Help"},
+    {"PRINTRANGE", 20, "EDITTEXT", "Range:"},
+    {"PRINTRANGE", 11, "BS_AUTOCHECKBOX", "Include notes:"},
+    {"PRINTRANGE", 12, "COMBOBOX", "from set"},
+    {"PRINTRANGE", 1, "DEFPUSHBUTTON", "OK"},
+    {"PRINTRANGE", 2, "PUSHBUTTON", "Cancel"},
+    {"PRINTRANGE", 10, "PUSHBUTTON", "Format..."},
+    {"PRINTRANGE", 9, "PUSHBUTTON", "Help"},
+    {"ABORTDLG", 110, "DEFPUSHBUTTON", "Cancel"},
     {"FORMAT", 10, "BS_AUTORADIOBUTTON", "Full (Eph 6:17 And take the helmet...)"},
     {"FORMAT", 11, "BS_AUTORADIOBUTTON", "Partial (6:17 And take the helmet...)"},
     {"FORMAT", 12, "BS_AUTORADIOBUTTON", "None (And take the helmet...)"},
@@ -127,6 +135,8 @@ static constexpr ExpectedTitle kTitles[] = {
     {"COPYVERSE", "Copy Verse"},
     {"COPYRANGE", "Copy Range"},
     {"SAVERANGE", "Save Range"},
+    {"PRINTRANGE", "Print Range"},
+    {"ABORTDLG", "Printing..."},
     {"FORMAT", "Copy/Save Format"},
     {"GOTONOTE", "Go to Note for Verse"},
     {"CREATENOTESET", "Create New Note Set"},
@@ -218,7 +228,7 @@ TEST(Dialogs, AccessKeysReachEveryFieldAndChoice) {
     for (const DialogScript& dialog : Script().dialogs)
         for (std::size_t place = 0; place < dialog.controls.size(); ++place) {
             const DialogControl& control = dialog.controls[place];
-            if (control.id <= 2) continue;  // statics; Enter and Escape
+            if (control.id <= 2 || control.kind == "DEFPUSHBUTTON") continue;  // statics; Enter and Escape
             const std::string& text = IsField(control) ? dialog.controls.at(place - 1).text : control.text;
             if (control.kind != "CTEXT" && control.kind != "PBS_SMOOTH") {
                 EXPECT_NE(AccessKey(text), 0) << dialog.name << " " << control.id;
@@ -255,8 +265,9 @@ TEST(Dialogs, TheFormatOfLabelsIsThreeGroups) {
 }
 
 TEST(Dialogs, ANoteSetIsOnlyChosenFromTheList) {
-    for (const DialogControl& control : Dialog("SAVERANGE").controls)
-        if (control.id == 12) {
+    for (const char* name : {"SAVERANGE", "PRINTRANGE"})
+        for (const DialogControl& control : Dialog(name).controls) {
+            if (control.id != 12) continue;
             EXPECT_THAT(control.styles, HasSubstr("CBS_DROPDOWNLIST"));
             EXPECT_THAT(control.styles, HasSubstr("WS_VSCROLL"));
             EXPECT_THAT(control.styles, Not(HasSubstr("CBS_SORT")));  // the order is that of the tabs

@@ -18,3 +18,4 @@ inline constexpr char kTopicSaveRange[] = "ID_File_SaveRange";
 inline constexpr char kTopicFormat[] = "ID_Edit_Format";
 inline constexpr char kTopicGotoNote[] = "ID_Notes_GotoVerse";
 inline constexpr char kTopicNoteEditor[] = "ID_Notes_Edit";
+inline constexpr char kTopicPrintRange[] = "ID_File_PrintRange";

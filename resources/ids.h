@@ -110,7 +110,7 @@
 #define IDC_OLD_TESTAMENT 101
 #define IDC_NEW_TESTAMENT 102
 #define IDC_ENTIRE_BIBLE 103
-#define IDC_FORMAT_BUTTON 10  // Copy Verse, Copy Range, Save Range
+#define IDC_FORMAT_BUTTON 10  // Copy Verse, Copy Range, Save Range, Print Range
 #define IDC_INCLUDE_NOTES 11
 #define IDC_NOTE_SET 12
 #define IDC_FIRST_FULL 10  // Copy/Save Format
@@ -127,6 +127,7 @@
 #define IDC_FIND_NEXT 101        // Search Note Set
 #define IDC_NOTE_TEXT 102        // the same: Find What
 #define IDC_SEARCH_PROGRESS 101  // Searching...
+#define IDC_STOP_PRINTING 110
 #define IDC_SPLASH_LINE 111
 
 // Pictures

@@ -36,6 +36,8 @@ static constexpr int kEnabledAtStart[] = {
     IDM_COPY_RANGE,
     IDM_FORMAT,
     IDM_SAVE_RANGE,
+    IDM_PAGE_SETUP,
+    IDM_PRINT_RANGE,
     IDM_VIEW_LIST,
     IDM_VIEW_PASSAGE,
     IDM_VIEW_NOTES,

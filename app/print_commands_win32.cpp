@@ -1,0 +1,74 @@
+#include "app/print_commands_win32.h"
+
+#include <numeric>
+
+#include "app/frame_window.h"
+#include "app/note_commands_win32.h"
+#include "notes/notes_window.h"
+#include "notes/saved_notes.h"
+#include "output/output_win32.h"
+#include "passage/passage_window.h"
+#include "print/print_range_dialog.h"
+#include "print/printing_win32.h"
+#include "scripture/scripture_win32.h"
+#include "verselist/verselist_window.h"
+#include "win32/controls.h"
+
+static std::vector<std::int32_t> VersesOf(const ParsedRange& range) {
+    std::vector<std::int32_t> verses(static_cast<std::size_t>(range.last - range.first + 1));
+    std::iota(verses.begin(), verses.end(), range.first);
+    return verses;
+}
+
+static bool CanReadNotesOfCurrentSet() {
+    return CanReadNotes(TheNoteFiles(), theNotes.sets.sets[static_cast<std::size_t>(theNotes.sets.currentSet)]);
+}
+
+static void PrintVersesOf(const ParsedRange& range, const NoteSource* notes) {
+    OwnedDc printer = AskPrinter(theFrame.window, theFrame.pageSetup);
+    if (!printer) return;
+    if (notes && !CanReadNotesOfCurrentSet())
+        return Complain(theFrame.window, kCannotOpenNotes, kPrintErrorCaption);
+    PrintDocument(theFrame.window, std::move(printer), theFrame.pageSetup.rtMargin,
+                  {"Range of Verses", theScripture, VersesOf(range), RangePrinting({}, theFormat, theReading, notes),
+                   FontRecord(theFrame.fonts.passage), FontRecord(theFrame.fonts.notes)});
+}
+
+// The set whose notes are printed is the current one as long as that takes.
+static void PrintWithNotes(const ParsedRange& range, int noteSet) {
+    const int setBefore = theNotes.sets.currentSet;
+    theNotes.sets.currentSet = noteSet;
+    SavedNotes notes{TheNoteFiles(), theNotes.sets.sets[static_cast<std::size_t>(noteSet)]};
+    const NoteSource source = SourceOf(notes);
+    PrintVersesOf(range, &source);
+    theNotes.sets.currentSet = setBefore;
+    ReadNote(theNotes.sets.currentVerse);
+    if (setBefore != noteSet) RepaintNoteMarks();  // what was uncovered meanwhile shows those of the other set
+}
+
+void ChoosePageSetup(int) {
+    if (!IsPrinting()) AskPageSetup(theFrame.window, theFrame.pageSetup);
+}
+
+void PrintRange(int) {
+    if (IsPrinting()) return;
+    const auto asked = AskRangeToPrint(theFrame.window, thePassage.view.TopVerse, NoteSetsToOffer());
+    if (!asked) return;
+    const HCURSOR before = BeginWait(theFrame.window);
+    if (asked->noteSet == kWithoutNotes) {
+        PrintVersesOf(asked->range, nullptr);
+    } else {
+        PrintWithNotes(asked->range, asked->noteSet);
+    }
+    EndWait(before);
+}
+
+void PrintVerseList(int) {
+    if (IsPrinting() || theVerseList.list.ListEntries.empty()) return;
+    OwnedDc printer = AskPrinter(theFrame.window, theFrame.pageSetup);
+    if (!printer) return;
+    const LOGFONTA font = FontRecord(theFrame.fonts.verseList);
+    PrintDocument(
+        theFrame.window, std::move(printer), theFrame.pageSetup.rtMargin,
+        {"Verse List", theScripture, theVerseList.list.ListEntries, ListPrinting({}, theReading), font, font});
+}

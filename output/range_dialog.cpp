@@ -1,0 +1,68 @@
+#include "output/range_dialog.h"
+
+#include "output/format_dialog.h"
+#include "resources/help_topics.h"
+#include "resources/ids.h"
+#include "scripture/scripture_win32.h"
+#include "win32/controls.h"
+#include "win32/dialogs.h"
+#include "win32/help_viewer.h"
+#include "win32/save_file_dialog.h"
+
+// A dialog while it is open.
+struct Question {
+    const RangeDialog& kind;
+    int currentVerse;
+    const OfferedNoteSets* noteSets;  // none: the dialog does not ask for one
+    AskedRange& answer;
+};
+
+static const Question& QuestionOf(HWND dialog) {
+    return *static_cast<const Question*>(DataOf(dialog));
+}
+
+static void FillNoteSets(HWND list, const OfferedNoteSets& sets) {
+    for (const std::string& name : sets.names)
+        SendMessageA(list, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(name.c_str()));
+    SendMessageA(list, CB_SETCURSEL, static_cast<WPARAM>(sets.current), 0);
+}
+
+static void Fill(HWND dialog) {
+    const Question& question = QuestionOf(dialog);
+    std::string start = ReferenceText(theScripture.records, question.currentVerse, question.kind.bookForm);
+    if (question.kind.asked == Asked::kRange) start += " - ";
+    FillReferenceField(dialog, IDC_RANGE, start);
+    if (question.noteSets) FillNoteSets(GetDlgItem(dialog, IDC_NOTE_SET), *question.noteSets);
+}
+
+static int ChosenNoteSet(HWND dialog) {
+    if (!IsChecked(dialog, IDC_INCLUDE_NOTES)) return kWithoutNotes;
+    return static_cast<int>(SendDlgItemMessageA(dialog, IDC_NOTE_SET, CB_GETCURSEL, 0, 0));
+}
+
+static void OnOk(HWND dialog) {
+    const Question& question = QuestionOf(dialog);
+    AskedRange& answer = question.answer;
+    answer.range = TakeReference(dialog, IDC_RANGE, question.kind.asked);
+    if (!answer.range.ok) return;
+    if (question.noteSets) answer.noteSet = ChosenNoteSet(dialog);
+    if (question.kind.asksForFile) answer.path = AskTextFileToSave(dialog, answer.range.text);
+    const bool cancelled = question.kind.asksForFile && answer.path.empty();
+    EndDialog(dialog, cancelled ? IDCANCEL : IDOK);
+}
+
+static void OnCommand(HWND dialog, int control, UINT) {
+    switch (control) {
+        case IDOK: OnOk(dialog); break;
+        case IDC_FORMAT_BUTTON: AskFormat(dialog); break;
+        case IDC_HELP_BUTTON: OpenHelpTopic(dialog, kHelpFile, QuestionOf(dialog).kind.helpTopic); break;
+    }
+}
+
+std::optional<AskedRange> AskRange(HWND frame, const RangeDialog& kind, int currentVerse,
+                                   const OfferedNoteSets* noteSets) {
+    AskedRange answer;
+    const Question question{kind, currentVerse, noteSets, answer};
+    if (RunDialog(frame, {kind.resource, Fill, OnCommand, &question}) != IDOK) return std::nullopt;
+    return answer;
+}

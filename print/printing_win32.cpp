@@ -1,0 +1,130 @@
+#include "print/printing_win32.h"
+
+#include "print/printer_win32.h"
+#include "win32/controls.h"
+#include "win32/screen.h"
+
+// The job that is under way.
+struct Printing {
+    HWND dialog = nullptr;  // "Printing..."; null: there is no job
+    bool goesOn = false;    // until the user has had enough
+};
+static Printing thePrinting;
+
+// The system's dialogs.
+
+void AskPageSetup(HWND frame, PAGESETUPDLGA& setup) {
+    PAGESETUPDLGA asked = setup;
+    asked.hwndOwner = frame;
+    asked.Flags = PSD_MARGINS;
+    const bool chosen = PageSetupDlgA(&asked);
+    if (chosen) setup = asked;
+    setup.hDevMode = asked.hDevMode;  // the system may have put others in their place all the same
+    setup.hDevNames = asked.hDevNames;
+}
+
+OwnedDc AskPrinter(HWND frame, PAGESETUPDLGA& setup) {
+    PRINTDLGA asked{};
+    asked.lStructSize = sizeof asked;
+    asked.hwndOwner = frame;
+    asked.hDevMode = setup.hDevMode;
+    asked.hDevNames = setup.hDevNames;
+    asked.nCopies = 1;
+    asked.Flags = PD_RETURNDC | PD_NOPAGENUMS | PD_NOSELECTION | PD_HIDEPRINTTOFILE | PD_USEDEVMODECOPIESANDCOLLATE;
+    const bool chosen = PrintDlgA(&asked);
+    setup.hDevMode = asked.hDevMode;
+    setup.hDevNames = asked.hDevNames;
+    OwnedDc dc(asked.hDC);
+    if (!chosen) dc.reset();
+    return dc;
+}
+
+// Stopping a job.
+
+static INT_PTR CALLBACK PrintingProcedure(HWND dialog, UINT message, WPARAM, LPARAM) {
+    if (message == WM_INITDIALOG) PlaceDialog(dialog);
+    if (message == WM_COMMAND) thePrinting.goesOn = false;
+    return message == WM_INITDIALOG || message == WM_COMMAND;
+}
+
+// Deals with all that waits for the program, the user's Cancel among it. The end of the program is left for its own
+// message loop.
+static BOOL CALLBACK AbortProcedure(HDC, int) {
+    MSG message;
+    while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
+        if (message.message == WM_QUIT) {
+            thePrinting.goesOn = false;
+            PostQuitMessage(static_cast<int>(message.wParam));
+            break;
+        }
+        if (thePrinting.dialog && IsDialogMessageA(thePrinting.dialog, &message)) continue;
+        TranslateMessage(&message);
+        DispatchMessageA(&message);
+    }
+    return thePrinting.goesOn;
+}
+
+// A system may call the abort procedure no more than once in a job, so the flow of verses asks too.
+static bool GoesOn() {
+    return AbortProcedure(nullptr, 0) != FALSE;
+}
+
+bool IsPrinting() {
+    return thePrinting.dialog != nullptr;
+}
+
+static void BeginJob(HWND frame) {
+    thePrinting.goesOn = true;
+    thePrinting.dialog = CreateDialogParamA(GetModuleHandleA(nullptr), "ABORTDLG", frame, PrintingProcedure, 0);
+    ShowWindow(thePrinting.dialog, SW_SHOW);
+    UpdateWindow(thePrinting.dialog);
+    EnableWindow(frame, FALSE);
+}
+
+// The frame comes first: the system would give the activation to another program otherwise.
+static void EndJob(HWND frame) {
+    EnableWindow(frame, TRUE);
+    DestroyWindow(thePrinting.dialog);
+    thePrinting.dialog = nullptr;
+}
+
+// The document.
+
+static void ComplainUnlessStopped(const char* problem) {
+    if (thePrinting.goesOn) Complain(thePrinting.dialog, problem, kPrintErrorCaption);
+}
+
+static const char* ProblemOf(PrintResult result) {
+    return result == PrintResult::kCannotStartPage   ? "StartPage failure"
+           : result == PrintResult::kCannotReadNotes ? kCannotOpenNotes
+                                                     : nullptr;
+}
+
+static void PrintOn(Printer& printer, const PrintedDocument& document) {
+    const HDC dc = printer.dc.get();
+    DOCINFOA info{};
+    info.cbSize = sizeof info;
+    info.lpszDocName = document.name;
+    if (StartDocA(dc, &info) <= 0) return ComplainUnlessStopped("StartDoc failure");
+    MakeFaces(printer, document.verseFont, document.noteFont);
+    const PrintResult result = PrintVerses(document.scripture, document.verses, document.options, PageOf(printer));
+    if (const char* problem = ProblemOf(result)) ComplainUnlessStopped(problem);
+    const bool ended = EndDoc(dc) > 0;
+    if (!ended && result == PrintResult::kPrinted) ComplainUnlessStopped("EndDoc failure");
+}
+
+static PageMargins MarginsOf(const RECT& margins) {
+    return {static_cast<int>(margins.left), static_cast<int>(margins.top), static_cast<int>(margins.right),
+            static_cast<int>(margins.bottom)};
+}
+
+void PrintDocument(HWND frame, OwnedDc dc, const RECT& margins, PrintedDocument document) {
+    Printer printer;
+    printer.dc = std::move(dc);
+    printer.goesOn = GoesOn;
+    document.options.box = PageBoxFor(ResolutionOf(printer.dc.get()), MarginsOf(margins));
+    SetAbortProc(printer.dc.get(), AbortProcedure);
+    BeginJob(frame);
+    PrintOn(printer, document);
+    EndJob(frame);
+}

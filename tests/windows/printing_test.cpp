@@ -1,0 +1,298 @@
+// On paper: Page Setup, Print Range, Print Verse List, and what can fail.
+
+#include <windows.h>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "resources/ids.h"
+#include "tests/windows/dialog_look.h"
+#include "tests/windows/note_set_files.h"
+#include "tests/windows/passage_pane.h"
+#include "tests/windows/real_scripture.h"
+#include "tests/windows/search_steps.h"
+#include "tests/windows/test_printer.h"
+
+using testing::AllOf;
+using testing::Contains;
+using testing::ElementsAre;
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::Not;
+using testing::StartsWith;
+
+static HWND OpenPrintRange(const Program& program) {
+    Command(program, IDM_PRINT_RANGE);
+    return WaitForDialog(program, "Print Range");
+}
+
+static void AskForRange(const Program& program, const char* range) {
+    SetDlgItemTextA(OpenPrintRange(program), IDC_RANGE, range);
+    Press(program, "Enter");
+}
+
+// The pages of a range, each as its words.
+static std::vector<std::string> PagesOfRange(const Program& program, const char* range) {
+    std::filesystem::remove(program.folder.path / "pages.txt");
+    AskForRange(program, range);
+    AcceptPrinter(program);
+    return PrintedPages(program);
+}
+
+// A verse as it is printed, brackets and all.
+static std::string Verse(const std::string& label, std::string_view reference) {
+    return label + " " + WithBlankAfterMark(TextAt(reference));
+}
+
+static bool IsReady(const Program& program) {
+    return IsWindowEnabled(program.frame) && !HasDialog(program);
+}
+
+// ---- The dialogs ----------------------------------------------------------------------------------------------------
+
+TEST(PrintRange, HasItsControls) {
+    const ScratchFolder folder = FolderWithScripture();
+    WriteNoteSet(folder, "Sermons.old");
+    WriteNoteSet(folder, "Study");
+    WriteSetting(folder, "MISC", "Note", "1");
+    Program program = StartProgram(folder);
+    const std::vector<std::string> sets = TabLabels(program, Child(program.frame, {IDC_NOTE_TABS}));
+    GoTo(program, "Joh 3:16");
+    const HWND dialog = OpenPrintRange(program);
+    const DialogLook look = {
+        "Print Range",
+        {{IDC_RANGE, "Edit", "John 3:16 - "},
+         {IDC_INCLUDE_NOTES, "Button", "&Include notes:"},
+         {IDC_NOTE_SET, "ComboBox", sets[1]},
+         {IDOK, "Button", "OK"},
+         {IDCANCEL, "Button", "Cancel"},
+         {IDC_FORMAT_BUTTON, "Button", "&Format..."},
+         {IDC_HELP_BUTTON, "Button", "&Help"}},
+        {"&Range:", "from &set"},
+        {IDC_RANGE, IDC_INCLUDE_NOTES, IDC_NOTE_SET, IDOK, IDCANCEL, IDC_FORMAT_BUTTON, IDC_HELP_BUTTON},
+        {}};
+    ExpectLook(program, dialog, look, "dialog-print-range");
+    EXPECT_EQ(ComboStrings(Child(dialog, {IDC_NOTE_SET})), sets);
+    EXPECT_FALSE(IsChecked(dialog, IDC_INCLUDE_NOTES));
+    EXPECT_EQ(SendDlgItemMessageA(dialog, IDC_RANGE, EM_GETLIMITTEXT, 0, 0), 99);
+    ExpectMissingHelp(program, dialog);
+    Press(program, "Alt+f");
+    WaitForDialog(program, "Copy/Save Format");
+    Press(program, "Esc");
+    SetDlgItemTextA(dialog, IDC_RANGE, "Xyz 3");
+    Press(program, "Enter");
+    ExpectComplaint(program, "Error", "Unrecognized Refrence");
+    EXPECT_EQ(FocusOf(program), Child(dialog, {IDC_RANGE}));
+    Press(program, "Esc");
+    WaitForNoDialog(program);
+}
+
+TEST(Printing, WithoutAPrinterIsLeftToTheSystemsWords) {
+    Program program = StartProgram(FolderWithScripture());
+    EXPECT_FALSE(HasDialog(program));
+    SearchFor(program, {.text = "Melchizedek"});
+    for (const int command : {IDM_PAGE_SETUP, IDM_PRINT_RANGE, IDM_PRINT_VERSE_LIST}) {
+        EXPECT_FALSE(IsGreyed(program, command));
+        if (command == IDM_PRINT_RANGE) {
+            AskForRange(program, "Jude");
+        } else {
+            Command(program, command);
+        }
+        WaitUntil(program, "the system to say something", [&] { return HasDialog(program); });
+        EXPECT_THAT(MessageText(ActiveWindowOf(program)), HasSubstr("printer")) << command;
+        Press(program, "Enter");
+        WaitForNoDialog(program);
+        EXPECT_TRUE(IsReady(program));
+    }
+}
+
+TEST(Printing, IsGivenUpByCancelInTheSystemsDialog) {
+    const ScratchFolder folder = FolderWithScripture();
+    const TestPrinter printer(folder, PortToPages(folder));
+    Program program = StartProgram(folder);
+    EXPECT_FALSE(HasDialog(program));
+    const HWND before = FocusOf(program);
+    AskForRange(program, "Jude");
+    const HWND dialog = WaitForDialog(program, "Print");
+    SavePicture(PictureOfWindow(dialog), "dialog-print");
+    Press(program, "Esc");
+    WaitForNoDialog(program);
+    EXPECT_TRUE(IsReady(program));
+    EXPECT_EQ(FocusOf(program), before);
+    EXPECT_FALSE(HasFile(folder, "pages.txt"));
+}
+
+// ---- What is printed ------------------------------------------------------------------------------------------------
+
+TEST(PrintRange, PrintsLabelsAndWordsInTheirOrder) {
+    const ScratchFolder folder = FolderWithScripture();
+    const TestPrinter printer(folder, PortToPages(folder));
+    Program program = StartProgram(folder);
+    const std::string first = Verse("Genesis 50:25", "Ge 50:25"), second = Verse("50:26", "Ge 50:26");
+    const std::string third = Verse("Exodus 1:1", "Ex 1:1"), last = Verse("1:2", "Ex 1:2");
+    const std::string all = first + " " + second + " " + third + " " + last;
+    EXPECT_THAT(PagesOfRange(program, "Ge 50:25 - Ex 1:2"), ElementsAre(all));
+    EXPECT_EQ(PagesOfRange(program, "Ge 1:2"), std::vector{Verse("Genesis 1:2", "Ge 1:2")}) << "brackets round italics";
+    Command(program, IDM_ITALIC_NORMAL);
+    EXPECT_EQ(PagesOfRange(program, "Ge 1:2"), std::vector{WithoutBrackets(Verse("Genesis 1:2", "Ge 1:2"))});
+    EXPECT_TRUE(IsReady(program));
+}
+
+TEST(PrintRange, GoesOnAcrossPages) {
+    const ScratchFolder folder = FolderWithScripture();
+    const TestPrinter printer(folder, PortToPages(folder));
+    Program program = StartProgram(folder);
+    const std::vector<std::string> pages = PagesOfRange(program, "Jude - Re 3");
+    ASSERT_GT(pages.size(), 2u);
+    EXPECT_THAT(pages.front(), StartsWith(Verse("Jude 1:1", "Jude 1:1")));
+    EXPECT_THAT(pages.back(), EndsWith(Verse("3:22", "Re 3:22")));
+    std::string all;
+    for (const std::string& page : pages) all += (all.empty() ? "" : " ") + page;
+    EXPECT_THAT(all, HasSubstr(Verse("1:25", "Jude 1:25") + " " + Verse("Revelation 1:1", "Re 1:1")));
+    for (const PrintedWord& word : PrintedWords(program)) {
+        // An inch more than what cannot be printed on, of a paper of 612 by 792 points.
+        EXPECT_TRUE(word.left > 89.5 && word.right < 522.5 && word.top > 107.5 && word.bottom < 684.5) << word.text;
+    }
+}
+
+TEST(PrintVerseList, PrintsEachVerseInALineOfItsOwn) {
+    const ScratchFolder folder = FolderWithScripture();
+    WriteSetting(folder, "FORMAT", "SubsequentVerseStyle", "2");
+    WriteSetting(folder, "FORMAT", "LineBreaks", "0");
+    const TestPrinter printer(folder, PortToPages(folder));
+    Program program = StartProgram(folder);
+    SearchFor(program, {.text = "Melchizedek"});
+    Command(program, IDM_PRINT_VERSE_LIST);
+    AcceptPrinter(program);
+    EXPECT_THAT(PrintedPages(program),
+                ElementsAre(Verse("Genesis 14:18", "Ge 14:18") + " " + Verse("Psalms 110:4", "Ps 110:4")));
+    std::vector<std::string> atTheMargin;
+    for (const PrintedWord& word : PrintedWords(program))
+        if (word.left < 90.5) atTheMargin.push_back(word.text);
+    EXPECT_THAT(atTheMargin, AllOf(Contains("Genesis"), Contains("Psalms")));
+}
+
+// ---- Notes ----------------------------------------------------------------------------------------------------------
+
+TEST(PrintRange, PrintsTheNotesOfTheChosenSet) {
+    const ScratchFolder folder = FolderWithScripture();
+    std::string run;
+    while (run.size() < 250) run += "filthilyjust";
+    run.resize(250);
+    WriteSetting(folder, "OPTIONS", "NoteFontHeight", "10");  // a hundred letters fit on the paper
+    WriteNoteSet(folder, "Mine", {{0, "my own"}, {1, "mine too"}});
+    WriteNoteSet(folder, "Other", {{0, "See also\r\nJohn one"}, {1, run}});
+    const TestPrinter printer(folder, PortToPages(folder));
+    Program program = StartProgram(folder);
+    const HWND tabs = Child(program.frame, {IDC_NOTE_TABS});
+    const std::string noteBefore = TextOf(NoteViewOf(program));
+    const HWND dialog = OpenPrintRange(program);
+    ASSERT_THAT(ComboStrings(Child(dialog, {IDC_NOTE_SET})), ElementsAre("Mine", "Other"));
+    SetDlgItemTextA(dialog, IDC_RANGE, "Ge 1:1 - 1:2");
+    SendDlgItemMessageA(dialog, IDC_INCLUDE_NOTES, BM_CLICK, 0, 0);
+    SendDlgItemMessageA(dialog, IDC_NOTE_SET, CB_SETCURSEL, 1, 0);
+    Press(program, "Enter");
+    AcceptPrinter(program);
+    EXPECT_THAT(PrintedPages(program),
+                ElementsAre(Verse("Genesis 1:1", "Ge 1:1") + " See also John one " + Verse("1:2", "Ge 1:2") + " " +
+                            run.substr(0, 100) + " " + run.substr(100, 100) + " " + run.substr(200)));
+    EXPECT_EQ(TextOf(NoteViewOf(program)), noteBefore);
+    EXPECT_EQ(SelectedTab(tabs), 0);
+    EXPECT_THAT(PagesOfRange(program, "Ge 1:1"), ElementsAre(Verse("Genesis 1:1", "Ge 1:1"))) << "not wanted";
+}
+
+TEST(PrintRange, SaysThatNotesCannotBeOpened) {
+    const ScratchFolder folder = FolderWithScripture();
+    WriteNoteSet(folder, "Mine", {{0, "my own"}});
+    const TestPrinter printer(folder, PortToPages(folder));
+    Program program = StartProgram(folder);
+    const HWND dialog = OpenPrintRange(program);
+    SetDlgItemTextA(dialog, IDC_RANGE, "Ge 1:1");
+    SendDlgItemMessageA(dialog, IDC_INCLUDE_NOTES, BM_CLICK, 0, 0);
+    const UniqueHandle held(
+        CreateFileA((folder.path / "Mine.nmd").string().c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr));
+    ASSERT_NE(held.get(), INVALID_HANDLE_VALUE);
+    Press(program, "Enter");
+    WaitForDialog(program, "Print");
+    Press(program, "Enter");
+    ExpectComplaint(program, "Print Error", "Could not open notes file");
+}
+
+// ---- Margins and paper ----------------------------------------------------------------------------------------------
+
+// Gives the page set-up margins, in inches as they are typed, and a paper.
+static void SetUpPage(const Program& program, const char* margin, const char* paper, const char* picture) {
+    static constexpr int kPaper = 1137, kFirstMargin = 1155, kLastMargin = 1158;
+    Command(program, IDM_PAGE_SETUP);
+    const HWND dialog = WaitForDialog(program, "Setup Page");
+    const HWND papers = Child(dialog, {kPaper});
+    SendMessageA(papers, CB_SELECTSTRING, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(paper));
+    SendMessageA(dialog, WM_COMMAND, MAKEWPARAM(kPaper, CBN_SELCHANGE), reinterpret_cast<LPARAM>(papers));
+    for (int field = kFirstMargin; field <= kLastMargin; ++field) SetDlgItemTextA(dialog, field, margin);
+    Settle(program);
+    SavePicture(PictureOfWindow(dialog), picture);
+    Press(program, "Enter");
+    WaitForNoDialog(program);
+}
+
+TEST(PageSetup, MarginsCountInWholeInches) {
+    const ScratchFolder folder = FolderWithScripture();
+    const TestPrinter printer(folder, PortToPages(folder));
+    Program program = StartProgram(folder);
+    const struct {
+        const char* margin;
+        double left, top;
+    } rows[] = {{"1.9", 90, 108}, {"2", 162, 180}, {"0.5", 18, 36}};
+    for (const auto& [margin, left, top] : rows) {
+        SetUpPage(program, margin, "Letter", "dialog-page-setup");
+        PagesOfRange(program, "Ge 1:1");
+        const PrintedWord word = PrintedWords(program).at(0);
+        EXPECT_EQ(word.text, "Genesis");
+        // The label begins with a blank, a quarter of twelve points wide; letters begin a little below their line.
+        EXPECT_NEAR(word.left, left + 3, 0.5) << margin;
+        EXPECT_NEAR(word.top, top, 6) << margin;
+    }
+    SetUpPage(program, "1", "A4", "dialog-page-setup-a4");
+    PagesOfRange(program, "Ge 1:1");
+    EXPECT_THAT(ReadFile(folder, "pages.html"), HasSubstr("<page width=\"595"));
+}
+
+// ---- Stopping and failing -------------------------------------------------------------------------------------------
+
+static int CountPages(const ScratchFolder& folder) {
+    const std::string text = ReadFile(folder, "pages.ps");
+    int pages = 0;
+    for (std::size_t at = text.find("%%Page:"); at != std::string::npos; at = text.find("%%Page:", at + 1)) ++pages;
+    return pages;
+}
+
+TEST(Printing, StopsAtCancel) {
+    const ScratchFolder folder = FolderWithScripture();
+    const TestPrinter printer(folder, PortToPostScript(folder));
+    Program program = StartProgram(folder);
+    AskForRange(program, "Ge - Re");
+    WaitForDialog(program, "Print");
+    Press(program, "Enter");
+    const HWND dialog = WaitForDialog(program, "Printing...");
+    SavePicture(PictureOfWindow(dialog), "dialog-printing");
+    EXPECT_FALSE(IsWindowEnabled(program.frame));
+    Click(program, Child(dialog, {IDC_STOP_PRINTING}));
+    WaitForNoDialog(program);
+    EXPECT_TRUE(IsReady(program));
+    EXPECT_EQ(ActiveWindowOf(program), program.frame);
+    EXPECT_LT(CountPages(folder), 500);
+}
+
+TEST(Printing, SaysThatItFailed) {
+    const ScratchFolder folder = FolderWithScripture();
+    const TestPrinter printer(folder, kFailingPort);
+    Program program = StartProgram(folder);
+    AskForRange(program, "Jude");
+    WaitForDialog(program, "Print");
+    Press(program, "Enter");
+    ExpectComplaint(program, "Print Error", "EndDoc failure");
+    WaitForNoDialog(program);
+    EXPECT_TRUE(IsReady(program));
+}

@@ -1,0 +1,164 @@
+#include "tests/windows/test_printer.h"
+
+#include <fstream>
+#include <sstream>
+#include <stdexcept>
+
+#include <windows.h>
+
+#include <winspool.h>
+
+static constexpr char kPrinterName[] = "Test Printer";
+
+// What the system's PostScript driver needs to know of a printer.
+static constexpr char kDescription[] = R"PPD(*PPD-Adobe: "4.3"
+*FormatVersion: "4.3"
+*FileVersion: "1.0"
+*LanguageVersion: English
+*LanguageEncoding: ISOLatin1
+*PCFileName: "TEST.PPD"
+*Manufacturer: "Test"
+*Product: "(Test)"
+*ModelName: "Test Printer"
+*ShortNickName: "Test Printer"
+*NickName: "Test Printer"
+*PSVersion: "(3010.000) 0"
+*LanguageLevel: "2"
+*ColorDevice: False
+*DefaultColorSpace: Gray
+*FileSystem: False
+*TTRasterizer: Type42
+*FreeVM: "8388608"
+*DefaultResolution: 600dpi
+*OpenUI *PageSize: PickOne
+*OrderDependency: 10 AnySetup *PageSize
+*DefaultPageSize: Letter
+*PageSize Letter/Letter: "<</PageSize[612 792]/ImagingBBox null>>setpagedevice"
+*PageSize A4/A4: "<</PageSize[595 842]/ImagingBBox null>>setpagedevice"
+*CloseUI: *PageSize
+*OpenUI *PageRegion: PickOne
+*OrderDependency: 10 AnySetup *PageRegion
+*DefaultPageRegion: Letter
+*PageRegion Letter/Letter: "<</PageSize[612 792]/ImagingBBox null>>setpagedevice"
+*PageRegion A4/A4: "<</PageSize[595 842]/ImagingBBox null>>setpagedevice"
+*CloseUI: *PageRegion
+*DefaultImageableArea: Letter
+*ImageableArea Letter/Letter: "18 36 594 756"
+*ImageableArea A4/A4: "18 36 577 806"
+*DefaultPaperDimension: Letter
+*PaperDimension Letter/Letter: "612 792"
+*PaperDimension A4/A4: "595 842"
+*DefaultFont: Courier
+*Font Courier: Standard "(002.004S)" Standard ROM
+)PPD";
+
+static void Expect(bool done, const char* what) {
+    if (!done) Fail(nullptr, std::string(what) + ", error " + std::to_string(GetLastError()));
+}
+
+static char* Text(const char* text) {
+    return const_cast<char*>(text);  // the system's records have no other
+}
+
+static void AddDriver(const ScratchFolder& folder) {
+    WriteFile(folder, "printer.ppd", kDescription);
+    const std::string description = (folder.path / "printer.ppd").string();
+    DRIVER_INFO_3A driver{};
+    driver.cVersion = 3;
+    driver.pName = Text(kPrinterName);
+    driver.pDriverPath = Text("wineps.drv");
+    driver.pDataFile = Text(description.c_str());
+    driver.pConfigFile = Text("wineps.drv");
+    driver.pDefaultDataType = Text("RAW");
+    Expect(
+        AddPrinterDriverExA(nullptr, 3, reinterpret_cast<BYTE*>(&driver), APD_COPY_NEW_FILES | APD_COPY_FROM_DIRECTORY),
+        "no printer driver");
+}
+
+TestPrinter::TestPrinter(const ScratchFolder& where, const std::string& port) : folder(where) {
+    AddDriver(folder);
+    PRINTER_INFO_2A printer{};
+    printer.pPrinterName = Text(kPrinterName);
+    printer.pPortName = Text(port.c_str());
+    printer.pDriverName = Text(kPrinterName);
+    printer.pPrintProcessor = Text("WinPrint");
+    printer.pDatatype = Text("RAW");
+    const HANDLE added = AddPrinterA(nullptr, 2, reinterpret_cast<BYTE*>(&printer));
+    Expect(added != nullptr, "no printer");
+    ClosePrinter(added);
+    Expect(SetDefaultPrinterA(kPrinterName), "no default printer");
+}
+
+TestPrinter::~TestPrinter() {
+    HANDLE printer = nullptr;
+    if (OpenPrinterA(Text(kPrinterName), &printer, nullptr)) {
+        DeletePrinter(printer);
+        ClosePrinter(printer);
+    }
+    WriteProfileStringA("windows", "device", nullptr);
+}
+
+// ---- Ports ----------------------------------------------------------------------------------------------------------
+
+// The host's name of a file.
+static std::string HostPath(const std::filesystem::path& path) {
+    using UnixFileName = char*(CDECL*)(const wchar_t*);
+    const auto unixFileName = reinterpret_cast<UnixFileName>(
+        reinterpret_cast<void*>(GetProcAddress(GetModuleHandleA("kernel32.dll"), "wine_get_unix_file_name")));
+    Expect(unixFileName != nullptr, "the tests of printing need Wine");
+    char* name = unixFileName(path.c_str());
+    const std::string host = name != nullptr ? name : "";
+    HeapFree(GetProcessHeap(), 0, name);
+    return host;
+}
+
+std::string PortToPages(const ScratchFolder& folder) {
+    return "|" + HostPath(Surroundings().pageReader) + " " + HostPath(folder.path);
+}
+
+std::string PortToPostScript(const ScratchFolder& folder) {
+    return (folder.path / "pages.ps").string();
+}
+
+// ---- What came out --------------------------------------------------------------------------------------------------
+
+static std::string WithSingleBlanks(const std::string& text) {
+    std::istringstream words(text);
+    std::string line;
+    for (std::string word; words >> word;) line += (line.empty() ? "" : " ") + word;
+    return line;
+}
+
+std::vector<std::string> PrintedPages(const Program& program) {
+    WaitUntil(program, "the printed pages", [&] { return HasFile(program.folder, "pages.txt"); });
+    const std::string text = ReadFile(program.folder, "pages.txt");
+    std::vector<std::string> pages;
+    for (std::size_t start = 0; start < text.size();) {
+        const std::size_t end = std::min(text.find('\f', start), text.size());
+        pages.push_back(WithSingleBlanks(text.substr(start, end - start)));
+        start = end + 1;
+    }
+    return pages;
+}
+
+std::vector<PrintedWord> PrintedWords(const Program& program) {
+    PrintedPages(program);
+    std::istringstream lines(ReadFile(program.folder, "pages.html"));
+    std::vector<PrintedWord> words;
+    for (std::string line; std::getline(lines, line);) {
+        PrintedWord word;
+        char text[200];
+        if (std::sscanf(line.c_str(), " <word xMin=\"%lf\" yMin=\"%lf\" xMax=\"%lf\" yMax=\"%lf\">%199[^<]", &word.left,
+                        &word.top, &word.right, &word.bottom, text) != 5)
+            continue;
+        word.text = text;
+        words.push_back(word);
+    }
+    return words;
+}
+
+void AcceptPrinter(const Program& program) {
+    WaitForDialog(program, "Print");
+    Press(program, "Enter");
+    WaitForNoDialog(program);
+}
