@@ -88,10 +88,14 @@ TEST(NoteSearch, GoesFromMatchToMatchAndBeginsAnew) {
                                               "Genesis 1:4 [GRACE] at 21", "Revelation 22:21 [Grace] at 0"};
     OpenSearch(program);
     Type(program, "grace");
+    std::vector<Picture> pictures;
     for (const char* place : kPlaces) {
         Press(program, "Alt+n");
         EXPECT_EQ(Shown(program), place);
+        pictures.push_back(PictureOfWindow(NoteViewOf(program)));
     }
+    const RECT selections = DifferingArea(pictures[0], pictures[1]);
+    EXPECT_FALSE(IsRectEmpty(&selections)) << "a match is to be seen while the dialog has the focus";
     for (int times = 0; times < 2; ++times) {  // it goes on behind the note that is shown, again
         Press(program, "Alt+n");
         const HWND box = WaitForDialog(program, "Search Notes");
