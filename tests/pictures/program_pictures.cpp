@@ -55,6 +55,7 @@ static constexpr DialogPicture kDialogs[] = {
     {IDM_COPY_VERSE, "Copy Verse", "ID_Edit_CopyVerse"},
     {IDM_COPY_RANGE, "Copy Range", "ID_Edit_CopyRange"},
     {IDM_SAVE_RANGE, "Save Range", "ID_File_SaveRange"},
+    {IDM_PRINT_RANGE, "Print Range", "ID_File_PrintRange"},
     {IDM_FORMAT, "Copy/Save Format", "ID_Edit_Format"},
     {IDM_GOTO_NOTE, "Go to Note for Verse", "ID_Notes_GotoVerse"},
     {IDM_SEARCH_NOTES, "Search Note Set My Notes", "ID_Search_Notes"},
