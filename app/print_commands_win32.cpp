@@ -27,8 +27,7 @@ static bool CanReadNotesOfCurrentSet() {
 static void PrintVersesOf(const ParsedRange& range, const NoteSource* notes) {
     OwnedDc printer = AskPrinter(theFrame.window, theFrame.pageSetup);
     if (!printer) return;
-    if (notes && !CanReadNotesOfCurrentSet())
-        return Complain(theFrame.window, kCannotOpenNotes, kPrintErrorCaption);
+    if (notes && !CanReadNotesOfCurrentSet()) return Complain(theFrame.window, kCannotOpenNotes, kPrintErrorCaption);
     PrintDocument(theFrame.window, std::move(printer), theFrame.pageSetup.rtMargin,
                   {"Range of Verses", theScripture, VersesOf(range), RangePrinting({}, theFormat, theReading, notes),
                    FontRecord(theFrame.fonts.passage), FontRecord(theFrame.fonts.notes)});

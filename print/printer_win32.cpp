@@ -49,25 +49,37 @@ static int HeightOf(void* device, PrintFace face) {
     return FaceOf(PrinterOf(device), face).height;
 }
 
-static void SendRun(Printer& printer) {
-    if (printer.run.empty()) return;
-    const HDC dc = printer.dc.get();
-    SelectObject(dc, FaceOf(printer, printer.runFace).font.get());
-    TextOutA(dc, printer.runX, printer.runY, printer.run.data(), static_cast<int>(printer.run.size()));
-    printer.run.clear();
+// Each letter stands where the sum of the widths before it says; a driver that is not told would measure every one.
+static void SendRun(Printer& printer, const PrinterRun& run) {
+    const LetterWidths& letters = FaceOf(printer, run.face).letters;
+    printer.advances.clear();
+    for (const char letter : run.text) printer.advances.push_back(letters.widths[static_cast<unsigned char>(letter)]);
+    ExtTextOutA(printer.dc.get(), run.x, run.y, 0, nullptr, run.text.data(), static_cast<UINT>(run.text.size()),
+                letters.addUp ? printer.advances.data() : nullptr);
+}
+
+static void SendPage(Printer& printer) {
+    for (int face = 0; face < kPrintFaceCount; ++face) {
+        SelectObject(printer.dc.get(), FaceOf(printer, static_cast<PrintFace>(face)).font.get());
+        for (const PrinterRun& run : printer.runs) {
+            if (run.face == static_cast<PrintFace>(face)) SendRun(printer, run);
+        }
+    }
+    printer.runs.clear();
+}
+
+static bool GoesOnWith(const PrinterRun& run, PrintFace face, int x, int y) {
+    return face == run.face && y == run.y && x == run.end;
 }
 
 static void Draw(void* device, PrintFace face, int x, int y, int width, std::string_view text) {
     Printer& printer = PrinterOf(device);
-    const bool goesOn = face == printer.runFace && y == printer.runY && x == printer.runEnd;
-    if (!goesOn || !FaceOf(printer, face).letters.addUp) {
-        SendRun(printer);
-        printer.runFace = face;
-        printer.runX = x;
-        printer.runY = y;
-    }
-    printer.run += text;
-    printer.runEnd = x + width;
+    const bool asOne = FaceOf(printer, face).letters.addUp;
+    if (!asOne || printer.runs.empty() || !GoesOnWith(printer.runs.back(), face, x, y))
+        printer.runs.push_back({face, x, y, x, {}});
+    PrinterRun& run = printer.runs.back();
+    run.text += text;
+    run.end = x + width;
 }
 
 // A printer may forget at each page what was chosen on the one before.
@@ -80,7 +92,7 @@ static bool Begin(void* device) {
 
 static bool End(void* device) {
     Printer& printer = PrinterOf(device);
-    SendRun(printer);
+    SendPage(printer);
     return EndPage(printer.dc.get()) > 0;
 }
 

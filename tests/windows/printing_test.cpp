@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <psapi.h>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -266,6 +268,37 @@ static int CountPages(const ScratchFolder& folder) {
     int pages = 0;
     for (std::size_t at = text.find("%%Page:"); at != std::string::npos; at = text.find("%%Page:", at + 1)) ++pages;
     return pages;
+}
+
+static std::size_t MemoryOf(const Program& program) {
+    PROCESS_MEMORY_COUNTERS counters{};
+    counters.cb = sizeof counters;
+    EXPECT_TRUE(GetProcessMemoryInfo(program.process.get(), &counters, sizeof counters));
+    return counters.PagefileUsage;
+}
+
+// Under Wine the driver writes letter by letter into a file: the whole Bible would keep the other tests waiting.
+TEST(Printing, NeedsNoMoreMemoryForMorePages) {
+    static constexpr std::chrono::seconds kLongJob{120};
+    static constexpr std::size_t kRoom = 1 << 20;
+    const ScratchFolder folder = FolderWithScripture();
+    const TestPrinter printer(folder, PortToPostScript(folder));
+    Program program = StartProgram(folder);
+    AskForRange(program, "Jos - Ru");
+    WaitForDialog(program, "Print");
+    Press(program, "Enter");
+    WaitForDialog(program, "Printing...");
+    const std::size_t atFirst = MemoryOf(program);
+    std::size_t most = 0;
+    WaitUntil(
+        program, "the end of the job",
+        [&] {
+            most = std::max(most, MemoryOf(program));
+            return !HasDialog(program);
+        },
+        kLongJob);
+    EXPECT_LT(most, atFirst + kRoom);
+    EXPECT_GT(CountPages(folder), 20);
 }
 
 TEST(Printing, StopsAtCancel) {
