@@ -45,6 +45,15 @@ if(TARGET gtest)
   vw_build_fast(gtest gtest_main gmock gmock_main)
 endif()
 
+# GoogleTest's headers take longer to read than most tests: the native test programs share them, read once.
+if(NOT WIN32)
+  file(CONFIGURE OUTPUT ${CMAKE_BINARY_DIR}/test_headers.cpp CONTENT "")
+  add_library(vw_test_headers OBJECT ${CMAKE_BINARY_DIR}/test_headers.cpp)
+  target_link_libraries(vw_test_headers PRIVATE vw_options GTest::gmock)
+  target_precompile_headers(vw_test_headers PRIVATE <gmock/gmock.h> <gtest/gtest.h>)
+  vw_build_fast(vw_test_headers)
+endif()
+
 # vw_core(<folder> SOURCES ... [USES <folder>...]): the core of a folder, which builds anywhere.
 function(vw_core folder)
   cmake_parse_arguments(PARSE_ARGV 1 core "" "" "SOURCES;USES")
@@ -72,5 +81,6 @@ function(vw_test name)
   target_compile_definitions(${name} PRIVATE VERSEWELL_DATA_DIR="${VERSEWELL_DATA_DIR}"
                                              VERSEWELL_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
   vw_build_fast(${name})
+  target_precompile_headers(${name} REUSE_FROM vw_test_headers)
   gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST PROPERTIES LABELS "${test_LABEL}")
 endfunction()
