@@ -96,8 +96,8 @@ TEST(BuiltText, SetsItsStopsAndBracketsAsPrinted) {
 
 static int ParenthesesOpenAfter(const Verse& verse, int open) {
     for (const char letter : verse.text) {
-        if (letter == '(') ++open;
-        if (letter == ')') --open;
+        if (letter != '(' && letter != ')') continue;
+        open += letter == '(' ? 1 : -1;
         EXPECT_THAT(open, AllOf(Ge(0), Le(1))) << ReferenceOf(verse);
     }
     return open;
