@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "resources/ids.h"
+#include "tests/windows/note_set_files.h"
 
 using testing::ElementsAre;
 
@@ -36,6 +37,28 @@ void ExpectLook(const Program& program, HWND dialog, const DialogLook& look, con
     EXPECT_EQ(LOWORD(SendMessageA(dialog, DM_GETDEFID, 0, 0)), IDOK);
     SavePicture(PictureOfWindow(dialog), picture);
     EXPECT_EQ(TabOrder(program, dialog), look.tabOrder);
+}
+
+void ExpectRangeWithNotesLook(const Program& program, HWND dialog, const std::string& title, const std::string& range,
+                              const std::string& picture) {
+    const std::vector<std::string> sets = NoteSetNames(program);
+    const int current = SelectedTab(Child(program.frame, {IDC_NOTE_TABS}));
+    const DialogLook look = {
+        title,
+        {{IDC_RANGE, "Edit", range},
+         {IDC_INCLUDE_NOTES, "Button", "&Include notes:"},
+         {IDC_NOTE_SET, "ComboBox", sets[static_cast<std::size_t>(current)]},
+         {IDOK, "Button", "OK"},
+         {IDCANCEL, "Button", "Cancel"},
+         {IDC_FORMAT_BUTTON, "Button", "&Format..."},
+         {IDC_HELP_BUTTON, "Button", "&Help"}},
+        {"&Range:", "from &set"},
+        {IDC_RANGE, IDC_INCLUDE_NOTES, IDC_NOTE_SET, IDOK, IDCANCEL, IDC_FORMAT_BUTTON, IDC_HELP_BUTTON},
+        {}};
+    ExpectLook(program, dialog, look, picture);
+    EXPECT_EQ(ComboStrings(Child(dialog, {IDC_NOTE_SET})), sets);
+    EXPECT_FALSE(IsChecked(dialog, IDC_INCLUDE_NOTES));
+    EXPECT_EQ(SendDlgItemMessageA(dialog, IDC_RANGE, EM_GETLIMITTEXT, 0, 0), 99);
 }
 
 static int FocusedControl(const Program& program, HWND dialog) {

@@ -30,6 +30,11 @@ struct DialogLook {
 // picture as `picture`. The focus ends where it began.
 void ExpectLook(const Program& program, HWND dialog, const DialogLook& look, const std::string& picture);
 
+// Expects the dialog for a range with notes to look as it should: `range` in its field, the note sets to choose from
+// with the current one chosen, nothing checked, and the field as long as a reference may be.
+void ExpectRangeWithNotesLook(const Program& program, HWND dialog, const std::string& title, const std::string& range,
+                              const std::string& picture);
+
 // Expects each access key to bring the focus where it leads; what the key presses on the way is pressed.
 void ExpectAccessKeys(const Program& program, HWND dialog, const std::vector<AccessKey>& keys);
 

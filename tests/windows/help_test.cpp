@@ -7,6 +7,7 @@
 
 #include "resources/ids.h"
 #include "tests/windows/help_viewers.h"
+#include "tests/windows/helped_dialogs.h"
 #include "tests/windows/note_steps.h"
 
 using testing::ElementsAre;
@@ -25,32 +26,9 @@ static HelpRequest Farewell() {
     return {HELP_QUIT, "quill97.hlp", ""};
 }
 
-struct HelpButtonRow {
-    int command;
-    const char* dialog;
-    const char* topic;
-};
-
-static constexpr HelpButtonRow kHelpButtons[] = {
-    {IDM_WORD_SEARCH, "Word Search", "ID_Search_Word"},
-    {IDM_WORD_LIST_SEARCH, "Word Search", "ID_Search_WordList"},
-    {IDM_PHRASE_SEARCH, "Phrase Search", "ID_Search_Phrase"},
-    {IDM_SET_RANGE, "Set Search Range", "ID_Search_SetRange"},
-    {IDM_GOTO_VERSE, "Go To Verse", "ID_Read_GoToVerse"},
-    {IDM_COPY_VERSE, "Copy Verse", "ID_Edit_CopyVerse"},
-    {IDM_COPY_RANGE, "Copy Range", "ID_Edit_CopyRange"},
-    {IDM_SAVE_RANGE, "Save Range", "ID_File_SaveRange"},
-    {IDM_PRINT_RANGE, "Print Range", "ID_File_PrintRange"},
-    {IDM_FORMAT, "Copy/Save Format", "ID_Edit_Format"},
-    {IDM_GOTO_NOTE, "Go to Note for Verse", "ID_Notes_GotoVerse"},
-    {IDM_SEARCH_NOTES, "Search Note Set My Notes", "ID_Search_Notes"},
-    {IDM_CREATE_NOTE_SET, "Create New Note Set", "ID_Notes_Create"},
-    {IDM_RENAME_NOTE_SET, "Change name of note set My Notes", "ID_Notes_Create"},
-};
-
-static void AskIn(const Program& program, const HelpButtonRow& row, std::initializer_list<const char*> keys) {
+static void AskIn(const Program& program, const HelpedDialog& row, std::initializer_list<const char*> keys) {
     Command(program, row.command);
-    const HWND dialog = WaitForDialog(program, row.dialog);
+    const HWND dialog = WaitForDialog(program, row.title);
     for (const char* key : keys) Press(program, key);
     EXPECT_TRUE(IsWindow(dialog)) << row.topic;
     Press(program, "Esc");
@@ -66,7 +44,7 @@ TEST(HelpRequests, ComeFromEveryButtonAndCommandAndEndWithTheProgram) {
     EXPECT_THAT(TakeRequests(*viewer), ElementsAre(Topic("ID_SpecifyRange")));
     Command(program, IDM_HELP_PREFACE);
     EXPECT_THAT(TakeRequests(*viewer), ElementsAre(Topic("ID_Preface")));
-    for (const HelpButtonRow& row : kHelpButtons) {
+    for (const HelpedDialog& row : HelpedDialogs()) {
         AskIn(program, row, {"Alt+h", "F1"});
         EXPECT_THAT(TakeRequests(*viewer), ElementsAre(Topic(row.topic), Topic(row.topic)));
     }
@@ -112,8 +90,8 @@ TEST(HelpPages, OpenInTheBrowserWhereThereIsNoViewer) {
     EXPECT_EQ(NextPage(program, browser), "help\\index.html");
     Command(program, IDM_HELP_PREFACE);
     EXPECT_EQ(NextPage(program, browser), "help\\ID_Preface.html");
-    AskIn(program, kHelpButtons[0], {"F1"});
-    EXPECT_EQ(NextPage(program, browser), std::string("help\\") + kHelpButtons[0].topic + ".html");
+    AskIn(program, HelpedDialogs()[0], {"F1"});
+    EXPECT_EQ(NextPage(program, browser), std::string("help\\") + HelpedDialogs()[0].topic + ".html");
     EXPECT_EQ(CloseProgram(program), 0);
     EXPECT_EQ(ViewerWindow(), nullptr);
 }

@@ -60,25 +60,10 @@ TEST(PrintRange, HasItsControls) {
     WriteNoteSet(folder, "Study");
     WriteSetting(folder, "MISC", "Note", "1");
     Program program = StartProgram(folder);
-    const std::vector<std::string> sets = TabLabels(program, Child(program.frame, {IDC_NOTE_TABS}));
+    EXPECT_EQ(SelectedTab(Child(program.frame, {IDC_NOTE_TABS})), 1);
     GoTo(program, "Joh 3:16");
     const HWND dialog = OpenPrintRange(program);
-    const DialogLook look = {
-        "Print Range",
-        {{IDC_RANGE, "Edit", "John 3:16 - "},
-         {IDC_INCLUDE_NOTES, "Button", "&Include notes:"},
-         {IDC_NOTE_SET, "ComboBox", sets[1]},
-         {IDOK, "Button", "OK"},
-         {IDCANCEL, "Button", "Cancel"},
-         {IDC_FORMAT_BUTTON, "Button", "&Format..."},
-         {IDC_HELP_BUTTON, "Button", "&Help"}},
-        {"&Range:", "from &set"},
-        {IDC_RANGE, IDC_INCLUDE_NOTES, IDC_NOTE_SET, IDOK, IDCANCEL, IDC_FORMAT_BUTTON, IDC_HELP_BUTTON},
-        {}};
-    ExpectLook(program, dialog, look, "dialog-print-range");
-    EXPECT_EQ(ComboStrings(Child(dialog, {IDC_NOTE_SET})), sets);
-    EXPECT_FALSE(IsChecked(dialog, IDC_INCLUDE_NOTES));
-    EXPECT_EQ(SendDlgItemMessageA(dialog, IDC_RANGE, EM_GETLIMITTEXT, 0, 0), 99);
+    ExpectRangeWithNotesLook(program, dialog, "Print Range", "John 3:16 - ", "dialog-print-range");
     ExpectMissingHelp(program, dialog);
     Press(program, "Alt+f");
     WaitForDialog(program, "Copy/Save Format");

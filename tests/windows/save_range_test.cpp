@@ -60,25 +60,10 @@ TEST(SaveRange, HasItsControls) {
     WriteNoteSet(folder, "Study");
     WriteSetting(folder, "MISC", "Note", "1");
     Program program = StartProgram(folder);
-    const std::vector<std::string> sets = NoteSetNames(program);
+    EXPECT_EQ(SelectedTab(Child(program.frame, {IDC_NOTE_TABS})), 1);
     GoTo(program, "Joh 3:16");
     const HWND dialog = OpenSaveRange(program);
-    const DialogLook look = {
-        "Save Range",
-        {{IDC_RANGE, "Edit", "Joh 3:16 - "},
-         {IDC_INCLUDE_NOTES, "Button", "&Include notes:"},
-         {IDC_NOTE_SET, "ComboBox", sets[1]},
-         {IDOK, "Button", "OK"},
-         {IDCANCEL, "Button", "Cancel"},
-         {IDC_FORMAT_BUTTON, "Button", "&Format..."},
-         {IDC_HELP_BUTTON, "Button", "&Help"}},
-        {"&Range:", "from &set"},
-        {IDC_RANGE, IDC_INCLUDE_NOTES, IDC_NOTE_SET, IDOK, IDCANCEL, IDC_FORMAT_BUTTON, IDC_HELP_BUTTON},
-        {}};
-    ExpectLook(program, dialog, look, "dialog-save-range");
-    EXPECT_EQ(ComboStrings(Child(dialog, {IDC_NOTE_SET})), sets);
-    EXPECT_FALSE(IsChecked(dialog, IDC_INCLUDE_NOTES));
-    EXPECT_EQ(SendDlgItemMessageA(dialog, IDC_RANGE, EM_GETLIMITTEXT, 0, 0), 99);
+    ExpectRangeWithNotesLook(program, dialog, "Save Range", "Joh 3:16 - ", "dialog-save-range");
     ExpectMissingHelp(program, dialog);
     ExpectAccessKeys(program, dialog, {{"Alt+i", IDC_INCLUDE_NOTES}, {"Alt+s", IDC_NOTE_SET}, {"Alt+r", IDC_RANGE}});
     EXPECT_TRUE(IsChecked(dialog, IDC_INCLUDE_NOTES));
