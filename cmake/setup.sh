@@ -87,6 +87,16 @@ lay_out_note_set() {
   done
 }
 
+# lay_out_note_sets <from> <to>: the sets that come with the program. Where there were neither notes nor settings before,
+# the program opens on the user's own set, the second by name, so that a first note does not go among the readings.
+lay_out_note_sets() {
+  local from=$1 to=$2 is_first=yes
+  [[ ! -e $to/Versewell.INI ]] && ! compgen -G "$to/*.nm[di]*" >/dev/null || is_first=no
+  lay_out_note_set 'Morning and Evening' "$from" "$to"
+  lay_out_note_set 'My Notes' "$from" "$to"
+  [[ $is_first == no ]] || printf '[MISC]\r\nNote=1\r\n' >"$to/Versewell.INI"
+}
+
 # ---- Display ----------------------------------------------------------------------------------------------------
 
 has_display() { [[ -n ${DISPLAY:-} ]] && xdpyinfo >/dev/null 2>&1; }
