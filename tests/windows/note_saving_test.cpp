@@ -198,27 +198,30 @@ TEST(UnsavedNote, HasNoTemporaryFile) {
     ExpectUnsaved(program, "a folder has its name");
 }
 
-// Runs a program of Wine's host in the folder.
-static void RunOnHost(const ScratchFolder& folder, std::string command) {
+// Lets a shell of Wine's host do something in the folder. Wine counts such a process as ended when it has begun, so the
+// command tells of its end by a file.
+static void RunOnHost(const Program& program, const std::string& command) {
+    std::string line = "\"Z:\\bin\\sh\" -c \"" + command + " && touch done\"";
     STARTUPINFOA start{};
     start.cb = sizeof start;
     PROCESS_INFORMATION process{};
-    ASSERT_TRUE(CreateProcessA(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr,
-                               folder.path.string().c_str(), &start, &process));
+    ASSERT_TRUE(CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr,
+                               program.folder.path.string().c_str(), &start, &process));
     CloseHandle(process.hThread);
-    WaitForSingleObject(process.hProcess, INFINITE);
     CloseHandle(process.hProcess);
+    WaitUntil(program, command, [&] { return HasFile(program.folder, "done"); });
+    std::filesystem::remove(program.folder.path / "done");
 }
 
 // The host has a device that is always full; it stands under the name of the temporary file.
 TEST(UnsavedNote, FindsTheDiskFull) {
     Program program = ProgramInEditorOf(kMiddle);
-    RunOnHost(program.folder, "\"Z:\\bin\\ln\" -s /dev/full Mine.nmd.temp");
+    RunOnHost(program, "ln -s /dev/full Mine.nmd.temp");
     Type(program, "Lost: ");
     ClickEditorButton(program, IDC_NOTE_SAVE);
     Answer(program, kCannotWrite, kOk, "Enter");
     ExpectUnsaved(program, "the disk is full");
-    RunOnHost(program.folder, "\"Z:\\bin\\rm\" Mine.nmd.temp");  // no Windows program can take it away
+    RunOnHost(program, "rm Mine.nmd.temp");  // no Windows program can take it away
 }
 
 TEST(UnsavedNote, CannotTakeThePlaceOfAFileThatStays) {
