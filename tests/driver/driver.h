@@ -249,3 +249,9 @@ struct ScrollState {
     int position = 0;
 };
 ScrollState VerticalScroll(const Program& program, HWND window);
+
+// From now on the program's file operations are counted (opening, reading, flushing, closing, deleting, renaming and
+// the like; a write as two). It ends with operation number `last`, as if killed (exit code 9): before the operation, or
+// in the middle of a write. 0: it does not end.
+void EndAtFileOperation(const Program& program, unsigned last);
+unsigned FileOperationCount(const Program& program);

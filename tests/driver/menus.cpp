@@ -1,4 +1,4 @@
-// Menus, scroll bars and the message queue: what the probe answers.
+// Menus, scroll bars, the message queue and file operations: what the probe answers.
 
 #include <thread>
 
@@ -142,4 +142,12 @@ ScrollState VerticalScroll(const Program& program, HWND window) {
     probe.window = window;
     const SCROLLINFO info = AskProbe(program, probe).scroll;
     return {info.nMin, info.nMax, static_cast<int>(info.nPage), info.nPos};
+}
+
+void EndAtFileOperation(const Program& program, unsigned last) {
+    AskProbe(program, Question(ProbeQuestion::EndAtFileOperation, nullptr, last));
+}
+
+unsigned FileOperationCount(const Program& program) {
+    return AskProbe(program, Question(ProbeQuestion::FileOperationCount)).result;
 }

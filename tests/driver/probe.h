@@ -10,13 +10,15 @@ constexpr char kProbeMessageName[] = "VersewellTestProbe";
 constexpr WPARAM kProbeMark = 0x56657273;
 
 enum class ProbeQuestion : int {
-    QueueState,       // result: QS_ bits of what waits for the thread
-    MenuBar,          // menu: of `window`
-    SubMenu,          // menu: the popup at position `item` of `menu`
-    MenuCount,        // result: how many items `menu` has
-    MenuItemByPlace,  // result: MF_ bits, id and text of the item at position `item` of `menu`
-    MenuItemById,     // the same of the command `item`
-    VerticalScroll,   // scroll: of `window`
+    QueueState,          // result: QS_ bits of what waits for the thread
+    MenuBar,             // menu: of `window`
+    SubMenu,             // menu: the popup at position `item` of `menu`
+    MenuCount,           // result: how many items `menu` has
+    MenuItemByPlace,     // result: MF_ bits, id and text of the item at position `item` of `menu`
+    MenuItemById,        // the same of the command `item`
+    VerticalScroll,      // scroll: of `window`
+    EndAtFileOperation,  // counts file operations from now on; the program ends with number `item` (0: with none)
+    FileOperationCount,  // result: how many there have been
 };
 
 struct Probe {

@@ -1,5 +1,6 @@
 // The library that answers probes inside the program.
 
+#include "tests/driver/file_operations.h"
 #include "tests/driver/probe.h"
 
 static void DescribeItem(Probe& probe, UINT by) {
@@ -23,6 +24,8 @@ static void Answer(Probe& probe) {
             probe.scroll.fMask = SIF_ALL;
             GetScrollInfo(probe.window, SB_VERT, &probe.scroll);
             break;
+        case ProbeQuestion::EndAtFileOperation: EndAtFileOperation(probe.item); break;
+        case ProbeQuestion::FileOperationCount: probe.result = FileOperationCount(); break;
     }
     probe.answered = 1;
 }

@@ -1,99 +1,37 @@
-// The program is killed while it saves, and started again: every note is there, the edited one as it was or as it was
-// typed, whole.
+// The program is killed at every file operation of a save, in turn, and in the middle of every write, and started
+// again: every note is there, the edited one as it was or as it was typed, whole.
 
 #include <windows.h>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
+#include <set>
 
 #include "resources/ids.h"
 #include "tests/windows/note_set_files.h"
 #include "tests/windows/note_steps.h"
 #include "tests/windows/passage_pane.h"
 
-static constexpr int kMiddle = 15000;
-static constexpr int kLast = kVerses - 1;
-static constexpr std::uintmax_t kMissing = static_cast<std::uintmax_t>(-1);
+struct NoteEdit {
+    int verse;
+    TextSelection selected;  // which goes
+    const char* typed;       // in its place
+    const char* after;       // the whole note then
+    const char* shown;       // by the note view
+};
 
-// A note for every verse, so that a save takes a while: six megabytes.
-static std::map<int, std::string> ManyNotes() {
-    std::map<int, std::string> notes;
-    for (int verse = 0; verse < kVerses; ++verse) notes[verse] = std::to_string(verse) + std::string(190, '.');
+static constexpr char kNoteBefore[] = "as it was";
+
+static std::map<int, std::string> NotesWith(const NoteEdit& edit, const std::string& text) {
+    std::map<int, std::string> notes = {{3, "three"}, {14999, "before the middle"}, {31000, "near the end"}};
+    notes[edit.verse] = text;
     return notes;
 }
 
-// In bytes, kMissing when there is none.
-static std::uintmax_t SizeOf(const ScratchFolder& folder, const char* name) {
-    std::error_code error;
-    const std::uintmax_t size = std::filesystem::file_size(folder.path / name, error);
-    return error ? kMissing : size;
-}
-
-// ---- Moments of a save, in their order ------------------------------------------------------------------------------
-
-static bool HasBegun(const ScratchFolder&) {
-    return true;
-}
-
-static bool HasTemp(const ScratchFolder& folder) {
-    return SizeOf(folder, "Mine.nmd.temp") != kMissing;
-}
-
-static bool HasHalfOfTemp(const ScratchFolder& folder) {
-    return HasTemp(folder) && SizeOf(folder, "Mine.nmd.temp") > 3000000;
-}
-
-static bool HasAllOfTemp(const ScratchFolder& folder) {
-    return HasTemp(folder) && SizeOf(folder, "Mine.nmd.temp") > SizeOf(folder, "Mine.nmd");
-}
-
-static bool HasBackupOfIndex(const ScratchFolder& folder) {
-    std::error_code error;
-    return !std::filesystem::is_empty(folder.path / "backup", error) && !error;
-}
-
-static bool HasNoDataFile(const ScratchFolder& folder) {
-    return SizeOf(folder, "Mine.nmd") == kMissing;
-}
-
-static bool HasEmptyIndex(const ScratchFolder& folder) {
-    return SizeOf(folder, "Mine.nmi") < std::uintmax_t{kVerses} * 4;
-}
-
-struct Moment {
-    const char* what;
-    int verse;
-    bool (*isNow)(const ScratchFolder& folder);
-};
-
-// Some of them are over sooner than they can be seen from outside; then the kill comes behind the save.
-static constexpr Moment kMoments[] = {
-    {"at once", kMiddle, HasBegun},
-    {"temporary file begun, first verse", 0, HasTemp},
-    {"temporary file begun", kMiddle, HasTemp},
-    {"temporary file half written", kMiddle, HasHalfOfTemp},
-    {"temporary file half written, last verse", kLast, HasHalfOfTemp},
-    {"temporary file written", kMiddle, HasAllOfTemp},
-    {"backup being made", 0, HasBackupOfIndex},
-    {"old file deleted", kMiddle, HasNoDataFile},
-    {"old file deleted, last verse", kLast, HasNoDataFile},
-    {"index being written", 0, HasEmptyIndex},
-};
-
-// ---- One round ------------------------------------------------------------------------------------------------------
-
-static void KillWhileSaving(Program& program, const Moment& moment) {
-    OpenNoteEditor(program);
-    Type(program, "new ");
-    const HWND editor = NoteEditorOf(program);
-    PostMessageA(editor, WM_COMMAND, IDC_NOTE_SAVE, 0);
-    while (!moment.isNow(program.folder) && IsWindowVisible(editor)) {
-    }
-    TerminateProcess(program.process.get(), 9);
-    WaitForSingleObject(program.process.get(), static_cast<DWORD>(kPatience.count()));
-}
+// ---- What lies in the folder ----------------------------------------------------------------------------------------
 
 static std::string IndexOf(const std::string& data) {
     std::vector<unsigned> offsets = {0};
@@ -102,17 +40,53 @@ static std::string IndexOf(const std::string& data) {
     return IndexBytes(offsets);
 }
 
-// Has the next start something to mend?
-static bool IsToBeMended(const ScratchFolder& folder) {
-    return HasNoDataFile(folder) || ReadFile(folder, "Mine.nmi") != IndexOf(ReadFile(folder, "Mine.nmd"));
+// In the order in which a save passes through them; from kNoData on the note is as typed.
+enum class SaveState { kUntouched, kTempTorn, kTempWhole, kNoData, kIndexStale, kIndexTorn, kSaved };
+
+static SaveState StateOf(const ScratchFolder& folder, const std::string& dataBefore) {
+    using enum SaveState;
+    if (!HasFile(folder, "Mine.nmd")) return kNoData;
+    const std::string index = ReadFile(folder, "Mine.nmi");
+    if (index.size() != std::size_t{kVerses} * 4) return kIndexTorn;
+    const std::string data = ReadFile(folder, "Mine.nmd");
+    if (index != IndexOf(data)) return kIndexStale;
+    if (data != dataBefore) return kSaved;
+    if (!HasFile(folder, "Mine.nmd.temp")) return kUntouched;
+    const std::string temp = ReadFile(folder, "Mine.nmd.temp");
+    return std::count(temp.begin(), temp.end(), '\0') == kVerses ? kTempWhole : kTempTorn;
 }
 
-// Starts at the note of `verse` and closes the box that must then be there, or must not.
-static Program StartAt(const ScratchFolder& folder, int verse) {
-    WriteSetting(folder, "MISC", "NoteVerse", std::to_string(verse));
-    const bool mends = IsToBeMended(folder);
+static void ExpectFilesOf(const ScratchFolder& folder, const std::map<int, std::string>& notes) {
+    const ScratchFolder expected = EmptyFolder();
+    WriteNoteSet(expected, "Mine", notes);
+    for (const char* file : {"Mine.nmd", "Mine.nmi"})
+        EXPECT_TRUE(ReadFile(folder, file) == ReadFile(expected, file)) << file;
+}
+
+// ---- One kill -------------------------------------------------------------------------------------------------------
+
+// Kills the program at the file operation of this number after the click on Save. False when the save has no such
+// operation.
+static bool KillWhileSaving(const Program& program, const NoteEdit& edit, unsigned operation) {
+    OpenNoteEditor(program);
+    SelectRich(program, NoteEditOf(program), edit.selected);
+    if (*edit.typed != '\0')
+        Type(program, edit.typed);
+    else
+        Press(program, "Delete");
+    EndAtFileOperation(program, operation);
+    const HWND editor = NoteEditorOf(program);
+    PostMessageA(editor, WM_COMMAND, IDC_NOTE_SAVE, 0);
+    WaitUntil(program, "the end of the save", [&] { return !IsRunning(program) || !IsWindowVisible(editor); });
+    if (IsRunning(program)) return false;
+    EXPECT_EQ(WaitForExit(program), 9);
+    return true;
+}
+
+// Starts on the files as they were left: a box tells of what is mended, and there is none where nothing is.
+static Program StartAgain(const ScratchFolder& folder, SaveState found) {
     Program program = LaunchProgram(folder);
-    if (mends) {
+    if (found == SaveState::kNoData || found == SaveState::kIndexStale || found == SaveState::kIndexTorn) {
         const HWND box = WaitForDialog(program, "Note Sets");
         EXPECT_THAT(MessageText(box), testing::HasSubstr("\"Mine\""));
         PostMessageA(box, WM_COMMAND, IDOK, 0);
@@ -121,30 +95,51 @@ static Program StartAt(const ScratchFolder& folder, int verse) {
     return program;
 }
 
-static void ExpectNotes(const ScratchFolder& folder, const std::map<int, std::string>& notes) {
-    const ScratchFolder expected = EmptyFolder();
-    WriteNoteSet(expected, "Mine", notes);
-    for (const char* file : {"Mine.nmd", "Mine.nmi"})
-        EXPECT_TRUE(ReadFile(folder, file) == ReadFile(expected, file)) << file;
+// Starts with the note as it was before the edit.
+static Program StartAnew(const ScratchFolder& folder, const NoteEdit& edit) {
+    WriteNoteSet(folder, "Mine", NotesWith(edit, kNoteBefore));
+    return StartProgram(folder);
 }
 
-TEST(KilledSave, LosesNoNote) {
+static void KillAtEveryFileOperation(const NoteEdit& edit) {
+    using enum SaveState;
     const ScratchFolder folder = FolderWithScripture();
-    std::map<int, std::string> notes = ManyNotes();
-    WriteNoteSet(folder, "Mine", notes);
-    for (const Moment& moment : kMoments) {
-        SCOPED_TRACE(moment.what);
-        const std::string before = ReadFile(folder, "Mine.nmd");
-        Program program = StartAt(folder, moment.verse);
-        EXPECT_EQ(TextOf(NoteViewOf(program)), notes[moment.verse]);
-        ExpectNotes(folder, notes);
+    WriteSetting(folder, "MISC", "NoteVerse", std::to_string(edit.verse));
+    std::set<SaveState> seen;
+    Program program = StartAnew(folder, edit);
+    const std::string before = ReadFile(folder, "Mine.nmd");
+    bool isKilled = true;
+    for (unsigned operation = 1; isKilled && !testing::Test::HasFailure(); ++operation) {
+        SCOPED_TRACE(testing::Message() << "file operation " << operation);
         std::filesystem::remove_all(folder.path / "backup");
-        KillWhileSaving(program, moment);
-        const char* const whole = HasNoDataFile(folder) ? "Mine.nmd.temp" : "Mine.nmd";
-        if (ReadFile(folder, whole) != before) notes[moment.verse] = "new " + notes[moment.verse];
-        if (HasFailure()) return;
+        isKilled = KillWhileSaving(program, edit, operation);
+        program = {};
+        const SaveState found = StateOf(folder, before);
+        seen.insert(found);
+        EXPECT_TRUE(isKilled || found == kSaved);
+
+        const bool isNew = found >= kNoData;
+        program = StartAgain(folder, found);
+        EXPECT_EQ(TextOf(NoteViewOf(program)), isNew ? edit.shown : kNoteBefore);
+        ExpectFilesOf(folder, NotesWith(edit, isNew ? edit.after : kNoteBefore));
+        if (isNew && isKilled) {
+            program = {};
+            program = StartAnew(folder, edit);
+        }
     }
-    Program last = StartAt(folder, kMiddle);
-    ExpectNotes(folder, notes);
-    EXPECT_EQ(CloseProgram(last), 0);
+    std::set<SaveState> all = {kUntouched, kTempTorn, kTempWhole, kNoData, kIndexStale, kIndexTorn, kSaved};
+    if (edit.verse == kVerses - 1) all.erase(kIndexStale);  // no note behind it moves
+    EXPECT_EQ(seen, all);
+}
+
+TEST(KilledSave, LosesNoNoteWhenTheFirstGrows) {
+    KillAtEveryFileOperation({0, {0, 0}, "ever ", "ever as it was", "ever as it was"});
+}
+
+TEST(KilledSave, LosesNoNoteWhenAMiddleOneShrinks) {
+    KillAtEveryFileOperation({15000, {2, 9}, "", "as", "as"});
+}
+
+TEST(KilledSave, LosesNoNoteWhenTheLastIsEmptied) {
+    KillAtEveryFileOperation({kVerses - 1, {0, -1}, "", "", "No note for Revelation 22:21."});
 }

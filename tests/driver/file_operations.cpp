@@ -1,0 +1,111 @@
+#include "tests/driver/file_operations.h"
+
+#include <cstring>
+
+static UINT count;
+static UINT end;
+
+static void CountOperation() {
+    if (++count == end) TerminateProcess(GetCurrentProcess(), 9);
+}
+
+// ---- Procedures that stand before the system's ----------------------------------------------------------------------
+
+struct Watched {
+    const char* name;
+    void* watching;
+};
+
+template <int kPlace, typename Result, typename... Arguments>
+struct Watcher {
+    static inline Result(WINAPI* system)(Arguments...);
+    static Result WINAPI Watch(Arguments... arguments) {
+        CountOperation();
+        return system(arguments...);
+    }
+};
+
+// `kPlace` tells procedures apart that take and give the same types.
+template <int kPlace, typename Result, typename... Arguments>
+static Watched Watch(const char* name, Result(WINAPI* system)(Arguments...)) {
+    Watcher<kPlace, Result, Arguments...>::system = system;
+    return {name, reinterpret_cast<void*>(&Watcher<kPlace, Result, Arguments...>::Watch)};
+}
+
+static BOOL WINAPI WatchWrite(HANDLE file, LPCVOID bytes, DWORD size, LPDWORD written, LPOVERLAPPED place) {
+    CountOperation();
+    if (count + 1 == end) WriteFile(file, bytes, size / 2, written, place);
+    CountOperation();
+    return WriteFile(file, bytes, size, written, place);
+}
+
+static const Watched* FindWatched(const char* name) {
+    static const Watched all[] = {
+        Watch<0>("CreateFileA", CreateFileA),
+        Watch<1>("ReadFile", ReadFile),
+        {"WriteFile", reinterpret_cast<void*>(&WatchWrite)},
+        Watch<2>("FlushFileBuffers", FlushFileBuffers),
+        Watch<3>("CloseHandle", CloseHandle),
+        Watch<4>("DeleteFileA", DeleteFileA),
+        Watch<5>("MoveFileExA", MoveFileExA),
+        Watch<6>("CreateHardLinkA", CreateHardLinkA),
+        Watch<7>("CreateDirectoryA", CreateDirectoryA),
+        Watch<8>("FindFirstFileA", FindFirstFileA),
+        Watch<9>("GetFileAttributesA", GetFileAttributesA),
+        Watch<10>("GetFileAttributesExA", GetFileAttributesExA),
+    };
+    for (const Watched& watched : all)
+        if (std::strcmp(watched.name, name) == 0) return &watched;
+    return nullptr;
+}
+
+// ---- The program's table of imports ---------------------------------------------------------------------------------
+
+// The structure at `offset` of the program's image.
+template <typename T>
+static T* InImage(std::size_t offset) {
+    static char* const image = reinterpret_cast<char*>(GetModuleHandleA(nullptr));
+    return reinterpret_cast<T*>(image + offset);
+}
+
+static void Replace(void** slot, void* procedure) {
+    DWORD protection = 0;
+    VirtualProtect(slot, sizeof *slot, PAGE_READWRITE, &protection);
+    *slot = procedure;
+    VirtualProtect(slot, sizeof *slot, protection, &protection);
+}
+
+static void WatchImportsOf(const IMAGE_IMPORT_DESCRIPTOR& library) {
+    const auto* name = InImage<IMAGE_THUNK_DATA>(library.OriginalFirstThunk);
+    auto* slot = InImage<void*>(library.FirstThunk);
+    for (; name->u1.AddressOfData != 0; ++name, ++slot) {
+        if (IMAGE_SNAP_BY_ORDINAL(name->u1.Ordinal)) continue;
+        const Watched* watched = FindWatched(InImage<IMAGE_IMPORT_BY_NAME>(name->u1.AddressOfData)->Name);
+        if (watched != nullptr) Replace(slot, watched->watching);
+    }
+}
+
+static void WatchImports() {
+    const auto* header = InImage<IMAGE_NT_HEADERS>(static_cast<std::size_t>(InImage<IMAGE_DOS_HEADER>(0)->e_lfanew));
+    const IMAGE_DATA_DIRECTORY& imports = header->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT];
+    for (auto* library = InImage<IMAGE_IMPORT_DESCRIPTOR>(imports.VirtualAddress); library->Name != 0; ++library)
+        WatchImportsOf(*library);
+}
+
+// From here on the library must stay in the process.
+static bool StayLoaded() {
+    HMODULE library = nullptr;
+    return GetModuleHandleExA(GET_MODULE_HANDLE_EX_FLAG_PIN | GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS,
+                              reinterpret_cast<LPCSTR>(&WatchWrite), &library) != 0;
+}
+
+void EndAtFileOperation(UINT last) {
+    static const bool isLoaded = StayLoaded();
+    static const bool isWatching = isLoaded && (WatchImports(), true);
+    count = 0;
+    end = isWatching ? last : 0;
+}
+
+UINT FileOperationCount() {
+    return count;
+}
