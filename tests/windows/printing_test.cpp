@@ -248,13 +248,6 @@ TEST(PageSetup, MarginsCountInWholeInches) {
 
 // ---- Stopping and failing -------------------------------------------------------------------------------------------
 
-static int CountPages(const ScratchFolder& folder) {
-    const std::string text = ReadFile(folder, "pages.ps");
-    int pages = 0;
-    for (std::size_t at = text.find("%%Page:"); at != std::string::npos; at = text.find("%%Page:", at + 1)) ++pages;
-    return pages;
-}
-
 static std::size_t MemoryOf(const Program& program) {
     PROCESS_MEMORY_COUNTERS counters{};
     counters.cb = sizeof counters;
@@ -262,14 +255,14 @@ static std::size_t MemoryOf(const Program& program) {
     return counters.PagefileUsage;
 }
 
-// Under Wine the driver writes letter by letter into a file: the whole Bible would keep the other tests waiting.
-TEST(Printing, NeedsNoMoreMemoryForMorePages) {
-    static constexpr std::chrono::seconds kLongJob{120};
+// Wine's driver writes letter by letter, which takes a minute.
+TEST(Printing, OfTheWholeBibleComesToItsEndAndNeedsNoMoreMemory) {
+    static constexpr std::chrono::seconds kLongJob{400};
     static constexpr std::size_t kRoom = 1 << 20;
     const ScratchFolder folder = FolderWithScripture();
-    const TestPrinter printer(folder, PortToPostScript(folder));
+    const TestPrinter printer(folder, PortToPageCount(folder));
     Program program = StartProgram(folder);
-    AskForRange(program, "Jos - Ru");
+    AskForRange(program, "Ge - Re");
     WaitForDialog(program, "Print");
     Press(program, "Enter");
     WaitForDialog(program, "Printing...");
@@ -283,12 +276,12 @@ TEST(Printing, NeedsNoMoreMemoryForMorePages) {
         },
         kLongJob);
     EXPECT_LT(most, atFirst + kRoom);
-    EXPECT_GT(CountPages(folder), 20);
+    EXPECT_GT(PrintedPageCount(program), 1000);
 }
 
 TEST(Printing, StopsAtCancel) {
     const ScratchFolder folder = FolderWithScripture();
-    const TestPrinter printer(folder, PortToPostScript(folder));
+    const TestPrinter printer(folder, PortToPageCount(folder));
     Program program = StartProgram(folder);
     AskForRange(program, "Ge - Re");
     WaitForDialog(program, "Print");
@@ -300,7 +293,7 @@ TEST(Printing, StopsAtCancel) {
     WaitForNoDialog(program);
     EXPECT_TRUE(IsReady(program));
     EXPECT_EQ(ActiveWindowOf(program), program.frame);
-    EXPECT_LT(CountPages(folder), 500);
+    EXPECT_LT(PrintedPageCount(program), 500);
 }
 
 TEST(Printing, SaysThatItFailed) {

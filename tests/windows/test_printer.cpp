@@ -116,8 +116,9 @@ std::string PortToPages(const ScratchFolder& folder) {
     return "|" + HostPath(Surroundings().pageReader) + " " + HostPath(folder.path);
 }
 
-std::string PortToPostScript(const ScratchFolder& folder) {
-    return (folder.path / "pages.ps").string();
+std::string PortToPageCount(const ScratchFolder& folder) {
+    const std::string host = HostPath(folder.path);
+    return "|grep -c '^%%Page:' >" + host + "/pages.new; mv " + host + "/pages.new " + host + "/pages.count";
 }
 
 // ---- What came out --------------------------------------------------------------------------------------------------
@@ -139,6 +140,11 @@ std::vector<std::string> PrintedPages(const Program& program) {
         start = end + 1;
     }
     return pages;
+}
+
+int PrintedPageCount(const Program& program) {
+    WaitUntil(program, "the number of pages", [&] { return HasFile(program.folder, "pages.count"); });
+    return std::stoi(ReadFile(program.folder, "pages.count"));
 }
 
 std::vector<PrintedWord> PrintedWords(const Program& program) {

@@ -18,14 +18,17 @@ struct TestPrinter {
     ScratchFolder folder;
 };
 
-// Ports: pages come out as files for the procedures below; as PostScript in "pages.ps"; or nowhere, so that the
+// Ports: pages come out as files for the procedures below; are only counted, which is quick; or go nowhere, so that the
 // document cannot be ended.
 std::string PortToPages(const ScratchFolder& folder);
-std::string PortToPostScript(const ScratchFolder& folder);
+std::string PortToPageCount(const ScratchFolder& folder);
 inline constexpr char kFailingPort[] = "nul:";
 
 // The words of each page in their order, one blank between them. Waits for the pages of the last job.
 std::vector<std::string> PrintedPages(const Program& program);
+
+// How many pages the last job had, where they are only counted. Waits for the number.
+int PrintedPageCount(const Program& program);
 
 // Words of the pages with their places on the paper, in points from the upper left corner.
 struct PrintedWord {
