@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include "notes/notes_window.h"
 #include "output/label_text.h"
@@ -89,7 +90,9 @@ static void AddReferenceLine(HWND box, int verse, BookForm form) {
     CallWindowProcW(theVerseList.referencesWideProcedure, box, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(wide.data()));
 }
 
-static void FillReferenceList(BookForm form) {
+static void FillReferenceList() {
+    if (!theVerseList.awaitedLines) return;
+    const BookForm form = *std::exchange(theVerseList.awaitedLines, std::nullopt);
     const HWND box = theVerseList.references;
     SendMessageA(box, WM_SETREDRAW, FALSE, 0);
     SendMessageA(box, LB_RESETCONTENT, 0, 0);
@@ -101,8 +104,11 @@ static void FillReferenceList(BookForm form) {
     InvalidateRect(box, nullptr, TRUE);
 }
 
+// A box that is not shown gets its lines with the next message that it is sent: whoever asks finds both views in step,
+// and most lists are left before anybody asks.
 static void ShowWholeList(BookForm form = BookForm::kName) {
-    FillReferenceList(form);
+    theVerseList.awaitedLines = form;
+    if (theVerseList.list.currentView == kReferenceListView) FillReferenceList();
     SetRangeOfScrollBar();
     RedisplayVerseList();
 }
@@ -176,8 +182,9 @@ static void DeleteCurrentEntry() {
     VerseList& list = theVerseList.list;
     if (!HasEntries()) return;
     const int entry = CurrentEntry(list, theSelection);
-    DeleteEntry(list, entry);
+    // First from the box, which may only now get the lines of all entries.
     SendMessageA(theVerseList.references, LB_DELETESTRING, static_cast<WPARAM>(entry), 0);
+    DeleteEntry(list, entry);
     theSearch.result.occurrenceCount = 0;  // it counted the list as the search left it
     DropSelection();
     SetStatus(kSummaryPart, "");
@@ -352,6 +359,7 @@ static LRESULT CALLBACK VerseListProcedure(HWND window, UINT message, WPARAM wPa
 }
 
 static LRESULT CALLBACK ReferencesProcedure(HWND box, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message != WM_DESTROY && message != WM_NCDESTROY) FillReferenceList();
     if (message == WM_KEYDOWN && wParam == VK_RETURN) ReadContext();
     return CallWindowProcA(theVerseList.referencesProcedure, box, message, wParam, lParam);
 }

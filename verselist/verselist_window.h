@@ -1,6 +1,8 @@
 // The Verse List window and the Reference List beside it: the two views of what the last search found.
 #pragma once
 
+#include <optional>
+
 #include "output/reading_pane_win32.h"
 #include "search/key_word_marks.h"
 #include "verselist/verse_list_flow.h"
@@ -11,6 +13,7 @@ struct VerseListPane : ReadingPane {
     HWND references = nullptr;                  // the list box
     WNDPROC referencesProcedure = nullptr;      // its own
     WNDPROC referencesWideProcedure = nullptr;  // the same, to be called with wide text
+    std::optional<BookForm> awaitedLines;       // of the list box, once there is a use for them
     VerseList list;
     KeyWords keyWords;  // of the search that filled the list
 };

@@ -25,7 +25,7 @@ struct Query {
     std::string summary{};
     std::string firstEntry{};
     std::vector<std::string> strings{};
-    std::vector<double> times{}, floors{};
+    std::vector<double> times{}, fullTimes{}, floors{};
 };
 
 static HWND OpenWordSearch(const Program& program, const char* words) {
@@ -40,16 +40,16 @@ static LRESULT LinesOf(const Program& program, HWND references) {
 }
 
 // The list's paint writes the top entry, another one for each query, into the status bar and answers no question before
-// it is through.
-static double TimeOfSearch(const Program& program, HWND references, const Query& query, const RemoteMemory& room) {
+// it is through. The Reference List beside it has its lines when somebody asks for them: that is measured too.
+static void TimeSearch(const Program& program, HWND references, Query& query, const RemoteMemory& room) {
     const HWND dialog = OpenWordSearch(program, query.words);
     const double start = Now();
     PostMessageA(dialog, WM_COMMAND, IDOK, 0);
     AskUntil(program, 0, [&] { return StatusTextNow(program, kEntryPart, room) == query.firstEntry; });
-    const double time = Now() - start;
-    if (LinesOf(program, references) != query.lines) Fail(&program, "the list was painted before it was full");
+    query.times.push_back(Now() - start);
+    if (LinesOf(program, references) != query.lines) Fail(&program, "the Reference List is not full");
+    query.fullTimes.push_back(Now() - start);
     if (StatusTextNow(program, kSummaryPart, room) != query.summary) Fail(&program, "the summary came after the paint");
-    return time;
 }
 
 static void LearnAnswers(const Program& program, HWND references, Query& query, const RemoteMemory& room) {
@@ -87,7 +87,7 @@ int main() {
     for (Query& query : queries) LearnAnswers(program, references, query, room);
     for (int round = 0; round < kRounds; ++round) {
         for (Query& query : queries) {
-            query.times.push_back(TimeOfSearch(program, references, query, room));
+            TimeSearch(program, references, query, room);
             query.floors.push_back(TimeOfBareList(list, query.strings));
         }
     }
@@ -95,6 +95,7 @@ int main() {
         const std::string what = std::string(query.words) + " (" + std::to_string(query.lines) + " verses)";
         Print({"OK to painted list, " + what + " / bare list box", MedianOf(query.times), MedianOf(query.floors),
                query.mostTimesFloor});
+        Print({"OK to both lists, " + what + " / bare list box", MedianOf(query.fullTimes), MedianOf(query.floors), 0});
     }
     CloseProgram(program);
     return 0;
