@@ -98,6 +98,9 @@ Program StartProgram(const ScratchFolder& folder, const StartOptions& options = 
 Program LaunchProgram(const ScratchFolder& folder, const StartOptions& options = {});
 void WaitForFrame(Program& program, const StartOptions& options = {});
 
+// Starts a program of Wine's host in the folder. There is no way to wait for its end but by what it does.
+void StartOnHost(const ScratchFolder& folder, const std::string& commandLine);
+
 // Makes the program answer probes (see probe.h); `WaitForFrame` does it. Needs the frame.
 void HookProbe(Program& program);
 

@@ -90,18 +90,25 @@ static PROCESS_INFORMATION StartProcess(const std::string& commandLine, const st
     Fail(nullptr, "cannot start " + commandLine + ", error " + std::to_string(error));
 }
 
+// What Wine tells of a host's process, handles included, is left to chance: a handle closed by it may be any other.
+void StartOnHost(const ScratchFolder& folder, const std::string& commandLine) {
+    StartProcess(commandLine, folder.path.string(), SW_SHOWNORMAL);
+}
+
 Program LaunchProgram(const ScratchFolder& folder, const StartOptions& options) {
     const std::string file = options.programFile.empty() ? Surroundings().program : options.programFile;
-    std::string commandLine = "\"" + file + "\" " + options.arguments;
-    if (!options.date.empty()) commandLine = "\"" + Surroundings().dater + "\" \"" + options.date + "\" " + commandLine;
-    const PROCESS_INFORMATION started = StartProcess(commandLine, folder.path.string(), options.showState);
-    CloseHandle(started.hThread);
-
+    const std::string commandLine = "\"" + file + "\" " + options.arguments;
     Program program;
     program.folder = folder;
+    if (!options.date.empty()) {
+        StartOnHost(folder, "\"" + Surroundings().dater + "\" \"" + options.date + "\" " + commandLine);
+        AdoptDatedProgram(program, file);
+        return program;
+    }
+    const PROCESS_INFORMATION started = StartProcess(commandLine, folder.path.string(), options.showState);
+    CloseHandle(started.hThread);
     program.process.reset(started.hProcess);
     program.processId = started.dwProcessId;
-    if (!options.date.empty()) AdoptDatedProgram(program, file);
     return program;
 }
 

@@ -198,17 +198,9 @@ TEST(UnsavedNote, HasNoTemporaryFile) {
     ExpectUnsaved(program, "a folder has its name");
 }
 
-// Lets a shell of Wine's host do something in the folder. Wine counts such a process as ended when it has begun, so the
-// command tells of its end by a file.
+// Lets a shell of Wine's host do something in the folder, and waits for the file by which it tells of its end.
 static void RunOnHost(const Program& program, const std::string& command) {
-    std::string line = "\"Z:\\bin\\sh\" -c \"" + command + " && touch done\"";
-    STARTUPINFOA start{};
-    start.cb = sizeof start;
-    PROCESS_INFORMATION process{};
-    ASSERT_TRUE(CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr,
-                               program.folder.path.string().c_str(), &start, &process));
-    CloseHandle(process.hThread);
-    CloseHandle(process.hProcess);
+    StartOnHost(program.folder, "\"Z:\\bin\\sh\" -c \"" + command + " && touch done\"");
     WaitUntil(program, command, [&] { return HasFile(program.folder, "done"); });
     std::filesystem::remove(program.folder.path / "done");
 }
