@@ -253,8 +253,7 @@ struct ScrollState {
 };
 ScrollState VerticalScroll(const Program& program, HWND window);
 
-// From now on the program's file operations are counted (opening, reading, flushing, closing, deleting, renaming and
-// the like; a write as two). It ends with operation number `last`, as if killed (exit code 9): before the operation, or
-// in the middle of a write. 0: it does not end.
+// The program will end with file operation number `last` from here (opening, reading, flushing, closing, deleting,
+// renaming and the like), as if killed, with exit code 9: before the operation is done. A write counts as two, for it
+// may also end in the middle.
 void EndAtFileOperation(const Program& program, unsigned last);
-unsigned FileOperationCount(const Program& program);

@@ -3,7 +3,7 @@
 #include <cstring>
 
 static UINT count;
-static UINT end;
+static UINT end;  // 0: never
 
 static void CountOperation() {
     if (++count == end) TerminateProcess(GetCurrentProcess(), 9);
@@ -92,20 +92,17 @@ static void WatchImports() {
         WatchImportsOf(*library);
 }
 
-// From here on the library must stay in the process.
-static bool StayLoaded() {
-    HMODULE library = nullptr;
-    return GetModuleHandleExA(GET_MODULE_HANDLE_EX_FLAG_PIN | GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS,
-                              reinterpret_cast<LPCSTR>(&WatchWrite), &library) != 0;
+static bool StartWatching() {
+    HMODULE library = nullptr;  // from here on it must stay in the process
+    if (!GetModuleHandleExA(GET_MODULE_HANDLE_EX_FLAG_PIN | GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS,
+                            reinterpret_cast<LPCSTR>(&WatchWrite), &library))
+        return false;
+    WatchImports();
+    return true;
 }
 
 void EndAtFileOperation(UINT last) {
-    static const bool isLoaded = StayLoaded();
-    static const bool isWatching = isLoaded && (WatchImports(), true);
+    static const bool isWatching = StartWatching();
     count = 0;
     end = isWatching ? last : 0;
-}
-
-UINT FileOperationCount() {
-    return count;
 }

@@ -147,7 +147,3 @@ ScrollState VerticalScroll(const Program& program, HWND window) {
 void EndAtFileOperation(const Program& program, unsigned last) {
     AskProbe(program, Question(ProbeQuestion::EndAtFileOperation, nullptr, last));
 }
-
-unsigned FileOperationCount(const Program& program) {
-    return AskProbe(program, Question(ProbeQuestion::FileOperationCount)).result;
-}

@@ -17,8 +17,7 @@ enum class ProbeQuestion : int {
     MenuItemByPlace,     // result: MF_ bits, id and text of the item at position `item` of `menu`
     MenuItemById,        // the same of the command `item`
     VerticalScroll,      // scroll: of `window`
-    EndAtFileOperation,  // counts file operations from now on; the program ends with number `item` (0: with none)
-    FileOperationCount,  // result: how many there have been
+    EndAtFileOperation,  // the program will end with number `item` from here
 };
 
 struct Probe {

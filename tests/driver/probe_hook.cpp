@@ -25,7 +25,6 @@ static void Answer(Probe& probe) {
             GetScrollInfo(probe.window, SB_VERT, &probe.scroll);
             break;
         case ProbeQuestion::EndAtFileOperation: EndAtFileOperation(probe.item); break;
-        case ProbeQuestion::FileOperationCount: probe.result = FileOperationCount(); break;
     }
     probe.answered = 1;
 }
