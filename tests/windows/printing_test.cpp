@@ -255,6 +255,14 @@ static std::size_t MemoryOf(const Program& program) {
     return counters.PagefileUsage;
 }
 
+// Gives the dialog that is there while pages are printed.
+static HWND BeginWholeBible(const Program& program) {
+    AskForRange(program, "Ge - Re");
+    WaitForDialog(program, "Print");
+    Press(program, "Enter");
+    return WaitForDialog(program, "Printing...");
+}
+
 // Wine's driver writes letter by letter, which takes a minute.
 TEST(Printing, OfTheWholeBibleComesToItsEndAndNeedsNoMoreMemory) {
     static constexpr std::chrono::seconds kLongJob{400};
@@ -262,10 +270,7 @@ TEST(Printing, OfTheWholeBibleComesToItsEndAndNeedsNoMoreMemory) {
     const ScratchFolder folder = FolderWithScripture();
     const TestPrinter printer(folder, PortToPageCount(folder));
     Program program = StartProgram(folder);
-    AskForRange(program, "Ge - Re");
-    WaitForDialog(program, "Print");
-    Press(program, "Enter");
-    WaitForDialog(program, "Printing...");
+    BeginWholeBible(program);
     const std::size_t atFirst = MemoryOf(program);
     std::size_t most = 0;
     WaitUntil(
@@ -283,10 +288,7 @@ TEST(Printing, StopsAtCancel) {
     const ScratchFolder folder = FolderWithScripture();
     const TestPrinter printer(folder, PortToPageCount(folder));
     Program program = StartProgram(folder);
-    AskForRange(program, "Ge - Re");
-    WaitForDialog(program, "Print");
-    Press(program, "Enter");
-    const HWND dialog = WaitForDialog(program, "Printing...");
+    const HWND dialog = BeginWholeBible(program);
     SavePicture(PictureOfWindow(dialog), "dialog-printing");
     EXPECT_FALSE(IsWindowEnabled(program.frame));
     Click(program, Child(dialog, {IDC_STOP_PRINTING}));
