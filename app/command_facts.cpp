@@ -1,3 +1,4 @@
+// Apart from the table of commands, which speaks to Windows, so that facts are tested natively.
 #include "app/command_facts.h"
 
 unsigned FactsOf(const FactSources& sources) {
@@ -30,4 +31,8 @@ unsigned FactsOf(const FactSources& sources) {
 
 bool HasFacts(unsigned facts, unsigned needs) {
     return (facts & needs) == needs;
+}
+
+std::string TipWithKey(const std::string& text, const std::string& key) {
+    return text.empty() || key.empty() ? text : text + " (" + key + ")";
 }

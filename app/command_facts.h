@@ -1,10 +1,11 @@
-// What commands depend on: whether their menu items and buttons are enabled and checked.
+// What commands depend on: whether their menu items and buttons are enabled and ticked, and how a tip shows their key.
 #pragma once
 
+#include <string>
+
 #include "app/frame_layout.h"
-#include "notes/note_sets.h"
-#include "output/reading_options.h"
-#include "output/selection.h"
+#include "pane/selection.h"
+#include "typeset/reading_options.h"
 #include "verselist/verse_list.h"
 
 // Facts of the program's state, one bit each.
@@ -43,3 +44,6 @@ unsigned FactsOf(const FactSources& sources);
 
 // Are all of `needs` among `facts`?
 bool HasFacts(unsigned facts, unsigned needs);
+
+// A tool tip that shows the command's key: "Help (F1)". Without a key the text alone, without a text nothing.
+std::string TipWithKey(const std::string& text, const std::string& key);

@@ -2,11 +2,10 @@
 
 #include <cstdlib>
 
-#include "app/frame_window.h"
+#include "app/frame_win32.h"
 #include "notes/notes_window.h"
-#include "output/output_win32.h"
 #include "passage/passage_window.h"
-#include "verselist/verselist_window.h"
+#include "verselist/verse_list_window.h"
 #include "win32/screen.h"
 
 static bool ChooseFontFor(FontChoice& choice) {
@@ -32,7 +31,7 @@ void ChoosePassageFont(int) {
 void ChooseNotesFont(int) {
     if (!ChooseFontFor(theFrame.fonts.notes)) return;
     SetNotesFont(theFrame.fonts.notes);
-    ReadNote(theNotes.sets.currentVerse);
+    ReadNote(theNoteSets.currentVerse);
 }
 
 void ChooseHighlightColor(int) {

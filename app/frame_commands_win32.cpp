@@ -1,20 +1,22 @@
 #include "app/frame_commands_win32.h"
 
-#include "app/about_dialog.h"
-#include "app/commands_win32.h"
-#include "app/frame_window.h"
+#include "app/frame_win32.h"
 #include "notes/note_editor_window.h"
 #include "notes/notes_window.h"
-#include "output/output_win32.h"
 #include "passage/passage_window.h"
 #include "resources/help_topics.h"
 #include "resources/ids.h"
-#include "verselist/verselist_window.h"
+#include "verselist/verse_list_window.h"
 #include "win32/controls.h"
+#include "win32/dialogs.h"
 #include "win32/help_viewer.h"
 
+static void OnAboutCommand(HWND dialog, int control, UINT) {
+    if (control == IDOK) EndDialog(dialog, IDOK);
+}
+
 void ShowAbout(int) {
-    OpenAbout(theFrame.window);
+    RunDialog(theFrame.window, {"ABOUT", nullptr, OnAboutCommand});
 }
 
 void CloseFrame(int) {
@@ -60,6 +62,10 @@ void FocusPassage(int) {
     SetFocus(thePassage.window);
 }
 
+void EnterPassage(int) {
+    SetFocus(thePassage.window);
+}
+
 void OpenContextMenu(int) {
     static constexpr LPARAM kPlace = MAKELPARAM(1, 1);
     const HWND focus = GetFocus();
@@ -82,5 +88,5 @@ void CutSelection(int) {
 }
 
 void PasteText(int) {
-    if (theNotes.editing) PasteInEditor();
+    if (IsEditingNote()) PasteInEditor();
 }

@@ -8,6 +8,7 @@ void TogglePane(int command);
 void ToggleToolbar(int command);
 void FocusList(int command);  // both show a hidden pane
 void FocusPassage(int command);
+void EnterPassage(int command);     // leaves a hidden one hidden
 void OpenContextMenu(int command);  // of the window that has the focus
 void CutSelection(int command);
 void CopySelection(int command);

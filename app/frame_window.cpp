@@ -1,147 +1,112 @@
 #include "app/frame_window.h"
 
+#include <algorithm>
+
+#include "app/command_table_win32.h"
+#include "app/frame_win32.h"
+#include "app/startup_win32.h"
+#include "app/toolbar_win32.h"
 #include "notes/note_editor_window.h"
+#include "notes/note_tabs_win32.h"
 #include "notes/notes_window.h"
-#include "passage/passage_window.h"
 #include "resources/ids.h"
-#include "search/set_range_dialog.h"
-#include "verselist/verselist_window.h"
-#include "win32/controls.h"
-#include "win32/panes.h"
+#include "verselist/verse_list_window.h"
 #include "win32/screen.h"
 
-Frame theFrame;
-
-// Layout.
-
-static void Place(HWND window, const Area& place) {
-    SetWindowPos(window, nullptr, place.x, place.y, place.width, place.height, SWP_NOZORDER | SWP_NOACTIVATE);
+static BOOL OnCreate(HWND window, CREATESTRUCTA*) {
+    return StartUp(window);
 }
 
-static void Show(HWND window, bool shown) {
-    ShowWindow(window, shown ? SW_SHOWNA : SW_HIDE);
+static void OnClose(HWND window) {
+    if (MayLeaveEditor()) DestroyWindow(window);
 }
 
-// The room that a tab control of this size leaves for its pane.
-static Area DisplayRectangle(HWND tabs, const Area& place) {
-    RECT room{0, 0, place.width, place.height};
-    TabCtrl_AdjustRect(tabs, FALSE, &room);
-    const auto size = [](LONG from, LONG to) { return static_cast<int>(to > from ? to - from : 0); };
-    return {room.left, room.top, size(room.left, room.right), size(room.top, room.bottom)};
+static BOOL OnQueryEndSession(HWND) {
+    return MayLeaveEditor();
 }
 
-static void PlaceInTabs(HWND tabs, const PanePlace& pane, std::initializer_list<HWND> contents) {
-    if (pane.shown) {
-        Place(tabs, pane.place);
-        const Area room = DisplayRectangle(tabs, pane.place);
-        for (const HWND content : contents) Place(content, room);
+static void OnDestroy(HWND) {
+    ShutDown();
+    PostQuitMessage(0);
+}
+
+static void OnCommand(HWND, int command, HWND, UINT) {
+    Dispatch(command);
+}
+
+static void OnNoteSetChosen() {
+    ShowNoteOfSet(TabCtrl_GetCurSel(theNoteTabs.window), theNoteSets.currentVerse);
+    RepaintNoteMarks();
+}
+
+static LRESULT OnNotify(HWND window, int control, NMHDR* notification) {
+    if (notification->code == TTN_NEEDTEXTA) AnswerToolTip(reinterpret_cast<NMTTDISPINFOA*>(notification));
+    if (notification->code == TCN_SELCHANGE && control == IDC_NOTE_TABS) OnNoteSetChosen();
+    if (notification->code == TCN_SELCHANGE && control == IDC_LIST_TABS) {
+        SwitchListView(TabCtrl_GetCurSel(theFrame.listTabs));
     }
-    Show(tabs, pane.shown);
+    return DefWindowProcA(window, WM_NOTIFY, static_cast<WPARAM>(control), reinterpret_cast<LPARAM>(notification));
 }
 
-static void PlaceNotes(const PanePlace& notes) {
-    PlaceInTabs(theFrame.noteTabs, notes, {theNotes.window});
-    RECT client{};
-    GetClientRect(theNotes.window, &client);
-    Place(theNotes.view, {0, 0, client.right, client.bottom});
-    Show(theNotes.window, notes.shown);
-    Show(theNotes.view, notes.shown);
+static void RememberFocus(HWND window) {
+    if (IsChild(window, GetFocus())) theFrame.focusWhenInactive = GetFocus();
 }
 
-static void UpdateStatusParts() {
-    RECT client{};
-    GetClientRect(theFrame.statusBar, &client);
-    int edges[kStatusPartCount];
-    StatusPartEdges(client.right, edges);
-    SendMessageA(theFrame.statusBar, SB_SETPARTS, kStatusPartCount, reinterpret_cast<LPARAM>(edges));
-    ShowSearchRange(theFrame.window);
+static void OnSize(HWND window, UINT sizeType, int width, int height) {
+    if (sizeType == SIZE_MINIMIZED) return RememberFocus(window);  // the panes keep their places meanwhile
+    LayOut(sizeType, width, height);
 }
 
-static int HeightOf(HWND window) {
-    RECT place{};
-    GetWindowRect(window, &place);
-    return static_cast<int>(place.bottom - place.top);
-}
-
-void LayOut(WPARAM sizeType, int width, int height) {
-    for (const HWND bar : {theFrame.toolbar, theFrame.statusBar}) {
-        SendMessageA(bar, WM_SIZE, sizeType, MAKELPARAM(width, height));
+// Coming back from another program or to its size, the keys go where they went before.
+static void OnActivate(HWND window, UINT state, HWND other, BOOL minimized) {
+    if (state == WA_INACTIVE) RememberFocus(window);
+    if (state != WA_INACTIVE && !minimized && IsWindowVisible(theFrame.focusWhenInactive)) {
+        SetFocus(theFrame.focusWhenInactive);
+    } else {
+        FORWARD_WM_ACTIVATE(window, state, other, minimized, DefWindowProcA);  // to the frame itself
     }
-    Show(theFrame.toolbar, theFrame.shown.ToolBar != 0);
-    UpdateStatusParts();
-    const FrameSize size{width, height, HeightOf(theFrame.toolbar), HeightOf(theFrame.statusBar)};
-    const FrameLayout layout = LayOutFrame(size, theFrame.shown, theNotes.editing != 0);
-    PlaceInTabs(theFrame.listTabs, layout.list, {theVerseList.window, theVerseList.references});
-    PlaceInTabs(theFrame.passageTabs, layout.passage, {thePassage.window});
-    PlaceNotes(layout.notes);
-    if (layout.editor.shown) Place(theFrame.noteEditor, layout.editor.place);
-    Show(theFrame.noteEditor, layout.editor.shown);
 }
 
-// A pane that was hidden with the focus in it would take the keys with it.
-static void KeepFocusShown() {
-    const HWND focus = GetFocus();
-    if (!focus || IsWindowVisible(focus)) return;
-    const HWND panes[] = {thePassage.window, theVerseList.window, theVerseList.references, theNotes.view,
-                          theNoteEditor.edit};
-    for (const HWND pane : panes) {
-        if (!IsWindowVisible(pane)) continue;
-        SetFocus(pane);
-        return;
+static LRESULT CALLBACK FrameProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        HANDLE_MSG(window, WM_CREATE, OnCreate);
+        HANDLE_MSG(window, WM_CLOSE, OnClose);
+        HANDLE_MSG(window, WM_QUERYENDSESSION, OnQueryEndSession);
+        HANDLE_MSG(window, WM_DESTROY, OnDestroy);
+        HANDLE_MSG(window, WM_COMMAND, OnCommand);
+        HANDLE_MSG(window, WM_NOTIFY, OnNotify);
+        HANDLE_MSG(window, WM_SIZE, OnSize);
+        HANDLE_MSG(window, WM_ACTIVATE, OnActivate);
     }
-    SetFocus(theFrame.window);
+    return DefWindowProcA(window, message, wParam, lParam);
 }
 
-void LayOut() {
-    RECT client{};
-    GetClientRect(theFrame.window, &client);
-    LayOut(SIZE_RESTORED, client.right, client.bottom);
-    if (IsWindowVisible(theFrame.window)) KeepFocusShown();
+bool RegisterFrameClass() {
+    const HINSTANCE program = GetModuleHandleA(nullptr);
+    WNDCLASSA description{};
+    description.style = CS_HREDRAW | CS_VREDRAW;
+    description.lpfnWndProc = FrameProcedure;
+    description.hInstance = program;
+    description.hIcon = LoadIconA(program, "Big_Icon");
+    description.hCursor = LoadCursorA(nullptr, IDC_ARROW);
+    description.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
+    description.lpszMenuName = "Menu";
+    description.lpszClassName = kFrameClass;
+    return RegisterClassA(&description) != 0;
 }
 
-void RemoveDevotionalMenu() {
-    static constexpr UINT kDevotionalMenu = 6;  // position in the menu bar
-    // Not deleted: to destroy its 732 items one by one would be felt in the start, and they go with the program.
-    RemoveMenu(theFrame.menu, kDevotionalMenu, MF_BYPOSITION);
-    DrawMenuBar(theFrame.window);
+static FramePlacement KeptOnScreen(const FramePlacement& placement) {
+    if (placement.XPos == kUseDefault || placement.Width == kUseDefault) return placement;
+    const auto within = [](int pixels) { return std::clamp(pixels, -32767, 32767); };  // where the system's screens end
+    const int left = within(placement.XPos);
+    const int top = within(placement.YPos);
+    const RECT place{left, top, left + within(placement.Width), top + within(placement.Height)};
+    return IsOnScreen(place) ? placement : FramePlacement{};
 }
 
-void RepaintNoteMarks() {
-    RedisplayVerseList();
-    RedisplayPassage();
-}
-
-// Creation.
-
-// The Reference List lies in the list tab control, which therefore gets its commands; none goes further.
-static LRESULT CALLBACK ListTabProcedure(HWND tabs, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == WM_COMMAND) {
-        if (LOWORD(wParam) == IDC_REFERENCE_LIST && HIWORD(wParam) == LBN_DBLCLK) {
-            SendCommand(theFrame.window, IDM_CONTEXT);
-        }
-        return 0;
-    }
-    return CallWindowProcA(theFrame.listTabProcedure, tabs, message, wParam, lParam);
-}
-
-static HWND CreateTabs(HWND frame, int id, std::initializer_list<const char*> names) {
-    const HWND tabs =
-        CreateChild(frame, WC_TABCONTROLA, "", WS_VISIBLE | WS_CLIPCHILDREN | WS_CLIPSIBLINGS | TCS_MULTILINE, 0, id);
-    SendMessageA(tabs, WM_SETFONT, reinterpret_cast<WPARAM>(MessageFont()), FALSE);
-    for (const char* name : names) {
-        TCITEMA item{};
-        item.mask = TCIF_TEXT;
-        item.pszText = const_cast<char*>(name);
-        SendMessageA(tabs, TCM_INSERTITEMA, static_cast<WPARAM>(TabCtrl_GetItemCount(tabs)),
-                     reinterpret_cast<LPARAM>(&item));
-    }
-    return tabs;
-}
-
-void CreateBars(HWND frame) {
-    theFrame.statusBar = CreateChild(frame, STATUSCLASSNAMEA, "", WS_VISIBLE, 0, IDC_STATUS_BAR);
-    theFrame.listTabs = CreateTabs(frame, IDC_LIST_TABS, {"Verse List", "Reference List"});
-    theFrame.listTabProcedure = Subclass(theFrame.listTabs, ListTabProcedure);
-    theFrame.passageTabs = CreateTabs(frame, IDC_PASSAGE_TABS, {"Passage"});
-    theFrame.noteTabs = CreateTabs(frame, IDC_NOTE_TABS, {});
+HWND CreateFrame(const FramePlacement& stored) {
+    const FramePlacement placement = KeptOnScreen(stored);
+    return CreateWindowExA(0, kFrameClass, kFrameClass, WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, placement.XPos,
+                           placement.YPos, placement.Width, placement.Height, nullptr, nullptr,
+                           GetModuleHandleA(nullptr), nullptr);
 }

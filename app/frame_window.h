@@ -1,48 +1,12 @@
-// The frame: toolbar, status bar and up to three panes in their tab controls.
+// The frame's window: its class, its creation, its messages.
 #pragma once
 
-#include <array>
-
-#include "app/bookmarks.h"
-#include "app/frame_layout.h"
 #include "app/settings.h"
-#include "win32/handles.h"
+#include "win32/windows_api.h"
 
-struct Frame {
-    HWND window = nullptr;
-    HWND toolbar = nullptr;
-    HWND statusBar = nullptr;
-    HWND listTabs = nullptr;
-    HWND passageTabs = nullptr;
-    HWND noteTabs = nullptr;
-    HWND noteEditor = nullptr;
-    HWND splash = nullptr;               // only during start-up
-    HWND focusWhenInactive = nullptr;    // the window that had the focus when another program took it
-    WNDPROC listTabProcedure = nullptr;  // the list tab control's own
-    HMENU menu = nullptr;
-    HACCEL accelerators = nullptr;
-    HMODULE richEdit = nullptr;
-    OwnedImageList toolbarPictures;
-    ShownPanes shown;
-    Bookmarks bookmarks;
-    Fonts fonts;
-    std::array<COLORREF, 16> customColors{};
-    PAGESETUPDLGA pageSetup{};
-    bool startUpComplete = false;
-};
-extern Frame theFrame;
+inline constexpr char kFrameClass[] = "Versewell97";  // and its title
 
-// Creates status bar and tab controls; the toolbar has its own file.
-void CreateBars(HWND frame);
+bool RegisterFrameClass();
 
-// Places everything for a client area of this size; `sizeType` is that of the size message.
-void LayOut(WPARAM sizeType, int width, int height);
-
-// The same for the frame's present size, with the focus kept on a window that is shown.
-void LayOut();
-
-// Takes the Devotional menu out of the menu bar: there is no set of readings, or none any more.
-void RemoveDevotionalMenu();
-
-// Repaints the panes that mark verses with notes.
-void RepaintNoteMarks();
+// Creates the frame where the settings say, with all of start-up inside; null when it failed.
+HWND CreateFrame(const FramePlacement& placement);

@@ -1,16 +1,16 @@
 // Where the program begins: classes, frame, message loop.
 
+#include "app/frame_win32.h"
 #include "app/frame_window.h"
-#include "app/main_window.h"
 #include "app/single_instance_win32.h"
 #include "app/startup_win32.h"
 #include "notes/note_editor_window.h"
 #include "notes/notes_window.h"
 #include "passage/passage_window.h"
-#include "scripture/scripture_files.h"
-#include "verselist/verselist_window.h"
+#include "scripture/scripture.h"
+#include "verselist/verse_list_window.h"
 #include "win32/controls.h"
-#include "win32/working_folder.h"
+#include "win32/files.h"
 
 static constexpr char kFailureText[] =
     "Initialization of Versewell97 incomplete.\n\n"

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "app/bookmarks.h"
 #include "scripture/reference_parser.h"
 #include "tests/support/hand_made_scripture.h"
 #include "tests/support/native_scripture.h"
@@ -99,4 +98,45 @@ TEST(BookmarkLabel, NamesVerseAndKey) {
         EXPECT_EQ(BookmarkLabel(TheRealScripture().records, bookmarks, row.number), row.label);
     }
     EXPECT_EQ(Bookmarks{}.verses, (std::array<int, 10>{}));
+}
+
+// ---- The day --------------------------------------------------------------------------------------------------------
+
+struct ReadingRow {
+    Date date;
+    TimeOfDay reading;
+    std::size_t entry;  // of the table: eight bytes a day, four a reading, 31 days a month
+};
+
+static constexpr ReadingRow kReadings[] = {
+    {{1, 1}, TimeOfDay::kMorning, 0},    {{1, 1}, TimeOfDay::kEvening, 1},     {{1, 31}, TimeOfDay::kEvening, 61},
+    {{2, 1}, TimeOfDay::kMorning, 62},   {{2, 29}, TimeOfDay::kMorning, 118},  {{3, 1}, TimeOfDay::kMorning, 124},
+    {{12, 1}, TimeOfDay::kMorning, 682}, {{12, 31}, TimeOfDay::kMorning, 742}, {{12, 31}, TimeOfDay::kEvening, 743},
+};
+
+TEST(Devotional, FindsEachReadingInItsSlot) {
+    for (const auto& [date, reading, entry] : kReadings) {
+        NoteSets notes;
+        notes.devotionalTable[entry] = 777;
+        EXPECT_EQ(VerseOfDevotional(notes, date, reading), 777) << date.month << '/' << date.day;
+    }
+}
+
+TEST(Devotional, OpensTheFirstVerseForAnEmptyEntryAndTheLastForOneBeyondIt) {
+    NoteSets notes;
+    notes.devotionalTable[1] = 31102;
+    notes.devotionalTable[2] = 0xFFFFFFFF;
+    EXPECT_EQ(VerseOfDevotional(notes, {1, 1}, TimeOfDay::kMorning), 0);
+    EXPECT_EQ(VerseOfDevotional(notes, {1, 1}, TimeOfDay::kEvening), kLastVerse);
+    EXPECT_EQ(VerseOfDevotional(notes, {1, 2}, TimeOfDay::kMorning), kLastVerse);
+}
+
+TEST(Devotional, HasAChapterOfProverbsForEveryDay) {
+    const VerseRecords& records = TheRealScripture().records;
+    for (int day = 1; day <= 31; ++day) {
+        const VerseRecord verse = RecordOf(records, TodaysProverb(records, {5, day}));
+        EXPECT_EQ(verse.book, 20);
+        EXPECT_EQ(verse.chapter, day);
+        EXPECT_EQ(verse.verse, 1);
+    }
 }

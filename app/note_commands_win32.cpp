@@ -1,16 +1,16 @@
 #include "app/note_commands_win32.h"
 
-#include "app/commands_win32.h"
-#include "app/frame_window.h"
-#include "notes/goto_note_dialog.h"
+#include "app/frame_win32.h"
+#include "notes/note_editor_window.h"
 #include "notes/notes_window.h"
+#include "pane/status_bar_win32.h"
 #include "passage/passage_window.h"
+#include "resources/help_topics.h"
 #include "resources/ids.h"
+#include "scripture/reference_dialog.h"
 #include "scripture/scripture_win32.h"
-#include "verselist/verselist_window.h"
+#include "verselist/verse_list_window.h"
 #include "win32/controls.h"
-
-static constexpr int kSummaryPart = 0;  // of the status bar
 
 static void ShowNotes() {
     RunIfEnabled(theFrame.window, IDM_VIEW_NOTES);
@@ -22,22 +22,23 @@ void FocusNotes() {
 }
 
 void GoToNote(int) {
-    AskGotoNote(theFrame.window);
+    const std::string start = ReferenceText(theScripture.records, theNoteSets.currentVerse, BookForm::kName);
+    AskVerse(theFrame.window, {"GOTONOTE", kTopicGotoNote, start, ReadNote});
     FocusNotes();
 }
 
 void GoToNeighbouringNote(int command) {
     ShowNotes();
     const bool next = command == IDM_NEXT_NOTE;
-    ReadNote(next ? NextNote(TheNoteFiles(), theNotes.sets) : PreviousNote(TheNoteFiles(), theNotes.sets));
+    ReadNote(next ? NextNote(TheNoteFiles(), theNoteSets) : PreviousNote(TheNoteFiles(), theNoteSets));
 }
 
 void GoToNeighbouringSet(int command) {
     ShowNotes();
-    const int count = static_cast<int>(theNotes.sets.sets.size());
+    const int count = static_cast<int>(theNoteSets.sets.size());
     if (count == 0) return;
     const int step = command == IDM_NEXT_NOTE_SET ? 1 : count - 1;
-    SelectNoteSet((theNotes.sets.currentSet + step) % count);
+    ShowNoteOfSet((theNoteSets.currentSet + step) % count, theNoteSets.currentVerse);
     RepaintNoteMarks();
 }
 
@@ -53,7 +54,7 @@ void ShowNoteForList(int) {
 }
 
 void ShowVerseForNote(int) {
-    ScrollToVerse(theNotes.sets.currentVerse);
+    ScrollToVerse(theNoteSets.currentVerse);
     RunIfEnabled(theFrame.window, IDM_VIEW_PASSAGE);
 }
 
@@ -66,12 +67,16 @@ void ToggleBindNotes(int command) {
 void EditNote(int command) {
     if (!theFrame.startUpComplete) return;  // without its scripture the program knows no verse to write about
     ShowNotes();
-    theNotes.editing = 1;
-    SendCommand(theFrame.noteEditor, command);
+    SendCommand(theNoteEditor.window, command);
     LayOut();
 }
 
+void ShowSavedNote(int) {
+    ShowNoteText();
+}
+
 void EndEditingNote(int) {
+    if (IsChild(theNoteEditor.window, GetFocus())) SetFocus(theNotes.view);
     RefreshCommands();
     LayOut();
 }
@@ -79,14 +84,8 @@ void EndEditingNote(int) {
 void ShowNoteReferences(int) {
     if (theNotes.references.empty()) return;
     ShowReferences(theNotes.references);
-    SetStatusPart(theFrame.statusBar, kSummaryPart,
-                  "x-refs for " + ReferenceText(theScripture.records, theNotes.sets.currentVerse, BookForm::kName));
+    ShowStatus(theFrame.window, StatusPart::kSearchSummary,
+               "x-refs for " + ReferenceText(theScripture.records, theNoteSets.currentVerse, BookForm::kName));
     RunIfEnabled(theFrame.window, IDM_VIEW_LIST);
     RefreshCommands();
-}
-
-OfferedNoteSets NoteSetsToOffer() {
-    OfferedNoteSets offered{{}, theNotes.sets.currentSet};
-    for (const NoteSet& set : theNotes.sets.sets) offered.names.push_back(NoteSetName(set));
-    return offered;
 }

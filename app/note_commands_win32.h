@@ -1,8 +1,6 @@
 // Commands that move among notes and note sets.
 #pragma once
 
-#include "output/range_dialog.h"
-
 // Shows the Notes window if it is hidden and gives it the focus.
 void FocusNotes();
 
@@ -14,8 +12,6 @@ void ShowNoteForList(int command);
 void ShowVerseForNote(int command);
 void ToggleBindNotes(int command);
 void EditNote(int command);
+void ShowSavedNote(int command);       // the editor has saved
 void EndEditingNote(int command);      // the editor has closed
 void ShowNoteReferences(int command);  // the verses of the cross-reference line that was followed
-
-// The sets that a dialog lets the user choose from, in their order.
-OfferedNoteSets NoteSetsToOffer();

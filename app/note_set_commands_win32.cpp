@@ -1,13 +1,13 @@
 #include "app/note_set_commands_win32.h"
 
-#include "app/frame_window.h"
+#include "app/frame_win32.h"
 #include "app/note_commands_win32.h"
 #include "notes/note_set_changes.h"
 #include "notes/note_set_dialog.h"
 #include "notes/note_tabs_win32.h"
 #include "notes/notes_window.h"
 #include "passage/passage_window.h"
-#include "verselist/verselist_window.h"
+#include "verselist/verse_list_window.h"
 #include "win32/controls.h"
 
 static constexpr char kDeleteCaption[] = "Delete Note Set";
@@ -19,7 +19,7 @@ static void ShowNewTabs() {
 }
 
 static void CreateSetNamed(const std::string& name) {
-    const std::string problem = CreateNoteSet(TheNoteFiles(), theNotes.sets, name);
+    const std::string problem = CreateNoteSet(TheNoteFiles(), theNoteSets, name);
     if (!problem.empty()) return Complain(theFrame.window, problem.c_str());
     AddLastNoteTab();
     LayOut();
@@ -31,43 +31,36 @@ void CreateSet(int) {
     FocusNotes();
 }
 
-static bool HasCurrentSet() {
-    return theNotes.sets.currentSet < static_cast<int>(theNotes.sets.sets.size());
-}
-
-static std::string CurrentSetName() {
-    return NoteSetName(theNotes.sets.sets[static_cast<std::size_t>(theNotes.sets.currentSet)]);
-}
-
 static void RenameSetTo(const std::string& name) {
-    const std::string problem = RenameNoteSet(TheNoteFiles(), theNotes.sets, name);
+    const std::string problem = RenameNoteSet(TheNoteFiles(), theNoteSets, name);
     if (!problem.empty()) return Complain(theFrame.window, problem.c_str());
     ShowNewTabs();
 }
 
 void RenameSet(int) {
-    if (!HasCurrentSet()) return;
-    const auto name = AskChangedSetName(theFrame.window, CurrentSetName());
+    const NoteSet* set = CurrentSet(theNoteSets);
+    if (!set) return;
+    const auto name = AskChangedSetName(theFrame.window, NoteSetName(*set));
     if (name) RenameSetTo(*name);
     FocusNotes();
 }
 
 static bool IsDeletionMeant() {
-    const std::string question = QuestionBeforeDeleting(theNotes.sets);
+    const std::string question = QuestionBeforeDeleting(theNoteSets);
     return MessageBoxA(theFrame.window, question.c_str(), kDeleteCaption, MB_YESNO | MB_ICONEXCLAMATION) == IDYES;
 }
 
 void DeleteSet(int) {
-    if (theNotes.sets.sets.size() <= 1) {
+    if (theNoteSets.sets.size() <= 1) {
         MessageBoxA(theFrame.window, kOnlyOneSet, kDeleteCaption, MB_OK | MB_ICONINFORMATION);
         return;
     }
     if (!IsDeletionMeant()) return;
-    const bool hadDevotional = theNotes.sets.devotionalSet != kNoDevotionalSet;
-    if (!DeleteNoteSet(TheNoteFiles(), theNotes.sets)) return Complain(theFrame.window, kDeleteFailed);
-    if (hadDevotional && theNotes.sets.devotionalSet == kNoDevotionalSet) RemoveDevotionalMenu();
+    const bool hadDevotional = theNoteSets.devotionalSet != kNoDevotionalSet;
+    if (!DeleteNoteSet(TheNoteFiles(), theNoteSets)) return Complain(theFrame.window, kDeleteFailed);
+    if (hadDevotional && theNoteSets.devotionalSet == kNoDevotionalSet) RemoveDevotionalMenu();
     ShowNewTabs();
-    ReadNote(theNotes.sets.currentVerse);
+    ReadNote(theNoteSets.currentVerse);
     RepaintNoteMarks();
 }
 

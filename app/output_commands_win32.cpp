@@ -1,30 +1,30 @@
 #include "app/output_commands_win32.h"
 
-#include "app/frame_window.h"
-#include "app/note_commands_win32.h"
-#include "notes/notes_window.h"
-#include "notes/saved_notes.h"
-#include "output/copy_range_dialog.h"
+#include "app/frame_win32.h"
+#include "notes/note_files_win32.h"
+#include "notes/note_source.h"
 #include "output/copy_text.h"
 #include "output/format_dialog.h"
-#include "output/output_win32.h"
-#include "output/text_file_win32.h"
+#include "output/range_dialog.h"
+#include "output/save_text.h"
 #include "passage/passage_window.h"
 #include "scripture/scripture_win32.h"
-#include "verselist/verselist_window.h"
+#include "verselist/verse_list_window.h"
 #include "win32/clipboard.h"
 #include "win32/controls.h"
+#include "win32/handles.h"
 #include "win32/save_file_dialog.h"
 
 static constexpr char kNoMemoryForText[] = "Could not allocate memory for text";
 static constexpr char kNoMemoryForCopyText[] = "Could not allocate memory for copy text";
+static constexpr char kCannotCreateText[] = "Could not open file for writing";
 static constexpr char kVerseListFile[] = "Verse List.txt";
 
 static const std::vector<std::int32_t>& ListedVerses() {
     return theVerseList.list.ListEntries;
 }
 
-// Copying.
+// ---- Copying --------------------------------------------------------------------------------------------------------
 
 // Messages wait until the clipboard is free again for other programs.
 template <typename MakeText>
@@ -40,19 +40,20 @@ static void Copy(const char* noMemory, MakeText makeText) {
     for (int said = 0; said < copy.complaints; ++said) Complain(theFrame.window, kCopyIncomplete, kCopyErrorCaption);
 }
 
-static void CopyVerses(const std::optional<ParsedRange>& verses) {
-    if (!verses) return;
-    const auto [first, last] = std::pair(verses->first, verses->last);
+static void CopyVerses(const RangeDialog& kind) {
+    const auto asked = AskRange(theFrame.window, kind, thePassage.view.TopVerse);
+    if (!asked) return;
+    const auto [first, last] = std::pair(asked->range.first, asked->range.last);
     Copy(kNoMemoryForText,
          [=] { return CopyRangeText(theScripture, theFormat, first, last, RangeCopyBudget(first, last)); });
 }
 
 void CopyVerse(int) {
-    CopyVerses(AskVerseToCopy(theFrame.window, thePassage.view.TopVerse));
+    CopyVerses(kCopyVerse);
 }
 
 void CopyRange(int) {
-    CopyVerses(AskRangeToCopy(theFrame.window, thePassage.view.TopVerse));
+    CopyVerses(kCopyRange);
 }
 
 void CopyVerseList(int) {
@@ -66,7 +67,25 @@ void CopyReferences(int) {
     Copy(kNoMemoryForCopyText, [] { return CopyReferencesText(theScripture.records, ListedVerses()); });
 }
 
-// Saving.
+// ---- Saving ---------------------------------------------------------------------------------------------------------
+
+// A new file at `path`, in the place of one that is there; none where it cannot be made.
+static OwnedFile CreateTextFile(const std::string& path) {
+    const HANDLE file =
+        CreateFileA(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+    return OwnedFile(file == INVALID_HANDLE_VALUE ? nullptr : file);
+}
+
+static bool Write(void* file, std::string_view bytes) {
+    DWORD written = 0;
+    return file && WriteFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr) &&
+           written == bytes.size();
+}
+
+// Where there is no file, every write fails.
+static TextFile TextFileOf(const OwnedFile& file) {
+    return {file.get(), Write};
+}
 
 static const char* ProblemOf(TextSaveResult result) {
     return result == TextSaveResult::kCannotWrite       ? kCannotWriteText
@@ -92,15 +111,15 @@ static const char* WriteRange(const AskedRange& asked) {
     const OwnedFile file = CreateTextFile(asked.path);
     if (!file) return kCannotCreateText;
     if (asked.noteSet == kWithoutNotes) return WriteRange(asked, nullptr, file);
-    const NoteSet& set = theNotes.sets.sets[static_cast<std::size_t>(asked.noteSet)];
+    const NoteSet& set = theNoteSets.sets[static_cast<std::size_t>(asked.noteSet)];
     if (!CanReadNotes(TheNoteFiles(), set)) return kCannotOpenNotes;
-    SavedNotes notes{TheNoteFiles(), set, 0, {}};
+    NoteReader notes{TheNoteFiles(), set};
     const NoteSource source = SourceOf(notes);
     return WriteRange(asked, &source, file);
 }
 
 void SaveRange(int) {
-    const auto asked = AskRangeToSave(theFrame.window, thePassage.view.TopVerse, NoteSetsToOffer());
+    const auto asked = AskRange(theFrame.window, kSaveRange, thePassage.view.TopVerse);
     if (asked) Save([&] { return WriteRange(*asked); });
 }
 

@@ -2,16 +2,15 @@
 
 #include <numeric>
 
-#include "app/frame_window.h"
-#include "app/note_commands_win32.h"
+#include "app/frame_win32.h"
+#include "notes/note_source.h"
 #include "notes/notes_window.h"
-#include "notes/saved_notes.h"
-#include "output/output_win32.h"
+#include "output/format_dialog.h"
+#include "output/range_dialog.h"
 #include "passage/passage_window.h"
-#include "print/print_range_dialog.h"
 #include "print/printing_win32.h"
 #include "scripture/scripture_win32.h"
-#include "verselist/verselist_window.h"
+#include "verselist/verse_list_window.h"
 #include "win32/controls.h"
 
 static std::vector<std::int32_t> VersesOf(const ParsedRange& range) {
@@ -21,7 +20,7 @@ static std::vector<std::int32_t> VersesOf(const ParsedRange& range) {
 }
 
 static bool CanReadNotesOfCurrentSet() {
-    return CanReadNotes(TheNoteFiles(), theNotes.sets.sets[static_cast<std::size_t>(theNotes.sets.currentSet)]);
+    return CanReadNotes(TheNoteFiles(), *CurrentSet(theNoteSets));
 }
 
 static void PrintVersesOf(const ParsedRange& range, const NoteSource* notes) {
@@ -35,13 +34,13 @@ static void PrintVersesOf(const ParsedRange& range, const NoteSource* notes) {
 
 // The set whose notes are printed is the current one as long as that takes.
 static void PrintWithNotes(const ParsedRange& range, int noteSet) {
-    const int setBefore = theNotes.sets.currentSet;
-    theNotes.sets.currentSet = noteSet;
-    SavedNotes notes{TheNoteFiles(), theNotes.sets.sets[static_cast<std::size_t>(noteSet)]};
+    const int setBefore = theNoteSets.currentSet;
+    SelectSet(theNoteSets, noteSet);
+    NoteReader notes{TheNoteFiles(), *CurrentSet(theNoteSets)};
     const NoteSource source = SourceOf(notes);
     PrintVersesOf(range, &source);
-    theNotes.sets.currentSet = setBefore;
-    ReadNote(theNotes.sets.currentVerse);
+    SelectSet(theNoteSets, setBefore);
+    ReadNote(theNoteSets.currentVerse);
     if (setBefore != noteSet) RepaintNoteMarks();  // what was uncovered meanwhile shows those of the other set
 }
 
@@ -51,7 +50,7 @@ void ChoosePageSetup(int) {
 
 void PrintRange(int) {
     if (IsPrinting()) return;
-    const auto asked = AskRangeToPrint(theFrame.window, thePassage.view.TopVerse, NoteSetsToOffer());
+    const auto asked = AskRange(theFrame.window, kPrintRange, thePassage.view.TopVerse);
     if (!asked) return;
     const HCURSOR before = BeginWait(theFrame.window);
     if (asked->noteSet == kWithoutNotes) {

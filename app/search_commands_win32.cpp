@@ -1,93 +1,85 @@
 #include "app/search_commands_win32.h"
 
 #include <algorithm>
+#include <utility>
 
-#include "app/commands_win32.h"
-#include "app/frame_window.h"
+#include "app/frame_win32.h"
 #include "notes/note_search.h"
 #include "notes/notes_window.h"
 #include "notes/search_notes_dialog.h"
-#include "output/output_win32.h"
+#include "pane/status_bar_win32.h"
 #include "resources/ids.h"
 #include "scripture/scripture_win32.h"
 #include "search/search_dialog.h"
 #include "search/search_engine.h"
-#include "search/search_win32.h"
-#include "search/set_range_dialog.h"
-#include "verselist/verselist_window.h"
+#include "verselist/verse_list_window.h"
 #include "win32/controls.h"
 
-static constexpr int kSummaryPart = 0;  // of the status bar
-static constexpr int kEntryPart = 1;
-
-static bool Find(SearchKind kind) {
-    return kind == SearchKind::kPhrase ? PhraseSearch(theScripture, theWordIndex, theSearch)
-                                       : WordSearch(theScripture, theWordIndex, theSearch);
-}
-
-static void ReportNoMatch() {
+static void ReportNoMatch(const SearchKind& kind) {
     EmptyVerseList();
-    SetStatusPart(theFrame.statusBar, kSummaryPart, "No Matches");
-    SetStatusPart(theFrame.statusBar, kEntryPart, "");
+    ShowStatus(theFrame.window, StatusPart::kSearchSummary, "No Matches");
+    ShowStatus(theFrame.window, StatusPart::kListEntry, "");
     RefreshCommands();
     MessageBoxA(theFrame.window, "No verses matching search criteria.", "Search Results", MB_OK | MB_ICONINFORMATION);
+    if (kind.summarizesNoMatches) ShowStatus(theFrame.window, StatusPart::kSearchSummary, SearchSummary({}));
 }
 
-static void ShowSummary() {
-    SetStatusPart(theFrame.statusBar, kSummaryPart, SearchSummary(theSearch.result));
-}
-
-static void ShowFound(SearchKind kind) {
-    ShowSummary();  // before a paint adds to its count
+static void ShowFound(const SearchKind& kind, Query query, SearchResult found) {
+    ShowStatus(theFrame.window, StatusPart::kSearchSummary, SearchSummary(found));
     DropSelection();
-    if (kind == SearchKind::kWords) SetFocus(theVerseList.window);
-    ShowSearchResult();
+    if (kind.focusesVerseList) SetFocus(theVerseList.window);
+    ShowSearchResult(std::move(query), std::move(found.verses));
     RefreshCommands();
 }
 
-static bool HasFound() {
-    return !theSearch.result.verses.empty();
-}
-
-static void RunSearch(SearchKind kind) {
+// Did it find a verse?
+static bool RunSearch(const SearchKind& kind) {
+    static HitCounters hits;
     const HCURSOR before = BeginWait(theFrame.window);
-    if (Find(kind)) ShowFound(kind);
+    Query query = QueryOf(theSearch.searchText, theSearch.options, kind.query);
+    SearchResult found = Search(theScripture, theWordIndex, query, theSearch.range, hits);
+    const bool hasFound = !found.verses.empty();
+    if (hasFound) ShowFound(kind, std::move(query), std::move(found));
     EndWait(before);
-    if (HasFound()) ShowVerseListAtOnce();
+    if (hasFound) ShowVerseListAtOnce();
+    return hasFound;
 }
 
-static void Search(SearchKind kind) {
-    if (!AskSearch(theFrame.window, kind, RunSearch) || HasFound()) return;
-    ReportNoMatch();
-    if (kind != SearchKind::kWords) ShowSummary();  // these dialogs say so even where they found nothing
+static void Search(const SearchKind& kind) {
+    const std::optional<bool> found = AskSearch(theFrame.window, kind, RunSearch);
+    if (found && !*found) ReportNoMatch(kind);
 }
 
 void SearchWords(int) {
-    Search(SearchKind::kWords);
+    Search(kWordSearch);
 }
 
 void SearchWordList(int) {
-    Search(SearchKind::kWordList);
+    Search(kWordListSearch);
 }
 
 void SearchPhrase(int) {
-    Search(SearchKind::kPhrase);
+    Search(kPhraseSearch);
 }
 
 void SetRange(int) {
     AskSearchRange(theFrame.window);
 }
 
+void ShowRange(int) {
+    ShowStatus(theFrame.window, StatusPart::kSearchRange, SearchRangeText());
+}
+
 // The text selected in the note view, cut to `limit` characters.
 static std::string SelectedNoteText(int limit) {
     const auto [start, end] = SelectionInNote();
     const int length = std::min(end - start, limit);
-    return theNotes.sets.noteText.substr(static_cast<std::size_t>(start), static_cast<std::size_t>(length));
+    return theNoteSets.noteText.substr(static_cast<std::size_t>(start), static_cast<std::size_t>(length));
 }
 
 void SearchNoteSelection(int command) {
     theSearch.searchText = SelectedNoteText(kSearchTextLimit);
-    Search(command == IDM_NOTE_WORD_SEARCH ? SearchKind::kWords : SearchKind::kPhrase);
+    Search(command == IDM_NOTE_WORD_SEARCH ? kWordSearch : kPhraseSearch);
 }
 
 void SearchNotes(int) {

@@ -6,6 +6,8 @@
 
 // What a row's value is and where it lives. Each kind has one Read and one Written below.
 
+namespace {
+
 struct IntegerField {
     int* value;
     int missing;
@@ -40,15 +42,17 @@ struct SettingRow {
 
 using SettingRows = std::vector<SettingRow>;
 
+}  // namespace
+
 static constexpr int kFontNameLimit = 31;
 static constexpr int kColorTextLimit = 49;
 static constexpr int kTallestFont = 10000;  // pixels; beyond it, sums of line heights could overflow
 
-static SettingRows MiscRows(const Settings& settings) {
+static SettingRows MiscRows(Settings& settings) {
     return {
-        {"MISC", "ReadVerse", IntegerField{&settings.passage.TopVerse, 0}},
-        {"MISC", "Note", IntegerField{&settings.notes.currentSet, 0}},
-        {"MISC", "NoteVerse", IntegerField{&settings.notes.currentVerse, 0}},
+        {"MISC", "ReadVerse", IntegerField{&settings.ReadVerse, 0}},
+        {"MISC", "Note", IntegerField{&settings.Note, 0}},
+        {"MISC", "NoteVerse", IntegerField{&settings.NoteVerse, 0}},
         {"MISC", "BindNotes", IntegerField{&settings.BindNotes, 1}},
     };
 }
@@ -63,9 +67,9 @@ static SettingRows PlacementRows(FramePlacement& placement) {
     };
 }
 
-static SettingRows SearchRows(const Settings& settings) {
-    SearchOptions& options = settings.search.options;
-    SearchRange& range = settings.search.range;
+static SettingRows SearchRows(Settings& settings) {
+    SearchOptions& options = settings.searchOptions;
+    SearchRange& range = settings.searchRange;
     SettingRows rows = {
         {"SEARCH", "BooleanType", IntegerField{&options.BooleanType, kAllWords}},
         {"SEARCH", "CaseSensitive", IntegerField{&options.CaseSensitive, 0}},
@@ -75,13 +79,13 @@ static SettingRows SearchRows(const Settings& settings) {
         {"SEARCH", "EndVerse", IntegerField{&range.EndVerse, kLastVerse}},
     };
     int number = 0;
-    for (std::string& entry : settings.search.history)
+    for (std::string& entry : settings.searchHistory)
         rows.push_back(
             {"SEARCH", "PreviousSearch" + std::to_string(number++), TextField{&entry, " ", kSearchTextLimit}});
     return rows;
 }
 
-static SettingRows FormatRows(const Settings& settings) {
+static SettingRows FormatRows(Settings& settings) {
     FormatOptions& format = settings.format;
     return {
         {"FORMAT", "FirstVerseStyle", ByteField{&format.FirstVerseStyle, 0}},
@@ -93,7 +97,7 @@ static SettingRows FormatRows(const Settings& settings) {
     };
 }
 
-static SettingRows ViewRows(const Settings& settings) {
+static SettingRows ViewRows(Settings& settings) {
     return {
         {"VIEW", "VerseListWindow", IntegerField{&settings.shown.VerseListWindow, 1}},
         {"VIEW", "ReadWindow", IntegerField{&settings.shown.ReadWindow, 1}},
@@ -102,7 +106,7 @@ static SettingRows ViewRows(const Settings& settings) {
     };
 }
 
-static SettingRows BookmarkRows(const Settings& settings) {
+static SettingRows BookmarkRows(Settings& settings) {
     SettingRows rows;
     for (int& verse : settings.bookmarks.verses)
         rows.push_back({"BOOKMARKS", std::to_string(rows.size() + 1), IntegerField{&verse, 0}});
@@ -115,7 +119,7 @@ static void AddFontRows(SettingRows& rows, const std::string& pane, FontChoice& 
     rows.push_back({"OPTIONS", pane + "FontName", TextField{&font.name, name, kFontNameLimit}});
 }
 
-static SettingRows OptionRows(const Settings& settings, std::uint32_t systemHighlight) {
+static SettingRows OptionRows(Settings& settings, std::uint32_t systemHighlight) {
     ReadingOptions& reading = settings.reading;
     SettingRows rows = {
         {"OPTIONS", "Paragraph Format", ByteField{&reading.ParagraphFormat, 0}},
@@ -196,12 +200,11 @@ static bool IsRange(const SearchRange& range) {
     return range.StartVerse >= 0 && range.StartVerse <= range.EndVerse && range.EndVerse <= kLastVerse;
 }
 
-// A file written by hand or by another version may name what there is not.
-static void BringBack(const Settings& settings) {
-    settings.passage.TopVerse = VerseOrFirst(settings.passage.TopVerse);
-    SelectStoredNote(settings.notes, settings.notes.currentSet, settings.notes.currentVerse);
+// A file written by hand or by another version may hold values that are out of range.
+static void BringIntoRange(Settings& settings) {
+    settings.ReadVerse = VerseOrFirst(settings.ReadVerse);
     for (int& verse : settings.bookmarks.verses) verse = VerseOrFirst(verse);
-    if (!IsRange(settings.search.range)) settings.search.range = {};
+    if (!IsRange(settings.searchRange)) settings.searchRange = {};
 }
 
 FramePlacement LoadPlacement(const ProfileFile& profile) {
@@ -210,17 +213,19 @@ FramePlacement LoadPlacement(const ProfileFile& profile) {
     return placement;
 }
 
-void LoadSettings(const ProfileFile& profile, const Settings& settings, std::uint32_t systemHighlight) {
+Settings LoadSettings(const ProfileFile& profile, std::uint32_t systemHighlight) {
+    Settings settings;
     LoadRows(profile, MiscRows(settings));
     LoadRows(profile, SearchRows(settings));
     LoadRows(profile, FormatRows(settings));
     LoadRows(profile, ViewRows(settings));
     LoadRows(profile, BookmarkRows(settings));
     LoadRows(profile, OptionRows(settings, systemHighlight));
-    BringBack(settings);
+    BringIntoRange(settings);
+    return settings;
 }
 
-void SaveSettings(const ProfileFile& profile, const Settings& settings, const FramePlacement* placement) {
+void SaveSettings(const ProfileFile& profile, Settings settings, const FramePlacement* placement) {
     SaveRows(profile, SearchRows(settings));
     SaveRows(profile, FormatRows(settings));
     SaveRows(profile, ViewRows(settings));

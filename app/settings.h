@@ -5,18 +5,17 @@
 // sections stand in writing order.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <string>
 #include <variant>
 #include <vector>
 
-#include "app/bookmarks.h"
 #include "app/frame_layout.h"
-#include "notes/note_sets.h"
+#include "app/navigation.h"
 #include "output/format_options.h"
-#include "output/reading_options.h"
-#include "passage/passage_view.h"
-#include "search/search_state.h"
+#include "search/query.h"
+#include "typeset/reading_options.h"
 
 inline constexpr char kSettingsFile[] = "Versewell.INI";
 
@@ -37,17 +36,20 @@ struct Fonts {
     FontChoice notes{12, 400, "Courier New"};
 };
 
-// What is set, in the structs that own it.
+// Everything but the placement. The names of the first four are those of their keys.
 struct Settings {
-    PassageView& passage;
-    NoteSets& notes;
-    int& BindNotes;
-    SearchState& search;
-    FormatOptions& format;
-    ShownPanes& shown;
-    Bookmarks& bookmarks;
-    ReadingOptions& reading;
-    Fonts& fonts;
+    int ReadVerse = 0;  // the Passage's top verse
+    int Note = 0;       // the current note set
+    int NoteVerse = 0;  // the current note's verse
+    int BindNotes = 1;
+    SearchOptions searchOptions;
+    SearchRange searchRange;
+    std::array<std::string, kHistorySize> searchHistory;
+    FormatOptions format;
+    ShownPanes shown;
+    Bookmarks bookmarks;
+    ReadingOptions reading;
+    Fonts fonts;
 };
 
 // The private-profile functions on the settings file. Text comes back without surrounding blanks and one pair of
@@ -64,12 +66,12 @@ struct ProfileFile {
 FramePlacement LoadPlacement(const ProfileFile& profile);
 
 // Reads everything else: MISC, SEARCH, FORMAT, VIEW, BOOKMARKS, OPTIONS. `systemHighlight` (0x00bbggrr) stands in for a
-// colour never chosen. The note sets are found before. What would name a verse or a set that there is not is brought
-// back: the Passage's verse, the note's, a bookmark and the set to 0, the search range, also where it is crossed, to
-// the whole Bible. A font is at most 10,000 pixels high; a negative height is kept for the run. Everything else comes
-// as it stands, eight-bit values cut to eight bits: their users give every value a meaning.
-void LoadSettings(const ProfileFile& profile, const Settings& settings, std::uint32_t systemHighlight);
+// colour never chosen. A verse out of range becomes 0, a search range that is out of range or crossed the whole Bible;
+// the note set and its verse come as they are stored, for the sets are not known here. A font is at most 10,000 pixels
+// high; a negative height is kept for the run. Everything else comes as it is stored, eight-bit values cut to eight
+// bits: the code that uses them handles any value.
+Settings LoadSettings(const ProfileFile& profile, std::uint32_t systemHighlight);
 
 // Writes SEARCH, FORMAT, VIEW, BOOKMARKS, OPTIONS, MISC; the placement last, and only where there is one. Font heights
 // are written without their sign.
-void SaveSettings(const ProfileFile& profile, const Settings& settings, const FramePlacement* placement);
+void SaveSettings(const ProfileFile& profile, Settings settings, const FramePlacement* placement);

@@ -4,34 +4,15 @@
 
 #include "tests/support/fake_profile.h"
 
-// Two note sets, and all else wrong on purpose: a load must set it.
-static SettingOwners MakeOwners() {
-    SettingOwners owners;
-    owners.passage.TopVerse = 9;
-    owners.notes.sets.resize(2);
-    owners.BindNotes = -9;
-    owners.bookmarks.verses.fill(9);
-    owners.search.options = {9, 9, 9, 9};
-    owners.search.range = {9, 9};
-    owners.search.history.fill("x");
-    owners.format = {9, 9, 9, 9, 9, 9};
-    owners.shown = {9, 9, 9, 9};
-    owners.reading = {9, 9, 9};
-    owners.fonts = {{9, 9, "x"}, {9, 9, "x"}, {9, 9, "x"}};
-    return owners;
-}
-
 static constexpr std::uint32_t kSystemHighlight = 0x800000;
 
-static SettingOwners Loaded(FakeProfile& profile) {
-    SettingOwners owners = MakeOwners();
-    LoadSettings(DeviceOver(profile), SettingsOf(owners), kSystemHighlight);
-    return owners;
+static Settings Loaded(FakeProfile& profile) {
+    return LoadSettings(DeviceOver(profile), kSystemHighlight);
 }
 
-static void Save(FakeProfile& profile, SettingOwners& owners, const FramePlacement* placement) {
+static void Save(FakeProfile& profile, const Settings& settings, const FramePlacement* placement) {
     profile.writes.clear();
-    SaveSettings(DeviceOver(profile), SettingsOf(owners), placement);
+    SaveSettings(DeviceOver(profile), settings, placement);
 }
 
 static const std::vector<std::string> kWrittenByDefault = {
@@ -91,16 +72,16 @@ static const std::vector<std::string> kWrittenByDefault = {
 
 TEST(Settings, HaveTheirDefaultsWithoutAFile) {
     FakeProfile profile;
-    SettingOwners owners = Loaded(profile);
-    Save(profile, owners, nullptr);
+    Settings settings = Loaded(profile);
+    Save(profile, settings, nullptr);
     EXPECT_EQ(profile.writes, kWrittenByDefault);
 }
 
 TEST(Settings, AreWrittenInOrderWithThePlacementLast) {
     FakeProfile profile;
-    SettingOwners owners = Loaded(profile);
+    Settings settings = Loaded(profile);
     const FramePlacement placement{-8, 30, 1000, 700, 2};
-    Save(profile, owners, &placement);
+    Save(profile, settings, &placement);
     std::vector<std::string> expected = kWrittenByDefault;
     for (const char* line : {"MISC/XPos=-8", "MISC/YPos=30", "MISC/Width=1000", "MISC/Height=700", "MISC/Maxed=2"})
         expected.push_back(line);
@@ -149,19 +130,19 @@ TEST(Settings, ComeBackAsTheyWereWritten) {
     profile.values["MISC/Note"] = "1";
     profile.values["SEARCH/EndVerse"] = "777";
     const std::map<std::string, std::string> before = profile.values;
-    SettingOwners owners = Loaded(profile);
-    Save(profile, owners, nullptr);
+    Settings settings = Loaded(profile);
+    Save(profile, settings, nullptr);
     EXPECT_EQ(profile.values, before);
-    EXPECT_EQ(owners.search.range.EndVerse, 777);
-    EXPECT_EQ(owners.search.history[9], "16");
-    EXPECT_EQ(owners.bookmarks.verses[0], 27);
-    EXPECT_EQ(owners.bookmarks.verses[9], 36);
-    EXPECT_EQ(owners.reading.ParagraphFormat, 37);
-    EXPECT_EQ(owners.fonts.verseList.weight, 44);
-    EXPECT_EQ(owners.fonts.notes.name, "48");
-    EXPECT_EQ(owners.passage.TopVerse, 49);
-    EXPECT_EQ(owners.notes.currentSet, 1);
-    EXPECT_EQ(owners.notes.currentVerse, 51);
+    EXPECT_EQ(settings.searchRange.EndVerse, 777);
+    EXPECT_EQ(settings.searchHistory[9], "16");
+    EXPECT_EQ(settings.bookmarks.verses[0], 27);
+    EXPECT_EQ(settings.bookmarks.verses[9], 36);
+    EXPECT_EQ(settings.reading.ParagraphFormat, 37);
+    EXPECT_EQ(settings.fonts.verseList.weight, 44);
+    EXPECT_EQ(settings.fonts.notes.name, "48");
+    EXPECT_EQ(settings.ReadVerse, 49);
+    EXPECT_EQ(settings.Note, 1);
+    EXPECT_EQ(settings.NoteVerse, 51);
 }
 
 TEST(Settings, GoThroughOneRunAs) {
@@ -188,17 +169,15 @@ TEST(Settings, GoThroughOneRunAs) {
         {"MISC/BindNotes", "0", "0"},
         {"MISC/BindNotes", "yes", "0"},
         {"MISC/BindNotes", "  5 panes", "5"},
-        // Verses and sets that there are not.
+        // Verses out of range.
         {"MISC/ReadVerse", "31101", "31101"},
         {"MISC/ReadVerse", "31102", "0"},
         {"MISC/ReadVerse", "-1", "0"},
         {"MISC/ReadVerse", "-2147483648", "0"},
         {"MISC/NoteVerse", "31101", "31101"},
-        {"MISC/NoteVerse", "40000", "0"},
-        {"MISC/NoteVerse", "-5", "0"},
         {"MISC/Note", "1", "1"},
-        {"MISC/Note", "2", "0"},
-        {"MISC/Note", "-1", "0"},
+        {"MISC/Note", "-1", "-1"},  // whoever knows the sets brings it into range
+        {"MISC/NoteVerse", "40000", "40000"},
         {"BOOKMARKS/10", "31101", "31101"},
         {"BOOKMARKS/10", "31102", "0"},
         {"BOOKMARKS/1", "-1", "0"},
@@ -227,8 +206,8 @@ TEST(Settings, GoThroughOneRunAs) {
     for (const auto& row : kRows) {
         FakeProfile profile;
         profile.values[row.path] = row.stored;
-        SettingOwners owners = Loaded(profile);
-        Save(profile, owners, nullptr);
+        Settings settings = Loaded(profile);
+        Save(profile, settings, nullptr);
         EXPECT_EQ(profile.values[row.path], row.written) << row.path << ' ' << row.stored;
     }
 }
@@ -252,8 +231,8 @@ TEST(Settings, SearchTheWholeBibleWhereTheRangeIsNone) {
     for (const auto& row : kRows) {
         FakeProfile profile;
         profile.values = {{"SEARCH/StartVerse", row.start}, {"SEARCH/EndVerse", row.end}};
-        const SettingOwners owners = Loaded(profile);
-        EXPECT_EQ(owners.search.range.StartVerse, row.StartVerse) << row.start << ' ' << row.end;
-        EXPECT_EQ(owners.search.range.EndVerse, row.EndVerse) << row.start << ' ' << row.end;
+        const Settings settings = Loaded(profile);
+        EXPECT_EQ(settings.searchRange.StartVerse, row.StartVerse) << row.start << ' ' << row.end;
+        EXPECT_EQ(settings.searchRange.EndVerse, row.EndVerse) << row.start << ' ' << row.end;
     }
 }

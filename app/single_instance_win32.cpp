@@ -5,8 +5,8 @@
 #include <string>
 
 #include "win32/controls.h"
+#include "win32/files.h"
 #include "win32/handles.h"
-#include "win32/program_files.h"
 
 static constexpr char kFolderProperty[] = "VersewellFolder";
 static constexpr ULONGLONG kPatience = 5000;  // milliseconds in which a copy starts or ends
@@ -52,11 +52,15 @@ static bool TakeMutex(const std::string& name) {
     return false;
 }
 
+namespace {
+
 struct FrameSearch {
     const char* windowClass;
     HANDLE mark;
     HWND found = nullptr;
 };
+
+}  // namespace
 
 static BOOL CALLBACK CompareWindow(HWND window, LPARAM parameter) {
     FrameSearch& search = *reinterpret_cast<FrameSearch*>(parameter);

@@ -1,27 +1,53 @@
 #include "app/startup_win32.h"
 
-#include "app/commands_win32.h"
-#include "app/frame_window.h"
-#include "app/profile_win32.h"
-#include "app/reading_commands_win32.h"
+#include "app/frame_win32.h"
+#include "app/passage_commands_win32.h"
 #include "app/toolbar_win32.h"
 #include "notes/note_editor_window.h"
 #include "notes/note_tabs_win32.h"
 #include "notes/notes_window.h"
-#include "output/output_win32.h"
+#include "output/format_dialog.h"
 #include "passage/passage_window.h"
 #include "resources/help_topics.h"
-#include "scripture/scripture_files.h"
+#include "scripture/scripture.h"
 #include "scripture/scripture_win32.h"
-#include "search/search_win32.h"
-#include "verselist/verselist_window.h"
+#include "search/search_dialog.h"
+#include "verselist/verse_list_window.h"
 #include "win32/controls.h"
+#include "win32/files.h"
 #include "win32/help_viewer.h"
 #include "win32/panes.h"
-#include "win32/program_files.h"
 #include "win32/screen.h"
 
-// Start-up.
+// ---- The settings file ----------------------------------------------------------------------------------------------
+
+static const char* PathOf(void* device) {
+    return static_cast<const std::string*>(device)->c_str();
+}
+
+static int ReadInteger(void* device, const char* section, const char* key, int missing) {
+    return static_cast<int>(GetPrivateProfileIntA(section, key, missing, PathOf(device)));
+}
+
+static std::string ReadText(void* device, const char* section, const char* key, const char* missing, int limit) {
+    std::string text(static_cast<std::size_t>(limit) + 1, '\0');
+    const DWORD length =
+        GetPrivateProfileStringA(section, key, missing, text.data(), static_cast<DWORD>(text.size()), PathOf(device));
+    text.resize(length);
+    return text;
+}
+
+static void WriteText(void* device, const char* section, const char* key, const char* text) {
+    WritePrivateProfileStringA(section, key, text, PathOf(device));
+}
+
+// Always by its full path: the system would look for a bare name in its own folder.
+ProfileFile SettingsProfile() {
+    static std::string path = WorkingFilePath(kSettingsFile);
+    return {&path, ReadInteger, ReadText, WriteText};
+}
+
+// ---- Start-up -------------------------------------------------------------------------------------------------------
 
 static INT_PTR CALLBACK SplashProcedure(HWND splash, UINT message, WPARAM, LPARAM) {
     if (message == WM_INITDIALOG) CenterOnScreen(splash);
@@ -46,11 +72,15 @@ static void ReadDefaultPageSetup() {
 static void CreatePanes(HWND frame) {
     CreateVerseList(theFrame.listTabs);
     CreatePassage(theFrame.passageTabs);
-    CreateNotesPane(theFrame.noteTabs);
-    theFrame.noteEditor = CreateNoteEditor(frame);
+    CreateNotesPane(theNoteTabs.window);
+    CreateNoteEditor(frame);
 }
 
+namespace {
+
 enum class StoreLoad { kLoaded, kStopped, kFailed };
+
+}  // namespace
 
 static StoreLoad LoadStore() {
     const DataFiles files = ScriptureDataFiles();
@@ -62,20 +92,46 @@ static StoreLoad LoadStore() {
     return LoadScripture(files, theScripture) ? StoreLoad::kLoaded : StoreLoad::kFailed;
 }
 
-static Settings AllSettings() {
-    return {thePassage.view, theNotes.sets,      theNotes.BindNotes, theSearch,     theFormat,
-            theFrame.shown,  theFrame.bookmarks, theReading,         theFrame.fonts};
+static void TakeOver(const Settings& settings) {
+    thePassage.view.TopVerse = settings.ReadVerse;
+    SelectStoredNote(theNoteSets, settings.Note, settings.NoteVerse);
+    theNotes.BindNotes = settings.BindNotes;
+    theSearch.options = settings.searchOptions;
+    theSearch.range = settings.searchRange;
+    theSearch.history = settings.searchHistory;
+    theFormat = settings.format;
+    theReading = settings.reading;
+    theFrame.shown = settings.shown;
+    theFrame.bookmarks = settings.bookmarks;
+    theFrame.fonts = settings.fonts;
+}
+
+static Settings CurrentSettings() {
+    return {
+        .ReadVerse = thePassage.view.TopVerse,
+        .Note = theNoteSets.currentSet,
+        .NoteVerse = theNoteSets.currentVerse,
+        .BindNotes = theNotes.BindNotes,
+        .searchOptions = theSearch.options,
+        .searchRange = theSearch.range,
+        .searchHistory = theSearch.history,
+        .format = theFormat,
+        .shown = theFrame.shown,
+        .bookmarks = theFrame.bookmarks,
+        .reading = theReading,
+        .fonts = theFrame.fonts,
+    };
 }
 
 static void ReadSettings() {
-    LoadSettings(SettingsProfile(), AllSettings(), GetSysColor(COLOR_HIGHLIGHT));
+    TakeOver(LoadSettings(SettingsProfile(), GetSysColor(COLOR_HIGHLIGHT)));
     LabelBookmarks();
     SetPassageFont(theFrame.fonts.passage);
     SetVerseListFont(theFrame.fonts.verseList);
 }
 
 static void SetFirstMenuState() {
-    if (theNotes.sets.devotionalSet == kNoDevotionalSet) RemoveDevotionalMenu();
+    if (theNoteSets.devotionalSet == kNoDevotionalSet) RemoveDevotionalMenu();
     theFrame.startUpComplete = true;
     RefreshCommands();
 }
@@ -83,8 +139,8 @@ static void SetFirstMenuState() {
 static void ShowFirstNote() {
     SetNotesFont(theFrame.fonts.notes);
     LayOut();
-    TabCtrl_SetCurSel(theFrame.noteTabs, theNotes.sets.currentSet);
-    ReadNote(theNotes.sets.currentVerse);
+    SelectNoteTab(theNoteSets.currentSet);
+    ReadNote(theNoteSets.currentVerse);
 }
 
 bool StartUp(HWND frame) {
@@ -99,7 +155,6 @@ bool StartUp(HWND frame) {
     theFrame.toolbar = CreateToolbar(frame);
     if (!theFrame.toolbar) return false;
     CreateBars(frame);
-    theNotes.tabs = theFrame.noteTabs;
     LoadNoteSets();
     CreatePanes(frame);
     const StoreLoad store = LoadStore();
@@ -110,7 +165,7 @@ bool StartUp(HWND frame) {
     return true;
 }
 
-// Shut-down.
+// ---- Shut-down ------------------------------------------------------------------------------------------------------
 
 static FramePlacement PlacementOf(const WINDOWPLACEMENT& placement) {
     const RECT& normal = placement.rcNormalPosition;
@@ -124,7 +179,7 @@ static void WriteSettings() {
     placement.length = sizeof placement;
     const bool placed = GetWindowPlacement(theFrame.window, &placement);
     const FramePlacement frame = PlacementOf(placement);
-    SaveSettings(SettingsProfile(), AllSettings(), placed ? &frame : nullptr);
+    SaveSettings(SettingsProfile(), CurrentSettings(), placed ? &frame : nullptr);
 }
 
 void ShutDown() {
@@ -133,8 +188,4 @@ void ShutDown() {
     Unsubclass(theFrame.listTabs, theFrame.listTabProcedure);
     CloseHelp(theFrame.window, kHelpFile);
     if (theFrame.startUpComplete) WriteSettings();
-}
-
-ProfileFile SettingsProfile() {
-    return WindowsProfile();
 }

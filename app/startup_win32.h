@@ -12,5 +12,5 @@ bool StartUp(HWND frame);
 // The shut-down sequence, run while the frame is being destroyed.
 void ShutDown();
 
-// The settings file in the working directory.
+// The settings file in the directory that is current at the first call, through the private-profile functions.
 ProfileFile SettingsProfile();

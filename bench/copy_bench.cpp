@@ -9,7 +9,7 @@
 #include "bench/held_memory.h"
 #include "bench/time_keeper.h"
 #include "output/copy_text.h"
-#include "output/saved_text.h"
+#include "output/save_text.h"
 #include "scripture/books.h"
 #include "tests/support/native_scripture.h"
 

@@ -1,7 +1,7 @@
 // Loading of the five scripture files: mapped, and the words of the index told apart. To stay under two milliseconds.
 #include <benchmark/benchmark.h>
 
-#include "scripture/scripture_files.h"
+#include "scripture/scripture.h"
 #include "tests/support/native_scripture.h"
 
 static void LoadFiveFiles(benchmark::State& state) {

@@ -14,12 +14,12 @@
 
 enum class Kind { kWords, kSubstring, kPhrase };
 
-struct Query {
+struct Sample {
     const char* text;
     Kind kind;
 };
 
-static constexpr Query kQueries[] = {
+static constexpr Sample kSamples[] = {
     {"grace", Kind::kWords},         {"lord", Kind::kWords},
     {"the", Kind::kWords},           {"e", Kind::kSubstring},
     {"of the", Kind::kPhrase},       {"and the", Kind::kPhrase},
@@ -28,9 +28,9 @@ static constexpr Query kQueries[] = {
     {"grace of god", Kind::kPhrase}, {"in the beginning", Kind::kPhrase},
 };
 
-static std::string Name(const char* what, const Query& query) {
+static std::string Name(const char* what, const Sample& sample) {
     static constexpr const char* kKinds[] = {"words", "substring", "phrase"};
-    return std::string(what) + "/" + kKinds[static_cast<int>(query.kind)] + "/" + query.text;
+    return std::string(what) + "/" + kKinds[static_cast<int>(sample.kind)] + "/" + sample.text;
 }
 
 template <typename Procedure>
@@ -45,51 +45,50 @@ static void Register(const std::string& name, Procedure procedure) {
         ->ReportAggregatesOnly(false);
 }
 
-static void RegisterSearch(const Query& query, SearchState& search) {
-    Register(Name("search", query), [&query, &search] {
-        search.searchText = query.text;
-        search.options.SubString = query.kind == Kind::kSubstring ? 1 : 0;
-        const auto run = query.kind == Kind::kPhrase ? PhraseSearch : WordSearch;
-        run(TheRealScripture(), TheRealWordIndex(), search);
-        return search.result.occurrenceCount;
+static void RegisterSearch(const Sample& sample, HitCounters& hits) {
+    Register(Name("search", sample), [&sample, &hits] {
+        const SearchOptions options = {.SubString = sample.kind == Kind::kSubstring ? 1 : 0};
+        const QueryKind kind = sample.kind == Kind::kPhrase ? QueryKind::kPhrase : QueryKind::kWords;
+        const Query query = QueryOf(sample.text, options, kind);
+        return Search(TheRealScripture(), TheRealWordIndex(), query, {}, hits).occurrences;
     });
 }
 
-static void RegisterFloors(const Query& query, std::vector<std::uint16_t>& counters) {
-    const std::string text = query.text;
-    if (query.kind == Kind::kWords)
-        Register(Name("mark every hit", query),
+static void RegisterFloors(const Sample& sample, HitCounters& counters) {
+    const std::string text = sample.text;
+    if (sample.kind == Kind::kWords)
+        Register(Name("mark every hit", sample),
                  [text] { return MarkEveryHit(TheRealScripture(), TheRealWordIndex(), text); });
-    if (query.kind != Kind::kPhrase) return;
-    std::vector<std::string> words;
-    for (const std::string_view word : QueryWords(text)) words.emplace_back(word);
-    Register(Name("check candidates", query), [text, words, &counters] {
+    if (sample.kind != Kind::kPhrase) return;
+    const std::vector<std::string> words = QueryOf(text, {}, QueryKind::kPhrase).words;
+    Register(Name("check candidates", sample), [text, words, &counters] {
         return CheckCandidates(TheRealScripture(), TheRealWordIndex(), words, text, counters);
     });
-    Register(Name("sweep", query), [text] { return SweepWholeText(TheRealScripture(), text); });
+    Register(Name("sweep", sample), [text] { return SweepWholeText(TheRealScripture(), text); });
 }
 
-static void RegisterFullText(const Query& query, sqlite3* table) {
-    if (query.kind == Kind::kSubstring) return;  // its tables find no parts of words
-    const std::string match = "\"" + std::string(query.text) + "\"";
-    Register(Name("SQLite", query), [match, table] { return FetchHighlighted(table, match); });
+static void RegisterFullText(const Sample& sample, sqlite3* table) {
+    if (sample.kind == Kind::kSubstring) return;  // its tables find no parts of words
+    const std::string match = "\"" + std::string(sample.text) + "\"";
+    Register(Name("SQLite", sample), [match, table] { return FetchHighlighted(table, match); });
 }
 
-static double FloorOf(const Query& query, const Times& times) {
-    switch (query.kind) {
-        case Kind::kWords: return times.at(Name("mark every hit", query)) + times.at("clear and scan counters");
-        case Kind::kPhrase: return std::min(times.at(Name("check candidates", query)), times.at(Name("sweep", query)));
+static double FloorOf(const Sample& sample, const Times& times) {
+    switch (sample.kind) {
+        case Kind::kWords: return times.at(Name("mark every hit", sample)) + times.at("clear and scan counters");
+        case Kind::kPhrase:
+            return std::min(times.at(Name("check candidates", sample)), times.at(Name("sweep", sample)));
         default: return times.at(Name("mark every hit", {"the", Kind::kWords}));
     }
 }
 
 static void PrintRatios(const Times& times) {
     std::printf("\n%-32s %10s %10s %8s %12s %8s\n", "query", "search us", "floor us", "ratio", "SQLite us", "ahead");
-    for (const Query& query : kQueries) {
-        const double search = times.at(Name("search", query));
-        const double floor = FloorOf(query, times);
-        std::printf("%-32s %10.1f %10.1f %8.2f", Name("", query).c_str() + 1, search, floor, search / floor);
-        const auto fullText = times.find(Name("SQLite", query));
+    for (const Sample& sample : kSamples) {
+        const double search = times.at(Name("search", sample));
+        const double floor = FloorOf(sample, times);
+        std::printf("%-32s %10.1f %10.1f %8.2f", Name("", sample).c_str() + 1, search, floor, search / floor);
+        const auto fullText = times.find(Name("SQLite", sample));
         if (fullText != times.end()) std::printf(" %12.1f %7.1fx", fullText->second, fullText->second / search);
         std::printf("\n");
     }
@@ -97,14 +96,14 @@ static void PrintRatios(const Times& times) {
 
 int main(int argc, char** argv) {
     benchmark::Initialize(&argc, argv);
-    SearchState search;
-    std::vector<std::uint16_t> counters(kVerseCount);
+    HitCounters hits;
+    HitCounters counters(kVerseCount);
     sqlite3* table = OpenFullTextTable(TheRealScripture());
     Register("clear and scan counters", [&counters] { return ClearAndScanCounters(counters); });
-    for (const Query& query : kQueries) {
-        RegisterSearch(query, search);
-        RegisterFloors(query, counters);
-        RegisterFullText(query, table);
+    for (const Sample& sample : kSamples) {
+        RegisterSearch(sample, hits);
+        RegisterFloors(sample, counters);
+        RegisterFullText(sample, table);
     }
     TimeKeeper keeper;
     benchmark::RunSpecifiedBenchmarks(&keeper);

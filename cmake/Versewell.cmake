@@ -14,7 +14,7 @@ target_include_directories(vw_options INTERFACE ${PROJECT_SOURCE_DIR})
 if(MSVC)
   target_compile_options(vw_options INTERFACE /W4 /WX /permissive- /utf-8)
 else()
-  target_compile_options(vw_options INTERFACE -Wall -Wextra -Wshadow -Wconversion -Werror)
+  target_compile_options(vw_options INTERFACE -Wall -Wextra -Wshadow -Wconversion -Wmissing-declarations -Werror)
   if(CMAKE_CXX_COMPILER_ID STREQUAL GNU AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
     # It takes `"a" + std::to_string(n)` for a copy onto itself (GCC bug 105651).
     target_compile_options(vw_options INTERFACE -Wno-restrict)
@@ -54,9 +54,12 @@ if(NOT WIN32)
   vw_build_fast(vw_test_headers)
 endif()
 
-# vw_core(<folder> SOURCES ... [USES <folder>...]): the core of a folder, which builds anywhere.
+# vw_core(<folder> SOURCES ... [USES <folder>...]): the core of a folder, which builds anywhere. A folder of the program
+# uses those that the graph names; only helpers of tools and tests name theirs.
+include(${CMAKE_CURRENT_LIST_DIR}/graph.cmake)
 function(vw_core folder)
   cmake_parse_arguments(PARSE_ARGV 1 core "" "" "SOURCES;USES")
+  list(APPEND core_USES ${STANDS_ON_${folder}})
   add_library(vw_${folder} STATIC ${core_SOURCES})
   list(TRANSFORM core_USES PREPEND vw_)
   target_link_libraries(vw_${folder} PUBLIC vw_options ${core_USES})

@@ -11,9 +11,9 @@
 #include <vector>
 
 #include "data/note_set_writer.h"
-#include "data/readings.h"
+#include "data/devotional_table.h"
 #include "notes/note_sets.h"
-#include "scripture/scripture_files.h"
+#include "scripture/scripture.h"
 
 static constexpr char kDevotionalSetName[] = "Morning and Evening";
 

@@ -25,6 +25,7 @@ struct ToolRun {
     std::string errors;
 };
 
+
 struct MakeScripture : ScratchFolder {
     fs::path modules;
     fs::path data;

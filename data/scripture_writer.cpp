@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "scripture/scripture_files.h"
+#include "scripture/scripture.h"
 #include "search/word_index.h"
 
 static void AppendZeroTerminated(std::string& bytes, const std::string& text) {

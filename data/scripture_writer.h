@@ -1,4 +1,4 @@
-// The five files of the scripture database as bytes. Their formats: scripture/scripture_files.h and
+// The five files of the scripture database as bytes. Their formats: scripture/scripture.h and
 // search/word_index.h.
 #pragma once
 

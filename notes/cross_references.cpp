@@ -4,11 +4,7 @@
 #include <optional>
 
 #include "scripture/books.h"
-#include "search/letters.h"
-
-static bool IsDigit(char c) {
-    return c >= '0' && c <= '9';
-}
+#include "scripture/letters.h"
 
 static bool IsBlank(char c) {
     return c == ' ' || c == '\t';
@@ -25,18 +21,22 @@ static std::string_view ListAt(std::string_view note, std::size_t caret) {
     if (mark == std::string_view::npos || note[mark] == '\n') return {};
     std::string_view list = note.substr(mark + 1);
     list = list.substr(0, list.find('\n'));
-    const auto first = std::ranges::find_if(list, [](char c) { return IsLetter(c) || IsDigit(c); });
+    const auto first = std::ranges::find_if(list, [](char c) { return IsLetterOrDigit(c); });
     list.remove_prefix(static_cast<std::size_t>(first - list.begin()));
     return list;
 }
 
 // ---- Items --------------------------------------------------------------------------------------------------------
 
+namespace {
+
 struct NamedVerse {
     int book = 0;
     int chapter = 0;
     int verse = 0;
 };
+
+}  // namespace
 
 static int VerseOf(const VerseRecords& records, const NamedVerse& place) {
     return VerseLookup(records, place.book, place.chapter, place.verse);
@@ -50,15 +50,10 @@ static void SkipBlanks(std::string_view& text) {
     while (IsBlank(Front(text))) text.remove_prefix(1);
 }
 
-static bool AgreeIgnoringCase(std::string_view a, std::string_view b) {
-    return std::ranges::equal(
-        a, b, {}, [](char c) { return LowerCased(c); }, [](char c) { return LowerCased(c); });
-}
-
 // Do the two agree as far as the shorter one goes?
 static bool AgreeAtFirst(std::string_view a, std::string_view b) {
     const std::size_t length = std::min(a.size(), b.size());
-    return AgreeIgnoringCase(a.substr(0, length), b.substr(0, length));
+    return EqualIgnoringCase(a.substr(0, length), b.substr(0, length));
 }
 
 static int BookThatFits(std::string_view typed) {
@@ -141,7 +136,7 @@ static char TakeSeparator(std::string_view& text) {
     const bool parted = IsBlank(Front(text));
     SkipBlanks(text);
     const char separator = Front(text);
-    if (parted && (IsLetter(separator) || IsDigit(separator))) return ' ';  // a blank was all there was
+    if (parted && IsLetterOrDigit(separator)) return ' ';  // a blank was all there was
     if (!text.empty()) text.remove_prefix(1);
     SkipBlanks(text);
     return separator;

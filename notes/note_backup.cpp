@@ -3,7 +3,11 @@
 #include <algorithm>
 #include <functional>
 
-#include "notes/note_layout.h"
+#include "notes/note_places.h"
+#include "scripture/letters.h"
+
+static constexpr char kBackupFolder[] = "backup";
+static constexpr std::size_t kBackupDays = 10;
 
 static constexpr std::size_t kCopyPiece = std::size_t{1} << 20;
 
@@ -18,15 +22,17 @@ static bool CopyBytes(const NoteFiles& files, void* from, void* to) {
 }
 
 // The copy gets its name when it is whole.
-static bool CopyOf(const NoteFiles& files, const std::string& from, const std::string& to) {
+static bool CopyFileAs(const NoteFiles& files, const std::string& from, const std::string& to) {
     const std::string unfinished = to + kTempEnding;
-    void* const source = files.open(files.device, from);
-    void* const target = source != nullptr ? files.createAnew(files.device, unfinished) : nullptr;
-    const bool copied = target != nullptr && CopyBytes(files, source, target);
-    if (source != nullptr) files.close(files.device, source);
-    if (target != nullptr) files.close(files.device, target);
+    OwnedNoteFile source = OpenNoteFile(files, from);
+    if (!source) return false;
+    OwnedNoteFile target = CreateNoteFileAnew(files, unfinished);
+    if (!target) return false;
+    const bool copied = CopyBytes(files, source.get(), target.get());
+    source.reset();
+    target.reset();
     if (copied && files.rename(files.device, unfinished, to)) return true;
-    if (target != nullptr) files.remove(files.device, unfinished);
+    files.remove(files.device, unfinished);
     return false;
 }
 
@@ -34,14 +40,14 @@ static bool IsDate(const std::string& text) {
     static constexpr char kForm[] = "dddd-dd-dd";
     if (text.size() != sizeof kForm - 1) return false;
     return std::equal(text.begin(), text.end(), kForm,
-                      [](char c, char form) { return form == 'd' ? c >= '0' && c <= '9' : c == form; });
+                      [](char c, char form) { return form == 'd' ? IsDigit(c) : c == form; });
 }
 
 // Days with a backup of the set, the latest first. A set "a" has nothing to do with one named "a 2024-12-31".
 static std::vector<std::string> BackupDays(const NoteFiles& files, const std::string& setName) {
-    static const std::string ending = ".nmd";
+    static const std::string ending = kDataEnding;
     std::vector<std::string> days;
-    for (const std::string& name : files.list(files.device, std::string(kBackupFolder) + "/*.nmd")) {
+    for (const std::string& name : files.list(files.device, std::string(kBackupFolder) + "/*" + kDataEnding)) {
         if (!name.starts_with(setName + ' ') || !name.ends_with(ending)) continue;
         const std::size_t begin = setName.size() + 1;
         const std::size_t end = name.size() - ending.size();
@@ -58,17 +64,19 @@ static std::string BackupName(const std::string& setName, const std::string& day
 static void RemoveOldBackups(const NoteFiles& files, const std::string& setName) {
     const std::vector<std::string> days = BackupDays(files, setName);
     for (std::size_t i = kBackupDays; i < days.size(); ++i)
-        for (const char* ending : {".nmd", ".nmi"}) files.remove(files.device, BackupName(setName, days[i]) + ending);
+        for (const char* ending : {kDataEnding, kIndexEnding})
+            files.remove(files.device, BackupName(setName, days[i]) + ending);
 }
 
 void KeepBackup(const NoteFiles& files, const NoteSet& set, const std::string& today) {
     const std::string setName = NoteSetName(set);
     const std::string name = BackupName(setName, today);
-    if (files.stamp(files.device, name + ".nmd").exists || !files.makeFolder(files.device, kBackupFolder)) return;
+    if (files.stamp(files.device, name + kDataEnding).exists || !files.makeFolder(files.device, kBackupFolder)) return;
     // The index is written over in its place, so it has no second name; and it comes first: what has a data file is
     // complete.
-    files.remove(files.device, name + ".nmi");
-    CopyOf(files, IndexFileName(set), name + ".nmi");
-    if (!files.link(files.device, set.dataFileName, name + ".nmd")) CopyOf(files, set.dataFileName, name + ".nmd");
+    files.remove(files.device, name + kIndexEnding);
+    CopyFileAs(files, IndexFileName(set), name + kIndexEnding);
+    if (!files.link(files.device, set.dataFileName, name + kDataEnding))
+        CopyFileAs(files, set.dataFileName, name + kDataEnding);
     RemoveOldBackups(files, setName);
 }

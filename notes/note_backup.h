@@ -12,10 +12,7 @@
 
 #include "notes/note_sets.h"
 
-inline constexpr char kBackupFolder[] = "backup";
-inline constexpr std::size_t kBackupDays = 10;
-
 // Keeps the files of `set` as they are, unless there is a backup of `today` ("2024-12-31") already, and removes those
-// of its days before the last kBackupDays. What fails is left: a save goes on without it. A backup that cannot be made
+// of its days before the last ten. What fails is left: a save goes on without it. A backup that cannot be made
 // whole is none.
 void KeepBackup(const NoteFiles& files, const NoteSet& set, const std::string& today);

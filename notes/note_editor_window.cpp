@@ -1,12 +1,13 @@
 #include "notes/note_editor_window.h"
 
 #include <algorithm>
+#include <array>
+#include <cstdio>
 #include <iterator>
 
-#include "notes/note_text.h"
-#include "notes/notes_window.h"
-#include "notes/save_note_win32.h"
-#include "output/output_win32.h"
+#include "notes/note_files_win32.h"
+#include "notes/note_saving.h"
+#include "pane/selection_win32.h"
 #include "resources/help_topics.h"
 #include "resources/ids.h"
 #include "scripture/scripture_win32.h"
@@ -16,6 +17,8 @@
 #include "win32/panes.h"
 #include "win32/plain_text.h"
 #include "win32/screen.h"
+
+static constexpr char kNoteEditorClass[] = "NOTEEDIT";
 
 NoteEditor theNoteEditor;
 
@@ -31,6 +34,10 @@ static void RefreshFrame() {
     SendCommand(Frame(), IDM_REFRESH);
 }
 
+bool IsEditingNote() {
+    return theNoteEditor.editing;
+}
+
 // ---- Opening and closing ------------------------------------------------------------------------------------------
 
 static void FillEditor(const std::string& note) {
@@ -40,8 +47,9 @@ static void FillEditor(const std::string& note) {
 
 static void OpenNote() {
     std::string note;
-    if (!ReadStoredNote(TheNoteFiles(), theNotes.sets, note)) {
-        theNotes.editing = 0;
+    theNoteEditor.editing = true;
+    if (!ReadStoredNote(TheNoteFiles(), theNoteSets, note)) {
+        theNoteEditor.editing = false;
         Complain(Frame(), kCannotReadNote);
         return;
     }
@@ -52,22 +60,67 @@ static void OpenNote() {
 }
 
 static void CloseEditor() {
-    theNotes.editing = 0;
+    theNoteEditor.editing = false;
     FillEditor("");
-    if (IsChild(theNoteEditor.window, GetFocus())) SetFocus(theNotes.view);
     SendCommand(Frame(), IDM_END_EDITING);
 }
 
+// ---- Saving ---------------------------------------------------------------------------------------------------------
+
+namespace {
+
+struct WaitCursor {
+    HWND frame;
+    HCURSOR before;
+};
+
+}  // namespace
+
+static UINT BoxOf(SaveNotice notice) {
+    switch (notice) {
+        case SaveNotice::kCannotOpen: return MB_RETRYCANCEL | MB_ICONSTOP;
+        case SaveNotice::kChangedOnDisk: return MB_OKCANCEL | MB_ICONEXCLAMATION;
+        case SaveNotice::kCannotDelete: return MB_OK;
+        default: return MB_OK | MB_ICONSTOP;
+    }
+}
+
+// The mouse is free while the box is open.
+static bool Tell(void* device, SaveNotice notice, const std::string& text) {
+    WaitCursor& wait = *static_cast<WaitCursor*>(device);
+    EndWait(wait.before);
+    const int answer = MessageBoxA(wait.frame, text.c_str(), kErrorCaption, BoxOf(notice));
+    wait.before = BeginWait(wait.frame);
+    return answer != IDCANCEL;
+}
+
+static std::string Today() {
+    SYSTEMTIME now{};
+    GetLocalTime(&now);
+    std::array<char, 16> text{};
+    std::snprintf(text.data(), text.size(), "%04u-%02u-%02u", now.wYear % 10000u, now.wMonth % 100u, now.wDay % 100u);
+    return text.data();
+}
+
+// With the wait cursor and the mouse captured by the frame.
+static NoteSaveResult SaveCurrentNote(std::string_view text) {
+    const HWND frame = Frame();
+    WaitCursor wait{frame, BeginWait(frame)};
+    const NoteSaveResult result = SaveNote(TheNoteFiles(), {&wait, Tell}, theNoteSets, text, Today());
+    EndWait(wait.before);
+    return result;
+}
+
 static bool SaveNote() {
-    const NoteSaveResult result = SaveCurrentNote(Frame(), PlainText(theNoteEditor.edit));
-    if (result == NoteSaveResult::kSaved) ShowNoteText();
+    const NoteSaveResult result = SaveCurrentNote(PlainText(theNoteEditor.edit));
+    if (result == NoteSaveResult::kSaved) SendCommand(Frame(), IDM_SHOW_SAVED_NOTE);
     if (result != NoteSaveResult::kStopped) CloseEditor();
     return result == NoteSaveResult::kSaved;
 }
 
 // Does `work`, a save or the question before one, unless one is going on already, with a message box open.
-static bool Alone(bool (*work)()) {
-    if (!theNotes.editing || theNoteEditor.saving) return false;
+static bool UnlessSaving(bool (*work)()) {
+    if (!theNoteEditor.editing || theNoteEditor.saving) return false;
     theNoteEditor.saving = true;
     const bool done = work();
     theNoteEditor.saving = false;
@@ -75,7 +128,7 @@ static bool Alone(bool (*work)()) {
 }
 
 static bool AskAndSave() {
-    const std::string verse = ReferenceText(theScripture.records, theNotes.sets.currentVerse, BookForm::kName);
+    const std::string verse = ReferenceText(theScripture.records, theNoteSets.currentVerse, BookForm::kName);
     const std::string question = "Do you want to save the note for " + verse + "?";
     switch (MessageBoxA(Frame(), question.c_str(), "Versewell97", MB_YESNOCANCEL | MB_ICONQUESTION)) {
         case IDYES: return SaveNote();
@@ -85,11 +138,11 @@ static bool AskAndSave() {
 }
 
 bool MayLeaveEditor() {
-    return !theNotes.editing || Alone(AskAndSave);
+    return !theNoteEditor.editing || UnlessSaving(AskAndSave);
 }
 
 static void Cancel() {
-    if (theNotes.editing && !theNoteEditor.saving) CloseEditor();
+    if (theNoteEditor.editing && !theNoteEditor.saving) CloseEditor();
 }
 
 // Esc is pressed too easily to lose what was typed.
@@ -109,7 +162,7 @@ static void FollowClipboard() {
     RefreshFrame();
 }
 
-static std::string SelectedText() {
+static std::string SelectionText() {
     const CHARRANGE range = SelectedPlainText(theNoteEditor.edit);
     return PlainText(theNoteEditor.edit)
         .substr(static_cast<std::size_t>(range.cpMin), static_cast<std::size_t>(range.cpMax - range.cpMin));
@@ -122,7 +175,7 @@ static bool PutOnClipboard(const std::string& text) {
 }
 
 void CopyInEditor() {
-    PutOnClipboard(SelectedText());
+    PutOnClipboard(SelectionText());
     FollowClipboard();
 }
 
@@ -131,7 +184,7 @@ static void ReplaceSelection(const std::string& text) {
 }
 
 void CutInEditor() {
-    if (PutOnClipboard(SelectedText())) ReplaceSelection("");
+    if (PutOnClipboard(SelectionText())) ReplaceSelection("");
     FollowClipboard();
 }
 
@@ -150,7 +203,7 @@ void PasteInEditor() {
 }
 
 static void OnDrawClipboard() {
-    if (theNotes.editing) FollowClipboard();
+    if (theNoteEditor.editing) FollowClipboard();
     if (theNoteEditor.nextViewer) SendNotifyMessageA(theNoteEditor.nextViewer, WM_DRAWCLIPBOARD, 0, 0);
 }
 
@@ -165,15 +218,6 @@ static void OnChangeCbChain(HWND left, HWND next) {
 
 // ---- The editing control ------------------------------------------------------------------------------------------
 
-static bool IsDown(int key) {
-    return GetKeyState(key) < 0;
-}
-
-// Together with Alt it makes letters of some keyboards.
-static bool IsControlDown() {
-    return IsDown(VK_CONTROL) && !IsDown(VK_MENU);
-}
-
 static void OnEditFocus() {
     if (theSelection.SelectionOwner != kNoteEditorOwns) DropSelection();
     FollowClipboard();
@@ -186,7 +230,7 @@ static void OnEditFocusLost() {
 }
 
 static void StepFocus(HWND from) {
-    SetFocus(GetNextDlgTabItem(theNoteEditor.window, from, IsDown(VK_SHIFT)));
+    SetFocus(GetNextDlgTabItem(theNoteEditor.window, from, IsKeyDown(VK_SHIFT)));
 }
 
 // The keys with Ctrl that the control has for plain text; its others would change fonts and paragraphs.
@@ -214,7 +258,7 @@ static bool IsPlainTextKey(UINT key) {
 // True when the key was ours.
 static bool OnEditKey(UINT key) {
     const bool control = IsControlDown();
-    const bool shift = IsDown(VK_SHIFT);
+    const bool shift = IsKeyDown(VK_SHIFT);
     switch (key) {
         case VK_ESCAPE: Escape(); return true;
         case VK_TAB:
@@ -241,7 +285,7 @@ static bool OnEditKey(UINT key) {
 static bool IsStrayCharacter(UINT character) {
     static constexpr UINT kDelete = 0x7F;
     if (character == kDelete || character == VK_ESCAPE) return true;
-    return character < ' ' && (IsControlDown() || (IsDown(VK_SHIFT) && character != VK_BACK));
+    return character < ' ' && (IsControlDown() || (IsKeyDown(VK_SHIFT) && character != VK_BACK));
 }
 
 static LRESULT CALLBACK EditProcedure(HWND edit, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -260,16 +304,6 @@ static LRESULT CALLBACK EditProcedure(HWND edit, UINT message, WPARAM wParam, LP
     if (message == WM_SETFOCUS) OnEditFocus();
     if (message == WM_KILLFOCUS) OnEditFocusLost();
     return result;
-}
-
-static bool IsText(HWND window) {
-    return window && (window == theNoteEditor.edit || window == theNotes.view);
-}
-
-bool IsNoteTextKey(const MSG& message) {
-    if (message.message != WM_KEYDOWN || !IsText(message.hwnd) || !IsControlDown()) return false;
-    return message.wParam == VK_HOME || message.wParam == VK_END || message.wParam == VK_PRIOR ||
-           message.wParam == VK_NEXT;
 }
 
 // ---- The buttons --------------------------------------------------------------------------------------------------
@@ -300,10 +334,9 @@ static void OnSize(HWND window, UINT, int width, int height) {
 }
 
 static std::string EditingLine() {
-    const NoteSets& notes = theNotes.sets;
-    if (!theNotes.editing) return {};
-    return "Editing note \"" + NoteSetName(notes.sets[static_cast<std::size_t>(notes.currentSet)]) + "\" for " +
-           ReferenceText(theScripture.records, notes.currentVerse, BookForm::kName);
+    if (!IsEditingNote()) return {};
+    return "Editing note \"" + NoteSetName(*CurrentSet(theNoteSets)) + "\" for " +
+           ReferenceText(theScripture.records, theNoteSets.currentVerse, BookForm::kName);
 }
 
 static void OnPaint(HWND window) {
@@ -324,7 +357,7 @@ static void OnPaint(HWND window) {
 static void OnCommand(HWND window, int command, HWND, UINT) {
     switch (command) {
         case IDM_EDIT_NOTE: OpenNote(); break;
-        case IDC_NOTE_SAVE: Alone(SaveNote); break;
+        case IDC_NOTE_SAVE: UnlessSaving(SaveNote); break;
         case IDC_NOTE_CANCEL: Cancel(); break;
         case IDC_NOTE_HELP: OpenHelpTopic(window, kHelpFile, kTopicNoteEditor); break;
     }
@@ -390,10 +423,14 @@ static LRESULT CALLBACK EditorProcedure(HWND window, UINT message, WPARAM wParam
     return DefWindowProcA(window, message, wParam, lParam);
 }
 
+void SetNoteEditorFont(HFONT font) {
+    SendMessageA(theNoteEditor.edit, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
+}
+
 bool RegisterNoteEditorClass() {
     return RegisterPaneClass(kNoteEditorClass, EditorProcedure, COLOR_BTNFACE);
 }
 
-HWND CreateNoteEditor(HWND frame) {
-    return CreateChild(frame, kNoteEditorClass, "", WS_CLIPCHILDREN | WS_CLIPSIBLINGS, 0, IDC_NOTE_EDITOR);
+void CreateNoteEditor(HWND frame) {
+    CreateChild(frame, kNoteEditorClass, "", WS_CLIPCHILDREN | WS_CLIPSIBLINGS, 0, IDC_NOTE_EDITOR);
 }

@@ -3,8 +3,6 @@
 
 #include "win32/windows_api.h"
 
-inline constexpr char kNoteEditorClass[] = "NOTEEDIT";
-
 struct NoteEditor {
     HWND window = nullptr;
     HWND edit = nullptr;              // the rich-edit control
@@ -12,6 +10,7 @@ struct NoteEditor {
     WNDPROC buttonProcedure = nullptr;
     HWND nextViewer = nullptr;  // behind the editor in the chain of those that watch the clipboard
     bool canPaste = false;      // the control has the focus, and the clipboard has text
+    bool editing = false;       // it is open, and the current note stays
     bool saving = false;        // or asking whether to; it is not begun twice
 };
 extern NoteEditor theNoteEditor;
@@ -19,9 +18,15 @@ extern NoteEditor theNoteEditor;
 bool RegisterNoteEditorClass();
 
 // Creates the editor as a child of `frame`, hidden, with its buttons and its editing control. It opens the current note
-// when it gets the command IDM_EDIT_NOTE, with `theNotes.editing` set, and sends its frame IDM_END_EDITING when it has
-// closed. A note that cannot be read is not opened; it says so, and `editing` is 0 then.
-HWND CreateNoteEditor(HWND frame);
+// when it gets the command IDM_EDIT_NOTE; a note that cannot be read is reported and not opened. It sends its frame
+// IDM_SHOW_SAVED_NOTE when it has saved the note, and IDM_END_EDITING when it has closed.
+void CreateNoteEditor(HWND frame);
+
+// Is a note being edited?
+bool IsEditingNote();
+
+// The font stays the caller's.
+void SetNoteEditorFont(HFONT font);
 
 // Cut, Copy and Paste.
 void CutInEditor();
@@ -31,6 +36,3 @@ void PasteInEditor();
 // May the program end? Asks whether to save the note that is being edited: Yes saves it, No lets it go, Cancel keeps
 // the program. False also where the save failed.
 bool MayLeaveEditor();
-
-// A key by which a note's text is walked through, though it means a command elsewhere: it goes to the text first.
-bool IsNoteTextKey(const MSG& message);

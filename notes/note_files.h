@@ -6,9 +6,16 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <span>
 #include <string>
 #include <vector>
+
+// The files of a set named NAME: NAME.nmd and so on (notes/note_sets.h), and NAME.nmd.temp, a data file in the making.
+inline constexpr char kDataEnding[] = ".nmd";
+inline constexpr char kIndexEnding[] = ".nmi";
+inline constexpr char kTableEnding[] = ".dti";
+inline constexpr char kTempEnding[] = ".temp";
 
 // What tells whether a file changed: its size in bytes and the time of its last write, in units of the device.
 struct NoteFileStamp {
@@ -73,3 +80,18 @@ struct NoteFiles {
 
     void (*close)(void* device, void* file) = nullptr;
 };
+
+// An open file, closed where this goes.
+struct CloseNoteFile {
+    const NoteFiles* files = nullptr;  // must outlive the handle
+    void operator()(void* file) const { files->close(files->device, file); }
+};
+using OwnedNoteFile = std::unique_ptr<void, CloseNoteFile>;
+
+// `open` and `createAnew` with an owner; null where the file could not be opened.
+inline OwnedNoteFile OpenNoteFile(const NoteFiles& files, const std::string& name) {
+    return {files.open(files.device, name), {&files}};
+}
+inline OwnedNoteFile CreateNoteFileAnew(const NoteFiles& files, const std::string& name) {
+    return {files.createAnew(files.device, name), {&files}};
+}

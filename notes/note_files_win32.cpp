@@ -1,7 +1,8 @@
 #include "notes/note_files_win32.h"
 
-#include "win32/handles.h"
-#include "win32/program_files.h"
+#include "win32/files.h"
+
+NoteSets theNoteSets;
 
 static const std::string& FolderOf(void* device) {
     return *static_cast<const std::string*>(device);
@@ -142,22 +143,25 @@ static void Close(void*, void* file) {
     CloseHandle(file);
 }
 
-NoteFiles WorkingFolderNoteFiles() {
+const NoteFiles& TheNoteFiles() {
     static std::string folder = WorkingFilePath("");
-    return {.device = &folder,
-            .list = List,
-            .read = Read,
-            .size = Size,
-            .stamp = Stamp,
-            .create = Create,
-            .remove = Remove,
-            .rename = Rename,
-            .link = Link,
-            .makeFolder = MakeFolder,
-            .open = Open,
-            .createAnew = CreateAnew,
-            .readAt = ReadAt,
-            .write = Write,
-            .flush = Flush,
-            .close = Close};
+    static const NoteFiles files = {
+        .device = &folder,
+        .list = List,
+        .read = Read,
+        .size = Size,
+        .stamp = Stamp,
+        .create = Create,
+        .remove = Remove,
+        .rename = Rename,
+        .link = Link,
+        .makeFolder = MakeFolder,
+        .open = Open,
+        .createAnew = CreateAnew,
+        .readAt = ReadAt,
+        .write = Write,
+        .flush = Flush,
+        .close = Close,
+    };
+    return files;
 }

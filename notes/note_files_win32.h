@@ -1,7 +1,9 @@
-// The note sets' files in the working directory.
+// The program's note sets and their files in the working directory.
 #pragma once
 
-#include "notes/note_files.h"
+#include "notes/note_sets.h"
 
-// The directory that is current at the first call; a dialog that changes it later leads no note astray.
-NoteFiles WorkingFolderNoteFiles();
+extern NoteSets theNoteSets;
+
+// The directory that was current at the first call; a dialog that changes it later leads no note astray.
+const NoteFiles& TheNoteFiles();

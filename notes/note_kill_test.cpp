@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "notes/note_layout.h"
+#include "notes/note_places.h"
 #include "notes/note_recovery.h"
 #include "notes/note_saving.h"
 #include "tests/support/fake_note_files.h"

@@ -5,7 +5,7 @@
 
 #include <numeric>
 
-#include "notes/note_layout.h"
+#include "notes/note_places.h"
 #include "notes/note_saving.h"
 #include "tests/support/fake_note_files.h"
 

@@ -3,10 +3,12 @@
 #include <algorithm>
 #include <cassert>
 #include <limits>
-#include <memory>
+#include <new>
+#include <span>
+#include <vector>
 
 #include "notes/note_backup.h"
-#include "notes/note_layout.h"
+#include "notes/note_places.h"
 
 static constexpr std::size_t kCopyPiece = std::size_t{1} << 20;
 
@@ -14,7 +16,7 @@ static std::string WithName(std::string_view before, const std::string& name, st
     return std::string(before) + name + std::string(after);
 }
 
-std::string SaveNoticeText(SaveNotice notice, const NoteSet& set) {
+static std::string TextOf(SaveNotice notice, const NoteSet& set) {
     const std::string& file = set.dataFileName;
     switch (notice) {
         case SaveNotice::kCannotOpen:
@@ -24,7 +26,7 @@ std::string SaveNoticeText(SaveNotice notice, const NoteSet& set) {
         case SaveNotice::kNoMemory: return "Failure saving note (memory alloc error)";
         case SaveNotice::kCannotWrite: return "Failure writing. Disk may be full!";
         case SaveNotice::kCannotDelete:
-            return "Faliure Saving Note (delete old failure):\nYou should exit Versewell and restart.";
+            return "Faliure Saving Note (delete old failure):\nYou should exit Versewell and restart.";  // (sic)
         case SaveNotice::kCannotRename:
             return WithName("The note is saved in \"", file + kTempEnding,
                             "\", but that file cannot be renamed now. You should exit Versewell and restart: it will "
@@ -43,40 +45,46 @@ std::string SaveNoticeText(SaveNotice notice, const NoteSet& set) {
     return "";
 }
 
+namespace {
+
 // A save at work.
-struct FreeMemory {
-    void operator()(void* memory) const { std::free(memory); }
-};
 struct Save {
     const NoteFiles& files;
     const SaveVoice& voice;
     NoteSet& set;
     std::size_t verse;
     std::string_view text;
-    void* data = nullptr;
-    void* temp = nullptr;
-    std::unique_ptr<unsigned char, FreeMemory> piece{};  // what is being copied: kCopyPiece bytes
-    NoteLayout found{};                                  // of the data file, as far as it has been read
+    OwnedNoteFile data{}, temp{};
+    std::vector<unsigned char> piece{};  // what is being copied
+    NotePlaces found{};                  // in the data file, as far as it has been read
 };
 
-enum class Step { kDone, kCannotCreate, kNoMemory, kCannotWrite, kMisfit };
+enum class Step { kDone, kStopped, kCannotCreate, kNoMemory, kCannotWrite, kMisfit };
+
+}  // namespace
 
 static bool Tell(const Save& save, SaveNotice notice) {
-    return save.voice.tell(save.voice.device, notice, SaveNoticeText(notice, save.set));
-}
-
-static void Close(const Save& save, void*& file) {
-    if (file != nullptr) save.files.close(save.files.device, file);
-    file = nullptr;
+    return save.voice.tell(save.voice.device, notice, TextOf(notice, save.set));
 }
 
 static void CloseBoth(Save& save) {
-    Close(save, save.data);
-    Close(save, save.temp);
+    save.data.reset();
+    save.temp.reset();
 }
 
 static std::string TempName(const NoteSet& set) {
     return set.dataFileName + kTempEnding;
+}
+
+// All memory that a save takes, it takes within `work`. False where there was none.
+template <typename Work>
+static bool WithMemory(Work work) {
+    try {
+        work();
+        return true;
+    } catch (const std::bad_alloc&) {
+        return false;
+    }
 }
 
 // ---- The data file --------------------------------------------------------------------------------------------------
@@ -84,8 +92,8 @@ static std::string TempName(const NoteSet& set) {
 // False when the user gives up.
 static bool OpenData(Save& save) {
     if (PutTwinInPlace(save.files, save.set.dataFileName)) StampFiles(save.files, save.set);  // an earlier save failed
-    save.data = save.files.open(save.files.device, save.set.dataFileName);
-    return save.data != nullptr || Tell(save, SaveNotice::kCannotOpen);
+    save.data = OpenNoteFile(save.files, save.set.dataFileName);
+    return save.data || Tell(save, SaveNotice::kCannotOpen);
 }
 
 static bool HasChangedOnDisk(const Save& save) {
@@ -95,12 +103,12 @@ static bool HasChangedOnDisk(const Save& save) {
            files.stamp(files.device, IndexFileName(save.set)) != save.set.indexStamp;
 }
 
-// Takes the layout that the open data file has now, and says so. False when the save is not to go on.
+// Takes the places that the open data file has now, and says so. False when the save is not to go on.
 static bool ReadAgain(Save& save) {
-    NoteLayout layout = ScanNotes(save.files, save.data);
-    save.set.readOnly = !IsWhole(layout);
+    NotePlaces places = ScanNotes(save.files, save.data.get());
+    save.set.readOnly = !IsWhole(places);
     if (!save.set.readOnly) {
-        save.set.offsets = std::move(layout.offsets);
+        save.set.offsets = std::move(places.offsets);
         StampFiles(save.files, save.set);
     }
     return Tell(save, save.set.readOnly ? SaveNotice::kNotWhole : SaveNotice::kChangedOnDisk) && !save.set.readOnly;
@@ -114,19 +122,20 @@ static bool HasOnlyTemp(const Save& save) {
            save.files.stamp(save.files.device, TempName(save.set)).exists;
 }
 
-// Reads the data file from where the last reading ended up to `end`, or to its own end. What `isKept` goes into the
-// temporary file.
-static Step Pass(Save& save, std::uint64_t end, bool isKept) {
-    if (save.found.size >= end) return Step::kDone;
-    if (!save.piece) save.piece.reset(static_cast<unsigned char*>(save.voice.takeMemory(kCopyPiece)));
-    if (!save.piece) return Step::kNoMemory;
+static bool WriteToTemp(const Save& save, std::span<const unsigned char> bytes) {
+    return save.files.write(save.files.device, save.temp.get(), bytes);
+}
+
+// Reads the data file on from where the last reading ended, up to `end` or to its own end. What `isKept` is copied into
+// the temporary file; the rest is only looked through.
+static Step ReadOn(Save& save, std::uint64_t end, bool isKept) {
+    save.piece.resize(kCopyPiece);
     while (save.found.size < end) {
         const auto wanted = static_cast<std::size_t>(std::min<std::uint64_t>(kCopyPiece, end - save.found.size));
-        const std::span<unsigned char> piece(save.piece.get(), wanted);
-        const std::size_t read = save.files.readAt(save.files.device, save.data, save.found.size, piece);
-        AddToLayout(save.found, piece.first(read));
-        if (isKept && read > 0 && !save.files.write(save.files.device, save.temp, piece.first(read)))
-            return Step::kCannotWrite;
+        const std::span<unsigned char> piece = std::span(save.piece).first(wanted);
+        const std::size_t read = save.files.readAt(save.files.device, save.data.get(), save.found.size, piece);
+        AddPlaces(save.found, piece.first(read));
+        if (isKept && read > 0 && !WriteToTemp(save, piece.first(read))) return Step::kCannotWrite;
         if (read < wanted) break;
     }
     return Step::kDone;
@@ -135,7 +144,7 @@ static Step Pass(Save& save, std::uint64_t end, bool isKept) {
 static Step WriteNote(const Save& save) {
     std::vector<unsigned char> note(save.text.begin(), save.text.end());
     note.push_back(0);
-    return save.files.write(save.files.device, save.temp, note) ? Step::kDone : Step::kCannotWrite;
+    return WriteToTemp(save, note) ? Step::kDone : Step::kCannotWrite;
 }
 
 static std::uint64_t EndOfNote(const Save& save) {
@@ -146,14 +155,14 @@ static std::uint64_t EndOfNote(const Save& save) {
 // All notes, with the new one in its place. Beyond 4 GB no offset would reach.
 static Step WriteNotes(Save& save) {
     save.found = {};
-    Step step = Pass(save, save.set.offsets[save.verse], true);
+    Step step = ReadOn(save, save.set.offsets[save.verse], true);
     if (step == Step::kDone) step = WriteNote(save);
-    if (step == Step::kDone) step = Pass(save, EndOfNote(save), false);
-    if (step == Step::kDone) step = Pass(save, std::numeric_limits<std::uint64_t>::max(), true);
+    if (step == Step::kDone) step = ReadOn(save, EndOfNote(save), false);
+    if (step == Step::kDone) step = ReadOn(save, std::numeric_limits<std::uint64_t>::max(), true);
     if (step != Step::kDone) return step;
-    if (!FitsLayout(save.set.offsets, save.found)) return Step::kMisfit;
+    if (!FitsPlaces(save.set.offsets, save.found)) return Step::kMisfit;
     if (save.found.size + save.text.size() > std::numeric_limits<std::uint32_t>::max()) return Step::kCannotWrite;
-    return save.files.flush(save.files.device, save.temp) ? Step::kDone : Step::kCannotWrite;
+    return save.files.flush(save.files.device, save.temp.get()) ? Step::kDone : Step::kCannotWrite;
 }
 
 static void ShiftOffsets(Save& save) {
@@ -178,10 +187,11 @@ static NoteSaveResult Fail(Save& save, SaveNotice notice) {
     return NoteSaveResult::kFailed;
 }
 
+// Backup and index are done without where they fail: the next start makes the index again.
 static NoteSaveResult PutInPlace(Save& save, const std::string& today) {
     const NoteFiles& files = save.files;
     NoteSet& set = save.set;
-    KeepBackup(files, set, today);
+    WithMemory([&] { KeepBackup(files, set, today); });
     if (!files.remove(files.device, set.dataFileName)) {
         Tell(save, SaveNotice::kCannotDelete);
         return NoteSaveResult::kFailed;
@@ -190,40 +200,46 @@ static NoteSaveResult PutInPlace(Save& save, const std::string& today) {
         Tell(save, SaveNotice::kCannotRename);
         return NoteSaveResult::kFailed;
     }
-    WriteIndex(files, IndexFileName(set), set.offsets);  // where it fails, the next start makes it
+    WithMemory([&] { WriteIndex(files, IndexFileName(set), set.offsets); });
     StampFiles(files, set);
     return NoteSaveResult::kSaved;
 }
 
 static Step WriteTemp(Save& save) {
-    Close(save, save.temp);
-    save.temp = save.files.createAnew(save.files.device, TempName(save.set));
-    return save.temp == nullptr ? Step::kCannotCreate : WriteNotes(save);
+    save.temp.reset();
+    save.temp = CreateNoteFileAnew(save.files, TempName(save.set));
+    return save.temp ? WriteNotes(save) : Step::kCannotCreate;
 }
 
-// Nothing is written, and the text stays with the editor.
-static NoteSaveResult Stop(Save& save) {
-    CloseBoth(save);
-    return NoteSaveResult::kStopped;
+// Where Retry was chosen for a data file that could not be opened.
+static Step FailWithoutData(Save& save) {
+    if (!HasOnlyTemp(save)) save.temp = CreateNoteFileAnew(save.files, TempName(save.set));
+    return Step::kCannotCreate;
+}
+
+// All that comes before the old data file is touched. A data file that does not fit is read again, once.
+static Step MakeTemp(Save& save) {
+    if (!OpenData(save)) return Step::kStopped;
+    if (!save.data) return FailWithoutData(save);
+    if (HasChangedOnDisk(save) && !ReadAgain(save)) return Step::kStopped;
+    Step step = WriteTemp(save);
+    if (step != Step::kMisfit) return step;
+    if (!ReadAgain(save)) return Step::kStopped;
+    step = WriteTemp(save);
+    if (step != Step::kMisfit) return step;
+    Tell(save, SaveNotice::kNotWhole);  // it reads differently every time
+    return Step::kStopped;
 }
 
 static NoteSaveResult SaveInto(Save& save, const std::string& today) {
-    if (!OpenData(save)) return Stop(save);
-    if (save.data == nullptr) {
-        if (!HasOnlyTemp(save)) save.temp = save.files.createAnew(save.files.device, TempName(save.set));
-        return Fail(save, SaveNotice::kCannotCreate);
-    }
-    if (HasChangedOnDisk(save) && !ReadAgain(save)) return Stop(save);
-    Step step = WriteTemp(save);
-    if (step == Step::kMisfit) {
-        if (!ReadAgain(save)) return Stop(save);
-        step = WriteTemp(save);
-    }
+    Step step = Step::kNoMemory;
+    WithMemory([&] { step = MakeTemp(save); });
     switch (step) {
         case Step::kCannotCreate: return Fail(save, SaveNotice::kCannotCreate);
         case Step::kNoMemory: return Fail(save, SaveNotice::kNoMemory);
         case Step::kCannotWrite: return Fail(save, SaveNotice::kCannotWrite);
-        case Step::kMisfit: Tell(save, SaveNotice::kNotWhole); return Stop(save);  // it cannot be read twice alike
+        case Step::kMisfit:
+        case Step::kStopped: CloseBoth(save); return NoteSaveResult::kStopped;  // the text stays in the editor
         case Step::kDone: break;
     }
     ShiftOffsets(save);
@@ -237,14 +253,36 @@ static std::string_view CutToNote(std::string_view text) {
 
 NoteSaveResult SaveNote(const NoteFiles& files, const SaveVoice& voice, NoteSets& notes, std::string_view text,
                         const std::string& today) {
-    assert(notes.currentSet >= 0 && notes.currentSet < static_cast<int>(notes.sets.size()));
-    NoteSet& set = notes.sets[static_cast<std::size_t>(notes.currentSet)];
+    assert(CurrentSet(notes) != nullptr);
+    NoteSet& set = *CurrentSet(notes);
     Save save{files, voice, set, static_cast<std::size_t>(ClampVerse(notes.currentVerse)), CutToNote(text)};
     if (set.readOnly) {
         Tell(save, SaveNotice::kNotWhole);
         return NoteSaveResult::kStopped;
     }
     const NoteSaveResult result = SaveInto(save, today);
-    if (result == NoteSaveResult::kSaved) notes.noteText = save.text;
+    if (result == NoteSaveResult::kSaved) WithMemory([&] { notes.noteText = save.text; });
     return result;
+}
+
+// ---- Text on its way into a note ------------------------------------------------------------------------------------
+
+// How many characters of the line end at the start of `text`; 0 where none stands there.
+static std::size_t LineEndLength(std::string_view text) {
+    if (text.starts_with("\r\n")) return 2;
+    return text.front() == '\r' || text.front() == '\n' ? 1 : 0;
+}
+
+std::string TextForNote(std::string_view text, std::size_t room) {
+    text = text.substr(0, text.find('\0'));
+    std::string lines;
+    lines.reserve(std::min(text.size(), room));
+    while (!text.empty()) {
+        const std::size_t lineEnd = LineEndLength(text);
+        const std::string_view next = lineEnd ? "\r\n" : text.substr(0, 1);
+        if (lines.size() + next.size() > room) break;
+        lines += next;
+        text.remove_prefix(std::max<std::size_t>(lineEnd, 1));
+    }
+    return lines;
 }

@@ -13,7 +13,6 @@
 #pragma once
 
 #include <cstddef>
-#include <cstdlib>
 #include <string>
 #include <string_view>
 
@@ -33,16 +32,11 @@ enum class SaveNotice {
     kNotWhole,       // OK, stop icon
 };
 
-// The words of a notice about `set`.
-std::string SaveNoticeText(SaveNotice notice, const NoteSet& set);
-
 struct SaveVoice {
     void* device = nullptr;  // handed back
 
     // Shows the notice and waits for the answer: true for OK and Retry, false for Cancel.
     bool (*tell)(void* device, SaveNotice notice, const std::string& text) = nullptr;
-
-    void* (*takeMemory)(std::size_t size) = std::malloc;  // what it gives is freed
 };
 
 enum class NoteSaveResult {
@@ -60,3 +54,7 @@ enum class NoteSaveResult {
 // temporary file, which holds the note.
 NoteSaveResult SaveNote(const NoteFiles& files, const SaveVoice& voice, NoteSets& notes, std::string_view text,
                         const std::string& today);
+
+// `text` with every line ended by CR LF, whatever ended it before, up to its first NUL and cut to `room` characters; no
+// line end is cut in two.
+std::string TextForNote(std::string_view text, std::size_t room);

@@ -5,7 +5,7 @@
 
 #include <memory>
 
-#include "notes/note_layout.h"
+#include "notes/note_places.h"
 #include "tests/support/fake_note_files.h"
 
 using testing::ElementsAre;
@@ -212,13 +212,14 @@ TEST(SaveNote, FailsWithoutATemporaryFile) {
 TEST(SaveNote, FailsWithoutMemory) {
     for (const int verse : {0, 7, 31101}) {
         const auto desk = DeskWith({{7, "four"}}, verse);
-        desk->voice.takeMemory = [](std::size_t) -> void* { return nullptr; };
+        desk->files.hasMemory = false;
         EXPECT_EQ(SaveAt(*desk, "characters"), NoteSaveResult::kFailed);
         EXPECT_THAT(desk->told, ElementsAre(SaveNotice::kNoMemory, SaveNotice::kCannotWrite));
         EXPECT_THAT(desk->files.log, IsSupersetOf({"box: Failure saving note (memory alloc error)",
                                                    "box: Failure writing. Disk may be full!"}));
         ExpectFilesHold(*desk, {{7, "four"}});
         EXPECT_TRUE(HasTemp(*desk));
+        EXPECT_EQ(desk->files.openFiles, 0);
     }
 }
 

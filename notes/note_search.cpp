@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "notes/saved_notes.h"
-#include "search/letters.h"
+#include "notes/note_source.h"
+#include "scripture/letters.h"
 #include "search/text_scan.h"
 
 static std::size_t PlaceOf(char c) {
@@ -15,7 +15,7 @@ LetterTable AsciiLetters() {
     for (std::size_t byte = 0; byte < letters.capitals.size(); ++byte) {
         const char c = static_cast<char>(byte);
         letters.capitals[byte] = IsLetter(c) && !IsCapital(c) ? static_cast<char>(c - ('a' - 'A')) : c;
-        letters.inWords[byte] = IsLetter(c) || (c >= '0' && c <= '9');
+        letters.inWords[byte] = IsLetterOrDigit(c);
     }
     return letters;
 }
@@ -42,16 +42,16 @@ static std::size_t FindInNote(const LetterTable& letters, const NoteQuery& query
     const std::size_t size = query.text.size();
     while (from <= note.size()) {
         const std::size_t place = FindInText(note, query.text, kAnyCase, from);
-        if (place == kNotFound || query.substrings || StandsAlone(letters, note, place, size)) return place;
+        if (place == kNoPlace || query.substrings || StandsAlone(letters, note, place, size)) return place;
         from = place + size;
     }
-    return kNotFound;
+    return kNoPlace;
 }
 
 NoteMatch FindInNotes(const NoteFiles& files, const NoteSet& set, const LetterTable& letters, const NoteQuery& query,
                       ResumePoint resume, const SearchProgress& progress) {
     if (resume.verse < query.range.StartVerse) resume = {query.range.StartVerse, 0};
-    SavedNotes notes{files, set};
+    NoteReader notes{files, set};
     const NoteSource source = SourceOf(notes);
     std::string note;
     for (int verse = resume.verse; verse <= query.range.EndVerse; ++verse) {
@@ -62,7 +62,7 @@ NoteMatch FindInNotes(const NoteFiles& files, const NoteSet& set, const LetterTa
         note.resize(std::min(note.size(), kNoteBufferSize - 1));  // as much as is shown
         if (!query.caseSensitive) PutInCapitals(letters, note);
         const std::size_t place = FindInNote(letters, query, note, resume.offset);
-        if (place != kNotFound) return {NoteSearchEnd::kFound, verse, place};
+        if (place != kNoPlace) return {NoteSearchEnd::kFound, verse, place};
         resume.offset = 0;
     }
     return {};

@@ -8,7 +8,7 @@
 #include <string_view>
 
 #include "notes/note_sets.h"
-#include "search/search_state.h"
+#include "search/query.h"
 
 inline constexpr int kNoteSearchTextLimit = 149;  // characters
 

@@ -5,8 +5,8 @@
 #include <cassert>
 #include <string_view>
 
-#include "notes/note_layout.h"
-#include "search/letters.h"
+#include "notes/note_places.h"
+#include "scripture/letters.h"
 
 // ---- Names ----------------------------------------------------------------------------------------------------------
 
@@ -26,7 +26,9 @@ static bool IsDeviceName(const std::string& name) {
     return isPort && first[3] >= '1' && first[3] <= '9';
 }
 
-std::string ReasonAgainstName(const std::string& name) {
+// What makes `name` one that Windows does not store in a folder's file names, as a sentence; empty for a good name. The
+// empty name is a good one: its files are ".nmd" and ".nmi".
+static std::string ReasonAgainstName(const std::string& name) {
     if (!std::ranges::all_of(name, CanStandInName)) {
         return "The name of a note set cannot have any of the characters \\ / : * ? \" < > | or a control character.";
     }
@@ -55,11 +57,6 @@ std::string CreateNoteSet(const NoteFiles& files, NoteSets& notes, const std::st
 
 // ---- Rename ---------------------------------------------------------------------------------------------------------
 
-static NoteSet& CurrentSet(NoteSets& notes) {
-    assert(notes.currentSet >= 0 && notes.currentSet < static_cast<int>(notes.sets.size()));
-    return notes.sets[static_cast<std::size_t>(notes.currentSet)];
-}
-
 static bool IsDevotional(const NoteSets& notes) {
     return notes.currentSet == notes.devotionalSet;
 }
@@ -70,14 +67,14 @@ static bool IsOutOfUse(const NoteSet& set) {
 }
 
 static bool RenameIndex(const NoteFiles& files, NoteSet& set, const std::string& name) {
-    if (files.rename(files.device, IndexFileName(set), name + ".nmi")) return true;
+    if (files.rename(files.device, IndexFileName(set), name + kIndexEnding)) return true;
     set.dataFileName = IndexFileName(set);
     set.readOnly = true;
     return false;
 }
 
 std::string RenameNoteSet(const NoteFiles& files, NoteSets& notes, const std::string& name) {
-    NoteSet& set = CurrentSet(notes);
+    NoteSet& set = *CurrentSet(notes);
     const std::string nameBefore = NoteSetName(set);
     if (name == nameBefore) return "";
     const std::string reason = ReasonAgainstName(name);
@@ -85,35 +82,35 @@ std::string RenameNoteSet(const NoteFiles& files, NoteSets& notes, const std::st
     const auto rename = [&](const std::string& ending) {
         return files.rename(files.device, nameBefore + ending, name + ending);
     };
-    if (IsOutOfUse(set) || !rename(".nmd")) return kRenameFailed;
+    if (IsOutOfUse(set) || !rename(kDataEnding)) return kRenameFailed;
     if (!RenameIndex(files, set, name)) return kRenameFailed;
-    if (IsDevotional(notes)) rename(".dti");
-    set.dataFileName = name + ".nmd";
-    rename(std::string(".nmd") + kTempEnding);  // left alone, it would come back as a set of the old name
+    if (IsDevotional(notes)) rename(kTableEnding);
+    set.dataFileName = name + kDataEnding;
+    rename(std::string(kDataEnding) + kTempEnding);  // left alone, it would come back as a set of the old name
     return "";
 }
 
 // ---- Delete ---------------------------------------------------------------------------------------------------------
 
 std::string QuestionBeforeDeleting(const NoteSets& notes) {
-    const NoteSet& set = notes.sets[static_cast<std::size_t>(notes.currentSet)];
+    const NoteSet& set = *CurrentSet(notes);
     const char* ending = IsDevotional(notes) ? "? Deleting this set will remove the Devotional function!" : "?";
     return "Are you SURE you want to delete the note set " + NoteSetName(set) + ending;
 }
 
 bool DeleteNoteSet(const NoteFiles& files, NoteSets& notes) {
-    const NoteSet& set = CurrentSet(notes);
-    assert(notes.sets.size() > 1);
+    assert(CurrentSet(notes) != nullptr && notes.sets.size() > 1);
+    const NoteSet& set = *CurrentSet(notes);
     if (!files.remove(files.device, IndexFileName(set))) return false;
     files.remove(files.device, set.dataFileName);
     files.remove(files.device, set.dataFileName + kTempEnding);
     if (IsDevotional(notes)) {
-        files.remove(files.device, NoteSetName(set) + ".dti");
+        files.remove(files.device, NoteSetName(set) + kTableEnding);
         notes.devotionalSet = kNoDevotionalSet;
     } else if (notes.devotionalSet > notes.currentSet) {
         --notes.devotionalSet;
     }
     notes.sets.erase(notes.sets.begin() + notes.currentSet);
-    notes.currentSet = 0;
+    SelectSet(notes, 0);
     return true;
 }

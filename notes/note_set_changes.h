@@ -17,10 +17,6 @@ inline constexpr char kOnlyOneSet[] =
     "You only have one note set remaining. You must have at least one note set in Versewell. Create a new note set "
     "before deleting this set.";
 
-// What makes `name` one that Windows does not store in a folder's file names, as a sentence; empty for a good name. The
-// empty name is one too: its files are ".nmd" and ".nmi".
-std::string ReasonAgainstName(const std::string& name);
-
 // Creates an empty set named `name` and adds it as the last one; the current set stays. Gives what to tell the user;
 // empty when it was created. A name whose files are there already, one that cannot be stored and a set beyond
 // kNoteSetLimit leave everything as it was.

@@ -57,6 +57,15 @@ static std::vector<std::string> NamesAfterRestart(const SetsOnDisk& disk) {
 
 // ---- Names ----------------------------------------------------------------------------------------------------------
 
+// What is told against a name: nothing, or what follows the first words of the failure.
+static std::string ReasonAgainstName(const std::string& name) {
+    static const std::string failed = "Error creating note files\n\n";
+    SetsOnDisk disk;
+    Open(disk, {"other"});
+    const std::string told = CreateNoteSet(disk.files, disk.notes, name);
+    return told.starts_with(failed) ? told.substr(failed.size()) : told;
+}
+
 TEST(NoteSetNames, AreAllThatWindowsStores) {
     for (const std::string name : {"", " ", "a.b", ".", "a.", " a ", "M\xFCller \xB6", "CONsole", "COM", "COM0",
                                    "LPT10", "my con", "a+b [c] {d} (e) & 'f' #1, 100%~"})

@@ -7,10 +7,14 @@
 #include "win32/dialogs.h"
 #include "win32/help_viewer.h"
 
+namespace {
+
 struct AskedName {
     std::string title;  // empty: that of the resource
     std::string* name;  // first what the field begins with, then what was typed
 };
+
+}  // namespace
 
 static const AskedName& AskedBy(HWND dialog) {
     return *static_cast<const AskedName*>(DataOf(dialog));

@@ -4,7 +4,7 @@
 #include <numeric>
 #include <optional>
 
-#include "notes/note_layout.h"
+#include "notes/note_places.h"
 
 static constexpr std::size_t kIndexFileSize = std::size_t{kVerseCount} * 4;
 static constexpr std::size_t kDevotionalFileSize = sizeof(NoteSets::devotionalTable);
@@ -19,7 +19,7 @@ std::string NoteSetName(const NoteSet& set) {
 }
 
 std::string IndexFileName(const NoteSet& set) {
-    return NoteSetName(set) + ".nmi";
+    return NoteSetName(set) + kIndexEnding;
 }
 
 void StampFiles(const NoteFiles& files, NoteSet& set) {
@@ -31,7 +31,7 @@ void StampFiles(const NoteFiles& files, NoteSet& set) {
 // one filled up with zeros.
 static void ReadDevotionalTable(const NoteFiles& files, const std::string& setName, NoteSets& notes) {
     std::vector<unsigned char> bytes;
-    if (!files.read(files.device, setName + ".dti", 0, kDevotionalFileSize, bytes)) return;
+    if (!files.read(files.device, setName + kTableEnding, 0, kDevotionalFileSize, bytes)) return;
     bytes.resize(kDevotionalFileSize);
     const std::vector<std::uint32_t> verses = OffsetsOf(bytes);
     std::copy(verses.begin(), verses.end(), notes.devotionalTable.begin());
@@ -40,7 +40,7 @@ static void ReadDevotionalTable(const NoteFiles& files, const std::string& setNa
 
 static bool AddNoteSet(const NoteFiles& files, const std::string& indexFileName, NoteSets& notes) {
     const std::string setName = UpToLastDot(indexFileName);
-    NoteSet set{setName + ".nmd"};
+    NoteSet set{setName + kDataEnding};
     StampFiles(files, set);
     std::vector<unsigned char> bytes;
     if (!files.read(files.device, indexFileName, 0, kIndexFileSize, bytes)) return false;
@@ -51,7 +51,7 @@ static bool AddNoteSet(const NoteFiles& files, const std::string& indexFileName,
 }
 
 NoteSet EmptyNoteSet(const std::string& name) {
-    NoteSet set{name + ".nmd", std::vector<std::uint32_t>(kVerseCount)};
+    NoteSet set{name + kDataEnding, std::vector<std::uint32_t>(kVerseCount)};
     std::iota(set.offsets.begin(), set.offsets.end(), 0u);
     return set;
 }
@@ -77,20 +77,31 @@ static bool CreateFirstSet(const NoteFiles& files, NoteSets& notes) {
 bool FindNoteSets(const NoteFiles& files, NoteSets& notes) {
     notes.sets.clear();
     notes.devotionalSet = kNoDevotionalSet;
-    for (const std::string& indexFileName : files.list(files.device, "*.nmi")) {
+    for (const std::string& indexFileName : files.list(files.device, std::string("*") + kIndexEnding)) {
         if (notes.sets.size() == kNoteSetLimit || !AddNoteSet(files, indexFileName, notes)) break;
     }
     return !notes.sets.empty() || CreateFirstSet(files, notes);
 }
 
+static bool HasSet(const NoteSets& notes, int set) {
+    return set >= 0 && set < static_cast<int>(notes.sets.size());
+}
+
+void SelectSet(NoteSets& notes, int set) {
+    notes.currentSet = HasSet(notes, set) ? set : 0;
+}
+
 void SelectStoredNote(NoteSets& notes, int set, int verse) {
-    notes.currentSet = set >= 0 && set < static_cast<int>(notes.sets.size()) ? set : 0;
+    SelectSet(notes, set);
     notes.currentVerse = verse == ClampVerse(verse) ? verse : 0;
 }
 
-static const NoteSet* CurrentSet(const NoteSets& notes) {
-    const bool exists = notes.currentSet >= 0 && notes.currentSet < static_cast<int>(notes.sets.size());
-    return exists ? &notes.sets[static_cast<std::size_t>(notes.currentSet)] : nullptr;
+const NoteSet* CurrentSet(const NoteSets& notes) {
+    return HasSet(notes, notes.currentSet) ? &notes.sets[static_cast<std::size_t>(notes.currentSet)] : nullptr;
+}
+
+NoteSet* CurrentSet(NoteSets& notes) {
+    return HasSet(notes, notes.currentSet) ? &notes.sets[static_cast<std::size_t>(notes.currentSet)] : nullptr;
 }
 
 // None where the index file was too short.
@@ -161,4 +172,15 @@ int NextNote(const NoteFiles& files, const NoteSets& notes) {
 
 int PreviousNote(const NoteFiles& files, const NoteSets& notes) {
     return StepToNote(files, notes, -1);
+}
+
+bool NeedsNewMarks(const MarkedBefore& before, const MarkedPlace& place) {
+    return !before || before->listPosition != place.listPosition || before->passageVerse != place.passageVerse;
+}
+
+std::string MarkedLabel(const NoteFiles& files, const NoteSet& set, const MarkedPlace& place) {
+    std::string label;
+    if (place.listPosition >= 0 && NoteExists(files, set, place.listVerse)) label += "\xAB ";
+    if (NoteExists(files, set, place.passageVerse)) label += "\xBB ";
+    return label + NoteSetName(set);
 }

@@ -15,6 +15,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -37,7 +38,7 @@ struct NoteSet {
 
 struct NoteSets {
     std::vector<NoteSet> sets;
-    int currentSet = 0;
+    int currentSet = 0;  // changed by SelectSet
     int currentVerse = 0;
     std::string noteText;  // text of the current note, or the line that says that there is none
     int devotionalSet = kNoDevotionalSet;
@@ -66,7 +67,14 @@ int CreateNoteFiles(const NoteFiles& files, NoteSet& set);
 // touched any more, and the set is there all the same, in memory.
 bool FindNoteSets(const NoteFiles& files, NoteSets& notes);
 
-// Clamps what the settings held: a set that there is not becomes 0, a verse outside 0..31101 too.
+// Makes `set` the current one, 0 where it is out of range. All changes of the current set go through here.
+void SelectSet(NoteSets& notes, int set);
+
+// The current set; null when there are no sets.
+const NoteSet* CurrentSet(const NoteSets& notes);
+NoteSet* CurrentSet(NoteSets& notes);
+
+// Selects the set and the verse that the settings held; either becomes 0 where it is out of range.
 void SelectStoredNote(NoteSets& notes, int set, int verse);
 
 // Reads the note of `verse` (clamped to 0..31101) in the current set into `noteText`, up to its first NUL, at most
@@ -95,3 +103,24 @@ StoredNote StoredNoteOf(const NoteSet& set, int verse);
 // The next or previous verse, round the end of the Bible, that has a note; the neighbouring verse when no other has.
 int NextNote(const NoteFiles& files, const NoteSets& notes);
 int PreviousNote(const NoteFiles& files, const NoteSets& notes);
+
+// ---- Marks on the tabs of the sets ----------------------------------------------------------------------------------
+// They show which sets have a note for the verse of the Verse List and for that of the Passage.
+
+// Where the panes stand.
+struct MarkedPlace {
+    int listPosition = kNoVerse;  // entry at the Verse List's top; -1 when it is empty
+    int listVerse = kNoVerse;     // the verse of that entry
+    int passageVerse = 0;
+};
+
+// The place for which the marks stand; none yet at the start.
+using MarkedBefore = std::optional<MarkedPlace>;
+
+// Is it time for new marks? The Verse List counts by its position: another list with its top at the same one leaves
+// them as they are.
+bool NeedsNewMarks(const MarkedBefore& before, const MarkedPlace& place);
+
+// The label of a set's tab: "\xAB " where it has a note for the Verse List's verse, "\xBB " where it has one for the
+// Passage's, and its name.
+std::string MarkedLabel(const NoteFiles& files, const NoteSet& set, const MarkedPlace& place);

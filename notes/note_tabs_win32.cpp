@@ -1,8 +1,10 @@
 #include "notes/note_tabs_win32.h"
 
+#include "notes/note_files_win32.h"
 #include "notes/note_recovery.h"
-#include "notes/notes_window.h"
 #include "win32/controls.h"
+
+NoteTabs theNoteTabs;
 
 static constexpr char kMendedCaption[] = "Note Sets";
 
@@ -14,23 +16,27 @@ static TCITEMA TabItem(const std::string& label) {
 }
 
 static void InsertTab(const NoteSet& set) {
-    std::vector<std::string>& labels = theNotes.tabLabels;
+    std::vector<std::string>& labels = theNoteTabs.labels;
     labels.push_back(NoteSetName(set));
     const TCITEMA item = TabItem(labels.back());
-    SendMessageA(theNotes.tabs, TCM_INSERTITEMA, labels.size() - 1, reinterpret_cast<LPARAM>(&item));
+    SendMessageA(theNoteTabs.window, TCM_INSERTITEMA, labels.size() - 1, reinterpret_cast<LPARAM>(&item));
+}
+
+void SelectNoteTab(int set) {
+    TabCtrl_SetCurSel(theNoteTabs.window, set);
 }
 
 void ShowNoteTabs() {
-    TabCtrl_DeleteAllItems(theNotes.tabs);
-    theNotes.tabLabels.clear();
-    for (const NoteSet& set : theNotes.sets.sets) InsertTab(set);
-    TabCtrl_SetCurSel(theNotes.tabs, theNotes.sets.currentSet);
+    TabCtrl_DeleteAllItems(theNoteTabs.window);
+    theNoteTabs.labels.clear();
+    for (const NoteSet& set : theNoteSets.sets) InsertTab(set);
+    SelectNoteTab(theNoteSets.currentSet);
 }
 
 void LoadNoteSets() {
-    const OpenedSets opened = OpenNoteSets(TheNoteFiles(), theNotes.sets);
+    const OpenedSets opened = OpenNoteSets(TheNoteFiles(), theNoteSets);
     ShowNoteTabs();
-    const HWND frame = FrameOf(theNotes.tabs);
+    const HWND frame = FrameOf(theNoteTabs.window);
     if (!opened.created) Complain(frame, kCannotCreateNotes);
     if (!opened.report.empty()) {
         const UINT icon = opened.hasDamaged ? MB_ICONWARNING : MB_ICONINFORMATION;
@@ -39,26 +45,26 @@ void LoadNoteSets() {
 }
 
 void AddLastNoteTab() {
-    InsertTab(theNotes.sets.sets.back());
+    InsertTab(theNoteSets.sets.back());
 }
 
 // A tab that is given the text that it has would be drawn again all the same.
 static bool Label(std::size_t tab, const std::string& label) {
-    if (theNotes.tabLabels[tab] == label) return false;
-    theNotes.tabLabels[tab] = label;
+    if (theNoteTabs.labels[tab] == label) return false;
+    theNoteTabs.labels[tab] = label;
     const TCITEMA item = TabItem(label);
-    SendMessageA(theNotes.tabs, TCM_SETITEMA, tab, reinterpret_cast<LPARAM>(&item));
+    SendMessageA(theNoteTabs.window, TCM_SETITEMA, tab, reinterpret_cast<LPARAM>(&item));
     return true;
 }
 
 bool MarkNoteTabs(const MarkedPlace& place) {
-    if (!NeedsNewMarks(theNotes.marked, place)) return false;
-    theNotes.marked = place;
-    const int rowsBefore = TabCtrl_GetRowCount(theNotes.tabs);
+    if (!NeedsNewMarks(theNoteTabs.marked, place)) return false;
+    theNoteTabs.marked = place;
+    const int rowsBefore = TabCtrl_GetRowCount(theNoteTabs.window);
     bool changed = false;
-    for (std::size_t tab = 0; tab < theNotes.tabLabels.size(); ++tab) {
-        changed |= Label(tab, MarkedLabel(TheNoteFiles(), theNotes.sets.sets[tab], place));
+    for (std::size_t tab = 0; tab < theNoteTabs.labels.size(); ++tab) {
+        changed |= Label(tab, MarkedLabel(TheNoteFiles(), theNoteSets.sets[tab], place));
     }
-    if (changed) InvalidateRect(theNotes.tabs, nullptr, FALSE);
-    return TabCtrl_GetRowCount(theNotes.tabs) != rowsBefore;
+    if (changed) InvalidateRect(theNoteTabs.window, nullptr, FALSE);
+    return TabCtrl_GetRowCount(theNoteTabs.window) != rowsBefore;
 }

@@ -5,63 +5,54 @@
 #include "notes/cross_references.h"
 #include "notes/note_editor_window.h"
 #include "notes/note_files_win32.h"
-#include "notes/note_menu_win32.h"
-#include "output/faces_win32.h"
-#include "output/output_win32.h"
+#include "notes/note_tabs_win32.h"
+#include "pane/selection_win32.h"
+#include "pane/status_bar_win32.h"
 #include "resources/ids.h"
 #include "scripture/scripture_win32.h"
+#include "typeset/faces_win32.h"
 #include "win32/controls.h"
 #include "win32/panes.h"
 #include "win32/plain_text.h"
 #include "win32/popup_menu.h"
 
+static constexpr char kNotesClass[] = "NOTEWND";
+
 NotesPane theNotes;
 
-static constexpr int kNotePart = 2;  // of the status bar
-
-const NoteFiles& TheNoteFiles() {
-    static const NoteFiles files = WorkingFolderNoteFiles();
-    return files;
-}
-
-bool NoteExists(int verse) {
-    return NoteExists(TheNoteFiles(), theNotes.sets, verse);
-}
-
 void ShowNoteText() {
-    SetPlainText(theNotes.view, theNotes.sets.noteText);
+    SetPlainText(theNotes.view, theNoteSets.noteText);
 }
 
 void ReadNote(int verse) {
-    if (theNotes.editing || theNotes.sets.sets.empty()) return;
-    if (!ReadNoteText(TheNoteFiles(), theScripture.records, theNotes.sets, verse)) {
+    if (IsEditingNote() || theNoteSets.sets.empty()) return;
+    if (!ReadNoteText(TheNoteFiles(), theScripture.records, theNoteSets, verse)) {
         Complain(FrameOf(theNotes.window), kCannotReadNote);
         return;
     }
     ShowNoteText();
-    SetStatusPart(GetDlgItem(FrameOf(theNotes.window), IDC_STATUS_BAR), kNotePart,
-                  ReferenceText(theScripture.records, theNotes.sets.currentVerse, BookForm::kName));
+    ShowStatus(theNotes.window, StatusPart::kNote,
+               ReferenceText(theScripture.records, theNoteSets.currentVerse, BookForm::kName));
 }
 
-void SelectNoteSet(int set) {
-    if (theNotes.editing) return;
-    theNotes.sets.currentSet = set;
-    ReadNote(theNotes.sets.currentVerse);
-    TabCtrl_SetCurSel(theNotes.tabs, set);
+void ShowNoteOfSet(int set, int verse) {
+    if (IsEditingNote()) return;
+    SelectSet(theNoteSets, set);
+    ReadNote(verse);
+    SelectNoteTab(set);
 }
 
 NoteSelection SelectionInNote() {
     const CHARRANGE range = SelectedPlainText(theNotes.view);
-    const auto length = static_cast<LONG>(theNotes.sets.noteText.size());
+    const auto length = static_cast<LONG>(theNoteSets.noteText.size());
     return {static_cast<int>(std::min(range.cpMin, length)), static_cast<int>(std::min(range.cpMax, length))};
 }
 
 void SetNotesFont(const FontChoice& choice) {
     const LOGFONTA record = FontRecord(choice);
     OwnedFont font(CreateFontIndirectA(&record));
-    for (const HWND control : {theNotes.view, theNoteEditor.edit}) {
-        SendMessageA(control, WM_SETFONT, reinterpret_cast<WPARAM>(font.get()), TRUE);
-    }
+    SendMessageA(theNotes.view, WM_SETFONT, reinterpret_cast<WPARAM>(font.get()), TRUE);
+    SetNoteEditorFont(font.get());
     theNotes.font = std::move(font);
 }
 
@@ -92,6 +83,41 @@ static LRESULT OnNotify(HWND window, int control, NMHDR* notification) {
     return DefWindowProcA(window, WM_NOTIFY, static_cast<WPARAM>(control), reinterpret_cast<LPARAM>(notification));
 }
 
+// ---- The context menu -----------------------------------------------------------------------------------------------
+
+static std::vector<MenuRow> Rows(HWND frame) {
+    const bool noSelection = theSelection.SelectionOwner != kNoteViewOwns;
+    const bool emptyList = IsGreyedInFrame(frame, IDM_NOTE_FOR_LIST);
+    const bool bound = theNotes.BindNotes != 0;
+    return {
+        {IDM_COPY, "Copy Selected Text\t", noSelection},
+        {},
+        {IDM_EDIT_NOTE, "Edit This Note\t"},
+        {},
+        {IDM_PREVIOUS_NOTE, "Previous Note\t"},
+        {IDM_NEXT_NOTE, "Next Note\t"},
+        {IDM_PREVIOUS_NOTE_SET, "Previous Note Set\t"},
+        {IDM_NEXT_NOTE_SET, "Next Note Set\t"},
+        {},
+        {IDM_NOTE_FOR_LIST, "Go to Note for Verse in Verse List\t", emptyList},
+        {IDM_NOTE_FOR_PASSAGE, "Go to Note for Verse in Passage\t"},
+        {IDM_GOTO_NOTE, "Go to Note for Verse...\t"},
+        {IDM_VERSE_FOR_NOTE, "Read Verse for this Note\t"},
+        {},
+        {.command = IDM_BIND_NOTES, .text = "Bind Notes to Passage Window", .checked = bound},
+        {},
+        {IDM_NOTE_WORD_SEARCH, "Word Search with Selected Text...", noSelection},
+        {IDM_NOTE_PHRASE_SEARCH, "Phrase Search with Selected Text...", noSelection},
+        {IDM_NOTE_NOTE_SEARCH, "Search Notes with Selected Text...", noSelection},
+    };
+}
+
+static void OpenMenu(POINT onScreen) {
+    const HWND frame = FrameOf(theNotes.window);
+    OpenPopupMenu(frame, onScreen, Rows(frame));
+}
+// ---- The window and its view ----------------------------------------------------------------------------------------
+
 static void OnSetFocus(HWND, HWND) {
     SetFocus(theNotes.view);
 }
@@ -118,7 +144,7 @@ static LRESULT ToView(UINT message, WPARAM wParam, LPARAM lParam) {
 static LRESULT OnDoubleClick(WPARAM wParam, LPARAM lParam) {
     const auto caret = static_cast<std::size_t>(SelectionInNote().start);
     const LRESULT result = ToView(WM_LBUTTONDBLCLK, wParam, lParam);
-    const NoteSets& notes = theNotes.sets;
+    const NoteSets& notes = theNoteSets;
     theNotes.references = CrossReferences(theScripture.records, notes.noteText, caret, notes.currentVerse);
     if (!theNotes.references.empty()) SendCommand(FrameOf(theNotes.window), IDM_SHOW_REFERENCES);
     return result;
@@ -128,11 +154,11 @@ static void OnViewRButtonDown(HWND view, BOOL, int x, int y, UINT) {
     if (GetFocus() != view) SetFocus(view);
     POINT place{x, y};
     ClientToScreen(view, &place);
-    OpenNoteMenu(place);
+    OpenMenu(place);
 }
 
 static void OnViewContextMenu(HWND view, HWND under, UINT x, UINT y) {
-    if (IsMenuByKey(x, y)) return OpenNoteMenu(FromCornerOf(view, kKeyMenuOffset, kKeyMenuOffset));
+    if (IsMenuByKey(x, y)) return OpenMenu(FromCornerOf(view, kKeyMenuOffset, kKeyMenuOffset));
     ToView(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(under), MAKELPARAM(x, y));
 }
 
@@ -163,4 +189,14 @@ void CreateNotesPane(HWND tabs) {
 
 void RestoreNoteView() {
     Unsubclass(theNotes.view, theNotes.viewProcedure);
+}
+
+static bool IsText(HWND window) {
+    return window && (window == theNoteEditor.edit || window == theNotes.view);
+}
+
+bool IsNoteTextKey(const MSG& message) {
+    if (message.message != WM_KEYDOWN || !IsText(message.hwnd) || !IsControlDown()) return false;
+    return message.wParam == VK_HOME || message.wParam == VK_END || message.wParam == VK_PRIOR ||
+           message.wParam == VK_NEXT;
 }

@@ -1,25 +1,20 @@
 // The Notes window: a read-only view of the current note, in the tab control of the note sets.
 #pragma once
 
-#include "notes/note_sets.h"
-#include "notes/tab_markers.h"
-#include "output/reading_options.h"
-#include "win32/handles.h"
+#include <cstdint>
+#include <vector>
 
-inline constexpr char kNotesClass[] = "NOTEWND";
+#include "notes/note_files_win32.h"
+#include "typeset/reading_options.h"
+#include "win32/handles.h"
 
 struct NotesPane {
     HWND window = nullptr;
     HWND view = nullptr;              // the rich-edit control
-    HWND tabs = nullptr;              // a tab a set
     WNDPROC viewProcedure = nullptr;  // the control's own
     OwnedFont font;
-    NoteSets sets;
-    std::vector<std::string> tabLabels;    // as shown
-    MarkedBefore marked;                   // where the panes stood for the marks in them
     int BindNotes = 1;                     // non-zero: the Notes window follows the Passage
     std::vector<std::int32_t> references;  // of the cross-reference line that was followed
-    int editing = 0;                       // non-zero: the note editor is open, and the current note stays
 };
 extern NotesPane theNotes;
 
@@ -41,11 +36,8 @@ void ReadNote(int verse);
 // Shows the text of the current note as it was read, searched or saved last.
 void ShowNoteText();
 
-// Makes `set` the current one, selects its tab and reads the current verse's note in it.
-void SelectNoteSet(int set);
-
-// Has the current set a note for `verse`?
-bool NoteExists(int verse);
+// Makes `set` the current one, shows its note of `verse` and selects its tab. Does nothing while a note is edited.
+void ShowNoteOfSet(int set, int verse);
 
 // Characters `start` to `end` of the note, as the view's selection counts them.
 struct NoteSelection {
@@ -59,5 +51,5 @@ void SelectInNote(const NoteSelection& selection);
 // Is the selection to be seen while the view does not have the focus?
 void KeepNoteSelectionShown(bool shown);
 
-// The files of note sets on this system.
-const NoteFiles& TheNoteFiles();
+// A key by which a note's text is walked through, though it means a command elsewhere: it goes to the text first.
+bool IsNoteTextKey(const MSG& message);

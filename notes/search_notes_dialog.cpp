@@ -5,17 +5,12 @@
 #include "notes/search_progress_dialog.h"
 #include "resources/help_topics.h"
 #include "resources/ids.h"
-#include "search/search_win32.h"
-#include "search/set_range_dialog.h"
+#include "search/search_dialog.h"
 #include "win32/controls.h"
 #include "win32/dialogs.h"
 #include "win32/help_viewer.h"
 
 static ResumePoint theResumePoint;  // of the dialog that is open
-
-static const NoteSet& CurrentSet() {
-    return theNotes.sets.sets[static_cast<std::size_t>(theNotes.sets.currentSet)];
-}
 
 // Those of the system's code page.
 static LetterTable SystemLetters() {
@@ -29,11 +24,11 @@ static LetterTable SystemLetters() {
 }
 
 static ResumePoint BehindSelection() {
-    return {theNotes.sets.currentVerse, static_cast<std::size_t>(SelectionInNote().end)};
+    return {theNoteSets.currentVerse, static_cast<std::size_t>(SelectionInNote().end)};
 }
 
 static void Fill(HWND dialog) {
-    SetWindowTextA(dialog, ("Search Note Set " + NoteSetName(CurrentSet())).c_str());
+    SetWindowTextA(dialog, ("Search Note Set " + NoteSetName(*CurrentSet(theNoteSets))).c_str());
     SendDlgItemMessageA(dialog, IDC_NOTE_TEXT, EM_LIMITTEXT, kNoteSearchTextLimit, 0);
     SetDlgItemTextA(dialog, IDC_NOTE_TEXT, theSearch.NoteSearchText.c_str());
     SetChecked(dialog, IDC_CASE_SENSITIVE, theSearch.options.CaseSensitive != 0);
@@ -53,7 +48,7 @@ static NoteMatch Search(HWND frame, const LetterTable& letters, SearchProgressBo
                           theSearch.range};
     const HCURSOR before = BeginWait(frame);
     const NoteMatch match =
-        FindInNotes(TheNoteFiles(), CurrentSet(), letters, query, theResumePoint, ProgressOf(progress));
+        FindInNotes(TheNoteFiles(), *CurrentSet(theNoteSets), letters, query, theResumePoint, ProgressOf(progress));
     EndWait(before);
     return match;
 }
@@ -106,7 +101,7 @@ static void OnCommand(HWND dialog, int control, UINT) {
 }
 
 void AskNoteSearch(HWND frame) {
-    if (theNotes.sets.sets.empty()) return;
+    if (theNoteSets.sets.empty()) return;
     KeepNoteSelectionShown(true);
     RunDialog(frame, {"SEARCHNOTES", Fill, OnCommand});
     KeepNoteSelectionShown(false);

@@ -4,10 +4,9 @@
 #include <new>
 #include <stdexcept>
 
-#include "output/brackets.h"
-#include "output/label_text.h"
 #include "output/rendering.h"
 #include "scripture/books.h"
+#include "typeset/label_text.h"
 
 std::size_t RangeCopyBudget(int first, int last) {
     return last < first ? 0 : static_cast<std::size_t>(last - first) * 900 + 900;

@@ -1,11 +1,14 @@
 #include "output/format_dialog.h"
 
-#include "output/output_win32.h"
 #include "resources/help_topics.h"
 #include "resources/ids.h"
 #include "win32/controls.h"
 #include "win32/dialogs.h"
 #include "win32/help_viewer.h"
+
+FormatOptions theFormat;
+
+namespace {
 
 // Radio buttons for the values 0, 1, ... of an option; the last stands for every other value too.
 struct Choice {
@@ -13,16 +16,22 @@ struct Choice {
     std::int8_t FormatOptions::*option;
 };
 
+}  // namespace
+
 static constexpr Choice kChoices[] = {
     {IDC_FIRST_FULL, IDC_FIRST_NONE, &FormatOptions::FirstVerseStyle},
     {IDC_SUBSEQUENT_FULL, IDC_SUBSEQUENT_NONE, &FormatOptions::SubsequentVerseStyle},
     {IDC_LABEL_BEFORE, IDC_LABEL_AFTER, &FormatOptions::Location},
 };
 
+namespace {
+
 struct Switch {
     int box;
     int FormatOptions::*option;
 };
+
+}  // namespace
 
 static constexpr Switch kSwitches[] = {
     {IDC_LINE_BREAKS, &FormatOptions::LineBreaks},

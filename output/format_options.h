@@ -3,10 +3,14 @@
 
 #include <cstdint>
 
+// Values of the options that are looked for; every other value stands for what remains.
+enum LabelStyle { kFullLabel = 0, kPartialLabel = 1 };     // otherwise no label
+enum LabelLocation { kLabelBefore = 0, kLabelAfter = 1 };  // otherwise after
+
 struct FormatOptions {
-    std::int8_t FirstVerseStyle = 0;       // 0 full, 1 partial, 2 none
-    std::int8_t SubsequentVerseStyle = 1;  // the same
-    std::int8_t Location = 0;              // 0 before the verse, 1 after it
+    std::int8_t FirstVerseStyle = kFullLabel;
+    std::int8_t SubsequentVerseStyle = kPartialLabel;
+    std::int8_t Location = kLabelBefore;
     int LineBreaks = 1;
     int ParagraphMarks = 1;
     int Brackets = 0;

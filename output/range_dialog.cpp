@@ -1,30 +1,51 @@
 #include "output/range_dialog.h"
 
+#include "notes/note_files_win32.h"
 #include "output/format_dialog.h"
 #include "resources/help_topics.h"
 #include "resources/ids.h"
+#include "scripture/reference_dialog.h"
 #include "scripture/scripture_win32.h"
 #include "win32/controls.h"
 #include "win32/dialogs.h"
 #include "win32/help_viewer.h"
 #include "win32/save_file_dialog.h"
 
+struct RangeDialog {
+    const char* resource;
+    const char* helpTopic;
+    Asked asked = Asked::kRange;
+    BookForm bookForm = BookForm::kAbbreviation;  // of the current verse, with which the field starts
+    bool asksForFile = false;
+    bool asksForNotes = false;
+};
+
+const RangeDialog kCopyVerse = {.resource = "COPYVERSE", .helpTopic = kTopicCopyVerse, .asked = Asked::kVerse};
+const RangeDialog kCopyRange = {.resource = "COPYRANGE", .helpTopic = kTopicCopyRange};
+const RangeDialog kSaveRange = {
+    .resource = "SAVERANGE", .helpTopic = kTopicSaveRange, .asksForFile = true, .asksForNotes = true};
+const RangeDialog kPrintRange = {
+    .resource = "PRINTRANGE", .helpTopic = kTopicPrintRange, .bookForm = BookForm::kName, .asksForNotes = true};
+
+namespace {
+
 // A dialog while it is open.
 struct Question {
     const RangeDialog& kind;
     int currentVerse;
-    const OfferedNoteSets* noteSets;  // none: the dialog does not ask for one
     AskedRange& answer;
 };
+
+}  // namespace
 
 static const Question& QuestionOf(HWND dialog) {
     return *static_cast<const Question*>(DataOf(dialog));
 }
 
-static void FillNoteSets(HWND list, const OfferedNoteSets& sets) {
-    for (const std::string& name : sets.names)
-        SendMessageA(list, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(name.c_str()));
-    SendMessageA(list, CB_SETCURSEL, static_cast<WPARAM>(sets.current), 0);
+static void FillNoteSets(HWND list) {
+    for (const NoteSet& set : theNoteSets.sets)
+        SendMessageA(list, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(NoteSetName(set).c_str()));
+    SendMessageA(list, CB_SETCURSEL, static_cast<WPARAM>(theNoteSets.currentSet), 0);
 }
 
 static void Fill(HWND dialog) {
@@ -32,7 +53,7 @@ static void Fill(HWND dialog) {
     std::string start = ReferenceText(theScripture.records, question.currentVerse, question.kind.bookForm);
     if (question.kind.asked == Asked::kRange) start += " - ";
     FillReferenceField(dialog, IDC_RANGE, start);
-    if (question.noteSets) FillNoteSets(GetDlgItem(dialog, IDC_NOTE_SET), *question.noteSets);
+    if (question.kind.asksForNotes) FillNoteSets(GetDlgItem(dialog, IDC_NOTE_SET));
 }
 
 static int ChosenNoteSet(HWND dialog) {
@@ -45,7 +66,7 @@ static void OnOk(HWND dialog) {
     AskedRange& answer = question.answer;
     answer.range = TakeReference(dialog, IDC_RANGE, question.kind.asked);
     if (!answer.range.ok) return;
-    if (question.noteSets) answer.noteSet = ChosenNoteSet(dialog);
+    if (question.kind.asksForNotes) answer.noteSet = ChosenNoteSet(dialog);
     if (question.kind.asksForFile) answer.path = AskTextFileToSave(dialog, answer.range.text);
     const bool cancelled = question.kind.asksForFile && answer.path.empty();
     EndDialog(dialog, cancelled ? IDCANCEL : IDOK);
@@ -59,10 +80,9 @@ static void OnCommand(HWND dialog, int control, UINT) {
     }
 }
 
-std::optional<AskedRange> AskRange(HWND frame, const RangeDialog& kind, int currentVerse,
-                                   const OfferedNoteSets* noteSets) {
+std::optional<AskedRange> AskRange(HWND frame, const RangeDialog& kind, int currentVerse) {
     AskedRange answer;
-    const Question question{kind, currentVerse, noteSets, answer};
+    const Question question{kind, currentVerse, answer};
     if (RunDialog(frame, {kind.resource, Fill, OnCommand, &question}) != IDOK) return std::nullopt;
     return answer;
 }

@@ -1,15 +1,13 @@
 #include "output/rendering.h"
 
+#include <algorithm>
 #include <charconv>
+#include <cstring>
 
 #include "scripture/books.h"
 
 static constexpr std::string_view kLineEnd = "\r\n";
 static constexpr std::string_view kParagraph = "\xB6 ";
-
-// Values of the format options that are asked for; the others are what remains.
-static constexpr int kFull = 0, kPartial = 1;
-static constexpr int kBefore = 0;
 
 static void AppendDigits(std::string& text, int number) {
     char digits[12];
@@ -34,8 +32,8 @@ static void RememberPlace(RangeRenderer& renderer, const VerseRecord& record) {
 }
 
 static void AppendFirstLabel(RangeRenderer& renderer, const VerseRecord& record, std::string& text) {
-    if (renderer.format.FirstVerseStyle == kFull) AppendFull(text, record);
-    if (renderer.format.FirstVerseStyle == kPartial) AppendChapterAndVerse(text, record);
+    if (renderer.format.FirstVerseStyle == kFullLabel) AppendFull(text, record);
+    if (renderer.format.FirstVerseStyle == kPartialLabel) AppendChapterAndVerse(text, record);
     renderer.begun = true;
     RememberPlace(renderer, record);
 }
@@ -50,8 +48,8 @@ static void AppendWhatIsNew(const RangeRenderer& renderer, const VerseRecord& re
 
 static void AppendLabel(RangeRenderer& renderer, const VerseRecord& record, std::string& text) {
     if (!renderer.begun) return AppendFirstLabel(renderer, record, text);
-    if (renderer.format.SubsequentVerseStyle == kFull) AppendFull(text, record);
-    if (renderer.format.SubsequentVerseStyle != kPartial) return;
+    if (renderer.format.SubsequentVerseStyle == kFullLabel) AppendFull(text, record);
+    if (renderer.format.SubsequentVerseStyle != kPartialLabel) return;
     AppendWhatIsNew(renderer, record, text);
     RememberPlace(renderer, record);
 }
@@ -68,9 +66,9 @@ void AppendVerse(RangeRenderer& renderer, int verse, std::string& text) {
     const VerseRecord record = RecordOf(renderer.scripture.records, verse);
     if (record.book == 0) return;
     const FormatOptions& format = renderer.format;
-    if (format.Location == kBefore) AppendLabel(renderer, record, text);
+    if (format.Location == kLabelBefore) AppendLabel(renderer, record, text);
     AppendWords(VerseText(renderer.scripture, verse), format.ParagraphMarks != 0, text);
-    if (format.Location != kBefore) AppendLabel(renderer, record, text);
+    if (format.Location != kLabelBefore) AppendLabel(renderer, record, text);
     if (format.LineBreaks != 0) text.append(kLineEnd);
 }
 
@@ -80,4 +78,28 @@ void AppendListLine(const Scripture& scripture, int verse, std::string& text) {
     AppendFull(text, record);
     AppendWords(VerseText(scripture, verse), true, text);
     text.append(kLineEnd);
+}
+
+// The next `letter` from `from` on; `end` where there is none.
+static const char* Next(char letter, const char* from, const char* end) {
+    const void* found = std::memchr(from, letter, static_cast<std::size_t>(end - from));
+    return found ? static_cast<const char*>(found) : end;
+}
+
+// Brackets are few: what lies between them is searched and moved in one go.
+void RemoveBrackets(std::string& text) {
+    char* kept = text.data();
+    const char* from = text.data();
+    const char* const end = from + text.size();
+    const char* open = Next('[', from, end);
+    const char* close = Next(']', from, end);
+    while (true) {
+        const char* bracket = std::min(open, close);
+        std::memmove(kept, from, static_cast<std::size_t>(bracket - from));
+        kept += bracket - from;
+        if (bracket == end) break;
+        from = bracket + 1;
+        (bracket == open ? open : close) = Next(*bracket, from, end);
+    }
+    text.resize(static_cast<std::size_t>(kept - text.data()));
 }

@@ -28,3 +28,6 @@ void AppendVerse(RangeRenderer& renderer, int verse, std::string& text);
 // line end. A paragraph mark at the verse's start stays, with blanks round it. Where there is no such verse, nothing is
 // added.
 void AppendListLine(const Scripture& scripture, int verse, std::string& text);
+
+// Takes out every "[" and "]", the brackets round supplied words, whatever stands between them.
+void RemoveBrackets(std::string& text);

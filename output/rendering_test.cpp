@@ -149,3 +149,22 @@ TEST(Rendering, BeginsGenesisWithItsParagraph) {
     EXPECT_EQ(CopyRangeText(scripture, format, 0, 1, 1800).text,
               " Ge 1:1 \xB6 " + first.substr(1) + "\r\n 2 " + second + "\r\n");
 }
+
+struct BracketRow {
+    const char* before;
+    const char* after;
+};
+
+TEST(Brackets, AreTakenOutWhereverTheyStand) {
+    static constexpr BracketRow kRows[] = {
+        {"", ""},         {"no word", "no word"}, {"[it was] good", "it was good"},
+        {"[[a]", "a"},    {"a] [b", "a b"},       {"[]", ""},
+        {"]]a[[b", "ab"}, {"a[b]c[d]", "abcd"},   {"[a", "a"},
+        {"a]", "a"},
+    };
+    for (const auto& [before, after] : kRows) {
+        std::string text = before;
+        RemoveBrackets(text);
+        EXPECT_EQ(text, after) << before;
+    }
+}

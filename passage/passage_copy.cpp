@@ -2,10 +2,12 @@
 
 #include <utility>
 
-#include "output/label_text.h"
-#include "output/selected_words.h"
+#include "pane/selection.h"
+#include "typeset/label_text.h"
 
 static constexpr std::string_view kLineEnd = "\r\n";
+
+namespace {
 
 // A copy as far as it has come.
 struct PassageCopy {
@@ -15,6 +17,8 @@ struct PassageCopy {
     LabelText label{};
     std::string text{};
 };
+
+}  // namespace
 
 static bool IsFirst(const PassageCopy& copy) {
     return copy.shown.book == 0;

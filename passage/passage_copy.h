@@ -3,9 +3,9 @@
 
 #include <string>
 
-#include "output/reading_options.h"
-#include "output/selection.h"
+#include "pane/selection.h"
 #include "scripture/scripture.h"
+#include "typeset/reading_options.h"
 
 // The selected labels and words, with line ends ("\r\n") where the pane begins lines of its own accord: before a verse
 // where each has a line (a blank stands before its label then), before a paragraph in paragraphs, and round the heading

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "output/brackets.h"
+#include "output/rendering.h"
 #include "tests/support/hand_made_scripture.h"
 #include "tests/support/native_scripture.h"
 

@@ -1,20 +1,31 @@
-// The Passage's layout: labels, chapter headings and words, placed from the top verse until the pane is full.
+// The Passage's position and layout: labels, chapter headings and words, placed from the top verse until the pane is
+// full.
 //
 // One walk serves paint, measure and hit test. What differs between them on purpose is `FlowFaces`: the paint sets
 // italic words in the italic face and a mark that follows one in the regular; measure and hit test take the regular
 // face for all. Word ordinals are equal in both: 0 is the verse's label, 1 its first word. Lines may break elsewhere
-// only where the italic face is narrower or wider than the regular: a word is never parted from the mark behind it.
+// only where the italic face is narrower or wider than the regular: a word is never separated from the mark behind it.
 #pragma once
 
-#include <functional>
-#include <string_view>
-
 #include "notes/note_sets.h"
-#include "output/reading_options.h"
-#include "output/scrolling.h"
-#include "output/selection.h"
-#include "output/text_measure.h"
-#include "passage/passage_view.h"
+#include "pane/flow.h"
+#include "pane/scrolling.h"
+#include "scripture/scripture.h"
+#include "typeset/reading_options.h"
+
+// One continuous scroll over all verses, named by the verse at the top.
+struct PassageView {
+    int TopVerse = 0;          // 0..31101
+    int LastVisibleVerse = 0;  // last verse of which anything was laid out, as corrected after each pass
+};
+
+// The corrections that end each layout pass: a last visible verse equal to the top becomes the next (so that page down
+// always moves), and none is past the last.
+void CorrectLastVisible(PassageView& view);
+
+// Verse that the commands of the frame mean: the first selected one while the Passage has the focus and its selection
+// lies wholly within the verses shown; otherwise the top.
+int TargetVerse(const PassageView& view, const Selection& selection, bool passageHasFocus);
 
 enum class FlowFaces { kAsPainted, kAsMeasured };
 
@@ -29,35 +40,14 @@ struct PassageFlow {
     int height = 0;
 };
 
-enum class BoxKind { kLabel, kHeading, kWord };
-
-// One piece of text with its place. A word of several faces, or with a bracket left out inside it, comes as several
-// boxes of the same ordinal, side by side.
-struct FlowBox {
-    BoxKind kind = BoxKind::kWord;
-    Face face = Face::kRegular;
-    SelectionPoint point;  // verse index and ordinal; a heading goes with the label under it
-    int x = 0, y = 0, width = 0;
-    bool endsVerse = false;  // the last box of its verse
-    std::string_view text;   // valid during the visit
-};
-
-struct FlowEnd {
-    int lastVerse = 0;  // last verse of which anything was laid out, not yet corrected
-    int lineHeight = 0;
-};
-
-// Visits the boxes in layout order; a visitor that returns false ends the walk, an empty one is not called. The last
-// boxes may lie below the client area. Without a scripture there are no boxes.
-FlowEnd WalkPassage(const PassageFlow& flow, FlowFaces faces, const std::function<bool(const FlowBox&)>& visit);
-
-// Lays out from flow.topVerse without drawing and brings `view` up to date, corrections included.
-void MeasurePassage(const PassageFlow& flow, PassageView& view);
+// Visits the boxes from the top verse on; an empty visitor is not called. Gives the last verse of which anything was
+// laid out, not yet corrected. Without a scripture there are no boxes.
+int WalkPassage(const PassageFlow& flow, FlowFaces faces, const FlowVisitor& visit);
 
 // Verse and ordinal at a point of the client area; (-1, -1) below the last line laid out. A point outside the
 // area counts as one on its edge.
 SelectionPoint HitTestPassage(const PassageFlow& flow, int x, int y);
 
 // Top verse after a scroll, from `view` as the last pass left it; equal to view.TopVerse where nothing moves. See
-// output/scrolling.h. flow.topVerse does not matter.
+// pane/scrolling.h. flow.topVerse does not matter.
 int ScrolledTop(const PassageFlow& flow, const PassageView& view, ScrollCode code, int thumb);

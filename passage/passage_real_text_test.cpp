@@ -108,9 +108,9 @@ TEST(RealPassage, NoPointOfAFullPaneIsEmpty) {
 }
 
 static PassageView Measured(PassageFlow flow, int top) {
-    PassageView view;
     flow.topVerse = top;
-    MeasurePassage(flow, view);
+    PassageView view = {top, WalkPassage(flow, FlowFaces::kAsMeasured, nullptr)};
+    CorrectLastVisible(view);
     return view;
 }
 

@@ -2,26 +2,26 @@
 
 #include <algorithm>
 
+#include "notes/note_editor_window.h"
 #include "notes/notes_window.h"
-#include "output/output_win32.h"
-#include "output/selection_commands_win32.h"
+#include "output/format_dialog.h"
+#include "pane/status_bar_win32.h"
 #include "passage/passage_copy.h"
-#include "passage/passage_menu_win32.h"
 #include "resources/ids.h"
+#include "scripture/books.h"
 #include "scripture/scripture_win32.h"
 #include "win32/controls.h"
-#include "win32/panes.h"
 #include "win32/popup_menu.h"
 
-PassagePane thePassage;
+static constexpr char kPassageClass[] = "READWINDOW";
 
-static constexpr int kPassagePart = 3;  // of the status bar
+PassagePane thePassage;
 
 static PassageFlow FlowOf(const RECT& client) {
     return {
         .scripture = &theScripture,
         .noteFiles = &TheNoteFiles(),
-        .notes = &theNotes.sets,
+        .notes = &theNoteSets,
         .options = theReading,
         .measure = MeasureOf(thePassage.faces),
         .topVerse = thePassage.view.TopVerse,
@@ -31,9 +31,7 @@ static PassageFlow FlowOf(const RECT& client) {
 }
 
 static PassageFlow CurrentFlow() {
-    RECT client{};
-    GetClientRect(thePassage.window, &client);
-    return FlowOf(client);
+    return FlowOf(ClientAreaOf(thePassage));
 }
 
 // Before start-up is through, or after one that stopped half-way, there is no text to show.
@@ -60,152 +58,151 @@ int PassageTargetVerse() {
     return TargetVerse(thePassage.view, theSelection, GetFocus() == thePassage.window);
 }
 
-// A heading goes with the label under it.
-static TextColor ColorOf(const OrderedSelection& selection, const FlowBox& box) {
-    const bool selected = theSelection.SelectionOwner == kPassageOwns && IsSelected(selection, box.point);
-    return selected ? TextColor::kSelected : TextColor::kNormal;
+static void ShowPosition() {
+    ShowStatus(thePassage.window, StatusPart::kPassage,
+               ReferenceText(theScripture.records, thePassage.view.TopVerse, BookForm::kName));
+    MoveScrollBox(thePassage, thePassage.view.TopVerse);
 }
 
-static void LayOutRuns(const RECT& client) {
-    const OrderedSelection selection = Ordered(theSelection);
-    const FlowEnd end = WalkPassage(FlowOf(client), FlowFaces::kAsPainted, [&selection](const FlowBox& box) {
-        AddText(thePassage.runs, thePassage.faces, box.face, ColorOf(selection, box), box.x, box.y, box.width,
-                box.text);
-        return true;
-    });
-    thePassage.view.LastVisibleVerse = end.lastVerse;
-    thePassage.view.LineHeight = end.lineHeight;
+static void LayOutText(const RECT& client) {
+    ShowPosition();
+    thePassage.view.LastVisibleVerse =
+        WalkPassage(FlowOf(client), FlowFaces::kAsPainted, RunsVisitor(thePassage, kPassageOwns));
     CorrectLastVisible(thePassage.view);
 }
 
-static void ShowPosition(HWND window) {
-    const int top = thePassage.view.TopVerse;
-    SetStatusPart(GetDlgItem(FrameOf(window), IDC_STATUS_BAR), kPassagePart,
-                  ReferenceText(theScripture.records, top, BookForm::kName));
-    if (GetScrollPos(window, SB_VERT) != top) SetScrollPos(window, SB_VERT, top, TRUE);
+static int Top() {
+    return thePassage.view.TopVerse;
 }
 
-static void LayOutAndShowPosition(const RECT& client) {
-    ShowPosition(thePassage.window);
-    LayOutRuns(client);
+static int ScrolledTop(ScrollCode code, int thumb) {
+    return ScrolledTop(CurrentFlow(), thePassage.view, code, thumb);
 }
-
-static void OnPaint(HWND window) {
-    PaintPane(thePassage, 0, HasText() ? LayOutAndShowPosition : nullptr);
-    SendCommand(FrameOf(window), IDM_MARK_NOTE_SETS);
-}
-
-static void Scroll(ScrollCode code, int thumb) {
-    if (!HasText()) return;
-    const int top = ScrolledTop(CurrentFlow(), thePassage.view, code, thumb);
-    if (top == thePassage.view.TopVerse) return;
-    ScrollToVerse(top);
-    UpdateWindow(thePassage.window);  // the next step goes by what this one shows
-}
-
-static void OnVScroll(HWND, HWND, UINT code, int thumb) {
-    if (const auto scroll = ScrollOfBar(code)) Scroll(*scroll, thumb);
-}
-
-static void OnMouseWheel(HWND, int, int, int delta, UINT) {
-    TurnWheel(thePassage, delta, thePassage.view.TopVerse, Scroll);
-}
-
-static void OnKeyDown(HWND window, UINT key, BOOL, int, UINT) {
-    if (const auto scroll = ScrollOfKey(key)) Scroll(*scroll, 0);
-    if (key == VK_LEFT) SendCommand(FrameOf(window), IDM_FOCUS_LIST);
-}
-
-static void OnSetFocus(HWND, HWND before) {
-    PaneGotFocus(thePassage, kPassageOwns, before);
-}
-
-static void OnKillFocus(HWND, HWND) {
-    PaneLostFocus(thePassage);
-}
-
-// The selection of words.
 
 static SelectionPoint PointAt(int x, int y) {
-    return HasText() ? HitTestPassage(CurrentFlow(), x, y) : SelectionPoint{};
-}
-
-static void StepTop(int by) {
-    const int top = ClampVerse(thePassage.view.TopVerse + by);
-    if (top != thePassage.view.TopVerse) ScrollToVerse(top);
-}
-
-static constexpr PaneSelecting kSelecting = {kPassageOwns, PointAt, StepTop};
-
-static void OnLButtonDown(HWND, BOOL, int x, int y, UINT) {
-    PressMouse(thePassage, kSelecting, x, y);
-}
-
-static void OnMouseMove(HWND, int x, int y, UINT keys) {
-    DragMouse(thePassage, kSelecting, x, y, keys);
-}
-
-static void OnLButtonUp(HWND, int, int, UINT) {
-    ReleaseMouse(thePassage);
+    return HitTestPassage(CurrentFlow(), x, y);
 }
 
 static std::string TextOfSelection() {
     return PassageCopyText(theScripture, theReading, theFormat.Brackets != 0, theSelection);
 }
 
-static void OpenMenu(int x, int y) {
-    OpenPassageMenu(FromCornerOf(thePassage.window, x, y));
+// ---- The context menu -----------------------------------------------------------------------------------------------
+
+static constexpr int kBookmarks = IDM_SET_BOOKMARK - IDM_GOTO_BOOKMARK;
+
+// Four columns stand on a small screen too.
+static bool StartsColumn(int book) {
+    static constexpr int kEcclesiastes = 21, kMatthew = 40, kJames = 59;
+    return book == kEcclesiastes || book == kMatthew || book == kJames;
 }
 
-static void OnRButtonUp(HWND, int x, int y, UINT) {
-    FocusPane(thePassage);
-    OpenMenu(x, y);
+static std::vector<MenuRow> BookRows() {
+    std::vector<MenuRow> rows;
+    for (int book = 1; book <= kBookCount; ++book) {
+        rows.push_back({.command = IDM_GOTO_BOOK + book, .text = BookName(book), .startsColumn = StartsColumn(book)});
+    }
+    return rows;
 }
 
-static void OnContextMenu(HWND window, HWND under, UINT x, UINT y) {
-    if (IsMenuByKey(x, y)) return OpenMenu(kKeyMenuOffset, kKeyMenuOffset);
-    FORWARD_WM_CONTEXTMENU(window, under, x, y, DefWindowProcA);
+// The anchor of a selection, which need not be the verse that a bookmark takes: that is the first selected.
+static std::string ReferenceInMenu() {
+    const PassageView& view = thePassage.view;
+    const int verse = AnchorPlace(theSelection, kPassageOwns, view.TopVerse, view.LastVisibleVerse);
+    return ReferenceText(theScripture.records, verse, BookForm::kAbbreviation);
 }
 
-static void OnCommand(HWND window, int command, HWND, UINT) {
-    static constexpr SelectedText kSelected = {kPassageOwns, TextOfSelection,
-                                               "ReadWndCopyError -- Please notify the author!!"};
-    if (RunSelectionCommand(window, kSelected, command)) return;
-    if (IsFrameCommandOfPassage(command)) SendCommand(FrameOf(window), command);
+static std::vector<MenuRow> Rows() {
+    const HWND frame = FrameOf(thePassage.window);
+    const std::string verse = ReferenceInMenu();
+    const bool noSelection = theSelection.SelectionOwner != kPassageOwns;
+    const bool editing = IsEditingNote();
+    return {
+        {IDM_COPY, "Copy Selected Text\t", noSelection},
+        {IDM_COPY_RANGE, "Copy Range...\t"},
+        {IDM_SAVE_RANGE, "Save Range..."},
+        {IDM_PRINT_RANGE, "Print Range..."},
+        {},
+        {IDM_GOTO_VERSE, "Go to Verse...\t"},
+        {.text = "Go to Book", .submenu = BookRows()},
+        {IDM_PREVIOUS_CHAPTER, "Previous Chapter\t"},
+        {IDM_NEXT_CHAPTER, "Next Chapter\t"},
+        {IDM_PREVIOUS_BOOK, "Previous Book\t"},
+        {IDM_NEXT_BOOK, "Next Book\t"},
+        {},
+        {IDM_TODAYS_PROVERB, "Today's Proverb"},
+        {.text = "Go to Bookmark", .submenu = RowsOfFrameMenu(frame, IDM_GOTO_BOOKMARK, kBookmarks)},
+        {.text = "Set a Bookmark to " + verse, .submenu = RowsOfFrameMenu(frame, IDM_SET_BOOKMARK, kBookmarks)},
+        {},
+        {IDM_NOTE_FOR_PASSAGE, "Go to Note for " + verse + "\t", editing},
+        {},
+        {IDM_WORD_SEARCH, "Word Search with Selected Text...", noSelection},
+        {IDM_PHRASE_SEARCH, "Phrase Search with Selected Text...", noSelection},
+        {IDM_SEARCH_NOTES, "Search Notes with Selected Text...", noSelection},
+    };
 }
 
-static BOOL OnCreate(HWND window, CREATESTRUCTA*) {
+static void OpenMenu(POINT onScreen) {
+    OpenPopupMenu(thePassage.window, onScreen, Rows());
+}
+
+// The commands that the pane receives for its frame.
+static bool IsForFrame(int command) {
+    static constexpr struct {
+        int first, last;
+    } kForwarded[] = {
+        {IDM_GOTO_VERSE, IDM_GOTO_VERSE},
+        {IDM_PREVIOUS_CHAPTER, IDM_NEXT_BOOK},
+        {IDM_COPY_RANGE, IDM_COPY_RANGE},
+        {IDM_SAVE_RANGE, IDM_SAVE_RANGE},
+        {IDM_GOTO_BOOKMARK, IDM_SET_BOOKMARK + kBookmarks - 1},
+        {IDM_NOTE_FOR_PASSAGE, IDM_NOTE_FOR_PASSAGE},
+        {IDM_TODAYS_PROVERB, IDM_TODAYS_PROVERB},
+        {IDM_PRINT_RANGE, IDM_PRINT_RANGE},
+        {IDM_GOTO_BOOK + 1, IDM_GOTO_BOOK + kBookCount + 1},  // with one number more than there are books
+    };
+    return std::ranges::any_of(kForwarded,
+                               [command](const auto& row) { return command >= row.first && command <= row.last; });
+}
+
+// ---- The window -----------------------------------------------------------------------------------------------------
+
+static void OnCreate(HWND window) {
     SetScrollRange(window, SB_VERT, 0, kLastVerse, FALSE);
-    return TRUE;
 }
+
+static void OnKey(const PaneKind&, UINT key) {
+    if (key == VK_LEFT) SendCommand(FrameOf(thePassage.window), IDM_FOCUS_LIST);
+}
+
+static void OnCommand(int command) {
+    if (IsForFrame(command)) SendCommand(FrameOf(thePassage.window), command);
+}
+
+static constexpr PaneKind kPassage = {
+    .pane = thePassage,
+    .selected = {kPassageOwns, TextOfSelection, "ReadWndCopyError -- Please notify the author!!"},
+    .hasText = HasText,
+    .layOut = LayOutText,
+    .top = Top,
+    .scrolledTop = ScrolledTop,
+    .clampItem = ClampVerse,
+    .pointAt = PointAt,
+    .setTop = ScrollToVerse,
+    .onCreate = OnCreate,
+    .onKey = OnKey,
+    .onCommand = OnCommand,
+    .openMenu = OpenMenu,
+};
 
 static LRESULT CALLBACK PassageProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    switch (message) {
-        HANDLE_MSG(window, WM_CREATE, OnCreate);
-        HANDLE_MSG(window, WM_SETFOCUS, OnSetFocus);
-        HANDLE_MSG(window, WM_KILLFOCUS, OnKillFocus);
-        HANDLE_MSG(window, WM_PAINT, OnPaint);
-        HANDLE_MSG(window, WM_KEYDOWN, OnKeyDown);
-        HANDLE_MSG(window, WM_VSCROLL, OnVScroll);
-        HANDLE_MSG(window, WM_MOUSEWHEEL, OnMouseWheel);
-        HANDLE_MSG(window, WM_LBUTTONDOWN, OnLButtonDown);
-        HANDLE_MSG(window, WM_MOUSEMOVE, OnMouseMove);
-        HANDLE_MSG(window, WM_LBUTTONUP, OnLButtonUp);
-        HANDLE_MSG(window, WM_RBUTTONUP, OnRButtonUp);
-        HANDLE_MSG(window, WM_COMMAND, OnCommand);
-        HANDLE_MSG(window, WM_CONTEXTMENU, OnContextMenu);
-        case WM_CAPTURECHANGED: return ReleaseMouse(thePassage), 0;
-        case WM_ERASEBKGND: return TRUE;  // the paint covers all of the pane
-    }
-    return DefWindowProcA(window, message, wParam, lParam);
+    return ReadingPaneProcedure(kPassage, window, message, wParam, lParam);
 }
 
 bool RegisterPassageClass() {
     return RegisterPaneClass(kPassageClass, PassageProcedure, COLOR_WINDOW);
 }
 
-HWND CreatePassage(HWND tabs) {
-    thePassage.window =
-        CreateChild(tabs, kPassageClass, "", WS_VISIBLE | WS_VSCROLL | WS_TABSTOP, WS_EX_CLIENTEDGE, IDC_PASSAGE);
-    return thePassage.window;
+void CreatePassage(HWND tabs) {
+    CreateChild(tabs, kPassageClass, "", WS_VISIBLE | WS_VSCROLL | WS_TABSTOP, WS_EX_CLIENTEDGE, IDC_PASSAGE);
 }

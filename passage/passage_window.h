@@ -1,10 +1,8 @@
 // The Passage window: the continuous reader.
 #pragma once
 
-#include "output/reading_pane_win32.h"
+#include "pane/reading_pane_win32.h"
 #include "passage/passage_flow.h"
-
-inline constexpr char kPassageClass[] = "READWINDOW";
 
 struct PassagePane : ReadingPane {
     PassageView view;
@@ -12,7 +10,7 @@ struct PassagePane : ReadingPane {
 extern PassagePane thePassage;
 
 bool RegisterPassageClass();
-HWND CreatePassage(HWND tabs);
+void CreatePassage(HWND tabs);
 
 // The operation that every move ends in: `verse`, clamped to 0..31101, comes to the top, and the Notes window follows
 // where it is bound. Focus and selection stay.

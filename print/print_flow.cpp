@@ -1,21 +1,44 @@
 #include "print/print_flow.h"
 
 #include <algorithm>
+#include <cstdlib>
 
-#include "output/label_text.h"
+#include "typeset/label_text.h"
+#include "typeset/line_walk.h"
+
+// ---- The page
+// --------------------------------------------------------------------------------------------------------
+
+static int WholeInches(int margin) {
+    return margin / 1000;
+}
+
+PageBox PageBoxFor(const PrinterResolution& printer, const PageMargins& margins) {
+    return {printer.dotsPerInchX * WholeInches(margins.left), printer.dotsPerInchY * WholeInches(margins.top),
+            printer.width - printer.dotsPerInchX * WholeInches(margins.right),
+            printer.height - printer.dotsPerInchY * WholeInches(margins.bottom)};
+}
+
+int PrinterFontHeight(int screenHeight, int screenDotsPerInch, int printerDotsPerInch) {
+    static constexpr int kPointsPerInch = 72;
+    const int points = std::abs(screenHeight) * kPointsPerInch / screenDotsPerInch;
+    return -(points * printerDotsPerInch / kPointsPerInch);
+}
+
+// ---- The flow
+// --------------------------------------------------------------------------------------------------------
 
 static constexpr std::size_t kLongestNoteWord = 100;
 
-// Values of a label style that are asked for; the others are none.
-static constexpr int kFull = 0, kPartial = 1;
+namespace {
 
 // Where a job stands.
 struct PrintWalk {
     const Scripture& scripture;
     const PrintOptions& options;
     const PrinterPage& page;
+    LineWalk line{};
     int lineHeight = 0, noteLineHeight = 0;
-    int x = 0, y = 0;
     bool begun = false;  // a verse was printed
     int previousBook = 0;
     WordReader reader{};
@@ -23,16 +46,18 @@ struct PrintWalk {
     PrintResult result = PrintResult::kPrinted;
 };
 
-// The pen.
+}  // namespace
+
+// ---- The pen --------------------------------------------------------------------------------------------------------
 
 static void GoToTop(PrintWalk& walk) {
-    walk.x = walk.options.box.left;
-    walk.y = walk.options.box.top;
+    walk.line.x = walk.options.box.left;
+    walk.line.y = walk.options.box.top;
 }
 
 static void GoDown(PrintWalk& walk, int lineHeight) {
-    walk.x = walk.options.box.left;
-    walk.y += lineHeight;
+    walk.line.lineHeight = lineHeight;
+    BreakLine(walk.line);
 }
 
 static bool StartPage(PrintWalk& walk) {
@@ -49,13 +74,14 @@ static bool TurnPage(PrintWalk& walk) {
 
 // Brings the pen to where a word of this size may stand. False when the job is over.
 static bool MakeRoom(PrintWalk& walk, int width, int height, int lineHeight) {
-    if (walk.x + width > walk.options.box.right) GoDown(walk, lineHeight);
-    return walk.y + height <= walk.options.box.bottom || TurnPage(walk);
+    walk.line.lineHeight = lineHeight;
+    WrapBefore(walk.line, width);
+    return walk.line.y + height <= walk.options.box.bottom || TurnPage(walk);
 }
 
 static void PlaceAtPen(PrintWalk& walk, PrintFace face, int width, std::string_view text) {
-    walk.page.draw(walk.page.device, face, walk.x, walk.y, width, text);
-    walk.x += width;
+    walk.page.draw(walk.page.device, face, walk.line.x, walk.line.y, width, text);
+    walk.line.x += width;
 }
 
 static bool PlaceText(PrintWalk& walk, PrintFace face, int lineHeight, std::string_view text) {
@@ -65,15 +91,16 @@ static bool PlaceText(PrintWalk& walk, PrintFace face, int lineHeight, std::stri
     return true;
 }
 
-// Labels.
+// ---- Labels
+// -----------------------------------------------------------------------------------------------------------
 
 static void AppendLabel(const PrintWalk& walk, const VerseRecord& record, LabelText& label) {
     const FormatOptions& format = walk.options.format;
-    const bool newBook = walk.begun && record.book != walk.previousBook;
-    const int style = newBook ? kFull : walk.begun ? format.SubsequentVerseStyle : format.FirstVerseStyle;
-    if (style != kFull && style != kPartial) return;
+    int style = walk.begun ? format.SubsequentVerseStyle : format.FirstVerseStyle;
+    if (walk.begun && record.book != walk.previousBook) style = kFullLabel;
+    if (style != kFullLabel && style != kPartialLabel) return;
     AppendText(label, " ");
-    if (style == kFull) {
+    if (style == kFullLabel) {
         AppendReference(label, record, BookForm::kName);
     } else {
         AppendNumber(label, record.chapter);
@@ -95,11 +122,12 @@ static bool PlaceLabel(PrintWalk& walk, const VerseRecord& record) {
     walk.previousBook = record.book;
     if (label.size > 0) return PlaceText(walk, PrintFace::kBold, walk.lineHeight, TextOf(label));
     // Verses without labels in one line are parted by a blank, as they are where they are copied.
-    if (walk.x > walk.options.box.left) walk.x += walk.page.width(walk.page.device, PrintFace::kRegular, " ");
+    if (walk.line.x > walk.options.box.left) walk.line.x += walk.page.width(walk.page.device, PrintFace::kRegular, " ");
     return true;
 }
 
-// Words of a verse.
+// ---- Words of a verse
+// -------------------------------------------------------------------------------------------------
 
 static PrintFace FaceOf(const WordPiece& piece) {
     switch (piece.face) {
@@ -149,7 +177,8 @@ static bool PlaceWords(PrintWalk& walk, std::string_view text) {
     return true;
 }
 
-// Notes.
+// ---- Notes
+// ------------------------------------------------------------------------------------------------------------
 
 static bool PlaceNoteWord(PrintWalk& walk, std::string& word) {
     if (word.empty()) return true;
@@ -165,14 +194,14 @@ static bool PlaceNoteCharacter(PrintWalk& walk, int blankWidth, char character, 
         return word.size() < kLongestNoteWord || PlaceNoteWord(walk, word);
     }
     if (!PlaceNoteWord(walk, word)) return false;
-    if (character == ' ') walk.x += blankWidth;
+    if (character == ' ') walk.line.x += blankWidth;
     if (character == '\r') GoDown(walk, walk.noteLineHeight);
     return true;
 }
 
 static bool PlaceNote(PrintWalk& walk) {
     const int blankWidth = walk.page.width(walk.page.device, PrintFace::kNote, " ");
-    walk.y += walk.lineHeight;
+    walk.line.y += walk.lineHeight;
     std::string word;
     for (const char character : walk.note) {
         if (!PlaceNoteCharacter(walk, blankWidth, character, word)) return false;
@@ -194,7 +223,8 @@ static bool EndVerse(PrintWalk& walk, int verse) {
     return !hasNote || PlaceNote(walk);
 }
 
-// The job.
+// ---- The job
+// ----------------------------------------------------------------------------------------------------------
 
 static bool PrintVerse(PrintWalk& walk, int verse) {
     const VerseRecord record = RecordOf(walk.scripture.records, verse);
@@ -214,6 +244,8 @@ PrintResult PrintVerses(const Scripture& scripture, std::span<const std::int32_t
     walk.lineHeight = page.height(page.device, PrintFace::kBold);
     walk.noteLineHeight = options.notes ? page.height(page.device, PrintFace::kNote) : 0;
     walk.reader.brackets = options.brackets;
+    walk.line.lineStart = options.box.left;
+    walk.line.limit = options.box.right + 1;  // a word may reach the right edge of the box
     if (!StartPage(walk)) return walk.result;
     GoToTop(walk);
     PrintAll(walk, verses);
@@ -221,17 +253,17 @@ PrintResult PrintVerses(const Scripture& scripture, std::span<const std::int32_t
     return walk.result;
 }
 
-// Options.
+// ---- Options
+// ----------------------------------------------------------------------------------------------------------
 
 // Unlike on the screen, italics keep their brackets.
-static BracketUse BracketsOf(const ReadingOptions& reading) {
-    if (reading.Italics == kItalicType) return BracketUse::kShownRoundItalics;
-    return reading.Italics == kBracketed ? BracketUse::kShown : BracketUse::kDropped;
+static BracketUse PrintedBrackets(const ReadingOptions& reading) {
+    return BracketsOf(reading, BracketUse::kShownRoundItalics);
 }
 
 PrintOptions RangePrinting(const PageBox& box, const FormatOptions& format, const ReadingOptions& reading,
                            const NoteSource* notes) {
-    return {box,    BracketsOf(reading),        PrintLabels::kByFormat,
+    return {box,    PrintedBrackets(reading),   PrintLabels::kByFormat,
             format, format.ParagraphMarks != 0, format.LineBreaks != 0,
             notes};
 }
@@ -239,7 +271,7 @@ PrintOptions RangePrinting(const PageBox& box, const FormatOptions& format, cons
 PrintOptions ListPrinting(const PageBox& box, const ReadingOptions& reading) {
     PrintOptions options;
     options.box = box;
-    options.brackets = BracketsOf(reading);
+    options.brackets = PrintedBrackets(reading);
     options.labels = PrintLabels::kReference;
     return options;
 }

@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "output/letter_widths_win32.h"
 #include "print/print_flow.h"
+#include "typeset/letter_widths_win32.h"
 #include "win32/handles.h"
 
 struct PrinterFace {

@@ -4,11 +4,15 @@
 #include "win32/controls.h"
 #include "win32/screen.h"
 
+namespace {
+
 // The job that is under way.
 struct Printing {
     HWND dialog = nullptr;  // "Printing..."; null: there is no job
     bool goesOn = false;    // until the user has had enough
 };
+
+}  // namespace
 static Printing thePrinting;
 
 // The system's dialogs.

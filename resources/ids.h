@@ -74,6 +74,10 @@
 #define IDM_SHOW_REFERENCES 901  // from the Notes window: show the verses of the line that was followed
 #define IDM_END_EDITING 902      // from the note editor: it has closed
 #define IDM_MARK_NOTE_SETS 903   // from the Passage or the Verse List: it has painted
+#define IDM_SHOW_RANGE 904       // from a dialog: the range of the searches has changed
+#define IDM_READ_ENTRY 905       // from the Verse List: read the context of the current entry
+#define IDM_ENTER_PASSAGE 906    // from the Verse List: give the Passage the focus
+#define IDM_SHOW_SAVED_NOTE 907  // from the note editor: it has saved the note
 #define IDM_GOTO_BOOK 1000       // and a book's number, 1 to 66
 #define IDM_DEVOTIONAL 2000      // and a verse index
 

@@ -12,6 +12,7 @@ struct Statement {
     std::vector<std::string> fields;
 };
 
+
 // Where the reader stands while it goes down a script.
 struct Reading {
     const IdTable& ids;

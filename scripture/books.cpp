@@ -1,9 +1,13 @@
 #include "scripture/books.h"
 
+namespace {
+
 struct Book {
     const char* name;
     const char* abbreviation;
 };
+
+}  // namespace
 
 // The order matters beyond the numbering: the reference parser takes the first row that fits what was typed.
 static constexpr Book kBooks[kBookCount] = {

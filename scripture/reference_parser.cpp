@@ -7,23 +7,7 @@
 #include <utility>
 
 #include "scripture/books.h"
-
-// Letters and digits are those of ASCII, whatever the locale: a paragraph mark or an accented letter parts words.
-static bool IsLetter(char c) {
-    return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
-}
-
-static bool IsDigit(char c) {
-    return c >= '0' && c <= '9';
-}
-
-static bool IsLetterOrDigit(char c) {
-    return IsLetter(c) || IsDigit(c);
-}
-
-static char Lower(char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
+#include "scripture/letters.h"
 
 // The first character stays whatever it is, so that a field of one blank is not empty.
 static void TrimEnd(std::string& text) {
@@ -44,10 +28,14 @@ static std::string Prepared(std::string text) {
     return text;
 }
 
+namespace {
+
 struct Cursor {
     const std::string& text;
     std::size_t at = 0;
 };
+
+}  // namespace
 
 // The character at the cursor; a zero at the end.
 static char Current(const Cursor& cursor) {
@@ -79,9 +67,7 @@ static bool HasLetterAhead(const Cursor& cursor) {
 }
 
 static bool BeginsWith(const Cursor& cursor, std::string_view begin) {
-    const std::string_view rest = std::string_view(cursor.text).substr(cursor.at);
-    return rest.size() >= begin.size() &&
-           std::equal(begin.begin(), begin.end(), rest.begin(), [](char a, char b) { return Lower(a) == Lower(b); });
+    return StartsWithIgnoringCase(std::string_view(cursor.text).substr(cursor.at), begin);
 }
 
 // "1Samuel": a name as JoinBlanks leaves it in what was typed.
@@ -136,11 +122,15 @@ static bool ReadChapterAndVerse(Cursor& cursor, int& chapter, int& verse) {
     return verse != 0;
 }
 
+namespace {
+
 struct Place {
     int book = 0;
     int chapter = 0;
     int verse = 0;
 };
+
+}  // namespace
 
 static std::optional<Place> ReadFirstHalf(Cursor& cursor) {
     const std::optional<int> book = ReadBook(cursor);

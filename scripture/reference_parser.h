@@ -12,7 +12,7 @@
 #include "scripture/verse_records.h"
 
 inline constexpr int kReferenceLimit = 99;  // characters that a reference field hands over
-inline constexpr char kUnrecognizedReference[] = "Unrecognized Refrence";
+inline constexpr char kUnrecognizedReference[] = "Unrecognized Refrence";  // (sic)
 
 struct ParsedReference {
     bool ok = false;

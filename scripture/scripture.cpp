@@ -2,6 +2,16 @@
 
 #include <cstring>
 
+bool LoadScripture(const DataFiles& files, Scripture& scripture) {
+    std::span<const unsigned char> records;
+    if (!files.map(files.device, kVerseIndexFile, AccessPattern::kSequential, records)) return false;
+    std::span<const unsigned char> text;
+    if (!files.map(files.device, kVerseTextFile, AccessPattern::kRandom, text) || text.empty()) return false;
+    scripture.records.bytes = records;
+    scripture.text = {reinterpret_cast<const char*>(text.data()), text.size()};
+    return true;
+}
+
 // End of the text that begins at `offset`, by the next verse's offset: its closing zero stands right before it. 0 when
 // the two records do not fit together, as for the last verse. A scan for the zero would be right too, but every search
 // hit and every painted verse comes through here.

@@ -5,7 +5,6 @@
 #include <map>
 #include <string>
 
-#include "scripture/scripture_files.h"
 #include "tests/support/hand_made_scripture.h"
 #include "tests/support/native_scripture.h"
 

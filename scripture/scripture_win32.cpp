@@ -1,10 +1,10 @@
+// Apart from the dialogs, because the benchmarks load the scripture through it without them.
 #include "scripture/scripture_win32.h"
 
 #include <string>
 #include <vector>
 
-#include "win32/file_mapping.h"
-#include "win32/program_files.h"
+#include "win32/files.h"
 
 Scripture theScripture;
 

@@ -1,7 +1,7 @@
 // Verse records: what book, chapter and verse each verse index names, and the way back.
 //
 // A verse index is the number of a verse in canonical order: 0 is Genesis 1:1, 31101 Revelation 22:21, -1 none.
-// The records are used as they lie in `_avvidx.dat` (see scripture_files.h).
+// The records are used as they lie in `_avvidx.dat` (see scripture.h).
 #pragma once
 
 #include <cstddef>

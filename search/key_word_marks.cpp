@@ -2,53 +2,26 @@
 
 #include <algorithm>
 
-#include "search/letters.h"
-
-// Whole words of letters alone have no letter beside them, so no two of them touch. Anything else can be cut by an
-// earlier mark, or overlap itself, except one word whose beginning is not also its end.
-static bool DoMarksStayApart(const std::vector<std::string>& words, bool substring) {
-    if (words.empty()) return true;
-    if (!substring)
-        return std::all_of(words.begin(), words.end(),
-                           [](const std::string& word) { return word.find('\'') == std::string::npos; });
-    const std::string& word = words.front();
-    for (std::size_t size = 1; size < word.size(); ++size)
-        if (word.ends_with(word.substr(0, size))) return false;
-    return std::all_of(words.begin(), words.end(), [&](const std::string& other) { return other == word; });
-}
-
-KeyWords KeyWordsOf(const SearchState& search) {
-    KeyWords keyWords;
-    keyWords.phraseMode = search.result.phraseMode;
-    keyWords.caseSensitive = search.options.CaseSensitive != 0;
-    keyWords.substring = search.options.SubString != 0;
-    for (const std::string_view word : QueryWords(search.searchText))
-        keyWords.words.push_back(keyWords.caseSensitive ? std::string(word) : LowerCased(word));
-    keyWords.phrase = PatternOf(search.result.phraseText, !keyWords.caseSensitive);
-    keyWords.marksStayApart = DoMarksStayApart(keyWords.words, keyWords.substring);
-    return keyWords;
-}
-
 // Bytes that marks may still add to a text of `size` bytes.
 static std::size_t RoomForMarks(std::size_t size) {
     return size < kMarkedTextLimit - 1 ? kMarkedTextLimit - 1 - size : 0;
 }
 
-static std::size_t NextMark(const KeyWords& keyWords, std::string_view text, std::string_view word, std::size_t from) {
-    const bool anyCase = !keyWords.caseSensitive;
+static std::size_t NextMark(const Query& query, std::string_view text, std::string_view word, std::size_t from) {
+    const bool anyCase = !query.caseSensitive;
     std::size_t place = FindInText(text, word, anyCase, from);
-    while (place != kNotFound && !keyWords.substring && !IsWholeWord(text, place, word.size()))
+    while (place != kNoPlace && !query.substring && !IsWholeWord(text, place, word.size()))
         place = FindInText(text, word, anyCase, place + word.size());
     return place;
 }
 
-static int MarkWord(const KeyWords& keyWords, std::string_view word, std::string& text) {
+static int MarkWord(const Query& query, std::string_view word, std::string& text) {
     std::string marked;
     std::size_t done = 0;
     int count = 0;
     for (std::size_t room = RoomForMarks(text.size()); room >= 2; room -= 2, ++count) {
-        const std::size_t place = NextMark(keyWords, text, word, done);
-        if (place == kNotFound) break;
+        const std::size_t place = NextMark(query, text, word, done);
+        if (place == kNoPlace) break;
         marked.append(text, done, place - done).append("{").append(text, place, word.size()).append("}");
         done = place + word.size();
     }
@@ -58,9 +31,9 @@ static int MarkWord(const KeyWords& keyWords, std::string_view word, std::string
     return count;
 }
 
-static int MarkWords(const KeyWords& keyWords, std::string& text) {
+static int MarkWords(const Query& query, std::string& text) {
     int count = 0;
-    for (const std::string& word : keyWords.words) count += MarkWord(keyWords, word, text);
+    for (const std::string& word : query.words) count += MarkWord(query, word, text);
     return count;
 }
 
@@ -94,14 +67,14 @@ static void AppendMarkedPhrase(std::string_view phrase, std::string_view stretch
     }
 }
 
-static int MarkPhrase(const KeyWords& keyWords, std::string& text) {
-    const std::string& phrase = keyWords.phrase.phrase;
+static int MarkPhrase(const Query& query, std::string& text) {
+    const std::string& phrase = query.phrase.phrase;
     const std::size_t bytes = BytesOfPhraseMarks(phrase);
     std::string marked;
     std::size_t done = 0;
     std::size_t room = RoomForMarks(text.size());
     int count = 0;
-    for (const PhrasePlace& place : PhrasesInText(WithinReach(text), keyWords.phrase)) {
+    for (const PhrasePlace& place : PhrasesInText(WithinReach(text), query.phrase)) {
         if (room < bytes) break;
         room -= bytes;
         marked.append(text, done, place.first - done);
@@ -114,34 +87,34 @@ static int MarkPhrase(const KeyWords& keyWords, std::string& text) {
     return count;
 }
 
-int MarkKeyWords(const KeyWords& keyWords, std::string& text) {
-    return keyWords.phraseMode ? MarkPhrase(keyWords, text) : MarkWords(keyWords, text);
+int MarkKeyWords(const Query& query, std::string& text) {
+    return MarksPhrase(query) ? MarkPhrase(query, text) : MarkWords(query, text);
 }
 
-static int CountPhrase(const KeyWords& keyWords, std::string_view text) {
-    const int count = CountPhrasesInText(WithinReach(text), keyWords.phrase);
+static int CountPhrase(const Query& query, std::string_view text) {
+    const int count = CountPhrasesInText(WithinReach(text), query.phrase);
     // Usually there is room enough, even if every letter were a word.
-    if (static_cast<std::size_t>(count) * 2 * keyWords.phrase.phrase.size() <= RoomForMarks(text.size())) return count;
-    return std::min(count, static_cast<int>(RoomForMarks(text.size()) / BytesOfPhraseMarks(keyWords.phrase.phrase)));
+    if (static_cast<std::size_t>(count) * 2 * query.phrase.phrase.size() <= RoomForMarks(text.size())) return count;
+    return std::min(count, static_cast<int>(RoomForMarks(text.size()) / BytesOfPhraseMarks(query.phrase.phrase)));
 }
 
-static int CountWords(const KeyWords& keyWords, std::string_view text) {
-    const bool anyCase = !keyWords.caseSensitive;
+static int CountWords(const Query& query, std::string_view text) {
+    const bool anyCase = !query.caseSensitive;
     int count = 0;
-    if (keyWords.substring && !keyWords.words.empty())  // one word, once or several times
-        count = CountInText(text, keyWords.words.front(), anyCase, false) * static_cast<int>(keyWords.words.size());
+    if (query.substring && !query.words.empty())  // one word, once or several times
+        count = CountInText(text, query.words.front(), anyCase, false) * static_cast<int>(query.words.size());
     else
-        for (const std::string& word : keyWords.words) count += CountInText(text, word, anyCase, true);
+        for (const std::string& word : query.words) count += CountInText(text, word, anyCase, true);
     return std::min(count, static_cast<int>(RoomForMarks(text.size()) / 2));
 }
 
-int CountKeyWords(const KeyWords& keyWords, std::string_view text) {
-    if (keyWords.phraseMode) return CountPhrase(keyWords, text);
-    if (keyWords.marksStayApart) return CountWords(keyWords, text);
+int CountKeyWords(const Query& query, std::string_view text) {
+    if (MarksPhrase(query)) return CountPhrase(query, text);
+    if (query.marksStayApart) return CountWords(query, text);
     std::string copy(text);
-    return MarkWords(keyWords, copy);
+    return MarkWords(query, copy);
 }
 
-bool ContainsPhrase(const KeyWords& keyWords, std::string_view text) {
-    return CountPhrasesInText(text, keyWords.phrase) > 0;
+bool ContainsPhrase(const Query& query, std::string_view text) {
+    return CountPhrasesInText(text, query.phrase) > 0;
 }

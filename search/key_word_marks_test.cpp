@@ -4,14 +4,12 @@
 
 enum MarkFlags { kPlain = 0, kCase = 1, kParts = 2, kPhrase = 4 };
 
-static KeyWords KeyWordsFor(const std::string& query, int flags) {
-    SearchState search;
-    search.searchText = query;
-    search.options.CaseSensitive = (flags & kCase) != 0 ? 1 : 0;
-    search.options.SubString = (flags & kParts) != 0 ? 1 : 0;
-    search.result.phraseMode = (flags & kPhrase) != 0;
-    search.result.phraseText = query;  // as a phrase search would have left it
-    return KeyWordsOf(search);
+static Query QueryFor(const std::string& text, int flags) {
+    const SearchOptions options = {
+        .CaseSensitive = (flags & kCase) != 0 ? 1 : 0,
+        .SubString = (flags & kParts) != 0 ? 1 : 0,
+    };
+    return QueryOf(text, options, (flags & kPhrase) != 0 ? QueryKind::kPhrase : QueryKind::kWords);
 }
 
 struct MarkRow {
@@ -23,13 +21,13 @@ struct MarkRow {
 };
 
 static void ExpectMarks(const MarkRow& row) {
-    KeyWords keyWords = KeyWordsFor(row.query, row.flags);
+    Query query = QueryFor(row.query, row.flags);
     std::string text = row.text;
-    EXPECT_EQ(MarkKeyWords(keyWords, text), row.count) << row.query << "|" << row.text;
+    EXPECT_EQ(MarkKeyWords(query, text), row.count) << row.query << "|" << row.text;
     EXPECT_EQ(text, row.marked) << row.query;
-    EXPECT_EQ(CountKeyWords(keyWords, row.text), row.count) << row.query << "|" << row.text;
-    keyWords.marksStayApart = false;  // as where key words are put together by hand
-    EXPECT_EQ(CountKeyWords(keyWords, row.text), row.count) << row.query << "|" << row.text;
+    EXPECT_EQ(CountKeyWords(query, row.text), row.count) << row.query << "|" << row.text;
+    query.marksStayApart = false;  // then they are counted in a marked copy
+    EXPECT_EQ(CountKeyWords(query, row.text), row.count) << row.query << "|" << row.text;
 }
 
 TEST(MarkKeyWords, MarksWholeWords) {
@@ -164,9 +162,9 @@ TEST(MarkKeyWords, KeepsTheMarkedTextWithinItsLimit) {
     ExpectMarks(row("a c", kPhrase, "a c a c ", "{a} {c} {a} {c} ", 2, 3991));
     const std::string everyE = Repeated("e ", 100).substr(0, 199);
     std::string marked = Repeated("e", 500);
-    EXPECT_EQ(MarkKeyWords(KeyWordsFor(everyE, kParts), marked), 1749);
+    EXPECT_EQ(MarkKeyWords(QueryFor(everyE, kParts), marked), 1749);
     EXPECT_EQ(marked.size(), 3998u);
-    EXPECT_EQ(CountKeyWords(KeyWordsFor(everyE, kParts), Repeated("e", 500)), 1749);
+    EXPECT_EQ(CountKeyWords(QueryFor(everyE, kParts), Repeated("e", 500)), 1749);
 }
 
 // A phrase is marked where it ends among the first thousand characters that are not passed over.
@@ -178,17 +176,7 @@ TEST(MarkKeyWords, LooksForAPhraseInTheFirstThousandCharacters) {
     ExpectMarks(row(Repeated("b", 998), "a c", 0));
     ExpectMarks(row(Repeated("b,", 997), "{a} {c}", 1));
     ExpectMarks(row(Repeated("b,", 998), "a c", 0));
-    const KeyWords keyWords = KeyWordsFor("a c", kPhrase);
-    EXPECT_TRUE(ContainsPhrase(keyWords, Repeated("b", 2000) + "a c"));
-    EXPECT_FALSE(ContainsPhrase(keyWords, Repeated("b", 2000) + "ac"));
-}
-
-TEST(KeyWordsOf, TakesTheQueryApart) {
-    SearchState search;
-    search.searchText = " The-LORD's 1st, the ";
-    EXPECT_EQ(KeyWordsOf(search).words, (std::vector<std::string>{"the", "lord's", "st", "the"}));
-    search.options.CaseSensitive = 1;
-    EXPECT_EQ(KeyWordsOf(search).words, (std::vector<std::string>{"The", "LORD's", "st", "the"}));
-    search.searchText = "123";
-    EXPECT_TRUE(KeyWordsOf(search).words.empty());
+    const Query query = QueryFor("a c", kPhrase);
+    EXPECT_TRUE(ContainsPhrase(query, Repeated("b", 2000) + "a c"));
+    EXPECT_FALSE(ContainsPhrase(query, Repeated("b", 2000) + "ac"));
 }

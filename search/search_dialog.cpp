@@ -2,39 +2,57 @@
 
 #include "resources/help_topics.h"
 #include "resources/ids.h"
-#include "search/search_win32.h"
-#include "search/set_range_dialog.h"
+#include "scripture/reference_dialog.h"
+#include "scripture/scripture_win32.h"
 #include "win32/controls.h"
 #include "win32/dialogs.h"
 #include "win32/help_viewer.h"
 
+WordIndex theWordIndex;
+SearchState theSearch;
+
+const SearchKind kWordSearch = {
+    .query = QueryKind::kWords,
+    .resource = "WORDSEARCH",
+    .helpTopic = kTopicWordSearch,
+    .hasWordOptions = true,
+    .focusesVerseList = true,
+};
+const SearchKind kWordListSearch = {
+    .query = QueryKind::kWords,
+    .resource = "WORDLISTSEARCH",
+    .helpTopic = kTopicWordListSearch,
+    .hasWordOptions = true,
+    .hasWordList = true,
+    .summarizesNoMatches = true,
+};
+const SearchKind kPhraseSearch = {
+    .query = QueryKind::kPhrase,
+    .resource = "PHRASESEARCH",
+    .helpTopic = kTopicPhraseSearch,
+    .summarizesNoMatches = true,
+};
+
 static constexpr int kListedWordLimit = 49;  // characters that Add takes
 
-struct SearchDialog {
-    const char* resource;
-    const char* helpTopic;
-    bool hasWordOptions;  // boolean type and substrings
-    bool hasWordList;
-};
+// ---- Filling --------------------------------------------------------------------------------------------------------
 
-static const SearchDialog& DialogFor(SearchKind kind) {
-    static constexpr SearchDialog kWords{"WORDSEARCH", kTopicWordSearch, true, false};
-    static constexpr SearchDialog kWordList{"WORDLISTSEARCH", kTopicWordListSearch, true, true};
-    static constexpr SearchDialog kPhrase{"PHRASESEARCH", kTopicPhraseSearch, false, false};
-    return kind == SearchKind::kWords ? kWords : kind == SearchKind::kWordList ? kWordList : kPhrase;
-}
+namespace {
 
 struct SearchQuestion {
-    SearchKind kind;
-    void (*search)(SearchKind kind);
+    const SearchKind& kind;
+    bool (*search)(const SearchKind& kind);
+    bool& found;
 };
+
+}  // namespace
 
 static const SearchQuestion& QuestionOf(HWND dialog) {
     return *static_cast<const SearchQuestion*>(DataOf(dialog));
 }
 
-static const SearchDialog& KindOf(HWND dialog) {
-    return DialogFor(QuestionOf(dialog).kind);
+static const SearchKind& KindOf(HWND dialog) {
+    return QuestionOf(dialog).kind;
 }
 
 static void FillHistory(HWND field) {
@@ -59,7 +77,7 @@ static int RadioOf(int booleanType) {
 }
 
 static void Fill(HWND dialog) {
-    const SearchDialog& kind = KindOf(dialog);
+    const SearchKind& kind = KindOf(dialog);
     const HWND field = GetDlgItem(dialog, IDC_SEARCH_TEXT);
     SendMessageA(field, CB_LIMITTEXT, kSearchTextLimit, 0);
     FillHistory(field);
@@ -72,22 +90,28 @@ static void Fill(HWND dialog) {
     if (kind.hasWordList) FillWordList(GetDlgItem(dialog, IDC_WORD_LIST));
 }
 
+// ---- Reading --------------------------------------------------------------------------------------------------------
+
+static int CheckedBooleanType(HWND dialog) {
+    if (IsChecked(dialog, IDC_ALL_WORDS)) return kAllWords;
+    return IsChecked(dialog, IDC_ANY_WORD) ? kAnyWord : kOneWord;
+}
+
 static void Read(HWND dialog) {
     theSearch.searchText = ControlText(dialog, IDC_SEARCH_TEXT, kSearchTextLimit);
     PushHistory(theSearch, theSearch.searchText);
     theSearch.options.CaseSensitive = IsChecked(dialog, IDC_CASE_SENSITIVE);
     if (!KindOf(dialog).hasWordOptions) return;
     theSearch.options.SubString = IsChecked(dialog, IDC_SUBSTRING);
-    theSearch.options.BooleanType = IsChecked(dialog, IDC_ALL_WORDS)  ? kAllWords
-                                    : IsChecked(dialog, IDC_ANY_WORD) ? kAnyWord
-                                                                      : kOneWord;
+    theSearch.options.BooleanType = CheckedBooleanType(dialog);
 }
 
 static void OnOk(HWND dialog) {
     RunIfEnabled(FrameOf(dialog), IDM_VIEW_LIST);
     Read(dialog);
     EndDialog(dialog, IDOK);
-    QuestionOf(dialog).search(QuestionOf(dialog).kind);
+    const SearchQuestion& question = QuestionOf(dialog);
+    question.found = question.search(question.kind);
 }
 
 // A blank is added even where no word is chosen, if something stands in the field.
@@ -110,7 +134,41 @@ static void OnCommand(HWND dialog, int control, UINT notification) {
     }
 }
 
-bool AskSearch(HWND frame, SearchKind kind, void (*search)(SearchKind kind)) {
-    const SearchQuestion question{kind, search};
-    return RunDialog(frame, {DialogFor(kind).resource, Fill, OnCommand, &question}) == IDOK;
+std::optional<bool> AskSearch(HWND frame, const SearchKind& kind, bool (*search)(const SearchKind& kind)) {
+    bool found = false;
+    const SearchQuestion question{kind, search, found};
+    if (RunDialog(frame, {kind.resource, Fill, OnCommand, &question}) != IDOK) return std::nullopt;
+    return found;
+}
+
+// ---- The range ------------------------------------------------------------------------------------------------------
+
+std::string SearchRangeText() {
+    return RangeText(theScripture.records, theSearch.range.StartVerse, theSearch.range.EndVerse);
+}
+
+static void FillRange(HWND dialog) {
+    FillReferenceField(dialog, IDC_RANGE, SearchRangeText());
+}
+
+static void OnRangeOk(HWND dialog) {
+    const ParsedRange range = TakeReference(dialog, IDC_RANGE, Asked::kRange);
+    if (!range.ok) return;
+    EndDialog(dialog, IDOK);
+    theSearch.range = {range.first, range.last};
+    SendCommand(FrameOf(dialog), IDM_SHOW_RANGE);
+}
+
+static void OnRangeCommand(HWND dialog, int control, UINT) {
+    switch (control) {
+        case IDOK: OnRangeOk(dialog); break;
+        case IDC_HELP_BUTTON: OpenHelpTopic(dialog, kHelpFile, kTopicSetRange); break;
+        case IDC_OLD_TESTAMENT: SetDlgItemTextA(dialog, IDC_RANGE, "Ge - Mal"); break;
+        case IDC_NEW_TESTAMENT: SetDlgItemTextA(dialog, IDC_RANGE, "Mt - Re"); break;
+        case IDC_ENTIRE_BIBLE: SetDlgItemTextA(dialog, IDC_RANGE, "Ge - Re"); break;
+    }
+}
+
+void AskSearchRange(HWND owner) {
+    RunDialog(owner, {"SETRANGE", FillRange, OnRangeCommand});
 }

@@ -26,57 +26,40 @@ struct SmallBible {
     WordIndex index = IndexOf(indexFiles);
 };
 
-enum Kind { kWords, kPhrase };
+static SearchResult Find(const SmallBible& bible, const Query& query, const SearchRange& range = {}) {
+    HitCounters hits;
+    return Search(bible.scripture, bible.index, query, range, hits);
+}
+
+using enum QueryKind;
 enum Flags { kPlain = 0, kCase = 1, kParts = 2 };
 static constexpr int kEveryFlags[] = {kPlain, kCase, kParts, kCase | kParts};
 
 struct SearchRow {
     const char* query;
-    Kind kind;
+    QueryKind kind;
     int flags;
     int booleanType;
-    std::vector<int> verses;
+    std::vector<std::int32_t> verses;
     int occurrences;
 };
 
-static SearchState StateFor(const std::string& query, int flags, int booleanType) {
-    SearchState search;
-    search.searchText = query;
-    search.options.BooleanType = booleanType;
-    search.options.CaseSensitive = (flags & kCase) != 0 ? 1 : 0;
-    search.options.SubString = (flags & kParts) != 0 ? 1 : 0;
-    return search;
-}
-
-static bool RunSearch(Kind kind, const Scripture& scripture, const WordIndex& index, SearchState& search) {
-    return kind == kPhrase ? PhraseSearch(scripture, index, search) : WordSearch(scripture, index, search);
-}
-
-static void ExpectResult(const SearchRow& row, const SearchState& search, bool found) {
-    const SearchResult& result = search.result;
-    EXPECT_EQ(found, !row.verses.empty()) << row.query;
-    EXPECT_EQ(std::vector<int>(result.verses.begin(), result.verses.end()), row.verses) << row.query;
-    EXPECT_EQ(result.verseCount, static_cast<int>(row.verses.size())) << row.query;
-    EXPECT_EQ(result.occurrenceCount, row.occurrences) << row.query;
+static Query QueryFor(const std::string& text, QueryKind kind, int flags = kPlain, int booleanType = kAllWords) {
+    const SearchOptions options = {
+        .BooleanType = booleanType,
+        .CaseSensitive = (flags & kCase) != 0 ? 1 : 0,
+        .SubString = (flags & kParts) != 0 ? 1 : 0,
+    };
+    return QueryOf(text, options, kind);
 }
 
 static void ExpectRows(std::span<const SearchRow> rows) {
-    SmallBible bible;
+    const SmallBible bible;
     for (const SearchRow& row : rows) {
-        SearchState search = StateFor(row.query, row.flags, row.booleanType);
-        const bool found = RunSearch(row.kind, bible.scripture, bible.index, search);
-        ExpectResult(row, search, found);
-        EXPECT_EQ(search.result.phraseMode, found && row.kind == kPhrase && QueryWords(row.query).size() > 1);
+        const SearchResult result = Find(bible, QueryFor(row.query, row.kind, row.flags, row.booleanType));
+        EXPECT_EQ(result.verses, row.verses) << row.query;
+        EXPECT_EQ(result.occurrences, row.occurrences) << row.query;
     }
-}
-
-TEST(QueryWords, AreRunsOfLettersAndApostrophes) {
-    using Words = std::vector<std::string_view>;
-    EXPECT_EQ(QueryWords("the Lord's"), (Words{"the", "Lord's"}));
-    EXPECT_EQ(QueryWords("  Jehovah-jireh,2nd\xB6x\xE9y' "), (Words{"Jehovah", "jireh", "nd", "x", "y'"}));
-    EXPECT_EQ(QueryWords(""), Words{});
-    EXPECT_EQ(QueryWords(" 1:2-3 "), Words{});
-    EXPECT_EQ(QueryWords("''"), Words{"''"});
 }
 
 TEST(WordSearch, CombinesWords) {
@@ -167,7 +150,7 @@ TEST(PhraseSearch, FindsWordsInARow) {
     ExpectRows(kRows);
 }
 
-// It leaves phrase mode off, and its word is marked as the last word search's would be.
+// It is marked, and counted, as a search for words would mark it.
 TEST(PhraseSearch, TreatsASingleWordAsAWord) {
     static const SearchRow kRows[] = {
         {"he", kPhrase, kPlain, kAllWords, {7}, 2},   {"he", kPhrase, kPlain, kOneWord, {7}, 2},
@@ -184,10 +167,10 @@ TEST(PhraseSearch, ListsAVerseWhosePhraseStandsBeyondTheMarks) {
     const HandMadeVerse verses[] = {{1, 1, 1, text}, {1, 1, 2, "he said"}};
     const HandMadeFiles files = MakeFiles(verses);
     FilesInMemory indexFiles = MakeIndexFiles(verses);
-    SearchState search = StateFor("he said", kPlain, kAllWords);
-    ASSERT_TRUE(PhraseSearch(ScriptureOf(files), IndexOf(indexFiles), search));
-    EXPECT_EQ(search.result.verses, (std::vector<std::int32_t>{0, 1}));
-    EXPECT_EQ(search.result.occurrenceCount, 1);
+    HitCounters hits;
+    const SearchResult result = Search(ScriptureOf(files), IndexOf(indexFiles), QueryFor("he said", kPhrase), {}, hits);
+    EXPECT_EQ(result.verses, (std::vector<std::int32_t>{0, 1}));
+    EXPECT_EQ(result.occurrences, 1);
 }
 
 struct PhraseRow {
@@ -201,13 +184,11 @@ static void ExpectPhrases(std::span<const HandMadeVerse> verses, std::span<const
     const HandMadeFiles files = MakeFiles(verses);
     FilesInMemory indexFiles = MakeIndexFiles(verses);
     const WordIndex index = IndexOf(indexFiles);
+    HitCounters hits;
     for (const PhraseRow& row : rows) {
-        SearchState search = StateFor(row.query, kPlain, kAllWords);
-        search.range = row.range;
-        EXPECT_EQ(PhraseSearch(ScriptureOf(files), index, search), !row.verses.empty()) << row.query;
-        EXPECT_EQ(search.result.verses, row.verses) << row.query;
-        EXPECT_EQ(search.result.verseCount, static_cast<int>(row.verses.size())) << row.query;
-        EXPECT_EQ(search.result.occurrenceCount, row.occurrences) << row.query;
+        const SearchResult result = Search(ScriptureOf(files), index, QueryFor(row.query, kPhrase), row.range, hits);
+        EXPECT_EQ(result.verses, row.verses) << row.query;
+        EXPECT_EQ(result.occurrences, row.occurrences) << row.query;
     }
 }
 
@@ -260,7 +241,7 @@ TEST(PhraseSearch, CountsByMarksInALongVerseAmongOthers) {
 TEST(Search, KeepsToItsRange) {
     static const struct {
         SearchRange range;
-        std::vector<int> verses;
+        std::vector<std::int32_t> verses;
     } kRows[] = {
         {{0, 0}, {0}},
         {{1, 2}, {1, 2}},
@@ -274,74 +255,57 @@ TEST(Search, KeepsToItsRange) {
         {{40000, 50000}, {}},
         {{-2147483647 - 1, 2147483647}, {0, 1, 2, 3, 7}},
     };
-    SmallBible bible;
+    const SmallBible bible;
     for (const auto& row : kRows)
-        for (const Kind kind : {kWords, kPhrase})
-            for (const int flags : {kPlain, kParts}) {
-                SearchState search = StateFor("the", flags, kAllWords);
-                search.range = row.range;
-                EXPECT_EQ(RunSearch(kind, bible.scripture, bible.index, search), !row.verses.empty());
-                EXPECT_EQ(std::vector<int>(search.result.verses.begin(), search.result.verses.end()), row.verses)
+        for (const QueryKind kind : {kWords, kPhrase})
+            for (const int flags : {kPlain, kParts})
+                EXPECT_EQ(Find(bible, QueryFor("the", kind, flags), row.range).verses, row.verses)
                     << row.range.StartVerse << " " << row.range.EndVerse;
-            }
 }
 
 // Entries of the index outside the range count nothing, whatever the flags.
 TEST(Search, CountsNothingOutsideItsRange) {
-    SmallBible bible;
+    const SmallBible bible;
     for (const int flags : kEveryFlags)
-        for (const Kind kind : {kWords, kPhrase}) {
-            SearchState search = StateFor("god", flags, kAllWords);
-            search.range = {2, 9};
-            EXPECT_FALSE(RunSearch(kind, bible.scripture, bible.index, search)) << flags << kind;
+        for (const QueryKind kind : {kWords, kPhrase}) {
+            const SearchResult result = Find(bible, QueryFor("god", kind, flags), {2, 9});
+            EXPECT_TRUE(result.verses.empty()) << flags;
+            EXPECT_EQ(result.occurrences, 0) << flags;
         }
 }
 
-TEST(Search, LeavesAnEmptyResultAndPhraseModeWhenNothingIsFound) {
-    SmallBible bible;
+// The counters are handed from search to search: nothing that an earlier one counted may show in a later one.
+TEST(Search, ForgetsWhatItsCountersHeldBefore) {
+    const SmallBible bible;
+    HitCounters hits;
+    const auto find = [&](const char* text, QueryKind kind) {
+        return Search(bible.scripture, bible.index, QueryFor(text, kind), {}, hits);
+    };
     for (const char* before : {"the lord", "the"})
-        for (const char* query : {"zeal", "zeal zeal", ""})
-            for (const Kind kind : {kWords, kPhrase}) {
-                SearchState search = StateFor(before, kPlain, kAllWords);
-                ASSERT_TRUE(PhraseSearch(bible.scripture, bible.index, search));
-                const bool phraseMode = search.result.phraseMode;
-                search.searchText = query;
-                EXPECT_FALSE(RunSearch(kind, bible.scripture, bible.index, search));
-                EXPECT_TRUE(search.result.verses.empty());
-                EXPECT_EQ(search.result.verseCount, 0);
-                EXPECT_EQ(search.result.occurrenceCount, 0);
-                EXPECT_EQ(search.result.phraseMode, phraseMode) << before << "|" << query;
+        for (const char* text : {"zeal", "zeal zeal", ""})
+            for (const QueryKind kind : {kWords, kPhrase}) {
+                ASSERT_FALSE(find(before, kPhrase).verses.empty());
+                const SearchResult result = find(text, kind);
+                EXPECT_TRUE(result.verses.empty()) << before << "|" << text;
+                EXPECT_EQ(result.occurrences, 0) << before << "|" << text;
             }
+    ASSERT_FALSE(find("the", kWords).verses.empty());
+    EXPECT_EQ(find("he said", kPhrase).verses, std::vector<std::int32_t>{7});
+    EXPECT_EQ(find("light the", kWords).verses, std::vector<std::int32_t>{7});
 }
 
-TEST(Search, ForgetsTheSearchBefore) {
-    SmallBible bible;
-    SearchState search = StateFor("the", kPlain, kAllWords);
-    ASSERT_TRUE(WordSearch(bible.scripture, bible.index, search));
-    search.searchText = "he said";
-    ASSERT_TRUE(PhraseSearch(bible.scripture, bible.index, search));
-    EXPECT_EQ(search.result.verses, std::vector<std::int32_t>{7});
-    EXPECT_TRUE(search.result.phraseMode);
-    EXPECT_EQ(search.result.phraseText, "he said");
-    search.searchText = "light the";
-    ASSERT_TRUE(WordSearch(bible.scripture, bible.index, search));
-    EXPECT_EQ(search.result.verses, std::vector<std::int32_t>{7});
-    EXPECT_EQ(search.result.verseCount, 1);
-    EXPECT_FALSE(search.result.phraseMode);
-}
-
-TEST(Search, BearsWordsOfAnyLength) {
-    SmallBible bible;
+TEST(Search, TakesWordsOfAnyLength) {
+    const SmallBible bible;
     for (const std::size_t length : {79, 80, 81, 199, 5000})
         for (const int flags : kEveryFlags)
-            for (const Kind kind : {kWords, kPhrase}) {
-                SearchState search = StateFor(std::string(length, 'e'), flags, kAnyWord);
-                EXPECT_FALSE(RunSearch(kind, bible.scripture, bible.index, search)) << length;
+            for (const QueryKind kind : {kWords, kPhrase}) {
+                const Query query = QueryFor(std::string(length, 'e'), kind, flags, kAnyWord);
+                EXPECT_TRUE(Find(bible, query).verses.empty()) << length;
             }
 }
 
 // Damaged files may give nonsense, but nothing outside them is touched.
-TEST(Search, BearsADamagedIndex) {
+TEST(Search, SurvivesADamagedIndex) {
     SmallBible bible;
     const FilesInMemory whole = MakeIndexFiles(kVerses);
     std::vector<FilesInMemory> damages;
@@ -355,23 +319,22 @@ TEST(Search, BearsADamagedIndex) {
     damages.push_back(whole);
     damages.back()[kVerseListsFile] = {0x7D, 0x79, 0x7E, 0x79, 0x7F, 0x79, 0xFF, 0xFF, 0xFF, 0x7F};  // 31101 and above
     for (FilesInMemory& files : damages) {
-        const WordIndex index = IndexOf(files);
-        for (const char* query : {"the", "the lord", "e", "and"})
+        bible.index = IndexOf(files);
+        for (const char* text : {"the", "the lord", "e", "and"})
             for (const int flags : kEveryFlags)
-                for (const Kind kind : {kWords, kPhrase}) {
-                    SearchState search = StateFor(query, flags, kAnyWord);
-                    RunSearch(kind, bible.scripture, index, search);
-                    for (const int verse : search.result.verses) EXPECT_TRUE(verse >= 0 && verse <= kLastVerse);
-                }
+                for (const QueryKind kind : {kWords, kPhrase})
+                    for (const int verse : Find(bible, QueryFor(text, kind, flags, kAnyWord)).verses)
+                        EXPECT_TRUE(verse >= 0 && verse <= kLastVerse);
     }
-    SearchState search = StateFor("the", kPlain, kAllWords);
-    EXPECT_FALSE(WordSearch({}, {}, search));
-    EXPECT_FALSE(PhraseSearch({}, {}, search));
+    HitCounters hits;
+    for (const QueryKind kind : {kWords, kPhrase})
+        EXPECT_TRUE(Search({}, {}, QueryFor("the", kind), {}, hits).verses.empty());
 }
 
 TEST(SearchSummary, SaysHowMany) {
     static constexpr struct {
-        int verses, occurrences;
+        std::size_t verses;
+        int occurrences;
         const char* summary;
     } kRows[] = {
         {0, 0, "0 verses, 0 occurrences"},
@@ -382,28 +345,20 @@ TEST(SearchSummary, SaysHowMany) {
         {1, 0, "1 verse, 0 occurrences"},
     };
     for (const auto& row : kRows) {
-        SearchResult result;
-        result.verseCount = row.verses;
-        result.occurrenceCount = row.occurrences;
+        const SearchResult result{std::vector<std::int32_t>(row.verses), row.occurrences};
         EXPECT_EQ(SearchSummary(result), row.summary);
     }
-}
-
-TEST(PushHistory, PutsTheNewestFirstAndLetsTheOldestGo) {
-    SearchState search;
-    EXPECT_EQ(search.history, (std::array<std::string, 10>{" ", " ", " ", " ", " ", " ", " ", " ", " ", " "}));
-    for (const char* text : {"one", "two", "two", "", "5", "6", "7", "8", "9", "10", "11"}) PushHistory(search, text);
-    EXPECT_EQ(search.history, (std::array<std::string, 10>{"11", "10", "9", "8", "7", "6", "5", "", "two", "two"}));
 }
 
 // Figures of the real text, counted once with other tools.
 TEST(TheRealText, GivesTheKnownFigures) {
     static constexpr struct {
         const char* query;
-        Kind kind;
+        QueryKind kind;
         int flags;
         int booleanType;
-        int verses, occurrences;
+        std::size_t verses;
+        int occurrences;
     } kRows[] = {
         {"the", kWords, kPlain, kAllWords, 24091, 63919},
         {"grace", kWords, kPlain, kAllWords, 159, 170},
@@ -423,10 +378,11 @@ TEST(TheRealText, GivesTheKnownFigures) {
         {"he said", kPhrase, kPlain, kAllWords, 700, 738},
         {"grace", kPhrase, kPlain, kAllWords, 159, 170},
     };
+    HitCounters hits;
     for (const auto& row : kRows) {
-        SearchState search = StateFor(row.query, row.flags, row.booleanType);
-        RunSearch(row.kind, TheRealScripture(), TheRealWordIndex(), search);
-        EXPECT_EQ(search.result.verseCount, row.verses) << row.query;
-        EXPECT_EQ(search.result.occurrenceCount, row.occurrences) << row.query;
+        const Query query = QueryFor(row.query, row.kind, row.flags, row.booleanType);
+        const SearchResult result = Search(TheRealScripture(), TheRealWordIndex(), query, {}, hits);
+        EXPECT_EQ(result.verses.size(), row.verses) << row.query;
+        EXPECT_EQ(result.occurrences, row.occurrences) << row.query;
     }
 }

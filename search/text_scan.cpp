@@ -5,8 +5,8 @@
 #include <bit>
 #include <span>
 
+#include "scripture/letters.h"
 #include "scripture/scripture.h"
-#include "search/letters.h"
 
 // VERSEWELL_NO_SSE2 leaves the work to the loops byte by byte that short texts go through anyway.
 #if (defined(__SSE2__) || defined(_M_X64)) && !defined(VERSEWELL_NO_SSE2)
@@ -37,7 +37,7 @@ static bool StandsAt(std::string_view text, std::size_t place, std::string_view 
 static std::size_t FindByteByByte(std::string_view text, std::string_view word, bool anyCase, std::size_t from) {
     for (std::size_t place = from; place + word.size() <= text.size(); ++place)
         if (StandsAt(text, place, word, anyCase)) return place;
-    return kNotFound;
+    return kNoPlace;
 }
 
 static int CountByteByByte(std::string_view text, std::string_view word, bool anyCase, bool wholeWords) {
@@ -97,7 +97,7 @@ static bool EndsPhrase(char c) {
     return IsKeptInPhrase(c) || c == '\0';
 }
 
-// The phrase whose character number `anchor` stands at `place`, or kNotFound.
+// The phrase whose character number `anchor` stands at `place`, or kNoPlace.
 static PhrasePlace PhraseAround(std::string_view text, const PhrasePattern& pattern, std::size_t anchor,
                                 std::size_t place) {
     std::size_t last = place;
@@ -116,7 +116,7 @@ static void EachPhraseByteByByte(std::string_view text, const PhrasePattern& pat
     for (std::size_t place = 0; place < text.size(); ++place) {
         if (!IsAt(pattern, 0, text[place])) continue;
         const PhrasePlace found = PhraseAround(text, pattern, 0, place);
-        if (found.first == kNotFound) continue;
+        if (found.first == kNoPlace) continue;
         visit(found);
         place = found.last;
     }
@@ -152,11 +152,15 @@ static unsigned Bits(Block truths) {
     return static_cast<unsigned>(_mm_movemask_epi8(truths));
 }
 
+namespace {
+
 // A byte to compare with; `fold` is the bit that a capital lacks where capitals match too.
 struct WantedByte {
     Block value;
     Block fold;
 };
+
+}  // namespace
 
 static WantedByte Want(char c, bool anyCase) {
     return {_mm_set1_epi8(c), _mm_set1_epi8(FoldOf(c, anyCase))};
@@ -195,7 +199,7 @@ std::size_t FindInText(std::string_view text, std::string_view word, bool anyCas
     if (text.size() < size + kBlockSize - 1) return FindByteByByte(text, word, anyCase, from);
     const WantedByte first = Want(word.front(), anyCase);
     const WantedByte last = Want(word.back(), anyCase);
-    std::size_t found = kNotFound;
+    std::size_t found = kNoPlace;
     const auto test = [=](std::size_t place) {
         const char* here = text.data() + place;
         return Bits(_mm_and_si128(Is(Load(here), first), Is(Load(here + size - 1), last)));
@@ -316,10 +320,14 @@ static bool MayGoOn(const PhrasePattern& pattern, const char* here) {
 // without a branch on the outcome before any place is looked at.
 static constexpr std::size_t kStretch = 64 * kBlockSize;
 
+namespace {
+
 struct AnchorsOfBlock {
     std::size_t block;
     unsigned bits;
 };
+
+}  // namespace
 
 // Puts those anchors into `places` round which the phrase may stand, and gives their number.
 static std::size_t SiftAnchors(std::string_view text, const PhrasePattern& pattern,
@@ -356,7 +364,7 @@ static void EachPhrase(std::string_view text, const PhrasePattern& pattern, Visi
         const std::size_t count = SiftAnchors(text, pattern, {anchors.data(), blockCount}, places);
         for (const std::size_t place : std::span(places).first(count)) {
             const PhrasePlace found = PhraseAround(text, pattern, pattern.anchor, place);
-            if (found.first == kNotFound || found.first < from) continue;
+            if (found.first == kNoPlace || found.first < from) continue;
             visit(found);
             from = found.last + 1;
         }

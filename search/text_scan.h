@@ -10,7 +10,7 @@
 #include <string_view>
 #include <vector>
 
-inline constexpr std::size_t kNotFound = std::string_view::npos;
+inline constexpr std::size_t kNoPlace = std::string_view::npos;
 
 // Letters as neighbours of a word: bytes from 0x80 on count as such.
 bool IsLetterOrHigh(char c);
@@ -40,8 +40,8 @@ struct PhrasePattern {
 PhrasePattern PatternOf(std::string_view phrase, bool anyCase);
 
 struct PhrasePlace {
-    std::size_t first = kNotFound;  // where the phrase's first character stands
-    std::size_t last = kNotFound;   // and its last
+    std::size_t first = kNoPlace;  // where the phrase's first character stands
+    std::size_t last = kNoPlace;   // and its last
 };
 
 // The places of the phrase from the beginning on, each beginning after the end of the one before.

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstring>
 
+#include "scripture/little_endian.h"
+
 static constexpr std::size_t kPointerSize = 4;
 static constexpr std::size_t kEntrySize = 2;
 static constexpr std::size_t kUsualWordSize = 8;  // closing zero included, to guess the number of words
@@ -46,9 +48,7 @@ static std::size_t PointerOf(const WordIndex& index, std::size_t word) {
     if (word >= index.words.size()) return index.verseLists.size() / kEntrySize;
     const std::size_t at = word * kPointerSize;
     if (at + kPointerSize > index.pointers.size()) return 0;
-    const unsigned char* bytes = index.pointers.data() + at;
-    return static_cast<std::size_t>(bytes[0]) | static_cast<std::size_t>(bytes[1]) << 8 |
-           static_cast<std::size_t>(bytes[2]) << 16 | static_cast<std::size_t>(bytes[3]) << 24;
+    return LittleEndian32(index.pointers.data() + at);
 }
 
 std::span<const unsigned char> EntriesOf(const WordIndex& index, int word) {

@@ -13,10 +13,10 @@
 
 namespace fs = std::filesystem;
 
-// Lowest first: a folder may include itself and what stands before it.
-static constexpr std::array<std::string_view, 8> kFolders = {"scripture", "search",    "output", "notes",
-                                                             "passage",   "verselist", "print",  "app"};
-static constexpr std::size_t kMostLines = 600;
+static constexpr std::array<std::string_view, 10> kFolders = {"scripture", "search",  "typeset",   "pane",  "notes",
+                                                              "output",    "passage", "verselist", "print", "app"};
+static constexpr std::size_t kMostLines = 500;
+static constexpr std::size_t kFewestLines = 40;
 
 std::vector<TreeFile> FilesOfTree(const fs::path& root) {
     std::vector<TreeFile> files;
@@ -42,13 +42,8 @@ static bool IsSource(const std::string& path) {
     return path.ends_with(".cpp") || path.ends_with(".h");
 }
 
-// Place among kFolders, or their number for every other folder.
-static std::size_t HeightOf(const std::string& folder) {
-    return static_cast<std::size_t>(std::find(kFolders.begin(), kFolders.end(), folder) - kFolders.begin());
-}
-
 static bool IsProgramFolder(const std::string& folder) {
-    return HeightOf(folder) < kFolders.size();
+    return std::ranges::find(kFolders, folder) != kFolders.end();
 }
 
 bool IsShell(const std::string& path) {
@@ -103,7 +98,37 @@ static bool IsPlainSystemHeader(const std::string& name) {
            name.starts_with("gmock/");
 }
 
-static std::string WrongAboutInclude(const TreeFile& file, const Include& include) {
+static std::set<std::string> WordsIn(std::string text) {
+    std::ranges::replace(text, ',', ' ');
+    std::istringstream words(text);
+    return {std::istream_iterator<std::string>(words), std::istream_iterator<std::string>()};
+}
+
+static FolderGraph GraphIn(const std::string& text, const std::regex& row) {
+    FolderGraph graph;
+    for (auto match = std::sregex_iterator(text.begin(), text.end(), row); match != std::sregex_iterator(); ++match)
+        graph[(*match)[1]] = WordsIn((*match)[2]);
+    return graph;
+}
+
+FolderGraph ReadGraph(const std::string& cmakeText) {
+    return GraphIn(cmakeText, std::regex(R"re(set\(STANDS_ON_(\w+)([^)]*)\))re"));
+}
+
+FolderGraph ReadGraphOfReadme(const std::string& readme) {
+    FolderGraph graph = GraphIn(readme, std::regex(R"re(\| `(\w+)/` \| ([\w, ]*)\|)re"));
+    std::erase_if(graph, [](const auto& row) { return !IsProgramFolder(row.first); });
+    return graph;
+}
+
+static bool StandsOn(const FolderGraph& graph, const std::string& folder, const std::string& other) {
+    const auto found = graph.find(folder);
+    return found != graph.end() && std::ranges::any_of(found->second, [&](const std::string& below) {
+               return below == other || StandsOn(graph, below, other);
+           });
+}
+
+static std::string WrongAboutInclude(const TreeFile& file, const Include& include, const FolderGraph& graph) {
     const std::string folder = FolderOf(file.path);
     const std::string from = FolderOf(include.name);
     const bool isProgram = IsProgramFolder(folder);
@@ -117,7 +142,8 @@ static std::string WrongAboutInclude(const TreeFile& file, const Include& includ
     if (isProgram && (from == "data" || from == "bench")) return "the program does not include its tools";
     const bool isTest = file.path.ends_with("_test.cpp");
     if (isProgram && from == "tests" && !isTest) return "only tests include tests/";
-    if (isProgram && HeightOf(from) > HeightOf(folder) && IsProgramFolder(from)) return "points up the tree";
+    if (isProgram && IsProgramFolder(from) && from != folder && !StandsOn(graph, folder, from))
+        return "the folder does not stand on that one";
     if (folder == "tests" && IsShell(file.path) && IsShell(include.name) && !include.name.starts_with("tests/"))
         return "a window test looks at the program from outside";
     const bool isOfShell = IsShell(include.name) || from == "resources";
@@ -125,13 +151,50 @@ static std::string WrongAboutInclude(const TreeFile& file, const Include& includ
     return "";
 }
 
-Findings CheckIncludes(const TreeFile& file) {
+Findings CheckIncludes(const TreeFile& file, const FolderGraph& graph) {
     Findings findings;
     if (!IsSource(file.path)) return findings;
     for (const Include& include : IncludesOf(file)) {
-        const std::string wrong = WrongAboutInclude(file, include);
+        const std::string wrong = WrongAboutInclude(file, include, graph);
         if (!wrong.empty()) findings.push_back(At(file, include.line, wrong + ": " + include.name));
     }
+    return findings;
+}
+
+static std::string UnitOf(const std::string& path) {
+    return path.substr(0, path.rfind('.'));
+}
+
+using UnitGraph = std::map<std::string, std::set<std::string>>;
+
+// Walks from `unit` along includes; `trail` is the way there. A unit that stands on the trail already closes a circle.
+static void FindCircles(const UnitGraph& graph, const std::string& unit, std::vector<std::string>& trail,
+                        std::set<std::string>& done, Findings& findings) {
+    const auto start = std::ranges::find(trail, unit);
+    if (start != trail.end()) {
+        std::string circle;
+        for (auto at = start; at != trail.end(); ++at) circle += *at + " -> ";
+        findings.push_back(circle + unit);
+    }
+    if (!done.insert(unit).second) return;
+    trail.push_back(unit);
+    if (const auto found = graph.find(unit); found != graph.end())
+        for (const std::string& next : found->second) FindCircles(graph, next, trail, done, findings);
+    trail.pop_back();
+}
+
+Findings CheckCircles(const std::vector<TreeFile>& files) {
+    UnitGraph graph;
+    for (const TreeFile& file : files) {
+        if (!IsSource(file.path)) continue;
+        for (const Include& include : IncludesOf(file))
+            if (!include.isSystem && UnitOf(include.name) != UnitOf(file.path))
+                graph[UnitOf(file.path)].insert(UnitOf(include.name));
+    }
+    Findings findings;
+    std::vector<std::string> trail;
+    std::set<std::string> done;
+    for (const auto& [unit, includes] : graph) FindCircles(graph, unit, trail, done, findings);
     return findings;
 }
 
@@ -142,35 +205,6 @@ Findings CheckOwnHeaderFirst(const TreeFile& file, const std::set<std::string>& 
     const std::vector<Include> includes = IncludesOf(file);
     if (!includes.empty() && includes.front().name == own) return {};
     return {At(file, includes.empty() ? 1 : includes.front().line, own + " is to be included first")};
-}
-
-// ---- Types ---------------------------------------------------------------------------------------------------------
-
-// What a file is linked into: "" for the core, which is in everything, else the shell or the folder of tests or tools.
-static std::string ProgramOf(const std::string& path) {
-    const bool isTest = path.ends_with("_test.cpp");
-    if (!isTest && (IsProgramFolder(FolderOf(path)) || path.starts_with("win32/"))) return IsShell(path) ? "shell" : "";
-    return fs::path(path).parent_path().generic_string();
-}
-
-Findings CheckOneDefinition(const std::vector<TreeFile>& files) {
-    static const std::regex definition(R"re(^(struct|enum class|enum) (\w+)[^;()]*\{)re");
-    std::map<std::string, std::vector<std::pair<std::string, std::string>>> places;  // of a name: program and where
-    for (const TreeFile& file : files) {
-        if (!IsSource(file.path)) continue;
-        EachLine(file, [&](const std::string& line, int number) {
-            std::smatch match;
-            if (std::regex_search(line, match, definition))
-                places[match[2]].push_back({ProgramOf(file.path), At(file, number, "")});
-        });
-    }
-    Findings findings;
-    for (const auto& [name, where] : places)
-        for (std::size_t one = 0; one < where.size(); ++one)
-            for (std::size_t other = one + 1; other < where.size(); ++other)
-                if (where[one].first == where[other].first || where[one].first.empty() || where[other].first.empty())
-                    findings.push_back(where[one].second + name + " is also defined at " + where[other].second);
-    return findings;
 }
 
 // ---- Code -----------------------------------------------------------------------------------------------------------
@@ -191,6 +225,14 @@ Findings CheckLength(const TreeFile& file) {
     const auto lines = static_cast<std::size_t>(std::count(file.text.begin(), file.text.end(), '\n'));
     if (!IsSource(file.path) || lines <= kMostLines) return {};
     return {At(file, static_cast<int>(lines), "more than " + std::to_string(kMostLines) + " lines")};
+}
+
+Findings CheckSmallSource(const TreeFile& file) {
+    const bool isProduct = IsProgramFolder(FolderOf(file.path)) || file.path.starts_with("win32/");
+    if (!isProduct || !file.path.ends_with(".cpp") || file.path.ends_with("_test.cpp")) return {};
+    const auto lines = static_cast<std::size_t>(std::count(file.text.begin(), file.text.end(), '\n'));
+    if (lines >= kFewestLines || file.text.starts_with("//")) return {};
+    return {At(file, 1, "a fragment: fewer than " + std::to_string(kFewestLines) + " lines and no reason why")};
 }
 
 // ---- Words ----------------------------------------------------------------------------------------------------------

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <filesystem>
+#include <map>
 #include <set>
 #include <string>
 #include <vector>
@@ -20,22 +21,31 @@ std::vector<TreeFile> FilesOfTree(const std::filesystem::path& root);
 // Is the file one that may speak to Windows? Its ending or its folder says so.
 bool IsShell(const std::string& path);
 
-// Includes point down: a folder includes itself and the folders below it, by path from the root; only shell files
-// include system headers of Windows, win32/, resources/ and headers of the shell.
-Findings CheckIncludes(const TreeFile& file);
+// The folders of the program, each with those that it stands on directly, as cmake/graph.cmake names them:
+// "set(STANDS_ON_pane search typeset)".
+using FolderGraph = std::map<std::string, std::set<std::string>>;
+FolderGraph ReadGraph(const std::string& cmakeText);
+
+// The graph as the README's table of folders has it, whose rows begin "| `pane/` | search, typeset |".
+FolderGraph ReadGraphOfReadme(const std::string& readme);
+
+// Includes point down: a folder includes itself, the folders that it stands on and those below them, by path from the
+// root; only shell files include system headers of Windows, win32/, resources/ and headers of the shell.
+Findings CheckIncludes(const TreeFile& file, const FolderGraph& graph);
+
+// No units include each other in a circle, inside a folder either. A unit is a header and the source of its name.
+Findings CheckCircles(const std::vector<TreeFile>& files);
+
+// A source of the program has at least 40 lines, or a first line that says why it stands alone.
+Findings CheckSmallSource(const TreeFile& file);
 
 // A .cpp with a header of its own name beside it includes that header before all others.
 Findings CheckOwnHeaderFirst(const TreeFile& file, const std::set<std::string>& paths);
 
-// Files that may be linked together define no two types of one name, not even each for itself: the linker would take
-// the procedures of either for both. The core may be in any program; shell, tests and tools are each in one of their
-// own.
-Findings CheckOneDefinition(const std::vector<TreeFile>& files);
-
 // Core files take what they work on as arguments: only shell files name a global (`thePassage`).
 Findings CheckGlobals(const TreeFile& file);
 
-// A source file has at most 600 lines.
+// A source file has at most 500 lines.
 Findings CheckLength(const TreeFile& file);
 
 // Work put off, tests that do not run, paths and hosts of one machine, and talk of anything but the program itself.

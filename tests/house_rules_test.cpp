@@ -8,6 +8,7 @@
 
 #include "tests/house_rules.h"
 
+using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
 
@@ -49,7 +50,7 @@ TEST_P(TreeKeeps, Rule) {
 }
 
 INSTANTIATE_TEST_SUITE_P(House, TreeKeeps,
-                         testing::Values(TreeRule{"Includes", CheckIncludes}, TreeRule{"Globals", CheckGlobals},
+                         testing::Values(TreeRule{"SmallSource", CheckSmallSource}, TreeRule{"Globals", CheckGlobals},
                                          TreeRule{"Length", CheckLength}, TreeRule{"Words", CheckWords},
                                          TreeRule{"Kind", CheckKind}),
                          [](const auto& row) { return row.param.name; });
@@ -63,8 +64,30 @@ TEST(TreeKeeps, OwnHeaderFirst) {
     EXPECT_EQ(Lines(all), "");
 }
 
-TEST(TreeKeeps, OneDefinition) {
-    EXPECT_EQ(Lines(CheckOneDefinition(Tree())), "");
+static std::string TextOf(const std::string& path) {
+    for (const TreeFile& file : Tree())
+        if (file.path == path) return file.text;
+    return "";
+}
+
+static FolderGraph Graph() {
+    return ReadGraph(TextOf("cmake/graph.cmake"));
+}
+
+TEST(TreeKeeps, Includes) {
+    Findings all;
+    for (const TreeFile& file : Tree())
+        for (const std::string& finding : CheckIncludes(file, Graph())) all.push_back(finding);
+    EXPECT_EQ(Lines(all), "");
+}
+
+TEST(TreeKeeps, UnitsOutOfCircles) {
+    EXPECT_EQ(Lines(CheckCircles(Tree())), "");
+}
+
+TEST(TreeKeeps, OneGraphInBuildAndReadme) {
+    EXPECT_EQ(Graph().size(), 10u);
+    EXPECT_EQ(Graph(), ReadGraphOfReadme(TextOf("README.md")));
 }
 
 TEST(TreeKeeps, HasFilesToCheck) {
@@ -88,7 +111,8 @@ struct IncludeSample : testing::TestWithParam<Sample> {};
 
 TEST_P(IncludeSample, IsJudged) {
     const Sample& sample = GetParam();
-    EXPECT_THAT(CheckIncludes({sample.path, sample.text}), SizeIs(sample.isGood ? 0 : 1)) << sample.path;
+    const FolderGraph graph = {{"search", {"scripture"}}, {"pane", {"search"}}, {"notes", {"pane"}}};
+    EXPECT_THAT(CheckIncludes({sample.path, sample.text}, graph), SizeIs(sample.isGood ? 0 : 1)) << sample.path;
 }
 
 static constexpr Sample kIncludeSamples[] = {
@@ -104,7 +128,8 @@ static constexpr Sample kIncludeSamples[] = {
     {"tests/windows/a_test.cpp", "#include \"tests/driver/driver.h\"\n", true},
     {"win32/a.cpp", "#include \"win32/b.h\"\n", true},
     {"scripture/a.cpp", "#include \"search/word_index.h\"\n", false},
-    {"notes/a.h", "#include \"passage/passage_view.h\"\n", false},
+    {"notes/a.h", "#include \"scripture/books.h\"\n", true},
+    {"notes/a.h", "#include \"passage/passage_flow.h\"\n", false},
     {"print/a.cpp", "#include \"app/settings.h\"\n", false},
     {"search/a_dialog.cpp", "#include \"app/settings.h\"\n", false},
     {"search/a.cpp", "#include <windows.h>\n", false},
@@ -131,13 +156,26 @@ TEST(HouseCheck, SeesAnotherHeaderFirst) {
     EXPECT_THAT(CheckOwnHeaderFirst({"search/a.cpp", "int a;\n"}, paths), SizeIs(1));
 }
 
-TEST(HouseCheck, SeesTwoTypesOfOneName) {
-    const TreeFile first{"notes/a_test.cpp", "struct Row {\n"};
-    EXPECT_THAT(CheckOneDefinition({first, {"notes/b_test.cpp", "struct Row : Other {\n"}}), SizeIs(1));
-    EXPECT_THAT(CheckOneDefinition({first, {"app/b.cpp", "enum class Row { kOne };\n"}}), SizeIs(1));
-    EXPECT_THAT(CheckOneDefinition({first, {"app/b_window.cpp", "struct Row {\n"}}), IsEmpty());
-    EXPECT_THAT(CheckOneDefinition({first, {"app/b_test.cpp", "struct Row {\n"}}), IsEmpty());
-    EXPECT_THAT(CheckOneDefinition({first, {"notes/b_test.cpp", "struct Row;\nstruct Line {\n"}}), IsEmpty());
+TEST(HouseCheck, SeesUnitsThatIncludeEachOther) {
+    const TreeFile a{"notes/a.cpp", "#include \"notes/a.h\"\n#include \"notes/b.h\"\n"};
+    const TreeFile b{"notes/b.cpp", "#include \"notes/b.h\"\n#include \"notes/c.h\"\n"};
+    const TreeFile c{"notes/c.h", "#include \"notes/a.h\"\n"};
+    EXPECT_THAT(CheckCircles({a, b}), IsEmpty());
+    EXPECT_THAT(CheckCircles({a, b, c}), ElementsAre("notes/a -> notes/b -> notes/c -> notes/a"));
+}
+
+TEST(HouseCheck, SeesAFragment) {
+    EXPECT_THAT(CheckSmallSource({"notes/a.cpp", std::string(39, '\n')}), SizeIs(1));
+    EXPECT_THAT(CheckSmallSource({"notes/a.cpp", std::string(40, '\n')}), IsEmpty());
+    EXPECT_THAT(CheckSmallSource({"notes/a.cpp", "// Apart, because the tools need it.\nint a;\n"}), IsEmpty());
+    EXPECT_THAT(CheckSmallSource({"notes/a_test.cpp", "int a;\n"}), IsEmpty());
+}
+
+TEST(HouseCheck, ReadsTheGraph) {
+    const FolderGraph graph = {{"scripture", {}}, {"pane", {"search", "typeset"}}};
+    EXPECT_EQ(ReadGraph("set(STANDS_ON_scripture)\nset(STANDS_ON_pane search typeset)\n"), graph);
+    EXPECT_EQ(ReadGraphOfReadme("| `scripture/` | | books |\n| `pane/` | search, typeset | panes |\n| `data/` | | |\n"),
+              graph);
 }
 
 TEST(HouseCheck, SeesAGlobalInTheCore) {
@@ -147,9 +185,9 @@ TEST(HouseCheck, SeesAGlobalInTheCore) {
 }
 
 TEST(HouseCheck, SeesALongFile) {
-    EXPECT_THAT(CheckLength({"notes/a.cpp", std::string(600, '\n')}), IsEmpty());
-    EXPECT_THAT(CheckLength({"notes/a.cpp", std::string(601, '\n')}), SizeIs(1));
-    EXPECT_THAT(CheckLength({"resources/menu.rc", std::string(601, '\n')}), IsEmpty());
+    EXPECT_THAT(CheckLength({"notes/a.cpp", std::string(500, '\n')}), IsEmpty());
+    EXPECT_THAT(CheckLength({"notes/a.cpp", std::string(501, '\n')}), SizeIs(1));
+    EXPECT_THAT(CheckLength({"resources/menu.rc", std::string(501, '\n')}), IsEmpty());
 }
 
 struct WordSample : testing::TestWithParam<Sample> {};

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "output/scrolling.h"
+#include "pane/scrolling.h"
 
 int ListCount(const VerseList& list) {
     return static_cast<int>(list.ListEntries.size());

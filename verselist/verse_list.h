@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "output/selection.h"
+#include "pane/selection.h"
 
 enum ListView { kVerseListView = 0, kReferenceListView = 1 };
 
@@ -13,7 +13,6 @@ struct VerseList {
     std::vector<std::int32_t> ListEntries;  // verse indexes; no terminator, its size says where it ends
     int ListTop = 0;                        // entry shown first
     int ListLastVisible = 0;                // last entry of which anything was laid out, as corrected
-    int LineHeight = 0;                     // pixels; cell height of the bold face
     int currentView = kVerseListView;
     bool canBeSaved = false;  // a search's list can; following a cross-reference line neither allows nor forbids it
 };

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "output/label_text.h"
-#include "output/selected_words.h"
+#include "pane/selection.h"
+#include "typeset/label_text.h"
 
 static constexpr std::string_view kLineEnd = "\r\n";
 

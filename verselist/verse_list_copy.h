@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "output/selection.h"
+#include "pane/selection.h"
 #include "scripture/scripture.h"
 #include "verselist/verse_list.h"
 

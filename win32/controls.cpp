@@ -39,23 +39,18 @@ void RunIfEnabled(HWND frame, int command) {
     if (!(state & (MF_GRAYED | MF_CHECKED))) SendCommand(frame, command);
 }
 
-static std::string StatusPart(HWND statusBar, int part) {
-    const auto length = LOWORD(SendMessageA(statusBar, SB_GETTEXTLENGTHA, static_cast<WPARAM>(part), 0));
-    std::string text(length + 1u, '\0');
-    SendMessageA(statusBar, SB_GETTEXTA, static_cast<WPARAM>(part), reinterpret_cast<LPARAM>(text.data()));
-    text.resize(length);
-    return text;
-}
-
-void SetStatusPart(HWND statusBar, int part, const std::string& text) {
-    if (StatusPart(statusBar, part) == text) return;  // unchanged: rewriting it would flicker
-    SendMessageA(statusBar, SB_SETTEXTA, static_cast<WPARAM>(part), reinterpret_cast<LPARAM>(text.c_str()));
-}
-
 void ShowAtOnce(HWND window) {
     UpdateWindow(window);
     MSG none;
     PeekMessageA(&none, nullptr, 0, 0, PM_NOREMOVE | PM_QS_SENDMESSAGE);
+}
+
+bool IsKeyDown(int key) {
+    return GetKeyState(key) < 0;
+}
+
+bool IsControlDown() {
+    return IsKeyDown(VK_CONTROL) && !IsKeyDown(VK_MENU);
 }
 
 HCURSOR BeginWait(HWND frame) {
@@ -73,14 +68,6 @@ void RouteWheel(MSG& message) {
     const HWND under = WindowFromPoint({GET_X_LPARAM(message.lParam), GET_Y_LPARAM(message.lParam)});
     if (!under || GetWindowThreadProcessId(under, nullptr) != GetCurrentThreadId()) return;
     if (GetAncestor(under, GA_ROOT) == GetAncestor(message.hwnd, GA_ROOT)) message.hwnd = under;
-}
-
-int WheelSteps(int delta, int perNotch, int& rest) {
-    if ((delta < 0) != (rest < 0)) rest = 0;  // the wheel has turned back
-    rest += delta * perNotch;
-    const int steps = rest / WHEEL_DELTA;
-    rest %= WHEEL_DELTA;
-    return steps;
 }
 
 // Wine reads a stored WHEEL_PAGESCROLL as the largest signed number.

@@ -28,12 +28,13 @@ void SendCommand(HWND frame, int command);
 // sent.
 void RunIfEnabled(HWND frame, int command);
 
-// Writes a part of a status bar where its text changes.
-void SetStatusPart(HWND statusBar, int part, const std::string& text);
-
 // Paints what of the window waits for it, and lets the system bring it to the screen, as it otherwise does when the
 // program has nothing left to do.
 void ShowAtOnce(HWND window);
+
+// Is the key held down? Ctrl counts only without Alt: the two together type letters on some keyboards.
+bool IsKeyDown(int key);
+bool IsControlDown();
 
 // Takes and gives back the wait cursor, with the mouse captured by `frame` meanwhile.
 HCURSOR BeginWait(HWND frame);
@@ -42,9 +43,6 @@ void EndWait(HCURSOR before);
 // Sends a wheel message to the window of this thread under the mouse, which need not have the focus.
 void RouteWheel(MSG& message);
 
-// Whole steps turned by a wheel message where a notch is worth `perNotch`; what a finer wheel or a touch pad leaves
-// over is kept in `rest` for the next message. Up is positive.
-int WheelSteps(int delta, int perNotch, int& rest);
 // Lines that the user wants a notch to scroll; 0: none; kPageANotch: a page.
 inline constexpr int kPageANotch = -1;
 int WheelLines();

@@ -10,18 +10,23 @@
 #include <string>
 
 #include "win32/controls.h"
-#include "win32/program_files.h"
+#include "win32/files.h"
+
+namespace {
 
 struct HelpPage {
     const char* file;   // the help file's name
     const char* topic;  // none: the contents
 };
 
+}  // namespace
+
 static bool IsThere(const std::string& path) {
     return GetFileAttributesA(path.c_str()) != INVALID_FILE_ATTRIBUTES;
 }
 
-static bool IsOpened(HWND owner, const std::string& file, const std::string& arguments) {
+// The procedures that open something give whether they could.
+static bool OpenWithShell(HWND owner, const std::string& file, const std::string& arguments) {
     const HINSTANCE result = ShellExecuteA(owner, "open", file.c_str(), arguments.c_str(), nullptr, SW_SHOWNORMAL);
     return reinterpret_cast<INT_PTR>(result) > 32;
 }
@@ -69,39 +74,39 @@ static bool BelongsToFile(HWND window, const std::string& path) {
     return known && lstrcmpiA(image, path.c_str()) == 0;
 }
 
-static bool IsTopicOpenedInWine(HWND frame, const std::string& viewer, const std::string& file, const char* topic) {
+static bool OpenTopicInWine(HWND frame, const std::string& viewer, const std::string& file, const char* topic) {
     if (RunningViewer() != nullptr) WinHelpA(frame, file.c_str(), HELP_QUIT, 0);
-    return IsOpened(frame, viewer, std::string("-i ") + topic + " \"" + file + "\"");
+    return OpenWithShell(frame, viewer, std::string("-i ") + topic + " \"" + file + "\"");
 }
 
-static bool IsSentToViewer(HWND frame, const std::string& file, const HelpPage& page) {
+static bool SendToViewer(HWND frame, const std::string& file, const HelpPage& page) {
     if (page.topic == nullptr) return WinHelpA(frame, file.c_str(), HELP_CONTENTS, 0);
     const std::string macro = std::string("JumpID(\"") + page.file + "\",\"" + page.topic + "\")";
     return WinHelpA(frame, file.c_str(), HELP_COMMAND, reinterpret_cast<ULONG_PTR>(macro.c_str()));
 }
 
-static bool IsShownInViewer(HWND frame, const HelpPage& page) {
+static bool ShowInViewer(HWND frame, const HelpPage& page) {
     const std::string file = ProgramFilePath(page.file);
     if (!IsThere(file)) return false;
     const std::string viewer = InstalledViewer();
     const HWND running = RunningViewer();
     if (viewer.empty() && running == nullptr) return false;
     const bool isOther = running != nullptr && !BelongsToFile(running, viewer);
-    if (page.topic != nullptr && IsWine() && !isOther) return IsTopicOpenedInWine(frame, viewer, file, page.topic);
-    return IsSentToViewer(frame, file, page);
+    if (page.topic != nullptr && IsWine() && !isOther) return OpenTopicInWine(frame, viewer, file, page.topic);
+    return SendToViewer(frame, file, page);
 }
 
 // ---- The browser ----------------------------------------------------------------------------------------------------
 
-static bool IsShownInBrowser(HWND frame, const HelpPage& page) {
+static bool ShowInBrowser(HWND frame, const HelpPage& page) {
     const std::string name = page.topic != nullptr ? page.topic : "index";
     const std::string path = ProgramFilePath("help\\" + name + ".html");
-    return IsThere(path) && IsOpened(frame, path, "");
+    return IsThere(path) && OpenWithShell(frame, path, "");
 }
 
 static void Open(HWND owner, const HelpPage& page) {
     const HWND frame = FrameOf(owner);
-    if (IsShownInViewer(frame, page) || IsShownInBrowser(frame, page)) return;
+    if (ShowInViewer(frame, page) || ShowInBrowser(frame, page)) return;
     const std::string text = std::string("The help file \"") + page.file + "\" cannot be found.";
     MessageBoxA(owner, text.c_str(), "Help", MB_OK | MB_ICONINFORMATION);
 }

@@ -1,5 +1,7 @@
 #include "win32/panes.h"
 
+#include <algorithm>
+
 #include "win32/screen.h"
 
 bool RegisterPaneClass(const char* name, WNDPROC procedure, int backgroundColor) {
@@ -31,4 +33,21 @@ void ShowPaneCaret(HWND pane, int lineHeight) {
     CreateCaret(pane, nullptr, Scaled(3), lineHeight);
     SetCaretPos(0, 0);
     ShowCaret(pane);
+}
+
+HDC CanvasFor(Canvas& canvas, HDC target, int width, int height) {
+    if (!canvas.dc) canvas.dc.reset(CreateCompatibleDC(target));
+    if (width > canvas.width || height > canvas.height) {  // grows only: a pane being resized asks often
+        if (canvas.bitmapBefore) SelectObject(canvas.dc.get(), canvas.bitmapBefore);
+        canvas.width = std::max(width, canvas.width);
+        canvas.height = std::max(height, canvas.height);
+        canvas.bitmap.reset(CreateCompatibleBitmap(target, canvas.width, canvas.height));
+        canvas.bitmapBefore = SelectObject(canvas.dc.get(), canvas.bitmap.get());
+    }
+    return canvas.dc.get();
+}
+
+void CopyCanvas(const Canvas& canvas, HDC target, const RECT& area) {
+    BitBlt(target, area.left, area.top, area.right - area.left, area.bottom - area.top, canvas.dc.get(), area.left,
+           area.top, SRCCOPY);
 }

@@ -7,8 +7,10 @@
 #include "win32/windows_api.h"
 
 struct MenuRow {
-    int command = 0;   // 0 without a text: a separator
-    std::string text;  // with "&" and "\t" as in a resource
+    int command = 0;  // 0 without a text: a separator
+    // With "&" and "\t" as in a resource. A text that ends in "\t" is shown with the key of its command, as KeyInMenu
+    // gives it.
+    std::string text;
     bool greyed = false;
     bool checked = false;
     bool startsColumn = false;
@@ -28,6 +30,9 @@ inline constexpr int kKeyMenuOffset = 1;  // pixels from the left and from the u
 
 // `count` rows from `first` on as the frame's own menu has them.
 std::vector<MenuRow> RowsOfFrameMenu(HWND frame, int first, int count);
+
+// The key that the frame's menu shows for `command`, "Ctrl+C"; empty where it shows none.
+std::string KeyInMenu(HWND frame, int command);
 
 // Is the item of `command` in the frame's menu greyed?
 bool IsGreyedInFrame(HWND frame, int command);

@@ -4,11 +4,11 @@
 #include <iterator>
 
 #include "app/frame_layout.h"
-#include "output/faces_win32.h"
 #include "resources/ids.h"
-#include "scripture/scripture_files.h"
+#include "scripture/scripture.h"
 #include "scripture/scripture_win32.h"
 #include "search/word_index.h"
+#include "typeset/faces_win32.h"
 #include "win32/panes.h"
 
 struct BareProgram {

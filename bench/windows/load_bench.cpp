@@ -3,7 +3,7 @@
 #include <cstdio>
 
 #include "bench/windows/contest.h"
-#include "scripture/scripture_files.h"
+#include "scripture/scripture.h"
 #include "scripture/scripture_win32.h"
 #include "search/word_index.h"
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "output/faces_win32.h"
+#include "typeset/faces_win32.h"
 
 using FaceFonts = std::array<OwnedFont, kFaceCount>;
 

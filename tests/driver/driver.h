@@ -16,20 +16,7 @@
 #include <windows.h>
 
 #include "tests/driver/picture.h"
-
-// ---- Where the tests run ------------------------------------------------------------------------------------------
-
-// Told by the environment of the test process (see tests/README.md); paths are Windows paths.
-struct TestSurroundings {
-    std::string program;     // VERSEWELL_PROGRAM: the program's file
-    std::string data;        // VERSEWELL_DATA: folder of the scripture files
-    std::string help;        // VERSEWELL_HELP: folder of the help as it lies beside the program
-    std::string pictures;    // VERSEWELL_PICTURES: folder for pictures, the current one when not given
-    std::string dater;       // VERSEWELL_AT_DATE: tests/at_date, which starts a program on another date
-    std::string pageReader;  // VERSEWELL_PAGE_TEXT: tests/page_text, which takes what a printer is given
-    std::string fullDisk;    // VERSEWELL_FULL_DISK: a file that can be opened and takes no byte
-};
-const TestSurroundings& Surroundings();
+#include "tests/driver/surroundings.h"
 
 // ---- Folders and files --------------------------------------------------------------------------------------------
 

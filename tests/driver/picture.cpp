@@ -8,7 +8,7 @@
 #include <string_view>
 #include <thread>
 
-#include "tests/driver/driver.h"
+#include "tests/driver/surroundings.h"
 
 // PNG (ISO/IEC 15948): a signature, then chunks of length, name, bytes and CRC. The pixels are one zlib stream (RFC
 // 1950) of rows, each behind a filter byte. Here the stream is made of stored blocks (RFC 1951, 3.2.4), so nothing need

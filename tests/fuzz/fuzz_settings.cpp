@@ -23,25 +23,30 @@ static bool IsVerse(int verse) {
     return verse >= 0 && verse < kVerseCount;
 }
 
-static void ExpectVerses(const SettingOwners& owners) {
-    Expect(IsVerse(owners.passage.TopVerse), "the passage begins with a verse");
-    Expect(IsVerse(owners.notes.currentVerse) && owners.notes.currentSet == 0, "the note is one of a set");
-    const SearchRange& range = owners.search.range;
+static void ExpectVerses(const Settings& settings) {
+    Expect(IsVerse(settings.ReadVerse), "the passage begins with a verse");
+    NoteSets notes;
+    notes.sets.resize(1);
+    SelectStoredNote(notes, settings.Note, settings.NoteVerse);
+    Expect(IsVerse(notes.currentVerse) && notes.currentSet == 0, "the note is one of a set");
+    const SearchRange& range = settings.searchRange;
     Expect(IsVerse(range.StartVerse) && IsVerse(range.EndVerse) && range.StartVerse <= range.EndVerse,
            "searches go from verse to verse");
-    for (const int verse : owners.bookmarks.verses) Expect(IsVerse(verse), "bookmarks are verses");
-    for (const FontChoice* font : {&owners.fonts.passage, &owners.fonts.verseList, &owners.fonts.notes})
+    for (const int verse : settings.bookmarks.verses) Expect(IsVerse(verse), "bookmarks are verses");
+    for (const FontChoice* font : {&settings.fonts.passage, &settings.fonts.verseList, &settings.fonts.notes})
         Expect(font->name.size() <= 31, "names of fonts are short");
 }
 
 // Searches for the last query, as the user may.
-static void Use(SettingOwners& owners) {
+static void Use(const Settings& settings) {
     for (int number = 0; number < kBookmarkCount; ++number)
-        BookmarkLabel(TheRealScripture().records, owners.bookmarks, number);
-    owners.search.searchText = owners.search.history[0].substr(0, kSearchTextLimit);
-    WordSearch(TheRealScripture(), TheRealWordIndex(), owners.search);
-    for (const int verse : owners.search.result.verses) Expect(IsVerse(verse), "a search finds verses");
-    const FrameLayout layout = LayOutFrame({800, 600, 28, 20}, owners.shown, false);
+        BookmarkLabel(TheRealScripture().records, settings.bookmarks, number);
+    HitCounters hits;
+    const Query query =
+        QueryOf(settings.searchHistory[0].substr(0, kSearchTextLimit), settings.searchOptions, QueryKind::kWords);
+    const SearchResult found = Search(TheRealScripture(), TheRealWordIndex(), query, settings.searchRange, hits);
+    for (const int verse : found.verses) Expect(IsVerse(verse), "a search finds verses");
+    const FrameLayout layout = LayOutFrame({800, 600, 28, 20}, settings.shown, false);
     for (const PanePlace* pane : {&layout.list, &layout.passage, &layout.notes})
         Expect(pane->place.width >= 0 && pane->place.height >= 0, "panes have a size");
 }
@@ -49,17 +54,11 @@ static void Use(SettingOwners& owners) {
 static void Run(const FuzzBytes& input) {
     FakeProfile profile = ProfileOf(input);
     const FramePlacement placement = LoadPlacement(DeviceOver(profile));
-    SettingOwners owners;
-    owners.notes.sets.resize(1);
-    LoadSettings(DeviceOver(profile), SettingsOf(owners), 0x800000);
-    ExpectVerses(owners);
-    Use(owners);
-    SaveSettings(DeviceOver(profile), SettingsOf(owners), &placement);
-    profile.writes.clear();
-    SettingOwners again;
-    again.notes.sets.resize(1);
-    LoadSettings(DeviceOver(profile), SettingsOf(again), 0x800000);
-    ExpectVerses(again);
+    const Settings settings = LoadSettings(DeviceOver(profile), 0x800000);
+    ExpectVerses(settings);
+    Use(settings);
+    SaveSettings(DeviceOver(profile), settings, &placement);
+    ExpectVerses(LoadSettings(DeviceOver(profile), 0x800000));
 }
 
 int main(int argc, char** argv) {

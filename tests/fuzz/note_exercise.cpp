@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "app/devotional.h"
+#include "app/navigation.h"
 #include "notes/cross_references.h"
-#include "notes/note_layout.h"
+#include "notes/note_places.h"
 #include "notes/note_recovery.h"
 #include "notes/note_saving.h"
 #include "tests/support/native_scripture.h"
@@ -29,8 +29,8 @@ static void ReadNotes(const NoteFiles& files, NoteSets& notes) {
 static void ReadEachDay(const NoteFiles& files, NoteSets& notes) {
     for (int month = 1; month <= 12; ++month) {
         for (int day = 1; day <= 31; ++day) {
-            for (const ReadingTime time : {ReadingTime::kMorning, ReadingTime::kEvening}) {
-                const int verse = VerseOfReading(notes, {month, day}, time);
+            for (const TimeOfDay time : {TimeOfDay::kMorning, TimeOfDay::kEvening}) {
+                const int verse = VerseOfDevotional(notes, {month, day}, time);
                 Expect(verse >= 0 && verse < kVerseCount, "a reading is the note of a verse");
                 if (day == 1) ReadNoteText(files, TheRealScripture().records, notes, verse);
             }
@@ -52,9 +52,9 @@ void ReadAsFound(FakeNoteFiles files) {
     ReadSets(DeviceOver(files), notes);
 }
 
-static NoteLayout LayoutOf(FakeNoteFiles& files, const std::string& name) {
-    NoteLayout layout;
-    AddToLayout(layout, files.contents[name]);
+static NotePlaces PlacesOf(FakeNoteFiles& files, const std::string& name) {
+    NotePlaces layout;
+    AddPlaces(layout, files.contents[name]);
     return layout;
 }
 
@@ -74,7 +74,7 @@ static void SaveInto(FakeNoteFiles& files, NoteSets& notes, int setNumber, int v
     NoteSet& set = notes.sets[static_cast<std::size_t>(setNumber)];
     const FuzzBytes before = files.contents[set.dataFileName];
     const NoteSet setBefore = set;
-    const bool wasWhole = IsWhole(LayoutOf(files, set.dataFileName));
+    const bool wasWhole = IsWhole(PlacesOf(files, set.dataFileName));
     SelectStoredNote(notes, setNumber, verse);
     const NoteSaveResult result = SaveNote(DeviceOver(files), voice, notes, "a new note", "2024-12-31");
     Expect(wasWhole == (result == NoteSaveResult::kSaved), "what is whole can be saved into, and nothing else");
@@ -83,7 +83,7 @@ static void SaveInto(FakeNoteFiles& files, NoteSets& notes, int setNumber, int v
         Expect(after == before, "what is not whole stays");
         return;
     }
-    Expect(FitsLayout(set.offsets, LayoutOf(files, set.dataFileName)), "the offsets fit the data file");
+    Expect(FitsPlaces(set.offsets, PlacesOf(files, set.dataFileName)), "the offsets fit the data file");
     Expect(files.contents[IndexFileName(set)] == IndexBytes(set.offsets), "the index file holds the offsets");
     Expect(IsAllButOne(before, setBefore, after, set, static_cast<std::size_t>(verse)), "no other note changes");
 }

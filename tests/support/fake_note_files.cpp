@@ -1,6 +1,7 @@
 #include "tests/support/fake_note_files.h"
 
 #include <algorithm>
+#include <new>
 
 #include "scripture/verse_records.h"
 
@@ -154,6 +155,7 @@ static void* CreateAnew(void* device, const std::string& name) {
 }
 
 static std::size_t ReadAt(void* device, void* file, std::uint64_t offset, std::span<unsigned char> bytes) {
+    if (!FilesOf(device).hasMemory) throw std::bad_alloc();
     return BytesAt(FilesOf(device).contents[NameOf(file)], offset, bytes);
 }
 

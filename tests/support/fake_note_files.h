@@ -19,6 +19,7 @@ struct FakeNoteFiles {
     std::set<std::string> unrenamable;
     bool knowsLinks = true;
     bool isFlushable = true;
+    bool hasMemory = true;    // false: reading an open file throws std::bad_alloc
     std::int64_t room = -1;   // bytes that can still be written before the disk is full; -1: all that come
     std::int64_t steps = -1;  // steps that can still be done before the program stops; -1: all
 

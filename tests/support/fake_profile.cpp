@@ -47,8 +47,3 @@ static void WriteText(void* device, const char* section, const char* key, const 
 ProfileFile DeviceOver(FakeProfile& profile) {
     return {&profile, ReadInteger, ReadText, WriteText};
 }
-
-Settings SettingsOf(SettingOwners& owners) {
-    return {owners.passage, owners.notes,     owners.BindNotes, owners.search, owners.format,
-            owners.shown,   owners.bookmarks, owners.reading,   owners.fonts};
-}

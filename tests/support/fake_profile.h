@@ -16,17 +16,3 @@ struct FakeProfile {
 
 // The device over `profile`, which must stay.
 ProfileFile DeviceOver(FakeProfile& profile);
-
-// All that settings live in.
-struct SettingOwners {
-    PassageView passage;
-    NoteSets notes;
-    int BindNotes = 1;
-    SearchState search;
-    FormatOptions format;
-    ShownPanes shown;
-    Bookmarks bookmarks;
-    ReadingOptions reading;
-    Fonts fonts;
-};
-Settings SettingsOf(SettingOwners& owners);

@@ -8,7 +8,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "scripture/scripture_files.h"
+#include "scripture/scripture.h"
 
 static bool MapOpened(int file, AccessPattern pattern, std::span<const unsigned char>& bytes) {
     struct stat facts = {};

@@ -32,6 +32,7 @@ struct ViewerMessage {
     WORD macroAt;
 };
 
+
 struct ListeningViewer {
     std::jthread thread;
     std::mutex mutex;

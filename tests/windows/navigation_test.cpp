@@ -15,6 +15,7 @@ struct Move {
     const char* to;
 };
 
+
 struct Moves {
     const char* name;
     int command;

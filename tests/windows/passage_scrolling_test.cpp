@@ -154,6 +154,7 @@ struct WheelSetting {
     }
 };
 
+
 struct Turn {
     UINT lines;  // that a notch is worth
     int notches;

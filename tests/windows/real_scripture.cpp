@@ -6,7 +6,7 @@
 #include <stdexcept>
 
 #include "scripture/reference_parser.h"
-#include "scripture/scripture_files.h"
+#include "scripture/scripture.h"
 #include "tests/driver/driver.h"
 
 static bool ReadDataFile(void*, const char* name, AccessPattern, std::span<const unsigned char>& bytes) {

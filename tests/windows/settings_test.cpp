@@ -230,6 +230,7 @@ struct OddSettings {
     const char* range;
 };
 
+
 struct OddNumbers : testing::TestWithParam<OddSettings> {};
 
 // Whatever stands in the file, the program reads, searches and writes.

@@ -246,6 +246,7 @@ struct OpeningState {
     bool isMinimized;
 };
 
+
 struct FrameOpening : testing::TestWithParam<OpeningState> {};
 
 TEST_P(FrameOpening, GoesByTheSettingsThenTheCommandLine) {

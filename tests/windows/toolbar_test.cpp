@@ -16,6 +16,7 @@
 
 enum class Begins { kSeparator, kGreyed, kEnabled, kPressed, kAsItsOwner };
 
+
 struct ToolbarRow {
     int command;
     int image;

@@ -1,0 +1,154 @@
+#include "app/frame_win32.h"
+
+#include "notes/note_editor_window.h"
+#include "notes/note_tabs_win32.h"
+#include "notes/notes_window.h"
+#include "pane/status_bar_win32.h"
+#include "passage/passage_window.h"
+#include "resources/ids.h"
+#include "verselist/verse_list_window.h"
+#include "win32/controls.h"
+#include "win32/panes.h"
+#include "win32/screen.h"
+
+Frame theFrame;
+
+// ---- Layout ---------------------------------------------------------------------------------------------------------
+
+static void Place(HWND window, const Area& place) {
+    SetWindowPos(window, nullptr, place.x, place.y, place.width, place.height, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+static void Show(HWND window, bool shown) {
+    ShowWindow(window, shown ? SW_SHOWNA : SW_HIDE);
+}
+
+// The room that a tab control of this size leaves for its pane.
+static Area DisplayRectangle(HWND tabs, const Area& place) {
+    RECT room{0, 0, place.width, place.height};
+    TabCtrl_AdjustRect(tabs, FALSE, &room);
+    const auto size = [](LONG from, LONG to) { return static_cast<int>(to > from ? to - from : 0); };
+    return {room.left, room.top, size(room.left, room.right), size(room.top, room.bottom)};
+}
+
+static void PlaceInTabs(HWND tabs, const PanePlace& pane, std::initializer_list<HWND> contents) {
+    if (pane.shown) {
+        Place(tabs, pane.place);
+        const Area room = DisplayRectangle(tabs, pane.place);
+        for (const HWND content : contents) Place(content, room);
+    }
+    Show(tabs, pane.shown);
+}
+
+static void PlaceNotes(const PanePlace& notes) {
+    PlaceInTabs(theNoteTabs.window, notes, {theNotes.window});
+    RECT client{};
+    GetClientRect(theNotes.window, &client);
+    Place(theNotes.view, {0, 0, client.right, client.bottom});
+    Show(theNotes.window, notes.shown);
+    Show(theNotes.view, notes.shown);
+}
+
+static_assert(static_cast<int>(StatusPart::kSearchRange) + 1 == kStatusPartCount);
+
+static void UpdateStatusParts() {
+    RECT client{};
+    GetClientRect(theFrame.statusBar, &client);
+    int edges[kStatusPartCount];
+    StatusPartEdges(client.right, edges);
+    SendMessageA(theFrame.statusBar, SB_SETPARTS, kStatusPartCount, reinterpret_cast<LPARAM>(edges));
+    SendCommand(theFrame.window, IDM_SHOW_RANGE);
+}
+
+static int HeightOf(HWND window) {
+    RECT place{};
+    GetWindowRect(window, &place);
+    return static_cast<int>(place.bottom - place.top);
+}
+
+void LayOut(WPARAM sizeType, int width, int height) {
+    for (const HWND bar : {theFrame.toolbar, theFrame.statusBar}) {
+        SendMessageA(bar, WM_SIZE, sizeType, MAKELPARAM(width, height));
+    }
+    Show(theFrame.toolbar, theFrame.shown.ToolBar != 0);
+    UpdateStatusParts();
+    const FrameSize size{width, height, HeightOf(theFrame.toolbar), HeightOf(theFrame.statusBar)};
+    const FrameLayout layout = LayOutFrame(size, theFrame.shown, IsEditingNote());
+    PlaceInTabs(theFrame.listTabs, layout.list, {theVerseList.window, theVerseList.references});
+    PlaceInTabs(theFrame.passageTabs, layout.passage, {thePassage.window});
+    PlaceNotes(layout.notes);
+    if (layout.editor.shown) Place(theNoteEditor.window, layout.editor.place);
+    Show(theNoteEditor.window, layout.editor.shown);
+}
+
+// A pane that was hidden with the focus in it would take the keys with it.
+static void KeepFocusShown() {
+    const HWND focus = GetFocus();
+    if (!focus || IsWindowVisible(focus)) return;
+    const HWND panes[] = {thePassage.window, theVerseList.window, theVerseList.references, theNotes.view,
+                          theNoteEditor.edit};
+    for (const HWND pane : panes) {
+        if (!IsWindowVisible(pane)) continue;
+        SetFocus(pane);
+        return;
+    }
+    SetFocus(theFrame.window);
+}
+
+void LayOut() {
+    RECT client{};
+    GetClientRect(theFrame.window, &client);
+    LayOut(SIZE_RESTORED, client.right, client.bottom);
+    if (IsWindowVisible(theFrame.window)) KeepFocusShown();
+}
+
+void RemoveDevotionalMenu() {
+    static constexpr UINT kDevotionalMenu = 6;  // position in the menu bar
+    // Not deleted: to destroy its 732 items one by one would be felt in the start, and they go with the program.
+    RemoveMenu(theFrame.menu, kDevotionalMenu, MF_BYPOSITION);
+    DrawMenuBar(theFrame.window);
+}
+
+void RefreshCommands() {
+    SendCommand(theFrame.window, IDM_REFRESH);
+}
+
+void RepaintNoteMarks() {
+    RedisplayVerseList();
+    RedisplayPassage();
+}
+
+// ---- Creation -------------------------------------------------------------------------------------------------------
+
+// The Reference List lies in the list tab control, which therefore gets its commands; none goes further.
+static LRESULT CALLBACK ListTabProcedure(HWND tabs, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_COMMAND) {
+        if (LOWORD(wParam) == IDC_REFERENCE_LIST && HIWORD(wParam) == LBN_DBLCLK) {
+            SendCommand(theFrame.window, IDM_CONTEXT);
+        }
+        return 0;
+    }
+    return CallWindowProcA(theFrame.listTabProcedure, tabs, message, wParam, lParam);
+}
+
+static HWND CreateTabs(HWND frame, int id, std::initializer_list<const char*> names) {
+    const HWND tabs =
+        CreateChild(frame, WC_TABCONTROLA, "", WS_VISIBLE | WS_CLIPCHILDREN | WS_CLIPSIBLINGS | TCS_MULTILINE, 0, id);
+    SendMessageA(tabs, WM_SETFONT, reinterpret_cast<WPARAM>(MessageFont()), FALSE);
+    for (const char* name : names) {
+        TCITEMA item{};
+        item.mask = TCIF_TEXT;
+        item.pszText = const_cast<char*>(name);
+        SendMessageA(tabs, TCM_INSERTITEMA, static_cast<WPARAM>(TabCtrl_GetItemCount(tabs)),
+                     reinterpret_cast<LPARAM>(&item));
+    }
+    return tabs;
+}
+
+void CreateBars(HWND frame) {
+    theFrame.statusBar = CreateChild(frame, STATUSCLASSNAMEA, "", WS_VISIBLE, 0, IDC_STATUS_BAR);
+    theFrame.listTabs = CreateTabs(frame, IDC_LIST_TABS, {"Verse List", "Reference List"});
+    theFrame.listTabProcedure = Subclass(theFrame.listTabs, ListTabProcedure);
+    theFrame.passageTabs = CreateTabs(frame, IDC_PASSAGE_TABS, {"Passage"});
+    theNoteTabs.window = CreateTabs(frame, IDC_NOTE_TABS, {});
+}

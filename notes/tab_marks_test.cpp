@@ -1,0 +1,59 @@
+#include "notes/note_sets.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/fake_note_files.h"
+
+TEST(TabMarkers, AreNewWhereAPaneHasMoved) {
+    static constexpr MarkedPlace kEmptyList{-1, kNoVerse, 5};
+    static constexpr struct {
+        MarkedPlace before, now;
+        bool isNew;
+    } kRows[] = {
+        {kEmptyList, kEmptyList, false},   {kEmptyList, {-1, kNoVerse, 6}, true}, {kEmptyList, {0, 100, 5}, true},
+        {{0, 100, 5}, kEmptyList, true},   {{0, 100, 5}, {0, 100, 5}, false},     {{0, 100, 5}, {1, 100, 5}, true},
+        {{0, 100, 5}, {0, 200, 5}, false},  // a new list at the position of the old one
+        {{0, 100, 5}, {0, 100, 4}, true},
+    };
+    for (const auto& row : kRows) {
+        EXPECT_EQ(NeedsNewMarks(row.before, row.now), row.isNew)
+            << row.before.listPosition << " to " << row.now.listPosition << ", " << row.now.passageVerse;
+    }
+    EXPECT_TRUE(NeedsNewMarks({}, kEmptyList));
+}
+
+TEST(TabMarkers, StandBeforeTheNameListFirst) {
+    FakeNoteFiles fakes;
+    AddFakeSet(fakes, "a.b", {{10, "for ten"}, {20, "for twenty"}, {kLastVerse, "for the last"}});
+    const NoteFiles files = DeviceOver(fakes);
+    NoteSets notes;
+    ASSERT_TRUE(FindNoteSets(files, notes));
+    static constexpr struct {
+        MarkedPlace place;
+        const char* label;
+    } kRows[] = {
+        {{-1, kNoVerse, 11}, "a.b"},
+        {{-1, kNoVerse, 10}, "\xBB a.b"},
+        {{0, 10, 11}, "\xAB a.b"},
+        {{0, 11, 10}, "\xBB a.b"},
+        {{3, 10, 20}, "\xAB \xBB a.b"},
+        {{0, 10, 10}, "\xAB \xBB a.b"},
+        {{0, kLastVerse, kLastVerse}, "\xAB \xBB a.b"},
+        {{-1, 10, 11}, "a.b"},  // nothing is current in an empty list
+    };
+    for (const auto& row : kRows) EXPECT_EQ(MarkedLabel(files, notes.sets[0], row.place), row.label);
+}
+
+// A file is opened for the last verse's note alone, whose length no index tells.
+TEST(TabMarkers, NeedNoFiles) {
+    FakeNoteFiles fakes;
+    AddFakeSet(fakes, "a", {{10, "for ten"}});
+    const NoteFiles files = DeviceOver(fakes);
+    NoteSets notes;
+    ASSERT_TRUE(FindNoteSets(files, notes));
+    fakes.log.clear();
+    MarkedLabel(files, notes.sets[0], {0, kLastVerse - 1, 10});
+    EXPECT_TRUE(fakes.log.empty());
+    MarkedLabel(files, notes.sets[0], {0, 10, kLastVerse});
+    EXPECT_EQ(fakes.log, std::vector<std::string>{"size a.nmd"});
+}

@@ -1,0 +1,240 @@
+#include "pane/reading_pane_win32.h"
+
+#include <cstdlib>
+#include <optional>
+
+#include "resources/ids.h"
+#include "win32/controls.h"
+#include "win32/popup_menu.h"
+#include "win32/screen.h"
+
+ReadingOptions theReading;
+
+RECT ClientAreaOf(const ReadingPane& pane) {
+    RECT client{};
+    GetClientRect(pane.window, &client);
+    return client;
+}
+
+void RedisplayPane(const ReadingPane& pane) {
+    InvalidateRect(pane.window, nullptr, FALSE);
+}
+
+static void RefreshFrame(const ReadingPane& pane) {
+    SendCommand(FrameOf(pane.window), IDM_REFRESH);
+}
+
+// ---- Painting -------------------------------------------------------------------------------------------------------
+
+static TextColor ColorOf(SelectionOwnerId owner, const OrderedSelection& selection, const FlowBox& box) {
+    if (theSelection.SelectionOwner == owner && IsSelected(selection, box.point)) return TextColor::kSelected;
+    return box.keyWord ? TextColor::kKeyWord : TextColor::kNormal;
+}
+
+FlowVisitor RunsVisitor(ReadingPane& pane, SelectionOwnerId owner) {
+    return [&pane, owner, selection = Ordered(theSelection)](const FlowBox& box) {
+        AddText(pane.runs, pane.faces, box.face, ColorOf(owner, selection, box), box.x, box.y, box.width, box.text);
+        return true;
+    };
+}
+
+static void PaintText(const PaneKind& kind, const PAINTSTRUCT& paint, const RECT& client) {
+    ReadingPane& pane = kind.pane;
+    kind.layOut(client);
+    const HDC canvas = CanvasFor(pane.canvas, paint.hdc, client.right, client.bottom);
+    DrawRuns(canvas, pane.faces, pane.runs, client, theReading.KeyHighlightColor);
+    CopyCanvas(pane.canvas, paint.hdc, paint.rcPaint);
+}
+
+static void OnPaint(const PaneKind& kind) {
+    PAINTSTRUCT paint;
+    BeginPaint(kind.pane.window, &paint);
+    const RECT client = ClientAreaOf(kind.pane);
+    if (kind.hasText() && !IsRectEmpty(&client)) {
+        PaintText(kind, paint, client);
+    } else {
+        FillRect(paint.hdc, &paint.rcPaint, GetSysColorBrush(COLOR_WINDOW));
+    }
+    EndPaint(kind.pane.window, &paint);
+    SendCommand(FrameOf(kind.pane.window), IDM_MARK_NOTE_SETS);
+}
+
+// ---- Scrolling ------------------------------------------------------------------------------------------------------
+
+void MoveScrollBox(const ReadingPane& pane, int top) {
+    if (GetScrollPos(pane.window, SB_VERT) != top) SetScrollPos(pane.window, SB_VERT, top, TRUE);
+}
+
+void ScrollPane(const PaneKind& kind, ScrollCode code, int thumb) {
+    if (!kind.hasText()) return;
+    const int top = kind.scrolledTop(code, thumb);
+    if (top == kind.top()) return;
+    kind.setTop(top);
+    UpdateWindow(kind.pane.window);  // the next step depends on the items that this one shows
+}
+
+static std::optional<ScrollCode> ScrollOfBar(UINT code) {
+    switch (code) {
+        case SB_LINEUP: return ScrollCode::kLineUp;
+        case SB_LINEDOWN: return ScrollCode::kLineDown;
+        case SB_PAGEUP: return ScrollCode::kPageUp;
+        case SB_PAGEDOWN: return ScrollCode::kPageDown;
+        case SB_THUMBPOSITION:
+        case SB_THUMBTRACK: return ScrollCode::kThumb;
+    }
+    return std::nullopt;
+}
+
+static std::optional<ScrollCode> ScrollOfKey(UINT key) {
+    switch (key) {
+        case VK_UP: return ScrollCode::kLineUp;
+        case VK_DOWN: return ScrollCode::kLineDown;
+        case VK_PRIOR: return ScrollCode::kPageUp;
+        case VK_NEXT: return ScrollCode::kPageDown;
+    }
+    return std::nullopt;
+}
+
+static void OnVScroll(const PaneKind& kind, UINT code, int thumb) {
+    if (const auto scroll = ScrollOfBar(code)) ScrollPane(kind, *scroll, thumb);
+}
+
+static void OnKeyDown(const PaneKind& kind, UINT key) {
+    if (const auto scroll = ScrollOfKey(key)) return ScrollPane(kind, *scroll, 0);
+    kind.onKey(kind, key);
+}
+
+// By the lines or pages that the user wants for a notch of the wheel.
+static void OnMouseWheel(const PaneKind& kind, int delta) {
+    const int lines = WheelLines();
+    int& rest = kind.pane.wheelRest;
+    if (lines != kPageANotch) {
+        return ScrollPane(kind, ScrollCode::kThumb, kind.top() - WheelSteps(delta, lines, rest));
+    }
+    const int pages = WheelSteps(delta, 1, rest);
+    const ScrollCode page = pages > 0 ? ScrollCode::kPageUp : ScrollCode::kPageDown;
+    for (int turn = std::abs(pages); turn > 0; --turn) ScrollPane(kind, page, 0);
+}
+
+// ---- Focus ----------------------------------------------------------------------------------------------------------
+
+// Measured here, since the focus may come before the first paint.
+static int LineHeightOf(ReadingPane& pane) {
+    const TextMeasure measure = MeasureOf(pane.faces);
+    return HasFaces(pane.faces) ? measure.lineHeight(measure.device) : 0;
+}
+
+// The selection of another pane goes, with the commands that depend on it.
+static void OnSetFocus(const PaneKind& kind, HWND before) {
+    const int ownerBefore = theSelection.SelectionOwner;
+    if (ownerBefore != kind.selected.owner && ownerBefore != kNobody) {
+        DropSelection();
+        if (before) InvalidateRect(before, nullptr, FALSE);
+    }
+    RefreshFrame(kind.pane);
+    ShowPaneCaret(kind.pane.window, LineHeightOf(kind.pane));
+}
+
+static void ReleaseMouse(const ReadingPane& pane) {
+    theSelection.dragging = false;
+    if (GetCapture() == pane.window) ReleaseCapture();
+}
+
+static void OnKillFocus(const ReadingPane& pane) {
+    DestroyCaret();
+    ReleaseMouse(pane);
+    DropSelection();
+    RefreshFrame(pane);
+    RedisplayPane(pane);
+}
+
+static void FocusPane(const ReadingPane& pane) {
+    if (GetFocus() != pane.window) SetFocus(pane.window);
+}
+
+// ---- The mouse ------------------------------------------------------------------------------------------------------
+
+static SelectionPoint PointAt(const PaneKind& kind, int x, int y) {
+    return kind.hasText() ? kind.pointAt(x, y) : SelectionPoint{};
+}
+
+// A press in a pane with the focus begins a selection; in another one it only gives it the focus. Where no word is, it
+// ends the pane's selection.
+static void OnLButtonDown(const PaneKind& kind, int x, int y) {
+    const ReadingPane& pane = kind.pane;
+    if (GetFocus() != pane.window) return FocusPane(pane);
+    const SelectionPoint point = PointAt(kind, x, y);
+    const bool isWord = point != SelectionPoint{};
+    if (!isWord && theSelection.SelectionOwner != kind.selected.owner) return;
+    theSelection = {isWord ? kind.selected.owner : kNobody, point, point, isWord};
+    if (isWord && GetCapture() != pane.window) SetCapture(pane.window);
+    RefreshFrame(pane);
+    RedisplayPane(pane);
+}
+
+static int StepAtEdge(const ReadingPane& pane, int y) {
+    const int edge = Scaled(6);
+    return y < edge ? -1 : y > ClientAreaOf(pane).bottom - edge ? 1 : 0;
+}
+
+// Each move near the upper or lower edge moves the text by an item.
+static void StepTop(const PaneKind& kind, int by) {
+    const int top = kind.clampItem(kind.top() + by);
+    if (top != kind.top()) kind.setTop(top);
+}
+
+// Where no word is, the selection stays as it is. Only what changes is painted.
+static void OnMouseMove(const PaneKind& kind, int x, int y, UINT keys) {
+    const bool drags = theSelection.dragging && theSelection.SelectionOwner == kind.selected.owner;
+    if (!(keys & MK_LBUTTON) || !drags) return;
+    const int by = StepAtEdge(kind.pane, y);
+    if (by != 0) StepTop(kind, by);
+    const SelectionPoint point = PointAt(kind, x, y);
+    if (point == SelectionPoint{} || point == theSelection.end) return;
+    theSelection.end = point;
+    RedisplayPane(kind.pane);
+}
+
+static void OpenMenu(const PaneKind& kind, int x, int y) {
+    kind.openMenu(FromCornerOf(kind.pane.window, x, y));
+}
+
+static void OnRButtonUp(const PaneKind& kind, int x, int y) {
+    FocusPane(kind.pane);
+    OpenMenu(kind, x, y);
+}
+
+// ---- Messages -------------------------------------------------------------------------------------------------------
+
+static void OnCreate(const PaneKind& kind, HWND window) {
+    kind.pane.window = window;
+    kind.onCreate(window);
+}
+
+static void OnCommand(const PaneKind& kind, int command) {
+    if (!RunSelectionCommand(kind.pane.window, kind.selected, command)) kind.onCommand(command);
+}
+
+LRESULT ReadingPaneProcedure(const PaneKind& kind, HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    const int x = GET_X_LPARAM(lParam), y = GET_Y_LPARAM(lParam);
+    switch (message) {
+        case WM_CREATE: return OnCreate(kind, window), 0;
+        case WM_SETFOCUS: return OnSetFocus(kind, reinterpret_cast<HWND>(wParam)), 0;
+        case WM_KILLFOCUS: return OnKillFocus(kind.pane), 0;
+        case WM_PAINT: return OnPaint(kind), 0;
+        case WM_ERASEBKGND: return TRUE;  // the paint covers all of the pane
+        case WM_KEYDOWN: return OnKeyDown(kind, static_cast<UINT>(wParam)), 0;
+        case WM_VSCROLL: return OnVScroll(kind, LOWORD(wParam), static_cast<short>(HIWORD(wParam))), 0;
+        case WM_MOUSEWHEEL: return OnMouseWheel(kind, GET_WHEEL_DELTA_WPARAM(wParam)), 0;
+        case WM_LBUTTONDOWN: return OnLButtonDown(kind, x, y), 0;
+        case WM_MOUSEMOVE: return OnMouseMove(kind, x, y, static_cast<UINT>(wParam)), 0;
+        case WM_LBUTTONUP:
+        case WM_CAPTURECHANGED: return ReleaseMouse(kind.pane), 0;
+        case WM_RBUTTONUP: return OnRButtonUp(kind, x, y), 0;
+        case WM_COMMAND: return OnCommand(kind, LOWORD(wParam)), 0;
+        case WM_CONTEXTMENU:
+            if (!IsMenuByKey(LOWORD(lParam), HIWORD(lParam))) break;
+            return OpenMenu(kind, kKeyMenuOffset, kKeyMenuOffset), 0;
+    }
+    return DefWindowProcA(window, message, wParam, lParam);
+}

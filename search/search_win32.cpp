@@ -1,4 +1,0 @@
-#include "search/search_win32.h"
-
-WordIndex theWordIndex;
-SearchState theSearch;
