@@ -1,5 +1,5 @@
-// How long searches of the real text take, beside floors and beside SQLite, all in one run. A table of ratios follows
-// the figures.
+// Benchmarks searches of the real text against floors and against SQLite, all in the same run. Prints the times, then a
+// table of ratios.
 #include <benchmark/benchmark.h>
 
 #include <cstdio>
@@ -70,7 +70,7 @@ static void RegisterFloors(const Query& query, std::vector<std::uint16_t>& count
 }
 
 static void RegisterFullText(const Query& query, sqlite3* table) {
-    if (query.kind == Kind::kSubstring) return;  // its tables find no parts of words
+    if (query.kind == Kind::kSubstring) return;  // its tables do not support substrings
     const std::string match = "\"" + std::string(query.text) + "\"";
     Register(Name("SQLite", query), [match, table] { return FetchHighlighted(table, match); });
 }
