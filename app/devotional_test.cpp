@@ -7,7 +7,7 @@
 struct ReadingRow {
     Date date;
     ReadingTime reading;
-    std::size_t entry;  // of the table: eight bytes a day, four a reading, 31 days a month
+    std::size_t entry;  // of the table: eight bytes per day, four per reading, 31 days per month
 };
 
 static constexpr ReadingRow kReadings[] = {
@@ -18,7 +18,7 @@ static constexpr ReadingRow kReadings[] = {
     {{12, 31}, ReadingTime::kEvening, 743},
 };
 
-TEST(Devotional, FindsEachReadingInItsSlot) {
+TEST(Devotional, ReadsEachReadingFromItsSlot) {
     for (const auto& [date, reading, entry] : kReadings) {
         NoteSets notes;
         notes.devotionalTable[entry] = 777;
@@ -26,7 +26,7 @@ TEST(Devotional, FindsEachReadingInItsSlot) {
     }
 }
 
-TEST(Devotional, OpensTheFirstVerseForAnEmptyEntryAndTheLastForOneBeyondIt) {
+TEST(Devotional, ClampsEntriesToTheBible) {
     NoteSets notes;
     notes.devotionalTable[1] = 31102;
     notes.devotionalTable[2] = 0xFFFFFFFF;

@@ -4,7 +4,7 @@
 
 #include "tests/support/fake_profile.h"
 
-// Two note sets, and all else wrong on purpose: a load must set it.
+// Two note sets, and deliberately wrong values in all other fields, which loading must replace.
 static SettingOwners MakeOwners() {
     SettingOwners owners;
     owners.passage.TopVerse = 9;
@@ -89,7 +89,7 @@ static const std::vector<std::string> kWrittenByDefault = {
     "MISC/BindNotes=1",
 };
 
-TEST(Settings, HaveTheirDefaultsWithoutAFile) {
+TEST(Settings, HaveDefaultsWithoutAFile) {
     FakeProfile profile;
     SettingOwners owners = Loaded(profile);
     Save(profile, owners, nullptr);
@@ -107,7 +107,7 @@ TEST(Settings, AreWrittenInOrderWithThePlacementLast) {
     EXPECT_EQ(profile.writes, expected);
 }
 
-TEST(Settings, AreReadBySections) {
+TEST(Settings, AreReadSectionBySection) {
     FakeProfile profile;
     Loaded(profile);
     std::vector<std::string> sections;
@@ -121,7 +121,7 @@ TEST(Settings, AreReadBySections) {
     EXPECT_EQ(profile.reads.size(), kWrittenByDefault.size());
 }
 
-TEST(Settings, ReadThePlacementAlone) {
+TEST(Settings, PlacementIsReadSeparately) {
     FakeProfile profile;
     const FramePlacement missing = LoadPlacement(DeviceOver(profile));
     for (const int value : {missing.XPos, missing.YPos, missing.Width, missing.Height})
@@ -138,8 +138,8 @@ TEST(Settings, ReadThePlacementAlone) {
     EXPECT_EQ(stored.Maxed, 3);
 }
 
-// Each key has a value of its own, so that a key tied to another's field shows.
-TEST(Settings, ComeBackAsTheyWereWritten) {
+// Each key has a different value, so that a key connected to the wrong field is detected.
+TEST(Settings, RoundTripEverySetting) {
     FakeProfile profile;
     int number = 1;
     for (const std::string& line : kWrittenByDefault) {
@@ -164,13 +164,13 @@ TEST(Settings, ComeBackAsTheyWereWritten) {
     EXPECT_EQ(owners.notes.currentVerse, 51);
 }
 
-TEST(Settings, GoThroughOneRunAs) {
+TEST(Settings, AreNormalizedWhenLoadedAndSaved) {
     static const struct {
         const char* path;
         std::string stored;
         std::string written;
     } kRows[] = {
-        // Eight-bit values are signed when they are written.
+        // 8-bit values are written as signed numbers.
         {"FORMAT/FirstVerseStyle", "200", "-56"},
         {"FORMAT/FirstVerseStyle", "-56", "-56"},
         {"FORMAT/SubsequentVerseStyle", "127", "127"},
@@ -179,16 +179,16 @@ TEST(Settings, GoThroughOneRunAs) {
         {"OPTIONS/Paragraph Format", "256", "0"},
         {"OPTIONS/Italics", "255", "-1"},
         {"OPTIONS/Italics", "7", "7"},
-        // Flags come as they stand.
+        // Flags are not changed.
         {"FORMAT/LineBreaks", "-300", "-300"},
         {"VIEW/ToolBar", "2147483647", "2147483647"},
         {"SEARCH/BooleanType", "99", "99"},
         {"SEARCH/BooleanType", "-1", "-1"},
-        {"SEARCH/Proximity", "12", "12"},  // no search uses it
+        {"SEARCH/Proximity", "12", "12"},  // not used by any search
         {"MISC/BindNotes", "0", "0"},
         {"MISC/BindNotes", "yes", "0"},
         {"MISC/BindNotes", "  5 panes", "5"},
-        // Verses and sets that there are not.
+        // Verses and sets out of range.
         {"MISC/ReadVerse", "31101", "31101"},
         {"MISC/ReadVerse", "31102", "0"},
         {"MISC/ReadVerse", "-1", "0"},
@@ -233,13 +233,13 @@ TEST(Settings, GoThroughOneRunAs) {
     }
 }
 
-TEST(Settings, KeepANegativeFontHeightForTheRun) {
+TEST(Settings, KeepANegativeFontHeightInMemory) {
     FakeProfile profile;
     profile.values["OPTIONS/ReadWindowFontHeight"] = "-20";
     EXPECT_EQ(Loaded(profile).fonts.passage.height, -20);
 }
 
-TEST(Settings, SearchTheWholeBibleWhereTheRangeIsNone) {
+TEST(Settings, InvalidSearchRangeBecomesTheWholeBible) {
     static constexpr struct {
         const char* start;
         const char* end;

@@ -138,7 +138,7 @@ TEST(Days, BecomeReadingsOnTheirVerses) {
     EXPECT_EQ(SlotOf(imported, 1, 1, true), 17541);
     EXPECT_EQ(SlotOf(imported, 1, 2, false), 17541);
     EXPECT_EQ(SlotOf(imported, 1, 2, true), 17541);
-    EXPECT_EQ(SlotOf(imported, 2, 29, true), 17541) << "the day before it has";
+    EXPECT_EQ(SlotOf(imported, 2, 29, true), 17541) << "like the day before";
     EXPECT_EQ(SlotOf(imported, 12, 30, true), 17541);
     EXPECT_EQ(SlotOf(imported, 12, 31, true), VerseOf("Ps 1:1"));
     EXPECT_EQ(imported.readingsOnPsalms, 1);

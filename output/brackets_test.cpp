@@ -7,7 +7,7 @@ struct BracketRow {
     const char* after;
 };
 
-TEST(Brackets, AreTakenOutWhereverTheyStand) {
+TEST(Brackets, AreAllRemoved) {
     static constexpr BracketRow kRows[] = {
         {"", ""},         {"no word", "no word"}, {"[it was] good", "it was good"},
         {"[[a]", "a"},    {"a] [b", "a b"},       {"[]", ""},

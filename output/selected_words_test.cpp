@@ -12,7 +12,7 @@ struct WordsRow {
     bool ended;
 };
 
-TEST(AppendWords, CountsWordsAsThePanesDo) {
+TEST(AppendWords, CountsWordsLikeThePanes) {
     static constexpr WordsRow kRows[] = {
         {"One two three.", true, {0, kAll}, "One two three. ", true},
         {"One two three.", true, {1, 3}, "One two three. ", true},
@@ -35,7 +35,7 @@ TEST(AppendWords, CountsWordsAsThePanesDo) {
     }
 }
 
-TEST(SelectedWords, AreWholeVersesBetweenTheEnds) {
+TEST(SelectedWords, AreWholeVersesBetweenFirstAndLast) {
     struct Row {
         SelectionPoint start, end;
         int place, first;
@@ -64,20 +64,20 @@ struct SearchTextRow {
     std::string text;
 };
 
-TEST(SearchText, KeepsBlanksAndLettersOfTheFirstCharacters) {
+TEST(SearchText, KeepsOnlyBlanksAndLetters) {
     const auto letters = [](std::size_t count) { return std::string(count, 'a'); };
     const SearchTextRow rows[] = {
         {"", kWordSearchScan, ""},
         {"In the beginning ", kWordSearchScan, "In the beginning "},
         {" Ge 1:2 And [it was] so: God's. \r\n 3 Amen ", kWordSearchScan, " Ge  And it was so Gods   Amen "},
-        {"\r\n\r\nGenesis chapter 2\r\n", kWordSearchScan, "Genesis chapter "},  // the heading's letters are there too
+        {"\r\n\r\nGenesis chapter 2\r\n", kWordSearchScan, "Genesis chapter "},  // headings are included
         {"\xB6 Thus \xC4 @[`{ aZ", kWordSearchScan, " Thus   aZ"},
         {letters(199), kWordSearchScan, letters(199)},
         {letters(200), kWordSearchScan, letters(199)},
         {letters(5000), kWordSearchScan, letters(199)},
         {letters(148), kNoteSearchScan, letters(148)},
         {letters(150), kNoteSearchScan, letters(149)},
-        {"1:1" + letters(300), kWordSearchScan, letters(197)},  // what is dropped has been looked at
+        {"1:1" + letters(300), kWordSearchScan, letters(197)},  // removed characters count as scanned
         {"1:1" + letters(300), kNoteSearchScan, letters(146)},
         {std::string(200, ' '), kWordSearchScan, std::string(199, ' ')},
     };
