@@ -309,7 +309,7 @@ TEST_F(PassageFlowTest, LastVisibleVerseHasABoxInThePane) {
         int height, last;
     };
     const Row rows[] = {
-        {0, 0},   {1, 0},   {20, 0},  {40, 0},  // the next label would stand at 40
+        {0, 0},   {1, 0},   {20, 0},  {40, 0},  // the next label would be at 40
         {41, 1},  {80, 1},                      //
         {120, 1},                               // the heading is visible, its label is not
         {121, 2}, {160, 2}, {161, 3}, {240, 3}, {241, 4}, {1000, 4},

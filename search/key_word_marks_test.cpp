@@ -63,7 +63,7 @@ TEST(MarkKeyWords, MarksWholeWords) {
         // A word that is typed twice is marked twice.
         {"end end", kPlain, "the end", "the {{end}}", 2},
         {"end the end", kPlain, "the end", "{the} {{end}}", 3},
-        // Earlier marks stand between the letters for later words.
+        // Marks of earlier words separate the letters that later words must match.
         {"lord lord's", kPlain, "LORD's", "{LORD}'s", 1},
         {"lord's lord", kPlain, "LORD's", "{{LORD}'s}", 2},
         {"x 's", kPlain, "x's", "{x}{'s}", 2},
@@ -99,7 +99,7 @@ TEST(MarkKeyWords, MarksSubstrings) {
         {"aa", kParts, "aaa aaaa", "{aa}a {aa}{aa}", 3},
         {"ana", kParts, "banana", "b{ana}na", 1},
         {"aa aa", kParts, "aaa", "{{aa}}a", 2},
-        // Earlier marks stand between the letters for later words.
+        // Marks of earlier words separate the letters that later words must match.
         {"e the", kParts, "the", "th{e}", 1},
         {"the e", kParts, "the", "{th{e}}", 2},
         {"ab bc", kParts, "abc", "{ab}c", 1},

@@ -177,7 +177,7 @@ void Click(const Program& program, HWND window, POINT point, MouseButton button 
 void Click(const Program& program, HWND window);  // in its middle
 void DoubleClick(const Program& program, HWND window, POINT point);
 void Drag(const Program& program, HWND window, POINT from, POINT to);
-// Parts of a drag; the point may lie outside the window.
+// Parts of a drag; the point may be outside the window.
 void HoldMouse(const Program& program, HWND window, POINT point);  // moves there and presses the left button
 void MoveMouse(const Program& program, HWND window, POINT point);
 void LetMouseGo(const Program& program);

@@ -14,7 +14,7 @@
 
 using testing::ElementsAre;
 
-static void Gone(const Program& program, HWND window) {
+static void WaitUntilGone(const Program& program, HWND window) {
     WaitUntil(program, "a dialog to be closed", [&] { return !IsWindow(window); });
     Settle(program);
 }
@@ -117,7 +117,7 @@ TEST(SaveRange, HandlesAColonInTheSuggestedName) {
     const HWND box = ActiveWindowOf(program);
     ASSERT_NE(box, dialog);
     Press(program, "Enter");
-    Gone(program, box);
+    WaitUntilGone(program, box);
     EXPECT_TRUE(IsWindow(dialog));
     GivePath(program, "Jude.txt");
     WaitForNoDialog(program);
@@ -147,7 +147,7 @@ TEST(SaveRange, AsksBeforeOverwriting) {
     const HWND question = ActiveWindowOf(program);
     ASSERT_NE(question, dialog);
     Press(program, "Alt+n");
-    Gone(program, question);
+    WaitUntilGone(program, question);
     EXPECT_TRUE(IsWindow(dialog));
     EXPECT_EQ(ReadFile(program.folder, "old.txt"), std::string(5000, 'x'));
     Press(program, "Enter");
