@@ -16,11 +16,11 @@ unsigned FactsOf(const State& state, bool passageFocused = false, bool bound = f
         FactSources{state.list, state.selection, state.reading, state.shown, passageFocused, bound, editing});
 }
 
-TEST(CommandFacts, OfAFreshProgram) {
+TEST(CommandFacts, HaveTheirValuesAtTheStart) {
     EXPECT_EQ(FactsOf(State{}), kNotEditing | kItalicShown | kListShown | kPassageShown | kNotesShown | kToolbarShown);
 }
 
-TEST(CommandFacts, FollowEachSource) {
+TEST(CommandFacts, DependOnEachSource) {
     State state;
     FillVerseList(state.list, {3});
     state.selection.SelectionOwner = kPassageOwns;
@@ -31,7 +31,7 @@ TEST(CommandFacts, FollowEachSource) {
                                                     kBracketsShown | kNotesBound | kListCanBeSaved);
 }
 
-TEST(CommandFacts, OnlyTheNoteEditorCutsAndPastes) {
+TEST(CommandFacts, CutAndPasteNeedTheNoteEditor) {
     State state;
     for (const int owner : {kNobody, kVerseListOwns, kPassageOwns, kNoteViewOwns, kNoteEditorOwns}) {
         state.selection.SelectionOwner = owner;
@@ -43,8 +43,8 @@ TEST(CommandFacts, OnlyTheNoteEditorCutsAndPastes) {
     EXPECT_TRUE(FactsOf(sources) & kCanPaste);
 }
 
-// To follow a cross-reference line neither enables Save Verse List nor greys it.
-TEST(CommandFacts, ListsOfReferencesAreSavedAsTheListBeforeThem) {
+// Deliberate: opening a cross-reference line does not change whether Save Verse List is enabled.
+TEST(CommandFacts, ListOfReferencesKeepsTheStateOfSave) {
     constexpr unsigned kOfList = kListHasVerses | kListCanBeSaved;
     State state;
     FillWithReferences(state.list, {3, 1});
@@ -62,7 +62,7 @@ TEST(CommandFacts, ListsOfReferencesAreSavedAsTheListBeforeThem) {
     EXPECT_EQ(FactsOf(state) & kOfList, 0u);
 }
 
-TEST(CommandFacts, ExactlyOneItalicsModeHoldsWhateverIsStored) {
+TEST(CommandFacts, ExactlyOneItalicsModeIsShownForAnyStoredValue) {
     constexpr unsigned kModes = kItalicShown | kBracketsShown | kNormalShown;
     for (const int stored : {-128, -1, 0, 1, 2, 3, 127}) {
         State state;
@@ -72,7 +72,7 @@ TEST(CommandFacts, ExactlyOneItalicsModeHoldsWhateverIsStored) {
     }
 }
 
-TEST(CommandFacts, NeedsAreAllAskedFor) {
+TEST(CommandFacts, HasFactsRequiresAllNeeds) {
     EXPECT_TRUE(HasFacts(0, kAlways));
     EXPECT_TRUE(HasFacts(kListHasVerses | kNotEditing, kListHasVerses));
     EXPECT_FALSE(HasFacts(kListHasVerses, kListHasVerses | kNotEditing));

@@ -10,8 +10,9 @@ static Area PlaceOf(const PanePlace& pane) {
     return pane.shown ? pane.place : kHidden;
 }
 
-TEST(LayOutFrame, SharesTheRoomAmongThePanesShown) {
-    // 800 x 600 with a toolbar of 26 and a status bar of 22: 550 pixels from y 28 on, 302 of them above the notes.
+TEST(LayOutFrame, DividesTheFrameAmongTheShownPanes) {
+    // 800 x 600 with a toolbar of 26 and a status bar of 22 leaves 550 pixels from y = 28, of which 302 are above the
+    // notes.
     static constexpr FrameSize kSize{800, 600, 26, 22};
     static constexpr struct {
         ShownPanes shown;
@@ -25,10 +26,13 @@ TEST(LayOutFrame, SharesTheRoomAmongThePanesShown) {
         {{0, 1, 0, 1}, kHidden, {0, 28, 800, 550}, kHidden},
         {{1, 0, 0, 1}, {0, 28, 800, 550}, kHidden, kHidden},
         {{0, 0, 0, 1}, kHidden, kHidden, kHidden},
-        // Without the toolbar the panes begin at 0, with no gap: 578 pixels, 317 above the notes.
+        // Without the toolbar the panes begin at 0: 578 pixels, of which 317 are above the notes.
         {{1, 1, 1, 0}, {0, 0, 400, 317}, {400, 0, 400, 317}, {0, 317, 800, 261}},
         {{0, 0, 1, 0}, kHidden, kHidden, {0, 0, 800, 578}},
-        {{-1, 2, 256, -7}, {0, 28, 400, 302}, {400, 28, 400, 302}, {0, 330, 800, 248}},  // any but 0 shows
+        {{-1, 2, 256, -7},
+         {0, 28, 400, 302},
+         {400, 28, 400, 302},
+         {0, 330, 800, 248}},  // any nonzero value shows a pane
     };
     for (const auto& row : kRows) {
         SCOPED_TRACE(testing::Message() << row.shown.VerseListWindow << row.shown.ReadWindow << row.shown.NotesWindow
@@ -38,7 +42,7 @@ TEST(LayOutFrame, SharesTheRoomAmongThePanesShown) {
         EXPECT_EQ(PlaceOf(layout.passage), row.passage);
         EXPECT_EQ(PlaceOf(layout.notes), row.notes);
         EXPECT_FALSE(layout.editor.shown);
-        // The editor stands where the notes would, and nowhere while they are hidden.
+        // The editor takes the place of the notes, and is hidden with them.
         const FrameLayout editing = LayOutFrame(kSize, row.shown, true);
         EXPECT_EQ(PlaceOf(editing.list), row.list);
         EXPECT_EQ(PlaceOf(editing.passage), row.passage);
@@ -47,14 +51,14 @@ TEST(LayOutFrame, SharesTheRoomAmongThePanesShown) {
     }
 }
 
-TEST(LayOutFrame, CutsHalvesAndLeavesNoGap) {
+TEST(LayOutFrame, RoundsDownWithoutGaps) {
     const FrameLayout layout = LayOutFrame({801, 603, 26, 22}, {}, false);
     EXPECT_EQ(layout.list.place, (Area{0, 28, 400, 304}));
     EXPECT_EQ(layout.passage.place, (Area{400, 28, 401, 304}));
     EXPECT_EQ(layout.notes.place, (Area{0, 332, 801, 249}));
 }
 
-TEST(LayOutFrame, IsNeverNegative) {
+TEST(LayOutFrame, NeverGivesNegativeSizes) {
     static constexpr FrameSize kSizes[] = {{0, 0, 26, 22},    {0, 0, 0, 0},     {1, 1, 26, 22},     {100, 50, 26, 22},
                                            {100, 51, 26, 22}, {-5, -5, 26, 22}, {32767, 49, 26, 22}};
     for (const FrameSize& size : kSizes) {
@@ -71,7 +75,7 @@ TEST(LayOutFrame, IsNeverNegative) {
     }
 }
 
-TEST(StatusPartEdges, CutsTheBarInFive) {
+TEST(StatusPartEdges, DivideTheBarIntoFiveParts) {
     static const struct {
         int width;
         std::vector<int> edges;
@@ -80,7 +84,7 @@ TEST(StatusPartEdges, CutsTheBarInFive) {
         {800, {181, 359, 440, 617, -1}},
         {640, {145, 287, 352, 494, -1}},
         {777, {176, 348, 427, 599, -1}},
-        {2, {0, 0, 1, 1, -1}},  // -1 elsewhere would run to the right end
+        {2, {0, 0, 1, 1, -1}},  // only the last edge may be -1, which means the right end
         {0, {0, 0, 0, 0, -1}},
     };
     for (const auto& row : kRows) {

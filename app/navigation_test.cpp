@@ -16,7 +16,7 @@ static std::string Abbreviated(int verse) {
     return ReferenceText(TheRealScripture().records, verse, BookForm::kAbbreviation);
 }
 
-TEST(Navigation, StepsByChapterAndBook) {
+TEST(Navigation, MovesByChapterAndBook) {
     static constexpr struct {
         const char* from;
         const char* previousChapter;
@@ -28,10 +28,10 @@ TEST(Navigation, StepsByChapterAndBook) {
         {"Ge 1:31", "Ge 1:1", "Ge 2:1", "Ge 1:1", "Ex 1:1"},
         {"Ge 2:1", "Ge 1:1", "Ge 3:1", "Ge 1:1", "Ex 1:1"},
         {"Ge 50:26", "Ge 49:1", "Ex 1:1", "Ge 1:1", "Ex 1:1"},
-        // From the middle of a unit back to the one before, never to the beginning of its own.
+        // From the middle of a chapter or book, back goes to the previous one, not to the beginning of the same one.
         {"Ex 3:14", "Ex 2:1", "Ex 4:1", "Ge 1:1", "Le 1:1"},
         {"Ex 1:1", "Ge 50:1", "Ex 2:1", "Ge 1:1", "Le 1:1"},
-        // Neighbouring books of one chapter each.
+        // Neighbouring books that have one chapter each.
         {"2 John 1:5", "1Jo 5:1", "3Jo 1:1", "1Jo 1:1", "3Jo 1:1"},
         {"3 John 1:1", "2Jo 1:1", "Jude 1:1", "2Jo 1:1", "Jude 1:1"},
         {"Ps 119:176", "Ps 118:1", "Ps 120:1", "Job 1:1", "Pr 1:1"},
@@ -71,7 +71,7 @@ TEST(Navigation, ClampsAtTheEndsOfTheBible) {
 }
 
 TEST(Navigation, StaysInTheBibleWithDamagedRecords) {
-    HandMadeFiles noFirstVerse;  // no chapter of it begins with verse 1
+    HandMadeFiles noFirstVerse;  // with a chapter that does not begin with verse 1
     for (int verse = 5; verse < 9; ++verse) AddRecord(noFirstVerse, 1, 2, verse, 0);
     for (const VerseRecords& records : {VerseRecords{}, ScriptureOf(noFirstVerse).records}) {
         for (const int verse : {0, 2, 3, 4, 31101}) {
@@ -83,13 +83,13 @@ TEST(Navigation, StaysInTheBibleWithDamagedRecords) {
     }
 }
 
-TEST(BookmarkLabel, NamesVerseAndKey) {
+TEST(BookmarkLabel, ShowsVerseAndKey) {
     static constexpr struct {
         int number, verse;
         const char* label;
     } kRows[] = {
         {0, 0, "Genesis 1:1\tCtrl+1"},          {1, 26136, "John 3:16\tCtrl+2"},
-        {8, 31101, "Revelation 22:21\tCtrl+9"}, {9, 0, "Genesis 1:1\tCtrl+0"},  // never Ctrl+10
+        {8, 31101, "Revelation 22:21\tCtrl+9"}, {9, 0, "Genesis 1:1\tCtrl+0"},  // not Ctrl+10
         {9, 26136, "John 3:16\tCtrl+0"},
     };
     for (const auto& row : kRows) {
@@ -105,7 +105,7 @@ TEST(BookmarkLabel, NamesVerseAndKey) {
 struct ReadingRow {
     Date date;
     TimeOfDay reading;
-    std::size_t entry;  // of the table: eight bytes a day, four a reading, 31 days a month
+    std::size_t entry;  // of the table: eight bytes per day, four per reading, 31 days per month
 };
 
 static constexpr ReadingRow kReadings[] = {
@@ -114,7 +114,7 @@ static constexpr ReadingRow kReadings[] = {
     {{12, 1}, TimeOfDay::kMorning, 682}, {{12, 31}, TimeOfDay::kMorning, 742}, {{12, 31}, TimeOfDay::kEvening, 743},
 };
 
-TEST(Devotional, FindsEachReadingInItsSlot) {
+TEST(Devotional, ReadsEachReadingFromItsSlot) {
     for (const auto& [date, reading, entry] : kReadings) {
         NoteSets notes;
         notes.devotionalTable[entry] = 777;
@@ -122,7 +122,7 @@ TEST(Devotional, FindsEachReadingInItsSlot) {
     }
 }
 
-TEST(Devotional, OpensTheFirstVerseForAnEmptyEntryAndTheLastForOneBeyondIt) {
+TEST(Devotional, ClampsEntriesToTheBible) {
     NoteSets notes;
     notes.devotionalTable[1] = 31102;
     notes.devotionalTable[2] = 0xFFFFFFFF;

@@ -70,7 +70,7 @@ static const std::vector<std::string> kWrittenByDefault = {
     "MISC/BindNotes=1",
 };
 
-TEST(Settings, HaveTheirDefaultsWithoutAFile) {
+TEST(Settings, HaveDefaultsWithoutAFile) {
     FakeProfile profile;
     Settings settings = Loaded(profile);
     Save(profile, settings, nullptr);
@@ -88,7 +88,7 @@ TEST(Settings, AreWrittenInOrderWithThePlacementLast) {
     EXPECT_EQ(profile.writes, expected);
 }
 
-TEST(Settings, AreReadBySections) {
+TEST(Settings, AreReadSectionBySection) {
     FakeProfile profile;
     Loaded(profile);
     std::vector<std::string> sections;
@@ -102,7 +102,7 @@ TEST(Settings, AreReadBySections) {
     EXPECT_EQ(profile.reads.size(), kWrittenByDefault.size());
 }
 
-TEST(Settings, ReadThePlacementAlone) {
+TEST(Settings, PlacementIsReadSeparately) {
     FakeProfile profile;
     const FramePlacement missing = LoadPlacement(DeviceOver(profile));
     for (const int value : {missing.XPos, missing.YPos, missing.Width, missing.Height})
@@ -119,8 +119,8 @@ TEST(Settings, ReadThePlacementAlone) {
     EXPECT_EQ(stored.Maxed, 3);
 }
 
-// Each key has a value of its own, so that a key tied to another's field shows.
-TEST(Settings, ComeBackAsTheyWereWritten) {
+// Each key has a different value, so that a key connected to the wrong field is detected.
+TEST(Settings, RoundTripEverySetting) {
     FakeProfile profile;
     int number = 1;
     for (const std::string& line : kWrittenByDefault) {
@@ -145,13 +145,13 @@ TEST(Settings, ComeBackAsTheyWereWritten) {
     EXPECT_EQ(settings.NoteVerse, 51);
 }
 
-TEST(Settings, GoThroughOneRunAs) {
+TEST(Settings, AreNormalizedWhenLoadedAndSaved) {
     static const struct {
         const char* path;
         std::string stored;
         std::string written;
     } kRows[] = {
-        // Eight-bit values are signed when they are written.
+        // 8-bit values are written as signed numbers.
         {"FORMAT/FirstVerseStyle", "200", "-56"},
         {"FORMAT/FirstVerseStyle", "-56", "-56"},
         {"FORMAT/SubsequentVerseStyle", "127", "127"},
@@ -160,16 +160,16 @@ TEST(Settings, GoThroughOneRunAs) {
         {"OPTIONS/Paragraph Format", "256", "0"},
         {"OPTIONS/Italics", "255", "-1"},
         {"OPTIONS/Italics", "7", "7"},
-        // Flags come as they stand.
+        // Flags are not changed.
         {"FORMAT/LineBreaks", "-300", "-300"},
         {"VIEW/ToolBar", "2147483647", "2147483647"},
         {"SEARCH/BooleanType", "99", "99"},
         {"SEARCH/BooleanType", "-1", "-1"},
-        {"SEARCH/Proximity", "12", "12"},  // no search uses it
+        {"SEARCH/Proximity", "12", "12"},  // not used by any search
         {"MISC/BindNotes", "0", "0"},
         {"MISC/BindNotes", "yes", "0"},
         {"MISC/BindNotes", "  5 panes", "5"},
-        // Verses out of range.
+        // Verses and sets out of range.
         {"MISC/ReadVerse", "31101", "31101"},
         {"MISC/ReadVerse", "31102", "0"},
         {"MISC/ReadVerse", "-1", "0"},
@@ -212,13 +212,13 @@ TEST(Settings, GoThroughOneRunAs) {
     }
 }
 
-TEST(Settings, KeepANegativeFontHeightForTheRun) {
+TEST(Settings, KeepANegativeFontHeightInMemory) {
     FakeProfile profile;
     profile.values["OPTIONS/ReadWindowFontHeight"] = "-20";
     EXPECT_EQ(Loaded(profile).fonts.passage.height, -20);
 }
 
-TEST(Settings, SearchTheWholeBibleWhereTheRangeIsNone) {
+TEST(Settings, InvalidSearchRangeBecomesTheWholeBible) {
     static constexpr struct {
         const char* start;
         const char* end;

@@ -1,5 +1,5 @@
-// What copying and saving the whole Bible costs, beside plain appends of the same pieces to a string, all in one run. A
-// table of ratios follows the figures, and the most memory that each held beside the budget of a copy.
+// Benchmarks copying and saving the whole Bible against appending the same pieces to a string, all in the same run.
+// After the times it prints a table of ratios, and the peak memory of each benchmark next to the budget of a copy.
 #include <benchmark/benchmark.h>
 #include <unistd.h>
 
@@ -18,7 +18,7 @@ static void AppendDigits(std::string& text, int number) {
     text.append(digits, std::to_chars(digits, digits + sizeof digits, number).ptr);
 }
 
-// Every verse with a full label before it and a line end behind it.
+// Every verse with a full label before it and a line end after it.
 static std::string PlainAppends(const Scripture& scripture) {
     std::string text;
     text.reserve(scripture.text.size() + std::size_t{kVerseCount} * 16);
@@ -33,7 +33,7 @@ static std::string PlainAppends(const Scripture& scripture) {
     return text;
 }
 
-// As opened: brackets taken out again. The plain appends' text: full labels, brackets kept.
+// The default format removes brackets. The format with the same text as PlainAppends has full labels and brackets.
 static constexpr FormatOptions kAsOpened;
 static constexpr FormatOptions kAsAppended{0, 0, 0, 1, 1, 1};
 
@@ -54,7 +54,7 @@ static TextSaveResult SaveWholeBible(const FormatOptions& format, const TextFile
     return SaveRangeText(TheRealScripture(), format, 0, kLastVerse, nullptr, file);
 }
 
-// `save` is given a new file, which is gone afterwards.
+// Calls `save` with a new file, which is deleted afterwards.
 template <typename Save>
 static bool WithScratchFile(Save save) {
     std::FILE* scratch = std::tmpfile();
@@ -109,7 +109,7 @@ static void RegisterAll() {
 static void PrintRatios(const Times& times) {
     std::printf("\n%-24s %10s %10s %8s %14s\n", "", "us", "floor us", "ratio", "most bytes");
     for (const auto& [name, floor] : kMeasurements) {
-        if (!times.contains(name) || !times.contains(floor)) continue;  // left out by a filter
+        if (!times.contains(name) || !times.contains(floor)) continue;  // excluded by a filter
         std::printf("%-24s %10.1f %10.1f %8.2f %14zu\n", name, times.at(name), times.at(floor),
                     times.at(name) / times.at(floor), mostBytesOf[name]);
     }

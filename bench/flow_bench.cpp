@@ -1,7 +1,7 @@
-// What laying out a pane costs without drawing: the walk of a paint, a hit test, a page up. Widths come from a table of
-// character widths, as they do in the program.
+// Benchmarks the layout of a pane without drawing: a measuring pass, a hit test, a page up. Widths come from a table of
+// character widths, as in the program.
 //
-// The floor is one sweep over the texts of the same verses that adds up the widths of their characters.
+// The floor is one pass over the texts of the same verses that adds up the widths of their characters.
 #include <benchmark/benchmark.h>
 
 #include <array>
@@ -11,9 +11,9 @@
 #include "tests/support/native_scripture.h"
 #include "verselist/verse_list_flow.h"
 
-static constexpr int kTop = 14000;  // in the Psalms, where verses are short and many
+static constexpr int kTop = 14000;  // in the Psalms, where many short verses fit in the pane
 
-// Widths of a proportional face of some sixteen pixels.
+// Widths of a proportional face of about sixteen pixels.
 static constexpr std::array<int, 256> kWidths = [] {
     std::array<int, 256> widths{};
     for (std::size_t letter = 0; letter < widths.size(); ++letter) widths[letter] = 5 + static_cast<int>(letter % 5);
@@ -88,7 +88,7 @@ static void PassagePageUp(benchmark::State& state) {
 }
 BENCHMARK(PassagePageUp)->Unit(benchmark::kMicrosecond);
 
-// A list of every seventh verse with a common word marked.
+// A list of every seventh verse, with a common word marked.
 struct ListPane {
     VerseList list;
     Query query;

@@ -22,7 +22,7 @@ static sqlite3_stmt* Prepare(sqlite3* table, const char* sql) {
 }
 
 static void InsertVerse(sqlite3* table, sqlite3_stmt* insertion, int verse, std::string_view text) {
-    if (BeginsParagraph(text)) text.remove_prefix(1);  // SQLite takes UTF-8 only
+    if (BeginsParagraph(text)) text.remove_prefix(1);  // the mark is not valid UTF-8, which SQLite requires
     sqlite3_bind_int(insertion, 1, verse);
     sqlite3_bind_text(insertion, 2, text.data(), static_cast<int>(text.size()), SQLITE_STATIC);
     Require(sqlite3_step(insertion) == SQLITE_DONE, table);

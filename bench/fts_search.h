@@ -1,4 +1,4 @@
-// The same text in a full-text table of SQLite, held in memory, to compare with.
+// The same text in a full-text table of SQLite in memory, for comparison.
 #pragma once
 
 #include <string>
@@ -7,9 +7,9 @@
 
 struct sqlite3;
 
-// Opens the table and fills it with all verses; ends the program with a message when SQLite refuses.
+// Opens the table and fills it with all verses; ends the program with a message if SQLite reports an error.
 sqlite3* OpenFullTextTable(const Scripture& scripture);
 
-// Fetches every verse that matches `query`, in SQLite's query language, with its matches marked by highlight(). Gives
+// Fetches every verse that matches `query`, in SQLite's query language, with its matches marked by highlight(). Returns
 // the number of verses.
 int FetchHighlighted(sqlite3* table, const std::string& query);

@@ -1,10 +1,10 @@
-// Memory that a benchmark program holds: its operator new and delete keep count.
+// Memory use of a benchmark program, counted by its operators new and delete.
 #pragma once
 
 #include <cstddef>
 
-// Forgets the most that was held so far.
+// Starts a new measurement.
 void ForgetMostHeld();
 
-// Most bytes held at a time since then, beyond those held when it was called.
+// Peak number of bytes since then, minus those in use when it was called.
 std::size_t MostBytesHeld();

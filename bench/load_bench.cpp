@@ -1,4 +1,5 @@
-// Loading of the five scripture files: mapped, and the words of the index told apart. To stay under two milliseconds.
+// Benchmarks loading the five scripture files: mapping them and splitting the index into words. The aim is less than
+// two milliseconds.
 #include <benchmark/benchmark.h>
 
 #include "scripture/scripture.h"
@@ -15,7 +16,7 @@ static void LoadFiveFiles(benchmark::State& state) {
         benchmark::DoNotOptimize(scripture.text.data());
     }
 }
-// What was loaded stays mapped until the program ends: no more iterations than a process may have mappings for.
+// Files stay mapped until the program ends, so the number of mappings of a process limits the iterations.
 BENCHMARK(LoadFiveFiles)->Unit(benchmark::kMillisecond)->Iterations(500)->Repetitions(5);
 
 BENCHMARK_MAIN();

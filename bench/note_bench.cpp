@@ -1,7 +1,7 @@
-// What a set of 60 MB costs to open, to move in and to save, beside what the disk asks for the same bytes: all in one
-// run, one beside the other, the least of each compared.
+// Benchmarks opening, reading and saving a note set of 60 MB against plain reads and writes of the same bytes. Both run
+// alternately in the same run, and the shortest times are compared.
 //
-// Arguments: a folder to work in (its disk is what is measured), else the system's for temporary files.
+// Argument: a folder on the disk to be measured; default: the system's temporary folder.
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -46,7 +46,7 @@ static double MillisecondsOf(Procedure procedure) {
 }
 
 struct Pair {
-    double ours = 1e9, floor = 1e9;  // milliseconds, the least
+    double ours = 1e9, floor = 1e9;  // shortest times in milliseconds
 };
 
 template <typename Ours, typename Floor>
@@ -64,9 +64,9 @@ static void Print(const char* what, const Pair& pair, const char* aim) {
                 aim);
 }
 
-// ---- What the disk asks for -----------------------------------------------------------------------------------------
+// ---- Floors: plain file operations ----------------------------------------------------------------------------------
 
-// Reads `from` in pieces of a megabyte and gives each to `take`.
+// Reads `from` in pieces of a megabyte and passes each to `take`.
 template <typename Take>
 static void EachPiece(const std::string& from, Take take) {
     static std::vector<unsigned char> piece(std::size_t{1} << 20);
@@ -85,7 +85,7 @@ static void CopyAndFlush(const std::string& from, const std::string& to) {
     close(target);
 }
 
-// As a save does: the copy takes the old one's place. The index is written over.
+// Like a save: the copy replaces the old data file, and the index is overwritten.
 static void CopyBothFiles(const std::string& folder) {
     CopyAndFlush(folder + "Copy.nmd", folder + "Copy.nmd.temp");
     unlink((folder + "Copy.nmd").c_str());
@@ -106,7 +106,7 @@ static void SeekAndRead(const std::string& folder, int verse) {
     close(file);
 }
 
-// ---- What the program does ------------------------------------------------------------------------------------------
+// ---- The program's procedures ---------------------------------------------------------------------------------------
 
 static void OpenSets(const NoteFiles& files, NoteSets& notes) {
     if (!OpenNoteSets(files, notes).report.empty()) std::abort();
@@ -150,7 +150,7 @@ static void Measure(const std::string& folder) {
           "");
     std::filesystem::copy_file(folder + "Large.nmd", folder + "Copy.nmd");
     std::string text;
-    SaveMiddle(files, notes, text);  // makes the backup of the day
+    SaveMiddle(files, notes, text);  // the first save makes the backup of the day
     Print("save a note in the middle", Compare([&] { SaveMiddle(files, notes, text); }, [&] { CopyBothFiles(folder); }),
           "aim: at most 1.5");
 }

@@ -1,5 +1,5 @@
-// How long searches of the real text take, beside floors and beside SQLite, all in one run. A table of ratios follows
-// the figures.
+// Benchmarks searches of the real text against floors and against SQLite, all in the same run. Prints the times, then a
+// table of ratios.
 #include <benchmark/benchmark.h>
 
 #include <cstdio>

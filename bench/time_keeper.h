@@ -1,4 +1,4 @@
-// Shows the figures of a benchmark program and keeps them for a table of ratios.
+// Prints the times of a benchmark program and keeps them for a table of ratios.
 #pragma once
 
 #include <benchmark/benchmark.h>
@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-// Least time of each benchmark in the unit that it was registered with, by name.
+// Shortest time of each benchmark by name, in the unit that it was registered with.
 using Times = std::map<std::string, double>;
 
 struct TimeKeeper : benchmark::ConsoleReporter {

@@ -1,4 +1,4 @@
-# What every target of the project shares.
+# Settings and functions for all targets of the project.
 
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
@@ -6,7 +6,7 @@ set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 set_property(GLOBAL PROPERTY USE_FOLDERS ON)
 
-# Where the scripture files lie once the host build has made them: one set serves every preset.
+# Folder of the scripture files, which the host build makes for all presets.
 set(VERSEWELL_DATA_DIR ${PROJECT_SOURCE_DIR}/build/data)
 
 add_library(vw_options INTERFACE)
@@ -16,7 +16,7 @@ if(MSVC)
 else()
   target_compile_options(vw_options INTERFACE -Wall -Wextra -Wshadow -Wconversion -Wmissing-declarations -Werror)
   if(CMAKE_CXX_COMPILER_ID STREQUAL GNU AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
-    # It takes `"a" + std::to_string(n)` for a copy onto itself (GCC bug 105651).
+    # False warnings for `"a" + std::to_string(n)` (GCC bug 105651).
     target_compile_options(vw_options INTERFACE -Wno-restrict)
   endif()
 endif()
@@ -28,14 +28,15 @@ if(VERSEWELL_SANITIZE)
   add_link_options(-fsanitize=address,undefined)
 endif()
 
-# GoogleTest is built from Debian's sources, so that one version serves the host, the sanitizers and Windows.
-# Visual Studio builds the program alone.
+# GoogleTest is built from Debian's sources, so that the host, the sanitizers and Windows use the same version.
+# Visual Studio builds only the program.
 if(NOT MSVC)
   add_subdirectory(/usr/src/googletest ${CMAKE_BINARY_DIR}/googletest EXCLUDE_FROM_ALL)
   include(GoogleTest)
 endif()
 
-# vw_build_fast(<target>...): tests are built more often than they run, and what they test is optimized all the same.
+# vw_build_fast(<target>...): compiles tests without optimization, because they are built more often than they run. The
+# tested code is still optimized.
 function(vw_build_fast)
   foreach(target ${ARGN})
     target_compile_options(${target} PRIVATE -O0)
@@ -45,7 +46,7 @@ if(TARGET gtest)
   vw_build_fast(gtest gtest_main gmock gmock_main)
 endif()
 
-# GoogleTest's headers take longer to read than most tests: the native test programs share them, read once.
+# GoogleTest's headers take longer to compile than most tests, so all native test programs share one precompiled header.
 if(NOT WIN32)
   file(CONFIGURE OUTPUT ${CMAKE_BINARY_DIR}/test_headers.cpp CONTENT "")
   add_library(vw_test_headers OBJECT ${CMAKE_BINARY_DIR}/test_headers.cpp)
@@ -54,8 +55,8 @@ if(NOT WIN32)
   vw_build_fast(vw_test_headers)
 endif()
 
-# vw_core(<folder> SOURCES ... [USES <folder>...]): the core of a folder, which builds anywhere. A folder of the program
-# uses those that the graph names; only helpers of tools and tests name theirs.
+# vw_core(<folder> SOURCES ... [USES <folder>...]): a library with the core of a folder, which builds on any system. A
+# folder of the program uses the folders that the graph names; other libraries name theirs.
 include(${CMAKE_CURRENT_LIST_DIR}/graph.cmake)
 function(vw_core folder)
   cmake_parse_arguments(PARSE_ARGV 1 core "" "" "SOURCES;USES")
@@ -65,14 +66,14 @@ function(vw_core folder)
   target_link_libraries(vw_${folder} PUBLIC vw_options ${core_USES})
 endfunction()
 
-# vw_shell(<file>...): files of the program that speak to Windows.
+# vw_shell(<file>...): adds files that need Windows to the program.
 function(vw_shell)
   if(WIN32)
     target_sources(versewell PRIVATE ${ARGN})
   endif()
 endfunction()
 
-# vw_test(<name> SOURCES ... USES <folder>... [LABEL <label>]): a native test program; its cases become tests of ctest.
+# vw_test(<name> SOURCES ... USES <folder>... [LABEL <label>]): a native test program, whose tests are added to CTest.
 function(vw_test name)
   cmake_parse_arguments(PARSE_ARGV 1 test "" "LABEL" "SOURCES;USES")
   if(WIN32)

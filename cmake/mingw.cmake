@@ -1,4 +1,4 @@
-# Cross-building for Windows with mingw-w64's posix-thread compilers; VERSEWELL_MINGW names the processor.
+# Cross-compiles for Windows with the posix-thread compilers of mingw-w64; VERSEWELL_MINGW is the processor.
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR ${VERSEWELL_MINGW})
 list(APPEND CMAKE_TRY_COMPILE_PLATFORM_VARIABLES VERSEWELL_MINGW)

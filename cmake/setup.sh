@@ -1,4 +1,4 @@
-# What run, check and tests/run_window_tests share: packages, builds, a display, a Wine prefix. Sourced, never run.
+# Shared by run, check and tests/run_window_tests: packages, builds, a display, a Wine prefix. To be sourced, not run.
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 build=$root/build
@@ -6,7 +6,7 @@ cleanups=()
 trap "exit 130" INT
 trap "exit 143" TERM
 
-# Everything that a new Debian or Ubuntu machine lacks.
+# Everything that has to be installed on a new Debian or Ubuntu machine.
 packages=(
   git cmake ninja-build pkg-config clang-format
   g++ g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix
@@ -24,7 +24,7 @@ packages=(
 say() { printf '%s\n' "$*" >&2; }
 fail() { say "$(basename "$0"): $*"; exit 1; }
 
-# under_lock <file> <command...>: alone among all that name the file.
+# under_lock <file> <command...>: runs the command while holding a lock on the file.
 under_lock() {
   local file=$1
   shift
@@ -57,7 +57,7 @@ install_packages() {
 
 # ---- Builds -----------------------------------------------------------------------------------------------------
 
-# build_preset <preset> [target...]: the configure step runs once; later the build itself repeats it where needed.
+# build_preset <preset> [target...]: configures only once; later the build repeats the configure step when needed.
 build_preset() {
   local preset=$1 target targets=()
   shift
@@ -69,9 +69,10 @@ build_preset() {
 
 # ---- Notes ------------------------------------------------------------------------------------------------------
 
-# lay_out_note_set <name> <from> <to>: copies a set into a folder that has none of this name. What is there is the
-# user's: a set, or what may be left of one. The index comes last, for by it the program finds a set; a copying that was
-# ended before leaves files that are the same as these, and is brought to its end.
+# lay_out_note_set <name> <from> <to>: copies a set to a folder that does not have one of this name. Existing files that
+# differ belong to the user and are left alone, even if the set is incomplete. Existing files that are the same were
+# left by an interrupted copy, which is completed. The index is copied last, because the program finds a set by its
+# index.
 lay_out_note_set() {
   local name=$1 from=$2 to=$3 ending place
   if [[ -e $to/$name.nmi || -e $to/$name.nmd.temp ]]; then return 0; fi
@@ -87,8 +88,8 @@ lay_out_note_set() {
   done
 }
 
-# lay_out_note_sets <from> <to>: the sets that come with the program. Where there were neither notes nor settings before,
-# the program opens on the user's own set, the second by name, so that a first note does not go among the readings.
+# lay_out_note_sets <from> <to>: copies the sets that come with the program. In a new folder, without notes or settings,
+# the settings select "My Notes", the second set by name, so that the user's first note is not added to the readings.
 lay_out_note_sets() {
   local from=$1 to=$2 is_first=yes
   [[ ! -e $to/Versewell.INI ]] && ! compgen -G "$to/*.nm[di]*" >/dev/null || is_first=no
@@ -107,7 +108,7 @@ clean_up() {
   for step in "${cleanups[@]}"; do eval "$step" || true; done
 }
 
-# Starts a display of its own under the first free number.
+# Starts a display on the first free number.
 start_display() {
   local numbers
   numbers=$(mktemp)
@@ -126,17 +127,17 @@ start_display() {
 
 # ---- Wine -------------------------------------------------------------------------------------------------------
 
-# File names beyond ASCII need a UTF-8 locale; Mono and the browser are nothing that the program needs.
+# File names with non-ASCII characters need a UTF-8 locale. The program does not need Mono and the browser.
 wine_environment() {
   export WINEPREFIX=$1 WINEARCH=win64 WINEDEBUG=-all WINEDLLOVERRIDES='mscoree=;mshtml='
   [[ ${LC_ALL:-${LC_CTYPE:-${LANG:-}}} == *[Uu][Tt][Ff]* ]] || export LANG=C.UTF-8 LC_ALL=C.UTF-8
 }
 
-# What starts first keeps its output open for the services that outlive it: never a pipe.
+# Wine's services inherit the output of the first program and outlive it, so its output must not be a pipe.
 quiet() { "$@" </dev/null >/dev/null 2>&1 9>&-; }
 
-# prepare_prefix <folder> <registry file>...: a Wine prefix with the fonts that the program asks for. Made once, and
-# again when a registry file is newer. Needs a display.
+# prepare_prefix <folder> <registry file>...: makes a Wine prefix with the fonts that the program uses, unless it exists
+# and is newer than the registry files. Needs a display.
 prepare_prefix() {
   local folder=$1 file
   shift
@@ -150,7 +151,7 @@ prepare_prefix() {
   mkdir -p "$folder"
   quiet wineboot -i || true
   quiet wineserver -w || true
-  # Wine does not look where the package puts these.
+  # Wine does not look in the folder where the package installs these.
   cp /usr/share/wine/fonts/*.ttf /usr/share/wine/fonts/*.fon "$folder/drive_c/windows/Fonts/"
   for file in "$@"; do quiet wine regedit /S "$(windows_path "$file")"; done
   quiet wineserver -w || true
@@ -159,14 +160,14 @@ prepare_prefix() {
 
 windows_path() { printf 'Z:%s' "${1//\//\\}"; }
 
-# A prefix of this run alone, for a display without a window manager. One is prepared and never used; each run works in
-# a copy that goes at the end, so that no run meets another's leftovers.
+# Makes a prefix for this run, for a display without a window manager. It is a copy of a prepared prefix and is deleted
+# at the end, so that runs do not affect each other.
 make_scratch_prefix() {
   local scratch
   under_lock "$build/wine-tests.lock" prepare_prefix "$build/wine-tests" "$root/cmake/wine.reg" "$root/tests/wine.reg"
   scratch=$(mktemp -d "$build/wine-scratch.XXXXXX")
   at_exit "rm -rf '$scratch'"
-  cp -al "$build/wine-tests/." "$scratch"  # 700 MB of Wine's own files, which nobody writes
+  cp -al "$build/wine-tests/." "$scratch"  # hard links: 700 MB of Wine's files that are never written to
   cp --remove-destination "$build"/wine-tests/*.reg "$scratch"
   wine_environment "$scratch"
   at_exit 'quiet wineserver -k'

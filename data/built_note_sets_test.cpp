@@ -1,5 +1,5 @@
-// The note sets that the build made, compared with the table of readings and the scripture files. They are read here by
-// a way of their own.
+// Compares the note sets from the build with the table of readings and the scripture files. They are read here by
+// independent code.
 #include <gmock/gmock.h>
 
 #include <algorithm>
@@ -75,7 +75,7 @@ static std::size_t Count(const std::string& text, const std::string& part) {
     return count;
 }
 
-TEST(BuiltNoteSets, HaveAnIndexThatFitsTheirNotes) {
+TEST(BuiltNoteSets, IndexMatchesTheNotes) {
     for (const std::string name : {"Morning and Evening", "My Notes"}) {
         const std::vector<std::string> notes = NotesOfSet(name);
         const std::vector<std::uint32_t> offsets = NumbersOf(name + ".nmi");
@@ -91,7 +91,7 @@ TEST(BuiltNoteSets, HaveAnIndexThatFitsTheirNotes) {
     EXPECT_EQ(BytesOfBuiltFile("My Notes.nmd"), std::string(kVerses, '\0'));
 }
 
-TEST(BuiltNoteSets, HaveTheReadingsOfTheTable) {
+TEST(BuiltNoteSets, DevotionalTableMatchesTheCsv) {
     std::vector<std::uint32_t> expected(12 * 31 * 2, 0);
     for (const CsvReading& reading : TheCsvReadings())
         expected[static_cast<std::size_t>(((reading.month - 1) * 31 + reading.day - 1) * 2 + reading.isEvening)] =
@@ -105,7 +105,7 @@ struct SlotRow {
     std::uint32_t morning, evening;
 };
 
-TEST(BuiltNoteSets, HaveTheReadingsThatAreKnown) {
+TEST(BuiltNoteSets, ContainKnownReadings) {
     static constexpr SlotRow kRows[] = {
         {1, 1, 5946, 17541},
         {1, 2, 29544, 18452},
@@ -120,7 +120,7 @@ TEST(BuiltNoteSets, HaveTheReadingsThatAreKnown) {
     }
 }
 
-TEST(BuiltNoteSets, HaveTheVerseOfEveryReadingInFullWithItsDayAndReference) {
+TEST(BuiltNoteSets, NotesContainDayTextAndReference) {
     static constexpr const char* kMonths[] = {"January", "February", "March",     "April",   "May",      "June",
                                               "July",    "August",   "September", "October", "November", "December"};
     std::set<int> read;
@@ -140,7 +140,7 @@ TEST(BuiltNoteSets, HaveTheVerseOfEveryReadingInFullWithItsDayAndReference) {
         EXPECT_EQ(TheNotes()[static_cast<std::size_t>(verse)].empty(), !read.contains(verse)) << verse;
 }
 
-// Every line that the program would follow, in order.
+// The verses of all cross-reference lines of a note, in order, as the program reads them.
 static std::vector<int> LinkedVerses(const std::string& note, int verse) {
     std::vector<int> verses;
     for (std::size_t at = note.find('#'); at != std::string::npos; at = note.find('#', at + 1)) {
@@ -150,7 +150,7 @@ static std::vector<int> LinkedVerses(const std::string& note, int verse) {
     return verses;
 }
 
-TEST(BuiltNoteSets, LeadFromEveryReadingToTheOtherOfItsDay) {
+TEST(BuiltNoteSets, NotesLinkToTheOtherReadingOfTheDay) {
     std::map<int, std::vector<int>> expected;
     const std::vector<CsvReading> readings = TheCsvReadings();
     for (std::size_t i = 0; i < readings.size(); ++i) {
@@ -161,7 +161,7 @@ TEST(BuiltNoteSets, LeadFromEveryReadingToTheOtherOfItsDay) {
         EXPECT_EQ(LinkedVerses(TheNotes().at(static_cast<std::size_t>(verse)), verse), others) << verse;
 }
 
-TEST(BuiltNoteSets, AreCleanTextOfWholeLines) {
+TEST(BuiltNoteSets, NotesAreCleanText) {
     for (const std::string& note : TheNotes()) {
         EXPECT_TRUE(std::all_of(note.begin(), note.end(), [](char c) {
             return (c >= ' ' && c <= '~') || c == '\r' || c == '\n';
@@ -172,7 +172,7 @@ TEST(BuiltNoteSets, AreCleanTextOfWholeLines) {
     }
 }
 
-TEST(BuiltNoteSets, ReadWell) {
+TEST(BuiltNoteSets, NotesHaveTheExpectedLayout) {
     EXPECT_THAT(NoteOn("Jos 5:12"), AllOf(StartsWith("January 1, Morning\r\n\r\nAnd the manna ceased on the morrow"),
                                           EndsWith("\r\nJoshua 5:12\r\n\r\nThe evening's reading:\r\n# So 1:4")));
     EXPECT_THAT(NoteOn("So 1:4"),

@@ -1,4 +1,4 @@
-// What is known of the Authorized Version, looked for in the files that the build made.
+// Checks the scripture files from the build against known facts about the Authorized Version.
 #include <gmock/gmock.h>
 
 #include <algorithm>
@@ -32,7 +32,7 @@ static auto CountVerses(Test test) {
     return std::count_if(TheVerses().begin(), TheVerses().end(), test);
 }
 
-TEST(BuiltText, HasTheSizesOfItsFiles) {
+TEST(BuiltText, FilesHaveTheKnownSizes) {
     EXPECT_EQ(BytesOfBuiltFile("_avvidx.dat").size(), 217714u);
     EXPECT_EQ(BytesOfBuiltFile("_avtext.dat").size(), 4185693u);
     EXPECT_EQ(BytesOfBuiltFile("_avwrds.dat").size(), 102418u);
@@ -58,11 +58,11 @@ static constexpr IndexRow kIndexes[] = {
     {"Joh 7:37", 26365}, {"Col 4:2", 29544},  {"Re 22:21", 31101},
 };
 
-TEST(BuiltText, HasItsVersesAtTheirIndexes) {
+TEST(BuiltText, HasKnownVersesAtTheirIndexes) {
     for (const IndexRow& row : kIndexes) EXPECT_EQ(IndexOf(row.reference), row.index) << row.reference;
 }
 
-TEST(BuiltText, LiesVerseByVerseWithoutGaps) {
+TEST(BuiltText, HasNoGapsBetweenVerses) {
     std::size_t end = 0;
     for (std::size_t i = 0; i < TheVerses().size(); ++i) {
         ASSERT_EQ(TheBuiltScripture().offsets[i], end) << TheBuiltScripture().verseReferences[i];
@@ -75,8 +75,8 @@ TEST(BuiltText, IsWellFormed) {
     EXPECT_EQ(CheckVerses(TheVerses()), "");
 }
 
-// A stop is neither preceded by a blank nor followed by a letter, and no letter touches a bracket from outside.
-TEST(BuiltText, SetsItsStopsAndBracketsAsPrinted) {
+// No blank before a stop, no letter right after one, and no letter directly outside a bracket.
+TEST(BuiltText, HasCorrectBlanksAroundStopsAndBrackets) {
     const std::string stops = ",.:;?!";
     const auto isLetter = [](char letter) {
         return (letter >= 'A' && letter <= 'Z') || (letter >= 'a' && letter <= 'z');
@@ -103,7 +103,7 @@ static int ParenthesesOpenAfter(const Verse& verse, int open) {
     return open;
 }
 
-TEST(BuiltText, PairsItsParentheses) {
+TEST(BuiltText, HasBalancedParentheses) {
     int open = 0, openedForLater = 0;
     std::ptrdiff_t pairs = 0;
     for (const Verse& verse : TheVerses()) {
@@ -117,7 +117,7 @@ TEST(BuiltText, PairsItsParentheses) {
     EXPECT_EQ(openedForLater, 24);
 }
 
-TEST(BuiltText, EndsItsVersesWithAStopButForSeven) {
+TEST(BuiltText, AllButSevenVersesEndWithAStop) {
     std::vector<std::string> without;
     for (const Verse& verse : TheVerses())
         if (std::string(",.:;?!)-").find(PlainText(verse.text).back()) == std::string::npos)
@@ -126,11 +126,11 @@ TEST(BuiltText, EndsItsVersesWithAStopButForSeven) {
                 ElementsAre("Ge 23:17", "1Ch 21:11", "2Ch 30:18", "Ps 96:12", "Ps 98:8", "Ro 11:7", "Col 1:21"));
 }
 
-TEST(BuiltText, MarksItsParagraphs) {
+TEST(BuiltText, HasParagraphMarks) {
     EXPECT_EQ(CountVerses(HasMark), 4159);
     EXPECT_EQ(CountVerses([](const Verse& verse) { return verse.verse == 1 && HasMark(verse); }), 1189);
     EXPECT_EQ(CountVerses([](const Verse& verse) { return verse.text.starts_with("\xB6["); }), 39);
-    // Inside a chapter the printed book has none in the Psalms, and none after Acts 20:36.
+    // Within chapters the printed book has no marks in the Psalms and none after Acts 20:36.
     EXPECT_EQ(CountVerses([](const Verse& verse) { return verse.book == 19 && verse.verse > 1 && HasMark(verse); }), 0);
     EXPECT_TRUE(TextOf("Ac 20:36").starts_with("\xB6"));
     const auto later = TheVerses().begin() + IndexOf("Ac 20:37");
@@ -138,8 +138,8 @@ TEST(BuiltText, MarksItsParagraphs) {
         std::any_of(later, TheVerses().end(), [](const Verse& verse) { return verse.verse > 1 && HasMark(verse); }));
 }
 
-// Psalm titles, the letters of Psalm 119 and the epistles' colophons are headings, not verses.
-TEST(BuiltText, LeavesOutWhatIsNoVerse) {
+// Titles of psalms, the letters of Psalm 119 and the colophons of epistles are not part of verses.
+TEST(BuiltText, LeavesOutTitlesAndColophons) {
     EXPECT_TRUE(TextOf("Ps 3:1").starts_with("\xB6LORD, how are they increased")) << TextOf("Ps 3:1");
     EXPECT_TRUE(TextOf("Ps 119:9").starts_with("Wherewithal shall")) << TextOf("Ps 119:9");
     EXPECT_TRUE(TextOf("Ro 16:27").ends_with("for ever. Amen.")) << TextOf("Ro 16:27");
@@ -152,7 +152,7 @@ struct PhraseRow {
     const char* phrase;
 };
 
-// One place for each rule of the conversion, and the places where editions of another type read otherwise.
+// One place for each rule of the conversion, and places where other editions differ.
 static constexpr PhraseRow kPhrases[] = {
     {"Ge 1:1", "\xB6In the beginning"},
     {"Ge 1:4", "that [it was] good:"},
@@ -176,7 +176,7 @@ static constexpr PhraseRow kPhrases[] = {
     {"Mt 26:39", "went a little further"},
 };
 
-TEST(BuiltText, ReadsAsPrinted) {
+TEST(BuiltText, HasKnownPhrases) {
     for (const PhraseRow& row : kPhrases)
         EXPECT_NE(TextOf(row.reference).find(row.phrase), std::string::npos)
             << row.reference << ": " << TextOf(row.reference);
@@ -224,12 +224,12 @@ TEST(BuiltText, HasTheKnownLongestAndShortestChapters) {
     EXPECT_GT(std::min_element(lengths.begin(), lengths.end(), shorter)->second, 2);
 }
 
-TEST(BuiltText, RepeatsTheRefrainOfPsalm107) {
+TEST(BuiltText, HasTheRefrainOfPsalm107) {
     for (const char* reference : {"Ps 107:15", "Ps 107:21", "Ps 107:31"})
         EXPECT_EQ(TextOf(reference), TextOf("Ps 107:8"));
 }
 
-TEST(BuiltText, HasEveryLetterButJInEzra721) {
+TEST(BuiltText, HasEveryLetterExceptJInEzra721) {
     std::set<char> letters;
     for (const std::string& word : PrintedWords(TextOf("Ezr 7:21")))
         for (const char letter : word)

@@ -1,4 +1,4 @@
-// The words of the files that the build made: the index against the texts, and both against what is known of them.
+// Checks the word index from the build against the texts, and both against known facts.
 #include <gmock/gmock.h>
 
 #include <algorithm>
@@ -26,9 +26,9 @@ TEST(BuiltWords, AreSortedAndUnique) {
     for (std::size_t i = 1; i < words.size(); ++i) EXPECT_TRUE(isSmaller(words[i - 1], words[i])) << words[i];
 }
 
-TEST(BuiltWords, AreAsManyAsKnown) {
+TEST(BuiltWords, HaveTheKnownCounts) {
     const BuiltScripture& built = TheBuiltScripture();
-    EXPECT_EQ(built.words.size(), 12730u);  // the program's tables hold 12,842
+    EXPECT_EQ(built.words.size(), 12730u);  // the program's tables have room for 12,842
     EXPECT_EQ(built.pointers.size(), built.words.size());
     EXPECT_EQ(built.pointers.front(), 0u);
     EXPECT_TRUE(std::is_sorted(built.pointers.begin(), built.pointers.end()));
@@ -36,8 +36,9 @@ TEST(BuiltWords, AreAsManyAsKnown) {
     EXPECT_EQ(BytesOfBuiltFile("_avwrds.dat").back(), '\0');
 }
 
-// Reckoned afresh from the texts: each word's list holds the verses that have the word, each once, and no others.
-TEST(BuiltWords, NameTheVersesThatHoldThem) {
+// Each word's list must contain exactly the verses that have the word, each once. The expected lists are calculated
+// here from the texts.
+TEST(BuiltWords, ListsMatchTheTexts) {
     const BuiltScripture& built = TheBuiltScripture();
     std::map<std::string, std::set<int>> expected;
     for (std::size_t i = 0; i < built.verses.size(); ++i)
@@ -53,7 +54,7 @@ TEST(BuiltWords, NameTheVersesThatHoldThem) {
     }
 }
 
-TEST(BuiltWords, AreSpelledAsKnown) {
+TEST(BuiltWords, HaveTheKnownSpelling) {
     const std::vector<std::string>& words = TheBuiltScripture().words;
     const auto count = [&words](auto test) { return std::count_if(words.begin(), words.end(), test); };
     EXPECT_EQ(count([](const std::string& word) { return word.ends_with('\''); }), 69);
@@ -84,11 +85,11 @@ static constexpr OnlyPlaceRow kOnlyPlaces[] = {
     {"girl", "Joe 3:3"},      {"girls", "Zec 8:5"},      {"easter", "Ac 12:4"},
 };
 
-TEST(BuiltWords, StandWhereTheyStandOnce) {
+TEST(BuiltWords, UniqueWordsAreInTheirVerses) {
     for (const OnlyPlaceRow& row : kOnlyPlaces) EXPECT_THAT(ReferencesOfWord(row.word), ElementsAre(row.reference));
 }
 
-TEST(BuiltWords, HaveListsAsLongAsKnown) {
+TEST(BuiltWords, ListsHaveTheKnownLengths) {
     const BuiltScripture& built = TheBuiltScripture();
     std::size_t longest = 0;
     int single = 0;
@@ -118,12 +119,12 @@ static constexpr PrintedRow kPrinted[] = {
     {"LORD", 6466}, {"LORD'S", 108}, {"GOD", 310}, {"JEHOVAH", 4}, {"Jehovah", 3}, {"JAH", 1},
 };
 
-TEST(BuiltWords, StandInCapitalsAsOftenAsKnown) {
+TEST(BuiltWords, CapitalizedWordsHaveTheKnownCounts) {
     std::map<std::string, int> counts = CountPrintedWords();
     for (const PrintedRow& row : kPrinted) EXPECT_EQ(counts[row.word], row.count) << row.word;
 }
 
-TEST(BuiltWords, OccurAsOftenAsKnown) {
+TEST(BuiltWords, HaveTheKnownNumbersOfOccurrences) {
     std::map<std::string, int> counts;
     int total = 0;
     for (const auto& [word, count] : CountPrintedWords()) {
@@ -136,7 +137,7 @@ TEST(BuiltWords, OccurAsOftenAsKnown) {
     EXPECT_EQ(counts["unicorn"] + counts["unicorns"], 9);
 }
 
-TEST(BuiltWords, AreAsManyBetweenBlanksAsKnown) {
+TEST(BuiltWords, HaveTheKnownCountsPerTestament) {
     std::ptrdiff_t oldTestament = 0, newTestament = 0;
     for (const Verse& verse : TheBuiltScripture().verses)
         (verse.book <= 39 ? oldTestament : newTestament) += std::count(verse.text.begin(), verse.text.end(), ' ') + 1;
@@ -144,7 +145,7 @@ TEST(BuiltWords, AreAsManyBetweenBlanksAsKnown) {
     EXPECT_EQ(newTestament, 180382);
 }
 
-TEST(BuiltWords, DoNotNameGodInEsther) {
+TEST(BuiltWords, EstherDoesNotNameGod) {
     for (const Verse& verse : TheBuiltScripture().verses) {
         if (verse.book != 17) continue;
         for (const std::string& word : PrintedWords(verse.text))

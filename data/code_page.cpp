@@ -5,14 +5,15 @@
 
 namespace {
 
-// Code points of the bytes 0x80 to 0x9F; 0 where the code page has none.
+// Code points of the bytes 0x80 to 0x9F; 0 for bytes that are not assigned.
 constexpr std::uint32_t kWindowsPoints[] = {
     0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
     0x2039, 0x0152, 0,      0x017D, 0,      0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178,
 };
 
-// Control codes 0x80 to 0x9F are no text: where they stand among letters, a text of DOS was taken for another.
+// Letters of the DOS code page for the control codes 0x80 to 0x9F. Text does not contain these control codes, so if a
+// module has them, its maker took text in the DOS code page for another encoding.
 constexpr unsigned char kDosLetters[] = {
     0xC7, 0xFC, 0xE9, 0xE2, 0xE4, 0xE0, 0xE5, 0xE7, 0xEA, 0xEB, 0xE8, 0xEF, 0xEE, 0xEC, 0xC4, 0xC5,
     0xC9, 0xE6, 0xC6, 0xF4, 0xF6, 0xF2, 0xFB, 0xF9, 0xFF, 0xD6, 0xDC, 0xA2, 0xA3, 0xA5, 'P',  0x83,
@@ -44,8 +45,8 @@ constexpr PointSpelling kHebrew[] = {
     {0x5E5, "ts"}, {0x5E6, "ts"}, {0x5E7, "q"}, {0x5E8, "r"}, {0x5E9, "sh"}, {0x5EA, "t"},
 };
 
-// Accented letters of Greek stand in rows of one letter each, capitals in the second half of a row; the row that ends
-// with `last` is the first one that reaches so far. Rho has its place among the upsilons.
+// Accented Greek letters are arranged in rows of one letter each, with capitals in the second half of a row. `last` is
+// the last code point of a row. Rho is placed among the upsilons.
 struct AccentedRow {
     std::uint32_t last;
     char letter;
@@ -59,7 +60,7 @@ constexpr AccentedRow kAccentedGreek[] = {
     {0x1FE5, 'r'}, {0x1FEB, 'u'}, {0x1FEC, 'r'}, {0x1FF1, ' '}, {0x1FFC, 'o'},
 };
 
-// The letters of 0x100 to 0x17F without what is over or under them.
+// The letters 0x100 to 0x17F without their accents.
 constexpr std::string_view kLatinWithAccents =
     "AaAaAaCcCcCcCcDdDdEeEeEeEeEeGgGgGgGgHhHhIiIiIiIiIiJjJjKkkLlLlLlLlLlNnNnNnnNnOoOoOoOoRrRrRrSsSsSsSsTtTtTtUuUuUuUuUu"
     "Uu"
@@ -74,7 +75,7 @@ constexpr PointSpelling kLookAlikes[] = {
 
 struct Decoded {
     std::uint32_t point = 0;
-    std::size_t length = 0;  // bytes; 0 where the text is no UTF-8
+    std::size_t length = 0;  // bytes; 0 if the text is not valid UTF-8
 };
 
 }  // namespace
@@ -104,13 +105,13 @@ static bool IsMark(std::uint32_t point) {
     return (point >= 0x300 && point <= 0x36F) || (point >= 0x591 && point <= 0x5C7 && point != 0x5BE);
 }
 
-// A search for words finds no others than the ordinary one.
+// Blanks that are replaced by the ordinary one, because a search for words recognizes only that.
 static bool IsOtherBlank(std::uint32_t point) {
     return point == kNoBreakSpace || (point >= 0x2000 && point <= 0x200A) || point == 0x202F || point == 0x205F ||
            point == 0x3000;
 }
 
-// What nobody sees: marks of direction, of order and of places to break a word.
+// Invisible characters: zero-width spaces and joiners, direction marks, byte order marks.
 static bool IsInvisible(std::uint32_t point) {
     return point == 0 || point == 0xFEFF || (point >= 0x200B && point <= 0x200F) ||
            (point >= 0x202A && point <= 0x202E) || (point >= 0x2060 && point <= 0x2064);

@@ -1,16 +1,16 @@
-// Text of a module, which is UTF-8, in the program's code page, Windows-1252.
+// Converts text of a module, which is UTF-8, to the program's code page, Windows-1252.
 #pragma once
 
 #include <cstdint>
 #include <string>
 #include <string_view>
 
-// Characters that the code page lacks.
+// Numbers of characters that are missing in the code page.
 struct LostCharacters {
-    int transliterated = 0;  // Greek and Hebrew letters, written with Latin ones
-    int replaced = 0;        // by a character that looks alike: a letter without its accent, another blank
-    int dropped = 0;         // "?" stands in their place; points and marks over letters go without one
+    int transliterated = 0;  // Greek and Hebrew letters, replaced by Latin ones
+    int replaced = 0;        // replaced by similar characters: letters without accents, ordinary blanks
+    int dropped = 0;         // replaced by "?", or removed if they are points or marks over letters
 };
 
-// Invalid UTF-8 is taken byte by byte as Windows-1252. Zero bytes are left out.
+// Bytes that are not valid UTF-8 are taken as Windows-1252. Zero bytes are removed.
 std::string InCodePage(std::string_view utf8, LostCharacters& lost);

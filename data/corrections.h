@@ -1,4 +1,4 @@
-// Where the module departs from the printed text, and what stands there in print.
+// Corrections of the module where it differs from the printed text.
 #pragma once
 
 #include <span>
@@ -7,13 +7,13 @@
 
 struct Correction {
     const char* reference;  // "Mt 11:6"
-    const char* from;       // stands once in the verse
+    const char* from;       // occurs once in the verse
     const char* to;
 };
 
 // The corrections of engKJV2006eb, in canonical order.
 std::span<const Correction> ModuleCorrections();
 
-// Replaces `from` by `to` in each row's verse. A row that names no verse, or whose `from` does not stand in it exactly
-// once, is complained of: the texts are then not those that the rows were made for.
+// Replaces `from` by `to` in each row's verse. Complains about a row whose verse does not exist or does not contain
+// `from` exactly once, because the rows were then made for another text.
 Complaint ApplyCorrections(std::span<const Correction> corrections, Verses& verses);

@@ -6,7 +6,7 @@
 
 static const Verses kVerses = {{40, 11, 6, "And he, who soever."}, {9, 6, 9, "smote us; it was"}};
 
-TEST(Corrections, ReplaceWhatStandsInTheirVerse) {
+TEST(Corrections, ReplaceTextInTheirVerse) {
     Verses verses = kVerses;
     const Correction rows[] = {{"Mt 11:6", "who soever", "whosoever"}, {"1Sa 6:9", "us; it", "us: it"}};
     EXPECT_EQ(ApplyCorrections(rows, verses), "");
@@ -33,7 +33,7 @@ TEST(Corrections, ComplainWhenTheyDoNotFit) {
     }
 }
 
-TEST(Corrections, AreSixtyNineEachInAPlaceOfItsOwn) {
+TEST(Corrections, AreSixtyNineInDifferentVerses) {
     std::set<std::string> references;
     for (const Correction& correction : ModuleCorrections()) {
         EXPECT_TRUE(references.insert(correction.reference).second) << correction.reference;

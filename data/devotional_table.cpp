@@ -8,9 +8,9 @@
 static constexpr int kDays[] = {31, 29, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
 static constexpr std::string_view kNewLine = "\r\n";
 
-// ---- The table ----------------------------------------------------------------------------------------------------
+// ---- The table ------------------------------------------------------------------------------------------------------
 
-// A morning and an evening for every day, in order; the verses are still to come.
+// A morning and an evening for every day, in order, without their verses.
 static std::vector<DailyReading> Calendar() {
     std::vector<DailyReading> readings;
     for (int month = 1; month <= 12; ++month)
@@ -24,7 +24,7 @@ static std::string RowBeginning(const DailyReading& reading) {
            (reading.isEvening ? ",evening," : ",morning,");
 }
 
-// The number behind the last comma; kNoVerse when it is none, or no verse's.
+// The number after the last comma; kNoVerse if it is not a number or out of range.
 static int VerseAtEnd(const std::string& row) {
     const std::string number = row.substr(row.rfind(',') + 1);
     if (number.empty() || number.size() > 5 || number.find_first_not_of("0123456789") != std::string::npos)
@@ -37,7 +37,7 @@ Complaint ReadReadings(std::string_view rows, std::vector<DailyReading>& reading
     readings = Calendar();
     std::istringstream lines{std::string(rows)};
     std::string row;
-    std::getline(lines, row);  // the names of the columns
+    std::getline(lines, row);  // the column names
     int line = 1;
     for (DailyReading& reading : readings) {
         ++line;
@@ -57,9 +57,9 @@ DevotionalTable TableOf(const std::vector<DailyReading>& readings) {
     return table;
 }
 
-// ---- The notes ----------------------------------------------------------------------------------------------------
+// ---- The notes ------------------------------------------------------------------------------------------------------
 
-// What a verse is read for: a morning, an evening, or a whole day.
+// When a verse is read: a morning, an evening, or a whole day.
 struct Occasion {
     std::string day;
     const char* times = "";
@@ -67,7 +67,7 @@ struct Occasion {
     int otherVerse = 0;
 };
 
-// What two readings of one day are, one for each verse.
+// The occasions of a day with their verses: one if both readings have the same verse, otherwise two.
 static std::vector<std::pair<int, Occasion>> OccasionsOf(const DailyReading& morning, const DailyReading& evening) {
     const std::string day = DayName(morning.month, morning.day);
     if (morning.verse == evening.verse)
@@ -90,8 +90,8 @@ static std::string VerseInFull(const Scripture& scripture, int verse) {
     return text.append(kNewLine).append(ReferenceText(scripture.records, verse, BookForm::kName)) += kNewLine;
 }
 
-// The day is told only where there is a choice. Abbreviations are what every cross-reference line understands: a name
-// such as "1 John" would be taken for verse 1.
+// The day is added only if there are several. The links use abbreviations, because in a cross-reference line a name
+// such as "1 John" would be read as verse 1.
 static std::string Links(const std::vector<Occasion>& occasions, const VerseRecords& records) {
     std::string lines;
     for (const Occasion& occasion : occasions) {

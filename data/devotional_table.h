@@ -1,4 +1,4 @@
-// The table of the daily readings, resources/devotional.csv, and the note set that is made of it.
+// The table of the daily readings, resources/devotional.csv, and the note set made from it.
 #pragma once
 
 #include <string>
@@ -16,13 +16,13 @@ struct DailyReading {
     int verse = 0;
 };
 
-// Reads the rows `month,day,morning or evening,reference,verse index` behind the line of their names. They must be a
-// morning and an evening for each of the 366 days, in order; else the complaint names the line.
+// Reads the rows `month,day,morning or evening,reference,verse index` after the line of column names. There must be a
+// morning and an evening for each of the 366 days, in order; otherwise the complaint names the line.
 Complaint ReadReadings(std::string_view rows, std::vector<DailyReading>& readings);
 
-// Days that no month has are Genesis 1:1.
+// The slots of days that do not exist are Genesis 1:1.
 DevotionalTable TableOf(const std::vector<DailyReading>& readings);
 
-// A note for each verse that is read: its days, its text in full, and a cross-reference line to what else is read on
-// each of them. `readings` are as ReadReadings gives them.
+// A note for each verse of a reading: its days, its text, and a cross-reference line to the other reading of each day.
+// `readings` come from ReadReadings.
 NoteTexts NotesOf(const std::vector<DailyReading>& readings, const Scripture& scripture);

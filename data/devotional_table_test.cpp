@@ -16,7 +16,7 @@ static std::string TheRows() {
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
-TEST(Readings, AreReadInTheOrderOfTheYear) {
+TEST(Readings, AreReadInOrder) {
     std::vector<DailyReading> readings;
     ASSERT_EQ(ReadReadings(TheRows(), readings), "");
     ASSERT_EQ(readings.size(), 732u);
@@ -33,7 +33,7 @@ struct BadRow {
     const char* complaint;
 };
 
-TEST(Readings, OfABadTableAreRefused) {
+TEST(Readings, RejectInvalidRows) {
     static constexpr BadRow kRows[] = {
         {"\n1,1,evening", "\n1,1,night", "line 3 should be \"1,1,evening,reference,verse index\""},
         {"\n1,2,morning", "\n1,3,morning", "line 4 should be"},
@@ -63,9 +63,9 @@ static std::string Lines(std::initializer_list<std::string> lines) {
     return text;
 }
 
-static constexpr int kFirstJohn = 30541;  // 1 John 1:1, a book whose name begins with a figure
+static constexpr int kFirstJohn = 30541;  // 1 John 1:1, a book whose name begins with a number
 
-TEST(Readings, AreNotesThatLinkThemToEachOther) {
+TEST(Readings, BecomeNotesWithLinks) {
     const std::vector<DailyReading> readings = {
         {1, 1, false, 2}, {1, 1, true, kFirstJohn}, {1, 5, false, 3},
         {1, 5, true, 3},  {7, 9, false, 0},         {7, 9, true, 2},

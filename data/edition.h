@@ -1,4 +1,4 @@
-// The edition that the program ships: which module it comes from, and the way from the module's entries to its text.
+// The edition of the text: which module it comes from, and the conversion of the module's entries.
 #pragma once
 
 #include <cstdint>
@@ -7,14 +7,15 @@
 
 inline constexpr char kModuleName[] = "engKJV2006eb";
 inline constexpr char kModuleVersion[] = "14.3";
-inline constexpr std::uint64_t kTextFingerprint = 0x7519f9f0af8f6752;  // of the finished text of that version
+inline constexpr std::uint64_t kTextFingerprint = 0x7519f9f0af8f6752;  // of the converted text of that version
 
-// Turns entries as the module has them into texts as the program has them: mark-up converted, corrected, checked, each
-// chapter beginning a paragraph as in print, where only its first verse lacks the mark.
+// Converts the module's entries to the program's texts: converts the mark-up, applies the corrections, adds a paragraph
+// mark to the first verse of each chapter (a chapter also begins a paragraph in print, but without a mark) and checks
+// the result.
 Complaint ConvertEdition(Verses& verses);
 
-// FNV-1a, 64 bits, of all texts with the zero byte that ends each.
+// 64-bit FNV-1a hash of all texts, each with its terminating zero byte.
 std::uint64_t FingerprintOf(const Verses& verses);
 
-// Are these the very texts of the edition? Finds what is wrong in a way that no rule foresees.
+// Checks that these are exactly the texts of the edition. Detects errors that the other checks do not look for.
 Complaint CheckFingerprint(const Verses& verses);

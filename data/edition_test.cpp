@@ -5,7 +5,7 @@
 #include "data/corrections.h"
 #include "scripture/books.h"
 
-// As a module has it: added words there are elements, brackets are printed ones.
+// Mark-up as in the module, where added words are elements; brackets there mean printed brackets.
 static std::string Osis(std::string text) {
     const std::size_t opening = text.find('[');
     if (opening == std::string::npos) return text;
@@ -13,7 +13,7 @@ static std::string Osis(std::string text) {
     return text.replace(opening, 1, "<transChange type=\"added\">");
 }
 
-// The verses that have corrections and no others, each holding just what its correction expects.
+// Only the verses that have corrections, each with just the text that its correction replaces.
 static Verses VersesToCorrect() {
     Verses verses;
     for (const Correction& correction : ModuleCorrections()) {
@@ -27,13 +27,13 @@ static Verses VersesToCorrect() {
     return verses;
 }
 
-TEST(Edition, OfAFewVersesIsNotWhole) {
+TEST(Edition, IncompleteTextIsRejected) {
     Verses verses = VersesToCorrect();
     EXPECT_EQ(ConvertEdition(verses), "Ge 41:56 is out of order");
     EXPECT_EQ(verses.front().text, "earth: And Joseph");
 }
 
-TEST(Edition, BeginsAParagraphWithEachChapter) {
+TEST(Edition, MarksAParagraphAtEachChapter) {
     Verses verses = VersesToCorrect();
     verses.push_back({66, 1, 1, "<w>First</w>"});
     verses.push_back({66, 1, 2, "Second"});
@@ -53,14 +53,14 @@ TEST(Edition, BeginsAParagraphWithEachChapter) {
               "Fourth");
 }
 
-TEST(Edition, ComplainsOfAMissingCorrection) {
+TEST(Edition, ComplainsWhenACorrectionDoesNotFit) {
     Verses verses = VersesToCorrect();
     verses[0].text = "Other words.";
     EXPECT_EQ(ConvertEdition(verses), "Ge 41:56 should hold \"earth: and Joseph\" exactly once");
 }
 
-// Values of FNV-1a with 64 bits, reckoned apart from this program.
-TEST(Edition, HasAFingerprintOfEveryByte) {
+// The expected 64-bit FNV-1a hashes were calculated with another program.
+TEST(Edition, FingerprintDependsOnEveryByte) {
     EXPECT_EQ(FingerprintOf({}), 0xcbf29ce484222325u);
     EXPECT_EQ(FingerprintOf({{1, 1, 1, "a"}}), 0x089be207b544f1e4u);
     EXPECT_EQ(FingerprintOf({{1, 1, 1, "a"}, {1, 1, 2, "b"}}), 0xab40d7820d408076u);

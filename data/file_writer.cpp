@@ -25,7 +25,7 @@ static bool WriteAll(int file, std::string_view bytes) {
     return true;
 }
 
-// On the disk when it returns: the name that it gets later must never lead to less than the whole.
+// Flushes the file to the disk, because it is renamed later and the new name must never lead to an incomplete file.
 static bool WriteFile(const fs::path& path, const std::string& bytes) {
     const int file = open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
     if (file < 0) return false;
@@ -33,12 +33,12 @@ static bool WriteFile(const fs::path& path, const std::string& bytes) {
     return close(file) == 0 && written;
 }
 
-// Two runs may fill one folder at the same time: each needs names of its own.
+// Random, because two runs may write to the same folder at the same time.
 static std::string TemporarySuffix() {
     return "." + std::to_string(std::random_device{}()) + ".new";
 }
 
-// Asked for all files before the first is put in place, where a failure would come too late.
+// Checked for all files before the first one is put in place, so that this failure cannot happen half-way.
 static Complaint CheckPlace(const fs::path& place) {
     std::error_code error;
     if (fs::exists(place, error) && !fs::is_regular_file(place, error)) return place.string() + " is in the way";
@@ -70,8 +70,8 @@ static Complaint Replace(const fs::path& folder, const std::vector<DataFile>& fi
     return {};
 }
 
-// Gives a file its name, unless there is one of that name by now. Some file systems know no links, others no such
-// renaming.
+// Renames a file, unless the new name exists. Tries two ways, because some file systems do not support links and others
+// do not support RENAME_NOREPLACE.
 static bool MoveToFreeName(const std::string& from, const fs::path& to) {
     if (link(from.c_str(), to.c_str()) == 0) return true;
     return errno != EEXIST && renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0;

@@ -1,4 +1,4 @@
-// Files that belong together, put in their place together.
+// Writes a set of files completely or not at all.
 #pragma once
 
 #include <cstdint>
@@ -13,13 +13,13 @@ struct DataFile {
     std::string bytes;
 };
 
-// Adds the lowest `byteCount` bytes of `number`, lowest first.
+// Appends the lowest `byteCount` bytes of `number`, little-endian.
 void AppendNumber(std::string& bytes, std::uint64_t number, int byteCount);
 
-// Writes the files into `folder`, which is made when it is missing. All are written beside their places first and put
-// there at the end, so a failure leaves the folder's own set as it was, and nothing else behind.
+// Writes the files to `folder`, which is created if it is missing. All files are written under temporary names first
+// and renamed at the end, so a failure leaves the old set unchanged and no temporary files.
 Complaint WriteDataFiles(const std::filesystem::path& folder, const std::vector<DataFile>& files);
 
-// The same, but no file that is there is replaced: one of them is enough to leave the folder as it was. They come in
-// the order given.
+// The same, but never replaces a file: if one of the files exists, the folder stays unchanged. The files are put in
+// place in the given order.
 Complaint WriteNewFiles(const std::filesystem::path& folder, const std::vector<DataFile>& files);

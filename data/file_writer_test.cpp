@@ -10,7 +10,7 @@ using testing::EndsWith;
 using testing::IsEmpty;
 using testing::StartsWith;
 
-TEST_F(ScratchFolder, IsMadeAndFilled) {
+TEST_F(ScratchFolder, WriteDataFilesCreatesFolderAndFiles) {
     const fs::path inner = folder / "new" / "data";
     EXPECT_EQ(WriteDataFiles(inner, {{"b", std::string("2\0\r\n", 4)}, {"a", ""}}), "");
     EXPECT_THAT(NamesIn(inner), ElementsAre("a", "b"));
@@ -18,7 +18,7 @@ TEST_F(ScratchFolder, IsMadeAndFilled) {
     EXPECT_EQ(ReadBytes(inner / "b"), std::string("2\0\r\n", 4));
 }
 
-TEST_F(ScratchFolder, HasItsFilesReplaced) {
+TEST_F(ScratchFolder, WriteDataFilesReplacesFiles) {
     WriteBytes(folder / "a", "a longer text of before");
     WriteBytes(folder / "other", "kept");
     EXPECT_EQ(WriteDataFiles(folder, {{"a", "new"}, {"b", "newer"}}), "");
@@ -27,7 +27,7 @@ TEST_F(ScratchFolder, HasItsFilesReplaced) {
     EXPECT_EQ(ReadBytes(folder / "other"), "kept");
 }
 
-TEST_F(ScratchFolder, KeepsItsSetWhenAPlaceIsTaken) {
+TEST_F(ScratchFolder, WriteDataFilesChangesNothingWhenANameIsTaken) {
     WriteBytes(folder / "a", "before");
     fs::create_directories(folder / "b" / "inner");
     EXPECT_EQ(WriteDataFiles(folder, {{"a", "new"}, {"b", "new"}}), (folder / "b").string() + " is in the way");
@@ -35,8 +35,8 @@ TEST_F(ScratchFolder, KeepsItsSetWhenAPlaceIsTaken) {
     EXPECT_THAT(NamesIn(folder), ElementsAre("a", "b"));
 }
 
-// A name too long for the file system: the second temporary cannot be written when the first one is.
-TEST_F(ScratchFolder, KeepsItsSetWhenWritingFails) {
+// The second name is too long for the file system, so its temporary file cannot be created after the first one was.
+TEST_F(ScratchFolder, WriteDataFilesChangesNothingWhenWritingFails) {
     WriteBytes(folder / "a", "before");
     const std::string tooLong(250, 'b');
     EXPECT_EQ(WriteDataFiles(folder, {{"a", "new"}, {tooLong, "new"}}), "cannot write " + (folder / tooLong).string());
@@ -44,20 +44,20 @@ TEST_F(ScratchFolder, KeepsItsSetWhenWritingFails) {
     EXPECT_THAT(NamesIn(folder), ElementsAre("a"));
 }
 
-TEST_F(ScratchFolder, CannotBeMadeInsideAFile) {
+TEST_F(ScratchFolder, WriteDataFilesReportsAFolderThatCannotBeCreated) {
     WriteBytes(folder / "file", "before");
     EXPECT_THAT(WriteDataFiles(folder / "file" / "data", {{"a", "new"}}), StartsWith("cannot make the folder "));
     EXPECT_THAT(WriteDataFiles(folder / "file", {{"a", "new"}}), Not(IsEmpty()));
     EXPECT_EQ(ReadBytes(folder / "file"), "before");
 }
 
-TEST_F(ScratchFolder, GetsNewFiles) {
+TEST_F(ScratchFolder, WriteNewFilesCreatesFiles) {
     EXPECT_EQ(WriteNewFiles(folder / "inner", {{"a", "one"}, {"b", "two"}}), "");
     EXPECT_THAT(NamesIn(folder / "inner"), ElementsAre("a", "b"));
     EXPECT_EQ(ReadBytes(folder / "inner" / "b"), "two");
 }
 
-TEST_F(ScratchFolder, KeepsEveryFileFromNewOnes) {
+TEST_F(ScratchFolder, WriteNewFilesNeverReplacesAFile) {
     for (const char* there : {"a", "b", "c"}) {
         WriteBytes(folder / there, "before");
         EXPECT_THAT(WriteNewFiles(folder, {{"a", "new"}, {"b", "new"}, {"c", "new"}}),
@@ -71,8 +71,8 @@ TEST_F(ScratchFolder, KeepsEveryFileFromNewOnes) {
     EXPECT_THAT(NamesIn(folder), ElementsAre("b"));
 }
 
-// The second file is given twice: its place is free when it is asked, and taken when the second one comes.
-TEST_F(ScratchFolder, LosesNewFilesThatAreNotAll) {
+// Two files with the same name: the name is free during the check, but taken when the second file is put in place.
+TEST_F(ScratchFolder, WriteNewFilesRemovesAnIncompleteSet) {
     EXPECT_THAT(WriteNewFiles(folder, {{"a", "new"}, {"b", "new"}, {"b", "newer"}}), StartsWith("cannot create "));
     EXPECT_THAT(NamesIn(folder), IsEmpty());
 }

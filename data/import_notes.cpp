@@ -1,9 +1,9 @@
-// import_notes [--modules DIR] MODULE FOLDER [NAME]: makes a note set in FOLDER of the SWORD module MODULE, as
-// installed or as it lies in DIR. A commentary becomes an ordinary set, a daily devotional a devotional one. The set is
-// named NAME, or like the module. A set that is there is never touched.
+// import_notes [--modules DIR] MODULE FOLDER [NAME]: makes a note set in FOLDER from the SWORD module MODULE, which is
+// installed or in DIR. A commentary becomes an ordinary set, a daily devotional a devotional set. The set is named
+// NAME, by default like the module. An existing set is never changed.
 //
-// Prints one line that tells what was read, written and changed. Exit code 0 when all files of the set are in place; 1
-// when anything failed, with one line on the error stream and FOLDER as it was; 2 when the arguments were wrong.
+// Prints one line about what was read, written and changed. Exit code 0 when all files of the set are in place; 1 on
+// failure, with one line on the error stream and FOLDER unchanged; 2 for wrong arguments.
 #include <algorithm>
 #include <cstring>
 #include <filesystem>
@@ -15,7 +15,7 @@
 namespace fs = std::filesystem;
 
 struct ImportArguments {
-    std::string modules;  // empty: where SWORD modules are installed
+    std::string modules;  // empty: the installed SWORD modules
     std::string module;
     std::string folder;
     std::string setName;
@@ -34,7 +34,7 @@ static bool ReadArguments(int count, char** values, ImportArguments& arguments) 
     return true;
 }
 
-// What a Windows file cannot be named, whatever the system that this runs on would allow.
+// Rejects names that are not allowed on Windows, even if this system allows them.
 static Complaint CheckName(const std::string& name) {
     const bool isGood = !name.empty() && name.size() <= 100 && name.find_first_of("<>:\"/\\|?*") == std::string::npos &&
                         std::none_of(name.begin(), name.end(), [](char c) { return c >= 0 && c < ' '; }) &&
@@ -42,7 +42,7 @@ static Complaint CheckName(const std::string& name) {
     return isGood ? Complaint() : "\"" + name + "\" cannot be the name of a note set";
 }
 
-// A set is there as soon as one of its files is.
+// A set counts as existing if any of its files exists.
 static Complaint CheckFolder(const ImportArguments& arguments) {
     for (const char* ending : {".nmi", ".nmd", ".dti", ".nmd.temp"}) {
         const fs::path place = fs::path(arguments.folder) / (arguments.setName + ending);
@@ -57,7 +57,7 @@ static std::string Count(std::size_t count, const char* what) {
     return std::to_string(count) + " " + what;
 }
 
-// Only what happened: "; letters transliterated: 12".
+// "; letters transliterated: 12", or nothing if the count is 0.
 static std::string Changes(int count, const char* what) {
     return count == 0 ? "" : std::string("; ") + what + ": " + std::to_string(count);
 }

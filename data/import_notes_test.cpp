@@ -1,5 +1,5 @@
-// The tool that makes note sets of installed texts: run on Debian's commentaries, on damaged copies of them, and on a
-// daily devotional that the test makes with libsword's own tools.
+// Runs the tool that makes note sets from installed texts: on Debian's commentaries, on damaged copies of them, and on
+// a daily devotional that the test makes with libsword's tools.
 #include <gmock/gmock.h>
 
 #include <algorithm>
@@ -22,7 +22,7 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::StartsWith;
 
-static const fs::path kInstalled = "/usr/share/sword";  // where Debian's packages put modules
+static const fs::path kInstalled = "/usr/share/sword";  // the modules of Debian's packages
 static const std::string kScofield = "modules/comments/zcom/scofield/";
 
 struct ImportRun {
@@ -50,7 +50,7 @@ struct ImportNotes : ScratchFolder {
     }
 };
 
-// A set as it lies on the disk: its notes by verse, without the empty ones.
+// The notes of a set on the disk by verse, without the empty ones.
 using ReadNotes = std::map<int, std::string>;
 
 static ReadNotes NotesOfSet(const fs::path& sets, const std::string& name) {
@@ -84,7 +84,7 @@ static std::size_t Longest(const ReadNotes& notes) {
     return longest;
 }
 
-// Whole lines, no control codes, no wide or invalid characters.
+// Complete lines, no control codes, no wide or invalid characters.
 static bool IsCleanText(const std::string& note) {
     for (std::size_t i = 0; i < note.size(); ++i) {
         const auto byte = static_cast<unsigned char>(note[i]);
@@ -96,7 +96,7 @@ static bool IsCleanText(const std::string& note) {
     return true;
 }
 
-// The verses of each line of references of a note.
+// The verses of each cross-reference line of a note.
 static std::vector<std::vector<std::int32_t>> LinkedVerses(const std::string& note, int verse) {
     std::vector<std::vector<std::int32_t>> lines;
     for (std::size_t at = note.find("\n# "); at != std::string::npos; at = note.find("\n# ", at + 1))
@@ -118,8 +118,8 @@ static std::size_t CountLines(const ReadNotes& notes) {
     return lines;
 }
 
-// Its package says that its index has records of twelve bytes; it has ten.
-TEST_F(ImportNotes, ReadsTheCommentaryWhosePackageIsWrong) {
+// The configuration of this package claims index records of twelve bytes, but they have ten.
+TEST_F(ImportNotes, ReadsACommentaryWithAWrongConfiguration) {
     const ImportRun run = RunTool("MHCC " + sets.string());
     EXPECT_EQ(run.exitCode, 0) << run.errors;
     EXPECT_EQ(run.errors, "");
@@ -139,7 +139,7 @@ TEST_F(ImportNotes, ReadsTheCommentaryWhosePackageIsWrong) {
     EXPECT_FALSE(notes.contains(3)) << "one text on three verses is one note";
 }
 
-TEST_F(ImportNotes, ReadsTheCommentaryWithFreeReferencesAndGreek) {
+TEST_F(ImportNotes, ReadsACommentaryWithUnparsedReferencesAndGreek) {
     const ImportRun run = RunTool("Scofield " + sets.string() + " 'Study notes'");
     EXPECT_EQ(run.exitCode, 0) << run.errors;
     EXPECT_THAT(run.output, AllOf(HasSubstr("read 3207 texts; introductions: 7; wrote 3214 notes"),
@@ -157,7 +157,7 @@ TEST_F(ImportNotes, ReadsTheCommentaryWithFreeReferencesAndGreek) {
     EXPECT_GT(Longest(notes), 7800u);
 }
 
-TEST_F(ImportNotes, DealsACommentaryOnWholePsalmsOutToTheirVerses) {
+TEST_F(ImportNotes, SplitsACommentaryOnWholePsalmsByVerse) {
     const ImportRun run = RunTool("TDavid " + sets.string());
     EXPECT_EQ(run.exitCode, 0) << run.errors;
     EXPECT_THAT(run.output, AllOf(HasSubstr("read 150 texts; introductions: 1; "),
@@ -173,7 +173,7 @@ TEST_F(ImportNotes, DealsACommentaryOnWholePsalmsOutToTheirVerses) {
     EXPECT_THAT(notes.at(VerseOf("Ps 119:176")), StartsWith("EXPOSITION.\r\n\r\nVer. 176. "));
 }
 
-// ---- A daily devotional -------------------------------------------------------------------------------------------
+// ---- A daily devotional ---------------------------------------------------------------------------------------------
 
 static const char* const kDaysConf =
     "[Days]\nDataPath=./modules/lexdict/rawld/days/days\nModDrv=RawLD4\nSourceType=ThML\nEncoding=UTF-8\nLang=en\n"
@@ -202,7 +202,7 @@ static int VerseAt(const std::string& table, int month, int day, int reading) {
     return static_cast<int>(LittleEndian32(reinterpret_cast<const unsigned char*>(table.data() + place)));
 }
 
-TEST_F(ImportNotes, MakesADevotionalSetOfADailyDevotional) {
+TEST_F(ImportNotes, MakesADevotionalSetFromADailyDevotional) {
     MakeDevotional(folder, kThreeDays);
     const ImportRun run = RunTool("--modules " + (folder / "library").string() + " Days " + sets.string());
     EXPECT_EQ(run.exitCode, 0) << run.errors;
@@ -229,7 +229,7 @@ TEST_F(ImportNotes, MakesADevotionalSetOfADailyDevotional) {
     EXPECT_EQ(notes.at(VerseOf("Ps 1:1")), "December 31\r\n\r\nNothing is named.");
 }
 
-TEST_F(ImportNotes, CutsWhatDoesNotFitIntoANote) {
+TEST_F(ImportNotes, ShortensTextsThatAreTooLong) {
     std::string text = "$$$01.01\n<scripRef>Genesis 1:1</scripRef>";
     for (int i = 0; i < 80; ++i) text += "<p>" + std::string(1000, 'a') + "</p>";
     MakeDevotional(folder, text + "\n");
@@ -242,7 +242,7 @@ TEST_F(ImportNotes, CutsWhatDoesNotFitIntoANote) {
     EXPECT_THAT(note, EndsWith("aaa\r\n\r\n[The rest of this text was too long for a note and is missing here.]"));
 }
 
-// ---- What goes wrong ----------------------------------------------------------------------------------------------
+// ---- Failures -------------------------------------------------------------------------------------------------------
 
 static auto IsOneLineWith(const std::string& complaint) {
     return AllOf(
@@ -250,7 +250,7 @@ static auto IsOneLineWith(const std::string& complaint) {
         testing::ResultOf([](const std::string& text) { return std::count(text.begin(), text.end(), '\n'); }, 1));
 }
 
-TEST_F(ImportNotes, NeverTouchesASetThatIsThere) {
+TEST_F(ImportNotes, NeverChangesAnExistingSet) {
     MakeDevotional(folder, kThreeDays);
     fs::create_directories(sets);
     for (const char* file : {"Days.nmi", "Days.nmd", "Days.dti", "Days.nmd.temp"}) {
@@ -311,7 +311,7 @@ static constexpr ModuleDamage kDamages[] = {
      "is damaged: Genesis 1:1 cannot be read"},
 };
 
-TEST_F(ImportNotes, SaysWhatIsWrongWithAModule) {
+TEST_F(ImportNotes, ReportsDamagedModules) {
     const fs::path library = folder / "library";
     for (const ModuleDamage& row : kDamages) {
         fs::remove_all(library);
@@ -329,8 +329,8 @@ TEST_F(ImportNotes, SaysWhatIsWrongWithAModule) {
     }
 }
 
-// The limit on the size of files stands for a full disk: the table and the index would fit, the notes do not.
-TEST_F(ImportNotes, LeavesNothingOnAFullDisk) {
+// A limit on file sizes simulates a full disk: the table and the index would fit, but not the notes.
+TEST_F(ImportNotes, LeavesNoFilesOnAFullDisk) {
     const ImportRun run =
         RunShell(folder, "bash -c 'trap \"\" XFSZ; ulimit -f 500; exec " VERSEWELL_IMPORT_NOTES " Scofield " +
                              sets.string() + "'");
@@ -340,7 +340,7 @@ TEST_F(ImportNotes, LeavesNothingOnAFullDisk) {
     EXPECT_THAT(NamesIn(sets), IsEmpty());
 }
 
-TEST_F(ImportNotes, RefusesNamesThatNoFileCanHave) {
+TEST_F(ImportNotes, RejectsInvalidNames) {
     for (const char* name : {"", "a/b", "a:b", "what?", "end.", " a", "a ", "a\tb"}) {
         const ImportRun run = RunTool("Scofield " + sets.string() + " '" + name + "'");
         EXPECT_EQ(run.exitCode, 1) << name;
@@ -349,7 +349,7 @@ TEST_F(ImportNotes, RefusesNamesThatNoFileCanHave) {
     EXPECT_THAT(NamesIn(sets), IsEmpty());
 }
 
-TEST_F(ImportNotes, ExplainsItsArguments) {
+TEST_F(ImportNotes, ShowsUsageForWrongArguments) {
     for (const char* arguments :
          {"", "MHCC", "--modules", "--modules x", "--modules x MHCC", "--other x y z", "a b c d", "--help"}) {
         const ImportRun run = RunTool(arguments);

@@ -9,7 +9,7 @@ namespace {
 constexpr std::string_view kNewLine = "\r\n";
 constexpr int kPsalms = 19;
 
-// What a note is made of, and what it takes to make it.
+// Everything that is needed to make notes, and the result.
 struct Workshop {
     const VerseRecords& records;
     const ReferenceReader& reader;
@@ -20,9 +20,9 @@ using NoteParagraphs = std::map<int, std::vector<Paragraph>>;
 
 }  // namespace
 
-// ---- The text of a note -------------------------------------------------------------------------------------------
+// ---- The text of a note ---------------------------------------------------------------------------------------------
 
-// "Scofield:Heb 1:4" is the note of that work on Hebrews 1:4: the verse will do.
+// "Scofield:Heb 1:4" means the note of that work on Hebrews 1:4; it becomes a reference to the verse.
 static std::string WithoutWork(const std::string& reference) {
     const std::size_t colon = reference.find(':');
     const bool isWork = colon != std::string::npos && reference.find_first_of(" .0123456789") > colon;
@@ -70,7 +70,7 @@ static void AddNote(Workshop& shop, int verse, std::string text) {
     if (!text.empty()) shop.result.notes[verse] = std::move(text);
 }
 
-// ---- Commentaries -------------------------------------------------------------------------------------------------
+// ---- Commentaries ---------------------------------------------------------------------------------------------------
 
 // 7 for "Verse 7.", "Ver. 7." and "Verses 7-9."; 0 for anything else.
 static int MarkedVerse(const std::string& boldStart) {
@@ -83,14 +83,15 @@ static int MarkedVerse(const std::string& boldStart) {
     return 0;
 }
 
-// The verse of the chapter; kNoVerse where the chapter has none of that number.
+// Verse `number` of the chapter; kNoVerse if the chapter does not have so many verses.
 static int VerseOfChapter(const VerseRecords& records, int firstVerse, int number) {
     const VerseRecord chapter = RecordOf(records, firstVerse);
     const int verse = VerseLookup(records, chapter.book, chapter.chapter, number);
     return number > 0 && RecordOf(records, verse).verse == number ? verse : kNoVerse;
 }
 
-// A part of the text ("Exposition") goes through all verses before the next part begins: its title goes with each.
+// The text has titled parts, such as "Exposition", each of which goes through all verses. The title of the part is
+// added to the note of each verse.
 static void DealOutToVerses(Workshop& shop, std::vector<Paragraph> paragraphs, int firstVerse, NoteParagraphs& notes) {
     int verse = firstVerse;
     const Paragraph* title = nullptr;
@@ -145,16 +146,16 @@ ImportedNotes NotesOfCommentary(const std::vector<CommentaryEntry>& entries, con
     return std::move(shop.result);
 }
 
-// ---- Days ---------------------------------------------------------------------------------------------------------
+// ---- Days -----------------------------------------------------------------------------------------------------------
 
 namespace {
 
 struct DayText {
     std::vector<Paragraph> morning;
-    std::vector<Paragraph> evening;  // empty: the morning's is the whole day's
+    std::vector<Paragraph> evening;  // empty: the morning's text is for the whole day
 };
 
-// A year's readings as they come into being.
+// The readings of a year while they are collected.
 struct Year {
     std::map<int, std::string> texts;  // by verse
     int nextPsalmVerse = 0;
@@ -162,7 +163,7 @@ struct Year {
 
 }  // namespace
 
-// A heading is short, and tells the time whatever else it tells: "Evening, January 1".
+// A heading is short and contains the time of day, possibly among other words: "Evening, January 1".
 static bool IsHeading(const Paragraph& paragraph, std::string_view time) {
     static constexpr std::size_t kLongestHeading = 40;
     if (paragraph.text.size() > kLongestHeading) return false;
@@ -181,7 +182,7 @@ static DayText TextOfDay(std::vector<Paragraph> paragraphs) {
     const auto evening = std::find_if(morning + 1, paragraphs.end(), heads("evening"));
     if (evening == paragraphs.end()) return {std::move(paragraphs), {}};
     DayText text;
-    text.morning.assign(paragraphs.begin(), morning);  // what stands over both
+    text.morning.assign(paragraphs.begin(), morning);  // the text above both headings
     text.morning.insert(text.morning.end(), morning + 1, evening);
     text.evening.assign(evening + 1, paragraphs.end());
     return text;
@@ -195,7 +196,7 @@ static int VerseNamedIn(const Workshop& shop, const std::vector<Paragraph>& para
     return kNoVerse;
 }
 
-// The verse of the reading.
+// Adds a reading and returns its verse.
 static int AddReading(Workshop& shop, Year& year, const std::string& heading,
                       const std::vector<Paragraph>& paragraphs) {
     int verse = VerseNamedIn(shop, paragraphs);
@@ -219,7 +220,7 @@ static void AddDay(Workshop& shop, Year& year, const DayEntry& entry) {
     shop.result.readings[ReadingSlot(entry.month, entry.day, true)] = evening;
 }
 
-// Slots in the order of the year; those of days that no month has are filled too.
+// Fills the slots in the order of the year, including those of days that do not exist.
 static void FillMissingDays(const std::vector<bool>& isThere, ImportedNotes& result) {
     static constexpr std::size_t kMonthSlots = 31 * 2;
     static constexpr std::size_t kDays[] = {31, 29, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
@@ -244,7 +245,7 @@ ImportedNotes NotesOfDays(const std::vector<DayEntry>& entries, const VerseRecor
     std::vector<bool> isThere(shop.result.readings.size());
     for (const DayEntry& entry : entries) {
         const std::size_t slot = ReadingSlot(entry.month, entry.day, false);
-        if (isThere[slot]) continue;  // a day twice: the first one counts
+        if (isThere[slot]) continue;  // of two entries for a day, the first one counts
         isThere[slot] = isThere[slot + 1] = true;
         AddDay(shop, year, entry);
     }

@@ -20,7 +20,7 @@ static int VerseOf(const std::string& reference) {
     return ParseReference(Records(), reference).verse;
 }
 
-// Reads one reference of the program's own form; "none" is none, "4" a verse of the chapter at hand.
+// Reads one reference in the program's format; "none" is no reference, "4" a verse of the current chapter.
 static std::vector<VerseRange> ReadPlainly(void*, const std::string& text, int verse) {
     if (text == "none") return {};
     const VerseRecord here = RecordOf(Records(), verse);
@@ -42,7 +42,7 @@ static std::string Lines(std::initializer_list<const char*> lines) {
     return text;
 }
 
-TEST(Commentary, BecomesNotesWithLinesOfReferences) {
+TEST(Commentary, BecomesNotesWithCrossReferenceLines) {
     const ImportedNotes imported = NotesOfCommentary(
         {On("Joh 3:16", "Joh 3:16",
             "<title>Love</title><p>See <reference osisRef=\"Ro 5:8\">Romans</reference>, <reference "
@@ -61,7 +61,7 @@ TEST(Commentary, BecomesNotesWithLinesOfReferences) {
     EXPECT_EQ(imported.cutNotes, 0);
 }
 
-TEST(Commentary, HasItsIntroductionsAtTheHeadOfAChapter) {
+TEST(Commentary, PutsIntroductionsFirst) {
     const ImportedNotes imported =
         NotesOfCommentary({{{0, 0}, "<chapter/>", true},
                            {{0, 0}, "<p>To the book.</p>", true},
@@ -75,7 +75,7 @@ TEST(Commentary, HasItsIntroductionsAtTheHeadOfAChapter) {
     EXPECT_EQ(imported.introductions, 3);
 }
 
-TEST(Commentary, SaysWhichVersesATextIsOn) {
+TEST(Commentary, AddsTheRangeOfVersesAsAHeading) {
     ImportedNotes imported = NotesOfCommentary(
         {On("Ge 1:3", "Ge 1:5", "<p>On the light.</p>"),
          On("Ge 1:6", "Ge 1:13", "<hi type=\"bold\">Verses 6-13</hi><p>Waters.</p>"), On("Ge 1:14", "Ge 1:15", " ")},
@@ -84,7 +84,7 @@ TEST(Commentary, SaysWhichVersesATextIsOn) {
                                             Pair(5, Lines({"Verses 6-13", "", "Waters."}))));
 }
 
-TEST(Commentary, OfAWholeChapterGoesToItsVerses) {
+TEST(Commentary, TextOnAChapterIsSplitByVerse) {
     const char* const chapter =
         "<title>OVERVIEW</title><p>All.</p>"
         "<title>EXPOSITION</title><p><hi type=\"bold\">Verse 1.</hi> One.</p><p>More.</p><p><hi type=\"bold\">Verse "
@@ -108,7 +108,7 @@ TEST(Commentary, OfAWholeChapterGoesToItsVerses) {
     EXPECT_THAT(parted.notes, ElementsAre(Key(psalm), Key(psalm + 5))) << "a text among others is on its own verse";
 }
 
-TEST(Commentary, ThatIsTooLongIsCutAtAParagraph) {
+TEST(Commentary, LongTextIsCutAtAParagraph) {
     const std::string paragraph = "<p>" + std::string(30000, 'a') + "</p>";
     const std::string text = paragraph + paragraph + paragraph;
     const ImportedNotes imported = NotesOfCommentary({On("Ge 1:1", "Ge 1:1", text.c_str())}, Records(), kReader);
@@ -121,7 +121,7 @@ static int SlotOf(const ImportedNotes& imported, int month, int day, bool isEven
     return imported.readings[ReadingSlot(month, day, isEvening)];
 }
 
-TEST(Days, BecomeReadingsOnTheVersesThatTheyName) {
+TEST(Days, BecomeReadingsOnTheirVerses) {
     const ImportedNotes imported =
         NotesOfDays({{1, 1,
                       "<title>Morning</title><p><scripRef>Jos 5:12</scripRef> Corn.</p><title>Evening, January "
@@ -138,14 +138,14 @@ TEST(Days, BecomeReadingsOnTheVersesThatTheyName) {
     EXPECT_EQ(SlotOf(imported, 1, 1, true), 17541);
     EXPECT_EQ(SlotOf(imported, 1, 2, false), 17541);
     EXPECT_EQ(SlotOf(imported, 1, 2, true), 17541);
-    EXPECT_EQ(SlotOf(imported, 2, 29, true), 17541) << "the day before it has";
+    EXPECT_EQ(SlotOf(imported, 2, 29, true), 17541) << "like the day before";
     EXPECT_EQ(SlotOf(imported, 12, 30, true), 17541);
     EXPECT_EQ(SlotOf(imported, 12, 31, true), VerseOf("Ps 1:1"));
     EXPECT_EQ(imported.readingsOnPsalms, 1);
     EXPECT_EQ(imported.daysWithoutText, 363);
 }
 
-TEST(Days, BeforeTheFirstHaveTheLastOfTheYear) {
+TEST(Days, BeforeTheFirstEntryUseTheLastOfTheYear) {
     const ImportedNotes imported =
         NotesOfDays({{3, 1, "<scripRef>Ge 1:1</scripRef>"}, {3, 2, "<scripRef>Ge 1:2</scripRef>"}, {3, 2, "twice"}},
                     Records(), kReader);

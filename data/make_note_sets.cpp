@@ -1,8 +1,7 @@
-// make_note_sets SCRIPTURE READINGS FOLDER: makes the note sets that the program comes with in FOLDER: "Morning and
-// Evening", of the table READINGS and the scripture files in the folder SCRIPTURE, and an empty "My Notes".
+// make_note_sets SCRIPTURE READINGS FOLDER: makes the note sets that come with the program in FOLDER: "Morning and
+// Evening", from the table READINGS and the scripture files in the folder SCRIPTURE, and an empty "My Notes".
 //
-// Exit code 0 when all files are in place; 1 when anything failed, with one line on the error stream; 2 when the
-// arguments were wrong.
+// Exit code 0 when all files are in place; 1 on failure, with one line on the error stream; 2 for wrong arguments.
 #include <fstream>
 #include <iostream>
 #include <iterator>
@@ -10,14 +9,14 @@
 #include <string>
 #include <vector>
 
-#include "data/note_set_writer.h"
 #include "data/devotional_table.h"
+#include "data/note_set_writer.h"
 #include "notes/note_sets.h"
 #include "scripture/scripture.h"
 
 static constexpr char kDevotionalSetName[] = "Morning and Evening";
 
-// The files of a folder, kept in memory as long as what was read from them is used.
+// The files of a folder in memory; they must exist as long as anything that refers to them is used.
 struct FilesInMemory {
     std::string folder;
     std::list<std::vector<unsigned char>> files;

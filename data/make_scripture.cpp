@@ -1,8 +1,8 @@
 // make_scripture [--modules DIR] FOLDER: makes the program's scripture files in FOLDER from the SWORD module
-// engKJV2006eb, as installed or as it lies in DIR.
+// engKJV2006eb, which is installed or in DIR.
 //
-// Exit code 0 when all five files are in place; 1 when anything failed, with one line on the error stream and FOLDER as
-// it was; 2 when the arguments were wrong.
+// Exit code 0 when all five files are in place; 1 on failure, with one line on the error stream and FOLDER unchanged; 2
+// for wrong arguments.
 #include <cstring>
 #include <iostream>
 
@@ -11,7 +11,7 @@
 #include "data/sword_source.h"
 
 struct Arguments {
-    std::string modules;  // empty: where SWORD modules are installed
+    std::string modules;  // empty: the installed SWORD modules
     std::string folder;
 };
 

@@ -1,5 +1,5 @@
-// The tool itself: what it says and leaves behind when its module is missing, of another version or damaged. It is run
-// on copies of the installed module.
+// Runs the tool on copies of the installed module: what it reports and leaves in its folder when the module is missing,
+// of another version or damaged.
 #include <gmock/gmock.h>
 
 #include <algorithm>
@@ -16,7 +16,7 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::StartsWith;
 
-static const char* const kInstalled = "/usr/share/sword";  // where Debian's packages put modules
+static const char* const kInstalled = "/usr/share/sword";  // the modules of Debian's packages
 static const char* const kConf = "mods.d/engKJV2006eb.conf";
 static const std::string kTexts = "modules/texts/ztext/engKJV2006eb/";
 
@@ -24,7 +24,6 @@ struct ToolRun {
     int exitCode = -1;
     std::string errors;
 };
-
 
 struct MakeScripture : ScratchFolder {
     fs::path modules;
@@ -53,7 +52,7 @@ struct MakeScripture : ScratchFolder {
     ToolRun MakeFromCopy() const { return RunTool("--modules " + modules.string() + " " + data.string()); }
 };
 
-TEST_F(MakeScripture, WritesTheFilesThatTheBuildMade) {
+TEST_F(MakeScripture, WritesTheSameFilesAsTheBuild) {
     const ToolRun run = MakeFromCopy();
     EXPECT_EQ(run.exitCode, 0);
     EXPECT_EQ(run.errors, "");
@@ -68,7 +67,7 @@ static void ReplaceOnce(const fs::path& path, const std::string& from, const std
     WriteBytes(path, bytes.replace(bytes.find(from), from.size(), to));
 }
 
-// The index of the verses has ten bytes for each: two neighbours change places.
+// Swaps two neighbouring verses in the index, which has ten bytes for each verse.
 static void SwapVerses(const fs::path& index) {
     constexpr std::size_t kRecord = 10, kSomeVerse = 200;
     std::string bytes = ReadBytes(index);
@@ -118,7 +117,7 @@ static auto IsOneLineWith(const char* complaint) {
         testing::ResultOf([](const std::string& text) { return std::count(text.begin(), text.end(), '\n'); }, 1));
 }
 
-TEST_F(MakeScripture, SaysWhatIsWrongWithItsModule) {
+TEST_F(MakeScripture, ReportsDamagedModules) {
     for (const DamageRow& row : kDamages) {
         CopyModule();
         row.damage(modules);
@@ -129,7 +128,7 @@ TEST_F(MakeScripture, SaysWhatIsWrongWithItsModule) {
     }
 }
 
-TEST_F(MakeScripture, LeavesAnOlderSetAsItWasWhenItFails) {
+TEST_F(MakeScripture, KeepsAnOlderSetOnFailure) {
     fs::create_directories(data);
     WriteBytes(data / "_avtext.dat", "older text");
     WriteBytes(data / "_avwrds.dat", "older words");
@@ -143,8 +142,8 @@ TEST_F(MakeScripture, LeavesAnOlderSetAsItWasWhenItFails) {
     }
 }
 
-TEST_F(MakeScripture, LeavesAnOlderSetAsItWasWhenItCannotWrite) {
-    fs::create_directories(data / "_avwidx.dat");  // a folder where the last of the five should go
+TEST_F(MakeScripture, KeepsAnOlderSetWhenAFileCannotBeWritten) {
+    fs::create_directories(data / "_avwidx.dat");  // a folder with the name of the last file
     WriteBytes(data / "_avtext.dat", "older text");
     const ToolRun run = MakeFromCopy();
     EXPECT_EQ(run.exitCode, 1);
@@ -153,8 +152,8 @@ TEST_F(MakeScripture, LeavesAnOlderSetAsItWasWhenItCannotWrite) {
     EXPECT_EQ(ReadBytes(data / "_avtext.dat"), "older text");
 }
 
-// The limit on the size of files stands for a full disk: the first file fits, the text does not.
-TEST_F(MakeScripture, LeavesAnOlderSetAsItWasWhenTheDiskIsFull) {
+// A limit on file sizes simulates a full disk: the first file fits, the text does not.
+TEST_F(MakeScripture, KeepsAnOlderSetWhenTheDiskIsFull) {
     fs::create_directories(data);
     WriteBytes(data / "_avvidx.dat", "older verses");
     const std::string command = "bash -c 'trap \"\" XFSZ; ulimit -f 1000; exec " VERSEWELL_MAKE_SCRIPTURE
@@ -166,7 +165,7 @@ TEST_F(MakeScripture, LeavesAnOlderSetAsItWasWhenTheDiskIsFull) {
     EXPECT_EQ(ReadBytes(data / "_avvidx.dat"), "older verses");
 }
 
-TEST_F(MakeScripture, ExplainsItsArguments) {
+TEST_F(MakeScripture, ShowsUsageForWrongArguments) {
     const char* const wrong[] = {"", "--modules", "--modules x", "--other x y", "a b", "--help"};
     for (const char* arguments : wrong) {
         const ToolRun run = RunTool(arguments);

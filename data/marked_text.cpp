@@ -55,8 +55,8 @@ struct Walk {
     Paragraph current;
     bool blankPending = false;
     bool linePending = false;
-    int bold = -1;                              // where the bold text at the start of the paragraph began, -1 for none
-    std::size_t reference = std::string::npos;  // where the text of a reference without a target began
+    int bold = -1;                              // start of the bold text at the start of the paragraph, -1 for none
+    std::size_t reference = std::string::npos;  // start of the text of a reference without a target
 };
 
 struct Entity {
@@ -68,9 +68,9 @@ constexpr Entity kEntities[] = {{"amp", "&"}, {"lt", "<"}, {"gt", ">"}, {"quot",
 
 }  // namespace
 
-// ---- Tags ---------------------------------------------------------------------------------------------------------
+// ---- Tags -----------------------------------------------------------------------------------------------------------
 
-// `tag` is what stands between < and >.
+// `tag` is the text between < and >.
 static Tag TagOf(std::string_view tag) {
     Tag result;
     result.isEnd = tag.starts_with('/');
@@ -98,7 +98,7 @@ static Effect EffectOf(const Tag& tag) {
     return row->effect == Effect::kBold && !isBold ? Effect::kNone : row->effect;
 }
 
-// ---- Text ---------------------------------------------------------------------------------------------------------
+// ---- Text -----------------------------------------------------------------------------------------------------------
 
 static void EndParagraph(Walk& walk) {
     if (!walk.current.text.empty()) walk.paragraphs.push_back(std::move(walk.current));
@@ -126,7 +126,7 @@ static std::string Utf8Of(unsigned long point) {
     return bytes;
 }
 
-// `name` is what stands between & and ;. Empty for none that is known.
+// `name` is the text between & and ;. Empty for an unknown entity.
 static std::string TextOfEntity(std::string_view name) {
     const auto* found = std::find_if(std::begin(kEntities), std::end(kEntities),
                                      [name](const Entity& each) { return each.name == name; });
@@ -140,7 +140,7 @@ static std::string TextOfEntity(std::string_view name) {
     return error == std::errc() && end == name.data() + name.size() ? Utf8Of(point) : std::string();
 }
 
-// Takes an entity from the start of `entry`, which begins with "&"; a "&" that begins none is itself.
+// Takes an entity from the start of `entry`, which begins with "&". A "&" that does not begin an entity stays as it is.
 static std::string TakeEntity(std::string_view& entry) {
     static constexpr std::size_t kLongest = 10;
     const std::size_t end = entry.substr(0, kLongest).find(';');
@@ -149,7 +149,7 @@ static std::string TakeEntity(std::string_view& entry) {
     return text.empty() ? "&" : text;
 }
 
-// ---- The walk -----------------------------------------------------------------------------------------------------
+// ---- The walk -------------------------------------------------------------------------------------------------------
 
 static void WalkReference(Walk& walk, const Tag& tag) {
     const std::string_view target = Attribute(tag, tag.name == "scripRef" ? "passage" : "osisRef");

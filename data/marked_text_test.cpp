@@ -5,7 +5,8 @@
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-// "T:" before titles, "R:" before rows; "*bold*" before a paragraph that begins with bold text; "@reference" behind it.
+// Puts "T:" before titles, "R:" before rows, "*bold*" before a paragraph that begins with bold text, and "@reference"
+// after a paragraph for each of its references.
 static std::vector<std::string> Shown(const std::string& entry) {
     std::vector<std::string> shown;
     for (const Paragraph& paragraph : ParagraphsOf(entry)) {
@@ -23,7 +24,7 @@ struct MarkedRow {
     std::vector<std::string> paragraphs;
 };
 
-TEST(MarkedText, IsParagraphsOfPlainText) {
+TEST(MarkedText, BecomesParagraphsOfPlainText) {
     const MarkedRow rows[] = {
         {"", {}},
         {" <div sID=\"g1\" type=\"x-p\"/> <div eID=\"g1\" type=\"x-p\"/> ", {}},
@@ -55,7 +56,7 @@ TEST(MarkedText, IsParagraphsOfPlainText) {
     for (const MarkedRow& row : rows) EXPECT_EQ(Shown(row.entry), row.paragraphs) << row.entry;
 }
 
-TEST(MarkedText, OfHalvesOfTagsIsReadToItsEnd) {
+TEST(MarkedText, AnyPartOfAnEntryCanBeRead) {
     static constexpr char kEntry[] =
         "<title>T</title><hi type=\"bold\">b</hi><note>n</note><reference>r</reference>&#233;<scripRef passage=\"x\">y";
     const std::string entry = kEntry;

@@ -1,4 +1,5 @@
-// libsword prints a line of its own for every read that fails, past its log: nothing that a user could act on.
+// Suppresses the messages of libsword, which prints a line for every failed read, bypassing its log. They would not
+// help a user.
 #pragma once
 
 #include <memory>
@@ -7,6 +8,6 @@ struct RestoreErrors {
     void operator()(const int* kept) const;
 };
 
-// The error stream leads nowhere as long as this is there.
+// The error stream is discarded while this exists.
 using MutedErrors = std::unique_ptr<int, RestoreErrors>;
 MutedErrors MuteErrors();

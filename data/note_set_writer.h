@@ -1,4 +1,4 @@
-// Note sets as bytes. Their format: notes/note_sets.h.
+// Encodes note sets. The format is described in notes/note_sets.h.
 #pragma once
 
 #include <array>
@@ -10,22 +10,23 @@
 
 inline constexpr char kRestIsMissing[] = "[The rest of this text was too long for a note and is missing here.]";
 
-// Texts by verse index, in the program's code page, with lines ended by CR LF; a verse without one has an empty note.
+// Texts by verse index, in the program's code page, with lines separated by CR LF; other verses have an empty note.
 using NoteTexts = std::map<int, std::string>;
 
 // Verse indexes by ReadingSlot.
 using DevotionalTable = std::array<int, 12 * 31 * 2>;
 
-// Place of a reading in the table: `month` 1..12, `day` 1..31.
+// Index of a reading in the table: `month` 1..12, `day` 1..31.
 std::size_t ReadingSlot(int month, int day, bool isEvening);
 
 // "January 1".
 std::string DayName(int month, int day);
 
-// NAME.nmd, NAME.dti where `readings` is not null, NAME.nmi: the index, by which the program finds a set, comes last.
+// NAME.nmd, then NAME.dti if `readings` is not null, then NAME.nmi. The index comes last, because the program finds a
+// set by its index.
 std::vector<DataFile> EncodeNoteSet(const std::string& name, const NoteTexts& notes, const DevotionalTable* readings);
 
-// Cuts a text that is longer than a note may be (kNoteTextLimit) behind its last paragraph that leaves room for the
-// line kRestIsMissing, which is added; a paragraph that is too long by itself behind its last word. Paragraphs are
-// parted by an empty line. False when the text fits as it is.
+// Shortens a text that is longer than a note can be (kNoteTextLimit) and adds the line kRestIsMissing. Cuts after a
+// paragraph if possible, otherwise after a word. Paragraphs are separated by an empty line. False when the text fits
+// unchanged.
 bool CutToNote(std::string& text);

@@ -21,7 +21,7 @@ static std::string FourBytes(int a, int b, int c, int d) {
     return {static_cast<char>(a), static_cast<char>(b), static_cast<char>(c), static_cast<char>(d)};
 }
 
-TEST(NoteSetWriter, WritesAnEmptySetAsANulAVerse) {
+TEST(NoteSetWriter, WritesAnEmptySetAsOneZeroBytePerVerse) {
     const std::vector<DataFile> files = EncodeNoteSet("My Notes", {}, nullptr);
     ASSERT_THAT(files, ElementsAre(HasName("My Notes.nmd"), HasName("My Notes.nmi")));
     EXPECT_EQ(files[0].bytes, std::string(kVerseCount, '\0'));
@@ -31,7 +31,7 @@ TEST(NoteSetWriter, WritesAnEmptySetAsANulAVerse) {
     EXPECT_EQ(Number(files[1].bytes, kLastVerse), FourBytes(0x7D, 0x79, 0, 0));
 }
 
-TEST(NoteSetWriter, WritesNotesAtBothEnds) {
+TEST(NoteSetWriter, WritesFirstAndLastNotes) {
     const std::vector<DataFile> files =
         EncodeNoteSet("a.b", {{0, "first"}, {1, "second"}, {kLastVerse, "last"}}, nullptr);
     const std::string nul(1, '\0');
@@ -40,7 +40,7 @@ TEST(NoteSetWriter, WritesNotesAtBothEnds) {
     EXPECT_EQ(Number(files[1].bytes, 2), FourBytes(13, 0, 0, 0));
 }
 
-TEST(NoteSetWriter, WritesATableBeforeTheIndex) {
+TEST(NoteSetWriter, WritesTheTableBeforeTheIndex) {
     DevotionalTable readings{};
     readings[ReadingSlot(1, 1, false)] = 5946;
     readings[ReadingSlot(1, 1, true)] = 17541;
@@ -55,7 +55,7 @@ TEST(NoteSetWriter, WritesATableBeforeTheIndex) {
     EXPECT_EQ(table.substr(2972), FourBytes(0xE5, 0x4A, 0, 0));
 }
 
-TEST(NoteSetWriter, NamesDays) {
+TEST(NoteSetWriter, FormatsDayNames) {
     EXPECT_EQ(DayName(1, 1), "January 1");
     EXPECT_EQ(DayName(2, 29), "February 29");
     EXPECT_EQ(DayName(12, 31), "December 31");
@@ -69,7 +69,7 @@ struct CutRow {
 
 static const std::string kMark = "\r\n\r\n" + std::string(kRestIsMissing);
 
-TEST(NoteSetWriter, CutsALongTextAtAParagraph) {
+TEST(NoteSetWriter, CutsALongTextAtAParagraphOrWord) {
     const std::string paragraph(30000, 'a');
     const std::string gap = "\r\n\r\n";
     const CutRow rows[] = {
@@ -89,7 +89,7 @@ TEST(NoteSetWriter, CutsALongTextAtAParagraph) {
     }
 }
 
-TEST(NoteSetWriter, LeavesATextThatFits) {
+TEST(NoteSetWriter, KeepsATextThatFits) {
     for (const std::size_t length : {std::size_t{0}, std::size_t{1}, kNoteTextLimit}) {
         std::string text(length, 'a');
         EXPECT_FALSE(CutToNote(text));

@@ -17,7 +17,7 @@ constexpr Spelling kLetters[] = {
 
 constexpr std::string_view kStops = ":;.?!";
 
-// Tags become text one after another; what they enclose may depend on them.
+// State of the conversion, which goes through the tags one after another.
 struct TagWalk {
     std::string text;
     bool inDivineName = false;
@@ -30,14 +30,15 @@ static void ReplaceAll(std::string& text, std::string_view from, std::string_vie
         text.replace(at, from.size(), to);
 }
 
-// Takes out every `<name ...>...</name>`. By text, not by parsing: some notes are not well formed, and none nest.
+// Removes every `<name ...>...</name>`. Searches for the tags without parsing the content, because some notes are
+// malformed; none are nested.
 static void RemoveElements(std::string& osis, std::string_view name) {
     const std::string opening = "<" + std::string(name);
     const std::string closing = "</" + std::string(name) + ">";
     std::size_t from = osis.find(opening);
     while (from != std::string::npos) {
         const std::size_t to = osis.find(closing, from);
-        if (to == std::string::npos) return;  // the tag stays, and is complained of
+        if (to == std::string::npos) return;  // the checks will report the remaining tag
         osis.erase(from, to + closing.size() - from);
         from = osis.find(opening, from);
     }
@@ -47,19 +48,19 @@ static std::string_view NameOfTag(std::string_view tag) {
     return tag.substr(0, std::min(tag.find_first_of(" /", 1), tag.size()));
 }
 
-// `tag` is what stands between < and >.
+// `tag` is the text between < and >.
 static void WalkTag(TagWalk& walk, std::string_view tag) {
     const std::string_view name = NameOfTag(tag);
     if (name == "transChange") walk.text += '[';
     if (name == "/transChange") walk.text += ']';
     if (name == "divineName") walk.inDivineName = true;
     if (name == "/divineName") walk.inDivineName = false;
-    // Whole ones are gone by now: this one lacks its other half.
+    // Complete elements have been removed already, so this tag has no counterpart. The "<" makes the checks report it.
     if (name == "note" || name == "/note" || name == "title" || name == "/title") walk.text += '<';
 }
 
 static char PlainLetter(const TagWalk& walk, char letter) {
-    if (letter == '[') return '(';  // printed brackets, which must not look like italics
+    if (letter == '[') return '(';  // a printed bracket, which must not be taken for italics
     if (letter == ']') return ')';
     const bool isSmall = letter >= 'a' && letter <= 'z';
     return walk.inDivineName && isSmall ? static_cast<char>(letter - 'a' + 'A') : letter;
@@ -84,7 +85,7 @@ static bool IsBlank(char letter) {
     return letter == ' ' || letter == '\t' || letter == '\n' || letter == '\r';
 }
 
-// Words parted by single blanks, none at the ends and none after a paragraph mark.
+// Separates words by single blanks and removes blanks at the ends and after a paragraph mark.
 static std::string WithSingleBlanks(std::string_view text) {
     std::string result;
     bool pending = false;
@@ -100,7 +101,8 @@ static std::string WithSingleBlanks(std::string_view text) {
     return result;
 }
 
-// The module often counts the stop after an added word among the italics, print does not: "[of:]" becomes "[of]:".
+// The module often includes the stop after an added word in the italics, unlike the printed book: "[of:]" becomes
+// "[of]:".
 static void MoveStopsOutOfBrackets(std::string& text) {
     for (std::size_t at = text.find(']'); at != std::string::npos; at = text.find(']', at + 1)) {
         const std::size_t lastWord = text.find_last_not_of(kStops, at - 1);
@@ -113,7 +115,7 @@ static void MoveStopsOutOfBrackets(std::string& text) {
 std::string TextOfOsis(std::string_view osis) {
     std::string text(osis);
     RemoveElements(text, "note");
-    ReplaceAll(text, "\\nd ", "<divineName>");  // start tags that the module's maker left as they were in USFM
+    ReplaceAll(text, "\\nd ", "<divineName>");  // start tags that the module still has in USFM
     RemoveElements(text, "title");
     text = WithoutTags(text);
     for (const Spelling& letter : kLetters) ReplaceAll(text, letter.from, letter.to);

@@ -58,12 +58,12 @@ static constexpr OsisRow kRows[] = {
     {"blanks", "  a \n<div/> b\t</div>  ", "a b"},
 };
 
-TEST(OsisText, BecomesTextOfTheProgram) {
+TEST(OsisText, ConvertsToTheProgramsText) {
     for (const OsisRow& row : kRows) EXPECT_EQ(TextOfOsis(row.osis), row.text) << row.what;
 }
 
-// What is not understood must reach the checks instead of vanishing.
-TEST(OsisText, LeavesWhatItDoesNotKnowForTheChecks) {
+// Unknown mark-up must not disappear before the checks can find it.
+TEST(OsisText, KeepsUnknownMarkupForTheChecks) {
     const char* const unknown[] = {
         "a <note>never closed",
         "a </note> b",

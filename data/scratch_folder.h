@@ -1,4 +1,4 @@
-// A folder for one test's files, and what a test does to files.
+// A folder for the files of a test, and helpers for files.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-// A fixture: `folder` is there, empty, and no other test's, of this run or another, for as long as the test lasts.
+// A fixture: `folder` is an empty folder that exists during the test and is not shared with other tests or runs.
 struct ScratchFolder : testing::Test {
     std::filesystem::path folder;
 
@@ -15,10 +15,10 @@ struct ScratchFolder : testing::Test {
     void TearDown() override;
 };
 
-// All bytes of a file; none when it cannot be read.
+// All bytes of a file; empty when it cannot be read.
 std::string ReadBytes(const std::filesystem::path& path);
 
 void WriteBytes(const std::filesystem::path& path, const std::string& bytes);
 
-// Names of what lies in `folder`, ascending; none when there is no such folder.
+// Sorted names of the entries of `folder`; empty when it does not exist.
 std::vector<std::string> NamesIn(const std::filesystem::path& folder);

@@ -1,5 +1,4 @@
-// The five files of the scripture database as bytes. Their formats: scripture/scripture.h and
-// search/word_index.h.
+// Encodes the five scripture files. The formats are described in scripture/scripture_files.h and search/word_index.h.
 #pragma once
 
 #include <vector>

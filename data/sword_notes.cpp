@@ -20,7 +20,7 @@ namespace {
 constexpr int kOldTestamentBooks = 39;
 constexpr char kVersification[] = "KJV";
 
-// Records of an index: verses, and a head of each chapter, of each book, of the testament and of the module.
+// Number of records of an index: one for each verse, chapter and book, the testament and the module.
 struct Testament {
     const char* name;
     std::uintmax_t records;
@@ -30,7 +30,7 @@ constexpr Testament kTestaments[] = {{"ot", 23145 + 929 + 39 + 2}, {"nt", 7957 +
 struct DriverRow {
     const char* name;
     std::uintmax_t recordSize;  // bytes
-    const char* indexEnding;    // of the file, behind the letter of the blocks where the text is packed
+    const char* indexEnding;    // extension of the file, without the letter for the blocks of compressed text
 };
 constexpr DriverRow kDrivers[] = {
     {"RawCom", 6, "vss"},
@@ -41,7 +41,7 @@ constexpr DriverRow kDrivers[] = {
 
 }  // namespace
 
-// ---- The library --------------------------------------------------------------------------------------------------
+// ---- The library ----------------------------------------------------------------------------------------------------
 
 static std::string Entry(const sword::ConfigEntMap& section, const char* key) {
     const auto found = section.find(key);
@@ -54,7 +54,7 @@ static const DriverRow* DriverOf(const std::string& name) {
     return found == std::end(kDrivers) ? nullptr : found;
 }
 
-// Size of a testament's index in `folder`; 0 where there is none.
+// Size of a testament's index in `folder`; 0 if there is none.
 static std::uintmax_t IndexSize(const fs::path& folder, const Testament& testament, const DriverRow& driver) {
     std::uintmax_t size = 0;
     std::error_code error;
@@ -73,8 +73,8 @@ static bool HasWholeIndexes(const fs::path& folder, const DriverRow& driver) {
     });
 }
 
-// The package of one commentary says zCom4 where its index has the shorter records of zCom: as the package says, it
-// would be read as nonsense. The library asks this as it makes each module.
+// Corrects the driver of one commentary: its configuration says zCom4, but its index has the shorter records of zCom
+// and would be read as nonsense. The library calls createModule for each module.
 struct Library : sword::SWMgr {
     explicit Library(const std::string& folder)
         : sword::SWMgr(folder.empty() ? nullptr : folder.c_str(), false, nullptr, false, folder.empty()) {
@@ -94,7 +94,7 @@ struct Library : sword::SWMgr {
     }
 };
 
-// ---- Verses -------------------------------------------------------------------------------------------------------
+// ---- Verses ---------------------------------------------------------------------------------------------------------
 
 static int BookOf(const sword::VerseKey& key) {
     return key.getBook() + (key.getTestament() == 2 ? kOldTestamentBooks : 0);
@@ -104,7 +104,7 @@ static sword::VerseKey FirstVerse() {
     sword::VerseKey key;
     key.setVersificationSystem(kVersification);
     key.setIntros(false);
-    key.setPersist(true);  // the module follows the key as it moves
+    key.setPersist(true);  // the module uses this key instead of a copy
     key.setPosition(sword::TOP);
     return key;
 }
@@ -133,12 +133,12 @@ static std::optional<VerseRange> RangeOf(const VerseRecords& records, const swor
     VerseRange range{VerseIndexOf(records, isRange ? key->getLowerBound() : *key),
                      VerseIndexOf(records, isRange ? key->getUpperBound() : *key)};
     if (range.first == kNoVerse || range.last < range.first) return std::nullopt;
-    // An end that there is not ("isa 11:10-isa 1214:1") is taken for the end of the Bible.
+    // The library reads an end that does not exist ("isa 11:10-isa 1214:1") as the end of the Bible.
     if (RecordOf(records, range.first).book != RecordOf(records, range.last).book) range.last = range.first;
     return range;
 }
 
-// "lu 17:26-29 lu 17:32": the library would read on from 29 to the end of the Bible.
+// Inserts semicolons into "lu 17:26-29 lu 17:32", because the library would read it as a range to the end of the Bible.
 static std::string WithStops(const std::string& text) {
     static const std::regex kVerseAndBlank("([:.][0-9]+(?:-[0-9]+(?:[:.][0-9]+)?)?) +(?=[0-9A-Za-z])");
     return std::regex_replace(text, kVerseAndBlank, "$1; ");
@@ -170,14 +170,13 @@ ReferenceReader ReaderOf(ReferenceDevice& device) {
     return {&device, ReadReferences};
 }
 
-// ---- Entries ------------------------------------------------------------------------------------------------------
+// ---- Entries --------------------------------------------------------------------------------------------------------
 
 static Complaint Damaged(const sword::SWModule& module, const std::string& place) {
     return std::string("the SWORD module ") + module.getName() + " is damaged: " + place + " cannot be read";
 }
 
-// Verses that share a text stand one after the other. What stands before a chapter or a book is an introduction to its
-// first verse.
+// Verses with a shared text follow one another. The entry of a chapter or a book is an introduction to its first verse.
 static Complaint ReadCommentary(sword::SWModule& module, const VerseRecords& records,
                                 std::vector<CommentaryEntry>& entries) {
     sword::VerseKey key = FirstVerse();
@@ -202,7 +201,7 @@ static Complaint ReadCommentary(sword::SWModule& module, const VerseRecords& rec
     return {};
 }
 
-// The month and the day of "02.29"; nothing for another key.
+// The month and the day of a key such as "02.29"; nothing for any other key.
 static std::optional<DayEntry> DayOfKey(const std::string& key) {
     static constexpr int kDays[] = {31, 29, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
     if (key.size() != 5 || key[2] != '.' || key.find_first_not_of("0123456789.") != std::string::npos)
@@ -227,7 +226,7 @@ static Complaint ReadDays(sword::SWModule& module, NotesModule& result) {
     return {};
 }
 
-// ---- Modules ------------------------------------------------------------------------------------------------------
+// ---- Modules --------------------------------------------------------------------------------------------------------
 
 static Complaint CheckCommentary(const Library& library, const sword::ConfigEntMap& section, const std::string& name) {
     const std::string versification = Entry(section, "Versification");
@@ -264,7 +263,7 @@ static Complaint ReadEntries(const Library& library, sword::SWModule& module, No
 Complaint ReadNotesModule(const std::string& folder, const std::string& name, NotesModule& result) {
     const MutedErrors muted = MuteErrors();
     std::error_code error;
-    // Without it the library would look elsewhere.
+    // Without mods.d the library would use modules from somewhere else.
     if (!folder.empty() && !fs::is_directory(fs::path(folder) / "mods.d", error))
         return "there is no SWORD module " + name + " in " + folder;
     Library library(folder);

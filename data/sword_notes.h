@@ -1,4 +1,4 @@
-// The door to libsword for texts that become notes: commentaries and daily devotionals as they are installed.
+// Reads texts that become notes with libsword: installed commentaries and daily devotionals.
 #pragma once
 
 #include <memory>
@@ -13,14 +13,14 @@ struct NotesModule {
     bool isDevotional = false;
     std::vector<CommentaryEntry> commentary;  // in the order of the Bible
     std::vector<DayEntry> days;
-    int otherEntries = 0;  // of a devotional: on no day of the year
+    int otherEntries = 0;  // of a devotional: entries that are not for a day of the year
 };
 
-// Reads module `name`. `folder` holds `mods.d` and `modules`; empty for wherever SWORD modules are installed. The
-// complaint says that the module is missing, of another kind, of another division into verses, locked, or damaged.
+// Reads module `name`. `folder` contains `mods.d` and `modules`; empty for the installed SWORD modules. The complaint
+// says that the module is missing, of another kind, of another versification, locked, or damaged.
 Complaint ReadNotesModule(const std::string& folder, const std::string& name, NotesModule& module);
 
-// The records of the division into verses that the program has, from libsword's own table.
+// Verse records of the program's versification, made from libsword's table.
 std::vector<unsigned char> VerseRecordsOfLibrary();
 
 struct ReferenceDevice;
@@ -29,6 +29,6 @@ struct ReferenceDeviceDeleter {
 };
 using UniqueReferenceDevice = std::unique_ptr<ReferenceDevice, ReferenceDeviceDeleter>;
 
-// libsword's reader of references. `records` must stay as long as the device is used.
+// libsword's parser of references. `records` must outlive the device.
 UniqueReferenceDevice MakeReferenceDevice(const VerseRecords& records);
 ReferenceReader ReaderOf(ReferenceDevice& device);

@@ -19,7 +19,7 @@ static sword::VerseKey FirstVerseKey() {
     sword::VerseKey key;
     key.setVersificationSystem("KJV");
     key.setIntros(false);
-    key.setPersist(true);  // the module follows the key as it moves
+    key.setPersist(true);  // the module uses this key instead of a copy
     key.setPosition(sword::TOP);
     return key;
 }
@@ -53,6 +53,6 @@ Complaint ReadSwordModule(const std::string& folder, const char* name, const cha
     sword::VerseKey key = FirstVerseKey();
     module->setKey(key);
     complaint = ReadEntries(*module, key, verses);
-    module->setKey(sword::VerseKey());  // ours ends here, the module not yet
+    module->setKey(sword::VerseKey());  // the module outlives our key
     return complaint;
 }

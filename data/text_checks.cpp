@@ -47,7 +47,7 @@ Complaint CheckVerseText(std::string_view text) {
     return {};
 }
 
-// Does `verse` come straight after `before`? Before the first there is a verse of zeros.
+// Does `verse` directly follow `before`? For the first verse, `before` is all zeros.
 static bool Follows(const Verse& before, const Verse& verse) {
     if (verse.book == before.book && verse.chapter == before.chapter) return verse.verse == before.verse + 1;
     if (verse.book == before.book) return verse.chapter == before.chapter + 1 && verse.verse == 1;

@@ -43,11 +43,11 @@ static constexpr TextRow kTexts[] = {
     {"[a ]", "has a blank inside a bracket"},
 };
 
-TEST(TextChecks, KnowAFaultyVerse) {
+TEST(TextChecks, ReportAFaultyVerse) {
     for (const TextRow& row : kTexts) EXPECT_EQ(CheckVerseText(row.text), row.complaint) << row.text;
 }
 
-// 31,102 verses in 1,189 chapters of 66 books, though not as many in each as the real ones have.
+// 31,102 verses in 1,189 chapters of 66 books, but distributed differently from the real ones.
 static Verses WholeCanon() {
     Verses verses;
     const auto addChapter = [&verses](int book, int chapter, int verseCount) {
@@ -58,11 +58,11 @@ static Verses WholeCanon() {
     return verses;
 }
 
-TEST(TextChecks, AcceptAWholeCanon) {
+TEST(TextChecks, AcceptACompleteText) {
     EXPECT_EQ(CheckVerses(WholeCanon()), "");
 }
 
-TEST(TextChecks, MissWhatIsNotThere) {
+TEST(TextChecks, ReportMissingVersesAndChapters) {
     Verses verses = WholeCanon();
     verses.pop_back();
     EXPECT_EQ(CheckVerses(verses), "there are 1188 chapters instead of 1189");

@@ -8,7 +8,7 @@ static std::string ChapterAndVerse(const VerseRecord& place) {
     return std::to_string(place.chapter) + ":" + std::to_string(place.verse);
 }
 
-// One item of the line, behind one that ended at `before` (book 0 at the start of the line).
+// One item of the line; the previous one ended at `before` (book 0 at the start of the line).
 static std::string ItemText(const VerseRecord& before, const VerseRecord& first, const VerseRecord& last) {
     std::string text;
     if (before.book != first.book)
@@ -20,7 +20,7 @@ static std::string ItemText(const VerseRecord& before, const VerseRecord& first,
     return last.verse == first.verse ? text : text + "-" + std::to_string(last.verse);
 }
 
-// A line's ranges stay within a book.
+// Splits a range at the ends of books, because a range in a cross-reference line cannot span books.
 static std::vector<VerseRange> WithinBooks(const VerseRecords& records, VerseRange range) {
     std::vector<VerseRange> parts;
     while (range.first <= range.last) {

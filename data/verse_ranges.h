@@ -1,4 +1,4 @@
-// References of an imported text, and the cross-reference lines that are made of them (notes/cross_references.h).
+// References of an imported text, and the cross-reference lines made from them (notes/cross_references.h).
 #pragma once
 
 #include <string>
@@ -12,12 +12,12 @@ struct VerseRange {
     bool operator==(const VerseRange&) const = default;
 };
 
-// How references are read: `read` gives the verses that `text` names, in its order; what the text leaves out is taken
-// from `verse`. Nothing where it names none.
+// A parser of references: `read` returns the verses that `text` names, in that order, or nothing. Missing parts of the
+// first reference are taken from `verse`.
 struct ReferenceReader {
-    void* device = nullptr;  // handed back
+    void* device = nullptr;  // passed to `read`
     std::vector<VerseRange> (*read)(void* device, const std::string& text, int verse) = nullptr;
 };
 
-// "# Mt 19:4-6; 24:37-39; Lu 17:26-29, 32": a line that names the ranges in their order, each once. Empty for none.
+// "# Mt 19:4-6; 24:37-39; Lu 17:26-29, 32": a line with the ranges in order, each once. Empty if there are none.
 std::string CrossReferenceLine(const VerseRecords& records, const std::vector<VerseRange>& ranges);

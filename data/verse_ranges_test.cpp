@@ -25,8 +25,8 @@ static std::vector<VerseRange> RangesOf(const LineRow& row) {
     return ranges;
 }
 
-// What a line says, the program finds in it, wherever the note is.
-TEST(CrossReferenceLines, NameTheirVerses) {
+// The program must read the same verses from a line, no matter which verse its note is for.
+TEST(CrossReferenceLines, AreReadBackAsTheSameVerses) {
     const LineRow rows[] = {
         {{}, ""},
         {{{"Ge 1:1", "Ge 1:1"}}, "# Ge 1:1"},
@@ -56,7 +56,7 @@ TEST(CrossReferenceLines, NameTheirVerses) {
     }
 }
 
-TEST(CrossReferenceLines, CanNameAnyVerseOfAnyBook) {
+TEST(CrossReferenceLines, CanNameEveryBook) {
     for (int book = 1; book <= 66; ++book) {
         const int first = VerseLookup(Records(), book, 1, 1), last = VerseLookup(Records(), book, kLast, kLast);
         const std::string line = CrossReferenceLine(Records(), {{first, first}, {last, last}});

@@ -1,4 +1,4 @@
-// What the tools of this folder hand from step to step on the way from a module to the scripture files.
+// The data that the tools of this folder pass from step to step between a module and the scripture files.
 #pragma once
 
 #include <string>
@@ -8,13 +8,14 @@ struct Verse {
     int book = 0;  // 1..66
     int chapter = 0;
     int verse = 0;
-    std::string text;  // as the source marks it up (OSIS) at first, as the program does (scripture/scripture.h) at last
+    std::string
+        text;  // first with the source's mark-up (OSIS), finally in the program's format (scripture/scripture.h)
 };
 
 using Verses = std::vector<Verse>;
 
-// "Mt 11:6", the abbreviation of scripture/books.h.
+// "Mt 11:6", with the abbreviation of scripture/books.h.
 std::string ReferenceOf(const Verse& verse);
 
-// "A step's complaint": empty when all went well, else one sentence for the user of the tool.
+// An error message of a step: empty on success, otherwise one sentence for the user of the tool.
 using Complaint = std::string;

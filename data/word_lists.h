@@ -1,4 +1,4 @@
-// Which verses hold which word, as search/word_index.h lays it down.
+// Lists the verses of each word for the index described in search/word_index.h.
 #pragma once
 
 #include <cstdint>
@@ -8,8 +8,8 @@
 
 #include "data/verses.h"
 
-// Lower-cased words in byte order, each with its verse indexes ascending and without repeats.
+// Lower-case words in byte order, each with its verse indexes, ascending and unique.
 using WordLists = std::map<std::string, std::vector<std::uint16_t>>;
 
-// A word is the longest run of letters and apostrophes: a hyphen parts two words.
+// A word is a maximal run of letters and apostrophes; a hyphen separates two words.
 WordLists ListWords(const Verses& verses);

@@ -30,7 +30,7 @@ static const WordRow kRows[] = {
     {"Zz, Az", {"az", "zz"}},
 };
 
-TEST(WordLists, PartWordsAtAllButLettersAndApostrophes) {
+TEST(WordLists, SeparateWordsAtOtherCharacters) {
     for (const WordRow& row : kRows) {
         std::vector<std::string> words;
         for (const auto& [word, verses] : ListWords(VersesOf({row.text}))) words.push_back(word);
@@ -38,15 +38,15 @@ TEST(WordLists, PartWordsAtAllButLettersAndApostrophes) {
     }
 }
 
-TEST(WordLists, NameEachVerseOnce) {
+TEST(WordLists, ListEachVerseOnce) {
     const WordLists lists = ListWords(VersesOf({"Holy, holy, holy", "the end", "Holy is the end of the end"}));
     EXPECT_THAT(lists,
                 ElementsAre(Pair("end", ElementsAre(1, 2)), Pair("holy", ElementsAre(0, 2)), Pair("is", ElementsAre(2)),
                             Pair("of", ElementsAre(2)), Pair("the", ElementsAre(1, 2))));
 }
 
-// An apostrophe is smaller than every letter: "lord's" stands before "lords", as a search by bytes expects.
-TEST(WordLists, StandInByteOrder) {
+// An apostrophe sorts before all letters, so "lord's" comes before "lords", as a binary search by bytes expects.
+TEST(WordLists, AreInByteOrder) {
     const WordLists lists = ListWords(VersesOf({"lords lord's lord lordly"}));
     EXPECT_THAT(lists, ElementsAre(Pair("lord", ElementsAre(0)), Pair("lord's", ElementsAre(0)),
                                    Pair("lordly", ElementsAre(0)), Pair("lords", ElementsAre(0))));

@@ -1,5 +1,5 @@
-# Puts the pictures that are named after topics under the headings of their pages, which halibut itself cannot do.
-# PICTURES: their files; PAGES: the folder of the pages.
+# Inserts each picture below the heading of the page it is named after, because halibut has no command for pictures.
+# PICTURES: the picture files; PAGES: the folder of the pages.
 foreach(picture ${PICTURES})
   get_filename_component(topic ${picture} NAME_WE)
   get_filename_component(name ${picture} NAME)

@@ -1,4 +1,5 @@
-// The help in all its forms: every topic has its page, every page a way to it, and what it says is so.
+// Tests of the built help in all its formats: every topic has a page, every page can be reached, and examples, keys and
+// menu commands in the text match the program.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -29,7 +30,7 @@ static const HelpPageText& Page(const std::string& name) {
     return HelpPages().at(name);
 }
 
-// Every topic that stands in the program's sources.
+// Every topic that the program's sources name.
 static std::vector<std::string> TopicsOfProgram() {
     const std::string source = FileBytes(VERSEWELL_SOURCE_DIR "/resources/help_topics.h");
     static const std::regex kTopic("\"(ID_\\w+)\"");
@@ -46,14 +47,14 @@ static std::vector<std::string> TopicPages() {
     return names;
 }
 
-TEST(HelpTopics, OfTheProgramHaveAPageEach) {
+TEST(HelpTopics, EveryTopicInTheProgramHasAPage) {
     const std::vector<std::string> topics = TopicsOfProgram();
     EXPECT_THAT(topics, Contains(kTopicSpecifyRange));
     EXPECT_THAT(topics, Contains(kTopicPreface));
     for (const std::string& topic : topics) EXPECT_TRUE(HelpPages().contains(topic)) << topic;
 }
 
-TEST(HelpTopics, AreNamedAsTheDialogsAskForThem) {
+TEST(HelpTopics, HaveTheNamesThatDialogsUse) {
     for (const char* topic : {"ID_SpecifyRange", "ID_Preface", "ID_Search_Word", "ID_Search_WordList",
                               "ID_Search_Phrase", "ID_Search_SetRange", "ID_Read_GoToVerse", "ID_Edit_CopyVerse",
                               "ID_Edit_CopyRange", "ID_Edit_Format", "ID_File_SaveRange", "ID_File_PrintRange",
@@ -61,13 +62,13 @@ TEST(HelpTopics, AreNamedAsTheDialogsAskForThem) {
         EXPECT_THAT(TopicPages(), Contains(topic));
 }
 
-TEST(HelpFiles, HaveTheNamesThatTheProgramKnows) {
+TEST(HelpFiles, HaveTheNamesThatTheProgramUses) {
     EXPECT_STREQ(kHelpFile, "quill97.hlp");
     for (const char* name : {"quill97.hlp", "quill97.cnt", "quill97.chm", "help/index.html", "help/help.css"})
         EXPECT_TRUE(std::filesystem::exists(std::string(VERSEWELL_HELP_DIR "/") + name)) << name;
 }
 
-TEST(WinHelpForm, OpensEveryTopicAtItsPage) {
+TEST(WinHelpFile, OpensEveryTopicAtItsPage) {
     const WinHelpFile file = ReadWinHelpFile(FileBytes(VERSEWELL_HELP_DIR "/quill97.hlp"));
     for (const std::string& topic : TopicPages()) {
         const std::string title = TopicTitle(file, topic);
@@ -76,19 +77,19 @@ TEST(WinHelpForm, OpensEveryTopicAtItsPage) {
     EXPECT_EQ(TopicTitle(file, "ID_Nothing"), "");
 }
 
-TEST(WinHelpForm, ListsEveryTopicInItsContents) {
+TEST(WinHelpFile, ListsEveryTopicInItsContents) {
     const std::string contents = FileBytes(VERSEWELL_HELP_DIR "/quill97.cnt");
     for (const std::string& topic : TopicPages())
         EXPECT_THAT(contents, HasSubstr(Page(topic).title + "=" + topic + "\n"));
 }
 
-TEST(HtmlHelpForm, HasEveryPage) {
+TEST(HtmlHelpFile, HasEveryPage) {
     const std::string files = OutputOf(ENUM_CHMLIB " " VERSEWELL_HELP_DIR "/quill97.chm");
     for (const std::string& topic : TopicPages()) EXPECT_THAT(files, HasSubstr("/" + topic + ".html\n"));
     EXPECT_THAT(files, HasSubstr("/Contents.html\n"));
 }
 
-TEST(HelpPages, HaveNoLinkThatLeadsNowhere) {
+TEST(HelpPages, HaveNoBrokenLinks) {
     for (const auto& [name, page] : HelpPages()) {
         for (const std::string& link : page.links) {
             const size_t hash = link.find('#');
@@ -112,14 +113,14 @@ TEST(HelpPages, AreAllListedInTheContents) {
     for (const std::string& topic : TopicPages()) EXPECT_TRUE(LeadsTo(Page("index"), topic)) << topic;
 }
 
-// Every topic but the chapters' openings, which are the ways to others.
-TEST(HelpPages, CanBeLookedUpInTheIndex) {
+// The opening pages of chapters only lead to other pages, so they have no index entries.
+TEST(HelpPages, AreInTheIndexExceptChapterOpenings) {
     const std::set<std::string> openings = {"ID_Reading", "ID_Searching", "ID_Output", "ID_Notes", "ID_More"};
     for (const std::string& topic : TopicPages())
         EXPECT_NE(LeadsTo(Page("IndexPage"), topic), openings.contains(topic)) << topic;
 }
 
-TEST(HelpPages, AreSpelledRight) {
+TEST(HelpPages, PassTheSpellingCheck) {
     const std::string text = testing::TempDir() + "help-text.txt";
     std::ofstream out(text);
     for (const auto& [name, page] : HelpPages()) {
@@ -132,7 +133,7 @@ TEST(HelpPages, AreSpelledRight) {
     EXPECT_EQ(OutputOf(command + text + " | sort -u"), "");
 }
 
-// ---- What they say --------------------------------------------------------------------------------------------------
+// ---- Content of the pages -------------------------------------------------------------------------------------------
 
 static std::string Plain(std::string text) {
     std::erase(text, '&');
@@ -141,7 +142,7 @@ static std::string Plain(std::string text) {
     return text;
 }
 
-// Every item and popup of the menus by its way: "Notes, Note Sets, Create New Note Set".
+// Path of every item and popup of the menus: "Notes, Note Sets, Create New Note Set".
 static std::set<std::string> WaysThroughMenus() {
     std::set<std::string> ways;
     for (const MenuItem& item : Script().menu) {
@@ -189,8 +190,8 @@ TEST(HelpText, ListsEveryKeyOfTheMenus) {
     }
 }
 
-// The page's lines of what is typed and what it means, "the same" being what the line before means.
-TEST(HelpText, SaysOfVersesWhatTheProgramMakesOfThem) {
+// Each line of the page has what is typed and what it means; "the same" repeats the meaning of the line before.
+TEST(HelpText, ExplainsVersesAsTheProgramReadsThem) {
     const std::regex line("(.*\\S) {2,}(.*)");
     const VerseRecords& records = TheRealScripture().records;
     std::string meaning;
@@ -230,7 +231,7 @@ static std::string Named(const std::string& line, const std::string& noteVerse) 
     return named;
 }
 
-TEST(HelpText, SaysOfLinesOfReferencesWhatTheProgramMakesOfThem) {
+TEST(HelpText, ExplainsCrossReferencesAsTheProgramReadsThem) {
     static const struct {
         const char* example;
         const char* verses;
@@ -252,7 +253,7 @@ struct RangeExample {
     const char* last;
 };
 
-// What the page about ranges says of its examples.
+// The examples of the page about ranges, with the meaning given there.
 static constexpr RangeExample kRangeExamples[] = {
     {"Ge - Re", "Ge 1:1", "Re 22:21"},
     {"Mt - Re", "Mt 1:1", "Re 22:21"},
@@ -280,7 +281,7 @@ static constexpr RangeExample kRangeExamples[] = {
     {"3:16", "Ge 3:16", "Ge 3:16"},
 };
 
-TEST(HelpText, SaysOfRangesWhatTheProgramMakesOfThem) {
+TEST(HelpText, ExplainsRangesAsTheProgramReadsThem) {
     const VerseRecords& records = TheRealScripture().records;
     std::string examples;
     for (const std::string& example : Page(kTopicSpecifyRange).examples) examples += "\n" + example + "  ";

@@ -1,4 +1,4 @@
-// The help as the build made it, for the tests.
+// Reads the built help pages, for the tests.
 #pragma once
 
 #include <map>
@@ -9,18 +9,18 @@
 
 struct HelpPageText {
     std::string title;               // without its number
-    std::string html;                // whole
-    std::string text;                // what a reader reads, white space as it comes
-    std::vector<std::string> links;  // "ID_Keys.html#ID_Keys", as they stand
+    std::string html;                // the whole file
+    std::string text;                // without tags, white space unchanged
+    std::vector<std::string> links;  // unchanged, e.g. "ID_Keys.html#ID_Keys"
     std::set<std::string> anchors;
     std::vector<std::string> emphasized;  // names of commands and controls
-    std::vector<std::string> examples;    // what a user types, and displays
+    std::vector<std::string> examples;    // text in code font: what a user types, and displayed blocks
 };
 
-// By the name of the file without its ending: "ID_Preface", "index". Read once.
+// Keyed by file name without extension: "ID_Preface", "index". Read once.
 const std::map<std::string, HelpPageText>& HelpPages();
 
-// Runs a tool and gives what it printed; an exception when it fails.
+// Runs a command and returns its output; throws when it fails.
 std::string OutputOf(const std::string& command);
 
-std::string FileBytes(const std::string& path);  // an exception when it cannot be read
+std::string FileBytes(const std::string& path);  // throws when the file cannot be read

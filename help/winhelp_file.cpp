@@ -10,10 +10,10 @@ static std::uint32_t Number(std::string_view bytes, size_t at, size_t size) {
     return number;
 }
 
-// A text that ends with zero, and the place behind it.
+// Reads a zero-terminated text and moves `at` behind its zero.
 static std::string TakeText(std::string_view bytes, size_t& at) {
     const size_t end = bytes.find('\0', at);
-    if (end == std::string_view::npos) throw std::runtime_error("a text without an end");
+    if (end == std::string_view::npos) throw std::runtime_error("a text is not terminated");
     const std::string text(bytes.substr(at, end - at));
     at = end + 1;
     return text;
@@ -26,11 +26,11 @@ static std::uint32_t TakeNumber(std::string_view bytes, size_t& at) {
 
 static std::string_view InternalFile(std::string_view bytes, std::uint32_t place) {
     const std::uint32_t size = Number(bytes, place + 4, 4);
-    if (place + 9 + size > bytes.size()) throw std::runtime_error("an internal file without an end");
+    if (place + 9 + size > bytes.size()) throw std::runtime_error("an internal file ends too early");
     return bytes.substr(place + 9, size);
 }
 
-// Reads one entry at `at` and moves behind it.
+// Reads one entry at `at` and moves `at` behind it.
 using EntryReader = std::function<void(std::string_view tree, size_t& at)>;
 
 static constexpr size_t kTreeHeader = 38;

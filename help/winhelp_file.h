@@ -1,13 +1,13 @@
-// What a WinHelp file (.hlp) says of its topics, for the tests.
+// Reads the topics and their titles from a WinHelp file (.hlp), for the tests.
 //
-// The format as far as it is read, all numbers little-endian. The file begins with the number 0x00035F3F and the place
-// of its directory. An internal file is nine bytes of header (reserved size, used size, flags) and its content. The
-// directory and the two lists used here are trees: 38 bytes of header (magic 0x293B, flags, page size, 16 characters
-// that name the shape of an entry, 0, splits, root page, -1, number of pages, number of levels, number of entries),
-// then pages of that size. A page of the lowest level has eight bytes of header (unused, number of entries, page
-// before, page after), one above it six (unused, number of entries, first page below). Entries: in the directory a name
-// that ends with zero and its place; in "|CONTEXT" the hash of a topic's name and the topic's offset; in "|TTLBTREE"
-// the offset and a title that ends with zero.
+// The parts of the format that are read, all numbers little-endian: The file begins with the number 0x00035F3F and the
+// offset of its directory. An internal file has nine bytes of header (reserved size, used size, flags), then its
+// content. The directory and the two lists used here are B+ trees: 38 bytes of header (magic 0x293B, flags, page size,
+// 16 characters that describe the layout of an entry, 0, splits, root page, -1, number of pages, number of levels,
+// number of entries), then pages of that size. A leaf page has eight bytes of header (unused, number of entries,
+// previous page, next page), an index page six (unused, number of entries, first child page). Entries: in the directory
+// a zero-terminated name and its offset; in "|CONTEXT" the hash of a topic's name and the topic's offset; in
+// "|TTLBTREE" the offset and a zero-terminated title.
 #pragma once
 
 #include <cstdint>
@@ -16,14 +16,14 @@
 #include <string_view>
 
 struct WinHelpFile {
-    std::map<std::uint32_t, std::uint32_t> topics;  // offset by the hash of the name
-    std::map<std::uint32_t, std::string> titles;    // by offset
+    std::map<std::uint32_t, std::uint32_t> topics;  // hash of the topic's name -> offset
+    std::map<std::uint32_t, std::string> titles;    // offset -> title
 };
 
-// An exception when `bytes` is no such file.
+// Throws when `bytes` is not a WinHelp file.
 WinHelpFile ReadWinHelpFile(std::string_view bytes);
 
 std::uint32_t TopicHash(std::string_view name);
 
-// The title of the topic `name`; "" when there is none.
+// The title of the topic `name`; "" when there is no such topic.
 std::string TopicTitle(const WinHelpFile& file, std::string_view name);

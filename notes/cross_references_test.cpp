@@ -40,7 +40,7 @@ static void ExpectLists(std::span<const ListCase> rows, int noteVerse = kGenesis
     }
 }
 
-TEST(CrossReferences, AreReadOneAfterAnother) {
+TEST(CrossReferences, AreReadInOrder) {
     static constexpr ListCase kRows[] = {
         {" Ge 1:1; Ex 2:4, 6-8", "Ge 1:1, Ex 2:4, Ex 2:6, Ex 2:7, Ex 2:8"},
         {"Ge 1:1", "Ge 1:1"},
@@ -61,14 +61,14 @@ TEST(CrossReferences, AreReadOneAfterAnother) {
     ExpectLists(kRows);
 }
 
-TEST(CrossReferences, NameBooksByNameOrAbbreviation) {
+TEST(CrossReferences, AcceptNamesAndAbbreviationsOfBooks) {
     static constexpr ListCase kRows[] = {
         {"Genesis 1:1", "Ge 1:1"},
         {"gen 1:1", "Ge 1:1"},
         {"GE 1:1", "Ge 1:1"},
-        {"J 1:1", "Jos 1:1"},      // a full name's beginning goes first
-        {"Jud 1:1", "Jg 1:1"},     // Judges stands before Jude
-        {"Jude 1:1", "Jude 1:1"},  // and has no e
+        {"J 1:1", "Jos 1:1"},      // the beginnings of full names are tried first
+        {"Jud 1:1", "Jg 1:1"},     // Judges precedes Jude
+        {"Jude 1:1", "Jude 1:1"},  // but does not begin with "Jude"
         {"Joh 1:1", "Joh 1:1"},
         {"Phil 1:1", "Php 1:1"},
         {"Mr 1:1", "Mr 1:1"},
@@ -91,17 +91,17 @@ TEST(CrossReferences, NameBooksByNameOrAbbreviation) {
                   std::string(BookAbbreviation(book)) + " 1:1");
 }
 
-// A figure and a blank before a name are a verse; the name stands for itself.
-TEST(CrossReferences, KeepAFigureFromTheNameBehindABlank) {
+// Deliberate: in a cross-reference line, a number that is separated from a name by a blank is a verse.
+TEST(CrossReferences, DoNotJoinANumberWithTheNameAfterABlank) {
     static constexpr ListCase kRows[] = {
         {"1 John 4:8", "Ge 3:1, Joh 4:8"},
         {"Ge 1:1; 1 John 4:8", "Ge 1:1, Ge 1:1, Joh 4:8"},
-        {"2 Kings 5:1", "Ge 3:2"},  // no name begins so, and the list ends
+        {"2 Kings 5:1", "Ge 3:2"},  // no book is named "Kings", so reading stops
     };
     ExpectLists(kRows);
 }
 
-TEST(CrossReferences, TakeALoneNumberForAVerseOfTheChapter) {
+TEST(CrossReferences, ReadANumberWithoutAColonAsAVerse) {
     static constexpr ListCase kRows[] = {
         {"5", "Ge 3:5"},
         {"5, 7", "Ge 3:5, Ge 3:7"},
@@ -113,7 +113,7 @@ TEST(CrossReferences, TakeALoneNumberForAVerseOfTheChapter) {
         {"4:2; 3.1", "Ge 4:2, Ge 3:1"},
         {"Ex 5.", "Ex 3:5"},
         {"Ex 5:", "Ex 3:5"},
-        {"Ex", "Ex 3:2"},  // what is left out stays
+        {"Ex", "Ex 3:2"},  // the missing chapter and verse are taken from the note's verse
         {"Ex; 7", "Ex 3:2, Ex 3:7"},
         {"1:2:3", "Ge 1:2"},
         {"3 16", "Ge 3:3, Ge 3:16"},
@@ -121,7 +121,7 @@ TEST(CrossReferences, TakeALoneNumberForAVerseOfTheChapter) {
     ExpectLists(kRows);
 }
 
-TEST(CrossReferences, StartFromTheNotesOwnVerse) {
+TEST(CrossReferences, StartAtTheNotesVerse) {
     const int last = kLastVerse;
     static constexpr ListCase kRows[] = {{"1", "Re 22:1"}, {"Joh 3", "Joh 21:25"}};  // John has no chapter 22
     ExpectLists(kRows, last);
@@ -130,7 +130,7 @@ TEST(CrossReferences, StartFromTheNotesOwnVerse) {
     ExpectLists(kNone, kVerseCount + 5);
 }
 
-TEST(CrossReferences, FillRanges) {
+TEST(CrossReferences, ExpandRanges) {
     static constexpr ListCase kRows[] = {
         {"Ge 1:1-3", "Ge 1:1, Ge 1:2, Ge 1:3"},
         {"Ge 1:1-2", "Ge 1:1, Ge 1:2"},
@@ -141,7 +141,7 @@ TEST(CrossReferences, FillRanges) {
         {"Ge 1:1-3-5, 7", "Ge 1:1, Ge 1:2, Ge 1:3, Ge 1:4, Ge 1:5, Ge 1:7"},
         {"6-8", "Ge 3:6, Ge 3:7, Ge 3:8"},
         {"Ge 1:30-2:2", "Ge 1:30, Ge 1:31, Ge 2:1, Ge 2:2"},
-        {"Ge 1:31-40", "Ge 1:31, Ge 1:31"},  // beyond the chapter: its last verse, and nothing between
+        {"Ge 1:31-40", "Ge 1:31, Ge 1:31"},  // an end beyond the chapter is its last verse
         {"Ge 1:29-40", "Ge 1:29, Ge 1:30, Ge 1:31"},
         {"Ge 1:1-", "Ge 1:1"},
         {"Ge 1:1-Ex 2:4", "Ge 1:1, Ex 2:4"},
@@ -151,7 +151,7 @@ TEST(CrossReferences, FillRanges) {
     ExpectLists(kRows);
 }
 
-TEST(CrossReferences, KeepNumbersWithinTheBook) {
+TEST(CrossReferences, ClampNumbersToTheBook) {
     static constexpr ListCase kRows[] = {
         {"Ge 0:0", "Ge 1:1"},
         {"Ge 1:99", "Ge 1:31"},
@@ -163,12 +163,12 @@ TEST(CrossReferences, KeepNumbersWithinTheBook) {
     ExpectLists(kRows);
 }
 
-TEST(CrossReferences, EndWithWhatIsNoReference) {
+TEST(CrossReferences, StopAtTextThatIsNotAReference) {
     static constexpr ListCase kRows[] = {
         {"Xyz 1:1", ""},
         {"Ge 1:1; Xyz 2:2; Ex 2:4", "Ge 1:1"},
         {"Ge 1:1 and 2:4", "Ge 1:1"},
-        {"Ge 1:1; 1Xyz 2:2; Ex 2:4", "Ge 1:1, Ge 1:1"},  // begins with a figure, which is a verse
+        {"Ge 1:1; 1Xyz 2:2; Ex 2:4", "Ge 1:1, Ge 1:1"},  // the number at its beginning is a verse
         {"Ge 1:1;; Ex 2:4", "Ge 1:1"},
         {"12John 1:1", "Ge 3:12"},
         {"Ge 1:1\xB6 2", "Ge 1:1, Ge 1:2"},
@@ -177,7 +177,7 @@ TEST(CrossReferences, EndWithWhatIsNoReference) {
     ExpectLists(kRows);
 }
 
-TEST(CrossReferences, AreThoseOfTheCaretsLine) {
+TEST(CrossReferences, AreReadFromTheLineOfTheCaret) {
     const std::string note = "First Ex 9:9\r\n# Ge 1:1; 2\r\nplain\r\nsee # Ex 2:4 # Le 1:1\r\n#\r\nLe 5:5";
     const auto at = [&](const char* text) { return note.find(text); };
     const struct {
@@ -206,14 +206,14 @@ TEST(CrossReferences, AreThoseOfTheCaretsLine) {
     EXPECT_EQ(Followed("", 0), "");
     EXPECT_EQ(Followed("#Ge 1:1", 7), "Ge 1:1");
     EXPECT_EQ(Followed("#Ge 1:1", std::string::npos), "Ge 1:1");
-    EXPECT_EQ(Followed("#Ge 1:1\n2", 3), "Ge 1:1") << "a bare line feed ends a line too";
+    EXPECT_EQ(Followed("#Ge 1:1\n2", 3), "Ge 1:1") << "a line feed alone ends a line too";
 }
 
-TEST(CrossReferences, FillNoMoreThanTheListHolds) {
+TEST(CrossReferences, StopWhenTheListIsFull) {
     const auto count = [](const std::string& note) { return CrossReferences(Records(), note, 0, 0).size(); };
     std::string whole = "#";
     for (int book = 1; book <= kBookCount; ++book)
-        whole += std::string(BookAbbreviation(book)) + " 1:1-500:500; ";  // beyond the book: its last verse
+        whole += std::string(BookAbbreviation(book)) + " 1:1-500:500; ";  // an end beyond the book is its last verse
     EXPECT_EQ(count(whole), std::size_t{kVerseCount}) << "every verse once";
     EXPECT_EQ(count(whole + "Ge 1:1"), std::size_t{kVerseCount});
     std::string repeats = "#Ps 119:1";
@@ -224,8 +224,8 @@ TEST(CrossReferences, FillNoMoreThanTheListHolds) {
     EXPECT_EQ(count(single), std::size_t{kVerseCount});
 }
 
-// Odd text gives verses that there are, or none.
-TEST(CrossReferences, LeadNowhereFromOddText) {
+// Random text must give only valid verses, or none.
+TEST(CrossReferences, AreValidForRandomText) {
     std::minstd_rand random(1611);
     static constexpr std::array kPieces = {"Ge ",  "1John", "3:16", "-", "#",  "\n", "\r",   ", ",   "999999999999",
                                            "\xFF", "0",     ".",    ":", "Re", "Z",  "Song", " of ", "Song of Solomon"};
@@ -240,6 +240,6 @@ TEST(CrossReferences, LeadNowhereFromOddText) {
     }
 }
 
-TEST(CrossReferences, OfDamagedRecordsAreNone) {
+TEST(CrossReferences, AreEmptyWithoutRecords) {
     EXPECT_TRUE(CrossReferences({}, "# Ge 1:1-5; 3", 0, 0).empty());
 }

@@ -37,7 +37,7 @@ static bool HoldsSet(FakeNoteFiles& files, const std::string& name, const std::m
     return files.contents[name + ".nmd"] == set.data && files.contents[name + ".nmi"] == set.index;
 }
 
-TEST(Backup, KeepsTheStateBeforeTheFirstSaveOfADay) {
+TEST(Backup, IsMadeBeforeTheFirstSaveOfADay) {
     for (const bool knowsLinks : {true, false}) {
         FakeNoteFiles files;
         files.knowsLinks = knowsLinks;
@@ -55,7 +55,7 @@ TEST(Backup, KeepsTheStateBeforeTheFirstSaveOfADay) {
     }
 }
 
-TEST(Backup, KeepsTheLastTenDaysThatHadAChange) {
+TEST(Backup, IsKeptForTheLastTenDaysWithChanges) {
     FakeNoteFiles files;
     AddFakeSet(files, "a", {});
     for (const char* other : {"a 2024-01-01 2024-01-01", "b 2024-01-01", "a 2024-1-1", "a copy", "ab 2024-01-01"})
@@ -79,7 +79,7 @@ TEST(Backup, KeepsTheLastTenDaysThatHadAChange) {
     EXPECT_THAT(Backups(files), testing::UnorderedElementsAreArray(expected));
 }
 
-TEST(Backup, IsASetOfItsOwnWhenItIsCopiedBack) {
+TEST(Backup, CopiedBackIsASeparateSet) {
     FakeNoteFiles files;
     AddFakeSet(files, "a", {{3, "three"}});
     NoteSets notes = SetsOf(files);
@@ -92,8 +92,8 @@ TEST(Backup, IsASetOfItsOwnWhenItIsCopiedBack) {
     EXPECT_EQ(NoteSetName(notes.sets[1]), "a 2024-12-31");
 }
 
-// A backup that cannot be made is done without; none is left half done.
-TEST(Backup, NeverStandsInTheWayOfASave) {
+// If a backup cannot be made, the save continues without it, and no incomplete backup is left.
+TEST(Backup, FailureDoesNotPreventASave) {
     static const struct {
         const char* why;
         std::set<std::string> uncreatable;
@@ -119,7 +119,7 @@ TEST(Backup, NeverStandsInTheWayOfASave) {
     }
 }
 
-TEST(Backup, IsNotMadeForASaveThatFails) {
+TEST(Backup, IsNotMadeForAFailedSave) {
     FakeNoteFiles files;
     AddFakeSet(files, "a", {});
     NoteSets notes = SetsOf(files);

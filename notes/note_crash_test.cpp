@@ -1,4 +1,5 @@
-// Whenever a save is stopped, the next start has every note: the edited one old or new, all others as they were.
+// Wherever a save is stopped, all notes must be there after the next start: the edited note in its old or new version,
+// all others unchanged.
 
 #include <gtest/gtest.h>
 
@@ -15,7 +16,7 @@ struct Edit {
     std::string before, after;
 };
 
-// A note for each verse but every seventh.
+// A note for each verse except every seventh.
 static std::map<int, std::string> NotesWith(int verse, const std::string& text) {
     std::map<int, std::string> notes;
     for (int other = 0; other < 31102; ++other)
@@ -37,7 +38,7 @@ static SetBefore SetForEdit(const Edit& edit) {
     return set;
 }
 
-// True when the save came to its end.
+// Returns true when the save has finished.
 static bool SaveUntilItStops(FakeNoteFiles& files, const Edit& edit, std::int64_t steps) {
     NoteSets notes;
     FindNoteSets(DeviceOver(files), notes);
@@ -69,7 +70,7 @@ static void ExpectAllNotes(FakeNoteFiles files, const SetBefore& before, bool is
     EXPECT_TRUE(backup == files.contents.end() || backup->second == before.old.data);
 }
 
-// Stops a save at each of its steps in turn; the number of steps.
+// Stops a save at each of its steps in turn; returns the number of steps.
 static int StopAtEachStep(const Edit& edit, const SetBefore& before) {
     bool ended = false;
     std::int64_t step = 0;
@@ -87,7 +88,7 @@ static int StopAtEachStep(const Edit& edit, const SetBefore& before) {
     return static_cast<int>(step - 1);
 }
 
-TEST(AStoppedSave, LosesNoNote) {
+TEST(StoppedSave, KeepsAllNotes) {
     const std::string page(3000, 'p');
     int stops = 0;
     for (const int verse : {0, 15001, 31101}) {
@@ -102,22 +103,22 @@ TEST(AStoppedSave, LosesNoNote) {
     EXPECT_GE(stops, 200);
 }
 
-TEST(AStoppedSave, LosesNoNoteWhereTheBackupIsCopied) {
+TEST(StoppedSave, KeepsAllNotesWhenTheBackupIsCopied) {
     const Edit edit = {15001, "four", "characters"};
     SetBefore before = SetForEdit(edit);
     before.files.knowsLinks = false;
     EXPECT_GE(StopAtEachStep(edit, before), 40);
 }
 
-// A save that failed left a temporary file; a later one is stopped.
-TEST(AStoppedSave, LosesNoNoteBesideAnOldTemporaryFile) {
+// A failed save has left a temporary file, and a later save is stopped.
+TEST(StoppedSave, KeepsAllNotesDespiteAnOldTemporaryFile) {
     const Edit edit = {15001, "four", "characters"};
     SetBefore before = SetForEdit(edit);
     before.files.contents["a.nmd.temp"] = FakeSetOf(NotesWith(15001, "an older text")).data;
     EXPECT_GE(StopAtEachStep(edit, before), 20);
 }
 
-TEST(AStoppedRecovery, IsDoneByTheNextStart) {
+TEST(StoppedRecovery, IsCompletedByTheNextStart) {
     const Edit edit = {15001, "four", "characters"};
     const SetBefore before = SetForEdit(edit);
     int stops = 0;

@@ -1,4 +1,4 @@
-// Real processes are killed over real files: what the system keeps of a killed process is what a save must live with.
+// Kills real processes while they save real files, to test with the state in which the system leaves the files.
 
 #include <gtest/gtest.h>
 
@@ -39,7 +39,7 @@ static void ExpectAllNotesIn(const std::string& folder, const KilledEdit& edit, 
     EXPECT_TRUE(IndexBytes(notes.sets[0].offsets) == now.index);
 }
 
-TEST(AKilledProcess, LosesNoNote) {
+TEST(KilledProcess, KeepsAllNotes) {
     const std::string folder = MakeScratchFolder();
     ASSERT_NE(folder, "");
     int kills = 0;

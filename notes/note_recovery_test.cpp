@@ -31,12 +31,12 @@ static Opened Open(FakeNoteFiles& files) {
     return opened;
 }
 
-// ---- What is left alone ---------------------------------------------------------------------------------------------
+// ---- Files that are not changed -------------------------------------------------------------------------------------
 
-TEST(OpenNoteSets, LeavesValidFilesUntouched) {
+TEST(OpenNoteSets, DoesNotChangeValidFiles) {
     const FakeSet set = FakeSetOf(kNotes);
     Bytes longer = set.index;
-    longer.insert(longer.end(), 1000, 0xFF);  // what stands behind the last offset is never read
+    longer.insert(longer.end(), 1000, 0xFF);  // bytes after the last offset are never read
     static const struct {
         const char* why;
         Bytes index;
@@ -67,7 +67,7 @@ TEST(OpenNoteSets, LeavesValidFilesUntouched) {
     }
 }
 
-TEST(OpenNoteSets, MakesTheFirstSetInAnEmptyFolder) {
+TEST(OpenNoteSets, CreatesTheFirstSetInAnEmptyFolder) {
     FakeNoteFiles files;
     const Opened opened = Open(files);
     EXPECT_TRUE(opened.result.created);
@@ -77,8 +77,8 @@ TEST(OpenNoteSets, MakesTheFirstSetInAnEmptyFolder) {
     EXPECT_EQ(Open(files).result.report, "");
 }
 
-// An index without a data file is a set whose notes cannot be read now: its disk may come back.
-TEST(OpenNoteSets, LeavesAnIndexWithoutItsDataFile) {
+// A missing data file may become available again, so the index must be kept.
+TEST(OpenNoteSets, DoesNotChangeAnIndexWithoutDataFile) {
     FakeNoteFiles files;
     AddFakeSet(files, "a", kNotes);
     files.contents.erase("a.nmd");
@@ -88,7 +88,7 @@ TEST(OpenNoteSets, LeavesAnIndexWithoutItsDataFile) {
     EXPECT_TRUE(files.contents["a.nmi"] == FakeSetOf(kNotes).index);
 }
 
-TEST(OpenNoteSets, LeavesASetThatAnotherProgramHasOpen) {
+TEST(OpenNoteSets, DoesNotChangeASetUsedByAnotherProgram) {
     FakeNoteFiles files;
     AddFakeSet(files, "a", kNotes);
     files.contents["a.nmi"].resize(10);
@@ -99,8 +99,8 @@ TEST(OpenNoteSets, LeavesASetThatAnotherProgramHasOpen) {
     EXPECT_TRUE(files.contents == before);
 }
 
-// Windows lists it too when it looks for "*.nmi".
-TEST(OpenNoteSets, TakesAnIndexWithALongerEnding) {
+// Windows also finds such files when it searches for "*.nmi".
+TEST(OpenNoteSets, AcceptsAnIndexWithALongerExtension) {
     FakeNoteFiles files;
     AddFakeSet(files, "a", kNotes);
     files.contents["a.nmibak"] = files.contents["a.nmi"];
@@ -113,7 +113,7 @@ TEST(OpenNoteSets, TakesAnIndexWithALongerEnding) {
     EXPECT_EQ(opened.notes.sets.size(), 1u);
 }
 
-// ---- What is mended -------------------------------------------------------------------------------------------------
+// ---- Repairs --------------------------------------------------------------------------------------------------------
 
 static Bytes Part(const Bytes& bytes, std::size_t begin, std::size_t end) {
     return {bytes.begin() + static_cast<std::ptrdiff_t>(begin), bytes.begin() + static_cast<std::ptrdiff_t>(end)};
@@ -134,7 +134,7 @@ static std::vector<BadIndex> BadIndexes() {
     std::map<int, std::string> before = kNotes;
     before[5] = "it was short";
     const Bytes stale = FakeSetOf(before).index;
-    std::map<int, std::string> balanced = kNotes;  // two notes that differ, all notes behind them where they are
+    std::map<int, std::string> balanced = kNotes;  // two notes change, but the later ones keep their offsets
     balanced[5] = kNotes.at(5) + "!!";
     balanced[15000] = "midd";
     Bytes oneWrong = good;
@@ -160,7 +160,7 @@ static std::vector<BadIndex> BadIndexes() {
     };
 }
 
-TEST(OpenNoteSets, MakesABadIndexAgain) {
+TEST(OpenNoteSets, RebuildsABadIndex) {
     const FakeSet set = FakeSetOf(kNotes);
     for (const BadIndex& row : BadIndexes()) {
         SCOPED_TRACE(row.why);
@@ -181,7 +181,7 @@ TEST(OpenNoteSets, MakesABadIndexAgain) {
     }
 }
 
-TEST(OpenNoteSets, FindsASetThatLostItsIndex) {
+TEST(OpenNoteSets, FindsASetWithoutIndex) {
     FakeNoteFiles files;
     AddFakeSet(files, "b", {});
     AddFakeSet(files, "a.b", kNotes);
@@ -195,7 +195,7 @@ TEST(OpenNoteSets, FindsASetThatLostItsIndex) {
               "all there.");
 }
 
-TEST(OpenNoteSets, KeepsTheOffsetsWhereTheIndexCannotBeWritten) {
+TEST(OpenNoteSets, UsesRebuiltOffsetsWhenTheIndexCannotBeWritten) {
     FakeNoteFiles files;
     AddFakeSet(files, "a", kNotes);
     files.contents["a.nmi"].resize(10);
@@ -206,7 +206,7 @@ TEST(OpenNoteSets, KeepsTheOffsetsWhereTheIndexCannotBeWritten) {
     EXPECT_TRUE(files.contents["a.nmd"] == FakeSetOf(kNotes).data);
 }
 
-TEST(OpenNoteSets, TakesTheTemporaryFileForAMissingDataFile) {
+TEST(OpenNoteSets, UsesTheTemporaryFileWhenTheDataFileIsMissing) {
     const FakeSet before = FakeSetOf(kNotes);
     const FakeSet after = FakeSetOf({{0, "first"}, {15000, "changed"}});
     for (const Bytes& index : {before.index, after.index, Bytes{}}) {
@@ -227,7 +227,7 @@ TEST(OpenNoteSets, TakesTheTemporaryFileForAMissingDataFile) {
     }
 }
 
-TEST(OpenNoteSets, NeverTakesATornTemporaryFile) {
+TEST(OpenNoteSets, NeverUsesAnIncompleteTemporaryFile) {
     const FakeSet whole = FakeSetOf(kNotes);
     Bytes tooMany = whole.data;
     tooMany.push_back(0);
@@ -241,7 +241,7 @@ TEST(OpenNoteSets, NeverTakesATornTemporaryFile) {
     }
 }
 
-TEST(OpenNoteSets, TellsOfAllSetsAtOnce) {
+TEST(OpenNoteSets, ReportsAllSetsTogether) {
     FakeNoteFiles files;
     for (const char* name : {"a", "b", "c"}) AddFakeSet(files, name, kNotes);
     files.contents["a.nmi"].resize(10);
@@ -252,7 +252,7 @@ TEST(OpenNoteSets, TellsOfAllSetsAtOnce) {
     EXPECT_THAT(report, testing::Not(HasSubstr("\"c\"")));
 }
 
-// ---- What cannot be mended ------------------------------------------------------------------------------------------
+// ---- Damage that cannot be repaired ---------------------------------------------------------------------------------
 
 TEST(OpenNoteSets, OpensADamagedSetReadOnly) {
     const FakeSet set = FakeSetOf(kNotes);
@@ -296,8 +296,8 @@ TEST(OpenNoteSets, OpensADamagedSetReadOnly) {
     }
 }
 
-// What is there can be read: by the index where it leads into the file, else by the notes' ends.
-TEST(OpenNoteSets, ShowsTheNotesOfADamagedSet) {
+// The remaining notes can be read, with the index if its offsets are valid, otherwise by the zero bytes after notes.
+TEST(OpenNoteSets, ReadsTheNotesOfADamagedSet) {
     const FakeSet set = FakeSetOf({{0, "first"}, {10, "tenth"}});
     for (const bool hasIndex : {true, false}) {
         FakeNoteFiles files;
@@ -314,7 +314,7 @@ TEST(OpenNoteSets, ShowsTheNotesOfADamagedSet) {
     }
 }
 
-TEST(OpenNoteSets, NamesTheWholeCopyOfADamagedSet) {
+TEST(OpenNoteSets, ReportsACompleteCopyOfADamagedSet) {
     FakeNoteFiles files;
     AddFakeSet(files, "a", kNotes);
     files.contents["a.nmd.temp"] = files.contents["a.nmd"];
@@ -324,8 +324,8 @@ TEST(OpenNoteSets, NamesTheWholeCopyOfADamagedSet) {
     EXPECT_TRUE(files.contents == before);
 }
 
-// The box for it stands already.
-TEST(OpenNoteSets, SaysNothingMoreOfAFirstSetThatCannotBeMade) {
+// Another message box reports it already.
+TEST(OpenNoteSets, DoesNotReportAFirstSetThatCannotBeCreated) {
     FakeNoteFiles files;
     files.contents["My Notes.nmd"] = {'o', 'l', 'd', 0};
     const Opened opened = Open(files);
@@ -336,7 +336,7 @@ TEST(OpenNoteSets, SaysNothingMoreOfAFirstSetThatCannotBeMade) {
     EXPECT_TRUE(opened.notes.sets[0].readOnly);
 }
 
-TEST(OpenNoteSets, FindsNoMoreThanThirtyOneWithThoseThatLostTheirIndex) {
+TEST(OpenNoteSets, LimitsTheSetsTo31IncludingThoseWithoutIndex) {
     FakeNoteFiles files;
     for (int i = 0; i < 31; ++i) AddFakeSet(files, "set" + std::to_string(i), {});
     files.contents["damaged.nmd"] = {'x'};

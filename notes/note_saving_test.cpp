@@ -14,7 +14,7 @@ using testing::IsSupersetOf;
 
 static constexpr char kToday[] = "2024-12-31";
 
-// A folder with one set, read, and a user who answers the boxes.
+// A folder with one set, which has been loaded, and a user who answers the message boxes.
 struct Desk {
     FakeNoteFiles files;
     NoteSets notes;
@@ -35,7 +35,7 @@ static bool TellDesk(void* device, SaveNotice notice, const std::string& text) {
 static std::unique_ptr<Desk> DeskWith(const std::map<int, std::string>& notes, int verse = 0) {
     auto desk = std::make_unique<Desk>();
     AddFakeSet(desk->files, "a", notes);
-    desk->files.contents["backup/a 2024-12-31.nmd"] = {};  // today's backup is there: the log shows the save alone
+    desk->files.contents["backup/a 2024-12-31.nmd"] = {};  // today's backup exists, so the log shows only the save
     EXPECT_TRUE(FindNoteSets(DeviceOver(desk->files), desk->notes));
     SelectStoredNote(desk->notes, 0, verse);
     desk->notes.noteText = "as displayed";
@@ -61,9 +61,9 @@ static bool HasTemp(const Desk& desk) {
     return desk.files.contents.contains("a.nmd.temp");
 }
 
-// ---- What is written ------------------------------------------------------------------------------------------------
+// ---- Successful saves -----------------------------------------------------------------------------------------------
 
-TEST(SaveNote, PutsTheNoteBetweenTheOthers) {
+TEST(SaveNote, KeepsAllOtherNotes) {
     static const struct {
         int verse;
         const char* before;
@@ -88,7 +88,7 @@ TEST(SaveNote, PutsTheNoteBetweenTheOthers) {
     }
 }
 
-TEST(SaveNote, ShiftsTheOffsetsBehindByTheDifference) {
+TEST(SaveNote, AdjustsTheOffsetsAfterTheNote) {
     const auto desk = DeskWith({{7, "four"}}, 7);
     const std::vector<std::uint32_t> before = desk->notes.sets[0].offsets;
     EXPECT_EQ(SaveAt(*desk, "characters"), NoteSaveResult::kSaved);
@@ -97,7 +97,7 @@ TEST(SaveNote, ShiftsTheOffsetsBehindByTheDifference) {
         ASSERT_EQ(after[verse], before[verse] + (verse > 7 ? 6 : 0)) << verse;
 }
 
-TEST(SaveNote, KeepsAnEmptyNoteAsNone) {
+TEST(SaveNote, TreatsAnEmptyNoteAsNoNote) {
     const auto desk = DeskWith({{7, "four"}}, 7);
     EXPECT_TRUE(NoteExists(DeviceOver(desk->files), desk->notes, 7));
     EXPECT_EQ(SaveAt(*desk, ""), NoteSaveResult::kSaved);
@@ -106,7 +106,7 @@ TEST(SaveNote, KeepsAnEmptyNoteAsNone) {
     EXPECT_EQ(desk->files.contents["a.nmd"], std::vector<unsigned char>(31102, 0));
 }
 
-TEST(SaveNote, CutsTheTextToWhatANoteCanHold) {
+TEST(SaveNote, TruncatesTheTextToTheLimit) {
     static const struct {
         std::string typed;
         std::size_t saved;
@@ -123,7 +123,7 @@ TEST(SaveNote, CutsTheTextToWhatANoteCanHold) {
     }
 }
 
-TEST(SaveNote, SavesIntoTheCurrentSetAlone) {
+TEST(SaveNote, SavesOnlyIntoTheCurrentSet) {
     const auto desk = DeskWith({{7, "of a"}}, 7);
     AddFakeSet(desk->files, "b", {{7, "of b"}});
     EXPECT_TRUE(FindNoteSets(DeviceOver(desk->files), desk->notes));
@@ -142,7 +142,7 @@ TEST(SaveNote, CopiesLargeSetsInPieces) {
     ExpectFilesHold(*desk, notes);
 }
 
-TEST(SaveNote, FlushesBeforeItDeletes) {
+TEST(SaveNote, FlushesBeforeDeletingTheOldFile) {
     const auto desk = DeskWith({{7, "four"}}, 7);
     EXPECT_EQ(SaveAt(*desk, "characters"), NoteSaveResult::kSaved);
     EXPECT_THAT(desk->files.log,
@@ -152,7 +152,7 @@ TEST(SaveNote, FlushesBeforeItDeletes) {
                             "flush a.nmi", "close a.nmi"));
 }
 
-TEST(SaveNote, CopiesNoPrefixForTheFirstVerseAndNoSuffixForTheLast) {
+TEST(SaveNote, WritesNothingBeforeTheFirstOrAfterTheLastNote) {
     static const struct {
         int verse;
         std::vector<std::string> writes;
@@ -168,9 +168,9 @@ TEST(SaveNote, CopiesNoPrefixForTheFirstVerseAndNoSuffixForTheLast) {
     }
 }
 
-// ---- What fails -----------------------------------------------------------------------------------------------------
+// ---- Failures -------------------------------------------------------------------------------------------------------
 
-TEST(SaveNote, StopsWhenTheUserDoesNotRetryToOpen) {
+TEST(SaveNote, StopsWhenTheUserDoesNotRetry) {
     const auto desk = DeskWith({{7, "four"}}, 7);
     desk->files.unreadable = {"a.nmd"};
     desk->answer = false;
@@ -183,7 +183,7 @@ TEST(SaveNote, StopsWhenTheUserDoesNotRetryToOpen) {
     EXPECT_EQ(desk->notes.noteText, "as displayed");
 }
 
-// Retry does not open the file again, even if it could be opened by then.
+// Deliberate: Retry does not open the file again, even if that would succeed by then.
 TEST(SaveNote, FailsAfterARetry) {
     const auto desk = DeskWith({{7, "four"}}, 7);
     desk->files.unreadable = {"a.nmd"};
@@ -199,7 +199,7 @@ TEST(SaveNote, FailsAfterARetry) {
     EXPECT_TRUE(HasTemp(*desk));
 }
 
-TEST(SaveNote, FailsWithoutATemporaryFile) {
+TEST(SaveNote, FailsWhenTheTemporaryFileCannotBeCreated) {
     const auto desk = DeskWith({{7, "four"}}, 7);
     desk->files.uncreatable = {"a.nmd.temp"};
     EXPECT_EQ(SaveAt(*desk, "characters"), NoteSaveResult::kFailed);
@@ -223,7 +223,7 @@ TEST(SaveNote, FailsWithoutMemory) {
     }
 }
 
-// The box stands while the files are still open.
+// The message box is shown while the files are still open.
 TEST(SaveNote, FailsOnAFullDiskAtEachByte) {
     static constexpr int kWhole = 31102 + 10;
     for (const int verse : {0, 15000, 31101}) {
@@ -253,8 +253,8 @@ TEST(SaveNote, FailsWhenTheTemporaryFileDoesNotReachTheDisk) {
     ExpectFilesHold(*desk, {{7, "four"}});
 }
 
-// The note is in the data file; the next start makes the index.
-TEST(SaveNote, IsSavedWithoutRoomForTheIndex) {
+// The note is in the data file, and the next start rebuilds the index.
+TEST(SaveNote, SucceedsWithoutRoomForTheIndex) {
     const auto desk = DeskWith({{7, "four"}}, 7);
     desk->files.room = 31102 + 10;
     EXPECT_EQ(SaveAt(*desk, "characters"), NoteSaveResult::kSaved);
@@ -266,11 +266,11 @@ TEST(SaveNote, IsSavedWithoutRoomForTheIndex) {
     EXPECT_THAT(desk->told, IsEmpty());
 }
 
-TEST(SaveNote, LeavesTheNoteInTheTemporaryFileWhenTheOldOneStays) {
+TEST(SaveNote, KeepsTheTemporaryFileWhenTheOldOneCannotBeDeleted) {
     const auto desk = DeskWith({{7, "four"}}, 7);
     desk->files.undeletable = {"a.nmd"};
     EXPECT_EQ(SaveAt(*desk, "characters"), NoteSaveResult::kFailed);
-    EXPECT_EQ(desk->files.log.back(),
+    EXPECT_EQ(desk->files.log.back(),  // "Faliure" (sic)
               "box: Faliure Saving Note (delete old failure):\nYou should exit Versewell and restart.");
     EXPECT_THAT(desk->told, ElementsAre(SaveNotice::kCannotDelete));
     EXPECT_TRUE(desk->files.contents["a.nmd"] == FakeSetOf({{7, "four"}}).data);
@@ -279,8 +279,8 @@ TEST(SaveNote, LeavesTheNoteInTheTemporaryFileWhenTheOldOneStays) {
     EXPECT_EQ(desk->notes.noteText, "as displayed");
 }
 
-// Memory and disk disagree then: no later save writes by the wrong offsets.
-TEST(SaveNote, ReadsAgainAfterTheOldFileStayed) {
+// After that failure the offsets in memory do not match the disk; a later save must not use them.
+TEST(SaveNote, ReloadsAfterTheOldFileCouldNotBeDeleted) {
     const auto desk = DeskWith({{7, "four"}, {9, "nine"}}, 7);
     desk->files.undeletable = {"a.nmd"};
     EXPECT_EQ(SaveAt(*desk, "characters"), NoteSaveResult::kFailed);
@@ -292,7 +292,7 @@ TEST(SaveNote, ReadsAgainAfterTheOldFileStayed) {
     ExpectFilesHold(*desk, {{7, "four"}, {8, "eight"}, {9, "nine"}});
 }
 
-TEST(SaveNote, NeverWritesOverTheOnlyCopy) {
+TEST(SaveNote, NeverOverwritesTheOnlyCopy) {
     const auto desk = DeskWith({{7, "four"}}, 7);
     desk->files.unrenamable = {"a.nmd.temp"};
     EXPECT_EQ(SaveAt(*desk, "characters"), NoteSaveResult::kFailed);
@@ -310,9 +310,9 @@ TEST(SaveNote, NeverWritesOverTheOnlyCopy) {
     ExpectFilesHold(*desk, {{7, "again"}});
 }
 
-// ---- What others change ---------------------------------------------------------------------------------------------
+// ---- Changes by other programs --------------------------------------------------------------------------------------
 
-TEST(SaveNote, SavesIntoTheLayoutThatIsOnTheDisk) {
+TEST(SaveNote, UsesTheCurrentLayoutOnTheDisk) {
     const FakeSet theirs = FakeSetOf({{3, "three"}, {7, "theirs"}, {9, "nine"}});
     static const struct {
         const char* why;
@@ -332,7 +332,7 @@ TEST(SaveNote, SavesIntoTheLayoutThatIsOnTheDisk) {
     }
 }
 
-TEST(SaveNote, NoticesAnIndexThatChangedAlone) {
+TEST(SaveNote, DetectsAChangedIndex) {
     const auto desk = DeskWith({{7, "four"}}, 7);
     desk->files.contents.erase("a.nmi");
     EXPECT_EQ(SaveAt(*desk, "mine"), NoteSaveResult::kSaved);
@@ -340,8 +340,8 @@ TEST(SaveNote, NoticesAnIndexThatChangedAlone) {
     ExpectFilesHold(*desk, {{7, "mine"}});
 }
 
-// The display then goes by what is on the disk.
-TEST(SaveNote, GoesBackToTheEditorWhenTheFilesChanged) {
+// Afterwards the notes on the disk are displayed.
+TEST(SaveNote, StopsWhenTheFilesChangedAndTheUserDeclines) {
     const auto desk = DeskWith({{7, "four"}}, 7);
     const FakeSet theirs = FakeSetOf({{3, "three"}});
     ChangeFile(desk->files, "a.nmd", theirs.data);
@@ -357,16 +357,16 @@ TEST(SaveNote, GoesBackToTheEditorWhenTheFilesChanged) {
     ExpectFilesHold(*desk, {{3, "three"}, {7, "mine"}});
 }
 
-// Size and time may be as before: while the notes are copied, their ends are counted.
-TEST(SaveNote, NoticesALayoutThatChangedUnseen) {
+// Size and time of the file may be unchanged, so the ends of notes are counted while they are copied.
+TEST(SaveNote, DetectsAChangedLayoutWithTheSameSizeAndTime) {
     const auto desk = DeskWith({{3, "three"}, {7, "four"}, {9, "9"}}, 7);
-    desk->files.contents["a.nmd"] = FakeSetOf({{3, "th"}, {7, "four"}, {9, "nine"}}).data;  // as many bytes
+    desk->files.contents["a.nmd"] = FakeSetOf({{3, "th"}, {7, "four"}, {9, "nine"}}).data;  // the same size
     EXPECT_EQ(SaveAt(*desk, "mine"), NoteSaveResult::kSaved);
     EXPECT_THAT(desk->told, ElementsAre(SaveNotice::kChangedOnDisk));
     ExpectFilesHold(*desk, {{3, "th"}, {7, "mine"}, {9, "nine"}});
 }
 
-TEST(SaveNote, NeverReplacesWhatIsNotWhole) {
+TEST(SaveNote, NeverReplacesADamagedFile) {
     const FakeSet whole = FakeSetOf({{7, "four"}, {9, "nine"}});
     std::vector<unsigned char> tooFew(whole.data.begin(), whole.data.end() - 20000);
     std::vector<unsigned char> tooMany = whole.data;
@@ -385,7 +385,7 @@ TEST(SaveNote, NeverReplacesWhatIsNotWhole) {
             EXPECT_TRUE(desk->notes.sets[0].readOnly);
             desk->files.log.clear();
             EXPECT_EQ(SaveAt(*desk, "mine"), NoteSaveResult::kStopped);
-            EXPECT_EQ(desk->files.log.size(), 1u);  // the box alone: no file is opened
+            EXPECT_EQ(desk->files.log.size(), 1u);  // only the message box; no file is opened
         }
     }
 }

@@ -9,7 +9,7 @@
 
 using testing::ElementsAre;
 
-// A set of these notes on a disk of its own.
+// A note set in memory and the search in it.
 struct SearchedSet {
     FakeNoteFiles fakes;
     NoteFiles files;
@@ -45,7 +45,7 @@ static NoteQuery Capitals(const std::string& text, bool substrings = false) {
     return {InCapitals(AsciiLetters(), text), false, substrings, {}};
 }
 
-TEST(NoteSearch, TellsWordsFromPartsOfThem) {
+TEST(NoteSearch, DistinguishesWordsFromSubstrings) {
     static constexpr struct {
         const char* note;
         const char* text;
@@ -55,7 +55,7 @@ TEST(NoteSearch, TellsWordsFromPartsOfThem) {
         {"beloved", "love", "not found", "7:2"},
         {"love", "love", "7:0", "7:0"},
         {"Beloved, let us love.", "love", "7:16", "7:2"},
-        {"love2 2love love_", "love", "7:12", "7:0"},  // digits beside it count as letters do, a line does not
+        {"love2 2love love_", "love", "7:12", "7:0"},  // digits count as letters, an underscore does not
         {"glove love's", "love", "7:6", "7:1"},
         {"\xE9love\xE9", "love", "7:1", "7:1"},
         {"aaaa aa", "aa", "7:5", "7:0"},
@@ -77,15 +77,16 @@ TEST(NoteSearch, TellsWordsFromPartsOfThem) {
     }
 }
 
-// A place that fails the test is passed over with the text's whole length: what begins within it is not seen.
-TEST(NoteSearch, SkipsByTheLengthOfTheText) {
+// Deliberate: after a match that is not a whole word, the search skips the length of the text, so it does not find a
+// match that begins inside it.
+TEST(NoteSearch, SkipsTheWholeTextAfterAMismatch) {
     SearchedSet set;
     Open(set, {{7, "xa a a"}});
     EXPECT_EQ(Told(Find(set, Capitals("a a"))), "not found");
     EXPECT_EQ(Told(Find(set, Capitals("a"))), "7:3");
 }
 
-TEST(NoteSearch, MindsCapitalsOnlyWhenAsked) {
+TEST(NoteSearch, IgnoresCaseUnlessCaseSensitive) {
     static constexpr struct {
         const char* text;
         bool caseSensitive;
@@ -96,7 +97,7 @@ TEST(NoteSearch, MindsCapitalsOnlyWhenAsked) {
     for (const auto& row : kRows) EXPECT_EQ(Told(Find(set, {row.text, row.caseSensitive, false, {}})), row.found);
 }
 
-TEST(NoteSearch, GoesThroughTheVersesOfTheRange) {
+TEST(NoteSearch, StaysInTheRange) {
     static constexpr struct {
         int first, last;
         const char* found;
@@ -125,23 +126,23 @@ TEST(NoteSearch, GoesThroughTheVersesOfTheRange) {
     }
 }
 
-TEST(NoteSearch, GoesOnBehindTheLastMatch) {
+TEST(NoteSearch, ContinuesAfterTheLastMatch) {
     static constexpr struct {
         ResumePoint resume;
         const char* found;
     } kRows[] = {
         {{4, 0}, "4:0"},
-        {{4, 5}, "4:10"},  // the second of the note before later verses
+        {{4, 5}, "4:10"},  // the second match of the same note
         {{4, 10}, "4:10"},
-        {{4, 11}, "9:3"},  // in the next note from its beginning
+        {{4, 11}, "9:3"},  // the next note is searched from its beginning
         {{4, 15}, "9:3"},
         {{4, 16}, "9:3"},
         {{4, 5000}, "9:3"},
         {{9, 8}, "not found"},
         {{10, 0}, "not found"},
         {{0, 0}, "4:0"},
-        {{0, 3}, "4:10"},  // verses without a note keep the offset for the
-                           // next one that has one
+        {{0, 3}, "4:10"},  // the offset is kept until the next verse with a
+                           // note
         {{5, 5}, "not found"},
     };
     SearchedSet set;
@@ -152,18 +153,18 @@ TEST(NoteSearch, GoesOnBehindTheLastMatch) {
     }
 }
 
-TEST(NoteSearch, BeginsWithTheRangeWhereItComesLater) {
+TEST(NoteSearch, StartsAtTheRangeIfItIsLater) {
     NoteQuery query = Capitals("grace");
     query.range = {4, 20};
     SearchedSet set;
     Open(set, {{2, "grace"}, {4, "grace"}, {9, "grace"}});
     EXPECT_EQ(Told(Find(set, query, {2, 3})), "4:0");  // with offset 0
     EXPECT_EQ(Told(Find(set, query, {4, 3})), "9:0");
-    EXPECT_EQ(Told(Find(set, query, {21, 0})), "not found");  // a range that ends before: at once
+    EXPECT_EQ(Told(Find(set, query, {21, 0})), "not found");  // stops immediately after the end of the range
     EXPECT_THAT(set.reached, ElementsAre());
 }
 
-TEST(NoteSearch, ReadsTheFileInLargeSteps) {
+TEST(NoteSearch, ReadsTheFileInLargeBlocks) {
     std::map<int, std::string> notes;
     for (int verse = 0; verse < kLastVerse; ++verse) notes[verse] = "a note of some twenty letters";
     notes[30000] += " found";
@@ -173,7 +174,7 @@ TEST(NoteSearch, ReadsTheFileInLargeSteps) {
     EXPECT_LE(set.fakes.log.size(), 5u);
 }
 
-TEST(NoteSearch, OpensNoFileWithoutNotes) {
+TEST(NoteSearch, DoesNotOpenTheFileWithoutNotes) {
     SearchedSet set;
     Open(set, {});
     NoteQuery query = Capitals("grace");
@@ -182,7 +183,7 @@ TEST(NoteSearch, OpensNoFileWithoutNotes) {
     EXPECT_TRUE(set.fakes.log.empty());
 }
 
-TEST(NoteSearch, EndsWhereTheFileCannotBeOpened) {
+TEST(NoteSearch, StopsWhenTheFileCannotBeOpened) {
     SearchedSet set;
     Open(set, {{100, "grace"}});
     set.fakes.unreadable = {"Mine.nmd"};
@@ -190,7 +191,7 @@ TEST(NoteSearch, EndsWhereTheFileCannotBeOpened) {
     EXPECT_EQ(set.reached.back(), 100);
 }
 
-TEST(NoteSearch, LooksAsFarIntoANoteAsIsShown) {
+TEST(NoteSearch, SearchesOnlyTheShownPartOfANote) {
     SearchedSet set;
     Open(set, {{kLastVerse, std::string(65530, '-') + "grace more"}});
     EXPECT_EQ(Told(Find(set, Capitals("grace", true))), "31101:65530");
@@ -210,7 +211,7 @@ TEST(NoteSearch, SurvivesADamagedIndex) {
     EXPECT_EQ(Told(Find(set, Capitals("grace"))), "not found");
 }
 
-TEST(LetterTable, OfAsciiLeavesOtherBytesAlone) {
+TEST(LetterTable, OfAsciiDoesNotChangeOtherBytes) {
     const LetterTable letters = AsciiLetters();
     EXPECT_EQ(InCapitals(letters, "Abc xyz 0-9 \xE9{}`@"), "ABC XYZ 0-9 \xE9{}`@");
     EXPECT_EQ(std::ranges::count(letters.inWords, true), 62);

@@ -15,7 +15,7 @@ using testing::IsEmpty;
 using testing::StartsWith;
 using testing::UnorderedElementsAre;
 
-// Sets as the program finds them; each has a note for Genesis 1:1 that names it.
+// Sets that have been loaded; each has a note for Genesis 1:1 that names the set.
 struct SetsOnDisk {
     FakeNoteFiles fakes;
     NoteFiles files;
@@ -48,7 +48,7 @@ static std::string FirstNote(SetsOnDisk& disk, int set) {
     return disk.notes.noteText;
 }
 
-// The sets as the next start finds them.
+// The sets that the next start finds.
 static std::vector<std::string> NamesAfterRestart(const SetsOnDisk& disk) {
     NoteSets notes;
     EXPECT_TRUE(FindNoteSets(disk.files, notes));
@@ -57,7 +57,7 @@ static std::vector<std::string> NamesAfterRestart(const SetsOnDisk& disk) {
 
 // ---- Names ----------------------------------------------------------------------------------------------------------
 
-// What is told against a name: nothing, or what follows the first words of the failure.
+// The reason why a name is refused; empty when it is not.
 static std::string ReasonAgainstName(const std::string& name) {
     static const std::string failed = "Error creating note files\n\n";
     SetsOnDisk disk;
@@ -66,13 +66,13 @@ static std::string ReasonAgainstName(const std::string& name) {
     return told.starts_with(failed) ? told.substr(failed.size()) : told;
 }
 
-TEST(NoteSetNames, AreAllThatWindowsStores) {
+TEST(NoteSetNames, AcceptEveryNameAllowedOnWindows) {
     for (const std::string name : {"", " ", "a.b", ".", "a.", " a ", "M\xFCller \xB6", "CONsole", "COM", "COM0",
                                    "LPT10", "my con", "a+b [c] {d} (e) & 'f' #1, 100%~"})
         EXPECT_EQ(ReasonAgainstName(name), "") << name;
 }
 
-TEST(NoteSetNames, AreRefusedWhereWindowsDoesNotStoreThem) {
+TEST(NoteSetNames, RejectNamesNotAllowedOnWindows) {
     for (const char forbidden : std::string("\\/:*?\"<>|\t\n\x01\x1F")) {
         EXPECT_THAT(ReasonAgainstName(std::string("a") + forbidden + "b"), HasSubstr("\\ / : * ? \" < > |"));
     }
@@ -84,7 +84,7 @@ TEST(NoteSetNames, AreRefusedWhereWindowsDoesNotStoreThem) {
 
 // ---- Create ---------------------------------------------------------------------------------------------------------
 
-TEST(CreateNoteSet, MakesASetOfEmptyNotesAndStaysInItsOwn) {
+TEST(CreateNoteSet, AddsAnEmptySetAndKeepsTheCurrentOne) {
     for (const std::string name : {"New", "a.b", "", "two words", "M\xFCller"}) {
         SetsOnDisk disk;
         Open(disk, {"Old", "Older"}, "Older");
@@ -103,15 +103,15 @@ TEST(CreateNoteSet, MakesASetOfEmptyNotesAndStaysInItsOwn) {
     }
 }
 
-TEST(CreateNoteSet, LeavesEverythingWhereItFails) {
+TEST(CreateNoteSet, ChangesNothingOnFailure) {
     static constexpr struct {
         const char* name;
         const char* uncreatable;
         const char* lastStep;
     } kRows[] = {
-        {"Old", "", "create Old.nmd"},  // there is one of that name
+        {"Old", "", "create Old.nmd"},  // the name is in use
         {"New", "New.nmd", "create New.nmd"},
-        {"New", "New.nmi", "remove New.nmd"},  // half a set is not left behind
+        {"New", "New.nmi", "remove New.nmd"},  // an incomplete set is removed
     };
     for (const auto& row : kRows) {
         SetsOnDisk disk;
@@ -125,7 +125,7 @@ TEST(CreateNoteSet, LeavesEverythingWhereItFails) {
     }
 }
 
-TEST(CreateNoteSet, LeavesALoneIndexFileAlone) {
+TEST(CreateNoteSet, DoesNotReplaceAnIndexWithoutDataFile) {
     SetsOnDisk disk;
     Open(disk, {"Old"});
     disk.fakes.contents["New.nmi"] = {1, 2, 3};
@@ -134,7 +134,7 @@ TEST(CreateNoteSet, LeavesALoneIndexFileAlone) {
     EXPECT_EQ(disk.fakes.contents["New.nmi"], (std::vector<unsigned char>{1, 2, 3}));
 }
 
-TEST(CreateNoteSet, SaysWhatIsWrongWithAName) {
+TEST(CreateNoteSet, ReportsAnInvalidName) {
     SetsOnDisk disk;
     Open(disk, {"Old"});
     for (const char* name : {"a?b", "..\\a", "CON"}) {
@@ -146,7 +146,7 @@ TEST(CreateNoteSet, SaysWhatIsWrongWithAName) {
     EXPECT_EQ(disk.notes.sets.size(), 1u);
 }
 
-TEST(CreateNoteSet, RefusesTheThirtySecond) {
+TEST(CreateNoteSet, RejectsTheThirtySecondSet) {
     SetsOnDisk disk;
     std::vector<std::string> names;
     for (int set = 1; set <= 30; ++set) names.push_back("set " + std::to_string(set));
@@ -159,7 +159,7 @@ TEST(CreateNoteSet, RefusesTheThirtySecond) {
 
 // ---- Rename ---------------------------------------------------------------------------------------------------------
 
-TEST(RenameNoteSet, GivesAllFilesTheNewName) {
+TEST(RenameNoteSet, RenamesAllFiles) {
     for (const std::string name : {"New", "a.b", "", "b "}) {
         SetsOnDisk disk;
         Open(disk, {"c", "a.old", "d"}, "a.old");
@@ -178,7 +178,7 @@ TEST(RenameNoteSet, GivesAllFilesTheNewName) {
     }
 }
 
-TEST(RenameNoteSet, LeavesAnothersTableAlone) {
+TEST(RenameNoteSet, DoesNotRenameTheTableOfAnotherSet) {
     SetsOnDisk disk;
     Open(disk, {"a", "b"}, "b");
     disk.fakes.contents["a.dti"] = {9};
@@ -187,7 +187,7 @@ TEST(RenameNoteSet, LeavesAnothersTableAlone) {
     EXPECT_TRUE(disk.fakes.contents.contains("b.dti"));
 }
 
-TEST(RenameNoteSet, DoesNotAskWhetherTheTableFollowed) {
+TEST(RenameNoteSet, IgnoresATableThatCannotBeRenamed) {
     SetsOnDisk disk;
     Open(disk, {"a"}, "a");
     disk.fakes.unrenamable = {"a.dti"};
@@ -205,8 +205,8 @@ TEST(RenameNoteSet, ToItsOwnNameDoesNothing) {
     EXPECT_THAT(NamesOf(disk.notes), ElementsAre("A", "b"));
 }
 
-TEST(RenameNoteSet, ChangesNothingWhereTheDataFileStays) {
-    for (const char* name : {"b", "c"}) {  // another set has the one, the file is in use for the other
+TEST(RenameNoteSet, ChangesNothingWhenTheDataFileCannotBeRenamed) {
+    for (const char* name : {"b", "c"}) {  // first the name is in use, then the file
         SetsOnDisk disk;
         Open(disk, {"a", "b"}, "a");
         if (*name == 'c') disk.fakes.unrenamable = {"a.nmd"};
@@ -219,7 +219,7 @@ TEST(RenameNoteSet, ChangesNothingWhereTheDataFileStays) {
     }
 }
 
-TEST(RenameNoteSet, LeavesTheSetOutOfUseWhereTheIndexStays) {
+TEST(RenameNoteSet, DisablesTheSetWhenTheIndexCannotBeRenamed) {
     SetsOnDisk disk;
     Open(disk, {"a", "b"}, "a");
     disk.fakes.unrenamable = {"a.nmi"};
@@ -227,7 +227,7 @@ TEST(RenameNoteSet, LeavesTheSetOutOfUseWhereTheIndexStays) {
     EXPECT_THAT(FilesOf(disk), ElementsAre("a.dti", "a.nmi", "b.nmd", "b.nmi", "c.nmd"));
     EXPECT_EQ(disk.notes.sets[0].dataFileName, "a.nmi");
     EXPECT_THAT(NamesOf(disk.notes), ElementsAre("a", "b"));
-    EXPECT_TRUE(disk.notes.sets[0].readOnly) << "a save would take the index for notes";
+    EXPECT_TRUE(disk.notes.sets[0].readOnly) << "a save would overwrite the index";
     EXPECT_NE(FirstNote(disk, 0), "in a");
 
     // The next start finds the notes under their new name.
@@ -239,14 +239,14 @@ TEST(RenameNoteSet, LeavesTheSetOutOfUseWhereTheIndexStays) {
     ASSERT_NE(place, names.end());
     EXPECT_EQ(FirstNote(next, static_cast<int>(place - names.begin())), "in a");
 
-    // Once more would make notes of the index.
+    // Another rename would treat the index as the data file.
     disk.fakes.unrenamable = {};
     const auto before = disk.fakes.contents;
     EXPECT_EQ(RenameNoteSet(disk.files, disk.notes, "d"), kRenameFailed);
     EXPECT_EQ(disk.fakes.contents, before);
 }
 
-TEST(RenameNoteSet, SaysWhatIsWrongWithAName) {
+TEST(RenameNoteSet, ReportsAnInvalidName) {
     SetsOnDisk disk;
     Open(disk, {"a"});
     EXPECT_EQ(RenameNoteSet(disk.files, disk.notes, "a|b"), "Rename failed. " + ReasonAgainstName("a|b"));
@@ -256,7 +256,7 @@ TEST(RenameNoteSet, SaysWhatIsWrongWithAName) {
 
 // ---- Delete ---------------------------------------------------------------------------------------------------------
 
-TEST(DeleteNoteSet, AsksByNameAndWarnsOfTheDevotional) {
+TEST(DeleteNoteSet, QuestionHasTheNameAndADevotionalWarning) {
     SetsOnDisk disk;
     Open(disk, {"a.b", "c"}, "c");
     EXPECT_EQ(QuestionBeforeDeleting(disk.notes), "Are you SURE you want to delete the note set a.b?");
@@ -265,7 +265,7 @@ TEST(DeleteNoteSet, AsksByNameAndWarnsOfTheDevotional) {
               "Are you SURE you want to delete the note set c? Deleting this set will remove the Devotional function!");
 }
 
-TEST(DeleteNoteSet, MakesTheFirstSetCurrentAndKeepsTheDevotionalOne) {
+TEST(DeleteNoteSet, SelectsTheFirstSetAndKeepsTheDevotionalOne) {
     static const struct {
         int deleted;
         const char* devotional;
@@ -297,7 +297,7 @@ TEST(DeleteNoteSet, MakesTheFirstSetCurrentAndKeepsTheDevotionalOne) {
     }
 }
 
-TEST(DeleteNoteSet, ChangesNothingWhereTheIndexStays) {
+TEST(DeleteNoteSet, ChangesNothingWhenTheIndexCannotBeDeleted) {
     SetsOnDisk disk;
     Open(disk, {"a", "b"}, "b");
     disk.notes.currentSet = 1;
@@ -310,7 +310,7 @@ TEST(DeleteNoteSet, ChangesNothingWhereTheIndexStays) {
     EXPECT_EQ(FirstNote(disk, 1), "in b");
 }
 
-TEST(DeleteNoteSet, DoesNotAskWhetherTheRestWent) {
+TEST(DeleteNoteSet, IgnoresOtherFilesThatCannotBeDeleted) {
     SetsOnDisk disk;
     Open(disk, {"a", "b"}, "a");
     disk.fakes.undeletable = {"a.nmd", "a.dti"};

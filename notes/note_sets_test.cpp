@@ -33,8 +33,8 @@ TEST(FindNoteSets, KeepsTheOrderOfTheListing) {
     EXPECT_EQ(notes.devotionalSet, kNoDevotionalSet);
 }
 
-// Windows lists "x.nmibak" too when it looks for "*.nmi".
-TEST(FindNoteSets, CutsTheNameAtItsLastDot) {
+// Windows also finds "x.nmibak" when it searches for "*.nmi".
+TEST(FindNoteSets, EndsTheNameAtItsLastDot) {
     FakeNoteFiles files;
     AddFakeSet(files, "x", {});
     files.contents["x.nmibak"] = files.contents["x.nmi"];
@@ -45,23 +45,23 @@ TEST(FindNoteSets, CutsTheNameAtItsLastDot) {
     EXPECT_EQ(notes.sets[0].dataFileName, "x.nmd");
 }
 
-TEST(FindNoteSets, TakesThirtyOneAtMost) {
+TEST(FindNoteSets, FindsAtMost31Sets) {
     FakeNoteFiles files;
     for (int i = 0; i < 40; ++i) AddFakeSet(files, "set" + std::to_string(i), {});
     const NoteSets notes = Found(files);
     EXPECT_EQ(notes.sets.size(), 31u);
     EXPECT_EQ(NamesOf(notes).back(), "set30");
-    EXPECT_EQ(files.log.size(), 62u);  // two reads a set, none of the 32nd
+    EXPECT_EQ(files.log.size(), 62u);  // two reads per set, none for the 32nd
 }
 
-TEST(FindNoteSets, EndsAtAFileThatCannotBeOpened) {
+TEST(FindNoteSets, StopsAtAFileThatCannotBeOpened) {
     FakeNoteFiles files;
     for (const char* name : {"a", "b", "c"}) AddFakeSet(files, name, {});
     files.unreadable = {"b.nmi"};
     EXPECT_EQ(NamesOf(Found(files)), (std::vector<std::string>{"a"}));
 }
 
-TEST(FindNoteSets, FindsAfreshEachTime) {
+TEST(FindNoteSets, StartsAgainEachTime) {
     FakeNoteFiles files;
     AddFakeSet(files, "a", {});
     files.contents["a.dti"] = {};
@@ -84,7 +84,7 @@ TEST(FindNoteSets, GivesTheDevotionalRoleToTheLastSetWithATable) {
     for (std::size_t i = 0; i < 744; ++i) ASSERT_EQ(notes.devotionalTable[i], table[i]) << i;
 }
 
-TEST(FindNoteSets, BearsDevotionalTablesOfAnySize) {
+TEST(FindNoteSets, HandlesDevotionalTablesOfAnySize) {
     static constexpr struct {
         std::size_t size;
         std::uint32_t first, second, last;
@@ -99,7 +99,7 @@ TEST(FindNoteSets, BearsDevotionalTablesOfAnySize) {
     for (const auto& row : kRows) {
         FakeNoteFiles files;
         for (const char* name : {"a", "b"}) AddFakeSet(files, name, {});
-        files.contents["a.dti"] = LittleEndianBytes(std::vector<std::uint32_t>(744, 7));  // nothing of it stays
+        files.contents["a.dti"] = LittleEndianBytes(std::vector<std::uint32_t>(744, 7));  // must be replaced completely
         files.contents["b.dti"] = std::vector<unsigned char>(row.size, 1);
         const NoteSets notes = Found(files);
         EXPECT_EQ(notes.devotionalSet, 1);
@@ -146,7 +146,7 @@ TEST(FindNoteSets, KeepsTheFirstSetInMemoryWhenItsFilesCannotBeCreated) {
     }
 }
 
-TEST(FindNoteSets, NeverTouchesNotesThatLostTheirIndex) {
+TEST(FindNoteSets, NeverChangesNotesWithoutIndex) {
     FakeNoteFiles files;
     files.contents["My Notes.nmd"] = {'o', 'l', 'd', 0};
     NoteSets notes;
@@ -155,7 +155,7 @@ TEST(FindNoteSets, NeverTouchesNotesThatLostTheirIndex) {
     EXPECT_FALSE(files.contents.contains("My Notes.nmi"));
 }
 
-TEST(SelectStoredNote, BringsBackWhatThereIsNot) {
+TEST(SelectStoredNote, ReplacesInvalidSettings) {
     static constexpr struct {
         int set, verse;
         int currentSet, currentVerse;
@@ -180,7 +180,7 @@ TEST(SelectStoredNote, BringsBackWhatThereIsNot) {
     }
 }
 
-TEST(ReadNoteText, GivesTheNoteOrSaysThatThereIsNone) {
+TEST(ReadNoteText, ReadsTheNoteOrTextForNoNote) {
     static const struct {
         int verse;
         const char* text;
@@ -219,7 +219,7 @@ TEST(ReadNoteText, EndsAtTheFirstNul) {
     EXPECT_EQ(NoteText(files, notes, 4), "No note for Genesis 1:5.");
 }
 
-TEST(ReadNoteText, CutsWhatTheBufferCannotHold) {
+TEST(ReadNoteText, TruncatesToTheBufferSize) {
     static constexpr struct {
         int verse;
         std::size_t stored, shown;
@@ -245,7 +245,7 @@ TEST(ReadNoteText, ReadsTheCurrentSet) {
     EXPECT_TRUE(NoteExists(DeviceOver(files), notes, 9));
 }
 
-TEST(ReadNoteText, TakesOneReadANote) {
+TEST(ReadNoteText, NeedsOneReadPerNote) {
     FakeNoteFiles files;
     AddFakeSet(files, "a", {{7, "seven"}, {31101, "end"}});
     NoteSets notes = Found(files);
@@ -265,12 +265,12 @@ TEST(ReadNoteText, FailsWithoutASet) {
     EXPECT_EQ(NextNote(DeviceOver(files), notes), 1);
 }
 
-// Whatever the offsets say, no byte outside the files is read and nothing else than the file's bytes is shown.
-TEST(DamagedSets, AreReadAsFarAsTheyGo) {
+// With any offsets, nothing outside the files may be read or shown.
+TEST(DamagedSets, AreReadAsFarAsPossible) {
     static const struct {
         const char* why;
         std::vector<std::uint32_t> offsets;
-        std::size_t strayBytes;  // behind the last whole integer
+        std::size_t strayBytes;  // after the last complete integer
         int verse;
         const char* text;
         bool exists;
@@ -302,14 +302,14 @@ TEST(DamagedSets, AreReadAsFarAsTheyGo) {
     }
 }
 
-TEST(DamagedSets, KeepNoMoreOffsetsThanThereAreVerses) {
+TEST(DamagedSets, HaveAtMostOneOffsetPerVerse) {
     FakeNoteFiles files;
     AddFakeSet(files, "a", {});
     files.contents["a.nmi"].resize(500000, 0xFF);
     EXPECT_EQ(Found(files).sets[0].offsets.size(), 31102u);
 }
 
-TEST(DamagedSets, HaveNoLastNoteWithoutItsData) {
+TEST(DamagedSets, HaveNoLastNoteWithoutData) {
     FakeNoteFiles files;
     AddFakeSet(files, "a", {{31101, "end"}});
     NoteSets notes = Found(files);
@@ -321,14 +321,14 @@ TEST(DamagedSets, HaveNoLastNoteWithoutItsData) {
     EXPECT_FALSE(NoteExists(DeviceOver(files), notes, 31101));
 }
 
-TEST(NoteExists, GoesByTheStoredLength) {
+TEST(NoteExists, DependsOnTheStoredLength) {
     static constexpr struct {
         int verse;
         bool exists;
     } kRows[] = {{0, false},    {1, true},      {2, true},      {3, false}, {31100, false},
                  {31101, true}, {31102, false}, {63535, false}, {-1, false}};
     FakeNoteFiles files;
-    AddFakeSet(files, "a", {{1, "x"}, {2, std::string("\0", 1)}, {31101, "end"}});  // a NUL alone is shown as no note
+    AddFakeSet(files, "a", {{1, "x"}, {2, std::string("\0", 1)}, {31101, "end"}});  // only a NUL is shown as no note
     const NoteSets notes = Found(files);
     for (const auto& row : kRows) EXPECT_EQ(NoteExists(DeviceOver(files), notes, row.verse), row.exists) << row.verse;
 }
@@ -344,7 +344,7 @@ TEST(NoteExists, OpensTheDataFileForTheLastVerseOnly) {
     EXPECT_EQ(files.log, (std::vector<std::string>{"size a.nmd", "size a.nmd"}));
 }
 
-TEST(NextAndPreviousNote, GoRoundTheBible) {
+TEST(NextAndPreviousNote, WrapAroundTheBible) {
     static const struct {
         std::vector<int> withNotes;
         int current;
@@ -353,7 +353,7 @@ TEST(NextAndPreviousNote, GoRoundTheBible) {
         {{}, 0, 1, 31101},
         {{}, 31101, 0, 31100},
         {{}, 100, 101, 99},
-        {{100}, 100, 101, 99},  // no other: the neighbour and its empty note
+        {{100}, 100, 101, 99},  // without another note, the neighbouring verse
         {{100}, 50, 100, 100},
         {{100}, 101, 100, 100},
         {{100, 200, 31101}, 100, 200, 31101},

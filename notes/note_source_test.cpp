@@ -7,7 +7,7 @@
 #include "tests/support/fake_note_files.h"
 #include "tests/support/native_scripture.h"
 
-// Two sets, of which the second is not the current one, as the program finds them.
+// Two sets that have been loaded; the second is not the current one.
 struct TwoSets {
     FakeNoteFiles fakes;
     NoteFiles files;
@@ -23,7 +23,7 @@ static void OpenTwoSets(TwoSets& sets, const std::map<int, std::string>& secondS
     sets.fakes.log.clear();
 }
 
-// What the source says of `verse`: the note, or a sign that there is none.
+// The note of `verse` from the source, or a mark for no note or an error.
 static std::string NoteOf(NoteReader& notes, int verse) {
     const NoteSource source = SourceOf(notes);
     std::string note = "left alone";
@@ -35,7 +35,7 @@ static std::string NoteOf(NoteReader& notes, int verse) {
     return "(unreadable)";
 }
 
-TEST(NoteReader, AreThoseOfTheirSet) {
+TEST(NoteReader, AreReadFromTheirSet) {
     TwoSets sets;
     const std::string longest(65533, 'n');
     OpenTwoSets(sets, {{5, "fifth\r\nnote"}, {6, "s"}, {100, longest}, {kLastVerse - 1, "b"}, {kLastVerse, "last"}});
@@ -51,7 +51,7 @@ TEST(NoteReader, AreThoseOfTheirSet) {
     EXPECT_EQ(sets.notes.noteText, "note of the set shown");
 }
 
-TEST(NoteReader, OfAnEmptyLastVerseAreNone) {
+TEST(NoteReader, EmptyLastNoteIsNoNote) {
     TwoSets sets;
     OpenTwoSets(sets, {});
     NoteReader notes{sets.files, sets.notes.sets[1]};
@@ -63,10 +63,10 @@ TEST(NoteReader, EndAtTheirFirstZeroByte) {
     OpenTwoSets(sets, {{3, std::string("seen\0hidden", 11)}, {4, std::string("\0hidden", 7)}});
     NoteReader notes{sets.files, sets.notes.sets[1]};
     EXPECT_EQ(NoteOf(notes, 3), "seen");
-    EXPECT_EQ(NoteOf(notes, 4), "") << "a note by its length";
+    EXPECT_EQ(NoteOf(notes, 4), "") << "counts as a note because of its length";
 }
 
-TEST(NoteReader, OfTheWholeBibleAreReadInFewSteps) {
+TEST(NoteReader, AreReadInLargeBlocks) {
     TwoSets sets;
     std::map<int, std::string> texts;
     for (int verse = 0; verse < kVerseCount; ++verse) texts[verse] = "note " + std::to_string(verse);
@@ -76,7 +76,7 @@ TEST(NoteReader, OfTheWholeBibleAreReadInFewSteps) {
     EXPECT_LT(sets.fakes.log.size(), 10u) << "a third of a million bytes";
 }
 
-TEST(NoteReader, AreUnreadableWhenTheirFileIsGone) {
+TEST(NoteReader, AreUnreadableWhenTheFileIsMissing) {
     TwoSets sets;
     OpenTwoSets(sets, {{3, "note"},
                        {5, std::string(65533, 'n')},
@@ -93,12 +93,12 @@ TEST(NoteReader, AreUnreadableWhenTheirFileIsGone) {
     EXPECT_TRUE(CanReadNotes(sets.files, sets.notes.sets[0]));
     EXPECT_EQ(NoteOf(notes, 2), "(none)");
     EXPECT_EQ(NoteOf(notes, 9), "(unreadable)");
-    EXPECT_EQ(NoteOf(notes, 9), "(unreadable)") << "asked again, what was read before is not taken for it";
+    EXPECT_EQ(NoteOf(notes, 9), "(unreadable)") << "asked again, earlier notes must not be returned";
 }
 
-// Offsets that go back, lie behind the file's end or leave a note of gigabytes; a data file cut short; an index of a
-// few bytes.
-TEST(NoteReader, OfADamagedSetGiveWhatThereIs) {
+// Offsets that are not ascending, are beyond the end of the file or give a note of gigabytes; a truncated data file; an
+// index of a few bytes.
+TEST(NoteReader, OfADamagedSetAreReadAsFarAsPossible) {
     TwoSets sets;
     OpenTwoSets(sets, {});
     sets.fakes.contents["saved.nmd"] = {'a', 'b', 'c', 'd'};
@@ -121,7 +121,7 @@ TEST(NoteReader, OfADamagedSetGiveWhatThereIs) {
     }
 }
 
-TEST(NoteReader, OfADamagedSetAreCutAtTheSizeOfANote) {
+TEST(NoteReader, OfADamagedSetAreTruncatedToTheSizeOfANote) {
     TwoSets sets;
     OpenTwoSets(sets, {});
     sets.fakes.contents["saved.nmd"] = std::vector<unsigned char>(200000, 'x');

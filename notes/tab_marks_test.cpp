@@ -4,7 +4,7 @@
 
 #include "tests/support/fake_note_files.h"
 
-TEST(TabMarkers, AreNewWhereAPaneHasMoved) {
+TEST(TabMarkers, ChangeWhenAPaneHasMoved) {
     static constexpr MarkedPlace kEmptyList{-1, kNoVerse, 5};
     static constexpr struct {
         MarkedPlace before, now;
@@ -12,7 +12,7 @@ TEST(TabMarkers, AreNewWhereAPaneHasMoved) {
     } kRows[] = {
         {kEmptyList, kEmptyList, false},   {kEmptyList, {-1, kNoVerse, 6}, true}, {kEmptyList, {0, 100, 5}, true},
         {{0, 100, 5}, kEmptyList, true},   {{0, 100, 5}, {0, 100, 5}, false},     {{0, 100, 5}, {1, 100, 5}, true},
-        {{0, 100, 5}, {0, 200, 5}, false},  // a new list at the position of the old one
+        {{0, 100, 5}, {0, 200, 5}, false},  // a new list at the same position as the old one
         {{0, 100, 5}, {0, 100, 4}, true},
     };
     for (const auto& row : kRows) {
@@ -22,7 +22,7 @@ TEST(TabMarkers, AreNewWhereAPaneHasMoved) {
     EXPECT_TRUE(NeedsNewMarks({}, kEmptyList));
 }
 
-TEST(TabMarkers, StandBeforeTheNameListFirst) {
+TEST(TabMarkers, PrecedeTheNameListMarkFirst) {
     FakeNoteFiles fakes;
     AddFakeSet(fakes, "a.b", {{10, "for ten"}, {20, "for twenty"}, {kLastVerse, "for the last"}});
     const NoteFiles files = DeviceOver(fakes);
@@ -39,13 +39,13 @@ TEST(TabMarkers, StandBeforeTheNameListFirst) {
         {{3, 10, 20}, "\xAB \xBB a.b"},
         {{0, 10, 10}, "\xAB \xBB a.b"},
         {{0, kLastVerse, kLastVerse}, "\xAB \xBB a.b"},
-        {{-1, 10, 11}, "a.b"},  // nothing is current in an empty list
+        {{-1, 10, 11}, "a.b"},  // an empty list has no current entry
     };
     for (const auto& row : kRows) EXPECT_EQ(MarkedLabel(files, notes.sets[0], row.place), row.label);
 }
 
-// A file is opened for the last verse's note alone, whose length no index tells.
-TEST(TabMarkers, NeedNoFiles) {
+// Only the note of the last verse needs the data file, because the index does not give its length.
+TEST(TabMarkers, NeedTheDataFileOnlyForTheLastNote) {
     FakeNoteFiles fakes;
     AddFakeSet(fakes, "a", {{10, "for ten"}});
     const NoteFiles files = DeviceOver(fakes);

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-TEST(TextForNote, EndsItsLinesAsWindowsDoes) {
+TEST(TextForNote, HasWindowsLineEnds) {
     static constexpr std::size_t kRoom = 100;
     static const struct {
         std::string text;
@@ -21,7 +21,7 @@ TEST(TextForNote, EndsItsLinesAsWindowsDoes) {
     for (const auto& [text, expected] : kRows) EXPECT_EQ(TextForNote(text, kRoom), expected) << text;
 }
 
-TEST(TextForNote, IsCutWhereThereIsNoRoom) {
+TEST(TextForNote, IsTruncatedToTheRoom) {
     static constexpr struct {
         const char* text;
         std::size_t room;

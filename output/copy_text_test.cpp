@@ -16,7 +16,7 @@ static HandMadeFiles ChapterOf(const std::vector<std::string>& texts) {
     return files;
 }
 
-// Text of a first verse whose piece, " Ge 1:1 " and a line end round it, has `size` bytes.
+// Text of a first verse that has `size` bytes when it is copied, including " Ge 1:1 " and a line end.
 static std::string TextForPiece(std::size_t size) {
     return std::string(size - 10, 'a');
 }
@@ -25,14 +25,14 @@ static CopyText CopyOf(const HandMadeFiles& files, int first, int last) {
     return CopyRangeText(ScriptureOf(files), {}, first, last, RangeCopyBudget(first, last));
 }
 
-TEST(RangeCopyBudget, IsNineHundredBytesAVerse) {
+TEST(RangeCopyBudget, IsNineHundredBytesPerVerse) {
     EXPECT_EQ(RangeCopyBudget(7, 7), 900u);
     EXPECT_EQ(RangeCopyBudget(1000, 2999), 1'800'000u);
     EXPECT_EQ(RangeCopyBudget(0, kLastVerse), 27'991'800u);
     EXPECT_EQ(RangeCopyBudget(8, 7), 0u);
 }
 
-TEST(CopyRangeText, HasRoomForEveryVerseThatThereIs) {
+TEST(CopyRangeText, BudgetIsEnoughForEveryVerse) {
     for (const int brackets : {0, 1}) {
         FormatOptions format;
         format.SubsequentVerseStyle = 0;
@@ -45,14 +45,14 @@ TEST(CopyRangeText, HasRoomForEveryVerseThatThereIs) {
     }
 }
 
-TEST(CopyRangeText, IsCompleteWhenItsBudgetIsUsedUpToTheLastByte) {
+TEST(CopyRangeText, CanUseTheWholeBudget) {
     const CopyText copy = CopyOf(ChapterOf({TextForPiece(900)}), 0, 0);
     EXPECT_EQ(copy.text, " Ge 1:1 " + TextForPiece(900) + "\r\n");
     EXPECT_TRUE(copy.complete);
     EXPECT_EQ(copy.complaints, 0);
 }
 
-TEST(CopyRangeText, IsComplainedOfTwiceWhenItsFirstVerseDoesNotFit) {
+TEST(CopyRangeText, ComplainsTwiceWhenTheFirstVerseDoesNotFit) {
     for (const CopyText& copy :
          {CopyOf(ChapterOf({TextForPiece(901)}), 0, 0), CopyOf(ChapterOf({TextForPiece(1801), "next"}), 0, 1)}) {
         EXPECT_EQ(copy.text, "");
@@ -62,43 +62,44 @@ TEST(CopyRangeText, IsComplainedOfTwiceWhenItsFirstVerseDoesNotFit) {
     }
 }
 
-TEST(CopyRangeText, IsComplainedOfOnceWhenALaterVerseDoesNotFitAndStopsThere) {
+TEST(CopyRangeText, ComplainsOnceAndStopsWhenALaterVerseDoesNotFit) {
     const CopyText copy = CopyOf(ChapterOf({"[one]", std::string(3000, 'b'), "three"}), 0, 2);
-    EXPECT_EQ(copy.text, " Ge 1:1 one\r\n") << "nothing of the verse that did not fit, nothing after it, no brackets";
+    EXPECT_EQ(copy.text, " Ge 1:1 one\r\n") << "without the verse that did not fit, later verses and brackets";
     EXPECT_FALSE(copy.complete);
     EXPECT_EQ(copy.complaints, 1);
 }
 
-TEST(CopyRangeText, SharesItsBudgetAmongItsVerses) {
+TEST(CopyRangeText, SharesTheBudgetAmongTheVerses) {
     const HandMadeFiles files = ChapterOf({"one", TextForPiece(1500), "three"});
     EXPECT_TRUE(CopyOf(files, 0, 1).complete) << "a short verse leaves its room to a long one";
     EXPECT_TRUE(CopyOf(files, 1, 2).complete) << "a later verse gives its room to the first";
     EXPECT_EQ(CopyOf(files, 1, 1).complaints, 2);
 }
 
-TEST(CopyRangeText, CountsBracketsThatItLeavesOut) {
+TEST(CopyRangeText, CountsRemovedBracketsInTheBudget) {
     const CopyText copy = CopyOf(ChapterOf({"[" + TextForPiece(899) + "]"}), 0, 0);
     EXPECT_EQ(copy.complaints, 2);
 }
 
-TEST(CopyRangeText, KeepsBracketsWhereTheFormatHasThem) {
+TEST(CopyRangeText, KeepsBracketsIfTheFormatHasThem) {
     FormatOptions format;
     format.Brackets = 1;
     const HandMadeFiles files = ChapterOf({"[one]"});
     EXPECT_EQ(CopyRangeText(ScriptureOf(files), format, 0, 0, 900).text, " Ge 1:1 [one]\r\n");
 }
 
-TEST(CopyRangeText, IsTheWholeBibleWhereItIsAskedFor) {
+TEST(CopyRangeText, CopiesTheWholeBible) {
     const CopyText copy = CopyRangeText(TheRealScripture(), {}, 0, kLastVerse, RangeCopyBudget(0, kLastVerse));
     ASSERT_TRUE(copy.complete);
     EXPECT_EQ(std::count(copy.text.begin(), copy.text.end(), '\n'), kVerseCount);
     EXPECT_TRUE(copy.text.starts_with(" Ge 1:1 "));
     EXPECT_NE(copy.text.find("\r\n Re 1:1 "), std::string::npos);
-    EXPECT_LT(copy.text.capacity(), RangeCopyBudget(0, kLastVerse) / 4) << "takes what it needs, not what it may";
+    EXPECT_LT(copy.text.capacity(), RangeCopyBudget(0, kLastVerse) / 4)
+        << "allocates only what it needs, not the whole budget";
 }
 
-// Records that all point at the start of the text give each verse a long one: a copy stays in its memory.
-TEST(CopyRangeText, StaysWithinItsBudgetOverDamagedRecords) {
+// If all records point to the start of the text, every verse is long; the copy must not exceed its memory.
+TEST(CopyRangeText, StaysWithinTheBudgetForDamagedRecords) {
     HandMadeFiles files = ChapterOf({std::string(5000, 'a')});
     for (int verse = 2; verse < 200; ++verse) AddRecord(files, 1, 1, verse, 0);
     const CopyText copy = CopyOf(files, 0, 198);
@@ -109,11 +110,11 @@ TEST(CopyRangeText, StaysWithinItsBudgetOverDamagedRecords) {
 }
 
 static CopyText ListCopyOf(const HandMadeFiles& files, const std::vector<std::int32_t>& verses, int brackets = 0) {
-    const FormatOptions format{2, 2, 1, 0, 0, brackets};  // of which only the brackets count
+    const FormatOptions format{2, 2, 1, 0, 0, brackets};  // only the brackets apply to a list
     return CopyListText(ScriptureOf(files), format, verses, ListCopyBudget(ScriptureOf(files), verses));
 }
 
-TEST(CopyListText, LabelsEveryVerseInFullAndKeepsItsMark) {
+TEST(CopyListText, HasFullLabelsAndParagraphMarks) {
     const HandMadeFiles files = ChapterOf({"\xB6[one]", "two \xB6[two]", "\xB6"});
     const CopyText copy = ListCopyOf(files, {2, 0, 1, 0});
     EXPECT_EQ(copy.text, " Ge 1:3 \xB6 \r\n Ge 1:1 \xB6 one\r\n Ge 1:2 two \xB6two\r\n Ge 1:1 \xB6 one\r\n");
@@ -121,7 +122,7 @@ TEST(CopyListText, LabelsEveryVerseInFullAndKeepsItsMark) {
     EXPECT_EQ(ListCopyOf(files, {0}, 1).text, " Ge 1:1 \xB6 [one]\r\n");
 }
 
-TEST(CopyListText, HasABudgetThatTheWidestLinesKeepTo) {
+TEST(CopyListText, BudgetIsEnoughForTheLongestLines) {
     HandMadeFiles files;
     for (int verse = 0; verse < 300; ++verse) AddVerse(files, {65, 255, 255, "\xB6[a]"});
     std::vector<std::int32_t> verses(300);
@@ -133,7 +134,7 @@ TEST(CopyListText, HasABudgetThatTheWidestLinesKeepTo) {
     EXPECT_EQ(copy.text.size(), 300 * (4 + kLongestPieceFrame));
 }
 
-TEST(CopyListText, IsComplainedOfOnceWhateverDoesNotFit) {
+TEST(CopyListText, ComplainsOnceWhenAnythingDoesNotFit) {
     const HandMadeFiles files = ChapterOf({"[one]", "two", "three"});
     const std::vector<std::int32_t> verses{0, 1, 2};
     struct Row {
@@ -156,7 +157,7 @@ TEST(CopyListText, IsComplainedOfOnceWhateverDoesNotFit) {
     }
 }
 
-TEST(CopyReferencesText, NamesBookAndChapterWhereTheyChange) {
+TEST(CopyReferencesText, RepeatsBookAndChapterOnlyWhenTheyChange) {
     HandMadeFiles files;
     struct {
         int book, chapter, verse;
@@ -171,7 +172,7 @@ TEST(CopyReferencesText, NamesBookAndChapterWhereTheyChange) {
         {{0}, "# Ge 1:1"},
         {{0, 1, 3}, "# Ge 1:1,3 Ex 2:4"},
         {{0, 1, 2}, "# Ge 1:1,3 2:4"},
-        {{2, 3, 4}, "# Ge 2:4 Ex 2:4,5"},  // the chapter is named again with its book
+        {{2, 3, 4}, "# Ge 2:4 Ex 2:4,5"},  // a new book repeats the chapter
         {{5, 6}, "# Jude 1:25 Re 1:25"},
         {{4, 3, 0, 3}, "# Ex 2:5,4 Ge 1:1 Ex 2:4"},
     };
@@ -182,7 +183,7 @@ TEST(CopyReferencesText, NamesBookAndChapterWhereTheyChange) {
     }
 }
 
-TEST(CopyReferencesText, OfEveryVerseStaysWithinFifteenBytesEach) {
+TEST(CopyReferencesText, NeedsAtMostFifteenBytesPerVerse) {
     std::vector<std::int32_t> verses(kVerseCount);
     std::iota(verses.begin(), verses.end(), 0);
     const std::string text = CopyReferencesText(TheRealScripture().records, verses).text;

@@ -8,11 +8,11 @@
 #include "tests/support/hand_made_scripture.h"
 #include "tests/support/native_scripture.h"
 
-// A verse with what a range makes of it, written out by hand.
+// A verse and its expected rendering in a range, written by hand.
 struct RenderedVerse {
     HandMadeVerse verse;
     std::string_view full, first, later;  // labels: full, partial as the first verse, partial as a later one
-    std::string_view marked, unmarked;    // text with and without the mark of a paragraph that begins here
+    std::string_view marked, unmarked;    // text with and without its paragraph mark
     std::string_view bare, unmarkedBare;  // the same without brackets
 };
 
@@ -25,14 +25,14 @@ static constexpr RenderedVerse kVerses[] = {
      "One [was] one",
      "\xB6 One was one",
      "One was one"},
-    // A mark inside the verse is no paragraph's beginning.
+    // A mark inside the verse does not begin a paragraph.
     {{1, 1, 2, "two \xB6two"}, " Ge 1:2", " 1:2", " 2", "two \xB6two", "two \xB6two", "two \xB6two", "two \xB6two"},
     {{1, 2, 1, "\xB6three"}, " Ge 2:1", " 2:1", " 2:1", "\xB6 three", "three", "\xB6 three", "three"},
     {{1, 2, 2, "[four]"}, " Ge 2:2", " 2:2", " 2", "[four]", "[four]", "four", "four"},
     // Another book with the same chapter.
     {{2, 2, 1, "five"}, " Ex 2:1", " 2:1", " Ex 2:1", "five", "five", "five", "five"},
     {{2, 2, 22, "six"}, " Ex 2:22", " 2:22", " 22", "six", "six", "six", "six"},
-    // Another book and another chapter, which then is the one to compare with.
+    // Another book and chapter; the next verse is compared with these.
     {{19, 119, 175, "\xB6"}, " Ps 119:175", " 119:175", " Ps 119:175", "\xB6 ", "", "\xB6 ", ""},
     {{19, 119, 176, ""}, " Ps 119:176", " 119:176", " 176", "", "", "", ""},
     {{65, 1, 1, "]last["}, " Jude 1:1", " 1:1", " Jude 1:1", "]last[", "]last[", "last", "last"},
@@ -102,7 +102,7 @@ TEST(Rendering, FollowsEveryFormatInEveryRange) {
                     << NameOf(format) << ", verses " << first << " to " << last;
 }
 
-TEST(Rendering, LooksAsItIsWrittenHere) {
+TEST(Rendering, MatchesTheExamples) {
     struct Row {
         FormatOptions format;
         int first, last;
@@ -120,13 +120,13 @@ TEST(Rendering, LooksAsItIsWrittenHere) {
     for (const Row& row : rows) EXPECT_EQ(CopyOf(row.format, row.first, row.last), row.text) << NameOf(row.format);
 }
 
-// The settings file may hold any number.
-TEST(Rendering, TakesOtherStylesForNoneAndOtherLocationsForAfter) {
+// The settings file may contain any numbers.
+TEST(Rendering, TreatsUnknownStylesAsNoneAndLocationsAsAfter) {
     EXPECT_EQ(CopyOf({3, -1, 0, 0, 1, 0}, 3, 4), " four five");
     EXPECT_EQ(CopyOf({0, 0, 127, -1, 1, 0}, 3, 4), " four Ge 2:2\r\n five Ex 2:1\r\n");
 }
 
-TEST(Rendering, AddsNothingForAVerseThatIsNotThere) {
+TEST(Rendering, AddsNothingForAnInvalidVerse) {
     const FormatOptions format;
     const Scripture scripture = ScriptureOf(TheFiles());
     RangeRenderer renderer{scripture, format};
@@ -140,7 +140,7 @@ TEST(Rendering, AddsNothingForAVerseThatIsNotThere) {
     EXPECT_EQ(text, "kept Ge 1:2 two \xB6two\r\n") << "still the first verse of its range";
 }
 
-TEST(Rendering, BeginsGenesisWithItsParagraph) {
+TEST(Rendering, RendersTheFirstVersesOfGenesis) {
     const Scripture& scripture = TheRealScripture();
     FormatOptions format;
     format.Brackets = 1;
@@ -155,7 +155,7 @@ struct BracketRow {
     const char* after;
 };
 
-TEST(Brackets, AreTakenOutWhereverTheyStand) {
+TEST(Brackets, AreAllRemoved) {
     static constexpr BracketRow kRows[] = {
         {"", ""},         {"no word", "no word"}, {"[it was] good", "it was good"},
         {"[[a]", "a"},    {"a] [b", "a b"},       {"[]", ""},

@@ -13,7 +13,7 @@
 struct MemoryFile {
     std::string bytes;
     std::vector<std::size_t> writes;  // bytes of each
-    std::size_t failingWrite = 0;     // counted from 1; 0: none
+    std::size_t failingWrite = 0;     // counted from 1; 0: no write fails
 };
 
 static TextFile DeviceOver(MemoryFile& file) {
@@ -63,7 +63,7 @@ static std::string WithZero(std::string text) {
     return text;
 }
 
-TEST(SaveRangeText, KeepsBracketsWhateverTheFormatAndEndsWithOneZeroByte) {
+TEST(SaveRangeText, AlwaysHasBracketsAndAZeroByte) {
     for (const int brackets : {0, 1}) {
         const Saved saved = SaveRange(ThreeVerses(), {0, 1, 0, 1, 1, brackets}, 0, 2);
         EXPECT_EQ(saved.result, TextSaveResult::kSaved);
@@ -71,13 +71,13 @@ TEST(SaveRangeText, KeepsBracketsWhateverTheFormatAndEndsWithOneZeroByte) {
     }
 }
 
-TEST(SaveRangeText, FollowsTheFormatOtherwise) {
+TEST(SaveRangeText, FollowsTheFormat) {
     EXPECT_EQ(SaveRange(ThreeVerses(), {2, 0, 1, 0, 0, 0}, 0, 2).file.bytes,
               WithZero(" [one] two Ge 1:2 three Ge 2:1"));
     EXPECT_EQ(SaveRange(ThreeVerses(), {}, 2, 2).file.bytes, WithZero(" Ge 2:1 \xB6 three\r\n"));
 }
 
-TEST(SaveRangeText, PutsEachNoteBetweenEmptyLinesDirectlyBehindItsVerse) {
+TEST(SaveRangeText, PutsEachNoteAfterItsVerseBetweenEmptyLines) {
     const NoteTexts notes{{0, "first\r\nnote"}, {2, ""}};
     EXPECT_EQ(
         SaveRange(ThreeVerses(), {}, 0, 2, notes).file.bytes,
@@ -99,7 +99,7 @@ static HandMadeFiles LongChapter() {
     return files;
 }
 
-TEST(SaveRangeText, StopsAtTheFirstWriteThatFails) {
+TEST(SaveRangeText, StopsAtTheFirstFailedWrite) {
     const HandMadeFiles files = LongChapter();
     const MemoryFile whole = SaveRange(files, {}, 0, 249).file;
     ASSERT_EQ(whole.writes.size(), 3u);
@@ -111,7 +111,7 @@ TEST(SaveRangeText, StopsAtTheFirstWriteThatFails) {
     }
 }
 
-TEST(SaveRangeText, WritesTheWholeBibleInPiecesOfOneSize) {
+TEST(SaveRangeText, WritesTheWholeBibleInEqualBlocks) {
     MemoryFile file;
     const FormatOptions format{0, 0, 0, 1, 1, 0};
     ASSERT_EQ(SaveRangeText(TheRealScripture(), format, 0, kLastVerse, nullptr, DeviceOver(file)),
@@ -130,14 +130,14 @@ static Saved SaveList(const HandMadeFiles& files, const std::vector<std::int32_t
     return saved;
 }
 
-TEST(SaveListText, WritesTheCopiedLinesWithBracketsAndOneZeroByte) {
+TEST(SaveListText, WritesTheSameTextAsCopyWithBracketsAndAZeroByte) {
     const Saved saved = SaveList(ThreeVerses(), {2, 0, 1}, 0);
     EXPECT_EQ(saved.result, TextSaveResult::kSaved);
     EXPECT_EQ(saved.file.bytes, WithZero(" Ge 2:1 \xB6 three\r\n Ge 1:1 \xB6 [one]\r\n Ge 1:2 two\r\n"));
 }
 
-// A file that could not be made fails here, at the first write.
-TEST(SaveListText, StopsAtTheFirstWriteThatFails) {
+// A file that could not be created also fails at the first write.
+TEST(SaveListText, StopsAtTheFirstFailedWrite) {
     std::vector<std::int32_t> verses;
     for (int verse = 249; verse >= 0; --verse) verses.push_back(verse);
     for (std::size_t failing = 1; failing <= 3; ++failing) {

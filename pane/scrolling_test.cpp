@@ -4,23 +4,23 @@
 
 #include <vector>
 
-TEST(CorrectedLastVisible, IsPastTheTopAndNotPastTheLast) {
+TEST(CorrectedLastVisible, IsAfterTheTopButNotAfterTheLast) {
     struct Row {
         ScrollPlace place;
         int corrected;
     };
     const Row rows[] = {
         {{10, 14, 99}, 14},                                     //
-        {{10, 10, 99}, 11},                                     // one item fills the pane: page down must still move
+        {{10, 10, 99}, 11},                                     // one item fills the pane; page down must still move
         {{98, 98, 99}, 99},                                     //
-        {{99, 99, 99}, 99},                                     // the last one
-        {{97, 120, 99}, 99}, {{0, 0, 0}, 0}, {{0, 0, -1}, -1},  // nothing there at all
+        {{99, 99, 99}, 99},                                     // the last item
+        {{97, 120, 99}, 99}, {{0, 0, 0}, 0}, {{0, 0, -1}, -1},  // no items
     };
     for (const Row& row : rows)
         EXPECT_EQ(CorrectedLastVisible(row.place), row.corrected) << row.place.top << ", " << row.place.lastVisible;
 }
 
-// Items of given heights in a pane of given height, each of at least one line.
+// A pane with items of these heights in lines, each at least 1.
 struct Pane {
     std::vector<int> heights;
     int height;
@@ -53,14 +53,14 @@ TEST(ScrolledTo, MovesByLinesAndPages) {
         {1, ScrollCode::kLineUp, 0},
         {8, ScrollCode::kLineDown, 9},
         {9, ScrollCode::kLineDown, 9},
-        {0, ScrollCode::kPageDown, 2},  // cut off at the bottom, so it comes to the top
+        {0, ScrollCode::kPageDown, 2},  // partly visible at the bottom, so it moves to
+                                        // the top
         {6, ScrollCode::kPageDown, 7},  // taller than the pane
         {9, ScrollCode::kPageDown, 9},
         {0, ScrollCode::kPageUp, 0},
         {2, ScrollCode::kPageUp, 0},
         {5, ScrollCode::kPageUp, 2},  // from 3 the pane ends with 6, from 2 with 3
-        {7, ScrollCode::kPageUp, 6},  // the one above is taller than the pane: page up
-                                      // moves all the same
+        {7, ScrollCode::kPageUp, 6},  // moves even though the item above is taller than the pane
         {9, ScrollCode::kPageUp, 8},
     };
     for (const ScrollRow& row : rows)
@@ -68,7 +68,7 @@ TEST(ScrolledTo, MovesByLinesAndPages) {
             << "from " << row.top << ", code " << static_cast<int>(row.code);
 }
 
-TEST(ScrolledTo, PageUpShowsTheOldTopLastFromTheEarliestTop) {
+TEST(ScrolledTo, PageUpChoosesTheEarliestTopThatShowsTheOldOneLast) {
     const Pane pane = {{1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1}, 4};
     for (int top = 1; top < 12; ++top) {
         const int newTop = TopAfter(pane, top, ScrollCode::kPageUp);
@@ -79,21 +79,21 @@ TEST(ScrolledTo, PageUpShowsTheOldTopLastFromTheEarliestTop) {
     }
 }
 
-TEST(ScrolledTo, PageUpPassesATallItemThatLetsNoTopShowTheOldOneLast) {
+TEST(ScrolledTo, PageUpMovesEvenIfNoTopShowsTheOldOneLast) {
     const Pane pane = {{1, 4, 1, 1, 1, 1}, 4};
     // From 2 the pane ends with 5; from 1 it ends with 1 itself, which counts as 2.
     EXPECT_EQ(TopAfter(pane, 4, ScrollCode::kPageUp), 1);
     EXPECT_EQ(TopAfter(pane, 2, ScrollCode::kPageUp), 1);
 }
 
-TEST(ScrolledTo, TheThumbStaysInRange) {
+TEST(ScrolledTo, ThumbPositionIsClamped) {
     const Pane pane = {{1, 1, 1, 1, 1}, 2};
     EXPECT_EQ(TopAfter(pane, 0, ScrollCode::kThumb, 3), 3);
     EXPECT_EQ(TopAfter(pane, 2, ScrollCode::kThumb, -5), 0);
     EXPECT_EQ(TopAfter(pane, 2, ScrollCode::kThumb, 40000), 4);
 }
 
-TEST(ScrolledTo, NothingMovesInAnEmptyPane) {
+TEST(ScrolledTo, EmptyPaneDoesNotMove) {
     const auto neverCalled = [](int) -> int {
         ADD_FAILURE() << "nothing to lay out";
         return 0;

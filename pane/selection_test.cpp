@@ -6,7 +6,7 @@ static Selection PassageSelection(SelectionPoint anchor, SelectionPoint end) {
     return {kPassageOwns, anchor, end};
 }
 
-TEST(Ordered, PutsTheEarlierEndFirst) {
+TEST(Ordered, PutsTheEarlierPointFirst) {
     struct Row {
         SelectionPoint anchor, end, first, last;
     };
@@ -15,7 +15,7 @@ TEST(Ordered, PutsTheEarlierEndFirst) {
         {{5, 1}, {3, 4}, {3, 4}, {5, 1}},  // and back
         {{3, 7}, {3, 2}, {3, 2}, {3, 7}},  // in one verse
         {{3, 2}, {3, 2}, {3, 2}, {3, 2}},     {{5, 0}, {4, 9}, {4, 9}, {5, 0}},
-        {{4, 1}, {-1, -1}, {-1, -1}, {4, 1}},  // the mouse is off the text
+        {{4, 1}, {-1, -1}, {-1, -1}, {4, 1}},  // the mouse is not over text
     };
     for (const Row& row : rows) {
         const OrderedSelection ordered = Ordered(PassageSelection(row.anchor, row.end));
@@ -24,7 +24,7 @@ TEST(Ordered, PutsTheEarlierEndFirst) {
     }
 }
 
-TEST(IsSelected, HoldsBothEnds) {
+TEST(IsSelected, IncludesBothEnds) {
     struct Row {
         SelectionPoint point;
         bool selected;
@@ -38,11 +38,11 @@ TEST(IsSelected, HoldsBothEnds) {
         EXPECT_EQ(IsSelected(selection, row.point), row.selected) << row.point.place << ", " << row.point.word;
 }
 
-TEST(IsSelected, ALabelAloneIsASelection) {
+TEST(IsSelected, LabelAloneCanBeSelected) {
     const OrderedSelection label = {{7, 0}, {7, 0}};
     EXPECT_TRUE(IsSelected(label, {7, 0}));
     EXPECT_FALSE(IsSelected(label, {7, 1}));
-    EXPECT_FALSE(IsSelected({}, {0, 0})) << "an empty selection holds nothing";
+    EXPECT_FALSE(IsSelected({}, {0, 0})) << "nothing is in an empty selection";
 }
 
 struct PlaceRow {
@@ -50,20 +50,20 @@ struct PlaceRow {
     int firstSelected, anchorPlace;
 };
 
-// The pane shows 10 to 20. Both rules hold, each for its own commands: they part where the drag went upward.
+// The pane shows 10 to 20. Different commands use different rules, whose results differ after dragging upward.
 static constexpr PlaceRow kPlaceRows[] = {
     {{12, 1}, {14, 1}, 12, 12},   //
     {{14, 1}, {12, 1}, 12, 14},   //
     {{10, 0}, {20, 9}, 10, 10},   // the whole pane
-    {{9, 5}, {12, 1}, 10, 10},    // begins above it
-    {{12, 1}, {9, 5}, 10, 12},    // ends above it
-    {{12, 1}, {21, 0}, 10, 10},   // ends below it
-    {{21, 0}, {12, 1}, 10, 21},   // begins below it
+    {{9, 5}, {12, 1}, 10, 10},    // begins above the pane
+    {{12, 1}, {9, 5}, 10, 12},    // ends above the pane
+    {{12, 1}, {21, 0}, 10, 10},   // ends below the pane
+    {{21, 0}, {12, 1}, 10, 21},   // begins below the pane
     {{30, 1}, {31, 1}, 10, 10},   // scrolled out of view
-    {{12, 1}, {-1, -1}, 10, 12},  // the mouse is off the text
+    {{12, 1}, {-1, -1}, 10, 12},  // the mouse is not over text
 };
 
-TEST(FirstSelectedPlace, CountsOnlyASelectionThatIsWhollyShown) {
+TEST(FirstSelectedPlace, IgnoresASelectionThatIsNotFullyVisible) {
     for (const PlaceRow& row : kPlaceRows) {
         const Selection selection = PassageSelection(row.anchor, row.end);
         EXPECT_EQ(FirstSelectedPlace(selection, kPassageOwns, 10, 20), row.firstSelected) << row.anchor.place;
@@ -71,7 +71,7 @@ TEST(FirstSelectedPlace, CountsOnlyASelectionThatIsWhollyShown) {
     }
 }
 
-TEST(AnchorPlace, GoesByTheAnchorAndTheEnd) {
+TEST(AnchorPlace, DependsOnTheVisibilityOfTheEnds) {
     for (const PlaceRow& row : kPlaceRows) {
         const Selection selection = PassageSelection(row.anchor, row.end);
         EXPECT_EQ(AnchorPlace(selection, kPassageOwns, 10, 20), row.anchorPlace) << row.anchor.place;
@@ -89,7 +89,7 @@ struct WordsRow {
     bool ended;
 };
 
-TEST(AppendWords, CountsWordsAsThePanesDo) {
+TEST(AppendWords, CountsWordsLikeThePanes) {
     static constexpr WordsRow kRows[] = {
         {"One two three.", true, {0, kAll}, "One two three. ", true},
         {"One two three.", true, {1, 3}, "One two three. ", true},
@@ -112,7 +112,7 @@ TEST(AppendWords, CountsWordsAsThePanesDo) {
     }
 }
 
-TEST(SelectedWords, AreWholeVersesBetweenTheEnds) {
+TEST(SelectedWords, AreWholeVersesBetweenFirstAndLast) {
     struct Row {
         SelectionPoint start, end;
         int place, first;
@@ -141,20 +141,20 @@ struct SearchTextRow {
     std::string text;
 };
 
-TEST(SearchText, KeepsBlanksAndLettersOfTheFirstCharacters) {
+TEST(SearchText, KeepsOnlyBlanksAndLetters) {
     const auto letters = [](std::size_t count) { return std::string(count, 'a'); };
     const SearchTextRow rows[] = {
         {"", kWordSearchScan, ""},
         {"In the beginning ", kWordSearchScan, "In the beginning "},
         {" Ge 1:2 And [it was] so: God's. \r\n 3 Amen ", kWordSearchScan, " Ge  And it was so Gods   Amen "},
-        {"\r\n\r\nGenesis chapter 2\r\n", kWordSearchScan, "Genesis chapter "},  // the heading's letters are there too
+        {"\r\n\r\nGenesis chapter 2\r\n", kWordSearchScan, "Genesis chapter "},  // headings are included
         {"\xB6 Thus \xC4 @[`{ aZ", kWordSearchScan, " Thus   aZ"},
         {letters(199), kWordSearchScan, letters(199)},
         {letters(200), kWordSearchScan, letters(199)},
         {letters(5000), kWordSearchScan, letters(199)},
         {letters(148), kNoteSearchScan, letters(148)},
         {letters(150), kNoteSearchScan, letters(149)},
-        {"1:1" + letters(300), kWordSearchScan, letters(197)},  // what is dropped has been looked at
+        {"1:1" + letters(300), kWordSearchScan, letters(197)},  // removed characters count as scanned
         {"1:1" + letters(300), kNoteSearchScan, letters(146)},
         {std::string(200, ' '), kWordSearchScan, std::string(199, ' ')},
     };

@@ -43,7 +43,7 @@ static void ExpectCopies(std::span<const CopyRow> rows) {
     }
 }
 
-TEST(PassageCopy, BeginsInTheLayoutOfThePane) {
+TEST(PassageCopy, StartsWithTheLabelOfTheLayout) {
     static constexpr CopyRow kRows[] = {
         {kLines, kWithout, {0, 0}, {0, 4}, " Ge 1:1 \xB6 In the beginning. "},
         {kParagraphs, kWithout, {0, 0}, {0, 3}, "    Ge 1:1 In the beginning. "},
@@ -54,7 +54,7 @@ TEST(PassageCopy, BeginsInTheLayoutOfThePane) {
     ExpectCopies(kRows);
 }
 
-TEST(PassageCopy, TakesALabelAloneWithItsBlanks) {
+TEST(PassageCopy, CopiesALabelAloneWithItsBlanks) {
     static constexpr CopyRow kRows[] = {
         {kLines, kWithout, {0, 0}, {0, 0}, " Ge 1:1 "},
         {kParagraphs, kWithout, {0, 0}, {0, 0}, "    Ge 1:1 "},
@@ -64,7 +64,7 @@ TEST(PassageCopy, TakesALabelAloneWithItsBlanks) {
     ExpectCopies(kRows);
 }
 
-TEST(PassageCopy, CountsWordsFromOneAndTheParagraphMarkOnlyInLines) {
+TEST(PassageCopy, CountsTheParagraphMarkAsAWordOnlyInLines) {
     static constexpr CopyRow kRows[] = {
         {kLines, kWithout, {0, 1}, {0, 1}, "\xB6 "},
         {kLines, kWithout, {0, 2}, {0, 2}, "In "},
@@ -77,7 +77,7 @@ TEST(PassageCopy, CountsWordsFromOneAndTheParagraphMarkOnlyInLines) {
     ExpectCopies(kRows);
 }
 
-TEST(PassageCopy, KeepsBracketsWhereItIsAskedTo) {
+TEST(PassageCopy, CanKeepBrackets) {
     static constexpr CopyRow kRows[] = {
         {kLines, kWith, {1, 0}, {1, 4}, " Ge 1:2 And [it was] so. "},
         {kLines, kWith, {1, 2}, {1, 2}, "[it "},
@@ -94,7 +94,7 @@ TEST(PassageCopy, KeepsBracketsWhereItIsAskedTo) {
     ExpectCopies(kRows);
 }
 
-TEST(PassageCopy, GoesOnWithTheVersesThatFollow) {
+TEST(PassageCopy, ContinuesAcrossVerses) {
     static constexpr CopyRow kRows[] = {
         {kLines, kWithout, {0, 4}, {1, 1}, "beginning. \r\n 2 And "},
         {kParagraphs, kWithout, {0, 3}, {1, 1}, "beginning. 2 And "},
@@ -114,7 +114,7 @@ TEST(PassageCopy, GoesOnWithTheVersesThatFollow) {
     ExpectCopies(kRows);
 }
 
-TEST(PassageCopy, NamesEachChapterThatItComesTo) {
+TEST(PassageCopy, AddsAHeadingForEachNewChapter) {
     static constexpr CopyRow kRows[] = {
         {kLines, kWithout, {2, 3}, {3, 2}, "light. \r\n\r\nGenesis chapter 2\r\n\r\n 1 \xB6 Thus "},
         {kParagraphs, kWithout, {2, 2}, {3, 1}, "light. \r\n\r\nGenesis chapter 2\r\n\r\n    1 Thus "},
@@ -123,24 +123,24 @@ TEST(PassageCopy, NamesEachChapterThatItComesTo) {
          kWithout,
          {4, 2},
          {5, 1},
-         "so. \r\n\r\n1 Samuel chapter 1\r\n1 Now "},  // no paragraph begins here
+         "so. \r\n\r\n1 Samuel chapter 1\r\n1 Now "},  // not the beginning of a paragraph
         {kLines, kWithout, {2, 3}, {3, 0}, "light. \r\n\r\nGenesis chapter 2\r\n\r\n 1 "},
         {kParagraphs, kWithout, {4, 2}, {5, 0}, "so. \r\n\r\n1 Samuel chapter 1\r\n1 "},
-        {kLines, kWithout, {3, 0}, {3, 2}, " Ge 2:1 \xB6 Thus "},  // none where it begins
+        {kLines, kWithout, {3, 0}, {3, 2}, " Ge 2:1 \xB6 Thus "},  // no heading at the beginning of the selection
     };
     ExpectCopies(kRows);
 }
 
-TEST(PassageCopy, TellsAChapterOfTheSameNumberInAnotherBook) {
+TEST(PassageCopy, AddsAHeadingForTheSameChapterNumberOfAnotherBook) {
     const HandMadeVerse verses[] = {{31, 1, 21, "End."}, {32, 1, 1, "\xB6Now."}};
     const HandMadeFiles files = MakeFiles(verses);
     EXPECT_EQ(CopyOf(ScriptureOf(files), kParagraphs, kWithout, {0, 1}, {1, 1}),
               "End. \r\n\r\nJonah chapter 1\r\n\r\n    1 Now. ");
 }
 
-TEST(PassageCopy, StandsForAnySelection) {
+TEST(PassageCopy, HandlesAnySelection) {
     static constexpr CopyRow kRows[] = {
-        {kLines, kWith, {-1, -1}, {-1, -1}, ""},     // nothing was hit
+        {kLines, kWith, {-1, -1}, {-1, -1}, ""},     // no word was hit
         {kLines, kWith, {-1, -1}, {1, 2}, ""},       //
         {kLines, kWith, {5, 2}, {9, 1}, "these. "},  // past the end
         {kLines, kWith, {40, 0}, {50, 1}, ""},       //
@@ -158,7 +158,7 @@ static int VerseAt(int book, int chapter, int verse) {
     return VerseLookup(TheRealScripture().records, book, chapter, verse);
 }
 
-TEST(RealPassageCopy, ReadsAsThePaneShowsIt) {
+TEST(RealPassageCopy, MatchesThePane) {
     const Scripture& scripture = TheRealScripture();
     const int wept = VerseAt(43, 11, 35);
     const int praise = VerseAt(19, 117, 2);
@@ -172,7 +172,7 @@ TEST(RealPassageCopy, ReadsAsThePaneShowsIt) {
     EXPECT_TRUE(overChapters.ends_with(" \r\n\r\nPsalms chapter 118\r\n\r\n 1 \xB6 O give thanks ")) << overChapters;
 }
 
-// Forms the whole copy anew, sentence by sentence of what a copy is.
+// The expected copy of the whole Bible, calculated independently.
 static std::string WholeText(Layout layout, Marks brackets) {
     const Scripture& scripture = TheRealScripture();
     const bool lines = layout == kLines;
@@ -205,7 +205,7 @@ static std::size_t FirstDifference(const std::string& one, const std::string& ot
         one.begin());
 }
 
-TEST(RealPassageCopy, TakesTheWholeBible) {
+TEST(RealPassageCopy, CopiesTheWholeBible) {
     const SelectionPoint end = {kLastVerse, 999};
     for (const Layout layout : {kLines, kParagraphs}) {
         for (const Marks brackets : {kWithout, kWith}) {

@@ -14,7 +14,7 @@ static constexpr HandMadeVerse kVerses[] = {
     {1, 2, 2, "Amen so."},           {2, 1, 1, "Now these."},
 };
 
-// What a flow looks at, and the flow.
+// A flow and the data it refers to.
 struct Pane {
     HandMadeFiles files;
     Scripture scripture;
@@ -23,7 +23,7 @@ struct Pane {
     PassageFlow flow{};
 };
 
-// 200 by 1000 pixels, from the first verse, a verse a line, italics in their face.
+// 200 by 1000 pixels, starting at the first verse, each verse on a new line, italics in the italic face.
 static void OpenPane(Pane& pane, std::span<const HandMadeVerse> verses) {
     pane.files = MakeFiles(verses);
     pane.scripture = ScriptureOf(pane.files);
@@ -53,9 +53,9 @@ static std::vector<std::string> Boxes(const PassageFlow& flow, FlowFaces faces =
 
 using Strings = std::vector<std::string>;
 
-TEST_F(PassageFlowTest, AVerseALineStandsUnderTheOther) {
+TEST_F(PassageFlowTest, LinesHaveOneVerseEach) {
     EXPECT_EQ(Boxes(flow), (Strings{"1,0  Ge 1:1 ",
-                                    "81,0 \xB6 ",  // the mark is the first word
+                                    "81,0 \xB6 ",  // the paragraph mark is the first word
                                     "101,0 One ",
                                     "141,0 two ",
                                     "1,20 three. ",
@@ -65,7 +65,7 @@ TEST_F(PassageFlowTest, AVerseALineStandsUnderTheOther) {
                                     "101,40/was",
                                     "131,40  ",
                                     "141,40 so. ",
-                                    "1,80 Genesis chapter 2",  // one line stays empty above it, and one under it
+                                    "1,80 Genesis chapter 2",  // with an empty line above and below
                                     "1,120  1 ",
                                     "31,120 \xB6 ",
                                     "51,120 Thus ",
@@ -81,7 +81,7 @@ TEST_F(PassageFlowTest, AVerseALineStandsUnderTheOther) {
                                     "71,240 these. "}));
 }
 
-TEST_F(PassageFlowTest, ParagraphsRunOnAndTheirMarksBecomeIndents) {
+TEST_F(PassageFlowTest, ParagraphsJoinVersesAndIndentInsteadOfMarks) {
     flow.options.ParagraphFormat = 1;
     EXPECT_EQ(Boxes(flow), (Strings{"1,0     Ge 1:1 ",
                                     "111,0 One ",
@@ -103,12 +103,12 @@ TEST_F(PassageFlowTest, ParagraphsRunOnAndTheirMarksBecomeIndents) {
                                     "71,140 Amen ",
                                     "121,140 so. ",
                                     "1,180 Exodus chapter 1",
-                                    "1,200 1 ",  // no mark: right under the heading
+                                    "1,200 1 ",  // without a paragraph mark, directly below the heading
                                     "21,200 Now ",
                                     "61,200 these. "}));
 }
 
-TEST_F(PassageFlowTest, TheTopVerseHasNoHeading) {
+TEST_F(PassageFlowTest, TopVerseHasNoHeading) {
     for (const int paragraphs : {0, 1}) {
         flow.options.ParagraphFormat = static_cast<std::int8_t>(paragraphs);
         flow.topVerse = 4;
@@ -116,7 +116,7 @@ TEST_F(PassageFlowTest, TheTopVerseHasNoHeading) {
     }
 }
 
-TEST(PassageLabels, TellTopNoteParagraphAndIndent) {
+TEST(PassageLabels, DependOnPositionNoteAndParagraph) {
     struct Row {
         bool note, paragraphs, mark;
         const char *top, *other;
@@ -132,7 +132,7 @@ TEST(PassageLabels, TellTopNoteParagraphAndIndent) {
         const HandMadeVerse verses[] = {{1, 1, 1, text}, {1, 1, 2, text}};
         Pane pane;
         OpenPane(pane, verses);
-        const std::uint32_t length = row.note ? 2 : 1;  // of each stored note, its zero byte included
+        const std::uint32_t length = row.note ? 2 : 1;  // of each stored note, including its zero byte
         pane.notes.sets = {{"My Notes.nmd", {0, length, 2 * length, 3 * length}}};
         pane.flow.notes = &pane.notes;
         pane.flow.noteFiles = &pane.noteFiles;
@@ -146,7 +146,7 @@ TEST(PassageLabels, TellTopNoteParagraphAndIndent) {
     }
 }
 
-TEST(PassageWrapping, AWordThatReachesTheRightEdgeGoesToTheNextLine) {
+TEST(PassageWrapping, WrapsAWordThatReachesTheRightEdge) {
     const HandMadeVerse verses[] = {{1, 1, 1, "ab cd"}};
     Pane pane;
     OpenPane(pane, verses);
@@ -161,7 +161,7 @@ TEST(PassageWrapping, AWordThatReachesTheRightEdgeGoesToTheNextLine) {
     }
 }
 
-TEST(PassageWrapping, AWordWiderThanThePaneHasItsOwnLine) {
+TEST(PassageWrapping, WordWiderThanThePaneHasItsOwnLine) {
     const HandMadeVerse verses[] = {{1, 1, 1, "ab incomprehensible cd"}};
     Pane pane;
     OpenPane(pane, verses);
@@ -169,7 +169,7 @@ TEST(PassageWrapping, AWordWiderThanThePaneHasItsOwnLine) {
     EXPECT_EQ(Boxes(pane.flow), (Strings{"1,0  Ge 1:1 ", "81,0 ab ", "1,20 incomprehensible ", "1,40 cd "}));
 }
 
-TEST(PassageWrapping, ALabelThatReachesTheRightEdgeGoesToTheNextLine) {
+TEST(PassageWrapping, WrapsALabelThatReachesTheRightEdge) {
     const HandMadeVerse verses[] = {{1, 1, 1, "One two three."}, {1, 1, 2, "End."}};
     Pane pane;
     OpenPane(pane, verses);
@@ -180,7 +180,7 @@ TEST(PassageWrapping, ALabelThatReachesTheRightEdgeGoesToTheNextLine) {
     EXPECT_EQ(Boxes(pane.flow)[4], "221,0 2 ");
 }
 
-TEST(PassageWrapping, TheTopLabelStaysAtTheTop) {
+TEST(PassageWrapping, TopLabelIsNeverWrapped) {
     const HandMadeVerse verses[] = {{1, 1, 1, "One"}, {1, 1, 2, "Two"}};
     Pane pane;
     OpenPane(pane, verses);
@@ -188,11 +188,11 @@ TEST(PassageWrapping, TheTopLabelStaysAtTheTop) {
     EXPECT_EQ(Boxes(pane.flow), (Strings{"1,0  Ge 1:1 ", "1,20 One ", "1,60  2 ", "1,80 Two "}));
 }
 
-TEST(PassageWrapping, AWordIsNotPartedFromTheMarkBehindIt) {
+TEST(PassageWrapping, WordIsNotSeparatedFromItsPunctuation) {
     const HandMadeVerse verses[] = {{1, 1, 1, "One [two]; so"}};
     Pane pane;
     OpenPane(pane, verses);
-    pane.flow.width = 171;  // "two" would end at 151, its mark at 161, the blank at 171
+    pane.flow.width = 171;  // "two" would end at 151, its semicolon at 161, the blank at 171
     EXPECT_EQ(Boxes(pane.flow), (Strings{"1,0  Ge 1:1 ", "81,0 One ", "1,20/two", "31,20 ; ", "51,20 so "}));
 }
 
@@ -216,7 +216,7 @@ TEST(PassageItalics, FollowTheirMode) {
         {1, FlowFaces::kAsMeasured, shown},
         {2, FlowFaces::kAsPainted, dropped},
         {2, FlowFaces::kAsMeasured, dropped},
-        {3, FlowFaces::kAsPainted, dropped},  // settings that cannot be
+        {3, FlowFaces::kAsPainted, dropped},  // invalid settings
         {-1, FlowFaces::kAsPainted, dropped},
     };
     for (const ItalicsRow& row : rows) {
@@ -244,7 +244,7 @@ static std::vector<SelectionPoint> Points(const PassageFlow& flow, FlowFaces fac
     return points;
 }
 
-TEST(PassageItalics, NarrowOnesWrapLaterButCountTheSame) {
+TEST(PassageItalics, NarrowFacesWrapLaterButCountTheSame) {
     const HandMadeVerse verses[] = {{1, 1, 1, "a [bbbb, cccc]: dddd"}, {1, 1, 2, "e [f]"}};
     Pane pane;
     OpenPane(pane, verses);
@@ -264,7 +264,7 @@ TEST(PassageItalics, NarrowOnesWrapLaterButCountTheSame) {
     EXPECT_EQ(Points(pane.flow, FlowFaces::kAsPainted).size(), 5u + 3u);
 }
 
-TEST(PassageVerses, AVerseOfTheSameNumberRunsOn) {
+TEST(PassageVerses, RecordWithTheSameVerseNumberContinuesTheVerse) {
     const HandMadeVerse verses[] = {{1, 1, 1, "one two"}, {1, 1, 1, "three"}, {1, 1, 2, "four"}};
     Pane pane;
     OpenPane(pane, verses);
@@ -274,7 +274,7 @@ TEST(PassageVerses, AVerseOfTheSameNumberRunsOn) {
               (std::vector<SelectionPoint>{{0, 0}, {0, 1}, {0, 2}, {1, 3}, {2, 0}, {2, 1}}));
 }
 
-TEST_F(PassageFlowTest, HeadingsGoWithTheLabelUnderThem) {
+TEST_F(PassageFlowTest, HeadingsBelongToTheLabelBelowThem) {
     SelectionPoint heading;
     WalkPassage(flow, FlowFaces::kAsPainted, [&heading](const FlowBox& box) {
         if (box.kind != BoxKind::kHeading) return true;
@@ -293,7 +293,7 @@ TEST_F(PassageFlowTest, OnlyTheLastBoxEndsItsVerse) {
     EXPECT_EQ(last, (Strings{"three. ", "so. ", "end. ", "so. ", "these. "}));
 }
 
-TEST_F(PassageFlowTest, AVisitorEndsTheWalk) {
+TEST_F(PassageFlowTest, VisitorCanStopTheWalk) {
     for (const char* where : {" Ge 1:1 ", "One ", "was", "Genesis chapter 2", " 1 "}) {
         Strings seen;
         WalkPassage(flow, FlowFaces::kAsPainted, [&](const FlowBox& box) {
@@ -304,14 +304,14 @@ TEST_F(PassageFlowTest, AVisitorEndsTheWalk) {
     }
 }
 
-TEST_F(PassageFlowTest, TheLastVerseIsOneWithABoxInside) {
+TEST_F(PassageFlowTest, LastVisibleVerseHasABoxInThePane) {
     struct Row {
         int height, last;
     };
     const Row rows[] = {
-        {0, 0},   {1, 0},   {20, 0},  {40, 0},  // the next label would stand at 40
+        {0, 0},   {1, 0},   {20, 0},  {40, 0},  // the next label would be at 40
         {41, 1},  {80, 1},                      //
-        {120, 1},                               // the heading is inside, its label not
+        {120, 1},                               // the heading is visible, its label is not
         {121, 2}, {160, 2}, {161, 3}, {240, 3}, {241, 4}, {1000, 4},
     };
     for (const Row& row : rows) {
@@ -321,7 +321,7 @@ TEST_F(PassageFlowTest, TheLastVerseIsOneWithABoxInside) {
     }
 }
 
-TEST(PassageView, TheLastVisibleVerseIsCorrected) {
+TEST(PassageView, LastVisibleVerseIsCorrected) {
     struct Row {
         int top, last, corrected;
     };
@@ -333,7 +333,7 @@ TEST(PassageView, TheLastVisibleVerseIsCorrected) {
     }
 }
 
-TEST(PassageView, TheTargetIsTheFirstSelectedVerseOnlyWithTheFocus) {
+TEST(PassageView, TargetIsTheFirstSelectedVerseOnlyWithTheFocus) {
     const PassageView view = {10, 20};
     const Selection selection = {kPassageOwns, {14, 2}, {12, 3}};
     EXPECT_EQ(TargetVerse(view, selection, true), 12);
@@ -342,7 +342,7 @@ TEST(PassageView, TheTargetIsTheFirstSelectedVerseOnlyWithTheFocus) {
     EXPECT_EQ(TargetVerse(view, {kVerseListOwns, {14, 2}, {12, 3}}, true), 10);
 }
 
-TEST(PassageFailures, WithoutAScriptureThereAreNoBoxes) {
+TEST(PassageFailures, EmptyScriptureHasNoBoxes) {
     Pane pane;
     OpenPane(pane, {});
     for (const int top : {0, 5000, 31101}) {
@@ -356,7 +356,7 @@ TEST(PassageFailures, WithoutAScriptureThereAreNoBoxes) {
     }
 }
 
-TEST(PassageFailures, DamagedTextsAreLaidOutAllTheSame) {
+TEST(PassageFailures, DamagedTextsAreLaidOut) {
     const std::string longWord(3000, 'x');
     const HandMadeVerse verses[] = {
         {1, 1, 1, ""}, {1, 1, 2, longWord}, {1, 1, 3, "][ [] ]x[ ]"}, {1, 1, 4, "[a\xB6]"}, {255, 255, 255, "so"}};
@@ -369,7 +369,7 @@ TEST(PassageFailures, DamagedTextsAreLaidOutAllTheSame) {
     }
 }
 
-TEST(PassageFailures, AMeasureWithoutAFontEndsToo) {
+TEST(PassageFailures, ZeroLineHeightDoesNotHang) {
     Pane pane;
     OpenPane(pane, kVerses);
     pane.flow.measure.lineHeight = [](void*) { return 0; };

@@ -33,19 +33,19 @@ static void ExpectHits(std::span<const HandMadeVerse> verses, bool paragraphs, i
     }
 }
 
-TEST(PassageHitTest, FindsLabelsAndWordsOfAVerseALine) {
+TEST(PassageHitTest, FindsLabelsAndWordsInLines) {
     const HitRow rows[] = {
         {0, 0, {0, 0}},                          // the label begins at the very edge
-        {81, 19, {0, 0}},                        // a right end belongs to its box
+        {81, 19, {0, 0}},                        // the right edge belongs to the box
         {82, 0, {0, 1}},                         // the paragraph mark is a word
         {101, 5, {0, 1}},                        //
         {102, 5, {0, 2}},                        //
         {181, 5, {0, 3}},                        //
-        {182, 5, {0, 3}},                        // the line broke here: its last box
+        {182, 5, {0, 3}},                        // after the last box of a wrapped line
         {199, 5, {0, 3}},                        //
-        {0, 20, {0, 4}},                         // the first word of a line reaches to its start
+        {0, 20, {0, 4}},                         // the first word of a line extends to its start
         {71, 39, {0, 4}},                        //
-        {72, 39, {0, 4}},                        // right of a verse's last word
+        {72, 39, {0, 4}},                        // right of the last word of a verse
         {199, 20, {0, 4}},                       //
         {31, 40, {1, 0}},                        //
         {32, 40, {1, 1}},                        //
@@ -54,37 +54,37 @@ TEST(PassageHitTest, FindsLabelsAndWordsOfAVerseALine) {
         {141, 40, {1, 3}},                       // the blank belongs to the italic word before it
         {142, 40, {1, 4}},                       //
         {199, 59, {1, 4}},                       //
-        {0, 60, {2, 0}},                         // the blank line above a heading selects the label under it
+        {0, 60, {2, 0}},                         // the blank line above a heading belongs to the label below it
         {199, 60, {2, 0}},                       //
         {50, 80, {2, 0}},                        // the heading
-        {199, 100, {2, 0}},                      // the blank line under it
+        {199, 100, {2, 0}},                      // the blank line below the heading
         {31, 120, {2, 0}},                       //
         {32, 120, {2, 1}},                       //
         {151, 120, {2, 3}},                      // "all: "
         {152, 120, {2, 3}},                      //
         {0, 140, {2, 4}},                        //
         {0, 160, {3, 0}},                        //
-        {199, 179, {3, 2}},                      // the last word there is
+        {199, 179, {3, 2}},                      // the last word of the text
         {0, 180, {-1, -1}},                      // below the last line
-        {199, 299, {-1, -1}}, {-9, -9, {0, 0}},  // outside: as on the edge
+        {199, 299, {-1, -1}}, {-9, -9, {0, 0}},  // outside: the nearest box at the edge
         {90, -1, {0, 1}},     {5000, 30, {0, 4}}, {5, 5000, {-1, -1}},
     };
     ExpectHits(kVerses, false, 200, rows);
 }
 
-TEST(PassageHitTest, FindsLabelsAndWordsOfParagraphs) {
+TEST(PassageHitTest, FindsLabelsAndWordsInParagraphs) {
     const HitRow rows[] = {
         {0, 0, {0, 0}},      //
         {111, 0, {0, 0}},    //
         {112, 0, {0, 1}},    //
-        {192, 0, {0, 2}},    // the line broke here
+        {192, 0, {0, 2}},    // after the last box of a wrapped line
         {71, 20, {0, 3}},    //
-        {72, 20, {1, 0}},    // a label amid the line
+        {72, 20, {1, 0}},    // a label in the middle of a line
         {91, 20, {1, 0}},    //
         {92, 20, {1, 1}},    //
-        {162, 20, {1, 2}},   // the line broke here
+        {162, 20, {1, 2}},   // after the last box of a wrapped line
         {81, 40, {1, 4}},    //
-        {82, 40, {2, 0}},    // right of a verse's last word lies the next one's label
+        {82, 40, {2, 0}},    // right of the last word of a verse: the next label
         {10, 60, {2, 0}},    // the blank line
         {10, 90, {2, 0}},    // the heading
         {61, 120, {2, 0}},   //
@@ -96,19 +96,19 @@ TEST(PassageHitTest, FindsLabelsAndWordsOfParagraphs) {
     ExpectHits(kVerses, true, 200, rows);
 }
 
-TEST(PassageHitTest, ALabelThatMovedToTheNextLineTakesTheRestOfTheOldOne) {
+TEST(PassageHitTest, RestOfALineBelongsToAWrappedLabel) {
     const HandMadeVerse verses[] = {{1, 1, 1, "One two three."}, {1, 1, 2, "End."}};
     const HitRow rows[] = {{221, 5, {0, 3}}, {222, 5, {1, 0}}, {240, 5, {1, 0}}, {21, 25, {1, 0}}, {22, 25, {1, 1}}};
     ExpectHits(verses, true, 241, rows);
 }
 
-TEST(PassageHitTest, ALabelCanBeTheLastBoxOfALine) {
+TEST(PassageHitTest, LabelCanBeTheLastBoxOfALine) {
     const HandMadeVerse verses[] = {{1, 1, 1, "incomprehensible"}};
     const HitRow rows[] = {{81, 5, {0, 0}}, {82, 5, {0, 0}}, {119, 5, {0, 0}}, {5, 25, {0, 1}}};
     ExpectHits(verses, false, 120, rows);
 }
 
-TEST(PassageHitTest, TheLinesAtTheBottomAreWhole) {
+TEST(PassageHitTest, LastLineExtendsToTheEdge) {
     const HandMadeFiles files = MakeFiles(kVerses);
     const Scripture scripture = ScriptureOf(files);
     PassageFlow flow;
@@ -118,6 +118,6 @@ TEST(PassageHitTest, TheLinesAtTheBottomAreWhole) {
     flow.height = 10;
     EXPECT_EQ(HitTestPassage(flow, 199, 9), (SelectionPoint{0, 3})) << "the line breaks below the pane";
     flow.height = 100;
-    EXPECT_EQ(HitTestPassage(flow, 50, 85), (SelectionPoint{2, 0})) << "the heading's label lies below the pane";
+    EXPECT_EQ(HitTestPassage(flow, 50, 85), (SelectionPoint{2, 0})) << "the label of the heading is below the pane";
     EXPECT_EQ(HitTestPassage(flow, 50, 4000), (SelectionPoint{2, 0})) << "as at the bottom edge";
 }

@@ -1,4 +1,4 @@
-// What must hold of the Passage for every verse of the real text.
+// Properties of the Passage that are checked for every verse of the real text.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -22,7 +22,7 @@ static PassageFlow RealFlow(int italics, bool paragraphs) {
 
 struct LaidOutVerse {
     int lastWord = 0;
-    std::string text;  // of its words, joined
+    std::string text;  // of all its words
 };
 
 // The whole Bible in one pane.
@@ -40,7 +40,7 @@ static std::vector<LaidOutVerse> LayOutAll(PassageFlow flow, FlowFaces faces) {
     return verses;
 }
 
-// The words of a verse as a mode shows them.
+// The words of a verse as shown in an italics mode.
 static std::string ExpectedText(int verse, int italics, bool paragraphs) {
     std::string text(VerseText(TheRealScripture(), verse));
     if (italics != kBracketed) std::erase_if(text, [](char byte) { return byte == '[' || byte == ']'; });
@@ -48,7 +48,7 @@ static std::string ExpectedText(int verse, int italics, bool paragraphs) {
     return text + ' ';
 }
 
-TEST(RealPassage, ShowsEveryVerseWholeAndCountsItsWordsAlikeInAllUses) {
+TEST(RealPassage, ShowsEveryVerseAndCountsWordsConsistently) {
     for (const int italics : {0, 1, 2}) {
         for (const bool paragraphs : {false, true}) {
             const PassageFlow flow = RealFlow(italics, paragraphs);
@@ -64,7 +64,7 @@ TEST(RealPassage, ShowsEveryVerseWholeAndCountsItsWordsAlikeInAllUses) {
     }
 }
 
-// Tops spread over the Bible, its ends among them.
+// Top verses throughout the Bible, including both ends.
 static std::vector<int> SomeTops() {
     std::vector<int> tops = {0, 1, 2, 30, 31, 31080, 31099, 31100, 31101};
     for (int top = 40; top < kVerseCount; top += 613) tops.push_back(top);
@@ -80,7 +80,7 @@ static std::vector<FlowBox> MeasuredBoxes(const PassageFlow& flow) {
     return boxes;
 }
 
-TEST(RealPassage, EveryBoxIsHitWhereItStands) {
+TEST(RealPassage, EveryBoxIsHitAtItsPosition) {
     for (const bool paragraphs : {false, true}) {
         PassageFlow flow = RealFlow(kItalicType, paragraphs);
         for (const int top : SomeTops()) {
@@ -95,7 +95,7 @@ TEST(RealPassage, EveryBoxIsHitWhereItStands) {
     }
 }
 
-TEST(RealPassage, NoPointOfAFullPaneIsEmpty) {
+TEST(RealPassage, EveryPointOfAFullPaneHitsABox) {
     for (const bool paragraphs : {false, true}) {
         PassageFlow flow = RealFlow(kItalicType, paragraphs);
         for (const int top : {0, 29, 1000, 20000}) {
@@ -114,7 +114,7 @@ static PassageView Measured(PassageFlow flow, int top) {
     return view;
 }
 
-TEST(RealPassage, PageUpShowsTheOldTopLastWhereAnyTopDoes) {
+TEST(RealPassage, PageUpShowsTheOldTopLastIfPossible) {
     int shownLast = 0;
     for (const bool paragraphs : {false, true}) {
         const PassageFlow flow = RealFlow(kItalicType, paragraphs);
@@ -131,13 +131,13 @@ TEST(RealPassage, PageUpShowsTheOldTopLastWhereAnyTopDoes) {
                 EXPECT_LE(lastVisible, oldTop);
             }
             if (lastVisible == oldTop) ++shownLast;
-            // Where none shows it last, the next top shows more than the old one.
+            // If no top verse shows the old one last, the next top verse must show more than the old one.
             if (lastVisible < oldTop) {
                 EXPECT_GT(Measured(flow, newTop + 1).LastVisibleVerse, oldTop);
             }
         }
     }
-    EXPECT_GT(shownLast, static_cast<int>(SomeTops().size()));  // of twice as many
+    EXPECT_GT(shownLast, static_cast<int>(SomeTops().size()));  // more than half of all cases
 }
 
 TEST(RealPassage, ScrollsByLinesPagesAndThumb) {
@@ -158,10 +158,10 @@ TEST(RealPassage, ScrollsByLinesPagesAndThumb) {
         EXPECT_EQ(ScrolledTop(flow, Measured(flow, row.top), row.code, row.thumb), row.newTop) << row.top;
 }
 
-TEST(RealPassage, PageDownReachesTheEndAndMovesPastVersesTallerThanThePane) {
+TEST(RealPassage, PageDownReachesTheEndPastTallVerses) {
     PassageFlow flow = RealFlow(kItalicType, true);
     flow.width = 160;
-    flow.height = 60;  // three lines: nearly every verse is taller
+    flow.height = 60;  // three lines, so that nearly every verse is taller
     int top = 31000;
     for (int pages = 0; top < kLastVerse; ++pages) {
         ASSERT_LT(pages, 200);
@@ -171,8 +171,8 @@ TEST(RealPassage, PageDownReachesTheEndAndMovesPastVersesTallerThanThePane) {
     }
 }
 
-TEST(RealPassage, AsksOnceAVerseWhetherItHasANote) {
-    // Only the last verse's note is measured by its file, so that the questions can be counted.
+TEST(RealPassage, ChecksForANoteOncePerVerse) {
+    // Only for the note of the last verse the size of the file is needed, so these calls can be counted.
     int questions = 0;
     NoteFiles files;
     files.device = &questions;

@@ -10,13 +10,13 @@
 #include "tests/support/hand_made_scripture.h"
 #include "tests/support/native_scripture.h"
 
-// A printer whose letters are ten wide, its lines twenty high and those of the note face thirteen. It writes down what
-// it is given: "(" and ")" where a page begins and ends, and "b10,20:text|" for a text in the bold face.
+// A printer with letters ten wide and lines twenty high, or thirteen in the note face. It records its output: "(" and
+// ")" for the beginning and end of a page, "b10,20:text|" for a text in the bold face.
 struct PaperTape {
     std::string tape;
     int pages = 0;
-    int failingPage = 0;     // counted from 1; 0: none
-    int patience = 1000000;  // verses after which the user has had enough
+    int failingPage = 0;     // counted from 1; 0: no page fails
+    int patience = 1000000;  // number of verses after which the user cancels
     int italicHeight = 20;
 };
 
@@ -73,7 +73,7 @@ static NoteFound NoteOf(void* device, int verse, std::string& note) {
     return NoteFound::kNote;
 }
 
-// What a test prints, with the settings of a page that nothing wraps on.
+// What a test prints. The default page is so wide that nothing wraps.
 struct Job {
     std::vector<HandMadeVerse> verses;
     PageBox box{100, 1000, 10000, 9000};
@@ -117,7 +117,7 @@ static FormatOptions Styles(int first, int later) {
 
 // ---- Labels ---------------------------------------------------------------------------------------------------------
 
-// The texts in the bold face, in their order.
+// The texts in the bold face, in order.
 static std::vector<std::string> LabelsIn(const std::string& tape) {
     std::vector<std::string> labels;
     for (std::size_t at = tape.find_first_of("b"); at != std::string::npos; at = tape.find("b", at + 1)) {
@@ -127,7 +127,7 @@ static std::vector<std::string> LabelsIn(const std::string& tape) {
     return labels;
 }
 
-TEST(PrintedLabels, FollowTheStylesOfTheFormat) {
+TEST(PrintedLabels, FollowTheFormat) {
     const std::vector<HandMadeVerse> verses = {{1, 50, 25, "x"}, {1, 50, 26, "x"}, {2, 1, 1, "x"}, {2, 1, 2, "x"}};
     using Labels = std::vector<std::string>;
     const struct {
@@ -136,22 +136,22 @@ TEST(PrintedLabels, FollowTheStylesOfTheFormat) {
     } rows[] = {
         {0, 0, {" Genesis 50:25 ", " Genesis 50:26 ", " Exodus 1:1 ", " Exodus 1:2 "}},
         {0, 1, {" Genesis 50:25 ", " 50:26 ", " Exodus 1:1 ", " 1:2 "}},
-        {1, 2, {" 50:25 ", " Exodus 1:1 "}},  // a new book is named whatever the style
+        {1, 2, {" 50:25 ", " Exodus 1:1 "}},  // a new book has a full label in any style
         {2, 1, {" 50:26 ", " Exodus 1:1 ", " 1:2 "}},
         {2, 2, {" Exodus 1:1 "}},
-        {-1, 7, {" Exodus 1:1 "}},  // what the settings may hold
+        {-1, 7, {" Exodus 1:1 "}},  // invalid settings
     };
     for (const auto& [first, later, labels] : rows)
         EXPECT_EQ(LabelsIn(Printed(Range(verses, Styles(first, later)))), labels) << first << later;
 }
 
-TEST(PrintedLabels, StandBeforeTheVerseWhateverTheFormat) {
+TEST(PrintedLabels, AlwaysPrecedeTheVerse) {
     FormatOptions format;
     format.Location = 1;
     EXPECT_EQ(Printed(Range({{1, 1, 1, "In"}}, format)), "(b100,1000: Genesis 1:1 |r230,1000:In|)");
 }
 
-TEST(PrintedLabels, OfTheListAreWholeAndWithoutBlankBefore) {
+TEST(PrintedLabels, OfAListAreFullWithoutALeadingBlank) {
     Job list = Range({{1, 1, 1, "In"}, {66, 22, 21, "Amen"}, {66, 22, 20, "Even"}}, Styles(2, 2));
     list.asList = true;
     EXPECT_EQ(Printed(list),
@@ -161,22 +161,22 @@ TEST(PrintedLabels, OfTheListAreWholeAndWithoutBlankBefore) {
 
 // ---- Words ----------------------------------------------------------------------------------------------------------
 
-TEST(PrintedWords, KeepTheirBlankButTheLast) {
+TEST(PrintedWords, HaveABlankAfterAllButTheLast) {
     EXPECT_EQ(Printed(Range({{1, 1, 1, "And God said"}}, Styles(2, 2))),
               "(r100,1000:And |r140,1000:God |r180,1000:said|)");
     EXPECT_EQ(Printed(Range({{1, 1, 1, ""}, {1, 1, 2, "x"}}, Styles(2, 2))), "(r100,1020:x|)");
 }
 
-TEST(PrintedWords, WrapWhereTheyAndTheirBlankGoPastTheRightLimit) {
+TEST(PrintedWords, WrapWhenTheyAndTheirBlankDoNotFit) {
     const struct {
         int right;
         const char* tape;
     } rows[] = {
-        {180, "(r100,1000:And |r140,1000:God |r100,1020:said|)"},  // ends on the limit: stays
+        {180, "(r100,1000:And |r140,1000:God |r100,1020:said|)"},  // ends at the limit, so it stays in the line
         {179, "(r100,1000:And |r100,1020:God |r100,1040:said|)"},  // would fit only without its blank
         {220, "(r100,1000:And |r140,1000:God |r180,1000:said|)"},
         {219, "(r100,1000:And |r140,1000:God |r100,1020:said|)"},
-        {120, "(r100,1020:And |r100,1040:God |r100,1060:said|)"},  // wider than the page: a line each, from the second
+        {120, "(r100,1020:And |r100,1040:God |r100,1060:said|)"},  // wider than the page: one per line, from the second
     };
     for (const auto& [right, tape] : rows) {
         Job job = Range({{1, 1, 1, "And God said"}}, Styles(2, 2));
@@ -185,7 +185,7 @@ TEST(PrintedWords, WrapWhereTheyAndTheirBlankGoPastTheRightLimit) {
     }
 }
 
-TEST(PrintedWords, OfALabelWrapAsOne) {
+TEST(PrintedWords, OfALabelWrapTogether) {
     Job job = Range({{1, 1, 1, "In"}, {1, 1, 2, "And"}});
     job.format.LineBreaks = 0;
     job.box.right = 300;
@@ -194,14 +194,14 @@ TEST(PrintedWords, OfALabelWrapAsOne) {
     EXPECT_EQ(Printed(job), "(b100,1000: Genesis 1:1 |r230,1000:In|b100,1020: 1:2 |r150,1020:And|)");
 }
 
-TEST(PrintedWords, GoOnInTheLineWithoutLineBreaks) {
+TEST(PrintedWords, ContinueTheLineWithoutLineBreaks) {
     Job job = Range({{1, 1, 1, "In"}, {1, 1, 2, "And"}}, Styles(2, 2));
     EXPECT_EQ(Printed(job), "(r100,1000:In|r100,1020:And|)");
     job.format.LineBreaks = 0;
-    EXPECT_EQ(Printed(job), "(r100,1000:In|r130,1000:And|)") << "parted by a blank where no label does it";
+    EXPECT_EQ(Printed(job), "(r100,1000:In|r130,1000:And|)") << "separated by a blank if there is no label";
 }
 
-TEST(PrintedWords, KeepParagraphMarksAsTheFormatSays) {
+TEST(PrintedWords, FollowTheFormatForParagraphMarks) {
     const std::vector<HandMadeVerse> verses = {{1, 1, 1,
                                                 "\xB6In it\xB6"
                                                 "And \xB6So"}};
@@ -209,7 +209,7 @@ TEST(PrintedWords, KeepParagraphMarksAsTheFormatSays) {
     EXPECT_EQ(
         Printed(Range(verses, format)),
         "(r100,1000:\xB6 |r120,1000:In |r150,1000:it|r170,1000:\xB6 |r190,1000:And |r230,1000:\xB6 |r250,1000:So|)");
-    format.ParagraphMarks = 0;  // speaks of the one at the start
+    format.ParagraphMarks = 0;  // only removes the mark at the start
     EXPECT_EQ(Printed(Range(verses, format)),
               "(r100,1000:In |r130,1000:it|r150,1000:\xB6 |r170,1000:And |r210,1000:\xB6 |r230,1000:So|)");
     Job list = Range({{1, 1, 1, "\xB6In"}}, format);
@@ -217,7 +217,7 @@ TEST(PrintedWords, KeepParagraphMarksAsTheFormatSays) {
     EXPECT_EQ(Printed(list), "(b100,1000:Genesis 1:1 |r220,1000:\xB6 |r240,1000:In|)");
 }
 
-TEST(PrintedWords, InsideTheTextAParagraphMarkIsAWordOfItsOwn) {
+TEST(PrintedWords, IncludeParagraphMarksInsideTheText) {
     Job job = Range({{1, 1, 1,
                       "it\xB6"
                       "And"}},
@@ -241,7 +241,7 @@ TEST(PrintedBrackets, FollowTheItalicsMode) {
         job.reading.Italics = static_cast<std::int8_t>(mode);
         job.format.Brackets = 0;
         EXPECT_EQ(Printed(job), tape) << mode;
-        job.format.Brackets = 1;  // speaks of copied text
+        job.format.Brackets = 1;  // only applies to copied text
         EXPECT_EQ(Printed(job), tape) << mode;
         job.asList = true;
         EXPECT_NE(Printed(job).find(mode == 0 ? ":[|i" : mode == 1 ? ":[was |" : ":was |"), std::string::npos) << mode;
@@ -256,7 +256,7 @@ TEST(PrintedBrackets, StayWithTheirWord) {
 
 // ---- Pages ----------------------------------------------------------------------------------------------------------
 
-TEST(PrintedPages, TurnWhereTheNextLineWouldCrossTheBottom) {
+TEST(PrintedPages, BreakBeforeALineThatDoesNotFit) {
     const std::vector<HandMadeVerse> verses = {{1, 1, 1, "a"}, {1, 1, 2, "b"}, {1, 1, 3, "c"}, {1, 1, 4, "d"}};
     const struct {
         int bottom;
@@ -274,7 +274,7 @@ TEST(PrintedPages, TurnWhereTheNextLineWouldCrossTheBottom) {
     }
 }
 
-TEST(PrintedPages, TurnForTheHighestFaceOfAWord) {
+TEST(PrintedPages, BreakForTheHighestFaceOfAWord) {
     Job job = Range({{1, 1, 1, "a"}, {1, 1, 2, "x[b]"}}, Styles(2, 2));
     job.box.bottom = 1045;
     PaperTape tape;
@@ -283,7 +283,7 @@ TEST(PrintedPages, TurnForTheHighestFaceOfAWord) {
     EXPECT_EQ(tape.tape, "(r100,1000:a|)(r100,1000:x|r110,1000:[|i120,1000:b|r130,1000:]|)");
 }
 
-TEST(PrintedPages, ThatCannotBeStartedEndTheJob) {
+TEST(PrintedPages, StopTheJobWhenAPageCannotBeStarted) {
     Job job = Range({{1, 1, 1, "a"}, {1, 1, 2, "b"}, {1, 1, 3, "c"}}, Styles(2, 2));
     job.box.bottom = 1020;
     const char* const tapes[] = {"", "(r100,1000:a|)", "(r100,1000:a|)(r100,1000:b|)"};
@@ -296,7 +296,7 @@ TEST(PrintedPages, ThatCannotBeStartedEndTheJob) {
     }
 }
 
-TEST(PrintedPages, StopAfterTheVerseInWhichTheUserHasHadEnough) {
+TEST(PrintedPages, StopAfterTheVerseWhereTheUserCancels) {
     const Job job = Range({{1, 1, 1, "a b"}, {1, 1, 2, "c d"}, {1, 1, 3, "e"}}, Styles(2, 2));
     const char* const tapes[] = {"()", "(r100,1000:a |r120,1000:b|)",
                                  "(r100,1000:a |r120,1000:b|r100,1020:c |r120,1020:d|)"};
@@ -317,7 +317,7 @@ static Job WithNote(const std::string& note, FormatOptions format = Styles(2, 2)
     return job;
 }
 
-TEST(PrintedNotes, StandALineAwayFromTheirVerse) {
+TEST(PrintedNotes, FollowTheirVerseAfterAnEmptyLine) {
     EXPECT_EQ(Printed(WithNote("See also")), "(r100,1000:a|n100,1040:See|n140,1040:also|r100,1053:b|)");
     FormatOptions inOneLine = Styles(2, 2);
     inOneLine.LineBreaks = 0;
@@ -330,13 +330,13 @@ TEST(PrintedNotes, BreakTheirLinesAtReturns) {
     EXPECT_EQ(Printed(WithNote("li\nne  x \r\n")), "(r100,1000:a|n100,1040:line|n160,1040:x|r100,1066:b|)");
 }
 
-TEST(PrintedNotes, WrapByTheirOwnLineHeight) {
+TEST(PrintedNotes, WrapWithTheirOwnLineHeight) {
     Job job = WithNote("one two");
     job.box.right = 140;
     EXPECT_EQ(Printed(job), "(r100,1000:a|n100,1040:one|n100,1053:two|r100,1066:b|)");
 }
 
-TEST(PrintedNotes, AreCutIntoPiecesOfAHundred) {
+TEST(PrintedNotes, AreSplitIntoPiecesOfAHundredLetters) {
     Job job = WithNote(std::string(250, 'n'));
     job.box.right = 1200;
     const std::string hundred(100, 'n'), fifty(50, 'n');
@@ -346,13 +346,13 @@ TEST(PrintedNotes, AreCutIntoPiecesOfAHundred) {
     EXPECT_EQ(Printed(job), "(r100,1000:a|n100,1040:" + hundred + "|n1110,1040:x|r100,1053:b|)");
 }
 
-TEST(PrintedNotes, GoOnAtTheTopOfTheNextPage) {
+TEST(PrintedNotes, ContinueOnTheNextPage) {
     Job job = WithNote("one\rtwo\rthree");
     job.box.bottom = 1067;
     EXPECT_EQ(Printed(job), "(r100,1000:a|n100,1040:one|n100,1053:two|)(n100,1000:three|r100,1013:b|)");
 }
 
-TEST(PrintedNotes, AreLeftOutUnlessWanted) {
+TEST(PrintedNotes, AreOptional) {
     Job job = WithNote("See");
     job.withNotes = false;
     EXPECT_EQ(Printed(job), "(r100,1000:a|r100,1020:b|)");
@@ -361,7 +361,7 @@ TEST(PrintedNotes, AreLeftOutUnlessWanted) {
     EXPECT_EQ(Printed(job), "(r100,1000:a|r100,1020:b|)");
 }
 
-TEST(PrintedNotes, ThatCannotBeReadEndTheJob) {
+TEST(PrintedNotes, StopTheJobWhenTheyCannotBeRead) {
     PaperTape tape;
     EXPECT_EQ(Print(WithNote(kUnreadableNote), tape), PrintResult::kCannotReadNotes);
     EXPECT_EQ(tape.tape, "(r100,1000:a|)");
@@ -369,7 +369,7 @@ TEST(PrintedNotes, ThatCannotBeReadEndTheJob) {
 
 // ---- The whole Bible ------------------------------------------------------------------------------------------------
 
-// Every character of the text but brackets and blanks, in its order.
+// Every character of the text except brackets and blanks, in order.
 static std::string LettersOf(std::string_view text) {
     std::string letters;
     for (const char letter : text) {
@@ -378,7 +378,7 @@ static std::string LettersOf(std::string_view text) {
     return letters;
 }
 
-TEST(PrintedBible, HasEveryWordInItsOrderInsideThePage) {
+TEST(PrintedBible, HasEveryWordInOrderInsideThePages) {
     struct Paper {
         std::string letters;
         PageBox box{600, 600, 4200, 5400};
@@ -409,8 +409,8 @@ TEST(PrintedBible, HasEveryWordInItsOrderInsideThePage) {
     EXPECT_GT(paper.pages, 1000);
 }
 
-// A damaged list names verses that there are not.
-TEST(PrintedBible, HasNothingWhereThereIsNoVerse) {
+// A damaged list may contain invalid verses.
+TEST(PrintedBible, IgnoresInvalidVerses) {
     PaperTape tape;
     const std::int32_t verses[] = {-1, 50000000, kVerseCount + 1};
     EXPECT_EQ(PrintVerses(TheRealScripture(), verses, ListPrinting({0, 0, 100, 100}, {}), PageOver(tape)),
@@ -419,15 +419,12 @@ TEST(PrintedBible, HasNothingWhereThereIsNoVerse) {
 }
 
 // ---- The page set-up
-// ---------------------------------------------------------------------------------------------------
-
-#include <ostream>
 
 static void PrintTo(const PageBox& box, std::ostream* out) {
     *out << box.left << ' ' << box.top << ' ' << box.right << ' ' << box.bottom;
 }
 
-TEST(PageBox, CountsMarginsInWholeInches) {
+TEST(PageBox, RoundsMarginsDownToWholeInches) {
     const PrinterResolution printer{4800, 6000, 600, 300};
     const struct {
         PageMargins margins;
@@ -438,19 +435,19 @@ TEST(PageBox, CountsMarginsInWholeInches) {
         {{750, 999, 750, 999}, {0, 0, 4800, 6000}},
         {{1900, 1900, 1900, 1900}, {600, 300, 4200, 5700}},
         {{1500, 2000, 0, 3999}, {600, 600, 4800, 5100}},
-        // 2.54 cm in a metric locale, where the unit is another and the division the same
+        // 2.54 cm in a metric locale; the unit differs, but is divided in the same way
         {{2540, 2540, 2540, 2540}, {1200, 600, 3600, 5400}},
         {{1000, 2000, 3000, 4000}, {600, 600, 3000, 4800}},
     };
     for (const auto& [margins, box] : rows) EXPECT_EQ(PageBoxFor(printer, margins), box) << margins.left;
 }
 
-TEST(PrinterFontHeight, CountsPointsThenPixelsInWholeNumbers) {
+TEST(PrinterFontHeight, RoundsPointsAndThenPixels) {
     const struct {
         int screen, screenDots, printerDots, height;
     } rows[] = {
         {-16, 96, 600, -100},                         // 12 points
-        {16, 96, 600, -100},   {-17, 96, 600, -100},  // 12.75 points count as 12
+        {16, 96, 600, -100},   {-17, 96, 600, -100},  // 12.75 points are rounded to 12
         {-15, 96, 600, -91},                          // 11 points, 91.67 pixels
         {-13, 96, 300, -37},                          // 9 points, 37.5 pixels
         {-24, 144, 600, -100}, {-1, 96, 600, 0},     {-32767, 96, 2400, -819166},

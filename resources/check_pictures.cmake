@@ -1,4 +1,4 @@
-# Fails with a word of advice when one of FILES is not there: the host build makes them.
+# Fails with a helpful message if one of FILES is missing; the host build makes them.
 
 foreach(file IN LISTS FILES)
   if(NOT EXISTS ${file})

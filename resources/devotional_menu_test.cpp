@@ -46,7 +46,7 @@ TEST(DevotionalMenu, HasAMorningAndAnEveningForEveryDay) {
     EXPECT_EQ(shown, expected);
 }
 
-TEST(DevotionalMenu, OpensTheReadingOfTheDay) {
+TEST(DevotionalMenu, ItemsOpenTheReadingOfTheirDay) {
     static constexpr ReadingRow kRows[] = {
         {"January", "1", "Morning", 7946},    {"January", "1", "Evening", 19541},   {"January", "2", "Morning", 31544},
         {"January", "2", "Evening", 20452},   {"January", "5", "Morning", 2003},    {"January", "5", "Evening", 2003},
@@ -60,10 +60,10 @@ TEST(DevotionalMenu, OpensTheReadingOfTheDay) {
     }
 }
 
-TEST(DevotionalMenu, AgreesWithTheTableOfReadings) {
+TEST(DevotionalMenu, MatchesTheTableOfReadings) {
     std::istringstream rows(FileText(VERSEWELL_SOURCE_DIR "/resources/devotional.csv"));
     std::string row;
-    std::getline(rows, row);  // the names of the columns
+    std::getline(rows, row);  // the column names
 
     int first = 40000, last = 0;
     for (const MenuItem& item : Readings()) {

@@ -162,7 +162,7 @@ static std::string WithoutAccessKey(std::string text) {
     return text;
 }
 
-// A field's text is that of the label before it.
+// The text of a field is that of the label before it.
 static std::string ShownText(const DialogScript& dialog, std::size_t place) {
     const DialogControl& control = dialog.controls[place];
     if (!IsField(control)) return WithoutAccessKey(control.text);
@@ -170,7 +170,7 @@ static std::string ShownText(const DialogScript& dialog, std::size_t place) {
     return WithoutAccessKey(dialog.controls[place - 1].text);
 }
 
-// A drop-down takes no more room than its field until it is opened.
+// A closed drop-down list is only as high as its field.
 static int ClosedHeight(const DialogControl& control) {
     return control.styles.find("CBS_DROPDOWN") != std::string::npos ? 14 : control.height;
 }
@@ -185,11 +185,11 @@ static bool Overlap(const DialogControl& a, const DialogControl& b) {
     return a.x < b.x + b.width && b.x < a.x + a.width && a.y < b.y + ClosedHeight(b) && b.y < a.y + ClosedHeight(a);
 }
 
-TEST(Dialogs, HaveTheirTitles) {
+TEST(Dialogs, HaveTheExpectedTitles) {
     for (const ExpectedTitle& expected : kTitles) EXPECT_EQ(Dialog(expected.dialog).title, expected.title);
 }
 
-TEST(Dialogs, HaveTheirControls) {
+TEST(Dialogs, HaveTheExpectedControls) {
     for (const ExpectedControl& expected : kControls) {
         const DialogScript& dialog = Dialog(expected.dialog);
         int found = 0;
@@ -203,7 +203,7 @@ TEST(Dialogs, HaveTheirControls) {
     }
 }
 
-TEST(Dialogs, ReadAsASentenceRoundTheThreeChoices) {
+TEST(Dialogs, SearchOptionsReadAsASentence) {
     for (const char* name : {"WORDSEARCH", "WORDLISTSEARCH"}) {
         std::vector<std::string> texts;
         const DialogScript& dialog = Dialog(name);
@@ -212,7 +212,7 @@ TEST(Dialogs, ReadAsASentenceRoundTheThreeChoices) {
     }
 }
 
-TEST(Dialogs, AccessKeysMeanOneThing) {
+TEST(Dialogs, AccessKeysAreUnique) {
     for (const DialogScript& dialog : Script().dialogs) {
         std::set<char> taken;
         for (const DialogControl& control : dialog.controls) {
@@ -228,7 +228,7 @@ TEST(Dialogs, AccessKeysReachEveryFieldAndChoice) {
     for (const DialogScript& dialog : Script().dialogs)
         for (std::size_t place = 0; place < dialog.controls.size(); ++place) {
             const DialogControl& control = dialog.controls[place];
-            if (control.id <= 2 || control.kind == "DEFPUSHBUTTON") continue;  // statics; Enter and Escape
+            if (control.id <= 2 || control.kind == "DEFPUSHBUTTON") continue;  // statics, and Enter and Esc
             const std::string& text = IsField(control) ? dialog.controls.at(place - 1).text : control.text;
             if (control.kind != "CTEXT" && control.kind != "PBS_SMOOTH") {
                 EXPECT_NE(AccessKey(text), 0) << dialog.name << " " << control.id;
@@ -236,7 +236,7 @@ TEST(Dialogs, AccessKeysReachEveryFieldAndChoice) {
         }
 }
 
-TEST(Dialogs, TheThreeChoicesAreAGroupOfTheirOwn) {
+TEST(Dialogs, SearchOptionsAreOneGroup) {
     for (const char* name : {"WORDSEARCH", "WORDLISTSEARCH"}) {
         for (const DialogControl& control : Dialog(name).controls) {
             if (control.id == 11 || control.id == 14) {
@@ -249,8 +249,8 @@ TEST(Dialogs, TheThreeChoicesAreAGroupOfTheirOwn) {
     }
 }
 
-// What parts of a label a verse gets, and where it stands, are three choices; one box stands round them.
-TEST(Dialogs, TheFormatOfLabelsIsThreeGroups) {
+// Two groups for the parts of the labels and one for their location, in one group box.
+TEST(Dialogs, FormatOptionsAreThreeGroups) {
     const DialogScript& format = Dialog("FORMAT");
     const DialogControl& box = format.controls.at(0);
     EXPECT_EQ(box.kind, "GROUPBOX");
@@ -264,29 +264,29 @@ TEST(Dialogs, TheFormatOfLabelsIsThreeGroups) {
     }
 }
 
-TEST(Dialogs, ANoteSetIsOnlyChosenFromTheList) {
+TEST(Dialogs, NoteSetListsDoNotAllowTyping) {
     for (const char* name : {"SAVERANGE", "PRINTRANGE"})
         for (const DialogControl& control : Dialog(name).controls) {
             if (control.id != 12) continue;
             EXPECT_THAT(control.styles, HasSubstr("CBS_DROPDOWNLIST"));
             EXPECT_THAT(control.styles, HasSubstr("WS_VSCROLL"));
-            EXPECT_THAT(control.styles, Not(HasSubstr("CBS_SORT")));  // the order is that of the tabs
+            EXPECT_THAT(control.styles, Not(HasSubstr("CBS_SORT")));  // in the order of the tabs
         }
 }
 
-TEST(Dialogs, ListsAreOfTheRightKind) {
+TEST(Dialogs, ComboBoxesHaveTheRightStyle) {
     for (const char* name : {"WORDSEARCH", "WORDLISTSEARCH", "PHRASESEARCH"})
         for (const DialogControl& control : Dialog(name).controls) {
             if (control.kind != "COMBOBOX") continue;
             EXPECT_THAT(control.styles, HasSubstr(control.id == 19 ? "CBS_SIMPLE" : "CBS_DROPDOWN "));
             EXPECT_THAT(control.styles, HasSubstr("WS_VSCROLL"));
-            EXPECT_THAT(control.styles, Not(HasSubstr("CBS_SORT")));  // the order is that of the file, or of time
+            EXPECT_THAT(control.styles, Not(HasSubstr("CBS_SORT")));  // in the order of the file, or newest first
         }
 }
 
-TEST(Dialogs, KeepTheirMarginsAndDoNotOverlap) {
+TEST(Dialogs, HaveMarginsAndNoOverlappingControls) {
     for (const DialogScript& dialog : Script().dialogs) {
-        if (dialog.name == "SPLASHSCREEN") continue;  // its picture reaches the edges
+        if (dialog.name == "SPLASHSCREEN") continue;  // its picture extends to the edges
         for (std::size_t i = 0; i < dialog.controls.size(); ++i) {
             const DialogControl& control = dialog.controls[i];
             EXPECT_GE(control.x, 7) << dialog.name << " " << control.text;
@@ -299,7 +299,7 @@ TEST(Dialogs, KeepTheirMarginsAndDoNotOverlap) {
     }
 }
 
-TEST(Dialogs, ButtonsAreOfOneSize) {
+TEST(Dialogs, ButtonsHaveTheSameSize) {
     for (const DialogScript& dialog : Script().dialogs)
         for (const DialogControl& control : dialog.controls)
             if (control.kind.ends_with("PUSHBUTTON")) {
@@ -308,7 +308,7 @@ TEST(Dialogs, ButtonsAreOfOneSize) {
             }
 }
 
-TEST(Dialogs, TheSplashIsABarePopup) {
+TEST(Dialogs, SplashScreenHasNoCaption) {
     const DialogScript& splash = Dialog("SPLASHSCREEN");
     EXPECT_THAT(splash.styles, HasSubstr("WS_POPUP"));
     EXPECT_THAT(splash.styles, HasSubstr("DS_MODALFRAME"));

@@ -1,4 +1,4 @@
-// Numbers of commands, windows and controls. Menus, accelerators, toolbar, dialogs and code share them.
+// Ids of commands, windows and controls, shared by menus, accelerators, toolbar, dialogs and code.
 #pragma once
 
 // Commands
@@ -70,16 +70,16 @@
 #define IDM_NOTE_NOTE_SEARCH 190
 #define IDM_THIS_MORNING 191
 #define IDM_THIS_EVENING 192
-#define IDM_REFRESH 900          // from a pane to its frame: what commands depend on has changed
-#define IDM_SHOW_REFERENCES 901  // from the Notes window: show the verses of the line that was followed
-#define IDM_END_EDITING 902      // from the note editor: it has closed
-#define IDM_MARK_NOTE_SETS 903   // from the Passage or the Verse List: it has painted
-#define IDM_SHOW_RANGE 904       // from a dialog: the range of the searches has changed
-#define IDM_READ_ENTRY 905       // from the Verse List: read the context of the current entry
-#define IDM_ENTER_PASSAGE 906    // from the Verse List: give the Passage the focus
-#define IDM_SHOW_SAVED_NOTE 907  // from the note editor: it has saved the note
-#define IDM_GOTO_BOOK 1000       // and a book's number, 1 to 66
-#define IDM_DEVOTIONAL 2000      // and a verse index
+#define IDM_REFRESH 900          // sent by a pane to its frame: the state of commands may have changed
+#define IDM_SHOW_REFERENCES 901  // sent by the Notes window: show the verses of the double-clicked line
+#define IDM_END_EDITING 902      // sent by the note editor when it has closed
+#define IDM_MARK_NOTE_SETS 903   // sent by the Passage and the Verse List when they have painted
+#define IDM_SHOW_RANGE 904       // sent by a dialog when the range of the searches has changed
+#define IDM_READ_ENTRY 905       // sent by the Verse List: read the context of the current entry
+#define IDM_ENTER_PASSAGE 906    // sent by the Verse List: give the Passage the focus
+#define IDM_SHOW_SAVED_NOTE 907  // sent by the note editor when it has saved the note
+#define IDM_GOTO_BOOK 1000       // plus the number of the book, 1 to 66
+#define IDM_DEVOTIONAL 2000      // plus a verse index
 
 // Windows
 #define IDC_LIST_TABS 1
@@ -90,7 +90,7 @@
 #define IDC_NOTE_TABS 7
 #define IDC_NOTES 8
 #define IDC_NOTE_VIEW 9
-#define IDC_PASSAGE 10      // in the passage's tab control
+#define IDC_PASSAGE 10      // in the Passage's tab control
 #define IDC_NOTE_EDITOR 10  // in the frame
 #define IDC_NOTE_EDIT 13    // in the note editor
 #define IDC_STATUS_BAR 14
@@ -99,7 +99,7 @@
 #define IDC_NOTE_HELP 213
 
 // Controls of dialogs
-#define IDC_HELP_BUTTON 9   // everywhere
+#define IDC_HELP_BUTTON 9   // in every dialog with help
 #define IDC_SEARCH_TEXT 10  // the search dialogs, Go To Verse
 #define IDC_ALL_WORDS 11
 #define IDC_ANY_WORD 12
@@ -108,7 +108,7 @@
 #define IDC_SUBSTRING 15
 #define IDC_ADD_WORD 18
 #define IDC_WORD_LIST 19
-#define IDC_RANGE 20      // the button of the search dialogs; the field of all that ask for verses but the next
+#define IDC_RANGE 20      // the Range button of search dialogs; the field for verses, except in the next two
 #define IDC_REFERENCE 10  // Go To Verse, Go to Note for Verse
 #define IDC_SET_NAME 10   // Create New Note Set, Change name of note set
 #define IDC_OLD_TESTAMENT 101
@@ -129,7 +129,7 @@
 #define IDC_PARAGRAPH_MARKS 19
 #define IDC_BRACKETS 101
 #define IDC_FIND_NEXT 101        // Search Note Set
-#define IDC_NOTE_TEXT 102        // the same: Find What
+#define IDC_NOTE_TEXT 102        // Search Note Set: Find What
 #define IDC_SEARCH_PROGRESS 101  // Searching...
 #define IDC_STOP_PRINTING 110
 #define IDC_SPLASH_LINE 111

@@ -1,5 +1,5 @@
 # Writes the month popups of the Devotional menu from the table of readings.
-# Use: cmake -D READINGS=<devotional.csv> -D MENU=<file to write> -P make_devotional_menu.cmake
+# Usage: cmake -D READINGS=<devotional.csv> -D MENU=<file to write> -P make_devotional_menu.cmake
 
 set(months January February March April May June July August September October November December)
 set(menu "// Made from devotional.csv: a popup for each month, in it one for each day. An item's number names its verse.\n")

@@ -1,10 +1,10 @@
-// Makes the program's pictures from their drawings (SVG).
+// Converts the program's pictures from SVG drawings.
 //
 //   make_pictures strip  <size>  <out.bmp> <drawing>...             a toolbar's pictures side by side
 //   make_pictures bitmap <width> <height> <out.bmp> <drawing>       one picture without transparency
 //   make_pictures icon   <out.ico> <size> <drawing> [<size> <drawing>]...
 //
-// Files are written under another name first, so that a build which reads them never finds half of one.
+// Files are written under a temporary name first, so that a parallel build never reads an incomplete file.
 #include <cairo.h>
 #include <librsvg/rsvg.h>
 
@@ -49,7 +49,7 @@ static std::uint8_t Plain(std::uint32_t multiplied, std::uint32_t alpha) {
     return static_cast<std::uint8_t>((multiplied * 255 + alpha / 2) / alpha);
 }
 
-// Cairo keeps colours multiplied by alpha, a pixel in one 32-bit number.
+// Cairo's pixels are 32-bit numbers with colours multiplied by alpha.
 static Pixel PlainPixel(std::uint32_t number) {
     const std::uint32_t alpha = number >> 24;
     if (alpha == 0) return {};

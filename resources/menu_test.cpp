@@ -87,7 +87,7 @@ static constexpr ExpectedItem kCommands[] = {
     {1066, "Revelation"},
 };
 
-// Commands that have a key but no place in the menu.
+// Commands that have a key but no menu item.
 static constexpr ExpectedItem kKeysAlone[] = {{113, "Alt+1"}, {114, "Alt+2"}, {164, "Shift+F10"}};
 
 static constexpr int kToolbar[] = {161, 162, 163, 129, 130, 131, 132, 105, 106, 123, 177,
@@ -95,7 +95,7 @@ static constexpr int kToolbar[] = {161, 162, 163, 129, 130, 131, 132, 105, 106, 
 
 static constexpr int kFirstReading = 2000;
 
-// The items of the menu for `command`; many only for readings, which days share.
+// The menu items for `command`; only a reading can have several, because days may share a verse.
 static std::vector<MenuItem> ItemsOf(int command) {
     std::vector<MenuItem> found;
     for (const MenuItem& item : Script().menu)
@@ -114,12 +114,12 @@ static std::string KeyOf(int command) {
     return "";
 }
 
-TEST(Menu, BarHasItsPopupsInOrder) {
+TEST(Menu, BarHasTheExpectedPopups) {
     EXPECT_THAT(Script().bar, ElementsAre("&File", "&Edit", "&Search", "&Read", "&Notes", "&Bookmarks", "&Devotional",
                                           "&Options", "&View", "&Help"));
 }
 
-TEST(Menu, EveryCommandStandsOnceWithItsText) {
+TEST(Menu, EveryCommandOccursOnceWithItsText) {
     for (const ExpectedItem& expected : kCommands) {
         const std::vector<MenuItem> items = ItemsOf(expected.command);
         ASSERT_EQ(items.size(), 1u) << expected.command;
@@ -127,7 +127,7 @@ TEST(Menu, EveryCommandStandsOnceWithItsText) {
     }
 }
 
-TEST(Menu, HoldsNoCommandBesides) {
+TEST(Menu, HasNoOtherCommands) {
     std::set<int> known;
     for (const ExpectedItem& expected : kCommands) known.insert(expected.command);
     for (int command = 139; command <= 158; ++command) known.insert(command);
@@ -139,7 +139,7 @@ TEST(Menu, HoldsNoCommandBesides) {
     for (int command : known) EXPECT_EQ(ItemsOf(command).size(), 1u) << command;
 }
 
-TEST(Menu, ReadsTheBooksInThreeColumns) {
+TEST(Menu, ListsTheBooksInThreeColumns) {
     std::vector<int> columns;
     int next = 1001;
     for (const MenuItem& item : Script().menu) {
@@ -151,7 +151,7 @@ TEST(Menu, ReadsTheBooksInThreeColumns) {
     EXPECT_THAT(columns, ElementsAre(1018, 1040));  // Job and Matthew
 }
 
-TEST(Menu, AccessKeysMeanOneThingInEachPopup) {
+TEST(Menu, AccessKeysAreUniqueInEachPopup) {
     std::set<std::pair<std::string, char>> taken;
     std::vector<std::string> clashes;
     auto take = [&](const std::string& popup, const std::string& text) {
@@ -167,24 +167,24 @@ TEST(Menu, AccessKeysMeanOneThingInEachPopup) {
         for (const std::string& name : item.popups) popup += (popup.empty() ? "" : "/") + name;
         take(popup, item.text);
     }
-    EXPECT_THAT(clashes, ElementsAre("Next &Book\tCtrl+End"));  // with "Go to &Book": both texts are given
+    EXPECT_THAT(clashes, ElementsAre("Next &Book\tCtrl+End"));  // deliberate clash with "Go to &Book"
 }
 
-TEST(Accelerators, AreTheKeysThatTheMenuShows) {
+TEST(Accelerators, MatchTheKeysShownInTheMenu) {
     for (const MenuItem& item : Script().menu) {
         if (item.command == 102) continue;  // Alt+F4 is the system's
         EXPECT_EQ(KeyShownIn(item.text), KeyOf(item.command)) << item.text;
     }
 }
 
-TEST(Accelerators, ReachWhatNoMenuHolds) {
+TEST(Accelerators, ExistForCommandsWithoutMenuItems) {
     for (const ExpectedItem& expected : kKeysAlone) {
         EXPECT_EQ(KeyOf(expected.command), expected.text);
         EXPECT_TRUE(ItemsOf(expected.command).empty()) << expected.command;
     }
 }
 
-TEST(Accelerators, AreEachGivenOnce) {
+TEST(Accelerators, AreUnique) {
     std::set<std::string> keys;
     std::set<int> commands;
     for (const Accelerator& accelerator : Script().accelerators) {

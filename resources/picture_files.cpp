@@ -1,6 +1,7 @@
-// A .bmp file is a file header of 14 bytes, a header of 40 and the rows from the bottom up, each filled to a multiple
-// of four bytes. An .ico file is a header of 6 bytes, an entry of 16 for each image and the images: each is a PNG file,
-// or a bitmap's header of 40 that gives the height of both its planes, the pixels, and a mask of one bit a pixel.
+// A .bmp file is a file header of 14 bytes, a bitmap header of 40 bytes and the rows from the bottom up, each padded to
+// a multiple of four bytes. An .ico file is a header of 6 bytes, an entry of 16 bytes for each image and the images. An
+// image is a PNG file, or a bitmap header whose height is that of pixels and mask together, the pixels, and a mask of
+// one bit per pixel.
 #include "resources/picture_files.h"
 
 #include <algorithm>
@@ -10,7 +11,7 @@ static constexpr std::uint32_t kInfoHeader = 40;
 static constexpr std::uint32_t kIconHeader = 6;
 static constexpr std::uint32_t kIconEntry = 16;
 
-// The usual ground of a button.
+// The usual background of a button.
 static constexpr Pixel kButtonFace = {.blue = 192, .green = 192, .red = 192, .alpha = 0};
 
 static void AppendByte(std::string& bytes, int value) {
@@ -35,7 +36,7 @@ static const Pixel& PixelAt(const Picture& picture, int x, int y) {
     return picture.pixels[static_cast<std::size_t>(y * picture.width + x)];
 }
 
-// `hidden` takes the place of pixels that are wholly transparent, as the few that ignore alpha are to see them.
+// Fully transparent pixels are written as `hidden`, for software that ignores alpha.
 static void AppendPixels(std::string& bytes, const Picture& picture, int bitsPerPixel, Pixel hidden) {
     for (int y = picture.height - 1; y >= 0; --y) {
         const std::size_t start = bytes.size();
@@ -94,7 +95,7 @@ Picture Strip(std::span<const Picture> pictures) {
     return strip;
 }
 
-// A bit that is set lets the background through.
+// A set bit makes the pixel transparent.
 static void AppendMask(std::string& bytes, const Picture& picture) {
     for (int y = picture.height - 1; y >= 0; --y) {
         const std::size_t start = bytes.size();
@@ -109,7 +110,7 @@ static void AppendMask(std::string& bytes, const Picture& picture) {
 }
 
 static std::string IconImage(const Picture& picture) {
-    // Where the mask lets the background through, a screen without alpha adds the pixel to it: it must be black.
+    // Without alpha support, transparent pixels are combined with the background by XOR, so they must be black.
     std::string pixels;
     AppendPixels(pixels, picture, 32, Pixel{});
     AppendMask(pixels, picture);

@@ -1,4 +1,4 @@
-// Pictures as files that a resource compiler takes: .bmp and .ico, written from pixels in memory.
+// Encodes pictures as .bmp and .ico files for the resource compiler.
 #pragma once
 
 #include <cstdint>
@@ -11,22 +11,22 @@ struct Pixel {
     friend bool operator==(const Pixel&, const Pixel&) = default;
 };
 
-// Rows from the top down, `width` pixels each; colours are plain, not multiplied by alpha.
+// Rows from the top down, `width` pixels each; colours are not multiplied by alpha.
 struct Picture {
     int width = 0;
     int height = 0;
     std::vector<Pixel> pixels;
 };
 
-// The pictures side by side, all of one height.
+// The pictures side by side; all must have the same height.
 Picture Strip(std::span<const Picture> pictures);
 
-// The bytes of a bitmap file of 32 bits a pixel, the fourth byte being alpha.
+// The bytes of a bitmap file with 32 bits per pixel, including alpha.
 std::string BitmapWithAlpha(const Picture& picture);
 
-// The bytes of a bitmap file of 24 bits a pixel; alpha is left out, so the picture should have none.
+// The bytes of a bitmap file with 24 bits per pixel; the picture should be opaque, because alpha is lost.
 std::string PlainBitmap(const Picture& picture);
 
-// The bytes of an icon file with these images, each square and at most 256 wide. An image of 256 is packed as PNG if
-// `packed` has its bytes at the same place, for it would be large otherwise; an empty string there means not packed.
+// The bytes of an icon file with these images, each square and at most 256 pixels wide. An image is stored as PNG, to
+// save space, if `packed` has a PNG file at the same index; otherwise that string is empty.
 std::string IconFile(std::span<const Picture> images, std::span<const std::string> packed);

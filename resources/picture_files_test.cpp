@@ -31,7 +31,7 @@ TEST(PictureFiles, BitmapsHaveTheirHeaders) {
     };
     const Row rows[] = {
         {BitmapWithAlpha(Filled(3, 2, kRed)), 3, 2, 32, 54 + 24},
-        {PlainBitmap(Filled(3, 2, kRed)), 3, 2, 24, 54 + 24},  // 9 bytes a row, filled to 12
+        {PlainBitmap(Filled(3, 2, kRed)), 3, 2, 24, 54 + 24},  // 9 bytes per row, padded to 12
         {PlainBitmap(Filled(4, 1, kRed)), 4, 1, 24, 54 + 12},
     };
     for (const Row& row : rows) {
@@ -45,17 +45,17 @@ TEST(PictureFiles, BitmapsHaveTheirHeaders) {
     }
 }
 
-TEST(PictureFiles, RowsGoFromTheBottomUp) {
+TEST(PictureFiles, RowsAreStoredBottomUp) {
     Picture picture = Filled(1, 2, kRed);
     picture.pixels[1] = kHalf;
     EXPECT_EQ(BitmapWithAlpha(picture).substr(54), std::string("\x01\x02\x03\x80\x0A\x14\xC8\xFF"));
 }
 
-TEST(PictureFiles, WhatIsTransparentIsGreyToThoseWhoIgnoreIt) {
+TEST(PictureFiles, TransparentPixelsAreGrey) {
     EXPECT_EQ(BitmapWithAlpha(Filled(1, 1, Pixel{})).substr(54), std::string("\xC0\xC0\xC0\0", 4));
 }
 
-TEST(PictureFiles, AStripSetsPicturesSideBySide) {
+TEST(PictureFiles, StripPutsPicturesSideBySide) {
     const Picture pictures[] = {Filled(2, 2, kRed), Filled(1, 2, kHalf)};
     const Picture strip = Strip(pictures);
     EXPECT_EQ(strip.width, 3);
@@ -64,11 +64,11 @@ TEST(PictureFiles, AStripSetsPicturesSideBySide) {
     EXPECT_EQ(Strip({}).width, 0);
 }
 
-TEST(PictureFiles, AnIconNamesTheImagesThatFollow) {
+TEST(PictureFiles, IconListsItsImages) {
     const Picture images[] = {Filled(16, 16, kRed), Filled(256, 256, kRed)};
     const std::string packed[] = {"", "packed"};
     const std::string icon = IconFile(images, packed);
-    const int firstSize = 40 + 16 * 16 * 4 + 16 * 4;  // a mask row of 2 bytes is filled to 4
+    const int firstSize = 40 + 16 * 16 * 4 + 16 * 4;  // a mask row of 2 bytes is padded to 4
     EXPECT_EQ(NumberAt(icon, 0), 1 << 16);
     EXPECT_EQ(ByteAt(icon, 4), 2);
     EXPECT_EQ(ByteAt(icon, 6), 16);
@@ -77,20 +77,20 @@ TEST(PictureFiles, AnIconNamesTheImagesThatFollow) {
     EXPECT_EQ(ByteAt(icon, 22), 0);  // 256
     EXPECT_EQ(NumberAt(icon, 22 + 8), 6);
     EXPECT_EQ(NumberAt(icon, 22 + 12), 6 + 32 + firstSize);
-    EXPECT_EQ(NumberAt(icon, 38 + 8), 32);  // twice the height: the mask counts
+    EXPECT_EQ(NumberAt(icon, 38 + 8), 32);  // twice the height, including the mask
     EXPECT_EQ(icon.substr(icon.size() - 6), "packed");
 }
 
-TEST(PictureFiles, AnIconsMaskLetsTheTransparentThrough) {
+TEST(PictureFiles, IconMaskMarksTransparentPixels) {
     Picture image = Filled(16, 16, kRed);
-    image.pixels[15 * 16 + 1] = {};  // second of the lowest row, which comes first
+    image.pixels[15 * 16 + 1] = {};  // second pixel of the bottom row, which is stored first
     const std::string icon = IconFile(std::span(&image, 1), std::vector<std::string>{""});
     const std::size_t pixels = 6 + 16 + 40;
     EXPECT_EQ(NumberAt(icon, pixels + 4), 0);
     EXPECT_EQ(ByteAt(icon, pixels + 16 * 16 * 4), 0x40);
 }
 
-// What the build made of the drawings: 24 pictures, none nearly empty, no two alike.
+// The strips from the build must have 24 pictures that are not nearly empty and all different.
 TEST(ToolbarPictures, AreTwentyFourInEachSize) {
     for (int size : {16, 24, 32}) {
         const std::string strip =

@@ -6,21 +6,20 @@
 #include <sstream>
 #include <stdexcept>
 
-// One statement: its first word, and what follows parted at commas. Quoted texts have lost their quotes.
+// One statement: its first word, and the rest split at commas. Quoted texts are without their quotes.
 struct Statement {
     std::string verb;
     std::vector<std::string> fields;
 };
 
-
-// Where the reader stands while it goes down a script.
+// State of the parser.
 struct Reading {
     const IdTable& ids;
     std::string madeFolder;
     ResourceScript& script;
     std::string block;                // MENU, ACCELERATORS or DIALOGEX
-    std::vector<std::string> popups;  // open ones
-    int depth = 0;                    // of BEGIN
+    std::vector<std::string> popups;  // open popups
+    int depth = 0;                    // nesting of BEGIN
 };
 
 std::string FileText(const std::string& path) {
@@ -64,7 +63,7 @@ static std::vector<std::string> FieldsOf(std::string_view text) {
 static Statement StatementOf(const std::string& line) {
     const std::size_t end = line.find_first_of(" ,");
     if (end == std::string::npos) return {.verb = line, .fields = {}};
-    if (line[end] == ',') {  // an accelerator: no verb, the key comes first
+    if (line[end] == ',') {  // an accelerator, which has no verb and starts with the key
         return {.verb = "", .fields = FieldsOf(line)};
     }
     return {.verb = line.substr(0, end), .fields = FieldsOf(line.substr(end))};

@@ -1,7 +1,7 @@
-// Reads the resource scripts as text, so that tests can compare what stands in them.
+// Parses the resource scripts, so that tests can check them.
 //
-// Only the forms that these scripts use are known: one statement a line, numbers or names of ids.h, and a name or
-// number to which another number is added.
+// Supports only the syntax that these scripts use: one statement per line, numbers or names of ids.h, and sums of a
+// name or number and another number.
 #pragma once
 
 #include <map>
@@ -10,19 +10,19 @@
 #include <vector>
 
 struct MenuItem {
-    std::vector<std::string> popups;  // from the bar inwards
-    std::string text;                 // with its tab and access key
+    std::vector<std::string> popups;  // from the menu bar inwards
+    std::string text;                 // including "\t" and "&"
     int command = 0;
     bool newColumn = false;
 };
 
 struct Accelerator {
-    std::string key;  // as menus write it: "Ctrl+Alt+1"
+    std::string key;  // as shown in menus: "Ctrl+Alt+1"
     int command = 0;
 };
 
 struct DialogControl {
-    std::string kind;  // LTEXT, EDITTEXT, ...; for CONTROL the last style of its kind, as BS_AUTOCHECKBOX
+    std::string kind;  // LTEXT, EDITTEXT, ...; for CONTROL the style that defines its kind, such as BS_AUTOCHECKBOX
     std::string text;
     int id = 0;
     int x = 0, y = 0, width = 0, height = 0;
@@ -40,22 +40,22 @@ struct DialogScript {
 struct ResourceScript {
     std::vector<std::string> bar;     // the popups of the menu bar in order
     std::vector<MenuItem> menu;       // without separators
-    std::vector<std::string> popups;  // every popup, joined with "/" to those that hold it
+    std::vector<std::string> popups;  // every popup, preceded by its parents and separated by "/"
     std::vector<Accelerator> accelerators;
     std::vector<DialogScript> dialogs;
 };
 
 using IdTable = std::map<std::string, int, std::less<>>;
 
-// The whole file; an exception when it cannot be read.
+// The whole file; throws when it cannot be read.
 std::string FileText(const std::string& path);
 
-// The names and numbers that the #define lines of ids.h give.
+// The names and numbers in the #define lines of ids.h.
 IdTable ReadIds(const std::string& path);
 
-// Adds what `path` holds to `script`. Lines that include another file are followed if that lies in the same folder or
-// in `madeFolder`; others are passed over. An exception when a line is none of the known forms.
+// Adds the content of the file `path` to `script`. Included files are read if they are in the same folder or in
+// `madeFolder`, otherwise ignored. Throws when a line has an unknown form.
 void ReadScript(const std::string& path, const std::string& madeFolder, const IdTable& ids, ResourceScript& script);
 
-// The letter after the single "&" of `text` in lower case, or 0.
+// The letter after the single "&" of `text` in lower case; 0 when there is none.
 char AccessKey(std::string_view text);

@@ -1,7 +1,7 @@
-// The program's own resource scripts, read once for the tests.
+// The program's resource scripts, parsed once for the tests.
 #pragma once
 
 #include "resources/resource_script.h"
 
-// Menu, keys and dialogs, with what the build made of the table of readings.
+// Menu, keys and dialogs, including the generated Devotional menu.
 const ResourceScript& Script();

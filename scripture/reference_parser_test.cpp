@@ -11,7 +11,7 @@ static std::string Abbreviated(int verse) {
 
 struct ReferenceRow {
     std::string text;
-    const char* verse;  // none: not recognised
+    const char* verse;  // null: not recognized
 };
 
 static void ExpectReferences(std::span<const ReferenceRow> rows) {
@@ -49,7 +49,7 @@ TEST(ParseReference, ReadsBookChapterAndVerse) {
     ExpectReferences(kRows);
 }
 
-TEST(ParseReference, TakesTheFirstBookThatFits) {
+TEST(ParseReference, UsesTheFirstBookThatMatches) {
     static const ReferenceRow kRows[] = {
         {"Jo 1:1", "Jos 1:1"},
         {"Phil 1:1", "Php 1:1"},
@@ -63,26 +63,26 @@ TEST(ParseReference, TakesTheFirstBookThatFits) {
         {"Genesisx 2:3", "Ge 2:3"},
         {"Judgesx 2:3", "Jg 2:3"},
         {"Judgex 2:3", nullptr},
-        {"I John 1:9", "Isa 1:1"},  // "I" is Isaiah, and what follows the blank is no number
+        {"I John 1:9", "Isa 1:1"},  // "I" is Isaiah, and the text after the blank is not a number
         {"Song of Solomon 2:1", "So 1:1"},
         {"So 2:1", "So 2:1"},
     };
     ExpectReferences(kRows);
 }
 
-TEST(ParseReference, JoinsTheNumberToTheBook) {
+TEST(ParseReference, JoinsNumbersSeparatedByBlanks) {
     static const ReferenceRow kRows[] =
         {
             {"1 John 1:9", "1Jo 1:9"}, {"1John 1:9", "1Jo 1:9"},  {"1   John 1:9", "1Jo 1:9"},
             {"2 Samuel 7", "2Sa 7:1"}, {"3 John 1:4", "3Jo 1:4"}, {"1 th 5:17", "1Th 5:17"},
-            {"1 J 1:9", "Ge 1:9"},  // a numbered book cut short fits none, so it is the first: chapter 1
+            {"1 J 1:9", "Ge 1:9"},  // "1J" matches no book, so it is read as chapter 1 of Genesis
             {"2 C 3", "Ge 2:1"},       {"Ge 1 3", "Ge 13:1"},     {"Ps 1 1", "Ps 11:1"},
             {"Ps 2 3 : 4", "Ps 23:4"}, {"Ps 4 1", "Ps 4:1"},
         };
     ExpectReferences(kRows);
 }
 
-TEST(ParseReference, NamesGenesisWithoutABook) {
+TEST(ParseReference, UsesGenesisWithoutABook) {
     static const ReferenceRow kRows[] = {
         {"3:16", "Ge 3:16"}, {" ", "Ge 1:1"}, {"-", "Ge 1:1"},    {":", "Ge 1:1"},
         {"  ", "Ge 1:1"},    {"5", "Ge 5:1"}, {" 5:2", "Ge 5:2"}, {" Joh 3:16", "Ge 1:1"},
@@ -90,7 +90,7 @@ TEST(ParseReference, NamesGenesisWithoutABook) {
     ExpectReferences(kRows);
 }
 
-TEST(ParseReference, PartsWordsAtAllButAsciiLettersAndDigits) {
+TEST(ParseReference, SeparatesWordsAtOtherCharacters) {
     static const ReferenceRow kRows[] = {
         {"Joh\xA0"
          "3:16",
@@ -106,17 +106,17 @@ TEST(ParseReference, PartsWordsAtAllButAsciiLettersAndDigits) {
     ExpectReferences(kRows);
 }
 
-TEST(ParseReference, HearsNinetyNineCharacters) {
+TEST(ParseReference, ReadsAtMost99Characters) {
     const std::string padded = "Ps" + std::string(93, ' ') + "119:5";
     static const ReferenceRow kRows[] = {
-        {padded.substr(0, 99), "Ps 119:1"},  // with "119:" at the end, trimmed
+        {padded.substr(0, 99), "Ps 119:1"},  // ends with "119:", whose colon is removed
         {padded, "Ps 119:1"},
         {padded.substr(0, 10) + padded.substr(11), "Ps 119:5"},
     };
     ExpectReferences(kRows);
 }
 
-TEST(ParseReference, BearsNumbersOfAnyLength) {
+TEST(ParseReference, ClampsLongNumbers) {
     static const ReferenceRow kRows[] = {
         {"Ge 99999999999999999999", "Ge 50:26"},
         {"Ge 1:99999999999999999999", "Ge 1:31"},
@@ -125,13 +125,13 @@ TEST(ParseReference, BearsNumbersOfAnyLength) {
     ExpectReferences(kRows);
 }
 
-TEST(ParseReference, FindsNothingWithoutRecords) {
+TEST(ParseReference, FailsWithoutRecords) {
     EXPECT_FALSE(ParseReference({}, "Ge 1:1").ok);
 }
 
 struct RangeRow {
     std::string text;
-    const char* first;  // none: not recognised
+    const char* first;  // null: not recognized
     const char* last;
     const char* normalised;
 };
@@ -148,7 +148,7 @@ static void ExpectRanges(std::span<const RangeRow> rows) {
     }
 }
 
-TEST(ParseRange, EndsTheUnitThatWasNamed) {
+TEST(ParseRange, OfOneReferenceIsTheWholeUnit) {
     static const RangeRow kRows[] = {
         {"Ge", "Ge 1:1", "Ge 50:26", "Ge"},
         {"Ps 23", "Ps 23:1", "Ps 23:6", "Ps 23"},
@@ -184,9 +184,9 @@ TEST(ParseRange, ReadsTheSecondHalf) {
     ExpectRanges(kRows);
 }
 
-TEST(ParseRange, KeepsItsQuirks) {
+TEST(ParseRange, HasDeliberateQuirks) {
     static const RangeRow kRows[] = {
-        // The colon is looked for in all that follows, so the first half takes the second one's.
+        // The colon is searched for in the whole text, so the first half uses the colon of the second half.
         {"Ge 1 - Ex 2:3", "Ge 1:3", "Ge 1:3", "Ge 1- Ex 2:3"},
         {"Ge 1.1-2:3", "Ge 1:3", "Ge 1:3", "Ge 1.1-2:3"},
         // After a colon and a blank the number is read again, as a chapter.
@@ -203,7 +203,7 @@ TEST(ParseRange, KeepsItsQuirks) {
     ExpectRanges(kRows);
 }
 
-TEST(ParseRange, GivesTheTextAsItReadIt) {
+TEST(ParseRange, ReturnsTheTextAsRead) {
     static const RangeRow kRows[] = {
         {"  Ge 1 !?", "Ge 1:1", "Ge 1:31", "  Ge 1"},
         {"Xyz 1 2 3 !", nullptr, nullptr, "Xyz 123"},
@@ -214,6 +214,6 @@ TEST(ParseRange, GivesTheTextAsItReadIt) {
     ExpectRanges(kRows);
 }
 
-TEST(ParseRange, FindsNothingWithoutRecords) {
+TEST(ParseRange, FailsWithoutRecords) {
     EXPECT_FALSE(ParseRange({}, "Ge 1:1 - 2").ok);
 }

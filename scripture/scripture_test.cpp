@@ -11,21 +11,21 @@
 static const HandMadeVerse kVerses[] = {
     {1, 1, 1, "\xB6In the beginning"}, {1, 1, 2, "And [was]"}, {1, 1, 3, ""}, {1, 1, 4, "last"}};
 
-TEST(VerseText, EndsBeforeItsZero) {
+TEST(VerseText, EndsBeforeTheZeroByte) {
     const HandMadeFiles files = MakeFiles(kVerses);
     const Scripture scripture = ScriptureOf(files);
     for (int verse = 0; verse < 4; ++verse) EXPECT_EQ(VerseText(scripture, verse), kVerses[verse].text) << verse;
 }
 
-TEST(VerseText, IsEmptyWhereThereIsNoVerse) {
+TEST(VerseText, IsEmptyForAnInvalidVerse) {
     const HandMadeFiles files = MakeFiles(kVerses);
     for (const int verse : {-1, 4, 5, kLastVerse, kVerseCount, 2147483647, -2147483647 - 1})
         EXPECT_EQ(VerseText(ScriptureOf(files), verse), "") << verse;
     EXPECT_EQ(VerseText({}, 0), "");
 }
 
-// Offsets are not checked when the files are loaded; whatever they say, only bytes of the text are read.
-TEST(VerseText, StaysInsideTheTextWhateverTheOffsets) {
+// Offsets are not checked when the files are loaded, but with any offsets only bytes of the text may be read.
+TEST(VerseText, StaysInsideTheTextForAnyOffsets) {
     static constexpr struct {
         const char* why;
         std::uint32_t offset, nextOffset;
@@ -53,14 +53,14 @@ TEST(VerseText, StaysInsideTheTextWhateverTheOffsets) {
     }
 }
 
-TEST(VerseText, IsFoundWithoutTheNextRecord) {
+TEST(VerseText, DoesNotNeedTheNextRecord) {
     HandMadeFiles files = MakeFiles(kVerses);
     files.records.resize(7 + 3);  // cut inside the second record
     EXPECT_EQ(VerseText(ScriptureOf(files), 0), kVerses[0].text);
     EXPECT_EQ(VerseText(ScriptureOf(files), 1), "");
 }
 
-TEST(BeginsParagraph, LooksAtTheFirstByteOnly) {
+TEST(BeginsParagraph, DependsOnTheFirstByte) {
     static constexpr struct {
         std::string_view text;
         bool begins;
@@ -69,13 +69,13 @@ TEST(BeginsParagraph, LooksAtTheFirstByteOnly) {
     for (const auto& row : kRows) EXPECT_EQ(BeginsParagraph(row.text), row.begins) << row.text;
 }
 
-TEST(TheText, IsWholeAndInOrder) {
+TEST(TheText, IsCompleteAndInOrder) {
     const Scripture& scripture = TheRealScripture();
     EXPECT_EQ(scripture.records.bytes.size(), 217714u);
     std::size_t next = 0;
     for (int verse = 0; verse < kVerseCount; ++verse) {
         const std::string_view text = VerseText(scripture, verse);
-        // The Passage walks from one verse's closing zero straight into the next.
+        // The Passage relies on each verse starting directly after the zero byte of the previous one.
         ASSERT_EQ(RecordOf(scripture.records, verse).textOffset, next) << verse;
         ASSERT_FALSE(text.empty()) << verse;
         ASSERT_EQ(text.find('\0'), std::string_view::npos) << verse;
@@ -85,7 +85,7 @@ TEST(TheText, IsWholeAndInOrder) {
     EXPECT_EQ(next, scripture.text.size());
 }
 
-TEST(TheText, MarksParagraphsDirectlyBeforeAWord) {
+TEST(TheText, HasParagraphMarksDirectlyBeforeWords) {
     const std::string_view first = VerseText(TheRealScripture(), 0);
     EXPECT_TRUE(BeginsParagraph(first));
     EXPECT_EQ(first.substr(1, 16), "In the beginning");
@@ -106,7 +106,7 @@ static bool MapFake(void* device, const char* name, AccessPattern pattern, std::
     return true;
 }
 
-TEST(LoadScripture, ReadsRecordsThenText) {
+TEST(LoadScripture, LoadsRecordsThenText) {
     FakeFiles files{{{"_avvidx.dat", std::string("\1\1\1\0\0\0\0", 7)}, {"_avtext.dat", std::string("word\0", 5)}}, {}};
     Scripture scripture;
     EXPECT_TRUE(LoadScripture({&files, MapFake}, scripture));
@@ -114,7 +114,7 @@ TEST(LoadScripture, ReadsRecordsThenText) {
     EXPECT_EQ(VerseText(scripture, 0), "word");
 }
 
-TEST(LoadScripture, FailsAtTheFirstFileThatIsMissing) {
+TEST(LoadScripture, FailsAtTheFirstMissingFile) {
     static const struct {
         std::map<std::string, std::string> contents;
         std::size_t asked;
@@ -128,7 +128,7 @@ TEST(LoadScripture, FailsAtTheFirstFileThatIsMissing) {
     }
 }
 
-TEST(LoadScripture, TakesEmptyRecordsButNoEmptyText) {
+TEST(LoadScripture, AcceptsEmptyRecordsButNotEmptyText) {
     Scripture scripture;
     FakeFiles noRecords{{{"_avvidx.dat", ""}, {"_avtext.dat", "word"}}, {}};
     EXPECT_TRUE(LoadScripture({&noRecords, MapFake}, scripture));

@@ -6,7 +6,7 @@
 #include "tests/support/hand_made_scripture.h"
 #include "tests/support/native_scripture.h"
 
-TEST(Books, CarryTheirNames) {
+TEST(Books, HaveTheirNames) {
     static constexpr struct {
         int book;
         const char* name;
@@ -37,7 +37,7 @@ TEST(Books, CarryTheirNames) {
     }
 }
 
-TEST(Books, HaveABlankBehindTheirDigitInTheNameAlone) {
+TEST(Books, HaveABlankAfterTheDigitOnlyInTheName) {
     for (int book = 1; book <= kBookCount; ++book) {
         const std::string name = BookName(book);
         const std::string abbreviation = BookAbbreviation(book);
@@ -56,7 +56,7 @@ TEST(VerseLookup, FindsAndClampsInTheWholeBible) {
         {1, 0, 0, 0, "Ge 1:1"},
         {1, -3, -1, 0, "Ge 1:1"},
         {1, 1, 999, 30, "Ge 1:31"},
-        {1, 51, 1, 1532, "Ge 50:26"},  // a chapter beyond the last: the book's last verse, whatever verse was asked for
+        {1, 51, 1, 1532, "Ge 50:26"},  // a chapter beyond the last gives the last verse of the book, for any verse
         {1, 500, 500, 1532, "Ge 50:26"},
         {2, 0, 0, 1533, "Ex 1:1"},
         {19, 500, 500, 16400, "Ps 150:6"},
@@ -85,9 +85,9 @@ TEST(VerseLookup, FindsAndClampsInTheWholeBible) {
     }
 }
 
-TEST(VerseLookup, LeadsBackToEveryVerse) {
+TEST(VerseLookup, IsTheInverseOfRecordOf) {
     const VerseRecords& records = TheRealScripture().records;
-    // Every seventeenth, for the lookup walks from the first verse each time.
+    // Only every seventeenth verse, because each lookup starts at the first verse.
     for (int verse = 0; verse < kVerseCount; verse += 17) {
         const VerseRecord record = RecordOf(records, verse);
         ASSERT_EQ(VerseLookup(records, record.book, record.chapter, record.verse), verse);
@@ -98,7 +98,7 @@ static const HandMadeVerse kFewVerses[] = {
     {1, 1, 1, "a"}, {1, 1, 2, "b"}, {1, 2, 1, "c"}, {1, 2, 2, "d"}, {18, 1, 1, "e"}, {65, 1, 1, "f"}, {65, 1, 2, "g"},
 };
 
-TEST(VerseLookup, EndsWithTheRecordsThereAre) {
+TEST(VerseLookup, WorksWithFewRecords) {
     static constexpr struct {
         int book, chapter, verse;
         int index;
@@ -125,9 +125,9 @@ TEST(VerseLookup, FindsNothingPastTheLastVerse) {
     EXPECT_EQ(VerseLookup(ScriptureOf(files).records, 1, 500, 500), kLastVerse);
 }
 
-TEST(RecordOf, GivesZerosOutsideTheFile) {
+TEST(RecordOf, IsZeroOutsideTheFile) {
     HandMadeFiles files = MakeFiles(kFewVerses);
-    files.records.resize(files.records.size() + 6, 0xFF);  // and most of an eighth record
+    files.records.resize(files.records.size() + 6, 0xFF);  // adds an incomplete eighth record
     const VerseRecords records = ScriptureOf(files).records;
     EXPECT_EQ(RecordOf(records, 6).book, 65);
     for (const int outside : {-1, -2147483647 - 1, 7, 8, kLastVerse, 613566757, 2147483647}) {
@@ -160,7 +160,7 @@ TEST(ClampVerse, StaysInTheBible) {
     for (const auto& row : kRows) EXPECT_EQ(ClampVerse(row.verse), row.clamped) << row.verse;
 }
 
-TEST(ReferenceText, NamesVerses) {
+TEST(ReferenceText, FormatsReferences) {
     static constexpr struct {
         int verse;
         const char* withName;

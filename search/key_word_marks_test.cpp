@@ -43,10 +43,10 @@ TEST(MarkKeyWords, MarksWholeWords) {
         {"", kPlain, "In the beginning", "In the beginning", 0},
         {"longer than this", kPlain, "than", "{than}", 1},
         {"the lord", kPlain, "the LORD of the lords", "{the} {LORD} of {the} lords", 3},
-        // An apostrophe is no letter, though it belongs to a word of the query.
+        // An apostrophe is not a letter, but it can be part of a word of the query.
         {"lord", kPlain, "the LORD's, LORD'S", "the {LORD}'s, {LORD}'S", 2},
         {"lord's", kPlain, "the LORD's lord", "the {LORD's} lord", 1},
-        // Bytes from 0x80 on are letters, but not a paragraph mark before the word.
+        // Bytes from 0x80 are letters, except a paragraph mark before the word.
         {"and", kPlain,
          "\xB6"
          "And",
@@ -58,33 +58,33 @@ TEST(MarkKeyWords, MarksWholeWords) {
          "\xE9"
          "and and\xE9",
          0},
-        // A word typed twice is marked twice.
+        // A word that is typed twice is marked twice.
         {"end end", kPlain, "the end", "the {{end}}", 2},
         {"end the end", kPlain, "the end", "{the} {{end}}", 3},
-        // Earlier marks stand between the letters for later words.
+        // Marks of earlier words separate the letters that later words must match.
         {"lord lord's", kPlain, "LORD's", "{LORD}'s", 1},
         {"lord's lord", kPlain, "LORD's", "{{LORD}'s}", 2},
         {"x 's", kPlain, "x's", "{x}{'s}", 2},
         {"'s", kPlain, "x's 's's", "x's {'s}'s", 1},
         {"'s 's", kPlain, "'s's", "{{'s}}{'s}", 3},
-        // After a place that is no whole word the search goes on behind it.
+        // After a match that is not a whole word, the search continues after it.
         {"a'a", kPlain, "xa'a'a", "xa'a'a", 0},
     };
     for (const MarkRow& row : kRows) ExpectMarks(row);
 }
 
-TEST(MarkKeyWords, MarksWordsAsTypedWhereCaseMatters) {
+TEST(MarkKeyWords, MarksWordsCaseSensitively) {
     static const MarkRow kRows[] = {
         {"LORD", kCase, "Lord LORD lord", "Lord {LORD} lord", 1},
         {"the The", kCase, "The the", "{The} {the}", 2},
         {"In", kCase, "\xB6In the", "\xB6{In} the", 1},
-        {"the", kCase, "then the", "then {the}", 1},  // listed or not, the marks are the same
+        {"the", kCase, "then the", "then {the}", 1},  // marked even though a search would not list this verse
         {"OR", kCase | kParts, "LORD lord", "L{OR}D lord", 1},
     };
     for (const MarkRow& row : kRows) ExpectMarks(row);
 }
 
-TEST(MarkKeyWords, MarksPartsOfWords) {
+TEST(MarkKeyWords, MarksSubstrings) {
     static const MarkRow kRows[] = {
         {"he", kParts, "she them He", "s{he} t{he}m {He}", 3},
         {"love", kParts, "loved, beloved LOVE", "{love}d, be{love}d {LOVE}", 3},
@@ -93,11 +93,11 @@ TEST(MarkKeyWords, MarksPartsOfWords) {
          "[eEe]\xB6"
          "e",
          "[{e}{E}{e}]\xB6{e}", 4},
-        // What overlaps the place before it is not marked.
+        // A match that overlaps the previous one is not marked.
         {"aa", kParts, "aaa aaaa", "{aa}a {aa}{aa}", 3},
         {"ana", kParts, "banana", "b{ana}na", 1},
         {"aa aa", kParts, "aaa", "{{aa}}a", 2},
-        // Earlier marks stand between the letters for later words.
+        // Marks of earlier words separate the letters that later words must match.
         {"e the", kParts, "the", "th{e}", 1},
         {"the e", kParts, "the", "{th{e}}", 2},
         {"ab bc", kParts, "abc", "{ab}c", 1},
@@ -109,11 +109,11 @@ TEST(MarkKeyWords, MarksPartsOfWords) {
 TEST(MarkKeyWords, MarksThePhraseWordByWord) {
     static const MarkRow kRows[] = {
         {"in the beginning", kPhrase, "\xB6In the beginning God", "\xB6{In} {the} {beginning} God", 1},
-        // It may begin and end inside a word, but the words between its ends are whole.
+        // It may begin and end inside a word, but the words between must be whole.
         {"he said", kPhrase, "she said, he saidst", "s{he} {said}, {he} {said}st", 2},
         {"e and t", kPhrase, "the and they", "th{e} {and} {t}hey", 1},
         {"a b c", kPhrase, "a b c a bb c", "{a} {b} {c} a bb c", 1},
-        // Stops, brackets and paragraph marks are passed over and stay outside the marks of a word's ends.
+        // Stops, brackets and paragraph marks are ignored and stay outside the marks at the ends of words.
         {"the light day", kPhrase,
          "the [light]: \xB6"
          "Day",
@@ -122,7 +122,7 @@ TEST(MarkKeyWords, MarksThePhraseWordByWord) {
         {"jehovah jireh", kPhrase, "Jehovah-jireh", "Jehovah-jireh", 0},
         {"the lord's day", kPhrase, "the LORD's day, the LORDs day", "{the} {LORD's} {day}, the LORDs day", 1},
         {"the lord day", kPhrase, "the LORD's day", "the LORD's day", 0},
-        // The next place begins after the end of the one before.
+        // The next match begins after the end of the previous one.
         {"holy holy", kPhrase, "Holy, holy, holy", "{Holy}, {holy}, holy", 1},
         {"holy holy", kPhrase, "Holy, holy, holy, holy", "{Holy}, {holy}, {holy}, {holy}", 2},
         {"the LORD", kPhrase | kCase, "the lord, the LORD, The LORD", "the lord, {the} {LORD}, The LORD", 1},
@@ -139,9 +139,9 @@ static std::string Repeated(const std::string& text, int times) {
     return repeated;
 }
 
-// A marked verse is no longer than 3999 bytes: what would go beyond is not marked.
-TEST(MarkKeyWords, KeepsTheMarkedTextWithinItsLimit) {
-    // The text grows to `size` bytes by a tail that holds nothing to mark.
+// A marked verse has at most 3999 bytes; matches that would exceed that are not marked.
+TEST(MarkKeyWords, LimitsTheMarkedText) {
+    // The text is extended to `size` bytes by a tail without matches.
     const auto row = [](const char* query, int flags, std::string text, std::string marked, int count,
                         std::size_t size) {
         const std::string tail(size - text.size(), 'x');
@@ -167,8 +167,8 @@ TEST(MarkKeyWords, KeepsTheMarkedTextWithinItsLimit) {
     EXPECT_EQ(CountKeyWords(QueryFor(everyE, kParts), Repeated("e", 500)), 1749);
 }
 
-// A phrase is marked where it ends among the first thousand characters that are not passed over.
-TEST(MarkKeyWords, LooksForAPhraseInTheFirstThousandCharacters) {
+// A phrase is marked if it ends within the first thousand characters, not counting those that are ignored.
+TEST(MarkKeyWords, SearchesForAPhraseInTheFirstThousandCharacters) {
     const auto row = [](const std::string& before, const std::string& marked, int count) {
         return MarkRow{"a c", kPhrase, before + "a c", before + marked, count};
     };

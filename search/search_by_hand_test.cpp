@@ -1,5 +1,6 @@
-// Searches of the real text beside a search by hand: without the index, by rules alone, one verse and one word after
-// the other. A thousand queries of every kind must give the same verses, counts and marked texts.
+// Compares searches of the real text with a simple, independent search that does not use the index and examines one
+// verse and one word after the other. For a thousand queries of all kinds, the verses, counts and marked texts must be
+// the same.
 #include <gtest/gtest.h>
 
 #include <map>
@@ -41,7 +42,7 @@ static std::vector<std::string> WordsByHand(const std::string& text) {
     return words;
 }
 
-// The words of the text by number, and the numbers of each verse's words, each once.
+// The words of the text by number, and for each verse the numbers of its words, each once.
 struct Concordance {
     std::vector<std::string> texts;
     std::vector<std::string> words;
@@ -76,7 +77,7 @@ static bool HoldsTyped(const std::string& text, const std::string& word, bool pa
     return !CountsAsLetter(before) && !CountsAsLetter(after);
 }
 
-// How often each word of the query is hit in each verse, summed up.
+// For each verse, the total number of hits of all words of the query.
 static std::vector<int> HitsByHand(const std::vector<std::string>& query, bool caseMatters, bool parts) {
     const Concordance& concordance = TheConcordance();
     std::vector<int> hits(kVerseCount, 0);
@@ -140,7 +141,7 @@ static int MarkWordByHand(std::string word, bool caseMatters, bool parts, std::s
 
 static int MarkPhraseByHand(const std::string& phrase, bool caseMatters, std::string& text) {
     const Squeezed squeezed = SqueezedByHand(text, caseMatters);
-    std::map<std::size_t, std::pair<bool, bool>> ends;  // by place: does a word begin, does one end?
+    std::map<std::size_t, std::pair<bool, bool>> ends;  // by position: whether a word begins, and whether one ends
     int count = 0;
     for (std::size_t at = squeezed.text.find(phrase); at != std::string::npos;
          at = squeezed.text.find(phrase, at + phrase.size())) {
@@ -290,7 +291,7 @@ static std::size_t ExpectSame(const Request& request, HitCounters& hits) {
     return result.verses.size();
 }
 
-// Sanitizers slow the search by hand five times: with them it is done for a fifth of the queries.
+// Sanitizers make the simple search five times slower, so with them only a fifth of the queries is used.
 #ifdef __SANITIZE_ADDRESS__
 static constexpr int kQueries = 200;
 #else
@@ -305,7 +306,7 @@ TEST(SearchByHand, AgreesOnAThousandQueries) {
         successes += ExpectSame(maker.Next(), hits) == 0 ? 0 : 1;
         if (HasFailure()) return;
     }
-    EXPECT_GT(successes, kQueries / 2);  // or the queries would try little
+    EXPECT_GT(successes, kQueries / 2);  // otherwise the queries would test very little
     EXPECT_LT(successes, kQueries * 95 / 100);
 }
 
@@ -321,7 +322,7 @@ TEST(SearchByHand, AgreesOnTheLongestQueries) {
         }
 }
 
-// Of frequent words nearly all verses of a range are looked into, to its ends.
+// For frequent words, nearly all verses of a range are examined, including those at its ends.
 TEST(SearchByHand, AgreesOnFrequentPhrasesToTheEndsOfTheRange) {
     static constexpr SearchRange kRanges[] = {
         {}, {0, 0}, {0, 1}, {3, 2600}, {30000, kLastVerse}, {kLastVerse - 1, kLastVerse}, {kLastVerse, kLastVerse}};

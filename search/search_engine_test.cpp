@@ -71,19 +71,19 @@ TEST(WordSearch, CombinesWords) {
         {"lord god", kWords, kPlain, -1, {0, 8}, 2},
         {"LORD", kWords, kPlain, kAllWords, {1, 8}, 2},
         {"lord's", kWords, kPlain, kAllWords, {3}, 1},
-        // Whole words of the listed verses are counted, beside an apostrophe too.
+        // In the listed verses all whole words are counted, including those next to an apostrophe.
         {"hand lord", kWords, kPlain, kAnyWord, {1, 3, 8}, 4},
-        // A word typed twice is looked up and marked twice.
+        // A word that is typed twice is looked up and marked twice.
         {"the the", kWords, kPlain, kAllWords, {0, 1, 2, 3, 7}, 12},
         {"the the", kWords, kPlain, kAnyWord, {0, 1, 2, 3, 7}, 12},
         {"the the", kWords, kPlain, kOneWord, {}, 0},
-        // A word that is not there.
+        // A word that does not occur.
         {"zeal", kWords, kPlain, kAllWords, {}, 0},
         {"god zeal", kWords, kPlain, kAllWords, {}, 0},
         {"god zeal", kWords, kPlain, kAnyWord, {0, 1}, 2},
         {"god zeal", kWords, kPlain, kOneWord, {0, 1}, 2},
         {"jehovah-jireh", kWords, kPlain, kAllWords, {6}, 2},
-        // No words at all.
+        // A query without words.
         {"", kWords, kPlain, kAllWords, {}, 0},
         {" 1:2, ", kWords, kPlain, kAllWords, {}, 0},
         {" 1:2, ", kWords, kPlain, kOneWord, {}, 0},
@@ -91,13 +91,13 @@ TEST(WordSearch, CombinesWords) {
     ExpectRows(kRows);
 }
 
-TEST(WordSearch, ExaminesOnlyTheFirstPlaceWhereCaseMatters) {
+TEST(WordSearch, CaseSensitiveExaminesOnlyTheFirstPlace) {
     static const SearchRow kRows[] = {
         {"LORD", kWords, kCase, kAllWords, {1}, 1},
         {"Lord", kWords, kCase, kAllWords, {8}, 1},
-        {"the", kWords, kCase, kAllWords, {0, 1, 7}, 4},  // not "then the", nor "The"
-        {"In", kWords, kCase, kAllWords, {}, 0},          // a paragraph mark stands before it
-        {"in", kWords, kCase, kAllWords, {}, 0},          // stands inside "beginning" only
+        {"the", kWords, kCase, kAllWords, {0, 1, 7}, 4},  // not "then the" or "The"
+        {"In", kWords, kCase, kAllWords, {}, 0},          // preceded by a paragraph mark
+        {"in", kWords, kCase, kAllWords, {}, 0},          // occurs only inside "beginning"
         {"And and", kWords, kCase, kOneWord, {1, 6, 7}, 3},
         {"he", kWords, kCase, kAllWords, {7}, 2},
         {"loveD", kWords, kCase, kAllWords, {}, 0},
@@ -105,11 +105,11 @@ TEST(WordSearch, ExaminesOnlyTheFirstPlaceWhereCaseMatters) {
     ExpectRows(kRows);
 }
 
-TEST(WordSearch, FindsPartsOfWords) {
+TEST(WordSearch, FindsSubstrings) {
     static const SearchRow kRows[] = {
         {"love", kWords, kParts, kAllWords, {4, 9}, 4},
-        {"love", kWords, kParts, kOneWord, {4, 9}, 4},      // two words of the index, one of the query
-        {"love loved", kWords, kParts, kAllWords, {4}, 2},  // the marks of "love" cut "loved" apart
+        {"love", kWords, kParts, kOneWord, {4, 9}, 4},      // two words of the index, but one of the query
+        {"love loved", kWords, kParts, kAllWords, {4}, 2},  // the marks of "love" split "loved"
         {"loved love", kWords, kParts, kAllWords, {4}, 3},
         {"lov glov", kWords, kParts, kOneWord, {4}, 2},
         {"LORD", kWords, kParts | kCase, kAllWords, {1, 3}, 2},
@@ -117,13 +117,13 @@ TEST(WordSearch, FindsPartsOfWords) {
         {"lord", kWords, kParts | kCase, kAllWords, {}, 0},
         {"he the", kWords, kParts | kCase, kAllWords, {0, 1, 2, 7}, 9},
         {"z", kWords, kParts, kAllWords, {}, 0},
-        // Only words of the index are found: what stands across their ends is not.
+        // Only words of the index are searched, so a match across two words is not found.
         {"hj", kWords, kParts, kAllWords, {}, 0},
     };
     ExpectRows(kRows);
 }
 
-TEST(PhraseSearch, FindsWordsInARow) {
+TEST(PhraseSearch, FindsConsecutiveWords) {
     static const SearchRow kRows[] = {
         {"the lord", kPhrase, kPlain, kAllWords, {1}, 1},  // "lord" is not a word of "The LORD's hand"
         {"The, LORD'S", kPhrase, kPlain, kAllWords, {3}, 1},
@@ -133,36 +133,36 @@ TEST(PhraseSearch, FindsWordsInARow) {
         {"of the light", kPhrase, kPlain, kAllWords, {7}, 1},
         {"holy holy holy", kPhrase, kPlain, kAllWords, {5}, 1},
         {"said holy", kPhrase, kPlain, kAllWords, {5}, 1},
-        {"Jehovah-jireh", kPhrase, kPlain, kAllWords, {}, 0},  // the query parts it, the text does not
+        {"Jehovah-jireh", kPhrase, kPlain, kAllWords, {}, 0},  // the query has two words, but the text has no blank
         {"the zeal", kPhrase, kPlain, kAllWords, {}, 0},
         {"god the", kPhrase, kPlain, kAllWords, {}, 0},
         {"", kPhrase, kPlain, kAllWords, {}, 0},
         {" 1:2 ", kPhrase, kPlain, kAllWords, {}, 0},
         {"And the", kPhrase, kCase, kAllWords, {1}, 1},
         {"and the", kPhrase, kCase, kAllWords, {}, 0},
-        {"In the", kPhrase, kCase, kAllWords, {}, 0},    // a paragraph mark stands before it
-        {"then the", kPhrase, kCase, kAllWords, {}, 0},  // "the" first stands inside "then"
+        {"In the", kPhrase, kCase, kAllWords, {}, 0},    // preceded by a paragraph mark
+        {"then the", kPhrase, kCase, kAllWords, {}, 0},  // the first "the" is inside "then"
         {"the LORD", kPhrase, kCase, kAllWords, {1}, 1},
-        // Neither the boolean type nor the substring flag matters.
+        // The boolean type and the substring flag have no effect.
         {"the lord", kPhrase, kParts, kOneWord, {1}, 1},
         {"the lor", kPhrase, kParts, kAnyWord, {}, 0},
     };
     ExpectRows(kRows);
 }
 
-// It is marked, and counted, as a search for words would mark it.
+// Phrase mode stays off, and the word is marked with the options of the last word search.
 TEST(PhraseSearch, TreatsASingleWordAsAWord) {
     static const SearchRow kRows[] = {
         {"he", kPhrase, kPlain, kAllWords, {7}, 2},   {"he", kPhrase, kPlain, kOneWord, {7}, 2},
-        {"he", kPhrase, kParts, kAllWords, {7}, 3},  // "the" too
+        {"he", kPhrase, kParts, kAllWords, {7}, 3},  // including "the"
         {"love", kPhrase, kParts, kAllWords, {9}, 2}, {"LORD", kPhrase, kCase, kAnyWord, {1}, 1},
         {"a", kPhrase, kPlain, kAllWords, {}, 0},
     };
     ExpectRows(kRows);
 }
 
-// A phrase is looked for in the whole verse, but marked, and counted, in its first thousand characters only.
-TEST(PhraseSearch, ListsAVerseWhosePhraseStandsBeyondTheMarks) {
+// A phrase is searched for in the whole verse, but marked and counted only in its first thousand characters.
+TEST(PhraseSearch, ListsAVerseWhosePhraseIsBeyondTheMarkedPart) {
     const std::string text = "holy " + std::string(1000, 'x') + ", he said";
     const HandMadeVerse verses[] = {{1, 1, 1, text}, {1, 1, 2, "he said"}};
     const HandMadeFiles files = MakeFiles(verses);
@@ -192,8 +192,8 @@ static void ExpectPhrases(std::span<const HandMadeVerse> verses, std::span<const
     }
 }
 
-// The texts of verses that have all words are swept together, and a phrase belongs to one of them alone.
-TEST(PhraseSearch, TellsNeighbouringVersesApart) {
+// The texts of verses with all words are scanned together, but a phrase must be within one verse.
+TEST(PhraseSearch, DoesNotMatchAcrossVerses) {
     static constexpr HandMadeVerse kNeighbours[] = {
         {1, 1, 1, "of the end"},                               // 0
         {1, 1, 2, "of the end, of the"},                       // 1
@@ -212,7 +212,7 @@ TEST(PhraseSearch, TellsNeighbouringVersesApart) {
         {"of the", {6, 6}, {6}, 1},
         {"the end", {}, {0, 1, 2, 5, 6}, 7},
         {"the end", {2, 2}, {2}, 1},
-        {"end of", {}, {1, 2, 5, 6}, 5},  // not from one verse into the next
+        {"end of", {}, {1, 2, 5, 6}, 5},  // not across two verses
         {"end of", {0, 1}, {1}, 1},
         {"the of", {}, {3, 5}, 2},
         {"end the", {}, {}, 0},
@@ -220,7 +220,7 @@ TEST(PhraseSearch, TellsNeighbouringVersesApart) {
     ExpectPhrases(kNeighbours, kRows);
 }
 
-TEST(PhraseSearch, CountsByMarksInALongVerseAmongOthers) {
+TEST(PhraseSearch, CountsOnlyMarkedPlacesOfALongVerse) {
     const std::string end = std::string(1000, 'x') + ", he said";
     const std::string longVerse = "he said " + end;
     const std::string unmarked = "said he " + end;
@@ -238,7 +238,7 @@ TEST(PhraseSearch, CountsByMarksInALongVerseAmongOthers) {
     ExpectPhrases(verses, kRows);
 }
 
-TEST(Search, KeepsToItsRange) {
+TEST(Search, StaysInItsRange) {
     static const struct {
         SearchRange range;
         std::vector<std::int32_t> verses;
@@ -263,7 +263,7 @@ TEST(Search, KeepsToItsRange) {
                     << row.range.StartVerse << " " << row.range.EndVerse;
 }
 
-// Entries of the index outside the range count nothing, whatever the flags.
+// Entries of the index outside the range are not counted, with any flags.
 TEST(Search, CountsNothingOutsideItsRange) {
     const SmallBible bible;
     for (const int flags : kEveryFlags)
@@ -304,8 +304,8 @@ TEST(Search, TakesWordsOfAnyLength) {
             }
 }
 
-// Damaged files may give nonsense, but nothing outside them is touched.
-TEST(Search, SurvivesADamagedIndex) {
+// Damaged files may give wrong results, but nothing outside them may be accessed.
+TEST(Search, HandlesADamagedIndex) {
     SmallBible bible;
     const FilesInMemory whole = MakeIndexFiles(kVerses);
     std::vector<FilesInMemory> damages;
@@ -331,16 +331,16 @@ TEST(Search, SurvivesADamagedIndex) {
         EXPECT_TRUE(Search({}, {}, QueryFor("the", kind), {}, hits).verses.empty());
 }
 
-TEST(SearchSummary, SaysHowMany) {
+TEST(SearchSummary, GivesTheCounts) {
     static constexpr struct {
         std::size_t verses;
         int occurrences;
         const char* summary;
     } kRows[] = {
         {0, 0, "0 verses, 0 occurrences"},
-        {1, 1, "1 verse, 1 occurance"},
+        {1, 1, "1 verse, 1 occurance"},  // (sic)
         {1, 2, "1 verse, 2 occurrences"},
-        {2, 1, "2 verses, 1 occurance"},
+        {2, 1, "2 verses, 1 occurance"},  // (sic)
         {24091, 63919, "24091 verses, 63919 occurrences"},
         {1, 0, "1 verse, 0 occurrences"},
     };

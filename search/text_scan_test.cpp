@@ -1,6 +1,6 @@
-// Scanning is tried at every place of texts of every length about a block, and on random texts, beside loops that look
-// at one place after the other. The texts lie in blocks of memory of just their size, so that a sanitizer sees every
-// step beyond them.
+// Compares the fast text scans with simple loops, for matches at every position in texts of all lengths around the size
+// of a block, and for random texts. The texts are in memory blocks of exactly their size, so that a sanitizer detects
+// every access out of bounds.
 #include "search/text_scan.h"
 
 #include <gtest/gtest.h>
@@ -8,7 +8,7 @@
 #include <memory>
 #include <random>
 
-// A copy with nothing behind it, not even a zero.
+// A copy without a terminating zero byte.
 struct ExactText {
     explicit ExactText(const std::string& text) : bytes(new char[text.size()]), size(text.size()) {
         text.copy(bytes.get(), size);
@@ -38,7 +38,7 @@ static int CountSlowly(const std::string& text, const std::string& word, bool an
     return count;
 }
 
-// By way of a copy of the text that has nothing to pass over. Zeros stay in it and part the texts of verses.
+// Searches a copy of the text without the characters that are ignored. Zero bytes remain and separate the verses.
 static std::vector<std::pair<std::size_t, std::size_t>> PhrasesSlowly(const std::string& text,
                                                                       const std::string& phrase, bool anyCase) {
     std::string kept;
@@ -75,7 +75,7 @@ static void ExpectSamePhrases(const std::string& text, const std::string& phrase
     ASSERT_EQ(CountPhrasesInText(exact.View(), pattern), static_cast<int>(found.size())) << text << "|" << phrase;
 }
 
-TEST(TextScan, FindsAWordAtEveryPlaceOfEveryText) {
+TEST(TextScan, FindsAWordAtEveryPosition) {
     for (const std::string word : {"a", "of", "the", "o'er", "deliverance", "wordsoftwentyletters"})
         for (std::size_t size = 0; size < 60; ++size)
             for (std::size_t at = 0; at + word.size() <= size; ++at)
@@ -88,7 +88,7 @@ TEST(TextScan, FindsAWordAtEveryPlaceOfEveryText) {
                 }
 }
 
-TEST(TextScan, FindsAPhraseAtEveryPlaceOfEveryText) {
+TEST(TextScan, FindsAPhraseAtEveryPosition) {
     for (const std::string phrase : {"a", "of", "a b", "of the", "i am that i am"})
         for (const std::string between : {"", "-", ", ["})
             for (std::size_t size = 0; size < 50; ++size)
@@ -103,8 +103,8 @@ TEST(TextScan, FindsAPhraseAtEveryPlaceOfEveryText) {
                 }
 }
 
-// A long text is swept in stretches of a thousand bytes and a few, and a phrase may stand across their ends.
-TEST(TextScan, FindsAPhraseAtEveryPlaceOfALongText) {
+// A long text is scanned in sections of about a thousand bytes, and a phrase may extend across two sections.
+TEST(TextScan, FindsAPhraseAtEveryPositionOfALongText) {
     for (const std::string phrase : {"a b", "of the", "i am that i am of old"})
         for (const std::string between : {"", ", [", "--------------------"})
             for (const std::size_t size : {1027, 1040, 3000})
@@ -116,7 +116,7 @@ TEST(TextScan, FindsAPhraseAtEveryPlaceOfALongText) {
                 }
 }
 
-TEST(TextScan, FindsNoPhraseAcrossAZero) {
+TEST(TextScan, DoesNotFindAPhraseAcrossAZeroByte) {
     static const struct {
         std::string text;
         int count;
@@ -133,8 +133,9 @@ TEST(TextScan, FindsNoPhraseAcrossAZero) {
         }
 }
 
-// Bytes that differ from a letter or an apostrophe by the bit that tells capitals are no capitals.
-TEST(TextScan, FoldsLettersAlone) {
+// Bytes that differ from a letter or an apostrophe only in bit 5, like a capital, must not match it unless they are
+// letters.
+TEST(TextScan, FoldsOnlyLetters) {
     for (const auto& [word, text] :
          {std::pair("o'er", std::string("xxxxxxxxxxxxxxxxxxxx o\x07"
                                         "er")),
@@ -146,7 +147,7 @@ TEST(TextScan, FoldsLettersAlone) {
         "o'er the", true);
 }
 
-TEST(TextScan, CountsMoreThanAByteHolds) {
+TEST(TextScan, CountsMoreThan255Matches) {
     for (const std::size_t times : {254, 255, 256, 4079, 4080, 4081, 10000}) {
         EXPECT_EQ(CountInText(ExactText(std::string(times, 'e')).View(), "e", true, false), static_cast<int>(times));
         std::string words;
@@ -155,14 +156,14 @@ TEST(TextScan, CountsMoreThanAByteHolds) {
     }
 }
 
-// The phrase does not begin in what an earlier place of it took.
-TEST(TextScan, GoesOnAfterAPhrase) {
+// Matches of a phrase must not overlap.
+TEST(TextScan, ContinuesAfterTheEndOfAPhrase) {
     ExpectSamePhrases("holy, holy, holy, holy, holy", "holy holy", false);
     ExpectSamePhrases("a a a a a a a a a a a a a a a a a a a a a", "a a a", false);
     EXPECT_EQ(CountPhrasesInText("holy, holy, holy, holy, holy", PatternOf("holy holy", true)), 2);
 }
 
-TEST(TextScan, FindsNoEmptyPhrase) {
+TEST(TextScan, DoesNotFindAnEmptyPhrase) {
     EXPECT_EQ(CountPhrasesInText("some text that is longer than a block", PatternOf("", true)), 0);
     EXPECT_EQ(CountPhrasesInText("", PatternOf("a b", true)), 0);
 }

@@ -31,7 +31,7 @@ TEST(LoadWordIndex, GivesTheWordsInFileOrder) {
     for (const std::string_view word : index.words) EXPECT_EQ(word.data()[word.size()], '\0') << word;
 }
 
-TEST(LoadWordIndex, SaysWhichFileStopsIt) {
+TEST(LoadWordIndex, ReportsAMissingFile) {
     static constexpr struct {
         const char* missing;
         IndexLoad load;
@@ -53,20 +53,20 @@ TEST(LoadWordIndex, SaysWhichFileStopsIt) {
     }
 }
 
-TEST(LoadWordIndex, TakesNoEmptyFileOfWords) {
+TEST(LoadWordIndex, RejectsAnEmptyWordsFile) {
     FilesInMemory files = MakeIndexFiles(kVerses);
     files[kWordsFile].clear();
     WordIndex index;
     EXPECT_EQ(LoadWordIndex(DeviceOver(files), index), IndexLoad::kFailed);
 }
 
-TEST(LoadWordIndex, LeavesOutAWordWithoutItsClosingZero) {
+TEST(LoadWordIndex, IgnoresAWordThatIsNotTerminated) {
     FilesInMemory files = MakeIndexFiles(kVerses);
     files[kWordsFile].pop_back();
     EXPECT_EQ(IndexOf(files).words.back(), "there");
 }
 
-TEST(LoadWordIndex, ForgetsWhatWasLoadedBefore) {
+TEST(LoadWordIndex, DiscardsAPreviousIndex) {
     FilesInMemory files = MakeIndexFiles(kVerses);
     WordIndex index = IndexOf(files);
     files.clear();
@@ -74,7 +74,7 @@ TEST(LoadWordIndex, ForgetsWhatWasLoadedBefore) {
     EXPECT_EQ(WordCount(index), 0);
 }
 
-TEST(FindWord, FindsWholeWordsOnly) {
+TEST(FindWord, FindsOnlyWholeWords) {
     FilesInMemory files = MakeIndexFiles(kVerses);
     const WordIndex index = IndexOf(files);
     for (int word = 0; word < WordCount(index); ++word)
@@ -95,8 +95,8 @@ TEST(EntriesOf, AreTheVersesOfTheWord) {
     for (const auto& row : kRows) EXPECT_EQ(VersesOf(index, FindWord(index, row.word)), row.verses) << row.word;
 }
 
-// The pointers are not checked when the index is loaded; whatever they say, only entries that there are come out.
-TEST(EntriesOf, StayInsideTheListsWhateverThePointersSay) {
+// The pointers are not checked when the index is loaded, but with any pointers only existing entries may be returned.
+TEST(EntriesOf, StayInsideTheListsForAnyPointers) {
     static const struct {
         const char* why;
         std::vector<unsigned char> pointers;
@@ -126,7 +126,7 @@ TEST(EntriesOf, StayInsideTheListsWhateverThePointersSay) {
     }
 }
 
-// The index of the real text says what the text says, word by word.
+// Compares the real index with the text, word by word.
 TEST(TheRealWordIndex, ListsTheVersesOfEveryWordOfTheText) {
     std::map<std::string, std::vector<int>> wanted;
     for (int verse = 0; verse < kVerseCount; ++verse) {
@@ -145,7 +145,7 @@ TEST(TheRealWordIndex, ListsTheVersesOfEveryWordOfTheText) {
     ASSERT_EQ(WordCount(index), 12730);
     ASSERT_EQ(wanted.size(), 12730u);
     int word = 0;
-    for (const auto& [text, verses] : wanted) {  // a map of strings is in the order of the file
+    for (const auto& [text, verses] : wanted) {  // the map has the same order as the file
         ASSERT_EQ(index.words[static_cast<std::size_t>(word)], text);
         ASSERT_EQ(VersesOf(index, word), verses) << text;
         ++word;

@@ -1,4 +1,4 @@
-// Widths from the tables of the faces, beside what the system says of each word of the whole text.
+// Compares the widths that are calculated from tables with those of the system, for each word of the whole text.
 
 #include "typeset/faces_win32.h"
 
@@ -10,7 +10,7 @@
 
 #include "tests/driver/driver.h"
 
-// Every word that the panes can be asked to measure, with the blank behind it: once with its marks, once without.
+// Every word that the panes may measure, with the blank after it, both with and without its punctuation.
 static std::set<std::string> WordsOfText() {
     std::ifstream file(std::filesystem::path(Surroundings().data) / "_avtext.dat", std::ios::binary);
     std::set<std::string> words;
@@ -29,7 +29,7 @@ static std::set<std::string> WordsOfText() {
     return words;
 }
 
-// A place to ask the system, of the screen's kind, with the font that a face should have.
+// A device context compatible with the screen, with the font of a face selected.
 struct Asked {
     OwnedBitmap bitmap;
     OwnedDc dc;
@@ -58,7 +58,7 @@ static int WidthAsked(const Asked& asked, const std::string& word) {
 struct FaceRow {
     const char* name;
     FontChoice font;
-    bool mustAddUp;  // the font that the program starts with is to be measured from its tables
+    bool mustAddUp;  // the default font must be measured with tables
 };
 
 static const FaceRow kRows[] = {
@@ -81,7 +81,7 @@ struct FaceWidths : testing::TestWithParam<FaceRow> {};
 INSTANTIATE_TEST_SUITE_P(Faces, FaceWidths, testing::ValuesIn(kRows),
                          [](const auto& row) { return std::string(row.param.name); });
 
-TEST_P(FaceWidths, AreTheSystemsForEveryWordOfTheText) {
+TEST_P(FaceWidths, MatchTheSystemForEveryWordOfTheText) {
     static const std::set<std::string> words = WordsOfText();
     ASSERT_GT(words.size(), 20000u);
     Faces faces;

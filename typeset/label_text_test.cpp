@@ -4,7 +4,7 @@
 
 #include <string>
 
-TEST(LabelText, IsPutTogetherPieceByPiece) {
+TEST(LabelText, IsBuiltFromPieces) {
     LabelText label;
     EXPECT_EQ(TextOf(label), "");
     AppendText(label, " *");
@@ -14,14 +14,14 @@ TEST(LabelText, IsPutTogetherPieceByPiece) {
     EXPECT_EQ(TextOf(label), " *1Sa 17:4 176");
 }
 
-TEST(LabelText, NamesTheBookByItsAbbreviation) {
+TEST(LabelText, UsesTheAbbreviationByDefault) {
     struct Row {
         VerseRecord record;
         const char* text;
     };
     const Row rows[] = {
         {{1, 1, 1, 0}, "Ge 1:1"},       {{65, 1, 25, 0}, "Jude 1:25"},
-        {{18, 42, 17, 0}, "Job 42:17"}, {{66, 255, 255, 0}, "Re 255:255"},  // the largest numbers that a record holds
+        {{18, 42, 17, 0}, "Job 42:17"}, {{66, 255, 255, 0}, "Re 255:255"},  // the largest numbers in a record
         {{0, 0, 0, 0}, " 0:0"},
     };
     for (const Row& row : rows) {
@@ -31,13 +31,13 @@ TEST(LabelText, NamesTheBookByItsAbbreviation) {
     }
 }
 
-TEST(LabelText, NamesTheBookInFullWhereItIsAskedTo) {
+TEST(LabelText, CanUseTheFullNameOfTheBook) {
     LabelText label;
     AppendReference(label, {52, 5, 16, 0}, BookForm::kName);
     EXPECT_EQ(TextOf(label), "1 Thessalonians 5:16");
 }
 
-TEST(LabelText, IsCutWhereItIsFull) {
+TEST(LabelText, IsTruncatedWhenFull) {
     LabelText label;
     AppendText(label, std::string(60, 'a'));
     AppendNumber(label, -123456);

@@ -4,7 +4,8 @@
 
 #include "tests/support/even_letters.h"
 
-// Pieces as "r:text", the face told by r, b, i or z (bold italic), a capital for a key word; "/" between words.
+// Pieces as "r:text", where the letter is the face: r, b, i or z (bold italic), in upper case for a key word; "/"
+// between words.
 static std::string Pieces(BracketUse brackets, bool italicsFromWordStart, std::string_view verse) {
     WordReader reader;
     reader.brackets = brackets;
@@ -26,7 +27,7 @@ struct PieceRow {
     const char* pieces;
 };
 
-TEST(WordPieces, WordsKeepTheBlankBehindThem) {
+TEST(WordPieces, WordsIncludeTheBlankAfterThem) {
     const PieceRow rows[] = {
         {"And God said,", "r:And |/r:God |/r:said, |"},
         {"Amen", "r:Amen |"},
@@ -42,7 +43,7 @@ TEST(WordPieces, WordsKeepTheBlankBehindThem) {
     for (const PieceRow& row : rows) EXPECT_EQ(Pieces(BracketUse::kDropped, true, row.verse), row.pieces) << row.verse;
 }
 
-TEST(WordPieces, BracketsStandRoundItalics) {
+TEST(WordPieces, BracketsAreShownAroundItalics) {
     const PieceRow rows[] = {
         {"[it was] good", "r:[|i:it |/i:was|r:]|r: |/r:good |"},
         {"([is] it", "r:(|r:[|i:is|r:]|r: |/r:it |"},
@@ -54,7 +55,7 @@ TEST(WordPieces, BracketsStandRoundItalics) {
         EXPECT_EQ(Pieces(BracketUse::kShownRoundItalics, false, row.verse), row.pieces) << row.verse;
 }
 
-TEST(WordPieces, BracketsAreDropped) {
+TEST(WordPieces, BracketsAreRemoved) {
     const PieceRow rows[] = {
         {"[it was] good", "r:it |/r:was|r: |/r:good |"},
         {"([is] it", "r:(|r:is|r: |/r:it |"},
@@ -77,27 +78,27 @@ TEST(WordPieces, BracketsAreShownInTheRegularFace) {
 TEST(WordPieces, BracketsTurnItalicsOnAndOff) {
     const PieceRow rows[] = {
         {"the [light was] good", "r:the |/i:light |/i:was|r: |/r:good |"},
-        {"[of]: and", "i:of|r:: |/r:and |"},    // the mark behind it stands upright
+        {"[of]: and", "i:of|r:: |/r:and |"},    // the punctuation after it is upright
         {"[of]), and", "i:of|r:), |/r:and |"},  //
         {"saw [it]", "r:saw |/i:it|r: |"},      // a verse that ends in a bracket
         {"[it]", "i:it|r: |"},                  //
-        {"[un]to him", "i:un|r:to |/r:him |"},  // a letter right behind the bracket
-        {"a ] b", "r:a |/r: |/r:b |"},          // a bracket that closes nothing
+        {"[un]to him", "i:un|r:to |/r:him |"},  // a letter directly after the bracket
+        {"a ] b", "r:a |/r: |/r:b |"},          // a closing bracket without an opening one
         {"[] a", "r: |/r:a |"},                 //
         {"[a][b] c", "i:a|i:b|r: |/r:c |"},     //
         {"\xB6[Then] he", "r:\xB6 |/i:Then|r: |/r:he |"},
-        {"[a b", "i:a |/i:b |"},  // one that is never closed
+        {"[a b", "i:a |/i:b |"},  // an opening bracket without a closing one
     };
     for (const PieceRow& row : rows)
         EXPECT_EQ(Pieces(BracketUse::kItalicFace, true, row.verse), row.pieces) << row.verse;
 }
 
-TEST(WordPieces, AMarkBeforeAnOpeningBracketGoesByTheOption) {
+TEST(WordPieces, PunctuationBeforeABracketFollowsTheOption) {
     EXPECT_EQ(Pieces(BracketUse::kItalicFace, true, "([is] it"), "i:(|i:is|r: |/r:it |");
     EXPECT_EQ(Pieces(BracketUse::kItalicFace, false, "([is] it"), "r:(|i:is|r: |/r:it |");
 }
 
-TEST(WordPieces, KeyWordsAreBoldAndTheirBracesAreGone) {
+TEST(WordPieces, KeyWordsAreBoldWithoutTheirBraces) {
     const PieceRow rows[] = {
         {"the {LORD}, he", "r:the |/B:LORD|r:, |/r:he |"},
         {"{{end}} of", "B:end|r: |/r:of |"},                      // a word typed twice
@@ -107,13 +108,13 @@ TEST(WordPieces, KeyWordsAreBoldAndTheirBracesAreGone) {
         {"[{it}] is", "Z:it|r: |/r:is |"},                        //
         {"([{is}] it", "r:(|Z:is|r: |/r:it |"},                   //
         {"{un[to]}", "B:un|Z:to|r: |"},                           //
-        {"}a{ b} c", "r:a|B: |/B:b|r: |/r:c |"},                  // braces that do not fit
+        {"}a{ b} c", "r:a|B: |/B:b|r: |/r:c |"},                  // unbalanced braces
     };
     for (const PieceRow& row : rows)
         EXPECT_EQ(Pieces(BracketUse::kItalicFace, false, row.verse), row.pieces) << row.verse;
 }
 
-TEST(WordPieces, NothingReachesIntoTheNextVerse) {
+TEST(WordPieces, StateIsResetForTheNextVerse) {
     WordReader reader;
     reader.brackets = BracketUse::kItalicFace;
     OpenVerse(reader, "[{a");
@@ -124,7 +125,7 @@ TEST(WordPieces, NothingReachesIntoTheNextVerse) {
     EXPECT_FALSE(reader.pieces[0].keyWord);
 }
 
-TEST(WordPieces, TellsTheLastWord) {
+TEST(WordPieces, RecognizesTheLastWord) {
     WordReader reader;
     OpenVerse(reader, "Jesus wept.");
     ASSERT_TRUE(ReadWord(reader));
@@ -135,12 +136,12 @@ TEST(WordPieces, TellsTheLastWord) {
     EXPECT_TRUE(reader.pieces.empty());
 }
 
-TEST(WordPieces, AWordMayBeOfAnyLength) {
+TEST(WordPieces, WordsCanHaveAnyLength) {
     const std::string longWord(5000, 'x');
     EXPECT_EQ(Pieces(BracketUse::kItalicFace, true, longWord), "r:" + longWord + " |");
 }
 
-TEST(WordPieces, AWordIsAsWideAsItsPieces) {
+TEST(WordPieces, WordWidthIsTheSumOfItsPieces) {
     WordReader reader;
     reader.brackets = BracketUse::kItalicFace;
     OpenVerse(reader, "[of]: x");

@@ -24,7 +24,7 @@ static std::string CopyOf(const Scripture& scripture, const VerseList& list, con
     return VerseListCopyText(scripture, list, row.keepBrackets, {kVerseListOwns, row.anchor, row.end});
 }
 
-// Of the list 1Sa 3:4, Ge 1:1, Ge 1:2, Joh 11:35: what stands in an entry is not the entry's number.
+// Copies from the list 1Sa 3:4, Ge 1:1, Ge 1:2, Joh 11:35, where verse indexes differ from entry numbers.
 static void ExpectCopies(std::span<const ListCopyRow> rows) {
     const HandMadeFiles files = MakeFiles(kVerses);
     const Scripture scripture = ScriptureOf(files);
@@ -37,7 +37,7 @@ static void ExpectCopies(std::span<const ListCopyRow> rows) {
     }
 }
 
-TEST(VerseListCopy, OfOneEntryHasNoLineEnd) {
+TEST(VerseListCopy, WithinOneEntryHasNoLineEnd) {
     static constexpr ListCopyRow kRows[] = {
         {false, {2, 0}, {2, 0}, " Ge 1:2 "},         // the label alone
         {false, {1, 0}, {1, 0}, " Ge 1:1 "},         //
@@ -52,7 +52,7 @@ TEST(VerseListCopy, OfOneEntryHasNoLineEnd) {
     ExpectCopies(kRows);
 }
 
-TEST(VerseListCopy, EndsTheFirstLineWithABlankAndTheOthersWithout) {
+TEST(VerseListCopy, OnlyTheFirstLineEndsWithABlank) {
     static constexpr ListCopyRow kRows[] = {
         {false, {1, 0}, {2, 1}, " Ge 1:1 \xB6 In the beginning. \r\n Ge 1:2 And "},
         {false, {1, 4}, {2, 0}, "beginning. \r\n Ge 1:2 "},
@@ -62,8 +62,8 @@ TEST(VerseListCopy, EndsTheFirstLineWithABlankAndTheOthersWithout) {
     ExpectCopies(kRows);
 }
 
-// There is no blank to cut the line behind.
-TEST(VerseListCopy, KeepsTheLineEndBehindTheLastWordOfAFollowingEntry) {
+// Deliberate: the lines of later entries do not end with a blank, so the line end is not removed.
+TEST(VerseListCopy, KeepsTheLineEndAfterTheLastWordOfALaterEntry) {
     static constexpr ListCopyRow kRows[] = {
         {false, {2, 4}, {3, 2}, "so. \r\n Joh 11:35 Jesus wept.\r\n"},
         {false, {2, 4}, {3, 1}, "so. \r\n Joh 11:35 Jesus "},
@@ -72,7 +72,7 @@ TEST(VerseListCopy, KeepsTheLineEndBehindTheLastWordOfAFollowingEntry) {
     ExpectCopies(kRows);
 }
 
-TEST(VerseListCopy, KeepsBracketsWhereItIsAskedTo) {
+TEST(VerseListCopy, CanKeepBrackets) {
     static constexpr ListCopyRow kRows[] = {
         {true, {2, 0}, {2, 4}, " Ge 1:2 And [it was] so. "},
         {true, {2, 2}, {3, 1}, "[it was] so. \r\n Joh 11:35 Jesus "},
@@ -82,7 +82,7 @@ TEST(VerseListCopy, KeepsBracketsWhereItIsAskedTo) {
     ExpectCopies(kRows);
 }
 
-TEST(VerseListCopy, StandsForAnySelection) {
+TEST(VerseListCopy, HandlesAnySelection) {
     static constexpr ListCopyRow kRows[] = {
         {true, {-1, -1}, {-1, -1}, ""},       {true, {-1, -1}, {2, 1}, ""}, {true, {7, 0}, {9, 1}, ""},
         {true, {3, 2}, {9, 1}, "wept. \r\n"}, {true, {3, 5}, {3, 9}, ""},
@@ -91,7 +91,7 @@ TEST(VerseListCopy, StandsForAnySelection) {
     EXPECT_EQ(CopyOf({}, {}, {true, {0, 0}, {3, 1}, ""}), "");
 }
 
-TEST(RealVerseListCopy, TakesAListOfTheWholeBible) {
+TEST(RealVerseListCopy, CopiesAListOfTheWholeBible) {
     VerseList list;
     list.ListEntries.resize(kVerseCount);
     std::iota(list.ListEntries.begin(), list.ListEntries.end(), 0);

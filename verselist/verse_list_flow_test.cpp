@@ -16,7 +16,7 @@ static constexpr HandMadeVerse kVerses[] = {
     {43, 11, 35, "Jesus wept."},
 };
 
-// What a flow looks at, and the flow: 200 by 1000 pixels, all verses, italics in their face, nothing marked.
+// A flow and the data it refers to: 200 by 1000 pixels, all verses, italics in the italic face, no key words.
 struct Pane {
     HandMadeFiles files;
     Scripture scripture;
@@ -59,7 +59,7 @@ struct VerseListFlowTest : testing::Test {
 
 using Strings = std::vector<std::string>;
 
-// "x,y r:text", the face told by r, b, i or z (bold italic), a capital for a key word.
+// "x,y r:text", where the letter is the face: r, b, i or z (bold italic), in upper case for a key word.
 static Strings Pieces(const VerseListFlow& flow) {
     Strings pieces;
     WalkVerseList(flow, [&pieces](const FlowBox& piece) {
@@ -71,16 +71,16 @@ static Strings Pieces(const VerseListFlow& flow) {
     return pieces;
 }
 
-TEST_F(VerseListFlowTest, EntriesHangUnderTheirLabels) {
+TEST_F(VerseListFlowTest, ContinuationLinesAreIndented) {
     EXPECT_EQ(Pieces(flow), (Strings{"1,0 b:Ge 1:1 ", "71,0 r:\xB6 ", "91,0 r:One ", "131,0 r:two ",
                                      "20,20 r:three ",  // indented by a line height
                                      "80,20 r:four. ", "1,40 b:Ge 1:2 ", "71,40 r:And ",
-                                     "111,40 r:(",  // what stands before a bracket stays upright
+                                     "111,40 r:(",  // punctuation before a bracket is upright
                                      "121,40 i:is", "141,40 r: ", "151,40 r:the ", "20,60 i:light", "70,60 r:: ",
                                      "90,60 r:so. ", "1,80 b:Joh 11:35 ", "101,80 r:Jesus ", "20,100 r:wept. "}));
 }
 
-TEST_F(VerseListFlowTest, AWordThatReachesTheRightEdgeGoesToTheNextLine) {
+TEST_F(VerseListFlowTest, WrapsAWordThatReachesTheRightEdge) {
     list.ListTop = 2;
     struct Row {
         int width;
@@ -110,7 +110,7 @@ TEST(VerseListItalics, FollowTheirMode) {
         {0, {"71,0 r:(", "81,0 Z:is", "101,0 r: ", "111,0 i:of ", "141,0 Z:light", "191,0 r:: ", "211,0 r:so "}},
         {1, {"71,0 r:([", "91,0 B:is", "111,0 r:] ", "131,0 r:[of ", "171,0 B:light", "221,0 r:]: ", "251,0 r:so "}},
         {2, dropped},
-        {3, dropped},  // settings that cannot be
+        {3, dropped},  // invalid settings
         {-1, dropped},
     };
     for (const ItalicsRow& row : rows) {
@@ -146,7 +146,7 @@ TEST(VerseListKeyWords, AreMarkedWithoutTheirBraces) {
     }
 }
 
-TEST(VerseListKeyWords, StayWithinTheLimitOfAMarkedVerse) {
+TEST(VerseListKeyWords, StayWithinTheLimitOfMarkedText) {
     const std::string manyLetters(3900, 'e');
     const std::string tooLong(5000, 'x');
     const HandMadeVerse verses[] = {{1, 1, 1, manyLetters}, {1, 1, 2, tooLong}};
@@ -165,7 +165,7 @@ TEST(VerseListKeyWords, StayWithinTheLimitOfAMarkedVerse) {
     EXPECT_EQ(texts[1], std::string(3999, 'x') + " ");
 }
 
-TEST(VerseListLabels, CarryAStarWhereThereIsANote) {
+TEST(VerseListLabels, HaveAStarForANote) {
     Pane pane;
     OpenPane(pane, kVerses);
     pane.notes.sets = {{"My Notes.nmd", {0, 1, 9, 10}}};  // the second verse has one
@@ -188,7 +188,7 @@ TEST_F(VerseListFlowTest, BoxesTellWhereEntriesEnd) {
     EXPECT_EQ(entries, (Strings{"four. ", "so. ", "wept. "}));
 }
 
-TEST_F(VerseListFlowTest, AVisitorEndsTheWalk) {
+TEST_F(VerseListFlowTest, VisitorCanStopTheWalk) {
     for (const char* where : {"Ge 1:1 ", "One ", "is", "Joh 11:35 "}) {
         Strings seen;
         WalkVerseList(flow, [&](const FlowBox& piece) {
@@ -199,7 +199,7 @@ TEST_F(VerseListFlowTest, AVisitorEndsTheWalk) {
     }
 }
 
-TEST_F(VerseListFlowTest, TheLastEntryIsOneThatBeginsInside) {
+TEST_F(VerseListFlowTest, LastVisibleEntryBeginsInThePane) {
     struct Row {
         int top, height, last;
     };
@@ -212,7 +212,7 @@ TEST_F(VerseListFlowTest, TheLastEntryIsOneThatBeginsInside) {
     }
 }
 
-TEST_F(VerseListFlowTest, MeasuringBringsTheListUpToDate) {
+TEST_F(VerseListFlowTest, MeasuringUpdatesTheList) {
     flow.height = 41;
     LayOut(flow, list);
     EXPECT_EQ(list.ListLastVisible, 1);
@@ -224,23 +224,23 @@ TEST_F(VerseListFlowTest, MeasuringBringsTheListUpToDate) {
     EXPECT_EQ(list.ListLastVisible, 2);
 }
 
-TEST_F(VerseListFlowTest, PointsHitLabelsAndWords) {
+TEST_F(VerseListFlowTest, HitTestFindsLabelsAndWords) {
     struct Row {
         int x, y;
         SelectionPoint point;
     };
     const Row rows[] = {
         {0, 0, {0, 0}},                          //
-        {71, 19, {0, 0}},                        // a right end belongs to its box
+        {71, 19, {0, 0}},                        // the right edge belongs to the box
         {72, 0, {0, 1}},                         // the paragraph mark is a word
         {171, 0, {0, 3}},                        //
-        {172, 0, {0, 3}},                        // the line broke here
-        {0, 20, {0, 4}},                         // in the indent: the line's first word
+        {172, 0, {0, 3}},                        // after the last box of a wrapped line
+        {0, 20, {0, 4}},                         // the indent belongs to the first word of the line
         {80, 39, {0, 4}},                        //
         {81, 39, {0, 5}},                        //
         {199, 39, {0, 5}},                       // right of the entry's last word
         {71, 40, {1, 0}},                        //
-        {112, 40, {1, 2}},                       // every piece of a word is the word
+        {112, 40, {1, 2}},                       // every piece of a word belongs to the word
         {130, 40, {1, 2}},                       //
         {151, 40, {1, 2}},                       //
         {152, 40, {1, 3}},                       //
@@ -250,7 +250,7 @@ TEST_F(VerseListFlowTest, PointsHitLabelsAndWords) {
         {199, 80, {2, 1}},                       //
         {199, 119, {2, 2}},                      //
         {0, 120, {-1, -1}},                      // below the last entry
-        {199, 900, {-1, -1}}, {-9, -9, {0, 0}},  // outside: as on the edge
+        {199, 900, {-1, -1}}, {-9, -9, {0, 0}},  // outside: the nearest box at the edge
         {5000, 30, {0, 5}},   {5, 5000, {-1, -1}},
     };
     for (const Row& row : rows) {
@@ -260,12 +260,12 @@ TEST_F(VerseListFlowTest, PointsHitLabelsAndWords) {
     }
 }
 
-TEST_F(VerseListFlowTest, ALabelCanBeTheLastBoxOfALine) {
+TEST_F(VerseListFlowTest, LabelCanBeTheLastBoxOfALine) {
     flow.width = 90;
     EXPECT_EQ(HitTestVerseList(flow, 89, 5), (SelectionPoint{0, 0}));
 }
 
-TEST_F(VerseListFlowTest, AnEmptyListHasNothing) {
+TEST_F(VerseListFlowTest, EmptyListHasNoPieces) {
     ClearVerseList(list);
     EXPECT_TRUE(Pieces(flow).empty());
     EXPECT_EQ(HitTestVerseList(flow, 5, 5), SelectionPoint{});
@@ -287,7 +287,7 @@ static void OpenRealPane(Pane& pane, int italics) {
     MarkWords(pane, {"the", "e"}, true);
 }
 
-TEST(RealVerseList, ShowsEveryEntryWholeAndNoBrace) {
+TEST(RealVerseList, ShowsEveryEntryWithoutBraces) {
     for (const int italics : {0, 1, 2}) {
         Pane pane;
         OpenRealPane(pane, italics);
@@ -312,7 +312,7 @@ static int LastVisibleFrom(Pane& pane, int top) {
     return pane.list.ListLastVisible;
 }
 
-TEST(RealVerseList, PageUpShowsTheOldTopLastWhereAnyTopDoes) {
+TEST(RealVerseList, PageUpShowsTheOldTopLastIfPossible) {
     Pane pane;
     OpenRealPane(pane, kItalicType);
     const int last = ListCount(pane.list) - 1;

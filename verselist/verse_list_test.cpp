@@ -10,7 +10,7 @@ static VerseList ListOf(std::vector<std::int32_t> verses, int top = 0, int lastV
     return list;
 }
 
-TEST(VerseList, FillingPutsTheTopFirst) {
+TEST(VerseList, FillingResetsTheTop) {
     VerseList list = ListOf({5, 6, 7}, 2, 2);
     FillVerseList(list, {10, 20});
     EXPECT_EQ(ListCount(list), 2);
@@ -33,11 +33,11 @@ TEST(VerseList, DeletingAnEntryKeepsTheOthers) {
     const Row rows[] = {
         {{10, 20, 30}, 0, 0, {20, 30}, 0},
         {{10, 20, 30}, 1, 1, {10, 30}, 1},
-        {{10, 20, 30}, 2, 2, {10, 20}, 1},  // the last one, at the top
+        {{10, 20, 30}, 2, 2, {10, 20}, 1},  // the last entry, at the top
         {{10, 20, 30}, 2, 0, {20, 30}, 1},
         {{10, 20, 30}, 0, 2, {10, 20}, 0},
-        {{10}, 0, 0, {}, 0},  // the last remaining one
-        {{}, 0, 0, {}, 0},    // nothing to delete
+        {{10}, 0, 0, {}, 0},  // the only entry
+        {{}, 0, 0, {}, 0},    // an empty list
         {{}, 0, -1, {}, 0},
         {{10, 20}, 0, 2, {10, 20}, 0},
     };
@@ -50,7 +50,7 @@ TEST(VerseList, DeletingAnEntryKeepsTheOthers) {
     }
 }
 
-TEST(VerseList, EntriesAreClampedIntoTheList) {
+TEST(VerseList, EntriesAreClamped) {
     const VerseList list = ListOf({10, 20, 30});
     EXPECT_EQ(ClampEntry(list, -1), 0);
     EXPECT_EQ(ClampEntry(list, 1), 1);
@@ -59,7 +59,7 @@ TEST(VerseList, EntriesAreClampedIntoTheList) {
     EXPECT_EQ(ClampEntry(VerseList{}, -1), 0);
 }
 
-TEST(VerseList, TheLastVisibleEntryIsCorrected) {
+TEST(VerseList, LastVisibleEntryIsCorrected) {
     struct Row {
         int count, top, last, corrected;
     };
@@ -71,21 +71,21 @@ TEST(VerseList, TheLastVisibleEntryIsCorrected) {
     }
 }
 
-// The list shows entries 2 to 6 of ten. Read Context and Delete go by the anchor, the frame's commands by the first
-// entry selected and only with the focus.
-TEST(VerseList, CurrentAndTargetEntryAreTwoRules) {
+// The list shows entries 2 to 6 of ten. Read Context and Delete use the entry of the anchor. The frame's commands use
+// the first selected entry, if the list has the focus.
+TEST(VerseList, CurrentAndTargetEntryFollowDifferentRules) {
     struct Row {
         SelectionPoint anchor, end;
         int current, target;
     };
     const Row rows[] = {
         {{3, 1}, {5, 1}, 3, 3},  {{5, 1}, {3, 1}, 5, 3},  // dragged upward
-        {{1, 1}, {4, 1}, 2, 2},                           // begins above what is shown
-        {{4, 1}, {1, 1}, 4, 2},                           // ends above it
-        {{4, 1}, {8, 1}, 2, 2},                           // ends below it
-        {{8, 1}, {4, 1}, 8, 2},                           // begins below it
+        {{1, 1}, {4, 1}, 2, 2},                           // begins above the pane
+        {{4, 1}, {1, 1}, 4, 2},                           // ends above the pane
+        {{4, 1}, {8, 1}, 2, 2},                           // ends below the pane
+        {{8, 1}, {4, 1}, 8, 2},                           // begins below the pane
         {{9, 1}, {9, 2}, 2, 2},                           // scrolled out of view
-        {{4, 1}, {-1, -1}, 4, 2}                          // the mouse is off the text
+        {{4, 1}, {-1, -1}, 4, 2}                          // the mouse is not over text
     };
     const VerseList list = ListOf(std::vector<std::int32_t>(10), 2, 6);
     for (const Row& row : rows) {
@@ -99,14 +99,14 @@ TEST(VerseList, CurrentAndTargetEntryAreTwoRules) {
     }
 }
 
-TEST(VerseList, AnEmptyListHasNoCurrentEntry) {
+TEST(VerseList, EmptyListHasNoCurrentEntry) {
     const Selection selection = {kVerseListOwns, {0, 1}, {0, 2}};
     EXPECT_EQ(CurrentEntry({}, selection), -1);
     EXPECT_EQ(TargetEntry({}, selection, true), -1);
     EXPECT_EQ(TargetEntry({}, selection, false), -1);
 }
 
-TEST(VerseList, ASelectionOfALongerListDoesNotLeadPastTheEnd) {
+TEST(VerseList, SelectionBeyondTheEndIsClamped) {
     const VerseList list = ListOf({10, 20, 30}, 0, 2);
     EXPECT_EQ(CurrentEntry(list, {kVerseListOwns, {9, 1}, {1, 1}}), 2);
 }

@@ -1,5 +1,5 @@
-// What a start costs at least: the program's menu, controls and files, and nothing done with them but one plain paint
-// of verses. The start of the real program is measured against this one's.
+// The floor for starting the program: creates the program's menu and controls, loads its files and paints some verses
+// in the simplest way.
 
 #include <iterator>
 
@@ -144,7 +144,7 @@ static void OnSize(HWND, UINT sizeType, int width, int height) {
     MoveWindow(bare.noteView, 0, 0, room.right, room.bottom, TRUE);
 }
 
-// A verse a line, as far as there is room.
+// One verse on each line, as many as fit.
 static void OnPassagePaint(HWND window) {
     PAINTSTRUCT paint;
     const HDC dc = BeginPaint(window, &paint);

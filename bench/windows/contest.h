@@ -1,32 +1,32 @@
-// Timing of procedures that are compared with each other, and the table of their ratios.
+// Times procedures against each other and prints a table of their ratios.
 //
-// A machine that does other work meanwhile slows one moment and not the next: contestants therefore run in turns, and
-// the median of each one's runs counts. Only their ratio says anything.
+// Other work on the machine slows some runs and not others, so the contestants run in turns and the median of each
+// one's runs is used. Only the ratios are meaningful.
 #pragma once
 
 #include <functional>
 #include <string>
 #include <vector>
 
-// Milliseconds from an arbitrary moment on.
+// Milliseconds since an arbitrary moment.
 double Now();
 
 double MedianOf(std::vector<double> values);
 
-// Runs each procedure in every round, after a round that does not count, and takes the best of three runs in a row: one
-// that loses the processor on the way takes ten times as long. Gives the median of each one's rounds in milliseconds,
-// in their order.
+// After a warm-up round, runs each procedure in every round. The time of a round is the best of three consecutive runs,
+// because a run that is preempted takes ten times as long. Returns the median of each procedure's rounds in
+// milliseconds, in the order of `contestants`.
 std::vector<double> MediansInTurns(int rounds, const std::vector<std::function<void()>>& contestants);
 
-// One line of the table: what was measured in milliseconds, what it is compared with, and how many times that it may
-// take at most. Where `floor` is 0 the time stands alone.
+// One line of the table: what was measured, its time in milliseconds, the time of the floor, and the largest allowed
+// ratio. If `floor` is 0, only the time is printed.
 struct Outcome {
     std::string what;
     double time = 0;
     double floor = 0;
-    double mostTimesFloor = 0;  // 0: no more than information
+    double mostTimesFloor = 0;  // 0: no limit, only information
 };
 void Print(const Outcome& outcome);
 
-// The same for an amount that has a limit of its own: "page up above one paint", 0.4, 2, "ms".
+// The same for an amount with an absolute limit: "page up above one paint", 0.4, 2, "ms".
 void PrintLimited(const std::string& what, double amount, double most, const char* unit);

@@ -1,5 +1,5 @@
-// From OK in the Word Search dialog to the painted list, seen from outside the program, beside a bare list box that is
-// filled with the same strings in this process.
+// Benchmarks the time from OK in the Word Search dialog to the painted list, measured from outside the program, against
+// filling a bare list box with the same strings in this process.
 
 #include <windows.h>
 
@@ -19,8 +19,8 @@ static constexpr int kEntryPart = 1;
 
 struct Query {
     const char* words;
-    double mostTimesFloor;  // 0: information
-    // As the first, untimed search left them:
+    double mostTimesFloor;  // 0: no limit, only information
+    // Results of the first search, which is not timed:
     LRESULT lines = 0;
     std::string summary{};
     std::string firstEntry{};
@@ -39,8 +39,9 @@ static LRESULT LinesOf(const Program& program, HWND references) {
     return Ask(program, references, LB_GETCOUNT);
 }
 
-// The list's paint writes the top entry, another one for each query, into the status bar and answers no question before
-// it is through. The Reference List beside it has its lines when somebody asks for them: that is measured too.
+// Painting the list puts the top entry, which differs for each query, into the status bar, and the program does not
+// answer messages before it has finished. The Reference List is filled only when its lines are requested, so that is
+// included in the time.
 static void TimeSearch(const Program& program, HWND references, Query& query, const RemoteMemory& room) {
     const HWND dialog = OpenWordSearch(program, query.words);
     const double start = Now();

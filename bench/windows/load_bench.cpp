@@ -1,4 +1,4 @@
-// Loading of the five scripture files by the program's own procedures. Started in their folder.
+// Benchmarks loading the five scripture files with the program's procedures. Must be started in their folder.
 
 #include <cstdio>
 

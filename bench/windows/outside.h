@@ -1,4 +1,4 @@
-// A program watched from a second process. Nothing is hooked into it, since that would slow every message it sends.
+// Watches a program from a second process without a hook, which would slow every message that the program sends.
 #pragma once
 
 #include <string>
@@ -6,16 +6,16 @@
 #include "tests/driver/driver.h"
 #include "tests/driver/remote_memory.h"
 
-// Waits, asking every millisecond, until a frame of `frameClass` has come up and said in its status bar which verse it
-// paints, and until it has answered once more, which it does only when that paint is through.
+// Polls every millisecond until a frame of `frameClass` exists and its status bar shows the painted verse. Then waits
+// for one more answer, which the program gives only after it has finished painting.
 void WaitForFirstVerse(Program& program, const char* frameClass);
 
-// Text of a part of the status bar, without waiting for the program to come to rest. `room` in the program serves for
-// many questions: making it costs more than one.
+// Text of a part of the status bar, without waiting until the program is idle. `room` is memory in the program that is
+// reused for all calls, because allocating it takes longer than a call.
 inline constexpr std::size_t kStatusRoom = 256;
 std::string StatusTextNow(const Program& program, int part, const RemoteMemory& room);
 
-// Asks until `isSo`, every `pause` milliseconds or, with none, as often as the program answers.
+// Polls until `isSo` returns true, every `pause` milliseconds or, if `pause` is 0, as often as the program answers.
 template <typename Question>
 void AskUntil(const Program& program, DWORD pause, Question isSo) {
     while (!isSo()) {
@@ -26,6 +26,6 @@ void AskUntil(const Program& program, DWORD pause, Question isSo) {
 
 struct Memory {
     double workingSet = 0;  // MiB
-    double ownMemory = 0;   // what it shares with nobody
+    double ownMemory = 0;   // private memory
 };
 Memory MemoryOf(const Program& program);

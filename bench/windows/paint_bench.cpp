@@ -1,5 +1,5 @@
-// One paint of the Passage, 1200 x 700, by the program's own walk, faces and canvas, beside the two floors. Started in
-// the folder of the scripture files.
+// Benchmarks one paint of the Passage (1200 x 700) with the program's layout, faces and canvas against two floors. Must
+// be started in the folder of the scripture files.
 
 #include <algorithm>
 #include <cstdio>
@@ -15,7 +15,7 @@ static constexpr RECT kClient{0, 0, 1200, 700};
 static constexpr int kRounds = 21;
 static constexpr double kMostTimesWordByWord = 1.0;
 static constexpr double kMostTimesFaceByFace = 1.5;
-static constexpr double kMostAboveOnePaint = 2.0;  // page up, milliseconds
+static constexpr double kMostAboveOnePaint = 2.0;  // limit for page up, milliseconds
 
 struct PaintPlace {
     const char* name;
@@ -38,7 +38,7 @@ static constexpr Mode kModes[] = {
     {"plain type", kPlainType, 0},   {"plain type, paragraphs", kPlainType, 1},
 };
 
-// What the program holds for the Passage.
+// The program's state for the Passage.
 struct Bench {
     Scripture scripture;
     NoteFiles noteFiles;
@@ -55,7 +55,7 @@ static std::uint64_t NoSize(void*, const std::string&) {
     return 0;
 }
 
-// A set with a note for every second verse, so that labels of both kinds are formed.
+// A set with a note for every second verse, so that labels with and without a mark are painted.
 static NoteSets HalfTheNotes() {
     NoteSet set{"Notes.nmd", std::vector<std::uint32_t>(kVerseCount)};
     for (std::uint32_t verse = 0; verse < kVerseCount; ++verse) set.offsets[verse] = verse + verse / 2;
@@ -105,7 +105,7 @@ static TextRuns RunsOf(Bench& bench, const PassageFlow& flow) {
     return std::exchange(bench.runs, {});
 }
 
-// The place where the program does worst beside one of the two floors.
+// The place with the worst ratio to one of the floors.
 struct Worst {
     const char* place = "";
     double time = 0, floor = 1;

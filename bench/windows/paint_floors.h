@@ -1,4 +1,4 @@
-// What the program's paint of the Passage is compared with: the same words drawn in the two plainest ways.
+// Floors for painting the Passage: two simple ways to draw the same words.
 #pragma once
 
 #include <array>
@@ -11,16 +11,16 @@ using FaceFonts = std::array<OwnedFont, kFaceCount>;
 
 FaceFonts FontsOf(const FontChoice& choice);
 
-// One piece of a word as the walk places it.
+// One piece of a word as placed by the layout.
 struct PlacedWord {
     Face face = Face::kRegular;
     int x = 0, y = 0;
     std::string text;
 };
 
-// Measures and draws word by word, and breaks the lines at `width`, straight on `target`.
+// Measures and draws word by word directly on `target`, with lines wrapped at `width`.
 void DrawWordByWord(HDC target, const FaceFonts& fonts, const std::vector<PlacedWord>& words, int width,
                     int lineHeight);
 
-// Draws the runs face by face into the bitmap of `canvas`, cleared before, and copies it once.
+// Clears the bitmap of `canvas`, draws the runs into it face by face and copies it to `target`.
 void DrawFaceByFace(HDC target, HDC canvas, const FaceFonts& fonts, const TextRuns& runs, const RECT& client);

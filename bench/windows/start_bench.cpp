@@ -1,5 +1,5 @@
-// From the start of the process to the first painted verse, and the memory then, of the program and of a bare one with
-// the same controls and files (bare_program.cpp), in turns.
+// Benchmarks the time from the start of the process to the first painted verse, and the memory used by then, of the
+// program against a bare program with the same controls and files (bare_program.cpp).
 
 #include <cstdio>
 
@@ -32,7 +32,7 @@ static void StartOnce(const ScratchFolder& folder, Contestant& contestant) {
     CloseProgram(program);
 }
 
-// The first start of each makes note files and reads what no memory holds yet.
+// The first start of each creates the note files and reads files that are not cached yet.
 static void WarmUp(const ScratchFolder& folder, Contestant& contestant) {
     Contestant thrownAway{contestant.options};
     StartOnce(folder, thrownAway);
@@ -47,7 +47,7 @@ int main() {
     WarmUp(folder, program);
     WarmUp(folder, bare);
     for (int round = 0; round < kRounds; ++round) {
-        StartOnce(folder, round % 2 == 0 ? program : bare);  // what ends makes the next one wait, whichever it is
+        StartOnce(folder, round % 2 == 0 ? program : bare);  // a closing program delays the next start, so alternate
         StartOnce(folder, round % 2 == 0 ? bare : program);
     }
     Print(

@@ -1,4 +1,4 @@
-// What the common controls, list boxes, rich edits and the clipboard hold.
+// Reading common controls, list boxes, rich edits and the clipboard.
 
 #include <windows.h>
 
@@ -111,7 +111,7 @@ void ClickTab(const Program& program, HWND tabs, int index) {
 
 // ---- Lists ----------------------------------------------------------------------------------------------------------
 
-// The wide form of these messages is the one that Wine carries between processes whole.
+// Wine passes these messages between processes completely only in their wide form.
 static std::string Narrow(const std::wstring& wide) {
     std::string text(wide.size() * 2, '\0');
     const int length = WideCharToMultiByte(CP_ACP, 0, wide.data(), static_cast<int>(wide.size()), text.data(),
@@ -141,8 +141,7 @@ std::vector<std::string> ComboStrings(HWND comboBox) {
     return Strings(comboBox, CB_GETCOUNT, CB_GETLBTEXTLEN, CB_GETLBTEXT);
 }
 
-// ---- Rich edits and the clipboard
-// -------------------------------------------------------------------------------------
+// ---- Rich edits and the clipboard -----------------------------------------------------------------------------------
 
 TextSelection RichSelection(const Program& program, HWND richEdit) {
     CHARRANGE range{};

@@ -60,7 +60,8 @@ bool IsChecked(HWND dialog, int id) {
 std::vector<int> TabOrder(const Program& program, HWND dialog) {
     const auto focusedControl = [&] {
         HWND control = FocusOf(program);
-        while (control != nullptr && GetParent(control) != dialog) control = GetParent(control);  // a combo's edit
+        while (control != nullptr && GetParent(control) != dialog)
+            control = GetParent(control);  // the edit of a combo box
         return GetDlgCtrlID(control);
     };
     std::vector<int> order{focusedControl()};

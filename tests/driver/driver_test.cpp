@@ -1,4 +1,4 @@
-// The driver on a program whose every answer is known (sample_program.cpp): what a window test may rely on.
+// Tests of the driver with a small program whose state is known (sample_program.cpp).
 
 #include <windows.h>
 
@@ -149,7 +149,7 @@ TEST(Driver, UsesTheMouse) {
     EXPECT_EQ(VerticalScroll(program, list).position, 0);
 }
 
-TEST(Driver, TellsTwoClicksFromADoubleClick) {
+TEST(Driver, DistinguishesTwoClicksFromADoubleClick) {
     Program program = StartProgram(EmptyFolder(), Sample());
     const HWND note = Child(program.frame, {IDC_NOTE_VIEW});
     Type(program, "grace abounds");
@@ -179,7 +179,7 @@ TEST(Driver, UsesRichEditAndClipboard) {
     EXPECT_EQ(TextOf(note), "one\r\n\xB6 three");
 }
 
-TEST(Driver, TakesPictures) {
+TEST(Driver, TakesAndComparesPictures) {
     Program program = StartProgram(EmptyFolder(), Sample());
     PlaceFrame(program, {100, 100, 700, 600});
     const Picture before = PictureOfWindow(program.frame);
@@ -211,21 +211,21 @@ TEST(Driver, SetsTheProgramsDate) {
     EXPECT_EQ(StatusPart(program, 2), "2024-02-29");
 }
 
-TEST(Driver, SaysWhatWasOpenInstead) {
+TEST(Driver, FailureListsTheOpenWindows) {
     Program program = StartProgram(EmptyFolder(), Sample());
     Command(program, kOpenDialog);
     WaitForDialog(program, "Sample Dialog");
     try {
         WaitUntil(
             program, "nothing", [] { return false; }, std::chrono::milliseconds(50));
-        FAIL() << "waited for what cannot come, and said nothing";
+        FAIL() << "did not fail while waiting for something that never happens";
     } catch (const std::exception& failure) {
         EXPECT_THAT(failure.what(), HasSubstr("waited in vain for nothing"));
         EXPECT_THAT(failure.what(), HasSubstr("#32770 \"Sample Dialog\""));
     }
 }
 
-TEST(Driver, KeepsFilesAndSettingsOfATest) {
+TEST(Driver, ReadsAndWritesFilesAndSettings) {
     std::filesystem::path path;
     {
         const ScratchFolder folder = EmptyFolder();

@@ -9,7 +9,7 @@ static void CountOperation() {
     if (++count == end) TerminateProcess(GetCurrentProcess(), 9);
 }
 
-// ---- Procedures that stand before the system's ----------------------------------------------------------------------
+// ---- Procedures that replace the system's ---------------------------------------------------------------------------
 
 struct Watched {
     const char* name;
@@ -25,7 +25,7 @@ struct Watcher {
     }
 };
 
-// `kPlace` tells procedures apart that take and give the same types.
+// `kPlace` distinguishes procedures with the same parameter and result types.
 template <int kPlace, typename Result, typename... Arguments>
 static Watched Watch(const char* name, Result(WINAPI* system)(Arguments...)) {
     Watcher<kPlace, Result, Arguments...>::system = system;
@@ -93,7 +93,7 @@ static void WatchImports() {
 }
 
 static bool StartWatching() {
-    HMODULE library = nullptr;  // from here on it must stay in the process
+    HMODULE library = nullptr;  // must stay loaded from here on
     if (!GetModuleHandleExA(GET_MODULE_HANDLE_EX_FLAG_PIN | GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS,
                             reinterpret_cast<LPCSTR>(&WatchWrite), &library))
         return false;

@@ -1,8 +1,8 @@
-// What the program does with files, seen from within its process: part of the probe library.
+// Counts the program's file operations from within its process. Part of the probe library.
 #pragma once
 
 #include <windows.h>
 
-// The program ends at once, as if killed (exit code 9), when it has called the system's file procedures `last` times
-// from now on. A write counts as two, since it may end before it and when half of its bytes are written.
+// Ends the program immediately, as if killed (exit code 9), at its call number `last` of the system's file procedures
+// from now on. A write counts as two calls: the program can be ended before it and after half of its bytes.
 void EndAtFileOperation(UINT last);

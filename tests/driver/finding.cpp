@@ -1,4 +1,4 @@
-// Finding windows and saying what is seen of them.
+// Finding windows and describing them.
 
 #include <sstream>
 
@@ -65,13 +65,13 @@ std::vector<HWND> TopLevelWindows(const Program& program) {
     return windows;
 }
 
-// The one thread that owns all windows of the program; 0 while there are none.
+// The thread that owns all windows of the program; 0 while there are none.
 static DWORD UiThread(const Program& program) {
     const std::vector<HWND> windows = TopLevelWindows(program);
     return windows.empty() ? 0 : GetWindowThreadProcessId(windows.front(), nullptr);
 }
 
-// An id of 0 would ask for the state of whatever thread is in front.
+// A thread id of 0 would mean the foreground thread, which may belong to another program.
 static GUITHREADINFO ThreadState(const Program& program) {
     GUITHREADINFO state{};
     state.cbSize = sizeof state;

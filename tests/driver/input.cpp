@@ -1,4 +1,4 @@
-// Keys and mouse, as the user's own reach the program.
+// Keyboard and mouse input, sent in the same way as a user's.
 
 #include <algorithm>
 #include <map>
@@ -16,7 +16,7 @@ static const std::map<std::string_view, WORD> kKeyNames = {
     {"F12", VK_F12},
 };
 
-// These keys stand twice on a keyboard; without the flag the numeric pad's is meant.
+// These keys exist twice on a keyboard; without the flag the one on the numeric pad is meant.
 static bool IsExtended(WORD key) {
     static constexpr WORD kExtended[] = {VK_LEFT, VK_RIGHT, VK_UP,     VK_DOWN,   VK_PRIOR, VK_NEXT,
                                          VK_HOME, VK_END,   VK_INSERT, VK_DELETE, VK_APPS};
@@ -44,7 +44,7 @@ static void SendEvents(std::vector<INPUT> events) {
     SendInput(static_cast<UINT>(events.size()), events.data(), sizeof(INPUT));
 }
 
-// Keys go to whatever window is in front: a test that would type elsewhere must say so instead.
+// Keys go to the foreground window. Fails the test if that is not the program's.
 static void MustBeInFront(const Program& program) {
     WaitUntil(program, "the program to be in front", [&] {
         DWORD processId = 0;
@@ -77,7 +77,7 @@ static std::vector<INPUT> EventsOfLetter(char letter) {
         events.push_back(KeyEvent(VK_SHIFT, KEYEVENTF_KEYUP));
         return events;
     }
-    wchar_t wide = 0;  // no key of the keyboard makes it
+    wchar_t wide = 0;  // for a letter that no key produces
     MultiByteToWideChar(CP_ACP, 0, &letter, 1, &wide, 1);
     INPUT event{};
     event.type = INPUT_KEYBOARD;
@@ -106,7 +106,7 @@ static INPUT MouseEvent(DWORD flags, DWORD data = 0) {
     return event;
 }
 
-// Absolute mouse coordinates count the screen as 65536 wide; rounding up lands on the pixel that is meant.
+// Absolute mouse coordinates range over 65536 units per screen; rounding up reaches the right pixel.
 static INPUT MoveEvent(POINT onScreen) {
     const auto scaled = [](LONG pixel, int screen) { return (pixel * 65536 + screen - 1) / screen; };
     INPUT event = MouseEvent(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE);
@@ -129,7 +129,7 @@ void ReleaseMouse(const Program& program) {
     Settle(program);
 }
 
-// Two clicks of a test are never meant as one double click, which they would be soon after one another in one place.
+// Two clicks of a test in the same place must not become a double click, so wait between them.
 static std::chrono::steady_clock::time_point lastPress;
 static POINT lastPlace{-1000, -1000};  // on the screen
 
@@ -172,8 +172,8 @@ void HoldMouse(const Program& program, HWND window, POINT point) {
     Settle(program);
 }
 
-// Wine takes the screen's pointer along, and its motion reaches the program a second time: late on a busy machine, when
-// the mouse has already gone on. Once the screen has answered, what it had to tell is on its way.
+// Wine moves the X pointer too, and its motion event reaches the program a second time. On a busy machine that can be
+// after the next movement. A round trip to the X server makes sure that the event has been sent.
 static void LetPointerFollow() {
     const HDC screen = GetDC(nullptr);
     for (int answer = 0; answer < 2; ++answer) GetPixel(screen, 0, 0);
@@ -208,8 +208,7 @@ void Wheel(const Program& program, HWND window, int notches) {
     Settle(program);
 }
 
-// ---- Commands and places
-// ----------------------------------------------------------------------------------------------
+// ---- Commands and places --------------------------------------------------------------------------------------------
 
 void Command(const Program& program, int id) {
     PostMessageA(program.frame, WM_COMMAND, static_cast<WPARAM>(id), 0);

@@ -1,10 +1,10 @@
-// Runs the window tests. Every failed expectation keeps a picture of the screen as it was at that moment.
+// Runs the window tests. Every failed expectation saves a picture of the screen.
 
 #include <gtest/gtest.h>
 
 #include "tests/driver/driver.h"
 
-// GoogleTest's own way to hear of failures is a class.
+// A class, because GoogleTest reports failures to a listener object.
 struct PictureOnFailure : testing::EmptyTestEventListener {
     void OnTestPartResult(const testing::TestPartResult& result) override {
         if (result.failed()) PictureOfFailure();

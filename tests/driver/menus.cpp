@@ -1,4 +1,4 @@
-// Menus, scroll bars, the message queue and file operations: what the probe answers.
+// Menus, scroll bars, the message queue and file operations, by means of the probe.
 
 #include <thread>
 
@@ -6,7 +6,7 @@
 #include "tests/driver/probe.h"
 #include "tests/driver/remote_memory.h"
 
-// False when the program cannot be reached any more.
+// False when the program no longer answers.
 static bool TryProbe(const Program& program, Probe& probe) {
     static const UINT probeMessage = RegisterWindowMessageA(kProbeMessageName);
     const HANDLE process = program.process.get();
@@ -48,13 +48,13 @@ void HookProbe(Program& program) {
         Fail(&program, "cannot look into the program, error " + std::to_string(GetLastError()));
 }
 
-// Twice idle in a row: one pass may post a message or make a part of a window invalid after the queue was looked at.
+// The program must be idle twice in a row, because it may post a message or invalidate a window after the first check.
 void Settle(const Program& program) {
     const auto deadline = std::chrono::steady_clock::now() + kPatience;
     for (int idle = 0; idle < 2;) {
         Probe probe = Question(ProbeQuestion::QueueState);
         const bool hasAnswer = TryProbe(program, probe);
-        if (!hasAnswer && !IsWindow(program.frame)) return;  // its end is what there was to wait for
+        if (!hasAnswer && !IsWindow(program.frame)) return;  // the program has exited
         if (std::chrono::steady_clock::now() > deadline) Fail(&program, "the program never comes to rest");
         idle = hasAnswer && probe.result == 0 ? idle + 1 : 0;
         std::this_thread::sleep_for(std::chrono::milliseconds(1));

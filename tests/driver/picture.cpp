@@ -11,8 +11,8 @@
 #include "tests/driver/surroundings.h"
 
 // PNG (ISO/IEC 15948): a signature, then chunks of length, name, bytes and CRC. The pixels are one zlib stream (RFC
-// 1950) of rows, each behind a filter byte. Here the stream is made of stored blocks (RFC 1951, 3.2.4), so nothing need
-// be packed; whoever wants small files packs them afterwards.
+// 1950) of rows, each preceded by a filter byte. The stream consists of stored blocks (RFC 1951, 3.2.4), which avoids a
+// compressor; tests/run_window_tests compresses the files afterwards.
 
 static void AppendBig32(std::string& bytes, std::uint32_t value) {
     for (int shift = 24; shift >= 0; shift -= 8) bytes.push_back(static_cast<char>((value >> shift) & 0xFF));
@@ -123,8 +123,8 @@ static Picture LookAtScreen(const RECT& area) {
     return picture;
 }
 
-// The display server hears the program and this process on two lines, so a first look may come before what the program
-// has drawn: what two looks in a row agree on is what is shown.
+// The program and this process have separate connections to the X server, so a first picture may miss what the program
+// has just drawn. Take pictures until two in a row are the same.
 Picture PictureOfScreen(const RECT& area) {
     Picture before = LookAtScreen(area);
     for (int looks = 0; looks < 20; ++looks) {

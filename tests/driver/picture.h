@@ -1,4 +1,4 @@
-// Pictures of the screen: taking them, looking into them, comparing and keeping them.
+// Pictures of the screen: taking, inspecting, comparing and saving them.
 #pragma once
 
 #include <cstdint>
@@ -14,26 +14,26 @@ struct Picture {
     std::vector<std::uint32_t> pixels;
 };
 
-// What the screen shows of `area` (screen coordinates, cut to the screen) once it stands still.
+// Picture of `area` (screen coordinates, clipped to the screen) once it no longer changes.
 Picture PictureOfScreen(const RECT& area);
 
-// What the screen shows where `window` stands, its frame included; other windows in front of it are in the picture.
+// Picture of the screen area of `window` including its frame; windows in front of it are in the picture.
 Picture PictureOfWindow(HWND window);
 
-// Colour at a point counted from the picture's upper left; the point must lie inside.
+// Colour at a point relative to the picture's upper left corner; the point must be inside the picture.
 std::uint32_t ColorAt(const Picture& picture, int x, int y);
 
-// How many different colours stand in `area` of the picture; 1 means that nothing is drawn there.
+// Number of different colours in `area` of the picture; 1 means that nothing is drawn there.
 int CountColors(const Picture& picture, const RECT& area);
 
-// How many pixels of `area` have the colour.
+// Number of pixels of `area` that have the colour.
 int CountPixels(const Picture& picture, const RECT& area, std::uint32_t color);
 
-// The smallest rectangle that holds every pixel in which two pictures of the same size differ; all zero when they are
-// the same. Pictures of different sizes differ everywhere.
+// The smallest rectangle that contains every pixel in which two pictures of the same size differ; all zero when they
+// are equal. Pictures of different sizes differ everywhere.
 RECT DifferingArea(const Picture& before, const Picture& after);
 
-// Writes <pictures folder>\<name>.png, over an older one. Returns whether that succeeded.
+// Writes <pictures folder>\<name>.png, replacing an older one. Returns whether that succeeded.
 bool SavePicture(const Picture& picture, const std::string& name);
 
 // The picture as a PNG file's bytes.

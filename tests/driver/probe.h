@@ -1,7 +1,7 @@
-// Questions that only a program's own thread can answer: a process cannot read another's menus, scroll bars or message
-// queue. The driver hooks a small library into the program's thread (SetWindowsHookEx, WH_CALLWNDPROC), lays a `Probe`
-// into the program's memory and sends the frame the message "VersewellTestProbe" with kProbeMark and the address.
-// The library fills in the answer before the frame sees the message, which means nothing to it.
+// The probe reads state that a process cannot read of another: its menus, scroll bars and message queue. The driver
+// hooks a small library into the program's thread (SetWindowsHookEx, WH_CALLWNDPROC), writes a `Probe` into the
+// program's memory and sends the frame the message "VersewellTestProbe" with kProbeMark and the address. The library
+// fills in the answer before the frame gets the message, which it ignores.
 #pragma once
 
 #include <windows.h>
@@ -10,14 +10,14 @@ constexpr char kProbeMessageName[] = "VersewellTestProbe";
 constexpr WPARAM kProbeMark = 0x56657273;
 
 enum class ProbeQuestion : int {
-    QueueState,          // result: QS_ bits of what waits for the thread
+    QueueState,          // result: QS_ bits of the thread's message queue
     MenuBar,             // menu: of `window`
     SubMenu,             // menu: the popup at position `item` of `menu`
-    MenuCount,           // result: how many items `menu` has
+    MenuCount,           // result: number of items of `menu`
     MenuItemByPlace,     // result: MF_ bits, id and text of the item at position `item` of `menu`
-    MenuItemById,        // the same of the command `item`
+    MenuItemById,        // the same for the command `item`
     VerticalScroll,      // scroll: of `window`
-    EndAtFileOperation,  // the program will end with number `item` from here
+    EndAtFileOperation,  // see file_operations.h; `item` is the number
 };
 
 struct Probe {

@@ -1,4 +1,4 @@
-// The library that answers probes inside the program.
+// The library that answers the probe's questions inside the program.
 
 #include "tests/driver/file_operations.h"
 #include "tests/driver/probe.h"

@@ -1,4 +1,4 @@
-// Starting and ending the program, and waiting for it.
+// Starting, ending and waiting for the program.
 
 #include <stdexcept>
 #include <thread>
@@ -19,7 +19,7 @@ void KillProcessDeleter::operator()(HANDLE process) const {
     CloseHandle(process);
 }
 
-// The name of the running test as a picture's name: "failed-FirstStart.MakesNotes".
+// Name of a picture for the running test: "failed-FirstStart.CreatesMyNotes".
 static std::string FailurePictureName() {
     const testing::TestInfo* test = testing::UnitTest::GetInstance()->current_test_info();
     if (test == nullptr) return "failed";
@@ -61,7 +61,7 @@ static DWORD FindProcess(const std::string& file) {
     return 0;
 }
 
-// The starter of a dated program is one of the host's processes; the program that it becomes is found by its name.
+// A program with a date is started by a process of Wine's host, so it has to be found by its file name.
 static void AdoptDatedProgram(Program& program, const std::string& file) {
     const std::string name = std::filesystem::path(file).filename().string();
     const auto deadline = std::chrono::steady_clock::now() + kPatience;
@@ -72,7 +72,7 @@ static void AdoptDatedProgram(Program& program, const std::string& file) {
     program.process.reset(OpenProcess(PROCESS_ALL_ACCESS, FALSE, program.processId));
 }
 
-// On a busy machine Wine refuses a start now and then with an internal error of its own, and takes the next one.
+// On a busy machine, starting a process under Wine occasionally fails with an internal error, so try again.
 static PROCESS_INFORMATION StartProcess(const std::string& commandLine, const std::string& folder, int showState) {
     STARTUPINFOA startup{};
     startup.cb = sizeof startup;
@@ -81,7 +81,7 @@ static PROCESS_INFORMATION StartProcess(const std::string& commandLine, const st
     PROCESS_INFORMATION started{};
     DWORD error = ERROR_INTERNAL_ERROR;
     for (int tries = 0; tries < 3 && error == ERROR_INTERNAL_ERROR; ++tries) {
-        std::string line = commandLine;  // which the call may write into
+        std::string line = commandLine;  // a copy, because CreateProcess may modify it
         if (CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, folder.c_str(), &startup,
                            &started))
             return started;
@@ -90,7 +90,7 @@ static PROCESS_INFORMATION StartProcess(const std::string& commandLine, const st
     Fail(nullptr, "cannot start " + commandLine + ", error " + std::to_string(error));
 }
 
-// What Wine tells of a host's process, handles included, is left to chance: a handle closed by it may be any other.
+// For a process of the host, the handles that Wine returns are undefined; closing them could close any other handle.
 void StartOnHost(const ScratchFolder& folder, const std::string& commandLine) {
     StartProcess(commandLine, folder.path.string(), SW_SHOWNORMAL);
 }

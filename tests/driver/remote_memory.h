@@ -1,5 +1,5 @@
-// Memory in the program that holds what a message to one of its controls points to: Windows carries only the parameters
-// of its own old messages from one process to another, not those of the common controls.
+// Memory in the program for structures that messages to its controls point to. Windows copies such structures between
+// processes only for its oldest messages, not for those of the common controls.
 #pragma once
 
 #include <string>
@@ -8,7 +8,7 @@
 
 struct Program;
 
-// Room of `size` zero bytes in the program; it goes with this.
+// `size` zero bytes in the program's memory, freed on destruction.
 struct RemoteMemory {
     HANDLE process = nullptr;
     void* address = nullptr;
@@ -22,10 +22,10 @@ struct RemoteMemory {
 void WriteRemote(const RemoteMemory& memory, const void* from, std::size_t size);
 void ReadRemote(const RemoteMemory& memory, void* to, std::size_t size);
 
-// Sends the message and gives its result, but ends the test when the program does not answer for a long time.
+// Sends the message and returns its result; ends the test when the program does not answer for a long time.
 LRESULT Ask(const Program& program, HWND window, UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
 
-// The same with a value that lies in the program while the message runs: carried in, and what became of it carried out.
+// The same with a pointer to `value` as lParam: copies it into the program before and back after the message.
 template <typename Value>
 LRESULT AskAbout(const Program& program, HWND window, UINT message, WPARAM wParam, Value& value) {
     const RemoteMemory memory(program, sizeof value);

@@ -1,5 +1,5 @@
-// A program small enough to know every answer: the driver is tested on it. Ids are those of the real program, so that
-// the same procedures find its toolbar and status bar.
+// A small program with known contents to test the driver with. It uses ids of the real program, so that the driver
+// finds its toolbar and status bar.
 
 #include <cstdio>
 #include <cstring>
@@ -91,7 +91,7 @@ static INT_PTR CALLBACK DialogProcedure(HWND dialog, UINT message, WPARAM wParam
     return TRUE;
 }
 
-// A template in memory: header, then each control on a four-byte boundary, texts in UTF-16.
+// Writes a dialog template in memory: a header, then each control on a four-byte boundary; texts are UTF-16.
 struct TemplateWriter {
     WORD words[256] = {};
     WORD* at = words;
@@ -197,7 +197,7 @@ int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR, int showState) {
     MSG message;
     while (GetMessageA(&message, nullptr, 0, 0) > 0) {
         if (TranslateAcceleratorA(frame, accelerators, &message) != 0) {
-            // Under Wine the release of Alt would open the menu otherwise.
+            // Otherwise, under Wine, releasing Alt would open the menu.
             if (message.message == WM_SYSKEYDOWN)
                 DefWindowProcA(frame, message.message, message.wParam, message.lParam);
             continue;

@@ -1,4 +1,4 @@
-// Folders of tests, and what lies in them.
+// Temporary folders of tests and their files.
 
 #include <algorithm>
 #include <fstream>
@@ -29,7 +29,7 @@ const TestSurroundings& Surroundings() {
     return surroundings;
 }
 
-// A failed test's folder stays, so that one can look into it.
+// The folder of a failed test is kept for inspection.
 static void LeaveFolder(const std::filesystem::path& path) {
     if (testing::Test::HasFailure()) return;
     std::error_code ignored;

@@ -1,4 +1,4 @@
-// Takes the pictures of the help from the real program. Run by help/take_pictures.
+// Takes the pictures for the help from the real program. Run by help/take_pictures.
 
 #include <windows.h>
 
@@ -31,7 +31,7 @@ static Program StartForPictures() {
     return program;
 }
 
-TEST(Pictures, ShowTheWindowAfterASearch) {
+TEST(Pictures, OfTheWindowAfterASearch) {
     Program program = StartForPictures();
     SearchFor(program, {.text = "grace truth"});
     Command(program, IDM_CONTEXT);
@@ -43,8 +43,8 @@ TEST(Pictures, ShowTheWindowAfterASearch) {
     ClickEditorButton(program, IDC_NOTE_CANCEL);
 }
 
-// Where two dialogs share a topic, the first is its picture.
-TEST(Pictures, ShowTheDialogs) {
+// If two dialogs share a help topic, the first one is the topic's picture.
+TEST(Pictures, OfTheDialogs) {
     Program program = StartForPictures();
     GoTo(program, "John 1:14");
     std::set<std::string> shown;

@@ -1,4 +1,4 @@
-// A measure of text that makes places exact numbers: every letter of every face is ten pixels wide, a line twenty high.
+// A text measure with simple numbers for exact positions: every letter is ten pixels wide and every line twenty high.
 #pragma once
 
 #include "typeset/text_measure.h"

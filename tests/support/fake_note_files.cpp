@@ -126,7 +126,7 @@ static bool MakeFolder(void* device, const std::string& name) {
     return !files.uncreatable.contains(name);
 }
 
-// ---- Open files: a handle is the name -----------------------------------------------------------------------------
+// ---- Open files: a handle is the name -------------------------------------------------------------------------------
 
 static const std::string& NameOf(void* file) {
     return *static_cast<const std::string*>(file);
@@ -165,7 +165,7 @@ static void Append(FakeNoteFiles& files, const std::string& name, std::span<cons
     Touch(files, name);
 }
 
-// The program may stop before the first byte, after it, half-way and before the last one.
+// The program may stop before the first byte, after it, half-way and before the last byte.
 static bool Write(void* device, void* file, std::span<const unsigned char> bytes) {
     FakeNoteFiles& files = FilesOf(device);
     const std::string& name = NameOf(file);
@@ -215,7 +215,7 @@ NoteFiles DeviceOver(FakeNoteFiles& files) {
             .close = Close};
 }
 
-// ---- What others do -------------------------------------------------------------------------------------------------
+// ---- Power cuts and other programs ----------------------------------------------------------------------------------
 
 void CutPower(FakeNoteFiles& files, PowerCut cut) {
     if (cut == PowerCut::kNone) return;

@@ -1,5 +1,5 @@
-// Note-set files that live in memory, keep a log of what was asked of them, and fail, fill up or stop where a test
-// wants it.
+// Note-set files in memory, with a log of all operations. A test can make operations fail, fill up the disk or stop the
+// program.
 #pragma once
 
 #include <cstdint>
@@ -12,8 +12,9 @@
 
 struct FakeNoteFiles {
     std::map<std::string, std::vector<unsigned char>> contents;
-    std::vector<std::string> listed;   // the `.nmi` files that come first, in listing order; the others follow by name
-    std::set<std::string> unreadable;  // cannot be opened, though they are there
+    std::vector<std::string>
+        listed;  // the `.nmi` files that are listed first, in this order; the others follow by name
+    std::set<std::string> unreadable;  // exist but cannot be opened
     std::set<std::string> uncreatable;
     std::set<std::string> undeletable;
     std::set<std::string> unrenamable;
@@ -23,38 +24,38 @@ struct FakeNoteFiles {
     std::int64_t room = -1;   // bytes that can still be written before the disk is full; -1: all that come
     std::int64_t steps = -1;  // steps that can still be done before the program stops; -1: all
 
-    std::vector<std::string> log;  // "read NAME", "size NAME", "create NAME", "open NAME", "write NAME 12"...; stamps
-                                   // and listings are not in it
+    std::vector<std::string> log;  // "read NAME", "size NAME", "create NAME", "open NAME", "write NAME 12"...; without
+                                   // stamps and listings
 
-    std::set<std::string> unflushed;  // written, but not on the disk yet
+    std::set<std::string> unflushed;  // written but not yet on the disk
     int openFiles = 0;
     std::set<std::string> handles;
     std::map<std::string, std::uint64_t> times;
     std::uint64_t now = 0;
 };
 
-// Thrown where the program stops: at each change of the files, and within each write at several bytes.
+// Thrown where the program stops. Each change of a file is a step; a write has several steps.
 struct ProgramStopped {};
 
-// The device over `files`, which must stay.
+// The device for `files`, which must outlive it.
 NoteFiles DeviceOver(FakeNoteFiles& files);
 
-// What a power cut makes of files that were not flushed: their names are on the disk, their bytes are not.
+// What a power cut does to files that were not flushed: their names are on the disk, but not all their bytes.
 enum class PowerCut { kNone, kLosesAll, kLeavesZeros, kLeavesHalf };
 void CutPower(FakeNoteFiles& files, PowerCut cut);
 
 // Changes a file as another program would.
 void ChangeFile(FakeNoteFiles& files, const std::string& name, std::vector<unsigned char> bytes);
 
-// 32-bit integers as the files hold them.
+// 32-bit integers in the files' format.
 std::vector<unsigned char> LittleEndianBytes(const std::vector<std::uint32_t>& numbers);
 
-// The data file of a set with these notes (verse index -> text) and all others empty, and its index file.
+// The data and index files of a set with these notes (verse index -> text); all other notes are empty.
 struct FakeSet {
     std::vector<unsigned char> data;
     std::vector<unsigned char> index;
 };
 FakeSet FakeSetOf(const std::map<int, std::string>& notes);
 
-// Puts such a set into `files`, and lists it.
+// Adds such a set to `files` and to its listing.
 void AddFakeSet(FakeNoteFiles& files, const std::string& name, const std::map<int, std::string>& notes);

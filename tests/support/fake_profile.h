@@ -1,5 +1,5 @@
-// A settings file in memory, with the manners of the private-profile functions: text loses the blanks round it, then
-// one pair of quotes; a number is a minus sign and digits, up to what is neither.
+// A settings file in memory that behaves like the private-profile functions: reading a text removes the blanks around
+// it, then one pair of quotes; reading a number takes a minus sign and digits and stops at the first other character.
 #pragma once
 
 #include <map>
@@ -14,5 +14,5 @@ struct FakeProfile {
     std::vector<std::string> writes;            // "SECTION/Key=text"
 };
 
-// The device over `profile`, which must stay.
+// The device for `profile`, which must outlive it.
 ProfileFile DeviceOver(FakeProfile& profile);

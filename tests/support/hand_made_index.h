@@ -1,4 +1,4 @@
-// The word index of a test's own verses, and data files that lie in memory.
+// A word index for the verses of a test, and data files in memory.
 #pragma once
 
 #include <map>
@@ -9,14 +9,14 @@
 #include "search/word_index.h"
 #include "tests/support/hand_made_scripture.h"
 
-// Contents by file name; vectors, so that a sanitizer sees every step beyond them.
+// Contents by file name. Vectors, so that a sanitizer detects every access out of bounds.
 using FilesInMemory = std::map<std::string, std::vector<unsigned char>>;
 
-// The device over `files`, which must stay. Files that are not there cannot be mapped.
+// The device for `files`, which must outlive it. Missing files cannot be mapped.
 DataFiles DeviceOver(FilesInMemory& files);
 
 // The three index files of the words of `verses`: runs of letters and apostrophes, in lower case.
 FilesInMemory MakeIndexFiles(std::span<const HandMadeVerse> verses);
 
-// A view of `files`, which must stay.
+// A view of `files`, which must outlive it.
 WordIndex IndexOf(FilesInMemory& files);

@@ -1,4 +1,4 @@
-// A few verses of a test's own making, laid out as the scripture files are.
+// Scripture files with a few verses made by a test.
 #pragma once
 
 #include <span>
@@ -12,19 +12,19 @@ struct HandMadeVerse {
     std::string_view text;
 };
 
-// The bytes of the two files. Both are vectors, so that a sanitizer sees every step beyond them.
+// The bytes of the two files. Vectors, so that a sanitizer detects every access out of bounds.
 struct HandMadeFiles {
     std::vector<unsigned char> records;
     std::vector<char> text;
 };
 
-// Adds a record with an offset of the caller's choice.
+// Adds a record with any text offset.
 void AddRecord(HandMadeFiles& files, int book, int chapter, int verse, std::uint32_t textOffset);
 
-// Adds a verse with its text behind those already there.
+// Adds a verse and appends its text.
 void AddVerse(HandMadeFiles& files, const HandMadeVerse& verse);
 
 HandMadeFiles MakeFiles(std::span<const HandMadeVerse> verses);
 
-// A view of `files`, which must stay.
+// A view of `files`, which must outlive it.
 Scripture ScriptureOf(const HandMadeFiles& files);

@@ -25,7 +25,7 @@ static void TakeStep(void* device) {
     if (steps > 0) --steps;
 }
 
-// ---- Open files: the handle is the descriptor, one higher -----------------------------------------------------------
+// ---- Open files: the handle is the file descriptor plus one ---------------------------------------------------------
 
 static void* HandleOf(int file) {
     return file < 0 ? nullptr : reinterpret_cast<void*>(static_cast<std::intptr_t>(file) + 1);
@@ -53,7 +53,7 @@ static bool WritePart(void* file, std::span<const unsigned char> bytes) {
     return write(FileOf(file), bytes.data(), bytes.size()) == static_cast<ssize_t>(bytes.size());
 }
 
-// The process may be killed before the first byte, half-way and behind the last.
+// The process may be killed before the first byte, half-way and after the last byte.
 static bool Write(void* device, void* file, std::span<const unsigned char> bytes) {
     if (FilesOf(device).steps < 0) return WritePart(file, bytes);
     const std::size_t half = bytes.size() / 2;

@@ -1,4 +1,4 @@
-// Note-set files in a folder of the host's file system.
+// Note-set files in a folder of the real file system.
 #pragma once
 
 #include <cstdint>
@@ -12,17 +12,18 @@ struct RealNoteFiles {
     std::int64_t steps = -1;  // changes of the files before the process kills itself; -1: never
 };
 
-// The device over `files`, which must stay. Nothing in the folder is unshared: the host knows no such thing.
+// The device for `files`, which must outlive it. Files are never locked against other programs, because the host has no
+// share modes.
 NoteFiles DeviceOver(RealNoteFiles& files);
 
-// A new folder for files of a test, with its closing slash. It goes with RemoveScratchFolder.
+// Creates a folder for files of a test and returns its path with a closing slash; RemoveScratchFolder deletes it.
 std::string MakeScratchFolder();
 void RemoveScratchFolder(const std::string& folder);
 
-// Writes a file whole.
+// Writes a complete file.
 void WriteWholeFile(const std::string& path, const std::vector<unsigned char>& bytes);
 std::vector<unsigned char> ReadWholeFile(const std::string& path);
 
-// Does `work` in a process of its own: kDone when it gives true.
+// Runs `work` in a child process: kDone if it returns true.
 enum class ChildEnd { kDone, kFailed, kKilled };
 ChildEnd RunInChild(const std::function<bool()>& work);

@@ -1,4 +1,4 @@
-// The ten bookmarks: what their menu items say, how they are set, gone to and kept.
+// The ten bookmarks: their menu items, setting them, going to them, and saving them.
 
 #include <gtest/gtest.h>
 
@@ -9,7 +9,7 @@
 
 static constexpr int kCount = 10;
 
-// The digit of bookmark `number`, counted from nought: the tenth has 0.
+// The digit key of the bookmark with this zero-based number; the tenth has 0.
 static std::string DigitOf(int number) {
     return std::to_string((number + 1) % kCount);
 }
@@ -18,7 +18,7 @@ static std::string LabelOf(const Program& program, int number) {
     return MenuText(program, IDM_GOTO_BOOKMARK + number);
 }
 
-TEST(Bookmarks, NameGenesisWhereNothingIsStored) {
+TEST(Bookmarks, DefaultToGenesis) {
     Program program = StartProgram(FolderWithScripture());
     for (int number = 0; number < kCount; ++number) {
         EXPECT_EQ(LabelOf(program, number), "Genesis 1:1\tCtrl+" + DigitOf(number));
@@ -34,7 +34,7 @@ static std::string FirstVerseOf(const Program& program, int book) {
     return MenuText(program, IDM_GOTO_BOOK + book) + " 1:1";
 }
 
-TEST(Bookmarks, AreSetAndFollowedByKeysAndKeptForTheNextStart) {
+TEST(Bookmarks, AreSetAndReachedByKeysAndSaved) {
     const ScratchFolder folder = FolderWithScripture();
     Program program = StartProgram(folder);
     for (int number = 0; number < kCount; ++number) {
@@ -61,7 +61,7 @@ TEST(Bookmarks, AreSetAndFollowedByKeysAndKeptForTheNextStart) {
     }
 }
 
-TEST(Bookmarks, OutOfADamagedFileNameVersesThatThereAre) {
+TEST(Bookmarks, InvalidSettingsBecomeGenesis) {
     const struct {
         const char* stored;
         const char* verse;
@@ -82,21 +82,21 @@ TEST(Bookmarks, OutOfADamagedFileNameVersesThatThereAre) {
     }
 }
 
-TEST(Bookmarks, LeaveAHiddenPassageHidden) {
+TEST(Bookmarks, DoNotShowAHiddenPassage) {
     const ScratchFolder folder = FolderWithScripture();
     WriteSetting(folder, "BOOKMARKS", "3", "31101");
     Program program = StartProgram(folder);
     Press(program, "F3");
     Press(program, "Ctrl+3");
     EXPECT_FALSE(IsShown(PassageOf(program)));
-    EXPECT_EQ(StatusPart(program, 2), "Revelation 22:21") << "the note has not followed";
+    EXPECT_EQ(StatusPart(program, 2), "Revelation 22:21") << "the note has not changed";
     Press(program, "F3");
     EXPECT_EQ(Top(program), "Revelation 22:21");
 }
 
-TEST(Bookmarks, TakeTheFirstSelectedVerseOfAFocusedPassage) {
+TEST(Bookmarks, AreSetToTheFirstSelectedVerseOfAFocusedPassage) {
     const ScratchFolder folder = FolderWithScripture();
-    WriteSetting(folder, "MISC", "ReadVerse", "26558");  // John 11:35, a line by itself
+    WriteSetting(folder, "MISC", "ReadVerse", "26558");  // John 11:35, which fits on one line
     Program program = StartProgram(folder);
     Command(program, IDM_FOCUS_PASSAGE);
     const int line = LineHeightOf();
@@ -104,12 +104,12 @@ TEST(Bookmarks, TakeTheFirstSelectedVerseOfAFocusedPassage) {
     Press(program, "Ctrl+Alt+1");
     EXPECT_EQ(LabelOf(program, 0), "John 11:36\tCtrl+1");
     Press(program, "Down");
-    Press(program, "Down");  // past what is selected
+    Press(program, "Down");  // past the selection
     Press(program, "Ctrl+Alt+2");
     EXPECT_EQ(LabelOf(program, 1), "John 11:37\tCtrl+2");
 }
 
-TEST(Bookmarks, TakeThePassagesVerseWhereverTheFocusIs) {
+TEST(Bookmarks, AreSetToThePassagesVerseWhenTheListHasTheFocus) {
     Program program = StartProgram(FolderWithScripture());
     SearchFor(program, {"grace"});
     Press(program, "Down");

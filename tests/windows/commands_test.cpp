@@ -1,4 +1,4 @@
-// Commands: which are there at the start, what keys reach them, what opens and what moves.
+// Commands: their state at the start, their keys, and the dialogs they open.
 
 #include <windows.h>
 
@@ -12,7 +12,7 @@
 
 using testing::ElementsAre;
 
-// Commands that can be chosen from the menu before anything has been searched, read or selected.
+// Commands that are enabled before anything has been searched, read or selected.
 static constexpr int kEnabledAtStart[] = {
     IDM_ABOUT,
     IDM_EXIT,
@@ -57,7 +57,7 @@ static constexpr int kEnabledAtStart[] = {
     IDM_RENAME_NOTE_SET,
 };
 
-// Commands that wait for hits, for a selection or for the focus.
+// Commands that need search results, a selection or the focus.
 static constexpr int kGreyedAtStart[] = {
     IDM_CONTEXT,
     IDM_NOTE_FOR_LIST,
@@ -74,7 +74,7 @@ static constexpr int kGreyedAtStart[] = {
     IDM_NEXT_BOOK,
 };
 
-TEST(Commands, AreEnabledAsTheirFactsSayAtTheStart) {
+TEST(Commands, AreEnabledOrGreyedCorrectlyAtTheStart) {
     Program program = StartProgram(FolderWithScripture());
     for (const int command : kEnabledAtStart) EXPECT_FALSE(IsGreyed(program, command)) << command;
     for (const int command : kGreyedAtStart) EXPECT_TRUE(IsGreyed(program, command)) << command;
@@ -88,11 +88,11 @@ TEST(Commands, AreEnabledAsTheirFactsSayAtTheStart) {
 struct Ticks {
     const char* section;
     const char* key;
-    std::vector<std::pair<const char*, std::vector<int>>> ticked;  // a value, and the ticked among `commands`
+    std::vector<std::pair<const char*, std::vector<int>>> ticked;  // a value, and which of `commands` it ticks
     std::vector<int> commands;
 };
 
-TEST(Commands, AreTickedAsTheSettingsSay) {
+TEST(Commands, AreTickedAccordingToTheSettings) {
     const Ticks kRows[] = {
         {"OPTIONS", "Paragraph Format", {{"1", {IDM_PARAGRAPH_FORMAT}}, {"0", {}}}, {IDM_PARAGRAPH_FORMAT}},
         {"OPTIONS",
@@ -105,7 +105,7 @@ TEST(Commands, AreTickedAsTheSettingsSay) {
         {"VIEW", "NotesWindow", {{"1", {IDM_VIEW_NOTES}}, {"0", {}}}, {IDM_VIEW_NOTES}},
         {"VIEW", "ToolBar", {{"1", {IDM_VIEW_TOOLBAR}}, {"0", {}}}, {IDM_VIEW_TOOLBAR}},
     };
-    for (std::size_t value = 0; value < 3; ++value) {  // one start for a value of each setting
+    for (std::size_t value = 0; value < 3; ++value) {  // each start tests one value of every setting
         const ScratchFolder folder = FolderWithScripture();
         for (const Ticks& row : kRows)
             WriteSetting(folder, row.section, row.key, row.ticked[value % row.ticked.size()].first);
@@ -131,7 +131,7 @@ static void ExpectButtonsLikeTheMenu(const Program& program, const char* when) {
     }
 }
 
-TEST(Commands, ShowOneStateInMenuAndToolbar) {
+TEST(Commands, HaveTheSameStateInMenuAndToolbar) {
     Program program = StartProgram(FolderWithScripture());
     ExpectButtonsLikeTheMenu(program, "at the start");
     Command(program, IDM_VIEW_LIST);
@@ -155,9 +155,9 @@ static void PrintTo(const Opening& opening, std::ostream* out) {
     *out << opening.title;
 }
 
-struct CommandOpens : testing::TestWithParam<Opening> {};
+struct DialogCommand : testing::TestWithParam<Opening> {};
 
-TEST_P(CommandOpens, ItsDialogAndEscClosesIt) {
+TEST_P(DialogCommand, OpensItsDialogAndEscClosesIt) {
     const auto& [command, keys, title] = GetParam();
     Program program = StartProgram(FolderWithScripture());
     Command(program, IDM_FOCUS_PASSAGE);
@@ -178,7 +178,7 @@ TEST_P(CommandOpens, ItsDialogAndEscClosesIt) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Commands, CommandOpens,
+    Commands, DialogCommand,
     testing::Values(Opening{IDM_ABOUT, "", "About Versewell97"}, Opening{IDM_WORD_SEARCH, "Alt+w", "Word Search"},
                     Opening{IDM_PHRASE_SEARCH, "Alt+p", "Phrase Search"},
                     Opening{IDM_WORD_LIST_SEARCH, "Alt+l", "Word Search"},
@@ -187,7 +187,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Opening{IDM_PASSAGE_FONT, "", "Font"}, Opening{IDM_HIGHLIGHT_COLOR, "", "Color"}),
     [](const auto& row) { return "Of" + std::to_string(row.param.command); });
 
-TEST(Commands, AboutSaysWhatTheProgramIs) {
+TEST(Commands, AboutShowsIconAndVersion) {
     Program program = StartProgram(FolderWithScripture());
     for (const char* key : {"Enter", "Esc"}) {
         Command(program, IDM_ABOUT);
@@ -208,15 +208,16 @@ TEST(Commands, AboutSaysWhatTheProgramIs) {
     }
 }
 
-TEST(Commands, ExitClosesTheFrame) {
+TEST(Commands, ExitClosesTheProgramAndSavesSettings) {
     Program program = StartProgram(FolderWithScripture());
     PostMessageA(program.frame, WM_COMMAND, IDM_EXIT, 0);
     EXPECT_EQ(WaitForExit(program), 0);
     EXPECT_TRUE(HasFile(program.folder, "Versewell.INI"));
 }
 
-// Menus are called &Notes and &Edit: with keys of commands their letters open nothing, whether greyed or not.
-TEST(Commands, KeysGoBeforeMenuLetters) {
+// The menus "&Notes" and "&Edit" have the same letters as the commands Alt+N and Alt+E: the command must run, and the
+// menu must not open even while the command is greyed.
+TEST(Commands, KeysOfCommandsTakePrecedenceOverMenuLetters) {
     Program program = StartProgram(FolderWithScripture());
     Command(program, IDM_FOCUS_PASSAGE);
     for (const char* keys : {"Alt+n", "Alt+e", "Alt+t"}) {
@@ -252,7 +253,7 @@ TEST(Commands, KeysShowAndHidePanes) {
     }
 }
 
-TEST(Commands, FocusKeysShowTheirPane) {
+TEST(Commands, FocusKeysShowAHiddenPane) {
     const ScratchFolder folder = FolderWithScripture();
     WriteSetting(folder, "VIEW", "VerseListWindow", "0");
     WriteSetting(folder, "VIEW", "ReadWindow", "0");
@@ -269,8 +270,7 @@ TEST(Commands, FocusKeysShowTheirPane) {
     EXPECT_EQ(FocusOf(program), Child(tabs, {IDC_REFERENCE_LIST}));
 }
 
-// What has no meaning, or none yet, changes nothing.
-TEST(Commands, IgnoreNumbersThatMeanNothing) {
+TEST(Commands, UnknownIdsAreIgnored) {
     Program program = StartProgram(FolderWithScripture());
     GoTo(program, "Ge 5:10");
     const Picture before = PictureOfWindow(program.frame);

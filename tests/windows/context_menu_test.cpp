@@ -1,4 +1,4 @@
-// Context menus of the Passage, the Verse List and the note view: their rows, the ways to open them, what a row does.
+// Context menus of the Passage, the Verse List and the note view: their items, how they open, and what the items do.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -30,7 +30,7 @@ static std::vector<std::string> RowsAfterRightClick(const Program& program, HWND
     return Described(OpenMenuLines(program));
 }
 
-// A picture of the screen where the program is, for the menu is a window of its own.
+// Saves a picture of the screen area of the program, because the menu is a separate window that may extend beyond it.
 static void KeepPictureOfMenu(const Program& program, const std::string& name) {
     RECT area = RectOnScreen(program.frame);
     for (const HWND window : TopLevelWindows(program)) {
@@ -40,9 +40,9 @@ static void KeepPictureOfMenu(const Program& program, const std::string& name) {
     SavePicture(PictureOfScreen(area), name);
 }
 
-// ---- Rows -----------------------------------------------------------------------------------------------------------
+// ---- Items ----------------------------------------------------------------------------------------------------------
 
-TEST(PassageMenu, HasItsRows) {
+TEST(PassageMenu, HasTheExpectedItems) {
     Program program = ProgramAt(31101);
     EXPECT_THAT(RowsAfterRightClick(program, PassageOf(program)),
                 ElementsAre("162 Copy Selected Text\tCtrl+C (greyed)", "130 Copy Range...\tF6", "133 Save Range...",
@@ -57,7 +57,7 @@ TEST(PassageMenu, HasItsRows) {
     LeaveMenu(program);
 }
 
-TEST(PassageMenu, OffersTheBooksInFourColumns) {
+TEST(PassageMenu, ListsTheBooksInFourColumns) {
     Program program = ProgramAt(0);
     Click(program, PassageOf(program), kMiddle, MouseButton::Right);
     const std::vector<MenuLine> books = OpenMenuLines(program, LineOf(program, "Go to Book"));
@@ -70,13 +70,13 @@ TEST(PassageMenu, OffersTheBooksInFourColumns) {
         if (line.state & (MF_MENUBREAK | MF_MENUBARBREAK)) firstOfColumns.push_back(line.text);
     }
     EXPECT_THAT(firstOfColumns, ElementsAre("Ecclesiastes", "Matthew", "James"));
-    for (int row = 0; row < 6; ++row) Press(program, "Down");  // to the row that opens it
+    for (int row = 0; row < 6; ++row) Press(program, "Down");  // to the item that opens the submenu
     Press(program, "Right");
     KeepPictureOfMenu(program, "passage-menu-books");
     LeaveMenu(program);
 }
 
-TEST(PassageMenu, OffersTheBookmarks) {
+TEST(PassageMenu, ListsTheBookmarks) {
     const ScratchFolder folder = FolderWithScripture();
     WriteSetting(folder, "BOOKMARKS", "2", "7213");
     WriteSetting(folder, "BOOKMARKS", "10", "31101");
@@ -95,7 +95,7 @@ TEST(PassageMenu, OffersTheBookmarks) {
     LeaveMenu(program);
 }
 
-TEST(VerseListMenu, HasItsRowsForTheCurrentEntry) {
+TEST(VerseListMenu, HasTheExpectedItemsForTheCurrentEntry) {
     Program program = StartProgram(FolderWithScripture());
     SearchFor(program, {"grace"});
     Press(program, "Down");
@@ -111,7 +111,7 @@ TEST(VerseListMenu, HasItsRowsForTheCurrentEntry) {
     LeaveMenu(program);
 }
 
-TEST(VerseListMenu, StaysClosedOverAnEmptyList) {
+TEST(VerseListMenu, DoesNotOpenForAnEmptyList) {
     Program program = StartProgram(FolderWithScripture());
     Click(program, VerseListOf(program), kMiddle, MouseButton::Right);
     EXPECT_FALSE(IsInMenu(program));
@@ -144,7 +144,7 @@ static std::vector<std::string> NoteRows(const char* selected, const char* liste
             "190 Search Notes with Selected Text..." + std::string(selected)};
 }
 
-TEST(NoteMenu, HasItsRowsAsTheNoteAndTheListStand) {
+TEST(NoteMenu, EnablesItemsForTheSelectionAndTheList) {
     static constexpr char kGreyed[] = " (greyed)", kTicked[] = " (ticked)";
     Program program = StartProgram(FolderWithScripture());
     const HWND view = NoteViewOf(program);
@@ -166,14 +166,14 @@ TEST(NoteMenu, HasItsRowsAsTheNoteAndTheListStand) {
 
 // ---- Selections -----------------------------------------------------------------------------------------------------
 
-static constexpr int kWept = 26558;  // John 11:35, a line by itself
+static constexpr int kWept = 26558;  // John 11:35, which fits on one line
 
 static POINT InLine(int line) {
     const int height = LineHeightOf();
     return {100, line * height + height / 2};
 }
 
-TEST(PassageMenu, IsThatOfTheVerseWhereASelectionBegan) {
+TEST(PassageMenu, UsesTheVerseWhereTheSelectionBegan) {
     Program program = ProgramAt(kWept);
     const HWND pane = PassageOf(program);
     Command(program, IDM_FOCUS_PASSAGE);
@@ -196,7 +196,7 @@ TEST(PassageMenu, IsThatOfTheVerseWhereASelectionBegan) {
     EXPECT_THAT(TextOf(WaitForDialog(program, "Word Search"), IDC_SEARCH_TEXT), StartsWith("Jesus wept   Then "));
 }
 
-TEST(PassageMenu, IsThatOfTheTopWhereASelectionIsOutOfSight) {
+TEST(PassageMenu, UsesTheTopVerseWhenTheSelectionIsNotFullyVisible) {
     Program program = ProgramAt(kWept);
     const HWND pane = PassageOf(program);
     Command(program, IDM_FOCUS_PASSAGE);
@@ -207,7 +207,7 @@ TEST(PassageMenu, IsThatOfTheTopWhereASelectionIsOutOfSight) {
     LeaveMenu(program);
 }
 
-TEST(VerseListMenu, IsThatOfTheEntryWhereASelectionBegan) {
+TEST(VerseListMenu, UsesTheEntryWhereTheSelectionBegan) {
     Program program = StartProgram(FolderWithScripture());
     SearchFor(program, {"grace"});
     const HWND pane = VerseListOf(program);
@@ -232,7 +232,7 @@ static void ExpectRowsOfTheNote(const Program& program, const std::string& state
     LeaveMenu(program);
 }
 
-TEST(ContextMenus, GreyTheRowOfTheNoteWhileOneIsEdited) {
+TEST(ContextMenus, GreyTheNoteItemsWhileANoteIsEdited) {
     Program program = StartProgram(FolderWithScripture());
     SearchFor(program, {"grace"});
     Command(program, IDM_EDIT_NOTE);
@@ -250,8 +250,8 @@ static POINT CornerOf(HWND pane, bool ofClientArea) {
     return ofClientArea ? client : POINT{window.left, window.top};
 }
 
-// A menu by the mouse stands at the click's point, counted from the pane's border on; that of the note view where the
-// mouse is.
+// A menu opened with the mouse appears at the point of the click, measured from the outer corner of the pane; in the
+// note view it appears at the mouse itself.
 static void ExpectMenuByMouse(const Program& program, HWND pane, bool whereTheMouseIs) {
     Click(program, pane, kMiddle, MouseButton::Right);
     EXPECT_EQ(FocusOf(program), pane);
@@ -285,16 +285,16 @@ TEST(ContextMenus, OpenByRightButtonMenuKeyAndShiftF10) {
     }
 }
 
-TEST(ContextMenus, StayAwayFromTheScrollBar) {
+TEST(ContextMenus, DoNotOpenOverTheScrollBar) {
     Program program = StartProgram(FolderWithScripture());
     const RECT client = ClientRectOf(PassageOf(program));
     Click(program, PassageOf(program), {client.right + 5, client.bottom / 2}, MouseButton::Right);
     EXPECT_EQ(CountOpenMenus(program), 0);
 }
 
-// ---- What rows do ---------------------------------------------------------------------------------------------------
+// ---- What items do --------------------------------------------------------------------------------------------------
 
-TEST(PassageMenu, CarriesOutItsRows) {
+TEST(PassageMenu, ItemsRunTheirCommands) {
     Program program = ProgramAt(0);
     Command(program, IDM_FOCUS_PASSAGE);
     const auto choose = [&](auto... row) {
@@ -317,7 +317,7 @@ TEST(PassageMenu, CarriesOutItsRows) {
     EXPECT_NE(WaitForDialog(program, "Go To Verse"), nullptr);
 }
 
-TEST(PassageMenu, CommandsGoOnToTheFrame) {
+TEST(PassageMenu, ForwardsCommandsToTheFrame) {
     Program program = ProgramAt(0);
     const struct {
         int command;
@@ -335,7 +335,7 @@ TEST(PassageMenu, CommandsGoOnToTheFrame) {
         PostMessageA(PassageOf(program), WM_COMMAND, static_cast<WPARAM>(command), 0);
         EXPECT_EQ(Top(program), top) << command;
     }
-    EXPECT_TRUE(IsShown(PassageOf(program))) << "a command that is not the pane's has gone on";
+    EXPECT_TRUE(IsShown(PassageOf(program))) << "the pane has forwarded a command that it should drop";
 
     const std::pair<int, const char*> kDialogs[] = {
         {IDM_GOTO_VERSE, "Go To Verse"}, {IDM_COPY_RANGE, "Copy Range"}, {IDM_SAVE_RANGE, "Save Range"}};
@@ -348,7 +348,7 @@ TEST(PassageMenu, CommandsGoOnToTheFrame) {
     EXPECT_THAT(Top(program), StartsWith("Proverbs "));
 }
 
-TEST(VerseListMenu, CarriesOutItsRows) {
+TEST(VerseListMenu, ItemsRunTheirCommands) {
     Program program = StartProgram(FolderWithScripture());
     SearchFor(program, {"grace"});
     const auto choose = [&](const char* row) {
@@ -364,7 +364,7 @@ TEST(VerseListMenu, CarriesOutItsRows) {
     EXPECT_EQ(StatusPart(program, 2), "Genesis 19:19");
 }
 
-TEST(VerseListMenu, OtherCommandsEndInThePane) {
+TEST(VerseListMenu, DoesNotForwardOtherCommands) {
     Program program = StartProgram(FolderWithScripture());
     SearchFor(program, {"grace"});
     for (const int command : {IDM_VIEW_LIST, IDM_GOTO_BOOK + 5, IDM_NOTE_FOR_PASSAGE, IDM_GOTO_VERSE}) {
@@ -376,7 +376,7 @@ TEST(VerseListMenu, OtherCommandsEndInThePane) {
     EXPECT_EQ(Top(program), "Genesis 1:1");
 }
 
-TEST(NoteMenu, CarriesOutItsRows) {
+TEST(NoteMenu, ItemsRunTheirCommands) {
     const ScratchFolder folder = FolderWithScripture();
     WriteNoteSet(folder, "Mine", {{0, "First."}, {500, "Middle."}});
     Program program = StartProgram(folder);

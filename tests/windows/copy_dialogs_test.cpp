@@ -1,4 +1,4 @@
-// Verses on the clipboard: Copy Verse, Copy Range, Copy Verse List and Copy Verse References.
+// Copying verses to the clipboard: Copy Verse, Copy Range, Copy Verse List and Copy Verse References.
 
 #include <windows.h>
 
@@ -21,7 +21,7 @@ struct CopyDialogRow {
     const char* title;
     const char* label;
     const char* labelKey;
-    const char* behindVerse;  // in the field at the start
+    const char* behindVerse;  // follows the verse in the field when the dialog opens
 };
 
 static void PrintTo(const CopyDialogRow& row, std::ostream* out) {
@@ -47,7 +47,7 @@ static void CloseBy(const Program& program, const char* key) {
     WaitForNoDialog(program);
 }
 
-TEST_P(CopyDialog, HasItsControls) {
+TEST_P(CopyDialog, HasTheExpectedControls) {
     const CopyDialogRow& row = GetParam();
     Program program = StartProgram(FolderWithScripture());
     GoTo(program, "2 Samuel 3:4");
@@ -70,7 +70,7 @@ TEST_P(CopyDialog, HasItsControls) {
     EXPECT_EQ(Top(program), "2 Samuel 3:4");
 }
 
-TEST_P(CopyDialog, CopiesNothingWhenEmptyOrCancelledOrNotUnderstood) {
+TEST_P(CopyDialog, CopiesNothingWhenEmptyCancelledOrInvalid) {
     const CopyDialogRow& row = GetParam();
     Program program = StartProgram(FolderWithScripture());
     SetClipboardText(kUntouched);
@@ -84,18 +84,18 @@ TEST_P(CopyDialog, CopiesNothingWhenEmptyOrCancelledOrNotUnderstood) {
     for (const char* typed : {"Xyz 3", "Ge 0:1", "Ge 1:0"}) {
         SetDlgItemTextA(dialog, IDC_RANGE, typed);
         Press(program, "Enter");
-        ExpectComplaint(program, "Error", "Unrecognized Refrence");
+        ExpectComplaint(program, "Error", "Unrecognized Refrence");  // (sic)
         ASSERT_TRUE(IsWindow(dialog));
         EXPECT_EQ(TextOf(dialog, IDC_RANGE), typed);
         EXPECT_EQ(FocusOf(program), Child(dialog, {IDC_RANGE}));
     }
     EXPECT_EQ(ClipboardText(), kUntouched);
-    Type(program, "Jude 1:25");  // over what was wrong
+    Type(program, "Jude 1:25");  // replaces the invalid text
     CloseBy(program, "Enter");
     EXPECT_EQ(ClipboardText(), " Jude 1:25 " + WithoutBrackets(TextAt("Jude 1:25")) + "\r\n");
 }
 
-TEST(CopyDialogs, StandOverTheUpperMiddleOfTheFrame) {
+TEST(CopyDialogs, AreCentredOverTheUpperPartOfTheFrame) {
     Program program = StartProgram(FolderWithScripture());
     PlaceFrame(program, {100, 50, 1100, 850});
     for (const int command : {IDM_COPY_VERSE, IDM_COPY_RANGE, IDM_SAVE_RANGE, IDM_FORMAT}) {
@@ -109,7 +109,7 @@ TEST(CopyDialogs, StandOverTheUpperMiddleOfTheFrame) {
 
 // ---- What is copied -------------------------------------------------------------------------------------------------
 
-// What the dialog of `command` puts on the clipboard for `typed`.
+// What the dialog of `command` copies when `typed` is entered.
 static std::string Copied(const Program& program, int command, const char* typed) {
     SetClipboardText(kUntouched);
     Command(program, command);
@@ -123,24 +123,24 @@ static std::string Piece(const std::string& label, std::string_view reference) {
     return " " + label + " " + WithoutBrackets(WithBlankAfterMark(TextAt(reference))) + "\r\n";
 }
 
-TEST(CopyVerse, PutsOneVerseOnTheClipboard) {
+TEST(CopyVerse, CopiesOneVerse) {
     Program program = StartProgram(FolderWithScripture());
     EXPECT_EQ(Copied(program, IDM_COPY_VERSE, "Joh 3:16"), Piece("Joh 3:16", "Joh 3:16"));
     EXPECT_EQ(Copied(program, IDM_COPY_VERSE, "genesis 1:1"), Piece("Ge 1:1", "Ge 1:1"));
-    EXPECT_EQ(Copied(program, IDM_COPY_VERSE, "Ps 23"), Piece("Ps 23:1", "Ps 23:1")) << "no more than one";
+    EXPECT_EQ(Copied(program, IDM_COPY_VERSE, "Ps 23"), Piece("Ps 23:1", "Ps 23:1")) << "only one verse";
     EXPECT_EQ(Copied(program, IDM_COPY_VERSE, "Re 22:21"), Piece("Re 22:21", "Re 22:21"));
 }
 
-TEST(CopyRange, NamesWhatIsNewOfEachReference) {
+TEST(CopyRange, PartialLabelsShowOnlyWhatChanged) {
     Program program = StartProgram(FolderWithScripture());
     EXPECT_EQ(Copied(program, IDM_COPY_RANGE, "Ge 1:30 - Ge 2:2"),
               Piece("Ge 1:30", "Ge 1:30") + Piece("31", "Ge 1:31") + Piece("2:1", "Ge 2:1") + Piece("2", "Ge 2:2"));
     EXPECT_EQ(Copied(program, IDM_COPY_RANGE, "Mt 1:1 - Mal 4:6"),
               Piece("Mal 4:6", "Mal 4:6") + Piece("Mt 1:1", "Mt 1:1"))
-        << "typed the other way round";
+        << "first and last verse swapped";
 }
 
-TEST(CopyRange, KeepsBracketsAndDropsMarksAsTheFormatSays) {
+TEST(CopyRange, FollowsTheFormatForBracketsAndParagraphMarks) {
     const ScratchFolder folder = FolderWithScripture();
     for (const auto& [key, value] : {std::pair{"FirstVerseStyle", "1"},
                                      {"SubsequentVerseStyle", "0"},
@@ -170,7 +170,7 @@ TEST(CopyRange, CopiesTheWholeBible) {
     const std::string end = Piece("20", "Re 22:20") + Piece("21", "Re 22:21");
     EXPECT_EQ(all.substr(all.size() - end.size()), end);
     EXPECT_FALSE(HasDialog(program));
-    EXPECT_EQ(MouseCaptureOf(program), nullptr) << "the mouse is free again";
+    EXPECT_EQ(MouseCaptureOf(program), nullptr) << "the mouse is no longer captured";
 }
 
 // ---- The Verse List -------------------------------------------------------------------------------------------------
@@ -181,10 +181,10 @@ static std::string CopiedByKey(const Program& program, const char* key) {
     return ClipboardText();
 }
 
-TEST(CopyVerseList, TakesEveryVerseWithAFullLabel) {
+TEST(CopyVerseList, GivesEveryVerseAFullLabel) {
     for (const bool brackets : {false, true}) {
         const ScratchFolder folder = FolderWithScripture();
-        // None of these but the brackets counts.
+        // Only the setting for brackets applies to a list.
         for (const auto& [key, value] : {std::pair{"FirstVerseStyle", "2"},
                                          {"Location", "1"},
                                          {"LineBreaks", "0"},
@@ -206,7 +206,7 @@ TEST(CopyVerseList, TakesEveryVerseWithAFullLabel) {
     }
 }
 
-TEST(CopyReferences, NamesBookAndChapterWhereTheyChange) {
+TEST(CopyReferences, RepeatsBookAndChapterOnlyWhenTheyChange) {
     Program program = StartProgram(FolderWithScripture());
     SearchFor(program, {"Jesus wept", IDM_PHRASE_SEARCH});
     EXPECT_EQ(CopiedByKey(program, "F8"), "# Joh 11:35");
@@ -215,7 +215,7 @@ TEST(CopyReferences, NamesBookAndChapterWhereTheyChange) {
     EXPECT_EQ(CopiedByKey(program, "F8"), "# Ge 1:6,7,8,14,15,17,20 Ps 19:1 150:1 Eze 1:22,23,25,26 10:1 Da 12:3");
 }
 
-TEST(CopyReferences, AreANumberSignAloneForAnEmptyList) {
+TEST(CopyReferences, OfAnEmptyListAreOnlyANumberSign) {
     Program program = StartProgram(FolderWithScripture());
     EXPECT_EQ(CopiedByKey(program, "F7"), kUntouched);
     EXPECT_EQ(CopiedByKey(program, "F8"), kUntouched) << "its menu item is greyed";
@@ -227,7 +227,7 @@ TEST(CopyReferences, AreANumberSignAloneForAnEmptyList) {
 
 // ---- Failures -------------------------------------------------------------------------------------------------------
 
-TEST(CopyCommands, SayWhenAnotherProgramHoldsTheClipboard) {
+TEST(CopyCommands, ReportAClipboardHeldByAnotherProgram) {
     Program program = StartProgram(FolderWithScripture());
     SearchFor(program, {"Jesus wept", IDM_PHRASE_SEARCH});
     SetClipboardText(kUntouched);

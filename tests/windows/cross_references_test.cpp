@@ -1,4 +1,4 @@
-// Cross-reference lines of a note: a double click opens them as a Verse List.
+// Cross-reference lines of a note: a double click lists their verses in the Verse List.
 
 #include <windows.h>
 
@@ -53,36 +53,36 @@ TEST(CrossReferenceLine, OpensAsAVerseList) {
     EXPECT_EQ(scroll.position, 0);
     SavePicture(PictureOfWindow(program.frame), "cross-references");
 
-    DoubleClickNote(program, "4:8");  // behind a word and a "#"
+    DoubleClickNote(program, "4:8");  // after a word and a "#"
     EXPECT_THAT(References(program), ElementsAre("1Jo 4:8", "1Jo 4:5"));
-    DoubleClickNote(program, "Ex 5");  // a lone number is a verse
+    DoubleClickNote(program, "Ex 5");  // a number without a colon is a verse
     EXPECT_THAT(References(program), ElementsAre("Ex 3:5"));
     EXPECT_EQ(VerticalScroll(program, VerseListOf(program)).highest, 0);
 }
 
-TEST(CrossReferenceLine, EnablesWhatWorksOnAList) {
+TEST(CrossReferenceLine, EnablesTheListCommandsButNotSave) {
     Program program = StartProgram(FolderWithReferences());
     static constexpr int kEnabled[] = {IDM_CONTEXT, IDM_NOTE_FOR_LIST, IDM_COPY_VERSE_LIST, IDM_COPY_REFERENCES};
     for (const int command : kEnabled) ASSERT_TRUE(IsGreyed(program, command)) << command;
     DoubleClickNote(program, "Ge 1:1");
     for (const int command : kEnabled) EXPECT_FALSE(IsGreyed(program, command)) << command;
-    EXPECT_TRUE(IsGreyed(program, IDM_SAVE_VERSE_LIST)) << "only a search's list is saved";
+    EXPECT_TRUE(IsGreyed(program, IDM_SAVE_VERSE_LIST)) << "a list of references must not enable saving";
     EXPECT_EQ(ToolState(program, IDM_CONTEXT), TBSTATE_ENABLED);
     SearchFor(program, {"grace"});
     DoubleClickNote(program, "Ge 1:1");
-    EXPECT_FALSE(IsGreyed(program, IDM_SAVE_VERSE_LIST)) << "it stays as it was";
+    EXPECT_FALSE(IsGreyed(program, IDM_SAVE_VERSE_LIST)) << "nor disable it";
     Press(program, "F9");
     EXPECT_EQ(StatusPart(program, 2), "Genesis 1:1");
 }
 
-TEST(CrossReferenceLine, IsNoneWithoutAReference) {
+TEST(CrossReferenceLine, WithoutReferencesLeavesTheListUnchanged) {
     Program program = StartProgram(FolderWithReferences());
     for (const char* line : {"plain", "see", "nothing"}) {
         DoubleClickNote(program, line);
         EXPECT_THAT(References(program), IsEmpty()) << line;
         EXPECT_EQ(StatusPart(program, kSummary), "") << line;
         EXPECT_TRUE(IsGreyed(program, IDM_CONTEXT)) << line;
-        EXPECT_FALSE(IsGreyed(program, IDM_COPY)) << "the word is selected all the same: " << line;
+        EXPECT_FALSE(IsGreyed(program, IDM_COPY)) << "the word must still be selected: " << line;
     }
     SearchFor(program, {"grace"});
     DoubleClickNote(program, "plain");
@@ -90,8 +90,8 @@ TEST(CrossReferenceLine, IsNoneWithoutAReference) {
     EXPECT_EQ(StatusPart(program, kSummary), "159 verses, 170 occurrences");
 }
 
-// The key words are those of a search that did not find these verses.
-TEST(CrossReferenceLine, MarksNoKeyWords) {
+// The key words belong to an earlier search, which did not find these verses.
+TEST(CrossReferenceLine, HighlightsNoKeyWords) {
     const ScratchFolder folder = FolderWithReferences();
     WriteSetting(folder, "OPTIONS", "KeyHighlightColor", std::to_string(RGB(255, 0, 0)));
     Program program = StartProgram(folder);
@@ -99,10 +99,10 @@ TEST(CrossReferenceLine, MarksNoKeyWords) {
     DoubleClickNote(program, "Ge 1:1");
     EXPECT_EQ(WrongLines(VerseListOf(program), {{{{Style::kBold, "Ge 1:1 "}, {Style::kRegular, "\xB6 In the "}}}}), "");
     SearchFor(program, {"grace"});
-    EXPECT_EQ(References(program).front(), "Genesis 6:8") << "a search's lines have full names";
+    EXPECT_EQ(References(program).front(), "Genesis 6:8") << "results of a search have full book names";
 }
 
-TEST(CrossReferenceLine, LeadsToItsVersesInBothViews) {
+TEST(CrossReferenceLine, VersesCanBeReadInContextFromBothViews) {
     Program program = StartProgram(FolderWithReferences());
     DoubleClickNote(program, "4:8");
     Press(program, "Alt+1");
@@ -113,7 +113,7 @@ TEST(CrossReferenceLine, LeadsToItsVersesInBothViews) {
     Press(program, "Alt+1");
     Press(program, "Home");
     Press(program, "Enter");
-    EXPECT_EQ(Top(program), "1 John 4:8") << "from a line with an abbreviation";
+    EXPECT_EQ(Top(program), "1 John 4:8") << "from a line with an abbreviated book name";
     ClickTab(program, Child(program.frame, {IDC_LIST_TABS}), 0);
     Press(program, "Alt+1");
     Press(program, "Delete");
@@ -121,7 +121,7 @@ TEST(CrossReferenceLine, LeadsToItsVersesInBothViews) {
     EXPECT_EQ(StatusPart(program, kSummary), "");
 }
 
-TEST(CrossReferenceLine, ShowsAListThatIsHidden) {
+TEST(CrossReferenceLine, ShowsAHiddenVerseList) {
     const ScratchFolder folder = FolderWithReferences();
     WriteSetting(folder, "VIEW", "VerseListWindow", "0");
     Program program = StartProgram(folder);

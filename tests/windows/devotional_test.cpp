@@ -1,4 +1,4 @@
-// The readings of the day and the proverb of the day.
+// The daily readings and the proverb of the day.
 
 #include <gtest/gtest.h>
 
@@ -12,7 +12,7 @@ static int SlotOf(int month, int day, int reading) {
     return ((month - 1) * 31 + day - 1) * 2 + reading;
 }
 
-// A set with a table; entries that are not named are Genesis 1:1.
+// Writes a set with a table of readings; entries missing from `table` are Genesis 1:1.
 static void WriteDevotional(const ScratchFolder& folder, const std::string& name, const std::map<int, unsigned>& table,
                             const std::map<int, std::string>& notes) {
     std::vector<unsigned> verses(kSlots);
@@ -71,7 +71,7 @@ TEST(Devotional, OpensTheReadingsOfTheLocalDate) {
     }
 }
 
-TEST(Devotional, OpensTheReadingOfADayFromItsMenuWhateverTheTableSays) {
+TEST(Devotional, MenuItemsOpenTheirVerseRegardlessOfTheTable) {
     const ScratchFolder folder = FolderWithScripture();
     WriteDevotional(folder, "Readings", {}, {{3, "Of the light."}, {5946, "Old corn."}});
     WriteSetting(folder, "VIEW", "NotesWindow", "0");
@@ -99,7 +99,7 @@ TEST(Devotional, OpensGenesisForAnEmptyEntry) {
     EXPECT_EQ(Note(program), "In the beginning.");
 }
 
-TEST(Devotional, BearsATableTooShortAndOneBeyondTheLastVerse) {
+TEST(Devotional, HandlesShortTablesAndVersesOutOfRange) {
     for (const auto& [table, verse] :
          {std::pair{std::string(5, '\0'), "Genesis 1:1"}, std::pair{std::string(2976, '\xFF'), "Revelation 22:21"}}) {
         const ScratchFolder folder = FolderWithScripture();
@@ -112,7 +112,7 @@ TEST(Devotional, BearsATableTooShortAndOneBeyondTheLastVerse) {
     }
 }
 
-TEST(Devotional, IsNotThereWithoutItsSet) {
+TEST(Devotional, MenuAndCommandsNeedADevotionalSet) {
     const ScratchFolder folder = FolderWithScripture();
     WriteNoteSet(folder, "Mine", {{3, "Mine."}});
     const Program program = StartAt(folder, "2026-05-31 12:00:00");
@@ -125,7 +125,7 @@ TEST(Devotional, IsNotThereWithoutItsSet) {
     EXPECT_EQ(Top(program), "Proverbs 31:1");
 }
 
-TEST(Devotional, HasNoReadingBeyondTheLastVerse) {
+TEST(Devotional, IgnoresIdsBeyondTheLastVerse) {
     const ScratchFolder folder = FolderWithScripture();
     WriteDevotional(folder, "Readings", {}, {});
     const Program program = StartProgram(folder);
@@ -136,7 +136,7 @@ TEST(Devotional, HasNoReadingBeyondTheLastVerse) {
     EXPECT_EQ(Top(program), "Revelation 22:21");
 }
 
-TEST(Devotional, ShowsTodaysProverbInAHiddenPassage) {
+TEST(Devotional, TodaysProverbShowsAHiddenPassage) {
     const ScratchFolder folder = FolderWithScripture();
     WriteSetting(folder, "VIEW", "ReadWindow", "0");
     const Program program = StartAt(folder, "2026-11-09 12:00:00");

@@ -88,7 +88,7 @@ void ExpectMissingHelp(const Program& program, HWND dialog) {
     EXPECT_TRUE(IsWindow(dialog));
 }
 
-// The stop icon is red, which nothing else of a message box is.
+// The stop icon is the only red thing in a message box.
 static bool ShowsStopIcon(HWND box) {
     const Picture picture = PictureOfWindow(box);
     const auto isRed = [](std::uint32_t color) {

@@ -1,4 +1,4 @@
-// The first start in a folder with nothing but the scripture: what is made, what is shown, what is kept at the end.
+// The first start in a folder that contains only the scripture: what is created, shown and saved.
 
 #include <algorithm>
 
@@ -34,7 +34,7 @@ TEST(FirstStart, ShowsGenesis) {
     SavePicture(PictureOfWindow(program.frame), "first-start");
 }
 
-TEST(FirstStart, HasTabsAndPanes) {
+TEST(FirstStart, ShowsTabsAndPanes) {
     Program program = StartProgram(FolderWithScripture());
     const HWND list = Child(program.frame, {IDC_LIST_TABS});
     const HWND passage = Child(program.frame, {IDC_PASSAGE_TABS});
@@ -51,14 +51,14 @@ TEST(FirstStart, HasTabsAndPanes) {
     EXPECT_FALSE(IsShown(ChildOfClass(program.frame, "NOTEEDIT", IDC_NOTE_EDITOR)));
 }
 
-TEST(FirstStart, MakesMyNotes) {
+TEST(FirstStart, CreatesMyNotes) {
     Program program = StartProgram(FolderWithScripture());
     EXPECT_EQ(ReadFile(program.folder, "My Notes.nmi"), DefaultIndex());
     EXPECT_EQ(ReadFile(program.folder, "My Notes.nmd"), std::string(31102, '\0'));
     EXPECT_FALSE(HasFile(program.folder, "Versewell.INI"));
 }
 
-TEST(FirstStart, KeepsNotesThatAreThere) {
+TEST(FirstStart, KeepsExistingNotes) {
     const ScratchFolder folder = FolderWithScripture();
     WriteFile(folder, "Mine.nmi", DefaultIndex());
     WriteFile(folder, "Mine.nmd", std::string(31102, '\0'));
@@ -67,7 +67,7 @@ TEST(FirstStart, KeepsNotesThatAreThere) {
     EXPECT_FALSE(HasFile(folder, "My Notes.nmi"));
 }
 
-TEST(FirstStart, WritesSettingsAtTheEnd) {
+TEST(FirstStart, WritesSettingsOnExit) {
     Program program = StartProgram(FolderWithScripture());
     const RECT frame = RectOnScreen(program.frame);
     const ScratchFolder folder = program.folder;
@@ -91,7 +91,7 @@ TEST(FirstStart, WritesSettingsAtTheEnd) {
     }
 }
 
-TEST(FirstStart, ComesBackWhereItWas) {
+TEST(FirstStart, RestoresPlaceAndVerse) {
     const ScratchFolder folder = FolderWithScripture();
     const RECT place{90, 70, 890, 670};
     {
@@ -109,7 +109,7 @@ TEST(FirstStart, ComesBackWhereItWas) {
 
 struct FailedStart {
     const char* file;
-    bool saysSo;  // else the frame opens half-started
+    bool saysSo;  // false: no message, and the frame opens half-started
 };
 
 static void PrintTo(const FailedStart& start, std::ostream* out) {
@@ -118,7 +118,7 @@ static void PrintTo(const FailedStart& start, std::ostream* out) {
 
 struct MissingFile : testing::TestWithParam<FailedStart> {};
 
-TEST_P(MissingFile, EndsTheStart) {
+TEST_P(MissingFile, PreventsANormalStart) {
     const ScratchFolder folder = FolderWithScripture();
     std::filesystem::remove(folder.path / GetParam().file);
     if (!GetParam().saysSo) {

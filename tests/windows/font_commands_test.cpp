@@ -12,7 +12,7 @@
 #include "tests/windows/passage_pane.h"
 #include "tests/windows/search_steps.h"
 
-// Chooses a size in the open font dialog, as by its list.
+// Chooses a size in the list of the open font dialog.
 static void ChooseSize(HWND dialog, const char* points) {
     const HWND sizes = Child(dialog, {cmb3});
     const LRESULT row =
@@ -22,14 +22,14 @@ static void ChooseSize(HWND dialog, const char* points) {
     SendMessageA(dialog, WM_COMMAND, MAKEWPARAM(cmb3, CBN_SELCHANGE), reinterpret_cast<LPARAM>(sizes));
 }
 
-// What a list of the open font dialog stands on: cmb1 the face, cmb2 the style, cmb3 the size.
+// The selection in a list of the open font dialog: cmb1 is the face, cmb2 the style, cmb3 the size.
 static std::string ChosenIn(HWND dialog, int list) {
     const HWND combo = Child(dialog, {list});
     const LRESULT row = SendMessageA(combo, CB_GETCURSEL, 0, 0);
     return row < 0 ? "nothing" : ComboStrings(combo)[static_cast<std::size_t>(row)];
 }
 
-// "Times New Roman, Regular, 12", as the open font dialog stands.
+// The current choice in the open font dialog: "Times New Roman, Regular, 12".
 static std::string FontOnOffer(HWND dialog) {
     return ChosenIn(dialog, cmb1) + ", " + ChosenIn(dialog, cmb2) + ", " + ChosenIn(dialog, cmb3);
 }
@@ -51,8 +51,8 @@ static void AskForFont(const Program& program, int command, const char* points, 
     LeaveDialog(program, dialog, button);
 }
 
-// Three quarters of a height in pixels are its points on the test's screen.
-TEST(Fonts, AreChosenForEachPaneFromTheCurrentOneAndKept) {
+// On the screen of the tests (96 dpi) a height in points is three quarters of the height in pixels.
+TEST(Fonts, AreChosenPerPaneAndSaved) {
     const struct {
         int command;
         const char* offered;
@@ -89,7 +89,7 @@ TEST(Fonts, AreChosenForEachPaneFromTheCurrentOneAndKept) {
     EXPECT_EQ(Setting(folder, "OPTIONS", "ReadWindowFontHeight"), "32");
 }
 
-TEST(Fonts, OfThePassageTakesPlaceAtOnce) {
+TEST(Fonts, PassageFontChangesImmediately) {
     Program program = StartProgram(FolderWithScripture());
     Command(program, IDM_GOTO_BOOK + 2);
     AskForFont(program, IDM_PASSAGE_FONT, "24", IDCANCEL);
@@ -102,11 +102,11 @@ TEST(Fonts, OfThePassageTakesPlaceAtOnce) {
     EXPECT_EQ(Top(program), "Exodus 1:1");
 }
 
-TEST(Fonts, OfTheVerseListTakesPlaceAtOnce) {
+TEST(Fonts, VerseListFontChangesImmediately) {
     Program program = StartProgram(FolderWithScripture());
     SearchFor(program, {"grace"});
     Press(program, "Down");
-    Command(program, IDM_FOCUS_PASSAGE);  // the caret would stand in the line
+    Command(program, IDM_FOCUS_PASSAGE);  // otherwise the caret is in the line
     AskForFont(program, IDM_LIST_FONT, "24", IDCANCEL);
     EXPECT_EQ(WrongLines(VerseListOf(program), {{{{Style::kBold, "Ge 19:19 "}}}}), "");
     AskForFont(program, IDM_LIST_FONT, "24", IDOK);
@@ -116,7 +116,7 @@ TEST(Fonts, OfTheVerseListTakesPlaceAtOnce) {
     EXPECT_EQ(StatusPart(program, 1), "Genesis 19:19");
 }
 
-TEST(Fonts, OfTheNotesTakesPlaceAtOnce) {
+TEST(Fonts, NotesFontChangesImmediately) {
     Program program = StartProgram(FolderWithScripture());
     const Picture before = PictureOfClient(NoteViewOf(program));
     AskForFont(program, IDM_NOTES_FONT, "24", IDOK);
@@ -125,7 +125,7 @@ TEST(Fonts, OfTheNotesTakesPlaceAtOnce) {
     EXPECT_GE(changed.bottom, 24) << "the letters have not grown";
 }
 
-static constexpr int kAddToCustomColors = 712;  // of the system's dialog, with its rows of squares
+static constexpr int kAddToCustomColors = 712;  // ids in the system's dialog: a button, and the custom colour squares
 static constexpr int kCustomColors = 721;
 static constexpr int kRed = 706, kGreen = 707, kBlue = 708;
 
@@ -145,7 +145,7 @@ static void TypeColor(HWND dialog) {
         SetDlgItemTextA(dialog, field, value);
 }
 
-TEST(HighlightColor, IsChosenAndShownAtOnce) {
+TEST(HighlightColor, ChangesImmediately) {
     Program program = StartProgram(FolderWithScripture());
     Command(program, IDM_WORD_SEARCH);
     SetDlgItemTextA(WaitForDialog(program, "Word Search"), IDC_SEARCH_TEXT, "grace");
@@ -164,7 +164,7 @@ TEST(HighlightColor, IsChosenAndShownAtOnce) {
     EXPECT_EQ(Setting(program.folder, "OPTIONS", "KeyHighlightColor"), std::to_string(RGB(192, 0, 128)));
 }
 
-TEST(HighlightColor, ChooserStartsOnTheCurrentOneAndKeepsCustomColors) {
+TEST(HighlightColor, DialogShowsTheCurrentColorAndKeepsCustomColors) {
     const ScratchFolder folder = FolderWithScripture();
     WriteSetting(folder, "OPTIONS", "KeyHighlightColor", std::to_string(RGB(10, 20, 30)));
     Program program = StartProgram(folder);
@@ -184,8 +184,8 @@ TEST(HighlightColor, ChooserStartsOnTheCurrentOneAndKeepsCustomColors) {
     EXPECT_EQ(Setting(folder, "OPTIONS", "KeyHighlightColor"), std::to_string(RGB(10, 20, 30)));
 }
 
-// The three modes of italics stand for the Verse List too.
-TEST(Italics, AreShownInTheVerseListAtOnce) {
+// The three italics modes apply to the Verse List too.
+TEST(Italics, ModeChangesTheVerseListImmediately) {
     Program program = StartProgram(FolderWithScripture());
     Command(program, IDM_PHRASE_SEARCH);
     SetDlgItemTextA(WaitForDialog(program, "Phrase Search"), IDC_SEARCH_TEXT, "in the beginning");

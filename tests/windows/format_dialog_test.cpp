@@ -1,4 +1,4 @@
-// The dialog that says how verses are labelled outside the program.
+// The dialog that sets how copied, saved and printed verses are labelled.
 
 #include <windows.h>
 
@@ -49,7 +49,7 @@ static void CloseBy(const Program& program, const char* key) {
     WaitForNoDialog(program);
 }
 
-// Ids of what is checked, in their order.
+// Ids of the checked controls, in order.
 static std::vector<int> CheckedIn(HWND dialog) {
     std::vector<int> checked;
     for (const ShownControl& control : kFormatLook.controls)
@@ -66,13 +66,13 @@ static std::vector<int> CheckedAtOpening(const Program& program) {
 static const std::vector<int> kDefaults = {IDC_FIRST_FULL, IDC_SUBSEQUENT_PARTIAL, IDC_LABEL_BEFORE, IDC_LINE_BREAKS,
                                            IDC_PARAGRAPH_MARKS};
 
-TEST(FormatDialog, HasItsControls) {
+TEST(FormatDialog, HasTheExpectedControls) {
     Program program = StartProgram(FolderWithScripture());
     const HWND before = FocusOf(program);
     const HWND dialog = OpenFormat(program);
     EXPECT_EQ(CheckedIn(dialog), kDefaults);
     ExpectLook(program, dialog, kFormatLook, "dialog-format");
-    EXPECT_EQ(CheckedIn(dialog), kDefaults) << "Tab must not choose";
+    EXPECT_EQ(CheckedIn(dialog), kDefaults) << "Tab must not change the choice";
     ExpectMissingHelp(program, dialog);
     ExpectAccessKeys(program, dialog, kFormatLook.accessKeys);
     CloseBy(program, "Esc");
@@ -90,8 +90,8 @@ struct Choosing {
     const char* stored[6];
 };
 
-// Every button is chosen once, from a setting on either side of it.
-TEST(FormatDialog, KeepsWhatIsChosenOverARestart) {
+// Every radio button is chosen once.
+TEST(FormatDialog, SavesTheChoicesForTheNextStart) {
     static const Choosing kRows[] = {
         {{"0", "1", "0", "1", "1", "0"},
          {"Alt+p", "Alt+u", "Alt+a", "Alt+l", "Alt+m", "Alt+k"},
@@ -105,7 +105,7 @@ TEST(FormatDialog, KeepsWhatIsChosenOverARestart) {
          {"Alt+f", "Alt+t", "Alt+m", "Alt+k"},
          {IDC_FIRST_FULL, IDC_SUBSEQUENT_PARTIAL, IDC_LABEL_AFTER, IDC_LINE_BREAKS, IDC_PARAGRAPH_MARKS},
          {"0", "1", "1", "1", "1", "0"}},
-        // Damaged: a style that there is not is none, a place that there is not is after, a switch is on.
+        // Invalid settings: an unknown style means None, an unknown location After Verse, a nonzero switch is on.
         {{"7", "-1", "5", "12", "-1", "0"},
          {},
          {IDC_FIRST_NONE, IDC_SUBSEQUENT_NONE, IDC_LABEL_AFTER, IDC_LINE_BREAKS, IDC_PARAGRAPH_MARKS},
@@ -125,7 +125,7 @@ TEST(FormatDialog, KeepsWhatIsChosenOverARestart) {
     }
 }
 
-TEST(FormatDialog, LeavesEverythingWhenCancelled) {
+TEST(FormatDialog, ChangesNothingWhenCancelled) {
     Program program = StartProgram(FolderWithScripture());
     for (const bool byKey : {true, false}) {
         const HWND dialog = OpenFormat(program);
@@ -140,8 +140,8 @@ TEST(FormatDialog, LeavesEverythingWhenCancelled) {
     }
 }
 
-// What a dialog's own button changes counts for what it copies next, and for other dialogs after it.
-TEST(FormatDialog, OpensFromTheDialogsThatCopyAndSave) {
+// A format changed from within a dialog applies to that dialog and to those opened later.
+TEST(FormatDialog, OpensFromTheCopyAndSaveDialogs) {
     Program program = StartProgram(FolderWithScripture());
     for (const auto& [command, title] :
          {std::pair{IDM_COPY_VERSE, "Copy Verse"}, {IDM_COPY_RANGE, "Copy Range"}, {IDM_SAVE_RANGE, "Save Range"}}) {

@@ -1,4 +1,4 @@
-// The frame: its windows, status bar, tabs and sizes, the program's own file and About.
+// The frame: its windows, status bar, tabs and sizes; the program's file; the About dialog.
 
 #include <windows.h>
 
@@ -35,7 +35,7 @@ struct WindowRow {
     bool hasEdge;
 };
 
-TEST(FrameWindows, AreOfTheirClassAndStyle) {
+TEST(FrameWindows, HaveTheExpectedClassAndStyle) {
     static const WindowRow kRows[] = {
         {{IDC_LIST_TABS}, "SysTabControl32", WS_VISIBLE | TCS_MULTILINE, 0, false},
         {{IDC_PASSAGE_TABS}, "SysTabControl32", WS_VISIBLE | TCS_MULTILINE, 0, false},
@@ -83,7 +83,7 @@ TEST(FrameWindows, IncludeTheHiddenNoteEditor) {
     EXPECT_NE(GetDlgItem(Child(program.frame, {IDC_PASSAGE_TABS}), IDC_PASSAGE), editor);
 }
 
-TEST(FrameWindows, AreBarsAloneWithoutAnyPane) {
+TEST(FrameWindows, AreOnlyTheBarsWhenAllPanesAreHidden) {
     const Program program = StartProgram(FolderWithScripture());
     for (const char* key : {"F2", "F3", "F4"}) Press(program, key);
     std::vector<int> shown;
@@ -95,7 +95,7 @@ TEST(FrameWindows, AreBarsAloneWithoutAnyPane) {
 
 // ---- Status bar -----------------------------------------------------------------------------------------------------
 
-TEST(StatusBar, IsDividedByItsWidth) {
+TEST(StatusBar, PartsScaleWithTheWidth) {
     const Program program = StartProgram(FolderWithScripture());
     for (const LONG width : {1000, 777, 640, 401}) {
         PlaceFrame(program, {20, 20, 20 + width, 620});
@@ -108,7 +108,7 @@ TEST(StatusBar, IsDividedByItsWidth) {
     }
 }
 
-TEST(StatusBar, KeepsItsTextsThroughSizes) {
+TEST(StatusBar, KeepsItsTextsWhenResized) {
     const ScratchFolder folder = FolderWithScripture();
     WriteSetting(folder, "SEARCH", "StartVerse", "5");
     WriteSetting(folder, "SEARCH", "EndVerse", "31101");
@@ -129,12 +129,12 @@ TEST(StatusBar, KeepsItsTextsThroughSizes) {
 
 // ---- Tabs -----------------------------------------------------------------------------------------------------------
 
-TEST(ListViews, SwitchAndKeepTheList) {
+TEST(ListViews, SwitchingKeepsTheList) {
     Program program = StartProgram(FolderWithScripture());
     PlaceFrame(program, kUsualPlace);
     SearchFor(program, {"unsearchable"});
     Press(program, "Down");
-    ClickTab(program, ListTabs(program), 0);  // the caret goes with the focus
+    ClickTab(program, ListTabs(program), 0);  // takes the focus from the pane and with it the caret
     const HWND list = Child(program.frame, {IDC_LIST_TABS, IDC_VERSE_LIST});
     const Picture before = PictureOfWindow(list);
     EXPECT_EQ(StatusPart(program, 1), "Psalms 145:3");
@@ -148,7 +148,7 @@ TEST(ListViews, SwitchAndKeepTheList) {
     EXPECT_THAT(ListStrings(References(program)),
                 ElementsAre("Job 5:9", "Psalms 145:3", "Proverbs 25:3", "Romans 11:33", "Ephesians 3:8"));
     SavePicture(PictureOfWindow(program.frame), "reference-list");
-    Command(program, IDM_PARAGRAPH_FORMAT);  // what repaints everything does not bring the verse back
+    Command(program, IDM_PARAGRAPH_FORMAT);  // repaints everything, but must not show the verse again
     EXPECT_EQ(StatusPart(program, 1), "");
 
     Command(program, IDM_PARAGRAPH_FORMAT);
@@ -158,7 +158,7 @@ TEST(ListViews, SwitchAndKeepTheList) {
     EXPECT_TRUE(IsRectEmpty(&changed));
 }
 
-TEST(ListViews, FillBothFromASearchInEither) {
+TEST(ListViews, AreBothFilledByASearchInEither) {
     Program program = StartProgram(FolderWithScripture());
     ClickTab(program, ListTabs(program), 1);
     SearchFor(program, {"unsearchable"});
@@ -169,7 +169,7 @@ TEST(ListViews, FillBothFromASearchInEither) {
     EXPECT_EQ(StatusPart(program, 1), "Job 5:9");
 }
 
-TEST(ListViews, StayInTheirPlaceWhenTheyAreSwitchedAtAnySize) {
+TEST(ListViews, HaveTheSamePlaceAfterResizing) {
     const Program program = StartProgram(FolderWithScripture());
     ClickTab(program, ListTabs(program), 1);
     PlaceFrame(program, {20, 20, 700, 500});
@@ -187,7 +187,7 @@ static POINT LineOf(HWND listBox, int line) {
     return {20, line * height + height / 2};
 }
 
-TEST(ReferenceList, ReadsTheContextOfADoubleClickedLine) {
+TEST(ReferenceList, DoubleClickShowsTheVerseInContext) {
     Program program = StartProgram(FolderWithScripture());
     SearchFor(program, {"unsearchable"});
     ClickTab(program, ListTabs(program), 1);
@@ -197,7 +197,7 @@ TEST(ReferenceList, ReadsTheContextOfADoubleClickedLine) {
     EXPECT_EQ(StatusPart(program, 3), "Psalms 145:3");
 }
 
-TEST(ReferenceList, ShowsAHiddenPassageForADoubleClick) {
+TEST(ReferenceList, DoubleClickShowsAHiddenPassage) {
     Program program = StartProgram(FolderWithScripture());
     SearchFor(program, {"unsearchable"});
     Press(program, "F3");
@@ -207,8 +207,8 @@ TEST(ReferenceList, ShowsAHiddenPassageForADoubleClick) {
     EXPECT_EQ(StatusPart(program, 3), "Ephesians 3:8");
 }
 
-// Whatever command reaches the tab control ends there, but for the list's double click.
-TEST(ReferenceList, SendsTheFrameNoCommands) {
+// The tab control must handle only the list's double click and drop all other commands.
+TEST(ReferenceList, TabControlDoesNotForwardCommands) {
     const Program program = StartProgram(FolderWithScripture());
     for (const WPARAM command : {WPARAM{IDM_WORD_SEARCH}, WPARAM{IDM_VIEW_NOTES}, WPARAM{IDC_REFERENCE_LIST},
                                  WPARAM{MAKEWPARAM(IDC_REFERENCE_LIST, LBN_SELCHANGE)}})
@@ -230,7 +230,7 @@ static void ExpectApart(const RECT& one, const RECT& other) {
         << common.left << "," << common.top << "," << common.right << "," << common.bottom;
 }
 
-TEST(Sizes, NeverMakePanesOverlap) {
+TEST(Sizes, PanesNeverOverlap) {
     const Program program = StartProgram(FolderWithScripture());
     for (const SIZE size : {SIZE{1000, 700}, SIZE{601, 401}, SIZE{400, 301}, SIZE{301, 201}, SIZE{201, 161},
                             SIZE{150, 121}, SIZE{112, 90}, SIZE{60, 27}}) {
@@ -256,7 +256,7 @@ TEST(Sizes, NeverMakePanesOverlap) {
     EXPECT_EQ(StatusPart(program, 3), "Genesis 1:1");
 }
 
-TEST(Sizes, ComeBackAfterMinimizing) {
+TEST(Sizes, AreRestoredAfterMinimizing) {
     const ScratchFolder folder = FolderWithScripture();
     Program program = StartProgram(folder);
     PlaceFrame(program, kUsualPlace);
@@ -286,7 +286,7 @@ TEST(Sizes, ComeBackAfterMinimizing) {
     EXPECT_EQ(Setting(folder, "MISC", "ReadVerse"), "13940");
 }
 
-TEST(HiddenPane, GivesItsKeysToOneThatIsShown) {
+TEST(HiddenPane, PassesTheFocusToAVisiblePane) {
     const Program program = StartProgram(FolderWithScripture());
     const HWND passage = Child(program.frame, {IDC_PASSAGE_TABS, IDC_PASSAGE});
     Click(program, passage);
@@ -315,7 +315,7 @@ static std::string VersionText(const char* name) {
     return static_cast<const char*>(text);
 }
 
-TEST(ProgramFile, CarriesVersionManifestIconAndPictures) {
+TEST(ProgramFile, ContainsVersionManifestIconAndPictures) {
     EXPECT_EQ(VersionText("ProductName"), "Versewell97");
     EXPECT_EQ(VersionText("ProductVersion"), "3.2");
     EXPECT_NE(VersionText("FileDescription"), "");
@@ -326,7 +326,7 @@ TEST(ProgramFile, CarriesVersionManifestIconAndPictures) {
     EXPECT_NE(manifest.find("<dpiAware"), std::string::npos);
     EXPECT_NE(manifest.find("asInvoker"), std::string::npos);
     const std::string icons = ResourceBytes(program, "Big_Icon", MAKEINTRESOURCEA(14));
-    EXPECT_GE(icons.size(), 6u + 2 * 14u);  // a small and a large one at least
+    EXPECT_GE(icons.size(), 6u + 2 * 14u);  // at least a small and a large icon
     const std::string strip = ResourceBytes(program, MAKEINTRESOURCEA(IDB_TOOLBAR), MAKEINTRESOURCEA(2));
     ASSERT_GT(strip.size(), sizeof(BITMAPINFOHEADER));
     const auto* header = reinterpret_cast<const BITMAPINFOHEADER*>(strip.data());

@@ -1,4 +1,4 @@
-// Go to Note for Verse.
+// The dialog Go to Note for Verse.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -24,7 +24,7 @@ static HWND OpenDialog(const Program& program) {
     return WaitForDialog(program, kTitle);
 }
 
-TEST(GotoNote, ReadsTheNoteOfTheVerseThatIsNamed) {
+TEST(GotoNote, ShowsTheNoteOfTheTypedVerse) {
     static constexpr struct {
         const char* typed;
         const char* verse;
@@ -50,7 +50,7 @@ TEST(GotoNote, ReadsTheNoteOfTheVerseThatIsNamed) {
     EXPECT_EQ(Top(program), top);
 }
 
-TEST(GotoNote, ComplainsOfWhatIsNoReference) {
+TEST(GotoNote, RejectsAnInvalidReference) {
     Program program = ProgramWithNotes();
     const HWND dialog = OpenDialog(program);
     SavePicture(PictureOfWindow(program.frame), "go-to-note");
@@ -58,7 +58,7 @@ TEST(GotoNote, ComplainsOfWhatIsNoReference) {
     EXPECT_THAT(TabOrder(program, dialog), ElementsAre(IDC_REFERENCE, IDOK, IDCANCEL, IDC_HELP_BUTTON));
     SetDlgItemTextA(dialog, IDC_REFERENCE, "Xyz 1:1");
     Press(program, "Enter");
-    EXPECT_EQ(MessageText(WaitForDialog(program, "Error")), "Unrecognized Refrence");
+    EXPECT_EQ(MessageText(WaitForDialog(program, "Error")), "Unrecognized Refrence");  // (sic)
     Press(program, "Enter");
     EXPECT_EQ(WaitForDialog(program, kTitle), dialog) << "it stays";
     EXPECT_EQ(FocusOf(program), GetDlgItem(dialog, IDC_REFERENCE));
@@ -69,8 +69,8 @@ TEST(GotoNote, ComplainsOfWhatIsNoReference) {
     EXPECT_EQ(StatusPart(program, 2), "Genesis 3:2");
 }
 
-// Whatever became of it, the notes are shown and have the focus.
-TEST(GotoNote, ShowsTheNotes) {
+// The notes are shown and focused, no matter how the dialog is closed.
+TEST(GotoNote, ShowsAndFocusesTheNotes) {
     Program program = ProgramWithNotes();
     for (const char* how : {"Esc", "Enter"}) {
         Press(program, "F4");
@@ -78,7 +78,7 @@ TEST(GotoNote, ShowsTheNotes) {
         ASSERT_FALSE(IsShown(NoteViewOf(program)));
         const HWND dialog = OpenDialog(program);
         SetDlgItemTextA(dialog, IDC_REFERENCE, "");
-        Press(program, how);  // an empty field is closed by OK too
+        Press(program, how);  // with an empty field, OK closes the dialog too
         WaitForNoDialog(program);
         EXPECT_TRUE(IsShown(NoteViewOf(program))) << how;
         EXPECT_EQ(FocusOf(program), NoteViewOf(program)) << how;
@@ -86,7 +86,7 @@ TEST(GotoNote, ShowsTheNotes) {
     }
 }
 
-TEST(GotoNote, HasHelp) {
+TEST(GotoNote, HelpButtonAsksForHelp) {
     Program program = ProgramWithNotes();
     const HWND dialog = OpenDialog(program);
     Press(program, "Alt+h");

@@ -1,4 +1,4 @@
-// Help: every button and command for it asks for its page, in each kind of viewer that a system may have.
+// Help buttons and commands: each must open its page, in every kind of help viewer that a system may have.
 
 #include <windows.h>
 
@@ -22,7 +22,7 @@ static HelpRequest Topic(const std::string& topic) {
     return {HELP_COMMAND, "quill97.hlp", "JumpID(\"quill97.hlp\",\"" + topic + "\")"};
 }
 
-static HelpRequest Farewell() {
+static HelpRequest Quit() {
     return {HELP_QUIT, "quill97.hlp", ""};
 }
 
@@ -35,7 +35,7 @@ static void AskIn(const Program& program, const HelpedDialog& row, std::initiali
     WaitForNoDialog(program);
 }
 
-TEST(HelpRequests, ComeFromEveryButtonAndCommandAndEndWithTheProgram) {
+TEST(HelpRequests, AreSentByEveryHelpButtonAndCommand) {
     Program program = StartProgram(FolderWithHelp());
     const UniqueListeningViewer viewer = ListenAsViewer();
     Press(program, "F1");
@@ -53,11 +53,11 @@ TEST(HelpRequests, ComeFromEveryButtonAndCommandAndEndWithTheProgram) {
     EXPECT_THAT(TakeRequests(*viewer), ElementsAre(Topic("ID_Notes_Edit")));
     ClickEditorButton(program, IDC_NOTE_CANCEL);
     EXPECT_EQ(CloseProgram(program), 0);
-    EXPECT_THAT(TakeRequests(*viewer), ElementsAre(Farewell()));
+    EXPECT_THAT(TakeRequests(*viewer), ElementsAre(Quit()));
 }
 
-// A viewer that runs is there, whatever lies in the system's folder.
-TEST(HelpRequests, GoToARunningViewerThoughNoneIsInstalled) {
+// The program must not rely on the viewer's file in the system folder alone.
+TEST(HelpRequests, GoToARunningViewerEvenIfNoneIsInstalled) {
     const WithoutViewer without;
     Program program = StartProgram(FolderWithHelp());
     const UniqueListeningViewer viewer = ListenAsViewer();
@@ -69,7 +69,7 @@ static void WaitForNoViewer(const Program& program) {
     WaitUntil(program, "the viewer's end", [] { return ViewerWindow() == nullptr; });
 }
 
-TEST(HelpFile, OpensAtTheTopicInTheSystemsViewer) {
+TEST(HelpFile, OpensAtTheTopicInTheSystemViewer) {
     Program program = StartProgram(FolderWithHelp());
     Command(program, IDM_HELP_RANGE);
     EXPECT_THAT(ShownInViewer(program), HasSubstr("Specifying a range of verses"));
@@ -82,7 +82,7 @@ TEST(HelpFile, OpensAtTheTopicInTheSystemsViewer) {
     WaitForNoViewer(program);
 }
 
-TEST(HelpPages, OpenInTheBrowserWhereThereIsNoViewer) {
+TEST(HelpPages, OpenInTheBrowserWhenThereIsNoViewer) {
     const WithoutViewer without;
     Program program = StartProgram(FolderWithHelp());
     const WritingBrowser browser(program.folder);
@@ -96,8 +96,8 @@ TEST(HelpPages, OpenInTheBrowserWhereThereIsNoViewer) {
     EXPECT_EQ(ViewerWindow(), nullptr);
 }
 
-// A file that was lost does not cost the help.
-TEST(HelpPages, OpenInTheBrowserWhereTheHelpFileIsMissing) {
+// The help must still work when the .hlp file is missing.
+TEST(HelpPages, OpenInTheBrowserWhenTheHelpFileIsMissing) {
     Program program = StartProgram(FolderWithHelp());
     std::filesystem::remove(program.folder.path / "quill97.hlp");
     const WritingBrowser browser(program.folder);
@@ -105,7 +105,7 @@ TEST(HelpPages, OpenInTheBrowserWhereTheHelpFileIsMissing) {
     EXPECT_EQ(NextPage(program, browser), "help\\ID_SpecifyRange.html");
 }
 
-TEST(HelpPages, AreMissedInAMessage) {
+TEST(HelpPages, ShowAMessageWhenMissing) {
     const WithoutViewer without;
     Program program = StartProgram(FolderWithScripture());
     Command(program, IDM_HELP_RANGE);

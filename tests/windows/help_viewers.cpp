@@ -20,9 +20,9 @@ void PrintTo(const HelpRequest& request, std::ostream* out) {
     *out << request.command << " " << request.file << " " << request.macro;
 }
 
-// ---- A viewer that listens ------------------------------------------------------------------------------------------
+// ---- A viewer that records requests ---------------------------------------------------------------------------------
 
-// What the system sends to a viewer, as WM_COPYDATA; offsets are from its beginning, 0 for what is not there.
+// What the system sends to a viewer with WM_COPYDATA. Offsets are from the start of the structure; 0 means absent.
 struct ViewerMessage {
     WORD size;
     WORD command;
@@ -31,7 +31,6 @@ struct ViewerMessage {
     WORD fileAt;
     WORD macroAt;
 };
-
 
 struct ListeningViewer {
     std::jthread thread;

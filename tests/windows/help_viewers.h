@@ -1,4 +1,4 @@
-// Stand-ins for what opens the help, and the real one.
+// The system's help viewer, and replacements for it and for the browser.
 #pragma once
 
 #include <memory>
@@ -7,10 +7,10 @@
 
 #include "tests/driver/driver.h"
 
-// A folder with the scripture and all of the help beside it.
+// A folder with the scripture and the complete help.
 ScratchFolder FolderWithHelp();
 
-// What a viewer of help files was told.
+// A request that a help viewer received.
 struct HelpRequest {
     int command = 0;    // HELP_...
     std::string file;   // without its folder
@@ -19,7 +19,7 @@ struct HelpRequest {
 };
 void PrintTo(const HelpRequest& request, std::ostream* out);
 
-// A viewer that shows nothing and remembers what it was told, as long as it lives.
+// A viewer that only records the requests it receives, until it is destroyed.
 struct ListeningViewer;
 struct EndListening {
     void operator()(ListeningViewer* viewer) const;
@@ -27,26 +27,26 @@ struct EndListening {
 using UniqueListeningViewer = std::unique_ptr<ListeningViewer, EndListening>;
 UniqueListeningViewer ListenAsViewer();
 
-// What was told since the last question.
+// The requests since the last call.
 std::vector<HelpRequest> TakeRequests(ListeningViewer& viewer);
 
-// The system's viewer is gone, with a small program in its place as newer Windows has it, as long as this lives.
+// While this exists, the system's viewer is replaced with a small dummy program, as on newer Windows.
 struct WithoutViewer {
     WithoutViewer();
     ~WithoutViewer();
 };
 
-// Pages go to a browser that writes their names into a file, as long as this lives.
+// While this exists, HTML pages open in a "browser" that writes their names into a file.
 struct WritingBrowser {
     explicit WritingBrowser(const ScratchFolder& folder);
     ~WritingBrowser();
     std::string file;
 };
 
-// The page that the browser was given next, without the folder that the program lies in.
+// Waits for the next page in the browser and returns its path relative to the program's folder.
 std::string NextPage(const Program& program, const WritingBrowser& browser);
 
-// The window of the viewer that runs; null when none does.
+// The window of the running viewer; null when none is running.
 HWND ViewerWindow();
-// Its text, once it shows any.
+// Waits until the viewer shows text, and returns it.
 std::string ShownInViewer(const Program& program);

@@ -5,8 +5,8 @@
 
 struct HelpedDialog {
     int command;
-    const char* title;  // where the current note set is "My Notes"
-    const char* topic;  // what its Help button opens
+    const char* title;  // when the current note set is "My Notes"
+    const char* topic;  // of its Help button
 };
 
 std::span<const HelpedDialog> HelpedDialogs();

@@ -1,5 +1,5 @@
-// The program is killed at every file operation of a save, in turn, and in the middle of every write, and started
-// again: every note is there, the edited one as it was or as it was typed, whole.
+// Kills the program at each file operation of a save in turn, also in the middle of each write, and starts it again.
+// All notes must still be there; the edited one must be complete, in its old or in its new version.
 
 #include <windows.h>
 
@@ -17,10 +17,10 @@
 
 struct NoteEdit {
     int verse;
-    TextSelection selected;  // which goes
-    const char* typed;       // in its place
-    const char* after;       // the whole note then
-    const char* shown;       // by the note view
+    TextSelection selected;  // the text that is replaced
+    const char* typed;       // its replacement
+    const char* after;       // the whole note afterwards
+    const char* shown;       // by the note view afterwards
 };
 
 static constexpr char kNoteBefore[] = "as it was";
@@ -31,7 +31,7 @@ static std::map<int, std::string> NotesWith(const NoteEdit& edit, const std::str
     return notes;
 }
 
-// ---- What lies in the folder ----------------------------------------------------------------------------------------
+// ---- The files ------------------------------------------------------------------------------------------------------
 
 static std::string IndexOf(const std::string& data) {
     std::vector<unsigned> offsets = {0};
@@ -40,7 +40,7 @@ static std::string IndexOf(const std::string& data) {
     return IndexBytes(offsets);
 }
 
-// In the order in which a save passes through them; from kNoData on the note is as typed.
+// In the order in which a save goes through them; from kNoData on, the note has its new text.
 enum class SaveState { kUntouched, kTempTorn, kTempWhole, kNoData, kIndexStale, kIndexTorn, kSaved };
 
 static SaveState StateOf(const ScratchFolder& folder, const std::string& dataBefore) {
@@ -65,8 +65,8 @@ static void ExpectFilesOf(const ScratchFolder& folder, const std::map<int, std::
 
 // ---- One kill -------------------------------------------------------------------------------------------------------
 
-// Kills the program at the file operation of this number after the click on Save. False when the save has no such
-// operation.
+// Kills the program at file operation number `operation` after the click on Save. False when the save has fewer
+// operations.
 static bool KillWhileSaving(const Program& program, const NoteEdit& edit, unsigned operation) {
     OpenNoteEditor(program);
     SelectRich(program, NoteEditOf(program), edit.selected);
@@ -83,7 +83,7 @@ static bool KillWhileSaving(const Program& program, const NoteEdit& edit, unsign
     return true;
 }
 
-// Starts on the files as they were left: a box tells of what is mended, and there is none where nothing is.
+// Starts again on the files that were left. A message box must report a repair, and only a repair.
 static Program StartAgain(const ScratchFolder& folder, SaveState found) {
     Program program = LaunchProgram(folder);
     if (found == SaveState::kNoData || found == SaveState::kIndexStale || found == SaveState::kIndexTorn) {
@@ -95,7 +95,7 @@ static Program StartAgain(const ScratchFolder& folder, SaveState found) {
     return program;
 }
 
-// Starts with the note as it was before the edit.
+// Starts with the note in its state before the edit.
 static Program StartAnew(const ScratchFolder& folder, const NoteEdit& edit) {
     WriteNoteSet(folder, "Mine", NotesWith(edit, kNoteBefore));
     return StartProgram(folder);
@@ -128,18 +128,18 @@ static void KillAtEveryFileOperation(const NoteEdit& edit) {
         }
     }
     std::set<SaveState> all = {kUntouched, kTempTorn, kTempWhole, kNoData, kIndexStale, kIndexTorn, kSaved};
-    if (edit.verse == kVerses - 1) all.erase(kIndexStale);  // no note behind it moves
+    if (edit.verse == kVerses - 1) all.erase(kIndexStale);  // no later note moves
     EXPECT_EQ(seen, all);
 }
 
-TEST(KilledSave, LosesNoNoteWhenTheFirstGrows) {
+TEST(KilledSave, KeepsAllNotesWhenTheFirstGrows) {
     KillAtEveryFileOperation({0, {0, 0}, "ever ", "ever as it was", "ever as it was"});
 }
 
-TEST(KilledSave, LosesNoNoteWhenAMiddleOneShrinks) {
+TEST(KilledSave, KeepsAllNotesWhenAMiddleOneShrinks) {
     KillAtEveryFileOperation({15000, {2, 9}, "", "as", "as"});
 }
 
-TEST(KilledSave, LosesNoNoteWhenTheLastIsEmptied) {
+TEST(KilledSave, KeepsAllOtherNotesWhenTheLastIsEmptied) {
     KillAtEveryFileOperation({kVerses - 1, {0, -1}, "", "", "No note for Revelation 22:21."});
 }

@@ -50,7 +50,7 @@ int LineOf(const Program& program, int submenu, std::string_view text) {
     return LineIn(program, OpenMenuLines(program, submenu), text);
 }
 
-// The arrow keys pass over separators.
+// The arrow keys skip separators.
 static void WalkDownTo(const Program& program, const std::vector<MenuLine>& lines, int line, int from) {
     for (int place = from; place <= line; ++place)
         if (!lines[static_cast<std::size_t>(place)].text.empty()) Press(program, "Down");

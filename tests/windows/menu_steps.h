@@ -1,4 +1,4 @@
-// Context menus as their user sees them and chooses from them.
+// Helpers that read context menus and choose their items like a user.
 #pragma once
 
 #include <string>
@@ -13,16 +13,17 @@ std::vector<std::string> Described(const std::vector<MenuLine>& lines);
 
 int CountOpenMenus(const Program& program);
 
-// Where the open menu stands on the screen; it must be the only one.
+// Screen rectangle of the open menu; it must be the only one.
 RECT PlaceOfMenu(const Program& program);
 
 // Presses Esc until no menu is open.
 void LeaveMenu(const Program& program);
 
-// Which line of the open menu, or of its submenu in line `submenu`, begins with `text`? Ends the test when none does.
+// Index of the line that begins with `text`, in the open menu or in the submenu in its line `submenu`. Ends the test if
+// there is none.
 int LineOf(const Program& program, std::string_view text);
 int LineOf(const Program& program, int submenu, std::string_view text);
 
-// Chooses a row of the open menu, or of one of its submenus, with the arrow keys and Enter, by how its text begins.
+// Chooses the item that begins with `text`, in the open menu or in one of its submenus, with the arrow keys and Enter.
 void ChooseRow(const Program& program, std::string_view text);
 void ChooseRow(const Program& program, std::string_view submenu, std::string_view text);

@@ -1,4 +1,4 @@
-// The readings that the build makes, as the program shows them.
+// The note set of readings that the build generates, in the program.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -35,7 +35,7 @@ static auto IsTheFirstReading() {
                  EndsWith("\r\nJoshua 5:12\r\n\r\nThe evening's reading:\r\n# So 1:4"));
 }
 
-TEST(MorningAndEvening, HasTheReadingsOfEveryDayFromTheStart) {
+TEST(MorningAndEvening, OpensReadingsByMenuAndByDate) {
     StartOptions options;
     options.date = "2026-12-31 20:00:00";
     const Program program = StartProgram(FolderWithReadings(), options);

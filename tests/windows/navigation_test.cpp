@@ -1,4 +1,4 @@
-// Moving the Passage by command: chapters, books, single verses, Go To Verse, the verse of a note, a hit's context.
+// Commands that move the Passage: chapters, books, single verses, Go To Verse, the note's verse, a hit's context.
 
 #include <windows.h>
 
@@ -15,7 +15,6 @@ struct Move {
     const char* to;
 };
 
-
 struct Moves {
     const char* name;
     int command;
@@ -29,7 +28,7 @@ static void PrintTo(const Moves& moves, std::ostream* out) {
 
 struct Navigation : testing::TestWithParam<Moves> {};
 
-TEST_P(Navigation, GoesFromAVerseToAnother) {
+TEST_P(Navigation, MovesToTheExpectedVerse) {
     Program program = StartProgram(FolderWithScripture());
     for (const auto& [from, to] : GetParam().moves) {
         GoTo(program, from);
@@ -75,7 +74,7 @@ static const Moves kNavigation[] = {
 INSTANTIATE_TEST_SUITE_P(Passage, Navigation, testing::ValuesIn(kNavigation),
                          [](const auto& row) { return row.param.name; });
 
-TEST(Navigation, GoesToEachBook) {
+TEST(Navigation, GoToBookShowsTheFirstVerse) {
     Program program = StartProgram(FolderWithScripture());
     for (const auto& [number, top] : {std::pair{1, "Genesis 1:1"},
                                       {19, "Psalms 1:1"},
@@ -88,7 +87,7 @@ TEST(Navigation, GoesToEachBook) {
     }
 }
 
-TEST(Navigation, ShowsAPassageThatIsHidden) {
+TEST(Navigation, ShowsAHiddenPassage) {
     const ScratchFolder folder = FolderWithScripture();
     WriteSetting(folder, "VIEW", "ReadWindow", "0");
     WriteSetting(folder, "MISC", "ReadVerse", "115");
@@ -109,14 +108,14 @@ TEST(Navigation, ShowsAPassageThatIsHidden) {
     }
 }
 
-// ---- Go To Verse ------------------------------------------------------------------------------------------------
+// ---- Go To Verse ----------------------------------------------------------------------------------------------------
 
 static HWND OpenGotoVerse(const Program& program) {
     PostMessageA(program.frame, WM_COMMAND, IDM_GOTO_VERSE, 0);
     return WaitForDialog(program, "Go To Verse");
 }
 
-TEST(GotoVerse, OffersTheCurrentVerse) {
+TEST(GotoVerse, SuggestsTheCurrentVerse) {
     Program program = StartProgram(FolderWithScripture());
     GoTo(program, "2 Samuel 3:4");
     Press(program, "Alt+g");
@@ -126,14 +125,14 @@ TEST(GotoVerse, OffersTheCurrentVerse) {
     EXPECT_THAT(ButtonsOf(dialog), ElementsAre("OK", "Cancel", "&Help"));
     EXPECT_THAT(TabOrder(program, dialog), ElementsAre(IDC_REFERENCE, IDOK, IDCANCEL, IDC_HELP_BUTTON));
     SavePicture(PictureOfWindow(program.frame), "goto-verse");
-    Type(program, "joh 3:16");  // over the text, which is selected
+    Type(program, "joh 3:16");  // replaces the text, which is selected
     Press(program, "Enter");
     WaitForNoDialog(program);
     EXPECT_EQ(Top(program), "John 3:16");
     EXPECT_EQ(FocusOf(program), PassageOf(program));
 }
 
-TEST(GotoVerse, ReadsWhatIsTyped) {
+TEST(GotoVerse, GoesToTheTypedReference) {
     Program program = StartProgram(FolderWithScripture());
     const Move kTyped[] = {
         {"Ps 23", "Psalms 23:1"},   {"Jude", "Jude 1:1"},
@@ -148,14 +147,14 @@ TEST(GotoVerse, ReadsWhatIsTyped) {
     }
 }
 
-TEST(GotoVerse, StaysOpenOverWhatItCannotRead) {
+TEST(GotoVerse, StaysOpenForAnInvalidReference) {
     Program program = StartProgram(FolderWithScripture());
     HWND dialog = OpenGotoVerse(program);
     for (const char* typed : {"Xyz 1:1", "Ge 0:1", "Ge 1:0"}) {
         SetDlgItemTextA(dialog, IDC_REFERENCE, typed);
         Press(program, "Enter");
         const HWND box = WaitForDialog(program, "Error");
-        EXPECT_EQ(MessageText(box), "Unrecognized Refrence");
+        EXPECT_EQ(MessageText(box), "Unrecognized Refrence");  // (sic)
         Press(program, "Enter");
         WaitUntil(program, "the box to go", [&] { return !IsWindow(box); });
         ASSERT_TRUE(IsWindow(dialog)) << typed;
@@ -166,7 +165,7 @@ TEST(GotoVerse, StaysOpenOverWhatItCannotRead) {
     EXPECT_EQ(Top(program), "Genesis 1:1");
 }
 
-TEST(GotoVerse, DoesNothingWhenEmptyOrCancelledButShowsThePassage) {
+TEST(GotoVerse, OnlyShowsThePassageWhenEmptyOrCancelled) {
     const ScratchFolder folder = FolderWithScripture();
     WriteSetting(folder, "MISC", "ReadVerse", "115");
     Program program = StartProgram(folder);
@@ -184,7 +183,7 @@ TEST(GotoVerse, DoesNothingWhenEmptyOrCancelledButShowsThePassage) {
     }
 }
 
-TEST(GotoVerse, StandsOverTheUpperMiddleOfTheFrame) {
+TEST(GotoVerse, IsCentredOverTheUpperPartOfTheFrame) {
     Program program = StartProgram(FolderWithScripture());
     PlaceFrame(program, {100, 50, 1100, 850});
     const RECT dialog = RectOnScreen(OpenGotoVerse(program));
@@ -192,7 +191,7 @@ TEST(GotoVerse, StandsOverTheUpperMiddleOfTheFrame) {
     EXPECT_EQ(dialog.top - 50, (720 - (dialog.bottom - dialog.top)) / 2);
 }
 
-TEST(GotoVerse, TakesAtMost99Characters) {
+TEST(GotoVerse, AcceptsAtMost99Characters) {
     Program program = StartProgram(FolderWithScripture());
     const HWND dialog = OpenGotoVerse(program);
     EXPECT_EQ(SendDlgItemMessageA(dialog, IDC_REFERENCE, EM_GETLIMITTEXT, 0, 0), 99);

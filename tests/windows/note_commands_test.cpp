@@ -1,4 +1,4 @@
-// Commands about notes outside the editor: neighbours, sets, binding, search with what is selected in a note.
+// Note commands outside the editor: next and previous notes and sets, binding, searching for the selected text.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -22,7 +22,7 @@ static Program ProgramWithNotes(const std::map<int, std::string>& notes, int not
     return StartProgram(folder);
 }
 
-TEST(NoteCommands, WalkFromNoteToNoteRoundTheBible) {
+TEST(NoteCommands, NextAndPreviousWrapAroundTheBible) {
     Program program = ProgramWithNotes({{0, "First."}, {500, "Middle."}, {31101, "Last."}}, 0);
     for (const char* text : {"Middle.", "Last.", "First.", "Middle."}) {
         Press(program, "Alt+Down");
@@ -36,7 +36,7 @@ TEST(NoteCommands, WalkFromNoteToNoteRoundTheBible) {
     EXPECT_EQ(Top(program), "Genesis 5:10") << "the Passage has moved";
 }
 
-TEST(NoteCommands, StepOneVerseWhereNoOtherNoteIs) {
+TEST(NoteCommands, NextAndPreviousMoveOneVerseWithoutOtherNotes) {
     const struct {
         std::map<int, std::string> notes;
         int from;
@@ -58,7 +58,7 @@ TEST(NoteCommands, StepOneVerseWhereNoOtherNoteIs) {
     }
 }
 
-TEST(NoteCommands, ShowNotesThatAreHidden) {
+TEST(NoteCommands, ShowHiddenNotes) {
     const ScratchFolder folder = FolderWithScripture();
     WriteSetting(folder, "VIEW", "NotesWindow", "0");
     Program program = StartProgram(folder);
@@ -72,7 +72,7 @@ TEST(NoteCommands, ShowNotesThatAreHidden) {
     }
 }
 
-TEST(NoteCommands, WalkFromSetToSetAndRepaintTheMarks) {
+TEST(NoteCommands, SwitchBetweenSetsAndRepaintTheMarks) {
     const ScratchFolder folder = FolderWithScripture();
     for (const char* name : {"A", "B", "C"}) WriteNoteSet(folder, name, {{115, std::string("Of ") + name}});
     WriteNoteSet(folder, "None");
@@ -117,12 +117,12 @@ TEST(NoteCommands, GoBetweenPassageAndNote) {
     EXPECT_EQ(TextOf(NoteViewOf(program)), "Elsewhere.");
 }
 
-TEST(NoteCommands, BindingShowsTheNoteAtOnce) {
+TEST(NoteCommands, BindingShowsThePassagesNoteImmediately) {
     Program program = ProgramWithNotes({{115, "On the verse."}, {200, "Elsewhere."}}, 200);
     EXPECT_TRUE(IsTicked(program, IDM_BIND_NOTES));
     Command(program, IDM_BIND_NOTES);
     EXPECT_FALSE(IsTicked(program, IDM_BIND_NOTES));
-    EXPECT_EQ(TextOf(NoteViewOf(program)), "Elsewhere.") << "letting go shows nothing new";
+    EXPECT_EQ(TextOf(NoteViewOf(program)), "Elsewhere.") << "unbinding must not change the note";
     Command(program, IDM_VIEW_NOTES);
     Command(program, IDM_BIND_NOTES);
     EXPECT_TRUE(IsTicked(program, IDM_BIND_NOTES));
@@ -132,7 +132,7 @@ TEST(NoteCommands, BindingShowsTheNoteAtOnce) {
     EXPECT_EQ(Setting(program.folder, "MISC", "BindNotes"), "1");
 }
 
-// ---- The selection in the note ------------------------------------------------------------------------------------
+// ---- The selection in the note --------------------------------------------------------------------------------------
 
 static const std::string kThreeLines = "The first line.\r\nA second one.\r\nGrace and truth came.\r\n";
 
@@ -151,7 +151,7 @@ static std::string SearchField(const Program& program, const char* title) {
     return text;
 }
 
-TEST(NoteSelection, GoesIntoTheSearch) {
+TEST(NoteSelection, IsUsedAsSearchText) {
     const int start = static_cast<int>(kThreeLines.find("Grace"));
     const std::string hundreds(450, 'a');
     const struct {
@@ -176,14 +176,14 @@ TEST(NoteSelection, GoesIntoTheSearch) {
     }
 }
 
-TEST(NoteSelection, IsWhatCopyTakes) {
+TEST(NoteSelection, IsCopied) {
     const int start = static_cast<int>(kThreeLines.find("Grace"));
     Program program = ProgramWithSelection(kThreeLines, {start, start + 9});
     SetClipboardText("before");
     Press(program, "Ctrl+c");
     EXPECT_EQ(ClipboardText(), "Grace and");
     Command(program, IDM_PARAGRAPH_FORMAT);
-    EXPECT_FALSE(IsGreyed(program, IDM_COPY)) << "a selection in the note is none of the Passage's format";
+    EXPECT_FALSE(IsGreyed(program, IDM_COPY)) << "the Passage's format must not affect a selection in the note";
     SelectRich(program, NoteViewOf(program), {start, start});
     EXPECT_TRUE(IsGreyed(program, IDM_COPY));
     SetClipboardText("before");
@@ -191,7 +191,7 @@ TEST(NoteSelection, IsWhatCopyTakes) {
     EXPECT_EQ(ClipboardText(), "before");
 }
 
-TEST(NoteSelection, NobodysCopyDoesNothing) {
+TEST(NoteSelection, CopyWithoutSelectionDoesNothing) {
     Program program = StartProgram(FolderWithScripture());
     SetClipboardText("before");
     Command(program, IDM_COPY);

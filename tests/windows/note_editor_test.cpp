@@ -1,4 +1,4 @@
-// The note editor: opening and closing, what it looks like, what waits meanwhile, keys, clipboard.
+// The note editor: opening and closing, layout, disabled commands, keys, clipboard.
 
 #include <windows.h>
 
@@ -44,7 +44,7 @@ static std::string Typed(const Program& program) {
 
 // ---- Opening and closing --------------------------------------------------------------------------------------------
 
-TEST(NoteEditor, OpensOnTheNoteAsItIsStored) {
+TEST(NoteEditor, ShowsTheNoteExactlyAsStored) {
     const struct {
         std::string note;
         const char* why;
@@ -70,7 +70,7 @@ TEST(NoteEditor, OpensOnTheNoteAsItIsStored) {
     }
 }
 
-TEST(NoteEditor, IsCancelledWithoutATrace) {
+TEST(NoteEditor, CancelDiscardsTheText) {
     Program program = ProgramInEditor();
     Type(program, "Typed in vain");
     ClickEditorButton(program, IDC_NOTE_CANCEL);
@@ -83,7 +83,7 @@ TEST(NoteEditor, IsCancelledWithoutATrace) {
     EXPECT_EQ(Typed(program), kNote);
 }
 
-TEST(NoteEditor, ShowsNotesThatAreHidden) {
+TEST(NoteEditor, ShowsHiddenNotes) {
     Program program = ProgramAtNote();
     Press(program, "F4");
     OpenNoteEditor(program);
@@ -91,13 +91,13 @@ TEST(NoteEditor, ShowsNotesThatAreHidden) {
     Type(program, "Kept. ");
     Press(program, "F4");
     EXPECT_FALSE(IsShown(NoteEditorOf(program)));
-    EXPECT_NE(FocusOf(program), NoteEditOf(program)) << "no keys for what is not seen";
+    EXPECT_NE(FocusOf(program), NoteEditOf(program)) << "a hidden editor must not have the focus";
     Press(program, "F4");
     EXPECT_TRUE(IsShown(NoteEditorOf(program)));
     EXPECT_EQ(Typed(program), "Kept. " + kNote);
 }
 
-TEST(NoteEditor, DoesNotOpenOnANoteThatCannotBeRead) {
+TEST(NoteEditor, DoesNotOpenWhenTheNoteCannotBeRead) {
     Program program = ProgramAtNote();
     std::filesystem::rename(program.folder.path / "Mine.nmd", program.folder.path / "away.nmd");
     Press(program, "Alt+e");
@@ -109,8 +109,7 @@ TEST(NoteEditor, DoesNotOpenOnANoteThatCannotBeRead) {
     EXPECT_FALSE(IsGreyed(program, IDM_EDIT_NOTE));
 }
 
-// ---- Looks
-// ------------------------------------------------------------------------------------------------------------
+// ---- Looks ----------------------------------------------------------------------------------------------------------
 
 static RECT PlaceOf(const Program& program, int control) {
     return RectIn(Child(NoteEditorOf(program), {control}), NoteEditorOf(program));
@@ -120,7 +119,7 @@ static std::vector<LONG> Sides(const RECT& rect) {
     return {rect.left, rect.top, rect.right, rect.bottom};
 }
 
-TEST(NoteEditor, HasItsButtonsInARowAboveItsText) {
+TEST(NoteEditor, HasButtonsInARowAboveTheText) {
     Program program = ProgramInEditor();
     for (const auto& [width, height] : {std::pair{1200, 900}, {640, 480}, {300, 260}, {200, 150}}) {
         PlaceFrame(program, {20, 20, 20 + width, 20 + height});
@@ -140,17 +139,17 @@ TEST(NoteEditor, HasItsButtonsInARowAboveItsText) {
     const LONG below = ClientRectOf(NoteEditorOf(program)).bottom;
     Press(program, "F2");
     Press(program, "F3");
-    EXPECT_GT(ClientRectOf(NoteEditorOf(program)).bottom, 2 * below) << "alone, it has all the room";
+    EXPECT_GT(ClientRectOf(NoteEditorOf(program)).bottom, 2 * below) << "the only pane, it fills the frame";
 }
 
-// The line itself cannot be asked for: it must be there, and differ from that of another verse.
-TEST(NoteEditor, SaysWhichNoteItEdits) {
+// The text of the line cannot be read from outside, so compare pictures: it must differ for different verses.
+TEST(NoteEditor, ShowsWhichNoteIsEdited) {
     Program program = ProgramInEditor();
     const Picture first = PictureOfWindow(NoteEditorOf(program));
     const RECT line{180, 0, 500, 21};
     EXPECT_GT(CountColors(first, line), 1);
     EXPECT_GT(CountPixels(first, line, GetSysColor(COLOR_BTNFACE)), 3000)
-        << "behind the line is the editor's own colour";
+        << "the line has the editor's background colour";
     ClickEditorButton(program, IDC_NOTE_CANCEL);
     Press(program, "Alt+Down");
     OpenNoteEditor(program);
@@ -159,15 +158,14 @@ TEST(NoteEditor, SaysWhichNoteItEdits) {
     SavePicture(PictureOfWindow(NoteEditorOf(program)), "note-editor-line");
 }
 
-// ---- What waits
-// -------------------------------------------------------------------------------------------------------
+// ---- What waits -----------------------------------------------------------------------------------------------------
 
 static constexpr int kWaiting[] = {IDM_NOTES_FONT,        IDM_GOTO_NOTE,     IDM_PREVIOUS_NOTE,    IDM_NEXT_NOTE,
                                    IDM_PREVIOUS_NOTE_SET, IDM_NEXT_NOTE_SET, IDM_NOTE_FOR_PASSAGE, IDM_NOTE_FOR_LIST,
                                    IDM_EDIT_NOTE,         IDM_SEARCH_NOTES,  IDM_CREATE_NOTE_SET,  IDM_DELETE_NOTE_SET,
                                    IDM_RENAME_NOTE_SET};
 
-// In the menu; a button is as its item.
+// Those greyed in the menu; the toolbar always agrees with it.
 static std::vector<int> Greyed(const Program& program) {
     std::vector<int> greyed;
     std::ranges::copy_if(kWaiting, std::back_inserter(greyed), [&](int command) { return IsGreyed(program, command); });
@@ -178,7 +176,7 @@ static std::vector<int> Greyed(const Program& program) {
     return greyed;
 }
 
-TEST(NoteEditor, GreysWhatWouldMoveTheNote) {
+TEST(NoteEditor, GreysCommandsThatWouldChangeTheNote) {
     Program program = ProgramAtNote();
     const std::vector<int> before = Greyed(program);
     EXPECT_THAT(before, Contains(IDM_NOTE_FOR_LIST));
@@ -196,8 +194,8 @@ TEST(NoteEditor, GreysWhatWouldMoveTheNote) {
     EXPECT_FALSE(IsGreyed(program, IDM_NOTE_FOR_LIST)) << "the list has verses now";
 }
 
-// Greyed or not, commands can arrive; and the Passage moves while its notes are bound to it.
-TEST(NoteEditor, KeepsItsVerseWhateverComes) {
+// Commands may arrive even while they are greyed, and the Passage may move while the notes are bound to it.
+TEST(NoteEditor, KeepsItsVerseDespiteOtherCommands) {
     Program program = ProgramInEditor();
     Type(program, "Mine. ");
     for (const int command : kWaiting) {
@@ -216,13 +214,13 @@ TEST(NoteEditor, KeepsItsVerseWhateverComes) {
     EXPECT_EQ(Typed(program), "Mine. " + kNote);
     EXPECT_TRUE(IsShown(NoteEditorOf(program)));
     ClickEditorButton(program, IDC_NOTE_CANCEL);
-    EXPECT_EQ(StatusPart(program, 2), "Genesis 3:2") << "nothing jumps until the next move";
+    EXPECT_EQ(StatusPart(program, 2), "Genesis 3:2") << "the note must not change until the next move";
     EXPECT_EQ(TextOf(NoteViewOf(program)), kNote);
 }
 
 // ---- Keys -----------------------------------------------------------------------------------------------------------
 
-TEST(NoteEditor, TakesTheKeysOfPlainText) {
+TEST(NoteEditor, HandlesTheKeysOfAPlainTextEditor) {
     static constexpr struct {
         const char* keys;
         const char* typed;
@@ -247,20 +245,20 @@ TEST(NoteEditor, TakesTheKeysOfPlainText) {
     EXPECT_EQ(Typed(program), "");
     Press(program, "Ctrl+z");
     EXPECT_EQ(Typed(program), kSteps[std::size(kSteps) - 1].expected);
-    EXPECT_EQ(Top(program), "Genesis 3:2") << "no key was one of the Passage's";
+    EXPECT_EQ(Top(program), "Genesis 3:2") << "no key has moved the Passage";
 }
 
-// What of the character's looks differs from plain text, in all of the text.
+// The CFE_ bits that differ from plain text anywhere in the text.
 static DWORD Effects(const Program& program) {
     CHARFORMATA format{};
     format.cbSize = sizeof format;
     SelectRich(program, NoteEditOf(program), {0, -1});
     AskAbout(program, NoteEditOf(program), EM_GETCHARFORMAT, TRUE, format);
     static constexpr DWORD kLooks = CFM_BOLD | CFM_ITALIC | CFM_UNDERLINE;
-    return (format.dwEffects & kLooks) | (~format.dwMask & kLooks);  // mixed ones are not in the mask
+    return (format.dwEffects & kLooks) | (~format.dwMask & kLooks);  // the mask omits effects that vary in the text
 }
 
-// As an accessibility tool might.
+// Formats the text by message, as an accessibility tool might.
 static void AskForBoldText(const Program& program) {
     CHARFORMATA bold{};
     bold.cbSize = sizeof bold;
@@ -270,7 +268,7 @@ static void AskForBoldText(const Program& program) {
     AskAbout(program, NoteEditOf(program), EM_SETCHARFORMAT, SCF_SELECTION, bold);
 }
 
-TEST(NoteEditor, KnowsNoLooks) {
+TEST(NoteEditor, RefusesFormatting) {
     Program program = ProgramInEditor("plain");
     AskForBoldText(program);
     EXPECT_EQ(Effects(program), 0u);
@@ -282,7 +280,7 @@ TEST(NoteEditor, KnowsNoLooks) {
     }
 }
 
-// Clipboard text with its looks, as other programs offer it.
+// Puts text with formatting on the clipboard, as other programs do.
 static void OfferBoldText(const std::string& text) {
     const auto put = [](UINT format, const std::string& bytes) {
         const HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, bytes.size() + 1);
@@ -297,7 +295,7 @@ static void OfferBoldText(const std::string& text) {
     CloseClipboard();
 }
 
-TEST(NoteEditor, PastesPlainText) {
+TEST(NoteEditor, PastesOnlyPlainText) {
     Program program = ProgramInEditor("plain ");
     for (const char* keys : {"Ctrl+v", "Shift+Insert"}) {
         OfferBoldText("bold");
@@ -309,10 +307,10 @@ TEST(NoteEditor, PastesPlainText) {
     SetClipboardText("{\\rtf1 one}\ntwo\r\nthree");
     Press(program, "Ctrl+a");
     Press(program, "Ctrl+v");
-    EXPECT_EQ(Typed(program), "{\\rtf1 one}\r\ntwo\r\nthree") << "lines end as a note's do";
+    EXPECT_EQ(Typed(program), "{\\rtf1 one}\r\ntwo\r\nthree") << "with line ends as in notes";
 }
 
-TEST(NoteEditor, HoldsAsMuchAsANote) {
+TEST(NoteEditor, LimitsTextToTheLongestNote) {
     static constexpr std::size_t kMost = 65533;
     std::string lines;
     while (lines.size() < 70000) lines += "a line of a long note\r\n";
@@ -320,7 +318,7 @@ TEST(NoteEditor, HoldsAsMuchAsANote) {
     SetClipboardText(lines);
     Press(program, "Ctrl+v");
     const std::size_t size = Typed(program).size();
-    EXPECT_GE(size, kMost - 1) << "no line end is cut in two";
+    EXPECT_GE(size, kMost - 1) << "a line end must not be split";
     EXPECT_LE(size, kMost);
     Type(program, "xyz");
     EXPECT_EQ(Typed(program).size(), kMost);
@@ -328,7 +326,7 @@ TEST(NoteEditor, HoldsAsMuchAsANote) {
     EXPECT_EQ(Typed(program).size(), kMost);
 }
 
-TEST(NoteEditor, IsWalkedByKeys) {
+TEST(NoteEditor, TabKeysMoveBetweenControls) {
     Program program = ProgramInEditor();
     const HWND editor = NoteEditorOf(program);
     for (const int control : {IDC_NOTE_SAVE, IDC_NOTE_CANCEL, IDC_NOTE_HELP, IDC_NOTE_EDIT}) {
@@ -344,7 +342,7 @@ TEST(NoteEditor, IsWalkedByKeys) {
     EXPECT_FALSE(IsShown(editor));
     OpenNoteEditor(program);
     Press(program, "Esc");
-    EXPECT_FALSE(IsShown(editor)) << "nothing is lost with it";
+    EXPECT_FALSE(IsShown(editor)) << "the text is not lost";
     OpenNoteEditor(program);
     Type(program, "Not lost by Esc. ");
     Press(program, "Esc");
@@ -354,7 +352,7 @@ TEST(NoteEditor, IsWalkedByKeys) {
     EXPECT_EQ(Typed(program), "Not lost by Esc. " + kNote);
 }
 
-TEST(NoteEditor, HasHelp) {
+TEST(NoteEditor, HelpButtonAsksForHelp) {
     Program program = ProgramInEditor();
     ClickEditorButton(program, IDC_NOTE_HELP);
     WaitForDialog(program, "Help");
@@ -364,8 +362,7 @@ TEST(NoteEditor, HasHelp) {
     EXPECT_TRUE(IsShown(NoteEditorOf(program)));
 }
 
-// ---- Clipboard
-// --------------------------------------------------------------------------------------------------------
+// ---- Clipboard ------------------------------------------------------------------------------------------------------
 
 static std::string EditStates(const Program& program) {
     std::string states;
@@ -387,7 +384,7 @@ static void WaitForStates(const Program& program, const std::string& states) {
     WaitUntil(program, "the commands \"" + states + "\" alone", [&] { return EditStates(program) == states; });
 }
 
-TEST(NoteEditor, EnablesWhatItsSelectionAndTheClipboardAllow) {
+TEST(NoteEditor, EnablesCutCopyAndPasteWhenPossible) {
     EmptyTheClipboard();
     Program program = ProgramInEditor();
     const HWND edit = NoteEditOf(program);
@@ -434,7 +431,7 @@ TEST(NoteEditor, CutsCopiesAndPastes) {
     EXPECT_EQ(Typed(program), "two threeone ");
     Press(program, "Ctrl+a");
     Press(program, "Ctrl+c");
-    EXPECT_EQ(ClipboardText(), "two threeone ") << "without a line end that is not there";
+    EXPECT_EQ(ClipboardText(), "two threeone ") << "without an extra line end";
     SelectRich(program, edit, {0, 4});
     Press(program, "Shift+Delete");
     EXPECT_EQ(ClipboardText(), "two ");
@@ -448,8 +445,7 @@ TEST(NoteEditor, CutsCopiesAndPastes) {
     EXPECT_EQ(EditStates(program), "Paste ");
 }
 
-// ---- The chain of those that watch the clipboard
-// ------------------------------------------------------------------------
+// ---- The chain of those that watch the clipboard --------------------------------------------------------------------
 
 static int changesSeen = 0;
 
@@ -485,16 +481,16 @@ static bool HearsOfAChange() {
     return changesSeen > 0;
 }
 
-TEST(NoteEditor, LeavesTheClipboardsChainWhole) {
+TEST(NoteEditor, KeepsTheClipboardViewerChainIntact) {
     const Watcher watcher = WatchClipboard();
     SetClipboardViewer(watcher.get());
     {
         Program program = StartProgram(FolderWithScripture());
-        EXPECT_TRUE(HearsOfAChange()) << "the editor passes it on";
+        EXPECT_TRUE(HearsOfAChange()) << "the editor must pass it on";
         EXPECT_EQ(GetClipboardViewer(), NoteEditorOf(program));
         CloseProgram(program);
     }
     EXPECT_EQ(GetClipboardViewer(), watcher.get());
-    EXPECT_TRUE(HearsOfAChange()) << "after the program's end";
+    EXPECT_TRUE(HearsOfAChange()) << "after the program has exited";
     ChangeClipboardChain(watcher.get(), nullptr);
 }

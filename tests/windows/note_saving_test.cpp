@@ -1,4 +1,4 @@
-// Notes on their way to the disk: what Save writes, what it says when it cannot, and what a closing program asks.
+// Saving notes: what Save writes, what it reports when it fails, and what the program asks when it is closed.
 
 #include <windows.h>
 
@@ -32,7 +32,7 @@ static ScratchFolder FolderWithNotes(int noteVerse) {
     return folder;
 }
 
-// Both files, byte for byte.
+// Compares both files byte for byte.
 static void ExpectNotes(const ScratchFolder& folder, const Notes& notes, const std::string& why) {
     const ScratchFolder expected = EmptyFolder();
     WriteNoteSet(expected, "Mine", notes);
@@ -59,11 +59,10 @@ static bool IsEditing(const Program& program) {
     return IsShown(NoteEditorOf(program));
 }
 
-// ---- Saving
-// -----------------------------------------------------------------------------------------------------------
+// ---- Saving ---------------------------------------------------------------------------------------------------------
 
-// The stored note is a NUL longer: ten characters over four move every later note by six.
-TEST(SavedNote, StandsAmongAllOthersAsTheyWere) {
+// A longer or shorter note moves all later ones; their texts and the offsets in the index must stay right.
+TEST(SavedNote, LeavesAllOtherNotesUnchanged) {
     static const std::string kTexts[] = {"ten chars.", "", "in\r\ntwo lines\r\n", "{\\rtf1 \xB6 \xE9}"};
     for (const int verse : {0, kMiddle, kLast}) {
         Program program = StartProgram(FolderWithNotes(verse));
@@ -89,36 +88,35 @@ TEST(SavedNote, MayBeUnchanged) {
     ExpectNotes(program.folder, kNotes, "saved by its key");
 }
 
-TEST(SavedNote, CountsAsAbsentWhenItIsEmpty) {
+TEST(SavedNote, CountsAsNoNoteWhenEmpty) {
     Program program = ProgramInEditorOf(kMiddle);
     Retype(program, "");
     ClickEditorButton(program, IDC_NOTE_SAVE);
-    EXPECT_EQ(TextOf(NoteViewOf(program)), "") << "until it is read again";
+    EXPECT_EQ(TextOf(NoteViewOf(program)), "") << "until the note is read again";
     Press(program, "Alt+Up");
     EXPECT_EQ(TextOf(NoteViewOf(program)), "Before.");
     Press(program, "Alt+Down");
-    EXPECT_EQ(TextOf(NoteViewOf(program)), "Behind.\r\n") << "the one between is passed over";
+    EXPECT_EQ(TextOf(NoteViewOf(program)), "Behind.\r\n") << "the empty note is skipped";
     Press(program, "F10");
     EXPECT_THAT(TextOf(NoteViewOf(program)), testing::StartsWith("No note for "));
 }
 
-TEST(SavedNote, OfAVerseWithoutOneIsThereFromThenOn) {
+TEST(SavedNote, CanBeTheFirstOfItsVerse) {
     Program program = ProgramInEditorOf(kMiddle + 20);
-    EXPECT_EQ(TextOf(NoteEditOf(program)), "") << "the line that says that there is none is not the note";
+    EXPECT_EQ(TextOf(NoteEditOf(program)), "") << "the text \"No note for ...\" must not be edited";
     Type(program, "New # Joh 3:16");
     ClickEditorButton(program, IDC_NOTE_SAVE);
     Notes notes = kNotes;
     notes[kMiddle + 20] = "New # Joh 3:16";
     ExpectNotes(program.folder, notes, "a new note");
     DoubleClickNote(program, "3:16");
-    EXPECT_EQ(StatusPart(program, 1), "John 3:16") << "what was saved can be followed";
+    EXPECT_EQ(StatusPart(program, 1), "John 3:16") << "the saved references can be opened";
     CloseProgram(program);
     Program again = StartProgram(program.folder);
     EXPECT_EQ(TextOf(NoteViewOf(again)), "New # Joh 3:16");
 }
 
-// ---- Failures
-// ---------------------------------------------------------------------------------------------------------
+// ---- Failures -------------------------------------------------------------------------------------------------------
 
 static UniqueHandle Held(const ScratchFolder& folder, const char* name) {
     const HANDLE file =
@@ -127,7 +125,7 @@ static UniqueHandle Held(const ScratchFolder& folder, const char* name) {
     return UniqueHandle(file);
 }
 
-// Presses the key in the message box once its text and buttons are as expected.
+// Checks the text and buttons of the message box, then presses the key.
 static void Answer(const Program& program, const std::string& text, const std::vector<std::string>& buttons,
                    const char* key) {
     const HWND box = WaitForDialog(program, "Error");
@@ -173,8 +171,8 @@ TEST(UnsavedNote, StaysInTheEditorWhileItsFileIsInUse) {
     ExpectNotes(program.folder, notes, "saved once the file was free");
 }
 
-// Retry does not open the file again: two more messages, and the editor closes.
-TEST(UnsavedNote, IsLostWithRetry) {
+// Deliberate: Retry does not open the file again. Two more messages follow and the editor closes.
+TEST(UnsavedNote, IsLostAfterRetry) {
     Program program = ProgramInEditorOf(kMiddle);
     Type(program, "Lost: ");
     {
@@ -188,7 +186,7 @@ TEST(UnsavedNote, IsLostWithRetry) {
     ExpectUnsaved(program, "Retry");
 }
 
-TEST(UnsavedNote, HasNoTemporaryFile) {
+TEST(UnsavedNote, IsReportedWhenTheTemporaryFileCannotBeCreated) {
     Program program = ProgramInEditorOf(kMiddle);
     std::filesystem::create_directory(program.folder.path / "Mine.nmd.temp");
     Type(program, "Lost: ");
@@ -198,30 +196,31 @@ TEST(UnsavedNote, HasNoTemporaryFile) {
     ExpectUnsaved(program, "a folder has its name");
 }
 
-// Lets a shell of Wine's host do something in the folder, and waits for the file by which it tells of its end.
+// Runs a shell command in the folder on Wine's host, and waits for the file that marks its end.
 static void RunOnHost(const Program& program, const std::string& command) {
     StartOnHost(program.folder, "\"Z:\\bin\\sh\" -c \"" + command + " && touch done\"");
     WaitUntil(program, command, [&] { return HasFile(program.folder, "done"); });
     std::filesystem::remove(program.folder.path / "done");
 }
 
-// The host has a device that is always full; it stands under the name of the temporary file.
-TEST(UnsavedNote, FindsTheDiskFull) {
+// The name of the temporary file is linked to the host's device that is always full.
+TEST(UnsavedNote, IsReportedWhenTheDiskIsFull) {
     Program program = ProgramInEditorOf(kMiddle);
     RunOnHost(program, "ln -s /dev/full Mine.nmd.temp");
     Type(program, "Lost: ");
     ClickEditorButton(program, IDC_NOTE_SAVE);
     Answer(program, kCannotWrite, kOk, "Enter");
     ExpectUnsaved(program, "the disk is full");
-    RunOnHost(program, "rm Mine.nmd.temp");  // no Windows program can take it away
+    RunOnHost(program, "rm Mine.nmd.temp");  // a Windows program cannot remove it
 }
 
-TEST(UnsavedNote, CannotTakeThePlaceOfAFileThatStays) {
+TEST(UnsavedNote, IsReportedWhenTheOldFileCannotBeDeleted) {
     Program program = ProgramInEditorOf(kMiddle);
     const std::string path = (program.folder.path / "Mine.nmd").string();
     SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_READONLY);
     Type(program, "New: ");
     ClickEditorButton(program, IDC_NOTE_SAVE);
+    // "Faliure" (sic)
     Answer(program, "Faliure Saving Note (delete old failure):\nYou should exit Versewell and restart.", kOk, "Enter");
     WaitUntil(program, "the editor to close", [&] { return !IsEditing(program); });
     SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_NORMAL);
@@ -233,7 +232,7 @@ TEST(UnsavedNote, CannotTakeThePlaceOfAFileThatStays) {
     EXPECT_TRUE(ReadFile(program.folder, "Mine.nmd.temp") == ReadFile(expected, "Mine.nmd"));
 }
 
-// A set whose data file is not whole is only read, and what was typed can still be copied elsewhere.
+// A set with a damaged data file is read-only. The editor stays open so that the text can be copied elsewhere.
 TEST(UnsavedNote, StaysInTheEditorOfADamagedSet) {
     const ScratchFolder folder = FolderWithNotes(0);
     const std::string damaged = ReadFile(folder, "Mine.nmd") + "one NUL too many" + '\0';
@@ -254,8 +253,8 @@ TEST(UnsavedNote, StaysInTheEditorOfADamagedSet) {
     EXPECT_TRUE(ReadFile(folder, "Mine.nmd") == damaged);
 }
 
-// Another machine wrote notes meanwhile: they are kept, and where they lie now is asked of the disk.
-TEST(SavedNote, IsPutAmongNotesThatChangedOnTheDisk) {
+// Another computer has changed the set in the meantime: its notes are kept, and the index is read again from the disk.
+TEST(SavedNote, IsMergedWithNotesChangedOnDisk) {
     Program program = ProgramInEditorOf(kMiddle);
     Notes notes = kNotes;
     notes[0] = "A longer first note, by another machine.";
@@ -270,15 +269,14 @@ TEST(SavedNote, IsPutAmongNotesThatChangedOnTheDisk) {
         ASSERT_EQ(IsEditing(program), cancelled);
         if (!cancelled) break;
         ExpectNotes(program.folder, notes, "cancelled");
-        WriteNoteSet(program.folder, "Mine", kNotes);  // and once more
+        WriteNoteSet(program.folder, "Mine", kNotes);  // changed once more
         notes = kNotes;
     }
     notes[kMiddle] = "Mine: four";
     ExpectNotes(program.folder, notes, "saved");
 }
 
-// ---- Leaving the program
-// ----------------------------------------------------------------------------------------------
+// ---- Leaving the program --------------------------------------------------------------------------------------------
 
 static HWND AskToClose(const Program& program) {
     PostMessageA(program.frame, WM_CLOSE, 0, 0);
@@ -288,7 +286,7 @@ static HWND AskToClose(const Program& program) {
     return box;
 }
 
-TEST(LeavingTheNoteEditor, IsAskedFor) {
+TEST(LeavingTheNoteEditor, AsksWhenClosingTheProgram) {
     static constexpr struct {
         const char* key;
         bool leaves;
@@ -312,22 +310,22 @@ TEST(LeavingTheNoteEditor, IsAskedFor) {
         ExpectNotes(program.folder, notes, key);
         EXPECT_EQ(HasFile(program.folder, "Versewell.INI") && Setting(program.folder, "MISC", "XPos") != "(none)",
                   leaves)
-            << "the settings are written by the end alone";
+            << "settings are written only on exit";
     }
 }
 
-TEST(LeavingTheNoteEditor, IsNoQuestionWhereNothingIsEdited) {
+TEST(LeavingTheNoteEditor, AsksNothingWhenNotEditing) {
     Program program = ProgramInEditorOf(0);
     ClickEditorButton(program, IDC_NOTE_CANCEL);
     EXPECT_EQ(CloseProgram(program), 0);
 }
 
-TEST(LeavingTheNoteEditor, DoesNotHappenWhereTheNoteCannotBeSaved) {
+TEST(LeavingTheNoteEditor, IsCancelledWhenTheNoteCannotBeSaved) {
     Program program = ProgramInEditorOf(0);
     Type(program, "Mine. ");
     const UniqueHandle held = Held(program.folder, "Mine.nmd");
     AskToClose(program);
-    PostMessageA(program.frame, WM_CLOSE, 0, 0);  // asked already
+    PostMessageA(program.frame, WM_CLOSE, 0, 0);  // must not ask a second time
     Press(program, "y");
     Answer(program, kCannotOpen, kRetryCancel, "Esc");
     WaitForNoDialog(program);
@@ -335,13 +333,13 @@ TEST(LeavingTheNoteEditor, DoesNotHappenWhereTheNoteCannotBeSaved) {
     EXPECT_EQ(TextOf(NoteEditOf(program)), "Mine. The first.");
 }
 
-// As the system asks every program at the end of a session.
+// Sends the message with which the system asks every program at the end of a session.
 static std::future<LRESULT> AskToEndSession(const Program& program) {
     return std::async(std::launch::async,
                       [frame = program.frame] { return SendMessageA(frame, WM_QUERYENDSESSION, 0, 0); });
 }
 
-TEST(LeavingTheNoteEditor, IsAskedForAtTheEndOfASession) {
+TEST(LeavingTheNoteEditor, AsksAtTheEndOfASession) {
     static constexpr struct {
         const char* key;
         LRESULT answer;
@@ -358,10 +356,10 @@ TEST(LeavingTheNoteEditor, IsAskedForAtTheEndOfASession) {
         WaitForDialog(program, "Versewell97");
         Press(program, key);
         EXPECT_EQ(asked.get(), answer);
-        EXPECT_EQ(IsEditing(program), staysOpen) << "another program may still keep the session";
+        EXPECT_EQ(IsEditing(program), staysOpen) << "another program may still cancel the end of the session";
         Notes notes = kNotes;
         notes[0] = note;
         ExpectNotes(program.folder, notes, key);
     }
-    EXPECT_EQ(AskToEndSession(program).get(), TRUE) << "nothing is edited any more";
+    EXPECT_EQ(AskToEndSession(program).get(), TRUE) << "the note is no longer edited";
 }

@@ -1,4 +1,4 @@
-// The search of the notes: what is found and shown, where it goes on, what it leaves alone.
+// Searching notes: what is found and shown, where the search continues, and what it does not change.
 
 #include <windows.h>
 
@@ -55,7 +55,7 @@ static void ExpectNotFound(const Program& program) {
 
 // ---- What is found --------------------------------------------------------------------------------------------------
 
-TEST(NoteSearch, FindsWordsOrPartsOfThem) {
+TEST(NoteSearch, FindsWholeWordsOrSubstrings) {
     Program program = ProgramWithNotes({{5, "My beloved is mine."}, {10, "two\r\nlines of Love"}, {kLast, "love"}});
     const HWND dialog = OpenSearch(program);
     EXPECT_FALSE(IsChecked(dialog, IDC_SUBSTRING));
@@ -69,7 +69,7 @@ TEST(NoteSearch, FindsWordsOrPartsOfThem) {
     EXPECT_EQ(Shown(program), "Genesis 1:6 [love] at 5");
     Press(program, "Alt+n");
     EXPECT_EQ(Shown(program), "Genesis 1:11 [Love] at 14");
-    Press(program, "Alt+c");  // with capitals as they stand
+    Press(program, "Alt+c");  // case sensitive
     Press(program, "Alt+n");
     EXPECT_EQ(Shown(program), "Revelation 22:21 [love] at 0");
     Press(program, "Alt+f");
@@ -82,7 +82,7 @@ TEST(NoteSearch, FindsWordsOrPartsOfThem) {
     EXPECT_EQ(Setting(program.folder, "SEARCH", "CaseSensitive"), "1");
 }
 
-TEST(NoteSearch, GoesFromMatchToMatchAndBeginsAnew) {
+TEST(NoteSearch, FindNextContinuesAndFindFirstStartsAgain) {
     Program program = ProgramWithNotes({{3, "grace and grace\r\nand GRACE"}, {4, "no match"}, {kLast, "Grace."}}, 3);
     static constexpr const char* kPlaces[] = {"Genesis 1:4 [grace] at 0", "Genesis 1:4 [grace] at 10",
                                               "Genesis 1:4 [GRACE] at 21", "Revelation 22:21 [Grace] at 0"};
@@ -95,8 +95,8 @@ TEST(NoteSearch, GoesFromMatchToMatchAndBeginsAnew) {
         pictures.push_back(PictureOfWindow(NoteViewOf(program)));
     }
     const RECT selections = DifferingArea(pictures[0], pictures[1]);
-    EXPECT_FALSE(IsRectEmpty(&selections)) << "a match is to be seen while the dialog has the focus";
-    for (int times = 0; times < 2; ++times) {  // it goes on behind the note that is shown, again
+    EXPECT_FALSE(IsRectEmpty(&selections)) << "the match must be visible while the dialog has the focus";
+    for (int times = 0; times < 2; ++times) {  // a repeated search still starts after the note that is shown
         Press(program, "Alt+n");
         const HWND box = WaitForDialog(program, "Search Notes");
         if (times == 0) {
@@ -114,19 +114,19 @@ TEST(NoteSearch, GoesFromMatchToMatchAndBeginsAnew) {
     EXPECT_EQ(Shown(program), kPlaces[0]);
     CloseSearch(program);
 
-    // Opened again it goes on behind the selection.
+    // After the dialog is reopened, the search continues after the selection.
     const HWND dialog = OpenSearch(program);
     EXPECT_EQ(TextOf(dialog, IDC_NOTE_TEXT), "GRACE");
     Press(program, "Alt+n");
     EXPECT_EQ(Shown(program), kPlaces[1]);
 }
 
-TEST(NoteSearch, KeepsToItsRange) {
+TEST(NoteSearch, StaysInTheSearchRange) {
     Program program = ProgramWithNotes({{3, "grace"}, {100, "grace"}, {200, "grace"}}, 100);
     SetSearchRange(program, "Ge 1 - 2");
     OpenSearch(program);
     Type(program, "grace");
-    Press(program, "Alt+n");  // the range ends before the note
+    Press(program, "Alt+n");  // the range ends before the current note
     ExpectNotFound(program);
     EXPECT_EQ(Shown(program), "Genesis 4:21 [] at 0");
     Press(program, "Enter");
@@ -137,12 +137,13 @@ TEST(NoteSearch, KeepsToItsRange) {
     Press(program, "Enter");
     WaitUntil(program, "the range to be set", [&] { return !IsWindow(range); });
     EXPECT_EQ(StatusPart(program, 4), "Ge 5:1 - Ge 50:26");
-    Press(program, "Alt+n");  // the range begins behind the note
+    Press(program, "Alt+n");  // the range begins after the current note
     EXPECT_EQ(Shown(program), "Genesis 8:17 [grace] at 0");
 }
 
-// The offset behind a selection in the line that tells of no note counts for the next note that there is.
-TEST(NoteSearch, KeepsItsOffsetOverVersesWithoutNotes) {
+// Deliberate: the end of a selection in the text "No note for ..." is the offset where the search of the next note
+// starts.
+TEST(NoteSearch, KeepsTheOffsetAcrossVersesWithoutNotes) {
     Program program = ProgramWithNotes({{8, "grace, grace"}}, 5);
     SelectRich(program, NoteViewOf(program), {0, 3});
     OpenSearch(program);
@@ -151,7 +152,7 @@ TEST(NoteSearch, KeepsItsOffsetOverVersesWithoutNotes) {
     EXPECT_EQ(Shown(program), "Genesis 1:9 [grace] at 7");
 }
 
-TEST(NoteSearch, TellsOfAFileThatCannotBeRead) {
+TEST(NoteSearch, ReportsAFileThatCannotBeRead) {
     Program program = ProgramWithNotes({{3, "grace"}, {9, "grace"}}, 5);
     std::filesystem::rename(program.folder.path / "Mine.nmd", program.folder.path / "away.nmd");
     OpenSearch(program);
@@ -167,8 +168,8 @@ TEST(NoteSearch, TellsOfAFileThatCannotBeRead) {
     EXPECT_EQ(Shown(program), "Genesis 1:4 [grace] at 0");
 }
 
-// What was only looked through never comes into the editor, in capitals least of all.
-TEST(NoteSearch, LeavesTheNoteToTheEditorAsItIsStored) {
+// The search reads notes and converts them to capitals; none of that text may get into the editor.
+TEST(NoteSearch, DoesNotChangeTheNoteInTheEditor) {
     Program program = ProgramWithNotes({{0, "of Grace"}, {9, "Another note."}});
     for (const char* text : {"nowhere", "grace"}) {
         OpenSearch(program);
@@ -185,14 +186,14 @@ TEST(NoteSearch, LeavesTheNoteToTheEditorAsItIsStored) {
 
 // ---- The dialog -----------------------------------------------------------------------------------------------------
 
-TEST(NoteSearch, HasATextOfItsOwnInCapitals) {
+TEST(NoteSearch, RemembersItsOwnTextInCapitals) {
     Program program = ProgramWithNotes({{3, "Grace"}});
     SearchFor(program, {"love", IDM_WORD_SEARCH});
     HWND dialog = OpenSearch(program);
     EXPECT_EQ(TextOf(dialog, IDC_NOTE_TEXT), "");
     Type(program, "grace");
     Press(program, "Enter");
-    EXPECT_EQ(TextOf(dialog, IDC_NOTE_TEXT), "grace") << "as it was typed, while the dialog is open";
+    EXPECT_EQ(TextOf(dialog, IDC_NOTE_TEXT), "grace") << "as typed, while the dialog is open";
     CloseSearch(program);
     dialog = OpenSearch(program);
     EXPECT_EQ(TextOf(dialog, IDC_NOTE_TEXT), "GRACE");
@@ -216,8 +217,8 @@ TEST(NoteSearch, HasATextOfItsOwnInCapitals) {
     EXPECT_TRUE(IsChecked(words, IDC_CASE_SENSITIVE)) << "the options are shared";
 }
 
-// What is found is shown even where the notes were hidden, and Copy takes it.
-TEST(NoteSearch, ShowsTheNotesAndLeavesTheMatchToCopy) {
+// A match is shown even if the notes were hidden, and can be copied.
+TEST(NoteSearch, ShowsHiddenNotesAndTheMatchCanBeCopied) {
     Program program = ProgramWithNotes({{3, "by grace alone"}});
     Command(program, IDM_VIEW_NOTES);
     OpenSearch(program);
@@ -241,8 +242,9 @@ TEST(NoteSearch, ShowsTheNotesAndLeavesTheMatchToCopy) {
     EXPECT_EQ(ClipboardText(), "grace");
 }
 
-// The selection is laid over the last text, and the text of the other searches is cut to its length.
-TEST(NoteSearch, TakesTheSelectionOfTheNote) {
+// The selection overwrites the beginning of the last search text, and the text of the other searches is truncated to
+// its length.
+TEST(NoteSearch, StartsWithTheSelectionOfTheNote) {
     Program program = ProgramWithNotes({{0, "hello, " + std::string(300, 'z')}});
     SearchFor(program, {"the beginning", IDM_WORD_SEARCH});
     const auto select = [&](int start, int end) { SelectRich(program, NoteViewOf(program), {start, end}); };

@@ -1,4 +1,4 @@
-// Note sets that are created, renamed and deleted: dialogs, questions, tabs and files.
+// Creating, renaming and deleting note sets: dialogs, questions, tabs and files.
 
 #include <algorithm>
 
@@ -27,7 +27,7 @@ static std::string NoteOf(const Program& program) {
     return TextOf(NoteViewOf(program));
 }
 
-// Sets whose note for Genesis 1:2 names them, so that no tab has a mark at the start, which is in Genesis 1:1.
+// Sets whose only note names the set. It is for Genesis 1:2, so that no tab has a mark at the start in Genesis 1:1.
 static ScratchFolder FolderWithSets(const std::vector<std::string>& names) {
     const ScratchFolder folder = FolderWithScripture();
     for (const std::string& name : names) WriteNoteSet(folder, name, {{1, "in " + name}});
@@ -58,7 +58,7 @@ static void Rename(const Program& program, const std::string& from, std::string_
     TypeName(program, IDM_RENAME_NOTE_SET, ("Change name of note set " + from).c_str(), to);
 }
 
-// The text of the box of this title, which is then answered with a key.
+// Returns the text of the message box with this title and closes it with the key.
 static std::string Answered(const Program& program, const char* title, const char* key = "Enter") {
     const HWND box = WaitForDialog(program, title);
     const std::string text = MessageText(box);
@@ -67,7 +67,7 @@ static std::string Answered(const Program& program, const char* title, const cha
     return text;
 }
 
-// Holds a file as another program does that lets nobody else at it.
+// Opens a file exclusively, as another program might.
 static UniqueHandle Hold(const ScratchFolder& folder, const std::string& name) {
     return UniqueHandle(CreateFileA((folder.path / name).string().c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING,
                                     FILE_ATTRIBUTE_NORMAL, nullptr));
@@ -79,7 +79,7 @@ static bool HasSet(const ScratchFolder& folder, const std::string& name) {
 
 // ---- Dialogs --------------------------------------------------------------------------------------------------------
 
-TEST(NoteSetDialogs, AskForANameAndGoToTheNote) {
+TEST(NoteSetDialogs, AskForANameAndFocusTheNoteWhenCancelled) {
     Program program = StartProgram(FolderWithSets({"a.b c"}));
     const struct {
         int command;
@@ -89,7 +89,7 @@ TEST(NoteSetDialogs, AskForANameAndGoToTheNote) {
                  {IDM_RENAME_NOTE_SET, "Change name of note set a.b c", "a.b c"}};
     for (const auto& [command, title, text] : kRows) {
         SCOPED_TRACE(title);
-        Command(program, IDM_VIEW_NOTES);  // hidden: shown again also by a dialog that is cancelled
+        Command(program, IDM_VIEW_NOTES);  // hides the notes; even a cancelled dialog shows them again
         Command(program, command);
         const HWND dialog = WaitForDialog(program, title);
         EXPECT_EQ(TextOf(dialog, IDC_SET_NAME), text);
@@ -111,7 +111,7 @@ TEST(NoteSetDialogs, AskForANameAndGoToTheNote) {
 
 // ---- Create ---------------------------------------------------------------------------------------------------------
 
-TEST(NoteSetCreation, AddsAnEmptySetAndStaysInItsOwn) {
+TEST(NoteSetCreation, AddsAnEmptySetAndKeepsTheCurrentOne) {
     const ScratchFolder folder = FolderWithSets({"Mine"});
     WriteNoteSet(folder, "model");
     const std::string emptyIndex = ReadFile(folder, "model.nmi");
@@ -139,7 +139,7 @@ TEST(NoteSetCreation, AddsAnEmptySetAndStaysInItsOwn) {
     EXPECT_THAT(SetsOf(again), testing::UnorderedElementsAreArray(expected));
 }
 
-TEST(NoteSetCreation, SaysWhyThereIsNoNewSet) {
+TEST(NoteSetCreation, ReportsWhyItFailed) {
     const ScratchFolder folder = FolderWithSets({"Mine"});
     const std::string data = ReadFile(folder, "Mine.nmd");
     const std::vector<std::string> files = FilesIn(folder);
@@ -156,7 +156,7 @@ TEST(NoteSetCreation, SaysWhyThereIsNoNewSet) {
     EXPECT_EQ(ReadFile(folder, "Mine.nmd"), data);
 }
 
-TEST(NoteSetCreation, EndsAtThirtyOne) {
+TEST(NoteSetCreation, IsLimitedTo31Sets) {
     std::vector<std::string> names;
     for (int set = 1; set <= 30; ++set) names.push_back("s" + std::to_string(set));
     const ScratchFolder folder = FolderWithSets(names);
@@ -172,7 +172,7 @@ TEST(NoteSetCreation, EndsAtThirtyOne) {
 
 // ---- Rename ---------------------------------------------------------------------------------------------------------
 
-TEST(NoteSetRenaming, TakesAllFilesAlong) {
+TEST(NoteSetRenaming, RenamesAllFilesOfTheSet) {
     const ScratchFolder folder = FolderWithSets({"a", "b.old", "c"});
     WriteFile(folder, "b.old.dti", std::string(2976, '\0'));
     const std::string index = ReadFile(folder, "b.old.nmi");
@@ -184,7 +184,7 @@ TEST(NoteSetRenaming, TakesAllFilesAlong) {
     for (const char* name : {"", "b.old", "b.new"}) {
         Command(program, IDM_RENAME_NOTE_SET);
         WaitForDialog(program, "Change name of note set " + before);
-        Press(program, "Delete");  // the name before was selected
+        Press(program, "Delete");  // the old name was selected
         Type(program, name);
         Press(program, "Enter");
         WaitForNoDialog(program);
@@ -200,16 +200,16 @@ TEST(NoteSetRenaming, TakesAllFilesAlong) {
     EXPECT_EQ(ReadFile(folder, "b.new.nmd"), data);
     Press(program, "Alt+Right");
     Press(program, "Alt+Left");
-    EXPECT_EQ(NoteOf(program), "in b.old") << "read from the file of the new name";
+    EXPECT_EQ(NoteOf(program), "in b.old") << "read from the renamed file";
 }
 
-TEST(NoteSetRenaming, SaysWhenTheFilesStay) {
+TEST(NoteSetRenaming, ReportsFailure) {
     const ScratchFolder folder = FolderWithSets({"a", "b"});
     const std::vector<std::string> files = FilesIn(folder);
     Program program = StartProgram(folder);
     GoToSet(program, "a");
     static constexpr char kFailed[] = "Rename failed. Make sure the note set files are not in use by another program.";
-    Rename(program, "a", "b");  // there is one of that name
+    Rename(program, "a", "b");  // the name is in use
     EXPECT_EQ(Answered(program, "Error"), kFailed);
     {
         const UniqueHandle held = Hold(folder, "a.nmd");
@@ -221,7 +221,7 @@ TEST(NoteSetRenaming, SaysWhenTheFilesStay) {
     EXPECT_THAT(SetsOf(program), testing::UnorderedElementsAre("a", "b"));
     EXPECT_EQ(FilesIn(folder), files);
 
-    // Half-way: the data file has the new name, the set is out of use.
+    // Half done: the data file has the new name but the index cannot be renamed, so the set can no longer be used.
     const UniqueHandle held = Hold(folder, "a.nmi");
     Rename(program, "a", "c");
     EXPECT_EQ(Answered(program, "Error"), kFailed);
@@ -234,7 +234,7 @@ TEST(NoteSetRenaming, SaysWhenTheFilesStay) {
 
 // ---- Delete ---------------------------------------------------------------------------------------------------------
 
-TEST(NoteSetDeletion, AsksFirstAndGoesToTheFirstSet) {
+TEST(NoteSetDeletion, AsksFirstAndThenShowsTheFirstSet) {
     const ScratchFolder folder = FolderWithSets({"a", "b.c", "d"});
     Program program = StartProgram(folder);
     const auto isThere = [&](const char* name) { return HasSet(folder, name); };
@@ -286,12 +286,12 @@ TEST(NoteSetDeletion, AsksFirstAndGoesToTheFirstSet) {
     EXPECT_EQ(Setting(folder, "MISC", "Note"), "0");
 }
 
-// The table of readings: every reading is in Exodus 1:1.
+// Adds a table of readings in which every reading is Exodus 1:1.
 static void MakeDevotional(const ScratchFolder& folder, const std::string& name) {
     WriteFile(folder, name + ".dti", IndexBytes(std::vector<unsigned>(12 * 31 * 2, 1533)));
 }
 
-TEST(NoteSetDeletion, KeepsTheDevotionalSetBehindTheDeletedOne) {
+TEST(NoteSetDeletion, KeepsTheDevotionalSetWhenAnotherIsDeleted) {
     const ScratchFolder folder = FolderWithScripture();
     WriteNoteSet(folder, "Other");
     WriteNoteSet(folder, "Readings", {{1533, "The reading."}});
@@ -309,7 +309,7 @@ TEST(NoteSetDeletion, KeepsTheDevotionalSetBehindTheDeletedOne) {
     EXPECT_EQ(SelectedTab(TabsOf(program)), 0);
 }
 
-TEST(NoteSetDeletion, OfTheDevotionalSetTakesItsMenuAway) {
+TEST(NoteSetDeletion, OfTheDevotionalSetRemovesItsMenu) {
     const ScratchFolder folder = FolderWithScripture();
     WriteNoteSet(folder, "Mine", {{0, "mine"}});
     WriteNoteSet(folder, "Readings");

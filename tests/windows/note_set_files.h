@@ -1,4 +1,4 @@
-// Note sets laid into a test's folder before the program starts.
+// Writes note sets into the folder of a test before the program starts.
 #pragma once
 
 #include <map>
@@ -8,10 +8,10 @@
 
 constexpr int kVerses = 31102;
 
-// Content of an index file: `offsets` as unsigned 32-bit integers, lowest byte first.
+// Content of an index file: `offsets` as little-endian unsigned 32-bit integers.
 std::string IndexBytes(const std::vector<unsigned>& offsets);
 
-// Writes NAME.nmi and NAME.nmd: each verse of `notes` has its text, every other an empty note.
+// Writes NAME.nmi and NAME.nmd with these notes by verse; all other verses have an empty note.
 void WriteNoteSet(const ScratchFolder& folder, const std::string& name, const std::map<int, std::string>& notes = {});
 
 // Names of the sets in the order of their tabs, without the marks before them.

@@ -1,4 +1,4 @@
-// Note sets: which ones a start finds, what it makes of them and what the note view shows of each verse's note.
+// Note sets: which sets the program finds at the start, how it repairs them, and what the note view shows.
 
 #include <algorithm>
 
@@ -43,7 +43,7 @@ static void Answer(HWND box) {
     PostMessageA(box, WM_COMMAND, IDOK, 0);
 }
 
-// A start that opens the note of `verse` in set `set`.
+// A folder whose settings open the note of `verse` in set number `set`.
 static ScratchFolder FolderAtNote(int verse, int set = 0) {
     const ScratchFolder folder = FolderWithScripture();
     WriteSetting(folder, "MISC", "NoteVerse", std::to_string(verse));
@@ -51,9 +51,9 @@ static ScratchFolder FolderAtNote(int verse, int set = 0) {
     return folder;
 }
 
-// ---- Which sets there are -------------------------------------------------------------------------------------------
+// ---- Finding sets ---------------------------------------------------------------------------------------------------
 
-TEST(NoteSets, AreThirtyOneAtMost) {
+TEST(NoteSets, AreLimitedTo31) {
     const ScratchFolder folder = FolderWithScripture();
     for (int set = 0; set < 40; ++set)
         WriteNoteSet(folder, "Set " + std::to_string(set), {{0, "in " + std::to_string(set)}});
@@ -69,7 +69,7 @@ TEST(NoteSets, AreThirtyOneAtMost) {
     EXPECT_FALSE(HasFile(folder, "My Notes.nmi"));
 }
 
-TEST(NoteSets, TakeTheirNamesUpToTheLastDot) {
+TEST(NoteSets, NamesEndAtTheLastDot) {
     const ScratchFolder folder = FolderWithScripture();
     WriteNoteSet(folder, "a.b", {{0, "dotted"}});
     WriteNoteSet(folder, "", {{0, "nameless"}});
@@ -85,15 +85,15 @@ TEST(NoteSets, TakeTheirNamesUpToTheLastDot) {
     }
 }
 
-TEST(NoteSets, LeaveFoldersOfTheirEndingAlone) {
+TEST(NoteSets, IgnoreFoldersWithTheirExtension) {
     const ScratchFolder folder = FolderWithScripture();
     std::filesystem::create_directory(folder.path / "Folder.nmi");
     Program program = StartProgram(folder);
     EXPECT_THAT(SetsOf(program), ElementsAre("My Notes"));
 }
 
-// Notes whose index was lost stay as they are.
-TEST(NoteSets, AreNotMadeOverExistingNotes) {
+// Existing notes must not be overwritten even if their index is missing.
+TEST(NoteSets, AreNotCreatedOverExistingNotes) {
     const ScratchFolder folder = FolderWithScripture();
     WriteFile(folder, "My Notes.nmd", "mine");
     Program program = LaunchProgram(folder);
@@ -112,10 +112,10 @@ TEST(NoteSets, AreNotMadeOverExistingNotes) {
 
 // ---- Which note is shown --------------------------------------------------------------------------------------------
 
-TEST(Note, IsShownFromTheStart) {
+TEST(Note, IsShownAtTheStart) {
     static const struct {
         int verse;
-        const char* note;  // null: none is stored
+        const char* note;  // null: not stored
         const char* shown;
         const char* part;
     } kRows[] = {
@@ -125,7 +125,7 @@ TEST(Note, IsShownFromTheStart) {
         {14236, nullptr, "No note for Psalms 23:1.", "Psalms 23:1"},
         {kLast, "to the end", "to the end", "Revelation 22:21"},
         {kLast, nullptr, "No note for Revelation 22:21.", "Revelation 22:21"},
-        {5, "{\\rtf1 plain}", "{\\rtf1 plain}", "Genesis 1:6"},  // no note is read as rich text
+        {5, "{\\rtf1 plain}", "{\\rtf1 plain}", "Genesis 1:6"},  // must not be read as rich text
         {6, "\xB6 \xE9", "\xB6 \xE9", "Genesis 1:7"},
     };
     for (const auto& row : kRows) {
@@ -148,7 +148,7 @@ static std::string Lines(std::size_t size) {
     return lines;
 }
 
-// The last note has no next offset: it ends with the file, of which the buffer takes 64 KB.
+// The index has no offset after the last note, so it ends with the file, truncated to the 64 KB of the buffer.
 TEST(Note, OfTheLastVerseIsReadToTheEndOfTheFile) {
     const std::string lines = Lines(70000);
     static const struct {
@@ -163,7 +163,7 @@ TEST(Note, OfTheLastVerseIsReadToTheEndOfTheFile) {
     }
 }
 
-TEST(Note, OfASetOrVerseThatThereIsNotIsTheFirst) {
+TEST(Note, SettingsOutOfRangeSelectTheFirst) {
     static constexpr struct {
         int verse, set;
         int shownVerse, shownSet;
@@ -181,7 +181,7 @@ TEST(Note, OfASetOrVerseThatThereIsNotIsTheFirst) {
     }
 }
 
-TEST(Note, FollowsTheTabsOfTheSets) {
+TEST(Note, ChangesWithTheTab) {
     const ScratchFolder folder = FolderAtNote(26136);
     for (const char* name : {"A", "B", "C"}) WriteNoteSet(folder, name, {{26136, std::string("in ") + name}});
     Program program = StartProgram(folder);
@@ -196,7 +196,7 @@ TEST(Note, FollowsTheTabsOfTheSets) {
     EXPECT_EQ(Setting(folder, "MISC", "Note"), "1");
 }
 
-TEST(Note, FollowsTheKeysOfTheSets) {
+TEST(Note, ChangesWithTheNoteSetKeys) {
     static constexpr struct {
         const char* keys;
         int selected;
@@ -212,7 +212,7 @@ TEST(Note, FollowsTheKeysOfTheSets) {
     }
 }
 
-TEST(Note, StepsRoundTheBibleToTheNextOne) {
+TEST(Note, NextAndPreviousWrapAround) {
     static constexpr struct {
         const char* keys;
         const char* part;
@@ -230,7 +230,7 @@ TEST(Note, StepsRoundTheBibleToTheNextOne) {
     }
 }
 
-TEST(Note, StepsToTheNeighbourWhereThereIsNoOther) {
+TEST(Note, NextMovesOneVerseWhenThereIsNoOther) {
     const ScratchFolder folder = FolderAtNote(10);
     WriteNoteSet(folder, "Mine", {{10, "the only one"}});
     Program program = StartProgram(folder);
@@ -239,8 +239,8 @@ TEST(Note, StepsToTheNeighbourWhereThereIsNoOther) {
     EXPECT_EQ(NoteShown(program), "No note for Genesis 1:12.");
 }
 
-// The labels of verses with notes differ, so another set repaints the passage.
-TEST(Note, IsMarkedInThePassageByTheSetThatIsShown) {
+// Labels mark the verses that have a note in the current set, so another set must repaint the passage.
+TEST(Note, IsMarkedInThePassageForTheCurrentSet) {
     const ScratchFolder folder = FolderWithScripture();
     WriteNoteSet(folder, "A", {{0, "noted"}});
     WriteNoteSet(folder, "B");
@@ -256,9 +256,9 @@ TEST(Note, IsMarkedInThePassageByTheSetThatIsShown) {
     EXPECT_TRUE(IsRectEmpty(&same));
 }
 
-// ---- Files that are not as they should be ---------------------------------------------------------------------------
+// ---- Missing and damaged files --------------------------------------------------------------------------------------
 
-TEST(Note, ThatCannotBeReadIsSaidAndChangesNothing) {
+TEST(Note, ReadErrorIsReportedAndChangesNothing) {
     const ScratchFolder folder = FolderAtNote(3);
     WriteNoteSet(folder, "Mine", {{3, "third"}, {10, "tenth"}});
     Program program = StartProgram(folder);
@@ -280,7 +280,7 @@ TEST(Note, ThatCannotBeReadIsSaidAndChangesNothing) {
     EXPECT_EQ(NoteShown(program), "tenth");
 }
 
-TEST(Note, ThatCannotBeReadAtTheStartDoesNotEndIt) {
+TEST(Note, ReadErrorAtTheStartDoesNotStopTheProgram) {
     const ScratchFolder folder = FolderAtNote(3);
     WriteNoteSet(folder, "Mine");
     std::filesystem::remove(folder.path / "Mine.nmd");
@@ -293,8 +293,8 @@ TEST(Note, ThatCannotBeReadAtTheStartDoesNotEndIt) {
     EXPECT_EQ(Setting(folder, "MISC", "NoteVerse"), "3");
 }
 
-// What a stopped save leaves: one box tells of all that was mended, and the notes are where they were.
-TEST(DamagedNotes, AreMendedAtTheStart) {
+// States left by an interrupted save: one message box reports all repairs, and no note is lost.
+TEST(DamagedNotes, AreRepairedAtTheStart) {
     const ScratchFolder folder = FolderAtNote(kLast);
     const std::map<int, std::string> notes = {{0, "first"}, {10, "tenth"}, {kLast, "last"}};
     for (const char* name : {"Stale", "Lost", "Renamed", "Whole"}) WriteNoteSet(folder, name, notes);

@@ -1,4 +1,4 @@
-// What tests of notes share: places in a note, and the note editor.
+// Helpers for tests of notes: positions in a note, and the note editor.
 #pragma once
 
 #include <string>
@@ -6,18 +6,18 @@
 
 #include "tests/driver/driver.h"
 
-// Where the character of this offset stands in a rich edit, in the middle of its line's height.
+// Position of the character at `offset` in a rich edit, at half the height of its line.
 POINT PointOfCharacter(const Program& program, HWND richEdit, std::size_t offset);
 
-// The note editor and its editing control, open or not.
+// The note editor and its edit control, whether shown or hidden.
 HWND NoteEditorOf(const Program& program);
 HWND NoteEditOf(const Program& program);
 
-// Opens the editor on the current note, by its key.
+// Opens the editor for the current note with its key.
 void OpenNoteEditor(const Program& program);
 
-// Clicks one of the editor's buttons and waits until the program has dealt with it, or has opened a message box.
+// Clicks one of the editor's buttons and waits until the program has processed it or shows a message box.
 void ClickEditorButton(const Program& program, int button);
 
-// Double clicks on the first place of `text` in the note that is shown.
+// Double clicks on the first occurrence of `text` in the note that is shown.
 void DoubleClickNote(const Program& program, std::string_view text);

@@ -13,7 +13,7 @@ using UniqueFont = std::unique_ptr<std::remove_pointer_t<HFONT>, DeleteObjectDel
 using UniqueBitmap = std::unique_ptr<std::remove_pointer_t<HBITMAP>, DeleteObjectDeleter>;
 using UniqueDc = std::unique_ptr<std::remove_pointer_t<HDC>, DeleteDcDeleter>;
 
-// A sheet of the window's colour to draw on; its pixels can be read.
+// A bitmap in the window's background colour to draw on; its pixels can be read.
 struct Sheet {
     UniqueDc dc;
     UniqueBitmap bitmap;
@@ -59,7 +59,7 @@ static int ExtentOf(HDC dc, const std::string& text) {
     return static_cast<int>(size.cx);
 }
 
-// A piece is `width` wide; its font is selected.
+// Draws a piece that is `width` wide; its font is already selected.
 using DrawPiece = void (*)(const Sheet& sheet, int x, int width, const PaintedPiece& piece);
 
 static void FillBehind(const Sheet& sheet, int x, int width, const PaintedPiece& piece) {
@@ -67,7 +67,7 @@ static void FillBehind(const Sheet& sheet, int x, int width, const PaintedPiece&
     if (piece.selected) FillRect(sheet.dc.get(), &area, GetSysColorBrush(COLOR_WINDOWTEXT));
 }
 
-// Each letter stands where the width of those before it says: left alone, Wine draws some faces narrower than it
+// Each letter is placed by the measured width of those before it, because Wine draws some faces narrower than it
 // measures them.
 static void DrawLetters(const Sheet& sheet, int x, int, const PaintedPiece& piece) {
     const HDC dc = sheet.dc.get();
@@ -80,7 +80,7 @@ static void DrawLetters(const Sheet& sheet, int x, int, const PaintedPiece& piec
         TextOutA(dc, x + (letter > 0 ? ends[letter - 1] : 0), 0, piece.text.data() + letter, 1);
 }
 
-// Gives where more would stand.
+// Returns the x coordinate after the last piece.
 static int DrawPieces(const Sheet& sheet, const PaintedLine& line, const PaintedFont& font, DrawPiece draw) {
     int x = line.left;
     for (const PaintedPiece& piece : line.pieces) {
@@ -94,7 +94,7 @@ static int DrawPieces(const Sheet& sheet, const PaintedLine& line, const Painted
     return x;
 }
 
-// Slanted letters reach into the next piece: all of them come after what is behind them.
+// Slanted letters reach into the next piece, so all backgrounds are drawn before all letters.
 static int DrawLine(const Sheet& sheet, const PaintedLine& line, const PaintedFont& font) {
     DrawPieces(sheet, line, font, FillBehind);
     const int end = DrawPieces(sheet, line, font, DrawLetters);
@@ -106,7 +106,7 @@ int WidthOf(const std::vector<PaintedPiece>& pieces, const PaintedFont& font) {
     return DrawLine(EmptySheet(1, 1), {pieces}, font);
 }
 
-// How many pixels of the columns `left` to `right` differ.
+// Number of pixels that differ in the columns `left` to `right`.
 static int CountDifferences(const Picture& shown, int top, const Sheet& expected, int left, int right) {
     int count = 0;
     for (int y = 0; y < expected.height && top + y < shown.height; ++y)

@@ -1,5 +1,5 @@
-// Lines of text as a pane should show them. The test draws them itself, letter by letter and with fonts of its own,
-// and compares every pixel.
+// Lines of text as a pane should show them. The test draws the lines itself, letter by letter with its own fonts, and
+// compares every pixel.
 #pragma once
 
 #include <string>
@@ -11,15 +11,15 @@ enum class Style { kRegular, kBold, kItalic, kBoldItalic };
 
 struct PaintedPiece {
     Style style;
-    std::string text;                                // words with the blanks behind them, as they stand
+    std::string text;                                // words, each with the blank after it
     COLORREF color = GetSysColor(COLOR_WINDOWTEXT);  // of the letters
-    bool selected = false;                           // in the colours of a selection, whatever `color` is
+    bool selected = false;                           // in the colours of a selection instead of `color`
 };
 
 struct PaintedLine {
-    std::vector<PaintedPiece> pieces;  // none: the line is empty
-    bool goesOn = true;                // may more stand behind the pieces? An empty line is empty to its end
-    int left = 1;                      // where the pieces begin
+    std::vector<PaintedPiece> pieces;  // none: an empty line
+    bool goesOn = true;                // more text may follow the pieces; ignored for an empty line
+    int left = 1;                      // x coordinate of the first piece
 };
 
 struct PaintedFont {
@@ -28,20 +28,20 @@ struct PaintedFont {
     int weight = 400;
 };
 
-// Cell height of the font's bold face: the distance of two lines.
+// Cell height of the font's bold face, which is the line spacing.
 int LineHeightOf(const PaintedFont& font = {});
 
-// How far the pieces reach from the pane's left edge, its margin included.
+// Width of the pieces including the left margin of the pane.
 int WidthOf(const std::vector<PaintedPiece>& pieces, const PaintedFont& font = {});
 
-// Does the pane show these lines, from its upper edge down? "" or what is wrong, line by line. In a pane with the focus
-// the place of the caret, at the left of the first line, is not compared.
+// Compares the pane with these lines, from its upper edge down. Returns "" or a description of the wrong lines. In a
+// focused pane the area of the caret, at the left of the first line, is not compared.
 std::string WrongLines(HWND pane, const std::vector<PaintedLine>& lines, const PaintedFont& font = {});
 
-// What the screen shows of a window's client area.
+// Picture of a window's client area.
 Picture PictureOfClient(HWND window);
 
-// An ink spot on a pane (100, 300 to 140, 340) of which the program knows nothing: it goes where the pane is
-// painted.
+// Draws a spot on a pane (100, 300 to 140, 340) without the program knowing; it disappears when the pane is repainted
+// there.
 void DropSpot(HWND pane);
 bool HasSpot(HWND pane);

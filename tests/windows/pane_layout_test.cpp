@@ -1,4 +1,4 @@
-// Where the panes stand, for every combination of shown and hidden ones.
+// The layout of the panes for every combination of shown and hidden ones.
 
 #include <windows.h>
 
@@ -10,8 +10,8 @@
 #include "resources/ids.h"
 #include "tests/driver/driver.h"
 
-// By the rules of the layout: the list takes the left half when both upper panes are shown, the upper row 0.55 of the
-// height between toolbar and status bar when the notes are shown too. Empty for a hidden pane.
+// The rules of the layout: if both upper panes are shown, each takes half of the width. If the notes are shown too, the
+// upper row takes 0.55 of the height between toolbar and status bar. The rectangle of a hidden pane is empty.
 struct Panes {
     RECT list;
     RECT passage;
@@ -69,7 +69,7 @@ static void ExpectSwitch(const Program& program, int command, bool isShown) {
 // Bits: 1 the list, 2 the passage, 4 the notes.
 struct PaneCombination : testing::TestWithParam<int> {};
 
-TEST_P(PaneCombination, IsLaidOut) {
+TEST_P(PaneCombination, HasTheExpectedLayout) {
     const bool list = (GetParam() & 1) != 0;
     const bool passage = (GetParam() & 2) != 0;
     const bool notes = (GetParam() & 4) != 0;

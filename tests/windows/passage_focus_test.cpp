@@ -1,4 +1,4 @@
-// What the keyboard focus means to the Passage: caret, commands, Copy.
+// Effects of the keyboard focus in the Passage: caret, commands, Copy.
 
 #include <windows.h>
 
@@ -12,7 +12,7 @@
 
 static constexpr int kMoves[] = {IDM_PREVIOUS_CHAPTER, IDM_NEXT_CHAPTER, IDM_PREVIOUS_BOOK, IDM_NEXT_BOOK};
 
-// How many of the four moves by chapter and book are enabled.
+// Number of enabled commands among the four that move by chapter and book.
 static int CountMoves(const Program& program) {
     int count = 0;
     for (const int command : kMoves) count += IsGreyed(program, command) ? 0 : 1;
@@ -31,7 +31,7 @@ static void ExpectNoCopy(const Program& program) {
     EXPECT_NE(ToolState(program, IDM_COPY) & TBSTATE_INDETERMINATE, 0);
 }
 
-TEST(PassageFocus, ComesByTheFirstClickAndSelectsNothing) {
+TEST(PassageFocus, FirstClickFocusesWithoutSelecting) {
     Program program = StartProgram(FolderWithScripture());
     const HWND pane = PassageOf(program);
     EXPECT_EQ(FocusOf(program), program.frame);
@@ -61,7 +61,7 @@ TEST(PassageFocus, ShowsACaretInTheFirstLine) {
     EXPECT_NE(Carets(program).hwndCaret, PassageOf(program));
 }
 
-TEST(PassageFocus, ShowsAWholeCaretInAPaneThatWasHiddenSoFar) {
+TEST(PassageFocus, ShowsACompleteCaretWhenThePaneWasHidden) {
     const ScratchFolder folder = FolderWithScripture();
     WriteSetting(folder, "VIEW", "ReadWindow", "0");
     Program program = StartProgram(folder);
@@ -70,7 +70,7 @@ TEST(PassageFocus, ShowsAWholeCaretInAPaneThatWasHiddenSoFar) {
     EXPECT_EQ(Carets(program).rcCaret.bottom, LineHeightOf());
 }
 
-TEST(PassageFocus, EnablesTheMovesWhileItIsThere) {
+TEST(PassageFocus, EnablesChapterAndBookCommands) {
     Program program = StartProgram(FolderWithScripture());
     const struct {
         const char* keys;
@@ -86,7 +86,7 @@ TEST(PassageFocus, EnablesTheMovesWhileItIsThere) {
     EXPECT_EQ(CountMoves(program), 0);
 }
 
-TEST(PassageFocus, WipesTheSelectionOfTheNote) {
+TEST(PassageFocus, ClearsTheSelectionInTheNote) {
     Program program = StartProgram(FolderWithScripture());
     Click(program, NoteViewOf(program));
     SelectRich(program, NoteViewOf(program), {0, 7});
@@ -99,7 +99,7 @@ TEST(PassageFocus, WipesTheSelectionOfTheNote) {
     EXPECT_EQ(ClipboardText(), "before");
 }
 
-TEST(PassageFocus, GoesElsewhereWhenThePaneIsHidden) {
+TEST(PassageFocus, MovesAwayWhenThePaneIsHidden) {
     Program program = StartProgram(FolderWithScripture());
     Command(program, IDM_FOCUS_PASSAGE);
     Press(program, "F3");

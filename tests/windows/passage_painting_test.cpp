@@ -1,4 +1,4 @@
-// What the Passage paints: labels, headings, line breaks, italics, marks of notes.
+// Painting of the Passage: labels, headings, line breaks, italics, marks of notes.
 
 #include <gtest/gtest.h>
 
@@ -27,9 +27,9 @@ static void PrintTo(const Painting& painting, std::ostream* out) {
     *out << painting.name;
 }
 
-struct PassagePaints : testing::TestWithParam<Painting> {};
+struct PassagePaintingCase : testing::TestWithParam<Painting> {};
 
-TEST_P(PassagePaints, TheseLines) {
+TEST_P(PassagePaintingCase, ShowsTheExpectedLines) {
     const ScratchFolder folder = FolderOnlyPassage(GetParam().topVerse);
     WriteSetting(folder, "OPTIONS", "Paragraph Format", GetParam().inParagraphs ? "1" : "0");
     WriteSetting(folder, "OPTIONS", "Italics", std::to_string(GetParam().italics));
@@ -66,7 +66,7 @@ static const Painting kLabels[] = {
      {{{{kBold, " Joh 11:35 "}, {kRegular, "Jesus wept. "}}, false},
       {{{kBold, " 36 "}, {kRegular, "Then said the Jews, "}}}}},
 };
-INSTANTIATE_TEST_SUITE_P(Labels, PassagePaints, testing::ValuesIn(kLabels),
+INSTANTIATE_TEST_SUITE_P(Labels, PassagePaintingCase, testing::ValuesIn(kLabels),
                          [](const auto& row) { return row.param.name; });
 
 static const Painting kHeadings[] = {
@@ -104,7 +104,7 @@ static const Painting kHeadings[] = {
      0,
      {{{{kBold, " Re 22:21 "}, {kRegular, "The grace of our Lord Jesus Christ "}}}, Empty(), Empty(), Empty()}},
 };
-INSTANTIATE_TEST_SUITE_P(Headings, PassagePaints, testing::ValuesIn(kHeadings),
+INSTANTIATE_TEST_SUITE_P(Headings, PassagePaintingCase, testing::ValuesIn(kHeadings),
                          [](const auto& row) { return row.param.name; });
 
 static const Painting kItalics[] = {
@@ -120,7 +120,7 @@ static const Painting kItalics[] = {
      {{{{kBold, " Ge 37:21 "}, {kRegular, "And Reuben heard [it], and he delivered "}}}}},
     {"ItalicNormal", 1104, false, 2, {{{{kBold, " Ge 37:21 "}, {kRegular, "And Reuben heard it, and he delivered "}}}}},
 };
-INSTANTIATE_TEST_SUITE_P(Italics, PassagePaints, testing::ValuesIn(kItalics),
+INSTANTIATE_TEST_SUITE_P(Italics, PassagePaintingCase, testing::ValuesIn(kItalics),
                          [](const auto& row) { return row.param.name; });
 
 TEST(PassagePainting, MarksVersesThatHaveANote) {
@@ -147,7 +147,7 @@ TEST(PassagePainting, MarksVersesThatHaveANote) {
     EXPECT_EQ(WrongLines(PassageOf(program), {{{{kBold, "*Ps 117:2 "}, {kRegular, "For his merciful "}}}}), "");
 }
 
-TEST(PassagePainting, BreaksALineBeforeAWordThatReachesTheEdge) {
+TEST(PassagePainting, WrapsBeforeAWordThatDoesNotFit) {
     const PaintedFont large{"Times New Roman", 300, 400};
     const ScratchFolder folder = FolderOnlyPassage(1);
     WriteSetting(folder, "MISC", "Height", "1000");
@@ -158,8 +158,8 @@ TEST(PassagePainting, BreaksALineBeforeAWordThatReachesTheEdge) {
     SavePicture(PictureOfWindow(program.frame), "passage-large-letters");
 }
 
-// A word and the room of the pane: with the last pixel taken it must go to the next line.
-TEST(PassagePainting, LeavesNoWordAtTheVeryEdge) {
+// A word must end at least one pixel before the right edge, or it goes to the next line.
+TEST(PassagePainting, WrapsBeforeAWordThatEndsAtTheEdge) {
     Program program = StartProgram(FolderOnlyPassage(26558));
     const HWND pane = PassageOf(program);
     const int whole = WidthOf({{kBold, " Joh 11:35 "}, {kRegular, "Jesus wept. "}});
@@ -179,7 +179,7 @@ TEST(PassagePainting, LeavesNoWordAtTheVeryEdge) {
     SavePicture(PictureOfWindow(program.frame), "passage-narrow");
 }
 
-TEST(PassagePainting, LetsAWordRunPastTheEdge) {
+TEST(PassagePainting, ClipsAWordWiderThanThePane) {
     const PaintedFont large{"Times New Roman", 120, 400};
     const ScratchFolder folder = FolderOnlyPassage(26558);
     WriteSetting(folder, "OPTIONS", "ReadWindowFontHeight", "120");
@@ -190,7 +190,7 @@ TEST(PassagePainting, LetsAWordRunPastTheEdge) {
     EXPECT_EQ(WrongLines(PassageOf(program), lines, large), "");
 }
 
-TEST(PassagePainting, FollowsTheFormatAndTheItalicsThatAreChosen) {
+TEST(PassagePainting, FollowsTheFormatAndItalicsOptions) {
     const PaintedLine inLines{{{kBold, " Ge 37:21 "}, {kRegular, "And Reuben heard "}}};
     Program program = StartProgram(FolderOnlyPassage(1104));
     const struct {
@@ -210,7 +210,7 @@ TEST(PassagePainting, FollowsTheFormatAndTheItalicsThatAreChosen) {
     }
 }
 
-TEST(PassagePainting, PaintsNothingWhereNothingMoves) {
+TEST(PassagePainting, DoesNotRepaintWhenNothingMoves) {
     Program program = StartProgram(FolderOnlyPassage(0));
     const HWND pane = PassageOf(program);
     DropSpot(pane);

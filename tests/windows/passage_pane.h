@@ -1,4 +1,4 @@
-// What tests of the Passage share: the pane, and ways to bring it to a verse.
+// Helpers for tests of the Passage: finding the pane and moving it to a verse.
 #pragma once
 
 #include <string>
@@ -10,17 +10,17 @@ HWND PassageOf(const Program& program);
 HWND VerseListOf(const Program& program);
 HWND NoteViewOf(const Program& program);
 
-// A folder whose program shows the Passage alone, at a verse index, as wide as the frame.
+// A folder whose settings show only the Passage, as wide as the frame, at a verse index.
 ScratchFolder FolderOnlyPassage(int verse);
 
 // Reference of the top verse, as the status bar shows it.
 std::string Top(const Program& program);
 
-// Brings a verse to the top by the dialog for it; the Passage has the focus then.
+// Brings a verse to the top with the Go To Verse dialog, and gives the Passage the focus.
 void GoTo(const Program& program, std::string_view reference);
 
-// A scroll bar message to the Passage: `code` SB_..., `thumb` as it comes, 16 bits and signed.
+// Sends the Passage a scroll bar message: `code` is SB_..., `thumb` is truncated to 16 bits as Windows does.
 void ScrollPassage(const Program& program, UINT code, int thumb = 0);
 
-// Where the thumb of the Passage's scroll bar stands.
+// Position of the Passage's scroll bar.
 int Thumb(const Program& program);

@@ -1,4 +1,4 @@
-// The Passage's one long scroll: scroll bar, keys, wheel, and what follows a move.
+// Scrolling the Passage: scroll bar, keys, wheel, and the effects of a move.
 
 #include <gtest/gtest.h>
 
@@ -6,7 +6,7 @@
 #include "tests/windows/note_set_files.h"
 #include "tests/windows/passage_pane.h"
 
-TEST(PassageScrolling, ReachesEveryVerseByTheThumb) {
+TEST(PassageScrolling, ThumbReachesEveryVerse) {
     Program program = StartProgram(FolderWithScripture());
     const ScrollState bar = VerticalScroll(program, PassageOf(program));
     EXPECT_EQ(bar.lowest, 0);
@@ -75,9 +75,9 @@ static Program ProgramOnPage(const Page& page) {
     return program;
 }
 
-// Page up brings the old top to the foot of the pane: from there page down comes back to it, and from one verse further
-// up it cannot be seen.
-TEST_P(PassagePages, ComeBackToTheTopThatTheyLeft) {
+// Page up moves the old top verse to the bottom of the pane, so page down returns to it. One verse further up, the old
+// top must no longer be visible, so page down must not reach it.
+TEST_P(PassagePages, PageDownUndoesPageUp) {
     Program program = ProgramOnPage(GetParam());
     const std::string start = Top(program);
     ScrollPassage(program, SB_PAGEUP);
@@ -100,7 +100,7 @@ INSTANTIATE_TEST_SUITE_P(Passage, PassagePages,
                                          Page{"OneVerseFillsThePane", 12747, 300, 260, "0", "2"}),
                          [](const auto& row) { return row.param.name; });
 
-TEST(PassageScrolling, MovesByOneVerseWhereOneFillsThePane) {
+TEST(PassageScrolling, PageMovesOneVerseWhenOneFillsThePane) {
     Program program = StartProgram(FolderWithScripture());
     PlaceFrame(program, {20, 20, 320, 220});
     GoTo(program, "Esther 8:9");
@@ -114,7 +114,7 @@ TEST(PassageScrolling, MovesByOneVerseWhereOneFillsThePane) {
     }
 }
 
-TEST(PassageScrolling, ObeysTheKeys) {
+TEST(PassageScrolling, FollowsTheKeys) {
     Program program = StartProgram(FolderWithScripture());
     GoTo(program, "Ps 119:1");
     ASSERT_EQ(FocusOf(program), PassageOf(program));
@@ -140,7 +140,7 @@ TEST(PassageScrolling, ObeysTheKeys) {
     EXPECT_EQ(Top(program), "Psalms 119:1");
 }
 
-// The system's setting while a test runs.
+// Changes the system's setting of lines per notch while it exists.
 struct WheelSetting {
     UINT before = 3;
 
@@ -154,11 +154,10 @@ struct WheelSetting {
     }
 };
 
-
 struct Turn {
-    UINT lines;  // that a notch is worth
+    UINT lines;  // per notch
     int notches;
-    const char* top;  // from Genesis 5:10
+    const char* top;  // top verse after the turn, starting at Genesis 5:10
 };
 
 static void PrintTo(const Turn& turn, std::ostream* out) {
@@ -167,7 +166,7 @@ static void PrintTo(const Turn& turn, std::ostream* out) {
 
 struct PassageWheel : testing::TestWithParam<Turn> {};
 
-TEST_P(PassageWheel, MovesByVersesAsTheSystemIsSet) {
+TEST_P(PassageWheel, MovesByTheSystemsNumberOfLines) {
     const WheelSetting setting(GetParam().lines);
     Program program = StartProgram(FolderWithScripture());
     GoTo(program, "Ge 5:10");
@@ -180,7 +179,7 @@ INSTANTIATE_TEST_SUITE_P(Passage, PassageWheel,
                                          Turn{1, -2, "Genesis 5:12"}, Turn{0, -1, "Genesis 5:10"},
                                          Turn{200, 1, "Genesis 1:1"}, Turn{7, 2, "Genesis 4:22"}));
 
-TEST(PassageScrolling, TurnsPagesByTheWheelWhereTheSystemSaysSo) {
+TEST(PassageScrolling, WheelMovesByPagesWhenTheSystemSaysSo) {
     const WheelSetting setting(WHEEL_PAGESCROLL);
     Program program = StartProgram(FolderWithScripture());
     GoTo(program, "Ge 5:10");
@@ -195,8 +194,8 @@ TEST(PassageScrolling, TurnsPagesByTheWheelWhereTheSystemSaysSo) {
     EXPECT_EQ(Top(program), above);
 }
 
-// A touch pad sends parts of a notch.
-TEST(PassageScrolling, AddsUpSmallTurnsOfTheWheel) {
+// A touch pad sends fractions of a notch.
+TEST(PassageScrolling, AddsUpPartialWheelNotches) {
     const WheelSetting setting(3);
     Program program = StartProgram(FolderWithScripture());
     GoTo(program, "Ge 5:10");
@@ -214,7 +213,7 @@ TEST(PassageScrolling, AddsUpSmallTurnsOfTheWheel) {
     EXPECT_EQ(turn(20), "Genesis 5:12");
 }
 
-TEST(PassageScrolling, WheelReachesThePaneUnderTheMouse) {
+TEST(PassageScrolling, WheelScrollsThePaneUnderTheMouse) {
     Program program = StartProgram(FolderWithScripture());
     GoTo(program, "Ge 5:10");
     Wheel(program, VerseListOf(program), -1);
@@ -225,7 +224,7 @@ TEST(PassageScrolling, WheelReachesThePaneUnderTheMouse) {
     EXPECT_EQ(FocusOf(program), VerseListOf(program));
 }
 
-TEST(PassageScrolling, KeepsItsPlaceWhenResized) {
+TEST(PassageScrolling, KeepsTheTopVerseWhenResized) {
     Program program = StartProgram(FolderWithScripture());
     GoTo(program, "Ro 8:28");
     for (const RECT& place : {RECT{10, 10, 400, 300}, RECT{0, 0, 1200, 1000}}) {
@@ -236,8 +235,8 @@ TEST(PassageScrolling, KeepsItsPlaceWhenResized) {
     EXPECT_EQ(Top(program), "Romans 8:28");
 }
 
-// The paint writes the verse into the status bar, so a hidden Passage leaves it be.
-TEST(PassageScrolling, ShowsNoVerseWhileHidden) {
+// The status bar is updated when the Passage is painted, so not while it is hidden.
+TEST(PassageScrolling, DoesNotUpdateTheStatusBarWhileHidden) {
     Program program = StartProgram(FolderWithScripture());
     GoTo(program, "Ge 5:10");
     Command(program, IDM_VIEW_PASSAGE);
@@ -249,7 +248,7 @@ TEST(PassageScrolling, ShowsNoVerseWhileHidden) {
     EXPECT_EQ(Thumb(program), 13940);
 }
 
-TEST(PassageScrolling, TakesTheNotesAlongOnlyWhereTheyAreBound) {
+TEST(PassageScrolling, UpdatesTheNoteOnlyWhenBound) {
     Program program = StartProgram(FolderWithScripture());
     ScrollPassage(program, SB_LINEDOWN);
     EXPECT_EQ(StatusPart(program, 2), "Genesis 1:2");
@@ -261,9 +260,8 @@ TEST(PassageScrolling, TakesTheNotesAlongOnlyWhereTheyAreBound) {
     EXPECT_EQ(Top(program), "Psalms 1:1");
 }
 
-// A command that leads to where the Passage stands already still brings its note; a scroll bar that cannot move does
-// not.
-TEST(PassageScrolling, BringsTheNoteOfACommandThatMovesNothing) {
+// A command that goes to the current top verse still shows its note; scrolling that cannot move does not.
+TEST(PassageScrolling, GoToTheCurrentVerseStillShowsItsNote) {
     Program program = StartProgram(FolderWithScripture());
     Command(program, IDM_NEXT_NOTE);
     ASSERT_EQ(StatusPart(program, 2), "Genesis 1:2");

@@ -1,4 +1,4 @@
-// Words selected in the Passage with the mouse: what is inverted, what Copy takes, where the selection ends.
+// Selecting words in the Passage with the mouse: what is inverted and copied, and when the selection is cleared.
 
 #include <windows.h>
 
@@ -12,13 +12,13 @@
 using testing::EndsWith;
 using testing::StartsWith;
 
-static constexpr int kHeardIt = 1104;  // Genesis 37:21, with a supplied "it"
+static constexpr int kHeardIt = 1104;  // Genesis 37:21, which has the supplied word "it"
 static constexpr int kWept = 26558;    // John 11:35
 static constexpr int kFirstDays = 30;  // Genesis 1:31, the last of its chapter
 static constexpr int kTheEnd = 31101;  // Revelation 22:21
 static constexpr int kAmid = 15000;
 
-// A program whose Passage, alone and wide, has the focus.
+// Starts the program with only the Passage shown, as wide as the frame and focused.
 static Program StartAt(int verse, const char* brackets = "0") {
     const ScratchFolder folder = FolderOnlyPassage(verse);
     WriteSetting(folder, "FORMAT", "Brackets", brackets);
@@ -27,7 +27,7 @@ static Program StartAt(int verse, const char* brackets = "0") {
     return program;
 }
 
-// Puts paragraphs in place of lines, or back, and gives the pane the focus.
+// Toggles between paragraphs and lines, and gives the pane the focus.
 static void SwitchFormat(const Program& program) {
     Command(program, IDM_PARAGRAPH_FORMAT);
     Command(program, IDM_FOCUS_PASSAGE);
@@ -37,8 +37,7 @@ static int LinesDown(int lines) {
     return LineHeightOf() * lines + LineHeightOf() / 2;
 }
 
-// ---- Words
-// -----------------------------------------------------------------------------------------------------------
+// ---- Words ----------------------------------------------------------------------------------------------------------
 
 static PaintedLine HeardIt(int italics, bool inParagraphs) {
     PaintedLine line = LabelledLine(inParagraphs ? "Ge 37:21 " : " Ge 37:21 ", "And Reuben heard and he delivered ");
@@ -69,7 +68,7 @@ TEST(PassageSelection, IsInvertedAndCopiedInEveryModeAndFormat) {
     }
 }
 
-TEST(PassageSelection, OfAWordIsAClickAndOfALabelToo) {
+TEST(PassageSelection, ClickSelectsAWordOrALabel) {
     Program program = StartAt(kWept);
     const HWND pane = PassageOf(program);
     const std::vector<PaintedLine> inLines = {LabelledLine(" Joh 11:35 ", "Jesus wept. ", false),
@@ -84,7 +83,7 @@ TEST(PassageSelection, OfAWordIsAClickAndOfALabelToo) {
         EXPECT_EQ(Copied(program), copy);
         EXPECT_TRUE(CanCopy(program));
     }
-    Click(program, pane, {900, LinesDown(0)});  // right of a verse's last word
+    Click(program, pane, {900, LinesDown(0)});  // right of the last word of a verse
     EXPECT_EQ(Copied(program), "wept. ");
 
     Click(program, pane, MiddleOf(inLines, {1, 2}));
@@ -92,7 +91,7 @@ TEST(PassageSelection, OfAWordIsAClickAndOfALabelToo) {
     EXPECT_EQ(StatusPart(program, 2), "John 11:36") << "the first selected verse";
 }
 
-TEST(PassageSelection, GoesOverVerses) {
+TEST(PassageSelection, CanSpanVerses) {
     Program program = StartAt(kWept);
     const HWND pane = PassageOf(program);
     const std::vector<PaintedLine> inLines = {LabelledLine(" Joh 11:35 ", "Jesus wept. ", false),
@@ -111,8 +110,8 @@ TEST(PassageSelection, GoesOverVerses) {
     EXPECT_EQ(Copied(program), "Joh 11:36 ");
 }
 
-// The blank lines and the heading before a verse belong to its label.
-TEST(PassageSelection, TakesTheLabelFromTheLinesAboveAChapter) {
+// Clicking on the blank lines or the heading above a verse selects the verse's label.
+TEST(PassageSelection, LinesAboveAChapterBelongToTheLabel) {
     Program program = StartAt(kFirstDays);
     const HWND pane = PassageOf(program);
     const PaintedLine empty{{}, false};
@@ -122,7 +121,7 @@ TEST(PassageSelection, TakesTheLabelFromTheLinesAboveAChapter) {
             LabelledLine(inParagraphs ? "Ge 1:31 " : " Ge 1:31 ", "And God saw every thing "), empty, heading, empty,
             LabelledLine(inParagraphs ? "    1 " : " 1 ", inParagraphs ? "Thus the " : "\xB6 Thus the ")};
         std::vector<PaintedLine> selected = WithSelected(lines, {4, 0}, {4, 0});
-        selected[2].pieces[0].selected = true;  // it goes with the label
+        selected[2].pieces[0].selected = true;  // the heading is selected with the label
         for (const int line : {1, 2, 3}) {
             Click(program, pane, {500, LinesDown(line)});
             EXPECT_EQ(WrongLines(pane, selected), "") << "line " << line;
@@ -138,7 +137,7 @@ TEST(PassageSelection, TakesTheLabelFromTheLinesAboveAChapter) {
     }
 }
 
-TEST(PassageSelection, EndsWithTheText) {
+TEST(PassageSelection, NothingBelowTheTextIsSelected) {
     Program program = StartAt(kTheEnd);
     const HWND pane = PassageOf(program);
     const std::vector<PaintedLine> lines = {LabelledLine(" Re 22:21 ", "The grace of our Lord ")};
@@ -149,7 +148,7 @@ TEST(PassageSelection, EndsWithTheText) {
 
     EXPECT_EQ(WrongAfterDrag(program, pane, lines, {0, 2}, {0, 4}), "");
     Click(program, pane, {300, LinesDown(3)});
-    EXPECT_FALSE(CanCopy(program)) << "nothing is selected any more";
+    EXPECT_FALSE(CanCopy(program)) << "the selection is cleared";
     EXPECT_EQ(WrongLines(pane, lines), "");
 
     HoldMouse(program, pane, MiddleOf(lines, {0, 1}));
@@ -159,16 +158,16 @@ TEST(PassageSelection, EndsWithTheText) {
     EXPECT_EQ(Copied(program), "The grace of ") << "the last word that the mouse was on";
 }
 
-// ---- The mouse at the edges ---------------------------------------------------------------------------------------
+// ---- The mouse at the edges -----------------------------------------------------------------------------------------
 
-TEST(PassageSelection, ScrollsAVerseAMoveAtTheEdges) {
+TEST(PassageSelection, ScrollsOneVersePerMoveNearTheEdges) {
     Program program = StartAt(kAmid);
     const HWND pane = PassageOf(program);
     const int bottom = ClientRectOf(pane).bottom;
     HoldMouse(program, pane, {200, LinesDown(2)});
     EXPECT_EQ(Thumb(program), kAmid);
     int expected = kAmid;
-    // Near the edges, on them and beyond them; six pixels away the text stands still.
+    // Near the edges, on them and beyond them; six pixels away from an edge nothing scrolls.
     const struct {
         int y, by;
     } kMoves[] = {{6, 0},          {5, -1},         {2, -1},         {0, -1},        {-40, -1},
@@ -186,7 +185,7 @@ TEST(PassageSelection, ScrollsAVerseAMoveAtTheEdges) {
     EXPECT_EQ(Thumb(program), expected) << "the button is up";
 }
 
-TEST(PassageSelection, KeepsItsBeginningWhileTheTextMoves) {
+TEST(PassageSelection, KeepsItsStartWhenTheTextScrolls) {
     Program program = StartAt(kWept);
     const HWND pane = PassageOf(program);
     const std::vector<PaintedLine> lines = {LabelledLine(" Joh 11:35 ", "Jesus wept. ", false)};
@@ -199,7 +198,7 @@ TEST(PassageSelection, KeepsItsBeginningWhileTheTextMoves) {
     EXPECT_THAT(copy, EndsWith("\r\n 35 Jesus wept. "));
 }
 
-TEST(PassageSelection, DoesNotMoveBeyondTheEndsOfTheText) {
+TEST(PassageSelection, DoesNotScrollBeyondTheEndsOfTheText) {
     Program program = StartAt(0);
     const HWND pane = PassageOf(program);
     HoldMouse(program, pane, {200, LinesDown(0)});
@@ -232,7 +231,7 @@ TEST(PassageSelection, FollowsTheMouseOutsideThePane) {
     EXPECT_EQ(FocusOf(program), pane);
 }
 
-TEST(PassageSelection, PaintsNothingWhileTheMouseStaysOnAWord) {
+TEST(PassageSelection, DoesNotRepaintWhileTheMouseStaysOnAWord) {
     Program program = StartAt(kWept);
     const HWND pane = PassageOf(program);
     const std::vector<PaintedLine> lines = {LabelledLine(" Joh 11:35 ", "Jesus wept. ", false)};
@@ -249,7 +248,7 @@ TEST(PassageSelection, PaintsNothingWhileTheMouseStaysOnAWord) {
 
 // ---- Focus, searches, the clipboard ---------------------------------------------------------------------------------
 
-TEST(PassageSelection, GoesWithTheFocus) {
+TEST(PassageSelection, IsClearedWhenTheFocusIsLost) {
     const ScratchFolder folder = FolderWithScripture();
     WriteSetting(folder, "MISC", "ReadVerse", std::to_string(kWept));
     Program program = StartProgram(folder);
@@ -257,7 +256,7 @@ TEST(PassageSelection, GoesWithTheFocus) {
     const std::vector<PaintedLine> lines = {LabelledLine(" Joh 11:35 ", "Jesus wept. ", false)};
     Drag(program, pane, MiddleOf(lines, {0, 1}), MiddleOf(lines, {0, 2}));
     EXPECT_EQ(FocusOf(program), pane);
-    EXPECT_FALSE(CanCopy(program)) << "the first press only gives the focus";
+    EXPECT_FALSE(CanCopy(program)) << "the first click only sets the focus";
     EXPECT_EQ(WrongLines(pane, lines), "");
 
     const HWND others[] = {VerseListOf(program), NoteViewOf(program)};
@@ -269,11 +268,11 @@ TEST(PassageSelection, GoesWithTheFocus) {
         EXPECT_EQ(WrongLines(pane, lines), "");
         EXPECT_EQ(Copied(program), "(nothing)");
         Command(program, IDM_FOCUS_PASSAGE);
-        EXPECT_FALSE(CanCopy(program)) << "it does not come back";
+        EXPECT_FALSE(CanCopy(program)) << "the selection must not come back";
     }
 }
 
-TEST(PassageSelection, IsWhatSearchesBeginWith) {
+TEST(PassageSelection, IsUsedAsSearchText) {
     Program program = StartAt(kFirstDays);
     const HWND pane = PassageOf(program);
     const int words = static_cast<int>(ClientRectOf(pane).right) / 2;
@@ -286,7 +285,7 @@ TEST(PassageSelection, IsWhatSearchesBeginWith) {
     EXPECT_FALSE(HasDialog(program)) << "there is no selection to search for";
 }
 
-TEST(PassageSelection, SaysWhenTheClipboardIsHeld) {
+TEST(PassageSelection, CopyReportsAClipboardHeldByAnotherProgram) {
     Program program = StartAt(kWept);
     Click(program, PassageOf(program), {30, LinesDown(0)});
     CopyWhileClipboardIsHeld(program, PassageOf(program));

@@ -1,4 +1,4 @@
-// On paper: Page Setup, Print Range, Print Verse List, and what can fail.
+// Printing: Page Setup, Print Range, Print Verse List, cancelling and failures.
 
 #include <windows.h>
 
@@ -35,7 +35,7 @@ static void AskForRange(const Program& program, const char* range) {
     Press(program, "Enter");
 }
 
-// The pages of a range, each as its words.
+// Prints a range and returns the words of each page.
 static std::vector<std::string> PagesOfRange(const Program& program, const char* range) {
     std::filesystem::remove(program.folder.path / "pages.txt");
     AskForRange(program, range);
@@ -43,7 +43,7 @@ static std::vector<std::string> PagesOfRange(const Program& program, const char*
     return PrintedPages(program);
 }
 
-// A verse as it is printed, brackets and all.
+// A verse as it is printed, with brackets.
 static std::string Verse(const std::string& label, std::string_view reference) {
     return label + " " + WithBlankAfterMark(TextAt(reference));
 }
@@ -54,7 +54,7 @@ static bool IsReady(const Program& program) {
 
 // ---- The dialogs ----------------------------------------------------------------------------------------------------
 
-TEST(PrintRange, HasItsControls) {
+TEST(PrintRange, HasTheExpectedControls) {
     const ScratchFolder folder = FolderWithScripture();
     WriteNoteSet(folder, "Sermons.old");
     WriteNoteSet(folder, "Study");
@@ -70,13 +70,13 @@ TEST(PrintRange, HasItsControls) {
     Press(program, "Esc");
     SetDlgItemTextA(dialog, IDC_RANGE, "Xyz 3");
     Press(program, "Enter");
-    ExpectComplaint(program, "Error", "Unrecognized Refrence");
+    ExpectComplaint(program, "Error", "Unrecognized Refrence");  // (sic)
     EXPECT_EQ(FocusOf(program), Child(dialog, {IDC_RANGE}));
     Press(program, "Esc");
     WaitForNoDialog(program);
 }
 
-TEST(Printing, WithoutAPrinterIsLeftToTheSystemsWords) {
+TEST(Printing, WithoutAPrinterShowsTheSystemsMessage) {
     Program program = StartProgram(FolderWithScripture());
     EXPECT_FALSE(HasDialog(program));
     SearchFor(program, {.text = "Melchizedek"});
@@ -95,7 +95,7 @@ TEST(Printing, WithoutAPrinterIsLeftToTheSystemsWords) {
     }
 }
 
-TEST(Printing, IsGivenUpByCancelInTheSystemsDialog) {
+TEST(Printing, CancelInThePrintDialogPrintsNothing) {
     const ScratchFolder folder = FolderWithScripture();
     const TestPrinter printer(folder, PortToPages(folder));
     Program program = StartProgram(folder);
@@ -113,7 +113,7 @@ TEST(Printing, IsGivenUpByCancelInTheSystemsDialog) {
 
 // ---- What is printed ------------------------------------------------------------------------------------------------
 
-TEST(PrintRange, PrintsLabelsAndWordsInTheirOrder) {
+TEST(PrintRange, PrintsLabelsAndWordsInOrder) {
     const ScratchFolder folder = FolderWithScripture();
     const TestPrinter printer(folder, PortToPages(folder));
     Program program = StartProgram(folder);
@@ -121,13 +121,14 @@ TEST(PrintRange, PrintsLabelsAndWordsInTheirOrder) {
     const std::string third = Verse("Exodus 1:1", "Ex 1:1"), last = Verse("1:2", "Ex 1:2");
     const std::string all = first + " " + second + " " + third + " " + last;
     EXPECT_THAT(PagesOfRange(program, "Ge 50:25 - Ex 1:2"), ElementsAre(all));
-    EXPECT_EQ(PagesOfRange(program, "Ge 1:2"), std::vector{Verse("Genesis 1:2", "Ge 1:2")}) << "brackets round italics";
+    EXPECT_EQ(PagesOfRange(program, "Ge 1:2"), std::vector{Verse("Genesis 1:2", "Ge 1:2")})
+        << "brackets around italics";
     Command(program, IDM_ITALIC_NORMAL);
     EXPECT_EQ(PagesOfRange(program, "Ge 1:2"), std::vector{WithoutBrackets(Verse("Genesis 1:2", "Ge 1:2"))});
     EXPECT_TRUE(IsReady(program));
 }
 
-TEST(PrintRange, GoesOnAcrossPages) {
+TEST(PrintRange, ContinuesAcrossPages) {
     const ScratchFolder folder = FolderWithScripture();
     const TestPrinter printer(folder, PortToPages(folder));
     Program program = StartProgram(folder);
@@ -139,12 +140,12 @@ TEST(PrintRange, GoesOnAcrossPages) {
     for (const std::string& page : pages) all += (all.empty() ? "" : " ") + page;
     EXPECT_THAT(all, HasSubstr(Verse("1:25", "Jude 1:25") + " " + Verse("Revelation 1:1", "Re 1:1")));
     for (const PrintedWord& word : PrintedWords(program)) {
-        // An inch more than what cannot be printed on, of a paper of 612 by 792 points.
+        // One inch inside the printable area of a page of 612 by 792 points.
         EXPECT_TRUE(word.left > 89.5 && word.right < 522.5 && word.top > 107.5 && word.bottom < 684.5) << word.text;
     }
 }
 
-TEST(PrintVerseList, PrintsEachVerseInALineOfItsOwn) {
+TEST(PrintVerseList, PrintsEachVerseOnItsOwnLine) {
     const ScratchFolder folder = FolderWithScripture();
     WriteSetting(folder, "FORMAT", "SubsequentVerseStyle", "2");
     WriteSetting(folder, "FORMAT", "LineBreaks", "0");
@@ -168,7 +169,7 @@ TEST(PrintRange, PrintsTheNotesOfTheChosenSet) {
     std::string run;
     while (run.size() < 250) run += "filthilyjust";
     run.resize(250);
-    WriteSetting(folder, "OPTIONS", "NoteFontHeight", "10");  // a hundred letters fit on the paper
+    WriteSetting(folder, "OPTIONS", "NoteFontHeight", "10");  // a hundred letters fit on a line of the page
     WriteNoteSet(folder, "Mine", {{0, "my own"}, {1, "mine too"}});
     WriteNoteSet(folder, "Other", {{0, "See also\r\nJohn one"}, {1, run}});
     const TestPrinter printer(folder, PortToPages(folder));
@@ -190,7 +191,7 @@ TEST(PrintRange, PrintsTheNotesOfTheChosenSet) {
     EXPECT_THAT(PagesOfRange(program, "Ge 1:1"), ElementsAre(Verse("Genesis 1:1", "Ge 1:1"))) << "not wanted";
 }
 
-TEST(PrintRange, SaysThatNotesCannotBeOpened) {
+TEST(PrintRange, ReportsNotesThatCannotBeOpened) {
     const ScratchFolder folder = FolderWithScripture();
     WriteNoteSet(folder, "Mine", {{0, "my own"}});
     const TestPrinter printer(folder, PortToPages(folder));
@@ -209,7 +210,7 @@ TEST(PrintRange, SaysThatNotesCannotBeOpened) {
 
 // ---- Margins and paper ----------------------------------------------------------------------------------------------
 
-// Gives the page set-up margins, in inches as they are typed, and a paper.
+// Sets the margins (in inches, as typed) and the paper in the Page Setup dialog.
 static void SetUpPage(const Program& program, const char* margin, const char* paper, const char* picture) {
     static constexpr int kPaper = 1137, kFirstMargin = 1155, kLastMargin = 1158;
     Command(program, IDM_PAGE_SETUP);
@@ -224,7 +225,7 @@ static void SetUpPage(const Program& program, const char* margin, const char* pa
     WaitForNoDialog(program);
 }
 
-TEST(PageSetup, MarginsCountInWholeInches) {
+TEST(PageSetup, MarginsAreRoundedDownToWholeInches) {
     const ScratchFolder folder = FolderWithScripture();
     const TestPrinter printer(folder, PortToPages(folder));
     Program program = StartProgram(folder);
@@ -237,7 +238,7 @@ TEST(PageSetup, MarginsCountInWholeInches) {
         PagesOfRange(program, "Ge 1:1");
         const PrintedWord word = PrintedWords(program).at(0);
         EXPECT_EQ(word.text, "Genesis");
-        // The label begins with a blank, a quarter of twelve points wide; letters begin a little below their line.
+        // The label begins with a blank that is 3 points wide; letters start a little below the top of their line.
         EXPECT_NEAR(word.left, left + 3, 0.5) << margin;
         EXPECT_NEAR(word.top, top, 6) << margin;
     }
@@ -255,7 +256,7 @@ static std::size_t MemoryOf(const Program& program) {
     return counters.PagefileUsage;
 }
 
-// Gives the dialog that is there while pages are printed.
+// Starts printing the whole Bible and returns the dialog that is shown meanwhile.
 static HWND BeginWholeBible(const Program& program) {
     AskForRange(program, "Ge - Re");
     WaitForDialog(program, "Print");
@@ -263,8 +264,8 @@ static HWND BeginWholeBible(const Program& program) {
     return WaitForDialog(program, "Printing...");
 }
 
-// Wine's driver writes letter by letter, which takes a minute.
-TEST(Printing, OfTheWholeBibleComesToItsEndAndNeedsNoMoreMemory) {
+// Takes a minute, because Wine's printer driver writes letter by letter.
+TEST(Printing, OfTheWholeBibleFinishesWithinConstantMemory) {
     static constexpr std::chrono::seconds kLongJob{400};
     static constexpr std::size_t kRoom = 1 << 20;
     const ScratchFolder folder = FolderWithScripture();
@@ -298,7 +299,7 @@ TEST(Printing, StopsAtCancel) {
     EXPECT_LT(PrintedPageCount(program), 500);
 }
 
-TEST(Printing, SaysThatItFailed) {
+TEST(Printing, ReportsFailure) {
     const ScratchFolder folder = FolderWithScripture();
     const TestPrinter printer(folder, kFailingPort);
     Program program = StartProgram(folder);

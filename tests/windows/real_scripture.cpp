@@ -10,7 +10,7 @@
 #include "tests/driver/driver.h"
 
 static bool ReadDataFile(void*, const char* name, AccessPattern, std::span<const unsigned char>& bytes) {
-    static std::vector<std::vector<unsigned char>> read;  // what the scripture looks into
+    static std::vector<std::vector<unsigned char>> read;  // the scripture keeps views of these
     std::ifstream file(std::filesystem::path(Surroundings().data) / name, std::ios::binary);
     if (!file) return false;
     read.emplace_back(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());

@@ -1,4 +1,4 @@
-// The text that the tested program shows, read from the same files.
+// The text that the program shows, read from the same scripture files.
 #pragma once
 
 #include <string>
@@ -8,10 +8,10 @@
 
 const Scripture& RealScripture();
 
-// Text of the verse that `reference` names, "Joh 3:16", with its marks and brackets.
+// Text of the verse with this reference, such as "Joh 3:16", with paragraph marks and brackets.
 std::string TextAt(std::string_view reference);
 
-// A paragraph mark and its blank before words that begin a paragraph: "¶In the" becomes "¶ In the".
+// Adds the blank that the program shows after a paragraph mark: "¶In the" becomes "¶ In the".
 std::string WithBlankAfterMark(const std::string& text);
 
 std::string WithoutBrackets(std::string text);

@@ -1,4 +1,4 @@
-// Verses in text files: Save Range, with notes and without, and Save Verse List.
+// Saving verses to text files: Save Range, with and without notes, and Save Verse List.
 
 #include <windows.h>
 
@@ -14,7 +14,7 @@
 
 using testing::ElementsAre;
 
-static void Gone(const Program& program, HWND window) {
+static void WaitUntilGone(const Program& program, HWND window) {
     WaitUntil(program, "a dialog to be closed", [&] { return !IsWindow(window); });
     Settle(program);
 }
@@ -34,7 +34,7 @@ static std::string PathIn(const ScratchFolder& folder, const char* name) {
     return (folder.path / name).string();
 }
 
-// Gives the open file dialog a path and Enter.
+// Types a path into the open file dialog and presses Enter.
 static void GivePath(const Program& program, const std::string& path) {
     SendMessageA(FocusOf(program), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(path.c_str()));
     Press(program, "Enter");
@@ -54,7 +54,7 @@ static const std::string kEnd(1, '\0');
 
 // ---- The dialogs ----------------------------------------------------------------------------------------------------
 
-TEST(SaveRange, HasItsControls) {
+TEST(SaveRange, HasTheExpectedControls) {
     const ScratchFolder folder = FolderWithScripture();
     WriteNoteSet(folder, "Sermons.old");
     WriteNoteSet(folder, "Study");
@@ -76,22 +76,22 @@ static std::vector<std::string> FilterStrings(HWND dialog) {
     return ComboStrings(Child(dialog, {0x470}));
 }
 
-TEST(SaveRange, AsksForAFileNamedLikeTheRange) {
+TEST(SaveRange, SuggestsTheRangeAsFileName) {
     Program program = StartProgram(FolderWithScripture());
     const HWND before = FocusOf(program);
     const HWND dialog = OpenFileDialog(program, "Ge 1 - 3");
     EXPECT_EQ(TextOf(FocusOf(program)), "Ge 1- 3");
     EXPECT_THAT(FilterStrings(dialog), ElementsAre("Text Files (*.TXT)", "All Files (*.*)"));
-    EXPECT_FALSE(IsWindowVisible(GetDlgItem(dialog, 0x410))) << "the box for reading only";
+    EXPECT_FALSE(IsWindowVisible(GetDlgItem(dialog, 0x410))) << "the read-only check box";
     SavePicture(PictureOfWindow(dialog), "dialog-save-file");
-    // Cancelled, it closes Save Range too.
+    // Cancelling it closes Save Range too.
     Press(program, "Esc");
     WaitForNoDialog(program);
     EXPECT_FALSE(HasFile(program.folder, "Ge 1- 3"));
     EXPECT_EQ(FocusOf(program), before);
 }
 
-TEST(SaveRange, SavesNothingWhenEmptyOrNotUnderstood) {
+TEST(SaveRange, SavesNothingWhenEmptyOrInvalid) {
     Program program = StartProgram(FolderWithScripture());
     const std::vector<std::string> files = FilesIn(program.folder);
     SetDlgItemTextA(OpenSaveRange(program), IDC_RANGE, "");
@@ -100,15 +100,16 @@ TEST(SaveRange, SavesNothingWhenEmptyOrNotUnderstood) {
     const HWND dialog = OpenSaveRange(program);
     SetDlgItemTextA(dialog, IDC_RANGE, "Xyz 3");
     Press(program, "Enter");
-    ExpectComplaint(program, "Error", "Unrecognized Refrence");
+    ExpectComplaint(program, "Error", "Unrecognized Refrence");  // (sic)
     EXPECT_EQ(FocusOf(program), Child(dialog, {IDC_RANGE}));
     Press(program, "Esc");
     WaitForNoDialog(program);
     EXPECT_EQ(FilesIn(program.folder), files);
 }
 
-// No file's name has a colon. What the dialog makes of one is the system's affair: Wine offers it and says so.
-TEST(SaveRange, GetsPastAColonInTheName) {
+// File names cannot contain a colon, but a range can. Windows decides how the dialog handles it; under Wine, a message
+// box rejects the name.
+TEST(SaveRange, HandlesAColonInTheSuggestedName) {
     Program program = StartProgram(FolderWithScripture());
     const HWND dialog = OpenFileDialog(program, "Jude 1:1 - 1:1");
     EXPECT_EQ(TextOf(FocusOf(program)), "Jude 1:1- 1:1");
@@ -116,7 +117,7 @@ TEST(SaveRange, GetsPastAColonInTheName) {
     const HWND box = ActiveWindowOf(program);
     ASSERT_NE(box, dialog);
     Press(program, "Enter");
-    Gone(program, box);
+    WaitUntilGone(program, box);
     EXPECT_TRUE(IsWindow(dialog));
     GivePath(program, "Jude.txt");
     WaitForNoDialog(program);
@@ -125,7 +126,7 @@ TEST(SaveRange, GetsPastAColonInTheName) {
 
 // ---- What is written ------------------------------------------------------------------------------------------------
 
-TEST(SaveRange, WritesTheVersesWithTheirBracketsAndAZeroByte) {
+TEST(SaveRange, WritesVersesWithBracketsAndAZeroByte) {
     Program program = StartProgram(FolderWithScripture());
     ASSERT_NE(TextAt("Ge 1:30").find('['), std::string::npos);
     SaveRangeAs(program, "Ge 1:30 - Ge 2:1", "saved");  // no extension is added
@@ -138,7 +139,7 @@ TEST(SaveRange, WritesTheVersesWithTheirBracketsAndAZeroByte) {
     EXPECT_EQ(bible.substr(bible.size() - end.size()), end);
 }
 
-TEST(SaveRange, AsksBeforeItOverwrites) {
+TEST(SaveRange, AsksBeforeOverwriting) {
     Program program = StartProgram(FolderWithScripture());
     WriteFile(program.folder, "old.txt", std::string(5000, 'x'));
     const HWND dialog = OpenFileDialog(program, "Jude 1:1 - Jude 1:1");
@@ -146,7 +147,7 @@ TEST(SaveRange, AsksBeforeItOverwrites) {
     const HWND question = ActiveWindowOf(program);
     ASSERT_NE(question, dialog);
     Press(program, "Alt+n");
-    Gone(program, question);
+    WaitUntilGone(program, question);
     EXPECT_TRUE(IsWindow(dialog));
     EXPECT_EQ(ReadFile(program.folder, "old.txt"), std::string(5000, 'x'));
     Press(program, "Enter");
@@ -179,7 +180,7 @@ static void SaveWithNotes(const Program& program, const char* range, const char*
     GivePath(program, PathIn(program.folder, name));
 }
 
-TEST(SaveRange, WritesNotesBehindTheirVerses) {
+TEST(SaveRange, WritesNotesAfterTheirVerses) {
     const ScratchFolder folder = FolderWithTwoSets();
     WriteSetting(folder, "FORMAT", "LineBreaks", "0");
     Program program = StartProgram(folder);
@@ -193,7 +194,7 @@ TEST(SaveRange, WritesNotesBehindTheirVerses) {
     WaitForNoDialog(program);
     const auto piece = [](const char* label, const char* reference) {
         const std::string whole = Piece(label, reference);
-        return whole.substr(0, whole.size() - 2);  // line breaks are off
+        return whole.substr(0, whole.size() - 2);  // without the line break, which is turned off
     };
     EXPECT_EQ(ReadFile(folder, "noted.txt"), piece("Ge 1:1", "Ge 1:1") + "\r\n\r\nin the\r\nbeginning\r\n\r\n" +
                                                  piece("2", "Ge 1:2") + piece("3", "Ge 1:3") + "\r\n\r\nlight\r\n\r\n" +
@@ -206,10 +207,10 @@ TEST(SaveRange, WritesNotesBehindTheirVerses) {
     EXPECT_EQ(TextOf(NoteViewOf(program)), shown);
     EXPECT_EQ(StatusPart(program, 2), "Genesis 1:1");
     Command(program, IDM_NEXT_NOTE);
-    EXPECT_EQ(TextOf(NoteViewOf(program)), "unsaved") << "of the set that was current before";
+    EXPECT_EQ(TextOf(NoteViewOf(program)), "unsaved") << "of the previously current set";
 }
 
-TEST(SaveVerseList, WritesTheLinesOfTheCopyWithBrackets) {
+TEST(SaveVerseList, WritesTheSameTextAsCopyWithBrackets) {
     Program program = StartProgram(FolderWithScripture());
     Command(program, IDM_SAVE_VERSE_LIST);
     EXPECT_FALSE(HasDialog(program)) << "an empty list";
@@ -230,20 +231,20 @@ TEST(SaveVerseList, WritesTheLinesOfTheCopyWithBrackets) {
 
 // ---- Failures -------------------------------------------------------------------------------------------------------
 
-// A file that this process has open for itself alone.
+// A file that this process has opened exclusively.
 static UniqueHandle HeldFile(const ScratchFolder& folder, const char* name) {
     return UniqueHandle(
         CreateFileA(PathIn(folder, name).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr));
 }
 
-// Save As is open; an existing file brings its question.
+// Gives the path of an existing file to the open Save As dialog and confirms overwriting.
 static void GiveExistingPath(const Program& program, const std::string& path) {
     const HWND dialog = ActiveWindowOf(program);
     GivePath(program, path);
     if (IsWindow(dialog) && ActiveWindowOf(program) != dialog) Press(program, "Alt+y");
 }
 
-TEST(SaveRange, SaysWhatKeptItFromWriting) {
+TEST(SaveRange, ReportsWhyWritingFailed) {
     Program program = StartProgram(FolderWithScripture());
     const UniqueHandle held = HeldFile(program.folder, "held.txt");
     OpenFileDialog(program, "Ge 1:1 - Ge 1:1");
@@ -258,7 +259,7 @@ TEST(SaveRange, SaysWhatKeptItFromWriting) {
     }
 }
 
-TEST(SaveRange, SaysThatTheNotesCannotBeOpened) {
+TEST(SaveRange, ReportsNotesThatCannotBeOpened) {
     Program program = StartProgram(FolderWithTwoSets());
     std::filesystem::remove(program.folder.path / "Second.nmd");
     SaveWithNotes(program, "Ge 1:1 - Ge 1:2", "Second", "noted.txt");
@@ -270,7 +271,7 @@ TEST(SaveRange, SaysThatTheNotesCannotBeOpened) {
     EXPECT_EQ(ReadFile(program.folder, "noted2.txt"), Piece("Ge 1:2", "Ge 1:2") + kEnd);
 }
 
-TEST(SaveVerseList, SaysThatItCouldNotWrite) {
+TEST(SaveVerseList, ReportsAWriteError) {
     Program program = StartProgram(FolderWithScripture());
     SearchFor(program, {"Jesus wept", IDM_PHRASE_SEARCH});
     const UniqueHandle held = HeldFile(program.folder, "held.txt");

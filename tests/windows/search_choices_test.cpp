@@ -1,4 +1,4 @@
-// What the search dialogs offer and remember: the history, the list of all words, the range.
+// Search history, word list and search range in the search dialogs.
 
 #include <windows.h>
 
@@ -36,7 +36,7 @@ TEST(SearchHistory, KeepsTheLastTenNewestFirst) {
     EXPECT_THAT(History(again, IDM_PHRASE_SEARCH), expected);
 }
 
-TEST(SearchHistory, TakesRepeatsAndQueriesThatFindNothing) {
+TEST(SearchHistory, KeepsRepeatedAndUnsuccessfulQueries) {
     Program program = StartProgram(FolderWithScripture());
     SearchFor(program, {"grace"});
     SearchFor(program, {"grace"});
@@ -45,7 +45,7 @@ TEST(SearchHistory, TakesRepeatsAndQueriesThatFindNothing) {
         Press(program, "Enter");
         WaitForNoDialog(program);
     }
-    // The empty one has its place, though it is not listed.
+    // The empty query takes a place in the history but is not listed.
     EXPECT_THAT(History(program, IDM_WORD_SEARCH), ElementsAre("12 34", "xyzzy", "grace", "grace"));
     const ScratchFolder folder = program.folder;
     CloseProgram(program);
@@ -54,7 +54,7 @@ TEST(SearchHistory, TakesRepeatsAndQueriesThatFindNothing) {
         EXPECT_EQ(Setting(folder, "SEARCH", "PreviousSearch" + std::to_string(i)), kStored[i]) << i;
 }
 
-TEST(SearchHistory, IsChosenFromTheDropDown) {
+TEST(SearchHistory, EntriesCanBeChosenFromTheDropDown) {
     Program program = StartProgram(FolderWithScripture());
     SearchFor(program, {"grace"});
     SearchFor(program, {"the"});
@@ -78,7 +78,7 @@ static std::vector<std::string> WordsOfFile(const ScratchFolder& folder) {
     return words;
 }
 
-// The wide form of the message is the one that Wine carries between processes whole.
+// Wine passes this message between processes completely only in its wide form.
 static std::string WordOfList(HWND list, int place) {
     wchar_t word[100] = L"";
     SendMessageW(list, CB_GETLBTEXT, static_cast<WPARAM>(place), reinterpret_cast<LPARAM>(word));
@@ -87,8 +87,8 @@ static std::string WordOfList(HWND list, int place) {
     return narrow;
 }
 
-// Asking for every word takes too long: a few hundred show the order.
-TEST(WordListDialog, ListsAllWordsInTheirFilesOrder) {
+// Reading every word takes too long; a sample is enough to check the order.
+TEST(WordListDialog, ListsAllWordsInFileOrder) {
     Program program = StartProgram(FolderWithScripture());
     const HWND list = Child(OpenSearchDialog(program, IDM_WORD_LIST_SEARCH), {IDC_WORD_LIST});
     EXPECT_EQ(GetWindowLongA(list, GWL_STYLE) & (CBS_SIMPLE | CBS_DROPDOWN | CBS_SORT), CBS_SIMPLE);
@@ -106,11 +106,11 @@ struct Addition {
     std::string result;
 };
 
-TEST(WordListDialog, AddsTheListsTextToTheField) {
+TEST(WordListDialog, AddAppendsTheWordToTheField) {
     static const Addition kRows[] = {
         {"", "grace", "grace"},
         {"amazing", "grace", "amazing grace"},
-        {"grace", "", "grace "},  // a lone blank
+        {"grace", "", "grace "},  // only the blank is added
         {"", "", ""},
         {"grace", std::string(60, 'x'), "grace " + std::string(49, 'x')},
     };
@@ -129,7 +129,7 @@ static HWND OpenListOf(HWND dialog) {
     return FindWindowExA(Child(dialog, {IDC_WORD_LIST}), nullptr, "ComboLBox", nullptr);
 }
 
-TEST(WordListDialog, AddsAWordByDoubleClick) {
+TEST(WordListDialog, DoubleClickAddsAWord) {
     Program program = StartProgram(FolderWithScripture());
     const HWND dialog = OpenSearchDialog(program, IDM_WORD_LIST_SEARCH);
     const std::string first = WordsOfFile(program.folder)[0];
@@ -146,7 +146,7 @@ TEST(WordListDialog, AddsAWordByDoubleClick) {
     EXPECT_EQ(TextOf(dialog, IDC_SEARCH_TEXT), first + " " + third);
 }
 
-TEST(WordListDialog, SearchesForWhatWasAdded) {
+TEST(WordListDialog, SearchesForAddedWords) {
     Program program = StartProgram(FolderWithScripture());
     const HWND dialog = OpenSearchDialog(program, IDM_WORD_LIST_SEARCH);
     Press(program, "Alt+i");
@@ -166,12 +166,12 @@ struct TypedRange {
     const char* shown;
 };
 
-TEST(SearchRange, IsShownAsItWasUnderstood) {
+TEST(SearchRange, ShowsTheRangeAsParsed) {
     static constexpr TypedRange kRows[] = {
         {"Joh 3:16", "Joh 3:16 - Joh 3:16"},        {"Ps 23", "Ps 23:1 - Ps 23:6"},
         {"jude", "Jude 1:1 - Jude 1:25"},           {"Mt 5:3 - Mt 5:12", "Mt 5:3 - Mt 5:12"},
         {"Re 22:21 - Ge 1:1", "Ge 1:1 - Re 22:21"}, {"Mal - Mt", "Mal 1:1 - Mt 28:20"},
-        {"Exodus 3 - 5", "Ex 3:1 - Ex 5:23"},       {"", "Ex 3:1 - Ex 5:23"},  // nothing typed: unchanged
+        {"Exodus 3 - 5", "Ex 3:1 - Ex 5:23"},       {"", "Ex 3:1 - Ex 5:23"},  // an empty field changes nothing
     };
     Program program = StartProgram(FolderWithScripture());
     for (const TypedRange& row : kRows) {
@@ -205,13 +205,13 @@ TEST(SearchRange, HasButtonsForTheTestaments) {
     }
 }
 
-TEST(SearchRange, StaysOpenWhenItIsNotUnderstood) {
+TEST(SearchRange, DialogStaysOpenForAnInvalidRange) {
     Program program = StartProgram(FolderWithScripture());
     const HWND dialog = OpenSearchDialog(program, IDM_SET_RANGE);
     Type(program, "Xyz 3");
     Press(program, "Enter");
     const HWND box = WaitForDialog(program, "Error");
-    EXPECT_EQ(MessageText(box), "Unrecognized Refrence");
+    EXPECT_EQ(MessageText(box), "Unrecognized Refrence");  // (sic)
     EXPECT_THAT(ButtonsOf(box), ElementsAre("OK"));
     SavePicture(PictureOfWindow(program.frame), "range-not-understood");
     Press(program, "Enter");
@@ -219,7 +219,7 @@ TEST(SearchRange, StaysOpenWhenItIsNotUnderstood) {
     EXPECT_EQ(TextOf(dialog, IDC_RANGE), "Xyz 3");
     EXPECT_EQ(StatusPart(program, 4), "Ge 1:1 - Re 22:21");
     EXPECT_EQ(FocusOf(program), Child(dialog, {IDC_RANGE}));
-    Type(program, "Ruth");  // over what was wrong
+    Type(program, "Ruth");  // replaces the invalid text
     Press(program, "Enter");
     WaitForNoDialog(program);
     EXPECT_EQ(StatusPart(program, 4), "Ru 1:1 - Ru 4:22");
@@ -243,7 +243,7 @@ TEST(SearchRange, IsKeptWhenTheSearchIsCancelled) {
     }
 }
 
-TEST(SearchRange, LastsFromOneRunToTheNext) {
+TEST(SearchRange, IsSavedForTheNextRun) {
     Program program = StartProgram(FolderWithScripture());
     SetSearchRange(program, "Joh 3:16");
     const ScratchFolder folder = program.folder;
@@ -253,6 +253,6 @@ TEST(SearchRange, LastsFromOneRunToTheNext) {
     Program again = StartProgram(folder);
     EXPECT_EQ(StatusPart(again, 4), "Joh 3:16 - Joh 3:16");
     SearchFor(again, {"god"});
-    EXPECT_EQ(StatusPart(again, 0), "1 verse, 1 occurance");
+    EXPECT_EQ(StatusPart(again, 0), "1 verse, 1 occurance");  // (sic)
     EXPECT_THAT(ListStrings(ReferenceListOf(again)), ElementsAre("John 3:16"));
 }

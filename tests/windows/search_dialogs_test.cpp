@@ -1,4 +1,4 @@
-// The dialogs that start and shape a search: their controls, what they remember, what they leave alone.
+// The search dialogs and Set Search Range: controls, placement, remembered choices, cancelling.
 
 #include <windows.h>
 
@@ -7,12 +7,12 @@
 #include "tests/windows/dialog_look.h"
 #include "tests/windows/search_steps.h"
 
-// ---- Controls -----------------------------------------------------------------------------------------------------
+// ---- Controls -------------------------------------------------------------------------------------------------------
 
 struct DialogRow {
     const char* name;
     int command;
-    const char* key;  // that opens it; none for Set Search Range
+    const char* key;  // opens the dialog; none for Set Search Range
     DialogLook look;
 };
 
@@ -118,13 +118,13 @@ struct SearchDialog : testing::TestWithParam<DialogRow> {};
 INSTANTIATE_TEST_SUITE_P(Dialogs, SearchDialog, testing::ValuesIn(kDialogs),
                          [](const auto& row) { return std::string(row.param.name); });
 
-TEST_P(SearchDialog, HasItsControls) {
+TEST_P(SearchDialog, HasTheExpectedControls) {
     const DialogRow& row = GetParam();
     Program program = StartProgram(FolderWithScripture());
     ExpectLook(program, OpenSearchDialog(program, row.command), row.look, std::string("dialog-") + row.name);
 }
 
-TEST_P(SearchDialog, AnswersItsKeys) {
+TEST_P(SearchDialog, RespondsToItsAccessKeys) {
     const DialogRow& row = GetParam();
     Program program = StartProgram(FolderWithScripture());
     const HWND before = FocusOf(program);
@@ -162,7 +162,7 @@ static std::string PlaceOf(HWND window) {
     return std::to_string(place.left) + "," + std::to_string(place.top);
 }
 
-TEST_P(SearchDialog, StandsOverTheFramesMiddle) {
+TEST_P(SearchDialog, IsCentredOverTheFrame) {
     Program program = StartProgram(FolderWithScripture());
     const int right = GetSystemMetrics(SM_CXSCREEN);
     const int bottom = GetSystemMetrics(SM_CYSCREEN);
@@ -189,7 +189,7 @@ TEST_P(SearchDialog, StandsOverTheFramesMiddle) {
 
 // ---- What is remembered ---------------------------------------------------------------------------------------------
 
-// What a search dialog shows: text, combination, case, substrings.
+// The state of a search dialog: its text and the ids of the checked controls.
 static std::string StateOf(HWND dialog) {
     std::string state = TextOf(dialog, IDC_SEARCH_TEXT);
     for (const int id : {IDC_ALL_WORDS, IDC_ANY_WORD, IDC_ONE_WORD, IDC_CASE_SENSITIVE, IDC_SUBSTRING})
@@ -212,7 +212,7 @@ TEST(SearchDialogs, ShareTextAndOptions) {
     EXPECT_EQ(StateAtOpening(program, IDM_WORD_LIST_SEARCH), "Grace 13 14 15");
     EXPECT_EQ(StateAtOpening(program, IDM_PHRASE_SEARCH), "Grace 14");
 
-    // A phrase has no combination and no substrings: those of the words stay.
+    // The phrase dialog does not have these two options, so those of the word search stay unchanged.
     SearchFor(program, {"Jesus wept", IDM_PHRASE_SEARCH});
     EXPECT_EQ(StateAtOpening(program, IDM_WORD_SEARCH), "Jesus wept 13 15");
     SearchFor(program, {"jesus wept", IDM_WORD_LIST_SEARCH, IDC_ANY_WORD});
@@ -225,7 +225,7 @@ TEST(SearchDialogs, ShareTextAndOptions) {
     EXPECT_EQ(Setting(folder, "SEARCH", "SubString"), "0");
 }
 
-TEST(SearchDialogs, BeginEmptyWithTheOptionsOfTheLastRun) {
+TEST(SearchDialogs, StartEmptyWithTheOptionsOfTheLastRun) {
     const ScratchFolder folder = FolderWithScripture();
     WriteSetting(folder, "SEARCH", "BooleanType", "2");
     WriteSetting(folder, "SEARCH", "CaseSensitive", "1");
@@ -236,14 +236,14 @@ TEST(SearchDialogs, BeginEmptyWithTheOptionsOfTheLastRun) {
     EXPECT_EQ(StateAtOpening(program, IDM_PHRASE_SEARCH), " 14");
 }
 
-TEST(SearchDialogs, LeaveEverythingWhenCancelled) {
+TEST(SearchDialogs, ChangeNothingWhenCancelled) {
     Program program = StartProgram(FolderWithScripture());
     SearchFor(program, {"grace", IDM_WORD_SEARCH, IDC_ANY_WORD, false, true});
     Press(program, "F2");
     for (const int command : kSearchCommands) {
         const HWND dialog = OpenSearchDialog(program, command);
         Type(program, "wrath");
-        EXPECT_EQ(TextOf(dialog, IDC_SEARCH_TEXT), "wrath");  // the text of before was selected
+        EXPECT_EQ(TextOf(dialog, IDC_SEARCH_TEXT), "wrath");  // the old text was selected
         for (const char* key : {"Alt+c", "Alt+s", "Alt+o"})
             if (command != IDM_PHRASE_SEARCH || key[4] == 'c') Press(program, key);
         Press(program, "Esc");
@@ -258,7 +258,7 @@ TEST(SearchDialogs, LeaveEverythingWhenCancelled) {
     EXPECT_EQ(Setting(folder, "SEARCH", "PreviousSearch1"), "");
 }
 
-TEST(SearchDialogs, AreRunByKeysAlone) {
+TEST(SearchDialogs, CanBeUsedWithoutAMouse) {
     Program program = StartProgram(FolderWithScripture());
     Press(program, "Alt+w");
     WaitForDialog(program, "Word Search");
@@ -271,10 +271,10 @@ TEST(SearchDialogs, AreRunByKeysAlone) {
     Type(program, "Jesus wept");
     Press(program, "Enter");
     WaitForNoDialog(program);
-    EXPECT_EQ(StatusPart(program, 0), "1 verse, 1 occurance");
+    EXPECT_EQ(StatusPart(program, 0), "1 verse, 1 occurance");  // (sic)
 }
 
-TEST(SearchDialogs, TakeNoMoreThan199Characters) {
+TEST(SearchDialogs, AcceptAtMost199Characters) {
     Program program = StartProgram(FolderWithScripture());
     const HWND dialog = OpenSearchDialog(program, IDM_WORD_SEARCH);
     SetDlgItemTextA(dialog, IDC_SEARCH_TEXT, std::string(199, 'a').c_str());

@@ -30,7 +30,7 @@ static void PressOk(HWND dialog) {
     PostMessageA(dialog, WM_COMMAND, IDOK, 0);
 }
 
-// Leaves the program unwatched.
+// Starts the search and leaves the program without a probe.
 static void Ask(Program& program, const Query& query) {
     const HWND dialog = OpenSearchDialog(program, query.command);
     SetDlgItemTextA(dialog, IDC_SEARCH_TEXT, query.text.c_str());
@@ -43,7 +43,7 @@ static void Ask(Program& program, const Query& query) {
     PressOk(dialog);
 }
 
-// The program reads no message until the search is over.
+// The program handles no messages until the search is finished.
 static void WaitForSearch(const Program& program) {
     WaitUntil(program, "the search dialog to be closed", [&] { return !HasDialog(program); });
     DWORD_PTR answer = 0;

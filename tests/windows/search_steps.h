@@ -1,7 +1,7 @@
-// Searches as their user asks for them, for tests that are about what is found.
+// Helpers that search like a user, for tests of the results.
 //
-// The program is not watched (see tests/driver/probe.h) while it fills lists: each of the messages that it sends itself
-// then, one a word or a verse, would cost many times as much.
+// The probe (see tests/driver/probe.h) is removed while the program fills lists. It would make each message that the
+// program sends itself, one for each word or verse, many times slower.
 #pragma once
 
 #include <string>
@@ -22,15 +22,15 @@ constexpr int kSearchCommands[] = {IDM_WORD_SEARCH, IDM_WORD_LIST_SEARCH, IDM_PH
 
 HWND ReferenceListOf(const Program& program);
 
-// Opens the dialog of a search command, or Set Search Range.
+// Opens the dialog of a search command or of Set Search Range.
 HWND OpenSearchDialog(Program& program, int command);
 
-// Fills the dialog of `query.command`, so far as it has the controls, presses its OK and waits until it is gone;
-// nothing else may be open then.
+// Opens the dialog of `query.command`, fills the controls that it has, presses OK and waits until it is closed. No
+// other dialog may be open then.
 void SearchFor(Program& program, const Query& query);
 
-// The same for what is not found; gives the message box that says so.
+// The same for a query that finds nothing; returns the message box that says so.
 HWND SearchInVain(Program& program, const Query& query);
 
-// Sets the range of verses by its dialog.
+// Sets the search range with its dialog.
 void SetSearchRange(Program& program, std::string_view range);

@@ -1,5 +1,5 @@
-// What a search finds, and the state that it leaves the program in. The figures are those of the whole text; searches
-// by hand confirm them natively (search/search_by_hand_test.cpp).
+// Search results, and the state of the program after a search. The numbers are for the real text; a native test
+// (search/search_by_hand_test.cpp) checks the results of the search engine independently.
 
 #include <windows.h>
 
@@ -65,29 +65,30 @@ static const Searches kSearches[] = {
      {
          {{"grace"}, "159 verses, 170 occurrences", "Genesis 6:8"},
          {{"GRACE", IDM_WORD_LIST_SEARCH}, "159 verses, 170 occurrences", "Genesis 6:8"},
-         {{"Jehovah-jireh"}, "1 verse, 2 occurrences", "Genesis 22:14"},  // the hyphen parts two words
-         {{"jah"}, "1 verse, 1 occurance", "Psalms 68:4"},
+         {{"Jehovah-jireh"}, "1 verse, 2 occurrences", "Genesis 22:14"},  // the hyphen separates two words
+         {{"jah"}, "1 verse, 1 occurance", "Psalms 68:4"},                // (sic)
          {{"xyzzy"}, ""},
          {{""}, ""},
          {{"12 ; 34"}, ""},
          {{"grace xyzzy"}, ""},
          {{"grace xyzzy", IDM_WORD_SEARCH, IDC_ANY_WORD}, "159 verses, 170 occurrences"},
          {{"maher-shalal-hash-baz"}, "2 verses, 8 occurrences", "Isaiah 8:1"},
-         {{std::string(199, 'a')}, ""},  // one word longer than any
+         {{std::string(199, 'a')}, ""},  // longer than any word
      }},
     {"Combinations",
      {
          {{"lord god"}, "1593 verses, 3785 occurrences", "Genesis 2:4"},
          {{"lord god", IDM_WORD_SEARCH, IDC_ANY_WORD}, "8951 verses, 12344 occurrences", "Genesis 1:1"},
          {{"lord god", IDM_WORD_LIST_SEARCH, IDC_ONE_WORD}, "7358 verses, 8559 occurrences", "Genesis 1:1"},
-         // A word typed twice counts twice, and is marked twice.
+         // Deliberate: a word that is typed twice is counted and marked twice.
          {{"end end"}, "291 verses, 614 occurrences", "Genesis 6:13"},
          {{"end end", IDM_WORD_SEARCH, IDC_ONE_WORD}, ""},
      }},
     {"CaseSensitive",
      {
          {{"LORD", IDM_WORD_SEARCH, IDC_ALL_WORDS, kCase}, "5485 verses, 6504 occurrences"},
-         // Only the first place in a verse counts, and none right behind a paragraph mark: Genesis 1:1 is left out.
+         // Deliberate: only the first place in a verse is examined, and a word right after a paragraph mark does not
+         // match. Genesis 1:1 is therefore missing.
          {{"In", IDM_WORD_SEARCH, IDC_ALL_WORDS, kCase}, "251 verses, 251 occurrences", "Genesis 3:19"},
          {{"in", IDM_WORD_SEARCH, IDC_ALL_WORDS, kCase}, "5921 verses, 8070 occurrences", "Genesis 1:6"},
          {{"And", IDM_WORD_SEARCH, IDC_ALL_WORDS, kCase}, "10266 verses, 10989 occurrences", "Genesis 1:2"},
@@ -106,16 +107,16 @@ static const Searches kSearches[] = {
     {"Phrases",
      {
          {{"in the beginning", IDM_PHRASE_SEARCH}, "17 verses, 17 occurrences", "Genesis 1:1"},
-         {{"he said", IDM_PHRASE_SEARCH}, "700 verses, 738 occurrences", "Genesis 3:1"},  // "she said" is among them
+         {{"he said", IDM_PHRASE_SEARCH}, "700 verses, 738 occurrences", "Genesis 3:1"},  // includes "she said"
          {{"He said", IDM_PHRASE_SEARCH, 0, kCase}, "21 verses, 21 occurrences", "Ruth 2:21"},
          {{"the lord god", IDM_PHRASE_SEARCH, 0, kCase}, ""},
-         {{"Jesus wept", IDM_PHRASE_SEARCH}, "1 verse, 1 occurance", "John 11:35"},
+         {{"Jesus wept", IDM_PHRASE_SEARCH}, "1 verse, 1 occurance", "John 11:35"},  // (sic)
          {{"holy, holy, holy", IDM_PHRASE_SEARCH}, "2 verses, 2 occurrences", "Isaiah 6:3"},
          {{"Jehovah-jireh", IDM_PHRASE_SEARCH}, ""},
          {{"let there be xyzzy", IDM_PHRASE_SEARCH}, ""},
          {{"shal", IDM_PHRASE_SEARCH}, ""},
          {{"", IDM_PHRASE_SEARCH}, ""},
-         // A phrase of one word is marked as a word is, in parts of words if the last word search asked for them.
+         // A phrase of one word is marked like a word, including substrings if the last word search included them.
          {{"wept", IDM_WORD_SEARCH, IDC_ALL_WORDS, kAnyCase, kSubstrings}, "72 verses, 75 occurrences"},
          {{"end", IDM_PHRASE_SEARCH}, "291 verses, 319 occurrences", "Genesis 6:13"},
          {{"wept", IDM_WORD_SEARCH, IDC_ALL_WORDS, kAnyCase, kWhole}, "68 verses, 71 occurrences"},
@@ -123,7 +124,7 @@ static const Searches kSearches[] = {
      }},
     {"Ranges",
      {
-         {{"god"}, "1 verse, 1 occurance", "John 3:16", "Joh 3:16"},
+         {{"god"}, "1 verse, 1 occurance", "John 3:16", "Joh 3:16"},  // (sic)
          {{"grace"}, "", "", "Joh 3:16"},
          {{"grace"}, "37 verses, 39 occurrences", "Genesis 6:8", "Ge - Mal"},
          {{"grace"}, "122 verses, 131 occurrences", "Luke 2:40", "Mt - Re"},
@@ -135,13 +136,13 @@ static const Searches kSearches[] = {
 struct Search : testing::TestWithParam<Searches> {};
 INSTANTIATE_TEST_SUITE_P(Of, Search, testing::ValuesIn(kSearches), [](const auto& row) { return row.param.name; });
 
-TEST_P(Search, FindsTheseVerses) {
+TEST_P(Search, FindsTheExpectedVerses) {
     Program program = StartProgram(FolderWithScripture());
     std::string range = "Ge - Re";
     for (const SearchRow& row : GetParam().rows) ExpectSearch(program, row, range);
 }
 
-TEST(SearchResult, StandsInBothViews) {
+TEST(SearchResult, IsShownInBothViews) {
     Program program = StartProgram(FolderWithScripture());
     SearchFor(program, {"propitiation"});
     EXPECT_THAT(ListStrings(ReferenceListOf(program)), ElementsAre("Romans 3:25", "1 John 2:2", "1 John 4:10"));
@@ -149,7 +150,7 @@ TEST(SearchResult, StandsInBothViews) {
     EXPECT_EQ(StatusPart(program, kEntry), "Romans 3:25");
     EXPECT_EQ(VerticalScroll(program, VerseListOf(program)).highest, 2);
 
-    // From another top, the next list begins at its first entry.
+    // A new list starts at its first entry even if the old one was scrolled.
     Press(program, "End");
     SearchFor(program, {"Jesus wept", IDM_PHRASE_SEARCH});
     EXPECT_THAT(ListStrings(ReferenceListOf(program)), ElementsAre("John 11:35"));
@@ -158,7 +159,7 @@ TEST(SearchResult, StandsInBothViews) {
     EXPECT_EQ(VerticalScroll(program, VerseListOf(program)).highest, 0);
 }
 
-TEST(SearchResult, ComesIntoTheReferenceListWhenThatIsShown) {
+TEST(SearchResult, FocusesTheReferenceListWhenThatIsShown) {
     Program program = StartProgram(FolderWithScripture());
     ClickTab(program, Child(program.frame, {IDC_LIST_TABS}), 1);
     for (const int command : kSearchCommands) {
@@ -166,13 +167,13 @@ TEST(SearchResult, ComesIntoTheReferenceListWhenThatIsShown) {
         SearchFor(program, {"propitiation", command});
         EXPECT_EQ(FocusOf(program), ReferenceListOf(program)) << command;
         EXPECT_EQ(StatusPart(program, kSummary), "3 verses, 3 occurrences");
-        EXPECT_EQ(StatusPart(program, kEntry), "");  // it belongs to the other view
+        EXPECT_EQ(StatusPart(program, kEntry), "");  // only shown for the other view
         EXPECT_EQ(SendMessageA(ReferenceListOf(program), LB_GETTOPINDEX, 0, 0), 0);
     }
     SavePicture(PictureOfWindow(program.frame), "reference-list");
 }
 
-TEST(SearchResult, ShowsAHiddenListEvenWhenNothingIsFound) {
+TEST(SearchResult, ShowsAHiddenListEvenWhenEmpty) {
     for (const bool found : {true, false}) {
         Program program = StartProgram(FolderWithScripture());
         Press(program, "F2");
@@ -191,7 +192,7 @@ TEST(SearchResult, ShowsAHiddenListEvenWhenNothingIsFound) {
 
 // ---- The program's state --------------------------------------------------------------------------------------------
 
-// The cursor where the mouse is, and the window that holds the mouse.
+// Neither an hourglass cursor nor a mouse capture is left.
 static bool IsMouseFree(const Program& program) {
     GUITHREADINFO state{};
     state.cbSize = sizeof state;
@@ -207,7 +208,7 @@ static void ExpectGreyed(const Program& program, int command, bool greyed) {
     EXPECT_EQ((ToolState(program, command) & TBSTATE_INDETERMINATE) != 0, greyed) << command;
 }
 
-// Commands that need entries; those whose owner does not exist yet stay greyed for good.
+// Checks the commands that need entries in the list.
 static void ExpectListCommands(const Program& program, bool enabled) {
     ExpectGreyed(program, IDM_CONTEXT, !enabled);
     ExpectGreyed(program, IDM_NOTE_FOR_LIST, !enabled);
@@ -218,7 +219,7 @@ static void ExpectListCommands(const Program& program, bool enabled) {
     EXPECT_TRUE(IsGreyed(program, IDM_SAVE_VERSE_LIST));
 }
 
-TEST(SearchResult, EnablesWhatNeedsIt) {
+TEST(SearchResult, EnablesTheListCommands) {
     Program program = StartProgram(FolderWithScripture());
     ExpectListCommands(program, false);
     EXPECT_EQ(ToolTip(program, IDM_CONTEXT), "Read Context of Verse in Verse List (F12)");
@@ -239,7 +240,7 @@ TEST(SearchResult, EnablesWhatNeedsIt) {
 struct NoMatch : testing::TestWithParam<int> {};
 INSTANTIATE_TEST_SUITE_P(Searches, NoMatch, testing::ValuesIn(kSearchCommands));
 
-TEST_P(NoMatch, EmptiesTheListAndSaysSo) {
+TEST_P(NoMatch, EmptiesTheListAndShowsAMessage) {
     Program program = StartProgram(FolderWithScripture());
     SearchFor(program, {"grace"});
     Press(program, "End");
@@ -259,14 +260,14 @@ TEST_P(NoMatch, EmptiesTheListAndSaysSo) {
 
     Press(program, "Enter");
     WaitForNoDialog(program);
-    // Only the dialog for words leaves the first message standing.
+    // Deliberate: only the word search keeps the text "No Matches".
     EXPECT_EQ(StatusPart(program, kSummary), GetParam() == IDM_WORD_SEARCH ? "No Matches" : "0 verses, 0 occurrences");
     EXPECT_EQ(StatusPart(program, kEntry), "");
     EXPECT_EQ(FocusOf(program), PassageOf(program));
 }
 
-// A verse full of marks would outgrow the place that a marked verse has.
-TEST(SearchResult, SurvivesMoreKeyWordsThanAVerseHolds) {
+// So many marks do not fit in the buffer for a marked verse.
+TEST(SearchResult, HandlesMoreKeyWordMarksThanFitInAVerse) {
     Program program = StartProgram(FolderWithScripture());
     SetSearchRange(program, "Es 8");
     std::string everyE;

@@ -1,4 +1,4 @@
-// Two copies of the program on one folder: the second gives way to the first.
+// Starting the program twice in one folder: the second copy activates the first one and exits.
 
 #include <windows.h>
 
@@ -7,7 +7,7 @@
 #include "resources/ids.h"
 #include "tests/driver/driver.h"
 
-// Starts a copy in the folder and waits for its end, which comes by itself.
+// Starts another copy in the folder, and expects it to exit by itself.
 static void ExpectGivesWay(const ScratchFolder& folder) {
     Program second = LaunchProgram(folder);
     ASSERT_EQ(WaitForSingleObject(second.process.get(), 10000), WAIT_OBJECT_0);
@@ -17,18 +17,18 @@ static void ExpectGivesWay(const ScratchFolder& folder) {
 }
 
 static void WaitForForeground(const Program& program, HWND window) {
-    WaitUntil(program, "its window in front", [&] { return GetForegroundWindow() == window; });
+    WaitUntil(program, "its window to be in front", [&] { return GetForegroundWindow() == window; });
 }
 
-TEST(SecondCopy, BringsTheFirstToTheFrontAndEnds) {
+TEST(SecondCopy, BringsTheFirstToTheFrontAndExits) {
     Program first = StartProgram(FolderWithScripture());
-    Program elsewhere = StartProgram(FolderWithScripture());  // another folder is another matter
+    Program elsewhere = StartProgram(FolderWithScripture());  // in another folder it must start
     WaitForForeground(elsewhere, elsewhere.frame);
     ExpectGivesWay(first.folder);
     WaitForForeground(first, first.frame);
 
     ShowWindow(first.frame, SW_MINIMIZE);
-    WaitUntil(first, "it is minimized", [&] { return IsIconic(first.frame) != FALSE; });
+    WaitUntil(first, "it to be minimized", [&] { return IsIconic(first.frame) != FALSE; });
     ExpectGivesWay(first.folder);
     WaitForForeground(first, first.frame);
     EXPECT_FALSE(IsIconic(first.frame));
@@ -49,8 +49,8 @@ TEST(SecondCopy, BringsADialogOfTheFirstToTheFront) {
     WaitForForeground(first, dialog);
 }
 
-// A copy that was killed holds nothing.
-TEST(SecondCopy, IsTheFirstAfterAKill) {
+// The lock on the folder must not outlive a killed program.
+TEST(SecondCopy, StartsNormallyAfterTheFirstWasKilled) {
     Program first = StartProgram(FolderWithScripture());
     TerminateProcess(first.process.get(), 9);
     WaitForSingleObject(first.process.get(), 10000);

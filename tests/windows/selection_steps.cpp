@@ -94,11 +94,11 @@ struct SearchDialogRow {
     int command;
     const char* title;
     int field;
-    std::size_t scanned;  // characters of the copy that are looked at
-    std::size_t limit;    // characters that the field takes
+    std::size_t scanned;  // how many characters of the selection are used
+    std::size_t limit;    // how many characters the field accepts
 };
 
-// Letters and blanks of a copy, as the field shows them.
+// Letters and blanks of the copied text, as the field shows them.
 static std::string LettersOf(const std::string& copy, const SearchDialogRow& row) {
     std::string letters = copy.substr(0, row.scanned);
     std::erase_if(letters, [](char c) { return c != ' ' && (c & 0x80 || !isalpha(c)); });
@@ -120,6 +120,6 @@ void SearchWithSelection(Program& program, HWND pane, const std::function<void()
         EXPECT_GT(letters.size(), 100u);
         Press(program, "Esc");
         WaitForNoDialog(program);
-        EXPECT_FALSE(CanCopy(program)) << "the dialog took the focus, and the selection went";
+        EXPECT_FALSE(CanCopy(program)) << "the dialog takes the focus, which clears the selection";
     }
 }

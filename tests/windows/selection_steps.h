@@ -1,4 +1,4 @@
-// Selections by the mouse: where words stand on the picture, and what a selection shows and copies.
+// Helpers for selections with the mouse: positions of words, and what a selection shows and copies.
 #pragma once
 
 #include <string>
@@ -7,40 +7,40 @@
 
 #include "tests/windows/painted_lines.h"
 
-// A word of lines in which every word is a piece of its own, labels and headings too.
+// Position of a word in lines where every word, label and heading is a separate piece.
 struct WordPlace {
     std::size_t line = 0;
     std::size_t piece = 0;
 };
 
-// The words of `text`, each a piece with the blank behind it.
+// The words of `text`, each a piece with the blank after it.
 std::vector<PaintedPiece> WordPieces(std::string_view text, Style style = Style::kRegular);
 
-// A line of a bold label and plain words.
+// A line with a bold label and regular words.
 PaintedLine LabelledLine(const std::string& label, std::string_view words, bool goesOn = true);
 
 POINT MiddleOf(const std::vector<PaintedLine>& lines, const WordPlace& word, const PaintedFont& font = {});
 
-// The lines with the words `from` to `to` selected, whichever comes first.
+// The lines with the words from `from` to `to` selected, in either order.
 std::vector<PaintedLine> WithSelected(std::vector<PaintedLine> lines, WordPlace from, WordPlace to);
 
-// Drags from the middle of one word to that of another; the pane must have the focus. "" or what the picture shows
-// otherwise than `lines` with these words selected.
+// Drags from the middle of one word to the middle of another; the pane must have the focus. Returns "" if the pane then
+// shows `lines` with these words selected, otherwise a description of the difference.
 std::string WrongAfterDrag(const Program& program, HWND pane, const std::vector<PaintedLine>& lines,
                            const WordPlace& from, const WordPlace& to);
 
-// What Ctrl+c copies; "(nothing)" when the clipboard stays as it was.
+// What Ctrl+C copies; "(nothing)" when the clipboard does not change.
 std::string Copied(const Program& program);
 
-// Is Copy enabled in menu and toolbar, or in neither? Anything else fails the test.
+// Whether Copy is enabled. The test fails if menu and toolbar disagree.
 bool CanCopy(const Program& program);
 
-// A command as the pane's own menu sends it.
+// Sends the pane a command as its context menu does.
 void CommandToPane(const Program& program, HWND pane, int command);
 
-// Copies for the pane while another program, this one, holds the clipboard, and looks at what is said.
+// Copies from the pane while this process holds the clipboard, and checks the message box.
 void CopyWhileClipboardIsHeld(const Program& program, HWND pane);
 
-// Sends each search for the pane's selection and looks at what its dialog begins with; the selection is gone then.
-// `select` makes it anew.
+// Opens each search dialog for the pane's selection and checks its text. Each search clears the selection; `select`
+// makes it again.
 void SearchWithSelection(Program& program, HWND pane, const std::function<void()>& select);

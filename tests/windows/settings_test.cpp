@@ -1,4 +1,4 @@
-// Versewell.INI: what the program reads from it at its start and writes to it at its end.
+// Versewell.INI: the settings that the program reads at the start and writes on exit.
 
 #include <sstream>
 
@@ -20,7 +20,7 @@ struct StoredSetting {
     std::string value;
 };
 
-// Every line that says something, without its CR; a line without one stands as "<line> has no CR".
+// All non-empty lines without their CR; a line that lacks it is returned as "<line> has no CR".
 static std::vector<std::string> LinesOf(const std::string& file) {
     std::vector<std::string> lines;
     std::istringstream stream(file);
@@ -34,7 +34,7 @@ static std::vector<std::string> LinesOf(const std::string& file) {
     return lines;
 }
 
-// In the order in which the program writes them; the frame's place, which is the system's choice, comes behind.
+// In the order in which the program writes them. The frame's place, which the system chooses, follows them.
 static std::vector<StoredSetting> DefaultSettings() {
     std::vector<StoredSetting> rows = {{"SEARCH", "BooleanType", "0"}, {"SEARCH", "CaseSensitive", "0"},
                                        {"SEARCH", "SubString", "0"},   {"SEARCH", "Proximity", "0"},
@@ -117,7 +117,7 @@ static void StartAndClose(const ScratchFolder& folder) {
     EXPECT_EQ(CloseProgram(program), 0);
 }
 
-TEST(SettingsFile, OfAFirstRunIsThis) {
+TEST(SettingsFile, HasTheDefaultsAfterAFirstRun) {
     const ScratchFolder folder = FolderWithScripture();
     Program program = StartProgram(folder);
     std::vector<StoredSetting> expected = DefaultSettings();
@@ -126,7 +126,7 @@ TEST(SettingsFile, OfAFirstRunIsThis) {
     EXPECT_THAT(LinesOf(ReadFile(folder, "Versewell.INI")), ElementsAreArray(FileLines(expected)));
 }
 
-TEST(SettingsFile, StaysTheSameThroughARunThatChangesNothing) {
+TEST(SettingsFile, IsUnchangedByARunThatChangesNothing) {
     const ScratchFolder folder = FolderWithScripture();
     StartAndClose(folder);
     const std::string first = ReadFile(folder, "Versewell.INI");
@@ -134,8 +134,8 @@ TEST(SettingsFile, StaysTheSameThroughARunThatChangesNothing) {
     EXPECT_EQ(ReadFile(folder, "Versewell.INI"), first);
 }
 
-// Each key has a value of its own, so that one read into another's place shows.
-TEST(SettingsFile, ComesBackFromARunAsItWas) {
+// Each key has a different value, so that mixed-up keys are detected.
+TEST(SettingsFile, RoundTripsEverySetting) {
     const ScratchFolder folder = FolderWithScripture();
     WriteNoteSet(folder, "A");
     WriteNoteSet(folder, "B");
@@ -161,14 +161,14 @@ TEST(SettingsFile, ComesBackFromARunAsItWas) {
     EXPECT_THAT(LinesOf(ReadFile(folder, "Versewell.INI")), ElementsAreArray(FileLines(settings)));
 }
 
-TEST(SettingsFile, KeepsWhatTheProgramDoesNotKnow) {
+TEST(SettingsFile, KeepsUnknownKeysAndSections) {
     const ScratchFolder folder = FolderWithScripture();
     Store(folder, {{"MISC", "Sound", "loud"}, {"OTHER", "Key", "value"}});
     StartAndClose(folder);
     ExpectStored(folder, {{"MISC", "Sound", "loud"}, {"OTHER", "Key", "value"}, {"MISC", "ReadVerse", "0"}});
 }
 
-TEST(SettingsFile, IsReadAtTheStartAndWrittenAtTheEndOnly) {
+TEST(SettingsFile, IsReadOnlyAtTheStartAndWrittenOnlyOnExit) {
     const ScratchFolder folder = FolderWithScripture();
     Program program = StartProgram(folder);
     Command(program, IDM_PARAGRAPH_FORMAT);
@@ -182,32 +182,32 @@ TEST(SettingsFile, IsReadAtTheStartAndWrittenAtTheEndOnly) {
                  {{"MISC", "ReadVerse", "23145"}, {"OPTIONS", "Paragraph Format", "1"}, {"OPTIONS", "Italics", "2"}});
 }
 
-TEST(SettingsFile, GoesThroughOneRunAs) {
+TEST(SettingsFile, NormalizesUnusualValues) {
     static const struct {
         StoredSetting stored;
         const char* written;
     } kRows[] = {
-        // Eight-bit values are signed when they are written.
+        // 8-bit values are written as signed numbers.
         {{"FORMAT", "FirstVerseStyle", "200"}, "-56"},
         {{"FORMAT", "SubsequentVerseStyle", "128"}, "-128"},
         {{"FORMAT", "Location", "127"}, "127"},
         {{"OPTIONS", "Paragraph Format", "200"}, "-56"},
         {{"OPTIONS", "Italics", "255"}, "-1"},
-        // Heights lose their sign, colours have none.
+        // Font heights lose their sign; colours are unsigned.
         {{"OPTIONS", "ReadWindowFontHeight", "-20"}, "20"},
         {{"OPTIONS", "VerseListFontHeight", "20"}, "20"},
         {{"OPTIONS", "NoteFontHeight", "-9"}, "9"},
         {{"OPTIONS", "KeyHighlightColor", "4294967295"}, "4294967295"},
         {{"OPTIONS", "NoteFontName", "A name of thirty-one characters and more"}, "A name of thirty-one characters"},
-        // Verses and sets that there are not.
+        // Verses and sets out of range.
         {{"MISC", "ReadVerse", "31102"}, "0"},
         {{"MISC", "NoteVerse", "40000"}, "0"},
         {{"MISC", "Note", "5"}, "0"},
         {{"BOOKMARKS", "10", "31102"}, "0"},
         {{"BOOKMARKS", "1", "31101"}, "31101"},
-        // What no search uses is kept.
+        // Not used by any search, but kept.
         {{"SEARCH", "Proximity", "12"}, "12"},
-        // The history: blanks round an entry and one pair of quotes are lost in the reading.
+        // The profile functions remove blanks around an entry and one pair of quotes when they read it.
         {{"SEARCH", "PreviousSearch0", "faith hope charity"}, "faith hope charity"},
         {{"SEARCH", "PreviousSearch1", " "}, ""},
         {{"SEARCH", "PreviousSearch2", "'quoted'"}, "quoted"},
@@ -230,10 +230,9 @@ struct OddSettings {
     const char* range;
 };
 
-
 struct OddNumbers : testing::TestWithParam<OddSettings> {};
 
-// Whatever stands in the file, the program reads, searches and writes.
+// The program must be able to read, search and exit with any numbers in the file.
 TEST_P(OddNumbers, NeverCrashTheProgram) {
     const ScratchFolder folder = FolderWithScripture();
     for (StoredSetting row : DefaultSettings()) {
@@ -264,11 +263,11 @@ INSTANTIATE_TEST_SUITE_P(SettingsFile, OddNumbers,
                          testing::Values(OddSettings{"MinusOne", "-1", "Ge 1:1 - Re 22:21"},
                                          OddSettings{"Least", "-2147483648", "Ge 1:1 - Re 22:21"},
                                          OddSettings{"Most", "2147483647", "Ge 1:1 - Re 22:21"},
-                                         OddSettings{"Words", "many", "Ge 1:1 - Ge 1:1"},  // no digit is 0
+                                         OddSettings{"Words", "many", "Ge 1:1 - Ge 1:1"},  // not a number: read as 0
                                          OddSettings{"JustBeyond", "31102", "Ge 1:1 - Re 22:21"}),
                          [](const auto& row) { return std::string(row.param.name); });
 
-TEST(SettingsFile, MayNameAnItalicsModeThatThereIsNot) {
+TEST(SettingsFile, ItalicsModeMayBeOutOfRange) {
     for (const char* stored : {"3", "-1", "255"}) {
         const ScratchFolder folder = FolderWithScripture();
         WriteSetting(folder, "OPTIONS", "Italics", stored);
@@ -279,7 +278,7 @@ TEST(SettingsFile, MayNameAnItalicsModeThatThereIsNot) {
     }
 }
 
-TEST(FramePlace, NeverLeavesTheScreen) {
+TEST(FramePlace, IsAlwaysOnTheScreen) {
     static constexpr struct {
         const char *x, *y, *width, *height;
     } kRows[] = {
@@ -323,12 +322,13 @@ static int VerseAfterOnePage(const char* storedHeight) {
     return std::stoi(Setting(folder, "MISC", "ReadVerse"));
 }
 
-// A negative height is that of the whole line for one run, a positive one that of the letters alone.
-TEST(FontHeight, IsTheLinesWhenItIsStoredNegative) {
+// The sign is the opposite of LOGFONT's: a negative stored height is the cell height, a positive one the character
+// height. It is always written back as positive.
+TEST(FontHeight, IsTheLineHeightWhenStoredNegative) {
     EXPECT_GT(VerseAfterOnePage("-30"), VerseAfterOnePage("30"));
 }
 
-TEST(SearchHistory, ListsNoBlankEntries) {
+TEST(SearchHistory, OmitsBlankEntries) {
     const ScratchFolder folder = FolderWithScripture();
     Store(folder, {{"SEARCH", "PreviousSearch0", "faith"},
                    {"SEARCH", "PreviousSearch1", " "},
@@ -346,8 +346,8 @@ TEST(SearchHistory, ListsNoBlankEntries) {
                           {"SEARCH", "PreviousSearch4", "hope"}});
 }
 
-// The system's reader of such files takes a pair of quotes for its own.
-TEST(SearchHistory, LosesQuotesFromOneRunToTheNext) {
+// The profile functions remove a pair of quotes around a value when they read it.
+TEST(SearchHistory, LosesSurroundingQuotesBetweenRuns) {
     const ScratchFolder folder = FolderWithScripture();
     {
         Program program = StartProgram(folder);

@@ -1,4 +1,4 @@
-// The life of the program: what is there while it starts, what ends a start, how it opens and how it closes.
+// Starting and closing the program: failing starts, the splash screen, the frame's first state, working folders.
 
 #include <windows.h>
 
@@ -28,7 +28,7 @@ static void Answer(HWND box, int button) {
     PostMessageA(box, WM_COMMAND, static_cast<WPARAM>(button), 0);
 }
 
-// One box of fixed words, nothing else on the screen, and an end that changes nothing.
+// Expects a single message box with a fixed text and no other window, then an exit that leaves the settings unchanged.
 static void ExpectFailure(const ScratchFolder& folder) {
     WriteFile(folder, "Versewell.INI", kOtherSettings);
     const Program program = LaunchProgram(folder);
@@ -44,7 +44,7 @@ static void ExpectFailure(const ScratchFolder& folder) {
 
 struct FailedLoad : testing::TestWithParam<const char*> {};
 
-TEST_P(FailedLoad, IsSaidWithoutTouchingTheSettings) {
+TEST_P(FailedLoad, IsReportedAndKeepsTheSettings) {
     const ScratchFolder folder = FolderWithScripture();
     std::filesystem::remove(folder.path / GetParam());
     ExpectFailure(folder);
@@ -55,7 +55,7 @@ INSTANTIATE_TEST_SUITE_P(Missing, FailedLoad,
                          [](const auto& row) { return std::string(row.param).substr(1, 6); });
 
 // An empty file cannot be mapped.
-TEST(FailedStart, IsAnEmptyMappedFile) {
+TEST(FailedStart, ReportsAnEmptyFile) {
     for (const char* name : {"_avwrds.dat", "_avtext.dat"}) {
         SCOPED_TRACE(name);
         const ScratchFolder folder = FolderWithScripture();
@@ -64,7 +64,7 @@ TEST(FailedStart, IsAnEmptyMappedFile) {
     }
 }
 
-// Wine looks into its registry for libraries that a program shall not get.
+// Hides a library from the program with a DLL override in Wine's registry.
 struct WithoutLibrary {
     explicit WithoutLibrary(const char* library) {
         const std::string program = std::filesystem::path(Surroundings().program).filename().string();
@@ -75,12 +75,12 @@ struct WithoutLibrary {
     std::string key;
 };
 
-TEST(FailedStart, IsOneWithoutTheRichEditLibrary) {
+TEST(FailedStart, ReportsAMissingRichEditLibrary) {
     const WithoutLibrary without("riched32");
     ExpectFailure(FolderWithScripture());
 }
 
-// What a start ends in; the splash goes before either.
+// Waits for the frame or a message; the splash screen may come before either.
 static HWND FrameOrFailure(const Program& program) {
     HWND shown = nullptr;
     WaitUntil(program, "the frame or a message", [&] {
@@ -92,7 +92,7 @@ static HWND FrameOrFailure(const Program& program) {
     return shown;
 }
 
-// Whatever is cut off the scripture, the program says that it cannot start, or bears it.
+// With a truncated scripture file the program must either report that it cannot start, or start and not crash.
 TEST(DamagedScripture, NeverCrashesTheProgram) {
     for (const char* name : {"_avwrds.dat", "_avwptr.dat", "_avwidx.dat", "_avvidx.dat", "_avtext.dat"}) {
         for (const std::uintmax_t size : {std::uintmax_t{1}, std::uintmax_t{10}, std::uintmax_t{20000}}) {
@@ -113,7 +113,10 @@ TEST(DamagedScripture, NeverCrashesTheProgram) {
     }
 }
 
-// ---- The start that stops half-way and says nothing -----------------------------------------------------------------
+// ---- The half-started program ---------------------------------------------------------------------------------------
+//
+// Deliberate: if _avwidx.dat is missing, the start stops silently. The frame and the note tabs exist, but the settings
+// and the text are not loaded.
 
 static ScratchFolder FolderWithoutVerseLists() {
     const ScratchFolder folder = FolderWithScripture();
@@ -126,7 +129,7 @@ static void CloseDialogs(const Program& program) {
     while (HasDialog(program)) Press(program, "Esc");
 }
 
-TEST(HalfStarted, ReadsAndWritesNoSettings) {
+TEST(HalfStarted, DoesNotReadOrWriteSettings) {
     const ScratchFolder folder = FolderWithoutVerseLists();
     Program program = StartProgram(folder);
     EXPECT_FALSE(HasDialog(program));
@@ -139,7 +142,7 @@ TEST(HalfStarted, ReadsAndWritesNoSettings) {
     EXPECT_EQ(ReadFile(folder, "Versewell.INI"), kOtherSettings);
 }
 
-TEST(HalfStarted, BearsEveryCommand) {
+TEST(HalfStarted, SurvivesEveryCommand) {
     Program program = StartProgram(FolderWithoutVerseLists());
     for (int command = 101; command <= 192; ++command) {
         if (command == IDM_EXIT) continue;
@@ -152,7 +155,7 @@ TEST(HalfStarted, BearsEveryCommand) {
     EXPECT_EQ(CloseProgram(program), 0);
 }
 
-TEST(HalfStarted, BearsSearchesAndReferences) {
+TEST(HalfStarted, SurvivesSearchesAndReferences) {
     Program program = StartProgram(FolderWithoutVerseLists());
     for (const char* keys : {"Alt+w", "Alt+p", "Alt+l", "Alt+g"}) {
         SCOPED_TRACE(keys);
@@ -165,7 +168,7 @@ TEST(HalfStarted, BearsSearchesAndReferences) {
     EXPECT_EQ(CloseProgram(program), 0);
 }
 
-TEST(HalfStarted, BearsMouseKeysAndSizes) {
+TEST(HalfStarted, SurvivesMouseKeysAndResizing) {
     Program program = StartProgram(FolderWithoutVerseLists());
     const HWND list = Child(program.frame, {IDC_LIST_TABS, IDC_VERSE_LIST});
     const HWND passage = Child(program.frame, {IDC_PASSAGE_TABS, IDC_PASSAGE});
@@ -186,7 +189,7 @@ TEST(HalfStarted, BearsMouseKeysAndSizes) {
 
 // ---- Splash ---------------------------------------------------------------------------------------------------------
 
-// What waits for an answer during the start shows the start's own windows.
+// Starts with a file that causes a message box, which stops the start while the splash screen is shown.
 static Program StopAtNoteFiles(const ScratchFolder& folder) {
     WriteFile(folder, "My Notes.nmd", "mine");
     return LaunchProgram(folder);
@@ -198,7 +201,7 @@ static HWND SplashOf(const Program& program) {
     Fail(&program, "there is no splash");
 }
 
-TEST(Splash, StandsInTheMiddleWhileTheProgramStarts) {
+TEST(Splash, IsCentredWhileTheProgramStarts) {
     Program program = StopAtNoteFiles(FolderWithScripture());
     const HWND box = WaitForDialog(program, "Error");
     const HWND splash = SplashOf(program);
@@ -219,16 +222,16 @@ TEST(Splash, StandsInTheMiddleWhileTheProgramStarts) {
     WaitForNoDialog(program);
 }
 
-// The splash stands in front of everything; a message behind it could not be answered.
+// The splash screen is topmost; a message box behind it could not be answered.
 static void ExpectInFrontOfTheSplash(Program program) {
     const HWND box = WaitForDialog(program, "Error");
-    EXPECT_THAT(TopLevelWindows(program), ElementsAre(box, SplashOf(program)));  // from the front to the back
+    EXPECT_THAT(TopLevelWindows(program), ElementsAre(box, SplashOf(program)));  // in Z order, front first
     EXPECT_NE(GetWindowLongA(box, GWL_EXSTYLE) & WS_EX_TOPMOST, 0);
     Answer(box, IDOK);
     WaitForFrame(program);
 }
 
-TEST(Splash, HidesNoMessage) {
+TEST(Splash, DoesNotHideMessages) {
     const ScratchFolder folder = FolderWithScripture();
     WriteNoteSet(folder, "Mine");
     std::filesystem::remove(folder.path / "Mine.nmd");
@@ -246,10 +249,9 @@ struct OpeningState {
     bool isMinimized;
 };
 
-
 struct FrameOpening : testing::TestWithParam<OpeningState> {};
 
-TEST_P(FrameOpening, GoesByTheSettingsThenTheCommandLine) {
+TEST_P(FrameOpening, FollowsTheSettingsThenTheCommandLine) {
     const ScratchFolder folder = FolderWithScripture();
     if (*GetParam().maxed != '\0') WriteSetting(folder, "MISC", "Maxed", GetParam().maxed);
     StartOptions options;
@@ -270,12 +272,12 @@ INSTANTIATE_TEST_SUITE_P(Start, FrameOpening,
                                          OpeningState{"MinimizedByCommandLine", "", SW_SHOWMINIMIZED, false, true}),
                          [](const auto& row) { return std::string(row.param.name); });
 
-// What is written is the placement's flags, not whether the frame is maximized.
-TEST(Closing, KeepsTheRestoredPlaceAndThePlacementFlags) {
+// Deliberate: the setting stores the flags of the window placement, not whether the frame is maximized.
+TEST(Closing, SavesTheRestoredPlaceAndThePlacementFlags) {
     static constexpr RECT kPlace{60, 50, 760, 550};
     static const struct {
         std::vector<WPARAM> orders;
-        int flags;  // -1: as the system gives them
+        int flags;  // -1: those of the system
     } kRows[] = {{{SC_MAXIMIZE}, -1}, {{SC_MINIMIZE}, -1}, {{SC_MAXIMIZE, SC_MINIMIZE}, WPF_RESTORETOMAXIMIZED}};
     for (const auto& row : kRows) {
         SCOPED_TRACE(row.orders.front());
@@ -299,7 +301,7 @@ TEST(Closing, KeepsTheRestoredPlaceAndThePlacementFlags) {
     }
 }
 
-TEST(Closing, ComesByEveryWay) {
+TEST(Closing, WorksByMenuKeyAndSystemCommand) {
     const auto byCommand = [](const Program& program) { PostMessageA(program.frame, WM_COMMAND, IDM_EXIT, 0); };
     const auto byKey = [](const Program& program) { Press(program, "Alt+F4"); };
     const auto bySystem = [](const Program& program) { PostMessageA(program.frame, WM_SYSCOMMAND, SC_CLOSE, 0); };
@@ -314,8 +316,8 @@ TEST(Closing, ComesByEveryWay) {
     }
 }
 
-// Bound or not, the start shows the note that was open; nothing has moved the passage yet.
-TEST(Start, ShowsThePassageAndTheNoteThatWereOpen) {
+// The start shows the last note even if notes are bound, because the Passage has not moved yet.
+TEST(Start, RestoresThePassageAndTheNote) {
     for (const char* bound : {"0", "1"}) {
         const ScratchFolder folder = FolderWithScripture();
         WriteSetting(folder, "MISC", "ReadVerse", "100");
@@ -328,7 +330,7 @@ TEST(Start, ShowsThePassageAndTheNoteThatWereOpen) {
     }
 }
 
-TEST(Start, GreysWhatNeedsAListOrASelection) {
+TEST(Start, GreysCommandsThatNeedAListOrASelection) {
     const Program program = StartProgram(FolderWithScripture());
     for (const int command : {IDM_PRINT_VERSE_LIST, IDM_CUT, IDM_COPY, IDM_PASTE, IDM_COPY_VERSE_LIST,
                               IDM_COPY_REFERENCES, IDM_SAVE_VERSE_LIST, IDM_PREVIOUS_CHAPTER, IDM_NEXT_CHAPTER,
@@ -353,7 +355,7 @@ TEST(Start, TicksTheOptionsThatAreOn) {
     }
 }
 
-TEST(Start, KeepsTheDevotionalMenuBesideADevotionalSetOnly) {
+TEST(Start, ShowsTheDevotionalMenuOnlyWithADevotionalSet) {
     static const struct {
         std::string table;
         bool isThere;
@@ -371,8 +373,8 @@ TEST(Start, KeepsTheDevotionalMenuBesideADevotionalSetOnly) {
     }
 }
 
-// A longer table must not run over what lies behind it.
-TEST(Start, BearsDevotionalTablesOfAnySize) {
+// A table that is too long must not overflow its buffer.
+TEST(Start, HandlesDevotionalTablesOfAnySize) {
     for (const std::size_t size : {std::size_t{0}, std::size_t{3}, std::size_t{100000}}) {
         const ScratchFolder folder = FolderWithScripture();
         WriteNoteSet(folder, "Day by Day", {{0, "first"}});
@@ -396,7 +398,7 @@ static StartOptions ProgramIn(const ScratchFolder& folder) {
     return options;
 }
 
-TEST(WorkingFolder, IsTheProgramsOwnWhenTheCurrentOneHoldsNothingOfIts) {
+TEST(WorkingFolder, IsTheProgramsFolderWhenTheCurrentOneHasNoFilesOfIts) {
     const ScratchFolder home = FolderWithScripture();
     CopyProgramTo(home);
     const ScratchFolder elsewhere = EmptyFolder();
@@ -409,7 +411,7 @@ TEST(WorkingFolder, IsTheProgramsOwnWhenTheCurrentOneHoldsNothingOfIts) {
     EXPECT_EQ(FilesIn(home).size(), 9u);
 }
 
-TEST(WorkingFolder, IsTheCurrentOneWithNotesAndScriptureComesFromTheProgramsFolder) {
+TEST(WorkingFolder, IsTheCurrentFolderIfItHasNoteSets) {
     const ScratchFolder home = FolderWithScripture();
     CopyProgramTo(home);
     const ScratchFolder notes = EmptyFolder();
@@ -422,7 +424,7 @@ TEST(WorkingFolder, IsTheCurrentOneWithNotesAndScriptureComesFromTheProgramsFold
     EXPECT_FALSE(HasFile(home, "Versewell.INI"));
 }
 
-TEST(WorkingFolder, IsTheCurrentOneWithScripture) {
+TEST(WorkingFolder, IsTheCurrentFolderIfItHasScripture) {
     const ScratchFolder home = FolderWithScripture();
     CopyProgramTo(home);
     const ScratchFolder current = FolderWithScripture();

@@ -1,4 +1,4 @@
-// The marks on the tabs of the note sets.
+// The marks « and » on the tabs of the note sets.
 
 #include <algorithm>
 
@@ -14,14 +14,14 @@
 #include "tests/windows/passage_pane.h"
 #include "tests/windows/search_steps.h"
 
-static constexpr int kWept = 26558;  // "Jesus wept": the one verse of its list
+static constexpr int kWept = 26558;  // the only verse with "Jesus wept"
 static constexpr int kLast = kVerses - 1;
 
 static HWND TabsOf(const Program& program) {
     return Child(program.frame, {IDC_NOTE_TABS});
 }
 
-// In the order of their names, which stand behind the marks.
+// Sorted by name, ignoring the marks.
 static std::vector<std::string> LabelsOf(const Program& program) {
     std::vector<std::string> labels = TabLabels(program, TabsOf(program));
     std::ranges::sort(labels, {}, [](const std::string& label) { return label.substr(label.find_last_of(' ') + 1); });
@@ -30,7 +30,7 @@ static std::vector<std::string> LabelsOf(const Program& program) {
 
 using Labels = std::vector<std::string>;
 
-TEST(TabMarks, TellWhichSetsSpeakOfTheVerses) {
+TEST(TabMarks, ShowWhichSetsHaveNotesForTheVerses) {
     const ScratchFolder folder = FolderWithScripture();
     WriteNoteSet(folder, "Both", {{0, "first"}, {kWept, "wept"}, {kLast, "last"}});
     WriteNoteSet(folder, "List", {{kWept, "wept"}});
@@ -45,7 +45,7 @@ TEST(TabMarks, TellWhichSetsSpeakOfTheVerses) {
     SavePicture(PictureOfWindow(program.frame), "tab-marks");
     GoTo(program, "Ge 1:1");
     EXPECT_EQ(LabelsOf(program), (Labels{"\xAB \xBB Both", "\xAB List", "None", "\xBB Passage"}));
-    GoTo(program, "Re 22:21");  // its note ends with the file
+    GoTo(program, "Re 22:21");  // the last note, which ends with the file
     EXPECT_EQ(LabelsOf(program), (Labels{"\xAB \xBB Both", "\xAB List", "None", "Passage"}));
     const int selected = SelectedTab(TabsOf(program));
     SearchInVain(program, {"zzz"});
@@ -54,8 +54,9 @@ TEST(TabMarks, TellWhichSetsSpeakOfTheVerses) {
     EXPECT_EQ(SelectedTab(TabsOf(program)), selected);
 }
 
-// Another list whose first entry is at the top is at the same position; the next step down tells of it.
-TEST(TabMarks, CountTheListByItsPosition) {
+// Deliberate: the marks are updated only when the position of the list or the verse of the Passage changes. A new list
+// starts at position 0, so after a list at position 0 the old marks stay for now.
+TEST(TabMarks, AreNotUpdatedWhenANewListStartsAtTheSamePosition) {
     const ScratchFolder folder = FolderWithScripture();
     WriteNoteSet(folder, "Mine", {{kWept, "wept"}, {1, "without form"}});
     Program program = StartProgram(folder);
@@ -63,7 +64,7 @@ TEST(TabMarks, CountTheListByItsPosition) {
     SearchFor(program, {"Jesus wept", IDM_PHRASE_SEARCH});
     EXPECT_EQ(LabelsOf(program), Labels{"\xAB Mine"});
     SearchFor(program, {"the"});  // Genesis 1:1, 1:2...
-    EXPECT_EQ(LabelsOf(program), Labels{"\xAB Mine"}) << "the mark is that of the list before";
+    EXPECT_EQ(LabelsOf(program), Labels{"\xAB Mine"}) << "the mark is still that of the old list";
     GoTo(program, "Ge 1:3");
     EXPECT_EQ(LabelsOf(program), Labels{"Mine"}) << "the verse of the Passage has changed";
     Press(program, "Alt+1");
@@ -79,7 +80,7 @@ static void AnswerYes(const Program& program) {
     WaitForNoDialog(program);
 }
 
-TEST(TabMarks, AreGoneWithNewTabsUntilAPaneMoves) {
+TEST(TabMarks, DisappearWithNewTabsUntilAPaneMoves) {
     const ScratchFolder folder = FolderWithScripture();
     for (const char* name : {"a", "b"}) WriteNoteSet(folder, name, {{0, "first"}, {1, "second"}});
     Program program = StartProgram(folder);
@@ -90,7 +91,7 @@ TEST(TabMarks, AreGoneWithNewTabsUntilAPaneMoves) {
     Type(program, "c");
     Press(program, "Enter");
     WaitForNoDialog(program);
-    EXPECT_EQ(LabelsOf(program), (Labels{"\xBB a", "\xBB b", "c"})) << "the others keep theirs";
+    EXPECT_EQ(LabelsOf(program), (Labels{"\xBB a", "\xBB b", "c"})) << "the other tabs keep their marks";
     Command(program, IDM_RENAME_NOTE_SET);
     WaitForDialog(program, SelectedTab(TabsOf(program)) == 1 && TabLabels(program, TabsOf(program))[1] == "\xBB b"
                                ? "Change name of note set b"
@@ -98,10 +99,11 @@ TEST(TabMarks, AreGoneWithNewTabsUntilAPaneMoves) {
     Type(program, "d");
     Press(program, "Enter");
     WaitForNoDialog(program);
-    for (const std::string& label : LabelsOf(program)) EXPECT_EQ(label.size(), 1u) << "all names are plain";
+    for (const std::string& label : LabelsOf(program)) EXPECT_EQ(label.size(), 1u) << "no name has a mark";
     InvalidateRect(PassageOf(program), nullptr, FALSE);
     Settle(program);
-    for (const std::string& label : LabelsOf(program)) EXPECT_EQ(label.size(), 1u) << "a paint alone marks nothing";
+    for (const std::string& label : LabelsOf(program))
+        EXPECT_EQ(label.size(), 1u) << "painting alone must not add marks";
     GoTo(program, "Ge 1:2");
     EXPECT_EQ(std::ranges::count_if(LabelsOf(program), [](const auto& label) { return label.starts_with('\xBB'); }), 2);
     Command(program, IDM_DELETE_NOTE_SET);
@@ -110,8 +112,8 @@ TEST(TabMarks, AreGoneWithNewTabsUntilAPaneMoves) {
     EXPECT_EQ(LabelsOf(program).size(), 2u);
 }
 
-// A save moves no pane, so the marks stay until one does.
-TEST(TabMarks, StayAsTheyAreWhenANoteIsSaved) {
+// Deliberate: saving a note does not move a pane, so the marks are not updated until a pane moves.
+TEST(TabMarks, AreNotUpdatedWhenANoteIsSaved) {
     const ScratchFolder folder = FolderWithScripture();
     WriteNoteSet(folder, "Mine");
     Program program = StartProgram(folder);
@@ -126,8 +128,8 @@ TEST(TabMarks, StayAsTheyAreWhenANoteIsSaved) {
     EXPECT_EQ(LabelsOf(program), Labels{"\xBB Mine"});
 }
 
-// With their marks the tabs need another row: the note moves down and leaves nothing behind.
-TEST(TabMarks, MakeRoomForTheirRows) {
+// With the marks the tabs may need another row; the note view must then move to fill the remaining space.
+TEST(TabMarks, CanAddARowOfTabs) {
     const ScratchFolder folder = FolderWithScripture();
     for (int set = 0; set < 12; ++set) WriteNoteSet(folder, "A set of notes " + std::to_string(set), {{1, "second"}});
     Program program = StartProgram(folder);

@@ -10,7 +10,7 @@
 
 static constexpr char kPrinterName[] = "Test Printer";
 
-// What the system's PostScript driver needs to know of a printer.
+// The printer description for the system's PostScript driver.
 static constexpr char kDescription[] = R"PPD(*PPD-Adobe: "4.3"
 *FormatVersion: "4.3"
 *FileVersion: "1.0"
@@ -57,7 +57,7 @@ static void Expect(bool done, const char* what) {
 }
 
 static char* Text(const char* text) {
-    return const_cast<char*>(text);  // the system's records have no other
+    return const_cast<char*>(text);  // the system's structures have no const pointers
 }
 
 static void AddDriver(const ScratchFolder& folder) {
@@ -100,7 +100,7 @@ TestPrinter::~TestPrinter() {
 
 // ---- Ports ----------------------------------------------------------------------------------------------------------
 
-// The host's name of a file.
+// Path of a file on Wine's host.
 static std::string HostPath(const std::filesystem::path& path) {
     using UnixFileName = char*(CDECL*)(const wchar_t*);
     const auto unixFileName = reinterpret_cast<UnixFileName>(
@@ -121,7 +121,7 @@ std::string PortToPageCount(const ScratchFolder& folder) {
     return "|grep -c '^%%Page:' >" + host + "/pages.new; mv " + host + "/pages.new " + host + "/pages.count";
 }
 
-// ---- What came out --------------------------------------------------------------------------------------------------
+// ---- Printed pages --------------------------------------------------------------------------------------------------
 
 static std::string WithSingleBlanks(const std::string& text) {
     std::istringstream words(text);

@@ -1,4 +1,4 @@
-// A printer that a test adds to the system and takes away again, and what came out of it.
+// A printer that a test adds to the system and removes again, and the pages it printed.
 #pragma once
 
 #include <string>
@@ -7,8 +7,8 @@
 
 #include "tests/driver/driver.h"
 
-// The system's default printer as long as it lives: 600 dots an inch, Letter and A4, a quarter of an inch left and
-// right and half an inch above and below that cannot be printed on.
+// The system's default printer while it exists: 600 dpi, Letter and A4, unprintable margins of a quarter inch left and
+// right and half an inch above and below.
 struct TestPrinter {
     TestPrinter(const ScratchFolder& folder, const std::string& port);
     ~TestPrinter();
@@ -18,24 +18,24 @@ struct TestPrinter {
     ScratchFolder folder;
 };
 
-// Ports: pages come out as files for the procedures below; are only counted, which is quick; or go nowhere, so that the
-// document cannot be ended.
+// Ports: the first keeps the pages for the procedures below; the second only counts them, which is faster; the third
+// fails, so that EndDoc returns an error.
 std::string PortToPages(const ScratchFolder& folder);
 std::string PortToPageCount(const ScratchFolder& folder);
 inline constexpr char kFailingPort[] = "nul:";
 
-// The words of each page in their order, one blank between them. Waits for the pages of the last job.
+// The words of each page in order, separated by single blanks. Waits for the pages of the last job.
 std::vector<std::string> PrintedPages(const Program& program);
 
-// How many pages the last job had, where they are only counted. Waits for the number.
+// Number of pages of the last job on PortToPageCount. Waits for the number.
 int PrintedPageCount(const Program& program);
 
-// Words of the pages with their places on the paper, in points from the upper left corner.
+// Words of the pages with their positions on the paper, in points from the upper left corner.
 struct PrintedWord {
     double left = 0, top = 0, right = 0, bottom = 0;
-    std::string text;  // as XML has it
+    std::string text;  // with XML entities
 };
 std::vector<PrintedWord> PrintedWords(const Program& program);
 
-// Presses OK in the print dialog and waits until the job is over.
+// Presses OK in the print dialog and waits until the job is finished.
 void AcceptPrinter(const Program& program);

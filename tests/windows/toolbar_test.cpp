@@ -1,4 +1,4 @@
-// The toolbar: its buttons, what they do and what their tool-tips say.
+// The toolbar: its buttons, their commands and their tool tips.
 
 #include <algorithm>
 
@@ -15,7 +15,6 @@
 #include "tests/windows/search_steps.h"
 
 enum class Begins { kSeparator, kGreyed, kEnabled, kPressed, kAsItsOwner };
-
 
 struct ToolbarRow {
     int command;
@@ -69,7 +68,7 @@ static BYTE StateOf(const Program& program, const ToolbarRow& row) {
     return 0;
 }
 
-TEST(Toolbar, HasItsThirtyEntries) {
+TEST(Toolbar, HasThirtyEntries) {
     const Program program = StartProgram(FolderWithScripture());
     const std::vector<ToolButton> buttons = ToolButtons(program);
     ASSERT_EQ(buttons.size(), std::size(kToolbar));
@@ -86,7 +85,7 @@ TEST(Toolbar, HasItsThirtyEntries) {
     }
 }
 
-TEST(Toolbar, RunsTheCommandOfAClickedButton) {
+TEST(Toolbar, ClickRunsTheCommand) {
     const Program program = StartProgram(FolderWithScripture());
     const auto click = [&](int command) {
         const RECT button = ToolRect(program, command);
@@ -104,8 +103,8 @@ TEST(Toolbar, RunsTheCommandOfAClickedButton) {
     WaitForDialog(program, "Go To Verse");
 }
 
-// A greyed button can still be pressed; it must do nothing.
-TEST(Toolbar, RunsNothingThatIsGreyed) {
+// Greyed buttons can still be clicked (TBSTATE_INDETERMINATE), but must do nothing.
+TEST(Toolbar, IgnoresClicksOnGreyedButtons) {
     const Program program = StartProgram(FolderWithScripture());
     for (const int command : {IDM_CONTEXT, IDM_NOTE_FOR_LIST, IDM_COPY_VERSE_LIST, IDM_COPY_REFERENCES, IDM_CUT}) {
         const RECT button = ToolRect(program, command);
@@ -117,8 +116,8 @@ TEST(Toolbar, RunsNothingThatIsGreyed) {
     EXPECT_EQ(StatusPart(program, 2), "Genesis 1:1");
 }
 
-// The text that the frame gives for a command, whether the toolbar has a button for it or not: a tool is added to the
-// tool-tip control and asked for.
+// The tool tip that the frame supplies for a command, even if the toolbar has no button for it: adds a tool to the
+// tool-tip control and asks for its text.
 static std::string AnsweredTip(const Program& program, int command) {
     const HWND toolbar = Child(program.frame, {IDC_TOOLBAR});
     const auto tips = reinterpret_cast<HWND>(Ask(program, toolbar, TB_GETTOOLTIPS));
@@ -170,7 +169,7 @@ static constexpr TipRow kTips[] = {
     {IDM_VERSE_FOR_NOTE, "Read Verse for Current Note (F11)"},
 };
 
-TEST(ToolTips, AnswerForEachCommandOfTheirTableAndNoOther) {
+TEST(ToolTips, ExistForTheListedCommandsOnly) {
     const Program program = StartProgram(FolderWithScripture());
     for (int command = 95; command <= 200; ++command) {
         const auto* row =
@@ -179,13 +178,13 @@ TEST(ToolTips, AnswerForEachCommandOfTheirTableAndNoOther) {
     }
 }
 
-TEST(ToolTips, ShowUnderTheMouse) {
+TEST(ToolTips, AppearUnderTheMouse) {
     const Program program = StartProgram(FolderWithScripture());
     EXPECT_EQ(ToolTip(program, IDM_WORD_SEARCH), "Word(s) Search (Alt+W)");
     EXPECT_EQ(ToolTip(program, IDM_CONTEXT), "Read Context of Verse in Verse List (F12)");
 }
 
-TEST(ToolTips, NameTheVersesThatTheirCommandsWouldTake) {
+TEST(ToolTips, NameTheVerseThatTheCommandUses) {
     Program program = StartProgram(FolderWithScripture());
     Command(program, IDM_GOTO_BOOK + 43);
     EXPECT_EQ(AnsweredTip(program, IDM_NOTE_FOR_PASSAGE), "Note for Joh 1:1 (F10)");

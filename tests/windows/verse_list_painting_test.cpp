@@ -1,4 +1,4 @@
-// What the Verse List paints: labels, key words, italics, line breaks, marks of notes.
+// Painting of the Verse List: labels, key words, italics, line breaks, marks of notes.
 
 #include <windows.h>
 
@@ -15,7 +15,7 @@ static constexpr auto kItalic = Style::kItalic;
 static constexpr auto kBoldItalic = Style::kBoldItalic;
 static constexpr COLORREF kRed = RGB(255, 0, 0);
 
-// A folder whose key words are red, with a list some 600 pixels wide.
+// A folder whose settings make key words red and the list about 600 pixels wide.
 static ScratchFolder FolderWithRedKeyWords(int italics = 0) {
     const ScratchFolder folder = FolderWithScripture();
     WriteSetting(folder, "OPTIONS", "KeyHighlightColor", std::to_string(kRed));
@@ -25,7 +25,7 @@ static ScratchFolder FolderWithRedKeyWords(int italics = 0) {
     return folder;
 }
 
-// Searches, and lets the Passage have the focus: the caret stands in the first line of a pane.
+// Searches, then gives the Passage the focus, because the caret of a focused list would be in its first line.
 static void Show(Program& program, const Query& query, const char* range = "Ge - Re") {
     SetSearchRange(program, range);
     SearchFor(program, query);
@@ -71,7 +71,7 @@ static const ListPainting kPaintings[] = {
         {kRegular, "ah f"},
         {kBold, "o", kRed},
         {kRegular, "und grace in the eyes "}}}}},
-    // Typed twice, a word is marked twice; no mark is drawn.
+    // A word that is typed twice is marked twice; the second mark must not be drawn as text.
     {"DoubleMarks",
      {"end end"},
      "Ge 6:13",
@@ -103,7 +103,7 @@ static const ListPainting kPaintings[] = {
         {kRegular, " "},
         {kBold, "said", kRed},
         {kRegular, ", A bloody "}}}}},
-    // A word alone is marked as a word, even by the dialog for phrases.
+    // A phrase of one word is marked like a word.
     {"PhraseOfOneWord",
      {"he", IDM_PHRASE_SEARCH},
      "Ge 3:1",
@@ -145,11 +145,11 @@ static const ListPainting kPaintings[] = {
         {kRegular, " upon "}}}}},
 };
 
-struct VerseListPaints : testing::TestWithParam<ListPainting> {};
-INSTANTIATE_TEST_SUITE_P(Entry, VerseListPaints, testing::ValuesIn(kPaintings),
+struct VerseListPaintingCase : testing::TestWithParam<ListPainting> {};
+INSTANTIATE_TEST_SUITE_P(Entry, VerseListPaintingCase, testing::ValuesIn(kPaintings),
                          [](const auto& row) { return row.param.name; });
 
-TEST_P(VerseListPaints, TheseLines) {
+TEST_P(VerseListPaintingCase, ShowsTheExpectedLines) {
     Program program = StartProgram(FolderWithRedKeyWords(GetParam().italics));
     Show(program, GetParam().query, GetParam().range);
     EXPECT_EQ(WrongLines(VerseListOf(program), GetParam().lines), "");
@@ -160,14 +160,14 @@ TEST_P(VerseListPaints, TheseLines) {
 
 using Word = std::vector<PaintedPiece>;
 
-// The words in lines as they should break in a pane of this width.
+// The words wrapped into lines as expected for a pane of this width.
 static std::vector<PaintedLine> Broken(const std::vector<Word>& words, int width) {
     std::vector<PaintedLine> lines{{{}, false}};
     int x = lines.back().left;
     for (const Word& word : words) {
         const int wordWidth = WidthOf(word) - 1;
         if (x + wordWidth >= width) {
-            lines.push_back({{}, false, LineHeightOf()});  // the indent of what goes on
+            lines.push_back({{}, false, LineHeightOf()});  // continuation lines are indented
             x = LineHeightOf();
         }
         lines.back().pieces.insert(lines.back().pieces.end(), word.begin(), word.end());
@@ -186,7 +186,7 @@ static std::vector<Word> PlainWords(const std::string& text) {
     return words;
 }
 
-TEST(VerseListPainting, IndentsWhatGoesOn) {
+TEST(VerseListPainting, IndentsContinuationLines) {
     Program program = StartProgram(FolderWithRedKeyWords());
     Show(program, {"grace"}, "Ge 6:8");
     std::vector<Word> words = PlainWords("But Noah found grace in the eyes of the LORD. ");
@@ -202,8 +202,8 @@ TEST(VerseListPainting, IndentsWhatGoesOn) {
     SavePicture(PictureOfWindow(program.frame), "verse-list-narrow");
 }
 
-// A word that would reach the right edge exactly does not fit.
-TEST(VerseListPainting, BreaksWhereAWordReachesTheEdge) {
+// A word must end at least one pixel before the right edge, or it goes to the next line.
+TEST(VerseListPainting, WrapsBeforeAWordThatEndsAtTheEdge) {
     Program program = StartProgram(FolderWithRedKeyWords());
     Show(program, {"Jesus wept", IDM_PHRASE_SEARCH});
     const HWND pane = VerseListOf(program);
@@ -212,7 +212,7 @@ TEST(VerseListPainting, BreaksWhereAWordReachesTheEdge) {
     const std::vector<Word> words = {
         {{kBold, "Joh 11:35 "}}, {{kBold, "Jesus", kRed}, {kRegular, " "}}, {{kBold, "wept", kRed}, {kRegular, ". "}}};
     for (const int room : {whole + 1, whole, whole - 1}) {
-        // The list takes half of the frame, so that two pixels of the frame are one of the list.
+        // The list takes half of the width, so the frame must grow by two pixels for each pixel of the list.
         const int missing = room - static_cast<int>(ClientRectOf(pane).right);
         const RECT frame = RectOnScreen(program.frame);
         PlaceFrame(program, {frame.left, frame.top, frame.right + 2 * missing, frame.bottom});
@@ -223,8 +223,8 @@ TEST(VerseListPainting, BreaksWhereAWordReachesTheEdge) {
     }
 }
 
-// "([is]": what stands before the bracket is no part of the italics.
-TEST(VerseListPainting, BeginsItalicsWithinAWord) {
+// "([is]": what precedes the bracket is not in italics.
+TEST(VerseListPainting, CanStartItalicsWithinAWord) {
     for (const int italics : {0, 1, 2}) {
         Program program = StartProgram(FolderWithRedKeyWords(italics));
         Show(program, {"escape"}, "Ge 19:20");
@@ -254,7 +254,7 @@ TEST(VerseListPainting, BeginsItalicsWithinAWord) {
 
 // ---- Marks and colours ----------------------------------------------------------------------------------------------
 
-TEST(VerseListPainting, StarsVersesWithANote) {
+TEST(VerseListPainting, MarksVersesThatHaveANote) {
     const ScratchFolder folder = FolderWithRedKeyWords();
     WriteNoteSet(folder, "Mine", {{145, "Grace."}});
     Program program = StartProgram(folder);
@@ -264,7 +264,7 @@ TEST(VerseListPainting, StarsVersesWithANote) {
               "");
 }
 
-TEST(VerseListPainting, UsesTheSystemsHighlightUnlessAnotherIsChosen) {
+TEST(VerseListPainting, UsesTheSystemHighlightColorByDefault) {
     Program program = StartProgram(FolderWithScripture());
     Show(program, {"grace"}, "Ge 6:8");
     EXPECT_EQ(
@@ -274,7 +274,7 @@ TEST(VerseListPainting, UsesTheSystemsHighlightUnlessAnotherIsChosen) {
         "");
 }
 
-TEST(VerseListPainting, HighlightsNothingOnceTheListIsEmpty) {
+TEST(VerseListPainting, ShowsNothingForAnEmptyList) {
     Program program = StartProgram(FolderWithRedKeyWords());
     Show(program, {"grace"});
     const HWND pane = VerseListOf(program);
@@ -285,7 +285,7 @@ TEST(VerseListPainting, HighlightsNothingOnceTheListIsEmpty) {
     EXPECT_EQ(CountColors(PictureOfClient(pane), ClientRectOf(pane)), 1);
 }
 
-TEST(VerseListPainting, TakesTheChosenFont) {
+TEST(VerseListPainting, UsesTheChosenFont) {
     const ScratchFolder folder = FolderWithRedKeyWords();
     WriteSetting(folder, "OPTIONS", "VerseListFontName", "Arial");
     WriteSetting(folder, "OPTIONS", "VerseListFontHeight", "24");

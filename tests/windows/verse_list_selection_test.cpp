@@ -1,4 +1,4 @@
-// Words selected in the Verse List with the mouse: what is inverted, what Copy takes, what the commands mean by it.
+// Selecting words in the Verse List with the mouse: what is inverted and copied, and which entry commands use.
 
 #include <windows.h>
 
@@ -13,7 +13,7 @@ using testing::StartsWith;
 
 static constexpr COLORREF kRed = RGB(255, 0, 0);
 
-// A program whose list, half of a wide frame, has red key words.
+// Starts the program with a wide frame and red key words.
 static Program StartWide(const char* brackets = "0") {
     const ScratchFolder folder = FolderWithScripture();
     WriteSetting(folder, "OPTIONS", "KeyHighlightColor", std::to_string(kRed));
@@ -28,7 +28,7 @@ static void Find(Program& program, const Query& query, const char* range = "Ge -
     SearchFor(program, query);
 }
 
-// The list of John 11:35 and 36, which then has the focus.
+// Lists John 11:35 and 36 and focuses the list.
 static void FindWeeping(Program& program) {
     Find(program, {"Jesus Jews", IDM_WORD_SEARCH, IDC_ANY_WORD}, "Joh 11:35 - Joh 11:36");
 }
@@ -48,10 +48,9 @@ static int LinesDown(int lines) {
     return LineHeightOf() * lines + LineHeightOf() / 2;
 }
 
-// ---- Words
-// -----------------------------------------------------------------------------------------------------------
+// ---- Words ----------------------------------------------------------------------------------------------------------
 
-TEST(VerseListSelection, IsInvertedAndCopiedOverEntries) {
+TEST(VerseListSelection, IsInvertedAndCopiedAcrossEntries) {
     Program program = StartWide();
     FindWeeping(program);
     const HWND pane = VerseListOf(program);
@@ -65,7 +64,7 @@ TEST(VerseListSelection, IsInvertedAndCopiedOverEntries) {
         {{0, 0}, {1, 0}, " Joh 11:35 Jesus wept. \r\n Joh 11:36 "},
         {{0, 0}, {0, 0}, " Joh 11:35 "},
         {{0, 3}, {0, 3}, "wept. "},
-        // A following entry whose last word is taken keeps its line end.
+        // If the last word of a later entry is selected, its line end is copied too.
         {{0, 3}, {1, 10}, "wept. \r\n Joh 11:36 Then said the Jews, Behold how he loved him!\r\n"},
         {{1, 10}, {1, 10}, "him! "},
     };
@@ -75,14 +74,14 @@ TEST(VerseListSelection, IsInvertedAndCopiedOverEntries) {
         EXPECT_EQ(WrongAfterDrag(program, pane, lines, to, from), "") << copy;
         EXPECT_EQ(Copied(program), copy) << "dragged the other way";
     }
-    // A selected key word has the selection's colours, with the blank and the mark behind it.
+    // A selected key word has the colours of the selection, including the blank or punctuation after it.
     Drag(program, pane, MiddleOf(lines, {1, 4}), MiddleOf(lines, {0, 1}));
     EXPECT_EQ(WrongLines(pane, WithSelected(lines, {0, 1}, {1, 5})), "");
     EXPECT_EQ(Copied(program), "Jesus wept. \r\n Joh 11:36 Then said the Jews, ");
     SavePicture(PictureOfWindow(program.frame), "verse-list-selection");
 }
 
-TEST(VerseListSelection, IsCopiedAlikeInEveryItalicsMode) {
+TEST(VerseListSelection, CopyIsTheSameInEveryItalicsMode) {
     for (const char* brackets : {"0", "1"}) {
         Program program = StartWide(brackets);
         Find(program, {"Reuben"}, "Ge 37:21");
@@ -109,7 +108,7 @@ TEST(VerseListSelection, IsCopiedAlikeInEveryItalicsMode) {
     }
 }
 
-TEST(VerseListSelection, ReachesToTheEndOfALineAndNotBelowTheLast) {
+TEST(VerseListSelection, ReachesTheEndOfALineButNotBelowTheLast) {
     Program program = StartWide();
     const HWND pane = VerseListOf(program);
     Command(program, IDM_FOCUS_LIST);
@@ -132,9 +131,9 @@ TEST(VerseListSelection, ReachesToTheEndOfALineAndNotBelowTheLast) {
     EXPECT_EQ(Copied(program), "Then said the ") << "the last word that the mouse was on";
 }
 
-// ---- The mouse at the edges ---------------------------------------------------------------------------------------
+// ---- The mouse at the edges -----------------------------------------------------------------------------------------
 
-TEST(VerseListSelection, ScrollsAnEntryAMoveAtTheEdges) {
+TEST(VerseListSelection, ScrollsOneEntryPerMoveNearTheEdges) {
     Program program = StartWide();
     Find(program, {"grace"});
     const HWND pane = VerseListOf(program);
@@ -159,9 +158,9 @@ TEST(VerseListSelection, ScrollsAnEntryAMoveAtTheEdges) {
     LetMouseGo(program);
 }
 
-TEST(VerseListSelection, PaintsNothingWhileTheMouseStaysOnAWord) {
+TEST(VerseListSelection, DoesNotRepaintWhileTheMouseStaysOnAWord) {
     Program program = StartWide();
-    Command(program, IDM_VIEW_NOTES);  // for a pane that is high enough for the spot
+    Command(program, IDM_VIEW_NOTES);  // hides the notes to make the pane high enough for the spot
     FindWeeping(program);
     const HWND pane = VerseListOf(program);
     const POINT then = MiddleOf(Weeping(), {1, 1});
@@ -177,7 +176,7 @@ TEST(VerseListSelection, PaintsNothingWhileTheMouseStaysOnAWord) {
 
 // ---- Focus, commands, searches, the clipboard -----------------------------------------------------------------------
 
-TEST(VerseListSelection, GoesWithTheFocus) {
+TEST(VerseListSelection, IsClearedWhenTheFocusIsLost) {
     Program program = StartWide();
     FindWeeping(program);
     const HWND pane = VerseListOf(program);
@@ -192,28 +191,28 @@ TEST(VerseListSelection, GoesWithTheFocus) {
         EXPECT_EQ(Copied(program), "(nothing)");
         Drag(program, pane, MiddleOf(lines, {1, 1}), MiddleOf(lines, {1, 3}));
         EXPECT_EQ(FocusOf(program), pane);
-        EXPECT_FALSE(CanCopy(program)) << "the first press only gives the focus";
+        EXPECT_FALSE(CanCopy(program)) << "the first click only sets the focus";
         EXPECT_EQ(WrongLines(pane, lines), "");
     }
 }
 
-TEST(VerseListSelection, IsTheEntryThatCommandsMean) {
+TEST(VerseListSelection, CommandsUseTheEntryWhereItBegan) {
     Program program = StartWide();
     FindWeeping(program);
     const HWND pane = VerseListOf(program);
     const std::vector<PaintedLine> lines = Weeping();
     Drag(program, pane, MiddleOf(lines, {1, 2}), MiddleOf(lines, {0, 3}));
     Press(program, "Enter");
-    EXPECT_EQ(Top(program), "John 11:36") << "Enter goes by where the drag began";
+    EXPECT_EQ(Top(program), "John 11:36") << "Enter uses the entry where the drag began";
     Press(program, "F12");
-    EXPECT_EQ(Top(program), "John 11:35") << "F12 by the first selected entry";
+    EXPECT_EQ(Top(program), "John 11:35") << "F12 uses the first selected entry";
     Press(program, "Delete");
     EXPECT_FALSE(CanCopy(program));
     EXPECT_THAT(ListStrings(ReferenceListOf(program)), testing::ElementsAre("John 11:35"));
     EXPECT_EQ(WrongLines(pane, {lines[0], {{}, false}}), "");
 }
 
-TEST(VerseListSelection, IsWhatSearchesBeginWithAndNamesAHeldClipboard) {
+TEST(VerseListSelection, IsUsedAsSearchTextAndCopyReportsAHeldClipboard) {
     Program program = StartWide();
     Find(program, {"grace"});
     const HWND pane = VerseListOf(program);

@@ -1,4 +1,4 @@
-// The Verse List and the Reference List at work: keys, scrolling, deleting, reading in context, the two views in step.
+// The Verse List and the Reference List: keys, scrolling, deleting, reading in context, keeping both views in sync.
 
 #include <windows.h>
 
@@ -47,7 +47,7 @@ struct KeyStep {
     const char* entry;  // status part 1
 };
 
-TEST(VerseList, IsWalkedByKeys) {
+TEST(VerseList, FollowsTheKeys) {
     static constexpr KeyStep kSteps[] = {
         {"Up", 0, "Genesis 6:8"},          {"Down", 1, "Genesis 19:19"},     {"Down", 2, "Genesis 32:5"},
         {"Up", 1, "Genesis 19:19"},        {"End", 158, "Revelation 22:21"}, {"Down", 158, "Revelation 22:21"},
@@ -67,8 +67,8 @@ TEST(VerseList, IsWalkedByKeys) {
     EXPECT_EQ(StatusPart(program, kSummary), "159 verses, 170 occurrences");
 }
 
-// Proverbs fit into one line of a wide list, so that a page is known beforehand.
-TEST(VerseList, TurnsPagesByWhatIsSeen) {
+// Proverbs fit on one line of a wide list, so the number of entries on a page is known.
+TEST(VerseList, PageMovesByTheVisibleEntries) {
     Program program = StartProgram(FolderWithScripture());
     Press(program, "F3");
     PlaceFrame(program, {0, 0, 1280, 560});
@@ -76,7 +76,7 @@ TEST(VerseList, TurnsPagesByWhatIsSeen) {
     SearchFor(program, {"wise"});
     const int last = 36;
     const int height = static_cast<int>(ClientRectOf(VerseListOf(program)).bottom);
-    const int page = (height + LineHeightOf() - 1) / LineHeightOf() - 1;  // entries from the top one to the last seen
+    const int page = (height + LineHeightOf() - 1) / LineHeightOf() - 1;  // from the top entry to the last visible one
     ASSERT_GT(page, 3);
     ASSERT_LT(page, 18);
     EXPECT_EQ(VerticalScroll(program, VerseListOf(program)).highest, last);
@@ -94,8 +94,8 @@ TEST(VerseList, TurnsPagesByWhatIsSeen) {
     }
 }
 
-// Where entries take several lines, a page back ends at what was the top.
-TEST(VerseList, TurnsBackToWhereItCameFrom) {
+// Even if entries take several lines, page up must move the old top entry to the bottom.
+TEST(VerseList, PageDownUndoesPageUp) {
     Program program = StartProgram(FolderWithScripture());
     SearchFor(program, {"grace"});
     for (const int top : {40, 101, 158}) {
@@ -105,7 +105,7 @@ TEST(VerseList, TurnsBackToWhereItCameFrom) {
         EXPECT_LT(before, top);
         Press(program, "PgDn");
         EXPECT_EQ(Position(program), top);
-        ScrollList(program, SB_THUMBPOSITION, before - 1);  // from one entry earlier it was not seen
+        ScrollList(program, SB_THUMBPOSITION, before - 1);  // one entry earlier, the old top is not visible
         Press(program, "PgDn");
         EXPECT_LT(Position(program), top);
     }
@@ -129,7 +129,7 @@ TEST(VerseList, FollowsItsScrollBar) {
     EXPECT_EQ(StatusPart(program, kEntry), References(program)[57]);
 }
 
-TEST(VerseList, FollowsTheWheelByTheSystemsLines) {
+TEST(VerseList, WheelMovesByTheSystemsNumberOfLines) {
     int lines = 0;
     SystemParametersInfoA(SPI_GETWHEELSCROLLLINES, 0, &lines, 0);
     ASSERT_GT(lines, 0);
@@ -143,7 +143,7 @@ TEST(VerseList, FollowsTheWheelByTheSystemsLines) {
     Wheel(program, pane, 1);
     EXPECT_EQ(Position(program), lines);
     Command(program, IDM_FOCUS_PASSAGE);
-    Wheel(program, pane, -1);  // the focus may be elsewhere
+    Wheel(program, pane, -1);  // scrolls without the focus too
     EXPECT_EQ(Position(program), 2 * lines);
     EXPECT_EQ(Top(program), "Genesis 1:1");
     Press(program, "Alt+1");
@@ -152,7 +152,7 @@ TEST(VerseList, FollowsTheWheelByTheSystemsLines) {
     EXPECT_EQ(Position(program), 158);
 }
 
-TEST(VerseList, KeepsItsPlaceWhenTheFrameIsSized) {
+TEST(VerseList, KeepsItsPositionWhenResized) {
     Program program = StartProgram(FolderWithScripture());
     SearchFor(program, {"grace"});
     ScrollList(program, SB_THUMBPOSITION, 57);
@@ -166,7 +166,7 @@ TEST(VerseList, KeepsItsPlaceWhenTheFrameIsSized) {
 
 // ---- Focus ----------------------------------------------------------------------------------------------------------
 
-TEST(VerseList, GivesAndTakesTheFocus) {
+TEST(VerseList, FocusMovesByKeysAndClicks) {
     Program program = StartProgram(FolderWithScripture());
     SearchFor(program, {"grace"});
     EXPECT_EQ(FocusOf(program), VerseListOf(program));
@@ -175,11 +175,11 @@ TEST(VerseList, GivesAndTakesTheFocus) {
     Press(program, "Alt+1");
     EXPECT_EQ(FocusOf(program), VerseListOf(program));
     Press(program, "Alt+2");
-    Click(program, VerseListOf(program));  // takes the focus and no more
+    Click(program, VerseListOf(program));  // only sets the focus
     EXPECT_EQ(FocusOf(program), VerseListOf(program));
     EXPECT_TRUE(IsGreyed(program, IDM_COPY));
     Press(program, "F2");
-    Press(program, "Alt+1");  // shows what is hidden
+    Press(program, "Alt+1");  // shows the hidden list
     EXPECT_TRUE(IsTicked(program, IDM_VIEW_LIST));
     EXPECT_EQ(FocusOf(program), VerseListOf(program));
     ShowReferences(program);
@@ -208,7 +208,7 @@ TEST(VerseList, HasACaretAsHighAsALine) {
 
 // ---- Deleting -------------------------------------------------------------------------------------------------------
 
-TEST(VerseListDelete, TakesTheTopEntryOutOfBothViews) {
+TEST(VerseListDelete, RemovesTheTopEntryFromBothViews) {
     Program program = StartProgram(FolderWithScripture());
     SearchFor(program, {"propitiation"});
     Press(program, "Down");
@@ -217,17 +217,17 @@ TEST(VerseListDelete, TakesTheTopEntryOutOfBothViews) {
     EXPECT_EQ(Position(program), 1);
     EXPECT_EQ(VerticalScroll(program, VerseListOf(program)).highest, 1);
     EXPECT_EQ(StatusPart(program, kSummary), "");
-    EXPECT_EQ(StatusPart(program, kEntry), "1 John 4:10");  // written by the repaint
+    EXPECT_EQ(StatusPart(program, kEntry), "1 John 4:10");  // updated when the list is painted
     EXPECT_FALSE(IsGreyed(program, IDM_CONTEXT));
     EXPECT_TRUE(IsGreyed(program, IDM_COPY));
 
-    Press(program, "Delete");  // the last entry: the one before becomes the top
+    Press(program, "Delete");  // of the last entry: the previous one becomes the top
     EXPECT_THAT(References(program), ElementsAre("Romans 3:25"));
     EXPECT_EQ(Position(program), 0);
     EXPECT_EQ(StatusPart(program, kEntry), "Romans 3:25");
 }
 
-TEST(VerseListDelete, GreysTheCommandsWithTheLastEntry) {
+TEST(VerseListDelete, OfTheLastEntryGreysTheListCommands) {
     Program program = StartProgram(FolderWithScripture());
     SearchFor(program, {"Jesus wept", IDM_PHRASE_SEARCH});
     EXPECT_NE(ToolState(program, IDM_NOTE_FOR_LIST), TBSTATE_ENABLED | TBSTATE_INDETERMINATE);
@@ -248,8 +248,8 @@ TEST(VerseListDelete, GreysTheCommandsWithTheLastEntry) {
     EXPECT_EQ(CountColors(PictureOfClient(pane), ClientRectOf(pane)), 1);
 }
 
-// The pane knows the command, the frame and the Reference List do not.
-TEST(VerseListDelete, IsThePanesOwn) {
+// Only the Verse List handles the command; the frame and the Reference List do not.
+TEST(VerseListDelete, IsHandledByThePaneOnly) {
     Program program = StartProgram(FolderWithScripture());
     SearchFor(program, {"propitiation"});
     Command(program, IDM_DELETE_ENTRY);
@@ -260,17 +260,17 @@ TEST(VerseListDelete, IsThePanesOwn) {
     PostMessageA(VerseListOf(program), WM_COMMAND, IDM_DELETE_ENTRY, 0);
     Settle(program);
     EXPECT_THAT(References(program), ElementsAre("1 John 2:2", "1 John 4:10"));
-    EXPECT_EQ(StatusPart(program, kEntry), "");  // no repaint writes it while the pane is hidden
+    EXPECT_EQ(StatusPart(program, kEntry), "");  // not updated, because a hidden pane is not painted
 }
 
 // ---- Reading in context ---------------------------------------------------------------------------------------------
 
-TEST(ReadContext, BringsTheTopEntryIntoThePassage) {
+TEST(ReadContext, ShowsTheTopEntryInThePassage) {
     Program program = StartProgram(FolderWithScripture());
     SearchFor(program, {"grace"});
     Press(program, "Enter");
     EXPECT_EQ(Top(program), "Genesis 6:8");
-    EXPECT_EQ(StatusPart(program, kNote), "Genesis 6:8");  // notes are bound to the passage
+    EXPECT_EQ(StatusPart(program, kNote), "Genesis 6:8");  // notes are bound to the Passage
     EXPECT_EQ(FocusOf(program), VerseListOf(program));
     Press(program, "Down");
     Press(program, "F12");
@@ -281,13 +281,13 @@ TEST(ReadContext, BringsTheTopEntryIntoThePassage) {
     EXPECT_EQ(Top(program), "Revelation 22:21");
     Command(program, IDM_NOTE_FOR_LIST);
     EXPECT_EQ(StatusPart(program, kNote), "Revelation 22:21");
-    PostMessageA(VerseListOf(program), WM_COMMAND, IDM_CONTEXT, 0);  // the pane hands it on
+    PostMessageA(VerseListOf(program), WM_COMMAND, IDM_CONTEXT, 0);  // the pane forwards it to the frame
     Settle(program);
     EXPECT_EQ(Top(program), "Revelation 22:21");
     SavePicture(PictureOfWindow(program.frame), "read-context");
 }
 
-TEST(ReadContext, ShowsAHiddenPassageByItsCommand) {
+TEST(ReadContext, ShowsAHiddenPassage) {
     Program program = StartProgram(FolderWithScripture());
     Press(program, "F3");
     Command(program, IDM_CONTEXT);  // even in an empty list
@@ -305,7 +305,7 @@ static POINT MiddleOfLine(const Program& program, int line) {
     return {30, line * height + height / 2};
 }
 
-TEST(ReadContext, GoesByTheChosenLineOfTheReferenceList) {
+TEST(ReadContext, UsesTheChosenLineOfTheReferenceList) {
     Program program = StartProgram(FolderWithScripture());
     SearchFor(program, {"propitiation"});
     ShowReferences(program);
@@ -320,7 +320,7 @@ TEST(ReadContext, GoesByTheChosenLineOfTheReferenceList) {
     Press(program, "F12");
     EXPECT_EQ(Top(program), "Romans 3:25");
     EXPECT_EQ(ToolTip(program, IDM_CONTEXT), "Read Context of Ro 3:25 (F12)");
-    Press(program, "Shift+Down");  // several lines: the one reached last
+    Press(program, "Shift+Down");  // with several lines selected, the last one reached is used
     Press(program, "F12");
     EXPECT_EQ(Top(program), "1 John 2:2");
     Press(program, "F9");
@@ -328,7 +328,7 @@ TEST(ReadContext, GoesByTheChosenLineOfTheReferenceList) {
     SavePicture(PictureOfWindow(program.frame), "reference-list-chosen");
 }
 
-TEST(ReadContext, StaysInStepAfterADeletion) {
+TEST(ReadContext, UsesTheRightVerseAfterADeletion) {
     Program program = StartProgram(FolderWithScripture());
     SearchFor(program, {"fellowship"});
     Press(program, "Delete");
@@ -361,7 +361,7 @@ TEST(ListViews, KeepTheirContentWhileTheOtherIsShown) {
     EXPECT_TRUE(IsRectEmpty(&changed));
 }
 
-TEST(ListViews, SwallowCommandsOfTheirTabs) {
+TEST(ListViews, TabControlDoesNotForwardOtherCommands) {
     Program program = StartProgram(FolderWithScripture());
     SearchFor(program, {"propitiation"});
     const HWND tabs = Child(program.frame, {IDC_LIST_TABS});
@@ -375,7 +375,7 @@ TEST(ListViews, SwallowCommandsOfTheirTabs) {
 
 // ---- The empty list -------------------------------------------------------------------------------------------------
 
-TEST(EmptyList, TakesKeysAndCommandsWithoutHarm) {
+TEST(EmptyList, IgnoresKeysAndCommands) {
     Program program = StartProgram(FolderWithScripture());
     Press(program, "Alt+1");
     EXPECT_EQ(FocusOf(program), VerseListOf(program));
