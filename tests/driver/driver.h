@@ -175,7 +175,7 @@ void Type(const Program& program, std::string_view text);
 enum class MouseButton { Left, Right };
 void Click(const Program& program, HWND window, POINT point, MouseButton button = MouseButton::Left);
 void Click(const Program& program, HWND window);  // in its middle
-void DoubleClick(const Program& program, HWND window, POINT point);
+void DoubleClick(const Program& program, HWND window, POINT point, MouseButton button = MouseButton::Left);
 void Drag(const Program& program, HWND window, POINT from, POINT to);
 // Parts of a drag; the point may lie outside the window.
 void HoldMouse(const Program& program, HWND window, POINT point);  // moves there and presses the left button
