@@ -157,6 +157,7 @@ HWND WaitForDialog(const Program& program, std::string_view title);
 void WaitForNoDialog(const Program& program);  // until none is open
 bool HasDialog(const Program& program);
 std::string MessageText(HWND messageBox);         // the text of a message box
+std::string IconOf(HWND messageBox);              // "stop", "question", "exclamation", "information" or "none"
 std::vector<std::string> ButtonsOf(HWND dialog);  // texts of its visible push buttons, in Tab order
 bool IsChecked(HWND dialog, int id);              // a check box or radio button
 

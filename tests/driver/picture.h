@@ -20,6 +20,9 @@ Picture PictureOfScreen(const RECT& area);
 // What the screen shows where `window` stands, its frame included; other windows in front of it are in the picture.
 Picture PictureOfWindow(HWND window);
 
+// The icon as a window of this background shows it.
+Picture PictureOfIcon(HICON icon, int width, int height, std::uint32_t background);
+
 // Colour at a point counted from the picture's upper left; the point must lie inside.
 std::uint32_t ColorAt(const Picture& picture, int x, int y);
 
