@@ -1,4 +1,4 @@
-// Encodes the five scripture files. The formats are described in scripture/scripture_files.h and search/word_index.h.
+// Encodes the five scripture files. The formats are described in scripture/scripture.h and search/word_index.h.
 #pragma once
 
 #include <vector>

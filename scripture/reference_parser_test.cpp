@@ -27,6 +27,8 @@ TEST(ParseReference, ReadsBookChapterAndVerse) {
         {"Joh 3:16", "Joh 3:16"},
         {"john 3.16", "Joh 3:16"},
         {"JOHN 3:16", "Joh 3:16"},
+        {"acts 2:1", "Ac 2:1"},  // the first letter of the alphabet, and the last
+        {"ZEPHANIAH 2:1", "Zep 2:1"},
         {"John 3 : 16", "Joh 3:16"},
         {"John3:16", "Joh 3:16"},
         {"Joh,3:16", "Joh 3:16"},

@@ -41,6 +41,34 @@ std::string MessageText(HWND messageBox) {
     return "";
 }
 
+static bool ShowsIcon(HWND window) {
+    return ClassOf(window) == "Static" && (GetWindowLongPtrA(window, GWL_STYLE) & SS_TYPEMASK) == SS_ICON &&
+           SendMessageA(window, STM_GETICON, 0, 0) != 0 && IsWindowVisible(window);
+}
+
+// The handle is of use in the program alone, so the system's icons are told apart by what they look like.
+static std::string NameOfIcon(HWND control) {
+    static const struct {
+        const char* name;
+        LPSTR icon;
+    } kIcons[] = {{"stop", IDI_HAND},
+                  {"question", IDI_QUESTION},
+                  {"exclamation", IDI_EXCLAMATION},
+                  {"information", IDI_ASTERISK}};
+    const Picture seen = PictureOfWindow(control);
+    for (const auto& [name, icon] : kIcons) {
+        const Picture own = PictureOfIcon(LoadIconA(nullptr, icon), seen.width, seen.height, ColorAt(seen, 0, 0));
+        if (own.pixels == seen.pixels) return name;
+    }
+    return "one of its own";
+}
+
+std::string IconOf(HWND messageBox) {
+    for (const HWND child : ChildrenOf(messageBox))
+        if (ShowsIcon(child)) return NameOfIcon(child);
+    return "none";
+}
+
 static bool IsPushButton(HWND window) {
     const LONG_PTR type = GetWindowLongPtrA(window, GWL_STYLE) & BS_TYPEMASK;
     return ClassOf(window) == "Button" && (type == BS_PUSHBUTTON || type == BS_DEFPUSHBUTTON);

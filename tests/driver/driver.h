@@ -144,6 +144,7 @@ HWND WaitForDialog(const Program& program, std::string_view title);
 void WaitForNoDialog(const Program& program);  // until none is open
 bool HasDialog(const Program& program);
 std::string MessageText(HWND messageBox);         // the text of a message box
+std::string IconOf(HWND messageBox);              // "stop", "question", "exclamation", "information" or "none"
 std::vector<std::string> ButtonsOf(HWND dialog);  // texts of its visible push buttons, in Tab order
 bool IsChecked(HWND dialog, int id);              // a check box or radio button
 
@@ -162,7 +163,7 @@ void Type(const Program& program, std::string_view text);
 enum class MouseButton { Left, Right };
 void Click(const Program& program, HWND window, POINT point, MouseButton button = MouseButton::Left);
 void Click(const Program& program, HWND window);  // in its middle
-void DoubleClick(const Program& program, HWND window, POINT point);
+void DoubleClick(const Program& program, HWND window, POINT point, MouseButton button = MouseButton::Left);
 void Drag(const Program& program, HWND window, POINT from, POINT to);
 // Parts of a drag; the point may be outside the window.
 void HoldMouse(const Program& program, HWND window, POINT point);  // moves there and presses the left button

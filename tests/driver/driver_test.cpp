@@ -122,6 +122,7 @@ TEST(Driver, ReadsAMessageBox) {
     Press(program, "Enter");
     const HWND box = WaitForDialog(program, "Complaint");
     EXPECT_EQ(MessageText(box), "First line.\nSecond \"line\".");
+    EXPECT_EQ(IconOf(box), "stop");
     EXPECT_THAT(ButtonsOf(box), ElementsAre("OK", "Cancel"));
 }
 

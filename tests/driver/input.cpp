@@ -158,10 +158,12 @@ void Click(const Program& program, HWND window) {
     Click(program, window, {rect.right / 2, rect.bottom / 2});
 }
 
-void DoubleClick(const Program& program, HWND window, POINT point) {
+void DoubleClick(const Program& program, HWND window, POINT point, MouseButton button) {
     LetDoubleClickTimePass(window, point);
-    SendEvents({MoveTo(window, point), MouseEvent(MOUSEEVENTF_LEFTDOWN), MouseEvent(MOUSEEVENTF_LEFTUP),
-                MouseEvent(MOUSEEVENTF_LEFTDOWN), MouseEvent(MOUSEEVENTF_LEFTUP)});
+    const bool isLeft = button == MouseButton::Left;
+    const INPUT down = MouseEvent(isLeft ? MOUSEEVENTF_LEFTDOWN : MOUSEEVENTF_RIGHTDOWN);
+    const INPUT up = MouseEvent(isLeft ? MOUSEEVENTF_LEFTUP : MOUSEEVENTF_RIGHTUP);
+    SendEvents({MoveTo(window, point), down, up, down, up});
     lastPress = std::chrono::steady_clock::now();
     Settle(program);
 }

@@ -4,6 +4,7 @@
 #include <array>
 #include <chrono>
 #include <fstream>
+#include <functional>
 #include <set>
 #include <string_view>
 #include <thread>
@@ -98,12 +99,8 @@ bool SavePicture(const Picture& picture, const std::string& name) {
     return file.good();
 }
 
-static Picture LookAtScreen(const RECT& area) {
-    const RECT screen{0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
-    RECT seen;
-    if (!IntersectRect(&seen, &area, &screen)) return {};
-
-    Picture picture{seen.right - seen.left, seen.bottom - seen.top, {}};
+static Picture Drawn(int width, int height, const std::function<void(HDC canvas, HDC screen)>& draw) {
+    Picture picture{width, height, {}};
     BITMAPINFO info{};
     info.bmiHeader = {sizeof(BITMAPINFOHEADER), picture.width, -picture.height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
     const HDC screenDc = GetDC(nullptr);
@@ -111,7 +108,7 @@ static Picture LookAtScreen(const RECT& area) {
     void* bits = nullptr;
     const HBITMAP bitmap = CreateDIBSection(memory, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
     const HGDIOBJ previous = SelectObject(memory, bitmap);
-    BitBlt(memory, 0, 0, picture.width, picture.height, screenDc, seen.left, seen.top, SRCCOPY);
+    draw(memory, screenDc);
     GdiFlush();
     const auto* first = static_cast<const std::uint32_t*>(bits);
     picture.pixels.assign(first, first + static_cast<std::size_t>(picture.width) * picture.height);
@@ -121,6 +118,26 @@ static Picture LookAtScreen(const RECT& area) {
     DeleteDC(memory);
     ReleaseDC(nullptr, screenDc);
     return picture;
+}
+
+static Picture LookAtScreen(const RECT& area) {
+    const RECT screen{0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
+    RECT seen;
+    if (!IntersectRect(&seen, &area, &screen)) return {};
+    const int width = seen.right - seen.left;
+    const int height = seen.bottom - seen.top;
+    return Drawn(width, height, [&](HDC canvas, HDC screenDc) {
+        BitBlt(canvas, 0, 0, width, height, screenDc, seen.left, seen.top, SRCCOPY);
+    });
+}
+
+Picture PictureOfIcon(HICON icon, int width, int height, std::uint32_t background) {
+    return Drawn(width, height, [&](HDC canvas, HDC) {
+        const COLORREF color = RGB(background >> 16 & 0xFF, background >> 8 & 0xFF, background & 0xFF);
+        const HBRUSH brush = CreateSolidBrush(color);
+        DrawIconEx(canvas, 0, 0, icon, width, height, 0, brush, DI_NORMAL);
+        DeleteObject(brush);
+    });
 }
 
 // The program and this process have separate connections to the X server, so a first picture may miss what the program

@@ -20,6 +20,9 @@ Picture PictureOfScreen(const RECT& area);
 // Picture of the screen area of `window` including its frame; windows in front of it are in the picture.
 Picture PictureOfWindow(HWND window);
 
+// The icon as a window of this background shows it.
+Picture PictureOfIcon(HICON icon, int width, int height, std::uint32_t background);
+
 // Colour at a point relative to the picture's upper left corner; the point must be inside the picture.
 std::uint32_t ColorAt(const Picture& picture, int x, int y);
 

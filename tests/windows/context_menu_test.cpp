@@ -164,6 +164,22 @@ TEST(NoteMenu, EnablesItemsForTheSelectionAndTheList) {
     LeaveMenu(program);
 }
 
+// The first click of a double click has opened the menu already. Where it is left in between, and soon enough, the
+// second comes as a double click.
+TEST(NoteMenu, OpensByARightDoubleClickToo) {
+    const std::vector<std::string> rows = NoteRows(" (greyed)", " (greyed)", " (ticked)");
+    Program program = StartProgram(FolderWithScripture());
+    const HWND view = NoteViewOf(program);
+    DoubleClick(program, view, kMiddle, MouseButton::Right);
+    EXPECT_THAT(Described(OpenMenuLines(program)), ElementsAreArray(rows));
+    LeaveMenu(program);
+    PostMessageA(view, WM_RBUTTONDBLCLK, MK_RBUTTON, MAKELPARAM(kMiddle.x, kMiddle.y));
+    Settle(program);
+    EXPECT_THAT(Described(OpenMenuLines(program)), ElementsAreArray(rows));
+    ChooseRow(program, "Bind Notes");
+    EXPECT_FALSE(IsTicked(program, IDM_BIND_NOTES));
+}
+
 // ---- Selections -----------------------------------------------------------------------------------------------------
 
 static constexpr int kWept = 26558;  // John 11:35, which fits on one line

@@ -89,6 +89,29 @@ TEST(Fonts, AreChosenPerPaneAndSaved) {
     EXPECT_EQ(Setting(folder, "OPTIONS", "ReadWindowFontHeight"), "32");
 }
 
+// What the program asked of the system's font dialog: CF_ bits. Wine keeps them with the dialog's window.
+static DWORD AskedOf(const Program& program, HWND dialog) {
+    CHOOSEFONTA asked{};
+    const HANDLE place = GetPropA(dialog, "__WINE_FONTDLGDATA_A");
+    if (!ReadProcessMemory(program.process.get(), place, &asked, sizeof asked, nullptr))
+        Fail(&program, "the font dialog does not tell what it was asked");
+    return asked.Flags;
+}
+
+// Where Windows refuses the name and keeps its dialog open, Wine closes it with the font that was chosen last.
+TEST(Fonts, AreNeverOnesThatDoNotExist) {
+    Program program = StartProgram(FolderWithScripture());
+    const HWND dialog = OpenFontDialog(program, IDM_PASSAGE_FONT);
+    EXPECT_TRUE(AskedOf(program, dialog) & CF_FORCEFONTEXIST);
+    SetDlgItemTextA(dialog, cmb1, "");
+    Type(program, "No Such Font");
+    EXPECT_EQ(TextOf(dialog, cmb1), "No Such Font");
+    LeaveDialog(program, dialog, IDOK);
+    EXPECT_EQ(WrongLines(PassageOf(program), {{{{Style::kBold, " Ge 1:1 "}}}}), "");
+    CloseProgram(program);
+    EXPECT_EQ(Setting(program.folder, "OPTIONS", "ReadWindowFontName"), "Times New Roman");
+}
+
 TEST(Fonts, PassageFontChangesImmediately) {
     Program program = StartProgram(FolderWithScripture());
     Command(program, IDM_GOTO_BOOK + 2);

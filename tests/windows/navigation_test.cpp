@@ -140,6 +140,7 @@ TEST(GotoVerse, GoesToTheTypedReference) {
         {"1 J 1:9", "Genesis 1:9"}, {"Ps 1 1", "Psalms 11:1"},
         {" ", "Genesis 1:1"},       {"Ge 51:1", "Genesis 50:26"},
         {"Jude 2:3", "Jude 1:25"},  {"re 22.21", "Revelation 22:21"},
+        {"acts 2:1", "Acts 2:1"},
     };
     for (const auto& [typed, top] : kTyped) {
         GoTo(program, typed);

@@ -125,12 +125,13 @@ static UniqueHandle Held(const ScratchFolder& folder, const char* name) {
     return UniqueHandle(file);
 }
 
-// Checks the text and buttons of the message box, then presses the key.
-static void Answer(const Program& program, const std::string& text, const std::vector<std::string>& buttons,
-                   const char* key) {
+// Checks the text, icon and buttons of the message box, then presses the key.
+static void Answer(const Program& program, const std::string& text, const std::string& icon,
+                   const std::vector<std::string>& buttons, const char* key) {
     const HWND box = WaitForDialog(program, "Error");
     WaitUntil(program, text, [&] { return IsWindow(box) && MessageText(box) == text; });
     EXPECT_EQ(ButtonsOf(box), buttons) << text;
+    EXPECT_EQ(IconOf(box), icon) << text;
     EXPECT_EQ(ActiveWindowOf(program), box);
     Press(program, key);
     WaitUntil(program, "the box to close", [&] { return !IsWindow(box); });
@@ -159,7 +160,7 @@ TEST(UnsavedNote, StaysInTheEditorWhileItsFileIsInUse) {
         const UniqueHandle held = Held(program.folder, "Mine.nmd");
         ClickEditorButton(program, IDC_NOTE_SAVE);
         SavePicture(PictureOfWindow(WaitForDialog(program, "Error")), "note-file-in-use");
-        Answer(program, kCannotOpen, kRetryCancel, "Esc");
+        Answer(program, kCannotOpen, "stop", kRetryCancel, "Esc");
         EXPECT_TRUE(IsEditing(program));
         EXPECT_EQ(TextOf(NoteEditOf(program)), "Kept: four");
     }
@@ -178,9 +179,9 @@ TEST(UnsavedNote, IsLostAfterRetry) {
     {
         const UniqueHandle held = Held(program.folder, "Mine.nmd");
         ClickEditorButton(program, IDC_NOTE_SAVE);
-        Answer(program, kCannotOpen, kRetryCancel, "Enter");
-        Answer(program, kCannotCreate, kOk, "Enter");
-        Answer(program, kCannotWrite, kOk, "Enter");
+        Answer(program, kCannotOpen, "stop", kRetryCancel, "Enter");
+        Answer(program, kCannotCreate, "stop", kOk, "Enter");
+        Answer(program, kCannotWrite, "stop", kOk, "Enter");
         WaitUntil(program, "the editor to close", [&] { return !IsEditing(program); });
     }
     ExpectUnsaved(program, "Retry");
@@ -191,8 +192,8 @@ TEST(UnsavedNote, IsReportedWhenTheTemporaryFileCannotBeCreated) {
     std::filesystem::create_directory(program.folder.path / "Mine.nmd.temp");
     Type(program, "Lost: ");
     ClickEditorButton(program, IDC_NOTE_SAVE);
-    Answer(program, kCannotCreate, kOk, "Enter");
-    Answer(program, kCannotWrite, kOk, "Enter");
+    Answer(program, kCannotCreate, "stop", kOk, "Enter");
+    Answer(program, kCannotWrite, "stop", kOk, "Enter");
     ExpectUnsaved(program, "a folder has its name");
 }
 
@@ -209,7 +210,7 @@ TEST(UnsavedNote, IsReportedWhenTheDiskIsFull) {
     RunOnHost(program, "ln -s /dev/full Mine.nmd.temp");
     Type(program, "Lost: ");
     ClickEditorButton(program, IDC_NOTE_SAVE);
-    Answer(program, kCannotWrite, kOk, "Enter");
+    Answer(program, kCannotWrite, "stop", kOk, "Enter");
     ExpectUnsaved(program, "the disk is full");
     RunOnHost(program, "rm Mine.nmd.temp");  // a Windows program cannot remove it
 }
@@ -221,7 +222,8 @@ TEST(UnsavedNote, IsReportedWhenTheOldFileCannotBeDeleted) {
     Type(program, "New: ");
     ClickEditorButton(program, IDC_NOTE_SAVE);
     // "Faliure" (sic)
-    Answer(program, "Faliure Saving Note (delete old failure):\nYou should exit Versewell and restart.", kOk, "Enter");
+    Answer(program, "Faliure Saving Note (delete old failure):\nYou should exit Versewell and restart.", "none", kOk,
+           "Enter");
     WaitUntil(program, "the editor to close", [&] { return !IsEditing(program); });
     SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_NORMAL);
     ExpectNotes(program.folder, kNotes, "the old file stays");
@@ -246,6 +248,7 @@ TEST(UnsavedNote, StaysInTheEditorOfADamagedSet) {
     ClickEditorButton(program, IDC_NOTE_SAVE);
     const HWND box = WaitForDialog(program, "Error");
     EXPECT_THAT(MessageText(box), testing::HasSubstr("\"Mine.nmd\" is damaged"));
+    EXPECT_EQ(IconOf(box), "stop");
     Press(program, "Enter");
     WaitForNoDialog(program);
     EXPECT_TRUE(IsEditing(program));
@@ -262,7 +265,9 @@ TEST(SavedNote, IsMergedWithNotesChangedOnDisk) {
     Type(program, "Mine: ");
     for (const char* key : {"Esc", "Enter"}) {
         ClickEditorButton(program, IDC_NOTE_SAVE);
-        EXPECT_THAT(MessageText(WaitForDialog(program, "Error")), testing::HasSubstr("another program"));
+        const HWND box = WaitForDialog(program, "Error");
+        EXPECT_THAT(MessageText(box), testing::HasSubstr("another program"));
+        EXPECT_EQ(IconOf(box), "exclamation");
         Press(program, key);
         WaitForNoDialog(program);
         const bool cancelled = key == std::string("Esc");
@@ -327,7 +332,7 @@ TEST(LeavingTheNoteEditor, IsCancelledWhenTheNoteCannotBeSaved) {
     AskToClose(program);
     PostMessageA(program.frame, WM_CLOSE, 0, 0);  // must not ask a second time
     Press(program, "y");
-    Answer(program, kCannotOpen, kRetryCancel, "Esc");
+    Answer(program, kCannotOpen, "stop", kRetryCancel, "Esc");
     WaitForNoDialog(program);
     EXPECT_TRUE(IsRunning(program));
     EXPECT_EQ(TextOf(NoteEditOf(program)), "Mine. The first.");

@@ -194,23 +194,35 @@ TEST(PassageScrolling, WheelMovesByPagesWhenTheSystemSaysSo) {
     EXPECT_EQ(Top(program), above);
 }
 
-// A touch pad sends fractions of a notch.
+// A touch pad sends fractions of a notch, which is 120. Gives the verse at the top afterwards.
+static std::string TurnBy(const Program& program, int delta) {
+    const RECT pane = RectOnScreen(PassageOf(program));
+    PostMessageA(PassageOf(program), WM_MOUSEWHEEL, MAKEWPARAM(0, delta), MAKELPARAM(pane.left + 50, pane.top + 50));
+    return Top(program);
+}
+
 TEST(PassageScrolling, AddsUpPartialWheelNotches) {
     const WheelSetting setting(3);
     Program program = StartProgram(FolderWithScripture());
     GoTo(program, "Ge 5:10");
-    const RECT pane = RectOnScreen(PassageOf(program));
-    const auto turn = [&](int delta) {
-        PostMessageA(PassageOf(program), WM_MOUSEWHEEL, MAKEWPARAM(0, delta),
-                     MAKELPARAM(pane.left + 50, pane.top + 50));
-        return Top(program);
-    };
-    EXPECT_EQ(turn(-30), "Genesis 5:10");
-    EXPECT_EQ(turn(-30), "Genesis 5:11");
-    EXPECT_EQ(turn(-30), "Genesis 5:12");
-    EXPECT_EQ(turn(-30), "Genesis 5:13");
-    EXPECT_EQ(turn(20), "Genesis 5:13");
-    EXPECT_EQ(turn(20), "Genesis 5:12");
+    EXPECT_EQ(TurnBy(program, -30), "Genesis 5:10");
+    EXPECT_EQ(TurnBy(program, -30), "Genesis 5:11");
+    EXPECT_EQ(TurnBy(program, -30), "Genesis 5:12");
+    EXPECT_EQ(TurnBy(program, -30), "Genesis 5:13");
+    EXPECT_EQ(TurnBy(program, 20), "Genesis 5:13");
+    EXPECT_EQ(TurnBy(program, 20), "Genesis 5:12");
+}
+
+// What is left of a turn counts for nothing once the wheel goes the other way.
+TEST(PassageScrolling, ForgetsPartOfANotchWhenTheWheelTurnsBack) {
+    const WheelSetting setting(1);
+    Program program = StartProgram(FolderWithScripture());
+    GoTo(program, "Ge 5:10");
+    EXPECT_EQ(TurnBy(program, -60), "Genesis 5:10");
+    EXPECT_EQ(TurnBy(program, 60), "Genesis 5:10");
+    EXPECT_EQ(TurnBy(program, 60), "Genesis 5:9") << "a whole notch back";
+    EXPECT_EQ(TurnBy(program, 90), "Genesis 5:9");
+    EXPECT_EQ(TurnBy(program, -120), "Genesis 5:10") << "a whole notch forth";
 }
 
 TEST(PassageScrolling, WheelScrollsThePaneUnderTheMouse) {
