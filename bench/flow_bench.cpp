@@ -1,5 +1,5 @@
-// Benchmarks the layout of a pane without drawing: a measuring pass, a hit test, a page up. Widths come from a table of
-// character widths, as in the program.
+// Benchmarks the layout of a pane without drawing: the walk of a paint, a hit test, a page up. Widths come from a table
+// of character widths, as in the program.
 //
 // The floor is one pass over the texts of the same verses that adds up the widths of their characters.
 #include <benchmark/benchmark.h>

@@ -26,7 +26,7 @@ static void ExpectMarks(const MarkRow& row) {
     EXPECT_EQ(MarkKeyWords(query, text), row.count) << row.query << "|" << row.text;
     EXPECT_EQ(text, row.marked) << row.query;
     EXPECT_EQ(CountKeyWords(query, row.text), row.count) << row.query << "|" << row.text;
-    query.marksStayApart = false;  // then they are counted in a marked copy
+    query.marksStayApart = false;  // the general path, which must give the same count
     EXPECT_EQ(CountKeyWords(query, row.text), row.count) << row.query << "|" << row.text;
 }
 

@@ -9,7 +9,7 @@ static constexpr SearchOptions kAnyCase;
 static constexpr SearchOptions kCase{.CaseSensitive = 1};
 static constexpr SearchOptions kParts{.SubString = 1};
 
-TEST(QueryOf, TakesRunsOfLettersAndApostrophesAsWords) {
+TEST(QueryOf, SplitsTheTextIntoWords) {
     static const struct {
         const char* text;
         Words words;
@@ -17,7 +17,7 @@ TEST(QueryOf, TakesRunsOfLettersAndApostrophesAsWords) {
         {"the Lord's", {"the", "Lord's"}},
         {"  Jehovah-jireh,2nd\xB6x\xE9y' ", {"Jehovah", "jireh", "nd", "x", "y'"}},
         {" The-LORD's 1st, the ", {"The", "LORD's", "st", "the"}},
-        {"end the end", {"end", "the", "end"}},  // repeats stay
+        {"end the end", {"end", "the", "end"}},  // repeats are kept
         {"''", {"''"}},
         {"", {}},
         {"123", {}},
@@ -27,7 +27,7 @@ TEST(QueryOf, TakesRunsOfLettersAndApostrophesAsWords) {
         for (const QueryKind kind : {kWords, kPhrase}) EXPECT_EQ(QueryOf(row.text, kCase, kind).words, row.words);
 }
 
-TEST(QueryOf, LowersCaseUnlessCaseMatters) {
+TEST(QueryOf, LowersCaseUnlessCaseSensitive) {
     for (const QueryKind kind : {kWords, kPhrase}) {
         EXPECT_EQ(QueryOf(" The-LORD's 1st, the ", kAnyCase, kind).words, (Words{"the", "lord's", "st", "the"}));
         EXPECT_EQ(QueryOf("The the THE", kAnyCase, kind).words, (Words{"the", "the", "the"}));
@@ -56,7 +56,7 @@ TEST(QueryOf, JoinsThePhraseBySingleBlanks) {
     }
 }
 
-TEST(QueryOf, TakesOverTheOptions) {
+TEST(QueryOf, KeepsTheOptions) {
     for (const int booleanType : {-1, 0, 1, 2, 7})
         EXPECT_EQ(QueryOf("the", {.BooleanType = booleanType}, kWords).booleanType, booleanType);
     for (const QueryKind kind : {kWords, kPhrase}) {
@@ -109,7 +109,7 @@ TEST(MarksPhrase, NeedsTwoWords) {
         }
 }
 
-TEST(PushHistory, PutsTheNewestFirstAndDropsTheOldest) {
+TEST(PushHistory, KeepsTheLastTenNewestFirst) {
     SearchState search;
     EXPECT_EQ(search.history, (std::array<std::string, 10>{" ", " ", " ", " ", " ", " ", " ", " ", " ", " "}));
     for (const char* text : {"one", "two", "two", "", "5", "6", "7", "8", "9", "10", "11"}) PushHistory(search, text);

@@ -150,7 +150,7 @@ TEST(PhraseSearch, FindsConsecutiveWords) {
     ExpectRows(kRows);
 }
 
-// Phrase mode stays off, and the word is marked with the options of the last word search.
+// It is marked and counted like a word of a word search.
 TEST(PhraseSearch, TreatsASingleWordAsAWord) {
     static const SearchRow kRows[] = {
         {"he", kPhrase, kPlain, kAllWords, {7}, 2},   {"he", kPhrase, kPlain, kOneWord, {7}, 2},
@@ -274,8 +274,8 @@ TEST(Search, CountsNothingOutsideItsRange) {
         }
 }
 
-// The counters are handed from search to search: nothing that an earlier one counted may show in a later one.
-TEST(Search, ForgetsWhatItsCountersHeldBefore) {
+// The counters are passed from search to search; the counts of an earlier one must not affect a later one.
+TEST(Search, DiscardsPreviousCounts) {
     const SmallBible bible;
     HitCounters hits;
     const auto find = [&](const char* text, QueryKind kind) {
@@ -294,7 +294,7 @@ TEST(Search, ForgetsWhatItsCountersHeldBefore) {
     EXPECT_EQ(find("light the", kWords).verses, std::vector<std::int32_t>{7});
 }
 
-TEST(Search, TakesWordsOfAnyLength) {
+TEST(Search, HandlesWordsOfAnyLength) {
     const SmallBible bible;
     for (const std::size_t length : {79, 80, 81, 199, 5000})
         for (const int flags : kEveryFlags)
@@ -350,8 +350,8 @@ TEST(SearchSummary, GivesTheCounts) {
     }
 }
 
-// Figures of the real text, counted once with other tools.
-TEST(TheRealText, GivesTheKnownFigures) {
+// Numbers for the real text, which were counted with other tools.
+TEST(TheRealText, SearchesHaveTheKnownCounts) {
     static constexpr struct {
         const char* query;
         QueryKind kind;
