@@ -29,6 +29,9 @@ static void Answer(Probe& probe) {
     probe.answered = 1;
 }
 
+// Found by its name by the test driver.
+extern "C" __declspec(dllexport) LRESULT CALLBACK WatchSentMessages(int code, WPARAM wParam, LPARAM lParam);
+
 extern "C" __declspec(dllexport) LRESULT CALLBACK WatchSentMessages(int code, WPARAM wParam, LPARAM lParam) {
     static const UINT probeMessage = RegisterWindowMessageA(kProbeMessageName);
     const auto* sent = reinterpret_cast<const CWPSTRUCT*>(lParam);

@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "resources/ids.h"
 #include "tests/windows/menu_steps.h"
 #include "tests/windows/note_set_files.h"
@@ -38,6 +40,38 @@ static void KeepPictureOfMenu(const Program& program, const std::string& name) {
         UnionRect(&area, &area, &place);
     }
     SavePicture(PictureOfScreen(area), name);
+}
+
+// ---- Keys -----------------------------------------------------------------------------------------------------------
+
+static std::string KeyIn(const std::string& text) {
+    const std::size_t tab = text.find('\t');
+    return tab == std::string::npos ? "" : text.substr(tab + 1);
+}
+
+// Rows whose key differs from the menu's on purpose: a search with selected text has none, Enter and Delete work in the
+// pane only, and the list's row for its note has always shown F10.
+static bool HasKeyOfItsOwn(const MenuLine& line) {
+    static const std::vector<std::string> own = {"Enter", "Delete"};
+    const bool isListNote = line.command == IDM_NOTE_FOR_LIST && KeyIn(line.text) == "F10";
+    const bool isSearch = line.text.find("with Selected Text") != std::string::npos;
+    return isListNote || isSearch || std::ranges::find(own, KeyIn(line.text)) != own.end();
+}
+
+TEST(ContextMenus, ShowTheKeysOfTheMenu) {
+    Program program = StartProgram(FolderWithScripture());
+    SearchFor(program, {"grace"});
+    int compared = 0;
+    for (const HWND pane : {PassageOf(program), VerseListOf(program), NoteViewOf(program)}) {
+        Click(program, pane, kMiddle, MouseButton::Right);
+        for (const MenuLine& line : OpenMenuLines(program)) {
+            if (line.command <= 0 || HasKeyOfItsOwn(line)) continue;
+            EXPECT_EQ(KeyIn(line.text), KeyIn(MenuText(program, line.command))) << line.text;
+            ++compared;
+        }
+        LeaveMenu(program);
+    }
+    EXPECT_GE(compared, 25);
 }
 
 // ---- Items ----------------------------------------------------------------------------------------------------------

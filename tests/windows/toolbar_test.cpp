@@ -178,6 +178,25 @@ TEST(ToolTips, ExistForTheListedCommandsOnly) {
     }
 }
 
+// The key that the menu shows for a command: what follows the tab.
+static std::string KeyInMenu(const Program& program, int command) {
+    const std::string text = MenuText(program, command);
+    const std::size_t tab = text.find('\t');
+    return tab == std::string::npos ? "" : text.substr(tab + 1);
+}
+
+TEST(ToolTips, ShowTheKeysOfTheMenu) {
+    const Program program = StartProgram(FolderWithScripture());
+    for (const TipRow& row : kTips) {
+        const std::string key = KeyInMenu(program, row.command);
+        const std::string tip = AnsweredTip(program, row.command);
+        EXPECT_EQ(tip.ends_with(')'), !key.empty()) << tip;
+        if (!key.empty()) {
+            EXPECT_TRUE(tip.ends_with(" (" + key + ")")) << tip << " but the menu has " << key;
+        }
+    }
+}
+
 TEST(ToolTips, AppearUnderTheMouse) {
     const Program program = StartProgram(FolderWithScripture());
     EXPECT_EQ(ToolTip(program, IDM_WORD_SEARCH), "Word(s) Search (Alt+W)");
