@@ -50,7 +50,7 @@ static void SkipBlanks(std::string_view& text) {
     while (IsBlank(Front(text))) text.remove_prefix(1);
 }
 
-// Do the two agree as far as the shorter one goes?
+// Is the shorter one a prefix of the other, ignoring case?
 static bool AgreeAtFirst(std::string_view a, std::string_view b) {
     const std::size_t length = std::min(a.size(), b.size());
     return EqualIgnoringCase(a.substr(0, length), b.substr(0, length));
@@ -66,7 +66,8 @@ static int BookThatFits(std::string_view typed) {
     return 0;
 }
 
-// A name of several words at the start of `text`; those that begin with a figure are written without their blank.
+// A book name of several words at the start of `text`. Names that begin with a digit are not included, because they are
+// written without the space.
 static std::string_view NameOfSeveralWords(std::string_view text) {
     for (int book = 1; book <= kBookCount; ++book) {
         const std::string_view name = BookName(book);
@@ -77,7 +78,7 @@ static std::string_view NameOfSeveralWords(std::string_view text) {
     return {};
 }
 
-// What may name a book at the start of `text`: letters, or one figure and letters. Empty where there is neither.
+// Text that may be a book at the start of `text`: letters, or one digit and letters. Empty if there is neither.
 static std::string_view BookTextAt(std::string_view text) {
     const std::string_view words = NameOfSeveralWords(text);
     if (!words.empty()) return words;
@@ -87,7 +88,7 @@ static std::string_view BookTextAt(std::string_view text) {
     return text.substr(0, end > letters ? end : 0);
 }
 
-// Takes a book from the start of `text`, with a full stop and the blanks behind it. 0 when none is named there.
+// Consumes a book at the start of `text`, with a full stop and spaces after it. Returns 0 if there is none.
 static int TakeBook(std::string_view& text) {
     const std::string_view typed = BookTextAt(text);
     const int book = typed.empty() ? 0 : BookThatFits(typed);
@@ -98,7 +99,7 @@ static int TakeBook(std::string_view& text) {
     return book;
 }
 
-// Takes figures; none where there are none. Long ones stop far beyond any verse.
+// Consumes digits and returns their value; nullopt if there are none. Long numbers stop far beyond any verse.
 static std::optional<int> TakeFigures(std::string_view& text) {
     static constexpr int kBeyondAnyVerse = 100000;
     if (!IsDigit(Front(text))) return std::nullopt;
@@ -109,7 +110,7 @@ static std::optional<int> TakeFigures(std::string_view& text) {
     return number;
 }
 
-// Takes a chapter and a verse, or a verse alone, and all that goes on like a number behind them: "3:16." too.
+// Consumes a chapter and a verse, or a verse alone, and any digits, colons and full stops after it, as in "3:16.".
 static void TakeNumber(std::string_view& text, NamedVerse& place) {
     if (const auto first = TakeFigures(text)) {
         std::optional<int> second;
@@ -131,12 +132,12 @@ static bool TakeItem(std::string_view& text, NamedVerse& place) {
     return true;
 }
 
-// Takes the character that ended an item, with the blanks round it, and gives it.
+// Consumes the character that ended an item, with the spaces around it, and returns it.
 static char TakeSeparator(std::string_view& text) {
     const bool parted = IsBlank(Front(text));
     SkipBlanks(text);
     const char separator = Front(text);
-    if (parted && IsLetterOrDigit(separator)) return ' ';  // a blank was all there was
+    if (parted && IsLetterOrDigit(separator)) return ' ';  // separated only by spaces
     if (!text.empty()) text.remove_prefix(1);
     SkipBlanks(text);
     return separator;
@@ -148,7 +149,8 @@ static bool IsFull(const std::vector<std::int32_t>& verses) {
     return verses.size() >= std::size_t{kVerseCount};
 }
 
-// Adds the verses between `first` and the number ahead; the number itself is the next item. "3Jo" is no number.
+// Adds the verses between `first` and the number ahead; the number itself is the next item. "3Jo" is a book, not a
+// number.
 static void AddRange(const VerseRecords& records, std::string_view ahead, NamedVerse place, int first,
                      std::vector<std::int32_t>& verses) {
     if (!IsDigit(Front(ahead)) || TakeBook(ahead) != 0) return;

@@ -21,7 +21,7 @@ static bool CopyBytes(const NoteFiles& files, void* from, void* to) {
     return files.flush(files.device, to);
 }
 
-// The copy gets its name when it is whole.
+// Writes to a temporary name and renames the copy once it is complete.
 static bool CopyFileAs(const NoteFiles& files, const std::string& from, const std::string& to) {
     const std::string unfinished = to + kTempEnding;
     OwnedNoteFile source = OpenNoteFile(files, from);
@@ -43,7 +43,7 @@ static bool IsDate(const std::string& text) {
                       [](char c, char form) { return form == 'd' ? IsDigit(c) : c == form; });
 }
 
-// Days with a backup of the set, the latest first. A set "a" has nothing to do with one named "a 2024-12-31".
+// Days with a backup of the set, latest first. Backups of a set "a 2024-12-31" do not count for a set "a".
 static std::vector<std::string> BackupDays(const NoteFiles& files, const std::string& setName) {
     static const std::string ending = kDataEnding;
     std::vector<std::string> days;
@@ -72,8 +72,8 @@ void KeepBackup(const NoteFiles& files, const NoteSet& set, const std::string& t
     const std::string setName = NoteSetName(set);
     const std::string name = BackupName(setName, today);
     if (files.stamp(files.device, name + kDataEnding).exists || !files.makeFolder(files.device, kBackupFolder)) return;
-    // The index is written over in its place, so it has no second name; and it comes first: what has a data file is
-    // complete.
+    // The index file is copied, not linked, because saves overwrite it in place. It is copied before the data file,
+    // because a backup that has a data file is taken to be complete.
     files.remove(files.device, name + kIndexEnding);
     CopyFileAs(files, IndexFileName(set), name + kIndexEnding);
     if (!files.link(files.device, set.dataFileName, name + kDataEnding))

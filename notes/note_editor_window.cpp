@@ -85,7 +85,7 @@ static UINT BoxOf(SaveNotice notice) {
     }
 }
 
-// The mouse is free while the box is open.
+// Releases the mouse while the box is open.
 static bool Tell(void* device, SaveNotice notice, const std::string& text) {
     WaitCursor& wait = *static_cast<WaitCursor*>(device);
     EndWait(wait.before);
@@ -102,7 +102,7 @@ static std::string Today() {
     return text.data();
 }
 
-// With the wait cursor and the mouse captured by the frame.
+// Shows the wait cursor and captures the mouse for the frame while saving.
 static NoteSaveResult SaveCurrentNote(std::string_view text) {
     const HWND frame = Frame();
     WaitCursor wait{frame, BeginWait(frame)};
@@ -118,7 +118,7 @@ static bool SaveNote() {
     return result == NoteSaveResult::kSaved;
 }
 
-// Does `work`, a save or the question before one, unless one is going on already, with a message box open.
+// Runs `work`, a save or the question before one, unless one is already running with a message box open.
 static bool UnlessSaving(bool (*work)()) {
     if (!theNoteEditor.editing || theNoteEditor.saving) return false;
     theNoteEditor.saving = true;
@@ -145,7 +145,7 @@ static void Cancel() {
     if (theNoteEditor.editing && !theNoteEditor.saving) CloseEditor();
 }
 
-// Esc is pressed too easily to lose what was typed.
+// Asks before discarding changes, because Esc is easily pressed by accident.
 static void Escape() {
     const bool changed = SendMessageA(theNoteEditor.edit, EM_GETMODIFY, 0, 0) != 0;
     if (!changed || MayLeaveEditor()) Cancel();
@@ -168,7 +168,7 @@ static std::string SelectionText() {
         .substr(static_cast<std::size_t>(range.cpMin), static_cast<std::size_t>(range.cpMax - range.cpMin));
 }
 
-// The control's own way would copy the text's looks too.
+// The control's own copy would include the text's formatting.
 static bool PutOnClipboard(const std::string& text) {
     const HeldClipboard clipboard = text.empty() ? nullptr : OpenEmptyClipboard(theNoteEditor.window);
     return clipboard && PutText(clipboard, text);
@@ -188,7 +188,7 @@ void CutInEditor() {
     FollowClipboard();
 }
 
-// What has no room is left out, with a beep.
+// Text that exceeds the limit is dropped, with a beep.
 static void Insert(std::string_view text) {
     const CHARRANGE range = SelectedPlainText(theNoteEditor.edit);
     const auto kept = static_cast<std::size_t>(GetWindowTextLengthA(theNoteEditor.edit) - (range.cpMax - range.cpMin));
@@ -233,7 +233,7 @@ static void StepFocus(HWND from) {
     SetFocus(GetNextDlgTabItem(theNoteEditor.window, from, IsKeyDown(VK_SHIFT)));
 }
 
-// The keys with Ctrl that the control has for plain text; its others would change fonts and paragraphs.
+// The Ctrl keys that the control handles for plain text; its other ones would change fonts and paragraphs.
 static bool IsPlainTextKey(UINT key) {
     switch (key) {
         case 'A':
@@ -255,7 +255,7 @@ static bool IsPlainTextKey(UINT key) {
     return false;
 }
 
-// True when the key was ours.
+// Returns whether the key was handled here.
 static bool OnEditKey(UINT key) {
     const bool control = IsControlDown();
     const bool shift = IsKeyDown(VK_SHIFT);
@@ -265,7 +265,7 @@ static bool OnEditKey(UINT key) {
             if (control || shift) StepFocus(theNoteEditor.edit);
             return control || shift;
         case VK_RETURN:
-            if (control || shift) Insert("\n");  // it would be a line end that no note knows
+            if (control || shift) Insert("\n");  // the control would insert a kind of line end that notes do not use
             return control || shift;
         case VK_INSERT:
             if (control) CopyInEditor();
@@ -281,7 +281,7 @@ static bool OnEditKey(UINT key) {
     return control && !IsPlainTextKey(key);
 }
 
-// The characters of the keys that were ours, and those that no note should hold.
+// Characters of keys handled by OnEditKey, and those that notes must not contain.
 static bool IsStrayCharacter(UINT character) {
     static constexpr UINT kDelete = 0x7F;
     if (character == kDelete || character == VK_ESCAPE) return true;

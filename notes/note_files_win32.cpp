@@ -33,7 +33,7 @@ static OwnedFile OpenToRead(void* device, const std::string& name) {
     return OwnedFile(file == INVALID_HANDLE_VALUE ? nullptr : file);
 }
 
-// Bytes read: none where reading fails.
+// Returns the number of bytes read; 0 on an error.
 static std::size_t ReadFrom(HANDLE file, std::uint64_t offset, std::span<unsigned char> bytes) {
     LARGE_INTEGER place;
     place.QuadPart = static_cast<LONGLONG>(offset);
@@ -81,7 +81,7 @@ static bool Write(void*, void* file, std::span<const unsigned char> bytes) {
            written == bytes.size();
 }
 
-// A new file, or nothing: what could not be written whole is taken away again.
+// Deletes the new file if it could not be written completely.
 static bool Create(void* device, const std::string& name, std::span<const unsigned char> bytes) {
     OwnedFile file(OpenUnshared(device, name, GENERIC_WRITE, CREATE_NEW));
     if (!file) return false;
@@ -95,7 +95,7 @@ static bool Remove(void* device, const std::string& name) {
     return DeleteFileA(PathOf(device, name).c_str());
 }
 
-// A search index or a virus scanner may have opened the file a moment ago, without any harm.
+// Retries because an indexer or a virus scanner may have the file open for a moment.
 static bool Rename(void* device, const std::string& from, const std::string& to) {
     static constexpr int kTries = 5;
     static constexpr DWORD kPause = 40;  // milliseconds

@@ -5,5 +5,6 @@
 
 extern NoteSets theNoteSets;
 
-// The directory that was current at the first call; a dialog that changes it later leads no note astray.
+// File access in the directory that was current at the first call, so that dialogs that change the current directory
+// later do not affect the notes.
 const NoteFiles& TheNoteFiles();

@@ -6,9 +6,9 @@
 #include "scripture/little_endian.h"
 #include "scripture/verse_records.h"
 
-static constexpr std::size_t kScanPiece = std::size_t{1} << 18;  // stays in the processor's cache
+static constexpr std::size_t kScanPiece = std::size_t{1} << 18;  // fits into the processor's cache
 
-// Notes have their one NUL after hundreds of characters: most blocks have none, and eight bytes are tested at once.
+// A note has a single NUL after hundreds of characters, so most blocks have none; eight bytes are tested at once.
 static constexpr std::size_t kBlock = 64;
 
 static bool HasNul(const unsigned char* block) {
@@ -21,7 +21,7 @@ static bool HasNul(const unsigned char* block) {
     return found != 0;
 }
 
-// A note ends with the byte before `next`, where the note of the next verse begins.
+// Records that a note ends before offset `next`, where the next verse's note begins.
 static void AddEnd(NotePlaces& places, std::uint64_t next) {
     ++places.ends;
     if (places.offsets.size() < kVerseCount && next <= std::numeric_limits<std::uint32_t>::max())

@@ -1,4 +1,4 @@
-// Where the notes of a data file lie: read off its NULs, and kept in the index file.
+// Offsets of the notes in a data file: found by its NULs, and stored in the index file.
 #pragma once
 
 #include <cstdint>
@@ -8,34 +8,35 @@
 
 #include "notes/note_files.h"
 
-// Where the notes of a data file begin, by their ends.
+// The offsets of a data file's notes, determined from the NULs that end them.
 struct NotePlaces {
-    std::vector<std::uint32_t> offsets;  // of the first notes, one a verse: fewer where there are fewer NULs
+    std::vector<std::uint32_t> offsets;  // one per verse, fewer if there are fewer NULs
     std::uint64_t ends = 0;              // NULs in the file
     std::uint64_t size = 0;              // bytes in the file
     bool endsWithNul = false;
 };
 
-// Takes the next bytes of a file that is read piece by piece.
+// Processes the next bytes of a file that is read piece by piece.
 void AddPlaces(NotePlaces& places, std::span<const unsigned char> bytes);
 
-// Reads an open data file through, from first to last byte. One that cannot be read to its end gives what was read.
+// Scans an open data file from the first byte to the last. If it cannot be read to the end, the result covers the part
+// that was read.
 NotePlaces ScanNotes(const NoteFiles& files, void* file);
 
-// A data file is whole when it holds one note for each verse, the last one's NUL at its end, none beyond 4 GB.
+// A data file is whole if it has one note for each verse, ends with the last note's NUL, and is not larger than 4 GB.
 bool IsWhole(const NotePlaces& places);
 
-// Does the index give every note of a whole data file its place? What an index holds beyond the last verse is nobody's
-// business.
+// Does the index have the correct offset for every note of a whole data file? Entries beyond the last verse are
+// ignored.
 bool FitsPlaces(std::span<const std::uint32_t> offsets, const NotePlaces& places);
 
-// The offsets as an index file holds them, and back; bytes behind the last whole integer are left out.
+// Converts offsets to the bytes of an index file, and back; bytes after the last complete integer are ignored.
 std::vector<unsigned char> IndexBytes(std::span<const std::uint32_t> offsets);
 std::vector<std::uint32_t> OffsetsOf(std::span<const unsigned char> bytes);
 
-// Writes the index file anew; false unless all of it is on the disk.
+// Rewrites the index file; false unless all of it is on the disk.
 bool WriteIndex(const NoteFiles& files, const std::string& indexFileName, std::span<const std::uint32_t> offsets);
 
-// Where the data file is missing but its temporary twin is a whole one, the twin gets its name: it was flushed before
-// the data file was deleted. True when it did.
+// If the data file is missing but its temporary file is whole, renames the temporary file to the data file: it was
+// flushed before the data file was deleted. Returns whether it did.
 bool PutTwinInPlace(const NoteFiles& files, const std::string& dataFileName);

@@ -17,7 +17,7 @@ static std::string Quoted(const std::string& name) {
 
 // ---- Names ----------------------------------------------------------------------------------------------------------
 
-// Names of the files that end in `ending` exactly, without it.
+// Names of the files that end in exactly `ending`, without the ending.
 static std::vector<std::string> NamesBefore(const NoteFiles& files, std::string_view ending) {
     std::vector<std::string> names;
     for (const std::string& file : files.list(files.device, "*" + std::string(ending))) {
@@ -28,7 +28,7 @@ static std::vector<std::string> NamesBefore(const NoteFiles& files, std::string_
     return names;
 }
 
-// ---- What was left behind -------------------------------------------------------------------------------------------
+// ---- Leftovers of earlier runs --------------------------------------------------------------------------------------
 
 static void PutTwinsInPlace(const NoteFiles& files, OpenedSets& opened) {
     for (const std::string& name : NamesBefore(files, std::string(kDataEnding) + kTempEnding)) {
@@ -51,8 +51,8 @@ static void MakeIndexAgain(const NoteFiles& files, NoteSet& set, const char* fau
                        (written ? "" : " It could not be written to the disk: this will be tried at the next start."));
 }
 
-// Sets whose index file is lost get it back before they are looked for. Those that are not whole are given: they have
-// no index that could be trusted.
+// Recreates missing index files before the sets are searched for. Returns the sets without an index whose data file is
+// not whole: an index for them could not be trusted.
 static std::vector<NoteSet> MakeLostIndexes(const NoteFiles& files, OpenedSets& opened) {
     const std::vector<std::string> indexes = files.list(files.device, std::string("*") + kIndexEnding);
     std::vector<NoteSet> damaged;
@@ -76,8 +76,8 @@ static std::vector<NoteSet> MakeLostIndexes(const NoteFiles& files, OpenedSets& 
 
 // ---- The sets that were found ---------------------------------------------------------------------------------------
 
-// Where the notes of a set that is not whole may be read: an index in good order knows more than the ends that are
-// left. What stands behind the last end is the note after it.
+// The offsets for reading a set that is not whole: a valid index is better than the NULs that are left. Text after the
+// last NUL counts as the note after it.
 static std::vector<std::uint32_t> BestOffsets(std::vector<std::uint32_t> index, NotePlaces places) {
     if (index.size() == kVerseCount && index.front() == 0 && std::is_sorted(index.begin(), index.end())) return index;
     if (places.offsets.size() < kVerseCount && !places.endsWithNul)
@@ -122,7 +122,7 @@ OpenedSets OpenNoteSets(const NoteFiles& files, NoteSets& notes) {
         if (!isThere && notes.sets.size() < kNoteSetLimit) notes.sets.push_back(set);
     }
     for (std::size_t i = 0; i < notes.sets.size(); ++i) {
-        // The first set that could not be created is told of by that.
+        // If the first set could not be created, that is already reported.
         Examine(files, notes.sets[i], opened.created || i > 0, opened);
     }
     return opened;

@@ -1,17 +1,17 @@
-// Opening the note sets at start-up: what a stopped program, a power cut or another program left is mended first.
+// Opening the note sets at start-up, and first repairing what a killed program, a power failure or another program
+// left.
 //
-// The data file NAME.nmd is all that counts; everything else can be made from it:
-//   NAME.nmd is missing, but NAME.nmd.temp is a whole data file     it takes its place: a save was stopped between
-//                                                                   deleting the old file and renaming the new one
-//   NAME.nmi is missing, short, torn, or of another state           it is made again from the data file
-//   NAME.nmd does not hold exactly one note for each verse          it is never written: the set is read-only, so that
-//                                                                   the user can rescue what is there
-// A temporary file beside a data file is what is left of a save that failed; it is of no consequence. Valid files are
-// only read.
+// Only the data file NAME.nmd matters; everything else can be rebuilt from it:
+//   NAME.nmd is missing, but NAME.nmd.temp is a whole data file     the temporary file replaces it: a save was stopped
+//                                                                   between deleting the old file and renaming the new
+//   NAME.nmi is missing, short, torn, or of another state           it is rebuilt from the data file
+//   NAME.nmd does not have exactly one note for each verse          it is never written: the set is read-only, so that
+//                                                                   the user can rescue its contents
+// A temporary file beside a data file is left from a save that failed and is ignored. Valid files are only read.
 //
-// To tell a valid index from one of another state takes the place of every note's end, so every data file is read
-// through, once a start: nothing less would notice that two notes in its middle grew and shrank by the same. It takes
-// about twice as long as reading the file alone: 20 ms for a set of 60 MB that the system has in memory
+// Recognizing an index of another state requires the end of every note, so every data file is read completely once per
+// start. Checking less would miss, for example, two notes in the middle that grew and shrank by the same amount. It
+// takes about twice as long as reading the file alone: 20 ms for a set of 60 MB that is in the system's cache
 // (bench/note_bench).
 #pragma once
 
@@ -20,11 +20,11 @@
 #include "notes/note_sets.h"
 
 struct OpenedSets {
-    bool created = true;      // as FindNoteSets gives it
-    bool hasDamaged = false;  // the report tells of a set that is not whole
-    std::string report;       // what was mended, for one box; empty when there is nothing to tell
+    bool created = true;      // result of FindNoteSets
+    bool hasDamaged = false;  // the report mentions a set that is not whole
+    std::string report;       // what was repaired, for one message box; empty if nothing
 };
 
-// Mends what is to be mended and finds the sets (FindNoteSets), those too whose index file is lost. A data file that
-// another program has open is taken as it is.
+// Repairs what can be repaired and finds the sets (FindNoteSets), including sets without an index file. A data file
+// that another program has open is not examined.
 OpenedSets OpenNoteSets(const NoteFiles& files, NoteSets& notes);

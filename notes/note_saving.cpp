@@ -47,7 +47,7 @@ static std::string TextOf(SaveNotice notice, const NoteSet& set) {
 
 namespace {
 
-// A save at work.
+// The state of a save in progress.
 struct Save {
     const NoteFiles& files;
     const SaveVoice& voice;
@@ -55,8 +55,8 @@ struct Save {
     std::size_t verse;
     std::string_view text;
     OwnedNoteFile data{}, temp{};
-    std::vector<unsigned char> piece{};  // what is being copied
-    NotePlaces found{};                  // in the data file, as far as it has been read
+    std::vector<unsigned char> piece{};  // copy buffer
+    NotePlaces found{};                  // notes in the part of the data file read so far
 };
 
 enum class Step { kDone, kStopped, kCannotCreate, kNoMemory, kCannotWrite, kMisfit };
@@ -76,7 +76,7 @@ static std::string TempName(const NoteSet& set) {
     return set.dataFileName + kTempEnding;
 }
 
-// All memory that a save takes, it takes within `work`. False where there was none.
+// Runs `work`; a save allocates memory only inside of it. False if there is not enough memory.
 template <typename Work>
 static bool WithMemory(Work work) {
     try {
@@ -89,7 +89,7 @@ static bool WithMemory(Work work) {
 
 // ---- The data file --------------------------------------------------------------------------------------------------
 
-// False when the user gives up.
+// False if the user cancels.
 static bool OpenData(Save& save) {
     if (PutTwinInPlace(save.files, save.set.dataFileName)) StampFiles(save.files, save.set);  // an earlier save failed
     save.data = OpenNoteFile(save.files, save.set.dataFileName);
@@ -103,7 +103,7 @@ static bool HasChangedOnDisk(const Save& save) {
            files.stamp(files.device, IndexFileName(save.set)) != save.set.indexStamp;
 }
 
-// Takes the places that the open data file has now, and says so. False when the save is not to go on.
+// Reads the offsets of the open data file again and tells the user. False if the save must not continue.
 static bool ReadAgain(Save& save) {
     NotePlaces places = ScanNotes(save.files, save.data.get());
     save.set.readOnly = !IsWhole(places);
@@ -116,7 +116,7 @@ static bool ReadAgain(Save& save) {
 
 // ---- The temporary file ---------------------------------------------------------------------------------------------
 
-// A temporary file without a data file may be all that there is of the notes.
+// A temporary file without a data file may be the only copy of the notes.
 static bool HasOnlyTemp(const Save& save) {
     return !save.files.stamp(save.files.device, save.set.dataFileName).exists &&
            save.files.stamp(save.files.device, TempName(save.set)).exists;
@@ -126,8 +126,8 @@ static bool WriteToTemp(const Save& save, std::span<const unsigned char> bytes) 
     return save.files.write(save.files.device, save.temp.get(), bytes);
 }
 
-// Reads the data file on from where the last reading ended, up to `end` or to its own end. What `isKept` is copied into
-// the temporary file; the rest is only looked through.
+// Continues reading the data file up to `end` or to its own end. If `isKept`, the bytes are copied to the temporary
+// file; otherwise they are only scanned.
 static Step ReadOn(Save& save, std::uint64_t end, bool isKept) {
     save.piece.resize(kCopyPiece);
     while (save.found.size < end) {
@@ -152,7 +152,7 @@ static std::uint64_t EndOfNote(const Save& save) {
                                                     : std::numeric_limits<std::uint64_t>::max();
 }
 
-// All notes, with the new one in its place. Beyond 4 GB no offset would reach.
+// Writes all notes, with the new one in its place. Fails beyond 4 GB, which offsets cannot address.
 static Step WriteNotes(Save& save) {
     save.found = {};
     Step step = ReadOn(save, save.set.offsets[save.verse], true);
@@ -176,7 +176,8 @@ static void ShiftOffsets(Save& save) {
 
 // ---- The end --------------------------------------------------------------------------------------------------------
 
-// A writing failure is told while the files are still open; the others, which lead to one, when they are closed.
+// A write failure is reported while the files are still open. Other failures are reported after the files are closed,
+// and a write failure is reported after them.
 static NoteSaveResult Fail(Save& save, SaveNotice notice) {
     if (notice != SaveNotice::kCannotWrite) {
         CloseBoth(save);
@@ -187,7 +188,7 @@ static NoteSaveResult Fail(Save& save, SaveNotice notice) {
     return NoteSaveResult::kFailed;
 }
 
-// Backup and index are done without where they fail: the next start makes the index again.
+// Failures of the backup and the index are ignored: the next start rebuilds the index.
 static NoteSaveResult PutInPlace(Save& save, const std::string& today) {
     const NoteFiles& files = save.files;
     NoteSet& set = save.set;
@@ -211,13 +212,13 @@ static Step WriteTemp(Save& save) {
     return save.temp ? WriteNotes(save) : Step::kCannotCreate;
 }
 
-// Where Retry was chosen for a data file that could not be opened.
+// After Retry for a data file that could not be opened.
 static Step FailWithoutData(Save& save) {
     if (!HasOnlyTemp(save)) save.temp = CreateNoteFileAnew(save.files, TempName(save.set));
     return Step::kCannotCreate;
 }
 
-// All that comes before the old data file is touched. A data file that does not fit is read again, once.
+// Everything before the old data file is touched. A data file that does not match the offsets is read again, once.
 static Step MakeTemp(Save& save) {
     if (!OpenData(save)) return Step::kStopped;
     if (!save.data) return FailWithoutData(save);
@@ -227,7 +228,7 @@ static Step MakeTemp(Save& save) {
     if (!ReadAgain(save)) return Step::kStopped;
     step = WriteTemp(save);
     if (step != Step::kMisfit) return step;
-    Tell(save, SaveNotice::kNotWhole);  // it reads differently every time
+    Tell(save, SaveNotice::kNotWhole);  // its contents are different at every read
     return Step::kStopped;
 }
 
@@ -267,7 +268,7 @@ NoteSaveResult SaveNote(const NoteFiles& files, const SaveVoice& voice, NoteSets
 
 // ---- Text on its way into a note ------------------------------------------------------------------------------------
 
-// How many characters of the line end at the start of `text`; 0 where none stands there.
+// Length of the line end at the start of `text`; 0 if there is none.
 static std::size_t LineEndLength(std::string_view text) {
     if (text.starts_with("\r\n")) return 2;
     return text.front() == '\r' || text.front() == '\n' ? 1 : 0;

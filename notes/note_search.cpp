@@ -35,10 +35,10 @@ static bool StandsAlone(const LetterTable& letters, std::string_view note, std::
     return !(place > 0 && isInWord(place - 1)) && !isInWord(place + size);
 }
 
-// First match at `from` or later. A place within a longer word is passed over with the whole length of the text.
+// First match at `from` or later. After a match inside a longer word the search continues after the whole match.
 static std::size_t FindInNote(const LetterTable& letters, const NoteQuery& query, std::string_view note,
                               std::size_t from) {
-    static constexpr bool kAnyCase = false;  // both are in capitals where that is wanted
+    static constexpr bool kAnyCase = false;  // both are already in capitals if case is ignored
     const std::size_t size = query.text.size();
     while (from <= note.size()) {
         const std::size_t place = FindInText(note, query.text, kAnyCase, from);
@@ -59,7 +59,7 @@ NoteMatch FindInNotes(const NoteFiles& files, const NoteSet& set, const LetterTa
         const NoteFound found = source.noteOf(source.device, verse, note);
         if (found == NoteFound::kUnreadable) return {NoteSearchEnd::kUnreadable, verse};
         if (found == NoteFound::kNone) continue;
-        note.resize(std::min(note.size(), kNoteBufferSize - 1));  // as much as is shown
+        note.resize(std::min(note.size(), kNoteBufferSize - 1));  // as much as the view shows
         if (!query.caseSensitive) PutInCapitals(letters, note);
         const std::size_t place = FindInNote(letters, query, note, resume.offset);
         if (place != kNoPlace) return {NoteSearchEnd::kFound, verse, place};

@@ -1,5 +1,5 @@
-// Searching the notes of a set, verse by verse. Notes are read into a buffer of the search's own: neither the note that
-// is shown nor the editor ever sees one that was only looked through.
+// Searching the notes of a set, verse by verse. The search reads notes into its own buffer, so that notes it only scans
+// never appear in the Notes window or the editor.
 #pragma once
 
 #include <array>
@@ -12,29 +12,29 @@
 
 inline constexpr int kNoteSearchTextLimit = 149;  // characters
 
-// What a code page has for capitals, and for letters and digits, byte by byte.
+// Capital letters, and the set of letters and digits, of a code page.
 struct LetterTable {
-    std::array<char, 256> capitals{};  // of each byte; itself where it has none
-    std::array<bool, 256> inWords{};   // is it a letter or a digit?
+    std::array<char, 256> capitals{};  // capital of each byte, or the byte itself
+    std::array<bool, 256> inWords{};   // is the byte a letter or a digit?
 };
 
-// Those of plain ASCII.
+// The table of plain ASCII.
 LetterTable AsciiLetters();
 
-// `text` in capitals.
+// `text` converted to capitals.
 std::string InCapitals(const LetterTable& letters, std::string_view text);
 
-// Where a search goes on.
+// Where a search continues.
 struct ResumePoint {
     int verse = 0;
-    std::size_t offset = 0;  // in the first note that is looked through, in characters
+    std::size_t offset = 0;  // characters, in the first note that is searched
 };
 
 struct NoteQuery {
     std::string text;            // not empty; in capitals unless case-sensitive
-    bool caseSensitive = false;  // otherwise the notes are looked through in capitals
-    bool substrings = false;     // otherwise no letter or digit may stand beside a match
-    SearchRange range;           // verses, the last included
+    bool caseSensitive = false;  // otherwise the notes are converted to capitals
+    bool substrings = false;     // otherwise a match must not have a letter or digit beside it
+    SearchRange range;           // verses, including the last
 };
 
 enum class NoteSearchEnd { kFound, kNotFound, kUnreadable };
@@ -42,17 +42,17 @@ enum class NoteSearchEnd { kFound, kNotFound, kUnreadable };
 struct NoteMatch {
     NoteSearchEnd end = NoteSearchEnd::kNotFound;
     int verse = 0;
-    std::size_t offset = 0;  // in the note; the match is as long as the text looked for
+    std::size_t offset = 0;  // in the note; the match has the length of the query's text
 };
 
-// Hears of each verse that the search comes to.
+// Called with each verse that the search reaches.
 struct SearchProgress {
-    void* device = nullptr;  // handed back
+    void* device = nullptr;  // passed to `reached`
     void (*reached)(void* device, int verse) = nullptr;
 };
 
-// The first match from `resume` on: from the range's beginning where that comes later. Verses without a note keep the
-// offset for the first that has one; one beyond the note's end finds nothing there. kUnreadable as soon as a note
-// cannot be read because the set's data file cannot be opened.
+// The first match from `resume`, or from the start of the range if that is later. Verses without a note are skipped;
+// the offset applies to the first verse that has one, and no match is found there if it is beyond that note's end. The
+// search ends with kUnreadable at the first note that cannot be read because the set's data file cannot be opened.
 NoteMatch FindInNotes(const NoteFiles& files, const NoteSet& set, const LetterTable& letters, const NoteQuery& query,
                       ResumePoint resume, const SearchProgress& progress);

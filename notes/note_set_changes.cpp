@@ -15,8 +15,8 @@ static bool CanStandInName(char c) {
     return static_cast<unsigned char>(c) >= ' ' && kForbidden.find(c) == std::string_view::npos;
 }
 
-// Is it one of the names that Windows takes for a device whatever its ending: CON, PRN, AUX, NUL, COM1.., LPT1..?
-// (Naming Files, Paths, and Namespaces, in Microsoft's documentation of Windows)
+// Is it a name that Windows reserves for a device, with any extension: CON, PRN, AUX, NUL, COM1.., LPT1..? (Naming
+// Files, Paths, and Namespaces, in Microsoft's documentation of Windows)
 static bool IsDeviceName(const std::string& name) {
     static constexpr std::array<std::string_view, 4> kDevices = {"con", "prn", "aux", "nul"};
     std::string first = LowerCased(name.substr(0, name.find('.')));
@@ -26,8 +26,8 @@ static bool IsDeviceName(const std::string& name) {
     return isPort && first[3] >= '1' && first[3] <= '9';
 }
 
-// What makes `name` one that Windows does not store in a folder's file names, as a sentence; empty for a good name. The
-// empty name is a good one: its files are ".nmd" and ".nmi".
+// Why Windows cannot store files named `name`, as a sentence; empty for a valid name. An empty name is valid: its files
+// are ".nmd" and ".nmi".
 static std::string ReasonAgainstName(const std::string& name) {
     if (!std::ranges::all_of(name, CanStandInName)) {
         return "The name of a note set cannot have any of the characters \\ / : * ? \" < > | or a control character.";
@@ -49,7 +49,7 @@ std::string CreateNoteSet(const NoteFiles& files, NoteSets& notes, const std::st
     if (!reason.empty()) return std::string(kCannotCreateNotes) + "\n\n" + reason;
     NoteSet set = EmptyNoteSet(name);
     const int created = CreateNoteFiles(files, set);
-    if (created == 1) files.remove(files.device, set.dataFileName);  // nothing but empty notes
+    if (created == 1) files.remove(files.device, set.dataFileName);  // contains only empty notes
     if (created != 2) return kCannotCreateNotes;
     notes.sets.push_back(std::move(set));
     return "";
@@ -61,7 +61,7 @@ static bool IsDevotional(const NoteSets& notes) {
     return notes.currentSet == notes.devotionalSet;
 }
 
-// An earlier rename failed at the index file.
+// After a rename that failed at the index file.
 static bool IsOutOfUse(const NoteSet& set) {
     return set.dataFileName == IndexFileName(set);
 }
@@ -86,7 +86,7 @@ std::string RenameNoteSet(const NoteFiles& files, NoteSets& notes, const std::st
     if (!RenameIndex(files, set, name)) return kRenameFailed;
     if (IsDevotional(notes)) rename(kTableEnding);
     set.dataFileName = name + kDataEnding;
-    rename(std::string(kDataEnding) + kTempEnding);  // left alone, it would come back as a set of the old name
+    rename(std::string(kDataEnding) + kTempEnding);  // otherwise it would come back as a set of the old name
     return "";
 }
 

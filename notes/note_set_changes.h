@@ -1,8 +1,8 @@
-// Creating, renaming and deleting note sets: their files in the working directory and their places in the table of
+// Creating, renaming and deleting note sets: their files in the working directory and their entries in the table of
 // sets.
 //
-// A set's files change one after the other, in an order that never leaves an index beside notes that it does not fit.
-// What a failed step leaves is told with each procedure.
+// A set's files are changed one after the other, in an order that never combines an index with notes that it does not
+// match. What remains after a failed step is described at each procedure.
 #pragma once
 
 #include <string>
@@ -17,24 +17,23 @@ inline constexpr char kOnlyOneSet[] =
     "You only have one note set remaining. You must have at least one note set in Versewell. Create a new note set "
     "before deleting this set.";
 
-// Creates an empty set named `name` and adds it as the last one; the current set stays. Gives what to tell the user;
-// empty when it was created. A name whose files are there already, one that cannot be stored and a set beyond
-// kNoteSetLimit leave everything as it was.
+// Creates an empty set named `name` and adds it as the last one; the current set does not change. Returns the message
+// for the user; empty on success. Nothing changes if the set's files already exist, the name cannot be stored or there
+// are already kNoteSetLimit sets.
 std::string CreateNoteSet(const NoteFiles& files, NoteSets& notes, const std::string& name);
 
-// Gives the current set the name `name`: its data file, its index file, and without a look at the outcome its
-// devotional table, when it is the devotional set, and what a failed save left. Gives what to tell the user; empty when
-// it was renamed.
+// Renames the current set to `name`: its data file, its index file and, ignoring failures, its devotional table (if it
+// is the devotional set) and what a failed save left. Returns the message for the user; empty on success.
 //
-// Where the data file cannot be renamed, nothing changes. Where the index file cannot, the data file has its new name
-// already and the set is out of use until the next start, which finds the notes under their new name: it goes by its
-// index file's name, is never written and cannot be renamed again.
+// If the data file cannot be renamed, nothing changes. If the index file cannot, the data file already has its new name
+// and the set is unusable until the next start, which finds the notes under their new name: until then it has the name
+// of its index file, is read-only and cannot be renamed again.
 std::string RenameNoteSet(const NoteFiles& files, NoteSets& notes, const std::string& name);
 
 // The question to ask before the current set is deleted.
 std::string QuestionBeforeDeleting(const NoteSets& notes);
 
-// Deletes the current set: its index file, and without a look at the outcome its data file, its devotional table, when
-// it is the devotional set, and what a failed save left. Set 0 becomes the current one. False, and nothing changed,
-// when the index file cannot be deleted. There must be another set.
+// Deletes the current set: its index file and, ignoring failures, its data file, its devotional table (if it is the
+// devotional set) and what a failed save left. Set 0 becomes the current one. If the index file cannot be deleted,
+// returns false and changes nothing. There must be another set.
 bool DeleteNoteSet(const NoteFiles& files, NoteSets& notes);

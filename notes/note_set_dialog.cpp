@@ -10,8 +10,8 @@
 namespace {
 
 struct AskedName {
-    std::string title;  // empty: that of the resource
-    std::string* name;  // first what the field begins with, then what was typed
+    std::string title;  // empty for that of the resource
+    std::string* name;  // in: initial text of the field; out: the typed text
 };
 
 }  // namespace

@@ -6,8 +6,8 @@
 
 #include "win32/windows_api.h"
 
-// Create New Note Set: the name that was typed, at most kNoteSetNameLimit characters; none when it was cancelled.
+// Create New Note Set: returns the typed name, at most kNoteSetNameLimit characters; nullopt on Cancel.
 std::optional<std::string> AskNewSetName(HWND frame);
 
-// The same for the new name of the set `name`, which the field begins with.
+// The same for a new name of the set `name`, which is the initial text of the field.
 std::optional<std::string> AskChangedSetName(HWND frame, const std::string& name);

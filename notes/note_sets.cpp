@@ -27,8 +27,8 @@ void StampFiles(const NoteFiles& files, NoteSet& set) {
     set.indexStamp = files.stamp(files.device, IndexFileName(set));
 }
 
-// Takes the role of devotional set for the set about to be added, when it has a table. A longer table is cut, a shorter
-// one filled up with zeros.
+// Makes the set about to be added the devotional set if it has a table. A longer table is cut, a shorter one is filled
+// up with zeros.
 static void ReadDevotionalTable(const NoteFiles& files, const std::string& setName, NoteSets& notes) {
     std::vector<unsigned char> bytes;
     if (!files.read(files.device, setName + kTableEnding, 0, kDevotionalFileSize, bytes)) return;
@@ -56,7 +56,7 @@ NoteSet EmptyNoteSet(const std::string& name) {
     return set;
 }
 
-// An empty note is a NUL. A data file that is there already may hold notes whose index was lost.
+// An empty note is a NUL. An existing data file is not overwritten: it may have notes whose index was lost.
 int CreateNoteFiles(const NoteFiles& files, NoteSet& set) {
     const std::vector<unsigned char> emptyNotes(kVerseCount, 0);
     int created = 0;
@@ -104,13 +104,13 @@ NoteSet* CurrentSet(NoteSets& notes) {
     return HasSet(notes, notes.currentSet) ? &notes.sets[static_cast<std::size_t>(notes.currentSet)] : nullptr;
 }
 
-// None where the index file was too short.
+// nullopt if the index file is too short.
 static std::optional<std::uint32_t> OffsetOf(const NoteSet& set, int verse) {
     const bool exists = verse >= 0 && static_cast<std::size_t>(verse) < set.offsets.size();
     return exists ? std::optional(set.offsets[static_cast<std::size_t>(verse)]) : std::nullopt;
 }
 
-// Bytes from `begin` to `end`; none where a damaged index has them the wrong way round.
+// Bytes from `begin` to `end`; 0 if a damaged index has them in reverse order.
 static std::uint64_t LengthBetween(std::uint64_t begin, std::uint64_t end) {
     return end > begin ? end - begin : 0;
 }
@@ -157,7 +157,7 @@ bool NoteExists(const NoteFiles& files, const NoteSets& notes, int verse) {
     return set != nullptr && NoteExists(files, *set, verse);
 }
 
-// Steps from the current verse by `step` (1 or -1) round the Bible to the next verse with a note.
+// Steps from the current verse by `step` (1 or -1), wrapping around the Bible, to the next verse with a note.
 static int StepToNote(const NoteFiles& files, const NoteSets& notes, int step) {
     const auto neighbour = [step](int verse) { return (verse + step + kVerseCount) % kVerseCount; };
     const int start = ClampVerse(notes.currentVerse);

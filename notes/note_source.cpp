@@ -15,7 +15,7 @@ static bool Holds(const NoteReader& notes, const StoredNote& stored) {
            stored.offset + stored.length <= notes.windowOffset + notes.window.size();
 }
 
-// Makes the window begin with the note where it does not lie in it. False when the data file cannot be opened.
+// If the note is not inside the window, moves the window to start with it. False if the data file cannot be opened.
 static bool MoveWindow(NoteReader& notes, const StoredNote& stored) {
     if (Holds(notes, stored)) return true;
     notes.windowOffset = stored.offset;
@@ -23,7 +23,7 @@ static bool MoveWindow(NoteReader& notes, const StoredNote& stored) {
     return notes.files.read(notes.files.device, notes.set.dataFileName, stored.offset, kWindowSize, notes.window);
 }
 
-// A damaged index may ask for more than a note can hold, or than the file has.
+// Cut to the window, because a damaged index may ask for more than a note can have or than is in the file.
 static std::string_view BytesOf(const NoteReader& notes, const StoredNote& stored) {
     const std::string_view window(reinterpret_cast<const char*>(notes.window.data()), notes.window.size());
     return window.substr(static_cast<std::size_t>(stored.offset - notes.windowOffset),

@@ -1,5 +1,5 @@
-// The notes of one set, verse by verse, for a range that is saved or printed, or for a search. Reads the set's data
-// file in large steps; the current set and the note shown stay as they are.
+// The notes of one set, verse by verse, for saving or printing a range and for searches. Reads the set's data file in
+// large steps and does not change the current set or the displayed note.
 #pragma once
 
 #include <cstdint>
@@ -12,24 +12,24 @@ inline constexpr char kCannotOpenNotes[] = "Could not open notes file";
 
 enum class NoteFound { kNone, kNote, kUnreadable };
 
-// Where the notes of a range come from.
+// A source of notes.
 struct NoteSource {
-    void* device = nullptr;  // handed back
-    // Puts the text of the verse's note into `note`; leaves it alone where there is none or it cannot be read.
+    void* device = nullptr;  // passed to `noteOf`
+    // Stores the text of the verse's note in `note`, which is not changed if there is none or it cannot be read.
     NoteFound (*noteOf)(void* device, int verse, std::string& note) = nullptr;
 };
 
-// A source over the files of a set. Starts as {files, set}.
+// Reads the notes from the files of a set. Initialize as {files, set}.
 struct NoteReader {
     const NoteFiles& files;
     const NoteSet& set;
-    std::uint64_t windowOffset = 0;  // in the data file
+    std::uint64_t windowOffset = 0;  // offset of the window in the data file
     std::vector<unsigned char> window{};
 };
 
 // Can the set's data file be opened?
 bool CanReadNotes(const NoteFiles& files, const NoteSet& set);
 
-// The source over `notes`, which must stay. A note is there as for NoteExists; its text goes up to its first NUL, at
-// most 65,536 characters.
+// The source that reads with `notes`, which must outlive it. A note exists under the same condition as in NoteExists;
+// its text ends at its first NUL, at most 65,536 characters.
 NoteSource SourceOf(NoteReader& notes);

@@ -40,7 +40,7 @@ void LoadNoteSets() {
     if (!opened.created) Complain(frame, kCannotCreateNotes);
     if (!opened.report.empty()) {
         const UINT icon = opened.hasDamaged ? MB_ICONWARNING : MB_ICONINFORMATION;
-        MessageBoxA(frame, opened.report.c_str(), kMendedCaption, MB_OK | icon | MB_SYSTEMMODAL);  // before the splash
+        MessageBoxA(frame, opened.report.c_str(), kMendedCaption, MB_OK | icon | MB_SYSTEMMODAL);  // above the splash
     }
 }
 
@@ -48,7 +48,7 @@ void AddLastNoteTab() {
     InsertTab(theNoteSets.sets.back());
 }
 
-// A tab that is given the text that it has would be drawn again all the same.
+// Skips unchanged labels, because setting the same text would still redraw the tab.
 static bool Label(std::size_t tab, const std::string& label) {
     if (theNoteTabs.labels[tab] == label) return false;
     theNoteTabs.labels[tab] = label;

@@ -1,4 +1,4 @@
-// The tabs of the note sets, one a set, in the order of the table of sets.
+// The tabs of the note sets, one per set, in the order of the table of sets.
 #pragma once
 
 #include <string>
@@ -10,21 +10,21 @@
 struct NoteTabs {
     HWND window = nullptr;            // the tab control; the frame creates it
     std::vector<std::string> labels;  // as shown
-    MarkedBefore marked;              // where the panes stood for the marks in them
+    MarkedBefore marked;              // pane positions that the marks in the labels were made for
 };
 extern NoteTabs theNoteTabs;
 
-// Opens the sets of the working directory and gives each a tab. Reports when the first set's files cannot be created,
-// and what was mended in the others.
+// Opens the sets in the working directory and creates their tabs. Reports when the first set's files cannot be created,
+// and what was repaired in the other sets.
 void LoadNoteSets();
 
-// Gives every set a tab with its plain name, in place of those that were there, and selects the current set's.
+// Replaces all tabs by one for each set with its plain name, and selects the current set's.
 void ShowNoteTabs();
 
-// Adds the tab of the last set, with its plain name.
+// Adds a tab with its plain name for the last set.
 void AddLastNoteTab();
 
 void SelectNoteTab(int set);
 
-// Marks the tabs anew where a pane has moved since the last time. True when they now take more or fewer rows.
+// Updates the marks if a pane has moved since the last time. True if the tabs now need more or fewer rows.
 bool MarkNoteTabs(const MarkedPlace& place);

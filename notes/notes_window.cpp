@@ -56,7 +56,7 @@ void SetNotesFont(const FontChoice& choice) {
     theNotes.font = std::move(font);
 }
 
-// A selection in the view owns Copy; none owns it no more.
+// A non-empty selection in the view is what Copy uses.
 static void OnSelectionChange(const CHARRANGE& range) {
     theSelection.SelectionOwner = range.cpMin < range.cpMax ? kNoteViewOwns : kNobody;
     SendCommand(FrameOf(theNotes.window), IDM_REFRESH);
@@ -140,7 +140,7 @@ static LRESULT ToView(UINT message, WPARAM wParam, LPARAM lParam) {
     return CallWindowProcA(theNotes.viewProcedure, theNotes.view, message, wParam, lParam);
 }
 
-// The first click has put the caret where it was made; the second selects a word.
+// The first click set the caret; the second one selects a word.
 static LRESULT OnDoubleClick(WPARAM wParam, LPARAM lParam) {
     const auto caret = static_cast<std::size_t>(SelectionInNote().start);
     const LRESULT result = ToView(WM_LBUTTONDBLCLK, wParam, lParam);
@@ -165,7 +165,7 @@ static void OnViewContextMenu(HWND view, HWND under, UINT x, UINT y) {
 static LRESULT CALLBACK ViewProcedure(HWND view, UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         HANDLE_MSG(view, WM_RBUTTONDOWN, OnViewRButtonDown);
-        HANDLE_MSG(view, WM_RBUTTONDBLCLK, OnViewRButtonDown);  // a second one soon after the first
+        HANDLE_MSG(view, WM_RBUTTONDBLCLK, OnViewRButtonDown);  // a second right click soon after the first
         HANDLE_MSG(view, WM_CONTEXTMENU, OnViewContextMenu);
         case WM_SETFOCUS: OnViewFocus(); break;
         case WM_LBUTTONDBLCLK: return OnDoubleClick(wParam, lParam);

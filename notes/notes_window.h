@@ -14,42 +14,43 @@ struct NotesPane {
     WNDPROC viewProcedure = nullptr;  // the control's own
     OwnedFont font;
     int BindNotes = 1;                     // non-zero: the Notes window follows the Passage
-    std::vector<std::int32_t> references;  // of the cross-reference line that was followed
+    std::vector<std::int32_t> references;  // verses of the last cross-reference line that was followed
 };
 extern NotesPane theNotes;
 
 bool RegisterNotesClass();
 
-// Creates the pane with its view inside `tabs`, hidden.
+// Creates the hidden pane with its view inside `tabs`.
 void CreateNotesPane(HWND tabs);
 
-// Gives the view its own window procedure back.
+// Restores the view's own window procedure.
 void RestoreNoteView();
 
-// Makes the font of the view and of the editor.
+// Sets the font of the view and of the editor.
 void SetNotesFont(const FontChoice& choice);
 
 // Reads the note of `verse` in the current set and shows it, with its verse in the status bar. Does nothing while a
-// note is edited; says so when the set's file cannot be opened.
+// note is being edited or if there are no sets; reports when the set's file cannot be opened.
 void ReadNote(int verse);
 
-// Shows the text of the current note as it was read, searched or saved last.
+// Shows the text of the current note as last read or saved.
 void ShowNoteText();
 
-// Makes `set` the current one, shows its note of `verse` and selects its tab. Does nothing while a note is edited.
+// Makes `set` the current one, shows its note of `verse` and selects its tab. Does nothing while a note is being
+// edited.
 void ShowNoteOfSet(int set, int verse);
 
-// Characters `start` to `end` of the note, as the view's selection counts them.
+// Character offsets `start` to `end` of a selection in the note.
 struct NoteSelection {
     int start = 0, end = 0;
 };
 NoteSelection SelectionInNote();
 
-// Selects these characters, brings them into view and makes them what Copy takes.
+// Selects these characters, scrolls to them and makes them the selection that Copy uses.
 void SelectInNote(const NoteSelection& selection);
 
-// Is the selection to be seen while the view does not have the focus?
+// Sets whether the selection is visible while the view does not have the focus.
 void KeepNoteSelectionShown(bool shown);
 
-// A key by which a note's text is walked through, though it means a command elsewhere: it goes to the text first.
+// Is it a key that navigates in a note's text, although it is a command elsewhere? If so, the text gets it first.
 bool IsNoteTextKey(const MSG& message);

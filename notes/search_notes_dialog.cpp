@@ -10,9 +10,9 @@
 #include "win32/dialogs.h"
 #include "win32/help_viewer.h"
 
-static ResumePoint theResumePoint;  // of the dialog that is open
+static ResumePoint theResumePoint;  // of the open dialog
 
-// Those of the system's code page.
+// The table of the system's code page.
 static LetterTable SystemLetters() {
     LetterTable letters = AsciiLetters();
     for (std::size_t code = 0; code < letters.capitals.size(); ++code) {

@@ -3,6 +3,6 @@
 
 #include "win32/windows_api.h"
 
-// Opens the dialog with the last text searched for. It stays open from match to match; each is shown in the Notes
-// window, selected.
+// Opens the dialog with the last search text. It stays open between matches; each match is shown selected in the Notes
+// window.
 void AskNoteSearch(HWND frame);

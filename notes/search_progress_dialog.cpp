@@ -5,8 +5,8 @@
 #include "resources/ids.h"
 #include "win32/screen.h"
 
-static constexpr int kBarSteps = 200;         // about as many as it has pixels
-static constexpr ULONGLONG kUnseenFor = 150;  // milliseconds: a box that comes and goes at once only flickers
+static constexpr int kBarSteps = 200;         // about the bar's width in pixels
+static constexpr ULONGLONG kUnseenFor = 150;  // milliseconds: avoids flicker when a search ends quickly
 
 static INT_PTR CALLBACK ProgressProcedure(HWND dialog, UINT message, WPARAM, LPARAM) {
     if (message == WM_INITDIALOG) PlaceDialog(dialog);

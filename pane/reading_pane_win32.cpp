@@ -70,7 +70,7 @@ void ScrollPane(const PaneKind& kind, ScrollCode code, int thumb) {
     const int top = kind.scrolledTop(code, thumb);
     if (top == kind.top()) return;
     kind.setTop(top);
-    UpdateWindow(kind.pane.window);  // the next step depends on the items that this one shows
+    UpdateWindow(kind.pane.window);  // the next scroll depends on the items that this paint shows
 }
 
 static std::optional<ScrollCode> ScrollOfBar(UINT code) {
@@ -104,7 +104,7 @@ static void OnKeyDown(const PaneKind& kind, UINT key) {
     kind.onKey(kind, key);
 }
 
-// By the lines or pages that the user wants for a notch of the wheel.
+// Scrolls by the user's setting of lines per wheel notch, or by pages.
 static void OnMouseWheel(const PaneKind& kind, int delta) {
     const int lines = WheelLines();
     int& rest = kind.pane.wheelRest;
@@ -118,13 +118,13 @@ static void OnMouseWheel(const PaneKind& kind, int delta) {
 
 // ---- Focus ----------------------------------------------------------------------------------------------------------
 
-// Measured here, since the focus may come before the first paint.
+// Measured here because the pane can get the focus before its first paint.
 static int LineHeightOf(ReadingPane& pane) {
     const TextMeasure measure = MeasureOf(pane.faces);
     return HasFaces(pane.faces) ? measure.lineHeight(measure.device) : 0;
 }
 
-// The selection of another pane goes, with the commands that depend on it.
+// Drops another pane's selection, which also disables the commands that depend on it.
 static void OnSetFocus(const PaneKind& kind, HWND before) {
     const int ownerBefore = theSelection.SelectionOwner;
     if (ownerBefore != kind.selected.owner && ownerBefore != kNobody) {
@@ -158,8 +158,8 @@ static SelectionPoint PointAt(const PaneKind& kind, int x, int y) {
     return kind.hasText() ? kind.pointAt(x, y) : SelectionPoint{};
 }
 
-// A press in a pane with the focus begins a selection; in another one it only gives it the focus. Where no word is, it
-// ends the pane's selection.
+// If the pane has the focus, a press on a word starts a selection and a press elsewhere ends the pane's selection.
+// Otherwise a press only sets the focus.
 static void OnLButtonDown(const PaneKind& kind, int x, int y) {
     const ReadingPane& pane = kind.pane;
     if (GetFocus() != pane.window) return FocusPane(pane);
@@ -177,13 +177,13 @@ static int StepAtEdge(const ReadingPane& pane, int y) {
     return y < edge ? -1 : y > ClientAreaOf(pane).bottom - edge ? 1 : 0;
 }
 
-// Each move near the upper or lower edge moves the text by an item.
+// A drag near the upper or lower edge scrolls by one item per mouse move.
 static void StepTop(const PaneKind& kind, int by) {
     const int top = kind.clampItem(kind.top() + by);
     if (top != kind.top()) kind.setTop(top);
 }
 
-// Where no word is, the selection stays as it is. Only what changes is painted.
+// The selection does not change while the mouse is not on a word, and the pane is only repainted when it changes.
 static void OnMouseMove(const PaneKind& kind, int x, int y, UINT keys) {
     const bool drags = theSelection.dragging && theSelection.SelectionOwner == kind.selected.owner;
     if (!(keys & MK_LBUTTON) || !drags) return;
@@ -222,7 +222,7 @@ LRESULT ReadingPaneProcedure(const PaneKind& kind, HWND window, UINT message, WP
         case WM_SETFOCUS: return OnSetFocus(kind, reinterpret_cast<HWND>(wParam)), 0;
         case WM_KILLFOCUS: return OnKillFocus(kind.pane), 0;
         case WM_PAINT: return OnPaint(kind), 0;
-        case WM_ERASEBKGND: return TRUE;  // the paint covers all of the pane
+        case WM_ERASEBKGND: return TRUE;  // the paint covers the whole pane
         case WM_KEYDOWN: return OnKeyDown(kind, static_cast<UINT>(wParam)), 0;
         case WM_VSCROLL: return OnVScroll(kind, LOWORD(wParam), static_cast<short>(HIWORD(wParam))), 0;
         case WM_MOUSEWHEEL: return OnMouseWheel(kind, GET_WHEEL_DELTA_WPARAM(wParam)), 0;

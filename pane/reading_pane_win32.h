@@ -1,6 +1,5 @@
-// What the two panes that show scripture have in common: one window procedure, with painting off the screen, scrolling
-// by items, the focus, and the selection of words by the mouse. An item is a verse of the Passage or an entry of the
-// Verse List.
+// What the two panes that show scripture have in common: the window procedure, double-buffered painting, scrolling by
+// items, focus, and selecting words with the mouse. An item is a verse of the Passage or an entry of the Verse List.
 #pragma once
 
 #include "pane/flow.h"
@@ -18,36 +17,36 @@ struct ReadingPane {
     Faces faces;
     Canvas canvas;
     TextRuns runs;
-    int wheelRest = 0;  // of the wheel's turning, less than a step
+    int wheelRest = 0;  // remainder of wheel movement, less than a step
 };
 
-// What one of the panes does its own way; a constant a pane.
+// What differs between the panes; each pane has one constant.
 struct PaneKind {
     ReadingPane& pane;
-    SelectedText selected;  // its owner is the pane's
-    bool (*hasText)();      // is there anything to lay out? While not, none of the next five is called
+    SelectedText selected;  // its owner identifies the pane
+    bool (*hasText)();      // is there anything to lay out? If not, of the next five only `top` is called
 
-    void (*layOut)(const RECT& client);              // adds what fills the client area to the pane's runs
-    int (*top)();                                    // item shown first
+    void (*layOut)(const RECT& client);              // adds the text that fills the client area to the pane's runs
+    int (*top)();                                    // first item shown
     int (*scrolledTop)(ScrollCode code, int thumb);  // the top after a scroll
-    int (*clampItem)(int item);                      // brought into those that there are
-    SelectionPoint (*pointAt)(int x, int y);         // word at a point of the client area; (-1, -1): none
-    void (*setTop)(int item);                        // shows another item first
+    int (*clampItem)(int item);                      // clamps to existing items
+    SelectionPoint (*pointAt)(int x, int y);         // word at a point of the client area; (-1, -1) for none
+    void (*setTop)(int item);                        // scrolls so that `item` is shown first
 
     void (*onCreate)(HWND window);
-    void (*onKey)(const PaneKind& kind, UINT key);  // one that does not scroll
-    void (*onCommand)(int command);                 // one that is not about the selection
+    void (*onKey)(const PaneKind& kind, UINT key);  // for keys that do not scroll
+    void (*onCommand)(int command);                 // for commands that are not about the selection
     void (*openMenu)(POINT onScreen);
 };
 
-// The window procedure of a pane, to be called by that of its class.
+// The window procedure of a pane, called by that of its window class.
 LRESULT ReadingPaneProcedure(const PaneKind& kind, HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
-// Scrolls a pane and paints it; `thumb` counts for kThumb.
+// Scrolls a pane and repaints it; `thumb` is only used for kThumb.
 void ScrollPane(const PaneKind& kind, ScrollCode code, int thumb);
 
-// A visitor that adds each box to the pane's runs, in the colours of the selection, when `owner` has it, and of key
-// words.
+// Returns a visitor that adds each box to the pane's runs, coloured as selected (if `owner` has the selection), key
+// word or normal text.
 FlowVisitor RunsVisitor(ReadingPane& pane, SelectionOwnerId owner);
 
 // The pane's client area, which its layout fills.
@@ -56,5 +55,5 @@ RECT ClientAreaOf(const ReadingPane& pane);
 // Moves the scroll box to the item `top`.
 void MoveScrollBox(const ReadingPane& pane, int top);
 
-// Has the whole pane painted again.
+// Invalidates the whole pane.
 void RedisplayPane(const ReadingPane& pane);

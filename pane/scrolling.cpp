@@ -7,8 +7,8 @@ int CorrectedLastVisible(const ScrollPlace& place) {
     return std::min(moved, place.last);
 }
 
-// Steps back until the old top is no longer above the last visible item, then on for as long as it is that item. No
-// shorter search will do: what lies between the two tops may wrap differently from each.
+// Steps back until the old top is no longer above the last visible item, then on for as long as it is that item. A
+// binary search or larger steps would not work, because the items between two tops may wrap differently from each top.
 static int PagedUp(const ScrollPlace& place, const std::function<int(int)>& lastVisibleFrom) {
     const int oldTop = place.top;
     int top = oldTop;
@@ -40,7 +40,7 @@ int ScrolledTo(const ScrollPlace& place, ScrollCode code, int thumb, const std::
 
 int WheelSteps(int delta, int perNotch, int& rest) {
     static constexpr int kNotch = 120;        // WHEEL_DELTA, in the documentation of WM_MOUSEWHEEL
-    if ((delta < 0) != (rest < 0)) rest = 0;  // the wheel has turned back
+    if ((delta < 0) != (rest < 0)) rest = 0;  // the wheel changed direction
     rest += delta * perNotch;
     const int steps = rest / kNotch;
     rest %= kNotch;

@@ -27,7 +27,7 @@ int FirstSelectedPlace(const Selection& selection, SelectionOwnerId owner, int t
 }
 
 int AnchorPlace(const Selection& selection, SelectionOwnerId owner, int top, int lastVisible) {
-    // The two ends are not put in order here: the anchor may lie below what is shown when the mouse went up from it.
+    // The two ends are deliberately not ordered: after a drag upwards the anchor may be below the visible items.
     const bool shown = selection.anchor.place >= top && selection.end.place <= lastVisible;
     return selection.SelectionOwner == owner && shown ? selection.anchor.place : top;
 }
@@ -58,7 +58,8 @@ static bool IsBlankOrLetter(char c) {
     return c == ' ' || IsLetter(c);
 }
 
-// One character more is looked at than a search can hold: where all of them are letters the last is lost.
+// The scan limit is one more than a search text can hold: if all of these characters are letters, the last one is
+// dropped.
 std::string SearchTextOf(std::string_view copy, int limit) {
     std::string text;
     std::ranges::copy_if(copy.substr(0, static_cast<std::size_t>(limit)), std::back_inserter(text), IsBlankOrLetter);

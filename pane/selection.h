@@ -1,8 +1,8 @@
-// The one selection of words that Copy takes, and the words in it. A pane interprets the selection only while it owns
-// it.
+// The program's single selection of words, which Copy uses, and the words in it. A pane interprets the selection only
+// while it owns it.
 //
-// Words are counted as the panes count them: 0 is the label of a verse, 1 its first word, and a word keeps the blank
-// behind it. The last word of a verse gets a blank of its own.
+// Word numbers are those of the panes: 0 is the label of a verse, 1 its first word. A word includes the space after it,
+// and a space is added after the last word of a verse.
 #pragma once
 
 #include <string>
@@ -19,15 +19,15 @@ enum SelectionOwnerId {
 };
 
 struct SelectionPoint {
-    int place = -1;  // verse index in the Passage, entry number in the Verse List; -1 nothing
+    int place = -1;  // verse index in the Passage, entry number in the Verse List; -1 for none
     int word = -1;   // 0 the label, 1 the first word
     bool operator==(const SelectionPoint&) const = default;
 };
 
 struct Selection {
     int SelectionOwner = kNobody;
-    SelectionPoint anchor;  // where the button went down
-    SelectionPoint end;     // where the mouse is now; either may come first
+    SelectionPoint anchor;  // where the mouse button was pressed
+    SelectionPoint end;     // current mouse position; may be before or after the anchor
     bool dragging = false;
 };
 
@@ -36,17 +36,17 @@ struct OrderedSelection {
     SelectionPoint end;
 };
 
-// The earlier place first; in the same place the smaller word first.
+// Sorts the two ends by place, then by word.
 OrderedSelection Ordered(const Selection& selection);
 
-// Lies `point` in the selection, ends included? A label is word 0. Whether the pane owns the selection is the caller's
-// question.
+// Is `point` in the selection, including its ends? A label is word 0. Does not check whether the pane owns the
+// selection.
 bool IsSelected(const OrderedSelection& selection, SelectionPoint point);
 
-// First selected place when `owner` has the selection and all of it lies in `top`..`lastVisible`; otherwise `top`.
+// First selected place if `owner` has the selection and all of it is in `top`..`lastVisible`; otherwise `top`.
 int FirstSelectedPlace(const Selection& selection, SelectionOwnerId owner, int top, int lastVisible);
 
-// The anchor's place when `owner` has the selection, the anchor is at or after `top` and the end at or before
+// The anchor's place if `owner` has the selection, the anchor is at or after `top` and the end at or before
 // `lastVisible`; otherwise `top`.
 int AnchorPlace(const Selection& selection, SelectionOwnerId owner, int top, int lastVisible);
 
@@ -55,20 +55,21 @@ struct WordSpan {
     int last = 0;
 };
 
-// Words of `place` that lie in the selection; `last` is beyond every word where all from `first` on do.
+// Words of `place` that are in the selection; `last` is greater than any word number if the selection includes the
+// place's last word.
 WordSpan SelectedWords(const OrderedSelection& selection, int place);
 
-// A reader that keeps or leaves out the brackets round supplied words.
+// A word reader that keeps or drops the brackets around supplied words.
 WordReader CopyingReader(bool keepBrackets);
 
-// Appends the words of `span` that `verse` has; its label is the caller's. True when the verse's last word is the last
-// one appended, or comes before all of the span.
+// Appends the words of `span` that `verse` has; the label is left to the caller. True if the verse has no word after
+// `span.last`.
 bool AppendWords(std::string& text, WordReader& reader, std::string_view verse, const WordSpan& span);
 
-// Characters of a copy that a search for words or a phrase looks at, and a search of the notes.
+// Characters of the copied text that are scanned for the text of a word or phrase search, and of a note search.
 inline constexpr int kWordSearchScan = 200;
 inline constexpr int kNoteSearchScan = 149;
 
-// The blanks and the letters A-Z and a-z among the first `limit` characters of `copy`, the letters of its labels too;
-// never more than a search takes: 199.
+// The spaces and the letters A-Z and a-z among the first `limit` characters of `copy`, including the letters of labels;
+// at most the 199 characters that a search accepts.
 std::string SearchTextOf(std::string_view copy, int limit);

@@ -28,7 +28,7 @@ static void Copy(HWND pane, const SelectedText& selected) {
     bool copied = text.has_value();
     if (copied) {
         const HeldClipboard clipboard = OpenEmptyClipboard(pane);
-        if (!clipboard) return;  // which has been said
+        if (!clipboard) return;  // already reported
         copied = PutText(clipboard, *text);
     }
     if (!copied && selected.noMemoryReport) Complain(pane, selected.noMemoryReport);

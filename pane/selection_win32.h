@@ -1,4 +1,4 @@
-// The program's selection of words, and what is done with it: it is copied, or a search begins with it.
+// The program's selection of words, and the commands on it: copy it, or start a search with it.
 #pragma once
 
 #include <string>
@@ -8,18 +8,18 @@
 
 extern Selection theSelection;
 
-// Gives up the selection, whichever pane owns it, and ends a drag.
+// Clears the selection, whichever pane owns it, and ends a drag.
 void DropSelection();
 
-// How a pane hands out the words that are selected in it.
+// How a pane provides the words that are selected in it.
 struct SelectedText {
     SelectionOwnerId owner = kNobody;
     std::string (*form)() = nullptr;       // the text of the pane's selection
-    const char* noMemoryReport = nullptr;  // shown where there is no memory for a copy; none: nothing is shown
+    const char* noMemoryReport = nullptr;  // shown if there is no memory for a copy; null to show nothing
 };
 
-// Carries out Copy, Word Search, Phrase Search or Search Notes, received by `pane`; false when `command` is another.
-// Copy reports that another program holds the clipboard. A search's text goes to the state of the searches, and the
-// command on to the frame; where there is no memory for the text nothing happens. Nor does it while the pane does not
-// own the selection.
+// Runs Copy, Word Search, Phrase Search or Search Notes, received by `pane`; returns false if `command` is another.
+// Does nothing if the pane does not own the selection. Copy reports when another program has the clipboard open. A
+// search stores its text in the search state and sends the command on to the frame; without memory for the text it does
+// nothing.
 bool RunSelectionCommand(HWND pane, const SelectedText& selected, int command);

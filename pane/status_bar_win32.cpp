@@ -1,4 +1,4 @@
-// Apart from the frame, which creates the bar, because the panes below the frame write it.
+// Separate from the frame, which creates the bar, because the panes below the frame write to it.
 #include "pane/status_bar_win32.h"
 
 #include "resources/ids.h"

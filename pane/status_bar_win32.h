@@ -1,4 +1,4 @@
-// The frame's status bar. The panes and the frame write its parts through the one procedure here.
+// The frame's status bar. The panes and the frame write to it through this procedure only.
 #pragma once
 
 #include <string>
@@ -6,13 +6,13 @@
 #include "win32/windows_api.h"
 
 enum class StatusPart {
-    kSearchSummary,  // what the last search found
+    kSearchSummary,  // result of the last search
     kListEntry,      // verse of the Verse List's top entry
     kNote,           // verse of the note shown
     kPassage,        // the Passage's top verse
     kSearchRange,
 };
 
-// Writes a part of the status bar of the frame that `window` belongs to. A text that stands there already is not
-// written again, which would flicker.
+// Sets a part of the status bar of the frame that `window` belongs to. Does nothing if the part already has that text,
+// because rewriting it would flicker.
 void ShowStatus(HWND window, StatusPart part, const std::string& text);

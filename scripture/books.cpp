@@ -9,7 +9,7 @@ struct Book {
 
 }  // namespace
 
-// The order matters beyond the numbering: the reference parser takes the first row that fits what was typed.
+// The order is also the reference parser's priority: it takes the first row that matches the typed text.
 static constexpr Book kBooks[kBookCount] = {
     {"Genesis", "Ge"},
     {"Exodus", "Ex"},

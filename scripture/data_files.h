@@ -1,4 +1,4 @@
-// The core's way to the files of the scripture database, which the program maps and a test may read.
+// File access for the scripture database. The program maps the files; a test can supply its own bytes.
 #pragma once
 
 #include <span>
@@ -6,8 +6,8 @@
 enum class AccessPattern { kSequential, kRandom };
 
 struct DataFiles {
-    void* device = nullptr;  // handed back to `map`
-    // Gives the whole file `name` as read-only bytes that stay until the device is released. False when the file
-    // cannot be opened or mapped; an empty file gives no bytes and true.
+    void* device = nullptr;  // passed to `map`
+    // Maps the whole file `name` into `bytes`, read-only and valid until the device is released. Returns false when the
+    // file cannot be opened or mapped. For an empty file it returns true and no bytes.
     bool (*map)(void* device, const char* name, AccessPattern pattern, std::span<const unsigned char>& bytes) = nullptr;
 };

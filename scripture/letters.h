@@ -1,4 +1,4 @@
-// Letters and digits of plain ASCII, whatever the locale: in the text, in references and in what a user types.
+// ASCII letters and digits, independent of the locale: in the text, in references and in what a user types.
 #pragma once
 
 #include <algorithm>
@@ -36,13 +36,13 @@ inline std::string LowerCased(std::string_view text) {
     return lowered;
 }
 
-// Are the two equal but for capitals?
+// Are the two equal, ignoring case?
 inline bool EqualIgnoringCase(std::string_view a, std::string_view b) {
     return std::equal(a.begin(), a.end(), b.begin(), b.end(),
                       [](char one, char other) { return LowerCased(one) == LowerCased(other); });
 }
 
-// Does `text` begin with `start`, but for capitals?
+// Does `text` begin with `start`, ignoring case?
 inline bool StartsWithIgnoringCase(std::string_view text, std::string_view start) {
     return text.size() >= start.size() && EqualIgnoringCase(text.substr(0, start.size()), start);
 }

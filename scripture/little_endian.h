@@ -1,4 +1,4 @@
-// Integers in the program's files: the lowest byte first, at any address.
+// Little-endian integers in the program's files, at any alignment.
 #pragma once
 
 #include <cstdint>
@@ -12,7 +12,7 @@ inline std::uint32_t LittleEndian32(const unsigned char* bytes) {
            static_cast<std::uint32_t>(bytes[2]) << 16 | static_cast<std::uint32_t>(bytes[3]) << 24;
 }
 
-// Stores the four bytes of `value` from `bytes` on.
+// Stores `value` in the four bytes at `bytes`.
 inline void StoreLittleEndian32(std::uint32_t value, unsigned char* bytes) {
     for (int i = 0; i < 4; ++i) bytes[i] = static_cast<unsigned char>(value >> (8 * i) & 0xFF);
 }

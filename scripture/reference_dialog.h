@@ -1,4 +1,4 @@
-// The dialogs in which a user names verses: the field that they share, and those that ask for one verse to go to.
+// Reference fields of dialogs, and the dialogs that ask for a verse to go to.
 #pragma once
 
 #include <string>
@@ -8,20 +8,20 @@
 
 enum class Asked { kVerse, kRange };
 
-// Puts `text` into the field and limits what can be typed to what the parser takes.
+// Puts `text` into the field and limits the input to the length that the parser accepts.
 void FillReferenceField(HWND dialog, int field, const std::string& text);
 
-// The verses that the field names when the user presses OK; one verse is a range of its own. Not ok where there is
-// nothing more to do: an empty field has closed the dialog as Cancel would; a field that is not understood has been
-// reported, and the user may type it again.
+// Returns the verses that the field names when the user presses OK; a single verse is a range of one. Not ok if there
+// is nothing to do: for an empty field the dialog has been closed as with Cancel; for an unrecognized reference the
+// user has been told and the dialog stays open.
 ParsedRange TakeReference(HWND dialog, int field, Asked asked);
 
 struct VerseDialog {
     const char* resource;
     const char* helpTopic;
-    std::string start;        // what the field begins with
-    void (*take)(int verse);  // gets the verse, before the dialog leaves the screen
+    std::string start;        // initial text of the field
+    void (*take)(int verse);  // called while the dialog is still on the screen
 };
 
-// Asks over `frame` for a verse. Cancel and an empty field take none.
+// Asks over `frame` for a verse. On Cancel or an empty field `take` is not called.
 void AskVerse(HWND frame, const VerseDialog& dialog);

@@ -9,7 +9,7 @@
 #include "scripture/books.h"
 #include "scripture/letters.h"
 
-// The first character stays whatever it is, so that a field of one blank is not empty.
+// Always keeps the first character, so that a field containing one space is not treated as empty.
 static void TrimEnd(std::string& text) {
     while (text.size() > 1 && !IsLetterOrDigit(text.back())) text.pop_back();
 }
@@ -37,7 +37,7 @@ struct Cursor {
 
 }  // namespace
 
-// The character at the cursor; a zero at the end.
+// The character at the cursor; '\0' at the end.
 static char Current(const Cursor& cursor) {
     return cursor.text.c_str()[cursor.at];
 }
@@ -70,7 +70,7 @@ static bool BeginsWith(const Cursor& cursor, std::string_view begin) {
     return StartsWithIgnoringCase(std::string_view(cursor.text).substr(cursor.at), begin);
 }
 
-// "1Samuel": a name as JoinBlanks leaves it in what was typed.
+// "1Samuel": the book's name in the form that JoinBlanks produces from the typed text.
 static std::string JoinedName(int book) {
     std::string name = BookName(book);
     if (IsDigit(name[0])) name.erase(1, 1);
@@ -83,8 +83,9 @@ static std::size_t LettersAhead(const Cursor& cursor) {
     return end.at - cursor.at;
 }
 
-// Moves past a book's abbreviation, else past as much of a name as was typed. Where no letter stands at the cursor,
-// nothing is compared and the first book fits: "3:16" and numbered books cut short ("1 J 1:9") depend on it.
+// Moves past a book's abbreviation, or else past as much of a book's name as was typed. If there is no letter at the
+// cursor, nothing is compared and the first book matches: "3:16" and abbreviated numbered books ("1 J 1:9") depend on
+// this.
 static std::optional<int> ReadBook(Cursor& cursor) {
     for (int book = 1; book <= kBookCount; ++book) {
         if (!BeginsWith(cursor, BookAbbreviation(book))) continue;
@@ -101,15 +102,16 @@ static std::optional<int> ReadBook(Cursor& cursor) {
     return std::nullopt;
 }
 
-// Decimal number at the cursor, after blanks and a sign; 0 when there is none. Long ones saturate far beyond any verse.
+// Decimal number at the cursor, after optional spaces and a sign; 0 when there is none. Long numbers saturate far
+// beyond any verse.
 static int NumberAt(const Cursor& cursor) {
     const long number = std::strtol(cursor.text.c_str() + cursor.at, nullptr, 10);
     return static_cast<int>(std::clamp(number, -100000L, 100000L));
 }
 
-// Reads a chapter at the cursor, and the verse behind the next colon, or point, wherever that stands; without one
-// `verse` stays. The cursor ends before the verse number: what follows a colon and a blank is read again as the second
-// half of a range. False for a zero.
+// Reads a chapter at the cursor, and the verse after the next colon (or point, if there is no colon) anywhere ahead;
+// without a separator `verse` is unchanged. The cursor ends before the verse number: what follows a colon and a space
+// is read again as the second half of a range. False for a zero.
 static bool ReadChapterAndVerse(Cursor& cursor, int& chapter, int& verse) {
     chapter = NumberAt(cursor);
     if (chapter == 0) return false;
@@ -142,14 +144,14 @@ static std::optional<Place> ReadFirstHalf(Cursor& cursor) {
     return place;
 }
 
-// Last verse of the one book, chapter or verse that a range without a second half names.
+// Last verse of the book, chapter or verse named by a range without a second half.
 static Place EndOf(const Place& first) {
     if (first.chapter == 0) return {first.book, kLast, kLast};
     if (first.verse == 0) return {first.book, first.chapter, kLast};
     return first;
 }
 
-// The book is looked for where the cursor stands, not at the letter ahead: "5 Ex 6" names Genesis again.
+// The book is read at the cursor, not at the next letter: in "5 Ex 6" the second half is in Genesis again.
 static std::optional<Place> ReadSecondHalf(Cursor& cursor, int firstBook) {
     Place place{firstBook, kLast, kLast};
     if (HasLetterAhead(cursor)) {

@@ -1,9 +1,9 @@
 // References as users type them: "Joh 3:16", "Ge 1 - 3", "Mt - Re".
 //
-// The rules are loose and go by position; what they accept is relied on, so their quirks are kept:
-//   - a text that begins with neither a book nor a letter names Genesis: "3:16" is Genesis 3:16;
-//   - "1 ", "2 " and "3 " lose their blank everywhere, so "1 John" is one word, and "Ge 1 3" is Genesis 13;
-//   - the colon is looked for in all that follows: "Ge 1 - Ex 2:3" takes verse 3 for its first half;
+// The rules are loose and depend on position. Users rely on what is accepted, so these quirks are kept:
+//   - a text that begins with neither a book nor a letter means Genesis: "3:16" is Genesis 3:16;
+//   - "1 ", "2 " and "3 " lose their space everywhere: "1 John" becomes one word, and "Ge 1 3" is Genesis 13;
+//   - the colon is searched for in all of the remaining text: in "Ge 1 - Ex 2:3" the first half also gets verse 3;
 //   - in a range a lone second number is a chapter: "Ge 1:1-5" ends with Genesis 5.
 #pragma once
 
@@ -11,7 +11,7 @@
 
 #include "scripture/verse_records.h"
 
-inline constexpr int kReferenceLimit = 99;  // characters that a reference field hands over
+inline constexpr int kReferenceLimit = 99;                                 // characters read from a reference field
 inline constexpr char kUnrecognizedReference[] = "Unrecognized Refrence";  // (sic)
 
 struct ParsedReference {
@@ -23,11 +23,11 @@ struct ParsedRange {
     bool ok = false;
     int first = kNoVerse;  // never after `last`
     int last = kNoVerse;
-    std::string text;  // as trimmed and normalised, given also when the range failed
+    std::string text;  // as trimmed and normalised; set even if parsing failed
 };
 
-// One verse. `text` is not empty.
+// Parses one verse. `text` must not be empty.
 ParsedReference ParseReference(const VerseRecords& records, std::string text);
 
-// A first and a last verse, swapped where typed the other way round. `text` is not empty.
+// Parses a first and a last verse and swaps them if they are in reverse order. `text` must not be empty.
 ParsedRange ParseRange(const VerseRecords& records, std::string text);

@@ -12,9 +12,9 @@ bool LoadScripture(const DataFiles& files, Scripture& scripture) {
     return true;
 }
 
-// End of the text that begins at `offset`, by the next verse's offset: its closing zero stands right before it. 0 when
-// the two records do not fit together, as for the last verse. A scan for the zero would be right too, but every search
-// hit and every painted verse comes through here.
+// End of the text that begins at `offset`: the zero byte right before the next verse's offset. 0 when the two records
+// do not fit together, as for the last verse. Scanning for the zero would also be correct but is slower, and every
+// search hit and every painted verse calls this.
 static std::size_t EndByNextRecord(const Scripture& scripture, int verseIndex, std::size_t offset) {
     const std::size_t next = RecordOf(scripture.records, verseIndex + 1).textOffset;
     const bool fits = next > offset && next <= scripture.text.size() && scripture.text[next - 1] == '\0';

@@ -1,4 +1,4 @@
-// Apart from the dialogs, because the benchmarks load the scripture through it without them.
+// Separate from the dialogs so that the benchmarks can load the scripture without them.
 #include "scripture/scripture_win32.h"
 
 #include <string>

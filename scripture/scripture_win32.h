@@ -6,9 +6,9 @@
 
 extern Scripture theScripture;
 
-// Maps the files of the scripture database, from the current directory when they are there, else from the program's
+// Maps the files of the scripture database, from the current directory if they are there, otherwise from the program's
 // folder.
 DataFiles ScriptureDataFiles();
 
-// Lets go of all files mapped by ScriptureDataFiles. Nothing of the scripture or of the word index may be used after.
+// Unmaps all files mapped by ScriptureDataFiles. The scripture and the word index must not be used afterwards.
 void ReleaseDataFiles();

@@ -4,7 +4,7 @@
 
 #include "scripture/books.h"
 
-// Where `book` begins if the records are in order, as those of undamaged files are.
+// First verse of `book` by binary search. Only valid if the records are in order, as in undamaged files.
 static int SearchBook(const VerseRecords& records, int book) {
     int from = 0, to = kLastVerse;
     while (from < to) {
@@ -24,7 +24,7 @@ static int FirstVerseOfBook(const VerseRecords& records, int book) {
     return RecordOf(records, index).book == book ? index : kNoVerse;
 }
 
-// To the first verse of `chapter`, or to the book's last verse when it has fewer chapters.
+// Moves to the first verse of `chapter`, or to the book's last verse if it has fewer chapters.
 static int WalkToChapter(const VerseRecords& records, int index, int chapter) {
     const int book = RecordOf(records, index).book;
     while (index < kLastVerse && RecordOf(records, index).chapter < chapter &&

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-// Bytes that marks may still add to a text of `size` bytes.
+// Bytes of marks that can still be added to a text of `size` bytes.
 static std::size_t RoomForMarks(std::size_t size) {
     return size < kMarkedTextLimit - 1 ? kMarkedTextLimit - 1 - size : 0;
 }
@@ -37,7 +37,7 @@ static int MarkWords(const Query& query, std::string& text) {
     return count;
 }
 
-// The beginning of `text` in which a phrase is marked.
+// The part of `text` in which a phrase is marked.
 static std::string_view WithinReach(std::string_view text) {
     if (text.size() <= kPhraseReach) return text;
     std::size_t kept = 0;
@@ -50,9 +50,9 @@ static std::size_t BytesOfPhraseMarks(std::string_view phrase) {
     return 2 * static_cast<std::size_t>(1 + std::count(phrase.begin(), phrase.end(), ' '));
 }
 
-// Appends `stretch`, which begins and ends with the phrase, with a pair of marks round each of its words.
+// Appends `stretch`, which begins and ends with the phrase, with a pair of marks around each of its words.
 static void AppendMarkedPhrase(std::string_view phrase, std::string_view stretch, std::string& marked) {
-    std::size_t reached = 0;  // in the phrase
+    std::size_t reached = 0;  // position in the phrase
     for (const char c : stretch) {
         if (!IsKeptInPhrase(c)) {
             marked += c;
@@ -93,7 +93,7 @@ int MarkKeyWords(const Query& query, std::string& text) {
 
 static int CountPhrase(const Query& query, std::string_view text) {
     const int count = CountPhrasesInText(WithinReach(text), query.phrase);
-    // Usually there is room enough, even if every letter were a word.
+    // Usually there is enough room, even if every letter were a word.
     if (static_cast<std::size_t>(count) * 2 * query.phrase.phrase.size() <= RoomForMarks(text.size())) return count;
     return std::min(count, static_cast<int>(RoomForMarks(text.size()) / BytesOfPhraseMarks(query.phrase.phrase)));
 }
@@ -101,7 +101,7 @@ static int CountPhrase(const Query& query, std::string_view text) {
 static int CountWords(const Query& query, std::string_view text) {
     const bool anyCase = !query.caseSensitive;
     int count = 0;
-    if (query.substring && !query.words.empty())  // one word, once or several times
+    if (query.substring && !query.words.empty())  // all words are the same one, see DoMarksStayApart
         count = CountInText(text, query.words.front(), anyCase, false) * static_cast<int>(query.words.size());
     else
         for (const std::string& word : query.words) count += CountInText(text, word, anyCase, true);

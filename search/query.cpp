@@ -27,8 +27,8 @@ static std::string Joined(const std::vector<std::string>& words) {
     return phrase;
 }
 
-// Whole words of letters alone have no letter beside them, so no two of them touch. Anything else can be cut by an
-// earlier mark, or overlap itself, except one word whose beginning is not also its end.
+// Whole words without apostrophes have no letter beside them, so no two of them touch. Other words can be split by an
+// earlier mark or overlap themselves, except a single word whose beginning is not also its end.
 static bool DoMarksStayApart(const std::vector<std::string>& words, bool substring) {
     if (words.empty()) return true;
     if (!substring)

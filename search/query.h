@@ -1,5 +1,5 @@
-// What is searched for: the state that is kept from search to search, and the query that is made from it once and that
-// engine, marks and panes share.
+// What is searched for: the state kept between searches, and the query that is made from it and shared by the search
+// engine, the marks and the panes.
 #pragma once
 
 #include <array>
@@ -25,38 +25,38 @@ struct SearchOptions {
     int BooleanType = kAllWords;  // any other value counts as kOneWord
     int CaseSensitive = 0;
     int SubString = 0;
-    int Proximity = 0;  // kept in the settings; no search uses it
+    int Proximity = 0;  // stored in the settings but not used by any search
 };
 
 struct SearchState {
-    std::string searchText;      // what the dialogs for words and phrases begin with
-    std::string NoteSearchText;  // the same of the search of the notes, at most 149 characters
+    std::string searchText;      // initial text of the word and phrase dialogs
+    std::string NoteSearchText;  // the same for the note search; at most 149 characters
     SearchOptions options;
     SearchRange range;
     std::array<std::string, kHistorySize> history = {" ", " ", " ", " ", " ", " ", " ", " ", " ", " "};  // newest first
 };
 
-// Puts `text` first in the history and drops the oldest; repeats and empty texts are kept too.
+// Puts `text` at the front of the history and drops the oldest entry; repeated and empty texts are kept too.
 void PushHistory(SearchState& search, const std::string& text);
 
 enum class QueryKind {
-    kWords,   // verses with all, any or just one of the words
-    kPhrase,  // verses with the words one after another
+    kWords,   // verses with all, any or exactly one of the words
+    kPhrase,  // verses with the words in sequence
 };
 
-// A search text, taken apart. A query without words finds and marks nothing.
+// A parsed search text. A query without words finds and marks nothing.
 struct Query {
     QueryKind kind = QueryKind::kWords;
-    int booleanType = kAllWords;  // of words
+    int booleanType = kAllWords;  // for kWords
     bool caseSensitive = false;
-    bool substring = false;  // parts of words count; in a phrase only for the marks of one that is a single word
-    std::vector<std::string> words;  // lower-cased unless case-sensitive; one a word of the text, repeats included
-    PhrasePattern phrase;            // of a phrase: its words and the blanks between them
-    bool marksStayApart = false;  // no place of a word can touch another's or another of its own; false is always safe
+    bool substring = false;          // also match parts of words; in a phrase query only used to mark a single word
+    std::vector<std::string> words;  // in text order with repeats; lower-cased unless case-sensitive
+    PhrasePattern phrase;            // for kPhrase: the words joined by single spaces
+    bool marksStayApart = false;     // true only if no two matches of words can touch or overlap; false is always safe
 };
 
-// The query that `text` makes under `options`. A word is a maximal run of A-Z, a-z and apostrophes.
+// Makes the query for `text` with `options`. A word is a maximal run of A-Z, a-z and apostrophes.
 Query QueryOf(std::string_view text, const SearchOptions& options, QueryKind kind);
 
-// Are the words of the query marked as one phrase? A phrase of one word is marked as the word would be.
+// Are the words of the query marked as one phrase? A phrase of one word is marked like a word.
 bool MarksPhrase(const Query& query);

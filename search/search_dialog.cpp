@@ -33,7 +33,7 @@ const SearchKind kPhraseSearch = {
     .summarizesNoMatches = true,
 };
 
-static constexpr int kListedWordLimit = 49;  // characters that Add takes
+static constexpr int kListedWordLimit = 49;  // characters that Add copies
 
 // ---- Filling --------------------------------------------------------------------------------------------------------
 
@@ -57,7 +57,7 @@ static const SearchKind& KindOf(HWND dialog) {
 
 static void FillHistory(HWND field) {
     for (const std::string& entry : theSearch.history) {
-        if (entry.empty() || entry == " ") continue;  // a slot never used
+        if (entry.empty() || entry == " ") continue;  // an unused slot
         SendMessageA(field, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(entry.c_str()));
     }
 }
@@ -114,7 +114,7 @@ static void OnOk(HWND dialog) {
     question.found = question.search(question.kind);
 }
 
-// A blank is added even where no word is chosen, if something stands in the field.
+// If the field has text, a space is added even if no word is selected.
 static void OnAdd(HWND dialog) {
     std::string text = ControlText(dialog, IDC_SEARCH_TEXT, kSearchTextLimit);
     if (!text.empty()) text += ' ';

@@ -1,4 +1,4 @@
-// The program's searches: the word index, their state, and the dialogs that start a search or set its range.
+// Searches: the word index, the search state, and the dialogs that start a search or set its range.
 #pragma once
 
 #include <optional>
@@ -10,21 +10,21 @@
 extern WordIndex theWordIndex;
 extern SearchState theSearch;
 
-// A way to search, one row each: its dialog and what follows from it.
+// A kind of search: its dialog and how its result is shown.
 struct SearchKind {
     QueryKind query;
     const char* resource;
     const char* helpTopic;
-    bool hasWordOptions = false;       // the dialog asks for boolean type and substrings
-    bool hasWordList = false;          // and has the list of all words
-    bool focusesVerseList = false;     // the Verse List gets the focus even while the Reference List is shown
-    bool summarizesNoMatches = false;  // a search that found nothing writes its summary too
+    bool hasWordOptions = false;       // the dialog has options for boolean type and substrings
+    bool hasWordList = false;          // the dialog has a list of all words
+    bool focusesVerseList = false;     // focus the Verse List even while the Reference List is shown
+    bool summarizesNoMatches = false;  // show the summary even if nothing was found
 };
 extern const SearchKind kWordSearch, kWordListSearch, kPhraseSearch;
 
-// Asks what to search for and puts it into `theSearch`: text, history and options. OK shows the frame's list pane,
-// takes the dialog from the screen and runs `search`, so that what it finds is seen before the dialog is taken apart,
-// control by control. Gives whether `search` says that it found a verse; none where the user cancels.
+// Asks what to search for and stores it in `theSearch`: text, history and options. OK shows the frame's list pane,
+// closes the dialog and runs `search` before the dialog's controls are destroyed, so that the result appears sooner.
+// Returns whether `search` found a verse; nullopt if the user cancels.
 std::optional<bool> AskSearch(HWND frame, const SearchKind& kind, bool (*search)(const SearchKind& kind));
 
 // Asks over `owner` for the range of verses to search, stores it in `theSearch` and sends the frame IDM_SHOW_RANGE.

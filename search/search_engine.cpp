@@ -10,12 +10,12 @@
 
 namespace {
 
-// A search at work.
+// The state of a running search.
 struct SearchPass {
     const Scripture& scripture;
     const WordIndex& index;
     const Query& query;
-    int first, last;  // verses of the range that the text has; `last` before `first` when there are none
+    int first, last;  // the range clamped to existing verses; empty if `last` < `first`
     HitCounters& hits;
     SearchResult result{};
 };
@@ -39,8 +39,8 @@ static void AddEntries(std::span<const unsigned char> entries, HitCounters& hits
     }
 }
 
-// Does the verse hold the word letter for letter? Of a whole word only the first place is examined, and a paragraph
-// mark before it counts as a letter: such verses are not found.
+// Does the verse contain the word with the same case? For whole words only the first occurrence is examined, and a
+// paragraph mark before it counts as a letter, so such verses are not found.
 static bool HoldsAsTyped(std::string_view verseText, std::string_view word, bool substring) {
     const std::size_t place = FindInText(verseText, word, false, 0);
     if (place == kNoPlace || substring) return place != kNoPlace;
@@ -53,8 +53,8 @@ namespace {
 enum Answer : unsigned char { kNotAsked, kNo, kYes };
 }
 
-// The entries whose verses lie in the range and hold `word` as typed. `answers` remembers for each verse whether it
-// does, as many entries of a substring search name the same verses.
+// Counts the entries whose verses are in the range and contain `word` with the same case. `answers` caches the result
+// for each verse, because in a substring search many entries refer to the same verses.
 static void AddEntriesAsTyped(SearchPass& pass, std::span<const unsigned char> entries, std::string_view word,
                               bool substring, std::vector<Answer>& answers) {
     for (std::size_t at = 0; at < entries.size(); at += 2) {
@@ -97,14 +97,14 @@ static void CountHits(SearchPass& pass, bool substring) {
 
 // ---- Going through the counters -------------------------------------------------------------------------------------
 
-// Most counters are passed over in a search, so they are looked at four at a time.
+// Most counters are skipped in a search, so they are examined four at a time.
 static std::uint64_t FourCounters(const HitCounters& hits, int verse) {
     std::uint64_t four = 0;
     std::memcpy(&four, hits.data() + verse, sizeof four);
     return four;
 }
 
-// The first verse from `verse` to `end` that has a hit; past `end` when none has.
+// The first verse from `verse` to `end` that has a hit; greater than `end` if there is none.
 static int NextHit(const HitCounters& hits, int verse, int end) {
     while (verse + 3 <= end && FourCounters(hits, verse) == 0) verse += 4;
     while (verse <= end && hits[static_cast<std::size_t>(verse)] == 0) ++verse;
@@ -116,7 +116,7 @@ static bool HasZero(std::uint64_t four) {
     return ((four - 0x0001000100010001) & ~four & 0x8000800080008000) != 0;
 }
 
-// The first verse from `verse` to `end` whose counter is `count`; past `end` when there is none.
+// The first verse from `verse` to `end` whose counter is `count`; greater than `end` if there is none.
 static int NextWithHits(const HitCounters& hits, std::uint16_t count, int verse, int end) {
     if (verse <= end && hits[static_cast<std::size_t>(verse)] == count) return verse;
     const std::uint64_t wanted = count * std::uint64_t{0x0001000100010001};
@@ -132,8 +132,8 @@ static void ListVerse(int verse, int occurrences, SearchResult& result) {
 
 // ---- Words ----------------------------------------------------------------------------------------------------------
 
-// A verse's counter says how many words of the index it holds that contain a word of the query. Where that may be more
-// than the words of the query, those are counted in the text.
+// In a substring search a verse's counter is the number of index words in the verse that contain a word of the query.
+// One query word can match several of them, so above 1 the query words that the text contains are counted instead.
 static void RecountSubstrings(SearchPass& pass) {
     const Query& query = pass.query;
     for (int verse = NextHit(pass.hits, pass.first, pass.last); verse <= pass.last;
@@ -173,7 +173,7 @@ static void SearchForWords(SearchPass& pass) {
 
 namespace {
 
-// Verses one after another that have all words, and their texts, which lie end to end.
+// Consecutive verses that contain all words, and their texts, which are adjacent in memory.
 struct Run {
     int firstVerse = 0;
     int lastVerse = 0;
@@ -182,12 +182,12 @@ struct Run {
 
 }  // namespace
 
-// Is every place of a phrase in the text marked? The search may then go by the places alone.
+// Are all occurrences of a phrase in the text marked? If so, the search does not need to count the marks separately.
 static bool HasRoomForPhrases(std::string_view text) {
     return text.size() <= kPhraseReach;
 }
 
-// The longest run from `verse`, whose text is `text`, of verses with room for phrases.
+// The longest run of verses with room for phrases that starts at `verse`, whose text is `text`.
 static Run RunFrom(const SearchPass& pass, int verse, std::string_view text) {
     Run run = {verse, verse, text};
     for (int next = verse + 1; next <= pass.last && pass.hits[static_cast<std::size_t>(next)] == WordCount(pass);
@@ -205,8 +205,8 @@ static void AddOccurrence(int verse, SearchResult& result) {
     ++result.occurrences;
 }
 
-// `places` holds nothing between two runs; it is handed in because a list of its own would cost each run more than the
-// sweep.
+// `places` is empty between two runs; the caller passes it in because allocating a new list for each run would cost
+// more than the scan.
 static void ListVersesOfRun(SearchPass& pass, const Run& run, std::vector<PhrasePlace>& places) {
     AppendPhrases(run.text, pass.query.phrase, places);
     const VerseRecords& records = pass.scripture.records;
@@ -219,8 +219,8 @@ static void ListVersesOfRun(SearchPass& pass, const Run& run, std::vector<Phrase
     places.clear();
 }
 
-// For a single word, which is marked as a word search's, and for a text longer than any in which all is marked. Marks
-// are never found without the phrase.
+// For a single word, which is marked as in a word search, and for texts that are too long to be marked completely. A
+// text with marks always contains the phrase.
 static void ListIfWithPhrase(SearchPass& pass, int verse, std::string_view text) {
     const int marks = CountKeyWords(pass.query, text);
     if (marks > 0 || ContainsPhrase(pass.query, text)) ListVerse(verse, marks, pass.result);

@@ -1,8 +1,8 @@
 // Word and phrase searches.
 //
-// Odd behaviour kept on purpose:
-//   - case-sensitive, whole words: only the first place of the word in a verse is examined, so a verse where it first
-//     stands inside a longer word is not counted, nor one where a paragraph mark stands right before it;
+// Unusual behaviour kept on purpose:
+//   - case-sensitive, whole words: only the first occurrence of the word in a verse is examined, so a verse where it
+//     first occurs inside a longer word, or right after a paragraph mark, is not counted;
 //   - a phrase may begin or end inside a longer word, and never matches across a hyphen;
 //   - a word typed twice counts twice.
 #pragma once
@@ -17,14 +17,14 @@
 
 struct SearchResult {
     std::vector<std::int32_t> verses;  // ascending
-    int occurrences = 0;               // key words marked in them
+    int occurrences = 0;               // number of key words marked in these verses
 };
 
-// How many words of a query each verse has. A search counts in it; it is handed in so that it is allocated once.
+// The number of query words in each verse. Working memory of a search, passed in so that it is allocated only once.
 using HitCounters = std::vector<std::uint16_t>;
 
-// Searches the verses of `range`. No verses when none qualifies or the query has no words. A phrase search takes no
-// notice of the query's boolean type, and of `substring` only for the marks of a single word.
+// Searches the verses of `range`. The result is empty if no verse qualifies or the query has no words. A phrase search
+// ignores the query's boolean type, and uses `substring` only to mark a single word.
 SearchResult Search(const Scripture& scripture, const WordIndex& index, const Query& query, const SearchRange& range,
                     HitCounters& hits);
 

@@ -8,7 +8,7 @@
 #include "scripture/letters.h"
 #include "scripture/scripture.h"
 
-// VERSEWELL_NO_SSE2 leaves the work to the loops byte by byte that short texts go through anyway.
+// VERSEWELL_NO_SSE2 disables the vector code; the byte-by-byte loops, which also handle short texts, are used instead.
 #if (defined(__SSE2__) || defined(_M_X64)) && !defined(VERSEWELL_NO_SSE2)
 #define VERSEWELL_USES_SSE2
 #include <emmintrin.h>
@@ -51,7 +51,7 @@ bool IsKeptInPhrase(char c) {
     return IsWordCharacter(c) || c == ' ';
 }
 
-// How often a letter stands in a thousand characters of the text, roughly.
+// Approximate occurrences of each letter per thousand characters of the text.
 static constexpr std::array<int, 26> kLetterFrequencies = {64, 12, 13, 39, 100, 20, 13, 70, 47, 2,  6, 32, 19,
                                                            55, 60, 11, 1,  42,  47, 78, 21, 7,  16, 1, 15, 1};
 
@@ -60,8 +60,8 @@ static int FrequencyOf(char c) {
     return c >= 'a' && c <= 'z' ? kLetterFrequencies[static_cast<std::size_t>(c - 'a')] : 3;
 }
 
-// A scan for a phrase looks for its anchor: two neighbours and a third character a little farther on, chosen so that
-// the text seldom has them together. The third stands this far behind the first.
+// A phrase scan searches for the phrase's anchor: two adjacent characters and a third a little further on, chosen so
+// that they rarely occur together in the text. Returns the distance of the third from the first.
 static std::size_t ReachOfAnchor(std::string_view phrase, std::size_t anchor) {
     return std::min<std::size_t>(3, phrase.size() - 1 - anchor);
 }
@@ -71,7 +71,7 @@ static int FrequencyOfAnchor(std::string_view phrase, std::size_t anchor) {
            FrequencyOf(phrase[anchor + ReachOfAnchor(phrase, anchor)]);
 }
 
-// The bit that a capital of the text lacks to be equal to `c`, where capitals match too.
+// The bit that turns an uppercase letter of the text into lower-case `c`; 0 where case matters or `c` is not a letter.
 static char FoldOf(char c, bool anyCase) {
     return anyCase && IsLetter(c) ? 0x20 : 0;
 }
@@ -92,12 +92,12 @@ static bool IsAt(const PhrasePattern& pattern, std::size_t i, char c) {
     return (c | pattern.folds[i]) == pattern.phrase[i];
 }
 
-// Does `c` end the search for the phrase's next character? A zero byte ends a verse.
+// Does `c`, where the phrase's next character is expected, end the match? A zero byte ends a verse.
 static bool EndsPhrase(char c) {
     return IsKeptInPhrase(c) || c == '\0';
 }
 
-// The phrase whose character number `anchor` stands at `place`, or kNoPlace.
+// The occurrence of the phrase that has its character number `anchor` at `place`; kNoPlace if there is none.
 static PhrasePlace PhraseAround(std::string_view text, const PhrasePattern& pattern, std::size_t anchor,
                                 std::size_t place) {
     std::size_t last = place;
@@ -105,7 +105,7 @@ static PhrasePlace PhraseAround(std::string_view text, const PhrasePattern& patt
         for (++last; last >= text.size() || !IsAt(pattern, i, text[last]); ++last)
             if (last >= text.size() || EndsPhrase(text[last])) return {};
     std::size_t first = place;
-    for (std::size_t i = anchor; i > 0; --i)  // a step below 0 wraps past the size
+    for (std::size_t i = anchor; i > 0; --i)  // decrementing 0 wraps past the size
         for (--first; first >= text.size() || !IsAt(pattern, i - 1, text[first]); --first)
             if (first >= text.size() || EndsPhrase(text[first])) return {};
     return {first, last};
@@ -139,8 +139,8 @@ static void EachPhrase(std::string_view text, const PhrasePattern& pattern, Visi
 
 #else
 
-// Sixteen bytes of text are looked at together, each as one place where what is wanted may begin. A comparison gives
-// 0xFF in the bytes where it holds and 0 in the others.
+// Sixteen bytes of text are examined together, each as a possible start of a match. A comparison yields 0xFF in the
+// bytes where it is true and 0 in the others.
 using Block = __m128i;
 static constexpr std::size_t kBlockSize = 16;
 
@@ -154,7 +154,7 @@ static unsigned Bits(Block truths) {
 
 namespace {
 
-// A byte to compare with; `fold` is the bit that a capital lacks where capitals match too.
+// A byte to compare with; `fold` is the bit that an uppercase letter lacks if case is ignored, otherwise 0.
 struct WantedByte {
     Block value;
     Block fold;
@@ -170,7 +170,7 @@ static Block Is(Block bytes, const WantedByte& wanted) {
     return _mm_cmpeq_epi8(_mm_or_si128(bytes, wanted.fold), wanted.value);
 }
 
-// The letters, folded, are moved to the highest bytes that a signed comparison knows.
+// Shifts the folded letters to the highest signed byte values, so that one signed comparison finds them.
 static Block IsLetter(Block bytes) {
     const Block folded = _mm_or_si128(bytes, _mm_set1_epi8(0x20));
     return _mm_cmpgt_epi8(_mm_add_epi8(folded, _mm_set1_epi8(0x7F - 'z')), _mm_set1_epi8('a' - 1 + 0x7F - 'z'));
@@ -180,9 +180,9 @@ static Block IsLetterOrHigh(Block bytes) {
     return _mm_or_si128(IsLetter(bytes), _mm_cmplt_epi8(bytes, _mm_setzero_si128()));
 }
 
-// Goes through the places from `from` to `last`, 15 at least, sixteen at a time: look(place, bits) gets the bits that
-// test(place) gives, until it says true. The last sixteen end at `last`, so that nothing beyond is read; those among
-// them that were tested before are left out.
+// Tests the places from `from` to `last` (at least 15), sixteen at a time: look(place, bits) gets the bits that
+// test(place) returns, until it returns true. The last block ends at `last` so that nothing beyond is read; its places
+// that were already tested are masked out.
 template <typename Test, typename Look>
 static void EachBlock(std::size_t from, std::size_t last, Test test, Look look) {
     const std::size_t lastBlock = last - (kBlockSize - 1);
@@ -216,7 +216,7 @@ std::size_t FindInText(std::string_view text, std::string_view word, bool anyCas
     return found;
 }
 
-// What IsWholeWord says of the sixteen places from `place` on. At its ends the text has no neighbours.
+// IsWholeWord for the sixteen places from `place` on. At the ends of the text there is no neighbour to check.
 static Block AreWholeWords(std::string_view text, std::size_t place, std::size_t size) {
     const char* here = text.data() + place;
     const Block before = place == 0 ? _mm_slli_si128(Load(here), 1) : Load(here - 1);
@@ -261,21 +261,23 @@ int CountInText(std::string_view text, std::string_view word, bool anyCase, bool
     while (place <= lastBlock) {
         Block sums = _mm_setzero_si128();
         for (int blocks = 0; blocks < 255 && place <= lastBlock; ++blocks, place += kBlockSize)
-            sums = _mm_sub_epi8(sums, placesAt(place));  // a truth is -1, and a byte holds 255 of them
+            sums = _mm_sub_epi8(sums, placesAt(place));  // each match adds 1, and a byte holds up to 255
         count += SumOfBytes(sums);
     }
-    const std::size_t done = place - lastBlock;  // places of the last block that were counted before
+    const std::size_t done = place - lastBlock;  // places of the last block that are already counted
     if (done == kBlockSize) return count;
     const Block rest = _mm_and_si128(placesAt(lastBlock), AllBut(done));
     return count + SumOfBytes(_mm_sub_epi8(_mm_setzero_si128(), rest));
 }
 
-// Is the byte surely not passed over in a phrase? Apostrophes are left open; they are told apart by a closer look.
+// Letters and spaces, which are never skipped in a phrase. Apostrophes are not included; a later exact check handles
+// them.
 static Block IsLetterOrBlank(Block bytes) {
     return _mm_or_si128(IsLetter(bytes), _mm_cmpeq_epi8(bytes, _mm_set1_epi8(' ')));
 }
 
-// The same of three bytes in a row. Of the last two places it is not known, so they are left open.
+// True where three consecutive bytes are true. The last two places are unknown and yield false, so they are not ruled
+// out.
 static Block AreThree(Block truths) {
     return _mm_and_si128(truths, _mm_and_si128(_mm_srli_si128(truths, 1), _mm_srli_si128(truths, 2)));
 }
@@ -284,7 +286,7 @@ static WantedByte WantOf(const PhrasePattern& pattern, std::size_t i) {
     return {_mm_set1_epi8(pattern.phrase[i]), _mm_set1_epi8(pattern.folds[i])};
 }
 
-// The test for places of `text` where the anchor may begin.
+// Returns a test for the places of `text` where the anchor may begin.
 static auto TestForAnchor(std::string_view text, const PhrasePattern& pattern, std::size_t reach) {
     const WantedByte first = WantOf(pattern, pattern.anchor);
     const WantedByte second = WantOf(pattern, pattern.anchor + 1);
@@ -299,8 +301,8 @@ static auto TestForAnchor(std::string_view text, const PhrasePattern& pattern, s
     };
 }
 
-// Does the phrase perhaps go on as it should behind an anchor at `here`? Of the fifteen bytes from there on, the first
-// that differs must be one to pass over, and the next to be kept must continue the phrase. Nothing branches.
+// Can the phrase continue after an anchor at `here`? Of the fifteen bytes from `here` on, the first that differs must
+// be one to skip, and the next byte to be kept must continue the phrase. Written without branches.
 static bool MayGoOn(const PhrasePattern& pattern, const char* here) {
     const Block bytes = Load(here);
     const Block folded = _mm_or_si128(bytes, Load(pattern.restFolds.data()));
@@ -315,9 +317,9 @@ static bool MayGoOn(const PhrasePattern& pattern, const char* here) {
     return (static_cast<int>(isWhole) | static_cast<int>(keptBehind == 0) | static_cast<int>(goesOn)) != 0;
 }
 
-// Common words have an anchor in every fifth block or so, and few of them belong to the phrase. A processor cannot
-// foresee which, and a wrong guess costs more than a test: a stretch of text is tested, and its anchors are sifted,
-// without a branch on the outcome before any place is looked at.
+// The anchor of common words is found in about every fifth block, and few of these belong to the phrase. The branch
+// predictor cannot foresee which, and a misprediction costs more than a test. Therefore a stretch of text is tested and
+// its anchors are sifted without branching on the outcome, before any place is checked exactly.
 static constexpr std::size_t kStretch = 64 * kBlockSize;
 
 namespace {
@@ -329,7 +331,7 @@ struct AnchorsOfBlock {
 
 }  // namespace
 
-// Puts those anchors into `places` round which the phrase may stand, and gives their number.
+// Stores in `places` the anchors around which the phrase may occur, and returns their number.
 static std::size_t SiftAnchors(std::string_view text, const PhrasePattern& pattern,
                                std::span<const AnchorsOfBlock> anchors, std::span<std::size_t> places) {
     std::size_t count = 0;

@@ -1,7 +1,7 @@
 // Finding words and phrases in a verse's text, in place.
 //
-// Where `anyCase` is asked for, what is looked for is in lower case and matches capitals too. A word is never empty; an
-// empty phrase stands nowhere.
+// With `anyCase` the search text must be in lower case and also matches uppercase letters. A word must not be empty; an
+// empty phrase is never found.
 #pragma once
 
 #include <array>
@@ -12,43 +12,43 @@
 
 inline constexpr std::size_t kNoPlace = std::string_view::npos;
 
-// Letters as neighbours of a word: bytes from 0x80 on count as such.
+// Letters as neighbours of a word; bytes from 0x80 on count as letters.
 bool IsLetterOrHigh(char c);
 
-// First place of `word` at `from` or later.
+// First occurrence of `word` at `from` or later; kNoPlace if there is none.
 std::size_t FindInText(std::string_view text, std::string_view word, bool anyCase, std::size_t from);
 
-// Is the word of `size` bytes at `place` one to mark when whole words are wanted? Not when a letter other than a
-// paragraph mark stands before it, or a letter after it.
+// Is the word of `size` bytes at `place` a whole word? Not if a letter other than a paragraph mark precedes it, or a
+// letter follows it.
 bool IsWholeWord(std::string_view text, std::size_t place, std::size_t size);
 
-// Number of places of `word`, or of those that are whole words. For words that cannot overlap themselves.
+// Number of occurrences of `word`, or of those that are whole words. Only for words that cannot overlap themselves.
 int CountInText(std::string_view text, std::string_view word, bool anyCase, bool wholeWords);
 
-// A phrase is looked for among letters, blanks and apostrophes; whatever else stands between them is passed over, but
-// for a zero byte: it ends a verse, so that the texts of several may be searched as one.
+// A phrase is searched for among letters, spaces and apostrophes; anything else between them is skipped, except a zero
+// byte: it ends a verse, so that several verse texts can be searched as one.
 bool IsKeptInPhrase(char c);
 
-// A phrase made ready to be looked for.
+// A phrase prepared for searching.
 struct PhrasePattern {
-    std::string phrase;              // letters, apostrophes and single blanks; in lower case where capitals match too
-    std::string folds;               // per character the bit that a capital lacks to match it
-    std::size_t anchor = 0;          // where three characters begin that are likely to be rare together
-    std::array<char, 16> rest = {};  // the phrase from there on
+    std::string phrase;              // letters, apostrophes and single spaces; in lower case if case is ignored
+    std::string folds;               // for each character the bit that an uppercase letter lacks to match it
+    std::size_t anchor = 0;          // start of three characters that are likely to be rare together
+    std::array<char, 16> rest = {};  // the phrase from the anchor on
     std::array<char, 16> restFolds = {};
 };
 PhrasePattern PatternOf(std::string_view phrase, bool anyCase);
 
 struct PhrasePlace {
-    std::size_t first = kNoPlace;  // where the phrase's first character stands
-    std::size_t last = kNoPlace;   // and its last
+    std::size_t first = kNoPlace;  // place of the phrase's first character
+    std::size_t last = kNoPlace;   // and of its last
 };
 
-// The places of the phrase from the beginning on, each beginning after the end of the one before.
+// All occurrences of the phrase, first to last; none overlaps the one before.
 std::vector<PhrasePlace> PhrasesInText(std::string_view text, const PhrasePattern& pattern);
 
-// Appends to `places` what PhrasesInText gives.
+// Appends the places that PhrasesInText would return to `places`.
 void AppendPhrases(std::string_view text, const PhrasePattern& pattern, std::vector<PhrasePlace>& places);
 
-// How many PhrasesInText gives.
+// Number of places that PhrasesInText would return.
 int CountPhrasesInText(std::string_view text, const PhrasePattern& pattern);

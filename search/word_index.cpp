@@ -7,9 +7,9 @@
 
 static constexpr std::size_t kPointerSize = 4;
 static constexpr std::size_t kEntrySize = 2;
-static constexpr std::size_t kUsualWordSize = 8;  // closing zero included, to guess the number of words
+static constexpr std::size_t kUsualWordSize = 8;  // including the terminating zero; an estimate for reserving memory
 
-// A last word without its closing zero is left out: words are handed on as zero-terminated strings.
+// A last word without terminating zero is omitted, because callers use the words as zero-terminated strings.
 static std::vector<std::string_view> WordsOf(std::span<const unsigned char> bytes) {
     std::vector<std::string_view> words;
     words.reserve(bytes.size() / kUsualWordSize);
@@ -42,8 +42,8 @@ int WordCount(const WordIndex& index) {
     return static_cast<int>(index.words.size());
 }
 
-// Where the list of word number `word` begins, in entries. A pointer that the file does not hold is 0; the one after
-// the last word's is the end of all lists, whatever the file says.
+// Start of the list of word number `word`, in entries. 0 for a pointer that the file does not contain; for the word
+// after the last, the end of all lists, regardless of the file.
 static std::size_t PointerOf(const WordIndex& index, std::size_t word) {
     if (word >= index.words.size()) return index.verseLists.size() / kEntrySize;
     const std::size_t at = word * kPointerSize;

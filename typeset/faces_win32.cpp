@@ -7,8 +7,8 @@
 
 namespace {
 
-// A device context for measuring, kept for the life of the program; each use selects the font that it asks about. It
-// holds a bitmap of the screen's kind, since letters are otherwise wide on a monochrome one.
+// A device context for measuring, kept until the program ends; each use selects its own font. It needs a bitmap
+// compatible with the screen, because on a monochrome one letters have different widths.
 struct MeasuringPlace {
     OwnedBitmap bitmap;
     OwnedDc dc;
@@ -41,7 +41,7 @@ LOGFONTA FontRecord(const FontChoice& choice) {
 }
 
 void ChooseFaces(Faces& faces, const FontChoice& choice) {
-    SelectObject(MeasuringDc(), GetStockObject(SYSTEM_FONT));  // a font is not to go while it is selected
+    SelectObject(MeasuringDc(), GetStockObject(SYSTEM_FONT));  // a font must not be deleted while it is selected
     for (FaceFont& face : faces.fonts) face.font.reset();
     faces.record = FontRecord(choice);
     faces.lineHeight = 0;
@@ -59,7 +59,7 @@ static LOGFONTA RecordOf(const Faces& faces, Face face) {
     return record;
 }
 
-// The font of the face, which is made when it is first asked for.
+// The font of the face, created on first use.
 static FaceFont& FontOf(Faces& faces, Face face) {
     FaceFont& font = faces.fonts[static_cast<std::size_t>(face)];
     if (font.font) return font;
@@ -106,7 +106,7 @@ static void TakeColors(HDC canvas, TextColor color, COLORREF keyWordColor) {
     SetBkColor(canvas, selected ? letters : paper);
 }
 
-// Each letter stands where the sum of the widths before it says: a device may draw a whole line narrower or wider.
+// Positions each letter at the sum of the widths before it, because a device may draw a whole line narrower or wider.
 static void DrawRun(HDC canvas, FaceFont& face, TextRuns& runs, const TextRuns::Run& run) {
     const std::string_view text = std::string_view(runs.text).substr(run.textStart, run.textLength);
     runs.advances.clear();

@@ -1,4 +1,4 @@
-// Apart from the flows, because panes, copies and the printer all form their labels with it.
+// Separate from the flows because panes, copies and the printer all use it for their labels.
 #include "typeset/label_text.h"
 
 #include <algorithm>

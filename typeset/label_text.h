@@ -1,4 +1,4 @@
-// Labels and headings, formed without a heap: a pane forms one for every verse it lays out.
+// Labels and headings, formatted without heap allocation because a pane formats one for every verse that it lays out.
 #pragma once
 
 #include <array>
@@ -7,7 +7,7 @@
 #include "scripture/verse_records.h"
 
 struct LabelText {
-    std::array<char, 64> bytes{};  // holds every label and heading; what is longer is cut
+    std::array<char, 64> bytes{};  // large enough for every label and heading; longer text is truncated
     std::size_t size = 0;
 };
 

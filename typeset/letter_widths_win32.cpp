@@ -28,7 +28,7 @@ static int SumOfWidths(LetterWidths& letters, std::string_view text) {
     return sum;
 }
 
-// Words as they stand in the text, and every character in a row: a font with overhang or kerning fails one of them.
+// Words as they occur in the text, and all characters in a row: a font with overhang or kerning fails one of them.
 static bool DoWidthsAddUp(LetterWidths& letters) {
     std::string all;
     for (int letter = ' '; letter <= '~'; ++letter) all += static_cast<char>(letter);

@@ -1,11 +1,11 @@
-// Where the next word of a text goes: from left to right, and to a new line where there is no room. The Passage, the
-// Verse List and the printer all place their words by it.
+// Position of the next word of a text: words run from left to right and wrap to a new line when there is no room.
+// Shared by the Passage, the Verse List and the printer.
 #pragma once
 
 struct LineWalk {
-    int x = 0, y = 0;    // of the next word, pixels
-    int lineStart = 0;   // x where a new line begins
-    int limit = 0;       // the right edge of a word stays left of this, unless the word begins its line
+    int x = 0, y = 0;    // position of the next word, pixels
+    int lineStart = 0;   // left edge of a new line
+    int limit = 0;       // the right edge of a word must be less, unless the word is wider than a line
     int lineHeight = 1;  // pixels
 };
 
@@ -14,7 +14,7 @@ inline void BreakLine(LineWalk& line) {
     line.y += line.lineHeight;
 }
 
-// Breaks the line where a word of this width has no room on it. A word that is wider than a whole line stands alone.
+// Breaks the line if a word of this width does not fit on it. A word wider than a line gets a line of its own.
 inline void WrapBefore(LineWalk& line, int width) {
     if (line.x + width >= line.limit) BreakLine(line);
 }

@@ -1,4 +1,4 @@
-// Faces of a pane's font, and the measure of text in them that the flows lay out by.
+// Faces of a pane's font, and the text measuring that layouts use.
 #pragma once
 
 #include <algorithm>
@@ -8,12 +8,13 @@ enum class Face : unsigned char { kRegular, kBold, kItalic, kBoldItalic };
 inline constexpr int kFaceCount = 4;
 
 struct TextMeasure {
-    void* device = nullptr;                                             // handed back to both
+    void* device = nullptr;                                             // passed to both
     int (*width)(void* device, Face face, std::string_view) = nullptr;  // pixels
     int (*lineHeight)(void* device) = nullptr;                          // pixels, of the bold face
 };
 
-// Line height of a flow, at least a pixel: a measure without a font must not keep a pass from the bottom of its pane.
+// Line height of a flow, at least one pixel: with 0, for a measure without a font, a layout pass would never reach the
+// bottom of its pane.
 inline int LineHeightOf(const TextMeasure& measure) {
     return std::max(1, measure.lineHeight(measure.device));
 }

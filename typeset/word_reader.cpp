@@ -6,7 +6,7 @@
 
 static constexpr std::string_view kParagraphWord = "\xB6 ";
 
-// Bytes at which a piece may end; all others are read over.
+// Bytes at which a piece may end; all others are skipped quickly.
 static constexpr std::array<bool, 256> kEndsPiece = [] {
     std::array<bool, 256> ends{};
     for (const unsigned char byte : {' ', '[', ']', '{', '}'}) ends[byte] = true;
@@ -19,7 +19,7 @@ static Face FaceNow(const WordReader& reader) {
     return reader.italic ? Face::kItalic : Face::kRegular;
 }
 
-// Fields are set in place: copying a whole piece would cost more than reading its word.
+// Sets the fields in place: copying a whole piece would cost more than reading its word.
 static void AddPiece(WordReader& reader, std::string_view text) {
     if (text.empty()) return;
     WordPiece& piece = reader.pieces.emplace_back();
@@ -32,7 +32,7 @@ static bool IsBracket(char byte) {
     return byte == '[' || byte == ']';
 }
 
-// Does `mark` stand in the text like a letter? Not inside a key word, which it does not belong to.
+// Is `mark` shown in the text like a letter? Not inside a key word, because it is not part of it.
 static bool IsShownInPlace(const WordReader& reader, char mark) {
     return IsBracket(mark) && reader.brackets == BracketUse::kShown && reader.keyDepth == 0;
 }

@@ -1,8 +1,8 @@
-// The words of a verse, each in pieces of one face, as both panes lay them out.
+// The words of a verse, split into pieces of one face, as both panes lay them out.
 //
-// A word keeps the blank that follows it; the last one gets a blank of its own. A paragraph mark ends a word and gets a
-// blank too. Brackets are used up, shown or dropped; the braces round key words (search/key_word_marks.h) are never
-// part of a piece, however many a word has and however they are nested.
+// A word includes the space that follows it; a space is added after the last one. A paragraph mark ends a word and also
+// gets a space. Brackets are consumed, shown or dropped; the braces around key words (search/key_word_marks.h) are
+// never part of a piece, regardless of their number and nesting.
 #pragma once
 
 #include <string>
@@ -12,9 +12,9 @@
 #include "typeset/text_measure.h"
 
 enum class BracketUse {
-    kItalicFace,         // what they enclose is set in the italic face
-    kShown,              // they stand in the text, in the regular face
-    kShownRoundItalics,  // they stand in the regular face, what they enclose in the italic one
+    kItalicFace,         // the enclosed text is in italic face
+    kShown,              // brackets are part of the text, in regular face
+    kShownRoundItalics,  // brackets in regular face, the enclosed text in italic face
     kDropped,
 };
 
@@ -22,28 +22,28 @@ struct WordPiece {
     Face face = Face::kRegular;
     bool keyWord = false;
     int width = 0;          // set by MeasureWord
-    std::string_view text;  // never empty; lies in the reader or is constant
+    std::string_view text;  // never empty; points into the reader or to a constant
 };
 
 struct WordReader {
     BracketUse brackets = BracketUse::kDropped;
-    bool italicsFromWordStart = false;  // a mark before an opening bracket, as in "([is]", is set in italics too
-    std::string text;                   // the verse and the blank that ends its last word
+    bool italicsFromWordStart = false;  // punctuation before an opening bracket, as in "([is]", is also in italics
+    std::string text;                   // the verse and the space after its last word
     std::size_t next = 0;
     bool italic = false;
     int keyDepth = 0;
-    std::vector<WordPiece> pieces;  // of the word read last
+    std::vector<WordPiece> pieces;  // of the last word read
 };
 
-// Begins with the first word of `verse`, of which the reader keeps a copy; an italic run or key word left open before
-// does not reach into it.
+// Starts reading at the first word of `verse`, which is copied. An italic run or key word left open in the previous
+// verse ends.
 void OpenVerse(WordReader& reader, std::string_view verse);
 
-// Reads the next word into `pieces`. False when the verse has no more; an empty verse has one word, a blank.
+// Reads the next word into `pieces`. False at the end of the verse; an empty verse has one word, a space.
 bool ReadWord(WordReader& reader);
 
-// Was the word read last the verse's last?
+// Was the last word read the last word of the verse?
 bool HasVerseEnded(const WordReader& reader);
 
-// Measures every piece of the word and gives their sum.
+// Measures every piece of the word and returns the total width.
 int MeasureWord(WordReader& reader, const TextMeasure& measure);

@@ -1,4 +1,4 @@
-// Text for other programs.
+// Exchanging text with other programs.
 #pragma once
 
 #include <memory>
@@ -12,17 +12,17 @@ struct CloseClipboardDeleter {
     void operator()(HWND) const { CloseClipboard(); }
 };
 
-// The clipboard while this program holds it; it is given back when this goes.
+// The clipboard while this program has it open; closed on destruction.
 using HeldClipboard = std::unique_ptr<HWND, CloseClipboardDeleter>;
 
-// Opens and empties the clipboard on behalf of `owner`. While another program holds it this says "Could not open
-// Clipboard" and gives none.
+// Opens and empties the clipboard for `owner`. If another program has it open, reports "Could not open Clipboard" and
+// returns null.
 HeldClipboard OpenEmptyClipboard(HWND owner);
 
-// The plain 8-bit text (CF_TEXT) on the clipboard, up to its first zero byte; empty where it has none or another
-// program holds it.
+// The plain 8-bit text (CF_TEXT) on the clipboard, up to its first zero byte; empty if there is none or another program
+// has the clipboard open.
 std::string TextOnClipboard(HWND owner);
 
-// Puts plain 8-bit text (CF_TEXT) on the clipboard, which keeps it after the program's end. A reader sees it up to its
-// first zero byte. False when there is no memory for it: then nothing is on the clipboard.
+// Puts plain 8-bit text (CF_TEXT) on the clipboard, where it remains after the program ends. Other programs read it up
+// to its first zero byte. False when there is no memory for it; the clipboard then stays empty.
 bool PutText(const HeldClipboard& clipboard, std::string_view text);

@@ -3,7 +3,7 @@
 #include <vector>
 
 void Complain(HWND owner, const char* text, const char* caption) {
-    const bool starting = owner && !IsWindowVisible(owner);  // a splash may stand in front of everything
+    const bool starting = owner && !IsWindowVisible(owner);  // the splash may be in front of all windows
     MessageBoxA(owner, text, caption, MB_OK | MB_ICONSTOP | (starting ? MB_SYSTEMMODAL : 0));
 }
 
@@ -70,7 +70,7 @@ void RouteWheel(MSG& message) {
     if (GetAncestor(under, GA_ROOT) == GetAncestor(message.hwnd, GA_ROOT)) message.hwnd = under;
 }
 
-// Wine reads a stored WHEEL_PAGESCROLL as the largest signed number.
+// Any large number means a page: Wine returns a stored WHEEL_PAGESCROLL as the largest signed integer.
 int WheelLines() {
     static constexpr UINT kMostLines = 1000;
     UINT lines = 3;

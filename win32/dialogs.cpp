@@ -22,14 +22,14 @@ static void OnCommand(HWND window, int control, HWND, UINT notification) {
     if (control == IDCANCEL) EndDialog(window, IDCANCEL);
 }
 
-// F1 does what the Help button does.
+// F1 presses the Help button.
 static void OnHelp(HWND window) {
     const HWND button = GetDlgItem(window, IDHELP);
     if (button != nullptr) FORWARD_WM_COMMAND(window, IDHELP, button, BN_CLICKED, SendMessageA);
 }
 
 static INT_PTR CALLBACK DialogProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message != WM_INITDIALOG && GetWindowLongPtrA(window, DWLP_USER) == 0) return FALSE;  // controls being made
+    if (message != WM_INITDIALOG && GetWindowLongPtrA(window, DWLP_USER) == 0) return FALSE;  // during creation
     switch (message) {
         case WM_INITDIALOG: return HANDLE_WM_INITDIALOG(window, wParam, lParam, OnInitDialog);
         case WM_COMMAND: HANDLE_WM_COMMAND(window, wParam, lParam, OnCommand); return TRUE;

@@ -5,14 +5,14 @@
 
 struct Dialog {
     const char* name;           // in the program's resources
-    void (*fill)(HWND dialog);  // before it is shown; none where there is nothing to fill
+    void (*fill)(HWND dialog);  // called before the dialog is shown; null if there is nothing to fill in
     void (*command)(HWND dialog, int control, UINT notification);
-    const void* data = nullptr;  // for these two, see DataOf
+    const void* data = nullptr;  // for these two procedures, see DataOf
 };
 
-// Runs `dialog` over `owner`, placed over the frame's middle. Cancel ends it after `command` has heard of it. Gives
-// what it ended with; -1 when it could not be opened. F1 presses the button IDHELP, where there is one.
+// Runs `dialog` over `owner`, centred on the frame. Cancel closes it after `command` was called for it. Returns the
+// result passed to EndDialog; -1 if it could not be opened. F1 presses the button IDHELP, if there is one.
 INT_PTR RunDialog(HWND owner, const Dialog& dialog);
 
-// `data` of the dialog that is open as `dialog`.
+// `data` of the open dialog whose window is `dialog`.
 const void* DataOf(HWND dialog);

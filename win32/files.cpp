@@ -4,7 +4,7 @@
 
 // ---- Paths ----------------------------------------------------------------------------------------------------------
 
-// The program's folder, with its closing backslash.
+// The program's folder, with a trailing backslash.
 static std::string ProgramFolder() {
     char path[MAX_PATH] = "";
     const DWORD length = GetModuleFileNameA(nullptr, path, MAX_PATH);
@@ -39,8 +39,8 @@ static bool HoldsFile(const char* pattern) {
     return isFile;
 }
 
-// Attributes and access lists do not tell everything; only making a file does. That it can be taken away again shows
-// that it was made: under Wine the name comes back even where it was not.
+// Only creating a file shows for sure whether it is possible; attributes and access lists are not sufficient. Deleting
+// the file proves that it was created: Wine returns the name even if it was not.
 static bool CanMakeFiles(const std::string& folder) {
     char path[MAX_PATH];
     return GetTempFileNameA(folder.c_str(), "~wf", 0, path) != 0 && DeleteFileA(path);
@@ -61,7 +61,7 @@ void SettleWorkingFolder(std::initializer_list<const char*> markers, const char*
     const std::string applicationData = ApplicationDataFolder();
     if (applicationData.empty()) return;
     const std::string folder = applicationData + '\\' + folderName;
-    CreateDirectoryA(folder.c_str(), nullptr);  // may be there already
+    CreateDirectoryA(folder.c_str(), nullptr);  // may already exist
     SetCurrentDirectoryA(folder.c_str());
 }
 
@@ -74,7 +74,7 @@ bool MapWholeFile(const char* path, DWORD accessFlag, MappedFile& file) {
 
     LARGE_INTEGER size{};
     if (!GetFileSizeEx(opened, &size)) return false;
-    if (size.QuadPart == 0) return true;  // there is no mapping of nothing
+    if (size.QuadPart == 0) return true;  // an empty file cannot be mapped
 
     const OwnedFile mapping(CreateFileMappingA(opened, nullptr, PAGE_READONLY, 0, 0, nullptr));
     if (!mapping) return false;

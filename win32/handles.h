@@ -1,4 +1,4 @@
-// Owning handles: each is given back where its unique_ptr ends.
+// Owning handles, released with their unique_ptr.
 #pragma once
 
 #include <memory>

@@ -1,8 +1,8 @@
-// Which viewer opens the help is found anew each time, since the user may start or install one meanwhile:
+// The help viewer is looked up on every call, because the user may start or install one in the meantime:
 //
-//   WinHelp            where the system has it: commands and macros go to it as its interface wants them.
-//   Wine's WinHelp     takes no macro from another program, but opens a topic that it is started with.
-//   the browser        everywhere else, with the topic's page.
+//   WinHelp            if the system has it; controlled with the commands and macros of its interface
+//   Wine's WinHelp     does not accept macros from other programs, but opens a topic given on its command line
+//   the browser        otherwise, with the topic's page
 #include "win32/help_viewer.h"
 
 #include <shellapi.h>
@@ -16,7 +16,7 @@ namespace {
 
 struct HelpPage {
     const char* file;   // the help file's name
-    const char* topic;  // none: the contents
+    const char* topic;  // null for the contents
 };
 
 }  // namespace
@@ -25,7 +25,7 @@ static bool IsThere(const std::string& path) {
     return GetFileAttributesA(path.c_str()) != INVALID_FILE_ATTRIBUTES;
 }
 
-// The procedures that open something give whether they could.
+// Like all procedures here that open something, returns whether it succeeded.
 static bool OpenWithShell(HWND owner, const std::string& file, const std::string& arguments) {
     const HINSTANCE result = ShellExecuteA(owner, "open", file.c_str(), arguments.c_str(), nullptr, SW_SHOWNORMAL);
     return reinterpret_cast<INT_PTR>(result) > 32;
@@ -33,8 +33,8 @@ static bool OpenWithShell(HWND owner, const std::string& file, const std::string
 
 // ---- The viewer of help files ---------------------------------------------------------------------------------------
 
-// Since version 6 Windows has under the viewer's name a program of some ten kilobytes which only says that there is no
-// viewer; the viewer has hundreds.
+// Since version 6, Windows has only a small program of about ten kilobytes under the viewer's name, which reports that
+// there is no viewer; the real viewer has hundreds.
 static constexpr DWORD kSmallestViewer = 64 * 1024;
 
 static bool IsViewer(const std::string& path) {
@@ -43,7 +43,7 @@ static bool IsViewer(const std::string& path) {
            (file.nFileSizeHigh != 0 || file.nFileSizeLow >= kSmallestViewer);
 }
 
-// The installed viewer's path; empty when the system has none.
+// Path of the installed viewer; empty if there is none.
 static std::string InstalledViewer() {
     char folder[MAX_PATH] = "";
     GetWindowsDirectoryA(folder, MAX_PATH);
@@ -53,7 +53,7 @@ static std::string InstalledViewer() {
     return "";
 }
 
-// The class of its window is part of the viewer's interface: by it the system finds the one that runs.
+// The viewer's window class is part of its interface: the system uses it to find a running viewer.
 static HWND RunningViewer() {
     return FindWindowA("MS_WINHELP", nullptr);
 }

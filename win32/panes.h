@@ -1,25 +1,25 @@
-// Child windows of our own classes, and the bitmap that they are painted on.
+// Child windows of the program's own classes, and the off-screen bitmap for painting them.
 #pragma once
 
 #include "win32/handles.h"
 
-// Registers a class with the arrow cursor that is redrawn whole when its size changes, on the system colour
-// `backgroundColor` (COLOR_WINDOW, ...).
+// Registers a window class with the arrow cursor and the system colour `backgroundColor` (COLOR_WINDOW, ...) as
+// background. Its windows are redrawn completely when their size changes.
 bool RegisterPaneClass(const char* name, WNDPROC procedure, int backgroundColor);
 
-// Creates a child of `parent` with no size yet.
+// Creates a child of `parent` with zero size.
 HWND CreateChild(HWND parent, const char* className, const char* text, DWORD style, DWORD extendedStyle, int id);
 
-// Puts `procedure` in the place of a window's own and gives back the one before.
+// Replaces the window procedure and returns the previous one.
 WNDPROC Subclass(HWND window, WNDPROC procedure);
 
-// Gives a subclassed window its own procedure back and forgets it; does nothing where there is none.
+// Restores the window procedure of a subclassed window and sets `procedureBefore` to null; does nothing if it is null.
 void Unsubclass(HWND window, WNDPROC& procedureBefore);
 
-// The caret of a pane that has the focus: three pixels wide, at the upper left.
+// Shows the caret of a focused pane: three pixels wide at 96 dpi, at the upper left.
 void ShowPaneCaret(HWND pane, int lineHeight);
 
-// A bitmap off the screen, as large as a pane, on which a paint is drawn before it is copied once.
+// An off-screen bitmap at least as large as a pane. A paint draws on it and then copies it to the screen in one step.
 struct Canvas {
     OwnedDc dc;
     OwnedBitmap bitmap;
@@ -27,8 +27,9 @@ struct Canvas {
     int width = 0, height = 0;
 };
 
-// A device context to draw `width` x `height` pixels in, made for `target`; the contents are left from the last time.
+// Returns a device context of at least `width` x `height` pixels, compatible with `target`; it still has its previous
+// contents unless it had to grow.
 HDC CanvasFor(Canvas& canvas, HDC target, int width, int height);
 
-// Copies `area` of the canvas to the same place of `target`.
+// Copies `area` of the canvas to the same place in `target`.
 void CopyCanvas(const Canvas& canvas, HDC target, const RECT& area);

@@ -1,5 +1,5 @@
-// Plain text in rich-edit controls. Their own ways take text that begins with "{\rtf" for rich text, or bring the looks
-// of other programs with what is pasted.
+// Plain text in rich-edit controls. The controls' own procedures interpret text that begins with "{\rtf" as rich text,
+// and keep the formatting of pasted text.
 #pragma once
 
 #include <string>
@@ -7,12 +7,12 @@
 
 #include "win32/windows_api.h"
 
-// Shows `text` as it stands, with the caret before it and nothing to undo.
+// Shows `text` unchanged, with the caret at its start and an empty undo buffer.
 void SetPlainText(HWND richEdit, std::string_view text);
 
-// All of the control's text, lines ended by CR LF.
+// All of the control's text; lines end with CR LF.
 std::string PlainText(HWND richEdit);
 
-// The characters selected, as offsets into that text. The unseen end of the last line, which the control counts too,
-// is left out.
+// The selected characters, as offsets into that text. Excludes the invisible end of the last line, which the control
+// counts.
 CHARRANGE SelectedPlainText(HWND richEdit);

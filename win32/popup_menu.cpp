@@ -28,7 +28,7 @@ static void AppendRow(HMENU menu, HWND frame, const MenuRow& row) {
     if (!row.submenu.empty()) {
         OwnedMenu submenu = MenuOf(frame, row.submenu);
         const auto handle = reinterpret_cast<UINT_PTR>(submenu.get());
-        if (AppendMenuA(menu, state | MF_POPUP, handle, text.c_str())) submenu.release();  // goes with its menu
+        if (AppendMenuA(menu, state | MF_POPUP, handle, text.c_str())) submenu.release();  // now owned by its menu
     } else if (text.empty()) {
         AppendMenuA(menu, MF_SEPARATOR, 0, nullptr);
     } else {
@@ -60,7 +60,7 @@ POINT FromCornerOf(HWND window, int x, int y) {
 }
 
 bool IsMenuByKey(UINT x, UINT y) {
-    static constexpr UINT kNoPlace = 0xFFFF;  // -1, as the message's halves give it
+    static constexpr UINT kNoPlace = 0xFFFF;  // -1 in each half of the message's lParam
     return x == kNoPlace && y == kNoPlace;
 }
 

@@ -1,4 +1,4 @@
-// Context menus, made of rows when they open.
+// Context menus, built from rows when they are opened.
 #pragma once
 
 #include <string>
@@ -7,31 +7,32 @@
 #include "win32/windows_api.h"
 
 struct MenuRow {
-    int command = 0;  // 0 without a text: a separator
-    // With "&" and "\t" as in a resource. A text that ends in "\t" is shown with the key of its command, as KeyInMenu
-    // gives it.
+    int command = 0;  // 0 with an empty text: a separator
+    // With "&" and "\t" as in a resource. If the text ends with "\t", the key of the command is appended (see
+    // KeyInMenu).
     std::string text;
     bool greyed = false;
     bool checked = false;
     bool startsColumn = false;
-    std::vector<MenuRow> submenu{};  // any: the row opens it
+    std::vector<MenuRow> submenu{};  // not empty: the row opens it
 };
 
-// Shows the menu with its upper left corner at `onScreen`, so far as the screen has room for it, and sends the command
-// of the row that is chosen to `receiver` once the menu is gone; none when it is left otherwise.
+// Shows the menu with its upper left corner at `onScreen`, or as near as the screen has room, and after it has closed
+// sends the command of the chosen row to `receiver`. Sends nothing if no row is chosen.
 void OpenPopupMenu(HWND receiver, POINT onScreen, const std::vector<MenuRow>& rows);
 
-// `x`, `y` from the upper left corner of `window`, its border included, as a point of the screen.
+// Screen coordinates of the point `x`, `y` from the upper left corner of `window`, including its border.
 POINT FromCornerOf(HWND window, int x, int y);
 
-// Did a key bring WM_CONTEXTMENU, which then names no place? The menu opens this far inside the window.
+// Was WM_CONTEXTMENU sent for a key, and therefore without a position? The menu then opens at this offset in the
+// window.
 bool IsMenuByKey(UINT x, UINT y);
 inline constexpr int kKeyMenuOffset = 1;  // pixels from the left and from the upper edge
 
-// `count` rows from `first` on as the frame's own menu has them.
+// `count` rows with the texts of the frame menu's commands from `first` on.
 std::vector<MenuRow> RowsOfFrameMenu(HWND frame, int first, int count);
 
-// The key that the frame's menu shows for `command`, "Ctrl+C"; empty where it shows none.
+// The key that the frame's menu shows for `command`, such as "Ctrl+C"; empty if it shows none.
 std::string KeyInMenu(HWND frame, int command);
 
 // Is the item of `command` in the frame's menu greyed?

@@ -14,7 +14,7 @@ static constexpr std::size_t kPathLimit = 256;  // characters
 
 using PathBuffer = std::array<char, kPathLimit + 1>;
 
-// What the dialog ended with: 0 for a file or Cancel, else the error that CommDlgExtendedError names.
+// Returns 0 for a chosen file or Cancel, otherwise the error from CommDlgExtendedError.
 static DWORD RunSaveDialog(HWND owner, const std::string& name, PathBuffer& path) {
     path.fill('\0');
     name.copy(path.data(), kPathLimit);
@@ -34,7 +34,7 @@ static DWORD RunSaveDialog(HWND owner, const std::string& name, PathBuffer& path
 std::string AskTextFileToSave(HWND owner, const std::string& name) {
     PathBuffer path;
     DWORD error = RunSaveDialog(owner, name, path);
-    if (error == FNERR_INVALIDFILENAME) {  // a ":" stands in no file's name
+    if (error == FNERR_INVALIDFILENAME) {  // ":" is not allowed in file names
         std::string possible = name;
         std::replace(possible.begin(), possible.end(), ':', '.');
         error = RunSaveDialog(owner, possible, path);

@@ -1,4 +1,4 @@
-// The system's dialog for a file to save into.
+// The system's dialog for choosing a file to save to.
 #pragma once
 
 #include <string>
@@ -7,7 +7,7 @@
 
 inline constexpr char kSaveErrorCaption[] = "Save Error";
 
-// Asks over `owner` for a text file to write, starting with `name`. A file that is there already is only taken after a
-// question; its folder must be there; the name gets no extension that was not typed. Gives the path, empty where the
-// user cancels. The current directory stays.
+// Asks over `owner` for a text file to write, suggesting `name`. An existing file has to be confirmed; the folder must
+// exist; no extension is added to the name. Returns the path, or an empty string if the user cancels. The current
+// directory does not change.
 std::string AskTextFileToSave(HWND owner, const std::string& name);

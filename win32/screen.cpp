@@ -10,7 +10,7 @@ static int ScreenDotsPerInch() {
 }
 
 static int DotsPerInch() {
-    static const int dots = ScreenDotsPerInch();  // system DPI awareness: it stays for the life of the program
+    static const int dots = ScreenDotsPerInch();  // system DPI awareness: constant while the program runs
     return dots;
 }
 

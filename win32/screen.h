@@ -1,21 +1,21 @@
-// Sizes and places on the screen.
+// Sizes and positions on the screen.
 #pragma once
 
 #include "win32/windows_api.h"
 
-// Pixels on this screen for `pixels` at 96 dpi, and the way back.
+// Converts pixels at 96 dpi to pixels of this screen, and back.
 int Scaled(int pixels);
 int Unscaled(int pixels);
 
-// The font of the system's own messages.
+// The font of the system's message boxes.
 HFONT MessageFont();
 
-// Moves a dialog that opens over its top-level owner's middle: x centred, y centred in the upper nine tenths, both kept
-// on the screen; its size stays.
+// Moves a dialog that is about to open over its top-level owner: centred horizontally, and vertically in the owner's
+// upper nine tenths, but kept on the screen. Its size does not change.
 void PlaceDialog(HWND dialog);
 
-// Moves a window to the middle of the screen.
+// Centres a window on the screen.
 void CenterOnScreen(HWND window);
 
-// Is some part of `place` on a monitor?
+// Is any part of `place` on a monitor?
 bool IsOnScreen(const RECT& place);

@@ -1,4 +1,4 @@
-// Windows' headers, in the one order and with the one set of switches that the project uses.
+// The Windows headers, included in the same order and with the same options throughout the project.
 #pragma once
 
 #include <windows.h>
