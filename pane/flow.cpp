@@ -1,3 +1,4 @@
+// Shared by the two flows, which are in folders that do not include each other.
 #include "pane/flow.h"
 
 FlowWalk BeginFlow(const TextMeasure& measure, const FlowVisitor& visit, int width, BracketUse brackets) {
@@ -20,7 +21,7 @@ void PlaceLabel(FlowWalk& walk, BoxKind kind, int width) {
     walk.line.x += width;
 }
 
-static void VisitPieces(FlowWalk& walk) {
+void VisitWord(FlowWalk& walk) {
     const bool endsItem = HasVerseEnded(walk.reader);
     int x = walk.line.x;
     for (const WordPiece& piece : walk.reader.pieces) {
@@ -29,12 +30,4 @@ static void VisitPieces(FlowWalk& walk) {
               {BoxKind::kWord, piece.face, piece.keyWord, walk.point, x, walk.line.y, piece.width, isLast, piece.text});
         x += piece.width;
     }
-}
-
-void PlaceWord(FlowWalk& walk) {
-    const int width = MeasureWord(walk.reader, walk.measure);
-    WrapBefore(walk.line, width);
-    ++walk.point.word;
-    if (walk.visit) VisitPieces(walk);
-    walk.line.x += width;
 }

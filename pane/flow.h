@@ -49,5 +49,15 @@ int LabelWidth(const FlowWalk& walk);
 // Visits that text as a box `width` pixels wide at the line's current position, and advances past it.
 void PlaceLabel(FlowWalk& walk, BoxKind kind, int width);
 
-// Places the last word that the reader read as the next ordinal, on a new line if it does not fit.
-void PlaceWord(FlowWalk& walk);
+// Visits the pieces of the last word that the reader read, at the line's current position.
+void VisitWord(FlowWalk& walk);
+
+// Places the last word that the reader read as the next ordinal, on a new line if it does not fit. It is inline because
+// a page up measures thousands of words that nobody visits.
+inline void PlaceWord(FlowWalk& walk) {
+    const int width = MeasureWord(walk.reader, walk.measure);
+    WrapBefore(walk.line, width);
+    ++walk.point.word;
+    if (walk.visit) VisitWord(walk);
+    walk.line.x += width;
+}
