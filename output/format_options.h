@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-// Values that the program compares with; all other values have the meaning given behind `otherwise`.
+// Values that the program compares with; all other values have the meaning given after `otherwise`.
 enum LabelStyle { kFullLabel = 0, kPartialLabel = 1 };     // otherwise no label
 enum LabelLocation { kLabelBefore = 0, kLabelAfter = 1 };  // otherwise after
 
