@@ -1,4 +1,4 @@
-// Apart from the table of commands, which speaks to Windows, so that facts are tested natively.
+// Separate from the table of commands, which uses Windows, so that the facts can be tested natively.
 #include "app/command_facts.h"
 
 unsigned FactsOf(const FactSources& sources) {

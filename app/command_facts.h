@@ -1,4 +1,4 @@
-// What commands depend on: whether their menu items and buttons are enabled and ticked, and how a tip shows their key.
+// The facts that enable and tick the menu items and buttons of commands, and tool tips with the command's key.
 #pragma once
 
 #include <string>
@@ -42,8 +42,8 @@ struct FactSources {
 
 unsigned FactsOf(const FactSources& sources);
 
-// Are all of `needs` among `facts`?
+// True if `facts` includes all of `needs`.
 bool HasFacts(unsigned facts, unsigned needs);
 
-// A tool tip that shows the command's key: "Help (F1)". Without a key the text alone, without a text nothing.
+// A tool tip with the command's key: "Help (F1)". Only the text if `key` is empty; empty if `text` is empty.
 std::string TipWithKey(const std::string& text, const std::string& key);

@@ -27,7 +27,7 @@ static constexpr Command kCommands[] = {
     {IDM_COPY, CopySelection, kHasSelection, 0, {ButtonGroup::kClipboard, 1}, {"Copy"}},
     {IDM_PASTE, PasteText, kCanPaste, 0, {ButtonGroup::kClipboard, 2}, {"Paste"}},
 
-    // Verses that leave the program
+    // Copying, saving and printing
     {IDM_COPY_VERSE, CopyVerse, kAlways, 0, {ButtonGroup::kCopy, 6}, {"Copy a Verse"}},
     {IDM_COPY_RANGE, CopyRange, kAlways, 0, {ButtonGroup::kCopy, 7}, {"Copy a Range of Verses"}},
     {IDM_COPY_VERSE_LIST, CopyVerseList, kListHasVerses, 0, {ButtonGroup::kCopy, 8}, {"Copy the Verse List"}},
@@ -98,7 +98,7 @@ static constexpr Command kCommands[] = {
     {IDM_RENAME_NOTE_SET, RenameSet, kNotEditing},
     {IDM_MARK_NOTE_SETS, MarkSets},
 
-    // How things look
+    // View and focus
     {IDM_VIEW_LIST, TogglePane, kAlways, kListShown, {ButtonGroup::kView, 14}, {"Show/Hide Verse List Window"}},
     {IDM_VIEW_PASSAGE, TogglePane, kAlways, kPassageShown, {ButtonGroup::kView, 15}, {"Show/Hide Passage Window"}},
     {IDM_VIEW_NOTES, TogglePane, kAlways, kNotesShown, {ButtonGroup::kView, 16}, {"Show/Hide Notes Window"}},
@@ -127,10 +127,10 @@ static constexpr Command kCommands[] = {
 
 namespace {
 
-// Commands whose number says what they mean.
+// Commands whose id contains a number: of a book, a bookmark or a verse.
 struct CommandRange {
     int first, last;
-    void (*action)(int number);  // counted from `first`
+    void (*action)(int number);  // id - first
 };
 
 }  // namespace
@@ -191,13 +191,13 @@ static void ShowState(const Command& command, unsigned facts) {
     if (command.tickedBy)
         CheckMenuItem(theFrame.menu, id, MF_BYCOMMAND | (IsTicked(command, facts) ? MF_CHECKED : MF_UNCHECKED));
     const BYTE state = ButtonState(command, facts);
-    const auto before = SendMessageA(theFrame.toolbar, TB_GETSTATE, id, 0);  // -1 where there is no button
+    const auto before = SendMessageA(theFrame.toolbar, TB_GETSTATE, id, 0);  // -1 if it has no button
     if (before != -1 && before != state) SendMessageA(theFrame.toolbar, TB_SETSTATE, id, MAKELPARAM(state, 0));
 }
 
-// Brings menu and toolbar into the state that the program is in.
+// Updates menu and toolbar for the current facts.
 static void ShowCommandStates(int) {
-    if (!theFrame.startUpComplete) return;  // start-up sets the first states at its end
+    if (!theFrame.startUpComplete) return;  // start-up updates the states at its end
     static unsigned shownFacts;
     static bool shown = false;
     const unsigned facts = CurrentFacts();

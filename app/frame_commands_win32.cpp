@@ -70,8 +70,8 @@ void OpenContextMenu(int) {
     static constexpr LPARAM kPlace = MAKELPARAM(1, 1);
     const HWND focus = GetFocus();
     if (!focus) return;
-    SendMessageA(focus, WM_RBUTTONDOWN, MK_RBUTTON, kPlace);  // the note view opens its menu here,
-    SendMessageA(focus, WM_RBUTTONUP, 0, kPlace);             // the other panes theirs here
+    SendMessageA(focus, WM_RBUTTONDOWN, MK_RBUTTON, kPlace);  // the note view opens its menu on this,
+    SendMessageA(focus, WM_RBUTTONUP, 0, kPlace);             // the other panes on this
 }
 
 void CopySelection(int) {

@@ -3,13 +3,13 @@
 
 void ShowAbout(int command);
 void CloseFrame(int command);
-void ShowHelp(int command);  // the contents or one of the two topics that stand in the menu
+void ShowHelp(int command);  // the contents or one of the two topics in the menu
 void TogglePane(int command);
 void ToggleToolbar(int command);
-void FocusList(int command);  // both show a hidden pane
+void FocusList(int command);  // this and FocusPassage show the pane if it is hidden
 void FocusPassage(int command);
-void EnterPassage(int command);     // leaves a hidden one hidden
-void OpenContextMenu(int command);  // of the window that has the focus
+void EnterPassage(int command);     // does not show a hidden Passage
+void OpenContextMenu(int command);  // of the focused window
 void CutSelection(int command);
 void CopySelection(int command);
 void PasteText(int command);

@@ -21,7 +21,7 @@ FrameLayout LayOutFrame(const FrameSize& size, const ShownPanes& shown, bool edi
     const bool notes = shown.NotesWindow != 0;
     const int top = shown.ToolBar != 0 ? size.toolbarHeight + kGapBelowToolbar : 0;
     const int width = std::max(size.width, 0);
-    const int height = std::max(size.height - size.statusHeight - top, 0);  // a minimized frame has none
+    const int height = std::max(size.height - size.statusHeight - top, 0);  // 0 if the frame is minimized
     const int upperHeight = notes ? Share(height, kUpperShareOfHeight) : height;
     const int passageLeft = !list ? 0 : passage ? Share(width, kListShareOfWidth) : width;
 
@@ -37,7 +37,7 @@ FrameLayout LayOutFrame(const FrameSize& size, const ShownPanes& shown, bool edi
 void StatusPartEdges(int width, int (&edges)[kStatusPartCount]) {
     const double w = width;
     const double products[] = {(0.4 * w - 1) * 0.57, 0.45 * w - 1, 0.55 * w, 0.4 * w * 0.43 + 0.6 * w};
-    // A negative edge would be taken for the right end of the bar.
+    // The control takes -1 as the right end of the bar.
     std::transform(std::begin(products), std::end(products), edges,
                    [](double product) { return std::max(static_cast<int>(product), 0); });
     edges[kStatusPartCount - 1] = -1;

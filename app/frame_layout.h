@@ -1,4 +1,4 @@
-// Where the frame's panes lie: rectangles from sizes.
+// Layout of the frame: the rectangles of its panes, computed from sizes in pixels.
 #pragma once
 
 struct Area {
@@ -6,7 +6,7 @@ struct Area {
     bool operator==(const Area&) const = default;
 };
 
-// Which panes the user shows; kept in the settings.
+// Which panes are shown, also kept in the settings. Any value but 0 means yes.
 struct ShownPanes {
     int VerseListWindow = 1;
     int ReadWindow = 1;
@@ -16,11 +16,11 @@ struct ShownPanes {
 
 struct FrameSize {
     int width = 0, height = 0;  // of the client area
-    int toolbarHeight = 0;      // of the control; the room it takes is two more
+    int toolbarHeight = 0;      // of the control; panes start 2 pixels below it
     int statusHeight = 0;
 };
 
-// A hidden pane has `shown` false and its rectangle unset. Sizes are never negative, however small the frame.
+// `place` is set only if `shown`. Sizes are never negative, however small the frame is.
 struct PanePlace {
     bool shown = false;
     Area place;
@@ -28,12 +28,12 @@ struct PanePlace {
 
 struct FrameLayout {
     PanePlace list, passage, notes;  // the tab controls
-    PanePlace editor;                // takes the notes' place while a note is edited
+    PanePlace editor;                // replaces the notes while a note is edited
 };
 
 FrameLayout LayOutFrame(const FrameSize& size, const ShownPanes& shown, bool editingNote);
 
 inline constexpr int kStatusPartCount = 5;
 
-// Right edges of the status bar's parts for a bar `width` wide; the last is -1, the right end, no other is negative.
+// Right edges of the parts of a status bar `width` wide. The last is -1, the right end of the bar; others are >= 0.
 void StatusPartEdges(int width, int (&edges)[kStatusPartCount]);

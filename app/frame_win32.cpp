@@ -23,7 +23,7 @@ static void Show(HWND window, bool shown) {
     ShowWindow(window, shown ? SW_SHOWNA : SW_HIDE);
 }
 
-// The room that a tab control of this size leaves for its pane.
+// The display area of a tab control of this size.
 static Area DisplayRectangle(HWND tabs, const Area& place) {
     RECT room{0, 0, place.width, place.height};
     TabCtrl_AdjustRect(tabs, FALSE, &room);
@@ -81,7 +81,7 @@ void LayOut(WPARAM sizeType, int width, int height) {
     Show(theNoteEditor.window, layout.editor.shown);
 }
 
-// A pane that was hidden with the focus in it would take the keys with it.
+// If the focused pane has been hidden, moves the focus to a visible one. Otherwise keys would go to a hidden window.
 static void KeepFocusShown() {
     const HWND focus = GetFocus();
     if (!focus || IsWindowVisible(focus)) return;
@@ -104,7 +104,7 @@ void LayOut() {
 
 void RemoveDevotionalMenu() {
     static constexpr UINT kDevotionalMenu = 6;  // position in the menu bar
-    // Not deleted: to destroy its 732 items one by one would be felt in the start, and they go with the program.
+    // Removed but not deleted: deleting its 732 items would noticeably slow down start-up. They are freed at exit.
     RemoveMenu(theFrame.menu, kDevotionalMenu, MF_BYPOSITION);
     DrawMenuBar(theFrame.window);
 }
@@ -120,7 +120,7 @@ void RepaintNoteMarks() {
 
 // ---- Creation -------------------------------------------------------------------------------------------------------
 
-// The Reference List lies in the list tab control, which therefore gets its commands; none goes further.
+// The Reference List is a child of the list tab control, which therefore gets its notifications. None is passed on.
 static LRESULT CALLBACK ListTabProcedure(HWND tabs, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_COMMAND) {
         if (LOWORD(wParam) == IDC_REFERENCE_LIST && HIWORD(wParam) == LBN_DBLCLK) {

@@ -14,8 +14,8 @@ struct Frame {
     HWND listTabs = nullptr;
     HWND passageTabs = nullptr;
     HWND splash = nullptr;               // only during start-up
-    HWND focusWhenInactive = nullptr;    // the window that had the focus when another program took it
-    WNDPROC listTabProcedure = nullptr;  // the list tab control's own
+    HWND focusWhenInactive = nullptr;    // window that had the focus when the frame was deactivated or minimized
+    WNDPROC listTabProcedure = nullptr;  // the list tab control's original procedure
     HMENU menu = nullptr;
     HACCEL accelerators = nullptr;
     HMODULE richEdit = nullptr;
@@ -29,19 +29,19 @@ struct Frame {
 };
 extern Frame theFrame;
 
-// Creates status bar and tab controls; the toolbar has its own file.
+// Creates status bar and tab controls. For the toolbar see app/toolbar_win32.h.
 void CreateBars(HWND frame);
 
-// Places everything for a client area of this size; `sizeType` is that of the size message.
+// Places all children for a client area of this size in pixels. `sizeType` is the wParam of WM_SIZE.
 void LayOut(WPARAM sizeType, int width, int height);
 
-// The same for the frame's present size, with the focus kept on a window that is shown.
+// The same for the frame's current size. Also moves the focus to a visible pane if the focused one has been hidden.
 void LayOut();
 
-// Takes the Devotional menu out of the menu bar: there is no set of readings, or none any more.
+// Removes the Devotional menu from the menu bar, for when there is no devotional note set or it was deleted.
 void RemoveDevotionalMenu();
 
-// Brings menu and toolbar into the state that the program is in.
+// Updates the enabled and ticked states of menu and toolbar.
 void RefreshCommands();
 
 // Repaints the panes that mark verses with notes.

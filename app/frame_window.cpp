@@ -53,17 +53,17 @@ static void RememberFocus(HWND window) {
 }
 
 static void OnSize(HWND window, UINT sizeType, int width, int height) {
-    if (sizeType == SIZE_MINIMIZED) return RememberFocus(window);  // the panes keep their places meanwhile
+    if (sizeType == SIZE_MINIMIZED) return RememberFocus(window);  // the panes keep their sizes
     LayOut(sizeType, width, height);
 }
 
-// Coming back from another program or to its size, the keys go where they went before.
+// When the frame is activated again, the window that had the focus before gets it back.
 static void OnActivate(HWND window, UINT state, HWND other, BOOL minimized) {
     if (state == WA_INACTIVE) RememberFocus(window);
     if (state != WA_INACTIVE && !minimized && IsWindowVisible(theFrame.focusWhenInactive)) {
         SetFocus(theFrame.focusWhenInactive);
     } else {
-        FORWARD_WM_ACTIVATE(window, state, other, minimized, DefWindowProcA);  // to the frame itself
+        FORWARD_WM_ACTIVATE(window, state, other, minimized, DefWindowProcA);  // focuses the frame if activated
     }
 }
 
@@ -97,7 +97,7 @@ bool RegisterFrameClass() {
 
 static FramePlacement KeptOnScreen(const FramePlacement& placement) {
     if (placement.XPos == kUseDefault || placement.Width == kUseDefault) return placement;
-    const auto within = [](int pixels) { return std::clamp(pixels, -32767, 32767); };  // where the system's screens end
+    const auto within = [](int pixels) { return std::clamp(pixels, -32767, 32767); };  // limits of screen coordinates
     const int left = within(placement.XPos);
     const int top = within(placement.YPos);
     const RECT place{left, top, left + within(placement.Width), top + within(placement.Height)};

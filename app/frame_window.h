@@ -1,12 +1,13 @@
-// The frame's window: its class, its creation, its messages.
+// The frame's window: class, creation and message handling.
 #pragma once
 
 #include "app/settings.h"
 #include "win32/windows_api.h"
 
-inline constexpr char kFrameClass[] = "Versewell97";  // and its title
+inline constexpr char kFrameClass[] = "Versewell97";  // also its title
 
 bool RegisterFrameClass();
 
-// Creates the frame where the settings say, with all of start-up inside; null when it failed.
+// Creates the frame at `placement`, or where the system chooses if that is off screen. This runs the whole start-up.
+// Null if it fails.
 HWND CreateFrame(const FramePlacement& placement);

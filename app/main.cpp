@@ -1,4 +1,4 @@
-// Where the program begins: classes, frame, message loop.
+// Entry point of the program: window classes, frame, message loop.
 
 #include "app/frame_win32.h"
 #include "app/frame_window.h"
@@ -25,15 +25,16 @@ static bool RegisterClasses() {
            RegisterNoteEditorClass();
 }
 
-// The frame that failed has posted the quit message where the system destroyed it; the box would not wait for its OK.
+// The system destroyed the frame whose creation failed, which posted WM_QUIT. It is removed here, because the message
+// box would not wait for OK otherwise.
 static void ReportFailure() {
     MSG quit;
     PeekMessageA(&quit, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE);
     Complain(nullptr, kFailureText, "Initialization failure");
 }
 
-// After an accelerator with Alt the system must not take the release of Alt for a walk into the menu. F10 is such a
-// walk itself.
+// Passes the key of an accelerator with Alt to DefWindowProc, so that releasing Alt does not activate the menu bar. Not
+// F10, which would activate the menu bar itself.
 static void EndAltKey(const MSG& message) {
     const bool withAlt = HIWORD(message.lParam) & KF_ALTDOWN;
     if (message.message == WM_SYSKEYDOWN && withAlt && message.wParam != VK_F10) {

@@ -1,4 +1,4 @@
-// Places that commands lead to: chapters and books, bookmarks, and the readings of the day.
+// Verses that commands go to: neighbouring chapters and books, bookmarks, and the readings of the day.
 #pragma once
 
 #include <array>
@@ -8,14 +8,14 @@
 #include "scripture/verse_records.h"
 
 // ---- Steps ----------------------------------------------------------------------------------------------------------
-// All start from any verse and clamp at the ends of the Bible.
+// `verse` may be any number; it is clamped to 0..31101.
 
-// First verse of the chapter (book) before the one that holds `verse`, even from the middle of it; Genesis 1:1 in the
-// first.
+// First verse of the chapter (book) before that of `verse`, even if `verse` is not the first of its chapter (book).
+// Genesis 1:1 in the first chapter (book).
 int PreviousChapter(const VerseRecords& records, int verse);
 int PreviousBook(const VerseRecords& records, int verse);
 
-// First verse of the next chapter (book); in the last, the last verse.
+// First verse of the next chapter (book); the last verse of the Bible in the last one.
 int NextChapter(const VerseRecords& records, int verse);
 int NextBook(const VerseRecords& records, int verse);
 
@@ -27,7 +27,7 @@ struct Bookmarks {
     std::array<int, kBookmarkCount> verses{};  // verse indexes 0..31101
 };
 
-// Text of the menu item that goes to bookmark `number` (0..9): "Genesis 1:1\tCtrl+1", the tenth "...\tCtrl+0".
+// Text of the menu item for bookmark `number` (0..9): "Genesis 1:1\tCtrl+1"; the tenth has "\tCtrl+0".
 std::string BookmarkLabel(const VerseRecords& records, const Bookmarks& bookmarks, int number);
 
 // ---- The day --------------------------------------------------------------------------------------------------------
@@ -39,8 +39,8 @@ struct Date {
     int day = 1;    // 1..31
 };
 
-// Verse of the devotional for a day, by the table of the devotional set; an entry beyond the last verse gives the last.
-// Every month has 31 entries.
+// Verse of the devotional for a day, from the table of the devotional note set, which has 31 days for every month. An
+// entry past the last verse counts as the last verse.
 int VerseOfDevotional(const NoteSets& notes, Date date, TimeOfDay time);
 
 // First verse of the chapter of Proverbs whose number is the day of the month; the book has 31 chapters.

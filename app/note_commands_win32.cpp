@@ -65,7 +65,7 @@ void ToggleBindNotes(int command) {
 }
 
 void EditNote(int command) {
-    if (!theFrame.startUpComplete) return;  // without its scripture the program knows no verse to write about
+    if (!theFrame.startUpComplete) return;  // without the scripture there are no verses for notes
     ShowNotes();
     SendCommand(theNoteEditor.window, command);
     LayOut();

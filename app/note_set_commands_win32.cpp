@@ -12,7 +12,7 @@
 
 static constexpr char kDeleteCaption[] = "Delete Note Set";
 
-// The tabs may take more or fewer rows now.
+// Includes a new layout, because the number of tab rows may have changed.
 static void ShowNewTabs() {
     ShowNoteTabs();
     LayOut();

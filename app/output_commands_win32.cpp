@@ -26,7 +26,7 @@ static const std::vector<std::int32_t>& ListedVerses() {
 
 // ---- Copying --------------------------------------------------------------------------------------------------------
 
-// Messages wait until the clipboard is free again for other programs.
+// Errors are reported after the clipboard is closed, so that a message box does not block other programs.
 template <typename MakeText>
 static void Copy(const char* noMemory, MakeText makeText) {
     HeldClipboard clipboard = OpenEmptyClipboard(theFrame.window);
@@ -69,7 +69,7 @@ void CopyReferences(int) {
 
 // ---- Saving ---------------------------------------------------------------------------------------------------------
 
-// A new file at `path`, in the place of one that is there; none where it cannot be made.
+// Creates a file at `path`, replacing an existing one. Null if that fails.
 static OwnedFile CreateTextFile(const std::string& path) {
     const HANDLE file =
         CreateFileA(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
@@ -82,7 +82,7 @@ static bool Write(void* file, std::string_view bytes) {
            written == bytes.size();
 }
 
-// Where there is no file, every write fails.
+// If `file` is null, every write fails.
 static TextFile TextFileOf(const OwnedFile& file) {
     return {file.get(), Write};
 }
@@ -93,7 +93,7 @@ static const char* ProblemOf(TextSaveResult result) {
                                                         : nullptr;
 }
 
-// Runs `write`, which gives what went wrong, or null.
+// Runs `write`, which returns an error message or null.
 template <typename WriteFile>
 static void Save(WriteFile write) {
     const HCURSOR before = BeginWait(theFrame.window);

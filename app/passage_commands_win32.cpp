@@ -80,7 +80,7 @@ void ReadCurrentEntry(int) {
 
 void ToggleParagraphFormat(int) {
     theReading.ParagraphFormat = theReading.ParagraphFormat ? 0 : 1;
-    if (theSelection.SelectionOwner == kPassageOwns) DropSelection();  // its words are counted otherwise now
+    if (theSelection.SelectionOwner == kPassageOwns) DropSelection();  // word ordinals may differ now
     RefreshCommands();
     RedisplayPassage();
 }

@@ -1,4 +1,4 @@
-// Commands that move the Passage or change how it shows.
+// Commands that scroll the Passage or change how text is shown.
 #pragma once
 
 void GoToVerse(int command);
@@ -7,13 +7,13 @@ void GoToBook(int number);        // 0: Genesis
 void GoToBookmark(int number);    // 0..9
 void SetBookmark(int number);     // to the Passage's target verse
 void ReadListContext(int command);
-void ReadCurrentEntry(int command);  // the same for Enter, which leaves a hidden Passage hidden
+void ReadCurrentEntry(int command);  // the same for Enter, but does not show a hidden Passage
 void ToggleParagraphFormat(int command);
 void SetItalics(int command);
 
 void OpenTodaysDevotional(int command);  // this morning's or this evening's
-void OpenDevotional(int verse);          // ignored where no note set is the devotional
+void OpenDevotional(int verse);          // ignored past the last verse or without a devotional note set
 void OpenTodaysProverb(int command);
 
-// Writes what the bookmarks hold into their menu items.
+// Updates the texts of the bookmarks' menu items.
 void LabelBookmarks();

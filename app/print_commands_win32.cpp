@@ -32,7 +32,7 @@ static void PrintVersesOf(const ParsedRange& range, const NoteSource* notes) {
                    FontRecord(theFrame.fonts.passage), FontRecord(theFrame.fonts.notes)});
 }
 
-// The set whose notes are printed is the current one as long as that takes.
+// The set whose notes are printed is the current one during printing.
 static void PrintWithNotes(const ParsedRange& range, int noteSet) {
     const int setBefore = theNoteSets.currentSet;
     SelectSet(theNoteSets, noteSet);
@@ -41,7 +41,7 @@ static void PrintWithNotes(const ParsedRange& range, int noteSet) {
     PrintVersesOf(range, &source);
     SelectSet(theNoteSets, setBefore);
     ReadNote(theNoteSets.currentVerse);
-    if (setBefore != noteSet) RepaintNoteMarks();  // what was uncovered meanwhile shows those of the other set
+    if (setBefore != noteSet) RepaintNoteMarks();  // parts painted during printing show those of the other set
 }
 
 void ChoosePageSetup(int) {

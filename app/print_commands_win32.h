@@ -1,4 +1,4 @@
-// Commands that put verses on paper.
+// Commands that print verses, and the page set-up.
 #pragma once
 
 void ChoosePageSetup(int command);

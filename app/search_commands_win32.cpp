@@ -32,7 +32,7 @@ static void ShowFound(const SearchKind& kind, Query query, SearchResult found) {
     RefreshCommands();
 }
 
-// Did it find a verse?
+// Returns whether the search found any verses.
 static bool RunSearch(const SearchKind& kind) {
     static HitCounters hits;
     const HCURSOR before = BeginWait(theFrame.window);
@@ -86,8 +86,8 @@ void SearchNotes(int) {
     AskNoteSearch(theFrame.window);
 }
 
-// The selection is laid over the beginning of the text searched for last, whose rest stays; it is the text of the other
-// searches that is cut to its length. Odd, and kept on purpose.
+// Odd behaviour kept on purpose: the selection overwrites the beginning of the previous note search text and leaves the
+// rest, and it is the text of the other searches that is cut to the selection's length.
 void SearchNotesForSelection(int) {
     const std::string selected = SelectedNoteText(kNoteSearchTextLimit);
     theSearch.NoteSearchText.replace(0, selected.size(), selected);

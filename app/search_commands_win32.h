@@ -1,4 +1,4 @@
-// Commands that search the scripture.
+// Commands that search the scripture and the notes.
 #pragma once
 
 void SearchWords(int command);
@@ -7,5 +7,5 @@ void SearchPhrase(int command);
 void SetRange(int command);
 void ShowRange(int command);  // in the status bar
 void SearchNotes(int command);
-void SearchNoteSelection(int command);      // for words or as a phrase, with the text selected in the note view
-void SearchNotesForSelection(int command);  // for that text
+void SearchNoteSelection(int command);      // word or phrase search for the text selected in the note view
+void SearchNotesForSelection(int command);  // search of the notes for that text

@@ -4,7 +4,7 @@
 #include <cstdlib>
 #include <limits>
 
-// What a row's value is and where it lives. Each kind has one Read and one Written below.
+// The kinds of values: where a value is stored, and its default `missing`. Each has one Read and one Written below.
 
 namespace {
 

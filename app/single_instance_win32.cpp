@@ -9,13 +9,14 @@
 #include "win32/handles.h"
 
 static constexpr char kFolderProperty[] = "VersewellFolder";
-static constexpr ULONGLONG kPatience = 5000;  // milliseconds in which a copy starts or ends
+static constexpr ULONGLONG kPatience = 5000;  // milliseconds to wait for another copy that is starting or ending
 static constexpr DWORD kPause = 50;
 static constexpr char kOpenElsewhere[] =
     "Versewell is already open with the notes of this folder, perhaps by another user of this computer. Close it there "
     "first.";
 
-// However the user came there, by a shortened name, a drive letter of his own or a link, it is one folder.
+// The same path for a folder no matter whether it was opened by a short name, a mapped drive or a link. `folder` itself
+// if the system cannot tell.
 static std::string CanonicalFolder(const std::string& folder) {
     const HANDLE opened = CreateFileA(folder.c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
                                       nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
@@ -28,14 +29,15 @@ static std::string CanonicalFolder(const std::string& folder) {
     return path;
 }
 
-// Names of system objects are short and hold no backslash, and a window's property holds a number: 32 bits everywhere.
+// A hash of the working folder's path. The name of a mutex is limited in length and must not contain backslashes, and
+// a window property is a number. 32 bits in every build, so that 32-bit and 64-bit copies find each other.
 static std::uint32_t FolderNumber() {
     std::string folder = CanonicalFolder(WorkingFilePath(""));
     CharLowerBuffA(folder.data(), static_cast<DWORD>(folder.size()));
     while (folder.ends_with('\\')) folder.pop_back();
     std::uint32_t number = 2166136261u;  // FNV-1a
     for (const char c : folder) number = (number ^ static_cast<unsigned char>(c)) * 16777619u;
-    return number | 1;  // zero is no property
+    return number | 1;  // 0 means that a window lacks the property
 }
 
 static std::string ClaimName() {
@@ -44,7 +46,8 @@ static std::string ClaimName() {
     return name;
 }
 
-// The system takes the mutex away when the process ends, however it ends. Another user's mutex cannot be opened.
+// The system removes the mutex when the process ends, even after a crash. If another user's copy holds it, it cannot be
+// opened.
 static bool TakeMutex(const std::string& name) {
     const HANDLE mutex = CreateMutexA(nullptr, FALSE, name.c_str());
     if (mutex != nullptr && GetLastError() != ERROR_ALREADY_EXISTS) return true;

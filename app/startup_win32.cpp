@@ -41,7 +41,7 @@ static void WriteText(void* device, const char* section, const char* key, const 
     WritePrivateProfileStringA(section, key, text, PathOf(device));
 }
 
-// Always by its full path: the system would look for a bare name in its own folder.
+// The full path, because the system looks for a bare name in the Windows folder.
 ProfileFile SettingsProfile() {
     static std::string path = WorkingFilePath(kSettingsFile);
     return {&path, ReadInteger, ReadText, WriteText};

@@ -21,7 +21,7 @@ static TBBUTTON ButtonOf(const Command& command, unsigned facts) {
     return button;
 }
 
-// Begins with a separator, which keeps the first button off the frame's edge.
+// A separator comes first, to keep the first button away from the frame's edge.
 static std::vector<TBBUTTON> Buttons() {
     TBBUTTON separator{};
     separator.fsStyle = TBSTYLE_SEP;
@@ -36,7 +36,7 @@ static std::vector<TBBUTTON> Buttons() {
     return buttons;
 }
 
-// The strip drawn for this screen: 16, 24 or 32 pixels a picture.
+// The strip of pictures for the scaling of this screen: 16, 24 or 32 pixels wide each.
 static HIMAGELIST LoadPictures() {
     const int wanted = Scaled(16);
     const int size = wanted < 24 ? 16 : wanted < 32 ? 24 : 32;

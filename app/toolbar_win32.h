@@ -1,10 +1,10 @@
-// The toolbar, made of the commands that have a button.
+// The toolbar, which shows all commands that have a button.
 #pragma once
 
 #include "win32/windows_api.h"
 
-// Creates the toolbar in `frame` with its buttons in their first states; null when it cannot be made.
+// Creates the toolbar in `frame`, with buttons in their current states. Null if that fails.
 HWND CreateToolbar(HWND frame);
 
-// Puts the text of a button's tool tip into `tip`; other ids get none.
+// Puts the text of a button's tool tip into `tip`; an empty text if it has none.
 void AnswerToolTip(NMTTDISPINFOA* tip);

@@ -1,5 +1,6 @@
-# Which folder of the program stands on which: a folder may include itself, the folders named here and those that they
-# stand on. The libraries of the core are linked by it, the README shows it, and a test holds every include to it.
+# The dependencies between the program's folders. A folder may include itself, the folders that it stands on, and those
+# that they stand on. CMake links the core libraries accordingly, the README repeats this graph as a table, and a test
+# checks every include and that table.
 set(STANDS_ON_scripture)
 set(STANDS_ON_search scripture)
 set(STANDS_ON_typeset scripture)

@@ -18,15 +18,15 @@ std::size_t ListCopyBudget(const Scripture& scripture, std::span<const std::int3
     return budget;
 }
 
-// Much less than the budget, which allows for the longest verse every time. No more than a guess where the records are
-// damaged: the text then grows as it must.
+// Much less than the budget, which assumes the longest verse every time. Only a guess if the records are damaged; the
+// text then grows as needed.
 static std::size_t LikelySize(const Scripture& scripture, int first, int last) {
     const VerseRecords& records = scripture.records;
     const std::uint32_t allButLast = RecordOf(records, last).textOffset - RecordOf(records, first).textOffset;
     return allButLast + VerseText(scripture, last).size() + RangeCopyBudget(first, last) / 900 * kLongestPieceFrame;
 }
 
-// Takes the memory at once, so that no text is moved as it grows.
+// Allocates all memory at once, so that the text is not moved as it grows.
 static bool Reserve(CopyText& copy, std::size_t size) {
     try {
         copy.text.reserve(size);
@@ -38,7 +38,7 @@ static bool Reserve(CopyText& copy, std::size_t size) {
     return copy.allocated;
 }
 
-// Takes the piece that began at `start` away again when it went past the budget.
+// Removes the piece that begins at `start` if it exceeds the budget. Returns whether it fits.
 static bool KeepIfItFits(CopyText& copy, std::size_t start, std::size_t budget) {
     copy.complete = copy.text.size() <= budget;
     if (!copy.complete) copy.text.resize(start);
@@ -53,7 +53,7 @@ CopyText CopyRangeText(const Scripture& scripture, const FormatOptions& format, 
     for (int verse = first; verse <= last && copy.complete; ++verse) {
         const std::size_t start = copy.text.size();
         AppendVerse(renderer, verse, copy.text);
-        // Once at the end; a copy that fails with its first verse is complained of there too.
+        // The failure is reported once, but twice if it was the first verse that did not fit.
         if (!KeepIfItFits(copy, start, budget)) copy.complaints = verse == first ? 2 : 1;
     }
     if (format.Brackets == 0) RemoveBrackets(copy.text);
@@ -73,7 +73,7 @@ CopyText CopyListText(const Scripture& scripture, const FormatOptions& format, s
     return copy;
 }
 
-// What `record` adds to the references before it, of which `previous` is the last.
+// The reference of `record` as it follows that of `previous`: book and chapter only if they change.
 static LabelText NextReference(const VerseRecord& previous, const VerseRecord& record) {
     LabelText label;
     const bool newBook = record.book != previous.book;

@@ -1,4 +1,4 @@
-// The texts that the copy commands put on the clipboard, each formed within a budget of bytes.
+// The texts that the copy commands put on the clipboard. Those of a range and of the Verse List have a limited size.
 #pragma once
 
 #include <cstdint>
@@ -11,25 +11,25 @@
 inline constexpr char kCopyIncomplete[] = "Copy incomplete: insufficient memory allocation.";
 
 struct CopyText {
-    std::string text;       // what fitted, without brackets where the format leaves them out
-    bool allocated = true;  // false: there was no memory, and no text
-    bool complete = true;   // false: a verse did not fit, and neither it nor a later one is in the text
-    int complaints = 0;     // how often kCopyIncomplete is to be said
+    std::string text;       // the verses that fitted, without brackets if the format omits them
+    bool allocated = true;  // false: not enough memory; the text is empty
+    bool complete = true;   // false: a verse did not fit; the text ends before it
+    int complaints = 0;     // how many times to report kCopyIncomplete
 };
 
-// Bytes that a copy may have, brackets counted whether or not they stay: 900 a verse; the text and 27 for each verse of
-// the list, and 100.
+// Maximum size of a copy in bytes, counting brackets even if they are removed. A range has 900 for each verse. The list
+// has 100 and, for each verse, its text and 27.
 std::size_t RangeCopyBudget(int first, int last);
 std::size_t ListCopyBudget(const Scripture& scripture, std::span<const std::int32_t> verses);
 
-// The verses `first` to `last` as the format has them. A first verse that does not fit is complained of twice.
+// The verses `first` to `last` in the given format. If the first verse does not fit, `complaints` is 2.
 CopyText CopyRangeText(const Scripture& scripture, const FormatOptions& format, int first, int last,
                        std::size_t budget);
 
-// A line for each verse, with a full label before it. Of the format options only the brackets count.
+// One line for each verse, starting with a full label. Of the format options only Brackets is used.
 CopyText CopyListText(const Scripture& scripture, const FormatOptions& format, std::span<const std::int32_t> verses,
                       std::size_t budget);
 
-// The references of `verses` in their order, each book and chapter named where it changes: "# Ge 1:1,3 Ex 2:4". "#"
-// alone for no verses. Always complete.
+// The references of `verses` in the given order, with book and chapter only where they change: "# Ge 1:1,3 Ex 2:4".
+// Only "#" if there are no verses. The size is not limited, so the text is complete unless memory runs out.
 CopyText CopyReferencesText(const VerseRecords& records, std::span<const std::int32_t> verses);

@@ -10,7 +10,7 @@ FormatOptions theFormat;
 
 namespace {
 
-// Radio buttons for the values 0, 1, ... of an option; the last stands for every other value too.
+// Radio buttons for the values 0, 1, ... of an option. The last one also represents all other values.
 struct Choice {
     int first, last;
     std::int8_t FormatOptions::*option;

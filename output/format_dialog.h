@@ -1,4 +1,4 @@
-// Copy/Save Format: how verses are labelled when they leave the program as text.
+// The Copy/Save Format dialog: labels and layout of copied, saved and printed verses.
 #pragma once
 
 #include "output/format_options.h"
@@ -6,5 +6,5 @@
 
 extern FormatOptions theFormat;
 
-// Asks over `owner`, starting with `theFormat`, and stores the answer there.
+// Opens the dialog over `owner` with the values of `theFormat`, and stores the user's choice there.
 void AskFormat(HWND owner);

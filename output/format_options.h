@@ -1,9 +1,9 @@
-// How verses are labelled when they leave the program as text.
+// How verses are labelled and laid out when they are copied, saved or printed.
 #pragma once
 
 #include <cstdint>
 
-// Values of the options that are looked for; every other value stands for what remains.
+// Values that the program compares with; all other values have the meaning given after `otherwise`.
 enum LabelStyle { kFullLabel = 0, kPartialLabel = 1 };     // otherwise no label
 enum LabelLocation { kLabelBefore = 0, kLabelAfter = 1 };  // otherwise after
 

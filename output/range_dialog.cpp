@@ -15,7 +15,7 @@ struct RangeDialog {
     const char* resource;
     const char* helpTopic;
     Asked asked = Asked::kRange;
-    BookForm bookForm = BookForm::kAbbreviation;  // of the current verse, with which the field starts
+    BookForm bookForm = BookForm::kAbbreviation;  // of the current verse, the initial text of the field
     bool asksForFile = false;
     bool asksForNotes = false;
 };
@@ -29,7 +29,7 @@ const RangeDialog kPrintRange = {
 
 namespace {
 
-// A dialog while it is open.
+// State of an open dialog.
 struct Question {
     const RangeDialog& kind;
     int currentVerse;

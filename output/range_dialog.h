@@ -1,5 +1,5 @@
-// The dialogs that ask which verses leave the program: Copy Verse, Copy Range, Save Range, Print Range. Each has a
-// field for a verse or a range and a button for the format; the last two have a choice of notes.
+// The dialogs that ask for verses to copy, save or print: Copy Verse, Copy Range, Save Range, Print Range. Each has a
+// field for a verse or a range and a button for the format. The last two can also include the notes of a set.
 #pragma once
 
 #include <optional>
@@ -12,13 +12,13 @@ inline constexpr int kWithoutNotes = -1;
 
 struct AskedRange {
     ParsedRange range;
-    std::string path;             // of the file, where one is asked for
-    int noteSet = kWithoutNotes;  // whose notes are to go with it
+    std::string path;             // of the file; empty if the dialog does not ask for one
+    int noteSet = kWithoutNotes;  // index of the set whose notes are included
 };
 
-// A way to ask, one row each.
+// Describes one of the dialogs.
 struct RangeDialog;
 extern const RangeDialog kCopyVerse, kCopyRange, kSaveRange, kPrintRange;
 
-// Asks over `frame`, starting with `currentVerse`; none where the user cancels or clears the field.
+// Opens the dialog over `frame`, initially with `currentVerse`. None if the user cancels or clears the field.
 std::optional<AskedRange> AskRange(HWND frame, const RangeDialog& kind, int currentVerse);

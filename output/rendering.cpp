@@ -38,7 +38,7 @@ static void AppendFirstLabel(RangeRenderer& renderer, const VerseRecord& record,
     RememberPlace(renderer, record);
 }
 
-// As much of the reference as differs from the verse before.
+// Appends the part of the reference that differs from the previous verse.
 static void AppendWhatIsNew(const RangeRenderer& renderer, const VerseRecord& record, std::string& text) {
     if (record.book != renderer.previousBook) return AppendFull(text, record);
     if (record.chapter != renderer.previousChapter) return AppendChapterAndVerse(text, record);
@@ -54,7 +54,7 @@ static void AppendLabel(RangeRenderer& renderer, const VerseRecord& record, std:
     RememberPlace(renderer, record);
 }
 
-// The verse's words behind a blank; a mark before the first one stays only `withMark`, and with a blank of its own.
+// Appends a blank and the verse's words. A paragraph mark at the start is kept only if `withMark`, followed by a blank.
 static void AppendWords(std::string_view verseText, bool withMark, std::string& text) {
     const bool marked = BeginsParagraph(verseText);
     text.push_back(' ');
@@ -80,13 +80,13 @@ void AppendListLine(const Scripture& scripture, int verse, std::string& text) {
     text.append(kLineEnd);
 }
 
-// The next `letter` from `from` on; `end` where there is none.
+// The next `letter` at or after `from`; `end` if there is none.
 static const char* Next(char letter, const char* from, const char* end) {
     const void* found = std::memchr(from, letter, static_cast<std::size_t>(end - from));
     return found ? static_cast<const char*>(found) : end;
 }
 
-// Brackets are few: what lies between them is searched and moved in one go.
+// Brackets are rare, so the text between them is searched and moved in blocks rather than byte by byte.
 void RemoveBrackets(std::string& text) {
     char* kept = text.data();
     const char* from = text.data();

@@ -1,5 +1,5 @@
-// Verses as they leave the program as text, piece by piece, each with its label. Pieces are joined with nothing between
-// them, and each begins with a blank.
+// The text of copied and saved verses, one labelled piece for each verse. Each piece begins with a blank, so pieces are
+// joined without a separator.
 #pragma once
 
 #include <string>
@@ -7,27 +7,27 @@
 #include "output/format_options.h"
 #include "scripture/scripture.h"
 
-// Longest piece of a verse beyond its text: the label " Jude 255:255", the blank behind it and the line end; a verse
-// that begins a paragraph has a blank behind its mark too.
+// Most bytes that a piece has besides the verse's text: the label " Jude 255:255", a blank after it, a line end, and
+// a blank after the paragraph mark.
 inline constexpr std::size_t kLongestPieceFrame = 17;
 
-// What a range needs to know from one verse to the next. Starts as {scripture, format}.
+// State kept from one verse of a range to the next. Initialize with {scripture, format}.
 struct RangeRenderer {
     const Scripture& scripture;
     const FormatOptions& format;
-    bool begun = false;  // the first verse was rendered
+    bool begun = false;  // the first verse has been labelled
     int previousBook = 0, previousChapter = 0;
 };
 
-// Adds the piece of `verse`, labelled as the first or as a later verse of its range, to `text`, with the brackets of
-// its words. Styles other than full and partial are none; locations other than before are after. Where there is no such
-// verse, nothing is added.
+// Appends the piece of `verse` to `text`, labelled as the first or as a later verse of its range. Brackets are kept.
+// A style other than full or partial means no label; a location other than before means after. Appends nothing if there
+// is no such verse.
 void AppendVerse(RangeRenderer& renderer, int verse, std::string& text);
 
-// Adds the line of `verse` as the Verse List is copied and saved, whatever the format options: " Ge 1:1 text" and a
-// line end. A paragraph mark at the verse's start stays, with blanks round it. Where there is no such verse, nothing is
-// added.
+// Appends the line of `verse` in a copied or saved Verse List, which does not depend on the format options:
+// " Ge 1:1 text" and a line end. A paragraph mark at the verse's start is kept, with a blank on each side. Appends
+// nothing if there is no such verse.
 void AppendListLine(const Scripture& scripture, int verse, std::string& text);
 
-// Takes out every "[" and "]", the brackets round supplied words, whatever stands between them.
+// Removes every "[" and "]", the brackets round supplied words, even unbalanced ones.
 void RemoveBrackets(std::string& text);

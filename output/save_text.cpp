@@ -8,14 +8,14 @@ namespace {
 
 struct PendingText {
     const TextFile& file;
-    std::string bytes;  // not written yet
+    std::string bytes;  // not yet written
 };
 
 }  // namespace
 
 static PendingText BeginText(const TextFile& file) {
     PendingText pending{file, {}};
-    pending.bytes.reserve(2 * kWriteSize);  // a verse or a note goes past the size of a write
+    pending.bytes.reserve(2 * kWriteSize);  // the last verse or note may exceed kWriteSize
     return pending;
 }
 

@@ -1,5 +1,5 @@
-// The texts that the save commands write, piece by piece: the memory stays the same however much is saved. A saved text
-// keeps its brackets and ends with one zero byte.
+// The texts that the save commands write, in blocks, so that memory use does not grow with the file. A saved text keeps
+// its brackets and ends with one zero byte.
 #pragma once
 
 #include <cstdint>
@@ -12,23 +12,23 @@
 
 inline constexpr char kCannotWriteText[] = "Error in writing to file";
 
-// The file that is written.
+// The file to write to.
 struct TextFile {
-    void* device = nullptr;  // handed back
-    // Writes `bytes`, some ten thousand at a time, behind those before them. False when not all were written.
+    void* device = nullptr;  // passed to write
+    // Appends `bytes`, at least 64 KiB except in the last call. False if not all were written.
     bool (*write)(void* device, std::string_view bytes) = nullptr;
 };
 
 enum class TextSaveResult {
     kSaved,
-    kCannotWrite,      // say kCannotWriteText
-    kCannotReadNotes,  // say kCannotOpenNotes
+    kCannotWrite,      // report kCannotWriteText
+    kCannotReadNotes,  // report kCannotOpenNotes
 };
 
-// Writes the verses `first` to `last` as the format has them; with `notes`, which may be null, each verse's note behind
-// it, an empty line before and after. Stops at the first failure.
+// Writes the verses `first` to `last` in the given format. Unless `notes` is null, each verse is followed by its note,
+// with an empty line before and after it. Stops at the first failure.
 TextSaveResult SaveRangeText(const Scripture& scripture, const FormatOptions& format, int first, int last,
                              const NoteSource* notes, const TextFile& file);
 
-// Writes the Verse List's lines, those that are copied.
+// Writes the same lines of the Verse List that CopyListText copies, with brackets. Stops at the first failure.
 TextSaveResult SaveListText(const Scripture& scripture, std::span<const std::int32_t> verses, const TextFile& file);

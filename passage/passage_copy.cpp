@@ -9,11 +9,11 @@ static constexpr std::string_view kLineEnd = "\r\n";
 
 namespace {
 
-// A copy as far as it has come.
+// State of a copy in progress.
 struct PassageCopy {
     bool inParagraphs = false;
     WordReader reader;
-    VerseRecord shown{};  // the verse begun last; book 0 before the first
+    VerseRecord shown{};  // the previous verse; book 0 before the first
     LabelText label{};
     std::string text{};
 };

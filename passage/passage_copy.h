@@ -7,9 +7,10 @@
 #include "scripture/scripture.h"
 #include "typeset/reading_options.h"
 
-// The selected labels and words, with line ends ("\r\n") where the pane begins lines of its own accord: before a verse
-// where each has a line (a blank stands before its label then), before a paragraph in paragraphs, and round the heading
-// of a chapter. The first label has book and chapter; no label has the mark of a note. Brackets round supplied words
-// stay where `keepBrackets`, whatever the pane shows. Empty where the selection has no place at either end.
+// The selected labels and words, with "\r\n" at the forced line breaks of the pane but not where it wraps: before each
+// verse with one verse a line (its label then begins with a blank), before each paragraph in paragraph format, and
+// around chapter headings. The label of the first selected verse has book and chapter. Labels never have the mark of a
+// note. Brackets round supplied words are kept if `keepBrackets`, whatever the pane shows. Empty if either end of the
+// selection has no place (-1).
 std::string PassageCopyText(const Scripture& scripture, const ReadingOptions& options, bool keepBrackets,
                             const Selection& selection);

@@ -21,13 +21,13 @@ static constexpr std::string_view kParagraphIndent = "    ";
 
 namespace {
 
-// Widths of the words of each verse measured so far, by where its words begin in the text.
+// Word widths of the verses measured so far. The key is where a verse's words begin in the text.
 using KnownWidths = std::unordered_map<const char*, std::vector<int>>;
 
 struct PassageWalk : FlowWalk {
     const PassageFlow& flow;
-    KnownWidths* known = nullptr;  // none: every word is measured; else no box is visited
-    std::string_view words{};      // of the verse that was begun last
+    KnownWidths* known = nullptr;  // null: every word is measured; otherwise no box is visited
+    std::string_view words{};      // of the current verse
     VerseRecord labelled{};        // verse of the last label
 };
 
@@ -41,7 +41,7 @@ static bool IsPastBottom(const PassageWalk& walk) {
     return walk.line.y >= walk.flow.height;
 }
 
-// Two lines on from the last word, so that one stays empty above.
+// Placed two lines below the last word, so that an empty line is above it.
 static void PlaceHeading(PassageWalk& walk, const VerseRecord& record) {
     walk.label.size = 0;
     AppendHeading(walk.label, record);
@@ -76,7 +76,7 @@ static void PlaceVerseLabel(PassageWalk& walk, const VerseRecord& record, bool i
     PlaceLabel(walk, BoxKind::kLabel, width);
 }
 
-// Heading, line break and label. The top verse stands at the very top.
+// Places heading, line break and label. The top verse gets only its label, so that it begins on the first line.
 static void BeginVerse(PassageWalk& walk, int verse, const VerseRecord& record, std::string_view text) {
     const bool isTop = verse == walk.flow.topVerse;
     const bool inParagraphs = walk.flow.options.ParagraphFormat != 0;
@@ -87,7 +87,7 @@ static void BeginVerse(PassageWalk& walk, int verse, const VerseRecord& record, 
     if (!isTop && newChapter) PlaceHeading(walk, record);
     if (!isTop && (!inParagraphs || indented)) BreakLine(walk.line);
     PlaceVerseLabel(walk, record, indented);
-    walk.words = indented ? text.substr(1) : text;  // the indent stands for the paragraph mark
+    walk.words = indented ? text.substr(1) : text;  // the indent replaces the paragraph mark
 }
 
 // A new verse starts where the verse number changes; a record with the same number continues without a label.
@@ -124,7 +124,7 @@ static bool PlaceKnownWords(PassageWalk& walk) {
     return true;
 }
 
-// True when all words of the verse were placed, false when there was no room or the visitor stopped the walk.
+// True if all words of the verse were placed, false if the pane was full or the visitor stopped the walk.
 static bool PlaceWords(PassageWalk& walk) {
     return walk.known != nullptr ? PlaceKnownWords(walk) : ReadAndPlaceWords(walk);
 }
@@ -158,7 +158,7 @@ int WalkPassage(const PassageFlow& flow, FlowFaces faces, const FlowVisitor& vis
 
 namespace {
 
-// A point that is compared with the boxes in layout order until one has it.
+// A point to find. It is compared with the boxes in layout order.
 struct PassageTarget {
     int x = 0, y = 0;
     int lineHeight = 0;
@@ -174,18 +174,18 @@ static bool IsOnLine(const PassageTarget& target, int lineY) {
     return target.y >= lineY && target.y < lineY + target.lineHeight;
 }
 
-// A label takes what lies above it too: the blank lines and the heading before its verse.
+// A label also takes points above it, in the blank lines and the heading before its verse.
 static bool LabelHas(const PassageTarget& target, const FlowBox& label) {
     return target.y < label.y || (IsOnLine(target, label.y) && target.x <= label.x + label.width);
 }
 
-// What lies left of the word on its line has been caught by the boxes there.
+// Points left of the word on its line need no check: earlier boxes have taken them.
 static bool WordHas(const PassageTarget& target, const FlowBox& word) {
     const bool takesRest = word.endsItem && target.versePerLine;
     return IsOnLine(target, word.y) && (target.x <= word.x + word.width || takesRest);
 }
 
-// True until the point is found.
+// Returns true until the point is found.
 static bool CompareBox(PassageTarget& target, const FlowBox& box) {
     if (box.kind == BoxKind::kHeading) return true;
     const bool isLabel = box.kind == BoxKind::kLabel;
@@ -209,7 +209,7 @@ SelectionPoint HitTestPassage(const PassageFlow& flow, int x, int y) {
 
 // ---- Scrolling ------------------------------------------------------------------------------------------------------
 
-// A page up lays out nearly the same verses once for each verse stepped over; their words are measured once.
+// Page up lays out nearly the same verses again for each verse it steps back, so their words are measured only once.
 int ScrolledTop(const PassageFlow& flow, const PassageView& view, ScrollCode code, int thumb) {
     PassageFlow trial = flow;
     KnownWidths known;

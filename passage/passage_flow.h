@@ -1,10 +1,11 @@
 // The Passage's position and layout: labels, chapter headings and words, placed from the top verse until the pane is
 // full.
 //
-// One walk serves paint, measure and hit test. What differs between them on purpose is `FlowFaces`: the paint sets
-// italic words in the italic face and a mark that follows one in the regular; measure and hit test take the regular
-// face for all. Word ordinals are equal in both: 0 is the verse's label, 1 its first word. Lines may break elsewhere
-// only where the italic face is narrower or wider than the regular: a word is never separated from the mark behind it.
+// Painting, measuring and hit testing use the same walk. The only intended difference is `FlowFaces`: painting uses the
+// italic face for italic words and the regular face for a punctuation mark after them; measuring and hit testing use
+// the regular face for everything. Word ordinals are the same in both: 0 is the verse's label, 1 its first word. Line
+// breaks differ only if italic words are narrower or wider than regular ones; a word is never separated from the mark
+// after it.
 #pragma once
 
 #include "notes/note_sets.h"
@@ -13,18 +14,18 @@
 #include "scripture/scripture.h"
 #include "typeset/reading_options.h"
 
-// One continuous scroll over all verses, named by the verse at the top.
+// Position in the continuous text of all verses.
 struct PassageView {
     int TopVerse = 0;          // 0..31101
-    int LastVisibleVerse = 0;  // last verse of which anything was laid out, as corrected after each pass
+    int LastVisibleVerse = 0;  // last verse with any text laid out, corrected after each layout
 };
 
-// The corrections that end each layout pass: a last visible verse equal to the top becomes the next (so that page down
-// always moves), and none is past the last.
+// To be called after each layout: if the last visible verse is the top verse, it becomes the next one (so that page
+// down always moves), and it is limited to the last verse of the Bible.
 void CorrectLastVisible(PassageView& view);
 
-// Verse that the commands of the frame mean: the first selected one while the Passage has the focus and its selection
-// lies wholly within the verses shown; otherwise the top.
+// Verse that commands of the frame act on: the first selected verse if the Passage has the focus and all of its
+// selection is visible, otherwise the top verse.
 int TargetVerse(const PassageView& view, const Selection& selection, bool passageHasFocus);
 
 enum class FlowFaces { kAsPainted, kAsMeasured };
@@ -32,7 +33,7 @@ enum class FlowFaces { kAsPainted, kAsMeasured };
 struct PassageFlow {
     const Scripture* scripture = nullptr;
     const NoteFiles* noteFiles = nullptr;
-    const NoteSets* notes = nullptr;  // none: no verse has a note
+    const NoteSets* notes = nullptr;  // null: no verse has a note
     ReadingOptions options;
     TextMeasure measure;
     int topVerse = 0;
@@ -40,14 +41,14 @@ struct PassageFlow {
     int height = 0;
 };
 
-// Visits the boxes from the top verse on; an empty visitor is not called. Gives the last verse of which anything was
-// laid out, not yet corrected. Without a scripture there are no boxes.
+// Visits the boxes from the top verse on; an empty visitor is not called. Returns the last verse with any text laid
+// out, not yet corrected. Without a scripture there are no boxes.
 int WalkPassage(const PassageFlow& flow, FlowFaces faces, const FlowVisitor& visit);
 
-// Verse and ordinal at a point of the client area; (-1, -1) below the last line laid out. A point outside the
-// area counts as one on its edge.
+// Verse and word ordinal at a point of the client area; (-1, -1) below the last line. A point outside the area is moved
+// to its edge.
 SelectionPoint HitTestPassage(const PassageFlow& flow, int x, int y);
 
-// Top verse after a scroll, from `view` as the last pass left it; equal to view.TopVerse where nothing moves. See
-// pane/scrolling.h. flow.topVerse does not matter.
+// Top verse after a scroll from `view` as of the last layout; view.TopVerse if nothing moves. See pane/scrolling.h.
+// flow.topVerse is ignored.
 int ScrolledTop(const PassageFlow& flow, const PassageView& view, ScrollCode code, int thumb);

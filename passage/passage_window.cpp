@@ -34,7 +34,7 @@ static PassageFlow CurrentFlow() {
     return FlowOf(ClientAreaOf(thePassage));
 }
 
-// Before start-up is through, or after one that stopped half-way, there is no text to show.
+// False until start-up is complete, and always if start-up stopped half-way.
 static bool HasText() {
     return !theScripture.records.bytes.empty() && HasFaces(thePassage.faces);
 }
@@ -91,7 +91,7 @@ static std::string TextOfSelection() {
 
 static constexpr int kBookmarks = IDM_SET_BOOKMARK - IDM_GOTO_BOOKMARK;
 
-// Four columns stand on a small screen too.
+// Splits the books into four columns, so that the menu fits on a small screen.
 static bool StartsColumn(int book) {
     static constexpr int kEcclesiastes = 21, kMatthew = 40, kJames = 59;
     return book == kEcclesiastes || book == kMatthew || book == kJames;
@@ -105,7 +105,7 @@ static std::vector<MenuRow> BookRows() {
     return rows;
 }
 
-// The anchor of a selection, which need not be the verse that a bookmark takes: that is the first selected.
+// The verse of the selection's anchor. A bookmark is set to the first selected verse instead, which may be another one.
 static std::string ReferenceInMenu() {
     const PassageView& view = thePassage.view;
     const int verse = AnchorPlace(theSelection, kPassageOwns, view.TopVerse, view.LastVisibleVerse);
@@ -146,7 +146,7 @@ static void OpenMenu(POINT onScreen) {
     OpenPopupMenu(thePassage.window, onScreen, Rows());
 }
 
-// The commands that the pane receives for its frame.
+// Commands that the pane forwards to its frame.
 static bool IsForFrame(int command) {
     static constexpr struct {
         int first, last;
@@ -159,7 +159,7 @@ static bool IsForFrame(int command) {
         {IDM_NOTE_FOR_PASSAGE, IDM_NOTE_FOR_PASSAGE},
         {IDM_TODAYS_PROVERB, IDM_TODAYS_PROVERB},
         {IDM_PRINT_RANGE, IDM_PRINT_RANGE},
-        {IDM_GOTO_BOOK + 1, IDM_GOTO_BOOK + kBookCount + 1},  // with one number more than there are books
+        {IDM_GOTO_BOOK + 1, IDM_GOTO_BOOK + kBookCount + 1},  // one more than there are books
     };
     return std::ranges::any_of(kForwarded,
                                [command](const auto& row) { return command >= row.first && command <= row.last; });

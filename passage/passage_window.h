@@ -1,4 +1,4 @@
-// The Passage window: the continuous reader.
+// The Passage window, which shows the continuous text of the Bible.
 #pragma once
 
 #include "pane/reading_pane_win32.h"
@@ -12,14 +12,14 @@ extern PassagePane thePassage;
 bool RegisterPassageClass();
 void CreatePassage(HWND tabs);
 
-// The operation that every move ends in: `verse`, clamped to 0..31101, comes to the top, and the Notes window follows
-// where it is bound. Focus and selection stay.
+// Shows `verse`, clamped to 0..31101, at the top. Every move ends here. If the Notes window is bound to the Passage, it
+// shows the note of the same verse. Focus and selection do not change.
 void ScrollToVerse(int verse);
 
-// Lays out and paints anew: after a change of font, of italics, of format, of notes.
+// Lays out and paints again, after a change of font, italics, format or notes.
 void RedisplayPassage();
 void SetPassageFont(const FontChoice& choice);
 
-// Verse that commands mean: the first selected verse while the pane has the focus and its selection lies wholly within
-// the verses shown; otherwise the top verse.
+// Verse that commands act on: the first selected verse if the pane has the focus and all of its selection is visible,
+// otherwise the top verse.
 int PassageTargetVerse();

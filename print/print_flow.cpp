@@ -6,8 +6,7 @@
 #include "typeset/label_text.h"
 #include "typeset/line_walk.h"
 
-// ---- The page
-// --------------------------------------------------------------------------------------------------------
+// ---- The page -------------------------------------------------------------------------------------------------------
 
 static int WholeInches(int margin) {
     return margin / 1000;
@@ -25,21 +24,20 @@ int PrinterFontHeight(int screenHeight, int screenDotsPerInch, int printerDotsPe
     return -(points * printerDotsPerInch / kPointsPerInch);
 }
 
-// ---- The flow
-// --------------------------------------------------------------------------------------------------------
+// ---- The flow -------------------------------------------------------------------------------------------------------
 
 static constexpr std::size_t kLongestNoteWord = 100;
 
 namespace {
 
-// Where a job stands.
+// State of a print job.
 struct PrintWalk {
     const Scripture& scripture;
     const PrintOptions& options;
     const PrinterPage& page;
     LineWalk line{};
     int lineHeight = 0, noteLineHeight = 0;
-    bool begun = false;  // a verse was printed
+    bool begun = false;  // the first verse was begun
     int previousBook = 0;
     WordReader reader{};
     std::string note{};
@@ -72,7 +70,7 @@ static bool TurnPage(PrintWalk& walk) {
     return StartPage(walk);
 }
 
-// Brings the pen to where a word of this size may stand. False when the job is over.
+// Moves the pen to where a word of this size fits, if necessary on a new page. False if the page cannot be started.
 static bool MakeRoom(PrintWalk& walk, int width, int height, int lineHeight) {
     walk.line.lineHeight = lineHeight;
     WrapBefore(walk.line, width);
@@ -91,8 +89,7 @@ static bool PlaceText(PrintWalk& walk, PrintFace face, int lineHeight, std::stri
     return true;
 }
 
-// ---- Labels
-// -----------------------------------------------------------------------------------------------------------
+// ---- Labels ---------------------------------------------------------------------------------------------------------
 
 static void AppendLabel(const PrintWalk& walk, const VerseRecord& record, LabelText& label) {
     const FormatOptions& format = walk.options.format;
@@ -121,13 +118,12 @@ static bool PlaceLabel(PrintWalk& walk, const VerseRecord& record) {
     walk.begun = true;
     walk.previousBook = record.book;
     if (label.size > 0) return PlaceText(walk, PrintFace::kBold, walk.lineHeight, TextOf(label));
-    // Verses without labels in one line are parted by a blank, as they are where they are copied.
+    // Verses without labels in one line are separated by a blank, as in copied text.
     if (walk.line.x > walk.options.box.left) walk.line.x += walk.page.width(walk.page.device, PrintFace::kRegular, " ");
     return true;
 }
 
-// ---- Words of a verse
-// -------------------------------------------------------------------------------------------------
+// ---- Words of a verse -----------------------------------------------------------------------------------------------
 
 static PrintFace FaceOf(const WordPiece& piece) {
     switch (piece.face) {
@@ -151,7 +147,7 @@ static bool PlacePieces(PrintWalk& walk, std::span<WordPiece> pieces) {
     return true;
 }
 
-// On paper the last word of a verse has no blank: the label behind it brings one.
+// Removes the blank after the last word of a verse, because the label that follows begins with one.
 static void TakeClosingBlank(std::vector<WordPiece>& pieces) {
     if (pieces.empty()) return;
     pieces.back().text.remove_suffix(1);
@@ -177,8 +173,7 @@ static bool PlaceWords(PrintWalk& walk, std::string_view text) {
     return true;
 }
 
-// ---- Notes
-// ------------------------------------------------------------------------------------------------------------
+// ---- Notes ----------------------------------------------------------------------------------------------------------
 
 static bool PlaceNoteWord(PrintWalk& walk, std::string& word) {
     if (word.empty()) return true;
@@ -223,8 +218,7 @@ static bool EndVerse(PrintWalk& walk, int verse) {
     return !hasNote || PlaceNote(walk);
 }
 
-// ---- The job
-// ----------------------------------------------------------------------------------------------------------
+// ---- The job --------------------------------------------------------------------------------------------------------
 
 static bool PrintVerse(PrintWalk& walk, int verse) {
     const VerseRecord record = RecordOf(walk.scripture.records, verse);
@@ -253,10 +247,9 @@ PrintResult PrintVerses(const Scripture& scripture, std::span<const std::int32_t
     return walk.result;
 }
 
-// ---- Options
-// ----------------------------------------------------------------------------------------------------------
+// ---- Options --------------------------------------------------------------------------------------------------------
 
-// Unlike on the screen, italics keep their brackets.
+// Unlike on the screen, italic words are printed with their brackets.
 static BracketUse PrintedBrackets(const ReadingOptions& reading) {
     return BracketsOf(reading, BracketUse::kShownRoundItalics);
 }

@@ -1,9 +1,10 @@
-// Verses on pages: words placed from left to right, wrapped at the right limit, a new page where the next line would
-// cross the bottom. One walk prints ranges and the Verse List; what differs between them are options.
+// Layout of printed verses: words are placed from left to right and wrapped at the right edge, and a new page starts
+// when the next line would cross the bottom edge. Ranges and the Verse List are printed by the same walk with different
+// options.
 //
-// A word keeps the blank behind it, also where it is measured: one that would only fit without its blank moves to the
-// next line. A line is as high as the bold face, a line of a note as high as the note's. A paragraph mark inside a
-// verse and its blank are a word of their own.
+// A word is measured with the blank after it, so a word that would only fit without its blank moves to the next line.
+// Line height is that of the bold face, in notes that of the note face. A paragraph mark inside a verse, with its
+// blank, is a word by itself.
 #pragma once
 
 #include <span>
@@ -15,52 +16,51 @@
 #include "typeset/reading_options.h"
 #include "typeset/word_reader.h"
 
-// ---- The page
-// --------------------------------------------------------------------------------------------------------
+// ---- The page -------------------------------------------------------------------------------------------------------
 
-// Margins as the page set-up gives them: thousandths of an inch, in metric locales hundredths of a millimetre.
+// Margins in the unit of the page set-up dialog: thousandths of an inch, in metric locales hundredths of a millimetre.
 struct PageMargins {
     int left = 1000, top = 1000, right = 1000, bottom = 1000;
 };
 
 struct PrinterResolution {
-    int width = 0, height = 0;  // of what can be printed on, pixels
+    int width = 0, height = 0;  // of the printable area, pixels
     int dotsPerInchX = 0, dotsPerInchY = 0;
 };
 
-// Where words may stand: from `left` up to `right`, from `top` down to `bottom`.
+// The area for text, in pixels.
 struct PageBox {
     int left = 0, top = 0, right = 0, bottom = 0;
     bool operator==(const PageBox&) const = default;
 };
 
-// Each margin is divided by 1000 in integers whatever its unit, so that it counts in whole inches: 900 are none, 1500
-// are one. Pages are known to come out this way.
+// The area inside `margins`. Whatever their unit, they are divided by 1000 as integers and count as whole inches: 900
+// becomes 0, 1500 becomes 1. Kept on purpose: users know their pages to be printed this way.
 PageBox PageBoxFor(const PrinterResolution& printer, const PageMargins& margins);
 
-// Font height for a printer, negative: a character height. `screenHeight` is the one on the screen, of either sign.
-// Points and pixels are whole numbers on the way, points first. Dots per inch are not 0.
+// Font height for a printer: negative, which means a character height. `screenHeight` is the height on the screen, of
+// either sign. It is converted to points first; points and pixels are both rounded down to whole numbers. Dots per inch
+// must not be 0.
 int PrinterFontHeight(int screenHeight, int screenDotsPerInch, int printerDotsPerInch);
 
-// ---- The flow
-// --------------------------------------------------------------------------------------------------------
+// ---- The flow -------------------------------------------------------------------------------------------------------
 
 enum class PrintFace : unsigned char { kRegular, kBold, kItalic, kNote };
 inline constexpr int kPrintFaceCount = 4;
 
-// A printer that takes page after page. Places and sizes are its pixels, from the upper left corner.
+// A printer, used for one page after the other. Positions and sizes are in its pixels, from the upper left corner.
 struct PrinterPage {
-    void* device = nullptr;                                                  // handed back to all
+    void* device = nullptr;                                                  // passed to all procedures
     int (*width)(void* device, PrintFace face, std::string_view) = nullptr;  // of a text
     int (*height)(void* device, PrintFace face) = nullptr;                   // of a character cell
     void (*draw)(void* device, PrintFace face, int x, int y, int width, std::string_view text) = nullptr;
-    bool (*startPage)(void* device) = nullptr;  // false when it cannot be started
+    bool (*startPage)(void* device) = nullptr;  // false if it cannot be started
     bool (*endPage)(void* device) = nullptr;
-    bool (*goesOn)(void* device) = nullptr;  // asked before each verse: false once the user has had enough
+    bool (*goesOn)(void* device) = nullptr;  // called before each verse: false once the user has cancelled
 };
 
 enum class PrintLabels {
-    kByFormat,   // " Genesis 1:1 " as the format's styles have it; in full where a new book begins
+    kByFormat,   // " Genesis 1:1 " in the format's styles; always full where a new book begins
     kReference,  // "Genesis 1:1 " before every verse
 };
 
@@ -70,21 +70,21 @@ struct PrintOptions {
     PrintLabels labels = PrintLabels::kByFormat;
     FormatOptions format;               // of labels
     bool withFirstMark = true;          // the paragraph mark at a verse's start is printed
-    bool lineAfterVerse = true;         // each verse begins a line
-    const NoteSource* notes = nullptr;  // printed behind their verses; none: no notes
+    bool lineAfterVerse = true;         // each verse starts a new line
+    const NoteSource* notes = nullptr;  // each printed after its verse; null: no notes
 };
 
-// How the Passage's verses and those of the Verse List are printed; `notes` may be null.
+// The options for printing a range and the Verse List. `notes` may be null.
 PrintOptions RangePrinting(const PageBox& box, const FormatOptions& format, const ReadingOptions& reading,
                            const NoteSource* notes);
 PrintOptions ListPrinting(const PageBox& box, const ReadingOptions& reading);
 
 enum class PrintResult {
-    kPrinted,          // all, or up to the verse after which the user had enough
-    kCannotStartPage,  // the job is over; no page is open
-    kCannotReadNotes,  // the job is over; its last page was ended
+    kPrinted,          // everything, or all verses before the user cancelled
+    kCannotStartPage,  // printing stopped; no page is open
+    kCannotReadNotes,  // printing stopped; the last page was ended
 };
 
-// Prints `verses`, verse indexes, in their order on pages of their own. Indexes without a verse are left out.
+// Prints `verses` (verse indexes) in the given order, starting on a new page. Indexes without a verse are skipped.
 PrintResult PrintVerses(const Scripture& scripture, std::span<const std::int32_t> verses, const PrintOptions& options,
                         const PrinterPage& page);

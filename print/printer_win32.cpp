@@ -10,7 +10,7 @@ static PrinterFace& FaceOf(Printer& printer, PrintFace face) {
     return printer.faces[static_cast<std::size_t>(face)];
 }
 
-// Faces.
+// ---- Faces ----------------------------------------------------------------------------------------------------------
 
 static void MakeFace(Printer& printer, PrintFace which, LOGFONTA record) {
     const HDC dc = printer.dc.get();
@@ -39,7 +39,7 @@ PrinterResolution ResolutionOf(HDC dc) {
             GetDeviceCaps(dc, LOGPIXELSY)};
 }
 
-// Pages.
+// ---- Pages ----------------------------------------------------------------------------------------------------------
 
 static int WidthIn(void* device, PrintFace face, std::string_view text) {
     return WidthOf(FaceOf(PrinterOf(device), face).letters, text);
@@ -49,7 +49,7 @@ static int HeightOf(void* device, PrintFace face) {
     return FaceOf(PrinterOf(device), face).height;
 }
 
-// Each letter stands where the sum of the widths before it says; a driver that is not told would measure every one.
+// Passes the width of each letter to the driver, which would otherwise measure every letter itself.
 static void SendRun(Printer& printer, const PrinterRun& run) {
     const LetterWidths& letters = FaceOf(printer, run.face).letters;
     printer.advances.clear();
@@ -82,7 +82,7 @@ static void Draw(void* device, PrintFace face, int x, int y, int width, std::str
     run.end = x + width;
 }
 
-// A printer may forget at each page what was chosen on the one before.
+// A driver may reset the device context at the start of each page, so the background mode is set every time.
 static bool Begin(void* device) {
     Printer& printer = PrinterOf(device);
     if (StartPage(printer.dc.get()) <= 0) return false;

@@ -1,4 +1,4 @@
-// A printer of the system as the flow of pages needs it.
+// A printer device context as the device that the layout in print_flow.h prints on.
 #pragma once
 
 #include <array>
@@ -15,9 +15,9 @@ struct PrinterFace {
     int height = 0;  // of a character cell, pixels
 };
 
-// What stands side by side in one line and face goes to the printer as one run, and the runs of a page face by face: a
-// call for each word, and a driver that is to take up a font again and again, would cost more than all else. Nothing is
-// kept longer than a page.
+// Adjacent words of one line and face. They are sent to the printer with one call, and the runs of a page are sent face
+// by face, because a call for each word and frequent changes of font would take most of the time of a job. Runs are
+// kept only until the end of their page.
 struct PrinterRun {
     PrintFace face = PrintFace::kRegular;
     int x = 0, y = 0, end = 0;
@@ -26,17 +26,17 @@ struct PrinterRun {
 
 struct Printer {
     std::array<PrinterFace, kPrintFaceCount> faces;
-    OwnedDc dc;  // goes before the faces, one of which is selected there
+    OwnedDc dc;  // declared after the faces to be destroyed first: one of them is selected into it
     bool (*goesOn)() = nullptr;
-    std::vector<PrinterRun> runs;  // of the page that is open
-    std::vector<int> advances;     // from letter to letter, of the run being sent
+    std::vector<PrinterRun> runs;  // of the open page
+    std::vector<int> advances;     // width of each letter of the run being sent
 };
 
-// Makes the four faces for `printer.dc` from fonts of the screen: as chosen, bold and italic from `verseFont`, the
-// notes' from `noteFont`.
+// Creates the four faces for `printer.dc` from screen fonts: `verseFont` as it is, in bold and in italics, and
+// `noteFont`.
 void MakeFaces(Printer& printer, const LOGFONTA& verseFont, const LOGFONTA& noteFont);
 
 PrinterResolution ResolutionOf(HDC dc);
 
-// The device over `printer`, which must stay. `printer.goesOn` says whether the job goes on.
+// The device that prints on `printer`, which must outlive it. `printer.goesOn` must be set; it returns false to cancel.
 PrinterPage PageOf(Printer& printer);

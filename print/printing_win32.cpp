@@ -6,16 +6,16 @@
 
 namespace {
 
-// The job that is under way.
+// The current print job.
 struct Printing {
-    HWND dialog = nullptr;  // "Printing..."; null: there is no job
-    bool goesOn = false;    // until the user has had enough
+    HWND dialog = nullptr;  // "Printing..."; null if there is no job
+    bool goesOn = false;    // false once the user has cancelled
 };
 
 }  // namespace
 static Printing thePrinting;
 
-// The system's dialogs.
+// ---- The system's dialogs -------------------------------------------------------------------------------------------
 
 void AskPageSetup(HWND frame, PAGESETUPDLGA& setup) {
     PAGESETUPDLGA asked = setup;
@@ -23,7 +23,7 @@ void AskPageSetup(HWND frame, PAGESETUPDLGA& setup) {
     asked.Flags = PSD_MARGINS;
     const bool chosen = PageSetupDlgA(&asked);
     if (chosen) setup = asked;
-    setup.hDevMode = asked.hDevMode;  // the system may have put others in their place all the same
+    setup.hDevMode = asked.hDevMode;  // the system may have replaced them even if the user cancelled
     setup.hDevNames = asked.hDevNames;
 }
 
@@ -43,7 +43,7 @@ OwnedDc AskPrinter(HWND frame, PAGESETUPDLGA& setup) {
     return dc;
 }
 
-// Stopping a job.
+// ---- Cancelling a job -----------------------------------------------------------------------------------------------
 
 static INT_PTR CALLBACK PrintingProcedure(HWND dialog, UINT message, WPARAM, LPARAM) {
     if (message == WM_INITDIALOG) PlaceDialog(dialog);
@@ -51,8 +51,8 @@ static INT_PTR CALLBACK PrintingProcedure(HWND dialog, UINT message, WPARAM, LPA
     return message == WM_INITDIALOG || message == WM_COMMAND;
 }
 
-// Deals with all that waits for the program, the user's Cancel among it. The end of the program is left for its own
-// message loop.
+// Processes all waiting messages, including the user's Cancel. WM_QUIT also cancels the job and is posted again for the
+// program's own message loop.
 static BOOL CALLBACK AbortProcedure(HDC, int) {
     MSG message;
     while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
@@ -68,7 +68,7 @@ static BOOL CALLBACK AbortProcedure(HDC, int) {
     return thePrinting.goesOn;
 }
 
-// A system may call the abort procedure no more than once in a job, so the flow of verses asks too.
+// The system may call the abort procedure only once in a job, so it is also called before each verse.
 static bool GoesOn() {
     return AbortProcedure(nullptr, 0) != FALSE;
 }
@@ -85,14 +85,14 @@ static void BeginJob(HWND frame) {
     EnableWindow(frame, FALSE);
 }
 
-// The frame comes first: the system would give the activation to another program otherwise.
+// The frame is enabled before the dialog is destroyed; otherwise the system would activate another program.
 static void EndJob(HWND frame) {
     EnableWindow(frame, TRUE);
     DestroyWindow(thePrinting.dialog);
     thePrinting.dialog = nullptr;
 }
 
-// The document.
+// ---- The document ---------------------------------------------------------------------------------------------------
 
 static void ComplainUnlessStopped(const char* problem) {
     if (thePrinting.goesOn) Complain(thePrinting.dialog, problem, kPrintErrorCaption);

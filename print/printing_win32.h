@@ -1,4 +1,4 @@
-// Printing a document: the system's dialogs, a "Printing..." dialog to stop it by, and what can fail on the way.
+// Printing a document: the system's dialogs, the "Printing..." dialog with its Cancel button, and error messages.
 #pragma once
 
 #include <string>
@@ -9,24 +9,24 @@
 
 inline constexpr char kPrintErrorCaption[] = "Print Error";
 
-// Asks for margins and paper, starting with those of `setup`, and keeps the answer there. Where there is no printer the
-// system says so.
+// Asks for margins and paper, initially those of `setup`, and stores the answer there. If there is no printer, the
+// system reports it.
 void AskPageSetup(HWND frame, PAGESETUPDLGA& setup);
 
-// Asks for a printer, starting with the one last asked for; null where the user cancels or there is none, which the
-// system says. `setup` keeps the printer's settings.
+// Asks for a printer, initially the one chosen last, and stores its settings in `setup`. Null if the user cancels or if
+// there is no printer, which the system reports.
 OwnedDc AskPrinter(HWND frame, PAGESETUPDLGA& setup);
 
-// A job that is under way takes no other beside it.
+// True while a job is printed; no other may be started then.
 bool IsPrinting();
 
 struct PrintedDocument {
-    const char* name;  // that the printer's queue shows
+    const char* name;  // as shown in the printer queue
     const Scripture& scripture;
     std::vector<std::int32_t> verses;
-    PrintOptions options;  // their box is set from the printer and the margins
+    PrintOptions options;  // `box` is set by PrintDocument from the printer and the margins
     LOGFONTA verseFont, noteFont;
 };
 
-// Prints on `dc`, with `frame` disabled meanwhile, until the user has had enough; says what failed.
+// Prints on `dc` until the end or until the user cancels. `frame` is disabled meanwhile. Reports errors to the user.
 void PrintDocument(HWND frame, OwnedDc dc, const RECT& margins, PrintedDocument document);

@@ -41,7 +41,7 @@ void CorrectLastVisible(VerseList& list) {
     list.ListLastVisible = CorrectedLastVisible({list.ListTop, list.ListLastVisible, ListCount(list) - 1});
 }
 
-// -1 in an empty list; a selection left over from a longer list does not lead past the end.
+// `entry`, or -1 if the list is empty. Clamped, because a selection may be left over from a longer list.
 static int EntryThatIs(const VerseList& list, int entry) {
     return list.ListEntries.empty() ? -1 : ClampEntry(list, entry);
 }

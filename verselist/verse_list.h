@@ -1,5 +1,5 @@
-// The Verse List: the verses that the last search found, in canonical order, or those of a note's cross-reference line
-// as it names them, and the place in it.
+// The Verse List: the verses that the last search found, in canonical order, or those of a note's cross-reference line,
+// in the order of that line, and the scroll position.
 #pragma once
 
 #include <cstdint>
@@ -10,16 +10,16 @@
 enum ListView { kVerseListView = 0, kReferenceListView = 1 };
 
 struct VerseList {
-    std::vector<std::int32_t> ListEntries;  // verse indexes; no terminator, its size says where it ends
+    std::vector<std::int32_t> ListEntries;  // verse indexes, without a terminator
     int ListTop = 0;                        // entry shown first
-    int ListLastVisible = 0;                // last entry of which anything was laid out, as corrected
+    int ListLastVisible = 0;                // last entry with any text laid out, corrected
     int currentView = kVerseListView;
-    bool canBeSaved = false;  // a search's list can; following a cross-reference line neither allows nor forbids it
+    bool canBeSaved = false;  // set by a search; following a cross-reference line does not change it
 };
 
 int ListCount(const VerseList& list);
 
-// Puts what a search found in place of what the list held; the top becomes 0.
+// Replaces the entries with the result of a search; the top becomes 0.
 void FillVerseList(VerseList& list, std::vector<std::int32_t> verses);
 
 // The same for the verses of a cross-reference line.
@@ -27,19 +27,19 @@ void FillWithReferences(VerseList& list, std::vector<std::int32_t> verses);
 
 void ClearVerseList(VerseList& list);
 
-// Takes entry `entry` out and brings the top back to the last entry where it stood past it; 0 in an empty list.
+// Removes entry `entry`; ignored if there is none. A top past the end becomes the last entry, or 0 in an empty list.
 void DeleteEntry(VerseList& list, int entry);
 
-// `entry` brought into the list: 0..ListCount-1, 0 when it is empty.
+// `entry` clamped to 0..ListCount-1; 0 if the list is empty.
 int ClampEntry(const VerseList& list, int entry);
 
-// The corrections that end each layout pass.
+// To be called after each layout; see CorrectedLastVisible in pane/scrolling.h.
 void CorrectLastVisible(VerseList& list);
 
-// Entry that Read Context and Delete mean: the selection's anchor entry when the list owns the selection, the anchor is
+// Entry that Read Context and Delete act on: the selection's anchor entry if the list owns the selection, the anchor is
 // at or after the top and the end at or before the last visible entry; otherwise the top. -1 in an empty list.
 int CurrentEntry(const VerseList& list, const Selection& selection);
 
-// Entry that the commands of the frame mean: the first selected entry while the list has the focus and its selection
-// lies wholly within the entries shown; otherwise the top. -1 in an empty list.
+// Entry that commands of the frame act on: the first selected entry if the list has the focus and all of its selection
+// is visible, otherwise the top. -1 in an empty list.
 int TargetEntry(const VerseList& list, const Selection& selection, bool listHasFocus);

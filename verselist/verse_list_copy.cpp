@@ -15,7 +15,7 @@ static void AppendLabel(std::string& text, const VerseRecord& record) {
     text += TextOf(label);
 }
 
-// Of the first entry the last word keeps its blank; its line end is cut where the selection goes no further.
+// The last word of the first entry keeps its blank. A selection within one entry has no line end.
 static void EndLine(std::string& text, bool isFirst, bool isLast) {
     if (isFirst && isLast) return;
     if (!isFirst) text.pop_back();

@@ -7,10 +7,10 @@
 #include "scripture/scripture.h"
 #include "verselist/verse_list.h"
 
-// The selected labels and words, an entry a line; neither the italics mode nor the Passage's format counts. Each line
-// begins with a blank and a label with book and chapter. The line of the first entry ends in " \r\n", those that
-// follow in "\r\n" alone: a difference kept on purpose. The last line is cut behind the last selected word and its
-// blank, so a following entry whose last word is selected keeps its line end, and a selection in one entry has none.
-// Brackets round supplied words stay where `keepBrackets`. Empty where the selection has no entry at either end.
+// The selected labels and words, one line for each entry, independent of the italics mode and the Passage's format.
+// A selected label begins with a blank and has book and chapter. The line of the first entry ends with " \r\n", later
+// ones with "\r\n"; this difference is kept on purpose. The last line ends after the last selected word and its blank,
+// without "\r\n" unless that is the last word of an entry after the first. Brackets round supplied words are kept if
+// `keepBrackets`. Empty if either end of the selection has no entry (-1).
 std::string VerseListCopyText(const Scripture& scripture, const VerseList& list, bool keepBrackets,
                               const Selection& selection);

@@ -64,7 +64,7 @@ int WalkVerseList(const VerseListFlow& flow, const FlowVisitor& visit) {
 
 namespace {
 
-// A point, and the last box on its line that lies left of it.
+// A point to find, and the last box on its line so far.
 struct ListTarget {
     int x = 0, y = 0;
     int lineHeight = 0;
@@ -73,8 +73,8 @@ struct ListTarget {
 
 }  // namespace
 
-// True until the point is found. Right of a line's last box that box has the point, so the walk may go on until it has
-// left the line.
+// Returns true until the point is found. A point to the right of a line's last box belongs to that box, so the walk may
+// continue until it reaches the next line.
 static bool CompareBox(ListTarget& target, const FlowBox& box) {
     if (box.y > target.y) return false;
     if (target.y >= box.y + target.lineHeight) return true;

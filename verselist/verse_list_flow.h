@@ -1,7 +1,7 @@
 // The Verse List's layout: for each entry a label and its words, wrapped with a hanging indent of one line height.
 //
-// One walk serves paint, measure and hit test. Key words are marked with braces in a copy of the verse (search/
-// key_word_marks.h); a word is placed piece by piece, and no brace is ever drawn.
+// Painting, measuring and hit testing use the same walk. Key words are marked with braces in a copy of the verse
+// (search/key_word_marks.h). A word is placed piece by piece, and braces are never drawn.
 #pragma once
 
 #include "notes/note_sets.h"
@@ -15,8 +15,8 @@
 struct VerseListFlow {
     const Scripture* scripture = nullptr;
     const NoteFiles* noteFiles = nullptr;
-    const NoteSets* notes = nullptr;  // none: no verse has a note
-    const Query* query = nullptr;     // whose key words are marked; none: nothing is marked
+    const NoteSets* notes = nullptr;  // null: no verse has a note
+    const Query* query = nullptr;     // its key words are marked; null: nothing is marked
     ReadingOptions options;
     TextMeasure measure;
     const VerseList* list = nullptr;
@@ -24,14 +24,14 @@ struct VerseListFlow {
     int height = 0;
 };
 
-// Visits the boxes from the list's top on; an empty visitor is not called. Gives the last entry of which anything was
-// laid out, not yet corrected.
+// Visits the boxes from the list's top on; an empty visitor is not called. Returns the last entry with any text laid
+// out, not yet corrected.
 int WalkVerseList(const VerseListFlow& flow, const FlowVisitor& visit);
 
-// Entry and ordinal at a point of the client area; (-1, -1) below the entries laid out. A point outside the
-// area counts as one on its edge.
+// Entry and word ordinal at a point of the client area; (-1, -1) below the last entry. A point outside the area is
+// moved to its edge.
 SelectionPoint HitTestVerseList(const VerseListFlow& flow, int x, int y);
 
-// Top entry after a scroll, from `list` as the last pass left it; equal to list.ListTop where nothing moves, 0 in an
-// empty list. See pane/scrolling.h. flow.list is `list`.
+// Top entry after a scroll from `list` as of the last layout; list.ListTop if nothing moves, 0 in an empty list. See
+// pane/scrolling.h. flow.list must point to `list`.
 int ScrolledListTop(const VerseListFlow& flow, const VerseList& list, ScrollCode code, int thumb);

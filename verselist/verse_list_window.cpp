@@ -65,9 +65,10 @@ static void SetRangeOfScrollBar() {
 
 // ---- The two views --------------------------------------------------------------------------------------------------
 
-// Lines go straight to the box's own procedure and wide, as the box keeps them: the way through our procedure, with a
-// conversion in it, takes half as long again, which is felt with the 24,091 lines of "the". A reference is plain ASCII.
-// The procedure was asked for as a wide one, so the system converts wherever the box wants it otherwise.
+// Lines are sent to the list box's own window procedure, as wide text, which is what the box stores. Going through
+// ReferencesProcedure with a conversion takes half as long again, a noticeable delay with the 24,091 lines of "the".
+// References are plain ASCII. The procedure was obtained with GetWindowLongPtrW, so the system converts the text if the
+// box expects 8-bit text.
 static void AddReferenceLine(HWND box, int verse, BookForm form) {
     LabelText line;
     AppendReference(line, RecordOf(theScripture.records, verse), form);
@@ -90,8 +91,8 @@ static void FillReferenceList() {
     InvalidateRect(box, nullptr, TRUE);
 }
 
-// A box that is not shown gets its lines with the next message that it is sent: whoever asks finds both views in step,
-// and most lists are left before anybody asks.
+// A hidden list box is filled when it receives its next message (see ReferencesProcedure). So its lines always match
+// the list when they are read, but most lists are replaced without the cost of filling it.
 static void ShowWholeList(BookForm form = BookForm::kName) {
     theVerseList.awaitedLines = form;
     if (theVerseList.list.currentView == kReferenceListView) FillReferenceList();
@@ -142,7 +143,7 @@ static int VerseOfEntry(int entry) {
     return entry >= 0 && entry < ListCount(theVerseList.list) ? entries[static_cast<std::size_t>(entry)] : kNoVerse;
 }
 
-// The two views are in step: a line of the Reference List is the entry of the same number.
+// A line of the Reference List has the same index as its entry in the Verse List.
 static int LineOfReferenceList() {
     return static_cast<int>(SendMessageA(theVerseList.references, LB_GETCARETINDEX, 0, 0));
 }
@@ -166,7 +167,7 @@ static void DeleteCurrentEntry() {
     VerseList& list = theVerseList.list;
     if (ListCount(list) == 0) return;
     const int entry = CurrentEntry(list, theSelection);
-    // First from the box, which may only now get the lines of all entries.
+    // Deleted from the list box first: this message may fill the box, which then still needs all entries.
     SendMessageA(theVerseList.references, LB_DELETESTRING, static_cast<WPARAM>(entry), 0);
     DeleteEntry(list, entry);
     DropSelection();
@@ -218,7 +219,7 @@ static std::string TextOfSelection() {
     return VerseListCopyText(theScripture, theVerseList.list, theFormat.Brackets != 0, theSelection);
 }
 
-// F10 in the row of the note is kept on purpose, though the key is F9. Enter and Delete are keys of the pane alone.
+// "F10" in the row of the note is kept on purpose, although the key is F9. Enter and Delete work only in this pane.
 static std::vector<MenuRow> Rows(const std::string& verse) {
     const bool noSelection = theSelection.SelectionOwner != kVerseListOwns;
     const bool editing = IsEditingNote();

@@ -1,4 +1,4 @@
-// The Verse List window and the Reference List beside it: the two views of what the last search found.
+// The Verse List window and the Reference List: the two views of the verses in verse_list.h.
 #pragma once
 
 #include <optional>
@@ -11,11 +11,11 @@
 
 struct VerseListPane : ReadingPane {
     HWND references = nullptr;                  // the list box
-    WNDPROC referencesProcedure = nullptr;      // its own
-    WNDPROC referencesWideProcedure = nullptr;  // the same, to be called with wide text
-    std::optional<BookForm> awaitedLines;       // of the list box, once there is a use for them
+    WNDPROC referencesProcedure = nullptr;      // the list box's original window procedure
+    WNDPROC referencesWideProcedure = nullptr;  // the same procedure, called with wide text
+    std::optional<BookForm> awaitedLines;       // set until the list box is filled: form of its lines
     VerseList list;
-    Query query;  // that filled the list
+    Query query;  // the search that filled the list; empty for cross-references
 };
 extern VerseListPane theVerseList;
 
@@ -24,33 +24,33 @@ bool RegisterVerseListClass();
 // Creates both views inside `tabs`, the Reference List hidden.
 void CreateVerseList(HWND tabs);
 
-// Takes over the verses that `query` has found, in both views, and gives the focus to the visible one.
+// Shows the verses that `query` found in both views and sets the focus to the visible one.
 void ShowSearchResult(Query query, std::vector<std::int32_t> verses);
 
-// Takes over the verses of a cross-reference line, in both views. Their lines in the Reference List have abbreviations,
-// no key word is marked, and the focus stays.
+// Shows the verses of a cross-reference line in both views. The Reference List shows abbreviated references, no key
+// words are marked, and the focus does not change.
 void ShowReferences(const std::vector<std::int32_t>& verses);
 
-// Paints the visible view now and brings it to the screen, before anything else is done.
+// Paints the visible view and updates the screen now, without waiting until the program is idle.
 void ShowVerseListAtOnce();
 
 // Empties both views.
 void EmptyVerseList();
 
-// Shows `view` (kVerseListView, kReferenceListView) in place of the other.
+// Shows `view` (kVerseListView or kReferenceListView) and hides the other one.
 void SwitchListView(int view);
 
-// Gives the focus to the visible view.
+// Sets the focus to the visible view.
 void FocusVerseList();
 
 void RedisplayVerseList();
 void SetVerseListFont(const FontChoice& choice);
 
-// Verse that commands of the frame mean: that of the line chosen in the Reference List while that view is shown; that
-// of the first selected entry while the pane has the focus and its selection lies wholly within the entries shown;
-// otherwise of the top entry. -1 in an empty list.
+// Verse that commands of the frame act on. If the Reference List is shown and a line is selected, the verse of the line
+// with the caret. Otherwise the verse of the first selected entry if the Verse List has the focus and all of its
+// selection is visible, else that of the top entry. -1 in an empty list.
 int VerseListTargetVerse();
 
-// Verse that Read Context means: that of the current entry, or of the chosen line of the Reference List. -1 in an empty
-// list.
+// Verse that Read Context acts on: that of the current entry or, if the Reference List is shown, of its line with the
+// caret. -1 in an empty list.
 int VerseListCurrentVerse();
