@@ -418,7 +418,7 @@ TEST(PrintedBible, IgnoresInvalidVerses) {
     EXPECT_EQ(tape.tape, "()");
 }
 
-// ---- The page set-up
+// ---- The page set-up ------------------------------------------------------------------------------------------------
 
 static void PrintTo(const PageBox& box, std::ostream* out) {
     *out << box.left << ' ' << box.top << ' ' << box.right << ' ' << box.bottom;
