@@ -84,10 +84,14 @@ static void Register(const std::string& name, Procedure procedure) {
     benchmark::RegisterBenchmark(name.c_str(), run)->Unit(benchmark::kMicrosecond)->MinTime(0.1)->Repetitions(5);
 }
 
+namespace {
+
 struct Measurement {
     const char* name;
     const char* floor;
 };
+
+}  // namespace
 
 static constexpr Measurement kMeasurements[] = {
     {"copy", "plain appends"},

@@ -88,12 +88,16 @@ static void PassagePageUp(benchmark::State& state) {
 }
 BENCHMARK(PassagePageUp)->Unit(benchmark::kMicrosecond);
 
+namespace {
+
 // A list of every seventh verse, with a common word marked.
 struct ListPane {
     VerseList list;
     Query query;
     VerseListFlow flow;
 };
+
+}  // namespace
 
 static void OpenListPane(ListPane& pane) {
     for (int verse = 0; verse < kVerseCount; verse += 7) pane.list.ListEntries.push_back(verse);

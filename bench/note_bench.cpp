@@ -45,9 +45,13 @@ static double MillisecondsOf(Procedure procedure) {
     return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
 }
 
+namespace {
+
 struct Pair {
     double ours = 1e9, floor = 1e9;  // shortest times in milliseconds
 };
+
+}  // namespace
 
 template <typename Ours, typename Floor>
 static Pair Compare(Ours ours, Floor floor) {

@@ -12,12 +12,16 @@
 #include "search/search_engine.h"
 #include "tests/support/native_scripture.h"
 
+namespace {
+
 enum class Kind { kWords, kSubstring, kPhrase };
 
 struct Sample {
     const char* text;
     Kind kind;
 };
+
+}  // namespace
 
 static constexpr Sample kSamples[] = {
     {"grace", Kind::kWords},         {"lord", Kind::kWords},

@@ -20,6 +20,8 @@ using testing::StartsWith;
 
 static constexpr std::size_t kVerses = 31102;
 
+namespace {
+
 struct CsvReading {
     int month = 0;
     int day = 0;
@@ -27,6 +29,8 @@ struct CsvReading {
     std::string reference;
     int verse = 0;
 };
+
+}  // namespace
 
 static std::vector<CsvReading> TheCsvReadings() {
     std::ifstream file(VERSEWELL_SOURCE_DIR "/resources/devotional.csv");
@@ -100,10 +104,14 @@ TEST(BuiltNoteSets, DevotionalTableMatchesTheCsv) {
     EXPECT_EQ(NumbersOf("Morning and Evening.dti"), expected);
 }
 
+namespace {
+
 struct SlotRow {
     int month, day;
     std::uint32_t morning, evening;
 };
+
+}  // namespace
 
 TEST(BuiltNoteSets, ContainKnownReadings) {
     static constexpr SlotRow kRows[] = {

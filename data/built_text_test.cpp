@@ -47,10 +47,14 @@ TEST(BuiltText, HasAllVersesAndChapters) {
     EXPECT_EQ(CountVerses([](const Verse& verse) { return verse.verse == 1 && IsOldTestament(verse); }), 929);
 }
 
+namespace {
+
 struct IndexRow {
     const char* reference;
     int index;
 };
+
+}  // namespace
 
 static constexpr IndexRow kIndexes[] = {
     {"Ge 1:1", 0},       {"Ge 1:4", 3},       {"Jos 5:12", 5946},  {"Ps 103:1", 15550}, {"Ps 103:2", 15551},
@@ -147,10 +151,14 @@ TEST(BuiltText, LeavesOutTitlesAndColophons) {
     EXPECT_TRUE(TextOf("Ps 9:16").ends_with("Higgaion. Selah.")) << TextOf("Ps 9:16");
 }
 
+namespace {
+
 struct PhraseRow {
     const char* reference;
     const char* phrase;
 };
+
+}  // namespace
 
 // One place for each rule of the conversion, and places where other editions differ.
 static constexpr PhraseRow kPhrases[] = {

@@ -75,10 +75,14 @@ static std::vector<std::string> ReferencesOfWord(const std::string& word) {
     return references;
 }
 
+namespace {
+
 struct OnlyPlaceRow {
     const char* word;
     const char* reference;
 };
+
+}  // namespace
 
 static constexpr OnlyPlaceRow kOnlyPlaces[] = {
     {"reverend", "Ps 111:9"}, {"eternity", "Isa 57:15"}, {"grandmother", "2Ti 1:5"},
@@ -110,10 +114,14 @@ static std::map<std::string, int> CountPrintedWords() {
     return counts;
 }
 
+namespace {
+
 struct PrintedRow {
     const char* word;  // as printed
     int count;
 };
+
+}  // namespace
 
 static constexpr PrintedRow kPrinted[] = {
     {"LORD", 6466}, {"LORD'S", 108}, {"GOD", 310}, {"JEHOVAH", 4}, {"Jehovah", 3}, {"JAH", 1},

@@ -2,11 +2,15 @@
 
 #include <gtest/gtest.h>
 
+namespace {
+
 struct CodePageRow {
     const char* utf8;
     const char* bytes;
     int transliterated, replaced, dropped;
 };
+
+}  // namespace
 
 TEST(CodePage, ConvertsWhatItCan) {
     static constexpr CodePageRow kRows[] = {

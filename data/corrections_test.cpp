@@ -14,10 +14,14 @@ TEST(Corrections, ReplaceTextInTheirVerse) {
     EXPECT_EQ(verses[1].text, "smote us: it was");
 }
 
+namespace {
+
 struct MisfitRow {
     Correction correction;
     const char* complaint;
 };
+
+}  // namespace
 
 static constexpr MisfitRow kMisfits[] = {
     {{"Mt 11:6", "whom soever", "whomsoever"}, "Mt 11:6 should hold \"whom soever\" exactly once"},

@@ -59,6 +59,8 @@ DevotionalTable TableOf(const std::vector<DailyReading>& readings) {
 
 // ---- The notes ------------------------------------------------------------------------------------------------------
 
+namespace {
+
 // When a verse is read: a morning, an evening, or a whole day.
 struct Occasion {
     std::string day;
@@ -66,6 +68,8 @@ struct Occasion {
     const char* otherTime = "";
     int otherVerse = 0;
 };
+
+}  // namespace
 
 // The occasions of a day with their verses: one if both readings have the same verse, otherwise two.
 static std::vector<std::pair<int, Occasion>> OccasionsOf(const DailyReading& morning, const DailyReading& evening) {

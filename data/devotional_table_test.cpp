@@ -27,11 +27,15 @@ TEST(Readings, AreReadInOrder) {
     EXPECT_EQ(readings.back().verse, 19173);
 }
 
+namespace {
+
 struct BadRow {
     const char* from;
     const char* to;
     const char* complaint;
 };
+
+}  // namespace
 
 TEST(Readings, RejectInvalidRows) {
     static constexpr BadRow kRows[] = {

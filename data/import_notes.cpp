@@ -14,12 +14,16 @@
 
 namespace fs = std::filesystem;
 
+namespace {
+
 struct ImportArguments {
     std::string modules;  // empty: the installed SWORD modules
     std::string module;
     std::string folder;
     std::string setName;
 };
+
+}  // namespace
 
 static bool ReadArguments(int count, char** values, ImportArguments& arguments) {
     int next = 1;

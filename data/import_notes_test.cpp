@@ -25,17 +25,23 @@ using testing::StartsWith;
 static const fs::path kInstalled = "/usr/share/sword";  // the modules of Debian's packages
 static const std::string kScofield = "modules/comments/zcom/scofield/";
 
+namespace {
+
 struct ImportRun {
     int exitCode = -1;
     std::string output;
     std::string errors;
 };
 
+}  // namespace
+
 static ImportRun RunShell(const fs::path& scratch, const std::string& command) {
     const std::string streams = " > " + (scratch / "output").string() + " 2> " + (scratch / "errors").string();
     const int status = std::system((command + streams).c_str());
     return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, ReadBytes(scratch / "output"), ReadBytes(scratch / "errors")};
 }
+
+namespace {
 
 struct ImportNotes : ScratchFolder {
     fs::path sets;
@@ -49,6 +55,8 @@ struct ImportNotes : ScratchFolder {
         return RunShell(folder, VERSEWELL_IMPORT_NOTES " " + arguments);
     }
 };
+
+}  // namespace
 
 // The notes of a set on the disk by verse, without the empty ones.
 using ReadNotes = std::map<int, std::string>;
@@ -265,11 +273,15 @@ TEST_F(ImportNotes, NeverChangesAnExistingSet) {
     }
 }
 
+namespace {
+
 struct ModuleDamage {
     const char* what;
     void (*damage)(const fs::path& library);
     const char* complaint;
 };
+
+}  // namespace
 
 static void Resize(const fs::path& path, std::uintmax_t size) {
     ASSERT_TRUE(fs::exists(path));

@@ -16,11 +16,15 @@
 
 static constexpr char kDevotionalSetName[] = "Morning and Evening";
 
+namespace {
+
 // The files of a folder in memory; they must exist as long as anything that refers to them is used.
 struct FilesInMemory {
     std::string folder;
     std::list<std::vector<unsigned char>> files;
 };
+
+}  // namespace
 
 static bool ReadBytes(const std::string& path, std::vector<unsigned char>& bytes) {
     std::ifstream file(path, std::ios::binary);

@@ -10,10 +10,14 @@
 #include "data/scripture_writer.h"
 #include "data/sword_source.h"
 
+namespace {
+
 struct Arguments {
     std::string modules;  // empty: the installed SWORD modules
     std::string folder;
 };
+
+}  // namespace
 
 static bool ReadArguments(int count, char** values, Arguments& arguments) {
     int next = 1;

@@ -20,6 +20,8 @@ static const char* const kInstalled = "/usr/share/sword";  // the modules of Deb
 static const char* const kConf = "mods.d/engKJV2006eb.conf";
 static const std::string kTexts = "modules/texts/ztext/engKJV2006eb/";
 
+namespace {
+
 struct ToolRun {
     int exitCode = -1;
     std::string errors;
@@ -52,6 +54,8 @@ struct MakeScripture : ScratchFolder {
     ToolRun MakeFromCopy() const { return RunTool("--modules " + modules.string() + " " + data.string()); }
 };
 
+}  // namespace
+
 TEST_F(MakeScripture, WritesTheSameFilesAsTheBuild) {
     const ToolRun run = MakeFromCopy();
     EXPECT_EQ(run.exitCode, 0);
@@ -76,11 +80,15 @@ static void SwapVerses(const fs::path& index) {
     WriteBytes(index, bytes);
 }
 
+namespace {
+
 struct DamageRow {
     const char* what;
     void (*damage)(const fs::path& modules);
     const char* complaint;
 };
+
+}  // namespace
 
 static constexpr DamageRow kDamages[] = {
     {"no folder", [](const fs::path& modules) { fs::remove_all(modules); }, "there is no SWORD module engKJV2006eb"},

@@ -19,10 +19,14 @@ static std::vector<std::string> Shown(const std::string& entry) {
     return shown;
 }
 
+namespace {
+
 struct MarkedRow {
     const char* entry;
     std::vector<std::string> paragraphs;
 };
+
+}  // namespace
 
 TEST(MarkedText, BecomesParagraphsOfPlainText) {
     const MarkedRow rows[] = {

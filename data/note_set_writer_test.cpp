@@ -61,11 +61,15 @@ TEST(NoteSetWriter, FormatsDayNames) {
     EXPECT_EQ(DayName(12, 31), "December 31");
 }
 
+namespace {
+
 struct CutRow {
     const char* what;
     std::string text;
     std::string kept;
 };
+
+}  // namespace
 
 static const std::string kMark = "\r\n\r\n" + std::string(kRestIsMissing);
 

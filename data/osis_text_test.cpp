@@ -4,11 +4,15 @@
 
 #include "data/text_checks.h"
 
+namespace {
+
 struct OsisRow {
     const char* what;
     const char* osis;
     const char* text;
 };
+
+}  // namespace
 
 static constexpr OsisRow kRows[] = {
     {"plain words", "Two words.", "Two words."},

@@ -4,10 +4,14 @@
 
 #include "scripture/books.h"
 
+namespace {
+
 struct TextRow {
     const char* text;
     const char* complaint;
 };
+
+}  // namespace
 
 static constexpr TextRow kTexts[] = {
     {"Jesus wept.", ""},

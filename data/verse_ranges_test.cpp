@@ -14,10 +14,14 @@ static int VerseOf(const char* reference) {
     return ParseReference(Records(), reference).verse;
 }
 
+namespace {
+
 struct LineRow {
     std::vector<std::pair<const char*, const char*>> ranges;
     const char* line;
 };
+
+}  // namespace
 
 static std::vector<VerseRange> RangesOf(const LineRow& row) {
     std::vector<VerseRange> ranges;

@@ -11,10 +11,14 @@ static Verses VersesOf(std::initializer_list<const char*> texts) {
     return verses;
 }
 
+namespace {
+
 struct WordRow {
     const char* text;
     std::vector<std::string> words;  // ascending
 };
+
+}  // namespace
 
 static const WordRow kRows[] = {
     {"\xB6"

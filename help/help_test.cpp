@@ -247,11 +247,15 @@ TEST(HelpText, ExplainsCrossReferencesAsTheProgramReadsThem) {
     }
 }
 
+namespace {
+
 struct RangeExample {
     const char* typed;
     const char* first;
     const char* last;
 };
+
+}  // namespace
 
 // The examples of the page about ranges, with the meaning given there.
 static constexpr RangeExample kRangeExamples[] = {

@@ -7,12 +7,16 @@
 #include "resources/resource_script.h"
 #include "resources/script_fixture.h"
 
+namespace {
+
 struct ReadingRow {
     const char* month;
     const char* day;
     const char* reading;
     int command;
 };
+
+}  // namespace
 
 static constexpr const char* kMonths[] = {"January", "February", "March",     "April",   "May",      "June",
                                           "July",    "August",   "September", "October", "November", "December"};

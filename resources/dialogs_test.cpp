@@ -10,12 +10,16 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::Not;
 
+namespace {
+
 struct ExpectedControl {
     const char* dialog;
     int id;
     const char* kind;
     const char* text;  // as shown, without the access key
 };
+
+}  // namespace
 
 static constexpr ExpectedControl kControls[] = {
     {"WORDSEARCH", 10, "COMBOBOX", "Word(s):"},
@@ -121,10 +125,14 @@ static constexpr ExpectedControl kControls[] = {
     {"SPLASHSCREEN", 111, "CTEXT", ""},
 };
 
+namespace {
+
 struct ExpectedTitle {
     const char* dialog;
     const char* title;
 };
+
+}  // namespace
 
 static constexpr ExpectedTitle kTitles[] = {
     {"WORDSEARCH", "Word Search"},

@@ -9,10 +9,14 @@
 
 using testing::ElementsAre;
 
+namespace {
+
 struct ExpectedItem {
     int command;
     const char* text;
 };
+
+}  // namespace
 
 static constexpr ExpectedItem kCommands[] = {
     {101, "&About"},

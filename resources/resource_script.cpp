@@ -6,6 +6,8 @@
 #include <sstream>
 #include <stdexcept>
 
+namespace {
+
 // One statement: its first word, and the rest split at commas. Quoted texts are without their quotes.
 struct Statement {
     std::string verb;
@@ -21,6 +23,8 @@ struct Reading {
     std::vector<std::string> popups;  // open popups
     int depth = 0;                    // nesting of BEGIN
 };
+
+}  // namespace
 
 std::string FileText(const std::string& path) {
     std::ifstream file(path, std::ios::binary);

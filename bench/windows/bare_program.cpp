@@ -11,6 +11,8 @@
 #include "typeset/faces_win32.h"
 #include "win32/panes.h"
 
+namespace {
+
 struct BareProgram {
     HWND frame = nullptr, toolbar = nullptr, statusBar = nullptr;
     HWND listTabs = nullptr, passageTabs = nullptr, noteTabs = nullptr;
@@ -21,6 +23,8 @@ struct BareProgram {
     Scripture scripture;
     WordIndex index;
 };
+
+}  // namespace
 static BareProgram bare;
 
 static constexpr int kPassagePart = 3;  // of the status bar

@@ -17,7 +17,9 @@ static constexpr double kMostTimesBareList = 1.5;
 static constexpr int kSummaryPart = 0;  // of the status bar
 static constexpr int kEntryPart = 1;
 
-struct Query {
+namespace {
+
+struct ListedSearch {
     const char* words;
     double mostTimesFloor;  // 0: no limit, only information
     // Results of the first search, which is not timed:
@@ -27,6 +29,8 @@ struct Query {
     std::vector<std::string> strings{};
     std::vector<double> times{}, fullTimes{}, floors{};
 };
+
+}  // namespace
 
 static HWND OpenWordSearch(const Program& program, const char* words) {
     PostMessageA(program.frame, WM_COMMAND, IDM_WORD_SEARCH, 0);
@@ -42,7 +46,7 @@ static LRESULT LinesOf(const Program& program, HWND references) {
 // Painting the list puts the top entry, which differs for each query, into the status bar, and the program does not
 // answer messages before it has finished. The Reference List is filled only when its lines are requested, so that is
 // included in the time.
-static void TimeSearch(const Program& program, HWND references, Query& query, const RemoteMemory& room) {
+static void TimeSearch(const Program& program, HWND references, ListedSearch& query, const RemoteMemory& room) {
     const HWND dialog = OpenWordSearch(program, query.words);
     const double start = Now();
     PostMessageA(dialog, WM_COMMAND, IDOK, 0);
@@ -53,7 +57,7 @@ static void TimeSearch(const Program& program, HWND references, Query& query, co
     if (StatusTextNow(program, kSummaryPart, room) != query.summary) Fail(&program, "the summary came after the paint");
 }
 
-static void LearnAnswers(const Program& program, HWND references, Query& query, const RemoteMemory& room) {
+static void LearnAnswers(const Program& program, HWND references, ListedSearch& query, const RemoteMemory& room) {
     const std::string before = StatusTextNow(program, kSummaryPart, room);
     PostMessageA(OpenWordSearch(program, query.words), WM_COMMAND, IDOK, 0);
     AskUntil(program, 0, [&] { return StatusTextNow(program, kSummaryPart, room) != before; });
@@ -79,20 +83,20 @@ static HWND BareList() {
 }
 
 int main() {
-    Query queries[] = {{"lord", 0}, {"the", kMostTimesBareList}, {"grace", 0}};
+    ListedSearch queries[] = {{"lord", 0}, {"the", kMostTimesBareList}, {"grace", 0}};
     Program program = LaunchProgram(FolderWithScripture());
     WaitForFirstVerse(program, "Versewell97");
     const HWND references = Child(program.frame, {IDC_LIST_TABS, IDC_REFERENCE_LIST});
     const HWND list = BareList();
     const RemoteMemory room(program, kStatusRoom);
-    for (Query& query : queries) LearnAnswers(program, references, query, room);
+    for (ListedSearch& query : queries) LearnAnswers(program, references, query, room);
     for (int round = 0; round < kRounds; ++round) {
-        for (Query& query : queries) {
+        for (ListedSearch& query : queries) {
             TimeSearch(program, references, query, room);
             query.floors.push_back(TimeOfBareList(list, query.strings));
         }
     }
-    for (const Query& query : queries) {
+    for (const ListedSearch& query : queries) {
         const std::string what = std::string(query.words) + " (" + std::to_string(query.lines) + " verses)";
         Print({"OK to painted list, " + what + " / bare list box", MedianOf(query.times), MedianOf(query.floors),
                query.mostTimesFloor});

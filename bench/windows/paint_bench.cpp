@@ -17,26 +17,36 @@ static constexpr double kMostTimesWordByWord = 1.0;
 static constexpr double kMostTimesFaceByFace = 1.5;
 static constexpr double kMostAboveOnePaint = 2.0;  // limit for page up, milliseconds
 
+namespace {
+
 struct PaintPlace {
     const char* name;
     int book, chapter, verse;
 };
+
+}  // namespace
 
 static constexpr PaintPlace kPlaces[] = {
     {"Ge 1:1", 1, 1, 1},  {"1Ch 1:1", 13, 1, 1},     {"Ps 119:1", 19, 119, 1},
     {"Es 8:9", 17, 8, 9}, {"Joh 11:30", 43, 11, 30}, {"Re 20:1", 66, 20, 1},
 };
 
+namespace {
+
 struct Mode {
     const char* name;
     std::int8_t italics, paragraphs;
 };
+
+}  // namespace
 
 static constexpr Mode kModes[] = {
     {"italic type", kItalicType, 0}, {"italic type, paragraphs", kItalicType, 1},
     {"brackets", kBracketed, 0},     {"brackets, paragraphs", kBracketed, 1},
     {"plain type", kPlainType, 0},   {"plain type, paragraphs", kPlainType, 1},
 };
+
+namespace {
 
 // The program's state for the Passage.
 struct Bench {
@@ -50,6 +60,8 @@ struct Bench {
     HDC floorCanvas = nullptr;
     FaceFonts fonts;
 };
+
+}  // namespace
 
 static std::uint64_t NoSize(void*, const std::string&) {
     return 0;
@@ -105,11 +117,15 @@ static TextRuns RunsOf(Bench& bench, const PassageFlow& flow) {
     return std::exchange(bench.runs, {});
 }
 
+namespace {
+
 // The place with the worst ratio to one of the floors.
 struct Worst {
     const char* place = "";
     double time = 0, floor = 1;
 };
+
+}  // namespace
 
 static void Keep(Worst& worst, const char* place, double time, double floor) {
     if (time / floor > worst.time / worst.floor) worst = {place, time, floor};

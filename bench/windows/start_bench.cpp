@@ -10,10 +10,14 @@ static constexpr int kRounds = 30;
 static constexpr double kMostTimesBare = 1.3;
 static constexpr double kMostMemoryAboveBare = 15;  // MiB
 
+namespace {
+
 struct Contestant {
     StartOptions options;
     std::vector<double> times{}, workingSets{}, ownMemory{};
 };
+
+}  // namespace
 
 static std::string BareProgram() {
     char file[MAX_PATH];

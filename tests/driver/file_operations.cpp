@@ -11,6 +11,8 @@ static void CountOperation() {
 
 // ---- Procedures that replace the system's ---------------------------------------------------------------------------
 
+namespace {
+
 struct Watched {
     const char* name;
     void* watching;
@@ -24,6 +26,8 @@ struct Watcher {
         return system(arguments...);
     }
 };
+
+}  // namespace
 
 // `kPlace` distinguishes procedures with the same parameter and result types.
 template <int kPlace, typename Result, typename... Arguments>

@@ -4,12 +4,16 @@
 
 #include "tests/driver/driver.h"
 
+namespace {
+
 // A class, because GoogleTest reports failures to a listener object.
 struct PictureOnFailure : testing::EmptyTestEventListener {
     void OnTestPartResult(const testing::TestPartResult& result) override {
         if (result.failed()) PictureOfFailure();
     }
 };
+
+}  // namespace
 
 int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);

@@ -91,11 +91,15 @@ static INT_PTR CALLBACK DialogProcedure(HWND dialog, UINT message, WPARAM wParam
     return TRUE;
 }
 
+namespace {
+
 // Writes a dialog template in memory: a header, then each control on a four-byte boundary; texts are UTF-16.
 struct TemplateWriter {
     WORD words[256] = {};
     WORD* at = words;
 };
+
+}  // namespace
 
 static void Put(TemplateWriter& to, DWORD value) {
     *to.at++ = LOWORD(value);

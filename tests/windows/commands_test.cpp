@@ -85,12 +85,16 @@ TEST(Commands, AreEnabledOrGreyedCorrectlyAtTheStart) {
     for (int book = 1; book <= 66; ++book) EXPECT_FALSE(IsGreyed(program, IDM_GOTO_BOOK + book)) << book;
 }
 
+namespace {
+
 struct Ticks {
     const char* section;
     const char* key;
     std::vector<std::pair<const char*, std::vector<int>>> ticked;  // a value, and which of `commands` it ticks
     std::vector<int> commands;
 };
+
+}  // namespace
 
 TEST(Commands, AreTickedAccordingToTheSettings) {
     const Ticks kRows[] = {
@@ -145,17 +149,21 @@ TEST(Commands, HaveTheSameStateInMenuAndToolbar) {
     ExpectButtonsLikeTheMenu(program, "in the Passage");
 }
 
+namespace {
+
 struct Opening {
     int command;
     const char* keys;  // "" for none
     const char* title;
 };
 
-static void PrintTo(const Opening& opening, std::ostream* out) {
+void PrintTo(const Opening& opening, std::ostream* out) {
     *out << opening.title;
 }
 
 struct DialogCommand : testing::TestWithParam<Opening> {};
+
+}  // namespace
 
 TEST_P(DialogCommand, OpensItsDialogAndEscClosesIt) {
     const auto& [command, keys, title] = GetParam();

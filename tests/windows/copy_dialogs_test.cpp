@@ -14,6 +14,8 @@ static constexpr char kUntouched[] = "what was there before";
 
 // ---- The dialogs ----------------------------------------------------------------------------------------------------
 
+namespace {
+
 struct CopyDialogRow {
     const char* name;
     int command;
@@ -24,16 +26,22 @@ struct CopyDialogRow {
     const char* behindVerse;  // follows the verse in the field when the dialog opens
 };
 
-static void PrintTo(const CopyDialogRow& row, std::ostream* out) {
+void PrintTo(const CopyDialogRow& row, std::ostream* out) {
     *out << row.name;
 }
+
+}  // namespace
 
 static const CopyDialogRow kCopyDialogs[] = {
     {"Verse", IDM_COPY_VERSE, "F5", "Copy Verse", "&Verse:", "Alt+v", ""},
     {"Range", IDM_COPY_RANGE, "F6", "Copy Range", "&Range:", "Alt+r", " - "},
 };
 
+namespace {
+
 struct CopyDialog : testing::TestWithParam<CopyDialogRow> {};
+
+}  // namespace
 INSTANTIATE_TEST_SUITE_P(Copies, CopyDialog, testing::ValuesIn(kCopyDialogs),
                          [](const auto& row) { return std::string(row.param.name); });
 

@@ -43,10 +43,14 @@ static std::string ChosenSet(const Program& program) {
     return NoteSetNames(program)[static_cast<std::size_t>(SelectedTab(NoteTabsOf(program)))];
 }
 
+namespace {
+
 struct DatedReading {
     const char* date;
     int month, day;
 };
+
+}  // namespace
 
 TEST(Devotional, OpensTheReadingsOfTheLocalDate) {
     static constexpr DatedReading kDates[] = {

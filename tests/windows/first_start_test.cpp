@@ -107,16 +107,20 @@ TEST(FirstStart, RestoresPlaceAndVerse) {
     EXPECT_EQ(StatusPart(program, 3), "Psalms 1:1");
 }
 
+namespace {
+
 struct FailedStart {
     const char* file;
     bool saysSo;  // false: no message, and the frame opens half-started
 };
 
-static void PrintTo(const FailedStart& start, std::ostream* out) {
+void PrintTo(const FailedStart& start, std::ostream* out) {
     *out << start.file;
 }
 
 struct MissingFile : testing::TestWithParam<FailedStart> {};
+
+}  // namespace
 
 TEST_P(MissingFile, PreventsANormalStart) {
     const ScratchFolder folder = FolderWithScripture();

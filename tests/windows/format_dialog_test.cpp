@@ -83,12 +83,16 @@ TEST(FormatDialog, HasTheExpectedControls) {
 static const char* const kKeys[] = {"FirstVerseStyle", "SubsequentVerseStyle", "Location",
                                     "LineBreaks",      "ParagraphMarks",       "Brackets"};
 
+namespace {
+
 struct Choosing {
     const char* settings[6];  // before
     std::vector<const char*> keys;
     std::vector<int> checked;  // after
     const char* stored[6];
 };
+
+}  // namespace
 
 // Every radio button is chosen once.
 TEST(FormatDialog, SavesTheChoicesForTheNextStart) {

@@ -27,6 +27,8 @@ static HWND References(const Program& program) {
 
 // ---- Windows --------------------------------------------------------------------------------------------------------
 
+namespace {
+
 struct WindowRow {
     std::initializer_list<int> path;
     const char* className;
@@ -34,6 +36,8 @@ struct WindowRow {
     LONG without;
     bool hasEdge;
 };
+
+}  // namespace
 
 TEST(FrameWindows, HaveTheExpectedClassAndStyle) {
     static const WindowRow kRows[] = {
@@ -147,7 +151,7 @@ TEST(ListViews, SwitchingKeepsTheList) {
     EXPECT_EQ(StatusPart(program, 0), summary);
     EXPECT_THAT(ListStrings(References(program)),
                 ElementsAre("Job 5:9", "Psalms 145:3", "Proverbs 25:3", "Romans 11:33", "Ephesians 3:8"));
-    SavePicture(PictureOfWindow(program.frame), "reference-list");
+    SavePicture(PictureOfWindow(program.frame), "reference-list-shown");
     Command(program, IDM_PARAGRAPH_FORMAT);  // repaints everything, but must not show the verse again
     EXPECT_EQ(StatusPart(program, 1), "");
 

@@ -15,6 +15,8 @@
 #include "tests/windows/note_steps.h"
 #include "tests/windows/passage_pane.h"
 
+namespace {
+
 struct NoteEdit {
     int verse;
     TextSelection selected;  // the text that is replaced
@@ -22,6 +24,8 @@ struct NoteEdit {
     const char* after;       // the whole note afterwards
     const char* shown;       // by the note view afterwards
 };
+
+}  // namespace
 
 static constexpr char kNoteBefore[] = "as it was";
 
@@ -40,8 +44,12 @@ static std::string IndexOf(const std::string& data) {
     return IndexBytes(offsets);
 }
 
+namespace {
+
 // In the order in which a save goes through them; from kNoData on, the note has its new text.
 enum class SaveState { kUntouched, kTempTorn, kTempWhole, kNoData, kIndexStale, kIndexTorn, kSaved };
+
+}  // namespace
 
 static SaveState StateOf(const ScratchFolder& folder, const std::string& dataBefore) {
     using enum SaveState;

@@ -10,6 +10,8 @@
 
 using testing::ElementsAre;
 
+namespace {
+
 struct Move {
     const char* from;
     const char* to;
@@ -22,11 +24,13 @@ struct Moves {
     std::vector<Move> moves;
 };
 
-static void PrintTo(const Moves& moves, std::ostream* out) {
+void PrintTo(const Moves& moves, std::ostream* out) {
     *out << moves.name;
 }
 
 struct Navigation : testing::TestWithParam<Moves> {};
+
+}  // namespace
 
 TEST_P(Navigation, MovesToTheExpectedVerse) {
     Program program = StartProgram(FolderWithScripture());

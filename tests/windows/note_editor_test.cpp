@@ -454,9 +454,13 @@ static LRESULT CALLBACK WatcherProcedure(HWND window, UINT message, WPARAM wPara
     return DefWindowProcA(window, message, wParam, lParam);
 }
 
+namespace {
+
 struct DestroyWatcher {
     void operator()(HWND window) const { DestroyWindow(window); }
 };
+
+}  // namespace
 using Watcher = std::unique_ptr<HWND__, DestroyWatcher>;
 
 static Watcher WatchClipboard() {

@@ -3,15 +3,25 @@
 #include <algorithm>
 #include <type_traits>
 
+namespace {
+
 struct DeleteObjectDeleter {
     void operator()(HGDIOBJ object) const { DeleteObject(object); }
 };
+
+}  // namespace
+namespace {
+
 struct DeleteDcDeleter {
     void operator()(HDC dc) const { DeleteDC(dc); }
 };
+
+}  // namespace
 using UniqueFont = std::unique_ptr<std::remove_pointer_t<HFONT>, DeleteObjectDeleter>;
 using UniqueBitmap = std::unique_ptr<std::remove_pointer_t<HBITMAP>, DeleteObjectDeleter>;
 using UniqueDc = std::unique_ptr<std::remove_pointer_t<HDC>, DeleteDcDeleter>;
+
+namespace {
 
 // A bitmap in the window's background colour to draw on; its pixels can be read.
 struct Sheet {
@@ -20,6 +30,8 @@ struct Sheet {
     std::uint32_t* pixels = nullptr;
     int width = 0, height = 0;
 };
+
+}  // namespace
 
 static Sheet EmptySheet(int width, int height) {
     Sheet sheet{UniqueDc(CreateCompatibleDC(nullptr)), nullptr, nullptr, width, height};

@@ -10,6 +10,8 @@
 #include "resources/ids.h"
 #include "tests/driver/driver.h"
 
+namespace {
+
 // The rules of the layout: if both upper panes are shown, each takes half of the width. If the notes are shown too, the
 // upper row takes 0.55 of the height between toolbar and status bar. The rectangle of a hidden pane is empty.
 struct Panes {
@@ -17,6 +19,8 @@ struct Panes {
     RECT passage;
     RECT notes;
 };
+
+}  // namespace
 
 static Panes ExpectedPanes(const Program& program, bool list, bool passage, bool notes, bool toolbar) {
     const RECT client = ClientRectOf(program.frame);
@@ -66,8 +70,12 @@ static void ExpectSwitch(const Program& program, int command, bool isShown) {
     EXPECT_NE(ToolState(program, command) & TBSTATE_ENABLED, 0) << command;
 }
 
+namespace {
+
 // Bits: 1 the list, 2 the passage, 4 the notes.
 struct PaneCombination : testing::TestWithParam<int> {};
+
+}  // namespace
 
 TEST_P(PaneCombination, HasTheExpectedLayout) {
     const bool list = (GetParam() & 1) != 0;

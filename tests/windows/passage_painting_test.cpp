@@ -15,6 +15,8 @@ static PaintedLine Empty() {
     return {{}, false};
 }
 
+namespace {
+
 struct Painting {
     const char* name;
     int topVerse;
@@ -23,11 +25,13 @@ struct Painting {
     std::vector<PaintedLine> lines;
 };
 
-static void PrintTo(const Painting& painting, std::ostream* out) {
+void PrintTo(const Painting& painting, std::ostream* out) {
     *out << painting.name;
 }
 
 struct PassagePaintingCase : testing::TestWithParam<Painting> {};
+
+}  // namespace
 
 TEST_P(PassagePaintingCase, ShowsTheExpectedLines) {
     const ScratchFolder folder = FolderOnlyPassage(GetParam().topVerse);

@@ -51,6 +51,8 @@ TEST(PassageScrolling, StopsAtBothEndsOfTheBible) {
     EXPECT_EQ(Top(program), "Revelation 22:21");
 }
 
+namespace {
+
 struct Page {
     const char* name;
     int verse;
@@ -59,11 +61,13 @@ struct Page {
     const char* italics;
 };
 
-static void PrintTo(const Page& page, std::ostream* out) {
+void PrintTo(const Page& page, std::ostream* out) {
     *out << page.name;
 }
 
 struct PassagePages : testing::TestWithParam<Page> {};
+
+}  // namespace
 
 static Program ProgramOnPage(const Page& page) {
     const ScratchFolder folder = FolderWithScripture();
@@ -140,6 +144,8 @@ TEST(PassageScrolling, FollowsTheKeys) {
     EXPECT_EQ(Top(program), "Psalms 119:1");
 }
 
+namespace {
+
 // Changes the system's setting of lines per notch while it exists.
 struct WheelSetting {
     UINT before = 3;
@@ -160,11 +166,13 @@ struct Turn {
     const char* top;  // top verse after the turn, starting at Genesis 5:10
 };
 
-static void PrintTo(const Turn& turn, std::ostream* out) {
+void PrintTo(const Turn& turn, std::ostream* out) {
     *out << turn.notches << " notches of " << turn.lines;
 }
 
 struct PassageWheel : testing::TestWithParam<Turn> {};
+
+}  // namespace
 
 TEST_P(PassageWheel, MovesByTheSystemsNumberOfLines) {
     const WheelSetting setting(GetParam().lines);

@@ -100,11 +100,15 @@ TEST(WordListDialog, ListsAllWordsInFileOrder) {
         EXPECT_EQ(WordOfList(list, place), words[static_cast<std::size_t>(place)]);
 }
 
+namespace {
+
 struct Addition {
     const char* field;
     std::string listText;
     std::string result;
 };
+
+}  // namespace
 
 TEST(WordListDialog, AddAppendsTheWordToTheField) {
     static const Addition kRows[] = {
@@ -161,10 +165,14 @@ TEST(WordListDialog, SearchesForAddedWords) {
 
 // ---- The range ------------------------------------------------------------------------------------------------------
 
+namespace {
+
 struct TypedRange {
     const char* typed;
     const char* shown;
 };
+
+}  // namespace
 
 TEST(SearchRange, ShowsTheRangeAsParsed) {
     static constexpr TypedRange kRows[] = {

@@ -9,6 +9,8 @@
 
 // ---- Controls -------------------------------------------------------------------------------------------------------
 
+namespace {
+
 struct DialogRow {
     const char* name;
     int command;
@@ -16,9 +18,11 @@ struct DialogRow {
     DialogLook look;
 };
 
-static void PrintTo(const DialogRow& row, std::ostream* out) {
+void PrintTo(const DialogRow& row, std::ostream* out) {
     *out << row.name;
 }
+
+}  // namespace
 
 static const DialogRow kDialogs[] = {
     {"Words",
@@ -114,7 +118,11 @@ static const DialogRow kDialogs[] = {
       {{"Alt+o", IDC_OLD_TESTAMENT}, {"Alt+r", IDC_RANGE}, {"Alt+n", IDC_NEW_TESTAMENT}, {"Alt+e", IDC_ENTIRE_BIBLE}}}},
 };
 
+namespace {
+
 struct SearchDialog : testing::TestWithParam<DialogRow> {};
+
+}  // namespace
 INSTANTIATE_TEST_SUITE_P(Dialogs, SearchDialog, testing::ValuesIn(kDialogs),
                          [](const auto& row) { return std::string(row.param.name); });
 

@@ -23,6 +23,8 @@ static constexpr bool kWhole = false, kSubstrings = true;
 
 // ---- What is found --------------------------------------------------------------------------------------------------
 
+namespace {
+
 struct SearchRow {
     Query query;
     const char* summary;  // "": nothing is found
@@ -30,11 +32,13 @@ struct SearchRow {
     const char* range = "Ge - Re";
 };
 
-static void PrintTo(const SearchRow& row, std::ostream* out) {
+void PrintTo(const SearchRow& row, std::ostream* out) {
     *out << row.query.command << " \"" << row.query.text << "\" " << row.query.combination
          << (row.query.caseSensitive ? " case" : "") << (row.query.substrings ? " substrings" : "") << " in "
          << row.range;
 }
+
+}  // namespace
 
 static void ExpectSearch(Program& program, const SearchRow& row, std::string& range) {
     if (range != row.range) SetSearchRange(program, row.range);
@@ -51,14 +55,18 @@ static void ExpectSearch(Program& program, const SearchRow& row, std::string& ra
     EXPECT_THAT(StatusPart(program, kEntry), HasSubstr(row.first)) << testing::PrintToString(row);
 }
 
+namespace {
+
 struct Searches {
     const char* name;
     std::vector<SearchRow> rows;
 };
 
-static void PrintTo(const Searches& searches, std::ostream* out) {
+void PrintTo(const Searches& searches, std::ostream* out) {
     *out << searches.name;
 }
+
+}  // namespace
 
 static const Searches kSearches[] = {
     {"Words",
@@ -133,7 +141,11 @@ static const Searches kSearches[] = {
      }},
 };
 
+namespace {
+
 struct Search : testing::TestWithParam<Searches> {};
+
+}  // namespace
 INSTANTIATE_TEST_SUITE_P(Of, Search, testing::ValuesIn(kSearches), [](const auto& row) { return row.param.name; });
 
 TEST_P(Search, FindsTheExpectedVerses) {
@@ -237,7 +249,11 @@ TEST(SearchResult, EnablesTheListCommands) {
     ExpectListCommands(program, true);
 }
 
+namespace {
+
 struct NoMatch : testing::TestWithParam<int> {};
+
+}  // namespace
 INSTANTIATE_TEST_SUITE_P(Searches, NoMatch, testing::ValuesIn(kSearchCommands));
 
 TEST_P(NoMatch, EmptiesTheListAndShowsAMessage) {

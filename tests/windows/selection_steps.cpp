@@ -90,6 +90,8 @@ void CopyWhileClipboardIsHeld(const Program& program, HWND pane) {
     EXPECT_EQ(FocusOf(program), pane);
 }
 
+namespace {
+
 struct SearchDialogRow {
     int command;
     const char* title;
@@ -97,6 +99,8 @@ struct SearchDialogRow {
     std::size_t scanned;  // how many characters of the selection are used
     std::size_t limit;    // how many characters the field accepts
 };
+
+}  // namespace
 
 // Letters and blanks of the copied text, as the field shows them.
 static std::string LettersOf(const std::string& copy, const SearchDialogRow& row) {

@@ -14,11 +14,15 @@
 using testing::ElementsAre;
 using testing::ElementsAreArray;
 
+namespace {
+
 struct StoredSetting {
     const char* section;
     const char* key;
     std::string value;
 };
+
+}  // namespace
 
 // All non-empty lines without their CR; a line that lacks it is returned as "<line> has no CR".
 static std::vector<std::string> LinesOf(const std::string& file) {
@@ -224,6 +228,8 @@ TEST(SettingsFile, NormalizesUnusualValues) {
                           {"SEARCH", "PreviousSearch9", std::string(199, 'b')}});
 }
 
+namespace {
+
 struct OddSettings {
     const char* name;
     const char* number;
@@ -231,6 +237,8 @@ struct OddSettings {
 };
 
 struct OddNumbers : testing::TestWithParam<OddSettings> {};
+
+}  // namespace
 
 // The program must be able to read, search and exit with any numbers in the file.
 TEST_P(OddNumbers, NeverCrashTheProgram) {

@@ -42,7 +42,11 @@ static void ExpectFailure(const ScratchFolder& folder) {
     EXPECT_EQ(ReadFile(folder, "Versewell.INI"), kOtherSettings);
 }
 
+namespace {
+
 struct FailedLoad : testing::TestWithParam<const char*> {};
+
+}  // namespace
 
 TEST_P(FailedLoad, IsReportedAndKeepsTheSettings) {
     const ScratchFolder folder = FolderWithScripture();
@@ -64,6 +68,8 @@ TEST(FailedStart, ReportsAnEmptyFile) {
     }
 }
 
+namespace {
+
 // Hides a library from the program with a DLL override in Wine's registry.
 struct WithoutLibrary {
     explicit WithoutLibrary(const char* library) {
@@ -74,6 +80,8 @@ struct WithoutLibrary {
     ~WithoutLibrary() { RegDeleteTreeA(HKEY_CURRENT_USER, key.c_str()); }
     std::string key;
 };
+
+}  // namespace
 
 TEST(FailedStart, ReportsAMissingRichEditLibrary) {
     const WithoutLibrary without("riched32");
@@ -241,6 +249,8 @@ TEST(Splash, DoesNotHideMessages) {
 
 // ---- The frame as it opens ------------------------------------------------------------------------------------------
 
+namespace {
+
 struct OpeningState {
     const char* name;
     const char* maxed;
@@ -250,6 +260,8 @@ struct OpeningState {
 };
 
 struct FrameOpening : testing::TestWithParam<OpeningState> {};
+
+}  // namespace
 
 TEST_P(FrameOpening, FollowsTheSettingsThenTheCommandLine) {
     const ScratchFolder folder = FolderWithScripture();

@@ -14,6 +14,8 @@
 #include "tests/driver/remote_memory.h"
 #include "tests/windows/search_steps.h"
 
+namespace {
+
 enum class Begins { kSeparator, kGreyed, kEnabled, kPressed, kAsItsOwner };
 
 struct ToolbarRow {
@@ -21,6 +23,8 @@ struct ToolbarRow {
     int image;
     Begins begins;
 };
+
+}  // namespace
 
 static constexpr ToolbarRow kGap{0, 0, Begins::kSeparator};
 static constexpr ToolbarRow kToolbar[] = {
@@ -137,10 +141,14 @@ static std::string AnsweredTip(const Program& program, int command) {
     return text;
 }
 
+namespace {
+
 struct TipRow {
     int command;
     const char* text;
 };
+
+}  // namespace
 
 static constexpr TipRow kTips[] = {
     {IDM_HELP_TOPICS, "Help (F1)"},

@@ -32,6 +32,8 @@ static void Show(Program& program, const Query& query, const char* range = "Ge -
     Command(program, IDM_FOCUS_PASSAGE);
 }
 
+namespace {
+
 struct ListPainting {
     const char* name;
     Query query;
@@ -40,9 +42,11 @@ struct ListPainting {
     std::vector<PaintedLine> lines;
 };
 
-static void PrintTo(const ListPainting& painting, std::ostream* out) {
+void PrintTo(const ListPainting& painting, std::ostream* out) {
     *out << painting.name;
 }
+
+}  // namespace
 
 static const ListPainting kPaintings[] = {
     {"KeyWord",
@@ -145,7 +149,11 @@ static const ListPainting kPaintings[] = {
         {kRegular, " upon "}}}}},
 };
 
+namespace {
+
 struct VerseListPaintingCase : testing::TestWithParam<ListPainting> {};
+
+}  // namespace
 INSTANTIATE_TEST_SUITE_P(Entry, VerseListPaintingCase, testing::ValuesIn(kPaintings),
                          [](const auto& row) { return row.param.name; });
 

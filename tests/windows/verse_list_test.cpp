@@ -41,11 +41,15 @@ static std::vector<std::string> References(const Program& program) {
 
 // ---- Scrolling ------------------------------------------------------------------------------------------------------
 
+namespace {
+
 struct KeyStep {
     const char* key;
     int position;
     const char* entry;  // status part 1
 };
+
+}  // namespace
 
 TEST(VerseList, FollowsTheKeys) {
     static constexpr KeyStep kSteps[] = {
