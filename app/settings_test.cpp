@@ -96,6 +96,16 @@ TEST(Settings, HaveTheirDefaultsWithoutAFile) {
     EXPECT_EQ(profile.writes, kWrittenByDefault);
 }
 
+// Only the system's colour is not known before, and a search that was never made is a blank.
+TEST(Settings, AreTheirDefaultsBeforeTheyAreLoaded) {
+    FakeProfile profile;
+    SettingOwners owners;
+    owners.reading.KeyHighlightColor = kSystemHighlight;
+    owners.search.history.fill("");
+    Save(profile, owners, nullptr);
+    EXPECT_EQ(profile.writes, kWrittenByDefault);
+}
+
 TEST(Settings, AreWrittenInOrderWithThePlacementLast) {
     FakeProfile profile;
     SettingOwners owners = Loaded(profile);
