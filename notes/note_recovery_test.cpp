@@ -314,6 +314,17 @@ TEST(OpenNoteSets, ShowsTheNotesOfADamagedSet) {
     }
 }
 
+// A NUL too many moves every note behind it where they are told apart by their ends.
+TEST(OpenNoteSets, ReadsADamagedSetByAnIndexInOrder) {
+    const FakeSet set = FakeSetOf({{0, "first"}, {10, "tenth"}});
+    FakeNoteFiles files;
+    AddFakeSet(files, "a", {{0, "first"}, {10, "tenth"}});
+    files.contents["a.nmd"][2] = 0;
+    const Opened opened = Open(files);
+    EXPECT_TRUE(opened.notes.sets[0].readOnly);
+    EXPECT_TRUE(IndexBytes(opened.notes.sets[0].offsets) == set.index);
+}
+
 TEST(OpenNoteSets, NamesTheWholeCopyOfADamagedSet) {
     FakeNoteFiles files;
     AddFakeSet(files, "a", kNotes);
@@ -334,6 +345,17 @@ TEST(OpenNoteSets, SaysNothingMoreOfAFirstSetThatCannotBeMade) {
     EXPECT_EQ(files.contents["My Notes.nmd"], (Bytes{'o', 'l', 'd', 0}));
     ASSERT_EQ(opened.notes.sets.size(), 1u);
     EXPECT_TRUE(opened.notes.sets[0].readOnly);
+}
+
+TEST(OpenNoteSets, TellsOfADamagedSetBehindAFirstOneThatCannotBeMade) {
+    FakeNoteFiles files;
+    files.contents["My Notes.nmd"] = {'o', 'l', 'd', 0};
+    files.contents["other.nmd"] = {'x'};
+    const Opened opened = Open(files);
+    EXPECT_FALSE(opened.result.created);
+    ASSERT_EQ(opened.notes.sets.size(), 2u);
+    EXPECT_THAT(opened.result.report, testing::StartsWith("The data file \"other.nmd\" is damaged"));
+    EXPECT_THAT(opened.result.report, testing::Not(HasSubstr("My Notes")));
 }
 
 TEST(OpenNoteSets, FindsNoMoreThanThirtyOneWithThoseThatLostTheirIndex) {
