@@ -146,6 +146,13 @@ TEST(TextScan, FoldsLettersAlone) {
         "o'er the", true);
 }
 
+TEST(TextScan, TakesBytesFromHexadecimal80OnForLetters) {
+    for (const char beside : {'\x7F', '\x80', '\xFF', '@', 'A', 'Z', '[', '`', 'a', 'z', '{', '\xB6'})
+        for (const std::size_t blanks : {0, 20})
+            for (const std::string& text : {std::string("and") + beside, beside + std::string("and")})
+                ExpectSameWords(std::string(blanks, ' ') + text + std::string(blanks, ' '), "and", true);
+}
+
 TEST(TextScan, CountsMoreThanAByteHolds) {
     for (const std::size_t times : {254, 255, 256, 4079, 4080, 4081, 10000}) {
         EXPECT_EQ(CountInText(ExactText(std::string(times, 'e')).View(), "e", true, false), static_cast<int>(times));
@@ -160,6 +167,17 @@ TEST(TextScan, GoesOnAfterAPhrase) {
     ExpectSamePhrases("holy, holy, holy, holy, holy", "holy holy", false);
     ExpectSamePhrases("a a a a a a a a a a a a a a a a a a a a a", "a a a", false);
     EXPECT_EQ(CountPhrasesInText("holy, holy, holy, holy, holy", PatternOf("holy holy", true)), 2);
+}
+
+// What is found does not depend on it, but a scan for an anchor that is common takes many times as long.
+TEST(PatternOf, AnchorsWhereThreeCharactersAreRareTogether) {
+    static const std::pair<const char*, const char*> kRows[] = {
+        {"the valley of jezreel", " jezreel"}, {"in the beginning", " beginning"},
+        {"and it came to pass", "pass"},       {"he hath zeal", "zeal"},
+        {"quick to hear", "quick to hear"},    {"a b", "a b"},
+    };
+    for (const auto& [phrase, fromAnchor] : kRows)
+        EXPECT_EQ(std::string(phrase).substr(PatternOf(phrase, true).anchor), fromAnchor) << phrase;
 }
 
 TEST(TextScan, FindsNoEmptyPhrase) {
