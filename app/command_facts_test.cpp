@@ -1,5 +1,7 @@
 #include "app/command_facts.h"
 
+#include <bit>
+
 #include <gtest/gtest.h>
 
 namespace {
@@ -14,6 +16,17 @@ struct State {
 unsigned FactsOf(const State& state, bool passageFocused = false, bool bound = false, bool editing = false) {
     return FactsOf(
         FactSources{state.list, state.selection, state.reading, state.shown, passageFocused, bound, editing});
+}
+
+TEST(CommandFacts, HaveOneBitEach) {
+    unsigned others = 0;
+    for (const unsigned fact : {kListHasVerses, kPassageFocused, kHasSelection, kNotEditing, kParagraphs, kItalicShown,
+                                kBracketsShown, kNormalShown, kListShown, kPassageShown, kNotesShown, kToolbarShown,
+                                kNotesBound, kListCanBeSaved, kCanCut, kCanPaste}) {
+        EXPECT_TRUE(std::has_single_bit(fact)) << fact;
+        EXPECT_EQ(others & fact, 0u) << fact;
+        others |= fact;
+    }
 }
 
 TEST(CommandFacts, HaveTheirValuesAtTheStart) {

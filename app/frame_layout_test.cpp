@@ -70,6 +70,7 @@ TEST(LayOutFrame, NeverGivesNegativeSizes) {
                 EXPECT_GE(pane.place.height, 0);
                 EXPECT_GE(pane.place.x, 0);
                 EXPECT_GE(pane.place.y, 0);
+                EXPECT_TRUE(pane.shown || pane.place == (Area{0, 0, 0, 0}));
             }
         }
     }

@@ -77,6 +77,15 @@ TEST(Settings, HaveDefaultsWithoutAFile) {
     EXPECT_EQ(profile.writes, kWrittenByDefault);
 }
 
+// Only the system's highlight colour is not known before.
+TEST(Settings, HaveDefaultsBeforeTheyAreLoaded) {
+    FakeProfile profile;
+    Settings settings;
+    settings.reading.KeyHighlightColor = kSystemHighlight;
+    Save(profile, settings, nullptr);
+    EXPECT_EQ(profile.writes, kWrittenByDefault);
+}
+
 TEST(Settings, AreWrittenInOrderWithThePlacementLast) {
     FakeProfile profile;
     Settings settings = Loaded(profile);

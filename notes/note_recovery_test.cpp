@@ -314,6 +314,17 @@ TEST(OpenNoteSets, ReadsTheNotesOfADamagedSet) {
     }
 }
 
+// Located by their ends, all notes after an extra NUL would be shifted.
+TEST(OpenNoteSets, ReadsADamagedSetByAnAscendingIndex) {
+    const FakeSet set = FakeSetOf({{0, "first"}, {10, "tenth"}});
+    FakeNoteFiles files;
+    AddFakeSet(files, "a", {{0, "first"}, {10, "tenth"}});
+    files.contents["a.nmd"][2] = 0;
+    const Opened opened = Open(files);
+    EXPECT_TRUE(opened.notes.sets[0].readOnly);
+    EXPECT_TRUE(IndexBytes(opened.notes.sets[0].offsets) == set.index);
+}
+
 TEST(OpenNoteSets, ReportsACompleteCopyOfADamagedSet) {
     FakeNoteFiles files;
     AddFakeSet(files, "a", kNotes);
@@ -334,6 +345,17 @@ TEST(OpenNoteSets, DoesNotReportAFirstSetThatCannotBeCreated) {
     EXPECT_EQ(files.contents["My Notes.nmd"], (Bytes{'o', 'l', 'd', 0}));
     ASSERT_EQ(opened.notes.sets.size(), 1u);
     EXPECT_TRUE(opened.notes.sets[0].readOnly);
+}
+
+TEST(OpenNoteSets, ReportsADamagedSetAfterAFirstSetThatCannotBeCreated) {
+    FakeNoteFiles files;
+    files.contents["My Notes.nmd"] = {'o', 'l', 'd', 0};
+    files.contents["other.nmd"] = {'x'};
+    const Opened opened = Open(files);
+    EXPECT_FALSE(opened.result.created);
+    ASSERT_EQ(opened.notes.sets.size(), 2u);
+    EXPECT_THAT(opened.result.report, testing::StartsWith("The data file \"other.nmd\" is damaged"));
+    EXPECT_THAT(opened.result.report, testing::Not(HasSubstr("My Notes")));
 }
 
 TEST(OpenNoteSets, LimitsTheSetsTo31IncludingThoseWithoutIndex) {

@@ -366,6 +366,18 @@ TEST(SaveNote, DetectsAChangedLayoutWithTheSameSizeAndTime) {
     ExpectFilesHold(*desk, {{3, "th"}, {7, "mine"}, {9, "nine"}});
 }
 
+TEST(SaveNote, StopsIfTheDataFileChangesAgainMeanwhile) {
+    const auto desk = DeskWith({{3, "three"}, {7, "four"}, {9, "9"}}, 7);
+    desk->files.contents["a.nmd"] = FakeSetOf({{3, "th"}, {7, "four"}, {9, "nine"}}).data;  // as many bytes
+    desk->whenTold = [](Desk& there, SaveNotice) {
+        there.files.contents["a.nmd"] = FakeSetOf({{3, "t"}, {7, "four"}, {9, "nine!"}}).data;
+    };
+    EXPECT_EQ(SaveAt(*desk, "mine"), NoteSaveResult::kStopped);
+    EXPECT_THAT(desk->told, ElementsAre(SaveNotice::kChangedOnDisk, SaveNotice::kNotWhole));
+    EXPECT_TRUE(desk->files.contents["a.nmd"] == FakeSetOf({{3, "t"}, {7, "four"}, {9, "nine!"}}).data);
+    EXPECT_EQ(desk->notes.noteText, "as displayed");
+}
+
 TEST(SaveNote, NeverReplacesADamagedFile) {
     const FakeSet whole = FakeSetOf({{7, "four"}, {9, "nine"}});
     std::vector<unsigned char> tooFew(whole.data.begin(), whole.data.end() - 20000);

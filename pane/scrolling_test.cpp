@@ -79,6 +79,10 @@ TEST(ScrolledTo, PageUpChoosesTheEarliestTopThatShowsTheOldOneLast) {
     }
 }
 
+TEST(ScrolledTo, PageUpChoosesTheFirstItemIfItShowsTheOldTopLast) {
+    EXPECT_EQ(TopAfter({{1, 1, 5, 1}, 4}, 2, ScrollCode::kPageUp), 0);  // from 1 it is the last one too
+}
+
 TEST(ScrolledTo, PageUpMovesEvenIfNoTopShowsTheOldOneLast) {
     const Pane pane = {{1, 4, 1, 1, 1, 1}, 4};
     // From 2 the pane ends with 5; from 1 it ends with 1 itself, which counts as 2.

@@ -361,6 +361,17 @@ TEST(PrintedNotes, AreOptional) {
     EXPECT_EQ(Printed(job), "(r100,1000:a|r100,1020:b|)");
 }
 
+TEST(PrintedNotes, StopAtAPageThatCannotBeStarted) {
+    for (const char* note : {"one\rtwo\rthree\rfour", "one\rtwo\rthree four", "one\rtwo\rthree"}) {
+        Job job = WithNote(note);
+        job.box.bottom = 1067;
+        PaperTape tape;
+        tape.failingPage = 2;
+        EXPECT_EQ(Print(job, tape), PrintResult::kCannotStartPage);
+        EXPECT_EQ(tape.tape, "(r100,1000:a|n100,1040:one|n100,1053:two|)");
+    }
+}
+
 TEST(PrintedNotes, StopTheJobWhenTheyCannotBeRead) {
     PaperTape tape;
     EXPECT_EQ(Print(WithNote(kUnreadableNote), tape), PrintResult::kCannotReadNotes);
@@ -454,4 +465,14 @@ TEST(PrinterFontHeight, RoundsPointsAndThenPixels) {
     };
     for (const auto& [screen, screenDots, printerDots, height] : rows)
         EXPECT_EQ(PrinterFontHeight(screen, screenDots, printerDots), height) << screen;
+}
+
+TEST(PrintedBible, ContinuesAfterAVerseOutOfRange) {
+    const std::vector<HandMadeVerse> verses = {{1, 1, 1, "One."}};
+    const HandMadeFiles files = MakeFiles(verses);
+    PaperTape tape;
+    const std::int32_t listed[] = {7, 0};
+    EXPECT_EQ(PrintVerses(ScriptureOf(files), listed, ListPrinting({0, 0, 1000, 100}, {}), PageOver(tape)),
+              PrintResult::kPrinted);
+    EXPECT_EQ(tape.tape, "(b0,0:Genesis 1:1 |r120,0:One.|)");
 }

@@ -219,3 +219,12 @@ TEST(ParseRange, ReturnsTheTextAsRead) {
 TEST(ParseRange, FailsWithoutRecords) {
     EXPECT_FALSE(ParseRange({}, "Ge 1:1 - 2").ok);
 }
+
+TEST(ParseRange, NeedsBothBooks) {
+    static constexpr HandMadeVerse kVerses[] = {{2, 1, 1, "Exodus alone."}};
+    const HandMadeFiles files = MakeFiles(kVerses);
+    const VerseRecords records = ScriptureOf(files).records;
+    EXPECT_TRUE(ParseRange(records, "Ex - Ex").ok);
+    EXPECT_FALSE(ParseRange(records, "Ex - Le").ok);
+    EXPECT_FALSE(ParseRange(records, "Ge - Ex").ok);
+}

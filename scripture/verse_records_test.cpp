@@ -113,6 +113,14 @@ TEST(VerseLookup, WorksWithFewRecords) {
             << row.book << ' ' << row.chapter << ':' << row.verse;
 }
 
+// Books of damaged files may stand in any order.
+TEST(VerseLookup, FindsABookThatIsNotInItsPlace) {
+    static constexpr HandMadeVerse kVerses[] = {{5, 1, 1, ""}, {1, 1, 1, ""}, {2, 1, 1, ""}};
+    const HandMadeFiles files = MakeFiles(kVerses);
+    for (const auto& [book, index] : {std::pair{5, 0}, {1, 1}, {2, 2}, {3, kNoVerse}})
+        EXPECT_EQ(VerseLookup(ScriptureOf(files).records, book, 1, 1), index) << book;
+}
+
 TEST(VerseLookup, FindsNothingInAnEmptyFile) {
     for (const int book : {0, 1, 66}) EXPECT_EQ(VerseLookup({}, book, 1, 1), kNoVerse);
 }

@@ -147,6 +147,13 @@ TEST(TextScan, FoldsOnlyLetters) {
         "o'er the", true);
 }
 
+TEST(TextScan, CountsBytesFrom0x80AsLetters) {
+    for (const char beside : {'\x7F', '\x80', '\xFF', '@', 'A', 'Z', '[', '`', 'a', 'z', '{', '\xB6'})
+        for (const std::size_t blanks : {0, 20})
+            for (const std::string& text : {std::string("and") + beside, beside + std::string("and")})
+                ExpectSameWords(std::string(blanks, ' ') + text + std::string(blanks, ' '), "and", true);
+}
+
 TEST(TextScan, CountsMoreThan255Matches) {
     for (const std::size_t times : {254, 255, 256, 4079, 4080, 4081, 10000}) {
         EXPECT_EQ(CountInText(ExactText(std::string(times, 'e')).View(), "e", true, false), static_cast<int>(times));
@@ -161,6 +168,17 @@ TEST(TextScan, ContinuesAfterTheEndOfAPhrase) {
     ExpectSamePhrases("holy, holy, holy, holy, holy", "holy holy", false);
     ExpectSamePhrases("a a a a a a a a a a a a a a a a a a a a a", "a a a", false);
     EXPECT_EQ(CountPhrasesInText("holy, holy, holy, holy, holy", PatternOf("holy holy", true)), 2);
+}
+
+// The result does not depend on the anchor, but scanning for a common one takes many times as long.
+TEST(PatternOf, AnchorsWhereThreeCharactersAreRareTogether) {
+    static const std::pair<const char*, const char*> kRows[] = {
+        {"the valley of jezreel", " jezreel"}, {"in the beginning", " beginning"},
+        {"and it came to pass", "pass"},       {"he hath zeal", "zeal"},
+        {"quick to hear", "quick to hear"},    {"a b", "a b"},
+    };
+    for (const auto& [phrase, fromAnchor] : kRows)
+        EXPECT_EQ(std::string(phrase).substr(PatternOf(phrase, true).anchor), fromAnchor) << phrase;
 }
 
 TEST(TextScan, DoesNotFindAnEmptyPhrase) {
