@@ -232,6 +232,7 @@ static void SearchForPhrase(SearchPass& pass) {
     for (int verse = NextWithHits(pass.hits, WordCount(pass), pass.first, pass.last); verse <= pass.last;
          verse = NextWithHits(pass.hits, WordCount(pass), verse + 1, pass.last)) {
         const std::string_view text = VerseText(pass.scripture, verse);
+        if (text.empty()) continue;  // only a damaged index leads here
         if (MarksPhrase(pass.query) && HasRoomForPhrases(text)) {
             const Run run = RunFrom(pass, verse, text);
             ListVersesOfRun(pass, run, places);

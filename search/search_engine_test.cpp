@@ -294,9 +294,24 @@ TEST(Search, DiscardsPreviousCounts) {
     EXPECT_EQ(find("light the", kWords).verses, std::vector<std::int32_t>{7});
 }
 
+// Damaged records: verse 1 points past the text, though the index names it for both words.
+TEST(Search, FindsNoPhraseInAVerseWithoutText) {
+    HandMadeFiles files;
+    AddVerse(files, {1, 1, 1, "the lord"});
+    AddRecord(files, 1, 1, 2, 999);
+    AddVerse(files, {1, 1, 3, "the lord"});
+    static constexpr HandMadeVerse kIndexed[] = {{1, 1, 1, "the lord"}, {1, 1, 2, "the lord"}, {1, 1, 3, "the lord"}};
+    FilesInMemory indexFiles = MakeIndexFiles(kIndexed);
+    const Query query = QueryFor("the lord", kPhrase);
+    HitCounters hits;
+    EXPECT_EQ(Search(ScriptureOf(files), IndexOf(indexFiles), query, {}, hits).verses,
+              (std::vector<std::int32_t>{0, 2}));
+    EXPECT_TRUE(Search(ScriptureOf(files), IndexOf(indexFiles), query, {1, 1}, hits).verses.empty());
+}
+
 TEST(Search, HandlesWordsOfAnyLength) {
     const SmallBible bible;
-    for (const std::size_t length : {79, 80, 81, 199, 5000})
+    for (const std::size_t length : {79u, 80u, 81u, 199u, 5000u})
         for (const int flags : kEveryFlags)
             for (const QueryKind kind : {kWords, kPhrase}) {
                 const Query query = QueryFor(std::string(length, 'e'), kind, flags, kAnyWord);
