@@ -19,6 +19,10 @@ else()
     # False warnings for `"a" + std::to_string(n)` (GCC bug 105651).
     target_compile_options(vw_options INTERFACE -Wno-restrict)
   endif()
+  if(CMAKE_CXX_COMPILER_ID STREQUAL Clang)
+    # What no header declares is static.
+    target_compile_options(vw_options INTERFACE -Wmissing-prototypes -Wmissing-variable-declarations)
+  endif()
 endif()
 if(WIN32)
   target_compile_definitions(vw_options INTERFACE WIN32_LEAN_AND_MEAN NOMINMAX STRICT _WIN32_WINNT=0x0601)
@@ -26,6 +30,7 @@ endif()
 if(VERSEWELL_SANITIZE)
   add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
   add_link_options(-fsanitize=address,undefined)
+  add_compile_definitions(VERSEWELL_SANITIZED)
 endif()
 
 # GoogleTest is built from Debian's sources, so that the host, the sanitizers and Windows use the same version.
@@ -35,11 +40,11 @@ if(NOT MSVC)
   include(GoogleTest)
 endif()
 
-# vw_build_fast(<target>...): compiles tests without optimization, because they are built more often than they run. The
-# tested code is still optimized.
+# vw_build_fast(<target>...): compiles tests without optimization, because they are built more often than they run; the
+# tested code is still optimized. With sanitizers the tests would then run longer than they take to optimize.
 function(vw_build_fast)
   foreach(target ${ARGN})
-    target_compile_options(${target} PRIVATE -O0)
+    target_compile_options(${target} PRIVATE $<IF:$<BOOL:${VERSEWELL_SANITIZE}>,-O1,-O0>)
   endforeach()
 endfunction()
 if(TARGET gtest)
@@ -64,6 +69,9 @@ function(vw_core folder)
   add_library(vw_${folder} STATIC ${core_SOURCES})
   list(TRANSFORM core_USES PREPEND vw_)
   target_link_libraries(vw_${folder} PUBLIC vw_options ${core_USES})
+  if(VERSEWELL_SANITIZE)
+    target_compile_options(vw_${folder} PRIVATE -fsanitize=fuzzer-no-link -fno-sanitize-coverage=trace-cmp)
+  endif()
 endfunction()
 
 # vw_shell(<file>...): adds files that need Windows to the program.

@@ -8,7 +8,7 @@ trap "exit 143" TERM
 
 # Everything that has to be installed on a new Debian or Ubuntu machine.
 packages=(
-  git cmake ninja-build pkg-config clang-format
+  git cmake ninja-build pkg-config clang-format clang libclang-rt-dev
   g++ g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix
   googletest libbenchmark-dev libsqlite3-dev
   libsword-dev sword-text-kjv
@@ -57,13 +57,14 @@ install_packages() {
 
 # ---- Builds -----------------------------------------------------------------------------------------------------
 
-# build_preset <preset> [target...]: configures only once; later the build repeats the configure step when needed.
+# build_preset <preset> [target...]: configures once; later the build repeats the configure step when needed. Starts again
+# when the presets have changed, because a build keeps the compiler that it was started with.
 build_preset() {
   local preset=$1 target targets=()
   shift
   for target in "$@"; do targets+=(--target "$target"); done
   cd "$root"
-  [[ -f $build/$preset/build.ninja ]] || cmake --preset "$preset"
+  [[ $build/$preset/build.ninja -nt CMakePresets.json ]] || cmake --fresh --preset "$preset"
   cmake --build "$build/$preset" "${targets[@]}"
 }
 

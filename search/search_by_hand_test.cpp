@@ -292,7 +292,7 @@ static std::size_t ExpectSame(const Request& request, HitCounters& hits) {
 }
 
 // Sanitizers make the simple search five times slower, so with them only a fifth of the queries is used.
-#ifdef __SANITIZE_ADDRESS__
+#ifdef VERSEWELL_SANITIZED
 static constexpr int kQueries = 200;
 #else
 static constexpr int kQueries = 1000;

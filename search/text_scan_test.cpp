@@ -107,7 +107,7 @@ TEST(TextScan, FindsAPhraseAtEveryPosition) {
 TEST(TextScan, FindsAPhraseAtEveryPositionOfALongText) {
     for (const std::string phrase : {"a b", "of the", "i am that i am of old"})
         for (const std::string between : {"", ", [", "--------------------"})
-            for (const std::size_t size : {1027, 1040, 3000})
+            for (const std::size_t size : {1027u, 1040u, 3000u})
                 for (std::size_t at = 980; at + phrase.size() <= std::min<std::size_t>(size, 1060); ++at) {
                     std::string text(size, '.');
                     text.replace(at, phrase.size(), phrase).insert(at + 2, between);
@@ -127,7 +127,7 @@ TEST(TextScan, DoesNotFindAPhraseAcrossAZeroByte) {
         {std::string("and, \0[the", 10), 0},
     };
     for (const auto& row : kRows)
-        for (const std::size_t before : {0, 7, 40, 1020}) {
+        for (const std::size_t before : {0u, 7u, 40u, 1020u}) {
             const std::string text = std::string(before, '.') + row.text + std::string(before, '.');
             EXPECT_EQ(CountPhrasesInText(ExactText(text).View(), PatternOf("and the", true)), row.count) << row.text;
         }
@@ -149,13 +149,13 @@ TEST(TextScan, FoldsOnlyLetters) {
 
 TEST(TextScan, CountsBytesFrom0x80AsLetters) {
     for (const char beside : {'\x7F', '\x80', '\xFF', '@', 'A', 'Z', '[', '`', 'a', 'z', '{', '\xB6'})
-        for (const std::size_t blanks : {0, 20})
+        for (const std::size_t blanks : {0u, 20u})
             for (const std::string& text : {std::string("and") + beside, beside + std::string("and")})
                 ExpectSameWords(std::string(blanks, ' ') + text + std::string(blanks, ' '), "and", true);
 }
 
 TEST(TextScan, CountsMoreThan255Matches) {
-    for (const std::size_t times : {254, 255, 256, 4079, 4080, 4081, 10000}) {
+    for (const std::size_t times : {254u, 255u, 256u, 4079u, 4080u, 4081u, 10000u}) {
         EXPECT_EQ(CountInText(ExactText(std::string(times, 'e')).View(), "e", true, false), static_cast<int>(times));
         std::string words;
         for (std::size_t i = 0; i < times; ++i) words += "E ";

@@ -9,8 +9,7 @@ static constexpr std::string_view kParagraphWord = "\xB6 ";
 // Bytes at which a piece may end; all others are skipped quickly.
 static constexpr std::array<bool, 256> kEndsPiece = [] {
     std::array<bool, 256> ends{};
-    for (const unsigned char byte : {' ', '[', ']', '{', '}'}) ends[byte] = true;
-    ends[static_cast<unsigned char>(kParagraphMark)] = true;
+    for (const char byte : {' ', '[', ']', '{', '}', kParagraphMark}) ends[static_cast<unsigned char>(byte)] = true;
     return ends;
 }();
 

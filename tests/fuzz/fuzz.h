@@ -1,16 +1,24 @@
-// Running a fuzz target: seeds, each changed a little in many ways, until the time is over.
-//
-// Input number N is the same in every run: what it depends on is N and the seeds alone. A target that crashes, hangs or
-// finds something wrong names its number, and "fuzz_NAME SEEDS 0 N" runs that input again.
+// What the fuzz targets share. Each target is a program of libFuzzer: it changes inputs of the corpus in many ways,
+// gives each to LLVMFuzzerTestOneInput, and goes on with those that reached code which none had reached before.
 #pragma once
 
-#include "tests/fuzz/seeds.h"
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
 
-// Takes what a file may hold and gives it to the code under test, which must come back whatever it is.
-using FuzzTarget = void (*)(const FuzzBytes& input);
+// Gives an input to the code under test, which must come back whatever it is. Always 0.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
 // Ends the run where something that must be so is not.
 void Expect(bool isSo, const char* what);
 
-// Arguments: the seed file; seconds; the number of the first input. With 0 seconds that input is the only one.
-int FuzzMain(int argc, char** argv, FuzzTarget target);
+inline std::string_view TextOfInput(const std::uint8_t* data, std::size_t size) {
+    return {reinterpret_cast<const char*>(data), size};
+}
+
+// Takes the first line from `text`, without its "\n"; the last one may have none.
+std::string_view TakeLine(std::string_view& text);
+
+// Takes the next decimal number from `line`, with all that stands before it, and brings it into `least`..`most`. Where
+// there is none, it is `least`.
+int TakeNumber(std::string_view& line, int least, int most);

@@ -1,9 +1,13 @@
 #include "tests/fuzz/seeds.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <fstream>
 #include <map>
 #include <sstream>
+#include <stdexcept>
+
+#include "tests/support/hand_made_index.h"
 
 static constexpr int kVerses = 31102;
 
@@ -50,6 +54,33 @@ static void AddSet(FuzzBytes& bytes, const std::vector<std::string>& words, bool
     }
 }
 
+static void AddFile(FuzzBytes& bytes, std::span<const unsigned char> file, bool isLast) {
+    bytes.insert(bytes.end(), file.begin(), file.end());
+    if (!isLast) bytes.insert(bytes.end(), std::begin(kFileEnd), std::end(kFileEnd) - 1);
+}
+
+// A word "1:1:3=%of_verses" for each verse: its blanks are underscores, paragraph marks are percent signs.
+static void AddBible(FuzzBytes& bytes, std::vector<std::string> words) {
+    std::vector<HandMadeVerse> verses;
+    for (std::string& word : words) {
+        std::istringstream numbers(word);
+        HandMadeVerse verse;
+        char colon = ':';
+        numbers >> verse.book >> colon >> verse.chapter >> colon >> verse.verse;
+        std::replace(word.begin(), word.end(), '_', ' ');
+        std::replace(word.begin(), word.end(), '%', kParagraphMark);
+        verse.text = std::string_view(word).substr(word.find('=') + 1);
+        verses.push_back(verse);
+    }
+    const HandMadeFiles files = MakeFiles(verses);
+    const FilesInMemory index = MakeIndexFiles(verses);
+    AddFile(bytes, files.records, false);
+    AddFile(bytes, {reinterpret_cast<const unsigned char*>(files.text.data()), files.text.size()}, false);
+    AddFile(bytes, index.at(kWordsFile), false);
+    AddFile(bytes, index.at(kWordPointersFile), false);
+    AddFile(bytes, index.at(kVerseListsFile), true);
+}
+
 static void AddItem(FuzzBytes& bytes, const std::string& kind, std::istringstream& line) {
     std::string word;
     std::uint64_t count = 0, first = 0, step = 0;
@@ -69,6 +100,10 @@ static void AddItem(FuzzBytes& bytes, const std::string& kind, std::istringstrea
         for (std::uint64_t i = 0; i < count; ++i) AddNumber(bytes, first + i * step);
     } else if (kind == "notes" || kind == "index") {
         AddSet(bytes, WordsToSemicolon(line), kind == "index");
+    } else if (kind == "bible") {
+        AddBible(bytes, WordsToSemicolon(line));
+    } else if (kind == "end") {
+        AddFile(bytes, {}, false);
     } else {
         throw std::runtime_error("no kind of seed: " + kind);
     }
@@ -82,7 +117,7 @@ FuzzBytes SeedOf(const std::string& line) {
 }
 
 std::vector<FuzzBytes> ReadSeeds(const char* path) {
-    std::vector<FuzzBytes> seeds = {{}};  // no bytes at all are a seed of every target
+    std::vector<FuzzBytes> seeds;
     std::ifstream file(path);
     for (std::string line; std::getline(file, line);)
         if (!line.empty() && line[0] != '#') seeds.push_back(SeedOf(line));
