@@ -21,8 +21,13 @@ static constexpr std::string_view kParagraphIndent = "    ";
 
 namespace {
 
-// Word widths of the verses measured so far. The key is where a verse's words begin in the text.
-using KnownWidths = std::unordered_map<const char*, std::vector<int>>;
+// Widths of the words of each verse measured so far, by the address of its words in the text. With damaged records two
+// verses can start at the same address and end at different ones, so the size tells which of them was measured.
+struct KnownWords {
+    std::size_t size = 0;
+    std::vector<int> widths{};
+};
+using KnownWidths = std::unordered_map<const char*, KnownWords>;
 
 struct PassageWalk : FlowWalk {
     const PassageFlow& flow;
@@ -108,11 +113,12 @@ static bool ReadAndPlaceWords(PassageWalk& walk) {
 }
 
 static const std::vector<int>& WidthsOfWords(PassageWalk& walk) {
-    const auto [place, isNew] = walk.known->try_emplace(walk.words.data());
-    if (!isNew) return place->second;
+    KnownWords& known = (*walk.known)[walk.words.data()];
+    if (!known.widths.empty() && known.size == walk.words.size()) return known.widths;
+    known = {walk.words.size()};
     OpenVerse(walk.reader, walk.words);
-    while (ReadWord(walk.reader)) place->second.push_back(MeasureWord(walk.reader, walk.measure));
-    return place->second;
+    while (ReadWord(walk.reader)) known.widths.push_back(MeasureWord(walk.reader, walk.measure));
+    return known.widths;
 }
 
 static bool PlaceKnownWords(PassageWalk& walk) {

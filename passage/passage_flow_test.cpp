@@ -377,3 +377,25 @@ TEST(PassageFailures, ZeroLineHeightDoesNotHang) {
     EXPECT_GT(WalkPassage(pane.flow, FlowFaces::kAsPainted, nullptr), 0);
     EXPECT_EQ(HitTestPassage(pane.flow, 5, 0), (SelectionPoint{0, 0}));
 }
+
+// Two records point at the same text: the first verse ends with its own zero byte, the second with that before the
+// next.
+TEST(PassageFailures, AVerseThatStartsLikeAnotherIsMeasuredByItself) {
+    HandMadeFiles files;
+    for (const HandMadeVerse& verse :
+         {HandMadeVerse{1, 1, 1, "the lamp"}, {1, 1, 2, "of forty letters in words of this kind"}})
+        AddVerse(files, verse);
+    const auto end = static_cast<std::uint32_t>(files.text.size());
+    AddVerse(files, {1, 1, 3, "end"});
+    files.records.clear();
+    AddRecord(files, 1, 1, 1, 0);
+    AddRecord(files, 1, 1, 2, 0);
+    AddRecord(files, 1, 1, 3, end);
+    Pane pane;
+    OpenPane(pane, {});
+    pane.scripture = ScriptureOf(files);
+    pane.flow.height = 100;
+    ASSERT_EQ(WalkPassage(pane.flow, FlowFaces::kAsMeasured, nullptr), 2);  // a line, three lines, a line
+    pane.flow.topVerse = 2;
+    EXPECT_EQ(ScrolledTop(pane.flow, {2, 2}, ScrollCode::kPageUp, 0), 0);
+}
