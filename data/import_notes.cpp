@@ -11,6 +11,7 @@
 
 #include "data/imported_notes.h"
 #include "data/sword_notes.h"
+#include "notes/note_files.h"
 
 namespace fs = std::filesystem;
 
@@ -48,7 +49,9 @@ static Complaint CheckName(const std::string& name) {
 
 // A set counts as existing if any of its files exists.
 static Complaint CheckFolder(const ImportArguments& arguments) {
-    for (const char* ending : {".nmi", ".nmd", ".dti", ".nmd.temp"}) {
+    static const std::string kEndings[] = {kIndexEnding, kDataEnding, kTableEnding,
+                                           std::string(kDataEnding) + kTempEnding};
+    for (const std::string& ending : kEndings) {
         const fs::path place = fs::path(arguments.folder) / (arguments.setName + ending);
         std::error_code error;
         if (fs::exists(fs::symlink_status(place, error)))

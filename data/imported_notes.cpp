@@ -4,6 +4,8 @@
 #include <cstdlib>
 #include <map>
 
+#include "scripture/letters.h"
+
 namespace {
 
 constexpr std::string_view kNewLine = "\r\n";
@@ -167,9 +169,7 @@ struct Year {
 static bool IsHeading(const Paragraph& paragraph, std::string_view time) {
     static constexpr std::size_t kLongestHeading = 40;
     if (paragraph.text.size() > kLongestHeading) return false;
-    std::string small = paragraph.text;
-    std::transform(small.begin(), small.end(), small.begin(),
-                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
+    const std::string small = LowerCased(paragraph.text);
     return small.find(time) != std::string::npos && small.find_first_of(".;!?") >= small.size() - 1;
 }
 

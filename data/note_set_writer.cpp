@@ -31,7 +31,7 @@ static void EncodeNotes(const NoteTexts& notes, std::string& index, std::string&
 }
 
 std::vector<DataFile> EncodeNoteSet(const std::string& name, const NoteTexts& notes, const DevotionalTable* readings) {
-    DataFile index{name + ".nmi", {}}, data{name + ".nmd", {}}, table{name + ".dti", {}};
+    DataFile index{name + kIndexEnding, {}}, data{name + kDataEnding, {}}, table{name + kTableEnding, {}};
     EncodeNotes(notes, index.bytes, data.bytes);
     if (readings == nullptr) return {data, index};
     for (const int verse : *readings) AppendNumber(table.bytes, static_cast<unsigned>(verse), 4);

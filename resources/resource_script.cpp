@@ -15,7 +15,7 @@ struct Statement {
 };
 
 // State of the parser.
-struct Reading {
+struct ScriptParser {
     const IdTable& ids;
     std::string madeFolder;
     ResourceScript& script;
@@ -102,33 +102,33 @@ static std::string KeyName(const std::string& key) {
     return key.starts_with("VK_") ? key.substr(3) : key;
 }
 
-static void ReadAccelerator(Reading& reading, const Statement& statement) {
+static void ReadAccelerator(ScriptParser& parser, const Statement& statement) {
     std::string key;
     for (const auto& [style, shown] :
          {std::pair("CONTROL", "Ctrl+"), std::pair("ALT", "Alt+"), std::pair("SHIFT", "Shift+")})
         for (std::size_t i = 2; i < statement.fields.size(); ++i)
             if (statement.fields[i] == style) key += shown;
-    reading.script.accelerators.push_back(
-        {.key = key + KeyName(statement.fields[0]), .command = Number(reading.ids, statement.fields[1])});
+    parser.script.accelerators.push_back(
+        {.key = key + KeyName(statement.fields[0]), .command = Number(parser.ids, statement.fields[1])});
 }
 
-static void OpenPopup(Reading& reading, const std::string& text) {
-    if (reading.popups.empty()) reading.script.bar.push_back(text);
-    reading.popups.push_back(text);
+static void OpenPopup(ScriptParser& parser, const std::string& text) {
+    if (parser.popups.empty()) parser.script.bar.push_back(text);
+    parser.popups.push_back(text);
     std::string path;
-    for (const std::string& popup : reading.popups) path += (path.empty() ? "" : "/") + popup;
-    reading.script.popups.push_back(path);
+    for (const std::string& popup : parser.popups) path += (path.empty() ? "" : "/") + popup;
+    parser.script.popups.push_back(path);
 }
 
-static void ReadMenuLine(Reading& reading, const Statement& statement) {
+static void ReadMenuLine(ScriptParser& parser, const Statement& statement) {
     if (statement.verb == "POPUP") {
-        OpenPopup(reading, statement.fields.at(0));
+        OpenPopup(parser, statement.fields.at(0));
     } else if (statement.verb == "MENUITEM") {
         if (statement.fields.at(0) == "SEPARATOR") return;
-        reading.script.menu.push_back({.popups = reading.popups,
-                                       .text = statement.fields[0],
-                                       .command = Number(reading.ids, statement.fields.at(1)),
-                                       .newColumn = statement.fields.size() > 2});
+        parser.script.menu.push_back({.popups = parser.popups,
+                                      .text = statement.fields[0],
+                                      .command = Number(parser.ids, statement.fields.at(1)),
+                                      .newColumn = statement.fields.size() > 2});
     } else {
         throw std::runtime_error("not a line of a menu: " + statement.verb);
     }
@@ -152,73 +152,74 @@ static DialogControl ControlOf(const IdTable& ids, const Statement& statement) {
     return control;
 }
 
-static void ReadDialogLine(Reading& reading, const Statement& statement, const std::string& line) {
-    DialogScript& dialog = reading.script.dialogs.back();
+static void ReadDialogLine(ScriptParser& parser, const Statement& statement, const std::string& line) {
+    DialogScript& dialog = parser.script.dialogs.back();
     if (statement.verb == "STYLE")
         dialog.styles = line.substr(6);
     else if (statement.verb == "CAPTION")
         dialog.title = statement.fields.at(0);
     else if (statement.verb != "EXSTYLE" && statement.verb != "FONT")
-        dialog.controls.push_back(ControlOf(reading.ids, statement));
+        dialog.controls.push_back(ControlOf(parser.ids, statement));
 }
 
 // NAME MENU, NAME ACCELERATORS, NAME DIALOGEX 0, 0, w, h
-static void OpenBlock(Reading& reading, const Statement& statement) {
+static void OpenBlock(ScriptParser& parser, const Statement& statement) {
     std::istringstream words(statement.fields.at(0));
-    words >> reading.block;
-    if (reading.block == "DIALOGEX")
-        reading.script.dialogs.push_back({.name = statement.verb,
-                                          .title = "",
-                                          .width = std::stoi(statement.fields.at(2)),
-                                          .height = std::stoi(statement.fields.at(3)),
-                                          .styles = "",
-                                          .controls = {}});
+    words >> parser.block;
+    if (parser.block == "DIALOGEX")
+        parser.script.dialogs.push_back({.name = statement.verb,
+                                         .title = "",
+                                         .width = std::stoi(statement.fields.at(2)),
+                                         .height = std::stoi(statement.fields.at(3)),
+                                         .styles = "",
+                                         .controls = {}});
 }
 
-static void Close(Reading& reading) {
-    --reading.depth;
-    if (!reading.popups.empty()) reading.popups.pop_back();
-    if (reading.depth == 0) reading.block.clear();
+static void Close(ScriptParser& parser) {
+    --parser.depth;
+    if (!parser.popups.empty()) parser.popups.pop_back();
+    if (parser.depth == 0) parser.block.clear();
 }
 
-static void ReadLines(Reading& reading, const std::string& path);
+static void ReadLines(ScriptParser& parser, const std::string& path);
 
-static void Follow(Reading& reading, const std::string& path, const std::string& line) {
+static void Follow(ScriptParser& parser, const std::string& path, const std::string& line) {
     const std::size_t start = line.find('"');
     if (start == std::string::npos) return;
     const std::string name = line.substr(start + 1, line.rfind('"') - start - 1);
-    for (const std::string& folder : {std::filesystem::path(path).parent_path().string(), reading.madeFolder})
-        if (std::filesystem::exists(folder + "/" + name)) return ReadLines(reading, folder + "/" + name);
+    for (const std::string& folder : {std::filesystem::path(path).parent_path().string(), parser.madeFolder})
+        if (std::filesystem::exists(folder + "/" + name)) return ReadLines(parser, folder + "/" + name);
 }
 
-static void ReadLine(Reading& reading, const std::string& path, const std::string& line) {
+static void ReadLine(ScriptParser& parser, const std::string& path, const std::string& line) {
     if (line.empty() || line.starts_with("//")) return;
-    if (line.starts_with("#include")) return Follow(reading, path, line);
+    if (line.starts_with("#include")) return Follow(parser, path, line);
     if (line == "BEGIN") {
-        ++reading.depth;
+        ++parser.depth;
         return;
     }
-    if (line == "END") return Close(reading);
+    if (line == "END") return Close(parser);
 
     const Statement statement = StatementOf(line);
-    if (reading.block.empty())
-        OpenBlock(reading, statement);
-    else if (reading.block == "MENU")
-        ReadMenuLine(reading, statement);
-    else if (reading.block == "ACCELERATORS")
-        ReadAccelerator(reading, statement);
+    if (parser.block.empty())
+        OpenBlock(parser, statement);
+    else if (parser.block == "MENU")
+        ReadMenuLine(parser, statement);
+    else if (parser.block == "ACCELERATORS")
+        ReadAccelerator(parser, statement);
     else
-        ReadDialogLine(reading, statement, line);
+        ReadDialogLine(parser, statement, line);
 }
 
-static void ReadLines(Reading& reading, const std::string& path) {
+static void ReadLines(ScriptParser& parser, const std::string& path) {
     std::istringstream lines(FileText(path));
-    for (std::string line; std::getline(lines, line);) ReadLine(reading, path, Trimmed(line));
+    for (std::string line; std::getline(lines, line);) ReadLine(parser, path, Trimmed(line));
 }
 
 void ReadScript(const std::string& path, const std::string& madeFolder, const IdTable& ids, ResourceScript& script) {
-    Reading reading = {.ids = ids, .madeFolder = madeFolder, .script = script, .block = "", .popups = {}, .depth = 0};
-    ReadLines(reading, path);
+    ScriptParser parser = {
+        .ids = ids, .madeFolder = madeFolder, .script = script, .block = "", .popups = {}, .depth = 0};
+    ReadLines(parser, path);
 }
 
 char AccessKey(std::string_view text) {
