@@ -30,7 +30,10 @@ TEST(CommandFacts, HaveOneBitEach) {
 }
 
 TEST(CommandFacts, HaveTheirValuesAtTheStart) {
-    EXPECT_EQ(FactsOf(State{}), kNotEditing | kItalicShown | kListShown | kPassageShown | kNotesShown | kToolbarShown);
+    constexpr unsigned kAtStart = kNotEditing | kItalicShown | kListShown | kPassageShown | kNotesShown | kToolbarShown;
+    const State state;
+    EXPECT_EQ(FactsOf(state), kAtStart);
+    EXPECT_EQ(FactsOf(FactSources{state.list, state.selection, state.reading, state.shown}), kAtStart);
 }
 
 TEST(CommandFacts, DependOnEachSource) {

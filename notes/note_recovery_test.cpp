@@ -31,6 +31,18 @@ static Opened Open(FakeNoteFiles& files) {
     return opened;
 }
 
+// The scan looks at blocks of 64 bytes, eight at a time.
+TEST(AddPlaces, FindsANulAtEachOffset) {
+    for (std::uint32_t offset = 0; offset < 130; ++offset) {
+        Bytes bytes(130, 0xFF);
+        bytes[offset] = 0;
+        NotePlaces places;
+        AddPlaces(places, bytes);
+        EXPECT_EQ(places.ends, 1u) << offset;
+        EXPECT_THAT(places.offsets, ElementsAre(0u, offset + 1));
+    }
+}
+
 // ---- Files that are not changed -------------------------------------------------------------------------------------
 
 TEST(OpenNoteSets, DoesNotChangeValidFiles) {

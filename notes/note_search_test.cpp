@@ -45,6 +45,15 @@ static NoteQuery Capitals(const std::string& text, bool substrings = false) {
     return {InCapitals(AsciiLetters(), text), false, substrings, {}};
 }
 
+TEST(AsciiLetters, GiveCapitalsToTheLettersAlone) {
+    std::string bytes, expected;
+    for (int byte = 0; byte < 256; ++byte) {
+        bytes.push_back(static_cast<char>(byte));
+        expected.push_back(static_cast<char>(byte >= 'a' && byte <= 'z' ? byte - 32 : byte));
+    }
+    EXPECT_EQ(InCapitals(AsciiLetters(), bytes), expected);
+}
+
 TEST(NoteSearch, DistinguishesWordsFromSubstrings) {
     static constexpr struct {
         const char* note;

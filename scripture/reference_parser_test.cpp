@@ -182,6 +182,8 @@ TEST(ParseRange, ReadsTheSecondHalf) {
         {"Ge - Xyz", nullptr, nullptr, "Ge - Xyz"},
         {"Ge 1:1 - 0", nullptr, nullptr, "Ge 1:1- 0"},
         {"Xyz - Ge", nullptr, nullptr, "Xyz - Ge"},
+        {"Ex 0 - Le", nullptr, nullptr, "Ex 0 - Le"},
+        {"Ex 1:0 - 2:3", nullptr, nullptr, "Ex 1:0 - 2:3"},
     };
     ExpectRanges(kRows);
 }
