@@ -106,3 +106,32 @@ TEST(ScrolledTo, EmptyPaneDoesNotMove) {
          {ScrollCode::kLineUp, ScrollCode::kLineDown, ScrollCode::kPageUp, ScrollCode::kPageDown, ScrollCode::kThumb})
         EXPECT_EQ(ScrolledTo({0, -1, -1}, code, 7, neverCalled), 0);
 }
+
+TEST(WheelSteps, AddUpFractionsOfANotch) {
+    int rest = 0;
+    EXPECT_EQ(WheelSteps(120, 3, rest), 3);
+    EXPECT_EQ(WheelSteps(-240, 1, rest), -2);
+    EXPECT_EQ(rest, 0);
+    EXPECT_EQ(WheelSteps(30, 3, rest), 0);
+    EXPECT_EQ(rest, 90);
+    EXPECT_EQ(WheelSteps(30, 3, rest), 1);
+    EXPECT_EQ(rest, 60);
+    EXPECT_EQ(WheelSteps(230, 1, rest), 2);
+    EXPECT_EQ(rest, 50);
+}
+
+TEST(WheelSteps, DropTheRestWhenTheWheelTurnsBack) {
+    int rest = 0;
+    EXPECT_EQ(WheelSteps(100, 1, rest), 0);
+    EXPECT_EQ(WheelSteps(-100, 1, rest), 0);
+    EXPECT_EQ(rest, -100);
+    EXPECT_EQ(WheelSteps(-20, 1, rest), -1);
+    EXPECT_EQ(WheelSteps(119, 1, rest), 0);
+    EXPECT_EQ(rest, 119);
+}
+
+TEST(WheelSteps, AreNoneWhereANotchIsWorthNothing) {
+    int rest = 0;
+    EXPECT_EQ(WheelSteps(1200, 0, rest), 0);
+    EXPECT_EQ(rest, 0);
+}
