@@ -59,7 +59,7 @@ TEST(Backup, IsKeptForTheLastTenDaysWithChanges) {
     FakeNoteFiles files;
     AddFakeSet(files, "a", {});
     for (const char* other : {"a 2024-01-01 2024-01-01", "b 2024-01-01", "a 2024-1-1", "a copy", "ab 2024-01-01",
-                              "a 2024-01-0x", "a 2024-01-0 ", "a 2024/01/01"})
+                              "a 2024-01-0x", "a 2024-01-0 ", "a 2024/01/01", "b 2025-03-01"})
         files.contents[std::string("backup/") + other + ".nmd"] = {0};
     const std::vector<std::string> others = Backups(files);
     NoteSets notes = SetsOf(files);
