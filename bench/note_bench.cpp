@@ -120,7 +120,7 @@ static void SaveMiddle(const NoteFiles& files, NoteSets& notes, std::string& tex
     const SaveVoice voice = {nullptr, [](void*, SaveNotice, const std::string&) { return false; }};
     SelectStoredNote(notes, 0, kVerseCount / 2);
     text.push_back('x');
-    if (SaveNote(files, voice, notes, text, "2024-12-31") != NoteSaveResult::kSaved) std::abort();
+    if (SaveNote(files, voice, notes, text, {"2024-12-31", 1735603200}) != NoteSaveResult::kSaved) std::abort();
 }
 
 static constexpr int kMoves = 2000;

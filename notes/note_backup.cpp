@@ -3,38 +3,10 @@
 #include <algorithm>
 #include <functional>
 
-#include "notes/note_places.h"
+#include "notes/whole_files.h"
 #include "scripture/letters.h"
 
-static constexpr char kBackupFolder[] = "backup";
 static constexpr std::size_t kBackupDays = 10;
-
-static constexpr std::size_t kCopyPiece = std::size_t{1} << 20;
-
-static bool CopyBytes(const NoteFiles& files, void* from, void* to) {
-    std::vector<unsigned char> piece(kCopyPiece);
-    std::uint64_t place = 0;
-    for (std::size_t read = kCopyPiece; read == kCopyPiece; place += read) {
-        read = files.readAt(files.device, from, place, piece);
-        if (!files.write(files.device, to, std::span(piece).first(read))) return false;
-    }
-    return files.flush(files.device, to);
-}
-
-// Writes to a temporary name and renames the copy once it is complete.
-static bool CopyFileAs(const NoteFiles& files, const std::string& from, const std::string& to) {
-    const std::string unfinished = to + kTempEnding;
-    OwnedNoteFile source = OpenNoteFile(files, from);
-    if (!source) return false;
-    OwnedNoteFile target = CreateNoteFileAnew(files, unfinished);
-    if (!target) return false;
-    const bool copied = CopyBytes(files, source.get(), target.get());
-    source.reset();
-    target.reset();
-    if (copied && files.rename(files.device, unfinished, to)) return true;
-    files.remove(files.device, unfinished);
-    return false;
-}
 
 static bool IsDate(const std::string& text) {
     static constexpr char kForm[] = "dddd-dd-dd";
@@ -75,8 +47,8 @@ void KeepBackup(const NoteFiles& files, const NoteSet& set, const std::string& t
     // The index file is copied, not linked, because saves overwrite it in place. It is copied before the data file,
     // because a backup that has a data file is taken to be complete.
     files.remove(files.device, name + kIndexEnding);
-    CopyFileAs(files, IndexFileName(set), name + kIndexEnding);
+    CopyWholeFile(files, IndexFileName(set), name + kIndexEnding);
     if (!files.link(files.device, set.dataFileName, name + kDataEnding))
-        CopyFileAs(files, set.dataFileName, name + kDataEnding);
+        CopyWholeFile(files, set.dataFileName, name + kDataEnding);
     RemoveOldBackups(files, setName);
 }

@@ -15,7 +15,7 @@ static bool SayYes(void*, SaveNotice, const std::string&) {
 }
 
 static void SaveOn(FakeNoteFiles& files, NoteSets& notes, const std::string& day, const std::string& text) {
-    EXPECT_EQ(SaveNote(DeviceOver(files), {nullptr, SayYes}, notes, text, day), NoteSaveResult::kSaved);
+    EXPECT_EQ(SaveNote(DeviceOver(files), {nullptr, SayYes}, notes, text, {day, 1735603200}), NoteSaveResult::kSaved);
     EXPECT_EQ(files.openFiles, 0);
 }
 
@@ -125,6 +125,7 @@ TEST(Backup, IsNotMadeForAFailedSave) {
     AddFakeSet(files, "a", {});
     NoteSets notes = SetsOf(files);
     files.room = 5;
-    EXPECT_EQ(SaveNote(DeviceOver(files), {nullptr, SayYes}, notes, "new", "2024-12-31"), NoteSaveResult::kFailed);
+    EXPECT_EQ(SaveNote(DeviceOver(files), {nullptr, SayYes}, notes, "new", {"2024-12-31", 1735603200}),
+              NoteSaveResult::kFailed);
     EXPECT_THAT(Backups(files), IsEmpty());
 }

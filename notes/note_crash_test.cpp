@@ -47,7 +47,8 @@ static bool SaveUntilItStops(FakeNoteFiles& files, const Edit& edit, std::int64_
     files.steps = steps;
     bool ended = true;
     try {
-        EXPECT_EQ(SaveNote(DeviceOver(files), voice, notes, edit.after, "2024-12-31"), NoteSaveResult::kSaved);
+        EXPECT_EQ(SaveNote(DeviceOver(files), voice, notes, edit.after, {"2024-12-31", 1735603200}),
+                  NoteSaveResult::kSaved);
     } catch (const ProgramStopped&) {
         ended = false;
     }

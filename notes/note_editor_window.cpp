@@ -1,8 +1,6 @@
 #include "notes/note_editor_window.h"
 
 #include <algorithm>
-#include <array>
-#include <cstdio>
 #include <iterator>
 
 #include "notes/note_files_win32.h"
@@ -94,19 +92,11 @@ static bool Tell(void* device, SaveNotice notice, const std::string& text) {
     return answer != IDCANCEL;
 }
 
-static std::string Today() {
-    SYSTEMTIME now{};
-    GetLocalTime(&now);
-    std::array<char, 16> text{};
-    std::snprintf(text.data(), text.size(), "%04u-%02u-%02u", now.wYear % 10000u, now.wMonth % 100u, now.wDay % 100u);
-    return text.data();
-}
-
 // Shows the wait cursor and captures the mouse for the frame while saving.
 static NoteSaveResult SaveCurrentNote(std::string_view text) {
     const HWND frame = Frame();
     WaitCursor wait{frame, BeginWait(frame)};
-    const NoteSaveResult result = SaveNote(TheNoteFiles(), {&wait, Tell}, theNoteSets, text, Today());
+    const NoteSaveResult result = SaveNote(TheNoteFiles(), {&wait, Tell}, theNoteSets, text, NoteTimeNow());
     EndWait(wait.before);
     return result;
 }

@@ -17,6 +17,11 @@ inline constexpr char kIndexEnding[] = ".nmi";
 inline constexpr char kTableEnding[] = ".dti";
 inline constexpr char kTempEnding[] = ".temp";
 
+// The folder of the backups (notes/note_backup.h) and of the earlier notes (notes/note_history.h), which are in
+// "backup/NAME.nmh".
+inline constexpr char kBackupFolder[] = "backup";
+inline constexpr char kHistoryEnding[] = ".nmh";
+
 // Used to detect changes of a file: its size in bytes and the time of its last write, in units of the device.
 struct NoteFileStamp {
     bool exists = false;
@@ -53,6 +58,13 @@ struct NoteFiles {
 
     // False if `from` does not exist or `to` does.
     bool (*rename)(void* device, const std::string& from, const std::string& to) = nullptr;
+
+    // Renames `from` to `to` in one step; an existing `to` is replaced. False if neither file has changed.
+    bool (*replace)(void* device, const std::string& from, const std::string& to) = nullptr;
+
+    // Writes `bytes` behind the last byte of `name`, which is created if it is missing, and flushes it to the disk.
+    // False if not all of them were written; then any number of them may be there.
+    bool (*append)(void* device, const std::string& name, std::span<const unsigned char> bytes) = nullptr;
 
     // Creates the hard link `to` to the file `from`. False if `to` exists or the file system has no hard links.
     bool (*link)(void* device, const std::string& from, const std::string& to) = nullptr;

@@ -1,5 +1,8 @@
 #include "notes/note_files_win32.h"
 
+#include <array>
+#include <cstdio>
+
 #include "win32/files.h"
 
 NoteSets theNoteSets;
@@ -96,18 +99,34 @@ static bool Remove(void* device, const std::string& name) {
 }
 
 // Retries because an indexer or a virus scanner may have the file open for a moment.
-static bool Rename(void* device, const std::string& from, const std::string& to) {
+static bool Move(void* device, const std::string& from, const std::string& to, DWORD flags) {
     static constexpr int kTries = 5;
     static constexpr DWORD kPause = 40;  // milliseconds
     const std::string fromPath = PathOf(device, from);
     const std::string toPath = PathOf(device, to);
-    for (int tries = 1; !MoveFileExA(fromPath.c_str(), toPath.c_str(), MOVEFILE_WRITE_THROUGH); ++tries) {
+    for (int tries = 1; !MoveFileExA(fromPath.c_str(), toPath.c_str(), flags | MOVEFILE_WRITE_THROUGH); ++tries) {
         const DWORD error = GetLastError();
         const bool isInUse = error == ERROR_ACCESS_DENIED || error == ERROR_SHARING_VIOLATION;
         if (tries == kTries || !isInUse) return false;
         Sleep(kPause);
     }
     return true;
+}
+
+static bool Rename(void* device, const std::string& from, const std::string& to) {
+    return Move(device, from, to, 0);
+}
+
+static bool Replace(void* device, const std::string& from, const std::string& to) {
+    return Move(device, from, to, MOVEFILE_REPLACE_EXISTING);
+}
+
+static bool Append(void* device, const std::string& name, std::span<const unsigned char> bytes) {
+    const HANDLE file = CreateFileA(PathOf(device, name).c_str(), FILE_APPEND_DATA, 0, nullptr, OPEN_ALWAYS,
+                                    FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (file == INVALID_HANDLE_VALUE) return false;
+    const OwnedFile owned(file);
+    return Write(device, file, bytes) && FlushFileBuffers(file);
 }
 
 static bool Link(void* device, const std::string& from, const std::string& to) {
@@ -154,6 +173,8 @@ const NoteFiles& TheNoteFiles() {
         .create = Create,
         .remove = Remove,
         .rename = Rename,
+        .replace = Replace,
+        .append = Append,
         .link = Link,
         .makeFolder = MakeFolder,
         .open = Open,
@@ -164,4 +185,27 @@ const NoteFiles& TheNoteFiles() {
         .close = Close,
     };
     return files;
+}
+
+// ---- The time -------------------------------------------------------------------------------------------------------
+
+static std::string LocalDay() {
+    SYSTEMTIME now{};
+    GetLocalTime(&now);
+    std::array<char, 16> text{};
+    std::snprintf(text.data(), text.size(), "%04u-%02u-%02u", now.wYear % 10000u, now.wMonth % 100u, now.wDay % 100u);
+    return text.data();
+}
+
+// A FILETIME counts tenths of a microsecond since 1601.
+static std::int64_t SecondsSince1970() {
+    static constexpr std::uint64_t kSecond = 10'000'000;
+    static constexpr std::int64_t kFrom1601To1970 = 11'644'473'600;
+    FILETIME now{};
+    GetSystemTimeAsFileTime(&now);
+    return static_cast<std::int64_t>(Joined(now.dwHighDateTime, now.dwLowDateTime) / kSecond) - kFrom1601To1970;
+}
+
+NoteTime NoteTimeNow() {
+    return {LocalDay(), SecondsSince1970()};
 }

@@ -302,7 +302,7 @@ TEST(OpenNoteSets, OpensADamagedSetReadOnly) {
         EXPECT_THAT(opened.result.report, HasSubstr(row.said));
         SelectStoredNote(opened.notes, place, 0);
         EXPECT_EQ(SaveNote(DeviceOver(files), {nullptr, [](void*, SaveNotice, const std::string&) { return true; }},
-                           opened.notes, "new", "2024-12-31"),
+                           opened.notes, "new", {"2024-12-31", 1735603200}),
                   NoteSaveResult::kStopped);
         EXPECT_TRUE(files.contents == before);
     }

@@ -189,10 +189,10 @@ static NoteSaveResult Fail(Save& save, SaveNotice notice) {
 }
 
 // Failures of the backup and the index are ignored: the next start rebuilds the index.
-static NoteSaveResult PutInPlace(Save& save, const std::string& today) {
+static NoteSaveResult PutInPlace(Save& save, const NoteTime& now) {
     const NoteFiles& files = save.files;
     NoteSet& set = save.set;
-    WithMemory([&] { KeepBackup(files, set, today); });
+    WithMemory([&] { KeepBackup(files, set, now.day); });
     if (!files.remove(files.device, set.dataFileName)) {
         Tell(save, SaveNotice::kCannotDelete);
         return NoteSaveResult::kFailed;
@@ -232,7 +232,7 @@ static Step MakeTemp(Save& save) {
     return Step::kStopped;
 }
 
-static NoteSaveResult SaveInto(Save& save, const std::string& today) {
+static NoteSaveResult SaveInto(Save& save, const NoteTime& now) {
     Step step = Step::kNoMemory;
     WithMemory([&] { step = MakeTemp(save); });
     switch (step) {
@@ -245,7 +245,7 @@ static NoteSaveResult SaveInto(Save& save, const std::string& today) {
     }
     ShiftOffsets(save);
     CloseBoth(save);
-    return PutInPlace(save, today);
+    return PutInPlace(save, now);
 }
 
 static std::string_view CutToNote(std::string_view text) {
@@ -253,7 +253,7 @@ static std::string_view CutToNote(std::string_view text) {
 }
 
 NoteSaveResult SaveNote(const NoteFiles& files, const SaveVoice& voice, NoteSets& notes, std::string_view text,
-                        const std::string& today) {
+                        const NoteTime& now) {
     assert(CurrentSet(notes) != nullptr);
     NoteSet& set = *CurrentSet(notes);
     Save save{files, voice, set, static_cast<std::size_t>(ClampVerse(notes.currentVerse)), CutToNote(text)};
@@ -261,7 +261,7 @@ NoteSaveResult SaveNote(const NoteFiles& files, const SaveVoice& voice, NoteSets
         Tell(save, SaveNotice::kNotWhole);
         return NoteSaveResult::kStopped;
     }
-    const NoteSaveResult result = SaveInto(save, today);
+    const NoteSaveResult result = SaveInto(save, now);
     if (result == NoteSaveResult::kSaved) WithMemory([&] { notes.noteText = save.text; });
     return result;
 }

@@ -17,6 +17,7 @@
 #include <string_view>
 
 #include "notes/note_sets.h"
+#include "notes/note_time.h"
 
 inline constexpr std::size_t kNoteTextLimit = 65533;  // characters; with its NUL a note has 65,534 bytes
 
@@ -46,14 +47,14 @@ enum class NoteSaveResult {
 };
 
 // Saves `text` (up to its first NUL, cut to kNoteTextLimit characters) as the note of the current verse in the current
-// set. `today` ("2024-12-31", local) dates the backup. The offsets of the set change only after all notes are on the
+// set. `now` dates the backup and the earlier notes. The offsets of the set change only after all notes are on the
 // disk. For a read-only set only kNotWhole is reported. There must be a current set.
 //
 // If the data file cannot be opened, Retry does not try again: as with every failure up to the last write, the save
 // ends with kCannotWrite. If the old file cannot be deleted, the offsets in memory are already those of the temporary
 // file, which contains the note.
 NoteSaveResult SaveNote(const NoteFiles& files, const SaveVoice& voice, NoteSets& notes, std::string_view text,
-                        const std::string& today);
+                        const NoteTime& now);
 
 // `text` up to its first NUL with every line end converted to CR LF, cut to `room` characters but never inside a line
 // end.

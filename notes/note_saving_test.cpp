@@ -45,7 +45,7 @@ static std::unique_ptr<Desk> DeskWith(const std::map<int, std::string>& notes, i
 }
 
 static NoteSaveResult SaveAt(Desk& desk, std::string_view text) {
-    const NoteSaveResult result = SaveNote(DeviceOver(desk.files), desk.voice, desk.notes, text, kToday);
+    const NoteSaveResult result = SaveNote(DeviceOver(desk.files), desk.voice, desk.notes, text, {kToday, 1735603200});
     EXPECT_EQ(desk.files.openFiles, 0);
     return result;
 }

@@ -110,6 +110,19 @@ static bool Rename(void* device, const std::string& from, const std::string& to)
     return true;
 }
 
+static bool Replace(void* device, const std::string& from, const std::string& to) {
+    FakeNoteFiles& files = FilesOf(device);
+    files.log.push_back("replace " + to + " by " + from);
+    if (!files.contents.contains(from) || files.unrenamable.contains(from) || files.undeletable.contains(to))
+        return false;
+    TakeStep(files);
+    files.unflushed.erase(to);
+    GiveName(files, from, to);
+    files.contents.erase(from);
+    files.unflushed.erase(from);
+    return true;
+}
+
 static bool Link(void* device, const std::string& from, const std::string& to) {
     FakeNoteFiles& files = FilesOf(device);
     files.log.push_back("link " + from + " to " + to);
@@ -159,36 +172,50 @@ static std::size_t ReadAt(void* device, void* file, std::uint64_t offset, std::s
     return BytesAt(FilesOf(device).contents[NameOf(file)], offset, bytes);
 }
 
-static void Append(FakeNoteFiles& files, const std::string& name, std::span<const unsigned char> bytes) {
+static void AddBytes(FakeNoteFiles& files, const std::string& name, std::span<const unsigned char> bytes) {
     files.contents[name].insert(files.contents[name].end(), bytes.begin(), bytes.end());
     files.unflushed.insert(name);
     Touch(files, name);
 }
 
 // The program may stop before the first byte, after it, half-way and before the last byte.
-static bool Write(void* device, void* file, std::span<const unsigned char> bytes) {
-    FakeNoteFiles& files = FilesOf(device);
-    const std::string& name = NameOf(file);
-    files.log.push_back("write " + name + " " + std::to_string(bytes.size()));
+static bool WriteBehind(FakeNoteFiles& files, const std::string& name, std::span<const unsigned char> bytes) {
     const auto fitting = files.room < 0 ? bytes.size() : std::min(bytes.size(), static_cast<std::size_t>(files.room));
     if (files.room >= 0) files.room -= static_cast<std::int64_t>(fitting);
     std::size_t written = 0;
     for (const std::size_t stop :
          {std::size_t{0}, std::size_t{1}, fitting / 2, fitting - std::min<std::size_t>(1, fitting), fitting}) {
         if (stop > fitting || stop < written) continue;
-        Append(files, name, bytes.subspan(written, stop - written));
+        AddBytes(files, name, bytes.subspan(written, stop - written));
         written = stop;
         TakeStep(files);
     }
     return fitting == bytes.size();
 }
 
-static bool Flush(void* device, void* file) {
+static bool Write(void* device, void* file, std::span<const unsigned char> bytes) {
     FakeNoteFiles& files = FilesOf(device);
-    files.log.push_back("flush " + NameOf(file));
+    files.log.push_back("write " + NameOf(file) + " " + std::to_string(bytes.size()));
+    return WriteBehind(files, NameOf(file), bytes);
+}
+
+static bool FlushFile(FakeNoteFiles& files, const std::string& name) {
     TakeStep(files);
-    if (files.isFlushable) files.unflushed.erase(NameOf(file));
+    if (files.isFlushable) files.unflushed.erase(name);
     return files.isFlushable;
+}
+
+static bool Flush(void* device, void* file) {
+    FilesOf(device).log.push_back("flush " + NameOf(file));
+    return FlushFile(FilesOf(device), NameOf(file));
+}
+
+static bool Append(void* device, const std::string& name, std::span<const unsigned char> bytes) {
+    FakeNoteFiles& files = FilesOf(device);
+    files.log.push_back("append " + name + " " + std::to_string(bytes.size()));
+    if (files.unreadable.contains(name) || (!files.contents.contains(name) && files.uncreatable.contains(name)))
+        return false;
+    return WriteBehind(files, name, bytes) && FlushFile(files, name);
 }
 
 static void Close(void* device, void* file) {
@@ -205,6 +232,8 @@ NoteFiles DeviceOver(FakeNoteFiles& files) {
             .create = Create,
             .remove = Remove,
             .rename = Rename,
+            .replace = Replace,
+            .append = Append,
             .link = Link,
             .makeFolder = MakeFolder,
             .open = Open,

@@ -128,6 +128,19 @@ static bool Rename(void* device, const std::string& from, const std::string& to)
     return !Stamp(device, to).exists && rename(PathOf(device, from).c_str(), PathOf(device, to).c_str()) == 0;
 }
 
+static bool Replace(void* device, const std::string& from, const std::string& to) {
+    TakeStep(device);
+    return rename(PathOf(device, from).c_str(), PathOf(device, to).c_str()) == 0;
+}
+
+static bool Append(void* device, const std::string& name, std::span<const unsigned char> bytes) {
+    void* const file = HandleOf(open(PathOf(device, name).c_str(), O_WRONLY | O_CREAT | O_APPEND, 0644));
+    if (file == nullptr) return false;
+    const bool written = Write(device, file, bytes) && Flush(device, file);
+    Close(device, file);
+    return written;
+}
+
 static bool Link(void* device, const std::string& from, const std::string& to) {
     TakeStep(device);
     return link(PathOf(device, from).c_str(), PathOf(device, to).c_str()) == 0;
@@ -149,6 +162,8 @@ NoteFiles DeviceOver(RealNoteFiles& files) {
             .create = Create,
             .remove = Remove,
             .rename = Rename,
+            .replace = Replace,
+            .append = Append,
             .link = Link,
             .makeFolder = MakeFolder,
             .open = Open,

@@ -1,0 +1,55 @@
+// Earlier states of notes: texts that a save replaced, and edits that were never saved.
+//
+// They are in the file "backup/NAME.nmh" of the set NAME. Integers are little-endian, times are seconds since 1970 in
+// UTC:
+//   offset 0    8 bytes   "VWNH", then the version of the format, 1, as a 32-bit integer
+//   then records, oldest first:
+//     4 bytes   size of the rest of the record, from the checksum to the text's last byte
+//     4 bytes   CRC-32 (polynomial EDB88320, as in zlib) of everything behind it in the record
+//     8 bytes   time at which the text was kept
+//     4 bytes   verse index, 0 to 31101
+//     4 bytes   reason (KeptReason)
+//     the text, at most 65,533 bytes of the set's own encoding, without a NUL
+// A record that is torn or does not have its checksum ends the file: it was being written when the program or the
+// system stopped. The next text that is kept takes its place.
+//
+// Kept are all texts of the last 90 days, then the last text of each verse and month, and at most 64 MB for each set:
+// beyond that the oldest ones are dropped. The file is rewritten (notes/whole_files.h) when that drops enough.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "notes/note_files.h"
+
+// Why a text was kept. The numbers are those in the file.
+enum class KeptReason : std::uint32_t {
+    kReplaced = 1,     // a save put another text in its place
+    kNotSaved = 2,     // an edit whose save failed
+    kCancelled = 3,    // an edit that was cancelled
+    kInterrupted = 4,  // an edit that was open when the program ended, and that the user did not continue
+    kDeleted = 5,      // its set was deleted
+    kLeftOver = 6,     // found in the temporary file of a failed save
+    kMerged = 7,       // a merge of two sets put another text in its place
+    kRestored = 8,     // an earlier state of the set took its place
+};
+
+struct EarlierNote {
+    std::int64_t time = 0;  // seconds since 1970, UTC
+    int verse = 0;
+    KeptReason reason = KeptReason::kReplaced;
+    std::string text;  // without NULs; may be empty
+    bool operator==(const EarlierNote&) const = default;
+};
+
+// Appends the texts to the history of the set named `setName`. False if they could not all be written, for example
+// because the disk is full; callers go on in any case. A text that equals the last one of its verse is not kept twice.
+bool KeepEarlierNotes(const NoteFiles& files, const std::string& setName, std::span<const EarlierNote> texts);
+
+// The texts of the verse in the set's history, latest first. Empty if there is no history.
+std::vector<EarlierNote> EarlierNotesOf(const NoteFiles& files, const std::string& setName, int verse);
+
+// All texts of the set's history, oldest first.
+std::vector<EarlierNote> AllEarlierNotes(const NoteFiles& files, const std::string& setName);
