@@ -23,7 +23,7 @@ std::vector<TreeFile> FilesOfTree(const fs::path& root) {
     for (auto entry = fs::recursive_directory_iterator(root); entry != fs::recursive_directory_iterator(); ++entry) {
         const std::string name = entry->path().filename().string();
         if (entry->is_directory() && (name == ".git" || name == "build")) entry.disable_recursion_pending();
-        if (!entry->is_regular_file()) continue;
+        if (!entry->is_regular_file() || name == ".git") continue;  // a file in a worktree of its own
         std::ifstream in(entry->path(), std::ios::binary);
         files.push_back({fs::relative(entry->path(), root).generic_string(),
                          std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>())});
