@@ -12,6 +12,7 @@
 #include "app/passage_commands_win32.h"
 #include "app/print_commands_win32.h"
 #include "app/search_commands_win32.h"
+#include "notes/note_edit_control_win32.h"
 #include "notes/note_editor_window.h"
 #include "notes/notes_window.h"
 #include "passage/passage_window.h"
@@ -172,7 +173,7 @@ unsigned CurrentFacts() {
         .passageFocused = GetFocus() == thePassage.window,
         .notesBound = theNotes.BindNotes != 0,
         .editingNote = IsEditingNote(),
-        .canPaste = theNoteEditor.canPaste,
+        .canPaste = theNoteEdit.canPaste,
     });
 }
 

@@ -1,6 +1,7 @@
 #include "app/frame_commands_win32.h"
 
 #include "app/frame_win32.h"
+#include "notes/note_edit_control_win32.h"
 #include "notes/note_editor_window.h"
 #include "notes/notes_window.h"
 #include "passage/passage_window.h"

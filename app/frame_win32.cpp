@@ -1,5 +1,6 @@
 #include "app/frame_win32.h"
 
+#include "notes/note_edit_control_win32.h"
 #include "notes/note_editor_window.h"
 #include "notes/note_tabs_win32.h"
 #include "notes/notes_window.h"
@@ -86,7 +87,7 @@ static void KeepFocusShown() {
     const HWND focus = GetFocus();
     if (!focus || IsWindowVisible(focus)) return;
     const HWND panes[] = {thePassage.window, theVerseList.window, theVerseList.references, theNotes.view,
-                          theNoteEditor.edit};
+                          theNoteEdit.window};
     for (const HWND pane : panes) {
         if (!IsWindowVisible(pane)) continue;
         SetFocus(pane);

@@ -2,18 +2,19 @@
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
+#include "notes/note_edit_control_win32.h"
 #include "notes/note_files_win32.h"
 #include "notes/note_saving.h"
-#include "pane/selection_win32.h"
+#include "notes/note_source.h"
+#include "notes/note_tabs_win32.h"
 #include "resources/help_topics.h"
 #include "resources/ids.h"
 #include "scripture/scripture_win32.h"
-#include "win32/clipboard.h"
 #include "win32/controls.h"
 #include "win32/help_viewer.h"
 #include "win32/panes.h"
-#include "win32/plain_text.h"
 #include "win32/screen.h"
 
 static constexpr char kNoteEditorClass[] = "NOTEEDIT";
@@ -38,11 +39,6 @@ bool IsEditingNote() {
 
 // ---- Opening and closing ------------------------------------------------------------------------------------------
 
-static void FillEditor(const std::string& note) {
-    SetPlainText(theNoteEditor.edit, note.substr(0, kNoteTextLimit));
-    SendMessageA(theNoteEditor.edit, EM_EXLIMITTEXT, 0, kNoteTextLimit);
-}
-
 static void OpenNote() {
     std::string note;
     theNoteEditor.editing = true;
@@ -51,16 +47,62 @@ static void OpenNote() {
         Complain(Frame(), kCannotReadNote);
         return;
     }
-    FillEditor(note);
+    FillNoteEdit(note);
+    theNoteEditor.openedOn = std::move(note);
+    ++theNoteEditor.changes;
     RefreshFrame();
     InvalidateRect(theNoteEditor.window, nullptr, TRUE);
-    SetFocus(theNoteEditor.edit);
+    SetFocus(theNoteEdit.window);
 }
 
 static void CloseEditor() {
     theNoteEditor.editing = false;
-    FillEditor("");
+    FillNoteEdit("");
+    theNoteEditor.openedOn.clear();
+    ++theNoteEditor.changes;
     SendCommand(Frame(), IDM_END_EDITING);
+}
+
+// ---- The draft ----------------------------------------------------------------------------------------------------
+
+static std::string NameOfCurrentSet() {
+    return NoteSetName(*CurrentSet(theNoteSets));
+}
+
+unsigned EditorChanges() {
+    return theNoteEditor.changes;
+}
+
+std::optional<NoteDraft> DraftInEditor() {
+    if (!theNoteEditor.editing) return std::nullopt;
+    NoteDraft draft{NameOfCurrentSet(), theNoteSets.currentVerse, theNoteEditor.openedOn, TextInNoteEdit()};
+    if (draft.text == draft.openedOn) return std::nullopt;
+    return draft;
+}
+
+// Chooses the set and the verse like a click on the set's tab.
+static void ShowNoteOf(int set, int verse) {
+    SelectSet(theNoteSets, set);
+    theNoteSets.currentVerse = ClampVerse(verse);
+    SelectNoteTab(set);
+    NMHDR chosen{theNoteTabs.window, IDC_NOTE_TABS, static_cast<UINT>(TCN_SELCHANGE)};
+    SendMessageA(Frame(), WM_NOTIFY, IDC_NOTE_TABS, reinterpret_cast<LPARAM>(&chosen));
+}
+
+static bool OpenNoteOf(const NoteDraft& draft) {
+    const auto set = std::ranges::find(theNoteSets.sets, draft.setName, NoteSetName);
+    if (set == theNoteSets.sets.end() || !CanReadNotes(TheNoteFiles(), *set)) return false;
+    ShowNoteOf(static_cast<int>(set - theNoteSets.sets.begin()), draft.verse);
+    SendCommand(Frame(), IDM_EDIT_NOTE);
+    if (theNoteEditor.editing) theNoteEditor.openedOn = draft.openedOn;
+    return theNoteEditor.editing;
+}
+
+bool EditDraft(const NoteDraft& draft) {
+    if (!theNoteEditor.editing && !OpenNoteOf(draft)) return false;
+    if (draft.setName != NameOfCurrentSet() || draft.verse != theNoteSets.currentVerse) return false;
+    RetypeInNoteEdit(draft.text);
+    return true;
 }
 
 // ---- Saving ---------------------------------------------------------------------------------------------------------
@@ -102,7 +144,7 @@ static NoteSaveResult SaveCurrentNote(std::string_view text) {
 }
 
 static bool SaveNote() {
-    const NoteSaveResult result = SaveCurrentNote(PlainText(theNoteEditor.edit));
+    const NoteSaveResult result = SaveCurrentNote(TextInNoteEdit());
     if (result == NoteSaveResult::kSaved) SendCommand(Frame(), IDM_SHOW_SAVED_NOTE);
     if (result != NoteSaveResult::kStopped) CloseEditor();
     return result == NoteSaveResult::kSaved;
@@ -137,60 +179,10 @@ static void Cancel() {
 
 // Asks before discarding changes, because Esc is easily pressed by accident.
 static void Escape() {
-    const bool changed = SendMessageA(theNoteEditor.edit, EM_GETMODIFY, 0, 0) != 0;
-    if (!changed || MayLeaveEditor()) Cancel();
+    if (!DraftInEditor() || MayLeaveEditor()) Cancel();
 }
 
 // ---- Clipboard ----------------------------------------------------------------------------------------------------
-
-static bool HasFocus() {
-    return GetFocus() == theNoteEditor.edit;
-}
-
-static void FollowClipboard() {
-    theNoteEditor.canPaste = HasFocus() && IsClipboardFormatAvailable(CF_TEXT);
-    RefreshFrame();
-}
-
-static std::string SelectionText() {
-    const CHARRANGE range = SelectedPlainText(theNoteEditor.edit);
-    return PlainText(theNoteEditor.edit)
-        .substr(static_cast<std::size_t>(range.cpMin), static_cast<std::size_t>(range.cpMax - range.cpMin));
-}
-
-// The control's own copy would include the text's formatting.
-static bool PutOnClipboard(const std::string& text) {
-    const HeldClipboard clipboard = text.empty() ? nullptr : OpenEmptyClipboard(theNoteEditor.window);
-    return clipboard && PutText(clipboard, text);
-}
-
-void CopyInEditor() {
-    PutOnClipboard(SelectionText());
-    FollowClipboard();
-}
-
-static void ReplaceSelection(const std::string& text) {
-    SendMessageA(theNoteEditor.edit, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(text.c_str()));
-}
-
-void CutInEditor() {
-    if (PutOnClipboard(SelectionText())) ReplaceSelection("");
-    FollowClipboard();
-}
-
-// Text that exceeds the limit is dropped, with a beep.
-static void Insert(std::string_view text) {
-    const CHARRANGE range = SelectedPlainText(theNoteEditor.edit);
-    const auto kept = static_cast<std::size_t>(GetWindowTextLengthA(theNoteEditor.edit) - (range.cpMax - range.cpMin));
-    const std::size_t room = kNoteTextLimit - std::min(kept, kNoteTextLimit);
-    const std::string fitting = TextForNote(text, room);
-    if (fitting.size() < TextForNote(text, text.size() * 2).size()) MessageBeep(MB_OK);
-    ReplaceSelection(fitting);
-}
-
-void PasteInEditor() {
-    Insert(TextOnClipboard(theNoteEditor.window));
-}
 
 static void OnDrawClipboard() {
     if (theNoteEditor.editing) FollowClipboard();
@@ -204,96 +196,6 @@ static void OnChangeCbChain(HWND left, HWND next) {
         SendNotifyMessageA(theNoteEditor.nextViewer, WM_CHANGECBCHAIN, reinterpret_cast<WPARAM>(left),
                            reinterpret_cast<LPARAM>(next));
     }
-}
-
-// ---- The editing control ------------------------------------------------------------------------------------------
-
-static void OnEditFocus() {
-    if (theSelection.SelectionOwner != kNoteEditorOwns) DropSelection();
-    FollowClipboard();
-}
-
-static void OnEditFocusLost() {
-    if (theSelection.SelectionOwner == kNoteEditorOwns) DropSelection();
-    theNoteEditor.canPaste = false;
-    RefreshFrame();
-}
-
-static void StepFocus(HWND from) {
-    SetFocus(GetNextDlgTabItem(theNoteEditor.window, from, IsKeyDown(VK_SHIFT)));
-}
-
-// The Ctrl keys that the control handles for plain text; its other ones would change fonts and paragraphs.
-static bool IsPlainTextKey(UINT key) {
-    switch (key) {
-        case 'A':
-        case 'Y':
-        case 'Z':
-        case VK_BACK:
-        case VK_DELETE:
-        case VK_LEFT:
-        case VK_RIGHT:
-        case VK_UP:
-        case VK_DOWN:
-        case VK_HOME:
-        case VK_END:
-        case VK_PRIOR:
-        case VK_NEXT:
-        case VK_CONTROL:
-        case VK_SHIFT: return true;
-    }
-    return false;
-}
-
-// Returns whether the key was handled here.
-static bool OnEditKey(UINT key) {
-    const bool control = IsControlDown();
-    const bool shift = IsKeyDown(VK_SHIFT);
-    switch (key) {
-        case VK_ESCAPE: Escape(); return true;
-        case VK_TAB:
-            if (control || shift) StepFocus(theNoteEditor.edit);
-            return control || shift;
-        case VK_RETURN:
-            if (control || shift) Insert("\n");  // the control would insert a kind of line end that notes do not use
-            return control || shift;
-        case VK_INSERT:
-            if (control) CopyInEditor();
-            if (shift) PasteInEditor();
-            return control || shift;
-        case VK_DELETE:
-            if (shift && !control) CutInEditor();
-            return shift && !control;
-        case 'S':
-            if (control) SendCommand(theNoteEditor.window, IDC_NOTE_SAVE);
-            return control;
-    }
-    return control && !IsPlainTextKey(key);
-}
-
-// Characters of keys handled by OnEditKey, and those that notes must not contain.
-static bool IsStrayCharacter(UINT character) {
-    static constexpr UINT kDelete = 0x7F;
-    if (character == kDelete || character == VK_ESCAPE) return true;
-    return character < ' ' && (IsControlDown() || (IsKeyDown(VK_SHIFT) && character != VK_BACK));
-}
-
-static LRESULT CALLBACK EditProcedure(HWND edit, UINT message, WPARAM wParam, LPARAM lParam) {
-    switch (message) {
-        case WM_KEYDOWN:
-            if (OnEditKey(static_cast<UINT>(wParam))) return 0;
-            break;
-        case WM_CHAR:
-            if (IsStrayCharacter(static_cast<UINT>(wParam))) return 0;
-            break;
-        case WM_CUT: CutInEditor(); return 0;
-        case WM_COPY: CopyInEditor(); return 0;
-        case WM_PASTE: PasteInEditor(); return 0;
-    }
-    const LRESULT result = CallWindowProcA(theNoteEditor.editProcedure, edit, message, wParam, lParam);
-    if (message == WM_SETFOCUS) OnEditFocus();
-    if (message == WM_KILLFOCUS) OnEditFocusLost();
-    return result;
 }
 
 // ---- The buttons --------------------------------------------------------------------------------------------------
@@ -320,12 +222,12 @@ static void OnSize(HWND window, UINT, int width, int height) {
         MoveWindow(GetDlgItem(window, button), left, 0, Scaled(kButtonWidth), top, TRUE);
         left += Scaled(kButtonWidth);
     }
-    MoveWindow(theNoteEditor.edit, 0, top, width, height > top ? height - top : 0, TRUE);
+    MoveWindow(theNoteEdit.window, 0, top, width, height > top ? height - top : 0, TRUE);
 }
 
 static std::string EditingLine() {
     if (!IsEditingNote()) return {};
-    return "Editing note \"" + NoteSetName(*CurrentSet(theNoteSets)) + "\" for " +
+    return "Editing note \"" + NameOfCurrentSet() + "\" for " +
            ReferenceText(theScripture.records, theNoteSets.currentVerse, BookForm::kName);
 }
 
@@ -344,8 +246,12 @@ static void OnPaint(HWND window) {
     EndPaint(window, &paint);
 }
 
-static void OnCommand(HWND window, int command, HWND, UINT) {
+static void OnCommand(HWND window, int command, HWND, UINT notification) {
     switch (command) {
+        case IDC_NOTE_EDIT:
+            if (notification == EN_CHANGE) ++theNoteEditor.changes;
+            break;
+        case IDCANCEL: Escape(); break;
         case IDM_EDIT_NOTE: OpenNote(); break;
         case IDC_NOTE_SAVE: UnlessSaving(SaveNote); break;
         case IDC_NOTE_CANCEL: Cancel(); break;
@@ -354,17 +260,12 @@ static void OnCommand(HWND window, int command, HWND, UINT) {
 }
 
 static LRESULT OnNotify(HWND window, int control, NMHDR* notification) {
-    if (control == IDC_NOTE_EDIT && notification->code == EN_SELCHANGE && HasFocus()) {
-        const CHARRANGE range = SelectedPlainText(theNoteEditor.edit);
-        theSelection.SelectionOwner = range.cpMin < range.cpMax ? kNoteEditorOwns : kNobody;
-        RefreshFrame();
-        return 0;
-    }
+    if (control == IDC_NOTE_EDIT && notification->code == EN_SELCHANGE) FollowNoteEditSelection();
     return DefWindowProcA(window, WM_NOTIFY, static_cast<WPARAM>(control), reinterpret_cast<LPARAM>(notification));
 }
 
 static void OnSetFocus(HWND, HWND) {
-    SetFocus(theNoteEditor.edit);
+    SetFocus(theNoteEdit.window);
 }
 
 static void CreateControls(HWND window) {
@@ -376,12 +277,7 @@ static void CreateControls(HWND window) {
         SendMessageA(button, WM_SETFONT, reinterpret_cast<WPARAM>(MessageFont()), FALSE);
         theNoteEditor.buttonProcedure = Subclass(button, ButtonProcedure);
     }
-    theNoteEditor.edit = CreateChild(
-        window, "RICHEDIT", "", WS_VISIBLE | WS_VSCROLL | WS_TABSTOP | ES_MULTILINE | ES_WANTRETURN | ES_AUTOVSCROLL,
-        WS_EX_CLIENTEDGE, IDC_NOTE_EDIT);
-    SendMessageA(theNoteEditor.edit, EM_SETTEXTMODE, TM_PLAINTEXT, 0);
-    SendMessageA(theNoteEditor.edit, EM_SETEVENTMASK, 0, ENM_SELCHANGE);
-    theNoteEditor.editProcedure = Subclass(theNoteEditor.edit, EditProcedure);
+    CreateNoteEditControl(window);
 }
 
 static BOOL OnCreate(HWND window, CREATESTRUCTA*) {
@@ -393,7 +289,7 @@ static BOOL OnCreate(HWND window, CREATESTRUCTA*) {
 
 static void OnDestroy(HWND window) {
     ChangeClipboardChain(window, theNoteEditor.nextViewer);
-    Unsubclass(theNoteEditor.edit, theNoteEditor.editProcedure);
+    RestoreNoteEditControl();
 }
 
 static LRESULT CALLBACK EditorProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -414,7 +310,7 @@ static LRESULT CALLBACK EditorProcedure(HWND window, UINT message, WPARAM wParam
 }
 
 void SetNoteEditorFont(HFONT font) {
-    SendMessageA(theNoteEditor.edit, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
+    SendMessageA(theNoteEdit.window, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
 }
 
 bool RegisterNoteEditorClass() {

@@ -1,17 +1,20 @@
 // The note editor: a frame that replaces the Notes window while a note is edited. Its text is plain.
 #pragma once
 
+#include <optional>
+#include <string>
+
+#include "notes/note_draft.h"
 #include "win32/windows_api.h"
 
 struct NoteEditor {
     HWND window = nullptr;
-    HWND edit = nullptr;              // the rich-edit control
-    WNDPROC editProcedure = nullptr;  // the control's own
     WNDPROC buttonProcedure = nullptr;
     HWND nextViewer = nullptr;  // next window in the clipboard viewer chain
-    bool canPaste = false;      // the control has the focus and the clipboard has text
     bool editing = false;       // the editor is open; the current note must not change
     bool saving = false;        // saving, or asking whether to; must not be started again
+    unsigned changes = 0;       // of the text, and of opening and closing
+    std::string openedOn;       // the note as it was stored when the editor was opened, up to its first NUL
 };
 extern NoteEditor theNoteEditor;
 
@@ -28,12 +31,19 @@ bool IsEditingNote();
 // The caller keeps ownership of the font.
 void SetNoteEditorFont(HFONT font);
 
-// The commands Cut, Copy and Paste.
-void CutInEditor();
-void CopyInEditor();
-void PasteInEditor();
+// A number that changes whenever the editor is opened or closed or its text changes.
+unsigned EditorChanges();
 
-// Can the editor be left, for example to end the program? True if no note is being edited. Otherwise asks whether to
-// save it: true for Yes if the save succeeds and for No, which discards the changes; false for Cancel, and during a
-// save.
+// The note in the editor; nullopt if none is being edited or its text is the one on which the editor was opened.
+std::optional<NoteDraft> DraftInEditor();
+
+// Edits a draft on. If no note is being edited, shows the note of its set and verse and opens the editor, as if the
+// text had been typed into the note `openedOn`. If that note is already being edited, the draft replaces the text as
+// one change that can be undone. False, with nothing changed, if another note is being edited, or if the set does not
+// exist or cannot be read.
+bool EditDraft(const NoteDraft& draft);
+
+// Can the editor be left, for example to end the program? True if no note is being edited or its text has not changed.
+// Otherwise asks whether to save it: true for Yes if the save succeeds and for No, which discards the changes; false
+// for Cancel, and during a save.
 bool MayLeaveEditor();

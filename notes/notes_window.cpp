@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "notes/cross_references.h"
+#include "notes/note_edit_control_win32.h"
 #include "notes/note_editor_window.h"
 #include "notes/note_files_win32.h"
 #include "notes/note_tabs_win32.h"
@@ -192,7 +193,7 @@ void RestoreNoteView() {
 }
 
 static bool IsText(HWND window) {
-    return window && (window == theNoteEditor.edit || window == theNotes.view);
+    return window && (window == theNoteEdit.window || window == theNotes.view);
 }
 
 bool IsNoteTextKey(const MSG& message) {

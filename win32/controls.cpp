@@ -26,6 +26,10 @@ void SetChecked(HWND dialog, int control, bool checked) {
     CheckDlgButton(dialog, control, checked ? BST_CHECKED : BST_UNCHECKED);
 }
 
+void StepFocus(HWND control) {
+    SetFocus(GetNextDlgTabItem(GetParent(control), control, IsKeyDown(VK_SHIFT)));
+}
+
 HWND FrameOf(HWND window) {
     return GetAncestor(window, GA_ROOTOWNER);
 }

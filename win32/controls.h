@@ -20,6 +20,9 @@ void SelectField(HWND dialog, int control);
 bool IsChecked(HWND dialog, int control);
 void SetChecked(HWND dialog, int control, bool checked);
 
+// Gives the focus to the control behind `control` in its parent's Tab order, or with Shift to the one before it.
+void StepFocus(HWND control);
+
 // Returns the frame that a pane or dialog belongs to, and sends a command to it.
 HWND FrameOf(HWND window);
 void SendCommand(HWND frame, int command);

@@ -1,0 +1,41 @@
+// The editing control of the note editor: a rich-edit control that holds plain text, with the commands Cut, Copy and
+// Paste.
+#pragma once
+
+#include <string>
+
+#include "win32/windows_api.h"
+
+struct NoteEditControl {
+    HWND window = nullptr;
+    WNDPROC procedure = nullptr;  // the control's own
+    bool canPaste = false;        // it has the focus and the clipboard has text
+};
+extern NoteEditControl theNoteEdit;
+
+// Creates the control as the child IDC_NOTE_EDIT of `editor`. It sends the commands IDC_NOTE_SAVE for Ctrl+S and
+// IDCANCEL for Esc to `editor`, and EN_CHANGE and EN_SELCHANGE.
+void CreateNoteEditControl(HWND editor);
+
+// Restores the control's own window procedure.
+void RestoreNoteEditControl();
+
+// Shows `text`, of which nothing can be undone, with the caret at its start.
+void FillNoteEdit(const std::string& text);
+
+// Puts `text` in the place of all text, as one change that can be undone. The caret is then at its end.
+void RetypeInNoteEdit(const std::string& text);
+
+// The control's text, lines ended by CR LF.
+std::string TextInNoteEdit();
+
+// To be called when the control's selection has changed.
+void FollowNoteEditSelection();
+
+// To be called when the clipboard has changed.
+void FollowClipboard();
+
+// The commands Cut, Copy and Paste.
+void CutInEditor();
+void CopyInEditor();
+void PasteInEditor();
