@@ -170,7 +170,8 @@ static bool AskAndSave() {
 }
 
 bool MayLeaveEditor() {
-    return !theNoteEditor.editing || UnlessSaving(AskAndSave);
+    if (theNoteEditor.saving) return false;
+    return !DraftInEditor() || UnlessSaving(AskAndSave);
 }
 
 static void Cancel() {
@@ -179,7 +180,7 @@ static void Cancel() {
 
 // Asks before discarding changes, because Esc is easily pressed by accident.
 static void Escape() {
-    if (!DraftInEditor() || MayLeaveEditor()) Cancel();
+    if (MayLeaveEditor()) Cancel();
 }
 
 // ---- Clipboard ----------------------------------------------------------------------------------------------------

@@ -325,6 +325,25 @@ TEST(LeavingTheNoteEditor, AsksNothingWhenNotEditing) {
     EXPECT_EQ(CloseProgram(program), 0);
 }
 
+TEST(LeavingTheNoteEditor, AsksNothingWhenNothingWasTyped) {
+    Program program = ProgramInEditorOf(0);
+    Press(program, "Esc");
+    EXPECT_FALSE(HasDialog(program));
+    EXPECT_FALSE(IsEditing(program));
+    OpenNoteEditor(program);
+    EXPECT_EQ(CloseProgram(program), 0);
+    ExpectNotes(program.folder, kNotes, "nothing was typed");
+}
+
+TEST(LeavingTheNoteEditor, AsksNothingWhenTheTextWasPutBack) {
+    Program program = ProgramInEditorOf(0);
+    Type(program, "Mine.");
+    for (int letter = 0; letter < 5; ++letter) Press(program, "Back");
+    EXPECT_EQ(TextOf(NoteEditOf(program)), "The first.");
+    EXPECT_EQ(CloseProgram(program), 0);
+    ExpectNotes(program.folder, kNotes, "the text is as it was");
+}
+
 TEST(LeavingTheNoteEditor, IsCancelledWhenTheNoteCannotBeSaved) {
     Program program = ProgramInEditorOf(0);
     Type(program, "Mine. ");
@@ -353,7 +372,7 @@ TEST(LeavingTheNoteEditor, AsksAtTheEndOfASession) {
     } kRows[] = {
         {"Esc", FALSE, true, "The first."}, {"n", TRUE, true, "The first."}, {"y", TRUE, false, "Mine. The first."}};
     Program program = ProgramInEditorOf(0);
-    EXPECT_EQ(TextOf(NoteEditOf(program)), "The first.");
+    EXPECT_EQ(AskToEndSession(program).get(), TRUE) << "nothing was typed";
     Type(program, "Mine. ");
     for (const auto& [key, answer, staysOpen, note] : kRows) {
         SCOPED_TRACE(key);
