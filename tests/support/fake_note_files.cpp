@@ -96,7 +96,8 @@ static bool Remove(void* device, const std::string& name) {
 static void GiveName(FakeNoteFiles& files, const std::string& from, const std::string& to) {
     files.contents[to] = files.contents[from];
     files.times[to] = files.times[from];
-    if (files.unflushed.contains(from)) files.unflushed.insert(to);
+    if (const auto flushed = files.unflushed.find(from); flushed != files.unflushed.end())
+        files.unflushed[to] = flushed->second;
 }
 
 static bool Rename(void* device, const std::string& from, const std::string& to) {
@@ -162,7 +163,7 @@ static void* CreateAnew(void* device, const std::string& name) {
     if (files.uncreatable.contains(name)) return nullptr;
     TakeStep(files);
     files.contents[name].clear();
-    files.unflushed.insert(name);
+    files.unflushed[name] = 0;
     Touch(files, name);
     return HandleOf(files, name);
 }
@@ -173,8 +174,8 @@ static std::size_t ReadAt(void* device, void* file, std::uint64_t offset, std::s
 }
 
 static void AddBytes(FakeNoteFiles& files, const std::string& name, std::span<const unsigned char> bytes) {
+    files.unflushed.try_emplace(name, files.contents[name].size());
     files.contents[name].insert(files.contents[name].end(), bytes.begin(), bytes.end());
-    files.unflushed.insert(name);
     Touch(files, name);
 }
 
@@ -248,12 +249,13 @@ NoteFiles DeviceOver(FakeNoteFiles& files) {
 
 void CutPower(FakeNoteFiles& files, PowerCut cut) {
     if (cut == PowerCut::kNone) return;
-    for (const std::string& name : files.unflushed) {
+    for (const auto& [name, flushed] : files.unflushed) {
         std::vector<unsigned char>& bytes = files.contents[name];
+        const auto lost = bytes.begin() + static_cast<std::ptrdiff_t>(flushed);
         switch (cut) {
-            case PowerCut::kLosesAll: bytes.clear(); break;
-            case PowerCut::kLeavesZeros: std::fill(bytes.begin(), bytes.end(), static_cast<unsigned char>(0)); break;
-            case PowerCut::kLeavesHalf: bytes.resize(bytes.size() / 2); break;
+            case PowerCut::kLosesAll: bytes.erase(lost, bytes.end()); break;
+            case PowerCut::kLeavesZeros: std::fill(lost, bytes.end(), static_cast<unsigned char>(0)); break;
+            case PowerCut::kLeavesHalf: bytes.erase(lost + (bytes.end() - lost) / 2, bytes.end()); break;
             case PowerCut::kNone: break;
         }
     }

@@ -27,7 +27,7 @@ struct FakeNoteFiles {
     std::vector<std::string> log;  // "read NAME", "size NAME", "create NAME", "open NAME", "write NAME 12"...; without
                                    // stamps and listings
 
-    std::set<std::string> unflushed;  // written but not yet on the disk
+    std::map<std::string, std::size_t> unflushed;  // files with bytes that are not yet on the disk: how many are
     int openFiles = 0;
     std::set<std::string> handles;
     std::map<std::string, std::uint64_t> times;
@@ -40,7 +40,8 @@ struct ProgramStopped {};
 // The device for `files`, which must outlive it.
 NoteFiles DeviceOver(FakeNoteFiles& files);
 
-// What a power cut does to files that were not flushed: their names are on the disk, but not all their bytes.
+// What a power cut does to files that were not flushed: their names are on the disk, but not all the bytes that were
+// written since the last flush.
 enum class PowerCut { kNone, kLosesAll, kLeavesZeros, kLeavesHalf };
 void CutPower(FakeNoteFiles& files, PowerCut cut);
 
