@@ -111,7 +111,7 @@ static const char* WriteRange(const AskedRange& asked) {
     const OwnedFile file = CreateTextFile(asked.path);
     if (!file) return kCannotCreateText;
     if (asked.noteSet == kWithoutNotes) return WriteRange(asked, nullptr, file);
-    const NoteSet& set = theNoteSets.sets[static_cast<std::size_t>(asked.noteSet)];
+    NoteSet& set = theNoteSets.sets[static_cast<std::size_t>(asked.noteSet)];
     if (!CanReadNotes(TheNoteFiles(), set)) return kCannotOpenNotes;
     NoteReader notes{TheNoteFiles(), set};
     const NoteSource source = SourceOf(notes);

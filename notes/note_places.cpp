@@ -1,5 +1,6 @@
 #include "notes/note_places.h"
 
+#include <algorithm>
 #include <cstring>
 #include <limits>
 
@@ -76,6 +77,20 @@ std::vector<unsigned char> IndexBytes(std::span<const std::uint32_t> offsets) {
     std::vector<unsigned char> bytes(offsets.size() * 4);
     for (std::size_t i = 0; i < offsets.size(); ++i) StoreLittleEndian32(offsets[i], bytes.data() + 4 * i);
     return bytes;
+}
+
+bool ReadIndex(const NoteFiles& files, const std::string& indexFileName, std::vector<std::uint32_t>& offsets) {
+    std::vector<unsigned char> bytes;
+    if (!files.read(files.device, indexFileName, 0, std::size_t{kVerseCount} * 4, bytes)) return false;
+    offsets = OffsetsOf(bytes);
+    return true;
+}
+
+std::vector<std::uint32_t> ReadableOffsets(std::vector<std::uint32_t> index, NotePlaces places) {
+    if (index.size() == kVerseCount && index.front() == 0 && std::is_sorted(index.begin(), index.end())) return index;
+    if (places.offsets.size() < kVerseCount && !places.endsWithNul)
+        places.offsets.push_back(static_cast<std::uint32_t>(places.size));
+    return places.offsets;
 }
 
 bool WriteIndex(const NoteFiles& files, const std::string& indexFileName, std::span<const std::uint32_t> offsets) {

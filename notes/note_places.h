@@ -34,6 +34,13 @@ bool FitsPlaces(std::span<const std::uint32_t> offsets, const NotePlaces& places
 std::vector<unsigned char> IndexBytes(std::span<const std::uint32_t> offsets);
 std::vector<std::uint32_t> OffsetsOf(std::span<const unsigned char> bytes);
 
+// Reads the first 31,102 offsets of an index file, fewer if it is shorter. False if it cannot be opened.
+bool ReadIndex(const NoteFiles& files, const std::string& indexFileName, std::vector<std::uint32_t>& offsets);
+
+// The offsets for reading a data file that is not whole: those of `index` if they are in order, otherwise those of the
+// NULs that are left. Text after the last NUL counts as the note after it.
+std::vector<std::uint32_t> ReadableOffsets(std::vector<std::uint32_t> index, NotePlaces places);
+
 // Rewrites the index file; false unless all of it is on the disk.
 bool WriteIndex(const NoteFiles& files, const std::string& indexFileName, std::span<const std::uint32_t> offsets);
 

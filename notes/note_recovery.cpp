@@ -76,15 +76,6 @@ static std::vector<NoteSet> MakeLostIndexes(const NoteFiles& files, OpenedSets& 
 
 // ---- The sets that were found ---------------------------------------------------------------------------------------
 
-// The offsets for reading a set that is not whole: a valid index is better than the NULs that are left. Text after the
-// last NUL counts as the note after it.
-static std::vector<std::uint32_t> BestOffsets(std::vector<std::uint32_t> index, NotePlaces places) {
-    if (index.size() == kVerseCount && index.front() == 0 && std::is_sorted(index.begin(), index.end())) return index;
-    if (places.offsets.size() < kVerseCount && !places.endsWithNul)
-        places.offsets.push_back(static_cast<std::uint32_t>(places.size));
-    return places.offsets;
-}
-
 static void ReportDamage(const NoteFiles& files, const NoteSet& set, const NotePlaces& places, OpenedSets& opened) {
     const std::string twin = set.dataFileName + kTempEnding;
     const bool hasTwin =
@@ -99,11 +90,12 @@ static void ReportDamage(const NoteFiles& files, const NoteSet& set, const NoteP
 
 static void Examine(const NoteFiles& files, NoteSet& set, bool isReported, OpenedSets& opened) {
     std::optional<NotePlaces> places = PlacesOf(files, set.dataFileName);
+    if (!places) set.dataStamp = {};  // the first read examines it
     if (!places || FitsPlaces(set.offsets, *places)) return;
     set.readOnly = !IsWhole(*places);
     if (set.readOnly) {
         if (isReported) ReportDamage(files, set, *places, opened);
-        set.offsets = BestOffsets(std::move(set.offsets), std::move(*places));
+        set.offsets = ReadableOffsets(std::move(set.offsets), std::move(*places));
         return;
     }
     set.offsets = std::move(places->offsets);

@@ -26,5 +26,5 @@ struct OpenedSets {
 };
 
 // Repairs what can be repaired and finds the sets (FindNoteSets), including sets without an index file. A data file
-// that another program has open is not examined.
+// that another program has open is not examined until it is first read.
 OpenedSets OpenNoteSets(const NoteFiles& files, NoteSets& notes);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "notes/note_refresh.h"
 #include "notes/note_source.h"
 #include "scripture/letters.h"
 #include "search/text_scan.h"
@@ -48,9 +49,10 @@ static std::size_t FindInNote(const LetterTable& letters, const NoteQuery& query
     return kNoPlace;
 }
 
-NoteMatch FindInNotes(const NoteFiles& files, const NoteSet& set, const LetterTable& letters, const NoteQuery& query,
+NoteMatch FindInNotes(const NoteFiles& files, NoteSet& set, const LetterTable& letters, const NoteQuery& query,
                       ResumePoint resume, const SearchProgress& progress) {
     if (resume.verse < query.range.StartVerse) resume = {query.range.StartVerse, 0};
+    RefreshSet(files, set);
     NoteReader notes{files, set};
     const NoteSource source = SourceOf(notes);
     std::string note;

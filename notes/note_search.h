@@ -54,5 +54,5 @@ struct SearchProgress {
 // The first match from `resume`, or from the start of the range if that is later. Verses without a note are skipped;
 // the offset applies to the first verse that has one, and no match is found there if it is beyond that note's end. The
 // search ends with kUnreadable at the first note that cannot be read because the set's data file cannot be opened.
-NoteMatch FindInNotes(const NoteFiles& files, const NoteSet& set, const LetterTable& letters, const NoteQuery& query,
+NoteMatch FindInNotes(const NoteFiles& files, NoteSet& set, const LetterTable& letters, const NoteQuery& query,
                       ResumePoint resume, const SearchProgress& progress);

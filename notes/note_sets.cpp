@@ -1,31 +1,12 @@
 #include "notes/note_sets.h"
 
 #include <algorithm>
-#include <numeric>
-#include <optional>
 
 #include "notes/note_places.h"
+#include "notes/note_refresh.h"
 
-static constexpr std::size_t kIndexFileSize = std::size_t{kVerseCount} * 4;
 static constexpr std::size_t kDevotionalFileSize = sizeof(NoteSets::devotionalTable);
 static_assert(kDevotionalFileSize == 2976);
-
-static std::string UpToLastDot(const std::string& fileName) {
-    return fileName.substr(0, fileName.rfind('.'));
-}
-
-std::string NoteSetName(const NoteSet& set) {
-    return UpToLastDot(set.dataFileName);
-}
-
-std::string IndexFileName(const NoteSet& set) {
-    return NoteSetName(set) + kIndexEnding;
-}
-
-void StampFiles(const NoteFiles& files, NoteSet& set) {
-    set.dataStamp = files.stamp(files.device, set.dataFileName);
-    set.indexStamp = files.stamp(files.device, IndexFileName(set));
-}
 
 // Makes the set about to be added the devotional set if it has a table. A longer table is cut, a shorter one is filled
 // up with zeros.
@@ -39,32 +20,13 @@ static void ReadDevotionalTable(const NoteFiles& files, const std::string& setNa
 }
 
 static bool AddNoteSet(const NoteFiles& files, const std::string& indexFileName, NoteSets& notes) {
-    const std::string setName = UpToLastDot(indexFileName);
+    const std::string setName = indexFileName.substr(0, indexFileName.rfind('.'));
     NoteSet set{setName + kDataEnding};
     StampFiles(files, set);
-    std::vector<unsigned char> bytes;
-    if (!files.read(files.device, indexFileName, 0, kIndexFileSize, bytes)) return false;
+    if (!ReadIndex(files, indexFileName, set.offsets)) return false;
     ReadDevotionalTable(files, setName, notes);
-    set.offsets = OffsetsOf(bytes);
     notes.sets.push_back(std::move(set));
     return true;
-}
-
-NoteSet EmptyNoteSet(const std::string& name) {
-    NoteSet set{name + kDataEnding, std::vector<std::uint32_t>(kVerseCount)};
-    std::iota(set.offsets.begin(), set.offsets.end(), 0u);
-    return set;
-}
-
-// An empty note is a NUL. An existing data file is not overwritten: it may have notes whose index was lost.
-int CreateNoteFiles(const NoteFiles& files, NoteSet& set) {
-    const std::vector<unsigned char> emptyNotes(kVerseCount, 0);
-    int created = 0;
-    if (files.create(files.device, set.dataFileName, emptyNotes)) {
-        created = files.create(files.device, IndexFileName(set), IndexBytes(set.offsets)) ? 2 : 1;
-    }
-    StampFiles(files, set);
-    return created;
 }
 
 static bool CreateFirstSet(const NoteFiles& files, NoteSets& notes) {
@@ -104,28 +66,9 @@ NoteSet* CurrentSet(NoteSets& notes) {
     return HasSet(notes, notes.currentSet) ? &notes.sets[static_cast<std::size_t>(notes.currentSet)] : nullptr;
 }
 
-// nullopt if the index file is too short.
-static std::optional<std::uint32_t> OffsetOf(const NoteSet& set, int verse) {
-    const bool exists = verse >= 0 && static_cast<std::size_t>(verse) < set.offsets.size();
-    return exists ? std::optional(set.offsets[static_cast<std::size_t>(verse)]) : std::nullopt;
-}
-
-// Bytes from `begin` to `end`; 0 if a damaged index has them in reverse order.
-static std::uint64_t LengthBetween(std::uint64_t begin, std::uint64_t end) {
-    return end > begin ? end - begin : 0;
-}
-
-StoredNote StoredNoteOf(const NoteSet& set, int verse) {
-    const auto offset = OffsetOf(set, verse);
-    if (!offset) return {};
-    if (verse == kLastVerse) return {*offset, kNoteBufferSize};
-    const auto next = OffsetOf(set, verse + 1);
-    return {*offset, next ? LengthBetween(*offset, *next) : 0};
-}
-
-static bool ReadNoteOf(const NoteFiles& files, const NoteSets& notes, int verse, std::string& text) {
-    const NoteSet* set = CurrentSet(notes);
-    if (set == nullptr) return false;
+static bool ReadNoteOf(const NoteFiles& files, NoteSets& notes, int verse, std::string& text) {
+    NoteSet* set = CurrentSet(notes);
+    if (set == nullptr || RefreshSet(files, *set) == SetRefresh::kUnreadable) return false;
     const StoredNote stored = StoredNoteOf(*set, verse);
     const auto limit = static_cast<std::size_t>(std::min<std::uint64_t>(stored.length, kNoteBufferSize - 1));
     std::vector<unsigned char> bytes;
@@ -134,7 +77,7 @@ static bool ReadNoteOf(const NoteFiles& files, const NoteSets& notes, int verse,
     return true;
 }
 
-bool ReadStoredNote(const NoteFiles& files, const NoteSets& notes, std::string& text) {
+bool ReadStoredNote(const NoteFiles& files, NoteSets& notes, std::string& text) {
     return ReadNoteOf(files, notes, notes.currentVerse, text);
 }
 
@@ -146,19 +89,14 @@ bool ReadNoteText(const NoteFiles& files, const VerseRecords& records, NoteSets&
     return true;
 }
 
-bool NoteExists(const NoteFiles& files, const NoteSet& set, int verse) {
-    if (verse != kLastVerse) return StoredNoteOf(set, verse).length > 1;
-    const auto offset = OffsetOf(set, verse);
-    return offset && LengthBetween(*offset, files.size(files.device, set.dataFileName)) > 1;
-}
-
 bool NoteExists(const NoteFiles& files, const NoteSets& notes, int verse) {
     const NoteSet* set = CurrentSet(notes);
     return set != nullptr && NoteExists(files, *set, verse);
 }
 
 // Steps from the current verse by `step` (1 or -1), wrapping around the Bible, to the next verse with a note.
-static int StepToNote(const NoteFiles& files, const NoteSets& notes, int step) {
+static int StepToNote(const NoteFiles& files, NoteSets& notes, int step) {
+    if (NoteSet* set = CurrentSet(notes)) RefreshSet(files, *set);
     const auto neighbour = [step](int verse) { return (verse + step + kVerseCount) % kVerseCount; };
     const int start = ClampVerse(notes.currentVerse);
     int verse = neighbour(start);
@@ -166,11 +104,11 @@ static int StepToNote(const NoteFiles& files, const NoteSets& notes, int step) {
     return verse == start ? neighbour(start) : verse;
 }
 
-int NextNote(const NoteFiles& files, const NoteSets& notes) {
+int NextNote(const NoteFiles& files, NoteSets& notes) {
     return StepToNote(files, notes, 1);
 }
 
-int PreviousNote(const NoteFiles& files, const NoteSets& notes) {
+int PreviousNote(const NoteFiles& files, NoteSets& notes) {
     return StepToNote(files, notes, -1);
 }
 

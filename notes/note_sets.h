@@ -1,16 +1,8 @@
-// Note sets: named sets with one note for every verse.
+// The note sets of the working directory, and reading their notes.
 //
-// A set named NAME has two files in the working directory, without headers, integers little-endian:
-//   NAME.nmi   31,102 unsigned 32-bit integers: the offset in NAME.nmd of each verse's note. The first is 0, and they
-//              never decrease.
-//   NAME.nmd   the notes back to back in verse order: 8-bit text, lines ended by CR LF, then one NUL. An empty note is
-//              only a NUL. A note's stored length (text and NUL) is the next verse's offset minus its own; the last
-//              verse's note ends with the file.
-// One set may also have
-//   NAME.dti   the devotional table: 12 months x 31 days x (morning, evening), unsigned 32-bit verse indexes, 2,976
-//              bytes. Every month has 31 slots.
-//
-// A note has at most 65,533 characters.
+// The files of a set may change while the program runs, because the folder is synchronized or another computer uses it.
+// Every procedure that reads notes therefore compares the stamps of the set's files first and reads the set again if
+// they differ (notes/note_refresh.h).
 #pragma once
 
 #include <array>
@@ -20,21 +12,14 @@
 #include <vector>
 
 #include "notes/note_files.h"
+#include "notes/note_set.h"
 #include "scripture/verse_records.h"
 
 inline constexpr int kNoteSetLimit = 31;
-inline constexpr std::size_t kNoteBufferSize = 65536;
 inline constexpr int kNoDevotionalSet = -1;
 inline constexpr char kFirstSetName[] = "My Notes";
 inline constexpr char kCannotCreateNotes[] = "Error creating note files";
 inline constexpr char kCannotReadNote[] = "Error reading note file";
-
-struct NoteSet {
-    std::string dataFileName;                 // the set's name and ".nmd"
-    std::vector<std::uint32_t> offsets{};     // as read from the file, at most one per verse
-    NoteFileStamp dataStamp{}, indexStamp{};  // of its files when last read or written
-    bool readOnly = false;                    // its data file is not whole: saving would lose notes
-};
 
 struct NoteSets {
     std::vector<NoteSet> sets;
@@ -44,22 +29,6 @@ struct NoteSets {
     int devotionalSet = kNoDevotionalSet;
     std::array<std::uint32_t, 12 * 31 * 2> devotionalTable{};
 };
-
-// Name of a set: its data file's name up to the last ".".
-std::string NoteSetName(const NoteSet& set);
-
-// The name of the set's index file.
-std::string IndexFileName(const NoteSet& set);
-
-// Stores the current stamps of the set's files.
-void StampFiles(const NoteFiles& files, NoteSet& set);
-
-// A set of empty notes, not yet on the disk.
-NoteSet EmptyNoteSet(const std::string& name);
-
-// Creates the data file of such a set, then its index file, and returns how many of the two were created. Without the
-// data file no index file is created.
-int CreateNoteFiles(const NoteFiles& files, NoteSet& set);
 
 // Finds the sets in the working directory in listing order, at most kNoteSetLimit, each with its devotional table if it
 // has one (the last one found is used). A `.nmi` that cannot be opened ends the search. If no set is found, creates "My
@@ -79,30 +48,19 @@ void SelectStoredNote(NoteSets& notes, int set, int verse);
 
 // Reads the note of `verse` (clamped to 0..31101) in the current set into `noteText`, up to its first NUL, at most
 // 65,535 characters; for an empty note, or one missing in a damaged index, "No note for Genesis 1:1." The current verse
-// becomes `verse`. If the data file cannot be opened, returns false and changes nothing.
+// becomes `verse`. If the data file cannot be opened, returns false and changes neither.
 bool ReadNoteText(const NoteFiles& files, const VerseRecords& records, NoteSets& notes, int verse);
 
 // Reads the current verse's note in the current set as it is stored, up to its first NUL, at most 65,535 characters;
 // empty if there is none. False if the data file cannot be opened.
-bool ReadStoredNote(const NoteFiles& files, const NoteSets& notes, std::string& text);
+bool ReadStoredNote(const NoteFiles& files, NoteSets& notes, std::string& text);
 
-// Does the set have a note for `verse`, with a stored length above 1? For the last verse the file's size is used.
-bool NoteExists(const NoteFiles& files, const NoteSet& set, int verse);
-
-// The same for the current set.
+// NoteExists for the current set.
 bool NoteExists(const NoteFiles& files, const NoteSets& notes, int verse);
 
-// The position of a verse's note in the data file according to the index, which may be damaged. The length is 0 if the
-// index has no entry.
-struct StoredNote {
-    std::uint64_t offset = 0;
-    std::uint64_t length = 0;  // text and NUL; for the last verse only an upper limit for reading
-};
-StoredNote StoredNoteOf(const NoteSet& set, int verse);
-
 // The next or previous verse that has a note, wrapping around the Bible; the adjacent verse if no other has one.
-int NextNote(const NoteFiles& files, const NoteSets& notes);
-int PreviousNote(const NoteFiles& files, const NoteSets& notes);
+int NextNote(const NoteFiles& files, NoteSets& notes);
+int PreviousNote(const NoteFiles& files, NoteSets& notes);
 
 // ---- Marks on the tabs of the sets ----------------------------------------------------------------------------------
 // They show which sets have a note for the Verse List's verse and for the Passage's.

@@ -3,24 +3,33 @@
 #include <algorithm>
 #include <string_view>
 
+#include "notes/note_refresh.h"
+
 static constexpr std::size_t kWindowSize = 4 * kNoteBufferSize;
 
-bool CanReadNotes(const NoteFiles& files, const NoteSet& set) {
+bool CanReadNotes(const NoteFiles& files, NoteSet& set) {
     std::vector<unsigned char> none;
-    return files.read(files.device, set.dataFileName, 0, 0, none);
+    return RefreshSet(files, set) != SetRefresh::kUnreadable && files.read(files.device, set.dataFileName, 0, 0, none);
+}
+
+static StoredNote LimitedNoteOf(const NoteSet& set, int verse) {
+    StoredNote stored = StoredNoteOf(set, verse);
+    stored.length = std::min<std::uint64_t>(stored.length, kNoteBufferSize);
+    return stored;
 }
 
 static bool Holds(const NoteReader& notes, const StoredNote& stored) {
-    return stored.offset >= notes.windowOffset &&
+    return notes.timesChanged == notes.set.timesChanged && stored.offset >= notes.windowOffset &&
            stored.offset + stored.length <= notes.windowOffset + notes.window.size();
 }
 
-// If the note is not inside the window, moves the window to start with it. False if the data file cannot be opened.
-static bool MoveWindow(NoteReader& notes, const StoredNote& stored) {
-    if (Holds(notes, stored)) return true;
-    notes.windowOffset = stored.offset;
+// Moves the window to start with the note, wherever that is by now. False if the data file cannot be opened.
+static bool MoveWindow(NoteReader& notes, int verse) {
     notes.window.clear();
-    return notes.files.read(notes.files.device, notes.set.dataFileName, stored.offset, kWindowSize, notes.window);
+    if (RefreshSet(notes.files, notes.set) == SetRefresh::kUnreadable) return false;
+    notes.windowOffset = StoredNoteOf(notes.set, verse).offset;
+    notes.timesChanged = notes.set.timesChanged;
+    return notes.files.read(notes.files.device, notes.set.dataFileName, notes.windowOffset, kWindowSize, notes.window);
 }
 
 // Cut to the window, because a damaged index may ask for more than a note can have or than is in the file.
@@ -33,9 +42,12 @@ static std::string_view BytesOf(const NoteReader& notes, const StoredNote& store
 static NoteFound NoteOf(void* device, int verse, std::string& note) {
     NoteReader& notes = *static_cast<NoteReader*>(device);
     if (!NoteExists(notes.files, notes.set, verse)) return NoteFound::kNone;
-    StoredNote stored = StoredNoteOf(notes.set, verse);
-    stored.length = std::min<std::uint64_t>(stored.length, kNoteBufferSize);
-    if (!MoveWindow(notes, stored)) return NoteFound::kUnreadable;
+    if (!Holds(notes, LimitedNoteOf(notes.set, verse))) {
+        const unsigned before = notes.set.timesChanged;
+        if (!MoveWindow(notes, verse)) return NoteFound::kUnreadable;
+        if (notes.set.timesChanged != before) return NoteOf(device, verse, note);
+    }
+    const StoredNote stored = LimitedNoteOf(notes.set, verse);
     const std::string_view bytes = BytesOf(notes, stored);
     note.assign(bytes.substr(0, bytes.find('\0')));
     return NoteFound::kNote;

@@ -22,13 +22,14 @@ struct NoteSource {
 // Reads the notes from the files of a set. Initialize as {files, set}.
 struct NoteReader {
     const NoteFiles& files;
-    const NoteSet& set;
+    NoteSet& set;                    // read again when its files have changed
     std::uint64_t windowOffset = 0;  // offset of the window in the data file
     std::vector<unsigned char> window{};
+    unsigned timesChanged = 0;  // of the set, when the window was read
 };
 
-// Can the set's data file be opened?
-bool CanReadNotes(const NoteFiles& files, const NoteSet& set);
+// Can the set's data file be opened? Reads the set again if its files have changed.
+bool CanReadNotes(const NoteFiles& files, NoteSet& set);
 
 // The source that reads with `notes`, which must outlive it. A note exists under the same condition as in NoteExists;
 // its text ends at its first NUL, at most 65,536 characters.

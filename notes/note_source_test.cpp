@@ -84,7 +84,7 @@ TEST(NoteReader, AreUnreadableWhenTheFileIsMissing) {
                        {7, std::string(65533, 'n')},
                        {8, std::string(65533, 'n')},
                        {9, "far from the first"}});
-    const NoteSet& set = sets.notes.sets[1];
+    NoteSet& set = sets.notes.sets[1];
     EXPECT_TRUE(CanReadNotes(sets.files, set));
     NoteReader notes{sets.files, set};
     EXPECT_EQ(NoteOf(notes, 3), "note");
@@ -113,7 +113,8 @@ TEST(NoteReader, OfADamagedSetAreReadAsFarAsPossible) {
         {{}, "(none)"},
     };
     for (const auto& [offsets, note] : rows) {
-        const NoteSet set{"saved.nmd", offsets};
+        NoteSet set{"saved.nmd", offsets};
+        StampFiles(sets.files, set);
         NoteReader notes{sets.files, set};
         EXPECT_EQ(NoteOf(notes, 0), note);
         EXPECT_EQ(NoteOf(notes, 1), "(none)");
@@ -125,7 +126,8 @@ TEST(NoteReader, OfADamagedSetAreTruncatedToTheSizeOfANote) {
     TwoSets sets;
     OpenTwoSets(sets, {});
     sets.fakes.contents["saved.nmd"] = std::vector<unsigned char>(200000, 'x');
-    const NoteSet set{"saved.nmd", {0, 150000, 150010}};
+    NoteSet set{"saved.nmd", {0, 150000, 150010}};
+    StampFiles(sets.files, set);
     NoteReader notes{sets.files, set};
     EXPECT_EQ(NoteOf(notes, 0), std::string(kNoteBufferSize, 'x'));
     EXPECT_EQ(NoteOf(notes, 1), "xxxxxxxxxx");
