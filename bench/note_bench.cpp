@@ -119,8 +119,9 @@ static void OpenSets(const NoteFiles& files, NoteSets& notes) {
 static void SaveMiddle(const NoteFiles& files, NoteSets& notes, std::string& text) {
     const SaveVoice voice = {nullptr, [](void*, SaveNotice, const std::string&) { return false; }};
     SelectStoredNote(notes, 0, kVerseCount / 2);
-    text.push_back('x');
-    if (SaveNote(files, voice, notes, text, {"2024-12-31", 1735603200}) != NoteSaveResult::kSaved) std::abort();
+    NoteEdit edit{text + 'x', text};
+    if (SaveNote(files, voice, notes, edit, {"2024-12-31", 1735603200}) != NoteSaveResult::kSaved) std::abort();
+    text = edit.text;
 }
 
 static constexpr int kMoves = 2000;
@@ -130,7 +131,7 @@ static void MoveAround(Move move) {
     for (int i = 0; i < kMoves; ++i) move(static_cast<int>((static_cast<long long>(i) * 7919) % kVerseCount));
 }
 
-static void SearchInVain(const NoteFiles& files, const NoteSets& notes) {
+static void SearchInVain(const NoteFiles& files, NoteSets& notes) {
     const SearchProgress unseen{nullptr, [](void*, int) {}};
     const NoteQuery query{"NOT IN ANY NOTE", false, false, {}};
     const NoteMatch match = FindInNotes(files, notes.sets.front(), AsciiLetters(), query, {}, unseen);
@@ -153,7 +154,7 @@ static void Measure(const std::string& folder) {
     Print("search all notes, in any case", Compare([&] { SearchInVain(files, notes); }, [&] { ReadBothFiles(folder); }),
           "");
     std::filesystem::copy_file(folder + "Large.nmd", folder + "Copy.nmd");
-    std::string text;
+    std::string text = TextOfNote(kVerseCount / 2);
     SaveMiddle(files, notes, text);  // the first save makes the backup of the day
     Print("save a note in the middle", Compare([&] { SaveMiddle(files, notes, text); }, [&] { CopyBothFiles(folder); }),
           "aim: at most 1.5");

@@ -15,7 +15,9 @@ static bool SayYes(void*, SaveNotice, const std::string&) {
 }
 
 static void SaveOn(FakeNoteFiles& files, NoteSets& notes, const std::string& day, const std::string& text) {
-    EXPECT_EQ(SaveNote(DeviceOver(files), {nullptr, SayYes}, notes, text, {day, 1735603200}), NoteSaveResult::kSaved);
+    NoteEdit edit{text};
+    EXPECT_TRUE(ReadStoredNote(DeviceOver(files), notes, edit.openedOn));
+    EXPECT_EQ(SaveNote(DeviceOver(files), {nullptr, SayYes}, notes, edit, {day, 1735603200}), NoteSaveResult::kSaved);
     EXPECT_EQ(files.openFiles, 0);
 }
 
@@ -125,7 +127,8 @@ TEST(Backup, IsNotMadeForAFailedSave) {
     AddFakeSet(files, "a", {});
     NoteSets notes = SetsOf(files);
     files.room = 5;
-    EXPECT_EQ(SaveNote(DeviceOver(files), {nullptr, SayYes}, notes, "new", {"2024-12-31", 1735603200}),
+    NoteEdit edit{"new"};
+    EXPECT_EQ(SaveNote(DeviceOver(files), {nullptr, SayYes}, notes, edit, {"2024-12-31", 1735603200}),
               NoteSaveResult::kFailed);
     EXPECT_THAT(Backups(files), IsEmpty());
 }

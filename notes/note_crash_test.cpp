@@ -46,9 +46,9 @@ static bool SaveUntilItStops(FakeNoteFiles& files, const Edit& edit, std::int64_
     const SaveVoice voice = {nullptr, [](void*, SaveNotice, const std::string&) { return true; }};
     files.steps = steps;
     bool ended = true;
+    NoteEdit typed{edit.after, edit.before};
     try {
-        EXPECT_EQ(SaveNote(DeviceOver(files), voice, notes, edit.after, {"2024-12-31", 1735603200}),
-                  NoteSaveResult::kSaved);
+        EXPECT_EQ(SaveNote(DeviceOver(files), voice, notes, typed, {"2024-12-31", 1735603200}), NoteSaveResult::kSaved);
     } catch (const ProgramStopped&) {
         ended = false;
     }

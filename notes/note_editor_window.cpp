@@ -119,6 +119,8 @@ struct WaitCursor {
 static UINT BoxOf(SaveNotice notice) {
     switch (notice) {
         case SaveNotice::kCannotOpen: return MB_RETRYCANCEL | MB_ICONSTOP;
+        case SaveNotice::kMerged:
+        case SaveNotice::kTooLong: return MB_OK | MB_ICONEXCLAMATION;
         case SaveNotice::kChangedOnDisk: return MB_OKCANCEL | MB_ICONEXCLAMATION;
         case SaveNotice::kCannotDelete: return MB_OK;
         default: return MB_OK | MB_ICONSTOP;
@@ -135,18 +137,32 @@ static bool Tell(void* device, SaveNotice notice, const std::string& text) {
 }
 
 // Shows the wait cursor and captures the mouse for the frame while saving.
-static NoteSaveResult SaveCurrentNote(std::string_view text) {
+static NoteSaveResult Save(NoteEdit& edit) {
     const HWND frame = Frame();
     WaitCursor wait{frame, BeginWait(frame)};
-    const NoteSaveResult result = SaveNote(TheNoteFiles(), {&wait, Tell}, theNoteSets, text, NoteTimeNow());
+    const NoteSaveResult result = SaveNote(TheNoteFiles(), {&wait, Tell}, theNoteSets, edit, NoteTimeNow());
     EndWait(wait.before);
     return result;
 }
 
-static bool SaveNote() {
-    const NoteSaveResult result = SaveCurrentNote(TextInNoteEdit());
-    if (result == NoteSaveResult::kSaved) SendCommand(Frame(), IDM_SHOW_SAVED_NOTE);
-    if (result != NoteSaveResult::kStopped) CloseEditor();
+// Both texts of a note that was also changed elsewhere.
+static void ContinueWith(NoteEdit merged) {
+    FillNoteEdit(merged.text);
+    theNoteEditor.openedOn = std::move(merged.openedOn);
+    ++theNoteEditor.changes;
+    SetFocus(theNoteEdit.window);
+}
+
+static bool SaveTypedNote() {
+    NoteEdit edit{TextInNoteEdit(), theNoteEditor.openedOn};
+    const NoteSaveResult result = Save(edit);
+    switch (result) {
+        case NoteSaveResult::kSaved: SendCommand(Frame(), IDM_SHOW_SAVED_NOTE); break;
+        case NoteSaveResult::kFailed: break;
+        case NoteSaveResult::kStopped: return false;
+        case NoteSaveResult::kMerged: ContinueWith(std::move(edit)); return false;
+    }
+    CloseEditor();
     return result == NoteSaveResult::kSaved;
 }
 
@@ -163,7 +179,7 @@ static bool AskAndSave() {
     const std::string verse = ReferenceText(theScripture.records, theNoteSets.currentVerse, BookForm::kName);
     const std::string question = "Do you want to save the note for " + verse + "?";
     switch (MessageBoxA(Frame(), question.c_str(), "Versewell97", MB_YESNOCANCEL | MB_ICONQUESTION)) {
-        case IDYES: return SaveNote();
+        case IDYES: return SaveTypedNote();
         case IDNO: return true;
     }
     return false;
@@ -254,7 +270,7 @@ static void OnCommand(HWND window, int command, HWND, UINT notification) {
             break;
         case IDCANCEL: Escape(); break;
         case IDM_EDIT_NOTE: OpenNote(); break;
-        case IDC_NOTE_SAVE: UnlessSaving(SaveNote); break;
+        case IDC_NOTE_SAVE: UnlessSaving(SaveTypedNote); break;
         case IDC_NOTE_CANCEL: Cancel(); break;
         case IDC_NOTE_HELP: OpenHelpTopic(window, kHelpFile, kTopicNoteEditor); break;
     }

@@ -21,8 +21,8 @@ static ChildEnd SaveInChild(const std::string& folder, const KilledEdit& edit, s
         SelectStoredNote(notes, 0, edit.verse);
         files.steps = steps;
         const SaveVoice voice = {nullptr, [](void*, SaveNotice, const std::string&) { return true; }};
-        return SaveNote(DeviceOver(files), voice, notes, edit.after, {"2024-12-31", 1735603200}) ==
-               NoteSaveResult::kSaved;
+        NoteEdit typed{edit.after, edit.before};
+        return SaveNote(DeviceOver(files), voice, notes, typed, {"2024-12-31", 1735603200}) == NoteSaveResult::kSaved;
     });
 }
 

@@ -301,8 +301,9 @@ TEST(OpenNoteSets, OpensADamagedSetReadOnly) {
         EXPECT_THAT(opened.result.report, testing::StartsWith("The data file \"a.nmd\" is damaged"));
         EXPECT_THAT(opened.result.report, HasSubstr(row.said));
         SelectStoredNote(opened.notes, place, 0);
+        NoteEdit edit{"new"};
         EXPECT_EQ(SaveNote(DeviceOver(files), {nullptr, [](void*, SaveNotice, const std::string&) { return true; }},
-                           opened.notes, "new", {"2024-12-31", 1735603200}),
+                           opened.notes, edit, {"2024-12-31", 1735603200}),
                   NoteSaveResult::kStopped);
         EXPECT_TRUE(files.contents == before);
     }

@@ -9,6 +9,7 @@
 
 #include "notes/note_backup.h"
 #include "notes/note_places.h"
+#include "notes/note_refresh.h"
 
 static constexpr std::size_t kCopyPiece = std::size_t{1} << 20;
 
@@ -41,6 +42,15 @@ static std::string TextOf(SaveNotice notice, const NoteSet& set) {
                 "The file \"", file,
                 "\" is damaged: it does not hold one note for each verse. Its notes can be read, but nothing "
                 "can be saved in it, so that what it holds can be rescued.");
+        case SaveNotice::kMerged:
+            return WithName("This note of the set \"", NoteSetName(set),
+                            "\" was also changed elsewhere since you opened it. Both texts are now in the editor, the "
+                            "other one behind yours.\n\nNeither is lost, and nothing has been saved yet: change the "
+                            "text as you want it, and save it.");
+        case SaveNotice::kTooLong:
+            return WithName("This note of the set \"", NoteSetName(set),
+                            "\" was also changed elsewhere since you opened it, and both texts together are too long "
+                            "for one note. Nothing has been saved: copy your text to another place before you cancel.");
     }
     return "";
 }
@@ -53,13 +63,15 @@ struct Save {
     const SaveVoice& voice;
     NoteSet& set;
     std::size_t verse;
-    std::string_view text;
+    NoteEdit& edit;
+    std::string_view text;  // what will be the note
     OwnedNoteFile data{}, temp{};
     std::vector<unsigned char> piece{};  // copy buffer
     NotePlaces found{};                  // notes in the part of the data file read so far
+    bool isReadAgain = false;            // the offsets are those of the open data file
 };
 
-enum class Step { kDone, kStopped, kCannotCreate, kNoMemory, kCannotWrite, kMisfit };
+enum class Step { kDone, kStopped, kMerged, kTooLong, kCannotCreate, kNoMemory, kCannotWrite, kMisfit };
 
 }  // namespace
 
@@ -103,15 +115,44 @@ static bool HasChangedOnDisk(const Save& save) {
            files.stamp(files.device, IndexFileName(save.set)) != save.set.indexStamp;
 }
 
-// Reads the offsets of the open data file again and tells the user. False if the save must not continue.
 static bool ReadAgain(Save& save) {
-    NotePlaces places = ScanNotes(save.files, save.data.get());
-    save.set.readOnly = !IsWhole(places);
-    if (!save.set.readOnly) {
-        save.set.offsets = std::move(places.offsets);
-        StampFiles(save.files, save.set);
+    ReadSetAgain(save.files, save.set, save.data.get());
+    save.isReadAgain = true;
+    return !save.set.readOnly;
+}
+
+// ---- The note as it is stored ---------------------------------------------------------------------------------------
+
+// From the open data file, according to the offsets.
+static std::string StoredText(const Save& save) {
+    const StoredNote stored = StoredNoteOf(save.set, static_cast<int>(save.verse));
+    std::vector<unsigned char> bytes(std::min<std::size_t>(stored.length, kNoteBufferSize - 1));
+    bytes.resize(save.files.readAt(save.files.device, save.data.get(), stored.offset, bytes));
+    return {bytes.begin(), std::find(bytes.begin(), bytes.end(), '\0')};
+}
+
+static bool IsWhereItWas(const Save& save) {
+    return save.isReadAgain || FitsPlaces(save.set.offsets, ScanNotes(save.files, save.data.get()));
+}
+
+static Step Merge(Save& save, std::string stored) {
+    std::string both = BothTexts(save.text, stored);
+    if (both.size() > kNoteTextLimit) return Step::kTooLong;
+    save.edit = {std::move(both), std::move(stored)};
+    return Step::kMerged;
+}
+
+// Compares the stored note with the one that was opened. If only other notes have changed, the user decides whether to
+// go on.
+static Step CheckNote(Save& save) {
+    std::string stored = StoredText(save);
+    if (stored != save.edit.openedOn && !IsWhereItWas(save)) {
+        if (!ReadAgain(save)) return Step::kMisfit;
+        stored = StoredText(save);
     }
-    return Tell(save, save.set.readOnly ? SaveNotice::kNotWhole : SaveNotice::kChangedOnDisk) && !save.set.readOnly;
+    if (stored == save.text) return Step::kDone;
+    if (stored != save.edit.openedOn && !stored.empty()) return Merge(save, std::move(stored));
+    return !save.isReadAgain || Tell(save, SaveNotice::kChangedOnDisk) ? Step::kDone : Step::kStopped;
 }
 
 // ---- The temporary file ---------------------------------------------------------------------------------------------
@@ -167,6 +208,7 @@ static Step WriteNotes(Save& save) {
 
 static void ShiftOffsets(Save& save) {
     std::vector<std::uint32_t>& offsets = save.set.offsets;
+    ++save.set.timesChanged;
     if (save.verse + 1 >= offsets.size()) return;
     const std::uint32_t before = offsets[save.verse + 1] - offsets[save.verse];
     const auto after = static_cast<std::uint32_t>(save.text.size() + 1);
@@ -188,12 +230,20 @@ static NoteSaveResult Fail(Save& save, SaveNotice notice) {
     return NoteSaveResult::kFailed;
 }
 
+// Other programs may change the files while the box is open.
+static NoteSaveResult StopWith(Save& save, SaveNotice notice, NoteSaveResult result) {
+    CloseBoth(save);
+    Tell(save, notice);
+    return result;
+}
+
 // Failures of the backup and the index are ignored: the next start rebuilds the index.
 static NoteSaveResult PutInPlace(Save& save, const NoteTime& now) {
     const NoteFiles& files = save.files;
     NoteSet& set = save.set;
     WithMemory([&] { KeepBackup(files, set, now.day); });
     if (!files.remove(files.device, set.dataFileName)) {
+        set.dataStamp = {};  // the offsets are already those of the temporary file: read the set again
         Tell(save, SaveNotice::kCannotDelete);
         return NoteSaveResult::kFailed;
     }
@@ -218,17 +268,19 @@ static Step FailWithoutData(Save& save) {
     return Step::kCannotCreate;
 }
 
+static Step CheckAndWrite(Save& save) {
+    const Step step = CheckNote(save);
+    return step == Step::kDone ? WriteTemp(save) : step;
+}
+
 // Everything before the old data file is touched. A data file that does not match the offsets is read again, once.
 static Step MakeTemp(Save& save) {
     if (!OpenData(save)) return Step::kStopped;
     if (!save.data) return FailWithoutData(save);
-    if (HasChangedOnDisk(save) && !ReadAgain(save)) return Step::kStopped;
-    Step step = WriteTemp(save);
+    Step step = HasChangedOnDisk(save) ? Step::kMisfit : CheckAndWrite(save);
+    if (step == Step::kMisfit && !save.isReadAgain && ReadAgain(save)) step = CheckAndWrite(save);
     if (step != Step::kMisfit) return step;
-    if (!ReadAgain(save)) return Step::kStopped;
-    step = WriteTemp(save);
-    if (step != Step::kMisfit) return step;
-    Tell(save, SaveNotice::kNotWhole);  // its contents are different at every read
+    Tell(save, SaveNotice::kNotWhole);  // or its contents are different at every read
     return Step::kStopped;
 }
 
@@ -239,6 +291,8 @@ static NoteSaveResult SaveInto(Save& save, const NoteTime& now) {
         case Step::kCannotCreate: return Fail(save, SaveNotice::kCannotCreate);
         case Step::kNoMemory: return Fail(save, SaveNotice::kNoMemory);
         case Step::kCannotWrite: return Fail(save, SaveNotice::kCannotWrite);
+        case Step::kTooLong: return StopWith(save, SaveNotice::kTooLong, NoteSaveResult::kStopped);
+        case Step::kMerged: return StopWith(save, SaveNotice::kMerged, NoteSaveResult::kMerged);
         case Step::kMisfit:
         case Step::kStopped: CloseBoth(save); return NoteSaveResult::kStopped;  // the text stays in the editor
         case Step::kDone: break;
@@ -252,11 +306,13 @@ static std::string_view CutToNote(std::string_view text) {
     return text.substr(0, std::min(text.find('\0'), kNoteTextLimit));
 }
 
-NoteSaveResult SaveNote(const NoteFiles& files, const SaveVoice& voice, NoteSets& notes, std::string_view text,
+NoteSaveResult SaveNote(const NoteFiles& files, const SaveVoice& voice, NoteSets& notes, NoteEdit& edit,
                         const NoteTime& now) {
     assert(CurrentSet(notes) != nullptr);
     NoteSet& set = *CurrentSet(notes);
-    Save save{files, voice, set, static_cast<std::size_t>(ClampVerse(notes.currentVerse)), CutToNote(text)};
+    const auto verse = static_cast<std::size_t>(ClampVerse(notes.currentVerse));
+    Save save{files, voice, set, verse, edit, CutToNote(edit.text)};
+    if (set.readOnly) RefreshSet(files, set);
     if (set.readOnly) {
         Tell(save, SaveNotice::kNotWhole);
         return NoteSaveResult::kStopped;
@@ -286,4 +342,13 @@ std::string TextForNote(std::string_view text, std::size_t room) {
         text.remove_prefix(std::max<std::size_t>(lineEnd, 1));
     }
     return lines;
+}
+
+std::string BothTexts(std::string_view mine, std::string_view other) {
+    static constexpr std::string_view kBetween =
+        "\r\n----------------------------------------\r\nAlso written elsewhere:\r\n";
+    std::string both(mine);
+    both += kBetween;
+    both += other;
+    return both;
 }

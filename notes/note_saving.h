@@ -9,6 +9,9 @@
 // Nor is one that has changed since it was read (size or time of either file): it is first read again, and the note is
 // saved into its current layout.
 //
+// The note itself may have been changed elsewhere while it was edited here. Then neither text replaces the other: the
+// editor gets both, so that the user decides what is stored.
+//
 // The state before the first save of each day is kept in the folder "backup" (notes/note_backup.h).
 #pragma once
 
@@ -31,6 +34,8 @@ enum class SaveNotice {
     kCannotRename,   // OK, stop icon
     kChangedOnDisk,  // OK and Cancel, exclamation icon: Cancel goes back to the editor
     kNotWhole,       // OK, stop icon
+    kMerged,         // OK, exclamation icon
+    kTooLong,        // OK, exclamation icon
 };
 
 struct SaveVoice {
@@ -44,17 +49,30 @@ enum class NoteSaveResult {
     kSaved,    // the editor closes; `notes.noteText` is the saved note, to be shown
     kFailed,   // the editor closes as for Cancel, the display does not change; for a save that could not write
     kStopped,  // nothing was written and nothing is lost: the editor stays open with its text
+    kMerged,   // the same, but the editor gets the new text and counts it as changed
 };
 
-// Saves `text` (up to its first NUL, cut to kNoteTextLimit characters) as the note of the current verse in the current
-// set. `now` dates the backup and the earlier notes. The offsets of the set change only after all notes are on the
-// disk. For a read-only set only kNotWhole is reported. There must be a current set.
+struct NoteEdit {
+    std::string text;        // as typed
+    std::string openedOn{};  // the stored note that was opened in the editor
+};
+
+// Saves the text (up to its first NUL, cut to kNoteTextLimit characters) as the note of the current verse in the
+// current set. `now` dates the backup and the earlier notes. The offsets of the set change only after all notes are on
+// the disk. For a set that still is not whole only kNotWhole is reported. There must be a current set.
+//
+// If the stored note is neither what was opened nor what was typed, and not empty, the result is kMerged: `edit` then
+// holds BothTexts, opened on the stored note, so that the next save stores them. If they are too long for one note,
+// nothing changes (kTooLong).
 //
 // If the data file cannot be opened, Retry does not try again: as with every failure up to the last write, the save
 // ends with kCannotWrite. If the old file cannot be deleted, the offsets in memory are already those of the temporary
 // file, which contains the note.
-NoteSaveResult SaveNote(const NoteFiles& files, const SaveVoice& voice, NoteSets& notes, std::string_view text,
+NoteSaveResult SaveNote(const NoteFiles& files, const SaveVoice& voice, NoteSets& notes, NoteEdit& edit,
                         const NoteTime& now);
+
+// `mine`, a line of dashes, "Also written elsewhere:" and `other`.
+std::string BothTexts(std::string_view mine, std::string_view other);
 
 // `text` up to its first NUL with every line end converted to CR LF, cut to `room` characters but never inside a line
 // end.

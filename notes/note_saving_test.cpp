@@ -18,6 +18,7 @@ static constexpr char kToday[] = "2024-12-31";
 struct Desk {
     FakeNoteFiles files;
     NoteSets notes;
+    std::string openedOn;
     std::vector<SaveNotice> told;
     bool answer = true;
     void (*whenTold)(Desk& desk, SaveNotice notice) = nullptr;
@@ -38,15 +39,19 @@ static std::unique_ptr<Desk> DeskWith(const std::map<int, std::string>& notes, i
     desk->files.contents["backup/a 2024-12-31.nmd"] = {};  // today's backup exists, so the log shows only the save
     EXPECT_TRUE(FindNoteSets(DeviceOver(desk->files), desk->notes));
     SelectStoredNote(desk->notes, 0, verse);
+    EXPECT_TRUE(ReadStoredNote(DeviceOver(desk->files), desk->notes, desk->openedOn));
     desk->notes.noteText = "as displayed";
     desk->files.log.clear();
     desk->voice = {desk.get(), TellDesk};
     return desk;
 }
 
-static NoteSaveResult SaveAt(Desk& desk, std::string_view text) {
-    const NoteSaveResult result = SaveNote(DeviceOver(desk.files), desk.voice, desk.notes, text, {kToday, 1735603200});
+// With the editor opened on the note that was there before other programs changed it.
+static NoteSaveResult SaveAt(Desk& desk, const std::string& text) {
+    NoteEdit edit{text, desk.openedOn};
+    const NoteSaveResult result = SaveNote(DeviceOver(desk.files), desk.voice, desk.notes, edit, {kToday, 1735603200});
     EXPECT_EQ(desk.files.openFiles, 0);
+    if (result == NoteSaveResult::kSaved) desk.openedOn = desk.notes.noteText;
     return result;
 }
 
@@ -128,6 +133,7 @@ TEST(SaveNote, SavesOnlyIntoTheCurrentSet) {
     AddFakeSet(desk->files, "b", {{7, "of b"}});
     EXPECT_TRUE(FindNoteSets(DeviceOver(desk->files), desk->notes));
     SelectStoredNote(desk->notes, 1, 7);
+    desk->openedOn = "of b";
     EXPECT_EQ(SaveAt(*desk, "new"), NoteSaveResult::kSaved);
     EXPECT_TRUE(desk->files.contents["b.nmd"] == FakeSetOf({{7, "new"}}).data);
     EXPECT_TRUE(desk->files.contents["a.nmd"] == FakeSetOf({{7, "of a"}}).data);
@@ -218,7 +224,6 @@ TEST(SaveNote, FailsWithoutMemory) {
         EXPECT_THAT(desk->files.log, IsSupersetOf({"box: Failure saving note (memory alloc error)",
                                                    "box: Failure writing. Disk may be full!"}));
         ExpectFilesHold(*desk, {{7, "four"}});
-        EXPECT_TRUE(HasTemp(*desk));
         EXPECT_EQ(desk->files.openFiles, 0);
     }
 }
@@ -300,6 +305,7 @@ TEST(SaveNote, NeverOverwritesTheOnlyCopy) {
     EXPECT_FALSE(desk->files.contents.contains("a.nmd"));
     const std::vector<unsigned char> copy = desk->files.contents["a.nmd.temp"];
     desk->told.clear();
+    desk->openedOn = "characters";
     EXPECT_EQ(SaveAt(*desk, "again"), NoteSaveResult::kFailed);
     EXPECT_THAT(desk->told, ElementsAre(SaveNotice::kCannotOpen, SaveNotice::kCannotCreate, SaveNotice::kCannotWrite));
     EXPECT_TRUE(desk->files.contents["a.nmd.temp"] == copy);
@@ -313,7 +319,7 @@ TEST(SaveNote, NeverOverwritesTheOnlyCopy) {
 // ---- Changes by other programs --------------------------------------------------------------------------------------
 
 TEST(SaveNote, UsesTheCurrentLayoutOnTheDisk) {
-    const FakeSet theirs = FakeSetOf({{3, "three"}, {7, "theirs"}, {9, "nine"}});
+    const FakeSet theirs = FakeSetOf({{3, "three"}, {7, "four"}, {9, "nine"}});
     static const struct {
         const char* why;
         bool data, index;

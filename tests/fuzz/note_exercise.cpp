@@ -131,7 +131,8 @@ static void SaveInto(FakeNoteFiles& files, NoteSets& notes, int setNumber, int v
     const NoteSet setBefore = set;
     const bool wasWhole = IsWholeByHand(before);
     SelectStoredNote(notes, setNumber, verse);
-    const NoteSaveResult result = SaveNote(DeviceOver(files), voice, notes, note, {"2024-12-31", 1735603200});
+    NoteEdit edit{note, StoredNoteText(files, notes)};
+    const NoteSaveResult result = SaveNote(DeviceOver(files), voice, notes, edit, {"2024-12-31", 1735603200});
     Expect(wasWhole == (result == NoteSaveResult::kSaved), "what is whole can be saved into, and nothing else");
     const FuzzBytes& after = files.contents[set.dataFileName];
     if (!wasWhole) {

@@ -1,0 +1,211 @@
+// Saving a note that was also changed elsewhere while it was edited.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "notes/note_refresh.h"
+#include "notes/note_saving.h"
+#include "tests/support/fake_note_files.h"
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+using Notes = std::map<int, std::string>;
+
+static constexpr int kVerse = 7;
+
+namespace {
+
+// A set "a" whose note of kVerse is open in the editor.
+struct Desk {
+    FakeNoteFiles fakes;
+    NoteFiles files;
+    NoteSets notes;
+    NoteEdit edit;
+    std::vector<SaveNotice> told;
+    std::vector<std::string> texts;
+    int openFilesWhenTold = 0;
+};
+
+}  // namespace
+
+static void OpenEditor(Desk& desk, const Notes& notes) {
+    AddFakeSet(desk.fakes, "a", notes);
+    desk.files = DeviceOver(desk.fakes);
+    EXPECT_TRUE(FindNoteSets(desk.files, desk.notes));
+    SelectStoredNote(desk.notes, 0, kVerse);
+    EXPECT_TRUE(ReadStoredNote(desk.files, desk.notes, desk.edit.openedOn));
+}
+
+static void ChangeElsewhere(Desk& desk, const Notes& notes) {
+    const FakeSet set = FakeSetOf(notes);
+    ChangeFile(desk.fakes, "a.nmd", set.data);
+    ChangeFile(desk.fakes, "a.nmi", set.index);
+}
+
+static bool TellDesk(void* device, SaveNotice notice, const std::string& text) {
+    Desk& desk = *static_cast<Desk*>(device);
+    desk.told.push_back(notice);
+    desk.texts.push_back(text);
+    desk.openFilesWhenTold = desk.fakes.openFiles;
+    return true;
+}
+
+static NoteSaveResult Save(Desk& desk) {
+    const NoteSaveResult result =
+        SaveNote(desk.files, {&desk, TellDesk}, desk.notes, desk.edit, {"2024-12-31", 1735603200});
+    EXPECT_EQ(desk.fakes.openFiles, 0);
+    return result;
+}
+
+static void ExpectStored(const Desk& desk, const Notes& notes) {
+    const FakeSet set = FakeSetOf(notes);
+    EXPECT_TRUE(desk.fakes.contents.at("a.nmd") == set.data);
+    EXPECT_TRUE(desk.fakes.contents.at("a.nmi") == set.index);
+}
+
+static std::string Both(const std::string& mine, const std::string& other) {
+    return mine + "\r\n----------------------------------------\r\nAlso written elsewhere:\r\n" + other;
+}
+
+TEST(ChangedNote, ComesBackWithBothTexts) {
+    Desk desk;
+    OpenEditor(desk, {{kVerse, "old"}});
+    ChangeElsewhere(desk, {{3, "three"}, {kVerse, "theirs"}});
+    desk.edit.text = "mine";
+    EXPECT_EQ(Save(desk), NoteSaveResult::kMerged);
+    EXPECT_EQ(desk.edit.text, Both("mine", "theirs"));
+    EXPECT_EQ(desk.edit.openedOn, "theirs");
+    EXPECT_THAT(desk.told, ElementsAre(SaveNotice::kMerged)) << "one box, not a second one for the changed files";
+    EXPECT_THAT(desk.texts, ElementsAre(HasSubstr("\"a\" was also changed elsewhere")));
+    EXPECT_EQ(desk.openFilesWhenTold, 0);
+    ExpectStored(desk, {{3, "three"}, {kVerse, "theirs"}});
+    EXPECT_FALSE(desk.fakes.contents.contains("a.nmd.temp"));
+
+    desk.told.clear();
+    EXPECT_EQ(Save(desk), NoteSaveResult::kSaved);
+    EXPECT_THAT(desk.told, IsEmpty());
+    ExpectStored(desk, {{3, "three"}, {kVerse, Both("mine", "theirs")}});
+    EXPECT_EQ(desk.notes.noteText, Both("mine", "theirs"));
+}
+
+TEST(ChangedNote, ComesBackEachTimeItIsChanged) {
+    Desk desk;
+    OpenEditor(desk, {});
+    desk.edit.text = "mine";
+    ChangeElsewhere(desk, {{kVerse, "one"}});
+    EXPECT_EQ(Save(desk), NoteSaveResult::kMerged);
+    ChangeElsewhere(desk, {{kVerse, "two"}});
+    EXPECT_EQ(Save(desk), NoteSaveResult::kMerged);
+    EXPECT_EQ(desk.edit.text, Both(Both("mine", "one"), "two"));
+    EXPECT_EQ(Save(desk), NoteSaveResult::kSaved);
+    ExpectStored(desk, {{kVerse, Both(Both("mine", "one"), "two")}});
+}
+
+TEST(ChangedNote, IsFoundAfterTheSetWasReadAgain) {
+    Desk desk;
+    OpenEditor(desk, {{kVerse, "old"}});
+    ChangeElsewhere(desk, {{3, "three"}, {kVerse, "theirs"}});
+    EXPECT_EQ(RefreshSet(desk.files, desk.notes.sets[0]), SetRefresh::kReadAgain);
+    desk.edit.text = "mine";
+    EXPECT_EQ(Save(desk), NoteSaveResult::kMerged);
+    EXPECT_EQ(desk.edit.text, Both("mine", "theirs"));
+}
+
+// A file of the same size with the old time: only the note itself tells.
+TEST(ChangedNote, IsFoundWithoutAnotherStamp) {
+    static const struct {
+        const char* why;
+        Notes now;
+    } kRows[] = {{"in its place", {{3, "three"}, {kVerse, "new"}, {9, "9"}}},
+                 {"in another place", {{3, "3"}, {kVerse, "newer"}, {9, "999"}}}};
+    for (const auto& row : kRows) {
+        SCOPED_TRACE(row.why);
+        Desk desk;
+        OpenEditor(desk, {{3, "three"}, {kVerse, "old"}, {9, "9"}});
+        desk.fakes.contents["a.nmd"] = FakeSetOf(row.now).data;
+        desk.edit.text = "mine";
+        EXPECT_EQ(Save(desk), NoteSaveResult::kMerged);
+        EXPECT_EQ(desk.edit.text, Both("mine", row.now.at(kVerse)));
+        EXPECT_EQ(Save(desk), NoteSaveResult::kSaved);
+        Notes notes = row.now;
+        notes[kVerse] = Both("mine", row.now.at(kVerse));
+        ExpectStored(desk, notes);
+    }
+}
+
+TEST(ChangedNote, IsSimplySavedIfBothTextsAreEqual) {
+    Desk desk;
+    OpenEditor(desk, {{kVerse, "old"}});
+    ChangeElsewhere(desk, {{3, "three"}, {kVerse, "same"}});
+    desk.edit.text = "same";
+    EXPECT_EQ(Save(desk), NoteSaveResult::kSaved);
+    EXPECT_THAT(desk.told, IsEmpty());
+    ExpectStored(desk, {{3, "three"}, {kVerse, "same"}});
+}
+
+TEST(ChangedNote, IsReplacedIfItWasDeletedElsewhere) {
+    Desk desk;
+    OpenEditor(desk, {{kVerse, "old"}});
+    ChangeElsewhere(desk, {{3, "three"}});
+    desk.edit.text = "mine";
+    EXPECT_EQ(Save(desk), NoteSaveResult::kSaved);
+    EXPECT_THAT(desk.told, ElementsAre(SaveNotice::kChangedOnDisk));
+    ExpectStored(desk, {{3, "three"}, {kVerse, "mine"}});
+}
+
+TEST(ChangedNote, ComesBackIfItWasEmptiedHere) {
+    Desk desk;
+    OpenEditor(desk, {{kVerse, "old"}});
+    ChangeElsewhere(desk, {{kVerse, "theirs"}});
+    EXPECT_EQ(Save(desk), NoteSaveResult::kMerged);
+    EXPECT_EQ(desk.edit.text, Both("", "theirs"));
+}
+
+TEST(ChangedNote, MayBeTheLastOfTheBible) {
+    Desk desk;
+    OpenEditor(desk, {});
+    SelectStoredNote(desk.notes, 0, 31101);
+    ChangeElsewhere(desk, {{31101, "theirs"}});
+    desk.edit.text = "mine";
+    EXPECT_EQ(Save(desk), NoteSaveResult::kMerged);
+    EXPECT_EQ(Save(desk), NoteSaveResult::kSaved);
+    ExpectStored(desk, {{31101, Both("mine", "theirs")}});
+}
+
+TEST(ChangedNote, FillsANoteToTheLimit) {
+    const std::size_t between = Both("", "").size();
+    for (const std::size_t more : {0u, 1u}) {
+        Desk desk;
+        OpenEditor(desk, {});
+        const std::string theirs(30000 + more, 't');
+        ChangeElsewhere(desk, {{kVerse, theirs}});
+        const std::string mine(65533 - 30000 - between, 'm');
+        desk.edit.text = mine;
+        const bool fits = more == 0;
+        EXPECT_EQ(Save(desk), fits ? NoteSaveResult::kMerged : NoteSaveResult::kStopped);
+        EXPECT_THAT(desk.told, ElementsAre(fits ? SaveNotice::kMerged : SaveNotice::kTooLong));
+        EXPECT_EQ(desk.edit.text, fits ? Both(mine, theirs) : mine);
+        ExpectStored(desk, {{kVerse, theirs}});
+    }
+}
+
+TEST(ChangedNote, WaitsUntilTheSetIsWhole) {
+    Desk desk;
+    OpenEditor(desk, {{kVerse, "old"}});
+    std::vector<unsigned char> half = FakeSetOf({{kVerse, "theirs"}}).data;
+    half.resize(20000);
+    ChangeFile(desk.fakes, "a.nmd", half);
+    desk.edit.text = "mine";
+    EXPECT_EQ(Save(desk), NoteSaveResult::kStopped);
+    EXPECT_THAT(desk.told, ElementsAre(SaveNotice::kNotWhole));
+    EXPECT_EQ(desk.edit.text, "mine");
+    ChangeElsewhere(desk, {{kVerse, "theirs"}});
+    EXPECT_EQ(Save(desk), NoteSaveResult::kMerged);
+    EXPECT_EQ(desk.edit.text, Both("mine", "theirs"));
+}
+
+TEST(BothTexts, AreSeparatedByALine) {
+    EXPECT_EQ(BothTexts("mine\r\n", "other"), Both("mine\r\n", "other"));
+}
