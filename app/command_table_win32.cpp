@@ -98,6 +98,7 @@ static constexpr Command kCommands[] = {
     {IDM_DELETE_NOTE_SET, DeleteSet, kNotEditing},
     {IDM_RENAME_NOTE_SET, RenameSet, kNotEditing},
     {IDM_MARK_NOTE_SETS, MarkSets},
+    {IDM_NOTES_CHANGED, UpdateNoteMarks},
 
     // View and focus
     {IDM_VIEW_LIST, TogglePane, kAlways, kListShown, {ButtonGroup::kView, 14}, {"Show/Hide Verse List Window"}},

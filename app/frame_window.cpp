@@ -57,7 +57,8 @@ static void OnSize(HWND window, UINT sizeType, int width, int height) {
     LayOut(sizeType, width, height);
 }
 
-// When the frame is activated again, the window that had the focus before gets it back.
+// When the frame is activated again, the window that had the focus before gets it back. Other programs may have changed
+// the note sets meanwhile.
 static void OnActivate(HWND window, UINT state, HWND other, BOOL minimized) {
     if (state == WA_INACTIVE) RememberFocus(window);
     if (state != WA_INACTIVE && !minimized && IsWindowVisible(theFrame.focusWhenInactive)) {
@@ -65,6 +66,7 @@ static void OnActivate(HWND window, UINT state, HWND other, BOOL minimized) {
     } else {
         FORWARD_WM_ACTIVATE(window, state, other, minimized, DefWindowProcA);  // focuses the frame if activated
     }
+    if (state != WA_INACTIVE && theFrame.startUpComplete) RefreshNotes();
 }
 
 static LRESULT CALLBACK FrameProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {

@@ -73,12 +73,20 @@ void EditNote(int command) {
 
 void ShowSavedNote(int) {
     ShowNoteText();
+    TellChangedNotes();
+}
+
+void ShowChangedNotes() {
+    RefreshNotes();
+    ReadNote(theNoteSets.currentVerse);
+    SendCommand(theFrame.window, IDM_NOTES_CHANGED);
 }
 
 void EndEditingNote(int) {
     if (IsChild(theNoteEditor.window, GetFocus())) SetFocus(theNotes.view);
     RefreshCommands();
     LayOut();
+    RefreshNotes();
 }
 
 void ShowNoteReferences(int) {

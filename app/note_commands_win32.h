@@ -4,6 +4,10 @@
 // Shows the Notes window if it is hidden and sets the focus to it.
 void FocusNotes();
 
+// Shows the notes as they are now in the files: the current note, the stars before verses and the marks on the tabs.
+// For commands that change the files of a set by themselves.
+void ShowChangedNotes();
+
 void GoToNote(int command);
 void GoToNeighbouringNote(int command);  // previous or next verse with a note
 void GoToNeighbouringSet(int command);   // previous or next set, wrapping around at the ends

@@ -66,6 +66,7 @@ void DeleteSet(int) {
 
 void MarkSets(int) {
     if (!theFrame.startUpComplete) return;
+    RefreshNotesInPassing();
     const VerseList& list = theVerseList.list;
     const bool empty = ListCount(list) == 0;
     const MarkedPlace place{
@@ -74,4 +75,11 @@ void MarkSets(int) {
         .passageVerse = thePassage.view.TopVerse,
     };
     if (MarkNoteTabs(place)) LayOut();
+}
+
+void UpdateNoteMarks(int command) {
+    if (!theFrame.startUpComplete) return;
+    RepaintNoteMarks();
+    theNoteTabs.marked.reset();
+    MarkSets(command);
 }

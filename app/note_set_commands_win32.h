@@ -4,4 +4,5 @@
 void CreateSet(int command);
 void RenameSet(int command);
 void DeleteSet(int command);
-void MarkSets(int command);  // sent by panes after painting
+void MarkSets(int command);         // sent by panes after painting
+void UpdateNoteMarks(int command);  // sent when notes have come or gone: also repaints the stars before verses

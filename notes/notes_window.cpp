@@ -6,6 +6,7 @@
 #include "notes/note_edit_control_win32.h"
 #include "notes/note_editor_window.h"
 #include "notes/note_files_win32.h"
+#include "notes/note_refresh.h"
 #include "notes/note_tabs_win32.h"
 #include "pane/selection_win32.h"
 #include "pane/status_bar_win32.h"
@@ -25,15 +26,50 @@ void ShowNoteText() {
     SetPlainText(theNotes.view, theNoteSets.noteText);
 }
 
+void TellChangedNotes() {
+    unsigned timesChanged = 0;
+    for (const NoteSet& set : theNoteSets.sets) timesChanged += set.timesChanged;
+    if (timesChanged == theNotes.timesChanged) return;
+    theNotes.timesChanged = timesChanged;
+    SendCommand(FrameOf(theNotes.window), IDM_NOTES_CHANGED);
+}
+
 void ReadNote(int verse) {
     if (IsEditingNote() || theNoteSets.sets.empty()) return;
-    if (!ReadNoteText(TheNoteFiles(), theScripture.records, theNoteSets, verse)) {
+    const bool isRead = ReadNoteText(TheNoteFiles(), theScripture.records, theNoteSets, verse);
+    TellChangedNotes();
+    if (!isRead) {
         Complain(FrameOf(theNotes.window), kCannotReadNote);
         return;
     }
     ShowNoteText();
     ShowStatus(theNotes.window, StatusPart::kNote,
                ReferenceText(theScripture.records, theNoteSets.currentVerse, BookForm::kName));
+}
+
+static bool Refresh(NoteSet& set) {
+    return RefreshSet(TheNoteFiles(), set) == SetRefresh::kReadAgain;
+}
+
+static void RefreshCurrentSet() {
+    NoteSet* set = CurrentSet(theNoteSets);
+    if (set != nullptr && Refresh(*set)) ReadNote(theNoteSets.currentVerse);
+}
+
+void RefreshNotes() {
+    if (IsEditingNote()) return;
+    RefreshCurrentSet();
+    for (NoteSet& set : theNoteSets.sets) Refresh(set);
+    TellChangedNotes();
+}
+
+void RefreshNotesInPassing() {
+    static std::size_t turn = 0;
+    if (IsEditingNote() || theNoteSets.sets.empty()) return;
+    RefreshCurrentSet();
+    NoteSet& other = theNoteSets.sets[turn++ % theNoteSets.sets.size()];
+    if (&other != CurrentSet(theNoteSets)) Refresh(other);
+    TellChangedNotes();
 }
 
 void ShowNoteOfSet(int set, int verse) {

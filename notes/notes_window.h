@@ -15,6 +15,7 @@ struct NotesPane {
     OwnedFont font;
     int BindNotes = 1;                     // non-zero: the Notes window follows the Passage
     std::vector<std::int32_t> references;  // verses of the last cross-reference line that was followed
+    unsigned timesChanged = 0;             // of all sets, when the frame was last told
 };
 extern NotesPane theNotes;
 
@@ -35,6 +36,18 @@ void ReadNote(int verse);
 
 // Shows the text of the current note as last read or saved.
 void ShowNoteText();
+
+// Reads the sets again whose files have changed, and shows the current note if its set is one of them. Says nothing if
+// they cannot be read now. Does nothing while a note is being edited, because Save has to compare the files with those
+// on which the editor was opened.
+void RefreshNotes();
+
+// The same for the current set and one other set, another one each time: a pane that scrolls has no time to compare the
+// files of 31 sets.
+void RefreshNotesInPassing();
+
+// Sends the frame IDM_NOTES_CHANGED if a note has been saved or a set has been read again since the last time.
+void TellChangedNotes();
 
 // Makes `set` the current one, shows its note of `verse` and selects its tab. Does nothing while a note is being
 // edited.

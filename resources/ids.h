@@ -78,6 +78,7 @@
 #define IDM_READ_ENTRY 905       // sent by the Verse List: read the context of the current entry
 #define IDM_ENTER_PASSAGE 906    // sent by the Verse List: give the Passage the focus
 #define IDM_SHOW_SAVED_NOTE 907  // sent by the note editor when it has saved the note
+#define IDM_NOTES_CHANGED 908    // sent by the Notes window: notes have come or gone since the stars were shown
 #define IDM_GOTO_BOOK 1000       // plus the number of the book, 1 to 66
 #define IDM_DEVOTIONAL 2000      // plus a verse index
 
