@@ -7,6 +7,8 @@
 
 #include "bench/windows/contest.h"
 #include "bench/windows/paint_floors.h"
+#include "notes/note_files_win32.h"
+#include "notes/note_refresh.h"
 #include "passage/passage_flow.h"
 #include "scripture/scripture.h"
 #include "scripture/scripture_win32.h"
@@ -16,6 +18,7 @@ static constexpr int kRounds = 21;
 static constexpr double kMostTimesWordByWord = 1.0;
 static constexpr double kMostTimesFaceByFace = 1.5;
 static constexpr double kMostAboveOnePaint = 2.0;  // limit for page up, milliseconds
+static constexpr double kMostForStamps = 0.02;     // limit for comparing the files of sets, of one paint
 
 namespace {
 
@@ -186,6 +189,34 @@ static void MeasureScrolling(Bench& bench, const Mode& mode) {
     PrintLimited("page up above one paint" + at, mostAbove, kMostAboveOnePaint, "ms");
 }
 
+static NoteSet WrittenSet(const char* name) {
+    NoteSet set = EmptyNoteSet(name);
+    CreateNoteFiles(TheNoteFiles(), set);
+    return set;
+}
+
+static void RemoveFiles(const NoteSet& set) {
+    const NoteFiles& files = TheNoteFiles();
+    for (const std::string& name : {set.dataFileName, IndexFileName(set)}) files.remove(files.device, name);
+}
+
+// While it scrolls, the program compares the files of the current set before it reads the note of the verse, and after
+// painting those of the current set and of one other.
+static void MeasureStamps(Bench& bench) {
+    const PassageFlow flow = FlowAt(bench, kPlaces[0], kModes[0]);
+    NoteSet current = WrittenSet("paint_bench current"), other = WrittenSet("paint_bench other");
+    const std::vector<double> times = MediansInTurns(kRounds, {
+                                                                  [&] {
+                                                                      for (NoteSet* set : {&current, &current, &other})
+                                                                          RefreshSet(TheNoteFiles(), *set);
+                                                                  },
+                                                                  [&] { Paint(bench, flow); },
+                                                              });
+    RemoveFiles(current);
+    RemoveFiles(other);
+    Print({"comparing the files of note sets / one paint", times[0], times[1], kMostForStamps});
+}
+
 static HDC ScreenToPaintOn() {
     const HWND window = CreateWindowExA(0, "STATIC", "", WS_POPUP | WS_VISIBLE, 0, 0, kClient.right, kClient.bottom,
                                         nullptr, nullptr, nullptr, nullptr);
@@ -208,5 +239,6 @@ int main() {
     bench.floorCanvas = CanvasFor(floorCanvas, bench.screen, kClient.right, kClient.bottom);
     for (const Mode& mode : kModes) ComparePaints(bench, mode);
     for (const Mode& mode : kModes) MeasureScrolling(bench, mode);
+    MeasureStamps(bench);
     return 0;
 }
