@@ -236,3 +236,40 @@ void SaveSettings(const ProfileFile& profile, Settings settings, const FramePlac
     FramePlacement written = *placement;
     SaveRows(profile, PlacementRows(written));
 }
+
+// ---- The second file ------------------------------------------------------------------------------------------------
+
+static SettingRows MoreRows(MoreSettings& settings) {
+    static constexpr int kSetNameLimit = 259;  // no path is longer
+    return {
+        {"NOTES", "CurrentSet", TextField{&settings.CurrentSet, "", kSetNameLimit}},
+    };
+}
+
+static std::string Written(const SettingRow& row) {
+    return std::visit([](const auto& field) { return Written(field); }, row.field);
+}
+
+// In quotes, because the profile functions remove blanks and one pair of quotes around a text.
+static std::string Quoted(const std::string& text) {
+    return '"' + text + '"';
+}
+
+MoreSettings LoadMoreSettings(const ProfileFile& profile) {
+    MoreSettings settings;
+    LoadRows(profile, MoreRows(settings));
+    return settings;
+}
+
+void SaveMoreSettings(const ProfileFile& profile, MoreSettings settings) {
+    MoreSettings stored = LoadMoreSettings(profile), defaults;
+    const SettingRows rows = MoreRows(settings), storedRows = MoreRows(stored), defaultRows = MoreRows(defaults);
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        const std::string text = Written(rows[i]);
+        if (text == Written(storedRows[i])) continue;
+        if (text == Written(defaultRows[i]))
+            profile.removeKey(profile.device, rows[i].section, rows[i].key.c_str());
+        else
+            profile.writeText(profile.device, rows[i].section, rows[i].key.c_str(), Quoted(text).c_str());
+    }
+}

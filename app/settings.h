@@ -18,6 +18,7 @@
 #include "typeset/reading_options.h"
 
 inline constexpr char kSettingsFile[] = "Versewell.INI";
+inline constexpr char kMoreSettingsFile[] = "Versewell.more.ini";
 
 // The frame's stored normal rectangle; kUseDefault (CW_USEDEFAULT) lets the system choose.
 inline constexpr int kUseDefault = -2147483647 - 1;
@@ -52,6 +53,16 @@ struct Settings {
     Fonts fonts;
 };
 
+// Settings that older versions of the program do not know. They are in a second file beside the first, whose bytes stay
+// those that older versions write. A key is only written when its value is not the default, and removed when it becomes
+// the default; so the file is not created before it is needed.
+struct MoreSettings {
+    // The name of the current note set. It goes before the number in `Note`, which means another set when sets have
+    // been added or removed between two runs. Empty, the default, if there is only one set: then the sets that are
+    // newer than the settings file are the ones that were added.
+    std::string CurrentSet;
+};
+
 // The private-profile functions for the settings file. These functions return text without surrounding blanks and
 // without one pair of quotes.
 struct ProfileFile {
@@ -60,6 +71,7 @@ struct ProfileFile {
     std::string (*readText)(void* device, const char* section, const char* key, const char* missing,
                             int limit) = nullptr;  // at most `limit` characters
     void (*writeText)(void* device, const char* section, const char* key, const char* text) = nullptr;
+    void (*removeKey)(void* device, const char* section, const char* key) = nullptr;
 };
 
 // Reads the frame's placement, which is needed before the frame is created.
@@ -75,3 +87,7 @@ Settings LoadSettings(const ProfileFile& profile, std::uint32_t systemHighlight)
 // Writes SEARCH, FORMAT, VIEW, BOOKMARKS, OPTIONS, MISC, and then the placement unless it is null. Font heights are
 // written without their sign.
 void SaveSettings(const ProfileFile& profile, Settings settings, const FramePlacement* placement);
+
+// The same for the second file; saving writes only keys whose value has changed.
+MoreSettings LoadMoreSettings(const ProfileFile& profile);
+void SaveMoreSettings(const ProfileFile& profile, MoreSettings settings);

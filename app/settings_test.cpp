@@ -245,3 +245,36 @@ TEST(Settings, InvalidSearchRangeBecomesTheWholeBible) {
         EXPECT_EQ(settings.searchRange.EndVerse, row.EndVerse) << row.start << ' ' << row.end;
     }
 }
+
+// ---- The second file ------------------------------------------------------------------------------------------------
+
+static std::vector<std::string> SavedMore(FakeProfile& profile, const std::string& set) {
+    profile.writes.clear();
+    SaveMoreSettings(DeviceOver(profile), {set});
+    return profile.writes;
+}
+
+TEST(MoreSettings, AreNotWrittenByDefault) {
+    FakeProfile profile;
+    EXPECT_EQ(LoadMoreSettings(DeviceOver(profile)).CurrentSet, "");
+    EXPECT_EQ(SavedMore(profile, ""), std::vector<std::string>{});
+    EXPECT_TRUE(profile.values.empty());
+}
+
+TEST(MoreSettings, AreReadAsWritten) {
+    for (const std::string name : {"Mine", "a.b", " blanks ", "'quotes'", "\xC4\xD6\xDC", "a=b;c"}) {
+        FakeProfile profile;
+        EXPECT_EQ(SavedMore(profile, name), std::vector<std::string>{"NOTES/CurrentSet=\"" + name + "\""});
+        EXPECT_EQ(LoadMoreSettings(DeviceOver(profile)).CurrentSet, name);
+    }
+}
+
+TEST(MoreSettings, AreWrittenOnlyWhenTheyChange) {
+    FakeProfile profile;
+    SavedMore(profile, "Mine");
+    EXPECT_EQ(SavedMore(profile, "Mine"), std::vector<std::string>{});
+    EXPECT_EQ(SavedMore(profile, "Other"), std::vector<std::string>{"NOTES/CurrentSet=\"Other\""});
+    EXPECT_EQ(SavedMore(profile, ""), std::vector<std::string>{"NOTES/CurrentSet"});
+    EXPECT_TRUE(profile.values.empty());
+    EXPECT_EQ(SavedMore(profile, ""), std::vector<std::string>{});
+}

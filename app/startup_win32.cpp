@@ -41,10 +41,19 @@ static void WriteText(void* device, const char* section, const char* key, const 
     WritePrivateProfileStringA(section, key, text, PathOf(device));
 }
 
+static void RemoveKey(void* device, const char* section, const char* key) {
+    WritePrivateProfileStringA(section, key, nullptr, PathOf(device));
+}
+
 // The full path, because the system looks for a bare name in the Windows folder.
 ProfileFile SettingsProfile() {
     static std::string path = WorkingFilePath(kSettingsFile);
-    return {&path, ReadInteger, ReadText, WriteText};
+    return {&path, ReadInteger, ReadText, WriteText, RemoveKey};
+}
+
+static ProfileFile MoreSettingsProfile() {
+    static std::string path = WorkingFilePath(kMoreSettingsFile);
+    return {&path, ReadInteger, ReadText, WriteText, RemoveKey};
 }
 
 // ---- Start-up -------------------------------------------------------------------------------------------------------
@@ -94,7 +103,9 @@ static StoreLoad LoadStore() {
 
 static void TakeOver(const Settings& settings) {
     thePassage.view.TopVerse = settings.ReadVerse;
-    SelectStoredNote(theNoteSets, settings.Note, settings.NoteVerse);
+    const NoteFiles& files = TheNoteFiles();
+    const std::uint64_t written = files.stamp(files.device, kSettingsFile).time;
+    SelectStoredNote(theNoteSets, SetNumberedAt(theNoteSets, settings.Note, written), settings.NoteVerse);
     theNotes.BindNotes = settings.BindNotes;
     theSearch.options = settings.searchOptions;
     theSearch.range = settings.searchRange;
@@ -104,6 +115,17 @@ static void TakeOver(const Settings& settings) {
     theFrame.shown = settings.shown;
     theFrame.bookmarks = settings.bookmarks;
     theFrame.fonts = settings.fonts;
+}
+
+static void TakeOver(const MoreSettings& settings) {
+    if (settings.CurrentSet.empty()) return;
+    const int set = SetNamed(theNoteSets, settings.CurrentSet);
+    if (set != kNoSet) SelectSet(theNoteSets, set);
+}
+
+static MoreSettings CurrentMoreSettings() {
+    const NoteSet* set = CurrentSet(theNoteSets);
+    return {theNoteSets.sets.size() > 1 && set != nullptr ? NoteSetName(*set) : ""};
 }
 
 static Settings CurrentSettings() {
@@ -125,6 +147,7 @@ static Settings CurrentSettings() {
 
 static void ReadSettings() {
     TakeOver(LoadSettings(SettingsProfile(), GetSysColor(COLOR_HIGHLIGHT)));
+    TakeOver(LoadMoreSettings(MoreSettingsProfile()));
     LabelBookmarks();
     SetPassageFont(theFrame.fonts.passage);
     SetVerseListFont(theFrame.fonts.verseList);
@@ -180,6 +203,7 @@ static void WriteSettings() {
     const bool placed = GetWindowPlacement(theFrame.window, &placement);
     const FramePlacement frame = PlacementOf(placement);
     SaveSettings(SettingsProfile(), CurrentSettings(), placed ? &frame : nullptr);
+    SaveMoreSettings(MoreSettingsProfile(), CurrentMoreSettings());
 }
 
 void ShutDown() {

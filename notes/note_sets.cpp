@@ -4,6 +4,7 @@
 
 #include "notes/note_places.h"
 #include "notes/note_refresh.h"
+#include "scripture/letters.h"
 
 static constexpr std::size_t kDevotionalFileSize = sizeof(NoteSets::devotionalTable);
 static_assert(kDevotionalFileSize == 2976);
@@ -51,6 +52,19 @@ static bool HasSet(const NoteSets& notes, int set) {
 
 void SelectSet(NoteSets& notes, int set) {
     notes.currentSet = HasSet(notes, set) ? set : 0;
+}
+
+int SetNamed(const NoteSets& notes, const std::string& name) {
+    for (std::size_t set = 0; set < notes.sets.size(); ++set)
+        if (EqualIgnoringCase(NoteSetName(notes.sets[set]), name)) return static_cast<int>(set);
+    return kNoSet;
+}
+
+int SetNumberedAt(const NoteSets& notes, int number, std::uint64_t time) {
+    int olderSets = 0;
+    for (std::size_t set = 0; set < notes.sets.size(); ++set)
+        if (notes.sets[set].dataStamp.time <= time && olderSets++ == number) return static_cast<int>(set);
+    return number;
 }
 
 void SelectStoredNote(NoteSets& notes, int set, int verse) {

@@ -39,6 +39,14 @@ bool FindNoteSets(const NoteFiles& files, NoteSets& notes);
 // Makes `set` the current one, or 0 if it is out of range. All changes of the current set go through here.
 void SelectSet(NoteSets& notes, int set);
 
+// The number of the set with this name, in capitals or not; kNoSet if there is none.
+inline constexpr int kNoSet = -1;
+int SetNamed(const NoteSets& notes, const std::string& name);
+
+// The set that had this number at `time`, in units of the stamps: sets whose data file is newer are not counted,
+// because they may have come later. Without such a set, simply the one with this number.
+int SetNumberedAt(const NoteSets& notes, int number, std::uint64_t time);
+
 // The current set; null when there are no sets.
 const NoteSet* CurrentSet(const NoteSets& notes);
 NoteSet* CurrentSet(NoteSets& notes);

@@ -373,3 +373,28 @@ TEST(NextAndPreviousNote, WrapAroundTheBible) {
         EXPECT_EQ(PreviousNote(DeviceOver(files), notes), row.previous) << row.current;
     }
 }
+
+TEST(SetNamed, FindsASetByItsName) {
+    FakeNoteFiles files;
+    for (const char* name : {"b", "Mine", "a.b", ""}) AddFakeSet(files, name, {});
+    const NoteSets notes = Found(files);
+    const std::pair<const char*, int> rows[] = {{"b", 0}, {"mine", 1}, {"a.b", 2},
+                                                {"", 3},  {"a", -1},   {"Mine.nmd", -1}};
+    for (const auto& [name, set] : rows) EXPECT_EQ(SetNamed(notes, name), set) << name;
+}
+
+TEST(SetNumberedAt, CountsTheSetsThatWereThere) {
+    NoteSets notes;
+    for (const std::uint64_t time : {30u, 10u, 40u, 20u}) {
+        notes.sets.push_back({"x.nmd"});
+        notes.sets.back().dataStamp.time = time;
+    }
+    static constexpr struct {
+        int number;
+        std::uint64_t time;
+        int set;
+    } kRows[] = {{0, 10, 1}, {0, 20, 1}, {1, 20, 3}, {0, 35, 0}, {1, 35, 1}, {2, 35, 3},  {3, 35, 3},
+                 {0, 99, 0}, {3, 99, 3}, {0, 0, 0},  {2, 0, 2},  {7, 20, 7}, {-1, 99, -1}};
+    for (const auto& [number, time, set] : kRows)
+        EXPECT_EQ(SetNumberedAt(notes, number, time), set) << number << " " << time;
+}

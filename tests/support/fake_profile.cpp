@@ -44,6 +44,11 @@ static void WriteText(void* device, const char* section, const char* key, const 
     ProfileOf(device).values[path] = text;
 }
 
+static void RemoveKey(void* device, const char* section, const char* key) {
+    ProfileOf(device).writes.push_back(PathOf(section, key));
+    ProfileOf(device).values.erase(PathOf(section, key));
+}
+
 ProfileFile DeviceOver(FakeProfile& profile) {
-    return {&profile, ReadInteger, ReadText, WriteText};
+    return {&profile, ReadInteger, ReadText, WriteText, RemoveKey};
 }

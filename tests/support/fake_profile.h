@@ -11,7 +11,7 @@
 struct FakeProfile {
     std::map<std::string, std::string> values;  // "SECTION/Key" -> text
     std::vector<std::string> reads;             // "SECTION/Key"
-    std::vector<std::string> writes;            // "SECTION/Key=text"
+    std::vector<std::string> writes;            // "SECTION/Key=text"; "SECTION/Key" for a key that was removed
 };
 
 // The device for `profile`, which must outlive it.

@@ -1,5 +1,7 @@
 // Versewell.INI: the settings that the program reads at the start and writes on exit.
 
+#include <algorithm>
+#include <filesystem>
 #include <sstream>
 
 #include <windows.h>
@@ -10,6 +12,7 @@
 #include "resources/ids.h"
 #include "tests/driver/driver.h"
 #include "tests/windows/note_set_files.h"
+#include "tests/windows/passage_pane.h"
 
 using testing::ElementsAre;
 using testing::ElementsAreArray;
@@ -371,4 +374,71 @@ TEST(SearchHistory, LosesSurroundingQuotesBetweenRuns) {
     Press(program, "Alt+w");
     const HWND dialog = WaitForDialog(program, "Word Search");
     EXPECT_THAT(ComboStrings(Child(dialog, {IDC_SEARCH_TEXT})), ElementsAre("unsearchable"));
+}
+
+// ---- Versewell.more.ini: what older versions do not know ------------------------------------------------------------
+
+static std::string NameInFront(const Program& program) {
+    return NoteSetNames(program)[static_cast<std::size_t>(SelectedTab(Child(program.frame, {IDC_NOTE_TABS})))];
+}
+
+static void BringToFront(const Program& program, const std::string& name) {
+    const std::vector<std::string> names = NoteSetNames(program);
+    const auto place = std::ranges::find(names, name) - names.begin();
+    ClickTab(program, Child(program.frame, {IDC_NOTE_TABS}), static_cast<int>(place));
+    EXPECT_EQ(NameInFront(program), name);
+}
+
+TEST(MoreSettingsFile, IsNotWrittenForOnlyOneSet) {
+    const ScratchFolder folder = FolderWithScripture();
+    WriteNoteSet(folder, "Mine");
+    StartAndClose(folder);
+    EXPECT_FALSE(HasFile(folder, "Versewell.more.ini"));
+}
+
+// No name is stored for it, but the new set is newer than the settings.
+TEST(MoreSettingsFile, IsNotNeededForASetThatWasTheOnlyOne) {
+    const ScratchFolder folder = FolderWithScripture();
+    StartAndClose(folder);
+    WriteNoteSet(folder, "A new one");
+    Program program = StartProgram(folder);
+    EXPECT_EQ(NameInFront(program), "My Notes");
+}
+
+// Sets that come first in the folder change the number of the one that was in front.
+TEST(MoreSettingsFile, KeepsTheSetInFrontWhenSetsAreAdded) {
+    for (const std::string name : {"M", "N b", "O"}) {
+        const ScratchFolder folder = FolderWithScripture();
+        for (const char* set : {"M", "N b", "O"}) WriteNoteSet(folder, set, {{0, set}});
+        {
+            Program program = StartProgram(folder);
+            BringToFront(program, name);
+            EXPECT_EQ(CloseProgram(program), 0);
+        }
+        const std::string settings = ReadFile(folder, "Versewell.INI");
+        for (const char* set : {"A", "B", "N", "Z"}) WriteNoteSet(folder, set);
+        Program program = StartProgram(folder);
+        EXPECT_EQ(NameInFront(program), name);
+        EXPECT_EQ(TextOf(NoteViewOf(program)), name);
+        EXPECT_EQ(ReadFile(folder, "Versewell.INI"), settings);
+    }
+}
+
+TEST(MoreSettingsFile, IsNotUsedForASetThatIsGone) {
+    const ScratchFolder folder = FolderWithScripture();
+    for (const char* set : {"A", "B"}) WriteNoteSet(folder, set);
+    WriteFile(folder, "Versewell.more.ini", "[NOTES]\r\nCurrentSet=\"Gone\"\r\n");
+    WriteSetting(folder, "MISC", "Note", "1");
+    Program program = StartProgram(folder);
+    EXPECT_EQ(SelectedTab(Child(program.frame, {IDC_NOTE_TABS})), 1);
+}
+
+TEST(MoreSettingsFile, LosesTheNameWhenOnlyOneSetIsLeft) {
+    const ScratchFolder folder = FolderWithScripture();
+    for (const char* set : {"A", "B"}) WriteNoteSet(folder, set);
+    StartAndClose(folder);
+    EXPECT_THAT(LinesOf(ReadFile(folder, "Versewell.more.ini")), ElementsAre("[NOTES]", "CurrentSet=\"A\""));
+    for (const char* file : {"A.nmd", "A.nmi"}) std::filesystem::remove(folder.path / file);
+    StartAndClose(folder);
+    EXPECT_THAT(ReadFile(folder, "Versewell.more.ini"), testing::Not(testing::HasSubstr("CurrentSet")));
 }
