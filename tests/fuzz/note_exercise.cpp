@@ -118,7 +118,7 @@ static bool IsAllButOne(const FuzzBytes& before, const NoteSet& setBefore, const
                       after.begin() + static_cast<std::ptrdiff_t>(set.offsets[saved + 1]), after.end());
 }
 
-static std::string StoredNoteText(FakeNoteFiles& files, const NoteSets& notes) {
+static std::string StoredNoteText(FakeNoteFiles& files, NoteSets& notes) {
     std::string text;
     Expect(ReadStoredNote(DeviceOver(files), notes, text), "a note that was saved can be read");
     return text;
