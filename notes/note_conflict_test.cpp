@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "notes/note_history.h"
 #include "notes/note_refresh.h"
 #include "notes/note_saving.h"
 #include "tests/support/fake_note_files.h"
@@ -26,6 +27,7 @@ struct Desk {
     std::vector<SaveNotice> told;
     std::vector<std::string> texts;
     int openFilesWhenTold = 0;
+    bool answer = true;
 };
 
 }  // namespace
@@ -49,7 +51,7 @@ static bool TellDesk(void* device, SaveNotice notice, const std::string& text) {
     desk.told.push_back(notice);
     desk.texts.push_back(text);
     desk.openFilesWhenTold = desk.fakes.openFiles;
-    return true;
+    return desk.answer;
 }
 
 static NoteSaveResult Save(Desk& desk) {
@@ -174,21 +176,49 @@ TEST(ChangedNote, MayBeTheLastOfTheBible) {
     ExpectStored(desk, {{31101, Both("mine", "theirs")}});
 }
 
+static const std::size_t kBetween = Both("", "").size();
+
+// Two texts, `length` characters together with what is between them.
+static void TypeAgainstLongNote(Desk& desk, std::size_t length) {
+    OpenEditor(desk, {});
+    const std::string theirs(30000, 't');
+    ChangeElsewhere(desk, {{kVerse, theirs}});
+    desk.edit.text = std::string(length - 30000 - kBetween, 'm');
+}
+
 TEST(ChangedNote, FillsANoteToTheLimit) {
-    const std::size_t between = Both("", "").size();
-    for (const std::size_t more : {0u, 1u}) {
+    Desk desk;
+    TypeAgainstLongNote(desk, 65533);
+    EXPECT_EQ(Save(desk), NoteSaveResult::kMerged);
+    EXPECT_EQ(desk.edit.text.size(), 65533u);
+    EXPECT_TRUE(AllEarlierNotes(desk.files, "a").empty());
+}
+
+TEST(ChangedNote, IsKeptAmongTheEarlierNotesIfBothAreTooLong) {
+    for (const bool replaces : {true, false}) {
         Desk desk;
-        OpenEditor(desk, {});
-        const std::string theirs(30000 + more, 't');
-        ChangeElsewhere(desk, {{kVerse, theirs}});
-        const std::string mine(65533 - 30000 - between, 'm');
-        desk.edit.text = mine;
-        const bool fits = more == 0;
-        EXPECT_EQ(Save(desk), fits ? NoteSaveResult::kMerged : NoteSaveResult::kStopped);
-        EXPECT_THAT(desk.told, ElementsAre(fits ? SaveNotice::kMerged : SaveNotice::kTooLong));
-        EXPECT_EQ(desk.edit.text, fits ? Both(mine, theirs) : mine);
-        ExpectStored(desk, {{kVerse, theirs}});
+        TypeAgainstLongNote(desk, 65534);
+        const std::string mine = desk.edit.text, theirs(30000, 't');
+        desk.answer = replaces;
+        EXPECT_EQ(Save(desk), replaces ? NoteSaveResult::kSaved : NoteSaveResult::kStopped);
+        EXPECT_THAT(desk.told, ElementsAre(SaveNotice::kTooLong));
+        const std::vector<EarlierNote> kept = AllEarlierNotes(desk.files, "a");
+        ASSERT_EQ(kept.size(), 1u);
+        EXPECT_EQ(kept[0], (EarlierNote{1735603200, kVerse, KeptReason::kReplaced, theirs}));
+        ExpectStored(desk, {{kVerse, replaces ? mine : theirs}});
+        EXPECT_EQ(desk.edit.text, mine);
     }
+}
+
+TEST(ChangedNote, IsNotReplacedIfItCannotBeKept) {
+    Desk desk;
+    TypeAgainstLongNote(desk, 65534);
+    const std::string mine = desk.edit.text;
+    desk.fakes.uncreatable = {"backup", "backup/a.nmh", "backup/a.nmh.temp"};
+    EXPECT_EQ(Save(desk), NoteSaveResult::kStopped);
+    EXPECT_THAT(desk.told, ElementsAre(SaveNotice::kCannotKeep));
+    ExpectStored(desk, {{kVerse, std::string(30000, 't')}});
+    EXPECT_EQ(desk.edit.text, mine);
 }
 
 TEST(ChangedNote, WaitsUntilTheSetIsWhole) {

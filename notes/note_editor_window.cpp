@@ -119,8 +119,8 @@ struct WaitCursor {
 static UINT BoxOf(SaveNotice notice) {
     switch (notice) {
         case SaveNotice::kCannotOpen: return MB_RETRYCANCEL | MB_ICONSTOP;
-        case SaveNotice::kMerged:
-        case SaveNotice::kTooLong: return MB_OK | MB_ICONEXCLAMATION;
+        case SaveNotice::kMerged: return MB_OK | MB_ICONEXCLAMATION;
+        case SaveNotice::kTooLong:
         case SaveNotice::kChangedOnDisk: return MB_OKCANCEL | MB_ICONEXCLAMATION;
         case SaveNotice::kCannotDelete: return MB_OK;
         default: return MB_OK | MB_ICONSTOP;

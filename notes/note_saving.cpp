@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "notes/note_backup.h"
+#include "notes/note_history.h"
 #include "notes/note_places.h"
 #include "notes/note_refresh.h"
 
@@ -50,7 +51,13 @@ static std::string TextOf(SaveNotice notice, const NoteSet& set) {
         case SaveNotice::kTooLong:
             return WithName("This note of the set \"", NoteSetName(set),
                             "\" was also changed elsewhere since you opened it, and both texts together are too long "
-                            "for one note. Nothing has been saved: copy your text to another place before you cancel.");
+                            "for one note. The other text is now kept among the earlier notes of the verse.\n\nChoose "
+                            "OK to save your note in its place, or Cancel to go back to the editor.");
+        case SaveNotice::kCannotKeep:
+            return WithName("This note of the set \"", NoteSetName(set),
+                            "\" was also changed elsewhere since you opened it. Both texts together are too long for "
+                            "one note, and the other one cannot be kept among the earlier notes: the disk may be full. "
+                            "Nothing has been saved. Copy your text to another place before you cancel.");
     }
     return "";
 }
@@ -63,6 +70,7 @@ struct Save {
     const SaveVoice& voice;
     NoteSet& set;
     std::size_t verse;
+    const NoteTime& now;
     NoteEdit& edit;
     std::string_view text;  // what will be the note
     OwnedNoteFile data{}, temp{};
@@ -71,7 +79,7 @@ struct Save {
     bool isReadAgain = false;            // the offsets are those of the open data file
 };
 
-enum class Step { kDone, kStopped, kMerged, kTooLong, kCannotCreate, kNoMemory, kCannotWrite, kMisfit };
+enum class Step { kDone, kStopped, kMerged, kCannotKeep, kCannotCreate, kNoMemory, kCannotWrite, kMisfit };
 
 }  // namespace
 
@@ -135,9 +143,15 @@ static bool IsWhereItWas(const Save& save) {
     return save.isReadAgain || FitsPlaces(save.set.offsets, ScanNotes(save.files, save.data.get()));
 }
 
+static Step KeepStored(Save& save, const std::string& stored) {
+    const EarlierNote other{save.now.seconds, static_cast<int>(save.verse), KeptReason::kReplaced, stored};
+    if (!KeepEarlierNotes(save.files, NoteSetName(save.set), {&other, 1})) return Step::kCannotKeep;
+    return Tell(save, SaveNotice::kTooLong) ? Step::kDone : Step::kStopped;
+}
+
 static Step Merge(Save& save, std::string stored) {
     std::string both = BothTexts(save.text, stored);
-    if (both.size() > kNoteTextLimit) return Step::kTooLong;
+    if (both.size() > kNoteTextLimit) return KeepStored(save, stored);
     save.edit = {std::move(both), std::move(stored)};
     return Step::kMerged;
 }
@@ -238,10 +252,10 @@ static NoteSaveResult StopWith(Save& save, SaveNotice notice, NoteSaveResult res
 }
 
 // Failures of the backup and the index are ignored: the next start rebuilds the index.
-static NoteSaveResult PutInPlace(Save& save, const NoteTime& now) {
+static NoteSaveResult PutInPlace(Save& save) {
     const NoteFiles& files = save.files;
     NoteSet& set = save.set;
-    WithMemory([&] { KeepBackup(files, set, now.day); });
+    WithMemory([&] { KeepBackup(files, set, save.now.day); });
     if (!files.remove(files.device, set.dataFileName)) {
         set.dataStamp = {};  // the offsets are already those of the temporary file: read the set again
         Tell(save, SaveNotice::kCannotDelete);
@@ -284,14 +298,14 @@ static Step MakeTemp(Save& save) {
     return Step::kStopped;
 }
 
-static NoteSaveResult SaveInto(Save& save, const NoteTime& now) {
+static NoteSaveResult SaveInto(Save& save) {
     Step step = Step::kNoMemory;
     WithMemory([&] { step = MakeTemp(save); });
     switch (step) {
         case Step::kCannotCreate: return Fail(save, SaveNotice::kCannotCreate);
         case Step::kNoMemory: return Fail(save, SaveNotice::kNoMemory);
         case Step::kCannotWrite: return Fail(save, SaveNotice::kCannotWrite);
-        case Step::kTooLong: return StopWith(save, SaveNotice::kTooLong, NoteSaveResult::kStopped);
+        case Step::kCannotKeep: return StopWith(save, SaveNotice::kCannotKeep, NoteSaveResult::kStopped);
         case Step::kMerged: return StopWith(save, SaveNotice::kMerged, NoteSaveResult::kMerged);
         case Step::kMisfit:
         case Step::kStopped: CloseBoth(save); return NoteSaveResult::kStopped;  // the text stays in the editor
@@ -299,7 +313,7 @@ static NoteSaveResult SaveInto(Save& save, const NoteTime& now) {
     }
     ShiftOffsets(save);
     CloseBoth(save);
-    return PutInPlace(save, now);
+    return PutInPlace(save);
 }
 
 static std::string_view CutToNote(std::string_view text) {
@@ -311,13 +325,13 @@ NoteSaveResult SaveNote(const NoteFiles& files, const SaveVoice& voice, NoteSets
     assert(CurrentSet(notes) != nullptr);
     NoteSet& set = *CurrentSet(notes);
     const auto verse = static_cast<std::size_t>(ClampVerse(notes.currentVerse));
-    Save save{files, voice, set, verse, edit, CutToNote(edit.text)};
+    Save save{files, voice, set, verse, now, edit, CutToNote(edit.text)};
     if (set.readOnly) RefreshSet(files, set);
     if (set.readOnly) {
         Tell(save, SaveNotice::kNotWhole);
         return NoteSaveResult::kStopped;
     }
-    const NoteSaveResult result = SaveInto(save, now);
+    const NoteSaveResult result = SaveInto(save);
     if (result == NoteSaveResult::kSaved) WithMemory([&] { notes.noteText = save.text; });
     return result;
 }

@@ -35,7 +35,8 @@ enum class SaveNotice {
     kChangedOnDisk,  // OK and Cancel, exclamation icon: Cancel goes back to the editor
     kNotWhole,       // OK, stop icon
     kMerged,         // OK, exclamation icon
-    kTooLong,        // OK, exclamation icon
+    kTooLong,        // OK and Cancel, exclamation icon: Cancel goes back to the editor
+    kCannotKeep,     // OK, stop icon
 };
 
 struct SaveVoice {
@@ -63,7 +64,8 @@ struct NoteEdit {
 //
 // If the stored note is neither what was opened nor what was typed, and not empty, the result is kMerged: `edit` then
 // holds BothTexts, opened on the stored note, so that the next save stores them. If they are too long for one note,
-// nothing changes (kTooLong).
+// the stored one is kept among the earlier notes (notes/note_history.h) before the user is asked whether to replace it
+// (kTooLong); if it cannot be kept, nothing changes (kCannotKeep).
 //
 // If the data file cannot be opened, Retry does not try again: as with every failure up to the last write, the save
 // ends with kCannotWrite. If the old file cannot be deleted, the offsets in memory are already those of the temporary
