@@ -3,7 +3,9 @@
 #include <algorithm>
 
 #include "app/command_table_win32.h"
+#include "app/end_of_session_win32.h"
 #include "app/frame_win32.h"
+#include "app/session_win32.h"
 #include "app/startup_win32.h"
 #include "app/toolbar_win32.h"
 #include "notes/note_editor_window.h"
@@ -21,12 +23,9 @@ static void OnClose(HWND window) {
     if (MayLeaveEditor()) DestroyWindow(window);
 }
 
-static BOOL OnQueryEndSession(HWND) {
-    return MayLeaveEditor();
-}
-
 static void OnDestroy(HWND) {
     ShutDown();
+    EndSession();
     PostQuitMessage(0);
 }
 
@@ -69,16 +68,25 @@ static void OnActivate(HWND window, UINT state, HWND other, BOOL minimized) {
     if (state != WA_INACTIVE && theFrame.startUpComplete) RefreshNotes();
 }
 
+// A message box or a dialog has opened, which has a message loop of its own, or has closed.
+static void OnEnable(HWND, BOOL enabled) {
+    if (!enabled) WriteSession();
+}
+
 static LRESULT CALLBACK FrameProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         HANDLE_MSG(window, WM_CREATE, OnCreate);
         HANDLE_MSG(window, WM_CLOSE, OnClose);
         HANDLE_MSG(window, WM_QUERYENDSESSION, OnQueryEndSession);
+        HANDLE_MSG(window, WM_ENDSESSION, OnEndSession);
         HANDLE_MSG(window, WM_DESTROY, OnDestroy);
         HANDLE_MSG(window, WM_COMMAND, OnCommand);
         HANDLE_MSG(window, WM_NOTIFY, OnNotify);
         HANDLE_MSG(window, WM_SIZE, OnSize);
         HANDLE_MSG(window, WM_ACTIVATE, OnActivate);
+        HANDLE_MSG(window, WM_ENABLE, OnEnable);
+        case WM_ENTERMENULOOP:
+        case WM_ENTERSIZEMOVE: WriteSession(); break;
     }
     return DefWindowProcA(window, message, wParam, lParam);
 }

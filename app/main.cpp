@@ -1,7 +1,9 @@
 // Entry point of the program: window classes, frame, message loop.
 
+#include "app/end_of_session_win32.h"
 #include "app/frame_win32.h"
 #include "app/frame_window.h"
+#include "app/session_win32.h"
 #include "app/single_instance_win32.h"
 #include "app/startup_win32.h"
 #include "notes/note_editor_window.h"
@@ -44,7 +46,7 @@ static void EndAltKey(const MSG& message) {
 
 static int RunMessageLoop() {
     MSG message;
-    while (GetMessageA(&message, nullptr, 0, 0) > 0) {
+    while (NextMessage(message)) {
         if (theFrame.accelerators && !IsNoteTextKey(message) &&
             TranslateAcceleratorA(theFrame.window, theFrame.accelerators, &message)) {
             EndAltKey(message);
@@ -63,9 +65,11 @@ static void ReleaseRichEdit() {
 }
 
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int showState) {
+    EnterRestartFolder();
     SettleWorkingFolder({kVerseTextFile, "*.nmi"}, "Versewell");
     if (!ClaimWorkingFolder(kFrameClass) || !RegisterClasses()) return 0;
-    const FramePlacement placement = LoadPlacement(SettingsProfile());
+    OpenLastSession();
+    const FramePlacement placement = LoadPlacement(FirstSettings());
     const HWND frame = CreateFrame(placement);
     if (frame) {
         MarkClaimingFrame(frame);
@@ -78,6 +82,8 @@ int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int showState) {
         return 0;
     }
     SetFocus(frame);
+    AskForRestart();
+    OfferLastSession();
     const int exitCode = RunMessageLoop();
     ReleaseRichEdit();
     return exitCode;

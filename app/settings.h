@@ -1,8 +1,9 @@
 // The settings: all values that are kept between runs, as rows of section, key, field and default.
 //
-// They are read once at start-up and written once when the frame is destroyed, through the private-profile functions of
-// Windows. Numbers are decimal text; an 8-bit value is written signed, so 200 is written as -56. In a new file the
-// sections are in the order of writing.
+// They are read once at start-up and written once when the frame is destroyed or the user's session ends, through the
+// private-profile functions of Windows; in between, the session file has them (app/session.h). Numbers are decimal
+// text; an 8-bit value is written signed, so 200 is written as -56. In a new file the sections are in the order of
+// writing.
 #pragma once
 
 #include <array>

@@ -1,11 +1,14 @@
 #include "app/startup_win32.h"
 
+#include <optional>
+
 #include "app/frame_win32.h"
 #include "app/passage_commands_win32.h"
 #include "app/toolbar_win32.h"
 #include "notes/note_editor_window.h"
 #include "notes/note_tabs_win32.h"
 #include "notes/notes_window.h"
+#include "notes/whole_files.h"
 #include "output/format_dialog.h"
 #include "passage/passage_window.h"
 #include "resources/help_topics.h"
@@ -56,6 +59,18 @@ static ProfileFile MoreSettingsProfile() {
     return {&path, ReadInteger, ReadText, WriteText, RemoveKey};
 }
 
+static std::optional<SettingTexts> firstSettings;
+static std::uint64_t timeOfFirstSettings;
+
+void StartWith(const SettingTexts& settings, std::uint64_t time) {
+    firstSettings = settings;
+    timeOfFirstSettings = time;
+}
+
+ProfileFile FirstSettings() {
+    return firstSettings ? ProfileOver(*firstSettings) : SettingsProfile();
+}
+
 // ---- Start-up -------------------------------------------------------------------------------------------------------
 
 static INT_PTR CALLBACK SplashProcedure(HWND splash, UINT message, WPARAM, LPARAM) {
@@ -104,7 +119,7 @@ static StoreLoad LoadStore() {
 static void TakeOver(const Settings& settings) {
     thePassage.view.TopVerse = settings.ReadVerse;
     const NoteFiles& files = TheNoteFiles();
-    const std::uint64_t written = files.stamp(files.device, kSettingsFile).time;
+    const std::uint64_t written = firstSettings ? timeOfFirstSettings : files.stamp(files.device, kSettingsFile).time;
     SelectStoredNote(theNoteSets, SetNumberedAt(theNoteSets, settings.Note, written), settings.NoteVerse);
     theNotes.BindNotes = settings.BindNotes;
     theSearch.options = settings.searchOptions;
@@ -146,8 +161,8 @@ static Settings CurrentSettings() {
 }
 
 static void ReadSettings() {
-    TakeOver(LoadSettings(SettingsProfile(), GetSysColor(COLOR_HIGHLIGHT)));
-    TakeOver(LoadMoreSettings(MoreSettingsProfile()));
+    TakeOver(LoadSettings(FirstSettings(), GetSysColor(COLOR_HIGHLIGHT)));
+    TakeOver(LoadMoreSettings(firstSettings ? ProfileOver(*firstSettings) : MoreSettingsProfile()));
     LabelBookmarks();
     SetPassageFont(theFrame.fonts.passage);
     SetVerseListFont(theFrame.fonts.verseList);
@@ -197,13 +212,41 @@ static FramePlacement PlacementOf(const WINDOWPLACEMENT& placement) {
             static_cast<int>(normal.bottom - normal.top), static_cast<int>(placement.flags & kKeptFlags)};
 }
 
-static void WriteSettings() {
+static void SaveCurrentSettings(const ProfileFile& profile) {
     WINDOWPLACEMENT placement{};
     placement.length = sizeof placement;
     const bool placed = GetWindowPlacement(theFrame.window, &placement);
     const FramePlacement frame = PlacementOf(placement);
-    SaveSettings(SettingsProfile(), CurrentSettings(), placed ? &frame : nullptr);
+    SaveSettings(profile, CurrentSettings(), placed ? &frame : nullptr);
+}
+
+SettingTexts CurrentSettingTexts() {
+    SettingTexts texts;
+    SaveCurrentSettings(ProfileOver(texts));
+    SaveMoreSettings(ProfileOver(texts), CurrentMoreSettings());
+    return texts;
+}
+
+// The profile functions write each setting into the file by itself. So they get a copy, which then replaces the file.
+static bool ReplaceSettings() {
+    const NoteFiles& files = TheNoteFiles();
+    const std::string copy = std::string(kSettingsFile) + kTempEnding;
+    std::string path = std::string(PathOf(SettingsProfile().device)) + kTempEnding;
+    files.remove(files.device, copy);
+    const bool isCopied = !files.stamp(files.device, kSettingsFile).exists || CopyWholeFile(files, kSettingsFile, copy);
+    if (isCopied) SaveCurrentSettings({&path, ReadInteger, ReadText, WriteText, RemoveKey});
+    WritePrivateProfileStringA(nullptr, nullptr, nullptr, path.c_str());  // what the system may hold back
+    if (isCopied && files.append(files.device, copy, {}) && files.replace(files.device, copy, kSettingsFile))
+        return true;
+    files.remove(files.device, copy);
+    return false;
+}
+
+bool WriteSettings() {
     SaveMoreSettings(MoreSettingsProfile(), CurrentMoreSettings());
+    if (ReplaceSettings()) return true;
+    SaveCurrentSettings(SettingsProfile());
+    return false;
 }
 
 void ShutDown() {
@@ -211,5 +254,4 @@ void ShutDown() {
     RestoreNoteView();
     Unsubclass(theFrame.listTabs, theFrame.listTabProcedure);
     CloseHelp(theFrame.window, kHelpFile);
-    if (theFrame.startUpComplete) WriteSettings();
 }

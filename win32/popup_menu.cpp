@@ -44,6 +44,7 @@ static OwnedMenu MenuOf(HWND frame, const std::vector<MenuRow>& rows) {
 
 static int ChosenFrom(HWND owner, POINT onScreen, const std::vector<MenuRow>& rows) {
     const OwnedMenu menu = MenuOf(FrameOf(owner), rows);
+    SendMessageA(FrameOf(owner), WM_ENTERMENULOOP, TRUE, 0);  // the system tells only the owner
     return TrackPopupMenu(menu.get(), TPM_LEFTALIGN | TPM_TOPALIGN | TPM_RIGHTBUTTON | TPM_RETURNCMD, onScreen.x,
                           onScreen.y, 0, owner, nullptr);
 }

@@ -14,6 +14,7 @@
 #include "tests/windows/note_set_files.h"
 #include "tests/windows/note_steps.h"
 #include "tests/windows/passage_pane.h"
+#include "tests/windows/session_steps.h"
 
 namespace {
 
@@ -73,6 +74,13 @@ static void ExpectFilesOf(const ScratchFolder& folder, const std::map<int, std::
 
 // ---- One kill -------------------------------------------------------------------------------------------------------
 
+// Waits until the session file ends with the note that is being edited.
+static void WaitForDraft(const Program& program, std::string_view text) {
+    const std::string end = IndexBytes({static_cast<unsigned>(text.size())}) + std::string(text);
+    WaitUntil(program, "the note in the session file",
+              [&] { return ReadFile(program.folder, kSessionFileName).ends_with(end); });
+}
+
 // Kills the program at file operation number `operation` after the click on Save. False when the save has fewer
 // operations.
 static bool KillWhileSaving(const Program& program, const NoteEdit& edit, unsigned operation) {
@@ -82,6 +90,7 @@ static bool KillWhileSaving(const Program& program, const NoteEdit& edit, unsign
         Type(program, edit.typed);
     else
         Press(program, "Delete");
+    WaitForDraft(program, edit.after);  // whose writing would be among the operations
     EndAtFileOperation(program, operation);
     const HWND editor = NoteEditorOf(program);
     PostMessageA(editor, WM_COMMAND, IDC_NOTE_SAVE, 0);
@@ -91,7 +100,8 @@ static bool KillWhileSaving(const Program& program, const NoteEdit& edit, unsign
     return true;
 }
 
-// Starts again on the files that were left. A message box must report a repair, and only a repair.
+// Starts again on the files that were left. A message box must report a repair, and only a repair. If the note was not
+// saved, its text is offered and refused.
 static Program StartAgain(const ScratchFolder& folder, SaveState found) {
     Program program = LaunchProgram(folder);
     if (found == SaveState::kNoData || found == SaveState::kIndexStale || found == SaveState::kIndexTorn) {
@@ -100,12 +110,20 @@ static Program StartAgain(const ScratchFolder& folder, SaveState found) {
         PostMessageA(box, WM_COMMAND, IDOK, 0);
     }
     WaitForFrame(program);
+    if (found < SaveState::kNoData) {
+        EXPECT_THAT(MessageText(WaitForDialog(program, "Versewell97")), testing::HasSubstr("Continue?"));
+        Press(program, "n");
+        WaitForNoDialog(program);
+        WaitUntil(program, "the note to leave the session file", [&] { return !HoldsSession(folder, kNoteBefore); });
+    }
+    EXPECT_FALSE(HasDialog(program));
     return program;
 }
 
 // Starts with the note in its state before the edit.
 static Program StartAnew(const ScratchFolder& folder, const NoteEdit& edit) {
     WriteNoteSet(folder, "Mine", NotesWith(edit, kNoteBefore));
+    std::filesystem::remove(folder.path / kSessionFileName);
     return StartProgram(folder);
 }
 

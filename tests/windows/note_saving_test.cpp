@@ -6,7 +6,6 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <future>
 
 #include "resources/ids.h"
 #include "tests/windows/note_set_files.h"
@@ -355,35 +354,4 @@ TEST(LeavingTheNoteEditor, IsCancelledWhenTheNoteCannotBeSaved) {
     WaitForNoDialog(program);
     EXPECT_TRUE(IsRunning(program));
     EXPECT_EQ(TextOf(NoteEditOf(program)), "Mine. The first.");
-}
-
-// Sends the message with which the system asks every program at the end of a session.
-static std::future<LRESULT> AskToEndSession(const Program& program) {
-    return std::async(std::launch::async,
-                      [frame = program.frame] { return SendMessageA(frame, WM_QUERYENDSESSION, 0, 0); });
-}
-
-TEST(LeavingTheNoteEditor, AsksAtTheEndOfASession) {
-    static constexpr struct {
-        const char* key;
-        LRESULT answer;
-        bool staysOpen;
-        const char* note;
-    } kRows[] = {
-        {"Esc", FALSE, true, "The first."}, {"n", TRUE, true, "The first."}, {"y", TRUE, false, "Mine. The first."}};
-    Program program = ProgramInEditorOf(0);
-    EXPECT_EQ(AskToEndSession(program).get(), TRUE) << "nothing was typed";
-    Type(program, "Mine. ");
-    for (const auto& [key, answer, staysOpen, note] : kRows) {
-        SCOPED_TRACE(key);
-        std::future<LRESULT> asked = AskToEndSession(program);
-        WaitForDialog(program, "Versewell97");
-        Press(program, key);
-        EXPECT_EQ(asked.get(), answer);
-        EXPECT_EQ(IsEditing(program), staysOpen) << "another program may still cancel the end of the session";
-        Notes notes = kNotes;
-        notes[0] = note;
-        ExpectNotes(program.folder, notes, key);
-    }
-    EXPECT_EQ(AskToEndSession(program).get(), TRUE) << "the note is no longer edited";
 }
