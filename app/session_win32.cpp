@@ -1,6 +1,7 @@
 #include "app/session_win32.h"
 
 #include <algorithm>
+#include <array>
 #include <optional>
 #include <string>
 #include <utility>
@@ -16,6 +17,7 @@
 #include "notes/whole_files.h"
 #include "scripture/scripture_win32.h"
 #include "win32/controls.h"
+#include "win32/crash_dump.h"
 
 static constexpr char kCaption[] = "Versewell97";
 static constexpr char kNotKept[] =
@@ -130,7 +132,32 @@ bool NextMessage(MSG& message) {
 
 // ---- The last session -----------------------------------------------------------------------------------------------
 
+static std::wstring CrashFolder() {
+    std::array<wchar_t, 1024> folder{};
+    GetCurrentDirectoryW(static_cast<DWORD>(folder.size()), folder.data());
+    return std::wstring(folder.data()) + L"\\crash";
+}
+
+static void TellOfCrashes() {
+    for (const std::wstring& path : TakeNewCrashDumps(CrashFolder())) {
+        const std::wstring text =
+            L"Versewell ended because of a fault. What a developer needs to find it is in the file\n\n" + path +
+            L"\n\nNothing has been sent anywhere.";
+        MessageBoxW(theFrame.window, text.c_str(), L"Versewell97", MB_OK | MB_ICONINFORMATION);
+    }
+}
+
+// The windows belong to the program's main thread. Another thread that crashes makes it write as it does before a menu.
+static void RescueSession() {
+    static constexpr UINT kPatience = 3000;  // milliseconds
+    if (GetWindowThreadProcessId(theFrame.window, nullptr) == GetCurrentThreadId())
+        WriteSession();
+    else
+        SendMessageTimeoutA(theFrame.window, WM_ENTERMENULOOP, FALSE, 0, SMTO_ABORTIFHUNG, kPatience, nullptr);
+}
+
 void OpenLastSession() {
+    WatchForCrashes(CrashFolder(), L"Versewell", RescueSession);
     const NoteFiles& files = TheNoteFiles();
     const LastSession found = ReadLastSession(files, theKept.last);
     theKept.isBlocked = found == LastSession::kInTheWay;
@@ -175,6 +202,7 @@ static void Offer(const NoteDraft& draft) {
 
 void OfferLastSession() {
     if (!theFrame.startUpComplete) return;
+    TellOfCrashes();
     const std::vector<NoteDraft> drafts = std::move(theKept.last.drafts);
     for (const NoteDraft& draft : drafts) Offer(draft);
     theKept.isOn = !theKept.isBlocked;
