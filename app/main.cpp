@@ -6,6 +6,7 @@
 #include "app/session_win32.h"
 #include "app/single_instance_win32.h"
 #include "app/startup_win32.h"
+#include "notes/note_edit_control_win32.h"
 #include "notes/note_editor_window.h"
 #include "notes/notes_window.h"
 #include "passage/passage_window.h"
@@ -44,17 +45,41 @@ static void EndAltKey(const MSG& message) {
     }
 }
 
+// Does the key type a character with AltGr into the note editor? AltGr arrives as Ctrl+Alt, which with a digit is also
+// a command. Only the system knows which digits type something on the user's keyboard, so the key is translated and its
+// character, possibly an accent for the next letter, is left in the queue.
+static bool TypesWithAltGr(const MSG& message) {
+    const bool isKey = message.message == WM_KEYDOWN || message.message == WM_SYSKEYDOWN;
+    const bool isDigit = message.wParam >= '0' && message.wParam <= '9';
+    if (!isKey || !isDigit || message.hwnd != theNoteEdit.window) return false;
+    if (!IsKeyDown(VK_CONTROL) || !IsKeyDown(VK_MENU)) return false;
+    TranslateMessage(&message);
+    MSG typed;
+    if (!PeekMessageW(&typed, message.hwnd, WM_CHAR, WM_DEADCHAR, PM_NOREMOVE)) return false;
+    const bool isControlCharacter = typed.message == WM_CHAR && typed.wParam < ' ';
+    if (isControlCharacter) PeekMessageW(&typed, message.hwnd, WM_CHAR, WM_CHAR, PM_REMOVE);
+    return !isControlCharacter;
+}
+
+static bool IsCommandKey(MSG& message) {
+    if (!theFrame.accelerators || IsNoteTextKey(message)) return false;
+    return TranslateAcceleratorA(theFrame.window, theFrame.accelerators, &message) != 0;
+}
+
+// The messages are in UTF-16, because otherwise the system would replace letters outside the code page by others.
 static int RunMessageLoop() {
     MSG message;
     while (NextMessage(message)) {
-        if (theFrame.accelerators && !IsNoteTextKey(message) &&
-            TranslateAcceleratorA(theFrame.window, theFrame.accelerators, &message)) {
+        if (TakeNoteLetter(message)) continue;
+        if (TypesWithAltGr(message)) {
+            DispatchMessageW(&message);
+        } else if (IsCommandKey(message)) {
             EndAltKey(message);
-            continue;
+        } else {
+            RouteWheel(message);
+            TranslateMessage(&message);
+            DispatchMessageW(&message);
         }
-        RouteWheel(message);
-        TranslateMessage(&message);
-        DispatchMessageA(&message);
     }
     return static_cast<int>(message.wParam);
 }

@@ -118,7 +118,7 @@ static void KeepSession() {
 
 bool NextMessage(MSG& message) {
     bool isAwake = false;
-    while (!PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
+    while (!PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
         if (isAwake) NoteActivity(theKept.pace, GetTickCount64());  // awake for a sent message
         isAwake =
             MsgWaitForMultipleObjectsEx(0, nullptr, TimeToCheck(), QS_ALLINPUT, MWMO_INPUTAVAILABLE) != WAIT_TIMEOUT;

@@ -12,7 +12,7 @@ void OpenLastSession();
 // crashed. From then on the session file is kept. To be called once the frame is shown.
 void OfferLastSession();
 
-// GetMessage for the program's message loop: false for WM_QUIT. Keeps the session file up to date while it waits.
+// GetMessageW for the program's message loop: false for WM_QUIT. Keeps the session file up to date while it waits.
 bool NextMessage(MSG& message);
 
 // Writes the session file now if it is outdated. For moments at which another loop takes over, which may last for any

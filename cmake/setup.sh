@@ -17,7 +17,7 @@ packages=(
   librsvg2-dev imagemagick
   halibut libchm-bin hunspell hunspell-en-gb
   wine wine64 fonts-wine fonts-liberation
-  xvfb x11-utils libfaketime
+  xvfb x11-utils libfaketime locales
   ghostscript poppler-utils
 )
 

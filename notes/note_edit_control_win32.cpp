@@ -1,11 +1,14 @@
 #include "notes/note_edit_control_win32.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "notes/note_saving.h"
 #include "pane/selection_win32.h"
+#include "pane/status_bar_win32.h"
 #include "resources/ids.h"
 #include "win32/clipboard.h"
+#include "win32/code_page.h"
 #include "win32/controls.h"
 #include "win32/panes.h"
 #include "win32/plain_text.h"
@@ -22,9 +25,12 @@ static void RefreshFrame() {
 
 // ---- Text ---------------------------------------------------------------------------------------------------------
 
-void FillNoteEdit(const std::string& text) {
+bool FillNoteEdit(const std::string& text) {
     SetPlainText(theNoteEdit.window, text.substr(0, kNoteTextLimit));
     SendMessageA(theNoteEdit.window, EM_EXLIMITTEXT, 0, kNoteTextLimit);
+    theNoteEdit.readOnly = TextInNoteEdit() != text;
+    SendMessageA(theNoteEdit.window, EM_SETREADONLY, theNoteEdit.readOnly, 0);
+    return !theNoteEdit.readOnly;
 }
 
 std::string TextInNoteEdit() {
@@ -47,14 +53,13 @@ static bool HasFocus() {
 }
 
 void FollowClipboard() {
-    theNoteEdit.canPaste = HasFocus() && IsClipboardFormatAvailable(CF_TEXT);
+    theNoteEdit.canPaste = HasFocus() && !theNoteEdit.readOnly && IsClipboardFormatAvailable(CF_TEXT);
     RefreshFrame();
 }
 
 static std::string SelectionText() {
-    const CHARRANGE range = SelectedPlainText(theNoteEdit.window);
-    return PlainText(theNoteEdit.window)
-        .substr(static_cast<std::size_t>(range.cpMin), static_cast<std::size_t>(range.cpMax - range.cpMin));
+    PutSelectionInOrder(theNoteEdit.window);
+    return PlainTextOfSelection(theNoteEdit.window);
 }
 
 // The control's own copy would include the text's formatting.
@@ -69,22 +74,59 @@ void CopyInEditor() {
 }
 
 void CutInEditor() {
-    if (PutOnClipboard(SelectionText())) ReplaceSelection("");
+    const std::string text = SelectionText();
+    if (!theNoteEdit.readOnly && PutOnClipboard(text)) ReplaceSelection("");
     FollowClipboard();
 }
 
 // Text that exceeds the limit is dropped, with a beep.
 static void Insert(std::string_view text) {
-    const CHARRANGE range = SelectedPlainText(theNoteEdit.window);
-    const auto kept = static_cast<std::size_t>(GetWindowTextLengthA(theNoteEdit.window) - (range.cpMax - range.cpMin));
+    if (theNoteEdit.readOnly) return;
+    PutSelectionInOrder(theNoteEdit.window);
+    const std::size_t kept = TextInNoteEdit().size() - SelectionText().size();
     const std::size_t room = kNoteTextLimit - std::min(kept, kNoteTextLimit);
     const std::string fitting = TextForNote(text, room);
     if (fitting.size() < TextForNote(text, text.size() * 2).size()) MessageBeep(MB_OK);
     ReplaceSelection(fitting);
 }
 
+static std::string CodePageName() {
+    return "the code page of this computer (" + std::to_string(GetACP()) + ")";
+}
+
+static void TellLost(int count) {
+    const std::string text = std::to_string(count) + (count == 1 ? " character" : " characters") +
+                             " could not be pasted, because notes hold only characters of " + CodePageName() + ".";
+    MessageBoxA(FrameOf(theNoteEdit.window), text.c_str(), "Paste", MB_OK | MB_ICONEXCLAMATION);
+}
+
 void PasteInEditor() {
-    Insert(TextOnClipboard(Editor()));
+    const CodePageText text = InCodePage(TextOnClipboard(Editor()));
+    Insert(text.text);
+    if (text.lost > 0 && !theNoteEdit.readOnly) TellLost(text.lost);
+}
+
+// ---- Letters --------------------------------------------------------------------------------------------------------
+
+// The system would convert a letter with the code page of the keyboard, and replace those that it lacks.
+static void TypeLetter(std::wstring_view letter) {
+    const CodePageText converted = InCodePage(letter);
+    Insert(converted.text);
+    if (converted.lost == 0) return;
+    MessageBeep(MB_OK);
+    ShowStatus(theNoteEdit.window, StatusPart::kSearchSummary,
+               "Not typed: notes hold only characters of " + CodePageName());
+}
+
+bool TakeNoteLetter(const MSG& message) {
+    static constexpr WPARAM kFirstBeyondAscii = 0x80;
+    if (message.message != WM_CHAR || message.hwnd != theNoteEdit.window || message.wParam < kFirstBeyondAscii) {
+        return false;
+    }
+    theNoteEdit.letter += static_cast<wchar_t>(message.wParam);
+    if (IS_HIGH_SURROGATE(theNoteEdit.letter.back())) return true;  // the other half follows
+    TypeLetter(std::exchange(theNoteEdit.letter, {}));
+    return true;
 }
 
 // ---- The editing control ------------------------------------------------------------------------------------------
@@ -148,6 +190,21 @@ static bool OnEditKey(UINT key) {
     return control && !IsPlainTextKey(key);
 }
 
+// Passes a key to the control and takes the caret out of the line end into which an arrow key may have moved it. The
+// same key moves it on and, with Shift, the right end of the selection.
+static LRESULT PassKey(WPARAM key, LPARAM lParam) {
+    const auto pass = [&] {
+        return CallWindowProcA(theNoteEdit.procedure, theNoteEdit.window, WM_KEYDOWN, key, lParam);
+    };
+    static constexpr int kLongestLineEnd = 3;
+    PutSelectionInOrder(theNoteEdit.window);
+    const LRESULT result = pass();
+    const bool isArrow = (key == VK_LEFT || key == VK_RIGHT) && !IsKeyDown(VK_CONTROL);
+    for (int step = 1; isArrow && step < kLongestLineEnd && IsSelectionInLineEnd(theNoteEdit.window); ++step) pass();
+    PutSelectionInOrder(theNoteEdit.window);
+    return result;
+}
+
 // Characters of keys handled by OnEditKey, and those that notes must not contain.
 static bool IsStrayCharacter(UINT character) {
     static constexpr UINT kDelete = 0x7F;
@@ -157,19 +214,22 @@ static bool IsStrayCharacter(UINT character) {
 
 static LRESULT CALLBACK EditProcedure(HWND edit, UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
-        case WM_KEYDOWN:
-            if (OnEditKey(static_cast<UINT>(wParam))) return 0;
-            break;
+        case WM_KEYDOWN: return OnEditKey(static_cast<UINT>(wParam)) ? 0 : PassKey(wParam, lParam);
         case WM_CHAR:
             if (IsStrayCharacter(static_cast<UINT>(wParam))) return 0;
+            PutSelectionInOrder(edit);
             break;
         case WM_CUT: CutInEditor(); return 0;
         case WM_COPY: CopyInEditor(); return 0;
         case WM_PASTE: PasteInEditor(); return 0;
     }
     const LRESULT result = CallWindowProcA(theNoteEdit.procedure, edit, message, wParam, lParam);
-    if (message == WM_SETFOCUS) OnEditFocus();
-    if (message == WM_KILLFOCUS) OnEditFocusLost();
+    switch (message) {
+        case WM_SETFOCUS: OnEditFocus(); break;
+        case WM_KILLFOCUS: OnEditFocusLost(); break;
+        case WM_LBUTTONUP:
+        case WM_LBUTTONDBLCLK: PutSelectionInOrder(edit); break;
+    }
     return result;
 }
 

@@ -10,6 +10,8 @@ struct NoteEditControl {
     HWND window = nullptr;
     WNDPROC procedure = nullptr;  // the control's own
     bool canPaste = false;        // it has the focus and the clipboard has text
+    bool readOnly = false;        // its text is not exactly the note
+    std::wstring letter;          // the first half of a letter of two halves
 };
 extern NoteEditControl theNoteEdit;
 
@@ -20,14 +22,21 @@ void CreateNoteEditControl(HWND editor);
 // Restores the control's own window procedure.
 void RestoreNoteEditControl();
 
-// Shows `text`, of which nothing can be undone, with the caret at its start.
-void FillNoteEdit(const std::string& text);
+// Shows `text`, of which nothing can be undone, with the caret at its start. False if the control does not hold exactly
+// these bytes, for example because the system's code page has changed since they were written; then the text is shown
+// as well as possible and cannot be changed.
+bool FillNoteEdit(const std::string& text);
 
 // Puts `text` in the place of all text, as one change that can be undone. The caret is then at its end.
 void RetypeInNoteEdit(const std::string& text);
 
 // The control's text, lines ended by CR LF.
 std::string TextInNoteEdit();
+
+// Types a letter that is not ASCII: a WM_CHAR of GetMessageW, before it is dispatched to the control, for which the
+// system would convert it. A letter that the code page lacks is refused with a beep and a text in the status bar. False
+// if the message is another one.
+bool TakeNoteLetter(const MSG& message);
 
 // To be called when the control's selection has changed.
 void FollowNoteEditSelection();

@@ -6,15 +6,18 @@
 
 #include "notes/note_edit_control_win32.h"
 #include "notes/note_files_win32.h"
+#include "notes/note_history.h"
 #include "notes/note_saving.h"
 #include "notes/note_source.h"
 #include "notes/note_tabs_win32.h"
 #include "resources/help_topics.h"
 #include "resources/ids.h"
 #include "scripture/scripture_win32.h"
+#include "win32/code_page.h"
 #include "win32/controls.h"
 #include "win32/help_viewer.h"
 #include "win32/panes.h"
+#include "win32/plain_text.h"
 #include "win32/screen.h"
 
 static constexpr char kNoteEditorClass[] = "NOTEEDIT";
@@ -37,6 +40,12 @@ bool IsEditingNote() {
     return theNoteEditor.editing;
 }
 
+static constexpr UINT kTellReadOnly = WM_APP;  // posted, because the editor is shown only after it has been opened
+static constexpr char kReadOnlyNote[] =
+    "This note has characters that cannot be shown exactly as they are stored, perhaps because it was written on a "
+    "computer with another code page, or it is too long. You can read and copy it, but not change it, so that nothing "
+    "of it is lost.";
+
 // ---- Opening and closing ------------------------------------------------------------------------------------------
 
 static void OpenNote() {
@@ -47,12 +56,14 @@ static void OpenNote() {
         Complain(Frame(), kCannotReadNote);
         return;
     }
-    FillNoteEdit(note);
+    const bool isExact = FillNoteEdit(note);
     theNoteEditor.openedOn = std::move(note);
     ++theNoteEditor.changes;
+    EnableWindow(GetDlgItem(theNoteEditor.window, IDC_NOTE_SAVE), isExact);
     RefreshFrame();
     InvalidateRect(theNoteEditor.window, nullptr, TRUE);
     SetFocus(theNoteEdit.window);
+    if (!isExact) PostMessageA(theNoteEditor.window, kTellReadOnly, 0, 0);
 }
 
 static void CloseEditor() {
@@ -74,7 +85,7 @@ unsigned EditorChanges() {
 }
 
 std::optional<NoteDraft> DraftInEditor() {
-    if (!theNoteEditor.editing) return std::nullopt;
+    if (!theNoteEditor.editing || theNoteEdit.readOnly) return std::nullopt;
     NoteDraft draft{NameOfCurrentSet(), theNoteSets.currentVerse, theNoteEditor.openedOn, TextInNoteEdit()};
     if (draft.text == draft.openedOn) return std::nullopt;
     return draft;
@@ -101,6 +112,7 @@ static bool OpenNoteOf(const NoteDraft& draft) {
 bool EditDraft(const NoteDraft& draft) {
     if (!theNoteEditor.editing && !OpenNoteOf(draft)) return false;
     if (draft.setName != NameOfCurrentSet() || draft.verse != theNoteSets.currentVerse) return false;
+    if (theNoteEdit.readOnly) return false;
     RetypeInNoteEdit(draft.text);
     return true;
 }
@@ -115,6 +127,11 @@ struct WaitCursor {
 };
 
 }  // namespace
+
+// They can get into the control only past the program, for example through an input method.
+static constexpr char kLettersWithoutPlace[] =
+    "The note cannot be saved, because it has characters that are not in the code page of this computer. Remove them "
+    "first, or copy the text elsewhere.";
 
 static UINT BoxOf(SaveNotice notice) {
     switch (notice) {
@@ -145,20 +162,46 @@ static NoteSaveResult Save(NoteEdit& edit) {
     return result;
 }
 
+// With every line end as CR LF, unless the note already had others.
+static std::string WithLineEndsOfNotes(const std::string& text) {
+    const std::string& before = theNoteEditor.openedOn;
+    const bool hadOthers = TextForNote(before, 2 * before.size()) != before;
+    return hadOthers ? text : TextForNote(text, kNoteTextLimit);
+}
+
+// Keeps an edit that ends without being stored among the earlier notes. Nothing depends on whether that succeeds.
+static void KeepEdit(KeptReason reason) {
+    const std::optional<NoteDraft> draft = DraftInEditor();
+    if (!draft) return;
+    const EarlierNote edit{NoteTimeNow().seconds, draft->verse, reason, draft->text};
+    KeepEarlierNotes(TheNoteFiles(), draft->setName, {&edit, 1});
+}
+
 // Both texts of a note that was also changed elsewhere.
 static void ContinueWith(NoteEdit merged) {
-    FillNoteEdit(merged.text);
+    const std::string typed = TextInNoteEdit();
+    if (!FillNoteEdit(merged.text)) {  // the other text has characters of another code page
+        FillNoteEdit(typed);
+        Complain(Frame(), kLettersWithoutPlace);
+        return;
+    }
     theNoteEditor.openedOn = std::move(merged.openedOn);
     ++theNoteEditor.changes;
     SetFocus(theNoteEdit.window);
 }
 
 static bool SaveTypedNote() {
-    NoteEdit edit{TextInNoteEdit(), theNoteEditor.openedOn};
+    if (theNoteEdit.readOnly) return false;
+    const CodePageText text = InCodePage(WidePlainText(theNoteEdit.window));
+    if (text.lost > 0) {
+        Complain(Frame(), kLettersWithoutPlace);
+        return false;
+    }
+    NoteEdit edit{WithLineEndsOfNotes(text.text), theNoteEditor.openedOn};
     const NoteSaveResult result = Save(edit);
     switch (result) {
         case NoteSaveResult::kSaved: SendCommand(Frame(), IDM_SHOW_SAVED_NOTE); break;
-        case NoteSaveResult::kFailed: break;
+        case NoteSaveResult::kFailed: KeepEdit(KeptReason::kNotSaved); break;
         case NoteSaveResult::kStopped: return false;
         case NoteSaveResult::kMerged: ContinueWith(std::move(edit)); return false;
     }
@@ -180,7 +223,7 @@ static bool AskAndSave() {
     const std::string question = "Do you want to save the note for " + verse + "?";
     switch (MessageBoxA(Frame(), question.c_str(), "Versewell97", MB_YESNOCANCEL | MB_ICONQUESTION)) {
         case IDYES: return SaveTypedNote();
-        case IDNO: return true;
+        case IDNO: KeepEdit(KeptReason::kCancelled); return true;
     }
     return false;
 }
@@ -191,12 +234,14 @@ bool MayLeaveEditor() {
 }
 
 static void Cancel() {
-    if (theNoteEditor.editing && !theNoteEditor.saving) CloseEditor();
+    if (!theNoteEditor.editing || theNoteEditor.saving) return;
+    KeepEdit(KeptReason::kCancelled);
+    CloseEditor();
 }
 
 // Asks before discarding changes, because Esc is easily pressed by accident.
 static void Escape() {
-    if (MayLeaveEditor()) Cancel();
+    if (MayLeaveEditor() && theNoteEditor.editing) CloseEditor();
 }
 
 // ---- Clipboard ----------------------------------------------------------------------------------------------------
@@ -318,6 +363,7 @@ static LRESULT CALLBACK EditorProcedure(HWND window, UINT message, WPARAM wParam
         HANDLE_MSG(window, WM_COMMAND, OnCommand);
         HANDLE_MSG(window, WM_NOTIFY, OnNotify);
         HANDLE_MSG(window, WM_SETFOCUS, OnSetFocus);
+        case kTellReadOnly: MessageBoxA(Frame(), kReadOnlyNote, "Note Editor", MB_OK | MB_ICONEXCLAMATION); return 0;
         case WM_DRAWCLIPBOARD: OnDrawClipboard(); return 0;
         case WM_CHANGECBCHAIN:
             OnChangeCbChain(reinterpret_cast<HWND>(wParam), reinterpret_cast<HWND>(lParam));

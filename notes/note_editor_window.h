@@ -39,8 +39,8 @@ std::optional<NoteDraft> DraftInEditor();
 
 // Edits a draft on. If no note is being edited, shows the note of its set and verse and opens the editor, as if the
 // text had been typed into the note `openedOn`. If that note is already being edited, the draft replaces the text as
-// one change that can be undone. False, with nothing changed, if another note is being edited, or if the set does not
-// exist or cannot be read.
+// one change that can be undone. False if another note is being edited, if the set does not exist or
+// cannot be read, or if the note can only be read.
 bool EditDraft(const NoteDraft& draft);
 
 // Can the editor be left, for example to end the program? True if no note is being edited or its text has not changed.

@@ -1,6 +1,7 @@
 #include "win32/clipboard.h"
 
 #include <cstring>
+#include <cwchar>
 
 #include "win32/controls.h"
 
@@ -14,33 +15,44 @@ HeldClipboard OpenEmptyClipboard(HWND owner) {
     return clipboard;
 }
 
-static std::string TextIn(HGLOBAL block) {
-    const auto* bytes = static_cast<const char*>(GlobalLock(block));
-    if (!bytes) return {};
-    const std::string text(bytes, strnlen(bytes, GlobalSize(block)));
+static std::wstring TextIn(HGLOBAL block) {
+    const auto* letters = static_cast<const wchar_t*>(GlobalLock(block));
+    if (!letters) return {};
+    const std::wstring text(letters, wcsnlen(letters, GlobalSize(block) / sizeof *letters));
     GlobalUnlock(block);
     return text;
 }
 
-std::string TextOnClipboard(HWND owner) {
+std::wstring TextOnClipboard(HWND owner) {
     if (!OpenClipboard(owner)) return {};
     const HeldClipboard clipboard(owner);
-    const HGLOBAL block = GetClipboardData(CF_TEXT);
-    return block ? TextIn(block) : std::string();
+    const HGLOBAL block = GetClipboardData(CF_UNICODETEXT);
+    return block ? TextIn(block) : std::wstring();
 }
 
-bool PutText(const HeldClipboard&, std::string_view text) {
-    const HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, text.size() + 1);
+static bool PutBytes(UINT format, const void* bytes, std::size_t size) {
+    const HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, size);
     if (!block) return false;
-    auto* bytes = static_cast<char*>(GlobalLock(block));
-    if (!bytes) {
-        GlobalFree(block);
-        return false;
+    if (void* const target = GlobalLock(block)) {
+        std::memcpy(target, bytes, size);
+        GlobalUnlock(block);
+        if (SetClipboardData(format, block)) return true;  // the clipboard owns the block now
     }
-    std::memcpy(bytes, text.data(), text.size());
-    bytes[text.size()] = '\0';
-    GlobalUnlock(block);
-    if (SetClipboardData(CF_TEXT, block)) return true;  // the clipboard owns the block now
     GlobalFree(block);
     return false;
+}
+
+static std::wstring Widened(const std::string& text) {
+    std::wstring wide(text.size(), L'\0');  // UTF-16 never needs more
+    const auto length = static_cast<int>(text.size());
+    wide.resize(static_cast<std::size_t>(MultiByteToWideChar(CP_ACP, 0, text.data(), length, wide.data(), length)));
+    return wide;
+}
+
+// The system would convert the 8-bit text with the code page of the keyboard that is in use.
+bool PutText(const HeldClipboard&, const std::string& text) {
+    if (!PutBytes(CF_TEXT, text.c_str(), text.size() + 1)) return false;
+    const std::wstring wide = Widened(text);
+    PutBytes(CF_UNICODETEXT, wide.c_str(), (wide.size() + 1) * sizeof wide[0]);
+    return true;
 }

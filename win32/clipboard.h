@@ -3,7 +3,6 @@
 
 #include <memory>
 #include <string>
-#include <string_view>
 
 #include "win32/windows_api.h"
 
@@ -19,10 +18,11 @@ using HeldClipboard = std::unique_ptr<HWND, CloseClipboardDeleter>;
 // returns null.
 HeldClipboard OpenEmptyClipboard(HWND owner);
 
-// The plain 8-bit text (CF_TEXT) on the clipboard, up to its first zero byte; empty if there is none or another program
-// has the clipboard open.
-std::string TextOnClipboard(HWND owner);
+// The plain text (CF_UNICODETEXT) on the clipboard, up to its first zero; empty if there is none or another program has
+// the clipboard open. The system converts 8-bit text that a program has put there.
+std::wstring TextOnClipboard(HWND owner);
 
-// Puts plain 8-bit text (CF_TEXT) on the clipboard, where it remains after the program ends. Other programs read it up
-// to its first zero byte. False when there is no memory for it; the clipboard then stays empty.
-bool PutText(const HeldClipboard& clipboard, std::string_view text);
+// Puts plain text in the system's code page (CF_TEXT) on the clipboard, and the same as CF_UNICODETEXT. It remains
+// there after the program ends, and other programs read it up to its first zero. False when there is no memory for it;
+// the clipboard then stays empty.
+bool PutText(const HeldClipboard& clipboard, const std::string& text);

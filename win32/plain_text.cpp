@@ -29,10 +29,21 @@ void SetPlainText(HWND richEdit, std::string_view text) {
     SendMessageA(richEdit, EM_SETMODIFY, FALSE, 0);
 }
 
-std::string PlainText(HWND richEdit) {
+static std::string StreamedOut(HWND richEdit, WPARAM format) {
     std::string text;
     EDITSTREAM stream{reinterpret_cast<DWORD_PTR>(&text), 0, TakeText};
-    SendMessageA(richEdit, EM_STREAMOUT, SF_TEXT, reinterpret_cast<LPARAM>(&stream));
+    SendMessageA(richEdit, EM_STREAMOUT, format, reinterpret_cast<LPARAM>(&stream));
+    return text;
+}
+
+std::string PlainText(HWND richEdit) {
+    return StreamedOut(richEdit, SF_TEXT);
+}
+
+std::wstring WidePlainText(HWND richEdit) {
+    const std::string bytes = StreamedOut(richEdit, SF_TEXT | SF_UNICODE);
+    std::wstring text(bytes.size() / sizeof(wchar_t), L'\0');
+    std::memcpy(text.data(), bytes.data(), text.size() * sizeof(wchar_t));
     return text;
 }
 
@@ -41,4 +52,54 @@ CHARRANGE SelectedPlainText(HWND richEdit) {
     SendMessageA(richEdit, EM_EXGETSEL, 0, reinterpret_cast<LPARAM>(&range));
     const LONG length = GetWindowTextLengthA(richEdit);
     return {std::clamp(range.cpMin, 0L, length), std::clamp(range.cpMax, 0L, length)};
+}
+
+std::string PlainTextOfSelection(HWND richEdit) {
+    return StreamedOut(richEdit, SF_TEXT | SFF_SELECTION);
+}
+
+// ---- Places of the caret ------------------------------------------------------------------------------------------
+
+static CHARRANGE SelectionOf(HWND richEdit) {
+    CHARRANGE range{};
+    SendMessageA(richEdit, EM_EXGETSEL, 0, reinterpret_cast<LPARAM>(&range));
+    return range;
+}
+
+// In the control's own characters, which in some code pages are fewer than bytes.
+static LONG LengthOf(HWND richEdit) {
+    GETTEXTLENGTHEX length{GTL_NUMCHARS, 1200};  // of UTF-16
+    return static_cast<LONG>(SendMessageA(richEdit, EM_GETTEXTLENGTHEX, reinterpret_cast<WPARAM>(&length), 0));
+}
+
+static char CharacterAt(HWND richEdit, LONG place) {
+    char bytes[8] = "";
+    TEXTRANGEA range{{place, place + 1}, bytes};
+    if (place >= 0) SendMessageA(richEdit, EM_GETTEXTRANGE, 0, reinterpret_cast<LPARAM>(&range));
+    return bytes[0];
+}
+
+// The control regards CR CR LF as one line end, too.
+static bool IsInLineEnd(HWND richEdit, LONG place) {
+    if (CharacterAt(richEdit, place - 1) != '\r') return false;
+    const char next = CharacterAt(richEdit, place);
+    return next == '\n' || (next == '\r' && CharacterAt(richEdit, place + 1) == '\n');
+}
+
+static LONG PlaceInOrder(HWND richEdit, LONG place) {
+    place = std::clamp(place, 0L, LengthOf(richEdit));
+    while (IsInLineEnd(richEdit, place)) --place;
+    return place;
+}
+
+bool IsSelectionInLineEnd(HWND richEdit) {
+    const CHARRANGE range = SelectionOf(richEdit);
+    return IsInLineEnd(richEdit, range.cpMin) || IsInLineEnd(richEdit, range.cpMax);
+}
+
+void PutSelectionInOrder(HWND richEdit) {
+    const CHARRANGE range = SelectionOf(richEdit);
+    CHARRANGE inOrder{PlaceInOrder(richEdit, range.cpMin), PlaceInOrder(richEdit, range.cpMax)};
+    const bool isInOrder = inOrder.cpMin == range.cpMin && inOrder.cpMax == range.cpMax;
+    if (!isInOrder) SendMessageA(richEdit, EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&inOrder));
 }

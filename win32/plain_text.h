@@ -13,6 +13,21 @@ void SetPlainText(HWND richEdit, std::string_view text);
 // All of the control's text; lines end with CR LF.
 std::string PlainText(HWND richEdit);
 
+// The same in UTF-16, which the control has inside: all of its characters, even those outside the code page.
+std::wstring WidePlainText(HWND richEdit);
+
 // The selected characters, as offsets into that text. Excludes the invisible end of the last line, which the control
 // counts.
 CHARRANGE SelectedPlainText(HWND richEdit);
+
+// The text of the selection. It must be in order (PutSelectionInOrder).
+std::string PlainTextOfSelection(HWND richEdit);
+
+// With the arrow keys the caret can be moved to places that do not exist: between the CR and the LF of a line end, and
+// behind the end of the text. What is typed there tears the line end, is lost, or ends the program inside the control.
+
+// Is one of the selection's ends inside a line end?
+bool IsSelectionInLineEnd(HWND richEdit);
+
+// Moves the ends of the selection that are in no such place to the place before them.
+void PutSelectionInOrder(HWND richEdit);

@@ -5,6 +5,8 @@
 #include <commctrl.h>
 #include <richedit.h>
 
+#include <cstring>
+
 #include "resources/ids.h"
 #include "tests/driver/driver.h"
 #include "tests/driver/remote_memory.h"
@@ -166,12 +168,20 @@ std::string ClipboardText() {
     return text;
 }
 
-void SetClipboardText(std::string_view text) {
+static void PutOnClipboard(UINT format, const void* text, std::size_t size) {
     if (!OpenClipboard(nullptr)) Fail(nullptr, "the clipboard is held by another");
     EmptyClipboard();
-    const HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, text.size() + 1);
-    text.copy(static_cast<char*>(GlobalLock(block)), text.size());
+    const HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, size);
+    std::memcpy(GlobalLock(block), text, size);
     GlobalUnlock(block);
-    SetClipboardData(CF_TEXT, block);
+    SetClipboardData(format, block);
     CloseClipboard();
+}
+
+void SetClipboardText(std::string_view text) {
+    PutOnClipboard(CF_TEXT, std::string(text).c_str(), text.size() + 1);
+}
+
+void SetClipboardText(std::wstring_view text) {
+    PutOnClipboard(CF_UNICODETEXT, std::wstring(text).c_str(), (text.size() + 1) * sizeof text[0]);
 }

@@ -53,8 +53,7 @@ static void MustBeInFront(const Program& program) {
     });
 }
 
-void Press(const Program& program, std::string_view keys) {
-    MustBeInFront(program);
+static std::vector<INPUT> EventsOfKeys(const Program& program, std::string_view keys) {
     std::vector<WORD> held;
     for (std::size_t at = 0; at <= keys.size();) {
         const std::size_t end = std::min(keys.find('+', at + 1), keys.size());
@@ -64,8 +63,35 @@ void Press(const Program& program, std::string_view keys) {
     std::vector<INPUT> events;
     for (const WORD key : held) events.push_back(KeyEvent(key, 0));
     for (auto key = held.rbegin(); key != held.rend(); ++key) events.push_back(KeyEvent(*key, KEYEVENTF_KEYUP));
+    return events;
+}
+
+void Press(const Program& program, std::string_view keys) {
+    MustBeInFront(program);
+    SendEvents(EventsOfKeys(program, keys));
+    Settle(program);
+}
+
+void PressInOneGo(const Program& program, const std::vector<std::string>& keys) {
+    MustBeInFront(program);
+    std::vector<INPUT> events;
+    for (const std::string& each : keys) {
+        const std::vector<INPUT> more = EventsOfKeys(program, each);
+        events.insert(events.end(), more.begin(), more.end());
+    }
     SendEvents(events);
     Settle(program);
+}
+
+// For a letter that no key produces.
+static std::vector<INPUT> EventsOfWideLetter(wchar_t letter) {
+    INPUT event{};
+    event.type = INPUT_KEYBOARD;
+    event.ki.wScan = static_cast<WORD>(letter);
+    event.ki.dwFlags = KEYEVENTF_UNICODE;
+    INPUT release = event;
+    release.ki.dwFlags |= KEYEVENTF_KEYUP;
+    return {event, release};
 }
 
 static std::vector<INPUT> EventsOfLetter(char letter) {
@@ -77,21 +103,23 @@ static std::vector<INPUT> EventsOfLetter(char letter) {
         events.push_back(KeyEvent(VK_SHIFT, KEYEVENTF_KEYUP));
         return events;
     }
-    wchar_t wide = 0;  // for a letter that no key produces
+    wchar_t wide = 0;
     MultiByteToWideChar(CP_ACP, 0, &letter, 1, &wide, 1);
-    INPUT event{};
-    event.type = INPUT_KEYBOARD;
-    event.ki.wScan = static_cast<WORD>(wide);
-    event.ki.dwFlags = KEYEVENTF_UNICODE;
-    INPUT release = event;
-    release.ki.dwFlags |= KEYEVENTF_KEYUP;
-    return {event, release};
+    return EventsOfWideLetter(wide);
 }
 
 void Type(const Program& program, std::string_view text) {
     MustBeInFront(program);
     for (const char letter : text) {
         SendEvents(EventsOfLetter(letter));
+        Settle(program);
+    }
+}
+
+void TypeWide(const Program& program, std::wstring_view text) {
+    MustBeInFront(program);
+    for (const wchar_t letter : text) {
+        SendEvents(EventsOfWideLetter(letter));
         Settle(program);
     }
 }

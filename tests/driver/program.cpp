@@ -61,8 +61,8 @@ static DWORD FindProcess(const std::string& file) {
     return 0;
 }
 
-// A program with a date is started by a process of Wine's host, so it has to be found by its file name.
-static void AdoptDatedProgram(Program& program, const std::string& file) {
+// A program with a date or a locale is started by a process of Wine's host, so it has to be found by its file name.
+static void AdoptProgram(Program& program, const std::string& file) {
     const std::string name = std::filesystem::path(file).filename().string();
     const auto deadline = std::chrono::steady_clock::now() + kPatience;
     while ((program.processId = FindProcess(name)) == 0) {
@@ -100,9 +100,12 @@ Program LaunchProgram(const ScratchFolder& folder, const StartOptions& options) 
     const std::string commandLine = "\"" + file + "\" " + options.arguments;
     Program program;
     program.folder = folder;
-    if (!options.date.empty()) {
-        StartOnHost(folder, "\"" + Surroundings().dater + "\" \"" + options.date + "\" " + commandLine);
-        AdoptDatedProgram(program, file);
+    std::string onHost;
+    if (!options.date.empty()) onHost = "\"" + Surroundings().dater + "\" \"" + options.date + "\" ";
+    if (!options.locale.empty()) onHost = "\"" + Surroundings().localizer + "\" \"" + options.locale + "\" ";
+    if (!onHost.empty()) {
+        StartOnHost(folder, onHost + commandLine);
+        AdoptProgram(program, file);
         return program;
     }
     const PROCESS_INFORMATION started = StartProcess(commandLine, folder.path.string(), options.showState);

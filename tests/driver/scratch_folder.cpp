@@ -23,6 +23,7 @@ const TestSurroundings& Surroundings() {
         Variable("VERSEWELL_HELP", "."),
         Variable("VERSEWELL_PICTURES", "."),
         Variable("VERSEWELL_AT_DATE", "at_date"),
+        Variable("VERSEWELL_IN_LOCALE", "in_locale"),
         Variable("VERSEWELL_PAGE_TEXT", "page_text"),
         Variable("VERSEWELL_FULL_DISK", "full.txt"),
     };

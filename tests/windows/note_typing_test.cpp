@@ -1,0 +1,200 @@
+// Typing in the note editor: places of the caret, and letters that a note cannot hold.
+
+#include <windows.h>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "resources/ids.h"
+#include "tests/windows/note_set_files.h"
+#include "tests/windows/note_steps.h"
+#include "tests/windows/passage_pane.h"
+
+using testing::HasSubstr;
+
+static constexpr int kVerse = 57;
+
+static ScratchFolder FolderWithNote(const std::string& note) {
+    const ScratchFolder folder = FolderWithScripture();
+    WriteNoteSet(folder, "Mine", {{kVerse, note}});
+    WriteSetting(folder, "MISC", "NoteVerse", std::to_string(kVerse));
+    return folder;
+}
+
+static Program ProgramInEditor(const std::string& note) {
+    Program program = StartProgram(FolderWithNote(note));
+    OpenNoteEditor(program);
+    return program;
+}
+
+static std::string Typed(const Program& program) {
+    return TextOf(NoteEditOf(program));
+}
+
+static std::string StoredNote(const Program& program) {
+    const std::string data = ReadFile(program.folder, "Mine.nmd");
+    return data.substr(kVerse, data.find('\0', kVerse) - kVerse);  // all notes before it are empty
+}
+
+// ---- Places of the caret --------------------------------------------------------------------------------------------
+
+// The rich edit's own arrow keys go between the CR and the LF of a line end and behind the end of the text. What was
+// typed there tore the line end, was lost, or ended the program.
+TEST(NoteTyping, LeavesLineEndsWhole) {
+    static constexpr char kNote[] = "note.\r\nThe end.";
+    static const struct {
+        std::string note;
+        std::vector<std::string> keys;
+        std::string expected;
+    } kRows[] = {
+        {"", {"a", "Right", "Enter"}, "a\r\n"},
+        {"", {"Right", "Enter", "Right", "Right", "b"}, "\r\nb"},
+        {kNote, {"End", "Right", "d"}, "note.\r\ndThe end."},
+        {kNote, {"End", "Right", "Right", "d"}, "note.\r\nTdhe end."},
+        {kNote, {"Down", "Left", "d"}, "note.d\r\nThe end."},
+        {kNote, {"Ctrl+End", "Right", "d"}, "note.\r\nThe end.d"},
+        {kNote, {"Ctrl+End", "Right", "Right", "Ctrl+v"}, "note.\r\nThe end.pasted"},
+        {kNote, {"Ctrl+End", "Right", "Shift+Enter"}, "note.\r\nThe end.\r\n"},
+        {kNote, {"Ctrl+End", "Right", "Enter"}, "note.\r\nThe end.\r\n"},
+        {kNote, {"Ctrl+End", "Right", "Back"}, "note.\r\nThe end"},
+        {kNote, {"Ctrl+End", "Left", "Ctrl+Right", "Ctrl+Right", "d"}, "note.\r\nThe end.d"},
+        {kNote, {"End", "Shift+Right", "d"}, "note.dThe end."},
+        {kNote, {"End", "Shift+Right", "Shift+Right", "d"}, "note.dhe end."},
+        {kNote, {"Down", "Shift+Left", "d"}, "note.dThe end."},
+        {kNote, {"Down", "Shift+Left", "Shift+Left", "d"}, "notedThe end."},
+        {kNote, {"Down", "Right", "Shift+Left", "Shift+Left", "Shift+Right", "d"}, "note.\r\ndhe end."},
+        {kNote, {"Ctrl+a", "Shift+Right", "Shift+Left", "d"}, "d."},
+        {kNote, {"Ctrl+Home", "Shift+Ctrl+End", "Delete", "Right", "d"}, "d"},
+        {kNote, {"End", "Right", "Left", "Enter", "x"}, "note.\r\nx\r\nThe end."},
+    };
+    SetClipboardText("pasted");
+    for (const auto& [note, keys, expected] : kRows) {
+        SCOPED_TRACE(testing::PrintToString(keys));
+        Program program = ProgramInEditor(note);
+        WaitUntil(program, "Paste to be enabled", [&] { return !IsGreyed(program, IDM_PASTE); });
+        for (const std::string& key : keys) Press(program, key);
+        EXPECT_EQ(Typed(program), expected);
+        Press(program, "Ctrl+s");
+        WaitUntil(program, "the note to be saved", [&] { return !IsShown(NoteEditorOf(program)); });
+        EXPECT_EQ(StoredNote(program), expected);
+    }
+}
+
+TEST(NoteTyping, KeepsTheLineEndsOfAFile) {
+    static const std::string kNotes[] = {"a lone LF\nis kept", "a lone CR\ris kept", "CR CR LF\r\r\nas well"};
+    for (const std::string& note : kNotes) {
+        Program program = ProgramInEditor(note);
+        EXPECT_EQ(Typed(program), note);
+        Press(program, "Ctrl+End");
+        Press(program, "d");
+        Press(program, "Ctrl+s");
+        EXPECT_EQ(StoredNote(program), note + "d");
+    }
+}
+
+// ---- Letters outside the code page ----------------------------------------------------------------------------------
+
+TEST(NoteTyping, RefusesLettersOutsideTheCodePage) {
+    Program program = ProgramInEditor("");
+    const std::string before = StatusPart(program, 0);
+    TypeWide(program, L"a\u00E9\u20AC\u2019");  // a, an accent, the euro and a quotation mark
+    EXPECT_EQ(Typed(program), "a\xE9\x80\x92");
+    EXPECT_EQ(StatusPart(program, 0), before);
+    const std::wstring kMissing[] = {
+        L"\u03B1",        // alpha, which Windows would replace by "a"
+        L"\u05D0",        // aleph, by "?"
+        L"\u0101",        // a with a macron, by "a"
+        L"\xD83D\xDE00",  // two halves
+    };
+    for (const std::wstring& letter : kMissing) {
+        TypeWide(program, letter);
+        EXPECT_EQ(Typed(program), "a\xE9\x80\x92");
+        EXPECT_THAT(StatusPart(program, 0), HasSubstr("Not typed")) << "says why";
+        EXPECT_THAT(StatusPart(program, 0), HasSubstr("code page of this computer (1252)"));
+    }
+    Type(program, "b");
+    EXPECT_EQ(Typed(program),
+              "a\xE9\x80\x92"
+              "b");
+}
+
+static std::string PasteReport(const Program& program) {
+    const HWND box = WaitForDialog(program, "Paste");
+    const std::string text = MessageText(box);
+    SavePicture(PictureOfWindow(box), "paste-report");
+    Press(program, "Enter");
+    WaitForNoDialog(program);
+    return text;
+}
+
+TEST(NoteTyping, PastesAllThatFitsAndCountsTheRest) {
+    static const struct {
+        std::wstring text;
+        std::string pasted;
+        const char* lost;  // null for a text without any
+    } kRows[] = {
+        {L"caf\u00E9 \u20AC", "caf\xE9 \x80", nullptr},
+        {L"one \u03B1\ntwo \u05D0\u0101 end", "one \r\ntwo  end", "3 characters could not be pasted"},
+        {L"\xD83D\xDE00!", "!", "1 character could not be pasted"},
+    };
+    Program program = ProgramInEditor("");
+    for (const auto& [text, pasted, lost] : kRows) {
+        SCOPED_TRACE(pasted);
+        SetClipboardText(text);
+        WaitUntil(program, "Paste to be enabled", [&] { return !IsGreyed(program, IDM_PASTE); });
+        Press(program, "Ctrl+a");
+        Press(program, "Ctrl+v");
+        if (lost) {
+            EXPECT_THAT(PasteReport(program), HasSubstr(lost));
+        }
+        EXPECT_FALSE(HasDialog(program));
+        EXPECT_EQ(Typed(program), pasted);
+    }
+}
+
+// ---- Another code page ----------------------------------------------------------------------------------------------
+
+static Program ProgramInJapan(const ScratchFolder& folder) {
+    StartOptions options;
+    options.locale = "ja_JP.UTF-8";  // code page 932
+    return StartProgram(folder, options);
+}
+
+// In code page 932, E9 is the first half of a character of two bytes.
+TEST(NotesOfOtherCodePages, AreOnlyRead) {
+    const ScratchFolder folder = FolderWithNote("caf\xE9\r\nna\xEFve \xE9");
+    const std::string before = ReadFile(folder, "Mine.nmd");
+    Program program = ProgramInJapan(folder);
+    Press(program, "Alt+e");
+    const HWND box = WaitForDialog(program, "Note Editor");
+    EXPECT_THAT(MessageText(box), HasSubstr("You can read and copy it, but not change it"));
+    SavePicture(PictureOfWindow(box), "read-only-note");
+    Press(program, "Enter");
+    WaitForNoDialog(program);
+    EXPECT_TRUE(IsShown(NoteEditorOf(program)));
+    EXPECT_FALSE(IsWindowEnabled(Child(NoteEditorOf(program), {IDC_NOTE_SAVE})));
+    SetClipboardText("pasted");
+    const std::string shown = Typed(program);
+    for (const char* keys : {"x", "Enter", "Delete", "Ctrl+v", "Ctrl+Enter", "Ctrl+a", "Ctrl+x", "Ctrl+s"})
+        Press(program, keys);
+    EXPECT_EQ(Typed(program), shown);
+    Press(program, "Esc");
+    EXPECT_FALSE(HasDialog(program)) << "there is nothing to save";
+    EXPECT_FALSE(IsShown(NoteEditorOf(program)));
+    EXPECT_TRUE(ReadFile(folder, "Mine.nmd") == before);
+}
+
+TEST(NotesOfOtherCodePages, AreEditedIfTheyFit) {
+    const ScratchFolder folder = FolderWithNote("plain \x82\xA0");  // a kana
+    Program program = ProgramInJapan(folder);
+    OpenNoteEditor(program);
+    TypeWide(program, L"\u3042\u00E9x");  // the same kana, and a letter that only Latin 1 has
+    EXPECT_THAT(StatusPart(program, 0), HasSubstr("(932)"));
+    Press(program, "Ctrl+End");
+    Press(program, "Right");
+    Press(program, "Enter");
+    Press(program, "y");
+    Press(program, "Ctrl+s");
+    EXPECT_FALSE(IsShown(NoteEditorOf(program)));
+    EXPECT_EQ(StoredNote(program), "\x82\xA0xplain \x82\xA0\r\ny");
+}
