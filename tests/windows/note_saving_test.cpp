@@ -115,6 +115,42 @@ TEST(SavedNote, CanBeTheFirstOfItsVerse) {
     EXPECT_EQ(TextOf(NoteViewOf(again)), "New # Joh 3:16");
 }
 
+// ---- Edits that are not saved ---------------------------------------------------------------------------------------
+
+// Why a text is among the earlier notes.
+static constexpr int kNotSaved = 2;
+static constexpr int kCancelled = 3;
+
+TEST(CancelledNote, IsKeptAmongTheEarlierNotes) {
+    Program program = ProgramInEditorOf(kMiddle);
+    ClickEditorButton(program, IDC_NOTE_CANCEL);
+    EXPECT_TRUE(KeptNotes(program.folder, "Mine").empty()) << "nothing was typed";
+    std::vector<KeptNote> expected;
+    OpenNoteEditor(program);
+    Type(program, "By button: ");
+    ClickEditorButton(program, IDC_NOTE_CANCEL);
+    expected.push_back({kMiddle, kCancelled, "By button: four"});
+    EXPECT_EQ(KeptNotes(program.folder, "Mine"), expected);
+    OpenNoteEditor(program);
+    Type(program, "By Esc: ");
+    Press(program, "Esc");
+    WaitForDialog(program, "Versewell97");
+    Press(program, "n");
+    WaitForNoDialog(program);
+    EXPECT_FALSE(IsEditing(program));
+    expected.push_back({kMiddle, kCancelled, "By Esc: four"});
+    EXPECT_EQ(KeptNotes(program.folder, "Mine"), expected);
+    OpenNoteEditor(program);
+    Type(program, "By closing: ");
+    PostMessageA(program.frame, WM_CLOSE, 0, 0);
+    WaitForDialog(program, "Versewell97");
+    Press(program, "n");
+    EXPECT_EQ(WaitForExit(program), 0);
+    expected.push_back({kMiddle, kCancelled, "By closing: four"});
+    EXPECT_EQ(KeptNotes(program.folder, "Mine"), expected);
+    ExpectNotes(program.folder, kNotes, "nothing was saved");
+}
+
 // ---- Failures -------------------------------------------------------------------------------------------------------
 
 static UniqueHandle Held(const ScratchFolder& folder, const char* name) {
@@ -184,6 +220,7 @@ TEST(UnsavedNote, IsLostAfterRetry) {
         WaitUntil(program, "the editor to close", [&] { return !IsEditing(program); });
     }
     ExpectUnsaved(program, "Retry");
+    EXPECT_EQ(KeptNotes(program.folder, "Mine"), (std::vector<KeptNote>{{kMiddle, kNotSaved, "Lost: four"}}));
 }
 
 TEST(UnsavedNote, IsReportedWhenTheTemporaryFileCannotBeCreated) {

@@ -29,3 +29,22 @@ std::vector<std::string> NoteSetNames(const Program& program) {
             if (name.starts_with(mark)) name.erase(0, 2);
     return names;
 }
+
+static int IntegerAt(const std::string& bytes, std::size_t offset) {
+    int integer = 0;
+    bytes.copy(reinterpret_cast<char*>(&integer), sizeof integer, offset);
+    return integer;
+}
+
+std::vector<KeptNote> KeptNotes(const ScratchFolder& folder, const std::string& setName) {
+    static constexpr std::size_t kHeader = 12, kBeforeText = 24;  // size, checksum, time, verse, reason
+    const std::string bytes = ReadFile(folder, "backup/" + setName + ".nmh");
+    std::vector<KeptNote> notes;
+    for (std::size_t at = kHeader; at + kBeforeText <= bytes.size();) {
+        const std::size_t end = at + 4 + static_cast<std::size_t>(IntegerAt(bytes, at));
+        const std::size_t text = at + kBeforeText;
+        notes.push_back({IntegerAt(bytes, at + 16), IntegerAt(bytes, at + 20), bytes.substr(text, end - text)});
+        at = end;
+    }
+    return notes;
+}
