@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "notes/conflict_copies.h"
 #include "notes/note_places.h"
 #include "scripture/letters.h"
 
@@ -51,6 +52,12 @@ static void MakeIndexAgain(const NoteFiles& files, NoteSet& set, const char* fau
                        (written ? "" : " It could not be written to the disk: this will be tried at the next start."));
 }
 
+// A copy without an index is merged, but does not become a set.
+static bool IsLeftByConflict(const NoteFiles& files, const std::string& name) {
+    const std::optional<ConflictName> conflict = ConflictCopyOf(files, name);
+    return conflict && conflict->isCertain;
+}
+
 // Recreates missing index files before the sets are searched for. Returns the sets without an index whose data file is
 // not whole: an index for them could not be trusted.
 static std::vector<NoteSet> MakeLostIndexes(const NoteFiles& files, OpenedSets& opened) {
@@ -61,7 +68,7 @@ static std::vector<NoteSet> MakeLostIndexes(const NoteFiles& files, OpenedSets& 
         const bool isListed = std::any_of(indexes.begin(), indexes.end(), [&](const std::string& index) {
             return EqualIgnoringCase(std::string_view(index).substr(0, index.rfind('.')), name);
         });
-        if (isListed || files.stamp(files.device, IndexFileName(set)).exists) continue;
+        if (isListed || files.stamp(files.device, IndexFileName(set)).exists || IsLeftByConflict(files, name)) continue;
         std::optional<NotePlaces> places = PlacesOf(files, set.dataFileName);
         if (!places) continue;
         const bool isWhole = IsWhole(*places);

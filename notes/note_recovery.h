@@ -7,7 +7,9 @@
 //   NAME.nmi is missing, short, torn, or of another state           it is rebuilt from the data file
 //   NAME.nmd does not have exactly one note for each verse          it is never written: the set is read-only, so that
 //                                                                   the user can rescue its contents
-// A temporary file beside a data file is left from a save that failed and is ignored. Valid files are only read.
+// A data file that certainly was left by a conflict (notes/conflict_copies.h) stays without an index: it is there to be
+// merged, not to become a set. A temporary file beside a data file is left from a save that failed and is ignored.
+// Valid files are only read.
 //
 // Recognizing an index of another state requires the end of every note, so every data file is read completely once per
 // start. Checking less would miss, for example, two notes in the middle that grew and shrank by the same amount. It

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "notes/conflict_copies.h"
 #include "notes/note_places.h"
 #include "notes/note_refresh.h"
 #include "scripture/letters.h"
@@ -9,15 +10,15 @@
 static constexpr std::size_t kDevotionalFileSize = sizeof(NoteSets::devotionalTable);
 static_assert(kDevotionalFileSize == 2976);
 
-// Makes the set about to be added the devotional set if it has a table. A longer table is cut, a shorter one is filled
-// up with zeros.
-static void ReadDevotionalTable(const NoteFiles& files, const std::string& setName, NoteSets& notes) {
+// A longer table is cut, a shorter one is filled up with zeros.
+void ReadDevotionalTable(const NoteFiles& files, NoteSets& notes, int set) {
+    const std::string setName = NoteSetName(notes.sets[static_cast<std::size_t>(set)]);
     std::vector<unsigned char> bytes;
     if (!files.read(files.device, setName + kTableEnding, 0, kDevotionalFileSize, bytes)) return;
     bytes.resize(kDevotionalFileSize);
     const std::vector<std::uint32_t> verses = OffsetsOf(bytes);
     std::copy(verses.begin(), verses.end(), notes.devotionalTable.begin());
-    notes.devotionalSet = static_cast<int>(notes.sets.size());
+    notes.devotionalSet = set;
 }
 
 static bool AddNoteSet(const NoteFiles& files, const std::string& indexFileName, NoteSets& notes) {
@@ -25,8 +26,8 @@ static bool AddNoteSet(const NoteFiles& files, const std::string& indexFileName,
     NoteSet set{setName + kDataEnding};
     StampFiles(files, set);
     if (!ReadIndex(files, indexFileName, set.offsets)) return false;
-    ReadDevotionalTable(files, setName, notes);
     notes.sets.push_back(std::move(set));
+    ReadDevotionalTable(files, notes, static_cast<int>(notes.sets.size()) - 1);
     return true;
 }
 
@@ -37,10 +38,17 @@ static bool CreateFirstSet(const NoteFiles& files, NoteSets& notes) {
     return created;
 }
 
+// Was it left beside a set by a program that keeps folders in step, without the notes that it was the index of?
+static bool IsLoneConflictCopy(const NoteFiles& files, const std::string& indexFileName) {
+    const std::string setName = indexFileName.substr(0, indexFileName.rfind('.'));
+    return !files.stamp(files.device, setName + kDataEnding).exists && ConflictCopyOf(files, setName);
+}
+
 bool FindNoteSets(const NoteFiles& files, NoteSets& notes) {
     notes.sets.clear();
     notes.devotionalSet = kNoDevotionalSet;
     for (const std::string& indexFileName : files.list(files.device, std::string("*") + kIndexEnding)) {
+        if (IsLoneConflictCopy(files, indexFileName)) continue;
         if (notes.sets.size() == kNoteSetLimit || !AddNoteSet(files, indexFileName, notes)) break;
     }
     return !notes.sets.empty() || CreateFirstSet(files, notes);

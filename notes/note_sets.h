@@ -31,10 +31,14 @@ struct NoteSets {
 };
 
 // Finds the sets in the working directory in listing order, at most kNoteSetLimit, each with its devotional table if it
-// has one (the last one found is used). A `.nmi` that cannot be opened ends the search. If no set is found, creates "My
-// Notes", the data file before the index file. False if one of them could not be created: no further file is created,
-// but the set still exists in memory.
+// has one (the last one found is used). A `.nmi` that cannot be opened ends the search; one that was left by a conflict
+// without a data file (notes/conflict_copies.h) is no set. If no set is found, creates "My Notes", the data file before
+// the index file. False if one of them could not be created: no further file is created, but the set still exists in
+// memory.
 bool FindNoteSets(const NoteFiles& files, NoteSets& notes);
+
+// Makes a set in the table the devotional one if it has a devotional table.
+void ReadDevotionalTable(const NoteFiles& files, NoteSets& notes, int set);
 
 // Makes `set` the current one, or 0 if it is out of range. All changes of the current set go through here.
 void SelectSet(NoteSets& notes, int set);
