@@ -1,0 +1,139 @@
+#include "history/note_merge.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "notes/joined_texts.h"
+#include "notes/note_saving.h"
+
+using Records = std::vector<const EarlierNote*>;  // of one verse in one history, oldest first
+
+namespace {
+
+// What is known of one verse.
+struct VerseStates {
+    std::vector<Records> histories;
+    std::vector<const std::string*> backups;
+};
+
+}  // namespace
+
+// Drafts that were never saved, for example, are no states of a set.
+static bool IsState(const EarlierNote& note) {
+    return note.reason == KeptReason::kReplaced || note.reason == KeptReason::kMerged ||
+           note.reason == KeptReason::kRestored;
+}
+
+// ---- The text that both sets had ------------------------------------------------------------------------------------
+
+static bool Has(const Records& records, const EarlierNote& sought) {
+    return std::ranges::any_of(records, [&](const EarlierNote* record) { return *record == sought; });
+}
+
+// The first record that is not in all histories.
+static const EarlierNote* FirstOfItsOwn(const Records& records, const std::vector<Records>& histories) {
+    for (const EarlierNote* record : records) {
+        const auto hasIt = [record](const Records& history) { return Has(history, *record); };
+        if (!std::ranges::all_of(histories, hasIt)) return record;
+    }
+    return nullptr;
+}
+
+// Null if the histories do not tell or contradict each other.
+static const std::string* TextBefore(const std::vector<Records>& histories) {
+    const std::string* before = nullptr;
+    for (const Records& records : histories) {
+        const EarlierNote* const first = FirstOfItsOwn(records, histories);
+        if (!first) continue;
+        if (before && *before != first->text) return nullptr;
+        before = &first->text;
+    }
+    return before;
+}
+
+// ---- Who has changed the note ---------------------------------------------------------------------------------------
+
+static bool WasReplaced(const VerseStates& states, const std::string& text) {
+    return std::ranges::any_of(states.histories, [&](const Records& records) {
+        return std::ranges::any_of(records, [&](const EarlierNote* record) { return record->text == text; });
+    });
+}
+
+// Did a backup have the copy's text, and none before it the set's? Then the set left that text behind.
+static bool WasLeftSince(const VerseStates& states, const std::string& mine, const std::string& other) {
+    const auto isOther = [&](const std::string* backup) { return *backup == other; };
+    const auto last = std::find_if(states.backups.rbegin(), states.backups.rend(), isOther);
+    return last != states.backups.rend() &&
+           std::none_of(last, states.backups.rend(), [&](const std::string* backup) { return *backup == mine; });
+}
+
+// Has the set had this text through all that is known? Only then a backup with it tells that the copy began with it.
+static bool HasAlwaysBeen(const VerseStates& states, const std::string& text) {
+    return !states.backups.empty() && std::ranges::all_of(states.histories, &Records::empty) &&
+           std::ranges::all_of(states.backups, [&](const std::string* backup) { return *backup == text; });
+}
+
+namespace {
+
+enum class ChangedIn { kSet, kCopy, kBoth };
+
+}  // namespace
+
+static ChangedIn WhoChanged(const std::string& mine, const std::string& other, const VerseStates& states) {
+    const std::string* const before = TextBefore(states.histories);
+    if (before) return *before == mine ? ChangedIn::kCopy : *before == other ? ChangedIn::kSet : ChangedIn::kBoth;
+    const bool isMineEarlier = WasReplaced(states, mine) || HasAlwaysBeen(states, mine);
+    const bool isOtherEarlier = WasReplaced(states, other) || WasLeftSince(states, mine, other);
+    if (isMineEarlier == isOtherEarlier) return ChangedIn::kBoth;
+    return isMineEarlier ? ChangedIn::kCopy : ChangedIn::kSet;
+}
+
+// ---- The plan -------------------------------------------------------------------------------------------------------
+
+static MergedNote Joined(int verse, const std::string& mine, const std::string& other) {
+    std::string joined = JoinedTexts(mine, other);
+    if (joined.size() > kNoteTextLimit) return {verse, MergeKind::kTooLong, mine, other, mine};
+    const MergeKind kind = joined == mine    ? MergeKind::kStays
+                           : joined == other ? MergeKind::kFromCopy
+                                             : MergeKind::kBoth;
+    return {verse, kind, mine, other, std::move(joined)};
+}
+
+static MergedNote Merged(int verse, const std::string& mine, const std::string& other, const VerseStates& states) {
+    switch (WhoChanged(mine, other, states)) {
+        case ChangedIn::kSet: return {verse, MergeKind::kStays, mine, other, mine};
+        case ChangedIn::kCopy: return {verse, MergeKind::kFromCopy, mine, other, other};
+        case ChangedIn::kBoth: break;
+    }
+    return Joined(verse, mine, other);
+}
+
+// A merge that was stopped may have kept the set's text without replacing it.
+static void LeaveOutStoppedMerge(Records& own, const std::string& mine) {
+    if (!own.empty() && own.back()->reason == KeptReason::kMerged && own.back()->text == mine) own.pop_back();
+}
+
+static VerseStates StatesOf(std::size_t verse, const EarlierStates& states,
+                            const std::vector<std::vector<Records>>& records, const std::string& mine) {
+    VerseStates found;
+    for (const std::vector<Records>& history : records) found.histories.push_back(history[verse]);
+    if (!found.histories.empty()) LeaveOutStoppedMerge(found.histories.front(), mine);
+    for (const std::vector<std::string>& backup : states.backups) found.backups.push_back(&backup[verse]);
+    return found;
+}
+
+std::vector<MergedNote> PlanMerge(std::span<const std::string> mine, std::span<const std::string> other,
+                                  const EarlierStates& states) {
+    std::vector<std::vector<Records>> records;  // by history and verse
+    for (const std::vector<EarlierNote>& history : states.histories) {
+        records.emplace_back(mine.size());
+        for (const EarlierNote& note : history)
+            if (IsState(note)) records.back()[static_cast<std::size_t>(note.verse)].push_back(&note);
+    }
+    std::vector<MergedNote> notes;
+    for (std::size_t verse = 0; verse < mine.size(); ++verse)
+        if (mine[verse] != other[verse])
+            notes.push_back(Merged(static_cast<int>(verse), mine[verse], other[verse],
+                                   StatesOf(verse, states, records, mine[verse])));
+    return notes;
+}
