@@ -97,6 +97,8 @@ static constexpr Command kCommands[] = {
     {IDM_CREATE_NOTE_SET, CreateSet, kNotEditing},
     {IDM_DELETE_NOTE_SET, DeleteSet, kNotEditing},
     {IDM_RENAME_NOTE_SET, RenameSet, kNotEditing},
+    {IDM_MERGE_SETS, MergeNoteSets, kNotEditing},
+    {IDM_OFFER_MERGE, OfferMerge, kNotEditing},
     {IDM_MARK_NOTE_SETS, MarkSets},
     {IDM_NOTES_CHANGED, UpdateNoteMarks},
 

@@ -2,6 +2,9 @@
 
 #include "app/frame_win32.h"
 #include "app/note_commands_win32.h"
+#include "history/merge_sets_dialog.h"
+#include "history/set_merging.h"
+#include "notes/conflict_copies.h"
 #include "notes/note_set_changes.h"
 #include "notes/note_set_dialog.h"
 #include "notes/note_tabs_win32.h"
@@ -63,6 +66,54 @@ void DeleteSet(int) {
     ReadNote(theNoteSets.currentVerse);
     RepaintNoteMarks();
 }
+
+// ---- Merging --------------------------------------------------------------------------------------------------------
+
+static constexpr char kOfferCaption[] = "Copy of a Note Set";
+
+// False if the dialog was cancelled.
+static bool MergeChosenSets(const std::string& copy, const std::string& set) {
+    const bool hadDevotional = theNoteSets.devotionalSet != kNoDevotionalSet;
+    if (!AskMergeSets(theFrame.window, copy, set)) return false;
+    if (hadDevotional && theNoteSets.devotionalSet == kNoDevotionalSet) RemoveDevotionalMenu();
+    ShowNewTabs();
+    ReadNote(theNoteSets.currentVerse);
+    RepaintNoteMarks();
+    return true;
+}
+
+void MergeNoteSets(int) {
+    MergeChosenSets("", "");
+    FocusNotes();
+}
+
+static std::string QuestionAbout(const ConflictCopy& copy) {
+    const std::string names = "\n\n" + copy.name + "\n\n";
+    const std::string offer = "Do you want to merge the two now? You see what would change before anything is written.";
+    if (copy.of.isCertain) {
+        return "Beside the note set \"" + copy.of.set + "\" there is a copy of it:" + names +
+               "A program that keeps folders in step has left it, because the set was changed in two places at once. " +
+               offer;
+    }
+    return "Beside the note set \"" + copy.of.set + "\" there is one that may be a copy of it:" + names +
+           "A program that keeps folders in step gives such a name when a set was changed in two places at once. " +
+           offer + " If you have made this set yourself, choose No.";
+}
+
+void OfferMerge(int) {
+    PutAwayHalfCopies(TheNoteFiles());
+    std::vector<ConflictCopy> copies = FindConflictCopies(TheNoteFiles());
+    while (!copies.empty()) {
+        const std::string question = QuestionAbout(copies[0]);
+        const int answer = MessageBoxA(theFrame.window, question.c_str(), kOfferCaption, MB_YESNO | MB_ICONQUESTION);
+        if (answer != IDYES || !MergeChosenSets(copies[0].name, copies[0].of.set)) return;
+        const std::size_t countBefore = copies.size();
+        copies = FindConflictCopies(TheNoteFiles());
+        if (copies.size() >= countBefore) return;  // one could not be moved away
+    }
+}
+
+// ---- Marks ----------------------------------------------------------------------------------------------------------
 
 void MarkSets(int) {
     if (!theFrame.startUpComplete) return;

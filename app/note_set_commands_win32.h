@@ -1,4 +1,4 @@
-// Commands that create, rename and delete note sets and mark their tabs.
+// Commands that create, rename, delete and merge note sets and mark their tabs.
 #pragma once
 
 void CreateSet(int command);
@@ -6,3 +6,5 @@ void RenameSet(int command);
 void DeleteSet(int command);
 void MarkSets(int command);         // sent by panes after painting
 void UpdateNoteMarks(int command);  // sent when notes have come or gone: also repaints the stars before verses
+void MergeNoteSets(int command);
+void OfferMerge(int command);  // at the end of the start, for what conflicts between machines have left

@@ -12,6 +12,7 @@
 #include "output/format_dialog.h"
 #include "passage/passage_window.h"
 #include "resources/help_topics.h"
+#include "resources/ids.h"
 #include "scripture/scripture.h"
 #include "scripture/scripture_win32.h"
 #include "search/search_dialog.h"
@@ -200,6 +201,7 @@ bool StartUp(HWND frame) {
     ReadSettings();
     SetFirstMenuState();
     ShowFirstNote();
+    PostMessageA(frame, WM_COMMAND, IDM_OFFER_MERGE, 0);  // once the frame is shown
     return true;
 }
 

@@ -112,6 +112,16 @@ static constexpr ExpectedControl kControls[] = {
     {"RENAMENOTESET", 1, "DEFPUSHBUTTON", "OK"},
     {"RENAMENOTESET", 2, "PUSHBUTTON", "Cancel"},
     {"RENAMENOTESET", 9, "PUSHBUTTON", "Help"},
+    {"MERGESETS", 10, "COMBOBOX", "Merge:"},
+    {"MERGESETS", 12, "COMBOBOX", "into:"},
+    {"MERGESETS", 101, "LISTBOX",
+     "Notes that are not equal, what becomes of them, and their texts in the set and in the copy:"},
+    {"MERGESETS", 102, "EDITTEXT", "Text in the set:"},
+    {"MERGESETS", 103, "EDITTEXT", "Text in the copy:"},
+    {"MERGESETS", 104, "LTEXT", ""},
+    {"MERGESETS", 1, "DEFPUSHBUTTON", "Merge"},
+    {"MERGESETS", 2, "PUSHBUTTON", "Cancel"},
+    {"MERGESETS", 9, "PUSHBUTTON", "Help"},
     {"SEARCHNOTES", 102, "EDITTEXT", "Find What:"},
     {"SEARCHNOTES", 14, "BS_AUTOCHECKBOX", "Case sensitive"},
     {"SEARCHNOTES", 15, "BS_AUTOCHECKBOX", "Substring Matches"},
@@ -149,6 +159,7 @@ static constexpr ExpectedTitle kTitles[] = {
     {"GOTONOTE", "Go to Note for Verse"},
     {"CREATENOTESET", "Create New Note Set"},
     {"RENAMENOTESET", "Change name of note set"},
+    {"MERGESETS", "Merge Sets"},
     {"SEARCHNOTES", "Search Note Set"},
     {"SEARCHPROGRESS", "Searching..."},
     {"ABOUT", "About Versewell97"},
@@ -162,7 +173,7 @@ static const DialogScript& Dialog(const std::string& name) {
 }
 
 static bool IsField(const DialogControl& control) {
-    return control.kind == "COMBOBOX" || control.kind == "EDITTEXT";
+    return control.kind == "COMBOBOX" || control.kind == "EDITTEXT" || control.kind == "LISTBOX";
 }
 
 static std::string WithoutAccessKey(std::string text) {
@@ -238,7 +249,7 @@ TEST(Dialogs, AccessKeysReachEveryFieldAndChoice) {
             const DialogControl& control = dialog.controls[place];
             if (control.id <= 2 || control.kind == "DEFPUSHBUTTON") continue;  // statics, and Enter and Esc
             const std::string& text = IsField(control) ? dialog.controls.at(place - 1).text : control.text;
-            if (control.kind != "CTEXT" && control.kind != "PBS_SMOOTH") {
+            if (control.kind != "CTEXT" && control.kind != "LTEXT" && control.kind != "PBS_SMOOTH") {
                 EXPECT_NE(AccessKey(text), 0) << dialog.name << " " << control.id;
             }
         }
@@ -273,9 +284,9 @@ TEST(Dialogs, FormatOptionsAreThreeGroups) {
 }
 
 TEST(Dialogs, NoteSetListsDoNotAllowTyping) {
-    for (const char* name : {"SAVERANGE", "PRINTRANGE"})
+    for (const char* name : {"SAVERANGE", "PRINTRANGE", "MERGESETS"})
         for (const DialogControl& control : Dialog(name).controls) {
-            if (control.id != 12) continue;
+            if (control.kind != "COMBOBOX") continue;
             EXPECT_THAT(control.styles, HasSubstr("CBS_DROPDOWNLIST"));
             EXPECT_THAT(control.styles, HasSubstr("WS_VSCROLL"));
             EXPECT_THAT(control.styles, Not(HasSubstr("CBS_SORT")));  // in the order of the tabs

@@ -11,6 +11,7 @@ inline constexpr char kTopicPhraseSearch[] = "ID_Search_Phrase";
 inline constexpr char kTopicSetRange[] = "ID_Search_SetRange";
 inline constexpr char kTopicGotoVerse[] = "ID_Read_GoToVerse";
 inline constexpr char kTopicNoteSets[] = "ID_Notes_Create";  // creating and renaming
+inline constexpr char kTopicMergeSets[] = "ID_Notes_Merge";
 inline constexpr char kTopicSearchNotes[] = "ID_Search_Notes";
 inline constexpr char kTopicCopyVerse[] = "ID_Edit_CopyVerse";
 inline constexpr char kTopicCopyRange[] = "ID_Edit_CopyRange";

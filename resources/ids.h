@@ -70,6 +70,7 @@
 #define IDM_NOTE_NOTE_SEARCH 190
 #define IDM_THIS_MORNING 191
 #define IDM_THIS_EVENING 192
+#define IDM_MERGE_SETS 302
 #define IDM_REFRESH 900          // sent by a pane to its frame: the state of commands may have changed
 #define IDM_SHOW_REFERENCES 901  // sent by the Notes window: show the verses of the double-clicked line
 #define IDM_END_EDITING 902      // sent by the note editor when it has closed
@@ -79,6 +80,7 @@
 #define IDM_ENTER_PASSAGE 906    // sent by the Verse List: give the Passage the focus
 #define IDM_SHOW_SAVED_NOTE 907  // sent by the note editor when it has saved the note
 #define IDM_NOTES_CHANGED 908    // sent by the Notes window: notes have come or gone since the stars were shown
+#define IDM_OFFER_MERGE 917      // sent at the end of the start: offer to merge what conflicts have left
 #define IDM_GOTO_BOOK 1000       // plus the number of the book, 1 to 66
 #define IDM_DEVOTIONAL 2000      // plus a verse index
 
@@ -129,8 +131,14 @@
 #define IDC_LINE_BREAKS 18
 #define IDC_PARAGRAPH_MARKS 19
 #define IDC_BRACKETS 101
-#define IDC_FIND_NEXT 101        // Search Note Set
-#define IDC_NOTE_TEXT 102        // Search Note Set: Find What
+#define IDC_FIND_NEXT 101   // Search Note Set
+#define IDC_NOTE_TEXT 102   // Search Note Set: Find What
+#define IDC_MERGED_COPY 10  // Merge Sets
+#define IDC_MERGED_SET 12
+#define IDC_MERGED_NOTES 101
+#define IDC_TEXT_IN_SET 102
+#define IDC_TEXT_IN_COPY 103
+#define IDC_MERGE_COUNTS 104
 #define IDC_SEARCH_PROGRESS 101  // Searching...
 #define IDC_STOP_PRINTING 110
 #define IDC_SPLASH_LINE 111

@@ -83,6 +83,7 @@ static constexpr ExpectedItem kCommands[] = {
     {186, "Pr&int Verse List..."},
     {191, "This &Morning"},
     {192, "This &Evening"},
+    {302, "&Merge Sets..."},
     {1001, "Genesis"},
     {1009, "1 Samuel"},
     {1022, "Song of Solomon"},

@@ -140,7 +140,8 @@ static DialogControl ControlOf(const IdTable& ids, const Statement& statement) {
     DialogControl control;
     control.kind = statement.verb;
     std::size_t at = 0;
-    if (statement.verb != "COMBOBOX" && statement.verb != "EDITTEXT") control.text = fields.at(at++);
+    if (statement.verb != "COMBOBOX" && statement.verb != "EDITTEXT" && statement.verb != "LISTBOX")
+        control.text = fields.at(at++);
     control.id = Number(ids, fields.at(at++));
     if (statement.verb == "CONTROL") {
         control.styles = fields.at(at + 1);

@@ -17,6 +17,7 @@ static constexpr HelpedDialog kDialogs[] = {
     {IDM_SEARCH_NOTES, "Search Note Set My Notes", "ID_Search_Notes"},
     {IDM_CREATE_NOTE_SET, "Create New Note Set", "ID_Notes_Create"},
     {IDM_RENAME_NOTE_SET, "Change name of note set My Notes", "ID_Notes_Create"},
+    {IDM_MERGE_SETS, "Merge Sets", "ID_Notes_Merge"},
 };
 
 std::span<const HelpedDialog> HelpedDialogs() {

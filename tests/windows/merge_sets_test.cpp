@@ -1,0 +1,252 @@
+// Merging note sets: the offer at the start, the dialog, and what is in the folder afterwards.
+
+#include <filesystem>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "resources/ids.h"
+#include "tests/windows/note_set_files.h"
+#include "tests/windows/passage_pane.h"
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+static constexpr char kCopy[] = "Mine.sync-conflict-20240501-120000-ABCDEFG";
+static constexpr char kOffer[] = "Copy of a Note Set";
+static constexpr char kDialog[] = "Merge Sets";
+
+using Notes = std::map<int, std::string>;
+
+static const Notes kHere = {{1, "one"}, {2, "two here"}, {3, "three here"}};
+static const Notes kThere = {{1, "one"}, {2, "two there"}, {3, "three"}, {4, "four there"}};
+static const Notes kMerged = {
+    {1, "one"},
+    {2, "two here\r\n----------------------------------------\r\nAlso written elsewhere:\r\ntwo there"},
+    {3, "three here"},
+    {4, "four there"}};
+
+// Of verse 3 the backup tells that only the set's note was changed.
+static ScratchFolder FolderInConflict(const std::string& copy = kCopy) {
+    const ScratchFolder folder = FolderWithScripture();
+    WriteNoteSet(folder, "Mine", kHere);
+    WriteNoteSet(folder, copy, kThere);
+    std::filesystem::create_directory(folder.path / "backup");
+    WriteNoteSet(folder, "backup/Mine 2024-05-01", {{1, "one"}, {2, "two"}, {3, "three"}});
+    WriteSetting(folder, "MISC", "NoteVerse", "2");
+    return folder;
+}
+
+static void ExpectNotes(const ScratchFolder& folder, const std::string& set, const Notes& notes) {
+    const ScratchFolder expected = EmptyFolder();
+    WriteNoteSet(expected, "expected", notes);
+    for (const std::string ending : {".nmd", ".nmi"})
+        EXPECT_TRUE(ReadFile(folder, set + ending) == ReadFile(expected, "expected" + ending)) << set << ending;
+}
+
+static void Answer(const Program& program, HWND dialog, int button) {
+    PostMessageA(dialog, WM_COMMAND, static_cast<WPARAM>(button), 0);
+    WaitUntil(program, "the end of the dialog", [&] { return !IsWindow(dialog); });
+    Settle(program);
+}
+
+static std::string ChosenIn(HWND dialog, int list) {
+    return TextOf(dialog, list);
+}
+
+// ---- The offer at the start -----------------------------------------------------------------------------------------
+
+TEST(MergeOffer, LeadsToTheDialogAndTheMerge) {
+    const ScratchFolder folder = FolderInConflict();
+    Program program = StartProgram(folder);
+    const HWND offer = WaitForDialog(program, kOffer);
+    EXPECT_THAT(MessageText(offer), HasSubstr("\"Mine\""));
+    EXPECT_THAT(MessageText(offer), HasSubstr(kCopy));
+    EXPECT_EQ(IconOf(offer), "question");
+    SavePicture(PictureOfWindow(offer), "merge-offer");
+    Answer(program, offer, IDYES);
+    const HWND dialog = WaitForDialog(program, kDialog);
+    EXPECT_EQ(ChosenIn(dialog, IDC_MERGED_COPY), kCopy);
+    EXPECT_EQ(ChosenIn(dialog, IDC_MERGED_SET), "Mine");
+    EXPECT_THAT(ListStrings(Child(dialog, {IDC_MERGED_NOTES})),
+                ElementsAre("Genesis 1:3\tboth texts\ttwo here\ttwo there", "Genesis 1:4\tstays\tthree here\tthree",
+                            "Genesis 1:5\tfrom the copy\t\tfour there"));
+    EXPECT_EQ(TextOf(dialog, IDC_MERGE_COUNTS),
+              "1 note is taken from the copy, 1 gets both texts, 1 stays, 1 is equal.");
+    EXPECT_EQ(TextOf(dialog, IDC_TEXT_IN_SET), "two here");
+    EXPECT_EQ(TextOf(dialog, IDC_TEXT_IN_COPY), "two there");
+    SavePicture(PictureOfWindow(dialog), "merge-sets");
+    ExpectNotes(folder, "Mine", kHere);  // nothing is written before
+    Answer(program, dialog, IDOK);
+    ExpectNotes(folder, "Mine", kMerged);
+    EXPECT_THAT(NoteSetNames(program), ElementsAre("Mine"));
+    EXPECT_EQ(TextOf(NoteViewOf(program)), kMerged.at(2));
+    ExpectNotes(folder, "backup/" + std::string(kCopy) + " merged", kThere);
+    EXPECT_FALSE(HasFile(folder, std::string(kCopy) + ".nmd"));
+    EXPECT_FALSE(HasFile(folder, std::string(kCopy) + ".nmi"));
+    EXPECT_THAT(ReadFile(folder, "backup/Mine.nmh"), HasSubstr("two here"));
+    EXPECT_EQ(CloseProgram(program), 0);
+    Program again = StartProgram(folder);
+    EXPECT_FALSE(HasDialog(again));
+    EXPECT_THAT(NoteSetNames(again), ElementsAre("Mine"));
+}
+
+TEST(MergeOffer, IsRepeatedAtTheNextStartOnly) {
+    const ScratchFolder folder = FolderInConflict();
+    for (int start = 0; start < 2; ++start) {
+        Program program = StartProgram(folder);
+        Answer(program, WaitForDialog(program, kOffer), IDNO);
+        EXPECT_FALSE(HasDialog(program));
+        EXPECT_EQ(NoteSetNames(program).size(), 2u);
+        ExpectNotes(folder, "Mine", kHere);
+        ExpectNotes(folder, kCopy, kThere);
+        EXPECT_EQ(CloseProgram(program), 0);
+    }
+}
+
+TEST(MergeOffer, IsMadeForHalfACopy) {
+    const ScratchFolder folder = FolderInConflict();
+    std::filesystem::remove(folder.path / (std::string(kCopy) + ".nmi"));
+    Program program = StartProgram(folder);
+    const HWND offer = WaitForDialog(program, kOffer);
+    EXPECT_THAT(NoteSetNames(program), ElementsAre("Mine"));
+    Answer(program, offer, IDYES);
+    Answer(program, WaitForDialog(program, kDialog), IDOK);
+    ExpectNotes(folder, "Mine", kMerged);
+    EXPECT_TRUE(HasFile(folder, "backup/" + std::string(kCopy) + " merged.nmd"));
+}
+
+TEST(MergeOffer, LeavesTheDecisionAboutALikelyName) {
+    const ScratchFolder folder = FolderInConflict("Mine-DESKTOP1");
+    Program program = StartProgram(folder);
+    const HWND offer = WaitForDialog(program, kOffer);
+    EXPECT_THAT(MessageText(offer), HasSubstr("may be a copy"));
+    Answer(program, offer, IDYES);
+    const HWND dialog = WaitForDialog(program, kDialog);
+    EXPECT_EQ(ChosenIn(dialog, IDC_MERGED_COPY), "Mine-DESKTOP1");
+    Answer(program, dialog, IDCANCEL);
+    EXPECT_FALSE(HasDialog(program));
+    ExpectNotes(folder, "Mine", kHere);
+    ExpectNotes(folder, "Mine-DESKTOP1", kThere);
+}
+
+// ---- The dialog -----------------------------------------------------------------------------------------------------
+
+static void Choose(const Program& program, HWND dialog, int list, const std::string& name) {
+    const HWND box = Child(dialog, {list});
+    const std::vector<std::string> names = ComboStrings(box);
+    const auto found = std::ranges::find(names, name);
+    ASSERT_NE(found, names.end()) << name;
+    SendMessageA(box, CB_SETCURSEL, static_cast<WPARAM>(found - names.begin()), 0);
+    SendMessageA(dialog, WM_COMMAND, MAKEWPARAM(list, CBN_SELCHANGE), reinterpret_cast<LPARAM>(box));
+    Settle(program);
+}
+
+TEST(MergeSets, MergesAnyTwoSets) {
+    const ScratchFolder folder = FolderWithScripture();
+    WriteNoteSet(folder, "Alpha", {{1, "a"}, {5, "long\r\nlines"}});
+    WriteNoteSet(folder, "Beta", {{2, "b"}});
+    WriteNoteSet(folder, "Gamma", {{1, "c"}, {5, "long\r\nlines"}});
+    Program program = StartProgram(folder);
+    EXPECT_FALSE(HasDialog(program));
+    Command(program, IDM_MERGE_SETS);
+    const HWND dialog = WaitForDialog(program, kDialog);
+    EXPECT_EQ(TabOrder(program, dialog),
+              (std::vector<int>{IDC_MERGED_COPY, IDC_MERGED_SET, IDC_MERGED_NOTES, IDC_TEXT_IN_SET, IDC_TEXT_IN_COPY,
+                                IDOK, IDCANCEL, IDC_HELP_BUTTON}));
+    Choose(program, dialog, IDC_MERGED_SET, "Alpha");
+    Choose(program, dialog, IDC_MERGED_COPY, "Alpha");
+    EXPECT_EQ(TextOf(dialog, IDC_MERGE_COUNTS), "Choose two different sets.");
+    EXPECT_FALSE(IsWindowEnabled(Child(dialog, {IDOK})));
+    EXPECT_THAT(ListStrings(Child(dialog, {IDC_MERGED_NOTES})), IsEmpty());
+    Choose(program, dialog, IDC_MERGED_COPY, "Gamma");
+    EXPECT_TRUE(IsWindowEnabled(Child(dialog, {IDOK})));
+    EXPECT_THAT(ListStrings(Child(dialog, {IDC_MERGED_NOTES})), ElementsAre("Genesis 1:2\tboth texts\ta\tc"));
+    EXPECT_EQ(TextOf(dialog, IDC_MERGE_COUNTS),
+              "0 notes are taken from the copy, 1 gets both texts, 0 stay, 1 is equal.");
+    Answer(program, dialog, IDOK);
+    EXPECT_THAT(NoteSetNames(program), testing::UnorderedElementsAre("Alpha", "Beta"));
+    EXPECT_TRUE(HasFile(folder, "backup/Gamma merged.nmd"));
+    EXPECT_TRUE(HasFile(folder, "backup/Gamma merged.nmi"));
+}
+
+TEST(MergeSets, ShowsTheTextsOfTheChosenLine) {
+    const ScratchFolder folder = FolderInConflict();
+    Program program = StartProgram(folder);
+    Answer(program, WaitForDialog(program, kOffer), IDNO);
+    Command(program, IDM_MERGE_SETS);
+    const HWND dialog = WaitForDialog(program, kDialog);
+    EXPECT_EQ(ChosenIn(dialog, IDC_MERGED_COPY), kCopy);  // chosen by itself
+    Press(program, "Alt+n");
+    Press(program, "Down");
+    Press(program, "Down");
+    EXPECT_EQ(TextOf(dialog, IDC_TEXT_IN_SET), "");
+    EXPECT_EQ(TextOf(dialog, IDC_TEXT_IN_COPY), "four there");
+    Press(program, "Esc");
+    WaitForNoDialog(program);
+    ExpectNotes(folder, "Mine", kHere);
+}
+
+TEST(MergeSets, ReadsFilesAgainThatHaveChanged) {
+    const ScratchFolder folder = FolderInConflict();
+    Program program = StartProgram(folder);
+    Answer(program, WaitForDialog(program, kOffer), IDYES);
+    const HWND dialog = WaitForDialog(program, kDialog);
+    WriteNoteSet(folder, "Mine", {{9, "nine, which is longer"}});
+    PostMessageA(dialog, WM_COMMAND, IDOK, 0);
+    WaitUntil(program, "the message", [&] { return !IsWindowEnabled(dialog); });
+    Press(program, "Enter");
+    WaitUntil(program, "the end of the message", [&] { return IsWindowEnabled(dialog) != 0; });
+    ExpectNotes(folder, "Mine", {{9, "nine, which is longer"}});
+    EXPECT_EQ(ListStrings(Child(dialog, {IDC_MERGED_NOTES})).size(), 5u);
+    Answer(program, dialog, IDOK);
+    EXPECT_TRUE(HasFile(folder, "backup/" + std::string(kCopy) + " merged.nmd"));
+}
+
+// ---- Kills ----------------------------------------------------------------------------------------------------------
+
+static bool IsIndexOf(const ScratchFolder& folder, const std::string& set) {
+    const std::string data = ReadFile(folder, set + ".nmd");
+    std::vector<unsigned> offsets = {0};
+    for (std::size_t end = data.find('\0'); end + 1 < data.size(); end = data.find('\0', end + 1))
+        offsets.push_back(static_cast<unsigned>(end + 1));
+    return ReadFile(folder, set + ".nmi") == IndexBytes(offsets);
+}
+
+// Starts the program on what a kill has left, and merges the copy if it is still there.
+static void StartAndMerge(const ScratchFolder& folder) {
+    Program program = LaunchProgram(folder);
+    if (!IsIndexOf(folder, "Mine")) PostMessageA(WaitForDialog(program, "Note Sets"), WM_COMMAND, IDOK, 0);
+    WaitForFrame(program);
+    if (HasFile(folder, std::string(kCopy) + ".nmd")) {
+        Answer(program, WaitForDialog(program, kOffer), IDYES);
+        Answer(program, WaitForDialog(program, kDialog), IDOK);
+    }
+    ExpectNotes(folder, "Mine", kMerged);
+    EXPECT_THAT(NoteSetNames(program), ElementsAre("Mine"));
+}
+
+// Each step is also stopped by a native test; here every fifth file operation of the real program is its last.
+TEST(MergeSets, LosesNothingWhenTheProgramIsKilled) {
+    bool isKilled = true;
+    for (unsigned operation = 1; isKilled && !HasFailure(); operation += 5) {
+        SCOPED_TRACE(testing::Message() << "file operation " << operation);
+        const ScratchFolder folder = FolderInConflict();
+        {
+            Program program = StartProgram(folder);
+            Answer(program, WaitForDialog(program, kOffer), IDYES);
+            const HWND dialog = WaitForDialog(program, kDialog);
+            EndAtFileOperation(program, operation);
+            PostMessageA(dialog, WM_COMMAND, IDOK, 0);
+            WaitUntil(program, "the end of the merge", [&] { return !IsRunning(program) || !IsWindow(dialog); });
+            isKilled = !IsRunning(program);
+        }
+        const std::string data = ReadFile(folder, "Mine.nmd");
+        const bool isOld = data.find("two there") == std::string::npos;
+        EXPECT_THAT(data, HasSubstr("two here"));
+        EXPECT_TRUE(!isOld || HasFile(folder, std::string(kCopy) + ".nmd"));
+        StartAndMerge(folder);
+        ExpectNotes(folder, "backup/" + std::string(kCopy) + " merged", kThere);
+    }
+}
