@@ -19,6 +19,7 @@ packages=(
   wine wine64 fonts-wine fonts-liberation
   xvfb x11-utils libfaketime locales
   ghostscript poppler-utils
+  syncthing curl
 )
 
 say() { printf '%s\n' "$*" >&2; }
