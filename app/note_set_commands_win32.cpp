@@ -10,6 +10,7 @@
 #include "notes/note_tabs_win32.h"
 #include "notes/notes_window.h"
 #include "passage/passage_window.h"
+#include "resources/ids.h"
 #include "verselist/verse_list_window.h"
 #include "win32/controls.h"
 
@@ -78,7 +79,7 @@ static bool MergeChosenSets(const std::string& copy, const std::string& set) {
     if (hadDevotional && theNoteSets.devotionalSet == kNoDevotionalSet) RemoveDevotionalMenu();
     ShowNewTabs();
     ReadNote(theNoteSets.currentVerse);
-    RepaintNoteMarks();
+    UpdateNoteMarks(IDM_NOTES_CHANGED);
     return true;
 }
 

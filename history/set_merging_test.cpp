@@ -167,7 +167,8 @@ TEST(SetMerge, CanBeFollowedByASave) {
                                  ADD_FAILURE() << text;
                                  return true;
                              }};
-    EXPECT_EQ(SaveNote(DeviceOver(files), voice, notes, "nine", kNow), NoteSaveResult::kSaved);
+    NoteEdit edit{"nine"};
+    EXPECT_EQ(SaveNote(DeviceOver(files), voice, notes, edit, kNow), NoteSaveResult::kSaved);
     Texts texts = kMerged;
     texts[9] = "nine";
     EXPECT_EQ(TextsOf(files, "a"), texts);

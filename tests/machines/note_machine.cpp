@@ -30,15 +30,17 @@ static void SelectSetNamed(NoteSets& notes, const std::string& name) {
         if (NoteSetName(notes.sets[set]) == name) SelectSet(notes, static_cast<int>(set));
 }
 
-// Every question is answered with OK.
+// Every question is answered with OK, and a note that was also changed elsewhere is saved with both texts.
 static bool Save(const NoteFiles& files, NoteSets& notes, const std::string& text) {
     const SaveVoice voice = {nullptr, [](void*, SaveNotice, const std::string& told) {
                                  std::cerr << told << '\n';
                                  return true;
                              }};
+    NoteEdit edit{text};
+    if (!ReadStoredNote(files, notes, edit.openedOn)) return false;
     static constexpr int kTries = 20;
     for (int tries = 0; tries < kTries; ++tries)
-        if (SaveNote(files, voice, notes, text, Now()) == NoteSaveResult::kSaved) return true;
+        if (SaveNote(files, voice, notes, edit, Now()) == NoteSaveResult::kSaved) return true;
     return false;
 }
 
