@@ -189,9 +189,7 @@ const NoteFiles& TheNoteFiles() {
 
 // ---- The time -------------------------------------------------------------------------------------------------------
 
-static std::string LocalDay() {
-    SYSTEMTIME now{};
-    GetLocalTime(&now);
+static std::string DayOf(const SYSTEMTIME& now) {
     std::array<char, 16> text{};
     std::snprintf(text.data(), text.size(), "%04u-%02u-%02u", now.wYear % 10000u, now.wMonth % 100u, now.wDay % 100u);
     return text.data();
@@ -207,5 +205,7 @@ static std::int64_t SecondsSince1970() {
 }
 
 NoteTime NoteTimeNow() {
-    return {LocalDay(), SecondsSince1970()};
+    SYSTEMTIME local{};
+    GetLocalTime(&local);
+    return {DayOf(local), SecondsSince1970(), (local.wHour * 60 + local.wMinute) * 60 + local.wSecond};
 }

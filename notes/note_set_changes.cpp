@@ -43,10 +43,23 @@ static std::string TooManySets() {
            " note sets, and no more can be open. Delete one before you create another.";
 }
 
-std::string CreateNoteSet(const NoteFiles& files, NoteSets& notes, const std::string& name) {
+static std::string ReasonAgainstAdding(const NoteSets& notes, const std::string& name) {
     if (notes.sets.size() >= kNoteSetLimit) return TooManySets();
     const std::string reason = ReasonAgainstName(name);
-    if (!reason.empty()) return std::string(kCannotCreateNotes) + "\n\n" + reason;
+    return reason.empty() ? "" : std::string(kCannotCreateNotes) + "\n\n" + reason;
+}
+
+std::string ReasonAgainstNewSet(const NoteFiles& files, const NoteSets& notes, const std::string& name) {
+    const std::string reason = ReasonAgainstAdding(notes, name);
+    if (!reason.empty()) return reason;
+    const bool exists =
+        files.stamp(files.device, name + kDataEnding).exists || files.stamp(files.device, name + kIndexEnding).exists;
+    return exists ? kCannotCreateNotes : "";
+}
+
+std::string CreateNoteSet(const NoteFiles& files, NoteSets& notes, const std::string& name) {
+    const std::string reason = ReasonAgainstAdding(notes, name);
+    if (!reason.empty()) return reason;
     NoteSet set = EmptyNoteSet(name);
     const int created = CreateNoteFiles(files, set);
     if (created == 1) files.remove(files.device, set.dataFileName);  // contains only empty notes

@@ -22,6 +22,9 @@ inline constexpr char kOnlyOneSet[] =
 // are already kNoteSetLimit sets.
 std::string CreateNoteSet(const NoteFiles& files, NoteSets& notes, const std::string& name);
 
+// Why no set named `name` can be added, as a message for the user; empty if one can.
+std::string ReasonAgainstNewSet(const NoteFiles& files, const NoteSets& notes, const std::string& name);
+
 // Renames the current set to `name`: its data file, its index file and, ignoring failures, its devotional table (if it
 // is the devotional set) and what a failed save left. Returns the message for the user; empty on success.
 //

@@ -7,4 +7,5 @@
 struct NoteTime {
     std::string day;           // "2024-12-31", local
     std::int64_t seconds = 0;  // since 1970, UTC
+    int secondOfDay = 0;       // local
 };
