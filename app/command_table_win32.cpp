@@ -94,6 +94,8 @@ static constexpr Command kCommands[] = {
     {IDM_NEXT_NOTE_SET, GoToNeighbouringSet, kNotEditing},
     {IDM_SHOW_REFERENCES, ShowNoteReferences},
     {IDM_BIND_NOTES, ToggleBindNotes, kAlways, kNotesBound},
+    {IDM_EARLIER_NOTES, ShowEarlierNotes, kNotEditing},
+    {IDM_EARLIER_STATES, ShowEarlierStates, kNotEditing},
     {IDM_CREATE_NOTE_SET, CreateSet, kNotEditing},
     {IDM_DELETE_NOTE_SET, DeleteSet, kNotEditing},
     {IDM_RENAME_NOTE_SET, RenameSet, kNotEditing},

@@ -1,6 +1,7 @@
 #include "app/note_commands_win32.h"
 
 #include "app/frame_win32.h"
+#include "history/earlier_notes_dialog.h"
 #include "notes/note_editor_window.h"
 #include "notes/notes_window.h"
 #include "pane/status_bar_win32.h"
@@ -69,6 +70,22 @@ void EditNote(int command) {
     ShowNotes();
     SendCommand(theNoteEditor.window, command);
     LayOut();
+}
+
+// The text that is brought back is edited, so that it can be changed and is saved like any other.
+void ShowEarlierNotes(int) {
+    const NoteSet* set = CurrentSet(theNoteSets);
+    if (!theFrame.startUpComplete || set == nullptr) return;
+    NoteDraft draft{NoteSetName(*set), theNoteSets.currentVerse, "", ""};
+    if (!ReadStoredNote(TheNoteFiles(), theNoteSets, draft.openedOn)) return Complain(theFrame.window, kCannotReadNote);
+    const std::string verse = ReferenceText(theScripture.records, draft.verse, BookForm::kName);
+    const auto text =
+        AskEarlierNote(theFrame.window, {"Earlier Notes for " + verse + " in \"" + draft.setName + '"', draft.openedOn,
+                                         EarlierNotesOf(TheNoteFiles(), draft.setName, draft.verse)});
+    if (!text) return FocusNotes();
+    draft.text = *text;
+    ShowNotes();
+    EditDraft(draft);
 }
 
 void ShowSavedNote(int) {

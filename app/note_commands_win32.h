@@ -16,6 +16,7 @@ void ShowNoteForList(int command);
 void ShowVerseForNote(int command);
 void ToggleBindNotes(int command);
 void EditNote(int command);
+void ShowEarlierNotes(int command);    // opens the one that is chosen in the editor
 void ShowSavedNote(int command);       // sent when the editor has saved
 void EndEditingNote(int command);      // sent when the editor has closed
 void ShowNoteReferences(int command);  // lists the verses of the cross-reference line that was followed

@@ -2,9 +2,11 @@
 
 #include "app/frame_win32.h"
 #include "app/note_commands_win32.h"
+#include "history/earlier_states_dialog.h"
 #include "history/merge_sets_dialog.h"
 #include "history/set_merging.h"
 #include "notes/conflict_copies.h"
+#include "notes/note_editor_window.h"
 #include "notes/note_set_changes.h"
 #include "notes/note_set_dialog.h"
 #include "notes/note_tabs_win32.h"
@@ -66,6 +68,22 @@ void DeleteSet(int) {
     ShowNewTabs();
     ReadNote(theNoteSets.currentVerse);
     RepaintNoteMarks();
+}
+
+// ---- Earlier states -------------------------------------------------------------------------------------------------
+
+static void ShowRestoredSet() {
+    ShowNewTabs();
+    ShowChangedNotes();
+}
+
+void ShowEarlierStates(int) {
+    const NoteSet* set = CurrentSet(theNoteSets);
+    if (!theFrame.startUpComplete || set == nullptr) return;
+    const StateChoice choice = AskEarlierState(theFrame.window, NoteSetName(*set));
+    if (choice.hasRestoredSet) ShowRestoredSet();
+    FocusNotes();
+    if (choice.note) EditDraft(*choice.note);
 }
 
 // ---- Merging --------------------------------------------------------------------------------------------------------

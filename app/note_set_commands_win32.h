@@ -4,7 +4,8 @@
 void CreateSet(int command);
 void RenameSet(int command);
 void DeleteSet(int command);
-void MarkSets(int command);         // sent by panes after painting
-void UpdateNoteMarks(int command);  // sent when notes have come or gone: also repaints the stars before verses
+void ShowEarlierStates(int command);  // dated copies of sets; a note that is brought back is edited
+void MarkSets(int command);           // sent by panes after painting
+void UpdateNoteMarks(int command);    // sent when notes have come or gone: also repaints the stars before verses
 void MergeNoteSets(int command);
 void OfferMerge(int command);  // at the end of the start, for what conflicts between machines have left

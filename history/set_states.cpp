@@ -98,10 +98,9 @@ std::vector<int> DifferingVerses(const NotesInMemory& then, const NotesInMemory&
 
 static constexpr char kNothingChanged[] = " Nothing has been changed.";
 
-NoteSet* SetNamed(NoteSets& notes, std::string_view name) {
-    const auto found =
-        std::ranges::find_if(notes.sets, [&](const NoteSet& set) { return EqualIgnoringCase(NoteSetName(set), name); });
-    return found == notes.sets.end() ? nullptr : &*found;
+NoteSet* SetCalled(NoteSets& notes, const std::string& name) {
+    const int set = SetNamed(notes, name);
+    return set == kNoSet ? nullptr : &notes.sets[static_cast<std::size_t>(set)];
 }
 
 static std::string Clock(int secondOfDay) {
@@ -140,6 +139,7 @@ static bool WriteSet(const NoteFiles& files, NoteSet& set, const NotesInMemory& 
     if (!WriteWholeFile(files, set.dataFileName, then.bytes)) return false;
     set.offsets = then.offsets;
     set.readOnly = false;
+    ++set.timesChanged;
     WriteIndex(files, IndexFileName(set), set.offsets);
     StampFiles(files, set);
     return true;
@@ -178,7 +178,7 @@ std::string RestoreSetState(const NoteFiles& files, NoteSets& notes, const SetSt
         return "The file \"" + state.dataFileName + "\" is damaged: it does not hold one note for each verse." +
                kNothingChanged;
     }
-    NoteSet* set = SetNamed(notes, name);
+    NoteSet* set = SetCalled(notes, name);
     if (set == nullptr) return AddSet(files, notes, name, then);
     if (EqualIgnoringCase(name, state.setName)) return ReplaceSet(files, *set, then, now);
     return "There already is another note set \"" + NoteSetName(*set) + "\". Choose a new name, or the set's own." +

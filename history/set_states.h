@@ -40,8 +40,8 @@ std::string_view NoteIn(const NotesInMemory& notes, int verse);
 // The verses whose notes differ, in order.
 std::vector<int> DifferingVerses(const NotesInMemory& then, const NotesInMemory& now);
 
-// The set of this name, ignoring case as files do; null if there is none.
-NoteSet* SetNamed(NoteSets& notes, std::string_view name);
+// The set of this name (SetNamed); null if there is none.
+NoteSet* SetCalled(NoteSets& notes, const std::string& name);
 
 // Brings a whole state back as the set `name`. Returns the message for the user; empty on success.
 //

@@ -130,6 +130,20 @@ static constexpr ExpectedControl kControls[] = {
     {"SEARCHNOTES", 20, "PUSHBUTTON", "Range..."},
     {"SEARCHNOTES", 2, "PUSHBUTTON", "Cancel"},
     {"SEARCHNOTES", 9, "PUSHBUTTON", "Help"},
+    {"EARLIERNOTES", 101, "LISTBOX", "Earlier texts, latest first:"},
+    {"EARLIERNOTES", 102, "ES_MULTILINE", "Text of the selected one:"},
+    {"EARLIERNOTES", 1, "DEFPUSHBUTTON", "Restore"},
+    {"EARLIERNOTES", 103, "PUSHBUTTON", "Copy"},
+    {"EARLIERNOTES", 2, "PUSHBUTTON", "Close"},
+    {"EARLIERNOTES", 9, "PUSHBUTTON", "Help"},
+    {"EARLIERSTATES", 101, "LISTBOX", "Earlier states, latest first:"},
+    {"EARLIERSTATES", 104, "LISTBOX", "Notes of the selected state that differ from today: then, and now"},
+    {"EARLIERSTATES", 102, "ES_MULTILINE", "Text of the selected note then:"},
+    {"EARLIERSTATES", 10, "EDITTEXT", "Restore the set as:"},
+    {"EARLIERSTATES", 105, "PUSHBUTTON", "Restore Set"},
+    {"EARLIERSTATES", 1, "DEFPUSHBUTTON", "Restore Note"},
+    {"EARLIERSTATES", 2, "PUSHBUTTON", "Close"},
+    {"EARLIERSTATES", 9, "PUSHBUTTON", "Help"},
     {"SEARCHPROGRESS", 101, "PBS_SMOOTH", ""},
     {"ABOUT", 1, "DEFPUSHBUTTON", "OK"},
     {"SPLASHSCREEN", 111, "CTEXT", ""},
@@ -161,6 +175,8 @@ static constexpr ExpectedTitle kTitles[] = {
     {"RENAMENOTESET", "Change name of note set"},
     {"MERGESETS", "Merge Sets"},
     {"SEARCHNOTES", "Search Note Set"},
+    {"EARLIERNOTES", "Earlier Notes"},
+    {"EARLIERSTATES", "Earlier States of Note Sets"},
     {"SEARCHPROGRESS", "Searching..."},
     {"ABOUT", "About Versewell97"},
     {"SPLASHSCREEN", ""},
@@ -173,7 +189,8 @@ static const DialogScript& Dialog(const std::string& name) {
 }
 
 static bool IsField(const DialogControl& control) {
-    return control.kind == "COMBOBOX" || control.kind == "EDITTEXT" || control.kind == "LISTBOX";
+    return control.kind == "COMBOBOX" || control.kind == "EDITTEXT" || control.kind == "LISTBOX" ||
+           control.kind == "ES_MULTILINE";
 }
 
 static std::string WithoutAccessKey(std::string text) {

@@ -19,4 +19,6 @@ inline constexpr char kTopicSaveRange[] = "ID_File_SaveRange";
 inline constexpr char kTopicFormat[] = "ID_Edit_Format";
 inline constexpr char kTopicGotoNote[] = "ID_Notes_GotoVerse";
 inline constexpr char kTopicNoteEditor[] = "ID_Notes_Edit";
+inline constexpr char kTopicEarlierNotes[] = "ID_Notes_Earlier";
+inline constexpr char kTopicEarlierStates[] = "ID_Notes_States";
 inline constexpr char kTopicPrintRange[] = "ID_File_PrintRange";

@@ -70,6 +70,8 @@
 #define IDM_NOTE_NOTE_SEARCH 190
 #define IDM_THIS_MORNING 191
 #define IDM_THIS_EVENING 192
+#define IDM_EARLIER_NOTES 300
+#define IDM_EARLIER_STATES 301
 #define IDM_MERGE_SETS 302
 #define IDM_REFRESH 900          // sent by a pane to its frame: the state of commands may have changed
 #define IDM_SHOW_REFERENCES 901  // sent by the Notes window: show the verses of the double-clicked line
@@ -140,6 +142,11 @@
 #define IDC_TEXT_IN_COPY 103
 #define IDC_MERGE_COUNTS 104
 #define IDC_SEARCH_PROGRESS 101  // Searching...
+#define IDC_STATES 101           // Earlier Notes, Earlier States
+#define IDC_STATE_TEXT 102
+#define IDC_COPY_STATE 103
+#define IDC_STATE_VERSES 104
+#define IDC_RESTORE_SET 105
 #define IDC_STOP_PRINTING 110
 #define IDC_SPLASH_LINE 111
 

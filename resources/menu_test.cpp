@@ -83,6 +83,8 @@ static constexpr ExpectedItem kCommands[] = {
     {186, "Pr&int Verse List..."},
     {191, "This &Morning"},
     {192, "This &Evening"},
+    {300, "Earlier Notes for this &Verse..."},
+    {301, "&Earlier States..."},
     {302, "&Merge Sets..."},
     {1001, "Genesis"},
     {1009, "1 Samuel"},

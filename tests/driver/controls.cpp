@@ -157,6 +157,13 @@ void SelectRich(const Program& program, HWND richEdit, TextSelection selection) 
     Settle(program);
 }
 
+DWORD SelectedEffects(const Program& program, HWND richEdit) {
+    CHARFORMATA format{};
+    format.cbSize = sizeof format;
+    AskAbout(program, richEdit, EM_GETCHARFORMAT, SCF_SELECTION, format);
+    return format.dwEffects;
+}
+
 std::string ClipboardText() {
     if (!OpenClipboard(nullptr)) Fail(nullptr, "the clipboard is held by another");
     std::string text;

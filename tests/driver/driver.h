@@ -216,6 +216,7 @@ struct TextSelection {
 };
 TextSelection RichSelection(const Program& program, HWND richEdit);
 void SelectRich(const Program& program, HWND richEdit, TextSelection selection);
+DWORD SelectedEffects(const Program& program, HWND richEdit);  // CFE_ bits of the selected characters
 
 std::string ClipboardText();  // CF_TEXT, "" when there is none
 void SetClipboardText(std::string_view text);

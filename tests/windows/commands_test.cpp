@@ -55,6 +55,8 @@ static constexpr int kEnabledAtStart[] = {
     IDM_CREATE_NOTE_SET,
     IDM_DELETE_NOTE_SET,
     IDM_RENAME_NOTE_SET,
+    IDM_EARLIER_NOTES,
+    IDM_EARLIER_STATES,
 };
 
 // Commands that need search results, a selection or the focus.

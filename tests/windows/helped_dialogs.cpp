@@ -16,6 +16,8 @@ static constexpr HelpedDialog kDialogs[] = {
     {IDM_GOTO_NOTE, "Go to Note for Verse", "ID_Notes_GotoVerse"},
     {IDM_SEARCH_NOTES, "Search Note Set My Notes", "ID_Search_Notes"},
     {IDM_CREATE_NOTE_SET, "Create New Note Set", "ID_Notes_Create"},
+    {IDM_EARLIER_NOTES, "Earlier Notes for Genesis 1:1 in \"My Notes\"", "ID_Notes_Earlier"},
+    {IDM_EARLIER_STATES, "Earlier States of Note Sets", "ID_Notes_States"},
     {IDM_RENAME_NOTE_SET, "Change name of note set My Notes", "ID_Notes_Create"},
     {IDM_MERGE_SETS, "Merge Sets", "ID_Notes_Merge"},
 };

@@ -1,0 +1,250 @@
+#include "history/earlier_states_dialog.h"
+
+#include <algorithm>
+
+#include "history/local_times_win32.h"
+#include "history/marked_text_win32.h"
+#include "history/set_states.h"
+#include "history/state_lines.h"
+#include "notes/note_files_win32.h"
+#include "notes/note_set_changes.h"
+#include "resources/help_topics.h"
+#include "resources/ids.h"
+#include "scripture/scripture_win32.h"
+#include "win32/controls.h"
+#include "win32/dialogs.h"
+#include "win32/help_viewer.h"
+#include "win32/plain_text.h"
+
+namespace {
+
+// What the open dialog shows.
+struct ShownStates {
+    std::string setName;  // at which it opens
+    std::vector<SetState> states{};
+    NotesInMemory then{}, now{};  // of the selected state, and of the set of its name as it is
+    std::vector<int> verses{};    // those that differ, in the order of the list
+    StateChoice choice{};
+};
+
+}  // namespace
+
+static constexpr std::size_t kFirstWords = 34;
+static constexpr int kNoLine = -1;
+
+static ShownStates& ShownBy(HWND dialog) {
+    return *const_cast<ShownStates*>(static_cast<const ShownStates*>(DataOf(dialog)));
+}
+
+static int SelectedLine(HWND dialog, int list) {
+    const auto line = SendDlgItemMessageA(dialog, list, LB_GETCURSEL, 0, 0);
+    return line == LB_ERR ? kNoLine : static_cast<int>(line);
+}
+
+static const SetState* SelectedState(HWND dialog) {
+    const int line = SelectedLine(dialog, IDC_STATES);
+    return line == kNoLine ? nullptr : &ShownBy(dialog).states[static_cast<std::size_t>(line)];
+}
+
+static int SelectedVerse(HWND dialog) {
+    const int line = SelectedLine(dialog, IDC_STATE_VERSES);
+    return line == kNoLine ? kNoVerse : ShownBy(dialog).verses[static_cast<std::size_t>(line)];
+}
+
+static void AddLine(HWND dialog, int list, const std::string& line) {
+    SendDlgItemMessageA(dialog, list, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(line.c_str()));
+}
+
+// ---- The states -----------------------------------------------------------------------------------------------------
+
+static WORD Number(const std::string& text, std::size_t place, std::size_t length) {
+    return static_cast<WORD>(std::stoi(text.substr(place, length)));
+}
+
+// As the user's settings write it, with the time of day if it is known; as in the file's name if it is none.
+static std::string DayOf(const SetState& state) {
+    SYSTEMTIME time{};
+    time.wYear = Number(state.day, 0, 4);
+    time.wMonth = Number(state.day, 5, 2);
+    time.wDay = Number(state.day, 8, 2);
+    if (state.clock.empty()) {
+        const std::string date = LocalDate(time);
+        return date.empty() ? state.day : date;
+    }
+    time.wHour = Number(state.clock, 0, 2);
+    time.wMinute = Number(state.clock, 2, 2);
+    time.wSecond = Number(state.clock, 4, 2);
+    const std::string date = LocalDate(time), clock = LocalClock(time);
+    return date.empty() || clock.empty() ? state.day + ' ' + state.clock : date + ' ' + clock;
+}
+
+// Reads the state and the set of its name, whose notes are none if it does not exist or cannot be read.
+static void ReadState(ShownStates& shown, const SetState& state) {
+    shown.then = {};
+    shown.now = {};
+    ReadNotesInMemory(TheNoteFiles(), state.dataFileName, shown.then);
+    const NoteSet* set = SetCalled(theNoteSets, state.setName);
+    if (set != nullptr) ReadNotesInMemory(TheNoteFiles(), *set, shown.now);
+}
+
+static std::string DifferenceOf(const SetState& state, const NotesInMemory& then, std::size_t differing) {
+    if (!then.isWhole) return "this copy is damaged";
+    if (SetCalled(theNoteSets, state.setName) == nullptr) return "the set does not exist now";
+    return DifferenceText(differing);
+}
+
+// Reads each set once: its states are gone through together, although the list is in the order of their days.
+static void AddStates(HWND dialog) {
+    ShownStates& shown = ShownBy(dialog);
+    std::vector<std::string> lines(shown.states.size());
+    for (std::size_t first = 0; first < lines.size(); ++first) {
+        if (!lines[first].empty()) continue;
+        shown.now = {};
+        const std::string& setName = shown.states[first].setName;
+        const NoteSet* set = SetCalled(theNoteSets, setName);
+        if (set != nullptr) ReadNotesInMemory(TheNoteFiles(), *set, shown.now);
+        for (std::size_t i = first; i < lines.size(); ++i) {
+            const SetState& state = shown.states[i];
+            if (state.setName != setName) continue;
+            shown.then = {};
+            ReadNotesInMemory(TheNoteFiles(), state.dataFileName, shown.then);
+            const std::size_t differing = DifferingVerses(shown.then, shown.now).size();
+            lines[i] = DayOf(state) + "\t" + setName + "\t" + DifferenceOf(state, shown.then, differing);
+        }
+    }
+    for (const std::string& line : lines) AddLine(dialog, IDC_STATES, line);
+}
+
+static int FirstLine(const ShownStates& shown) {
+    const auto found = std::ranges::find(shown.states, shown.setName, &SetState::setName);
+    return found == shown.states.end() ? 0 : static_cast<int>(found - shown.states.begin());
+}
+
+// ---- The notes of a state -------------------------------------------------------------------------------------------
+
+static std::string LineOf(const ShownStates& shown, int verse) {
+    return ReferenceText(theScripture.records, verse, BookForm::kName) + "\t" +
+           FirstWords(NoteIn(shown.then, verse), kFirstWords) + "\t" +
+           FirstWords(NoteIn(shown.now, verse), kFirstWords);
+}
+
+static void Enable(HWND dialog, int control, bool isEnabled) {
+    EnableWindow(GetDlgItem(dialog, control), isEnabled);
+}
+
+static void ShowVerse(HWND dialog) {
+    const ShownStates& shown = ShownBy(dialog);
+    const SetState* state = SelectedState(dialog);
+    const int verse = SelectedVerse(dialog);
+    const HWND text = GetDlgItem(dialog, IDC_STATE_TEXT);
+    if (verse == kNoVerse) {
+        SetPlainText(text, "");
+    } else {
+        ShowMarkedText(text, NoteIn(shown.then, verse), NoteIn(shown.now, verse));
+    }
+    Enable(dialog, IDOK, verse != kNoVerse && SetCalled(theNoteSets, state->setName) != nullptr);
+}
+
+static void ShowVerses(HWND dialog) {
+    const ShownStates& shown = ShownBy(dialog);
+    const HWND list = GetDlgItem(dialog, IDC_STATE_VERSES);
+    SendMessageA(list, WM_SETREDRAW, FALSE, 0);
+    SendMessageA(list, LB_RESETCONTENT, 0, 0);
+    for (const int verse : shown.verses) AddLine(dialog, IDC_STATE_VERSES, LineOf(shown, verse));
+    SendMessageA(list, LB_SETCURSEL, 0, 0);
+    SendMessageA(list, WM_SETREDRAW, TRUE, 0);
+    InvalidateRect(list, nullptr, TRUE);
+}
+
+static void ShowState(HWND dialog) {
+    ShownStates& shown = ShownBy(dialog);
+    const SetState* state = SelectedState(dialog);
+    if (state == nullptr) return;
+    const HCURSOR before = SetCursor(LoadCursorA(nullptr, IDC_WAIT));
+    ReadState(shown, *state);
+    shown.verses = shown.then.isWhole ? DifferingVerses(shown.then, shown.now) : std::vector<int>{};
+    SetDlgItemTextA(dialog, IDC_SET_NAME, state->setName.c_str());
+    Enable(dialog, IDC_RESTORE_SET, shown.then.isWhole);
+    ShowVerses(dialog);
+    ShowVerse(dialog);
+    SetCursor(before);
+}
+
+static void Fill(HWND dialog) {
+    ShownStates& shown = ShownBy(dialog);
+    INT stateColumns[] = {94, 220}, verseColumns[] = {84, 236};  // in units of the dialog
+    SendDlgItemMessageA(dialog, IDC_STATES, LB_SETTABSTOPS, 2, reinterpret_cast<LPARAM>(stateColumns));
+    SendDlgItemMessageA(dialog, IDC_STATE_VERSES, LB_SETTABSTOPS, 2, reinterpret_cast<LPARAM>(verseColumns));
+    SendDlgItemMessageA(dialog, IDC_SET_NAME, EM_LIMITTEXT, kNoteSetNameLimit, 0);
+    const HCURSOR before = SetCursor(LoadCursorA(nullptr, IDC_WAIT));
+    shown.states = SetStates(TheNoteFiles());
+    AddStates(dialog);
+    SetCursor(before);
+    SendDlgItemMessageA(dialog, IDC_STATES, LB_SETCURSEL, static_cast<WPARAM>(FirstLine(shown)), 0);
+    if (shown.states.empty()) {
+        for (const int control : {IDOK, IDC_RESTORE_SET, IDC_SET_NAME}) Enable(dialog, control, false);
+        SetPlainText(
+            GetDlgItem(dialog, IDC_STATE_TEXT),
+            "There are no earlier states. The first save of a day in a note set keeps a copy of it as it was.");
+    }
+    ShowState(dialog);
+}
+
+// ---- Restoring ------------------------------------------------------------------------------------------------------
+
+static void RestoreNote(HWND dialog) {
+    ShownStates& shown = ShownBy(dialog);
+    const SetState* state = SelectedState(dialog);
+    const int verse = SelectedVerse(dialog);
+    const NoteSet* set = state != nullptr ? SetCalled(theNoteSets, state->setName) : nullptr;
+    if (verse == kNoVerse || set == nullptr) return;
+    shown.choice.note = NoteDraft{NoteSetName(*set), verse, std::string(NoteIn(shown.now, verse)),
+                                  std::string(NoteIn(shown.then, verse))};
+    EndDialog(dialog, IDOK);
+}
+
+static bool IsReplacingMeant(HWND dialog, const SetState& state) {
+    const std::string question = "Are you SURE you want to replace all notes of the note set \"" + state.setName +
+                                 "\" by those of " + DayOf(state) +
+                                 "? What is in it now is first copied into the folder \"backup\".";
+    return MessageBoxA(dialog, question.c_str(), "Restore Set", MB_YESNO | MB_ICONEXCLAMATION) == IDYES;
+}
+
+static void RestoreSet(HWND dialog) {
+    const SetState* state = SelectedState(dialog);
+    if (state == nullptr) return;
+    const std::string name = ControlText(dialog, IDC_SET_NAME, kNoteSetNameLimit);
+    const NoteSet* set = SetCalled(theNoteSets, name);
+    const bool isReplacing = set != nullptr && SetCalled(theNoteSets, state->setName) == set;
+    if (isReplacing && !IsReplacingMeant(dialog, *state)) return;
+    const HCURSOR before = SetCursor(LoadCursorA(nullptr, IDC_WAIT));
+    const std::string problem = RestoreSetState(TheNoteFiles(), theNoteSets, *state, name, NoteTimeNow());
+    SetCursor(before);
+    if (!problem.empty()) {
+        Complain(dialog, problem.c_str());
+        return SelectField(dialog, IDC_SET_NAME);
+    }
+    ShownBy(dialog).choice.hasRestoredSet = true;
+    EndDialog(dialog, IDC_RESTORE_SET);
+}
+
+static void OnCommand(HWND dialog, int control, UINT notification) {
+    switch (control) {
+        case IDOK: RestoreNote(dialog); break;
+        case IDC_RESTORE_SET: RestoreSet(dialog); break;
+        case IDC_STATES:
+            if (notification == LBN_SELCHANGE) ShowState(dialog);
+            break;
+        case IDC_STATE_VERSES:
+            if (notification == LBN_SELCHANGE) ShowVerse(dialog);
+            if (notification == LBN_DBLCLK) RestoreNote(dialog);
+            break;
+        case IDC_HELP_BUTTON: OpenHelpTopic(dialog, kHelpFile, kTopicEarlierStates); break;
+    }
+}
+
+StateChoice AskEarlierState(HWND frame, const std::string& setName) {
+    ShownStates shown{.setName = setName};
+    RunDialog(frame, {"EARLIERSTATES", Fill, OnCommand, &shown});
+    return shown.choice;
+}
