@@ -37,7 +37,7 @@ static int IntegerAt(const std::string& bytes, std::size_t offset) {
 }
 
 std::vector<KeptNote> KeptNotes(const ScratchFolder& folder, const std::string& setName) {
-    static constexpr std::size_t kHeader = 12, kBeforeText = 24;  // size, checksum, time, verse, reason
+    static constexpr std::size_t kHeader = 8, kBeforeText = 24;  // size, checksum, time, verse, reason
     const std::string bytes = ReadFile(folder, "backup/" + setName + ".nmh");
     std::vector<KeptNote> notes;
     for (std::size_t at = kHeader; at + kBeforeText <= bytes.size();) {
