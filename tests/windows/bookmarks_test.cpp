@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "resources/ids.h"
+#include "tests/windows/note_steps.h"
 #include "tests/windows/painted_lines.h"
 #include "tests/windows/passage_pane.h"
 #include "tests/windows/search_steps.h"
@@ -122,4 +123,14 @@ TEST(Bookmarks, AreSetToThePassagesVerseWhenTheListHasTheFocus) {
     Click(program, NoteViewOf(program));
     Press(program, "Ctrl+Alt+2");
     EXPECT_EQ(LabelOf(program, 1), "Psalms 119:105\tCtrl+2");
+}
+
+// With AltGr, which arrives as Ctrl+Alt, a digit types a character on some keyboards, but not on this one.
+TEST(Bookmarks, AreSetFromTheNoteEditor) {
+    Program program = StartProgram(FolderWithScripture());
+    Command(program, IDM_GOTO_BOOK + 40);
+    OpenNoteEditor(program);
+    Press(program, "Ctrl+Alt+3");
+    EXPECT_EQ(LabelOf(program, 2), "Matthew 1:1\tCtrl+3");
+    EXPECT_EQ(TextOf(NoteEditOf(program)), "");
 }
