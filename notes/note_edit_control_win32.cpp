@@ -227,6 +227,7 @@ static LRESULT CALLBACK EditProcedure(HWND edit, UINT message, WPARAM wParam, LP
     switch (message) {
         case WM_SETFOCUS: OnEditFocus(); break;
         case WM_KILLFOCUS: OnEditFocusLost(); break;
+        case WM_LBUTTONDOWN: KeepCaretInClickedLine(edit, GET_Y_LPARAM(lParam)); break;
         case WM_LBUTTONUP:
         case WM_LBUTTONDBLCLK: PutSelectionInOrder(edit); break;
     }

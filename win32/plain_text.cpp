@@ -103,3 +103,16 @@ void PutSelectionInOrder(HWND richEdit) {
     const bool isInOrder = inOrder.cpMin == range.cpMin && inOrder.cpMax == range.cpMax;
     if (!isInOrder) SendMessageA(richEdit, EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&inOrder));
 }
+
+void KeepCaretInClickedLine(HWND richEdit, int y) {
+    PutSelectionInOrder(richEdit);
+    const CHARRANGE range = SelectionOf(richEdit);
+    const LONG caret = range.cpMin;
+    const char before = CharacterAt(richEdit, caret - 1);
+    if (range.cpMax != caret || (before != '\n' && before != '\r')) return;
+    POINTL top{};
+    SendMessageA(richEdit, EM_POSFROMCHAR, reinterpret_cast<WPARAM>(&top), caret);
+    const LONG lineEnd = PlaceInOrder(richEdit, caret - 1);
+    CHARRANGE clicked{lineEnd, lineEnd};
+    if (y < top.y) SendMessageA(richEdit, EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&clicked));
+}

@@ -31,3 +31,7 @@ bool IsSelectionInLineEnd(HWND richEdit);
 
 // Moves the ends of the selection that are in no such place to the place before them.
 void PutSelectionInOrder(HWND richEdit);
+
+// After a click at the height `y`: a click just behind the end of a line may set the caret to the start of the next
+// one. Moves it back to the end of the line that was clicked.
+void KeepCaretInClickedLine(HWND richEdit, int y);

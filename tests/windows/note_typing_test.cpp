@@ -80,6 +80,25 @@ TEST(NoteTyping, LeavesLineEndsWhole) {
     }
 }
 
+// Just behind the end of a line, the rich edit's own click set the caret to the start of the next line.
+TEST(NoteTyping, GoesWhereTheCaretWasClicked) {
+    static const std::string kNote = "one\r\n\r\ntwo";
+    Program program = ProgramInEditor(kNote);
+    for (const int place : {0, 1, 3, 5, 7, 8, 10}) {
+        for (const int right : {0, 1, 2, 3}) {
+            SCOPED_TRACE(std::to_string(place) + " + " + std::to_string(right));
+            Press(program, "Ctrl+End");
+            POINT point = PointOfCharacter(program, NoteEditOf(program), static_cast<std::size_t>(place));
+            point.x += right - 1;
+            Click(program, NoteEditOf(program), point);
+            Type(program, "ab");
+            std::string expected = kNote;
+            EXPECT_EQ(Typed(program), expected.insert(static_cast<std::size_t>(place), "ab"));
+            PressInOneGo(program, {"Back", "Back"});
+        }
+    }
+}
+
 TEST(NoteTyping, KeepsTheLineEndsOfAFile) {
     static const std::string kNotes[] = {"a lone LF\nis kept", "a lone CR\ris kept", "CR CR LF\r\r\nas well"};
     for (const std::string& note : kNotes) {
