@@ -27,10 +27,11 @@ static NoteSets SetsOf(FakeNoteFiles& files) {
     return notes;
 }
 
+// Without earlier notes.
 static std::vector<std::string> Backups(const FakeNoteFiles& files) {
     std::vector<std::string> names;
     for (const auto& [name, bytes] : files.contents)
-        if (name.starts_with("backup/")) names.push_back(name.substr(7));
+        if (name.starts_with("backup/") && !name.ends_with(".nmh")) names.push_back(name.substr(7));
     return names;
 }
 
@@ -120,6 +121,119 @@ TEST(Backup, FailureDoesNotPreventASave) {
         EXPECT_THAT(Backups(files), IsEmpty());
         EXPECT_TRUE(files.contents["a.nmd"] == FakeSetOf({{0, "new"}}).data);
     }
+}
+
+// Its index may not have been copied because the disk was full.
+TEST(Backup, IsNoneWithoutItsIndex) {
+    FakeNoteFiles files;
+    AddFakeSet(files, "a", {{3, "three"}});
+    NoteSets notes = SetsOf(files);
+    files.uncreatable = {"backup/a 2024-12-31.nmi.temp"};
+    SaveOn(files, notes, "2024-12-31", "new");
+    EXPECT_THAT(Backups(files), IsEmpty());
+    files.uncreatable = {};
+    SaveOn(files, notes, "2024-12-31", "newer");
+    EXPECT_TRUE(HoldsSet(files, "backup/a 2024-12-31", {{0, "new"}, {3, "three"}}));
+}
+
+TEST(Backup, OfAnOlderProgramGetsItsIndex) {
+    FakeNoteFiles files;
+    AddFakeSet(files, "a", {{3, "three"}});
+    files.contents["backup/a 2024-12-31.nmd"] = FakeSetOf({{9, "of the morning"}}).data;
+    NoteSets notes = SetsOf(files);
+    SaveOn(files, notes, "2024-12-31", "new");
+    EXPECT_TRUE(HoldsSet(files, "backup/a 2024-12-31", {{9, "of the morning"}}));
+}
+
+// ---- With a time, and lists -----------------------------------------------------------------------------------------
+
+static NoteTime At(const std::string& day, int secondOfDay) {
+    return {day, 1735603200, secondOfDay};
+}
+
+TEST(BackupWithTime, IsKeptBesideThatOfTheDay) {
+    FakeNoteFiles files;
+    AddFakeSet(files, "a", {{3, "three"}});
+    NoteSets notes = SetsOf(files);
+    SaveOn(files, notes, "2024-12-31", "new");
+    const NoteTime last = At("2024-12-31", 86398);
+    EXPECT_EQ(KeepBackupWithTime(DeviceOver(files), notes.sets[0], last), (SetBackup{"a", "2024-12-31", "235958"}));
+    EXPECT_EQ(KeepBackupWithTime(DeviceOver(files), notes.sets[0], last), (SetBackup{"a", "2024-12-31", "235959"}));
+    EXPECT_EQ(KeepBackupWithTime(DeviceOver(files), notes.sets[0], last), std::nullopt);
+    EXPECT_TRUE(HoldsSet(files, "backup/a 2024-12-31", {{3, "three"}}));
+    EXPECT_TRUE(HoldsSet(files, "backup/a 2024-12-31 235958", {{0, "new"}, {3, "three"}}));
+    EXPECT_EQ(Backups(files).size(), 6u);
+}
+
+TEST(BackupWithTime, IsKeptTenTimes) {
+    FakeNoteFiles files;
+    AddFakeSet(files, "a", {});
+    NoteSets notes = SetsOf(files);
+    for (int second = 0; second < 12; ++second) {
+        EXPECT_TRUE(KeepBackupWithTime(DeviceOver(files), notes.sets[0], At("2024-12-31", second)));
+        SaveOn(files, notes, "2025-01-" + std::to_string(10 + second), "new");
+    }
+    const std::vector<SetBackup> backups = BackupsOf(DeviceOver(files), "a");
+    EXPECT_EQ(backups.size(), 20u);
+    EXPECT_EQ(backups.front(), (SetBackup{"a", "2025-01-21", ""}));
+    EXPECT_EQ(backups[10], (SetBackup{"a", "2024-12-31", "000011"}));
+    EXPECT_EQ(backups.back(), (SetBackup{"a", "2024-12-31", "000002"}));
+}
+
+TEST(AllBackups, KnowsThemByTheirNames) {
+    FakeNoteFiles files;
+    for (const char* name : {"b 2024-12-31", "a 2024-12-31", "a 2025-01-01", "a 2024-12-31 000001",
+                             "a 2024-12-31 000000", "a 2024-12-31 2025-01-02", "a 123456 2025-01-02", "a 123456",
+                             " 2024-12-31", "2024-12-31", "a 2024-12-31 00000x", "a2024-12-31", "a 2024-12-31  000000"})
+        files.contents[std::string("backup/") + name + ".nmd"] = {};
+    files.contents["backup/a 2024-12-29.nmi"] = {};
+    files.contents["backup/a.nmh"] = {};
+    EXPECT_THAT(AllBackups(DeviceOver(files)),
+                ElementsAre(SetBackup{"", "2024-12-31", ""}, SetBackup{"a", "2025-01-01", ""},
+                            SetBackup{"a", "2024-12-31", "000001"}, SetBackup{"a", "2024-12-31", "000000"},
+                            SetBackup{"a", "2024-12-31", ""}, SetBackup{"a 123456", "2025-01-02", ""},
+                            SetBackup{"a 2024-12-31", "2025-01-02", ""}, SetBackup{"b", "2024-12-31", ""}));
+    EXPECT_THAT(BackupsOf(DeviceOver(files), "B"), ElementsAre(SetBackup{"b", "2024-12-31", ""}));
+    for (const SetBackup& backup : AllBackups(DeviceOver(files)))
+        EXPECT_TRUE(files.contents.contains(BackupName(backup) + ".nmd"));
+}
+
+TEST(OpenBackup, ReadsTheNotesInPlace) {
+    FakeNoteFiles files;
+    files.contents["backup/a 2024-12-31.nmd"] = FakeSetOf({{0, "zero"}, {3, "three"}}).data;
+    NoteSets notes;
+    notes.sets.push_back(OpenBackup(DeviceOver(files), {"a", "2024-12-31", ""}).value());
+    EXPECT_TRUE(notes.sets[0].readOnly);
+    std::string text;
+    notes.currentVerse = 3;
+    EXPECT_TRUE(ReadStoredNote(DeviceOver(files), notes, text));
+    EXPECT_EQ(text, "three");
+    files.contents["backup/a 2024-12-31.nmd"].pop_back();
+    EXPECT_EQ(OpenBackup(DeviceOver(files), {"a", "2024-12-31", ""}), std::nullopt);
+    EXPECT_EQ(OpenBackup(DeviceOver(files), {"b", "2024-12-31", ""}), std::nullopt);
+}
+
+TEST(MoveBackups, LosesNone) {
+    FakeNoteFiles files;
+    const auto add = [&](const std::string& name) {
+        for (const char* ending : {".nmd", ".nmi"})
+            files.contents["backup/" + name + ending].assign(name.begin(), name.end());
+    };
+    for (const char* name : {"a 2024-12-30", "a 2024-12-31", "a 2024-12-31 101010", "b 2024-12-31",
+                             "b 2024-12-31 101010", "b 2024-12-31 000000", "a b 2024-12-31"})
+        add(name);
+    MoveBackups(DeviceOver(files), "a", "b");
+    EXPECT_THAT(AllBackups(DeviceOver(files)),
+                ElementsAre(SetBackup{"a b", "2024-12-31", ""}, SetBackup{"b", "2024-12-31", "101010"},
+                            SetBackup{"b", "2024-12-31", "000002"}, SetBackup{"b", "2024-12-31", "000001"},
+                            SetBackup{"b", "2024-12-31", "000000"}, SetBackup{"b", "2024-12-31", ""},
+                            SetBackup{"b", "2024-12-30", ""}));
+    const std::string moved = "a 2024-12-31";
+    for (const char* ending : {".nmd", ".nmi"})
+        EXPECT_EQ(files.contents[std::string("backup/b 2024-12-31 000002") + ending],
+                  std::vector<unsigned char>(moved.begin(), moved.end()));
+    MoveBackups(DeviceOver(files), "b", "B");
+    EXPECT_EQ(files.contents.size(), 14u);
 }
 
 TEST(Backup, IsNotMadeForAFailedSave) {

@@ -58,6 +58,11 @@ NotePlaces ScanNotes(const NoteFiles& files, void* file) {
     return places;
 }
 
+std::optional<NotePlaces> PlacesOf(const NoteFiles& files, const std::string& dataFileName) {
+    const OwnedNoteFile file = OpenNoteFile(files, dataFileName);
+    return file ? std::optional(ScanNotes(files, file.get())) : std::nullopt;
+}
+
 bool IsWhole(const NotePlaces& places) {
     return places.ends == kVerseCount && places.endsWithNul && places.size <= std::numeric_limits<std::uint32_t>::max();
 }

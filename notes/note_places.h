@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -22,6 +23,9 @@ void AddPlaces(NotePlaces& places, std::span<const unsigned char> bytes);
 // Scans an open data file from the first byte to the last. If it cannot be read to the end, the result covers the part
 // that was read.
 NotePlaces ScanNotes(const NoteFiles& files, void* file);
+
+// Opens and scans a data file. nullopt if it cannot be opened.
+std::optional<NotePlaces> PlacesOf(const NoteFiles& files, const std::string& dataFileName);
 
 // A data file is whole if it has one note for each verse, ends with the last note's NUL, and is not larger than 4 GB.
 bool IsWhole(const NotePlaces& places);

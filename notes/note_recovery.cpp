@@ -4,6 +4,8 @@
 #include <optional>
 
 #include "notes/conflict_copies.h"
+#include "notes/note_backup.h"
+#include "notes/note_keeping.h"
 #include "notes/note_places.h"
 #include "scripture/letters.h"
 
@@ -31,17 +33,29 @@ static std::vector<std::string> NamesBefore(const NoteFiles& files, std::string_
 
 // ---- Leftovers of earlier runs --------------------------------------------------------------------------------------
 
-static void PutTwinsInPlace(const NoteFiles& files, OpenedSets& opened) {
+// Texts that were to be saved when the save failed or was stopped.
+static void KeepUnsaved(const NoteFiles& files, const std::string& name, const NoteTime& now, OpenedSets& opened) {
+    const LeftOverNotes notes = KeepLeftOver(files, name, now.seconds);
+    if (notes.kept == 0) return;
+    const bool isOne = notes.kept == 1;
+    const std::string count = std::to_string(notes.kept) + (isOne ? " note that is" : " notes that are");
+    const std::string done = isOne ? "It is now among the earlier notes of its verse"
+                                   : "They are now among the earlier notes of their verses";
+    const std::string failed = std::string(isOne ? "It" : "They") + " could not be put among the earlier notes";
+    Report(opened, "A save of the note set " + Quoted(name) + " was not completed. Its temporary file " +
+                       (notes.isFailed ? "has " : "had ") + count + " not in the set. " +
+                       (notes.isFailed ? failed + ": this will be tried at the next start."
+                                       : done + ": see Notes, Earlier Notes for this Verse."));
+}
+
+static void LookAtTwins(const NoteFiles& files, const NoteTime& now, OpenedSets& opened) {
     for (const std::string& name : NamesBefore(files, std::string(kDataEnding) + kTempEnding)) {
         if (PutTwinInPlace(files, name + kDataEnding))
             Report(opened, "The data file of the note set " + Quoted(name) +
                                " was missing. Its temporary file is whole and has taken its place.");
+        else
+            KeepUnsaved(files, name, now, opened);
     }
-}
-
-static std::optional<NotePlaces> PlacesOf(const NoteFiles& files, const std::string& dataFileName) {
-    const OwnedNoteFile file = OpenNoteFile(files, dataFileName);
-    return file ? std::optional(ScanNotes(files, file.get())) : std::nullopt;
 }
 
 static void MakeIndexAgain(const NoteFiles& files, NoteSet& set, const char* fault, OpenedSets& opened) {
@@ -83,6 +97,14 @@ static std::vector<NoteSet> MakeLostIndexes(const NoteFiles& files, OpenedSets& 
 
 // ---- The sets that were found ---------------------------------------------------------------------------------------
 
+static std::string LatestWholeBackup(const NoteFiles& files, const NoteSet& set) {
+    for (const SetBackup& backup : BackupsOf(files, NoteSetName(set)))
+        if (OpenBackup(files, backup))
+            return " The latest whole backup is of " + backup.day + ": " + Quoted(BackupName(backup) + kDataEnding) +
+                   ".";
+    return "";
+}
+
 static void ReportDamage(const NoteFiles& files, const NoteSet& set, const NotePlaces& places, OpenedSets& opened) {
     const std::string twin = set.dataFileName + kTempEnding;
     const bool hasTwin =
@@ -92,7 +114,8 @@ static void ReportDamage(const NoteFiles& files, const NoteSet& set, const NoteP
                        std::to_string(kVerseCount) + " notes, but it has " + std::to_string(places.ends) +
                        ". It is left as it is, so that you can rescue what it holds: the set can be read, but no note "
                        "can be saved in it." +
-                       (hasTwin ? " A whole copy of the set is in " + Quoted(twin) + "." : ""));
+                       (hasTwin ? " A whole copy of the set is in " + Quoted(twin) + "." : "") +
+                       LatestWholeBackup(files, set));
 }
 
 static void Examine(const NoteFiles& files, NoteSet& set, bool isReported, OpenedSets& opened) {
@@ -109,9 +132,9 @@ static void Examine(const NoteFiles& files, NoteSet& set, bool isReported, Opene
     MakeIndexAgain(files, set, " did not match its notes.", opened);
 }
 
-OpenedSets OpenNoteSets(const NoteFiles& files, NoteSets& notes) {
+OpenedSets OpenNoteSets(const NoteFiles& files, NoteSets& notes, const NoteTime& now) {
     OpenedSets opened;
-    PutTwinsInPlace(files, opened);
+    LookAtTwins(files, now, opened);
     const std::vector<NoteSet> damaged = MakeLostIndexes(files, opened);
     opened.created = FindNoteSets(files, notes);
     for (const NoteSet& set : damaged) {
@@ -123,6 +146,7 @@ OpenedSets OpenNoteSets(const NoteFiles& files, NoteSets& notes) {
     for (std::size_t i = 0; i < notes.sets.size(); ++i) {
         // If the first set could not be created, that is already reported.
         Examine(files, notes.sets[i], opened.created || i > 0, opened);
+        if (opened.hasDamaged && opened.damagedSet == kNoDamagedSet) opened.damagedSet = static_cast<int>(i);
     }
     return opened;
 }

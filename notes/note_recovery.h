@@ -7,9 +7,11 @@
 //   NAME.nmi is missing, short, torn, or of another state           it is rebuilt from the data file
 //   NAME.nmd does not have exactly one note for each verse          it is never written: the set is read-only, so that
 //                                                                   the user can rescue its contents
+//   NAME.nmd.temp and NAME.nmd are both whole                       the notes that only the temporary file has are put
+//                                                                   among the earlier notes, and it is removed: a save
+//                                                                   was stopped, or could not delete the old data file
 // A data file that certainly was left by a conflict (notes/conflict_copies.h) stays without an index: it is there to be
-// merged, not to become a set. A temporary file beside a data file is left from a save that failed and is ignored.
-// Valid files are only read.
+// merged, not to become a set. A temporary file that is torn is left as it is. Valid files are only read.
 //
 // Recognizing an index of another state requires the end of every note, so every data file is read completely once per
 // start. Checking less would miss, for example, two notes in the middle that grew and shrank by the same amount. It
@@ -20,13 +22,18 @@
 #include <string>
 
 #include "notes/note_sets.h"
+#include "notes/note_time.h"
+
+inline constexpr int kNoDamagedSet = -1;
 
 struct OpenedSets {
-    bool created = true;      // result of FindNoteSets
-    bool hasDamaged = false;  // the report mentions a set that is not whole
-    std::string report;       // what was repaired, for one message box; empty if nothing
+    bool created = true;             // result of FindNoteSets
+    bool hasDamaged = false;         // the report mentions a set that is not whole
+    int damagedSet = kNoDamagedSet;  // the first such set
+    std::string report;              // what was repaired, for one message box; empty if nothing
 };
 
 // Repairs what can be repaired and finds the sets (FindNoteSets), including sets without an index file. A data file
-// that another program has open is not examined until it is first read.
-OpenedSets OpenNoteSets(const NoteFiles& files, NoteSets& notes);
+// that another program has open is not examined until it is first read. `now` is the time of the notes that are put
+// among the earlier ones.
+OpenedSets OpenNoteSets(const NoteFiles& files, NoteSets& notes, const NoteTime& now = {});

@@ -12,6 +12,7 @@
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
+using testing::Not;
 
 using Bytes = std::vector<unsigned char>;
 
@@ -56,7 +57,6 @@ TEST(OpenNoteSets, DoesNotChangeValidFiles) {
     } kRows[] = {
         {"nothing else", set.index, {}},
         {"a longer index", longer, {}},
-        {"a temporary file of another state", set.index, {{"a.nmd.temp", FakeSetOf({{7, "seven"}}).data}}},
         {"a torn temporary file", set.index, {{"a.nmd.temp", {'x'}}}},
         {"a temporary file of no set", set.index, {{"b.nmd.temp", {'x', 0}}}},
         {"a devotional table", set.index, {{"a.dti", Bytes(2976, 1)}}},
@@ -310,6 +310,25 @@ TEST(OpenNoteSets, OpensADamagedSetReadOnly) {
 }
 
 // The remaining notes can be read, with the index if its offsets are valid, otherwise by the zero bytes after notes.
+TEST(OpenNoteSets, NamesTheLatestWholeBackupOfADamagedSet) {
+    const Bytes whole = FakeSetOf(kNotes).data;
+    FakeNoteFiles files;
+    AddFakeSet(files, "a", {});
+    AddFakeSet(files, "b", kNotes);
+    files.contents["b.nmd"].resize(5);
+    files.contents["backup/b 2024-12-29.nmd"] = whole;
+    files.contents["backup/b 2024-12-30.nmd"] = whole;
+    files.contents["backup/b 2024-12-31.nmd"] = {0};
+    files.contents["backup/a 2025-01-01.nmd"] = whole;
+    const OpenedSets opened = Open(files).result;
+    EXPECT_THAT(opened.report, HasSubstr(" The latest whole backup is of 2024-12-30: \"backup/b 2024-12-30.nmd\"."));
+    EXPECT_EQ(opened.damagedSet, 1);
+    files.contents["backup/b 2024-12-30.nmd"] = files.contents["backup/b 2024-12-29.nmd"] = {};
+    EXPECT_THAT(Open(files).result.report, Not(HasSubstr("backup")));
+    files.contents["b.nmd"] = whole;
+    EXPECT_EQ(Open(files).result.damagedSet, kNoDamagedSet);
+}
+
 TEST(OpenNoteSets, ReadsTheNotesOfADamagedSet) {
     const FakeSet set = FakeSetOf({{0, "first"}, {10, "tenth"}});
     for (const bool hasIndex : {true, false}) {

@@ -1,7 +1,7 @@
 #include "notes/note_set.h"
 
 #include <numeric>
-#include <optional>
+#include <utility>
 
 #include "notes/note_places.h"
 #include "scripture/verse_records.h"
@@ -17,6 +17,15 @@ std::string IndexFileName(const NoteSet& set) {
 void StampFiles(const NoteFiles& files, NoteSet& set) {
     set.dataStamp = files.stamp(files.device, set.dataFileName);
     set.indexStamp = files.stamp(files.device, IndexFileName(set));
+}
+
+std::optional<NoteSet> ReadWholeSet(const NoteFiles& files, const std::string& dataFileName) {
+    NoteSet set{dataFileName};
+    StampFiles(files, set);
+    std::optional<NotePlaces> places = PlacesOf(files, dataFileName);
+    if (!places || !IsWhole(*places)) return std::nullopt;
+    set.offsets = std::move(places->offsets);
+    return set;
 }
 
 NoteSet EmptyNoteSet(const std::string& name) {

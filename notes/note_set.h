@@ -14,6 +14,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -37,6 +38,10 @@ std::string IndexFileName(const NoteSet& set);
 
 // Stores the current stamps of the set's files.
 void StampFiles(const NoteFiles& files, NoteSet& set);
+
+// The set with this data file, whatever its index file holds: its offsets are those of its notes. nullopt if the data
+// file is not whole or cannot be opened.
+std::optional<NoteSet> ReadWholeSet(const NoteFiles& files, const std::string& dataFileName);
 
 // A set of empty notes, not yet on the disk.
 NoteSet EmptyNoteSet(const std::string& name);

@@ -34,7 +34,7 @@ void ShowNoteTabs() {
 }
 
 void LoadNoteSets() {
-    const OpenedSets opened = OpenNoteSets(TheNoteFiles(), theNoteSets);
+    const OpenedSets opened = OpenNoteSets(TheNoteFiles(), theNoteSets, NoteTimeNow());
     ShowNoteTabs();
     const HWND frame = FrameOf(theNoteTabs.window);
     if (!opened.created) Complain(frame, kCannotCreateNotes);

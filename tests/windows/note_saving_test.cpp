@@ -261,13 +261,32 @@ TEST(UnsavedNote, IsReportedWhenTheOldFileCannotBeDeleted) {
     Answer(program, "Faliure Saving Note (delete old failure):\nYou should exit Versewell and restart.", "none", kOk,
            "Enter");
     WaitUntil(program, "the editor to close", [&] { return !IsEditing(program); });
-    SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_NORMAL);
     ExpectNotes(program.folder, kNotes, "the old file stays");
     const ScratchFolder expected = EmptyFolder();
     Notes notes = kNotes;
     notes[kMiddle] = "New: four";
     WriteNoteSet(expected, "Mine", notes);
     EXPECT_TRUE(ReadFile(program.folder, "Mine.nmd.temp") == ReadFile(expected, "Mine.nmd"));
+
+    // The next start keeps the text and says where it is; the one after it has nothing to say.
+    const ScratchFolder folder = program.folder;
+    EXPECT_EQ(CloseProgram(program), 0);
+    Program next = LaunchProgram(folder);
+    const HWND box = WaitForDialog(next, "Note Sets");
+    EXPECT_EQ(
+        MessageText(box),
+        "A save of the note set \"Mine\" was not completed. Its temporary file had 1 note that is not in the set. It "
+        "is now among the earlier notes of its verse: see Notes, Earlier Notes for this Verse.");
+    SavePicture(PictureOfWindow(box), "left-over-note");
+    PostMessageA(box, WM_COMMAND, IDOK, 0);
+    WaitForFrame(next);
+    EXPECT_THAT(KeptNotes(folder, "Mine"), testing::Contains(KeptNote{kMiddle, 6, "New: four"}));  // left over
+    EXPECT_FALSE(HasFile(folder, "Mine.nmd.temp"));
+    ExpectNotes(folder, kNotes, "the old file stays");
+    EXPECT_EQ(CloseProgram(next), 0);
+    Program last = StartProgram(folder);
+    EXPECT_EQ(CloseProgram(last), 0);
+    SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_NORMAL);
 }
 
 // A set with a damaged data file is read-only. The editor stays open so that the text can be copied elsewhere.

@@ -1,5 +1,7 @@
 #include "tests/windows/note_set_files.h"
 
+#include <gtest/gtest.h>
+
 #include "resources/ids.h"
 
 std::string IndexBytes(const std::vector<unsigned>& offsets) {
@@ -37,12 +39,17 @@ static int IntegerAt(const std::string& bytes, std::size_t offset) {
 }
 
 std::vector<KeptNote> KeptNotes(const ScratchFolder& folder, const std::string& setName) {
-    static constexpr std::size_t kHeader = 8, kBeforeText = 24;  // size, checksum, time, verse, reason
-    const std::string bytes = ReadFile(folder, "backup/" + setName + ".nmh");
+    static constexpr std::size_t kBeforeText = 24;  // size, checksum, time, verse, reason
+    static const std::string header("VWNH\1\0\0\0", 8);
+    const std::string file = "backup/" + setName + ".nmh";
     std::vector<KeptNote> notes;
-    for (std::size_t at = kHeader; at + kBeforeText <= bytes.size();) {
+    if (!HasFile(folder, file)) return notes;
+    const std::string bytes = ReadFile(folder, file);
+    EXPECT_EQ(bytes.substr(0, header.size()), header);
+    for (std::size_t at = header.size(); at + kBeforeText <= bytes.size();) {
         const std::size_t end = at + 4 + static_cast<std::size_t>(IntegerAt(bytes, at));
         const std::size_t text = at + kBeforeText;
+        if (end < text || end > bytes.size()) break;  // torn
         notes.push_back({IntegerAt(bytes, at + 16), IntegerAt(bytes, at + 20), bytes.substr(text, end - text)});
         at = end;
     }

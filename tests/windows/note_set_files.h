@@ -22,7 +22,8 @@ struct KeptNote {
     std::string text;
     bool operator==(const KeptNote&) const = default;
 };
-std::vector<KeptNote> KeptNotes(const ScratchFolder& folder, const std::string& setName);  // oldest first
+// The whole ones, in the order of the file; empty if there is no such file.
+std::vector<KeptNote> KeptNotes(const ScratchFolder& folder, const std::string& setName);
 
 // Names of the sets in the order of their tabs, without the marks before them.
 std::vector<std::string> NoteSetNames(const Program& program);
