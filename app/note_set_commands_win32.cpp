@@ -63,7 +63,7 @@ void DeleteSet(int) {
     }
     if (!IsDeletionMeant()) return;
     const bool hadDevotional = theNoteSets.devotionalSet != kNoDevotionalSet;
-    if (!DeleteNoteSet(TheNoteFiles(), theNoteSets)) return Complain(theFrame.window, kDeleteFailed);
+    if (!DeleteNoteSet(TheNoteFiles(), theNoteSets, NoteTimeNow())) return Complain(theFrame.window, kDeleteFailed);
     if (hadDevotional && theNoteSets.devotionalSet == kNoDevotionalSet) RemoveDevotionalMenu();
     ShowNewTabs();
     ReadNote(theNoteSets.currentVerse);

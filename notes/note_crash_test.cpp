@@ -1,11 +1,18 @@
 // Wherever a save is stopped, all notes must be there after the next start: the edited note in its old or new version,
-// all others unchanged.
+// all others unchanged. Its other version must be among the earlier notes if it was on the disk. Wherever the deletion
+// of a set or a change of its name is stopped, its notes must be in the set or in its copy, and its earlier notes must
+// be under one of its names.
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
+#include "notes/note_backup.h"
+#include "notes/note_history.h"
 #include "notes/note_places.h"
 #include "notes/note_recovery.h"
 #include "notes/note_saving.h"
+#include "notes/note_set_changes.h"
 #include "tests/support/fake_note_files.h"
 
 static constexpr PowerCut kCuts[] = {PowerCut::kNone, PowerCut::kLosesAll, PowerCut::kLeavesZeros,
@@ -56,11 +63,26 @@ static bool SaveUntilItStops(FakeNoteFiles& files, const Edit& edit, std::int64_
     return ended;
 }
 
-static void ExpectAllNotes(FakeNoteFiles files, const SetBefore& before, bool isSaved) {
+static void ExpectOtherVersion(FakeNoteFiles& files, const Edit& edit, bool isOld, bool hadWholeTemp) {
+    bool hasBefore = edit.before.empty(), hasAfter = edit.after.empty();
+    for (const EarlierNote& note : AllEarlierNotes(DeviceOver(files), "a")) {
+        EXPECT_EQ(note.verse, edit.verse);
+        EXPECT_TRUE(note.text == edit.before || note.reason == KeptReason::kLeftOver);
+        hasBefore |= note.text == edit.before && note.reason == KeptReason::kReplaced;
+        hasAfter |= note.text == edit.after && note.reason == KeptReason::kLeftOver;
+    }
+    EXPECT_TRUE(isOld || hasBefore);
+    EXPECT_TRUE(!hadWholeTemp || hasAfter);
+}
+
+static void ExpectAllNotes(FakeNoteFiles files, const Edit& edit, const SetBefore& before, bool isSaved) {
     NoteSets notes;
+    const bool hadWholeTemp = files.contents.contains("a.nmd") && files.contents.contains("a.nmd.temp") &&
+                              files.contents["a.nmd.temp"] == before.edited.data;
     OpenNoteSets(DeviceOver(files), notes);
     ASSERT_EQ(notes.sets.size(), 1u);
     EXPECT_FALSE(notes.sets[0].readOnly);
+    ExpectOtherVersion(files, edit, files.contents["a.nmd"] == before.old.data, hadWholeTemp);
     const bool isOld = files.contents["a.nmd"] == before.old.data;
     const FakeSet& now = isOld && !isSaved ? before.old : before.edited;
     EXPECT_TRUE(files.contents["a.nmd"] == now.data);
@@ -82,7 +104,7 @@ static int StopAtEachStep(const Edit& edit, const SetBefore& before) {
             SCOPED_TRACE(testing::Message() << "step " << step << ", power cut " << static_cast<int>(cut));
             FakeNoteFiles left = files;
             CutPower(left, cut);
-            ExpectAllNotes(std::move(left), before, ended);
+            ExpectAllNotes(std::move(left), edit, before, ended);
             if (testing::Test::HasFailure()) return 0;
         }
     }
@@ -126,7 +148,7 @@ TEST(StoppedRecovery, IsCompletedByTheNextStart) {
     for (std::int64_t step = 0; step < 200; ++step) {
         FakeNoteFiles stopped = before.files;
         const bool ended = SaveUntilItStops(stopped, edit, step);
-        for (std::int64_t recovered = 0; recovered < 12; ++recovered, ++stops) {
+        for (std::int64_t recovered = 0; recovered < 20; ++recovered, ++stops) {
             SCOPED_TRACE(testing::Message() << "step " << step << ", of the recovery " << recovered);
             FakeNoteFiles files = stopped;
             files.steps = recovered;
@@ -137,10 +159,106 @@ TEST(StoppedRecovery, IsCompletedByTheNextStart) {
                 CutPower(files, PowerCut::kLosesAll);
             }
             files.steps = -1;
-            ExpectAllNotes(std::move(files), before, ended);
+            ExpectAllNotes(std::move(files), edit, before, ended);
             if (HasFailure()) return;
         }
         if (ended) break;
     }
     EXPECT_GE(stops, 200);
+}
+
+// ---- Deleted and renamed sets ---------------------------------------------------------------------------------------
+
+static const std::map<int, std::string> kSmall = {{0, "zero"}, {15000, "middle"}, {31101, "end"}};
+static const EarlierNote kEarlier = {1735600000, 5, KeptReason::kReplaced, "earlier"};
+
+static FakeNoteFiles TwoSets() {
+    FakeNoteFiles files;
+    AddFakeSet(files, "a", kSmall);
+    AddFakeSet(files, "b", {});
+    KeepEarlierNotes(DeviceOver(files), "a", {&kEarlier, 1});
+    NoteSets notes;
+    FindNoteSets(DeviceOver(files), notes);
+    KeepBackup(DeviceOver(files), notes.sets[0], "2024-12-30");
+    return files;
+}
+
+// Stops `change` of the set "a" at each of its steps in turn, and calls `expect` with what each power cut leaves, after
+// the next start. Returns the number of steps.
+template <typename Change, typename Expectation>
+static int StopEverywhere(const FakeNoteFiles& before, Change change, Expectation expect) {
+    bool ended = false;
+    int step = 0;
+    for (; !ended && !testing::Test::HasFailure(); ++step) {
+        FakeNoteFiles stopped = before;
+        NoteSets notes;
+        FindNoteSets(DeviceOver(stopped), notes);
+        stopped.steps = step;
+        try {
+            change(DeviceOver(stopped), notes);
+            ended = true;
+        } catch (const ProgramStopped&) {
+        }
+        stopped.steps = -1;
+        for (const PowerCut cut : kCuts) {
+            SCOPED_TRACE(testing::Message() << "step " << step << ", power cut " << static_cast<int>(cut));
+            FakeNoteFiles files = stopped;
+            CutPower(files, cut);
+            NoteSets next;
+            OpenNoteSets(DeviceOver(files), next);
+            expect(files, ended);
+        }
+    }
+    return step - 1;
+}
+
+static bool HasWholeSet(FakeNoteFiles& files, const std::string& name) {
+    const FakeSet set = FakeSetOf(kSmall);
+    return files.contents.contains(name + ".nmd") && files.contents[name + ".nmd"] == set.data &&
+           files.contents[name + ".nmi"] == set.index;
+}
+
+TEST(StoppedDeletion, LeavesTheSetOrItsCopy) {
+    for (const bool knowsLinks : {true, false}) {
+        FakeNoteFiles before = TwoSets();
+        before.knowsLinks = knowsLinks;
+        const auto change = [](const NoteFiles& files, NoteSets& notes) {
+            EXPECT_TRUE(DeleteNoteSet(files, notes, {"2024-12-31", 1735603200, 1}));
+        };
+        const int stops = StopEverywhere(before, change, [](FakeNoteFiles& files, bool ended) {
+            const bool hasCopy = HasWholeSet(files, "backup/a 2024-12-31 000001");
+            EXPECT_TRUE(ended ? hasCopy : hasCopy || HasWholeSet(files, "a"));
+            EXPECT_TRUE(!files.contents.contains("a.nmd") || HasWholeSet(files, "a"));
+            std::vector<EarlierNote> kept = AllEarlierNotes(DeviceOver(files), "a");
+            ASSERT_FALSE(kept.empty());
+            EXPECT_EQ(kept[0], kEarlier);
+            EXPECT_TRUE(files.contents.contains("a.nmd") || kept.size() == 1 + kSmall.size());
+        });
+        EXPECT_GE(stops, 15);
+    }
+}
+
+// The history of a deleted set of the new name is not lost either.
+TEST(StoppedRename, LeavesEarlierNotesAndBackupsUnderOneOfTheNames) {
+    for (const bool hasTarget : {false, true}) {
+        FakeNoteFiles before = TwoSets();
+        const EarlierNote deleted = {1735500000, 7, KeptReason::kDeleted, "of another set"};
+        if (hasTarget) KeepEarlierNotes(DeviceOver(before), "c", {&deleted, 1});
+        const auto change = [](const NoteFiles& files, NoteSets& notes) {
+            EXPECT_EQ(RenameNoteSet(files, notes, "c"), "");
+        };
+        const int stops = StopEverywhere(before, change, [&](FakeNoteFiles& files, bool ended) {
+            EXPECT_TRUE(HasWholeSet(files, "c") || (!ended && HasWholeSet(files, "a")));
+            std::vector<EarlierNote> kept = AllEarlierNotes(DeviceOver(files), "c");
+            if (!ended) std::ranges::copy(AllEarlierNotes(DeviceOver(files), "a"), std::back_inserter(kept));
+            EXPECT_GT(std::ranges::count(kept, kEarlier), 0);
+            EXPECT_EQ(std::ranges::count(kept, deleted) > 0, hasTarget);
+            const bool isMoved = HasWholeSet(files, "backup/c 2024-12-30");
+            const std::vector<SetBackup> backups = AllBackups(DeviceOver(files));
+            ASSERT_EQ(backups.size(), 1u);
+            EXPECT_TRUE(OpenBackup(DeviceOver(files), backups[0]));
+            EXPECT_TRUE(isMoved || !ended);
+        });
+        EXPECT_GE(stops, 5);
+    }
 }

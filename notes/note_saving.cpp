@@ -77,6 +77,8 @@ struct Save {
     std::vector<unsigned char> piece{};  // copy buffer
     NotePlaces found{};                  // notes in the part of the data file read so far
     bool isReadAgain = false;            // the offsets are those of the open data file
+    std::string replaced{};              // the note's old bytes, with its NUL; at most kCopyPiece of them
+    bool isStoredKept = false;           // they are among the earlier notes already
 };
 
 enum class Step { kDone, kStopped, kMerged, kCannotKeep, kCannotCreate, kNoMemory, kCannotWrite, kMisfit };
@@ -146,6 +148,7 @@ static bool IsWhereItWas(const Save& save) {
 static Step KeepStored(Save& save, const std::string& stored) {
     const EarlierNote other{save.now.seconds, static_cast<int>(save.verse), KeptReason::kReplaced, stored};
     if (!KeepEarlierNotes(save.files, NoteSetName(save.set), {&other, 1})) return Step::kCannotKeep;
+    save.isStoredKept = true;
     return Tell(save, SaveNotice::kTooLong) ? Step::kDone : Step::kStopped;
 }
 
@@ -181,8 +184,14 @@ static bool WriteToTemp(const Save& save, std::span<const unsigned char> bytes) 
     return save.files.write(save.files.device, save.temp.get(), bytes);
 }
 
+static void AddReplaced(Save& save, std::span<const unsigned char> bytes) {
+    const std::size_t room = kCopyPiece - save.replaced.size();
+    for (const unsigned char byte : bytes.first(std::min(room, bytes.size())))
+        save.replaced.push_back(static_cast<char>(byte));
+}
+
 // Continues reading the data file up to `end` or to its own end. If `isKept`, the bytes are copied to the temporary
-// file; otherwise they are only scanned.
+// file; otherwise they are the note that is replaced.
 static Step ReadOn(Save& save, std::uint64_t end, bool isKept) {
     save.piece.resize(kCopyPiece);
     while (save.found.size < end) {
@@ -190,7 +199,10 @@ static Step ReadOn(Save& save, std::uint64_t end, bool isKept) {
         const std::span<unsigned char> piece = std::span(save.piece).first(wanted);
         const std::size_t read = save.files.readAt(save.files.device, save.data.get(), save.found.size, piece);
         AddPlaces(save.found, piece.first(read));
-        if (isKept && read > 0 && !WriteToTemp(save, piece.first(read))) return Step::kCannotWrite;
+        if (!isKept)
+            AddReplaced(save, piece.first(read));
+        else if (read > 0 && !WriteToTemp(save, piece.first(read)))
+            return Step::kCannotWrite;
         if (read < wanted) break;
     }
     return Step::kDone;
@@ -210,6 +222,7 @@ static std::uint64_t EndOfNote(const Save& save) {
 // Writes all notes, with the new one in its place. Fails beyond 4 GB, which offsets cannot address.
 static Step WriteNotes(Save& save) {
     save.found = {};
+    save.replaced.clear();
     Step step = ReadOn(save, save.set.offsets[save.verse], true);
     if (step == Step::kDone) step = WriteNote(save);
     if (step == Step::kDone) step = ReadOn(save, EndOfNote(save), false);
@@ -251,11 +264,23 @@ static NoteSaveResult StopWith(Save& save, SaveNotice notice, NoteSaveResult res
     return result;
 }
 
-// Failures of the backup and the index are ignored: the next start rebuilds the index.
+static void KeepReplaced(Save& save) {
+    save.replaced.resize(std::min(save.replaced.find('\0'), save.replaced.size()));
+    if (save.isStoredKept || save.replaced.empty() || save.replaced == save.text) return;
+    const EarlierNote note{save.now.seconds, static_cast<int>(save.verse), KeptReason::kReplaced,
+                           std::move(save.replaced)};
+    KeepEarlierNotes(save.files, NoteSetName(save.set), {&note, 1});
+}
+
+// Failures of the backup, the history and the index are ignored: the next start rebuilds the index. The temporary file
+// is held open up to the last moment, so that the start of another copy of the program takes it for what it is.
 static NoteSaveResult PutInPlace(Save& save) {
     const NoteFiles& files = save.files;
     NoteSet& set = save.set;
+    save.data.reset();
     WithMemory([&] { KeepBackup(files, set, save.now.day); });
+    WithMemory([&] { KeepReplaced(save); });
+    save.temp.reset();
     if (!files.remove(files.device, set.dataFileName)) {
         set.dataStamp = {};  // the offsets are already those of the temporary file: read the set again
         Tell(save, SaveNotice::kCannotDelete);
@@ -312,7 +337,6 @@ static NoteSaveResult SaveInto(Save& save) {
         case Step::kDone: break;
     }
     ShiftOffsets(save);
-    CloseBoth(save);
     return PutInPlace(save);
 }
 

@@ -12,7 +12,9 @@
 // The note itself may have been changed elsewhere while it was edited here. Then neither text replaces the other: the
 // editor gets both, so that the user decides what is stored.
 //
-// The state before the first save of each day is kept in the folder "backup" (notes/note_backup.h).
+// The state before the first save of each day is kept in the folder "backup" (notes/note_backup.h), and before the old
+// data file is deleted, the text that the note had is put among its earlier notes (notes/note_history.h), unless it was
+// empty or is the same. A save goes on if either cannot be written.
 #pragma once
 
 #include <cstddef>

@@ -5,6 +5,7 @@
 
 #include <memory>
 
+#include "notes/note_history.h"
 #include "notes/note_places.h"
 #include "tests/support/fake_note_files.h"
 
@@ -36,7 +37,8 @@ static bool TellDesk(void* device, SaveNotice notice, const std::string& text) {
 static std::unique_ptr<Desk> DeskWith(const std::map<int, std::string>& notes, int verse = 0) {
     auto desk = std::make_unique<Desk>();
     AddFakeSet(desk->files, "a", notes);
-    desk->files.contents["backup/a 2024-12-31.nmd"] = {};  // today's backup exists, so the log shows only the save
+    for (const char* backup : {"backup/a 2024-12-31.nmd", "backup/a 2024-12-31.nmi"})
+        desk->files.contents[backup] = {};  // today's backup exists, so the log shows only the save
     EXPECT_TRUE(FindNoteSets(DeviceOver(desk->files), desk->notes));
     SelectStoredNote(desk->notes, 0, verse);
     EXPECT_TRUE(ReadStoredNote(DeviceOver(desk->files), desk->notes, desk->openedOn));
@@ -153,7 +155,9 @@ TEST(SaveNote, FlushesBeforeDeletingTheOldFile) {
     EXPECT_EQ(SaveAt(*desk, "characters"), NoteSaveResult::kSaved);
     EXPECT_THAT(desk->files.log,
                 ElementsAre("open a.nmd", "create anew a.nmd.temp", "write a.nmd.temp 7", "write a.nmd.temp 11",
-                            "write a.nmd.temp 31094", "flush a.nmd.temp", "close a.nmd", "close a.nmd.temp",
+                            "write a.nmd.temp 31094", "flush a.nmd.temp", "close a.nmd", "folder backup",
+                            "create anew backup/a.nmh.temp", "write backup/a.nmh.temp 36", "flush backup/a.nmh.temp",
+                            "close backup/a.nmh.temp", "replace backup/a.nmh by backup/a.nmh.temp", "close a.nmd.temp",
                             "remove a.nmd", "rename a.nmd.temp to a.nmd", "create anew a.nmi", "write a.nmi 124408",
                             "flush a.nmi", "close a.nmi"));
 }
@@ -171,6 +175,45 @@ TEST(SaveNote, WritesNothingBeforeTheFirstOrAfterTheLastNote) {
         for (const std::string& entry : desk->files.log)
             if (entry.starts_with("write a.nmd.temp")) writes.push_back(entry);
         EXPECT_EQ(writes, row.writes);
+    }
+}
+
+// ---- Earlier notes --------------------------------------------------------------------------------------------------
+
+TEST(SaveNote, KeepsTheTextThatItReplaces) {
+    static const struct {
+        int verse;
+        const char* before;
+        const char* after;
+        bool isKept;
+    } kRows[] = {{7, "four", "characters", true}, {0, "four", "", true},      {31101, "the last\r\n", "new", true},
+                 {7, "", "new", false},           {7, "same", "same", false}, {31101, "", "", false}};
+    for (const auto& row : kRows) {
+        const auto desk = DeskWith({{row.verse, row.before}, {9, "nine"}}, row.verse);
+        EXPECT_EQ(SaveAt(*desk, row.after), NoteSaveResult::kSaved);
+        std::vector<EarlierNote> expected;
+        if (row.isKept) expected.push_back({1735603200, row.verse, KeptReason::kReplaced, row.before});
+        EXPECT_EQ(AllEarlierNotes(DeviceOver(desk->files), "a"), expected) << row.verse << row.before;
+    }
+}
+
+TEST(SaveNote, KeepsTheTextThatIsOnTheDisk) {
+    const auto desk = DeskWith({{7, "four"}}, 7);
+    ChangeFile(desk->files, "a.nmd", FakeSetOf({{2, "two"}, {7, "of another program"}}).data);
+    desk->openedOn = "of another program";
+    EXPECT_EQ(SaveAt(*desk, "new"), NoteSaveResult::kSaved);
+    EXPECT_THAT(AllEarlierNotes(DeviceOver(desk->files), "a"),
+                ElementsAre(EarlierNote{1735603200, 7, KeptReason::kReplaced, "of another program"}));
+}
+
+TEST(SaveNote, DoesNotFailWhenTheEarlierNoteCannotBeKept) {
+    for (int fault = 0; fault < 2; ++fault) {
+        const auto desk = DeskWith({{7, "four"}}, 7);
+        if (fault == 0) desk->files.uncreatable = {"backup"};
+        if (fault == 1) desk->files.uncreatable = {"backup/a.nmh.temp"};
+        EXPECT_EQ(SaveAt(*desk, "characters"), NoteSaveResult::kSaved);
+        EXPECT_THAT(desk->told, IsEmpty());
+        ExpectFilesHold(*desk, {{7, "characters"}});
     }
 }
 

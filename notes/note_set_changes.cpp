@@ -3,8 +3,13 @@
 #include <algorithm>
 #include <array>
 #include <cassert>
+#include <optional>
 #include <string_view>
+#include <utility>
 
+#include "notes/note_backup.h"
+#include "notes/note_history.h"
+#include "notes/note_keeping.h"
 #include "notes/note_places.h"
 #include "scripture/letters.h"
 
@@ -96,11 +101,15 @@ std::string RenameNoteSet(const NoteFiles& files, NoteSets& notes, const std::st
         return files.rename(files.device, nameBefore + ending, name + ending);
     };
     if (IsOutOfUse(set) || !rename(kDataEnding)) return kRenameFailed;
-    if (!RenameIndex(files, set, name)) return kRenameFailed;
-    if (IsDevotional(notes)) rename(kTableEnding);
-    set.dataFileName = name + kDataEnding;
-    rename(std::string(kDataEnding) + kTempEnding);  // otherwise it would come back as a set of the old name
-    return "";
+    const bool isRenamed = RenameIndex(files, set, name);
+    if (isRenamed) {
+        if (IsDevotional(notes)) rename(kTableEnding);
+        set.dataFileName = name + kDataEnding;
+        rename(std::string(kDataEnding) + kTempEnding);  // otherwise it would come back as a set of the old name
+    }
+    MoveEarlierNotes(files, nameBefore, name);  // with the data file, whatever became of the index file
+    MoveBackups(files, nameBefore, name);
+    return isRenamed ? "" : kRenameFailed;
 }
 
 // ---- Delete ---------------------------------------------------------------------------------------------------------
@@ -111,10 +120,33 @@ std::string QuestionBeforeDeleting(const NoteSets& notes) {
     return "Are you SURE you want to delete the note set " + NoteSetName(set) + ending;
 }
 
-bool DeleteNoteSet(const NoteFiles& files, NoteSets& notes) {
+// Copies the set and deletes its index file.
+static bool CopyAndRemoveIndex(const NoteFiles& files, const NoteSet& set, const NoteTime& now) {
+    const bool hasNotes = files.stamp(files.device, set.dataFileName).exists;
+    const std::optional<SetBackup> backup = hasNotes ? KeepBackupWithTime(files, set, now) : std::nullopt;
+    if (hasNotes && !backup) return false;
+    if (files.remove(files.device, IndexFileName(set))) return true;
+    if (backup) RemoveBackup(files, *backup);
+    return false;
+}
+
+// Puts the set's notes among the earlier ones, as they are on the disk: the offsets in memory may be those of a save
+// that failed. A temporary file that is still there then is that of a damaged set.
+static void KeepNotes(const NoteFiles& files, const NoteSet& set, const NoteTime& now) {
+    const std::string name = NoteSetName(set);
+    KeepLeftOver(files, name, now.seconds);
+    NoteSet onDisk = ReadWholeSet(files, set.dataFileName).value_or(set);
+    StampFiles(files, onDisk);  // its index file is no longer there, and need not be read again for that
+    KeepAllNotes(files, name, std::move(onDisk), KeptReason::kDeleted, now.seconds);
+    if (std::optional<NoteSet> twin = ReadWholeSet(files, set.dataFileName + kTempEnding))
+        KeepAllNotes(files, name, std::move(*twin), KeptReason::kLeftOver, now.seconds);
+}
+
+bool DeleteNoteSet(const NoteFiles& files, NoteSets& notes, const NoteTime& now) {
     assert(CurrentSet(notes) != nullptr && notes.sets.size() > 1);
     const NoteSet& set = *CurrentSet(notes);
-    if (!files.remove(files.device, IndexFileName(set))) return false;
+    if (!CopyAndRemoveIndex(files, set, now)) return false;
+    KeepNotes(files, set, now);
     files.remove(files.device, set.dataFileName);
     files.remove(files.device, set.dataFileName + kTempEnding);
     if (IsDevotional(notes)) {

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "notes/note_sets.h"
+#include "notes/note_time.h"
 
 inline constexpr std::size_t kNoteSetNameLimit = 99;  // characters that a user may type
 inline constexpr char kRenameFailed[] =
@@ -17,16 +18,18 @@ inline constexpr char kOnlyOneSet[] =
     "You only have one note set remaining. You must have at least one note set in Versewell. Create a new note set "
     "before deleting this set.";
 
-// Creates an empty set named `name` and adds it as the last one; the current set does not change. Returns the message
-// for the user; empty on success. Nothing changes if the set's files already exist, the name cannot be stored or there
-// are already kNoteSetLimit sets.
+// Creates an empty set named `name`, which goes on with the earlier notes of a deleted set of that name, and adds it as
+// the last one; the current set does not change. Returns the message for the user; empty on success. Nothing changes if
+// the set's files already exist, the name cannot be stored or there are already kNoteSetLimit sets.
 std::string CreateNoteSet(const NoteFiles& files, NoteSets& notes, const std::string& name);
 
 // Why no set named `name` can be added, as a message for the user; empty if one can.
 std::string ReasonAgainstNewSet(const NoteFiles& files, const NoteSets& notes, const std::string& name);
 
 // Renames the current set to `name`: its data file, its index file and, ignoring failures, its devotional table (if it
-// is the devotional set) and what a failed save left. Returns the message for the user; empty on success.
+// is the devotional set) and what a failed save left. Its earlier notes and backups (notes/note_history.h,
+// notes/note_backup.h) get the new name too; if the program is stopped before, they keep the old one. Returns the
+// message for the user; empty on success.
 //
 // If the data file cannot be renamed, nothing changes. If the index file cannot, the data file already has its new name
 // and the set is unusable until the next start, which finds the notes under their new name: until then it has the name
@@ -37,6 +40,8 @@ std::string RenameNoteSet(const NoteFiles& files, NoteSets& notes, const std::st
 std::string QuestionBeforeDeleting(const NoteSets& notes);
 
 // Deletes the current set: its index file and, ignoring failures, its data file, its devotional table (if it is the
-// devotional set) and what a failed save left. Set 0 becomes the current one. If the index file cannot be deleted,
-// returns false and changes nothing. There must be another set.
-bool DeleteNoteSet(const NoteFiles& files, NoteSets& notes);
+// devotional set) and what a failed save left. Before, the set is copied as the backup of `now`, and its notes and
+// those of a failed save are put among the earlier notes; a failure of the latter is ignored, as the copy has them. Set
+// 0 becomes the current one. If the set cannot be copied or the index file cannot be deleted, returns false and changes
+// nothing. There must be another set.
+bool DeleteNoteSet(const NoteFiles& files, NoteSets& notes, const NoteTime& now);

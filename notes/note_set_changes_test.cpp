@@ -5,6 +5,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "notes/note_backup.h"
+#include "notes/note_history.h"
 #include "notes/note_recovery.h"
 #include "tests/support/fake_note_files.h"
 #include "tests/support/native_scripture.h"
@@ -12,8 +14,11 @@
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
+using testing::IsSupersetOf;
 using testing::StartsWith;
 using testing::UnorderedElementsAre;
+
+static const NoteTime kNow = {"2024-12-31", 1735603200, 3723};
 
 // Sets that have been loaded; each has a note for Genesis 1:1 that names the set.
 struct SetsOnDisk {
@@ -254,6 +259,30 @@ TEST(RenameNoteSet, ReportsAnInvalidName) {
     EXPECT_THAT(disk.fakes.log, IsEmpty());
 }
 
+TEST(RenameNoteSet, TakesEarlierNotesAndBackupsWithIt) {
+    for (const bool isIndexStuck : {false, true}) {
+        SetsOnDisk disk;
+        Open(disk, {"a", "b"});
+        const EarlierNote note = {kNow.seconds, 5, KeptReason::kReplaced, "earlier"};
+        KeepEarlierNotes(disk.files, "a", {&note, 1});
+        KeepBackup(disk.files, disk.notes.sets[0], "2024-12-30");
+        if (isIndexStuck) disk.fakes.unrenamable = {"a.nmi"};
+        EXPECT_EQ(RenameNoteSet(disk.files, disk.notes, "c"), isIndexStuck ? kRenameFailed : "");
+        EXPECT_THAT(AllEarlierNotes(disk.files, "c"), ElementsAre(note));
+        EXPECT_THAT(AllEarlierNotes(disk.files, "a"), IsEmpty());
+        EXPECT_THAT(AllBackups(disk.files), ElementsAre(SetBackup{"c", "2024-12-30", ""}));
+    }
+}
+
+TEST(RenameNoteSet, LeavesEarlierNotesWhenItFails) {
+    SetsOnDisk disk;
+    Open(disk, {"a", "b"});
+    const EarlierNote note = {kNow.seconds, 5, KeptReason::kReplaced, "earlier"};
+    KeepEarlierNotes(disk.files, "a", {&note, 1});
+    EXPECT_EQ(RenameNoteSet(disk.files, disk.notes, "b"), kRenameFailed);
+    EXPECT_THAT(AllEarlierNotes(disk.files, "a"), ElementsAre(note));
+}
+
 // ---- Delete ---------------------------------------------------------------------------------------------------------
 
 TEST(DeleteNoteSet, QuestionHasTheNameAndADevotionalWarning) {
@@ -282,12 +311,14 @@ TEST(DeleteNoteSet, SelectsTheFirstSetAndKeepsTheDevotionalOne) {
         const std::string name(1, static_cast<char>('a' + row.deleted));
         disk.fakes.contents[name + ".nmd.temp"] = {1};
         disk.notes.currentSet = row.deleted;
-        EXPECT_TRUE(DeleteNoteSet(disk.files, disk.notes));
+        EXPECT_TRUE(DeleteNoteSet(disk.files, disk.notes, kNow));
         EXPECT_EQ(NamesOf(disk.notes), row.left);
         EXPECT_EQ(disk.notes.currentSet, 0);
         EXPECT_EQ(disk.notes.devotionalSet, row.devotionalAfter);
-        EXPECT_EQ(disk.fakes.log[0], "remove " + name + ".nmi");
-        EXPECT_EQ(disk.fakes.log[1], "remove " + name + ".nmd");
+        const auto stepOf = [&](const std::string& step) {
+            return std::ranges::find(disk.fakes.log, step) - disk.fakes.log.begin();
+        };
+        EXPECT_LT(stepOf("remove " + name + ".nmi"), stepOf("remove " + name + ".nmd"));
         for (const char* ending : {".nmi", ".nmd", ".nmd.temp"})
             EXPECT_FALSE(disk.fakes.contents.contains(name + ending)) << ending;
         EXPECT_EQ(disk.fakes.contents.contains(std::string(row.devotional) + ".dti"),
@@ -303,7 +334,7 @@ TEST(DeleteNoteSet, ChangesNothingWhenTheIndexCannotBeDeleted) {
     disk.notes.currentSet = 1;
     disk.fakes.undeletable = {"b.nmi"};
     const auto before = disk.fakes.contents;
-    EXPECT_FALSE(DeleteNoteSet(disk.files, disk.notes));
+    EXPECT_FALSE(DeleteNoteSet(disk.files, disk.notes, kNow));
     EXPECT_EQ(disk.fakes.contents, before);
     EXPECT_EQ(disk.notes.currentSet, 1);
     EXPECT_EQ(disk.notes.devotionalSet, 1);
@@ -314,8 +345,85 @@ TEST(DeleteNoteSet, IgnoresOtherFilesThatCannotBeDeleted) {
     SetsOnDisk disk;
     Open(disk, {"a", "b"}, "a");
     disk.fakes.undeletable = {"a.nmd", "a.dti"};
-    EXPECT_TRUE(DeleteNoteSet(disk.files, disk.notes));
+    EXPECT_TRUE(DeleteNoteSet(disk.files, disk.notes, kNow));
     EXPECT_THAT(NamesOf(disk.notes), ElementsAre("b"));
     EXPECT_EQ(disk.notes.devotionalSet, kNoDevotionalSet);
-    EXPECT_THAT(FilesOf(disk), ElementsAre("a.dti", "a.nmd", "b.nmd", "b.nmi"));
+    EXPECT_THAT(FilesOf(disk), IsSupersetOf({"a.dti", "a.nmd", "b.nmd", "b.nmi"}));
+    EXPECT_FALSE(disk.fakes.contents.contains("a.nmi"));
+}
+
+TEST(DeleteNoteSet, LeavesACopyAndTheNotes) {
+    for (const bool knowsLinks : {true, false}) {
+        SetsOnDisk disk;
+        Open(disk, {"a", "b"}, "a");
+        const FakeSet typed = FakeSetOf({{0, "in a"}, {7, "typed"}});
+        disk.fakes.contents["a.nmd.temp"] = typed.data;
+        disk.fakes.knowsLinks = knowsLinks;
+        EXPECT_TRUE(DeleteNoteSet(disk.files, disk.notes, kNow));
+        EXPECT_THAT(FilesOf(disk),
+                    ElementsAre("b.nmd", "b.nmi", "backup/a 2024-12-31 010203.dti", "backup/a 2024-12-31 010203.nmd",
+                                "backup/a 2024-12-31 010203.nmi", "backup/a.nmh"));
+        const FakeSet set = FakeSetOf({{0, "in a"}});
+        EXPECT_TRUE(disk.fakes.contents["backup/a 2024-12-31 010203.nmd"] == set.data);
+        EXPECT_TRUE(disk.fakes.contents["backup/a 2024-12-31 010203.nmi"] == set.index);
+        EXPECT_EQ(disk.fakes.contents["backup/a 2024-12-31 010203.dti"], std::vector<unsigned char>({1, 0, 0, 0}));
+        EXPECT_THAT(AllEarlierNotes(disk.files, "a"),
+                    ElementsAre(EarlierNote{kNow.seconds, 7, KeptReason::kLeftOver, "typed"},
+                                EarlierNote{kNow.seconds, 0, KeptReason::kDeleted, "in a"}));
+    }
+}
+
+// The offsets in memory are those of a save that could not delete the old data file.
+TEST(DeleteNoteSet, KeepsTheNotesAsTheyAreOnTheDisk) {
+    SetsOnDisk disk;
+    Open(disk, {"a", "b"});
+    for (std::size_t verse = 1; verse < disk.notes.sets[0].offsets.size(); ++verse) ++disk.notes.sets[0].offsets[verse];
+    EXPECT_TRUE(DeleteNoteSet(disk.files, disk.notes, kNow));
+    EXPECT_THAT(AllEarlierNotes(disk.files, "a"),
+                ElementsAre(EarlierNote{kNow.seconds, 0, KeptReason::kDeleted, "in a"}));
+}
+
+TEST(DeleteNoteSet, KeepsTheWholeCopyOfADamagedSet) {
+    SetsOnDisk disk;
+    Open(disk, {"a", "b"});
+    disk.fakes.contents["a.nmd.temp"] = disk.fakes.contents["a.nmd"];
+    disk.fakes.contents["a.nmd"].resize(3);
+    EXPECT_TRUE(DeleteNoteSet(disk.files, disk.notes, kNow));
+    EXPECT_THAT(AllEarlierNotes(disk.files, "a"),
+                testing::Contains(EarlierNote{kNow.seconds, 0, KeptReason::kLeftOver, "in a"}));
+    EXPECT_EQ(disk.fakes.contents["backup/a 2024-12-31 010203.nmd"].size(), 3u);
+}
+
+TEST(DeleteNoteSet, ChangesNothingWhenTheSetCannotBeCopied) {
+    for (int fault = 0; fault < 4; ++fault) {
+        SCOPED_TRACE(fault);
+        SetsOnDisk disk;
+        Open(disk, {"a", "b"}, "a");
+        disk.fakes.knowsLinks = false;
+        if (fault == 0) disk.fakes.uncreatable = {"backup"};
+        if (fault == 1) disk.fakes.uncreatable = {"backup/a 2024-12-31 010203.dti.temp"};
+        if (fault == 2) disk.fakes.uncreatable = {"backup/a 2024-12-31 010203.nmi.temp"};
+        if (fault == 3) disk.fakes.room = 140000;
+        const auto before = disk.fakes.contents;
+        EXPECT_FALSE(DeleteNoteSet(disk.files, disk.notes, kNow));
+        EXPECT_TRUE(disk.fakes.contents == before);
+        EXPECT_EQ(disk.notes.sets.size(), 2u);
+    }
+}
+
+TEST(DeleteNoteSet, NeedsNoCopyOfASetWithoutData) {
+    SetsOnDisk disk;
+    Open(disk, {"a", "b"});
+    disk.fakes.contents.erase("a.nmd");
+    EXPECT_TRUE(DeleteNoteSet(disk.files, disk.notes, kNow));
+    EXPECT_THAT(FilesOf(disk), ElementsAre("b.nmd", "b.nmi"));
+}
+
+TEST(CreateNoteSet, GoesOnWithTheEarlierNotesOfItsName) {
+    SetsOnDisk disk;
+    Open(disk, {"a", "b"});
+    EXPECT_TRUE(DeleteNoteSet(disk.files, disk.notes, kNow));
+    EXPECT_EQ(CreateNoteSet(disk.files, disk.notes, "a"), "");
+    EXPECT_EQ(AllEarlierNotes(disk.files, "a").size(), 1u);
+    EXPECT_EQ(BackupsOf(disk.files, "a").size(), 1u);
 }

@@ -1,5 +1,6 @@
 // Kills the program at each file operation of a save in turn, also in the middle of each write, and starts it again.
-// All notes must still be there; the edited one must be complete, in its old or in its new version.
+// All notes must still be there; the edited one must be complete, in its old or in its new version, and its other
+// version must be among the earlier notes if it was on the disk.
 
 #include <windows.h>
 
@@ -100,11 +101,13 @@ static bool KillWhileSaving(const Program& program, const NoteEdit& edit, unsign
     return true;
 }
 
-// Starts again on the files that were left. A message box must report a repair, and only a repair. If the note was not
-// saved, its text is offered and refused.
-static Program StartAgain(const ScratchFolder& folder, SaveState found) {
+// Starts again on the files that were left. A message box must report a repair or a text that a temporary file has, and
+// only these. If the note was not saved, its text is offered and refused.
+static Program StartAgain(const ScratchFolder& folder, SaveState found, const NoteEdit& edit) {
+    const bool isMended =
+        found == SaveState::kNoData || found == SaveState::kIndexStale || found == SaveState::kIndexTorn;
     Program program = LaunchProgram(folder);
-    if (found == SaveState::kNoData || found == SaveState::kIndexStale || found == SaveState::kIndexTorn) {
+    if (isMended || (found == SaveState::kTempWhole && *edit.after != '\0')) {
         const HWND box = WaitForDialog(program, "Note Sets");
         EXPECT_THAT(MessageText(box), testing::HasSubstr("\"Mine\""));
         PostMessageA(box, WM_COMMAND, IDOK, 0);
@@ -118,6 +121,18 @@ static Program StartAgain(const ScratchFolder& folder, SaveState found) {
     }
     EXPECT_FALSE(HasDialog(program));
     return program;
+}
+
+static void ExpectOtherVersion(const ScratchFolder& folder, SaveState found, const NoteEdit& edit) {
+    static constexpr int kReplaced = 1, kLeftOver = 6;
+    const std::vector<KeptNote> notes = KeptNotes(folder, "Mine");
+    const auto isKept = [&](int reason, const char* text) {
+        return std::ranges::find(notes, KeptNote{edit.verse, reason, text}) != notes.end();
+    };
+    EXPECT_TRUE(found < SaveState::kNoData || isKept(kReplaced, kNoteBefore));
+    if (found != SaveState::kTempWhole) return;
+    EXPECT_FALSE(HasFile(folder, "Mine.nmd.temp"));
+    EXPECT_TRUE(*edit.after == '\0' || isKept(kLeftOver, edit.after));
 }
 
 // Starts with the note in its state before the edit.
@@ -145,9 +160,10 @@ static void KillAtEveryFileOperation(const NoteEdit& edit) {
         EXPECT_TRUE(isKilled || found == kSaved);
 
         const bool isNew = found >= kNoData;
-        program = StartAgain(folder, found);
+        program = StartAgain(folder, found, edit);
         EXPECT_EQ(TextOf(NoteViewOf(program)), isNew ? edit.shown : kNoteBefore);
         ExpectFilesOf(folder, NotesWith(edit, isNew ? edit.after : kNoteBefore));
+        ExpectOtherVersion(folder, found, edit);
         if (isNew && isKilled) {
             program = {};
             program = StartAnew(folder, edit);

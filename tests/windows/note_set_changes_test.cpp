@@ -1,6 +1,7 @@
 // Creating, renaming and deleting note sets: dialogs, questions, tabs and files.
 
 #include <algorithm>
+#include <filesystem>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -13,6 +14,13 @@ using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::Not;
+
+static std::vector<std::string> NamesInBackup(const ScratchFolder& folder) {
+    std::vector<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(folder.path / "backup"))
+        names.push_back(entry.path().filename().string());
+    return names;
+}
 
 static HWND TabsOf(const Program& program) {
     return Child(program.frame, {IDC_NOTE_TABS});
@@ -259,6 +267,10 @@ TEST(NoteSetDeletion, AsksFirstAndThenShowsTheFirstSet) {
     EXPECT_EQ(NoteOf(program), "in " + sets[0]);
     EXPECT_FALSE(HasFile(folder, "b.c.nmi"));
     EXPECT_FALSE(HasFile(folder, "b.c.nmd"));
+    EXPECT_THAT(NamesInBackup(folder),
+                testing::UnorderedElementsAre(testing::MatchesRegex("b\\.c ....-..-.. ......\\.nmd"),
+                                              testing::MatchesRegex("b\\.c ....-..-.. ......\\.nmi"), "b.c.nmh"));
+    EXPECT_THAT(KeptNotes(folder, "b.c"), ElementsAre(KeptNote{1, 5, "in b.c"}));  // deleted
 
     ClickTab(program, TabsOf(program), 1);
     {
