@@ -10,6 +10,7 @@
 #include <cstdio>
 #include <filesystem>
 
+#include "notes/note_history.h"
 #include "notes/note_recovery.h"
 #include "notes/note_saving.h"
 #include "notes/note_search.h"
@@ -89,6 +90,14 @@ static void CopyAndFlush(const std::string& from, const std::string& to) {
     close(target);
 }
 
+static void AppendAndFlush(const std::string& to, std::size_t size) {
+    static const std::vector<unsigned char> bytes(2 * kNoteSize);
+    const int target = open(to.c_str(), O_WRONLY | O_CREAT | O_APPEND, 0644);
+    if (write(target, bytes.data(), std::min(size, bytes.size())) < 0) std::abort();
+    fsync(target);
+    close(target);
+}
+
 // Like a save: the copy replaces the old data file, and the index is overwritten.
 static void CopyBothFiles(const std::string& folder) {
     CopyAndFlush(folder + "Copy.nmd", folder + "Copy.nmd.temp");
@@ -157,7 +166,15 @@ static void Measure(const std::string& folder) {
     std::string text = TextOfNote(kVerseCount / 2);
     SaveMiddle(files, notes, text);  // the first save makes the backup of the day
     Print("save a note in the middle", Compare([&] { SaveMiddle(files, notes, text); }, [&] { CopyBothFiles(folder); }),
-          "aim: at most 1.5");
+          "aim: at most 1.5, with the text that it replaces kept");
+    const EarlierNote note = {1735603200, kVerseCount / 2, KeptReason::kReplaced, text};
+    Print("of that, keep the replaced text",
+          Compare(
+              [&] {
+                  KeepEarlierNotes(files, "Large", {&note, 1});
+              },
+              [&] { AppendAndFlush(folder + "Copy.nmh", text.size() + 24); }),
+          "the same however many are kept");
 }
 
 int main(int argc, char** argv) {
