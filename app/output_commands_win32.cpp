@@ -70,9 +70,9 @@ void CopyReferences(int) {
 // ---- Saving ---------------------------------------------------------------------------------------------------------
 
 // Creates a file at `path`, replacing an existing one. Null if that fails.
-static OwnedFile CreateTextFile(const std::string& path) {
+static OwnedFile CreateTextFile(const std::wstring& path) {
     const HANDLE file =
-        CreateFileA(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+        CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
     return OwnedFile(file == INVALID_HANDLE_VALUE ? nullptr : file);
 }
 
@@ -125,7 +125,7 @@ void SaveRange(int) {
 
 void SaveVerseList(int) {
     if (ListedVerses().empty()) return;
-    const std::string path = AskTextFileToSave(theFrame.window, kVerseListFile);
+    const std::wstring path = AskTextFileToSave(theFrame.window, kVerseListFile);
     if (path.empty()) return;
     Save([&] {
         const OwnedFile file = CreateTextFile(path);

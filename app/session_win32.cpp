@@ -1,7 +1,6 @@
 #include "app/session_win32.h"
 
 #include <algorithm>
-#include <array>
 #include <optional>
 #include <string>
 #include <utility>
@@ -18,6 +17,7 @@
 #include "scripture/scripture_win32.h"
 #include "win32/controls.h"
 #include "win32/crash_dump.h"
+#include "win32/files.h"
 
 static constexpr char kCaption[] = "Versewell97";
 static constexpr char kNotKept[] =
@@ -133,9 +133,7 @@ bool NextMessage(MSG& message) {
 // ---- The last session -----------------------------------------------------------------------------------------------
 
 static std::wstring CrashFolder() {
-    std::array<wchar_t, 1024> folder{};
-    GetCurrentDirectoryW(static_cast<DWORD>(folder.size()), folder.data());
-    return std::wstring(folder.data()) + L"\\crash";
+    return WorkingFilePath("crash");
 }
 
 static void TellOfCrashes() {

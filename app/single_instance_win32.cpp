@@ -17,26 +17,28 @@ static constexpr char kOpenElsewhere[] =
 
 // The same path for a folder no matter whether it was opened by a short name, a mapped drive or a link. `folder` itself
 // if the system cannot tell.
-static std::string CanonicalFolder(const std::string& folder) {
-    const HANDLE opened = CreateFileA(folder.c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+static std::wstring CanonicalFolder(const std::wstring& folder) {
+    const HANDLE opened = CreateFileW(folder.c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
                                       nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
     if (opened == INVALID_HANDLE_VALUE) return folder;
     const OwnedFile owned(opened);
-    std::string path(1024, '\0');
-    const DWORD length = GetFinalPathNameByHandleA(opened, path.data(), static_cast<DWORD>(path.size()), 0);
-    if (length == 0 || length >= path.size()) return folder;
-    path.resize(length);
-    return path;
+    return FinalPath(opened, folder);
 }
 
 // A hash of the working folder's path. The name of a mutex is limited in length and must not contain backslashes, and
-// a window property is a number. 32 bits in every build, so that 32-bit and 64-bit copies find each other.
+// a window property is a number. 32 bits in every build, so that 32-bit and 64-bit copies find each other. The upper
+// half of a letter only counts if it is not 0, so that for most paths the number is that of earlier versions, which
+// took the path in the code page.
 static std::uint32_t FolderNumber() {
-    std::string folder = CanonicalFolder(WorkingFilePath(""));
-    CharLowerBuffA(folder.data(), static_cast<DWORD>(folder.size()));
-    while (folder.ends_with('\\')) folder.pop_back();
+    std::wstring folder = CanonicalFolder(WorkingFilePath(""));
+    CharLowerBuffW(folder.data(), static_cast<DWORD>(folder.size()));
+    while (folder.ends_with(L'\\')) folder.pop_back();
     std::uint32_t number = 2166136261u;  // FNV-1a
-    for (const char c : folder) number = (number ^ static_cast<unsigned char>(c)) * 16777619u;
+    const auto add = [&number](unsigned part) { number = (number ^ part) * 16777619u; };
+    for (const wchar_t letter : folder) {
+        add(letter & 0xFFu);
+        if (letter > 0xFF) add(static_cast<unsigned>(letter) >> 8);
+    }
     return number | 1;  // 0 means that a window lacks the property
 }
 

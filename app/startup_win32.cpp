@@ -4,6 +4,7 @@
 
 #include "app/frame_win32.h"
 #include "app/passage_commands_win32.h"
+#include "app/profile_file_win32.h"
 #include "app/toolbar_win32.h"
 #include "notes/note_editor_window.h"
 #include "notes/note_tabs_win32.h"
@@ -25,39 +26,15 @@
 
 // ---- The settings file ----------------------------------------------------------------------------------------------
 
-static const char* PathOf(void* device) {
-    return static_cast<const std::string*>(device)->c_str();
-}
-
-static int ReadInteger(void* device, const char* section, const char* key, int missing) {
-    return static_cast<int>(GetPrivateProfileIntA(section, key, missing, PathOf(device)));
-}
-
-static std::string ReadText(void* device, const char* section, const char* key, const char* missing, int limit) {
-    std::string text(static_cast<std::size_t>(limit) + 1, '\0');
-    const DWORD length =
-        GetPrivateProfileStringA(section, key, missing, text.data(), static_cast<DWORD>(text.size()), PathOf(device));
-    text.resize(length);
-    return text;
-}
-
-static void WriteText(void* device, const char* section, const char* key, const char* text) {
-    WritePrivateProfileStringA(section, key, text, PathOf(device));
-}
-
-static void RemoveKey(void* device, const char* section, const char* key) {
-    WritePrivateProfileStringA(section, key, nullptr, PathOf(device));
-}
-
 // The full path, because the system looks for a bare name in the Windows folder.
 ProfileFile SettingsProfile() {
-    static std::string path = WorkingFilePath(kSettingsFile);
-    return {&path, ReadInteger, ReadText, WriteText, RemoveKey};
+    static std::wstring path = WorkingFilePath(kSettingsFile);
+    return ProfileAt(path);
 }
 
 static ProfileFile MoreSettingsProfile() {
-    static std::string path = WorkingFilePath(kMoreSettingsFile);
-    return {&path, ReadInteger, ReadText, WriteText, RemoveKey};
+    static std::wstring path = WorkingFilePath(kMoreSettingsFile);
+    return ProfileAt(path);
 }
 
 static std::optional<SettingTexts> firstSettings;
@@ -233,11 +210,11 @@ SettingTexts CurrentSettingTexts() {
 static bool ReplaceSettings() {
     const NoteFiles& files = TheNoteFiles();
     const std::string copy = std::string(kSettingsFile) + kTempEnding;
-    std::string path = std::string(PathOf(SettingsProfile().device)) + kTempEnding;
+    std::wstring path = WorkingFilePath(copy);
     files.remove(files.device, copy);
     const bool isCopied = !files.stamp(files.device, kSettingsFile).exists || CopyWholeFile(files, kSettingsFile, copy);
-    if (isCopied) SaveCurrentSettings({&path, ReadInteger, ReadText, WriteText, RemoveKey});
-    WritePrivateProfileStringA(nullptr, nullptr, nullptr, path.c_str());  // what the system may hold back
+    if (isCopied) SaveCurrentSettings(ProfileAt(path));
+    WritePrivateProfileStringW(nullptr, nullptr, nullptr, path.c_str());  // what the system may hold back
     if (isCopied && files.append(files.device, copy, {}) && files.replace(files.device, copy, kSettingsFile))
         return true;
     files.remove(files.device, copy);

@@ -2,36 +2,33 @@
 
 #include <array>
 #include <cstdio>
+#include <utility>
 
 #include "win32/files.h"
 
 NoteSets theNoteSets;
 
-static const std::string& FolderOf(void* device) {
-    return *static_cast<const std::string*>(device);
+static const std::wstring& FolderOf(void* device) {
+    return *static_cast<const std::wstring*>(device);
 }
 
-static std::string PathOf(void* device, const std::string& name) {
-    return FolderOf(device) + name;
+static std::wstring PathOf(void* device, const std::string& name) {
+    return PathIn(FolderOf(device), name);
 }
 
 // ---- Whole files ----------------------------------------------------------------------------------------------------
 
+// A name with letters that the code page lacks is left out: the notes could not name the file, or would name another.
 static std::vector<std::string> List(void* device, const std::string& pattern) {
     std::vector<std::string> names;
-    WIN32_FIND_DATAA found;
-    const HANDLE search = FindFirstFileA(PathOf(device, pattern).c_str(), &found);
-    if (search == INVALID_HANDLE_VALUE) return names;
-    do {
-        if ((found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0) names.emplace_back(found.cFileName);
-    } while (FindNextFileA(search, &found));
-    FindClose(search);
+    for (const std::wstring& found : FilesIn(FolderOf(device), pattern.c_str()))
+        if (auto name = Narrow(found)) names.push_back(std::move(*name));
     return names;
 }
 
 static OwnedFile OpenToRead(void* device, const std::string& name) {
-    const std::string path = PathOf(device, name);
-    const HANDLE file = CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
+    const std::wstring path = PathOf(device, name);
+    const HANDLE file = CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
                                     FILE_ATTRIBUTE_NORMAL, nullptr);
     return OwnedFile(file == INVALID_HANDLE_VALUE ? nullptr : file);
 }
@@ -67,14 +64,14 @@ static std::uint64_t Joined(DWORD high, DWORD low) {
 
 static NoteFileStamp Stamp(void* device, const std::string& name) {
     WIN32_FILE_ATTRIBUTE_DATA file;
-    if (!GetFileAttributesExA(PathOf(device, name).c_str(), GetFileExInfoStandard, &file)) return {};
+    if (!GetFileAttributesExW(PathOf(device, name).c_str(), GetFileExInfoStandard, &file)) return {};
     return {true, Joined(file.nFileSizeHigh, file.nFileSizeLow),
             Joined(file.ftLastWriteTime.dwHighDateTime, file.ftLastWriteTime.dwLowDateTime)};
 }
 
 static void* OpenUnshared(void* device, const std::string& name, DWORD access, DWORD disposition) {
     const HANDLE file =
-        CreateFileA(PathOf(device, name).c_str(), access, 0, nullptr, disposition, FILE_FLAG_SEQUENTIAL_SCAN, nullptr);
+        CreateFileW(PathOf(device, name).c_str(), access, 0, nullptr, disposition, FILE_FLAG_SEQUENTIAL_SCAN, nullptr);
     return file == INVALID_HANDLE_VALUE ? nullptr : file;
 }
 
@@ -90,39 +87,24 @@ static bool Create(void* device, const std::string& name, std::span<const unsign
     if (!file) return false;
     const bool whole = Write(device, file.get(), bytes) && FlushFileBuffers(file.get());
     file.reset();
-    if (!whole) DeleteFileA(PathOf(device, name).c_str());
+    if (!whole) DeleteFileW(PathOf(device, name).c_str());
     return whole;
 }
 
 static bool Remove(void* device, const std::string& name) {
-    return DeleteFileA(PathOf(device, name).c_str());
-}
-
-// Retries because an indexer or a virus scanner may have the file open for a moment.
-static bool Move(void* device, const std::string& from, const std::string& to, DWORD flags) {
-    static constexpr int kTries = 5;
-    static constexpr DWORD kPause = 40;  // milliseconds
-    const std::string fromPath = PathOf(device, from);
-    const std::string toPath = PathOf(device, to);
-    for (int tries = 1; !MoveFileExA(fromPath.c_str(), toPath.c_str(), flags | MOVEFILE_WRITE_THROUGH); ++tries) {
-        const DWORD error = GetLastError();
-        const bool isInUse = error == ERROR_ACCESS_DENIED || error == ERROR_SHARING_VIOLATION;
-        if (tries == kTries || !isInUse) return false;
-        Sleep(kPause);
-    }
-    return true;
+    return DeleteFileW(PathOf(device, name).c_str());
 }
 
 static bool Rename(void* device, const std::string& from, const std::string& to) {
-    return Move(device, from, to, 0);
+    return MoveWithPatience(PathOf(device, from), PathOf(device, to), 0);
 }
 
 static bool Replace(void* device, const std::string& from, const std::string& to) {
-    return Move(device, from, to, MOVEFILE_REPLACE_EXISTING);
+    return MoveWithPatience(PathOf(device, from), PathOf(device, to), MOVEFILE_REPLACE_EXISTING);
 }
 
 static bool Append(void* device, const std::string& name, std::span<const unsigned char> bytes) {
-    const HANDLE file = CreateFileA(PathOf(device, name).c_str(), FILE_APPEND_DATA, 0, nullptr, OPEN_ALWAYS,
+    const HANDLE file = CreateFileW(PathOf(device, name).c_str(), FILE_APPEND_DATA, 0, nullptr, OPEN_ALWAYS,
                                     FILE_ATTRIBUTE_NORMAL, nullptr);
     if (file == INVALID_HANDLE_VALUE) return false;
     const OwnedFile owned(file);
@@ -130,13 +112,13 @@ static bool Append(void* device, const std::string& name, std::span<const unsign
 }
 
 static bool Link(void* device, const std::string& from, const std::string& to) {
-    return CreateHardLinkA(PathOf(device, to).c_str(), PathOf(device, from).c_str(), nullptr);
+    return CreateHardLinkW(PathOf(device, to).c_str(), PathOf(device, from).c_str(), nullptr);
 }
 
 static bool MakeFolder(void* device, const std::string& name) {
-    const std::string path = PathOf(device, name);
-    if (CreateDirectoryA(path.c_str(), nullptr)) return true;
-    const DWORD attributes = GetFileAttributesA(path.c_str());
+    const std::wstring path = PathOf(device, name);
+    if (CreateDirectoryW(path.c_str(), nullptr)) return true;
+    const DWORD attributes = GetFileAttributesW(path.c_str());
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
 }
 
@@ -162,9 +144,8 @@ static void Close(void*, void* file) {
     CloseHandle(file);
 }
 
-const NoteFiles& TheNoteFiles() {
-    static std::string folder = WorkingFilePath("");
-    static const NoteFiles files = {
+NoteFiles NoteFilesIn(std::wstring& folder) {
+    return {
         .device = &folder,
         .list = List,
         .read = Read,
@@ -184,6 +165,11 @@ const NoteFiles& TheNoteFiles() {
         .flush = Flush,
         .close = Close,
     };
+}
+
+const NoteFiles& TheNoteFiles() {
+    static std::wstring folder = WorkingFilePath("");
+    static const NoteFiles files = NoteFilesIn(folder);
     return files;
 }
 

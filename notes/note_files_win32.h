@@ -1,13 +1,17 @@
 // The program's note sets and their files in the working directory.
 #pragma once
 
+#include <string>
+
 #include "notes/note_sets.h"
 #include "notes/note_time.h"
 
 extern NoteSets theNoteSets;
 
-// File access in the directory that was current at the first call, so that dialogs that change the current directory
-// later do not affect the notes.
+// Files in `folder`, a full path that must outlive the result.
+NoteFiles NoteFilesIn(std::wstring& folder);
+
+// Files in the working directory.
 const NoteFiles& TheNoteFiles();
 
 // The system's time and, in the user's time zone, its day.

@@ -12,7 +12,7 @@ inline constexpr int kWithoutNotes = -1;
 
 struct AskedRange {
     ParsedRange range;
-    std::string path;             // of the file; empty if the dialog does not ask for one
+    std::wstring path;            // of the file; empty if the dialog does not ask for one
     int noteSet = kWithoutNotes;  // index of the set whose notes are included
 };
 

@@ -13,7 +13,7 @@ static std::vector<MappedFile> mappedFiles;
 static bool MapDataFile(void*, const char* name, AccessPattern pattern, std::span<const unsigned char>& bytes) {
     const DWORD access = pattern == AccessPattern::kRandom ? FILE_FLAG_RANDOM_ACCESS : FILE_FLAG_SEQUENTIAL_SCAN;
     MappedFile file;
-    if (!MapWholeFile(ProgramFilePath(name).c_str(), access, file)) return false;
+    if (!MapWholeFile(ProgramFilePath(name), access, file)) return false;
     bytes = file.bytes;
     mappedFiles.push_back(std::move(file));
     return true;

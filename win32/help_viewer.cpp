@@ -3,10 +3,14 @@
 //   WinHelp            if the system has it; controlled with the commands and macros of its interface
 //   Wine's WinHelp     does not accept macros from other programs, but opens a topic given on its command line
 //   the browser        otherwise, with the topic's page
+//
+// The first two know the system's code page only, and paths of at most MAX_PATH letters. Other paths are passed with
+// short names of folders, and if there are none, the page is opened in the browser.
 #include "win32/help_viewer.h"
 
 #include <shellapi.h>
 
+#include <optional>
 #include <string>
 
 #include "win32/controls.h"
@@ -21,13 +25,10 @@ struct HelpPage {
 
 }  // namespace
 
-static bool IsThere(const std::string& path) {
-    return GetFileAttributesA(path.c_str()) != INVALID_FILE_ATTRIBUTES;
-}
-
 // Like all procedures here that open something, returns whether it succeeded.
-static bool OpenWithShell(HWND owner, const std::string& file, const std::string& arguments) {
-    const HINSTANCE result = ShellExecuteA(owner, "open", file.c_str(), arguments.c_str(), nullptr, SW_SHOWNORMAL);
+static bool OpenWithShell(HWND owner, const std::wstring& file, const std::string& arguments) {
+    const HINSTANCE result =
+        ShellExecuteW(owner, L"open", file.c_str(), Wide(arguments).c_str(), nullptr, SW_SHOWNORMAL);
     return reinterpret_cast<INT_PTR>(result) > 32;
 }
 
@@ -37,20 +38,19 @@ static bool OpenWithShell(HWND owner, const std::string& file, const std::string
 // there is no viewer; the real viewer has hundreds.
 static constexpr DWORD kSmallestViewer = 64 * 1024;
 
-static bool IsViewer(const std::string& path) {
+static bool IsViewer(const std::wstring& path) {
     WIN32_FILE_ATTRIBUTE_DATA file{};
-    return GetFileAttributesExA(path.c_str(), GetFileExInfoStandard, &file) &&
+    return GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &file) &&
            (file.nFileSizeHigh != 0 || file.nFileSizeLow >= kSmallestViewer);
 }
 
 // Path of the installed viewer; empty if there is none.
-static std::string InstalledViewer() {
-    char folder[MAX_PATH] = "";
-    GetWindowsDirectoryA(folder, MAX_PATH);
-    const std::string windows = folder;
-    for (const char* place : {"\\winhlp32.exe", "\\system32\\winhlp32.exe"})
-        if (IsViewer(windows + place)) return windows + place;
-    return "";
+static std::wstring InstalledViewer() {
+    wchar_t folder[MAX_PATH] = L"";
+    GetWindowsDirectoryW(folder, MAX_PATH);
+    for (const char* name : {"winhlp32.exe", "system32\\winhlp32.exe"})
+        if (const std::wstring path = PathIn(folder, Wide(name)); IsViewer(path)) return path;
+    return L"";
 }
 
 // The viewer's window class is part of its interface: the system uses it to find a running viewer.
@@ -62,19 +62,19 @@ static bool IsWine() {
     return GetProcAddress(GetModuleHandleA("ntdll.dll"), "wine_get_version") != nullptr;
 }
 
-static bool BelongsToFile(HWND window, const std::string& path) {
+static bool BelongsToFile(HWND window, const std::wstring& path) {
     DWORD id = 0;
     GetWindowThreadProcessId(window, &id);
     const HANDLE process = OpenProcess(PROCESS_QUERY_LIMITED_INFORMATION, FALSE, id);
     if (process == nullptr) return false;
-    char image[MAX_PATH] = "";
+    wchar_t image[MAX_PATH] = L"";  // the viewer is in the Windows folder, whose path is short
     DWORD length = MAX_PATH;
-    const bool known = QueryFullProcessImageNameA(process, 0, image, &length);
+    const bool known = QueryFullProcessImageNameW(process, 0, image, &length);
     CloseHandle(process);
-    return known && lstrcmpiA(image, path.c_str()) == 0;
+    return known && lstrcmpiW(image, path.c_str()) == 0;
 }
 
-static bool OpenTopicInWine(HWND frame, const std::string& viewer, const std::string& file, const char* topic) {
+static bool OpenTopicInWine(HWND frame, const std::wstring& viewer, const std::string& file, const char* topic) {
     if (RunningViewer() != nullptr) WinHelpA(frame, file.c_str(), HELP_QUIT, 0);
     return OpenWithShell(frame, viewer, std::string("-i ") + topic + " \"" + file + "\"");
 }
@@ -86,22 +86,30 @@ static bool SendToViewer(HWND frame, const std::string& file, const HelpPage& pa
 }
 
 static bool ShowInViewer(HWND frame, const HelpPage& page) {
-    const std::string file = ProgramFilePath(page.file);
-    if (!IsThere(file)) return false;
-    const std::string viewer = InstalledViewer();
+    const std::wstring path = ProgramFilePath(page.file);
+    const std::optional<std::string> file = IsThere(path) ? PathInCodePage(path) : std::nullopt;
+    if (!file) return false;
+    const std::wstring viewer = InstalledViewer();
     const HWND running = RunningViewer();
     if (viewer.empty() && running == nullptr) return false;
     const bool isOther = running != nullptr && !BelongsToFile(running, viewer);
-    if (page.topic != nullptr && IsWine() && !isOther) return OpenTopicInWine(frame, viewer, file, page.topic);
-    return SendToViewer(frame, file, page);
+    if (page.topic != nullptr && IsWine() && !isOther) return OpenTopicInWine(frame, viewer, *file, page.topic);
+    return SendToViewer(frame, *file, page);
 }
 
 // ---- The browser ----------------------------------------------------------------------------------------------------
 
+// The shell accepts any letters, but no long paths.
+static std::wstring ShellPath(const std::wstring& path) {
+    if (path.size() < MAX_PATH) return path;
+    const std::optional<std::string> shorter = PathInCodePage(path);
+    return shorter ? Wide(*shorter) : WithoutLongPrefix(path);
+}
+
 static bool ShowInBrowser(HWND frame, const HelpPage& page) {
     const std::string name = page.topic != nullptr ? page.topic : "index";
-    const std::string path = ProgramFilePath("help\\" + name + ".html");
-    return IsThere(path) && OpenWithShell(frame, path, "");
+    const std::wstring path = ProgramFilePath("help\\" + name + ".html");
+    return IsThere(path) && OpenWithShell(frame, ShellPath(path), "");
 }
 
 static void Open(HWND owner, const HelpPage& page) {
@@ -120,6 +128,7 @@ void OpenHelpTopic(HWND owner, const char* name, const char* topic) {
 }
 
 void CloseHelp(HWND frame, const char* name) {
-    const std::string path = ProgramFilePath(name);
-    if (IsThere(path)) WinHelpA(frame, path.c_str(), HELP_QUIT, 0);
+    const std::wstring path = ProgramFilePath(name);
+    const std::optional<std::string> file = IsThere(path) ? PathInCodePage(path) : std::nullopt;
+    if (file) WinHelpA(frame, file->c_str(), HELP_QUIT, 0);
 }

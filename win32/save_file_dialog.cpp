@@ -1,24 +1,26 @@
 #include "win32/save_file_dialog.h"
 
 #include <algorithm>
-#include <array>
+#include <vector>
 
 #include "win32/windows_api.h"
 
 #include <cderr.h>
 
 #include "win32/controls.h"
+#include "win32/files.h"
 
-static constexpr char kTextFiles[] = "Text Files (*.TXT)\0*.txt\0All Files (*.*)\0*.*\0";
-static constexpr std::size_t kPathLimit = 256;  // characters
+static constexpr wchar_t kTextFiles[] = L"Text Files (*.TXT)\0*.txt\0All Files (*.*)\0*.*\0";
+static constexpr std::size_t kNameLimit = 256;  // characters of the suggested name
+static constexpr std::size_t kPathLimit = 32767;
 
-using PathBuffer = std::array<char, kPathLimit + 1>;
+using PathBuffer = std::vector<wchar_t>;
 
 // Returns 0 for a chosen file or Cancel, otherwise the error from CommDlgExtendedError.
-static DWORD RunSaveDialog(HWND owner, const std::string& name, PathBuffer& path) {
-    path.fill('\0');
-    name.copy(path.data(), kPathLimit);
-    OPENFILENAMEA dialog{};
+static DWORD RunSaveDialog(HWND owner, const std::wstring& name, PathBuffer& path) {
+    path.assign(kPathLimit + 1, L'\0');
+    name.copy(path.data(), kNameLimit);
+    OPENFILENAMEW dialog{};
     dialog.lStructSize = sizeof dialog;
     dialog.hwndOwner = owner;
     dialog.lpstrFilter = kTextFiles;
@@ -26,19 +28,19 @@ static DWORD RunSaveDialog(HWND owner, const std::string& name, PathBuffer& path
     dialog.lpstrFile = path.data();
     dialog.nMaxFile = static_cast<DWORD>(path.size());
     dialog.Flags = OFN_OVERWRITEPROMPT | OFN_PATHMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
-    if (GetSaveFileNameA(&dialog)) return 0;
-    path[0] = '\0';
+    if (GetSaveFileNameW(&dialog)) return 0;
+    path[0] = L'\0';
     return CommDlgExtendedError();
 }
 
-std::string AskTextFileToSave(HWND owner, const std::string& name) {
+std::wstring AskTextFileToSave(HWND owner, const std::string& name) {
     PathBuffer path;
-    DWORD error = RunSaveDialog(owner, name, path);
+    std::wstring suggested = Wide(name);
+    DWORD error = RunSaveDialog(owner, suggested, path);
     if (error == FNERR_INVALIDFILENAME) {  // ":" is not allowed in file names
-        std::string possible = name;
-        std::replace(possible.begin(), possible.end(), ':', '.');
-        error = RunSaveDialog(owner, possible, path);
+        std::replace(suggested.begin(), suggested.end(), L':', L'.');
+        error = RunSaveDialog(owner, suggested, path);
     }
     if (error == FNERR_BUFFERTOOSMALL) Complain(owner, "The file name is too long", kSaveErrorCaption);
-    return path.data();
+    return path[0] == L'\0' ? L"" : FullPath(path.data());
 }

@@ -71,11 +71,11 @@ struct Program {
 };
 
 struct StartOptions {
-    std::string arguments;          // of the command line
-    std::string date;               // "2024-02-29 08:00:00": the program's local time at its start; empty for today
-    std::string locale;             // "ja_JP.UTF-8": where the code page is from; empty for Latin 1. Not with a date
-    std::string programFile;        // empty for Surroundings().program
-    int showState = SW_SHOWNORMAL;  // passed by the starting process; ignored with a date
+    std::string arguments;  // of the command line
+    std::string date;       // "2024-02-29 08:00:00": the program's local time at its start; empty for today
+    std::string locale;     // "ja_JP.UTF-8": where the code page is from; empty for Latin 1. Not with a date
+    std::filesystem::path programFile;  // empty for Surroundings().program
+    int showState = SW_SHOWNORMAL;      // passed by the starting process; ignored with a date
     std::string frameClass = "Versewell97";
 };
 

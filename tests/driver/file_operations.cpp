@@ -45,18 +45,18 @@ static BOOL WINAPI WatchWrite(HANDLE file, LPCVOID bytes, DWORD size, LPDWORD wr
 
 static const Watched* FindWatched(const char* name) {
     static const Watched all[] = {
-        Watch<0>("CreateFileA", CreateFileA),
+        Watch<0>("CreateFileW", CreateFileW),
         Watch<1>("ReadFile", ReadFile),
         {"WriteFile", reinterpret_cast<void*>(&WatchWrite)},
         Watch<2>("FlushFileBuffers", FlushFileBuffers),
         Watch<3>("CloseHandle", CloseHandle),
-        Watch<4>("DeleteFileA", DeleteFileA),
-        Watch<5>("MoveFileExA", MoveFileExA),
-        Watch<6>("CreateHardLinkA", CreateHardLinkA),
-        Watch<7>("CreateDirectoryA", CreateDirectoryA),
-        Watch<8>("FindFirstFileA", FindFirstFileA),
-        Watch<9>("GetFileAttributesA", GetFileAttributesA),
-        Watch<10>("GetFileAttributesExA", GetFileAttributesExA),
+        Watch<4>("DeleteFileW", DeleteFileW),
+        Watch<5>("MoveFileExW", MoveFileExW),
+        Watch<6>("CreateHardLinkW", CreateHardLinkW),
+        Watch<7>("CreateDirectoryW", CreateDirectoryW),
+        Watch<8>("FindFirstFileW", FindFirstFileW),
+        Watch<9>("GetFileAttributesW", GetFileAttributesW),
+        Watch<10>("GetFileAttributesExW", GetFileAttributesExW),
     };
     for (const Watched& watched : all)
         if (std::strcmp(watched.name, name) == 0) return &watched;

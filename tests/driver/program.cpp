@@ -62,8 +62,8 @@ static DWORD FindProcess(const std::string& file) {
 }
 
 // A program with a date or a locale is started by a process of Wine's host, so it has to be found by its file name.
-static void AdoptProgram(Program& program, const std::string& file) {
-    const std::string name = std::filesystem::path(file).filename().string();
+static void AdoptProgram(Program& program, const std::filesystem::path& file) {
+    const std::string name = file.filename().string();
     const auto deadline = std::chrono::steady_clock::now() + kPatience;
     while ((program.processId = FindProcess(name)) == 0) {
         if (std::chrono::steady_clock::now() > deadline) Fail(nullptr, "no process " + name + " appears");
@@ -72,43 +72,49 @@ static void AdoptProgram(Program& program, const std::string& file) {
     program.process.reset(OpenProcess(PROCESS_ALL_ACCESS, FALSE, program.processId));
 }
 
-// On a busy machine, starting a process under Wine occasionally fails with an internal error, so try again.
-static PROCESS_INFORMATION StartProcess(const std::string& commandLine, const std::string& folder, int showState) {
-    STARTUPINFOA startup{};
+// Only for ASCII.
+static std::wstring Widened(const std::string& text) {
+    return {text.begin(), text.end()};
+}
+
+// `file` is null if the command line begins with it; a long path has to be given separately. On a busy machine,
+// starting a process under Wine occasionally fails with an internal error, so try again.
+static PROCESS_INFORMATION StartProcess(const wchar_t* file, const std::wstring& commandLine,
+                                        const std::filesystem::path& folder, int showState) {
+    STARTUPINFOW startup{};
     startup.cb = sizeof startup;
     startup.dwFlags = STARTF_USESHOWWINDOW;
     startup.wShowWindow = static_cast<WORD>(showState);
     PROCESS_INFORMATION started{};
     DWORD error = ERROR_INTERNAL_ERROR;
     for (int tries = 0; tries < 3 && error == ERROR_INTERNAL_ERROR; ++tries) {
-        std::string line = commandLine;  // a copy, because CreateProcess may modify it
-        if (CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, folder.c_str(), &startup,
-                           &started))
+        std::wstring line = commandLine;  // a copy, because CreateProcess may modify it
+        if (CreateProcessW(file, line.data(), nullptr, nullptr, FALSE, 0, nullptr, folder.c_str(), &startup, &started))
             return started;
         error = GetLastError();
     }
-    Fail(nullptr, "cannot start " + commandLine + ", error " + std::to_string(error));
+    Fail(nullptr, "cannot start " + std::filesystem::path(commandLine).string() + ", error " + std::to_string(error));
 }
 
 // For a process of the host, the handles that Wine returns are undefined; closing them could close any other handle.
 void StartOnHost(const ScratchFolder& folder, const std::string& commandLine) {
-    StartProcess(commandLine, folder.path.string(), SW_SHOWNORMAL);
+    StartProcess(nullptr, Widened(commandLine), folder.path, SW_SHOWNORMAL);
 }
 
 Program LaunchProgram(const ScratchFolder& folder, const StartOptions& options) {
-    const std::string file = options.programFile.empty() ? Surroundings().program : options.programFile;
-    const std::string commandLine = "\"" + file + "\" " + options.arguments;
+    const std::filesystem::path file = options.programFile.empty() ? Surroundings().program : options.programFile;
+    const std::wstring commandLine = L"\"" + file.wstring() + L"\" " + Widened(options.arguments);
     Program program;
     program.folder = folder;
     std::string onHost;
     if (!options.date.empty()) onHost = "\"" + Surroundings().dater + "\" \"" + options.date + "\" ";
     if (!options.locale.empty()) onHost = "\"" + Surroundings().localizer + "\" \"" + options.locale + "\" ";
     if (!onHost.empty()) {
-        StartOnHost(folder, onHost + commandLine);
+        StartOnHost(folder, onHost + "\"" + file.string() + "\" " + options.arguments);
         AdoptProgram(program, file);
         return program;
     }
-    const PROCESS_INFORMATION started = StartProcess(commandLine, folder.path.string(), options.showState);
+    const PROCESS_INFORMATION started = StartProcess(file.c_str(), commandLine, folder.path, options.showState);
     CloseHandle(started.hThread);
     program.process.reset(started.hProcess);
     program.processId = started.dwProcessId;

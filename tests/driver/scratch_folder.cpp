@@ -74,14 +74,23 @@ std::vector<std::string> FilesIn(const ScratchFolder& folder) {
     return names;
 }
 
+static std::wstring Wide(std::string_view text) {
+    std::wstring wide(text.size(), L'\0');
+    const int size = static_cast<int>(text.size());
+    wide.resize(static_cast<std::size_t>(MultiByteToWideChar(CP_ACP, 0, text.data(), size, wide.data(), size)));
+    return wide;
+}
+
 std::string Setting(const ScratchFolder& folder, std::string_view section, std::string_view key) {
-    char value[512];
-    GetPrivateProfileStringA(std::string(section).c_str(), std::string(key).c_str(), "(none)", value, sizeof value,
-                             (folder.path / "Versewell.INI").string().c_str());
-    return value;
+    wchar_t value[512];
+    GetPrivateProfileStringW(Wide(section).c_str(), Wide(key).c_str(), L"(none)", value, 512,
+                             (folder.path / "Versewell.INI").c_str());
+    char narrow[512];
+    WideCharToMultiByte(CP_ACP, 0, value, -1, narrow, sizeof narrow, nullptr, nullptr);
+    return narrow;
 }
 
 void WriteSetting(const ScratchFolder& folder, std::string_view section, std::string_view key, std::string_view value) {
-    WritePrivateProfileStringA(std::string(section).c_str(), std::string(key).c_str(), std::string(value).c_str(),
-                               (folder.path / "Versewell.INI").string().c_str());
+    WritePrivateProfileStringW(Wide(section).c_str(), Wide(key).c_str(), Wide(value).c_str(),
+                               (folder.path / "Versewell.INI").c_str());
 }

@@ -10,6 +10,7 @@
 #include "resources/ids.h"
 #include "tests/driver/driver.h"
 #include "tests/windows/note_set_files.h"
+#include "tests/windows/odd_folders.h"
 
 using testing::ElementsAre;
 
@@ -399,16 +400,6 @@ TEST(Start, HandlesDevotionalTablesOfAnySize) {
 }
 
 // ---- Folders --------------------------------------------------------------------------------------------------------
-
-static void CopyProgramTo(const ScratchFolder& folder) {
-    std::filesystem::copy_file(Surroundings().program, folder.path / "versewell.exe");
-}
-
-static StartOptions ProgramIn(const ScratchFolder& folder) {
-    StartOptions options;
-    options.programFile = (folder.path / "versewell.exe").string();
-    return options;
-}
 
 TEST(WorkingFolder, IsTheProgramsFolderWhenTheCurrentOneHasNoFilesOfIts) {
     const ScratchFolder home = FolderWithScripture();

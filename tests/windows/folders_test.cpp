@@ -1,0 +1,155 @@
+// Starting and working in folders with letters beyond the code page and with long paths.
+
+#include <memory>
+
+#include <windows.h>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "resources/ids.h"
+#include "tests/windows/help_viewers.h"
+#include "tests/windows/note_set_files.h"
+#include "tests/windows/note_steps.h"
+#include "tests/windows/odd_folders.h"
+#include "tests/windows/passage_pane.h"
+#include "tests/windows/search_steps.h"
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+namespace {
+
+enum class UsedAs { kCurrentFolder, kProgramsFolder, kApplicationData };
+
+struct FolderUse {
+    const char* name;
+    ScratchFolder (*make)();
+    UsedAs use;
+};
+
+// The program is in `home` and started in `elsewhere`, unless `odd` is used as one of them.
+struct OddFolder : testing::TestWithParam<FolderUse> {
+    ScratchFolder odd = GetParam().make();
+    ScratchFolder elsewhere = EmptyFolder();
+    ScratchFolder home = GetParam().use == UsedAs::kApplicationData ? EmptyFolder() : odd;
+    ScratchFolder folder = odd;  // where notes and settings are
+    std::unique_ptr<ReadOnlyFolder> readOnly;
+    std::unique_ptr<WithApplicationData> applicationData;
+
+    OddFolder() {
+        CopyScriptureTo(home);
+        CopyProgramTo(home);
+        CopyHelpTo(home);
+        if (GetParam().use != UsedAs::kApplicationData) return;
+        folder.path /= "Versewell";
+        std::filesystem::create_directory(folder.path);
+        readOnly = std::make_unique<ReadOnlyFolder>(home.path);
+        applicationData = std::make_unique<WithApplicationData>(odd.path);
+    }
+
+    Program Launch() const {
+        if (GetParam().use == UsedAs::kCurrentFolder) return LaunchProgram(folder);
+        return LaunchProgram(elsewhere, ProgramIn(home));
+    }
+
+    Program Start() const {
+        Program program = Launch();
+        WaitForFrame(program);
+        program.folder = folder;
+        return program;
+    }
+};
+
+}  // namespace
+
+INSTANTIATE_TEST_SUITE_P(
+    Folders, OddFolder,
+    testing::Values(FolderUse{"ForeignLettersCurrent", FolderWithForeignLetters, UsedAs::kCurrentFolder},
+                    FolderUse{"ForeignLettersOfProgram", FolderWithForeignLetters, UsedAs::kProgramsFolder},
+                    FolderUse{"ForeignLettersOfUser", FolderWithForeignLetters, UsedAs::kApplicationData},
+                    FolderUse{"LongPathOfUser", FolderWithLongPath, UsedAs::kApplicationData}),
+    [](const auto& row) { return std::string(row.param.name); });
+
+static void CloseDialogs(const Program& program) {
+    while (HasDialog(program)) Press(program, "Esc");
+}
+
+static void SaveNoteText(const Program& program, const char* text) {
+    OpenNoteEditor(program);
+    SendMessageA(NoteEditOf(program), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text));
+    ClickEditorButton(program, IDC_NOTE_SAVE);
+    WaitForNoDialog(program);
+}
+
+TEST_P(OddFolder, KeepsNotesAndSettings) {
+    {
+        Program program = Start();
+        EXPECT_FALSE(HasDialog(program));
+        EXPECT_THAT(NoteSetNames(program), ElementsAre("My Notes"));
+        GoTo(program, "Joh 3:16");
+        SaveNoteText(program, "so loved");
+        SearchInVain(program, {"caf\xE9 \x80\x81\xB6"});
+        CloseDialogs(program);
+        SearchFor(program, {"grace"});
+        EXPECT_EQ(StatusPart(program, 0), "159 verses, 170 occurrences");
+        EXPECT_EQ(CloseProgram(program), 0);
+    }
+    EXPECT_THAT(FilesIn(elsewhere), IsEmpty());
+    EXPECT_NE(ReadFile(folder, "My Notes.nmd").find("so loved"), std::string::npos);
+    const std::string settings = ReadFile(folder, "Versewell.INI");
+    EXPECT_THAT(settings, HasSubstr("PreviousSearch0=grace\r\n"));
+    EXPECT_THAT(settings, HasSubstr("PreviousSearch1=caf\xE9 \x80\x81\xB6\r\n"));
+    Program again = Start();
+    EXPECT_EQ(StatusPart(again, 3), "John 3:16");
+    EXPECT_EQ(TextOf(NoteViewOf(again)), "so loved");
+    EXPECT_EQ(CloseProgram(again), 0);
+    EXPECT_EQ(ReadFile(folder, "Versewell.INI"), settings);
+}
+
+TEST_P(OddFolder, KeepsBackupsAndFindsSets) {
+    WriteNoteSet(folder, "First", {{0, "in the beginning"}});
+    Program program = Start();
+    EXPECT_THAT(NoteSetNames(program), ElementsAre("First"));
+    SaveNoteText(program, "changed");
+    EXPECT_EQ(CloseProgram(program), 0);
+    EXPECT_NE(ReadFile(folder, "First.nmd").find("changed"), std::string::npos);
+    WIN32_FIND_DATAW found;
+    const HANDLE search = FindFirstFileW((folder.path / "backup" / "First 20*.nmd").c_str(), &found);
+    ASSERT_NE(search, INVALID_HANDLE_VALUE);
+    FindClose(search);
+}
+
+TEST_P(OddFolder, OpensTheHelp) {
+    Program program = Start();
+    {
+        const UniqueListeningViewer viewer = ListenAsViewer();
+        Press(program, "F1");
+        ASSERT_EQ(TakeRequests(*viewer).size(), 1u);
+    }
+    const WithoutViewer without;
+    const WritingBrowser browser(elsewhere);
+    Command(program, IDM_HELP_PREFACE);
+    WaitUntil(program, "the page in the browser",
+              [&] { return ReadFile(elsewhere, "pages.txt").find("\\ID_Preface.html") != std::string::npos; });
+}
+
+TEST_P(OddFolder, IsUsedByOneCopyAtATime) {
+    Program first = Start();
+    Program second = Launch();
+    EXPECT_EQ(WaitForExit(second), 0);
+    EXPECT_TRUE(IsRunning(first));
+}
+
+// A file name that the code page lacks could only be listed as another one.
+TEST(ForeignFileNames, AreNotTakenForNoteSets) {
+    const ScratchFolder folder = FolderWithScripture();
+    WriteNoteSet(folder, "Lukasz", {{0, "mine"}});
+    for (const wchar_t* ending : {L".nmi", L".nmd"})
+        std::filesystem::copy_file(folder.path / (std::wstring(L"Lukasz") + ending),
+                                   folder.path / (std::wstring(L"\u0141ukasz \u05D0") + ending));
+    Program program = StartProgram(folder);
+    EXPECT_FALSE(HasDialog(program));
+    EXPECT_THAT(NoteSetNames(program), ElementsAre("Lukasz"));
+}
