@@ -23,6 +23,7 @@ unsigned FactsOf(const FactSources& sources) {
         {kListCanBeSaved, sources.list.canBeSaved},
         {kCanCut, sources.selection.SelectionOwner == kNoteEditorOwns},
         {kCanPaste, sources.canPaste},
+        {kNotesCanChange, sources.notesCanChange},
     };
     unsigned facts = 0;
     for (const auto& [fact, holds] : kRows) facts |= holds ? fact : 0u;

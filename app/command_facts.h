@@ -27,6 +27,7 @@ enum Fact : unsigned {
     kListCanBeSaved = 1u << 13,
     kCanCut = 1u << 14,
     kCanPaste = 1u << 15,
+    kNotesCanChange = 1u << 16,  // their folder can be written to
 };
 
 struct FactSources {
@@ -38,6 +39,7 @@ struct FactSources {
     bool notesBound = false;
     bool editingNote = false;
     bool canPaste = false;
+    bool notesCanChange = true;
 };
 
 unsigned FactsOf(const FactSources& sources);

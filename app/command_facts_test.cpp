@@ -22,7 +22,7 @@ TEST(CommandFacts, HaveOneBitEach) {
     unsigned others = 0;
     for (const unsigned fact : {kListHasVerses, kPassageFocused, kHasSelection, kNotEditing, kParagraphs, kItalicShown,
                                 kBracketsShown, kNormalShown, kListShown, kPassageShown, kNotesShown, kToolbarShown,
-                                kNotesBound, kListCanBeSaved, kCanCut, kCanPaste}) {
+                                kNotesBound, kListCanBeSaved, kCanCut, kCanPaste, kNotesCanChange}) {
         EXPECT_TRUE(std::has_single_bit(fact)) << fact;
         EXPECT_EQ(others & fact, 0u) << fact;
         others |= fact;
@@ -30,7 +30,8 @@ TEST(CommandFacts, HaveOneBitEach) {
 }
 
 TEST(CommandFacts, HaveTheirValuesAtTheStart) {
-    constexpr unsigned kAtStart = kNotEditing | kItalicShown | kListShown | kPassageShown | kNotesShown | kToolbarShown;
+    constexpr unsigned kAtStart =
+        kNotEditing | kItalicShown | kListShown | kPassageShown | kNotesShown | kToolbarShown | kNotesCanChange;
     const State state;
     EXPECT_EQ(FactsOf(state), kAtStart);
     EXPECT_EQ(FactsOf(FactSources{state.list, state.selection, state.reading, state.shown}), kAtStart);
@@ -44,7 +45,14 @@ TEST(CommandFacts, DependOnEachSource) {
     state.reading.Italics = kBracketed;
     state.shown = {0, 0, 0, 0};
     EXPECT_EQ(FactsOf(state, true, true, true), kListHasVerses | kPassageFocused | kHasSelection | kParagraphs |
-                                                    kBracketsShown | kNotesBound | kListCanBeSaved);
+                                                    kBracketsShown | kNotesBound | kListCanBeSaved | kNotesCanChange);
+    EXPECT_EQ(FactsOf(FactSources{.list = state.list,
+                                  .selection = state.selection,
+                                  .reading = state.reading,
+                                  .shown = state.shown,
+                                  .notesCanChange = false}) &
+                  kNotesCanChange,
+              0u);
 }
 
 TEST(CommandFacts, CutAndPasteNeedTheNoteEditor) {

@@ -19,6 +19,7 @@
 #include "resources/ids.h"
 #include "scripture/books.h"
 #include "verselist/verse_list_window.h"
+#include "win32/files.h"
 
 static void ShowCommandStates(int command);
 
@@ -85,7 +86,7 @@ static constexpr Command kCommands[] = {
     {IDM_THIS_EVENING, OpenTodaysDevotional},
 
     // Notes and note sets
-    {IDM_EDIT_NOTE, EditNote, kNotEditing, 0, {ButtonGroup::kEditNote, 20}, {"Edit Current Note"}},
+    {IDM_EDIT_NOTE, EditNote, kNotEditing | kNotesCanChange, 0, {ButtonGroup::kEditNote, 20}, {"Edit Current Note"}},
     {IDM_SHOW_SAVED_NOTE, ShowSavedNote},
     {IDM_END_EDITING, EndEditingNote},
     {IDM_PREVIOUS_NOTE, GoToNeighbouringNote, kNotEditing},
@@ -96,11 +97,11 @@ static constexpr Command kCommands[] = {
     {IDM_BIND_NOTES, ToggleBindNotes, kAlways, kNotesBound},
     {IDM_EARLIER_NOTES, ShowEarlierNotes, kNotEditing},
     {IDM_EARLIER_STATES, ShowEarlierStates, kNotEditing},
-    {IDM_CREATE_NOTE_SET, CreateSet, kNotEditing},
-    {IDM_DELETE_NOTE_SET, DeleteSet, kNotEditing},
-    {IDM_RENAME_NOTE_SET, RenameSet, kNotEditing},
-    {IDM_MERGE_SETS, MergeNoteSets, kNotEditing},
-    {IDM_OFFER_MERGE, OfferMerge, kNotEditing},
+    {IDM_CREATE_NOTE_SET, CreateSet, kNotEditing | kNotesCanChange},
+    {IDM_DELETE_NOTE_SET, DeleteSet, kNotEditing | kNotesCanChange},
+    {IDM_RENAME_NOTE_SET, RenameSet, kNotEditing | kNotesCanChange},
+    {IDM_MERGE_SETS, MergeNoteSets, kNotEditing | kNotesCanChange},
+    {IDM_OFFER_MERGE, OfferMerge, kNotEditing | kNotesCanChange},
     {IDM_MARK_NOTE_SETS, MarkSets},
     {IDM_NOTES_CHANGED, UpdateNoteMarks},
 
@@ -164,7 +165,8 @@ void Dispatch(int id) {
     const Command* command = FindCommand(id);
     if (!command) return;
     const bool waitsForEditor = (command->needs & kNotEditing) && IsEditingNote();
-    if (!waitsForEditor) command->action(id);
+    const bool changesInVain = (command->needs & kNotesCanChange) && !CanWriteWorkingFolder();
+    if (!waitsForEditor && !changesInVain) command->action(id);
 }
 
 // ---- States ---------------------------------------------------------------------------------------------------------
@@ -179,6 +181,7 @@ unsigned CurrentFacts() {
         .notesBound = theNotes.BindNotes != 0,
         .editingNote = IsEditingNote(),
         .canPaste = theNoteEdit.canPaste,
+        .notesCanChange = CanWriteWorkingFolder(),
     });
 }
 

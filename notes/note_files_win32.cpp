@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <utility>
 
+#include "notes/read_only_files.h"
 #include "win32/files.h"
 
 NoteSets theNoteSets;
@@ -169,7 +170,9 @@ NoteFiles NoteFilesIn(std::wstring& folder) {
 
 const NoteFiles& TheNoteFiles() {
     static std::wstring folder = WorkingFilePath("");
-    static const NoteFiles files = NoteFilesIn(folder);
+    static const NoteFiles onDisk = NoteFilesIn(folder);
+    static ReadOnlyFiles readOnly{onDisk, {}};
+    static const NoteFiles files = CanWriteWorkingFolder() ? onDisk : DeviceOver(readOnly);
     return files;
 }
 

@@ -11,7 +11,8 @@ extern NoteSets theNoteSets;
 // Files in `folder`, a full path that must outlive the result.
 NoteFiles NoteFilesIn(std::wstring& folder);
 
-// Files in the working directory.
+// Files in the working directory. If nothing can be written there, they are read and never changed
+// (notes/read_only_files.h).
 const NoteFiles& TheNoteFiles();
 
 // The system's time and, in the user's time zone, its day.

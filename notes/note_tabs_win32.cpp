@@ -3,10 +3,14 @@
 #include "notes/note_files_win32.h"
 #include "notes/note_recovery.h"
 #include "win32/controls.h"
+#include "win32/files.h"
 
 NoteTabs theNoteTabs;
 
 static constexpr char kMendedCaption[] = "Note Sets";
+static constexpr char kNothingCanBeKept[] =
+    "No files can be created in this folder, in the folder of the program, or in your folder for application data. You "
+    "can read, but notes and settings cannot be kept.";
 
 static TCITEMA TabItem(const std::string& label) {
     TCITEMA item{};
@@ -38,9 +42,12 @@ void LoadNoteSets() {
     ShowNoteTabs();
     const HWND frame = FrameOf(theNoteTabs.window);
     if (!opened.created) Complain(frame, kCannotCreateNotes);
-    if (!opened.report.empty()) {
-        const UINT icon = opened.hasDamaged ? MB_ICONWARNING : MB_ICONINFORMATION;
-        MessageBoxA(frame, opened.report.c_str(), kMendedCaption, MB_OK | icon | MB_SYSTEMMODAL);  // above the splash
+    const bool isReadOnly = !CanWriteWorkingFolder();
+    std::string report = opened.report;
+    if (isReadOnly) report.insert(0, report.empty() ? kNothingCanBeKept : kNothingCanBeKept + std::string("\n\n"));
+    if (!report.empty()) {
+        const UINT icon = isReadOnly || opened.hasDamaged ? MB_ICONWARNING : MB_ICONINFORMATION;
+        MessageBoxA(frame, report.c_str(), kMendedCaption, MB_OK | icon | MB_SYSTEMMODAL);  // above the splash
     }
 }
 

@@ -129,7 +129,7 @@ static std::vector<MenuRow> Rows(HWND frame) {
     return {
         {IDM_COPY, "Copy Selected Text\t", noSelection},
         {},
-        {IDM_EDIT_NOTE, "Edit This Note\t"},
+        {IDM_EDIT_NOTE, "Edit This Note\t", IsGreyedInFrame(frame, IDM_EDIT_NOTE)},
         {},
         {IDM_PREVIOUS_NOTE, "Previous Note\t"},
         {IDM_NEXT_NOTE, "Next Note\t"},

@@ -1,4 +1,4 @@
-// Starting and working in folders with letters beyond the code page and with long paths.
+// Starting and working in folders with letters beyond the code page, with long paths, and in read-only ones.
 
 #include <memory>
 
@@ -152,4 +152,93 @@ TEST(ForeignFileNames, AreNotTakenForNoteSets) {
     Program program = StartProgram(folder);
     EXPECT_FALSE(HasDialog(program));
     EXPECT_THAT(NoteSetNames(program), ElementsAre("Lukasz"));
+}
+
+// ---- Read-only folders ----------------------------------------------------------------------------------------------
+
+// A start from a shortcut into the folder of a program that an administrator installed.
+TEST(ReadOnlyFolders, CurrentOneIsNotTheWorkingFolder) {
+    const ScratchFolder home = EmptyFolder();
+    CopyProgramTo(home);
+    const ScratchFolder current = FolderWithScripture();
+    const ReadOnlyFolder readOnly(current.path);
+    Program program = StartProgram(current, ProgramIn(home));
+    EXPECT_FALSE(HasDialog(program));
+    EXPECT_EQ(StatusPart(program, 3), "Genesis 1:1");
+    SaveNoteText(program, "kept");
+    EXPECT_EQ(CloseProgram(program), 0);
+    EXPECT_NE(ReadFile(home, "My Notes.nmd").find("kept"), std::string::npos);
+    EXPECT_TRUE(HasFile(home, "Versewell.INI"));
+    EXPECT_EQ(FilesIn(current).size(), 5u);
+}
+
+TEST(ReadOnlyFolders, LeaveApplicationData) {
+    const ScratchFolder home = FolderWithHelp();
+    CopyProgramTo(home);
+    const std::vector<std::string> files = FilesIn(home);
+    const ScratchFolder data = EmptyFolder();
+    const WithApplicationData applicationData(data.path);
+    const ReadOnlyFolder readOnly(home.path);
+    Program program = StartProgram(home, ProgramIn(home));
+    EXPECT_FALSE(HasDialog(program));
+    SaveNoteText(program, "kept");
+    EXPECT_EQ(CloseProgram(program), 0);
+    EXPECT_EQ(FilesIn(home), files);
+    EXPECT_TRUE(HasFile(data, "Versewell/Versewell.INI"));
+    EXPECT_NE(ReadFile(data, "Versewell/My Notes.nmd").find("kept"), std::string::npos);
+}
+
+namespace {
+
+// Nothing can be written anywhere.
+struct NowhereToWrite : testing::Test {
+    ScratchFolder home = FolderWithScripture();
+    WithApplicationData applicationData{home.path / "none" / "at all"};
+
+    // Starts the program and confirms the only message.
+    Program Start() {
+        CopyProgramTo(home);
+        files = FilesIn(home);
+        readOnly = std::make_unique<ReadOnlyFolder>(home.path);
+        Program program = LaunchProgram(home, ProgramIn(home));
+        const HWND box = WaitForDialog(program, "Note Sets");
+        EXPECT_THAT(MessageText(box), HasSubstr("notes and settings cannot be kept."));
+        EXPECT_EQ(IconOf(box), "exclamation");
+        SavePicture(PictureOfWindow(box), "nowhere-to-write");
+        PostMessageA(box, WM_COMMAND, IDOK, 0);
+        WaitForFrame(program);
+        return program;
+    }
+
+    std::vector<std::string> files;
+    std::unique_ptr<ReadOnlyFolder> readOnly;
+};
+
+}  // namespace
+
+TEST_F(NowhereToWrite, ThereIsOneMessageAndNothingIsChanged) {
+    Program program = Start();
+    EXPECT_THAT(NoteSetNames(program), ElementsAre("My Notes"));
+    EXPECT_EQ(TextOf(NoteViewOf(program)), "No note for Genesis 1:1.");
+    ASSERT_TRUE(IsTicked(program, IDM_BIND_NOTES));
+    for (int line = 0; line < 5; ++line) ScrollPassage(program, SB_PAGEDOWN);
+    EXPECT_FALSE(HasDialog(program));
+    EXPECT_EQ(TextOf(NoteViewOf(program)), "No note for " + StatusPart(program, 3) + ".");
+    EXPECT_EQ(CloseProgram(program), 0);
+    EXPECT_EQ(FilesIn(home), files);
+}
+
+TEST_F(NowhereToWrite, NotesAreShownButNotEdited) {
+    WriteNoteSet(home, "Mine", {{0, "in the beginning"}});
+    Program program = Start();
+    EXPECT_THAT(NoteSetNames(program), ElementsAre("Mine"));
+    EXPECT_EQ(TextOf(NoteViewOf(program)), "in the beginning");
+    for (const int command : {IDM_EDIT_NOTE, IDM_CREATE_NOTE_SET, IDM_RENAME_NOTE_SET, IDM_DELETE_NOTE_SET}) {
+        EXPECT_TRUE(IsGreyed(program, command)) << command;
+        Command(program, command);
+        EXPECT_FALSE(HasDialog(program)) << command;
+    }
+    Press(program, "Alt+e");
+    EXPECT_FALSE(IsShown(NoteEditorOf(program)));
+    EXPECT_EQ(CloseProgram(program), 0);
 }
