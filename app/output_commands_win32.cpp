@@ -7,12 +7,13 @@
 #include "output/format_dialog.h"
 #include "output/range_dialog.h"
 #include "output/save_text.h"
+#include "output/saved_file_win32.h"
 #include "passage/passage_window.h"
 #include "scripture/scripture_win32.h"
 #include "verselist/verse_list_window.h"
 #include "win32/clipboard.h"
 #include "win32/controls.h"
-#include "win32/handles.h"
+#include "win32/replacing_file.h"
 #include "win32/save_file_dialog.h"
 
 static constexpr char kNoMemoryForText[] = "Could not allocate memory for text";
@@ -69,13 +70,6 @@ void CopyReferences(int) {
 
 // ---- Saving ---------------------------------------------------------------------------------------------------------
 
-// Creates a file at `path`, replacing an existing one. Null if that fails.
-static OwnedFile CreateTextFile(const std::wstring& path) {
-    const HANDLE file =
-        CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
-    return OwnedFile(file == INVALID_HANDLE_VALUE ? nullptr : file);
-}
-
 static bool Write(void* file, std::string_view bytes) {
     DWORD written = 0;
     return file && WriteFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr) &&
@@ -102,20 +96,37 @@ static void Save(WriteFile write) {
     if (problem) Complain(theFrame.window, problem, kSaveErrorCaption);
 }
 
-static const char* WriteRange(const AskedRange& asked, const NoteSource* notes, const OwnedFile& file) {
-    return ProblemOf(
-        SaveRangeText(theScripture, theFormat, asked.range.first, asked.range.last, notes, TextFileOf(file)));
+static TextSaveResult WriteRange(const AskedRange& asked, const NoteSource* notes, const OwnedFile& file) {
+    return SaveRangeText(theScripture, theFormat, asked.range.first, asked.range.last, notes, TextFileOf(file));
 }
 
-static const char* WriteRange(const AskedRange& asked) {
-    const OwnedFile file = CreateTextFile(asked.path);
-    if (!file) return kCannotCreateText;
+static TextSaveResult WriteRange(const AskedRange& asked, const OwnedFile& file) {
     if (asked.noteSet == kWithoutNotes) return WriteRange(asked, nullptr, file);
     NoteSet& set = theNoteSets.sets[static_cast<std::size_t>(asked.noteSet)];
-    if (!CanReadNotes(TheNoteFiles(), set)) return kCannotOpenNotes;
+    if (!CanReadNotes(TheNoteFiles(), set)) return TextSaveResult::kCannotReadNotes;
     NoteReader notes{TheNoteFiles(), set};
     const NoteSource source = SourceOf(notes);
     return WriteRange(asked, &source, file);
+}
+
+// An error message, or null if the file has taken its place.
+static const char* EndSaving(ReplacingFile& replacing, TextSaveResult result) {
+    const bool inPlace = EndReplacing(replacing, result == TextSaveResult::kSaved);
+    return result == TextSaveResult::kSaved && !inPlace ? kCannotWriteText : ProblemOf(result);
+}
+
+static const char* WriteRange(const AskedRange& asked) {
+    if (IsOwnFile(asked.path)) return kCannotCreateText;
+    ReplacingFile replacing = BeginReplacing(asked.path);
+    if (!replacing.file) return kCannotCreateText;
+    return EndSaving(replacing, WriteRange(asked, replacing.file));
+}
+
+// Deliberate: a file that cannot be created is reported as one that cannot be written.
+static const char* WriteVerseList(const std::wstring& path) {
+    if (IsOwnFile(path)) return kCannotCreateText;
+    ReplacingFile replacing = BeginReplacing(path);
+    return EndSaving(replacing, SaveListText(theScripture, ListedVerses(), TextFileOf(replacing.file)));
 }
 
 void SaveRange(int) {
@@ -126,11 +137,7 @@ void SaveRange(int) {
 void SaveVerseList(int) {
     if (ListedVerses().empty()) return;
     const std::wstring path = AskTextFileToSave(theFrame.window, kVerseListFile);
-    if (path.empty()) return;
-    Save([&] {
-        const OwnedFile file = CreateTextFile(path);
-        return ProblemOf(SaveListText(theScripture, ListedVerses(), TextFileOf(file)));
-    });
+    if (!path.empty()) Save([&] { return WriteVerseList(path); });
 }
 
 void ChooseFormat(int) {

@@ -8,6 +8,7 @@
 #include "resources/ids.h"
 #include "tests/windows/dialog_look.h"
 #include "tests/windows/note_set_files.h"
+#include "tests/windows/odd_folders.h"
 #include "tests/windows/passage_pane.h"
 #include "tests/windows/real_scripture.h"
 #include "tests/windows/search_steps.h"
@@ -265,8 +266,7 @@ TEST(SaveRange, ReportsNotesThatCannotBeOpened) {
     SaveWithNotes(program, "Ge 1:1 - Ge 1:2", "Second", "noted.txt");
     ExpectComplaint(program, "Save Error", "Could not open notes file");
     EXPECT_FALSE(HasDialog(program));
-    EXPECT_EQ(ReadFile(program.folder, "noted.txt"), "");
-    EXPECT_TRUE(HasFile(program.folder, "noted.txt"));
+    EXPECT_FALSE(HasFile(program.folder, "noted.txt"));
     SaveRangeAs(program, "Ge 1:2 - Ge 1:2", "noted2.txt");  // without notes it works
     EXPECT_EQ(ReadFile(program.folder, "noted2.txt"), Piece("Ge 1:2", "Ge 1:2") + kEnd);
 }
@@ -281,5 +281,170 @@ TEST(SaveVerseList, ReportsAWriteError) {
         GiveExistingPath(program, path);
         ExpectComplaint(program, "Save Error", "Error in writing to file");
         EXPECT_FALSE(HasDialog(program)) << path;
+    }
+}
+
+// ---- Files that stay as they are ------------------------------------------------------------------------------------
+
+namespace {
+
+enum class Saving { kRange, kVerseList };
+
+}  // namespace
+
+static constexpr Saving kSavings[] = {Saving::kRange, Saving::kVerseList};
+
+// Saves Jude 1:1, or the Verse List, to a path that may exist.
+static void SaveTo(const Program& program, Saving saving, const std::filesystem::path& path) {
+    if (saving == Saving::kRange) {
+        OpenFileDialog(program, "Jude 1:1 - Jude 1:1");
+    } else {
+        Command(program, IDM_SAVE_VERSE_LIST);
+        WaitForDialog(program, "Save As");
+    }
+    const HWND dialog = ActiveWindowOf(program);
+    SendMessageW(FocusOf(program), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(path.c_str()));
+    Press(program, "Enter");
+    if (IsWindow(dialog) && ActiveWindowOf(program) != dialog) Press(program, "Alt+y");
+}
+
+static void ListAVerse(Program& program) {
+    SearchFor(program, {"Jesus wept", IDM_PHRASE_SEARCH});
+}
+
+static std::filesystem::path ShortPathOf(const std::filesystem::path& path) {
+    wchar_t text[MAX_PATH] = L"";
+    GetShortPathNameW(path.c_str(), text, MAX_PATH);
+    return text;
+}
+
+TEST(SaveTargets, AreNoFilesOfTheProgramsOwn) {
+    const ScratchFolder folder = FolderWithTwoSets();
+    const std::filesystem::path backup = folder.path / "backup";
+    std::filesystem::create_directories(backup / "deeper");
+    WriteFile(folder, "backup/First 2024-01-01.nmd", "kept");
+    WriteFile(folder, "Versewell.INI", "[MISC]\r\nReadVerse=1\r\n");
+    std::filesystem::create_hard_link(folder.path / "First.nmd", folder.path / "link.txt");
+    std::vector<std::pair<std::string, std::string>> before;
+    for (const char* name : {"First.nmd", "First.nmi", "Second.nmd", "Second.nmi", "_avtext.dat", "Versewell.INI",
+                             "backup/First 2024-01-01.nmd"})
+        before.emplace_back(name, ReadFile(folder, name));
+    const std::vector<std::string> files = FilesIn(folder);
+    Program program = StartProgram(folder);
+    ListAVerse(program);
+    const auto expectRefusal = [&](Saving saving, const std::filesystem::path& path) {
+        SCOPED_TRACE(path.string());
+        SaveTo(program, saving, path);
+        ExpectComplaint(program, "Save Error", "Could not open file for writing");
+        EXPECT_FALSE(HasDialog(program));
+    };
+    for (const char* name : {"First.nmd", "SECOND.NMI", "backup\\..\\first.nmd", "First.nmd.temp", "new.nmd", "new.dti",
+                             "Versewell.INI", "versewell.session", "_avtext.dat", "link.txt",
+                             "backup\\First 2024-01-01.nmd", "backup\\letter.txt", "backup\\deeper\\letter.txt"})
+        expectRefusal(Saving::kRange, folder.path / name);
+    expectRefusal(Saving::kRange, ShortPathOf(folder.path / "First.nmd"));
+    for (const char* name : {"First.nmd", "backup\\letter.txt", "new.nmi", "link.txt"})
+        expectRefusal(Saving::kVerseList, folder.path / name);
+    for (const auto& [name, bytes] : before) EXPECT_EQ(ReadFile(folder, name), bytes) << name;
+    EXPECT_EQ(FilesIn(folder), files);
+    EXPECT_EQ(FilesIn({backup, nullptr}).size(), 2u);
+
+    // Such a name in another folder is the user's.
+    const ScratchFolder elsewhere = EmptyFolder();
+    SaveTo(program, Saving::kRange, elsewhere.path / "First.nmd");
+    WaitForNoDialog(program);
+    EXPECT_EQ(ReadFile(elsewhere, "First.nmd"), Piece("Jude 1:1", "Jude 1:1") + kEnd);
+}
+
+TEST(SaveTargets, MayHaveAnyLetters) {
+    Program program = StartProgram(FolderWithScripture());
+    ListAVerse(program);
+    const ScratchFolder folder = FolderWithForeignLetters();
+    for (const Saving saving : kSavings) {
+        SaveTo(program, saving, folder.path / L"\u05D0\u0141.txt");
+        WaitForNoDialog(program);
+        EXPECT_TRUE(std::filesystem::exists(folder.path / L"\u05D0\u0141.txt"));
+        std::filesystem::remove(folder.path / L"\u05D0\u0141.txt");
+    }
+}
+
+static std::string RightsOf(const std::filesystem::path& path) {
+    std::string rights(1024, '\0');
+    DWORD size = 0;
+    GetFileSecurityW(path.c_str(), DACL_SECURITY_INFORMATION, rights.data(), 1024, &size);
+    rights.resize(size);
+    return rights;
+}
+
+TEST(SaveTargets, KeepTheirAttributesAndRights) {
+    Program program = StartProgram(FolderWithScripture());
+    ListAVerse(program);
+    WriteFile(program.folder, "plain.txt", "x");
+    WriteFile(program.folder, "old.txt", "x");
+    const std::filesystem::path file = program.folder.path / "old.txt";
+    AllowAll(file, FILE_GENERIC_READ | FILE_GENERIC_WRITE | FILE_GENERIC_EXECUTE | DELETE | WRITE_DAC);
+    const std::string rights = RightsOf(file);
+    ASSERT_NE(rights, RightsOf(program.folder.path / "plain.txt"));
+    for (const Saving saving : kSavings) {
+        SaveTo(program, saving, file);
+        WaitForNoDialog(program);
+        EXPECT_EQ(RightsOf(file), rights);
+    }
+    EXPECT_NE(ReadFile(program.folder, "old.txt"), "x");
+    EXPECT_EQ(FilesIn(program.folder).size(), 9u) << "no temporary file is left";
+}
+
+TEST(SaveTargets, StayWholeIfTheyCannotBeReplaced) {
+    Program program = StartProgram(FolderWithScripture());
+    ListAVerse(program);
+    const ScratchFolder folder = EmptyFolder();
+    WriteFile(folder, "old.txt", "old");
+    const auto expect = [&](Saving saving) {
+        SaveTo(program, saving, folder.path / "old.txt");
+        ExpectComplaint(program, "Save Error",
+                        saving == Saving::kRange ? "Could not open file for writing" : "Error in writing to file");
+        EXPECT_EQ(ReadFile(folder, "old.txt"), "old");
+        EXPECT_THAT(FilesIn(folder), ElementsAre("old.txt"));
+    };
+    SetFileAttributesW((folder.path / "old.txt").c_str(), FILE_ATTRIBUTE_READONLY);
+    for (const Saving saving : kSavings) expect(saving);
+    SetFileAttributesW((folder.path / "old.txt").c_str(), FILE_ATTRIBUTE_NORMAL);
+    const ReadOnlyFolder readOnly(folder.path);
+    for (const Saving saving : kSavings) expect(saving);
+}
+
+TEST(SaveTargets, StayWholeIfNotesCannotBeRead) {
+    Program program = StartProgram(FolderWithTwoSets());
+    WriteFile(program.folder, "old.txt", "old");
+    std::filesystem::remove(program.folder.path / "Second.nmd");
+    const HWND dialog = OpenSaveRange(program);
+    SetDlgItemTextA(dialog, IDC_RANGE, "Ge 1:1 - Ge 1:2");
+    IncludeNotesOf(dialog, "Second");
+    Press(program, "Enter");
+    WaitForDialog(program, "Save As");
+    GiveExistingPath(program, PathIn(program.folder, "old.txt"));
+    ExpectComplaint(program, "Save Error", "Could not open notes file");
+    EXPECT_EQ(ReadFile(program.folder, "old.txt"), "old");
+}
+
+TEST(SaveTargets, StayWholeIfTheProgramEndsWhileItWrites) {
+    bool ended = false;
+    for (unsigned last = 60; !ended; last += 60) {
+        SCOPED_TRACE(last);
+        Program program = StartProgram(FolderWithScripture());
+        WriteFile(program.folder, "old.txt", "old");
+        OpenFileDialog(program, "Ge - Re");
+        const HWND dialog = ActiveWindowOf(program);
+        SendMessageA(FocusOf(program), WM_SETTEXT, 0, reinterpret_cast<LPARAM>("old.txt"));
+        EndAtFileOperation(program, last);
+        Press(program, "Enter");
+        if (IsWindow(dialog) && ActiveWindowOf(program) != dialog) Press(program, "Alt+y");
+        ended = IsRunning(program);
+        const std::string text = ReadFile(program.folder, "old.txt");
+        if (ended)
+            EXPECT_GT(text.size(), 4000000u);
+        else
+            EXPECT_EQ(text, "old");
+        ASSERT_LT(last, 1000u);
     }
 }
