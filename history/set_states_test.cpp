@@ -172,7 +172,7 @@ TEST(RestoredState, IsCopiedBesideTheOtherCopiesOfItsTime) {
 TEST(RestoredState, BringsADeletedSetBack) {
     FakeNoteFiles files = FilesWithCopy();
     NoteSets notes = Opened(files);
-    ASSERT_TRUE(DeleteNoteSet(DeviceOver(files), notes));
+    ASSERT_TRUE(DeleteNoteSet(DeviceOver(files), notes, {"2024-12-31", 1735603200}));
     EXPECT_EQ(RestoreSetState(DeviceOver(files), notes, SetStates(DeviceOver(files)).back(), "a", kNow), "");
     EXPECT_THAT(NamesOf(notes), ElementsAre("b", "a"));
     EXPECT_EQ(notes.currentSet, 0);
