@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <string>
 
 #include "app/frame_layout.h"
 #include "app/settings.h"
@@ -25,6 +26,7 @@ struct Frame {
     Fonts fonts;
     std::array<COLORREF, 16> customColors{};
     PAGESETUPDLGA pageSetup{};
+    std::string damagedSet;  // whose earlier states the user wants to see at the end of the start
     bool startUpComplete = false;
 };
 extern Frame theFrame;

@@ -3,6 +3,7 @@
 #include "app/end_of_session_win32.h"
 #include "app/frame_win32.h"
 #include "app/frame_window.h"
+#include "app/note_set_commands_win32.h"
 #include "app/session_win32.h"
 #include "app/single_instance_win32.h"
 #include "app/startup_win32.h"
@@ -109,6 +110,7 @@ int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int showState) {
     SetFocus(frame);
     AskForRestart();
     OfferLastSession();
+    ShowStatesOfDamagedSet();
     const int exitCode = RunMessageLoop();
     ReleaseRichEdit();
     return exitCode;

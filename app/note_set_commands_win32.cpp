@@ -1,5 +1,7 @@
 #include "app/note_set_commands_win32.h"
 
+#include <utility>
+
 #include "app/frame_win32.h"
 #include "app/note_commands_win32.h"
 #include "history/earlier_states_dialog.h"
@@ -77,13 +79,21 @@ static void ShowRestoredSet() {
     ShowChangedNotes();
 }
 
-void ShowEarlierStates(int) {
-    const NoteSet* set = CurrentSet(theNoteSets);
-    if (!theFrame.startUpComplete || set == nullptr) return;
-    const StateChoice choice = AskEarlierState(theFrame.window, NoteSetName(*set));
+static void ShowStatesOf(const std::string& setName) {
+    const StateChoice choice = AskEarlierState(theFrame.window, setName);
     if (choice.hasRestoredSet) ShowRestoredSet();
     FocusNotes();
     if (choice.note) EditDraft(*choice.note);
+}
+
+void ShowEarlierStates(int) {
+    const NoteSet* set = CurrentSet(theNoteSets);
+    if (theFrame.startUpComplete && set != nullptr) ShowStatesOf(NoteSetName(*set));
+}
+
+void ShowStatesOfDamagedSet() {
+    const std::string setName = std::exchange(theFrame.damagedSet, "");
+    if (theFrame.startUpComplete && !setName.empty() && !IsEditingNote()) ShowStatesOf(setName);
 }
 
 // ---- Merging --------------------------------------------------------------------------------------------------------

@@ -6,6 +6,7 @@
 #include "app/passage_commands_win32.h"
 #include "app/profile_file_win32.h"
 #include "app/toolbar_win32.h"
+#include "history/set_states.h"
 #include "notes/note_editor_window.h"
 #include "notes/note_tabs_win32.h"
 #include "notes/notes_window.h"
@@ -69,6 +70,10 @@ static void ReadDefaultPageSetup() {
     page.Flags = PSD_RETURNDEFAULT | PSD_NOWARNING;
     page.rtMargin = {kMargin, kMargin, kMargin, kMargin};
     PageSetupDlgA(&page);
+}
+
+static bool HasWholeState(const NoteSet& set) {
+    return HasWholeState(TheNoteFiles(), NoteSetName(set));
 }
 
 static void CreatePanes(HWND frame) {
@@ -171,7 +176,7 @@ bool StartUp(HWND frame) {
     theFrame.toolbar = CreateToolbar(frame);
     if (!theFrame.toolbar) return false;
     CreateBars(frame);
-    LoadNoteSets();
+    theFrame.damagedSet = LoadNoteSets(HasWholeState);
     CreatePanes(frame);
     const StoreLoad store = LoadStore();
     if (store != StoreLoad::kLoaded) return store == StoreLoad::kStopped;

@@ -10,11 +10,14 @@
 #include "notes/note_set_changes.h"
 #include "resources/help_topics.h"
 #include "resources/ids.h"
+#include "scripture/letters.h"
 #include "scripture/scripture_win32.h"
 #include "win32/controls.h"
 #include "win32/dialogs.h"
 #include "win32/help_viewer.h"
 #include "win32/plain_text.h"
+
+static constexpr int kNoLine = -1;
 
 namespace {
 
@@ -22,6 +25,7 @@ namespace {
 struct ShownStates {
     std::string setName;  // at which it opens
     std::vector<SetState> states{};
+    int firstLine = kNoLine;      // of the latest whole state of that set
     NotesInMemory then{}, now{};  // of the selected state, and of the set of its name as it is
     std::vector<int> verses{};    // those that differ, in the order of the list
     StateChoice choice{};
@@ -30,8 +34,6 @@ struct ShownStates {
 }  // namespace
 
 static constexpr std::size_t kFirstWords = 34;
-static constexpr int kNoLine = -1;
-
 static ShownStates& ShownBy(HWND dialog) {
     return *const_cast<ShownStates*>(static_cast<const ShownStates*>(DataOf(dialog)));
 }
@@ -109,15 +111,12 @@ static void AddStates(HWND dialog) {
             shown.then = {};
             ReadNotesInMemory(TheNoteFiles(), state.dataFileName, shown.then);
             const std::size_t differing = DifferingVerses(shown.then, shown.now).size();
+            if (shown.firstLine == kNoLine && EqualIgnoringCase(setName, shown.setName) && shown.then.isWhole)
+                shown.firstLine = static_cast<int>(i);
             lines[i] = DayOf(state) + "\t" + setName + "\t" + DifferenceOf(state, shown.then, differing);
         }
     }
     for (const std::string& line : lines) AddLine(dialog, IDC_STATES, line);
-}
-
-static int FirstLine(const ShownStates& shown) {
-    const auto found = std::ranges::find(shown.states, shown.setName, &SetState::setName);
-    return found == shown.states.end() ? 0 : static_cast<int>(found - shown.states.begin());
 }
 
 // ---- The notes of a state -------------------------------------------------------------------------------------------
@@ -180,7 +179,7 @@ static void Fill(HWND dialog) {
     shown.states = SetStates(TheNoteFiles());
     AddStates(dialog);
     SetCursor(before);
-    SendDlgItemMessageA(dialog, IDC_STATES, LB_SETCURSEL, static_cast<WPARAM>(FirstLine(shown)), 0);
+    SendDlgItemMessageA(dialog, IDC_STATES, LB_SETCURSEL, static_cast<WPARAM>(std::max(shown.firstLine, 0)), 0);
     if (shown.states.empty()) {
         for (const int control : {IDOK, IDC_RESTORE_SET, IDC_SET_NAME}) Enable(dialog, control, false);
         SetPlainText(

@@ -12,6 +12,6 @@ struct StateChoice {
     std::optional<NoteDraft> note;  // a note to be edited on
 };
 
-// Opens the dialog over `frame`, at the latest state of the set `setName` or, if that is empty or has none, at the
-// latest of all.
+// Opens the dialog over `frame`, at the latest whole state of the set `setName` or, if it has none, at the latest
+// of all.
 StateChoice AskEarlierState(HWND frame, const std::string& setName);

@@ -74,6 +74,14 @@ bool ReadNotesInMemory(const NoteFiles& files, const NoteSet& set, NotesInMemory
     return true;
 }
 
+bool HasWholeState(const NoteFiles& files, const std::string& setName) {
+    return std::ranges::any_of(SetStates(files), [&](const SetState& state) {
+        NotesInMemory notes;
+        return EqualIgnoringCase(state.setName, setName) && ReadNotesInMemory(files, state.dataFileName, notes) &&
+               notes.isWhole;
+    });
+}
+
 std::string_view NoteIn(const NotesInMemory& notes, int verse) {
     const auto place = static_cast<std::size_t>(verse);
     if (place >= notes.offsets.size()) return {};

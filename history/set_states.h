@@ -20,6 +20,9 @@ struct SetState {
 // The copies, latest first; those of one time by the name of the set.
 std::vector<SetState> SetStates(const NoteFiles& files);
 
+// Is there a copy of the set that is whole?
+bool HasWholeState(const NoteFiles& files, const std::string& setName);
+
 // All notes of a set in memory.
 struct NotesInMemory {
     std::vector<unsigned char> bytes;    // of the data file

@@ -69,6 +69,16 @@ TEST(SetStates, AreTheDatedCopiesLatestFirst) {
                                    "c 2024-12-01|2023-01-02||backup/c 2024-12-01 2023-01-02.nmd"));
 }
 
+TEST(SetStates, TellWhetherASetHasAWholeOne) {
+    FakeNoteFiles files = FilesWithCopy();
+    EXPECT_TRUE(HasWholeState(DeviceOver(files), "a"));
+    EXPECT_FALSE(HasWholeState(DeviceOver(files), "b"));
+    files.contents["backup/a 2024-12-30.nmd"].pop_back();
+    EXPECT_FALSE(HasWholeState(DeviceOver(files), "a"));
+    AddCopy(files, "a 2024-12-01", kThen);
+    EXPECT_TRUE(HasWholeState(DeviceOver(files), "A"));
+}
+
 // ---- Notes in memory ------------------------------------------------------------------------------------------------
 
 static NotesInMemory NotesOf(const std::map<int, std::string>& notes) {

@@ -37,18 +37,32 @@ void ShowNoteTabs() {
     SelectNoteTab(theNoteSets.currentSet);
 }
 
-void LoadNoteSets() {
+static std::string DamagedSetWithCopy(bool (*hasWholeCopy)(const NoteSet& set)) {
+    for (const NoteSet& set : theNoteSets.sets)
+        if (set.readOnly && hasWholeCopy(set)) return NoteSetName(set);
+    return "";
+}
+
+static std::string WithParagraph(const std::string& text, const std::string& paragraph) {
+    return text.empty() || paragraph.empty() ? text + paragraph : text + "\n\n" + paragraph;
+}
+
+std::string LoadNoteSets(bool (*hasWholeCopy)(const NoteSet& set)) {
     const OpenedSets opened = OpenNoteSets(TheNoteFiles(), theNoteSets, NoteTimeNow());
     ShowNoteTabs();
     const HWND frame = FrameOf(theNoteTabs.window);
     if (!opened.created) Complain(frame, kCannotCreateNotes);
     const bool isReadOnly = !CanWriteWorkingFolder();
-    std::string report = opened.report;
-    if (isReadOnly) report.insert(0, report.empty() ? kNothingCanBeKept : kNothingCanBeKept + std::string("\n\n"));
-    if (!report.empty()) {
-        const UINT icon = isReadOnly || opened.hasDamaged ? MB_ICONWARNING : MB_ICONINFORMATION;
-        MessageBoxA(frame, report.c_str(), kMendedCaption, MB_OK | icon | MB_SYSTEMMODAL);  // above the splash
-    }
+    const std::string report = WithParagraph(isReadOnly ? kNothingCanBeKept : "", opened.report);
+    if (report.empty()) return "";
+    const std::string setName = opened.hasDamaged && !isReadOnly ? DamagedSetWithCopy(hasWholeCopy) : "";
+    const std::string question =
+        setName.empty() ? "" : "Do you want to look at the earlier states of the note set \"" + setName + "\" now?";
+    const UINT icon = isReadOnly || opened.hasDamaged ? MB_ICONWARNING : MB_ICONINFORMATION;
+    const UINT buttons = setName.empty() ? MB_OK : MB_YESNO;
+    const int answer = MessageBoxA(frame, WithParagraph(report, question).c_str(), kMendedCaption,
+                                   buttons | icon | MB_SYSTEMMODAL);  // above the splash
+    return answer == IDYES ? setName : "";
 }
 
 void AddLastNoteTab() {

@@ -15,8 +15,9 @@ struct NoteTabs {
 extern NoteTabs theNoteTabs;
 
 // Opens the sets in the working directory and creates their tabs. Reports when the first set's files cannot be created,
-// and what was repaired in the other sets.
-void LoadNoteSets();
+// and what was repaired in the other sets. If a set is damaged and `hasWholeCopy` is true for it, also asks whether to
+// look at its earlier states: returns its name for Yes; empty for No and if nothing was asked.
+std::string LoadNoteSets(bool (*hasWholeCopy)(const NoteSet& set));
 
 // Replaces all tabs by one for each set with its plain name, and selects the current set's.
 void ShowNoteTabs();

@@ -17,6 +17,7 @@
 using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
+using testing::Not;
 using testing::StartsWith;
 
 static constexpr char kTitle[] = "Earlier States of Note Sets";
@@ -215,6 +216,58 @@ TEST(EarlierStates, StayOpenWhenASetCannotBeRestored) {
     EXPECT_TRUE(IsWindow(dialog));
     EXPECT_EQ(FocusOf(program), Child(dialog, {IDC_SET_NAME}));
     Close(program);
+}
+
+// ---- A damaged set at the start -------------------------------------------------------------------------------------
+
+static ScratchFolder FolderWithDamagedSet() {
+    const ScratchFolder folder = FolderWithCopies();
+    WriteFile(folder, "Mine.nmd", ReadFile(folder, "Mine.nmd").substr(0, 5000));
+    return folder;
+}
+
+static const char kOffer[] = "\n\nDo you want to look at the earlier states of the note set \"Mine\" now?";
+
+TEST(EarlierStates, AreOfferedForADamagedSetAtTheStart) {
+    const ScratchFolder folder = FolderWithDamagedSet();
+    WriteFile(folder, "backup/Mine 2024-03-05.nmd", "not whole");
+    WriteSetting(folder, "MISC", "Note", "1");  // another set is the current one
+    Program program = LaunchProgram(folder);
+    const HWND box = WaitForDialog(program, "Note Sets");
+    EXPECT_THAT(MessageText(box), StartsWith("The data file \"Mine.nmd\" is damaged"));
+    EXPECT_TRUE(MessageText(box).ends_with(kOffer));
+    EXPECT_THAT(ButtonsOf(box), ElementsAre("&Yes", "&No"));
+    PostMessageA(box, WM_COMMAND, IDYES, 0);
+    const HWND dialog = WaitForDialog(program, kTitle);
+    WaitForFrame(program);
+    EXPECT_THAT(LinesOf(dialog, IDC_STATES), Contains(Day(5) + "\tMine\tthis copy is damaged"));
+    EXPECT_EQ(SendDlgItemMessageA(dialog, IDC_STATES, LB_GETCURSEL, 0, 0), 2);  // the latest whole one
+    EXPECT_EQ(TextOf(dialog, IDC_SET_NAME), "Mine");
+    RestoreSet(program, dialog, "");
+    WaitForDialog(program, "Restore Set");
+    Press(program, "y");
+    WaitForNoDialog(program);
+    EXPECT_TRUE(IsSet(folder, "Mine", kThen));
+    EXPECT_EQ(CloseProgram(program), 0);
+    program = StartProgram(folder);  // without a message
+    EXPECT_FALSE(HasDialog(program));
+}
+
+TEST(EarlierStates, AreNotShownAtTheStartWithoutAYes) {
+    const ScratchFolder folder = FolderWithDamagedSet();
+    Program program = LaunchProgram(folder);
+    PostMessageA(WaitForDialog(program, "Note Sets"), WM_COMMAND, IDNO, 0);
+    WaitForFrame(program);
+    EXPECT_FALSE(HasDialog(program));
+    EXPECT_EQ(CloseProgram(program), 0);
+    std::filesystem::remove_all(folder.path / "backup");
+    program = LaunchProgram(folder);
+    const HWND box = WaitForDialog(program, "Note Sets");
+    EXPECT_THAT(ButtonsOf(box), ElementsAre("OK"));
+    EXPECT_THAT(MessageText(box), Not(HasSubstr("earlier states")));
+    PostMessageA(box, WM_COMMAND, IDOK, 0);
+    WaitForFrame(program);
+    EXPECT_FALSE(HasDialog(program));
 }
 
 // ---- Killed while restoring -----------------------------------------------------------------------------------------
