@@ -5,6 +5,7 @@
 
 #include "notes/note_saving.h"
 #include "notes/whole_files.h"
+#include "scripture/crc32.h"
 #include "scripture/little_endian.h"
 #include "scripture/verse_records.h"
 
@@ -12,24 +13,6 @@ static constexpr std::array<unsigned char, 4> kMark = {'V', 'W', 'S', 'E'};
 static constexpr std::uint32_t kVersion = 1;
 static constexpr std::size_t kHeaderSize = 16;
 static constexpr std::size_t kFileLimit = std::size_t{1} << 24;
-
-// What each value of a byte adds to a checksum.
-static constexpr std::array<std::uint32_t, 256> SumsOfBytes() {
-    std::array<std::uint32_t, 256> sums{};
-    for (std::uint32_t byte = 0; byte < sums.size(); ++byte) {
-        std::uint32_t sum = byte;
-        for (int bit = 0; bit < 8; ++bit) sum = sum >> 1 ^ (sum & 1 ? 0xEDB88320 : 0);
-        sums[byte] = sum;
-    }
-    return sums;
-}
-
-static std::uint32_t Checksum(std::span<const unsigned char> bytes) {
-    static constexpr std::array<std::uint32_t, 256> kSums = SumsOfBytes();
-    std::uint32_t sum = ~std::uint32_t{0};
-    for (const unsigned char byte : bytes) sum = sum >> 8 ^ kSums[(sum ^ byte) & 0xFF];
-    return ~sum;
-}
 
 // ---- Writing --------------------------------------------------------------------------------------------------------
 
@@ -40,12 +23,12 @@ static void Put(Bytes& bytes, std::uint32_t number) {
     StoreLittleEndian32(number, bytes.data() + bytes.size() - sizeof number);
 }
 
-static void Put(Bytes& bytes, std::size_t count) {
+static void PutCount(Bytes& bytes, std::size_t count) {
     Put(bytes, static_cast<std::uint32_t>(count));
 }
 
 static void Put(Bytes& bytes, const std::string& text) {
-    Put(bytes, text.size());
+    PutCount(bytes, text.size());
     bytes.insert(bytes.end(), text.begin(), text.end());
 }
 
@@ -64,7 +47,7 @@ static void Put(Bytes& bytes, const NoteDraft& draft) {
 
 template <typename Item>
 static void PutAll(Bytes& bytes, const std::vector<Item>& items) {
-    Put(bytes, items.size());
+    PutCount(bytes, items.size());
     for (const Item& item : items) Put(bytes, item);
 }
 
@@ -76,7 +59,7 @@ std::vector<unsigned char> SessionBytes(const Session& session) {
     PutAll(bytes, session.drafts);
     const std::span<const unsigned char> content = std::span(bytes).subspan(kHeaderSize);
     StoreLittleEndian32(static_cast<std::uint32_t>(content.size()), bytes.data() + 8);
-    StoreLittleEndian32(Checksum(content), bytes.data() + 12);
+    StoreLittleEndian32(Crc32(content), bytes.data() + 12);
     return bytes;
 }
 
@@ -150,7 +133,7 @@ bool ParseSession(std::span<const unsigned char> bytes, Session& session) {
     const std::uint32_t size = TakeNumber(reader);
     const std::uint32_t checksum = TakeNumber(reader);
     if (!reader.isWhole || !std::ranges::equal(mark, kMark) || version != kVersion) return false;
-    if (size != reader.rest.size() || checksum != Checksum(reader.rest)) return false;
+    if (size != reader.rest.size() || checksum != Crc32(reader.rest)) return false;
     session.settings = TakeAll<SettingText>(reader);
     session.drafts = TakeAll<NoteDraft>(reader);
     return reader.isWhole && reader.rest.empty();

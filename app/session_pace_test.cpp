@@ -91,7 +91,7 @@ TEST(SessionPace, WritesDuringSteadyChanges) {
 }
 
 TEST(SessionPace, NeverLosesMoreThanASecond) {
-    for (const std::uint64_t duration : {0, 1, 10, 30}) {
+    for (const std::uint64_t duration : {0u, 1u, 10u, 30u}) {
         Course run;
         run.duration = duration;
         std::uint64_t oldest = 0;  // time of the first change that is not in the file

@@ -235,7 +235,3 @@ TEST(ChangedNote, WaitsUntilTheSetIsWhole) {
     EXPECT_EQ(Save(desk), NoteSaveResult::kMerged);
     EXPECT_EQ(desk.edit.text, Both("mine", "theirs"));
 }
-
-TEST(BothTexts, AreSeparatedByALine) {
-    EXPECT_EQ(BothTexts("mine\r\n", "other"), Both("mine\r\n", "other"));
-}

@@ -1,7 +1,6 @@
 #include "notes/note_history.h"
 
 #include <algorithm>
-#include <array>
 #include <chrono>
 #include <map>
 #include <new>
@@ -10,6 +9,7 @@
 #include <utility>
 
 #include "notes/whole_files.h"
+#include "scripture/crc32.h"
 #include "scripture/letters.h"
 #include "scripture/little_endian.h"
 #include "scripture/verse_records.h"
@@ -31,23 +31,6 @@ std::string HistoryFileName(const std::string& setName) {
 }
 
 // ---- Records --------------------------------------------------------------------------------------------------------
-
-static constexpr std::array<std::uint32_t, 256> CrcTable() {
-    std::array<std::uint32_t, 256> table{};
-    for (std::uint32_t byte = 0; byte < 256; ++byte) {
-        std::uint32_t crc = byte;
-        for (int bit = 0; bit < 8; ++bit) crc = (crc & 1) != 0 ? crc >> 1 ^ 0xEDB88320u : crc >> 1;
-        table[byte] = crc;
-    }
-    return table;
-}
-
-static std::uint32_t Crc32(BytesView bytes) {
-    static constexpr std::array<std::uint32_t, 256> kTable = CrcTable();
-    std::uint32_t crc = 0xFFFFFFFFu;
-    for (const unsigned char byte : bytes) crc = crc >> 8 ^ kTable[(crc ^ byte) & 0xFF];
-    return ~crc;
-}
 
 static void AddRecord(Bytes& bytes, const EarlierNote& note, std::string_view text) {
     const std::size_t begin = bytes.size();

@@ -7,6 +7,7 @@
 #include <span>
 #include <vector>
 
+#include "notes/joined_texts.h"
 #include "notes/note_backup.h"
 #include "notes/note_history.h"
 #include "notes/note_places.h"
@@ -136,7 +137,8 @@ static bool ReadAgain(Save& save) {
 // From the open data file, according to the offsets.
 static std::string StoredText(const Save& save) {
     const StoredNote stored = StoredNoteOf(save.set, static_cast<int>(save.verse));
-    std::vector<unsigned char> bytes(std::min<std::size_t>(stored.length, kNoteBufferSize - 1));
+    const auto limit = static_cast<std::size_t>(std::min<std::uint64_t>(stored.length, kNoteBufferSize - 1));
+    std::vector<unsigned char> bytes(limit);
     bytes.resize(save.files.readAt(save.files.device, save.data.get(), stored.offset, bytes));
     return {bytes.begin(), std::find(bytes.begin(), bytes.end(), '\0')};
 }
@@ -153,7 +155,7 @@ static Step KeepStored(Save& save, const std::string& stored) {
 }
 
 static Step Merge(Save& save, std::string stored) {
-    std::string both = BothTexts(save.text, stored);
+    std::string both = JoinedTexts(save.text, stored);
     if (both.size() > kNoteTextLimit) return KeepStored(save, stored);
     save.edit = {std::move(both), std::move(stored)};
     return Step::kMerged;
@@ -380,13 +382,4 @@ std::string TextForNote(std::string_view text, std::size_t room) {
         text.remove_prefix(std::max<std::size_t>(lineEnd, 1));
     }
     return lines;
-}
-
-std::string BothTexts(std::string_view mine, std::string_view other) {
-    static constexpr std::string_view kBetween =
-        "\r\n----------------------------------------\r\nAlso written elsewhere:\r\n";
-    std::string both(mine);
-    both += kBetween;
-    both += other;
-    return both;
 }

@@ -65,18 +65,15 @@ struct NoteEdit {
 // the disk. For a set that still is not whole only kNotWhole is reported. There must be a current set.
 //
 // If the stored note is neither what was opened nor what was typed, and not empty, the result is kMerged: `edit` then
-// holds BothTexts, opened on the stored note, so that the next save stores them. If they are too long for one note,
-// the stored one is kept among the earlier notes (notes/note_history.h) before the user is asked whether to replace it
-// (kTooLong); if it cannot be kept, nothing changes (kCannotKeep).
+// holds both texts (notes/joined_texts.h), opened on the stored note, so that the next save stores them. If they are
+// too long for one note, the stored one is kept among the earlier notes (notes/note_history.h) before the user is asked
+// whether to replace it (kTooLong); if it cannot be kept, nothing changes (kCannotKeep).
 //
 // If the data file cannot be opened, Retry does not try again: as with every failure up to the last write, the save
 // ends with kCannotWrite. If the old file cannot be deleted, the offsets in memory are already those of the temporary
 // file, which contains the note.
 NoteSaveResult SaveNote(const NoteFiles& files, const SaveVoice& voice, NoteSets& notes, NoteEdit& edit,
                         const NoteTime& now);
-
-// `mine`, a line of dashes, "Also written elsewhere:" and `other`.
-std::string BothTexts(std::string_view mine, std::string_view other);
 
 // `text` up to its first NUL with every line end converted to CR LF, cut to `room` characters but never inside a line
 // end.

@@ -26,7 +26,7 @@ static const Bytes* CreatedFile(void* device, const std::string& name) {
 
 // The part of `bytes` from `offset` on, at most `limit` of them.
 static std::span<const unsigned char> Part(const Bytes& bytes, std::uint64_t offset, std::size_t limit) {
-    const std::size_t begin = std::min<std::uint64_t>(offset, bytes.size());
+    const auto begin = static_cast<std::size_t>(std::min<std::uint64_t>(offset, bytes.size()));
     return std::span(bytes).subspan(begin, std::min(limit, bytes.size() - begin));
 }
 
