@@ -206,18 +206,18 @@ TEST(MergeSets, ReadsFilesAgainThatHaveChanged) {
 
 // ---- Kills ----------------------------------------------------------------------------------------------------------
 
-static bool IsIndexOf(const ScratchFolder& folder, const std::string& set) {
-    const std::string data = ReadFile(folder, set + ".nmd");
-    std::vector<unsigned> offsets = {0};
-    for (std::size_t end = data.find('\0'); end + 1 < data.size(); end = data.find('\0', end + 1))
-        offsets.push_back(static_cast<unsigned>(end + 1));
-    return ReadFile(folder, set + ".nmi") == IndexBytes(offsets);
-}
-
 // Starts the program on what a kill has left, and merges the copy if it is still there.
 static void StartAndMerge(const ScratchFolder& folder) {
     Program program = LaunchProgram(folder);
-    if (!IsIndexOf(folder, "Mine")) PostMessageA(WaitForDialog(program, "Note Sets"), WM_COMMAND, IDOK, 0);
+    HWND report = nullptr;  // of an index that was made again, or of a whole temporary file
+    WaitUntil(program, "the start", [&] {
+        for (const HWND window : TopLevelWindows(program)) {
+            if (TextOf(window) == "Note Sets") report = window;
+            if (report || ClassOf(window) == "Versewell97") return true;
+        }
+        return false;
+    });
+    if (report) PostMessageA(report, WM_COMMAND, IDOK, 0);
     WaitForFrame(program);
     if (HasFile(folder, std::string(kCopy) + ".nmd")) {
         Answer(program, WaitForDialog(program, kOffer), IDYES);

@@ -437,7 +437,10 @@ TEST(SaveTargets, StayWholeIfTheProgramEndsWhileItWrites) {
         SendMessageA(FocusOf(program), WM_SETTEXT, 0, reinterpret_cast<LPARAM>("old.txt"));
         EndAtFileOperation(program, last);
         Press(program, "Enter");
-        if (IsWindow(dialog) && ActiveWindowOf(program) != dialog) Press(program, "Alt+y");
+        WaitUntil(program, "the question", [&] { return !IsRunning(program) || ActiveWindowOf(program) != dialog; });
+        if (IsRunning(program) && IsWindow(dialog)) Press(program, "Alt+y");
+        WaitUntil(program, "the end of the save", [&] { return !IsRunning(program) || !HasDialog(program); });
+        Settle(program);
         ended = IsRunning(program);
         const std::string text = ReadFile(program.folder, "old.txt");
         if (ended)
