@@ -1,6 +1,7 @@
 #include "notes/note_edit_control_win32.h"
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 #include "notes/note_saving.h"
@@ -205,6 +206,42 @@ static LRESULT PassKey(WPARAM key, LPARAM lParam) {
     return result;
 }
 
+static CHARRANGE Selected() {
+    CHARRANGE range{};
+    SendMessageA(theNoteEdit.window, EM_EXGETSEL, 0, reinterpret_cast<LPARAM>(&range));
+    return range;
+}
+
+// Returns whether an end of the selection was moved by one character and can be moved on.
+static bool StepWithinWord(WPARAM key, LPARAM lParam) {
+    const CHARRANGE before = Selected();
+    PassKey(key, lParam);
+    const CHARRANGE after = Selected();
+    if (after.cpMin != before.cpMin) return !IsWordStop(theNoteEdit.window, after.cpMin);
+    return after.cpMax != before.cpMax && !IsWordStop(theNoteEdit.window, after.cpMax);
+}
+
+// Ctrl with an arrow key. Wine's control counts the places to the next word wrong, so that the caret is somewhere else
+// than it says. So the arrow is passed without Ctrl until the caret is there.
+static void MoveByWord(WPARAM key, LPARAM lParam) {
+    std::array<BYTE, 256> keys{};
+    GetKeyboardState(keys.data());
+    std::array<BYTE, 256> lifted = keys;
+    lifted[VK_CONTROL] = lifted[VK_LCONTROL] = lifted[VK_RCONTROL] = 0;
+    SetKeyboardState(lifted.data());
+    while (StepWithinWord(key, lParam)) {
+    }
+    SetKeyboardState(keys.data());
+}
+
+static LRESULT OnKeyDown(WPARAM key, LPARAM lParam) {
+    if (OnEditKey(static_cast<UINT>(key))) return 0;
+    const bool isByWord = (key == VK_LEFT || key == VK_RIGHT) && IsControlDown();
+    if (!isByWord) return PassKey(key, lParam);
+    MoveByWord(key, lParam);
+    return 0;
+}
+
 // Characters of keys handled by OnEditKey, and those that notes must not contain.
 static bool IsStrayCharacter(UINT character) {
     static constexpr UINT kDelete = 0x7F;
@@ -214,7 +251,7 @@ static bool IsStrayCharacter(UINT character) {
 
 static LRESULT CALLBACK EditProcedure(HWND edit, UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
-        case WM_KEYDOWN: return OnEditKey(static_cast<UINT>(wParam)) ? 0 : PassKey(wParam, lParam);
+        case WM_KEYDOWN: return OnKeyDown(wParam, lParam);
         case WM_CHAR:
             if (IsStrayCharacter(static_cast<UINT>(wParam))) return 0;
             PutSelectionInOrder(edit);

@@ -92,6 +92,15 @@ static LONG PlaceInOrder(HWND richEdit, LONG place) {
     return place;
 }
 
+bool IsWordStop(HWND richEdit, LONG place) {
+    const auto isLineEnd = [](char c) { return c == '\r' || c == '\n'; };
+    const auto isBlank = [](char c) { return c == ' ' || c == '\t'; };
+    const char before = CharacterAt(richEdit, place - 1);
+    const char behind = CharacterAt(richEdit, place);
+    if (place == 0 || behind == '\0' || isLineEnd(before) || isLineEnd(behind)) return true;
+    return isBlank(before) && !isBlank(behind);
+}
+
 bool IsSelectionInLineEnd(HWND richEdit) {
     const CHARRANGE range = SelectionOf(richEdit);
     return IsInLineEnd(richEdit, range.cpMin) || IsInLineEnd(richEdit, range.cpMax);

@@ -26,6 +26,9 @@ std::string PlainTextOfSelection(HWND richEdit);
 // With the arrow keys the caret can be moved to places that do not exist: between the CR and the LF of a line end, and
 // behind the end of the text. What is typed there tears the line end, is lost, or ends the program inside the control.
 
+// Does Ctrl with an arrow key stop here: at the start of a word, and at both ends of the text and of each line?
+bool IsWordStop(HWND richEdit, LONG place);
+
 // Is one of the selection's ends inside a line end?
 bool IsSelectionInLineEnd(HWND richEdit);
 
