@@ -162,7 +162,9 @@ TEST(ChangedNote, ComesBackIfItWasEmptiedHere) {
     OpenEditor(desk, {{kVerse, "old"}});
     ChangeElsewhere(desk, {{kVerse, "theirs"}});
     EXPECT_EQ(Save(desk), NoteSaveResult::kMerged);
-    EXPECT_EQ(desk.edit.text, Both("", "theirs"));
+    EXPECT_EQ(desk.edit.text, "theirs");  // an empty text adds nothing
+    desk.edit.text = "";
+    EXPECT_EQ(Save(desk), NoteSaveResult::kSaved);  // emptied again, now knowing the other text
 }
 
 TEST(ChangedNote, MayBeTheLastOfTheBible) {
