@@ -92,6 +92,7 @@ static bool KillWhileSaving(const Program& program, const NoteEdit& edit, unsign
     else
         Press(program, "Delete");
     WaitForDraft(program, edit.after);  // whose writing would be among the operations
+    WaitUntil(program, "the session file", [&] { return HoldsSession(program.folder, kNoteBefore); });
     EndAtFileOperation(program, operation);
     const HWND editor = NoteEditorOf(program);
     PostMessageA(editor, WM_COMMAND, IDC_NOTE_SAVE, 0);
