@@ -89,6 +89,9 @@ void WaitForFrame(Program& program, const StartOptions& options = {});
 // Starts a program of Wine's host in the folder. Its end cannot be waited for directly, only by its effects.
 void StartOnHost(const ScratchFolder& folder, const std::string& commandLine);
 
+// Runs a shell command in the folder on Wine's host and waits until it has succeeded.
+void RunOnHost(const ScratchFolder& folder, const std::string& command);
+
 // Installs the probe in the program (see probe.h). Needs the frame; `WaitForFrame` calls it.
 void HookProbe(Program& program);
 
@@ -252,3 +255,7 @@ ScrollState VerticalScroll(const Program& program, HWND window);
 // reading, flushing, closing, deleting, renaming and so on). A write counts as two operations, because it can also be
 // interrupted in the middle.
 void EndAtFileOperation(const Program& program, unsigned last);
+
+// From now on the program's keyboard types `character` where the digit key is pressed with AltGr, which is Ctrl+Alt.
+// Dialogs keep the keyboard of the display.
+void TypeWithAltGr(const Program& program, char digit, wchar_t character);

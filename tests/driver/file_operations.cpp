@@ -2,6 +2,8 @@
 
 #include <cstring>
 
+#include "tests/driver/import_table.h"
+
 static UINT count;
 static UINT end;  // 0: never
 
@@ -43,7 +45,7 @@ static BOOL WINAPI WatchWrite(HANDLE file, LPCVOID bytes, DWORD size, LPDWORD wr
     return WriteFile(file, bytes, size, written, place);
 }
 
-static const Watched* FindWatched(const char* name) {
+static void* WatchingProcedure(const char* name) {
     static const Watched all[] = {
         Watch<0>("CreateFileW", CreateFileW),
         Watch<1>("ReadFile", ReadFile),
@@ -59,54 +61,14 @@ static const Watched* FindWatched(const char* name) {
         Watch<10>("GetFileAttributesExW", GetFileAttributesExW),
     };
     for (const Watched& watched : all)
-        if (std::strcmp(watched.name, name) == 0) return &watched;
+        if (std::strcmp(watched.name, name) == 0) return watched.watching;
     return nullptr;
 }
 
-// ---- The program's table of imports ---------------------------------------------------------------------------------
-
-// The structure at `offset` of the program's image.
-template <typename T>
-static T* InImage(std::size_t offset) {
-    static char* const image = reinterpret_cast<char*>(GetModuleHandleA(nullptr));
-    return reinterpret_cast<T*>(image + offset);
-}
-
-static void Replace(void** slot, void* procedure) {
-    DWORD protection = 0;
-    VirtualProtect(slot, sizeof *slot, PAGE_READWRITE, &protection);
-    *slot = procedure;
-    VirtualProtect(slot, sizeof *slot, protection, &protection);
-}
-
-static void WatchImportsOf(const IMAGE_IMPORT_DESCRIPTOR& library) {
-    const auto* name = InImage<IMAGE_THUNK_DATA>(library.OriginalFirstThunk);
-    auto* slot = InImage<void*>(library.FirstThunk);
-    for (; name->u1.AddressOfData != 0; ++name, ++slot) {
-        if (IMAGE_SNAP_BY_ORDINAL(name->u1.Ordinal)) continue;
-        const Watched* watched = FindWatched(InImage<IMAGE_IMPORT_BY_NAME>(name->u1.AddressOfData)->Name);
-        if (watched != nullptr) Replace(slot, watched->watching);
-    }
-}
-
-static void WatchImports() {
-    const auto* header = InImage<IMAGE_NT_HEADERS>(static_cast<std::size_t>(InImage<IMAGE_DOS_HEADER>(0)->e_lfanew));
-    const IMAGE_DATA_DIRECTORY& imports = header->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT];
-    for (auto* library = InImage<IMAGE_IMPORT_DESCRIPTOR>(imports.VirtualAddress); library->Name != 0; ++library)
-        WatchImportsOf(*library);
-}
-
-static bool StartWatching() {
-    HMODULE library = nullptr;  // must stay loaded from here on
-    if (!GetModuleHandleExA(GET_MODULE_HANDLE_EX_FLAG_PIN | GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS,
-                            reinterpret_cast<LPCSTR>(&WatchWrite), &library))
-        return false;
-    WatchImports();
-    return true;
-}
+// ---------------------------------------------------------------------------------------------------------------------
 
 void EndAtFileOperation(UINT last) {
-    static const bool isWatching = StartWatching();
+    static const bool isWatching = ReplaceImports(WatchingProcedure);
     count = 0;
     end = isWatching ? last : 0;
 }

@@ -147,3 +147,9 @@ ScrollState VerticalScroll(const Program& program, HWND window) {
 void EndAtFileOperation(const Program& program, unsigned last) {
     AskProbe(program, Question(ProbeQuestion::EndAtFileOperation, nullptr, last));
 }
+
+void TypeWithAltGr(const Program& program, char digit, wchar_t character) {
+    Probe probe = Question(ProbeQuestion::TypeWithAltGr, nullptr, static_cast<UINT>(digit));
+    probe.id = character;
+    AskProbe(program, probe);
+}

@@ -18,6 +18,7 @@ enum class ProbeQuestion : int {
     MenuItemById,        // the same for the command `item`
     VerticalScroll,      // scroll: of `window`
     EndAtFileOperation,  // see file_operations.h; `item` is the number
+    TypeWithAltGr,       // see alt_gr.h; `item` is the key, `id` the character
 };
 
 struct Probe {

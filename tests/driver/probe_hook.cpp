@@ -1,5 +1,6 @@
 // The library that answers the probe's questions inside the program.
 
+#include "tests/driver/alt_gr.h"
 #include "tests/driver/file_operations.h"
 #include "tests/driver/probe.h"
 
@@ -25,6 +26,7 @@ static void Answer(Probe& probe) {
             GetScrollInfo(probe.window, SB_VERT, &probe.scroll);
             break;
         case ProbeQuestion::EndAtFileOperation: EndAtFileOperation(probe.item); break;
+        case ProbeQuestion::TypeWithAltGr: TypeWithAltGr(probe.item, static_cast<wchar_t>(probe.id)); break;
     }
     probe.answered = 1;
 }

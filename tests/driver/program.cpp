@@ -101,6 +101,14 @@ void StartOnHost(const ScratchFolder& folder, const std::string& commandLine) {
     StartProcess(nullptr, Widened(commandLine), folder.path, SW_SHOWNORMAL);
 }
 
+void RunOnHost(const ScratchFolder& folder, const std::string& command) {
+    StartOnHost(folder, "\"Z:\\bin\\sh\" -c \"" + command + " && touch done\"");
+    Program none;
+    none.folder = folder;
+    WaitUntil(none, command, [&] { return HasFile(folder, "done"); });
+    std::filesystem::remove(folder.path / "done");
+}
+
 Program LaunchProgram(const ScratchFolder& folder, const StartOptions& options) {
     const std::filesystem::path file = options.programFile.empty() ? Surroundings().program : options.programFile;
     const std::wstring commandLine = L"\"" + file.wstring() + L"\" " + Widened(options.arguments);

@@ -125,7 +125,6 @@ TEST(Bookmarks, AreSetToThePassagesVerseWhenTheListHasTheFocus) {
     EXPECT_EQ(LabelOf(program, 1), "Psalms 119:105\tCtrl+2");
 }
 
-// With AltGr, which arrives as Ctrl+Alt, a digit types a character on some keyboards, but not on this one.
 TEST(Bookmarks, AreSetFromTheNoteEditor) {
     Program program = StartProgram(FolderWithScripture());
     Command(program, IDM_GOTO_BOOK + 40);
@@ -133,4 +132,29 @@ TEST(Bookmarks, AreSetFromTheNoteEditor) {
     Press(program, "Ctrl+Alt+3");
     EXPECT_EQ(LabelOf(program, 2), "Matthew 1:1\tCtrl+3");
     EXPECT_EQ(TextOf(NoteEditOf(program)), "");
+}
+
+TEST(Bookmarks, LeaveTheCharactersOfAltGrToTheEditor) {
+    static constexpr struct {
+        char digit;
+        char character;
+    } kKeys[] = {{'3', '#'}, {'8', '['}, {'0', '}'}};  // the first on French keyboards, the others on German ones
+    for (const auto& key : kKeys) {
+        SCOPED_TRACE(key.character);
+        const std::string keys = std::string("Ctrl+Alt+") + key.digit, typed(1, key.character);
+        const int number = (key.digit - '0' + kCount - 1) % kCount;
+        Program program = StartProgram(FolderWithScripture());
+        TypeWithAltGr(program, key.digit, static_cast<wchar_t>(key.character));
+        Command(program, IDM_GOTO_BOOK + 40);
+        OpenNoteEditor(program);
+        Press(program, keys);
+        EXPECT_EQ(TextOf(NoteEditOf(program)), typed);
+        EXPECT_EQ(LabelOf(program, number), "Genesis 1:1\tCtrl+" + DigitOf(number));
+        Press(program, "Ctrl+Alt+4");  // types nothing on this keyboard
+        EXPECT_EQ(LabelOf(program, 3), "Matthew 1:1\tCtrl+4");
+        ClickEditorButton(program, IDC_NOTE_SAVE);
+        EXPECT_EQ(TextOf(NoteViewOf(program)), typed);
+        Press(program, keys);  // where nothing can be typed
+        EXPECT_EQ(LabelOf(program, number), "Matthew 1:1\tCtrl+" + DigitOf(number));
+    }
 }

@@ -233,22 +233,15 @@ TEST(UnsavedNote, IsReportedWhenTheTemporaryFileCannotBeCreated) {
     ExpectUnsaved(program, "a folder has its name");
 }
 
-// Runs a shell command in the folder on Wine's host, and waits for the file that marks its end.
-static void RunOnHost(const Program& program, const std::string& command) {
-    StartOnHost(program.folder, "\"Z:\\bin\\sh\" -c \"" + command + " && touch done\"");
-    WaitUntil(program, command, [&] { return HasFile(program.folder, "done"); });
-    std::filesystem::remove(program.folder.path / "done");
-}
-
 // The name of the temporary file is linked to the host's device that is always full.
 TEST(UnsavedNote, IsReportedWhenTheDiskIsFull) {
     Program program = ProgramInEditorOf(kMiddle);
-    RunOnHost(program, "ln -s /dev/full Mine.nmd.temp");
+    RunOnHost(program.folder, "ln -s /dev/full Mine.nmd.temp");
     Type(program, "Lost: ");
     ClickEditorButton(program, IDC_NOTE_SAVE);
     Answer(program, kCannotWrite, "stop", kOk, "Enter");
     ExpectUnsaved(program, "the disk is full");
-    RunOnHost(program, "rm Mine.nmd.temp");  // a Windows program cannot remove it
+    RunOnHost(program.folder, "rm Mine.nmd.temp");  // a Windows program cannot remove it
 }
 
 TEST(UnsavedNote, IsReportedWhenTheOldFileCannotBeDeleted) {

@@ -1,0 +1,8 @@
+// Replaces system procedures that the program calls. Part of the probe library.
+#pragma once
+
+#include <functional>
+
+// Asks for each procedure that the program's table of imports names, and puts the result in its place unless it is
+// null. The library then stays loaded. False if that is impossible, so that nothing is replaced.
+bool ReplaceImports(const std::function<void*(const char* name)>& replacementFor);
