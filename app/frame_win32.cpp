@@ -103,10 +103,20 @@ void LayOut() {
     if (IsWindowVisible(theFrame.window)) KeepFocusShown();
 }
 
-void RemoveDevotionalMenu() {
-    static constexpr UINT kDevotionalMenu = 6;  // position in the menu bar
+void UpdateDevotionalMenu() {
+    static constexpr UINT kPlace = 6;  // in the menu bar
+    static constexpr char kText[] = "&Devotional";
     // Removed but not deleted: deleting its 732 items would noticeably slow down start-up. They are freed at exit.
-    RemoveMenu(theFrame.menu, kDevotionalMenu, MF_BYPOSITION);
+    static HMENU removed = nullptr;
+    const bool isShown = removed == nullptr, isWanted = theNoteSets.devotionalSet != kNoDevotionalSet;
+    if (isShown == isWanted) return;
+    if (isWanted) {
+        InsertMenuA(theFrame.menu, kPlace, MF_BYPOSITION | MF_POPUP, reinterpret_cast<UINT_PTR>(removed), kText);
+        removed = nullptr;
+    } else {
+        removed = GetSubMenu(theFrame.menu, kPlace);
+        RemoveMenu(theFrame.menu, kPlace, MF_BYPOSITION);
+    }
     DrawMenuBar(theFrame.window);
 }
 

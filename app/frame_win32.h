@@ -40,8 +40,8 @@ void LayOut(WPARAM sizeType, int width, int height);
 // The same for the frame's current size. Also moves the focus to a visible pane if the focused one has been hidden.
 void LayOut();
 
-// Removes the Devotional menu from the menu bar, for when there is no devotional note set or it was deleted.
-void RemoveDevotionalMenu();
+// Shows the Devotional menu in the menu bar if there is a devotional note set, and removes it if there is none.
+void UpdateDevotionalMenu();
 
 // Updates the enabled and ticked states of menu and toolbar.
 void RefreshCommands();

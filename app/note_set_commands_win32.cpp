@@ -64,9 +64,8 @@ void DeleteSet(int) {
         return;
     }
     if (!IsDeletionMeant()) return;
-    const bool hadDevotional = theNoteSets.devotionalSet != kNoDevotionalSet;
     if (!DeleteNoteSet(TheNoteFiles(), theNoteSets, NoteTimeNow())) return Complain(theFrame.window, kDeleteFailed);
-    if (hadDevotional && theNoteSets.devotionalSet == kNoDevotionalSet) RemoveDevotionalMenu();
+    UpdateDevotionalMenu();
     ShowNewTabs();
     ReadNote(theNoteSets.currentVerse);
     RepaintNoteMarks();
@@ -75,6 +74,7 @@ void DeleteSet(int) {
 // ---- Earlier states -------------------------------------------------------------------------------------------------
 
 static void ShowRestoredSet() {
+    UpdateDevotionalMenu();
     ShowNewTabs();
     ShowChangedNotes();
 }
@@ -102,9 +102,8 @@ static constexpr char kOfferCaption[] = "Copy of a Note Set";
 
 // False if the dialog was cancelled.
 static bool MergeChosenSets(const std::string& copy, const std::string& set) {
-    const bool hadDevotional = theNoteSets.devotionalSet != kNoDevotionalSet;
     if (!AskMergeSets(theFrame.window, copy, set)) return false;
-    if (hadDevotional && theNoteSets.devotionalSet == kNoDevotionalSet) RemoveDevotionalMenu();
+    UpdateDevotionalMenu();
     ShowNewTabs();
     ReadNote(theNoteSets.currentVerse);
     UpdateNoteMarks(IDM_NOTES_CHANGED);

@@ -152,7 +152,7 @@ static void ReadSettings() {
 }
 
 static void SetFirstMenuState() {
-    if (theNoteSets.devotionalSet == kNoDevotionalSet) RemoveDevotionalMenu();
+    UpdateDevotionalMenu();
     theFrame.startUpComplete = true;
     RefreshCommands();
 }

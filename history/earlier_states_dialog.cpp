@@ -24,7 +24,7 @@ namespace {
 // What the open dialog shows.
 struct ShownStates {
     std::string setName;  // at which it opens
-    std::vector<SetState> states{};
+    std::vector<SetBackup> states{};
     int firstLine = kNoLine;      // of the latest whole state of that set
     NotesInMemory then{}, now{};  // of the selected state, and of the set of its name as it is
     std::vector<int> verses{};    // those that differ, in the order of the list
@@ -43,7 +43,7 @@ static int SelectedLine(HWND dialog, int list) {
     return line == LB_ERR ? kNoLine : static_cast<int>(line);
 }
 
-static const SetState* SelectedState(HWND dialog) {
+static const SetBackup* SelectedState(HWND dialog) {
     const int line = SelectedLine(dialog, IDC_STATES);
     return line == kNoLine ? nullptr : &ShownBy(dialog).states[static_cast<std::size_t>(line)];
 }
@@ -64,7 +64,7 @@ static WORD Number(const std::string& text, std::size_t place, std::size_t lengt
 }
 
 // As the user's settings write it, with the time of day if it is known; as in the file's name if it is none.
-static std::string DayOf(const SetState& state) {
+static std::string DayOf(const SetBackup& state) {
     SYSTEMTIME time{};
     time.wYear = Number(state.day, 0, 4);
     time.wMonth = Number(state.day, 5, 2);
@@ -81,15 +81,15 @@ static std::string DayOf(const SetState& state) {
 }
 
 // Reads the state and the set of its name, whose notes are none if it does not exist or cannot be read.
-static void ReadState(ShownStates& shown, const SetState& state) {
+static void ReadState(ShownStates& shown, const SetBackup& state) {
     shown.then = {};
     shown.now = {};
-    ReadNotesInMemory(TheNoteFiles(), state.dataFileName, shown.then);
+    ReadNotesInMemory(TheNoteFiles(), BackupName(state) + kDataEnding, shown.then);
     const NoteSet* set = SetCalled(theNoteSets, state.setName);
     if (set != nullptr) ReadNotesInMemory(TheNoteFiles(), *set, shown.now);
 }
 
-static std::string DifferenceOf(const SetState& state, const NotesInMemory& then, std::size_t differing) {
+static std::string DifferenceOf(const SetBackup& state, const NotesInMemory& then, std::size_t differing) {
     if (!then.isWhole) return "this copy is damaged";
     if (SetCalled(theNoteSets, state.setName) == nullptr) return "the set does not exist now";
     return DifferenceText(differing);
@@ -106,10 +106,10 @@ static void AddStates(HWND dialog) {
         const NoteSet* set = SetCalled(theNoteSets, setName);
         if (set != nullptr) ReadNotesInMemory(TheNoteFiles(), *set, shown.now);
         for (std::size_t i = first; i < lines.size(); ++i) {
-            const SetState& state = shown.states[i];
+            const SetBackup& state = shown.states[i];
             if (state.setName != setName) continue;
             shown.then = {};
-            ReadNotesInMemory(TheNoteFiles(), state.dataFileName, shown.then);
+            ReadNotesInMemory(TheNoteFiles(), BackupName(state) + kDataEnding, shown.then);
             const std::size_t differing = DifferingVerses(shown.then, shown.now).size();
             if (shown.firstLine == kNoLine && EqualIgnoringCase(setName, shown.setName) && shown.then.isWhole)
                 shown.firstLine = static_cast<int>(i);
@@ -133,7 +133,7 @@ static void Enable(HWND dialog, int control, bool isEnabled) {
 
 static void ShowVerse(HWND dialog) {
     const ShownStates& shown = ShownBy(dialog);
-    const SetState* state = SelectedState(dialog);
+    const SetBackup* state = SelectedState(dialog);
     const int verse = SelectedVerse(dialog);
     const HWND text = GetDlgItem(dialog, IDC_STATE_TEXT);
     if (verse == kNoVerse) {
@@ -157,7 +157,7 @@ static void ShowVerses(HWND dialog) {
 
 static void ShowState(HWND dialog) {
     ShownStates& shown = ShownBy(dialog);
-    const SetState* state = SelectedState(dialog);
+    const SetBackup* state = SelectedState(dialog);
     if (state == nullptr) return;
     const HCURSOR before = SetCursor(LoadCursorA(nullptr, IDC_WAIT));
     ReadState(shown, *state);
@@ -193,7 +193,7 @@ static void Fill(HWND dialog) {
 
 static void RestoreNote(HWND dialog) {
     ShownStates& shown = ShownBy(dialog);
-    const SetState* state = SelectedState(dialog);
+    const SetBackup* state = SelectedState(dialog);
     const int verse = SelectedVerse(dialog);
     const NoteSet* set = state != nullptr ? SetCalled(theNoteSets, state->setName) : nullptr;
     if (verse == kNoVerse || set == nullptr) return;
@@ -202,7 +202,7 @@ static void RestoreNote(HWND dialog) {
     EndDialog(dialog, IDOK);
 }
 
-static bool IsReplacingMeant(HWND dialog, const SetState& state) {
+static bool IsReplacingMeant(HWND dialog, const SetBackup& state) {
     const std::string question = "Are you SURE you want to replace all notes of the note set \"" + state.setName +
                                  "\" by those of " + DayOf(state) +
                                  "? What is in it now is first copied into the folder \"backup\".";
@@ -210,7 +210,7 @@ static bool IsReplacingMeant(HWND dialog, const SetState& state) {
 }
 
 static void RestoreSet(HWND dialog) {
-    const SetState* state = SelectedState(dialog);
+    const SetBackup* state = SelectedState(dialog);
     if (state == nullptr) return;
     const std::string name = ControlText(dialog, IDC_SET_NAME, kNoteSetNameLimit);
     const NoteSet* set = SetCalled(theNoteSets, name);
@@ -219,11 +219,11 @@ static void RestoreSet(HWND dialog) {
     const HCURSOR before = SetCursor(LoadCursorA(nullptr, IDC_WAIT));
     const std::string problem = RestoreSetState(TheNoteFiles(), theNoteSets, *state, name, NoteTimeNow());
     SetCursor(before);
+    ShownBy(dialog).choice.hasRestoredSet = true;  // even with a problem: it may be that of the readings' table only
     if (!problem.empty()) {
         Complain(dialog, problem.c_str());
         return SelectField(dialog, IDC_SET_NAME);
     }
-    ShownBy(dialog).choice.hasRestoredSet = true;
     EndDialog(dialog, IDC_RESTORE_SET);
 }
 

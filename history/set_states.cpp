@@ -4,7 +4,6 @@
 #include <limits>
 #include <new>
 #include <optional>
-#include <span>
 #include <tuple>
 
 #include "notes/note_history.h"
@@ -15,42 +14,17 @@
 
 // ---- The copies -----------------------------------------------------------------------------------------------------
 
-// Does `text` begin with the form, in which 'd' is a digit?
-static bool BeginsWith(std::string_view text, std::string_view form) {
-    return text.size() >= form.size() && std::equal(form.begin(), form.end(), text.begin(), [](char expected, char c) {
-               return expected == 'd' ? IsDigit(c) : c == expected;
-           });
-}
-
-// Splits a name such as "Mine 2024-12-31 235959". The last day in it counts: a set may itself be called
-// "Mine 2024-12-31".
-static std::optional<SetState> StateOf(const std::string& fileName) {
-    static constexpr std::string_view kDay = " dddd-dd-dd", kClock = " dddddd";
-    const std::string ending = kDataEnding;
-    if (!fileName.ends_with(ending)) return std::nullopt;
-    const std::string name = fileName.substr(0, fileName.size() - ending.size());
-    for (const std::size_t length : {kDay.size(), kDay.size() + kClock.size()}) {
-        if (name.size() < length) continue;
-        const std::size_t begin = name.size() - length;
-        const std::string end = name.substr(begin);
-        const std::string clock = end.substr(kDay.size());
-        if (!BeginsWith(end, kDay) || (!clock.empty() && !BeginsWith(clock, kClock))) continue;
-        return SetState{name.substr(0, begin), end.substr(1, kDay.size() - 1), clock.substr(clock.empty() ? 0 : 1),
-                        std::string(kBackupFolder) + '/' + fileName};
-    }
-    return std::nullopt;
-}
-
-std::vector<SetState> SetStates(const NoteFiles& files) {
-    std::vector<SetState> states;
-    for (const std::string& file : files.list(files.device, std::string(kBackupFolder) + "/*" + kDataEnding)) {
-        const auto state = StateOf(file);
-        if (state) states.push_back(*state);
-    }
-    std::ranges::sort(states, [](const SetState& a, const SetState& b) {
+std::vector<SetBackup> SetStates(const NoteFiles& files) {
+    std::vector<SetBackup> states = AllBackups(files);
+    std::ranges::sort(states, [](const SetBackup& a, const SetBackup& b) {
         return std::tie(b.day, b.clock, a.setName) < std::tie(a.day, a.clock, b.setName);
     });
     return states;
+}
+
+bool HasWholeState(const NoteFiles& files, const std::string& setName) {
+    return std::ranges::any_of(BackupsOf(files, setName),
+                               [&](const SetBackup& state) { return OpenBackup(files, state).has_value(); });
 }
 
 // ---- Notes in memory ------------------------------------------------------------------------------------------------
@@ -72,14 +46,6 @@ bool ReadNotesInMemory(const NoteFiles& files, const NoteSet& set, NotesInMemory
     if (!ReadNotesInMemory(files, set.dataFileName, notes)) return false;
     if (!notes.isWhole) notes.offsets = set.offsets;
     return true;
-}
-
-bool HasWholeState(const NoteFiles& files, const std::string& setName) {
-    return std::ranges::any_of(SetStates(files), [&](const SetState& state) {
-        NotesInMemory notes;
-        return EqualIgnoringCase(state.setName, setName) && ReadNotesInMemory(files, state.dataFileName, notes) &&
-               notes.isWhole;
-    });
 }
 
 std::string_view NoteIn(const NotesInMemory& notes, int verse) {
@@ -111,27 +77,6 @@ NoteSet* SetCalled(NoteSets& notes, const std::string& name) {
     return set == kNoSet ? nullptr : &notes.sets[static_cast<std::size_t>(set)];
 }
 
-static std::string Clock(int secondOfDay) {
-    const int clock = secondOfDay / 3600 * 10000 + secondOfDay / 60 % 60 * 100 + secondOfDay % 60;
-    return std::to_string(1000000 + clock).substr(1);
-}
-
-// A name of this time or of the next second that no copy of the set has yet.
-static std::string FreeCopyName(const NoteFiles& files, const std::string& setName, const NoteTime& now) {
-    const std::string day = std::string(kBackupFolder) + '/' + setName + ' ' + now.day + ' ';
-    int second = now.secondOfDay;
-    while (files.stamp(files.device, day + Clock(second) + kDataEnding).exists) ++second;
-    return day + Clock(second);
-}
-
-static bool CopyIntoBackup(const NoteFiles& files, const NoteSet& set, const NoteTime& now) {
-    if (!files.makeFolder(files.device, kBackupFolder)) return false;
-    const std::string name = FreeCopyName(files, NoteSetName(set), now);
-    files.remove(files.device, name + kIndexEnding);
-    CopyWholeFile(files, IndexFileName(set), name + kIndexEnding);
-    return CopyWholeFile(files, set.dataFileName, name + kDataEnding);
-}
-
 static void KeepReplacedTexts(const NoteFiles& files, const NoteSet& set, const NotesInMemory& then,
                               const NotesInMemory& today, const NoteTime& now) {
     std::vector<EarlierNote> texts;
@@ -155,7 +100,7 @@ static bool WriteSet(const NoteFiles& files, NoteSet& set, const NotesInMemory& 
 
 static std::string ReplaceSet(const NoteFiles& files, NoteSet& set, const NotesInMemory& then, const NoteTime& now) {
     NotesInMemory today;
-    if (!ReadNotesInMemory(files, set, today) || !CopyIntoBackup(files, set, now)) {
+    if (!ReadNotesInMemory(files, set, today) || !KeepBackupWithTime(files, set, now)) {
         return "What is in the note set \"" + NoteSetName(set) +
                "\" now could not be copied into the folder \"backup\". The disk may be full, or another program may be "
                "using the files." +
@@ -177,18 +122,39 @@ static std::string AddSet(const NoteFiles& files, NoteSets& notes, const std::st
     return "";
 }
 
-std::string RestoreSetState(const NoteFiles& files, NoteSets& notes, const SetState& state, const std::string& name,
-                            const NoteTime& now) {
+// Gives the set the copy's table of readings, if it has one. Returns the message for the user; empty on success.
+static std::string RestoreTable(const NoteFiles& files, NoteSets& notes, const SetBackup& state,
+                                const std::string& name) {
+    const int set = SetNamed(notes, name);
+    const std::string table = BackupName(state) + kTableEnding;
+    const bool isElsewhere = notes.devotionalSet != kNoDevotionalSet && notes.devotionalSet != set;
+    if (isElsewhere || !files.stamp(files.device, table).exists) return "";
+    const std::string tableOfSet = NoteSetName(notes.sets[static_cast<std::size_t>(set)]) + kTableEnding;
+    std::vector<unsigned char> bytes;
+    if (!ReadWholeFile(files, table, kDevotionalFileSize, bytes) || !WriteWholeFile(files, tableOfSet, bytes))
+        return "The notes are restored, but the table of readings \"" + table + "\" could not be copied.";
+    ReadDevotionalTable(files, notes, set);
+    return "";
+}
+
+static std::string RestoreNotes(const NoteFiles& files, NoteSets& notes, const SetBackup& state,
+                                const std::string& name, const NoteTime& now) {
+    const std::string dataFileName = BackupName(state) + kDataEnding;
     NotesInMemory then;
-    if (!ReadNotesInMemory(files, state.dataFileName, then))
-        return "The file \"" + state.dataFileName + "\" cannot be read." + kNothingChanged;
-    if (!then.isWhole) {
-        return "The file \"" + state.dataFileName + "\" is damaged: it does not hold one note for each verse." +
+    if (!ReadNotesInMemory(files, dataFileName, then))
+        return "The file \"" + dataFileName + "\" cannot be read." + kNothingChanged;
+    if (!then.isWhole)
+        return "The file \"" + dataFileName + "\" is damaged: it does not hold one note for each verse." +
                kNothingChanged;
-    }
     NoteSet* set = SetCalled(notes, name);
     if (set == nullptr) return AddSet(files, notes, name, then);
     if (EqualIgnoringCase(name, state.setName)) return ReplaceSet(files, *set, then, now);
     return "There already is another note set \"" + NoteSetName(*set) + "\". Choose a new name, or the set's own." +
            kNothingChanged;
+}
+
+std::string RestoreSetState(const NoteFiles& files, NoteSets& notes, const SetBackup& state, const std::string& name,
+                            const NoteTime& now) {
+    const std::string problem = RestoreNotes(files, notes, state, name, now);
+    return problem.empty() ? RestoreTable(files, notes, state, name) : problem;
 }

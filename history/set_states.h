@@ -7,18 +7,11 @@
 #include <string_view>
 #include <vector>
 
+#include "notes/note_backup.h"
 #include "notes/note_sets.h"
-#include "notes/note_time.h"
-
-struct SetState {
-    std::string setName;       // of the set when it was copied
-    std::string day;           // "2024-12-31"
-    std::string clock;         // "235959"; empty for the state before the first save of the day
-    std::string dataFileName;  // "backup/Mine 2024-12-31.nmd"
-};
 
 // The copies, latest first; those of one time by the name of the set.
-std::vector<SetState> SetStates(const NoteFiles& files);
+std::vector<SetBackup> SetStates(const NoteFiles& files);
 
 // Is there a copy of the set that is whole?
 bool HasWholeState(const NoteFiles& files, const std::string& setName);
@@ -52,9 +45,11 @@ NoteSet* SetCalled(NoteSets& notes, const std::string& name);
 // copied into the folder "backup", and each text that is replaced is kept among the earlier notes: without the copy
 // nothing is replaced. The data file is then replaced in one step and the index rewritten, so that a kill or a power
 // cut at any moment leaves the old or the new set (notes/note_recovery.h). Any other name must be one that a new set
-// can have; it is added as the last one.
+// can have; it is added as the last one. A table of readings that the copy has
+// comes back with it, unless another set now holds the readings.
 //
 // Nothing changes if the copy is damaged or unreadable, the name belongs to another set or cannot be stored, there are
-// too many sets, or the files cannot be written. The current set stays the same, and so do the tables of readings.
-std::string RestoreSetState(const NoteFiles& files, NoteSets& notes, const SetState& state, const std::string& name,
+// too many sets, or the files cannot be written. If only the table of readings cannot be written, the message says so.
+// The current set stays the same.
+std::string RestoreSetState(const NoteFiles& files, NoteSets& notes, const SetBackup& state, const std::string& name,
                             const NoteTime& now);

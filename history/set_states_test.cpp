@@ -31,7 +31,7 @@ static FakeNoteFiles FilesWithCopy() {
     return files;
 }
 
-static SetState TheState(FakeNoteFiles& files) {
+static SetBackup TheState(FakeNoteFiles& files) {
     return SetStates(DeviceOver(files)).at(0);
 }
 
@@ -47,8 +47,8 @@ static std::vector<std::string> NamesOf(const NoteSets& notes) {
     return names;
 }
 
-static std::string NameOf(const SetState& state) {
-    return state.setName + "|" + state.day + "|" + state.clock + "|" + state.dataFileName;
+static std::string NameOf(const SetBackup& state) {
+    return state.setName + "|" + state.day + "|" + state.clock + "|" + BackupName(state) + kDataEnding;
 }
 
 // ---- The list -------------------------------------------------------------------------------------------------------
@@ -61,7 +61,7 @@ TEST(SetStates, AreTheDatedCopiesLatestFirst) {
           "a 2024-12-311", " 2024-11-01"})
         AddCopy(files, name, {});
     std::vector<std::string> names;
-    for (const SetState& state : SetStates(DeviceOver(files))) names.push_back(NameOf(state));
+    for (const SetBackup& state : SetStates(DeviceOver(files))) names.push_back(NameOf(state));
     EXPECT_THAT(names, ElementsAre("a|2024-12-31|235959|backup/a 2024-12-31 235959.nmd",
                                    "b|2024-12-31|000102|backup/b 2024-12-31 000102.nmd",
                                    "a|2024-12-31||backup/a 2024-12-31.nmd", "b|2024-12-31||backup/b 2024-12-31.nmd",
@@ -168,7 +168,7 @@ TEST(RestoredState, IsCopiedBesideTheOtherCopiesOfItsTime) {
     AddCopy(files, "a 2024-12-31 080509", {{5, "this morning"}});
     const auto morning = files.contents["backup/a 2024-12-31 080509.nmd"];
     NoteSets notes = Opened(files);
-    const SetState state = SetStates(DeviceOver(files)).at(1);
+    const SetBackup state = SetStates(DeviceOver(files)).at(1);
     ASSERT_EQ(state.day, "2024-12-30");
     EXPECT_EQ(RestoreSetState(DeviceOver(files), notes, state, "a", kNow), "");
     EXPECT_TRUE(files.contents["backup/a 2024-12-31 080509.nmd"] == morning);
@@ -187,6 +187,48 @@ TEST(RestoredState, BringsADeletedSetBack) {
     EXPECT_THAT(NamesOf(notes), ElementsAre("b", "a"));
     EXPECT_EQ(notes.currentSet, 0);
     ExpectSet(files, notes.sets[1], kThen);
+}
+
+// The state that the deletion of "Readings" keeps; on every day they are two verses of the same number.
+static FakeNoteFiles FilesWithDeletedReadings() {
+    FakeNoteFiles files = FilesWithCopy();
+    AddFakeSet(files, "Readings", {{7, "seven"}});
+    files.contents["Readings.dti"] = LittleEndianBytes(std::vector<std::uint32_t>(12 * 31 * 2, 7));
+    NoteSets notes = Opened(files);
+    SelectSet(notes, SetNamed(notes, "Readings"));
+    EXPECT_EQ(notes.devotionalSet, notes.currentSet);
+    EXPECT_TRUE(DeleteNoteSet(DeviceOver(files), notes, kNow));
+    EXPECT_FALSE(files.contents.contains("Readings.dti"));
+    return files;
+}
+
+TEST(RestoredState, BringsItsTableOfReadings) {
+    FakeNoteFiles files = FilesWithDeletedReadings();
+    NoteSets notes = Opened(files);
+    ASSERT_EQ(notes.devotionalSet, kNoDevotionalSet);
+    EXPECT_EQ(RestoreSetState(DeviceOver(files), notes, TheState(files), "Readings", kNow), "");
+    EXPECT_EQ(notes.devotionalSet, SetNamed(notes, "Readings"));
+    EXPECT_EQ(notes.devotionalTable.back(), 7u);
+    EXPECT_TRUE(files.contents["Readings.dti"] == files.contents["backup/Readings 2024-12-31 080509.dti"]);
+}
+
+TEST(RestoredState, LeavesTheReadingsToAnotherSet) {
+    FakeNoteFiles files = FilesWithDeletedReadings();
+    files.contents["b.dti"] = LittleEndianBytes(std::vector<std::uint32_t>(12 * 31 * 2, 3));
+    NoteSets notes = Opened(files);
+    EXPECT_EQ(RestoreSetState(DeviceOver(files), notes, TheState(files), "Readings", kNow), "");
+    EXPECT_EQ(notes.devotionalSet, SetNamed(notes, "b"));
+    EXPECT_FALSE(files.contents.contains("Readings.dti"));
+}
+
+TEST(RestoredState, TellsIfOnlyItsTableOfReadingsIsMissing) {
+    FakeNoteFiles files = FilesWithDeletedReadings();
+    files.uncreatable = {"Readings.dti.temp"};
+    NoteSets notes = Opened(files);
+    EXPECT_THAT(RestoreSetState(DeviceOver(files), notes, TheState(files), "Readings", kNow),
+                HasSubstr("The notes are restored, but the table of readings"));
+    EXPECT_NE(SetNamed(notes, "Readings"), kNoSet);
+    EXPECT_EQ(notes.devotionalSet, kNoDevotionalSet);
 }
 
 TEST(RestoredState, BecomesANewSetUnderAnotherName) {
@@ -216,7 +258,7 @@ static void ExpectRefused(FakeNoteFiles files, const std::string& name, const ch
     NoteSets notes = Opened(files);
     const auto namesBefore = NamesOf(notes);
     const auto offsets = notes.sets[0].offsets;
-    const SetState state = TheState(files);
+    const SetBackup state = TheState(files);
     const auto unreadable = files.unreadable;
     EXPECT_THAT(RestoreSetState(DeviceOver(files), notes, state, name, kNow), HasSubstr(message));
     for (const char* file : {"a.nmd", "a.nmi", "b.nmd", "b.nmi"}) EXPECT_TRUE(files.contents[file] == before.at(file));
@@ -250,12 +292,17 @@ TEST(RestoredState, RefusesACopyThatIsNotWhole) {
 
 TEST(RestoredState, RefusesToReplaceWhatCannotBeCopied) {
     FakeNoteFiles files = FilesWithCopy();
+    files.knowsLinks = false;
     files.uncreatable = {"backup/a 2024-12-31 080509.nmd.temp"};
     ExpectRefused(files, "a", "could not be copied into the folder \"backup\"");
     files = FilesWithCopy();
+    files.knowsLinks = false;
     files.room = static_cast<std::int64_t>(files.contents["a.nmi"].size() + 100);  // for the index, not for the notes
     ExpectRefused(files, "a", "could not be copied into the folder \"backup\"");
     EXPECT_FALSE(files.contents.contains("backup/a 2024-12-31 080509.nmd"));
+    files = FilesWithCopy();
+    files.uncreatable = {"backup/a 2024-12-31 080509.nmi.temp"};  // without its index a copy is none
+    ExpectRefused(files, "a", "could not be copied into the folder \"backup\"");
 }
 
 TEST(RestoredState, LeavesASetThatCannotBeWritten) {
@@ -269,7 +316,7 @@ TEST(RestoredState, LeavesASetThatCannotBeWritten) {
 
 static bool RestoreUntilItStops(FakeNoteFiles& files, const std::string& name, std::int64_t steps) {
     NoteSets notes = Opened(files);
-    const SetState state = TheState(files);
+    const SetBackup state = TheState(files);
     files.steps = steps;
     bool ended = true;
     try {

@@ -7,7 +7,6 @@
 #include "notes/note_refresh.h"
 #include "scripture/letters.h"
 
-static constexpr std::size_t kDevotionalFileSize = sizeof(NoteSets::devotionalTable);
 static_assert(kDevotionalFileSize == 2976);
 
 // A longer table is cut, a shorter one is filled up with zeros.

@@ -6,6 +6,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -29,6 +30,8 @@ struct NoteSets {
     int devotionalSet = kNoDevotionalSet;
     std::array<std::uint32_t, 12 * 31 * 2> devotionalTable{};
 };
+
+inline constexpr std::size_t kDevotionalFileSize = sizeof(NoteSets::devotionalTable);
 
 // Finds the sets in the working directory in listing order, at most kNoteSetLimit, each with its devotional table if it
 // has one (the last one found is used). A `.nmi` that cannot be opened ends the search; one that was left by a conflict

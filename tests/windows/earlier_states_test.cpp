@@ -205,6 +205,39 @@ TEST(EarlierStates, BringADeletedSetBackWithItsNotes) {
     EXPECT_THAT(NoteSetNames(program), Contains("Mine in March"));
 }
 
+static void DeleteSet(const Program& program, int tab) {
+    ClickTab(program, Child(program.frame, {IDC_NOTE_TABS}), tab);
+    Command(program, IDM_DELETE_NOTE_SET);
+    WaitForDialog(program, "Delete Note Set");
+    Press(program, "y");
+    WaitForNoDialog(program);
+}
+
+TEST(EarlierStates, BringADeletedSetOfReadingsBackWithItsMenu) {
+    const ScratchFolder folder = FolderWithScripture();
+    WriteNoteSet(folder, "Mine", {{0, "mine"}});
+    WriteNoteSet(folder, "Readings", {{1533, "The reading."}});
+    const std::string table = IndexBytes(std::vector<unsigned>(12 * 31 * 2, 1533));  // always Exodus 1:1
+    WriteFile(folder, "Readings.dti", table);
+    Program program = StartProgram(folder);
+    const std::vector<std::string> bar = MenuBar(program);
+    DeleteSet(program, 1);
+    ASSERT_THAT(MenuBar(program), Not(Contains("&Devotional")));
+    const HWND dialog = OpenStates(program);
+    Choose(program, dialog, IDC_STATES, LinesOf(dialog, IDC_STATES).at(0));
+    RestoreSet(program, dialog, "Readings");
+    WaitForNoDialog(program);
+    EXPECT_EQ(MenuBar(program), bar);
+    EXPECT_TRUE(IsSet(folder, "Readings", {{1533, "The reading."}}));
+    EXPECT_EQ(ReadFile(folder, "Readings.dti"), table);
+    Command(program, IDM_THIS_MORNING);
+    Settle(program);
+    EXPECT_EQ(TextOf(NoteViewOf(program)), "The reading.");
+    DeleteSet(program, 1);
+    EXPECT_THAT(MenuBar(program), Not(Contains("&Devotional")));
+    EXPECT_EQ(CloseProgram(program), 0);
+}
+
 TEST(EarlierStates, StayOpenWhenASetCannotBeRestored) {
     Program program = StartProgram(FolderWithCopies());
     const HWND dialog = OpenStates(program);
