@@ -27,6 +27,7 @@ struct Frame {
     std::array<COLORREF, 16> customColors{};
     PAGESETUPDLGA pageSetup{};
     std::string damagedSet;  // whose earlier states the user wants to see at the end of the start
+    std::string ownSets;     // as in MoreSettings
     bool startUpComplete = false;
 };
 extern Frame theFrame;

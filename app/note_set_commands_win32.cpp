@@ -1,5 +1,6 @@
 #include "app/note_set_commands_win32.h"
 
+#include <optional>
 #include <utility>
 
 #include "app/frame_win32.h"
@@ -125,19 +126,40 @@ static std::string QuestionAbout(const ConflictCopy& copy) {
     }
     return "Beside the note set \"" + copy.of.set + "\" there is one that may be a copy of it:" + names +
            "A program that keeps folders in step gives such a name when a set was changed in two places at once. " +
-           offer + " If you have made this set yourself, choose No.";
+           offer + " If you have made this set yourself, choose No: you will not be asked about it again.";
+}
+
+static bool IsOwnSet(const std::string& name) {
+    return ('/' + theFrame.ownSets).find('/' + name + '/') != std::string::npos;
+}
+
+// Forgets the own sets that are no longer there: a copy may get the name of one.
+static void KeepOwnSets() {
+    std::string names;
+    for (const ConflictCopy& copy : FindConflictCopies(TheNoteFiles()))
+        if (IsOwnSet(copy.name)) names += copy.name + '/';
+    theFrame.ownSets = names;
+}
+
+static std::optional<ConflictCopy> NextCopy() {
+    for (const ConflictCopy& copy : FindConflictCopies(TheNoteFiles()))
+        if (copy.of.isCertain || !IsOwnSet(copy.name)) return copy;
+    return std::nullopt;
 }
 
 void OfferMerge(int) {
     PutAwayHalfCopies(TheNoteFiles());
-    std::vector<ConflictCopy> copies = FindConflictCopies(TheNoteFiles());
-    while (!copies.empty()) {
-        const std::string question = QuestionAbout(copies[0]);
-        const int answer = MessageBoxA(theFrame.window, question.c_str(), kOfferCaption, MB_YESNO | MB_ICONQUESTION);
-        if (answer != IDYES || !MergeChosenSets(copies[0].name, copies[0].of.set)) return;
-        const std::size_t countBefore = copies.size();
-        copies = FindConflictCopies(TheNoteFiles());
-        if (copies.size() >= countBefore) return;  // one could not be moved away
+    KeepOwnSets();
+    std::string merged;  // offered again if it could not be moved away
+    for (auto copy = NextCopy(); copy && copy->name != merged; copy = NextCopy()) {
+        const std::string question = QuestionAbout(*copy);
+        if (MessageBoxA(theFrame.window, question.c_str(), kOfferCaption, MB_YESNO | MB_ICONQUESTION) == IDYES) {
+            if (!MergeChosenSets(copy->name, copy->of.set)) return;
+            merged = copy->name;
+        } else {
+            if (copy->of.isCertain) return;
+            theFrame.ownSets += copy->name + '/';
+        }
     }
 }
 

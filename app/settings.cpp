@@ -241,8 +241,10 @@ void SaveSettings(const ProfileFile& profile, Settings settings, const FramePlac
 
 static SettingRows MoreRows(MoreSettings& settings) {
     static constexpr int kSetNameLimit = 259;  // no path is longer
+    static constexpr int kNamesLimit = 8191;   // those of all sets
     return {
         {"NOTES", "CurrentSet", TextField{&settings.CurrentSet, "", kSetNameLimit}},
+        {"NOTES", "OwnSets", TextField{&settings.OwnSets, "", kNamesLimit}},
     };
 }
 

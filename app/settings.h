@@ -62,6 +62,9 @@ struct MoreSettings {
     // been added or removed between two runs. Empty, the default, if there is only one set: then the sets that are
     // newer than the settings file are the ones that were added.
     std::string CurrentSet;
+    // The sets that the user does not take for a copy of another one, although their names are like those that programs
+    // give to copies (notes/conflict_copies.h); each is followed by a slash, which no name contains.
+    std::string OwnSets{};
 };
 
 // The private-profile functions for the settings file. These functions return text without surrounding blanks and

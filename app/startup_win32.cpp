@@ -116,6 +116,7 @@ static void TakeOver(const Settings& settings) {
 }
 
 static void TakeOver(const MoreSettings& settings) {
+    theFrame.ownSets = settings.OwnSets;
     if (settings.CurrentSet.empty()) return;
     const int set = SetNamed(theNoteSets, settings.CurrentSet);
     if (set != kNoSet) SelectSet(theNoteSets, set);
@@ -123,7 +124,10 @@ static void TakeOver(const MoreSettings& settings) {
 
 static MoreSettings CurrentMoreSettings() {
     const NoteSet* set = CurrentSet(theNoteSets);
-    return {theNoteSets.sets.size() > 1 && set != nullptr ? NoteSetName(*set) : ""};
+    return {
+        .CurrentSet = theNoteSets.sets.size() > 1 && set != nullptr ? NoteSetName(*set) : "",
+        .OwnSets = theFrame.ownSets,
+    };
 }
 
 static Settings CurrentSettings() {

@@ -12,6 +12,7 @@
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
+using testing::UnorderedElementsAre;
 
 static constexpr char kCopy[] = "Mine.sync-conflict-20240501-120000-ABCDEFG";
 static constexpr char kOffer[] = "Copy of a Note Set";
@@ -129,6 +130,32 @@ TEST(MergeOffer, LeavesTheDecisionAboutALikelyName) {
     EXPECT_FALSE(HasDialog(program));
     ExpectNotes(folder, "Mine", kHere);
     ExpectNotes(folder, "Mine-DESKTOP1", kThere);
+}
+
+TEST(MergeOffer, IsNotRepeatedForALikelyNameAfterANo) {
+    const ScratchFolder folder = FolderInConflict("Mine-DESKTOP1");
+    WriteNoteSet(folder, "Mine (1)", {{7, "another"}});
+    Program program = StartProgram(folder);
+    const HWND first = WaitForDialog(program, kOffer);
+    EXPECT_THAT(MessageText(first), HasSubstr("Mine (1)"));
+    Answer(program, first, IDNO);
+    const HWND second = WaitForDialog(program, kOffer);
+    EXPECT_THAT(MessageText(second), HasSubstr("Mine-DESKTOP1"));
+    EXPECT_THAT(MessageText(second), HasSubstr("choose No: you will not be asked about it again."));
+    Answer(program, second, IDNO);
+    EXPECT_FALSE(HasDialog(program));
+    EXPECT_EQ(CloseProgram(program), 0);
+    program = StartProgram(folder);
+    EXPECT_FALSE(HasDialog(program));
+    EXPECT_THAT(NoteSetNames(program), UnorderedElementsAre("Mine", "Mine (1)", "Mine-DESKTOP1"));
+    EXPECT_EQ(CloseProgram(program), 0);
+    std::filesystem::remove(folder.path / "Mine (1).nmd");  // a set of this name that comes later is another one
+    std::filesystem::remove(folder.path / "Mine (1).nmi");
+    program = StartProgram(folder);
+    EXPECT_EQ(CloseProgram(program), 0);
+    WriteNoteSet(folder, "Mine (1)", {{7, "a conflict"}});
+    program = StartProgram(folder);
+    EXPECT_THAT(MessageText(WaitForDialog(program, kOffer)), HasSubstr("Mine (1)"));
 }
 
 // ---- The dialog -----------------------------------------------------------------------------------------------------
