@@ -14,9 +14,9 @@
 
 static constexpr std::wstring_view kNewEnding = L".new";
 static constexpr std::size_t kKeptDumps = 5;
-static constexpr DWORD kPatience = 120000;         // milliseconds for the dump
-static constexpr ULONG kStackForHandling = 65536;  // bytes that are left when the stack has overflowed
-static constexpr DWORD kAborted = 0xE0415254;      // our own exception code, for std::terminate and abort
+static constexpr DWORD kPatience = 120000;          // milliseconds for the dump
+static constexpr ULONG kStackForHandling = 262144;  // bytes that are left when the stack has overflowed
+static constexpr DWORD kAborted = 0xE0415254;       // our own exception code, for std::terminate and abort
 
 namespace {
 

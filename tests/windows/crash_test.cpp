@@ -15,6 +15,7 @@
 #include "tests/windows/note_steps.h"
 
 static constexpr DWORD64 kNoAddress = 0x10;
+static constexpr DWORD kAborted = 0xE0415254;  // as in win32/crash_dump.cpp
 
 // Continues the program's main thread at `address`, as if that had been called.
 static void ContinueAt(const Program& program, DWORD64 address) {
@@ -39,6 +40,13 @@ static void CrashAnotherThread(const Program& program) {
     const auto procedure = reinterpret_cast<LPTHREAD_START_ROUTINE>(kNoAddress);
     const UniqueHandle thread(CreateRemoteThread(program.process.get(), nullptr, 0, procedure, nullptr, 0, nullptr));
     ASSERT_NE(thread, nullptr);
+}
+
+// The library of the C runtime is at the same address in both processes.
+static void Abort(const Program& program) {
+    const FARPROC abort = GetProcAddress(GetModuleHandleA("msvcrt.dll"), "abort");
+    ASSERT_NE(abort, nullptr);
+    ContinueAt(program, reinterpret_cast<DWORD64>(abort));
 }
 
 // Wine reads the debug information of all modules for a minidump.
@@ -117,5 +125,6 @@ TEST_P(Crash, LeavesTheNoteAndAMinidump) {
 
 INSTANTIATE_TEST_SUITE_P(Kinds, Crash,
                          testing::Values(CrashRow{"OfTheMainThread", CrashMainThread, EXCEPTION_ACCESS_VIOLATION},
+                                         CrashRow{"ByAbort", Abort, kAborted},
                                          CrashRow{"OfAnotherThread", CrashAnotherThread, EXCEPTION_ACCESS_VIOLATION}),
                          [](const auto& row) { return row.param.name; });
