@@ -78,7 +78,9 @@ void LayOut(WPARAM sizeType, int width, int height) {
     PlaceInTabs(theFrame.listTabs, layout.list, {theVerseList.window, theVerseList.references});
     PlaceInTabs(theFrame.passageTabs, layout.passage, {thePassage.window});
     PlaceNotes(layout.notes);
-    if (layout.editor.shown) Place(theNoteEditor.window, layout.editor.place);
+    // Also while it is hidden: a long paragraph is slow to break in an editor without a width.
+    const PanePlace& editor = layout.editor.shown ? layout.editor : layout.notes;
+    if (editor.shown) Place(theNoteEditor.window, editor.place);
     Show(theNoteEditor.window, layout.editor.shown);
 }
 
