@@ -1,6 +1,6 @@
 #include "app/note_set_commands_win32.h"
 
-#include <optional>
+#include <set>
 #include <utility>
 
 #include "app/frame_win32.h"
@@ -101,14 +101,12 @@ void ShowStatesOfDamagedSet() {
 
 static constexpr char kOfferCaption[] = "Copy of a Note Set";
 
-// False if the dialog was cancelled.
-static bool MergeChosenSets(const std::string& copy, const std::string& set) {
-    if (!AskMergeSets(theFrame.window, copy, set)) return false;
+static void MergeChosenSets(const std::string& copy, const std::string& set) {
+    if (!AskMergeSets(theFrame.window, copy, set)) return;
     UpdateDevotionalMenu();
     ShowNewTabs();
     ReadNote(theNoteSets.currentVerse);
     UpdateNoteMarks(IDM_NOTES_CHANGED);
-    return true;
 }
 
 void MergeNoteSets(int) {
@@ -141,24 +139,31 @@ static void KeepOwnSets() {
     theFrame.ownSets = names;
 }
 
-static std::optional<ConflictCopy> NextCopy() {
-    for (const ConflictCopy& copy : FindConflictCopies(TheNoteFiles()))
-        if (copy.of.isCertain || !IsOwnSet(copy.name)) return copy;
-    return std::nullopt;
+// The copies that are not own sets and whose names are not in `offered`.
+static std::vector<ConflictCopy> CopiesToOffer(const std::set<std::string>& offered) {
+    std::vector<ConflictCopy> copies = FindConflictCopies(TheNoteFiles());
+    std::erase_if(copies, [&](const ConflictCopy& copy) {
+        return offered.contains(copy.name) || (!copy.of.isCertain && IsOwnSet(copy.name));
+    });
+    return copies;
 }
 
+// With more than one copy, Cancel ends the offers.
 void OfferMerge(int) {
     PutAwayHalfCopies(TheNoteFiles());
     KeepOwnSets();
-    std::string merged;  // offered again if it could not be moved away
-    for (auto copy = NextCopy(); copy && copy->name != merged; copy = NextCopy()) {
-        const std::string question = QuestionAbout(*copy);
-        if (MessageBoxA(theFrame.window, question.c_str(), kOfferCaption, MB_YESNO | MB_ICONQUESTION) == IDYES) {
-            if (!MergeChosenSets(copy->name, copy->of.set)) return;
-            merged = copy->name;
-        } else {
-            if (copy->of.isCertain) return;
-            theFrame.ownSets += copy->name + '/';
+    std::set<std::string> offered;
+    for (auto copies = CopiesToOffer(offered); !copies.empty(); copies = CopiesToOffer(offered)) {
+        const ConflictCopy& copy = copies.front();
+        offered.insert(copy.name);
+        const UINT buttons = copies.size() > 1 ? MB_YESNOCANCEL : MB_YESNO;
+        const std::string question = QuestionAbout(copy);
+        switch (MessageBoxA(theFrame.window, question.c_str(), kOfferCaption, buttons | MB_ICONQUESTION)) {
+            case IDYES: MergeChosenSets(copy.name, copy.of.set); break;
+            case IDNO:
+                if (!copy.of.isCertain) theFrame.ownSets += copy.name + '/';
+                break;
+            default: return;
         }
     }
 }

@@ -107,10 +107,13 @@ static std::string Counted(std::ptrdiff_t count, const char* one, const char* ma
 
 static std::string CountsOf(const SetMerge& merge) {
     const auto count = [&](MergeKind kind) { return std::ranges::count(merge.notes, kind, &MergedNote::kind); };
-    std::string text = Counted(count(MergeKind::kFromCopy), "note is", "notes are") + " taken from the copy, " +
-                       Counted(count(MergeKind::kBoth), "gets", "get") + " both texts, " +
-                       Counted(count(MergeKind::kStays), "stays", "stay") + ", " +
-                       Counted(merge.equalNotes, "is", "are") + " equal.";
+    const auto emptied = std::ranges::count_if(
+        merge.notes, [](const MergedNote& note) { return note.kind == MergeKind::kFromCopy && note.result.empty(); });
+    std::string text =
+        Counted(count(MergeKind::kFromCopy) - emptied, "note is", "notes are") + " taken from the copy, " +
+        (emptied > 0 ? Counted(emptied, "is", "are") + " emptied as in the copy, " : "") +
+        Counted(count(MergeKind::kBoth), "gets", "get") + " both texts, " +
+        Counted(count(MergeKind::kStays), "stays", "stay") + ", " + Counted(merge.equalNotes, "is", "are") + " equal.";
     const auto tooLong = count(MergeKind::kTooLong);
     if (tooLong > 0)
         text += " For " + std::to_string(tooLong) + " there is no room: the copy's text goes to the earlier notes.";

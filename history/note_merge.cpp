@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <ranges>
 
 #include "notes/joined_texts.h"
 #include "notes/note_saving.h"
@@ -14,6 +15,7 @@ namespace {
 struct VerseStates {
     std::vector<Records> histories;
     std::vector<const std::string*> backups;
+    bool isConflictCopy = false, isAfterBackups = false;
 };
 
 }  // namespace
@@ -53,10 +55,18 @@ static const std::string* TextBefore(const std::vector<Records>& histories) {
 
 // ---- Who has changed the note ---------------------------------------------------------------------------------------
 
+static bool IsIn(const Records& records, const std::string& text) {
+    return std::ranges::any_of(records, [&](const EarlierNote* record) { return record->text == text; });
+}
+
 static bool WasReplaced(const VerseStates& states, const std::string& text) {
-    return std::ranges::any_of(states.histories, [&](const Records& records) {
-        return std::ranges::any_of(records, [&](const EarlierNote* record) { return record->text == text; });
-    });
+    return std::ranges::any_of(states.histories, [&](const Records& records) { return IsIn(records, text); });
+}
+
+// Does another history than that of the set tell that the text was replaced?
+static bool WasReplacedElsewhere(const VerseStates& states, const std::string& text) {
+    return std::ranges::any_of(states.histories | std::views::drop(1),
+                               [&](const Records& records) { return IsIn(records, text); });
 }
 
 // Did a backup have the copy's text, and none before it the set's? Then the set left that text behind.
@@ -79,10 +89,23 @@ enum class ChangedIn { kSet, kCopy, kBoth };
 
 }  // namespace
 
+// Do the histories tell that the copy replaced the set's text?
+static bool IsReplacedInCopy(const VerseStates& states, const std::string& mine, const std::string& other) {
+    if (WasReplacedElsewhere(states, mine)) return true;
+    return !other.empty() && states.isConflictCopy && WasReplaced(states, mine);
+}
+
+// Is the set's text the one that both had? Its own history alone cannot tell if it has gone on and come back.
+static bool BeganWith(const VerseStates& states, const std::string& mine, const std::string& other) {
+    return WasReplacedElsewhere(states, mine) || (!other.empty() && states.histories.front().size() == 1);
+}
+
 static ChangedIn WhoChanged(const std::string& mine, const std::string& other, const VerseStates& states) {
     const std::string* const before = TextBefore(states.histories);
-    if (before) return *before == mine ? ChangedIn::kCopy : *before == other ? ChangedIn::kSet : ChangedIn::kBoth;
-    const bool isMineEarlier = WasReplaced(states, mine) || HasAlwaysBeen(states, mine);
+    if (before && *before == mine) return BeganWith(states, mine, other) ? ChangedIn::kCopy : ChangedIn::kBoth;
+    if (before) return *before == other ? ChangedIn::kSet : ChangedIn::kBoth;
+    const bool isFromBackup = states.isAfterBackups && !other.empty() && HasAlwaysBeen(states, mine);
+    const bool isMineEarlier = IsReplacedInCopy(states, mine, other) || isFromBackup;
     const bool isOtherEarlier = WasReplaced(states, other) || WasLeftSince(states, mine, other);
     if (isMineEarlier == isOtherEarlier) return ChangedIn::kBoth;
     return isMineEarlier ? ChangedIn::kCopy : ChangedIn::kSet;
@@ -119,6 +142,8 @@ static VerseStates StatesOf(std::size_t verse, const EarlierStates& states,
     for (const std::vector<Records>& history : records) found.histories.push_back(history[verse]);
     if (!found.histories.empty()) LeaveOutStoppedMerge(found.histories.front(), mine);
     for (const std::vector<std::string>& backup : states.backups) found.backups.push_back(&backup[verse]);
+    found.isConflictCopy = states.isConflictCopy;
+    found.isAfterBackups = states.isConflictCopy && states.isAfterBackups;
     return found;
 }
 

@@ -5,10 +5,14 @@
 // also if it was emptied; if both were, the note gets both texts (notes/joined_texts.h). Where they were the same is
 // known from the earlier states of the sets:
 //   - Each machine adds to its history what its saves replaced. So the first text of a verse that only one of the
-//     histories has is the text that both sets had before.
+//     histories has is the text that both sets had before. If only the set's own history has texts of its own, it may
+//     also have gone back to that text.
 //   - Otherwise a text that is among the earlier ones was left behind by the set whose text is not.
-//   - A backup of the set shows what it was like that day.
+//   - A backup of the set shows what it was like that day. That the copy began with it is only known of the copy of a
+//     conflict that was written after the backup.
 // If none of them tells, both are taken to have been changed; an empty note then counts as one that was never written.
+// The first text of a note leaves no trace in a history. So the set's note is only emptied if the history of the copy
+// has its text; otherwise the copy may be older than the note.
 #pragma once
 
 #include <map>
@@ -22,6 +26,8 @@
 struct EarlierStates {
     std::vector<std::vector<EarlierNote>> histories;  // that of the set that is merged into, then others; oldest first
     std::vector<std::vector<std::string>> backups;    // of that set, oldest first: one text for each verse
+    bool isConflictCopy = false;                      // the other set is a copy of it that a conflict has left,
+    bool isAfterBackups = false;                      // written after the oldest of the backups
 };
 
 enum class MergeKind {

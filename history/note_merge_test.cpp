@@ -61,6 +61,7 @@ static EarlierStates StatesOf(const MergeRow& row) {
     add(row.inSet, 1000);
     if (row.inCopy) add(*row.inCopy, 2000);
     for (const std::string& text : row.backups) states.backups.push_back(SetWith(text));
+    states.isConflictCopy = states.isAfterBackups = true;
     return states;
 }
 
@@ -90,6 +91,11 @@ TEST(Merge, TakesTheNoteThatWasChanged) {
         {"written in the copy", "", "b", {}, {}, Texts{""}, {}, kFromCopy},
         {"emptied in the set", "", "b", {}, {"b"}, Texts{}, {}, kStays},
         {"emptied in the copy", "a", "", {}, {}, Texts{"a"}, {}, kFromCopy},
+        {"changed in the copy, twice", "a", "b", {}, {}, Texts{"a", "c"}, {}, kFromCopy},
+        // The first text of a note leaves no trace.
+        {"begun in both, and the set went back to its own", "a", "b", {}, {"a", "c"}, Texts{}, {}, kBoth},
+        {"written, emptied and restored in the set", "a", "", {}, {"a"}, Texts{}, {}, kStays},
+        {"written, emptied and restored in the set, as far as is known", "a", "", {"a"}, {}, kNone, {}, kStays},
         {"changed in both", "a", "b", {}, {"c"}, Texts{"c"}, {}, kBoth},
         {"changed in both after a common past", "a", "b", {"x"}, {"c"}, Texts{"c", "d"}, {}, kBoth},
         {"the set went back to the common text", "c", "b", {}, {"c", "d"}, Texts{"c"}, {}, kFromCopy},
@@ -109,7 +115,7 @@ TEST(Merge, TakesTheNoteThatWasChanged) {
         {"a backup with the set's text", "a", "b", {}, {}, kNone, {"a"}, kFromCopy},
         {"a backup with an emptied note", "", "b", {}, {}, kNone, {"b"}, kStays},
         {"a backup without the note that the copy has", "", "b", {}, {}, kNone, {""}, kFromCopy},
-        {"a backup with the note that the copy emptied", "a", "", {}, {}, kNone, {"a"}, kFromCopy},
+        {"a backup with the note that the copy does not have", "a", "", {}, {}, kNone, {"a"}, kStays},
         {"a backup without the note that the set has", "a", "", {}, {}, kNone, {""}, kStays},
         {"a backup with neither", "a", "b", {}, {}, kNone, {"c"}, kBoth},
         {"backups with the copy's text and then the set's", "a", "b", {}, {}, kNone, {"b", "a"}, kStays},
@@ -126,6 +132,25 @@ TEST(Merge, TakesTheNoteThatWasChanged) {
         const MergedNote merged = MergeOf(row.mine, row.other, StatesOf(row));
         EXPECT_EQ(merged.kind, row.kind);
         EXPECT_EQ(merged.result, ResultOf(row));
+    }
+}
+
+// Only a copy that a conflict has left, and that was written since, is known to have begun with the set's notes.
+TEST(Merge, DoesNotTakeTheOlderTextOfAnotherSet) {
+    const EarlierStates backup = {{}, {SetWith("a")}};
+    const EarlierStates history = {{Replaced({"a"})}, {}};
+    for (const EarlierStates& known : {backup, history}) {
+        for (const bool isConflictCopy : {false, true}) {
+            for (const bool isAfterBackups : {false, true}) {
+                EarlierStates states = known;
+                states.isConflictCopy = isConflictCopy;
+                states.isAfterBackups = isAfterBackups;
+                const bool isTaken = isConflictCopy && (isAfterBackups || known.backups.empty());
+                EXPECT_EQ(MergeOf("a", "b", states).kind, isTaken ? MergeKind::kFromCopy : MergeKind::kBoth);
+                EXPECT_EQ(MergeOf("a", "", states).kind, MergeKind::kStays);
+                EXPECT_EQ(MergeOf("", "b", states).kind, MergeKind::kFromCopy);
+            }
+        }
     }
 }
 

@@ -2,10 +2,12 @@
 
 #include <algorithm>
 #include <iterator>
+#include <ranges>
 #include <set>
 #include <tuple>
 
 #include "notes/conflict_copies.h"
+#include "notes/note_backup.h"
 #include "notes/set_texts.h"
 #include "scripture/letters.h"
 
@@ -13,21 +15,21 @@ static const std::string kInBackups = std::string(kBackupFolder) + '/';
 
 // ---- Planning -------------------------------------------------------------------------------------------------------
 
-// Backups are named after their set and day (notes/note_backup.h).
-static bool IsBackupOf(const std::string& set, std::string_view name) {
-    static constexpr std::string_view kDay = "dddd-dd-dd";
-    if (name.size() != set.size() + 1 + kDay.size() || !name.starts_with(set + ' ')) return false;
-    return std::ranges::equal(name.substr(set.size() + 1), kDay,
-                              [](char c, char form) { return form == 'd' ? IsDigit(c) : c == form; });
-}
-
+// Those of the days before the first saves: the others may be of a set of that name that was deleted.
 static void ReadBackups(const NoteFiles& files, const std::string& set, EarlierStates& states) {
     std::vector<std::string> texts;
-    std::vector<std::string> names = NamesWithEnding(files, kInBackups, kDataEnding);
-    std::ranges::sort(names);  // by day
-    for (const std::string& name : names)
-        if (IsBackupOf(set, name) && ReadSetTexts(files, kInBackups + name + kDataEnding, texts))
+    for (const SetBackup& backup : BackupsOf(files, set) | std::views::reverse)
+        if (backup.clock.empty() && ReadSetTexts(files, BackupName(backup) + kDataEnding, texts))
             states.backups.push_back(std::move(texts));
+}
+
+// A backup's data file has the time at which the set was written last, unless the file had to be copied: then a later
+// one. Neither tells too much.
+static bool IsAfterBackups(const NoteFiles& files, const std::string& copy, const std::string& set) {
+    const auto timeOf = [&](const std::string& name) { return files.stamp(files.device, name + kDataEnding).time; };
+    std::vector<SetBackup> backups = BackupsOf(files, set);
+    std::erase_if(backups, [](const SetBackup& backup) { return !backup.clock.empty(); });
+    return !backups.empty() && timeOf(copy) > timeOf(BackupName(backups.back()));
 }
 
 // The copy's own history, and those that belong to a copy whatever its name is.
@@ -45,6 +47,9 @@ static EarlierStates StatesOf(const NoteFiles& files, const std::string& copy, c
     for (const std::string& name : HistoriesOfCopies(files, copy, set))
         states.histories.push_back(AllEarlierNotes(files, name));
     ReadBackups(files, set, states);
+    const std::string sets[] = {set};
+    states.isConflictCopy = ConflictNameOf(copy, sets).has_value();
+    states.isAfterBackups = IsAfterBackups(files, copy, set);
     return states;
 }
 

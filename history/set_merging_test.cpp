@@ -97,20 +97,41 @@ TEST(SetMerge, IsPlannedWithoutWriting) {
     EXPECT_EQ(files.contents, before);
 }
 
-TEST(SetMerge, HeedsTheBackupsOfTheSet) {
+// The set "a", its copy and a backup, and what is not a backup of this set, or not whole.
+static FakeNoteFiles FilesWithBackup() {
     FakeNoteFiles files;
-    AddFakeSet(files, "a", {{1, "one"}, {2, "two here"}});
-    AddFakeSet(files, "b", {{1, "one there"}, {2, "two"}});
-    files.contents["backup/a 2024-05-01.nmd"] = FakeSetOf({{1, "one"}, {2, "two"}}).data;
-    // Not of this set, or no backup, or not whole
+    AddFakeSet(files, "a", {{1, "one"}, {2, "two here"}, {3, "three"}});
+    AddFakeSet(files, kCopy, {{1, "one there"}, {2, "two"}});
+    files.contents["backup/a 2024-05-01.nmd"] = FakeSetOf({{1, "one"}, {2, "two"}, {3, "three"}}).data;
     for (const char* name : {"b 2024-05-01", "a b 2024-05-01", "a 2024-05-01 merged", "a 2024-05-1x"})
         files.contents["backup/" + std::string(name) + ".nmd"] = FakeSetOf({{1, "one there"}, {2, "two here"}}).data;
     files.contents["backup/a 2024-05-02.nmd"] = std::vector<unsigned char>(100, 'x');
-    const std::optional<SetMerge> merge = PlanSetMerge(DeviceOver(files), "b", "a");
-    ASSERT_TRUE(merge);
-    ASSERT_EQ(merge->notes.size(), 2u);
-    EXPECT_EQ(merge->notes[0].kind, MergeKind::kFromCopy);
-    EXPECT_EQ(merge->notes[1].kind, MergeKind::kStays);
+    return files;
+}
+
+static std::vector<MergeKind> KindsOf(FakeNoteFiles& files, const std::string& copy) {
+    std::vector<MergeKind> kinds;
+    const std::optional<SetMerge> merge = PlanSetMerge(DeviceOver(files), copy, "a");
+    EXPECT_TRUE(merge);
+    for (const MergedNote& note : merge->notes) kinds.push_back(note.kind);
+    return kinds;
+}
+
+TEST(SetMerge, HeedsTheBackupsOfTheSet) {
+    FakeNoteFiles files = FilesWithBackup();
+    files.times["backup/a 2024-05-01.nmd"] = 10;
+    files.times[kCopy + std::string(".nmd")] = 11;
+    EXPECT_THAT(KindsOf(files, kCopy), ElementsAre(MergeKind::kFromCopy, MergeKind::kStays, MergeKind::kStays));
+    files.times[kCopy + std::string(".nmd")] = 10;  // it may be from long before
+    EXPECT_THAT(KindsOf(files, kCopy), ElementsAre(MergeKind::kBoth, MergeKind::kStays, MergeKind::kStays));
+}
+
+TEST(SetMerge, LeavesTheNotesThatAnotherSetDoesNotHave) {
+    FakeNoteFiles files = FilesWithBackup();
+    AddFakeSet(files, "other", {{1, "one there"}, {9, "nine"}});
+    files.times["other.nmd"] = 11;
+    EXPECT_THAT(KindsOf(files, "other"),
+                ElementsAre(MergeKind::kBoth, MergeKind::kStays, MergeKind::kStays, MergeKind::kFromCopy));
 }
 
 TEST(SetMerge, NeedsTwoWholeDataFiles) {
@@ -362,6 +383,27 @@ TEST(StoppedMerge, LosesNothing) {
     EXPECT_GE(step, 20);
 }
 
+// Only a backup tells what was changed.
+TEST(StoppedMerge, ComesToTheSameWithoutHistories) {
+    FakeNoteFiles before;
+    AddFakeSet(before, "a", {{1, "one"}, {2, "two here"}, {3, "three here"}, {4, "four"}});
+    AddFakeSet(before, kCopy, {{1, "one"}, {2, "two there"}, {3, "three"}, {4, "four there"}});
+    before.contents["backup/a 2024-05-01.nmd"] = FakeSetOf({{1, "one"}, {2, "two"}, {3, "three"}, {4, "four"}}).data;
+    before.times[kCopy + std::string(".nmd")] = 1;  // after the backup
+    std::int64_t step = 0;
+    for (bool ended = false; !ended; ++step) {
+        SCOPED_TRACE(step);
+        FakeNoteFiles files = before;
+        ended = MergeUntilItStops(files, step);
+        NoteSets notes = Opened(files);
+        if (!FindConflictCopies(DeviceOver(files)).empty()) {
+            EXPECT_EQ(Merge(files, notes), SetMergeEnd::kMerged);
+        }
+        EXPECT_EQ(TextsOf(files, "a"), kMerged);
+        if (HasFailure()) return;
+    }
+}
+
 // ---- Halves without a copy ------------------------------------------------------------------------------------------
 
 TEST(HalfCopies, ArePutAway) {
@@ -383,24 +425,4 @@ TEST(HalfCopies, StayWhileThereIsACopy) {
     const auto before = files.contents;
     PutAwayHalfCopies(DeviceOver(files));
     EXPECT_EQ(files.contents, before);
-}
-
-// Only a backup tells what was changed.
-TEST(StoppedMerge, ComesToTheSameWithoutHistories) {
-    FakeNoteFiles before;
-    AddFakeSet(before, "a", {{1, "one"}, {2, "two here"}, {3, "three here"}, {4, "four"}});
-    AddFakeSet(before, kCopy, {{1, "one"}, {2, "two there"}, {3, "three"}, {4, "four there"}});
-    before.contents["backup/a 2024-05-01.nmd"] = FakeSetOf({{1, "one"}, {2, "two"}, {3, "three"}, {4, "four"}}).data;
-    std::int64_t step = 0;
-    for (bool ended = false; !ended; ++step) {
-        SCOPED_TRACE(step);
-        FakeNoteFiles files = before;
-        ended = MergeUntilItStops(files, step);
-        NoteSets notes = Opened(files);
-        if (!FindConflictCopies(DeviceOver(files)).empty()) {
-            EXPECT_EQ(Merge(files, notes), SetMergeEnd::kMerged);
-        }
-        EXPECT_EQ(TextsOf(files, "a"), kMerged);
-        if (HasFailure()) return;
-    }
 }

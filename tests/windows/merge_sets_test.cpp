@@ -132,6 +132,37 @@ TEST(MergeOffer, LeavesTheDecisionAboutALikelyName) {
     ExpectNotes(folder, "Mine-DESKTOP1", kThere);
 }
 
+// With a damaged copy before it, and after a No.
+TEST(MergeOffer, IsMadeForEachCopy) {
+    const ScratchFolder folder = FolderInConflict();
+    WriteNoteSet(folder, "Alpha");
+    WriteFile(folder, "Alpha.sync-conflict-20240501-120000-ABCDEFG.nmd", "damaged");
+    WriteNoteSet(folder, "Beta");
+    WriteNoteSet(folder, "Beta (Anna's conflicted copy 2024-05-01)", {{1, "there"}});
+    for (const int answer : {IDCANCEL, IDNO}) {
+        Program program = StartProgram(folder);
+        const HWND first = WaitForDialog(program, kOffer);
+        EXPECT_THAT(MessageText(first), HasSubstr("Alpha"));
+        EXPECT_THAT(ButtonsOf(first), ElementsAre("&Yes", "&No", "Cancel"));
+        Answer(program, first, answer);
+        if (answer == IDCANCEL) {
+            EXPECT_FALSE(HasDialog(program));
+            continue;
+        }
+        const HWND second = WaitForDialog(program, kOffer);
+        EXPECT_THAT(MessageText(second), HasSubstr("Beta"));
+        Answer(program, second, IDYES);
+        Answer(program, WaitForDialog(program, kDialog), IDCANCEL);
+        const HWND third = WaitForDialog(program, kOffer);
+        EXPECT_THAT(MessageText(third), HasSubstr("Mine"));
+        EXPECT_THAT(ButtonsOf(third), ElementsAre("&Yes", "&No"));
+        Answer(program, third, IDYES);
+        Answer(program, WaitForDialog(program, kDialog), IDOK);
+        ExpectNotes(folder, "Mine", kMerged);
+        EXPECT_FALSE(HasDialog(program));
+    }
+}
+
 TEST(MergeOffer, IsNotRepeatedForALikelyNameAfterANo) {
     const ScratchFolder folder = FolderInConflict("Mine-DESKTOP1");
     WriteNoteSet(folder, "Mine (1)", {{7, "another"}});
@@ -168,6 +199,18 @@ static void Choose(const Program& program, HWND dialog, int list, const std::str
     SendMessageA(box, CB_SETCURSEL, static_cast<WPARAM>(found - names.begin()), 0);
     SendMessageA(dialog, WM_COMMAND, MAKEWPARAM(list, CBN_SELCHANGE), reinterpret_cast<LPARAM>(box));
     Settle(program);
+}
+
+// The backup has the notes of the set, but says nothing of another one.
+TEST(MergeSets, LeavesNotesThatAnotherSetDoesNotHave) {
+    const ScratchFolder folder = FolderInConflict("Another");
+    WriteNoteSet(folder, "backup/Mine 2024-05-01", kHere);
+    Program program = StartProgram(folder);
+    Command(program, IDM_MERGE_SETS);
+    const HWND dialog = WaitForDialog(program, kDialog);
+    Choose(program, dialog, IDC_MERGED_SET, "Mine");
+    Choose(program, dialog, IDC_MERGED_COPY, "Another");
+    EXPECT_EQ(TextOf(dialog, IDC_MERGE_COUNTS), "1 note is taken from the copy, 2 get both texts, 0 stay, 1 is equal.");
 }
 
 TEST(MergeSets, MergesAnyTwoSets) {
