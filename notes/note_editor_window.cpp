@@ -169,12 +169,34 @@ static std::string WithLineEndsOfNotes(const std::string& text) {
     return hadOthers ? text : TextForNote(text, kNoteTextLimit);
 }
 
-// Keeps an edit that ends without being stored among the earlier notes. Nothing depends on whether that succeeds.
-static void KeepEdit(KeptReason reason) {
+// Keeps an edit that ends without being stored among the earlier notes. False if that is impossible, too.
+static bool KeepEdit(KeptReason reason) {
     const std::optional<NoteDraft> draft = DraftInEditor();
-    if (!draft) return;
+    if (!draft) return true;
     const EarlierNote edit{NoteTimeNow().seconds, draft->verse, reason, draft->text};
-    KeepEarlierNotes(TheNoteFiles(), draft->setName, {&edit, 1});
+    return KeepEarlierNotes(TheNoteFiles(), draft->setName, {&edit, 1});
+}
+
+// Keeps an edit that the user gives up. False if it cannot be kept, and the user then wants to go on with it.
+static bool GiveUpEdit() {
+    if (KeepEdit(KeptReason::kCancelled)) return true;
+    static constexpr char kQuestion[] =
+        "What you have typed cannot be kept among the earlier notes. Disk may be full! Do you want to drop it?";
+    return MessageBoxA(Frame(), kQuestion, "Versewell97", MB_YESNO | MB_ICONEXCLAMATION) == IDYES;
+}
+
+static constexpr char kKeptNowhere[] =
+    "What you have typed cannot be kept among the earlier notes either, so it stays in the editor. Make room on the "
+    "disk and save it again, or copy the text elsewhere.";
+
+// After a save that failed. An edit that cannot be kept stays in the editor, because it is nowhere else.
+static bool EndFailedEdit() {
+    const bool isKept = KeepEdit(KeptReason::kNotSaved);
+    if (isKept)
+        CloseEditor();
+    else
+        Complain(Frame(), kKeptNowhere);
+    return false;
 }
 
 // Both texts of a note that was also changed elsewhere.
@@ -198,15 +220,15 @@ static bool SaveTypedNote() {
         return false;
     }
     NoteEdit edit{WithLineEndsOfNotes(text.text), theNoteEditor.openedOn};
-    const NoteSaveResult result = Save(edit);
-    switch (result) {
-        case NoteSaveResult::kSaved: SendCommand(Frame(), IDM_SHOW_SAVED_NOTE); break;
-        case NoteSaveResult::kFailed: KeepEdit(KeptReason::kNotSaved); break;
+    switch (Save(edit)) {
+        case NoteSaveResult::kSaved: break;
+        case NoteSaveResult::kFailed: return EndFailedEdit();
         case NoteSaveResult::kStopped: return false;
         case NoteSaveResult::kMerged: ContinueWith(std::move(edit)); return false;
     }
+    SendCommand(Frame(), IDM_SHOW_SAVED_NOTE);
     CloseEditor();
-    return result == NoteSaveResult::kSaved;
+    return true;
 }
 
 // Runs `work`, a save or the question before one, unless one is already running with a message box open.
@@ -223,7 +245,7 @@ static bool AskAndSave() {
     const std::string question = "Do you want to save the note for " + verse + "?";
     switch (MessageBoxA(Frame(), question.c_str(), "Versewell97", MB_YESNOCANCEL | MB_ICONQUESTION)) {
         case IDYES: return SaveTypedNote();
-        case IDNO: KeepEdit(KeptReason::kCancelled); return true;
+        case IDNO: return GiveUpEdit();
     }
     return false;
 }
@@ -234,9 +256,7 @@ bool MayLeaveEditor() {
 }
 
 static void Cancel() {
-    if (!theNoteEditor.editing || theNoteEditor.saving) return;
-    KeepEdit(KeptReason::kCancelled);
-    CloseEditor();
+    if (UnlessSaving(GiveUpEdit)) CloseEditor();
 }
 
 // Asks before discarding changes, because Esc is easily pressed by accident.

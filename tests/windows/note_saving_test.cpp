@@ -244,6 +244,35 @@ TEST(UnsavedNote, IsReportedWhenTheDiskIsFull) {
     RunOnHost(program.folder, "rm Mine.nmd.temp");  // a Windows program cannot remove it
 }
 
+// Neither the note nor the earlier notes can be written.
+TEST(UnsavedNote, StaysInTheEditorIfItCannotBeKeptElsewhere) {
+    Program program = ProgramInEditorOf(kMiddle);
+    WriteFile(program.folder, "backup", "in the place of the folder");
+    RunOnHost(program.folder, "ln -s /dev/full Mine.nmd.temp");
+    Type(program, "Kept: ");
+    ClickEditorButton(program, IDC_NOTE_SAVE);
+    Answer(program, kCannotWrite, "stop", kOk, "Enter");
+    Answer(program,
+           "What you have typed cannot be kept among the earlier notes either, so it stays in the editor. Make room on "
+           "the disk and save it again, or copy the text elsewhere.",
+           "stop", kOk, "Enter");
+    EXPECT_TRUE(IsEditing(program));
+    EXPECT_EQ(TextOf(NoteEditOf(program)), "Kept: four");
+    ClickEditorButton(program, IDC_NOTE_CANCEL);
+    static constexpr char kDropped[] =
+        "What you have typed cannot be kept among the earlier notes. Disk may be full! Do you want to drop it?";
+    EXPECT_EQ(MessageText(WaitForDialog(program, "Versewell97")), kDropped);
+    Press(program, "n");
+    WaitForNoDialog(program);
+    EXPECT_EQ(TextOf(NoteEditOf(program)), "Kept: four");
+    RunOnHost(program.folder, "rm Mine.nmd.temp backup");  // room on the disk
+    ClickEditorButton(program, IDC_NOTE_SAVE);
+    EXPECT_FALSE(IsEditing(program));
+    Notes notes = kNotes;
+    notes[kMiddle] = "Kept: four";
+    ExpectNotes(program.folder, notes, "saved once there was room");
+}
+
 TEST(UnsavedNote, IsReportedWhenTheOldFileCannotBeDeleted) {
     Program program = ProgramInEditorOf(kMiddle);
     const std::string path = (program.folder.path / "Mine.nmd").string();
