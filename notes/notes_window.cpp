@@ -64,8 +64,11 @@ void RefreshNotes() {
 }
 
 void RefreshNotesInPassing() {
+    static constexpr ULONGLONG kPause = 25;  // milliseconds
     static std::size_t turn = 0;
-    if (IsEditingNote() || theNoteSets.sets.empty()) return;
+    static ULONGLONG last = 0;
+    if (IsEditingNote() || theNoteSets.sets.empty() || GetTickCount64() - last < kPause) return;
+    last = GetTickCount64();
     RefreshCurrentSet();
     NoteSet& other = theNoteSets.sets[turn++ % theNoteSets.sets.size()];
     if (&other != CurrentSet(theNoteSets)) Refresh(other);

@@ -42,8 +42,8 @@ void ShowNoteText();
 // on which the editor was opened.
 void RefreshNotes();
 
-// The same for the current set and one other set, another one each time: a pane that scrolls has no time to compare the
-// files of 31 sets.
+// The same for the current set and one other set, another one each time, and not more often than every 25 milliseconds:
+// a pane that scrolls has no time to compare the files of 31 sets.
 void RefreshNotesInPassing();
 
 // Sends the frame IDM_NOTES_CHANGED if a note has been saved or a set has been read again since the last time.
