@@ -278,3 +278,11 @@ TEST(MoreSettings, AreWrittenOnlyWhenTheyChange) {
     EXPECT_TRUE(profile.values.empty());
     EXPECT_EQ(SavedMore(profile, ""), std::vector<std::string>{});
 }
+
+TEST(MoreSettings, HaveTheNamesOfOwnSets) {
+    FakeProfile profile;
+    SaveMoreSettings(DeviceOver(profile), {"Mine", "Mine-HOST/Mine (1)/"});
+    EXPECT_EQ(LoadMoreSettings(DeviceOver(profile)).OwnSets, "Mine-HOST/Mine (1)/");
+    SaveMoreSettings(DeviceOver(profile), {"Mine"});
+    EXPECT_FALSE(profile.values.contains("NOTES/OwnSets"));
+}
