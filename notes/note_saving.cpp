@@ -283,7 +283,7 @@ static NoteSaveResult PutInPlace(Save& save) {
     WithMemory([&] { KeepBackup(files, set, save.now.day); });
     WithMemory([&] { KeepReplaced(save); });
     save.temp.reset();
-    if (!files.remove(files.device, set.dataFileName)) {
+    if (!files.remove(files.device, set.dataFileName) || files.stamp(files.device, set.dataFileName).exists) {
         set.dataStamp = {};  // the offsets are already those of the temporary file: read the set again
         Tell(save, SaveNotice::kCannotDelete);
         return NoteSaveResult::kFailed;
