@@ -24,9 +24,29 @@ static void RefreshFrame() {
     SendCommand(FrameOf(theNoteEdit.window), IDM_REFRESH);
 }
 
+// ---- The status bar -------------------------------------------------------------------------------------------------
+
+// Takes back what was told, unless the part has another text now.
+static void TellNothing() {
+    if (theNoteEdit.told.empty()) return;
+    if (StatusText(theNoteEdit.window, StatusPart::kSearchSummary) == theNoteEdit.told)
+        ShowStatus(theNoteEdit.window, StatusPart::kSearchSummary, theNoteEdit.statusBefore);
+    theNoteEdit.told.clear();
+}
+
+// The text has to fit into the part. It stays up to the next key.
+static void TellInStatus(const std::string& text) {
+    TellNothing();
+    MessageBeep(MB_OK);
+    theNoteEdit.statusBefore = StatusText(theNoteEdit.window, StatusPart::kSearchSummary);
+    theNoteEdit.told = text;
+    ShowStatus(theNoteEdit.window, StatusPart::kSearchSummary, text);
+}
+
 // ---- Text ---------------------------------------------------------------------------------------------------------
 
 bool FillNoteEdit(const std::string& text) {
+    TellNothing();
     SetPlainText(theNoteEdit.window, text.substr(0, kNoteTextLimit));
     SendMessageA(theNoteEdit.window, EM_EXLIMITTEXT, 0, kNoteTextLimit);
     theNoteEdit.readOnly = TextInNoteEdit() != text;
@@ -80,15 +100,15 @@ void CutInEditor() {
     FollowClipboard();
 }
 
-// Text that exceeds the limit is dropped, with a beep.
+// Text that exceeds the limit is dropped.
 static void Insert(std::string_view text) {
     if (theNoteEdit.readOnly) return;
     PutSelectionInOrder(theNoteEdit.window);
     const std::size_t kept = TextInNoteEdit().size() - SelectionText().size();
     const std::size_t room = kNoteTextLimit - std::min(kept, kNoteTextLimit);
     const std::string fitting = TextForNote(text, room);
-    if (fitting.size() < TextForNote(text, text.size() * 2).size()) MessageBeep(MB_OK);
     ReplaceSelection(fitting);
+    if (fitting.size() < TextForNote(text, text.size() * 2).size()) TellInStatus("The note is full: text was left out");
 }
 
 static std::string CodePageName() {
@@ -113,10 +133,7 @@ void PasteInEditor() {
 static void TypeLetter(std::wstring_view letter) {
     const CodePageText converted = InCodePage(letter);
     Insert(converted.text);
-    if (converted.lost == 0) return;
-    MessageBeep(MB_OK);
-    ShowStatus(theNoteEdit.window, StatusPart::kSearchSummary,
-               "Not typed: notes hold only characters of " + CodePageName());
+    if (converted.lost > 0) TellInStatus("Not typed: not in code page " + std::to_string(GetACP()));
 }
 
 bool TakeNoteLetter(const MSG& message) {
@@ -235,6 +252,7 @@ static void MoveByWord(WPARAM key, LPARAM lParam) {
 }
 
 static LRESULT OnKeyDown(WPARAM key, LPARAM lParam) {
+    TellNothing();
     if (OnEditKey(static_cast<UINT>(key))) return 0;
     const bool isByWord = (key == VK_LEFT || key == VK_RIGHT) && IsControlDown();
     if (!isByWord) return PassKey(key, lParam);
@@ -247,6 +265,17 @@ static bool IsStrayCharacter(UINT character) {
     static constexpr UINT kDelete = 0x7F;
     if (character == kDelete || character == VK_ESCAPE) return true;
     return character < ' ' && (IsControlDown() || (IsKeyDown(VK_SHIFT) && character != VK_BACK));
+}
+
+static void OnButtonDown(HWND edit, int y) {
+    KeepCaretInClickedLine(edit, y);
+    theNoteEdit.clicked = SelectionStart(edit);
+}
+
+// After a drag to the left or upwards, the right end of the selection is not under the mouse.
+static void OnButtonUp(HWND edit, int y) {
+    PutSelectionInOrder(edit);
+    if (SelectionStart(edit) == theNoteEdit.clicked) KeepSelectionInLineAt(edit, y);
 }
 
 static LRESULT CALLBACK EditProcedure(HWND edit, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -264,9 +293,9 @@ static LRESULT CALLBACK EditProcedure(HWND edit, UINT message, WPARAM wParam, LP
     switch (message) {
         case WM_SETFOCUS: OnEditFocus(); break;
         case WM_KILLFOCUS: OnEditFocusLost(); break;
-        case WM_LBUTTONDOWN: KeepCaretInClickedLine(edit, GET_Y_LPARAM(lParam)); break;
-        case WM_LBUTTONUP:
-        case WM_LBUTTONDBLCLK: PutSelectionInOrder(edit); break;
+        case WM_LBUTTONDOWN: OnButtonDown(edit, GET_Y_LPARAM(lParam)); break;
+        case WM_LBUTTONUP: OnButtonUp(edit, GET_Y_LPARAM(lParam)); break;
+        case WM_LBUTTONDBLCLK: KeepSelectionInLineAt(edit, GET_Y_LPARAM(lParam)); break;
     }
     return result;
 }

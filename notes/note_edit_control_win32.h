@@ -12,6 +12,9 @@ struct NoteEditControl {
     bool canPaste = false;        // it has the focus and the clipboard has text
     bool readOnly = false;        // its text is not exactly the note
     std::wstring letter;          // the first half of a letter of two halves
+    LONG clicked = 0;             // where the mouse button went down
+    std::string told;             // what the control shows in the status bar; empty if nothing
+    std::string statusBefore;     // what was there
 };
 extern NoteEditControl theNoteEdit;
 
@@ -34,8 +37,8 @@ void RetypeInNoteEdit(const std::string& text);
 std::string TextInNoteEdit();
 
 // Types a letter that is not ASCII: a WM_CHAR of GetMessageW, before it is dispatched to the control, for which the
-// system would convert it. A letter that the code page lacks is refused with a beep and a text in the status bar. False
-// if the message is another one.
+// system would convert it. A letter that the code page lacks is refused with a beep and, up to the next key, a text in
+// the status bar. False if the message is another one.
 bool TakeNoteLetter(const MSG& message);
 
 // To be called when the control's selection has changed.

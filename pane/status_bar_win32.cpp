@@ -12,8 +12,16 @@ static std::string TextOfPart(HWND statusBar, WPARAM part) {
     return text;
 }
 
+static HWND StatusBarOf(HWND window) {
+    return GetDlgItem(FrameOf(window), IDC_STATUS_BAR);
+}
+
+std::string StatusText(HWND window, StatusPart part) {
+    return TextOfPart(StatusBarOf(window), static_cast<WPARAM>(part));
+}
+
 void ShowStatus(HWND window, StatusPart part, const std::string& text) {
-    const HWND statusBar = GetDlgItem(FrameOf(window), IDC_STATUS_BAR);
+    const HWND statusBar = StatusBarOf(window);
     const auto number = static_cast<WPARAM>(part);
     if (TextOfPart(statusBar, number) == text) return;
     SendMessageA(statusBar, SB_SETTEXTA, number, reinterpret_cast<LPARAM>(text.c_str()));

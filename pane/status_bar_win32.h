@@ -16,3 +16,6 @@ enum class StatusPart {
 // Sets a part of the status bar of the frame that `window` belongs to. Does nothing if the part already has that text,
 // because rewriting it would flicker.
 void ShowStatus(HWND window, StatusPart part, const std::string& text);
+
+// The text of a part.
+std::string StatusText(HWND window, StatusPart part);

@@ -113,15 +113,31 @@ void PutSelectionInOrder(HWND richEdit) {
     if (!isInOrder) SendMessageA(richEdit, EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&inOrder));
 }
 
+// `place`, or the end of the line above it if it is the start of a line that lies below `y`.
+static LONG PlaceInLineAt(HWND richEdit, LONG place, int y) {
+    const char before = CharacterAt(richEdit, place - 1);
+    if (before != '\n' && before != '\r') return place;
+    POINTL top{};
+    SendMessageA(richEdit, EM_POSFROMCHAR, reinterpret_cast<WPARAM>(&top), place);
+    return y < top.y ? PlaceInOrder(richEdit, place - 1) : place;
+}
+
 void KeepCaretInClickedLine(HWND richEdit, int y) {
     PutSelectionInOrder(richEdit);
     const CHARRANGE range = SelectionOf(richEdit);
-    const LONG caret = range.cpMin;
-    const char before = CharacterAt(richEdit, caret - 1);
-    if (range.cpMax != caret || (before != '\n' && before != '\r')) return;
-    POINTL top{};
-    SendMessageA(richEdit, EM_POSFROMCHAR, reinterpret_cast<WPARAM>(&top), caret);
-    const LONG lineEnd = PlaceInOrder(richEdit, caret - 1);
-    CHARRANGE clicked{lineEnd, lineEnd};
-    if (y < top.y) SendMessageA(richEdit, EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&clicked));
+    if (range.cpMin != range.cpMax) return;
+    const LONG place = PlaceInLineAt(richEdit, range.cpMin, y);
+    CHARRANGE clicked{place, place};
+    if (place != range.cpMin) SendMessageA(richEdit, EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&clicked));
+}
+
+void KeepSelectionInLineAt(HWND richEdit, int y) {
+    PutSelectionInOrder(richEdit);
+    const CHARRANGE range = SelectionOf(richEdit);
+    CHARRANGE kept{range.cpMin, std::max(range.cpMin, PlaceInLineAt(richEdit, range.cpMax, y))};
+    if (kept.cpMax != range.cpMax) SendMessageA(richEdit, EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&kept));
+}
+
+LONG SelectionStart(HWND richEdit) {
+    return SelectionOf(richEdit).cpMin;
 }

@@ -38,3 +38,10 @@ void PutSelectionInOrder(HWND richEdit);
 // After a click at the height `y`: a click just behind the end of a line may set the caret to the start of the next
 // one. Moves it back to the end of the line that was clicked.
 void KeepCaretInClickedLine(HWND richEdit, int y);
+
+// After a mouse button was released at the height `y` over the right end of the selection: just behind the end of a
+// line, the control also selects the line's end. Leaves that out.
+void KeepSelectionInLineAt(HWND richEdit, int y);
+
+// Where the selection starts, in characters of the control.
+LONG SelectionStart(HWND richEdit);

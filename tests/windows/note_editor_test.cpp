@@ -342,6 +342,7 @@ TEST(NoteEditor, LimitsTextToTheLongestNote) {
     const std::size_t size = Typed(program).size();
     EXPECT_GE(size, kMost - 1) << "a line end must not be split";
     EXPECT_LE(size, kMost);
+    EXPECT_EQ(StatusPart(program, 0), "The note is full: text was left out");
     Type(program, "xyz");
     EXPECT_EQ(Typed(program).size(), kMost);
     Press(program, "Ctrl+v");
