@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <optional>
-#include <ranges>
 
 #include "notes/joined_texts.h"
 #include "notes/note_saving.h"
@@ -65,8 +64,9 @@ static bool WasReplaced(const VerseStates& states, const std::string& text) {
 
 // Does another history than that of the set tell that the text was replaced?
 static bool WasReplacedElsewhere(const VerseStates& states, const std::string& text) {
-    return std::ranges::any_of(states.histories | std::views::drop(1),
-                               [&](const Records& records) { return IsIn(records, text); });
+    if (states.histories.empty()) return false;
+    return std::any_of(states.histories.begin() + 1, states.histories.end(),
+                       [&](const Records& records) { return IsIn(records, text); });
 }
 
 // Did a backup have the copy's text, and none before it the set's? Then the set left that text behind.

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <iterator>
-#include <ranges>
 #include <set>
 #include <tuple>
 
@@ -18,7 +17,9 @@ static const std::string kInBackups = std::string(kBackupFolder) + '/';
 // Those of the days before the first saves: the others may be of a set of that name that was deleted.
 static void ReadBackups(const NoteFiles& files, const std::string& set, EarlierStates& states) {
     std::vector<std::string> texts;
-    for (const SetBackup& backup : BackupsOf(files, set) | std::views::reverse)
+    std::vector<SetBackup> backups = BackupsOf(files, set);
+    std::ranges::reverse(backups);
+    for (const SetBackup& backup : backups)
         if (backup.clock.empty() && ReadSetTexts(files, BackupName(backup) + kDataEnding, texts))
             states.backups.push_back(std::move(texts));
 }

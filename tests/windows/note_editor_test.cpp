@@ -310,45 +310,6 @@ TEST(NoteEditor, PastesOnlyPlainText) {
     EXPECT_EQ(Typed(program), "{\\rtf1 one}\r\ntwo\r\nthree") << "with line ends as in notes";
 }
 
-// The control of Wine takes time for that, which grows with the square of the length, and without a width never ends.
-TEST(NoteEditor, OpensANoteThatIsOneLongParagraph) {
-    std::string paragraph;
-    while (paragraph.size() < 15000) paragraph += "long ";
-    const ScratchFolder folder = FolderWithScripture();
-    WriteNoteSet(folder, "Mine", {{0, paragraph}});
-    Program program = StartProgram(folder);
-    OpenNoteEditor(program);
-    EXPECT_EQ(TextOf(NoteEditOf(program)).size(), paragraph.size());
-    Press(program, "Ctrl+End");
-    Type(program, "end");
-    ClickEditorButton(program, IDC_NOTE_SAVE);
-    EXPECT_EQ(TextOf(NoteViewOf(program)).size(), paragraph.size() + 3);
-    Command(program, IDM_EARLIER_NOTES);
-    const HWND dialog = WaitForDialog(program, "Earlier Notes for Genesis 1:1 in \"Mine\"");
-    EXPECT_TRUE(TextOf(dialog, IDC_STATE_TEXT).starts_with("long "));
-    Press(program, "Esc");
-    WaitForNoDialog(program);
-    Command(program, IDM_EARLIER_STATES);
-    WaitForDialog(program, "Earlier States of Note Sets");
-}
-
-TEST(NoteEditor, LimitsTextToTheLongestNote) {
-    static constexpr std::size_t kMost = 65533;
-    std::string lines;
-    while (lines.size() < 70000) lines += "a line of a long note\r\n";
-    Program program = ProgramInEditor("");
-    SetClipboardText(lines);
-    Press(program, "Ctrl+v");
-    const std::size_t size = Typed(program).size();
-    EXPECT_GE(size, kMost - 1) << "a line end must not be split";
-    EXPECT_LE(size, kMost);
-    EXPECT_EQ(StatusPart(program, 0), "The note is full: text was left out");
-    Type(program, "xyz");
-    EXPECT_EQ(Typed(program).size(), kMost);
-    Press(program, "Ctrl+v");
-    EXPECT_EQ(Typed(program).size(), kMost);
-}
-
 TEST(NoteEditor, TabKeysMoveBetweenControls) {
     Program program = ProgramInEditor();
     const HWND editor = NoteEditorOf(program);
