@@ -267,8 +267,8 @@ static bool IsStrayCharacter(UINT character) {
     return character < ' ' && (IsControlDown() || (IsKeyDown(VK_SHIFT) && character != VK_BACK));
 }
 
-static void OnButtonDown(HWND edit, int y) {
-    KeepCaretInClickedLine(edit, y);
+static void OnButtonDown(HWND edit, POINT point) {
+    PutCaretWhereClicked(edit, point);
     theNoteEdit.clicked = SelectionStart(edit);
 }
 
@@ -293,7 +293,7 @@ static LRESULT CALLBACK EditProcedure(HWND edit, UINT message, WPARAM wParam, LP
     switch (message) {
         case WM_SETFOCUS: OnEditFocus(); break;
         case WM_KILLFOCUS: OnEditFocusLost(); break;
-        case WM_LBUTTONDOWN: OnButtonDown(edit, GET_Y_LPARAM(lParam)); break;
+        case WM_LBUTTONDOWN: OnButtonDown(edit, {GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)}); break;
         case WM_LBUTTONUP: OnButtonUp(edit, GET_Y_LPARAM(lParam)); break;
         case WM_LBUTTONDBLCLK: KeepSelectionInLineAt(edit, GET_Y_LPARAM(lParam)); break;
     }

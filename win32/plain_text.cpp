@@ -113,20 +113,35 @@ void PutSelectionInOrder(HWND richEdit) {
     if (!isInOrder) SendMessageA(richEdit, EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&inOrder));
 }
 
+// The upper left corner of the character at `place`.
+static POINTL CornerOf(HWND richEdit, LONG place) {
+    POINTL corner{};
+    SendMessageA(richEdit, EM_POSFROMCHAR, reinterpret_cast<WPARAM>(&corner), place);
+    return corner;
+}
+
 // `place`, or the end of the line above it if it is the start of a line that lies below `y`.
 static LONG PlaceInLineAt(HWND richEdit, LONG place, int y) {
     const char before = CharacterAt(richEdit, place - 1);
     if (before != '\n' && before != '\r') return place;
-    POINTL top{};
-    SendMessageA(richEdit, EM_POSFROMCHAR, reinterpret_cast<WPARAM>(&top), place);
-    return y < top.y ? PlaceInOrder(richEdit, place - 1) : place;
+    return y < CornerOf(richEdit, place).y ? PlaceInOrder(richEdit, place - 1) : place;
 }
 
-void KeepCaretInClickedLine(HWND richEdit, int y) {
+// `place`, or the one before a blank in front of it of whose left half `x` is. Wine may tell the same corner for both
+// ends of a blank.
+static LONG PlaceAtBlank(HWND richEdit, LONG place, int x) {
+    if (CharacterAt(richEdit, place - 1) != ' ') return place;
+    const POINTL left = CornerOf(richEdit, place - 1), right = CornerOf(richEdit, place);
+    static constexpr LONG kLeastHalf = 3;  // pixels
+    const LONG middle = std::max((left.x + right.x) / 2, left.x + kLeastHalf);
+    return left.y == right.y && x < middle ? place - 1 : place;
+}
+
+void PutCaretWhereClicked(HWND richEdit, POINT point) {
     PutSelectionInOrder(richEdit);
     const CHARRANGE range = SelectionOf(richEdit);
     if (range.cpMin != range.cpMax) return;
-    const LONG place = PlaceInLineAt(richEdit, range.cpMin, y);
+    const LONG place = PlaceAtBlank(richEdit, PlaceInLineAt(richEdit, range.cpMin, point.y), point.x);
     CHARRANGE clicked{place, place};
     if (place != range.cpMin) SendMessageA(richEdit, EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&clicked));
 }

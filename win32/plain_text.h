@@ -35,9 +35,9 @@ bool IsSelectionInLineEnd(HWND richEdit);
 // Moves the ends of the selection that are in no such place to the place before them.
 void PutSelectionInOrder(HWND richEdit);
 
-// After a click at the height `y`: a click just behind the end of a line may set the caret to the start of the next
-// one. Moves it back to the end of the line that was clicked.
-void KeepCaretInClickedLine(HWND richEdit, int y);
+// After a click at `point`: a click just behind the end of a line may set the caret to the start of the next one, and
+// Wine sets it behind a blank at the end of a line if the click was on the blank's left half, too. Moves it back.
+void PutCaretWhereClicked(HWND richEdit, POINT point);
 
 // After a mouse button was released at the height `y` over the right end of the selection: just behind the end of a
 // line, the control also selects the line's end. Leaves that out.

@@ -103,6 +103,18 @@ TEST(NoteTyping, GoesWhereTheCaretWasClicked) {
     }
 }
 
+// Wine's rich edit sets the caret behind it.
+TEST(NoteTyping, GoesBeforeABlankAtTheEndOfALine) {
+    Program program = ProgramInEditor("a \r\n ");
+    for (const int place : {1, 5}) {
+        Press(program, "Ctrl+Home");
+        Click(program, NoteEditOf(program),
+              PointOfCharacter(program, NoteEditOf(program), static_cast<std::size_t>(place)));
+        Type(program, "x");
+    }
+    EXPECT_EQ(Typed(program), "ax \r\nx ");
+}
+
 // Just behind the end of a line, the rich edit selects the line's end as well.
 TEST(NoteTyping, SelectsToTheEndOfTheLineUnderTheMouse) {
     static const std::string kNote = "one two\r\nthree";
