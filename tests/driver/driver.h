@@ -102,6 +102,9 @@ int CloseProgram(Program& program);
 int WaitForExit(const Program& program);
 bool IsRunning(const Program& program);
 
+// Is this a run of `./check --long` (VERSEWELL_LONG in the environment)?
+bool IsLongRun();
+
 // ---- Waiting --------------------------------------------------------------------------------------------------------
 
 constexpr std::chrono::milliseconds kPatience{15000};

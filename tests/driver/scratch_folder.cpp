@@ -30,6 +30,10 @@ const TestSurroundings& Surroundings() {
     return surroundings;
 }
 
+bool IsLongRun() {
+    return !Variable("VERSEWELL_LONG", "").empty();
+}
+
 // The folder of a failed test is kept for inspection.
 static void LeaveFolder(const std::filesystem::path& path) {
     if (testing::Test::HasFailure()) return;

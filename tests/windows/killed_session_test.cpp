@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <chrono>
-#include <cstdlib>
 #include <random>
 
 #include "resources/ids.h"
@@ -77,8 +76,7 @@ static bool Begins(const std::string& text, const std::string& beginning) {
 }
 
 TEST(KilledSession, LosesAtMostASecondOfTyping) {
-    const char* const isLong = std::getenv("VERSEWELL_LONG");
-    const int kills = isLong != nullptr && *isLong != '\0' ? 200 : 10;
+    const int kills = IsLongRun() ? 200 : 10;
     std::mt19937 random(3);
     std::uniform_int_distribution<int> milliseconds(0, 3000);
     const ScratchFolder folder = FolderWithScripture();

@@ -6,7 +6,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <filesystem>
 
 #include "resources/ids.h"
@@ -80,8 +79,7 @@ struct Ends {
 
 // Every operation with `./check --long`, otherwise every fourth.
 static unsigned StepOfOperations() {
-    const char* isLong = std::getenv("VERSEWELL_LONG");
-    return isLong && *isLong ? 1 : 4;
+    return IsLongRun() ? 1 : 4;
 }
 
 static Ends KillAtEachOperation(int command, const char* title, WPARAM button) {

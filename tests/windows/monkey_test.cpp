@@ -295,8 +295,7 @@ static int NumberOf(const char* variable, int missing) {
 }
 
 static std::chrono::seconds TimeToPlay() {
-    const char* isLong = std::getenv("VERSEWELL_LONG");
-    return std::chrono::seconds(NumberOf("VERSEWELL_MONKEY_SECONDS", isLong && *isLong ? 300 : 0));
+    return std::chrono::seconds(NumberOf("VERSEWELL_MONKEY_SECONDS", IsLongRun() ? 300 : 0));
 }
 
 static Monkey NewMonkey() {

@@ -1,10 +1,8 @@
-// Random input to the note editor, compared with a plain model of an edit control. The number of seeds, one if it is
-// not given, is in the environment: VERSEWELL_EDITING_SEEDS.
+// Random input to the note editor, compared with a plain model of an edit control.
 
 #include <windows.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <random>
 
 #include <gtest/gtest.h>
@@ -289,8 +287,7 @@ TEST_P(RandomEditing, FollowsAPlainModel) {
 
 // Ten seeds for `./check --long`, otherwise one.
 static unsigned SeedCount() {
-    const char* isLong = std::getenv("VERSEWELL_LONG");
-    return isLong && *isLong ? 10 : 1;
+    return IsLongRun() ? 10 : 1;
 }
 
 INSTANTIATE_TEST_SUITE_P(Seeds, RandomEditing, testing::Range(1u, SeedCount() + 1));
