@@ -223,6 +223,55 @@ TEST(HelpText, ListsEveryBookWithItsAbbreviation) {
     EXPECT_EQ(ReferenceText(records, ParseReference(records, "J 3").verse, BookForm::kName), "Joshua 3:1");
 }
 
+// The book that a reference leads to; "" if it is not understood.
+static std::string BookOf(const std::string& typed) {
+    const VerseRecords& records = TheRealScripture().records;
+    const ParsedReference reference = ParseReference(records, typed + " 1:1");
+    return reference.ok ? BookName(RecordOf(records, reference.verse).book) : "";
+}
+
+// The first book whose abbreviation is what was typed, or else whose name begins so.
+static std::string BookByThePage(const std::string& typed) {
+    for (int book = 1; book <= kBookCount; ++book)
+        if (typed.starts_with(BookAbbreviation(book))) return BookName(book);
+    for (int book = 1; book <= kBookCount; ++book)
+        if (std::string_view(BookName(book)).starts_with(typed)) return BookName(book);
+    return "";
+}
+
+TEST(HelpText, ExplainsBeginningsOfNamesAsTheProgramReadsThem) {
+    int beginnings = 0;
+    for (int book = 1; book <= kBookCount; ++book) {
+        const std::string name = BookName(book);
+        const size_t shortest = std::isdigit(static_cast<unsigned char>(name[0])) ? 4 : 1;  // "1 Sa"
+        for (size_t length = shortest; length <= name.substr(0, name.find(" of ")).size(); ++length, ++beginnings) {
+            const std::string typed = name.substr(0, length);
+            const std::string wanted = shortest == 1 ? BookByThePage(typed) : name;
+            EXPECT_EQ(BookOf(typed), wanted) << typed;
+        }
+        if (shortest == 4) {
+            EXPECT_EQ(BookOf(name.substr(0, 3)), "Genesis") << name;  // "1 S"
+        }
+    }
+    EXPECT_GT(beginnings, 300);
+}
+
+TEST(HelpText, NamesBooksThatAreReadAsOthersOrNotAtAll) {
+    const std::string books = Page("ID_Books").html;
+    for (const char* unknown : {"Mk", "Lk", "Jn", "Jdg"}) {
+        EXPECT_EQ(BookOf(unknown), "");
+        EXPECT_THAT(books, HasSubstr("<code>" + std::string(unknown) + "</code>"));
+    }
+    const std::vector<std::string>& examples = Page(kTopicSpecifyRange).examples;
+    const VerseRecords& records = TheRealScripture().records;
+    EXPECT_THAT(examples, Contains("1 Jn 1:9"));
+    EXPECT_EQ(ReferenceText(records, ParseReference(records, "1 Jn 1:9").verse, BookForm::kName), "Genesis 1:9");
+    EXPECT_THAT(examples, Contains("Song of Solomon 2:1"));
+    EXPECT_EQ(ReferenceText(records, ParseReference(records, "Song of Solomon 2:1").verse, BookForm::kName),
+              "Song of Solomon 1:1");
+    EXPECT_FALSE(ParseRange(records, "Song of Solomon 2:1").ok);
+}
+
 static std::string Named(const std::string& line, const std::string& noteVerse) {
     const VerseRecords& records = TheRealScripture().records;
     std::string named;
@@ -237,6 +286,7 @@ TEST(HelpText, ExplainsCrossReferencesAsTheProgramReadsThem) {
         const char* verses;
     } kRows[] = {{"# Ge 1:1; Ex 2:4, 6-8; Joh 3:16", "Ge 1:1, Ex 2:4, Ex 2:6, Ex 2:7, Ex 2:8, Joh 3:16"},
                  {"1John 1:9", "1Jo 1:9"},
+                 {"1J 1:9", "1Jo 1:9"},
                  {"Ex 5", "Ex 3:5"},
                  {"Ex 5:1", "Ex 5:1"}};
     std::string examples;
