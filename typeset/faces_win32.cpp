@@ -44,11 +44,12 @@ void ChooseFaces(Faces& faces, const FontChoice& choice) {
     SelectObject(MeasuringDc(), GetStockObject(SYSTEM_FONT));  // a font must not be deleted while it is selected
     for (FaceFont& face : faces.fonts) face.font.reset();
     faces.record = FontRecord(choice);
+    faces.isChosen = true;
     faces.lineHeight = 0;
 }
 
 bool HasFaces(const Faces& faces) {
-    return faces.record.lfHeight != 0;
+    return faces.isChosen;
 }
 
 static LOGFONTA RecordOf(const Faces& faces, Face face) {

@@ -17,6 +17,7 @@ struct FaceFont {
 };
 
 struct Faces {
+    bool isChosen = false;  // ChooseFaces has been called
     LOGFONTA record{};
     std::array<FaceFont, kFaceCount> fonts;
     int lineHeight = 0;  // cell height of the bold face, pixels; 0 until first used

@@ -11,6 +11,7 @@
 
 #include "resources/ids.h"
 #include "tests/driver/driver.h"
+#include "tests/driver/picture.h"
 #include "tests/windows/note_set_files.h"
 #include "tests/windows/passage_pane.h"
 
@@ -337,6 +338,23 @@ static int VerseAfterOnePage(const char* storedHeight) {
 // height. It is always written back as positive.
 TEST(FontHeight, IsTheLineHeightWhenStoredNegative) {
     EXPECT_GT(VerseAfterOnePage("-30"), VerseAfterOnePage("30"));
+}
+
+// A height of 0, or none, stands for the default size of the font.
+TEST(FontHeight, MayBeZero) {
+    for (const char* height : {"0", "abc"}) {
+        const ScratchFolder folder = FolderWithScripture();
+        for (const char* pane : {"ReadWindow", "VerseList", "Note"})
+            WriteSetting(folder, "OPTIONS", std::string(pane) + "FontHeight", height);
+        Program program = StartProgram(folder);
+        for (const HWND pane : {PassageOf(program), NoteViewOf(program)}) {
+            const Picture picture = PictureOfWindow(pane);
+            EXPECT_GT(CountPixels(picture, {4, 4, picture.width - 20, picture.height - 4}, 0x000000), 50) << height;
+        }
+        SavePicture(PictureOfWindow(program.frame), "font-height-0");
+        EXPECT_EQ(CloseProgram(program), 0);
+        EXPECT_EQ(Setting(folder, "OPTIONS", "ReadWindowFontHeight"), "0");
+    }
 }
 
 TEST(SearchHistory, OmitsBlankEntries) {
