@@ -53,6 +53,7 @@ static void Fill(HWND dialog) {
     std::string start = ReferenceText(theScripture.records, question.currentVerse, question.kind.bookForm);
     if (question.kind.asked == Asked::kRange) start += " - ";
     FillReferenceField(dialog, IDC_RANGE, start);
+    if (question.kind.asked == Asked::kRange) PutCaretBehind(dialog, IDC_RANGE);  // the user types the end
     if (question.kind.asksForNotes) FillNoteSets(GetDlgItem(dialog, IDC_NOTE_SET));
 }
 

@@ -18,6 +18,13 @@ void SelectField(HWND dialog, int control) {
     SendDlgItemMessageA(dialog, control, EM_SETSEL, 0, -1);
 }
 
+void PutCaretBehind(HWND dialog, int control) {
+    const HWND field = GetDlgItem(dialog, control);
+    const int end = GetWindowTextLengthA(field);
+    SetFocus(field);
+    SendMessageA(field, EM_SETSEL, static_cast<WPARAM>(end), end);
+}
+
 bool IsChecked(HWND dialog, int control) {
     return IsDlgButtonChecked(dialog, control) == BST_CHECKED;
 }

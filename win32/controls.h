@@ -17,6 +17,9 @@ std::string ControlText(HWND dialog, int control, int limit);
 // Sets the focus to a field of `dialog` and selects all of its text, so that typing replaces it.
 void SelectField(HWND dialog, int control);
 
+// Gives a field the focus with the caret behind its text and nothing selected.
+void PutCaretBehind(HWND dialog, int control);
+
 bool IsChecked(HWND dialog, int control);
 void SetChecked(HWND dialog, int control, bool checked);
 

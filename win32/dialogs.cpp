@@ -14,7 +14,7 @@ static BOOL OnInitDialog(HWND window, HWND, LPARAM dialog) {
     SetWindowLongPtrA(window, DWLP_USER, dialog);
     PlaceDialog(window);
     if (DialogOf(window).fill) DialogOf(window).fill(window);
-    return TRUE;
+    return !IsChild(window, GetFocus());  // otherwise the system would select all of the focused field
 }
 
 static void OnCommand(HWND window, int control, HWND, UINT notification) {

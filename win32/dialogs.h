@@ -4,8 +4,10 @@
 #include "win32/windows_api.h"
 
 struct Dialog {
-    const char* name;           // in the program's resources
-    void (*fill)(HWND dialog);  // called before the dialog is shown; null if there is nothing to fill in
+    const char* name;  // in the program's resources
+    // Called before the dialog is shown; null if there is nothing to fill in. The first control gets the focus, with
+    // its text selected, unless this gives it to another one.
+    void (*fill)(HWND dialog);
     void (*command)(HWND dialog, int control, UINT notification);
     const void* data = nullptr;  // for these two procedures, see DataOf
 };

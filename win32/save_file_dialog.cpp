@@ -36,11 +36,8 @@ static DWORD RunSaveDialog(HWND owner, const std::wstring& name, PathBuffer& pat
 std::wstring AskTextFileToSave(HWND owner, const std::string& name) {
     PathBuffer path;
     std::wstring suggested = Wide(name);
-    DWORD error = RunSaveDialog(owner, suggested, path);
-    if (error == FNERR_INVALIDFILENAME) {  // ":" is not allowed in file names
-        std::replace(suggested.begin(), suggested.end(), L':', L'.');
-        error = RunSaveDialog(owner, suggested, path);
-    }
-    if (error == FNERR_BUFFERTOOSMALL) Complain(owner, "The file name is too long", kSaveErrorCaption);
+    std::replace(suggested.begin(), suggested.end(), L':', L'.');  // no file name may have it
+    if (RunSaveDialog(owner, suggested, path) == FNERR_BUFFERTOOSMALL)
+        Complain(owner, "The file name is too long", kSaveErrorCaption);
     return path[0] == L'\0' ? L"" : FullPath(path.data());
 }

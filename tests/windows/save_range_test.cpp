@@ -108,21 +108,32 @@ TEST(SaveRange, SavesNothingWhenEmptyOrInvalid) {
     EXPECT_EQ(FilesIn(program.folder), files);
 }
 
-// File names cannot contain a colon, but a range can. Windows decides how the dialog handles it; under Wine, a message
-// box rejects the name.
-TEST(SaveRange, HandlesAColonInTheSuggestedName) {
+// No file name can have the colon of the range.
+TEST(SaveRange, SuggestsANameThatAFileCanHave) {
     Program program = StartProgram(FolderWithScripture());
-    const HWND dialog = OpenFileDialog(program, "Jude 1:1 - 1:1");
-    EXPECT_EQ(TextOf(FocusOf(program)), "Jude 1:1- 1:1");
+    OpenFileDialog(program, "Jude 1:1 - 1:1");
+    EXPECT_EQ(TextOf(FocusOf(program)), "Jude 1.1- 1.1");
     Press(program, "Enter");
-    const HWND box = ActiveWindowOf(program);
-    ASSERT_NE(box, dialog);
-    Press(program, "Enter");
-    WaitUntilGone(program, box);
-    EXPECT_TRUE(IsWindow(dialog));
-    GivePath(program, "Jude.txt");
     WaitForNoDialog(program);
-    EXPECT_EQ(ReadFile(program.folder, "Jude.txt"), Piece("Jude 1:1", "Jude 1:1") + kEnd) << "in the current folder";
+    EXPECT_EQ(ReadFile(program.folder, "Jude 1.1- 1.1"), Piece("Jude 1:1", "Jude 1:1") + kEnd)
+        << "in the current folder";
+}
+
+TEST(SaveRange, WaitsForTheEndOfTheRange) {
+    Program program = StartProgram(FolderWithScripture());
+    Command(program, IDM_GOTO_BOOK + 40);
+    for (const auto& [command, title, start] : {std::tuple{IDM_COPY_RANGE, "Copy Range", "Mt 1:1 - "},
+                                                {IDM_SAVE_RANGE, "Save Range", "Mt 1:1 - "},
+                                                {IDM_PRINT_RANGE, "Print Range", "Matthew 1:1 - "}}) {
+        Command(program, command);
+        const HWND dialog = WaitForDialog(program, title);
+        EXPECT_EQ(TextOf(dialog, IDC_RANGE), start);
+        EXPECT_EQ(FocusOf(program), Child(dialog, {IDC_RANGE}));
+        Type(program, "Mt 1:2");
+        EXPECT_EQ(TextOf(dialog, IDC_RANGE), std::string(start) + "Mt 1:2");
+        Press(program, "Esc");
+        WaitForNoDialog(program);
+    }
 }
 
 // ---- What is written ------------------------------------------------------------------------------------------------
