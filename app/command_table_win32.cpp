@@ -82,8 +82,8 @@ static constexpr Command kCommands[] = {
     {IDM_PREVIOUS_BOOK, GoToNeighbour, kPassageFocused},
     {IDM_NEXT_BOOK, GoToNeighbour, kPassageFocused},
     {IDM_TODAYS_PROVERB, OpenTodaysProverb},
-    {IDM_THIS_MORNING, OpenTodaysDevotional},
-    {IDM_THIS_EVENING, OpenTodaysDevotional},
+    {IDM_THIS_MORNING, OpenTodaysDevotional, kNotEditing},
+    {IDM_THIS_EVENING, OpenTodaysDevotional, kNotEditing},
 
     // Notes and note sets
     {IDM_EDIT_NOTE, EditNote, kNotEditing | kNotesCanChange, 0, {ButtonGroup::kEditNote, 20}, {"Edit Current Note"}},
@@ -138,6 +138,7 @@ namespace {
 struct CommandRange {
     int first, last;
     void (*action)(int number);  // id - first
+    unsigned needs = kAlways;    // as in Command
 };
 
 }  // namespace
@@ -146,7 +147,7 @@ static constexpr CommandRange kRanges[] = {
     {IDM_GOTO_BOOK + 1, IDM_GOTO_BOOK + kBookCount, GoToBook},
     {IDM_GOTO_BOOKMARK, IDM_GOTO_BOOKMARK + kBookmarkCount - 1, GoToBookmark},
     {IDM_SET_BOOKMARK, IDM_SET_BOOKMARK + kBookmarkCount - 1, SetBookmark},
-    {IDM_DEVOTIONAL, 0xFFFF, OpenDevotional},
+    {IDM_DEVOTIONAL, 0xFFFF, OpenDevotional, kNotEditing},
 };
 
 std::span<const Command> Commands() {
@@ -158,15 +159,20 @@ const Command* FindCommand(int command) {
     return found != std::end(kCommands) ? found : nullptr;
 }
 
+static bool MayRun(unsigned needs) {
+    const bool waitsForEditor = (needs & kNotEditing) && IsEditingNote();
+    const bool changesInVain = (needs & kNotesCanChange) && !CanWriteWorkingFolder();
+    return !waitsForEditor && !changesInVain;
+}
+
 void Dispatch(int id) {
     for (const CommandRange& range : kRanges) {
-        if (id >= range.first && id <= range.last) return range.action(id - range.first);
+        if (id < range.first || id > range.last) continue;
+        if (MayRun(range.needs)) range.action(id - range.first);
+        return;
     }
     const Command* command = FindCommand(id);
-    if (!command) return;
-    const bool waitsForEditor = (command->needs & kNotEditing) && IsEditingNote();
-    const bool changesInVain = (command->needs & kNotesCanChange) && !CanWriteWorkingFolder();
-    if (!waitsForEditor && !changesInVain) command->action(id);
+    if (command && MayRun(command->needs)) command->action(id);
 }
 
 // ---- States ---------------------------------------------------------------------------------------------------------
@@ -204,6 +210,21 @@ static void ShowState(const Command& command, unsigned facts) {
     if (before != -1 && before != state) SendMessageA(theFrame.toolbar, TB_SETSTATE, id, MAKELPARAM(state, 0));
 }
 
+static bool IsIn(const CommandRange& range, UINT id) {
+    return id >= static_cast<UINT>(range.first) && id <= static_cast<UINT>(range.last);
+}
+
+// Goes through the menus, because not every number of a range has an item.
+static void ShowState(HMENU menu, const CommandRange& range, UINT state) {
+    for (int item = GetMenuItemCount(menu) - 1; item >= 0; --item) {
+        const HMENU popup = GetSubMenu(menu, item);
+        if (popup)
+            ShowState(popup, range, state);
+        else if (IsIn(range, GetMenuItemID(menu, item)))
+            EnableMenuItem(menu, static_cast<UINT>(item), MF_BYPOSITION | state);
+    }
+}
+
 // Updates menu and toolbar for the current facts.
 static void ShowCommandStates(int) {
     if (!theFrame.startUpComplete) return;  // start-up updates the states at its end
@@ -213,6 +234,10 @@ static void ShowCommandStates(int) {
     for (const Command& command : kCommands) {
         const bool changed = (facts ^ shownFacts) & (command.needs | command.tickedBy);
         if (!shown || changed) ShowState(command, facts);
+    }
+    for (const CommandRange& range : kRanges) {
+        const bool changed = shown && (facts ^ shownFacts) & range.needs;
+        if (changed) ShowState(theFrame.menu, range, HasFacts(facts, range.needs) ? MF_ENABLED : MF_GRAYED);
     }
     shownFacts = facts;
     shown = true;

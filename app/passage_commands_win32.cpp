@@ -106,7 +106,6 @@ void OpenDevotional(int verse) {
     ScrollToVerse(verse);
     SendCommand(theFrame.window, IDM_NOTE_FOR_PASSAGE);
     RunIfEnabled(theFrame.window, IDM_VIEW_NOTES);
-    if (IsEditingNote()) return;  // the note in the editor stays the current one
     ShowNoteOfSet(set, verse);
     RepaintNoteMarks();
 }

@@ -4,6 +4,7 @@
 
 #include "resources/ids.h"
 #include "tests/windows/note_set_files.h"
+#include "tests/windows/note_steps.h"
 #include "tests/windows/passage_pane.h"
 
 static constexpr int kSlots = 12 * 31 * 2;
@@ -127,6 +128,25 @@ TEST(Devotional, MenuAndCommandsNeedADevotionalSet) {
     }
     Command(program, IDM_TODAYS_PROVERB);
     EXPECT_EQ(Top(program), "Proverbs 31:1");
+}
+
+TEST(Devotional, WaitsForTheNoteEditor) {
+    const ScratchFolder folder = FolderWithScripture();
+    WriteDevotional(folder, "Readings", {}, {{5946, "Old corn."}});
+    const Program program = StartProgram(folder);
+    static constexpr int kReadings[] = {IDM_THIS_MORNING, IDM_THIS_EVENING, IDM_DEVOTIONAL + 5946};
+    Command(program, IDM_GOTO_BOOK + 40);
+    OpenNoteEditor(program);
+    for (const int command : kReadings) {
+        EXPECT_TRUE(IsGreyed(program, command)) << command;
+        Command(program, command);
+        EXPECT_EQ(Top(program), "Matthew 1:1") << command;
+    }
+    Press(program, "Esc");
+    for (const int command : kReadings) EXPECT_FALSE(IsGreyed(program, command)) << command;
+    Command(program, IDM_DEVOTIONAL + 5946);
+    EXPECT_EQ(Top(program), "Joshua 5:12");
+    EXPECT_EQ(Note(program), "Old corn.");
 }
 
 TEST(Devotional, IgnoresIdsBeyondTheLastVerse) {
