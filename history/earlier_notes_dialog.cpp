@@ -63,7 +63,7 @@ static void Fill(HWND dialog) {
 static void Copy(HWND dialog) {
     const EarlierNote* note = SelectedNote(dialog);
     const HeldClipboard clipboard = note != nullptr ? OpenEmptyClipboard(dialog) : nullptr;
-    if (clipboard) PutText(clipboard, note->text);
+    if (clipboard) PutText(clipboard, note->text, TextOrigin::kSystem);
 }
 
 static void OnOk(HWND dialog) {

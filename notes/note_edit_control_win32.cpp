@@ -86,7 +86,7 @@ static std::string SelectionText() {
 // The control's own copy would include the text's formatting.
 static bool PutOnClipboard(const std::string& text) {
     const HeldClipboard clipboard = text.empty() ? nullptr : OpenEmptyClipboard(Editor());
-    return clipboard && PutText(clipboard, text);
+    return clipboard && PutText(clipboard, text, TextOrigin::kSystem);
 }
 
 void CopyInEditor() {

@@ -42,17 +42,22 @@ static bool PutBytes(UINT format, const void* bytes, std::size_t size) {
     return false;
 }
 
-static std::wstring Widened(const std::string& text) {
+static std::wstring Widened(const std::string& text, UINT codePage) {
     std::wstring wide(text.size(), L'\0');  // UTF-16 never needs more
     const auto length = static_cast<int>(text.size());
-    wide.resize(static_cast<std::size_t>(MultiByteToWideChar(CP_ACP, 0, text.data(), length, wide.data(), length)));
+    wide.resize(static_cast<std::size_t>(MultiByteToWideChar(codePage, 0, text.data(), length, wide.data(), length)));
     return wide;
 }
 
-// The system would convert the 8-bit text with the code page of the keyboard that is in use.
-bool PutText(const HeldClipboard&, const std::string& text) {
+// Without a locale, the system would convert the 8-bit text with the code page of the keyboard that is in use.
+bool PutText(const HeldClipboard&, const std::string& text, TextOrigin origin) {
+    static constexpr UINT kLatin = 1252;
+    static constexpr LCID kEnglish = MAKELCID(MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_US), SORT_DEFAULT);  // 0x0409
+    const bool isScripture = origin == TextOrigin::kScripture;
     if (!PutBytes(CF_TEXT, text.c_str(), text.size() + 1)) return false;
-    const std::wstring wide = Widened(text);
+    const LCID locale = isScripture ? kEnglish : GetSystemDefaultLCID();
+    PutBytes(CF_LOCALE, &locale, sizeof locale);
+    const std::wstring wide = Widened(text, isScripture ? kLatin : CP_ACP);
     PutBytes(CF_UNICODETEXT, wide.c_str(), (wide.size() + 1) * sizeof wide[0]);
     return true;
 }

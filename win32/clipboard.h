@@ -22,7 +22,13 @@ HeldClipboard OpenEmptyClipboard(HWND owner);
 // the clipboard open. The system converts 8-bit text that a program has put there.
 std::wstring TextOnClipboard(HWND owner);
 
-// Puts plain text in the system's code page (CF_TEXT) on the clipboard, and the same as CF_UNICODETEXT. It remains
-// there after the program ends, and other programs read it up to its first zero. False when there is no memory for it;
-// the clipboard then stays empty.
-bool PutText(const HeldClipboard& clipboard, const std::string& text);
+// Whose letters a text has, and with them its code page and, for programs that convert it, its locale.
+enum class TextOrigin {
+    kScripture,  // Latin 1 of Windows (1252) on every system
+    kSystem,     // the system's code page, for example notes
+};
+
+// Puts plain text on the clipboard: as CF_TEXT with its CF_LOCALE, and as CF_UNICODETEXT. It remains there after the
+// program ends, and other programs read it up to its first zero. False when there is no memory for it; the clipboard
+// then stays empty.
+bool PutText(const HeldClipboard& clipboard, const std::string& text, TextOrigin origin);

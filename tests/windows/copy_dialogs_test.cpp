@@ -131,6 +131,38 @@ static std::string Piece(const std::string& label, std::string_view reference) {
     return " " + label + " " + WithoutBrackets(WithBlankAfterMark(TextAt(reference))) + "\r\n";
 }
 
+static DWORD ClipboardLocale() {
+    OpenClipboard(nullptr);
+    const HANDLE block = GetClipboardData(CF_LOCALE);
+    const auto* locale = static_cast<const DWORD*>(block ? GlobalLock(block) : nullptr);
+    const DWORD result = locale ? *locale : 0;
+    if (locale) GlobalUnlock(block);
+    CloseClipboard();
+    return result;
+}
+
+static std::wstring WideClipboardText() {
+    OpenClipboard(nullptr);
+    const HANDLE block = GetClipboardData(CF_UNICODETEXT);
+    const auto* text = static_cast<const wchar_t*>(block ? GlobalLock(block) : nullptr);
+    const std::wstring result = text ? text : L"";
+    if (text) GlobalUnlock(block);
+    CloseClipboard();
+    return result;
+}
+
+// On a Japanese system the byte of the paragraph mark is a kana.
+TEST(CopyVerse, CopiesTheSameLettersOnAnySystem) {
+    for (const char* locale : {"", "ja_JP.UTF-8"}) {
+        StartOptions options;
+        options.locale = locale;
+        Program program = StartProgram(FolderWithScripture(), options);
+        EXPECT_TRUE(Copied(program, IDM_COPY_VERSE, "Ge 1:6").find('\xB6') != std::string::npos) << locale;
+        EXPECT_TRUE(WideClipboardText().find(L'\u00B6') != std::wstring::npos) << locale;
+        EXPECT_EQ(ClipboardLocale(), 0x0409u) << locale;
+    }
+}
+
 TEST(CopyVerse, CopiesOneVerse) {
     Program program = StartProgram(FolderWithScripture());
     EXPECT_EQ(Copied(program, IDM_COPY_VERSE, "Joh 3:16"), Piece("Joh 3:16", "Joh 3:16"));
