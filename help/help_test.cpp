@@ -72,7 +72,7 @@ TEST(WinHelpFile, OpensEveryTopicAtItsPage) {
     const WinHelpFile file = ReadWinHelpFile(FileBytes(VERSEWELL_HELP_DIR "/quill97.hlp"));
     for (const std::string& topic : TopicPages()) {
         const std::string title = TopicTitle(file, topic);
-        EXPECT_TRUE(title.ends_with(": " + Page(topic).title)) << topic << " opens \"" << title << "\"";
+        EXPECT_TRUE(title.starts_with(Page(topic).title + ", ")) << topic << " opens \"" << title << "\"";
     }
     EXPECT_EQ(TopicTitle(file, "ID_Nothing"), "");
 }
@@ -111,6 +111,34 @@ static bool LeadsTo(const HelpPageText& page, const std::string& topic) {
 
 TEST(HelpPages, AreAllListedInTheContents) {
     for (const std::string& topic : TopicPages()) EXPECT_TRUE(LeadsTo(Page("index"), topic)) << topic;
+}
+
+TEST(HelpPages, AreNamedInLinksByTheirTitles) {
+    int named = 0;
+    for (const auto& [name, page] : HelpPages()) {
+        ASSERT_EQ(page.links.size(), page.linkTexts.size()) << name;
+        for (size_t i = 0; i < page.links.size(); ++i) {
+            const std::string target = page.links[i].substr(0, page.links[i].find('.'));
+            if (!target.starts_with("ID_") || page.linkTexts[i] == "Previous" || page.linkTexts[i] == "Next") continue;
+            EXPECT_EQ(page.linkTexts[i], Page(target).title) << name;
+            ++named;
+        }
+    }
+    EXPECT_GT(named, 200);
+}
+
+// The fixed font of the WinHelp viewer is wide, and browsers show a narrow column.
+TEST(HelpPages, HaveNoExamplesWiderThanAPage) {
+    for (const auto& [name, page] : HelpPages()) {
+        for (const std::string& example : page.examples) {
+            std::istringstream lines(example);
+            for (std::string line; std::getline(lines, line);) EXPECT_LE(line.size(), 64u) << name << ": " << line;
+        }
+    }
+    for (const std::string& example : Page("ID_Keys").examples) {
+        std::istringstream lines(example);
+        for (std::string line; std::getline(lines, line);) EXPECT_LE(line.size(), 50u) << line;
+    }
 }
 
 // The opening pages of chapters only lead to other pages, so they have no index entries.
@@ -171,6 +199,24 @@ TEST(HelpText, NamesCommandsAsTheMenusDo) {
         }
     }
     EXPECT_GT(named, 15);
+}
+
+// The index has each command under its name, except those that are named after a book, a bookmark or a day.
+TEST(HelpIndex, HasEveryCommandOfTheMenus) {
+    std::string index = Page("IndexPage").text;
+    std::transform(index.begin(), index.end(), index.begin(), [](unsigned char c) { return std::tolower(c); });
+    int commands = 0;
+    for (const MenuItem& item : Script().menu) {
+        const std::string text = Plain(item.text);
+        const bool hasOwnName = item.text.find("...") != std::string::npos || item.popups.size() == 1;
+        const bool isBookmark = item.popups.front() == "&Bookmarks";
+        if (text.empty() || !hasOwnName || isBookmark) continue;
+        std::string entry = text;
+        std::transform(entry.begin(), entry.end(), entry.begin(), [](unsigned char c) { return std::tolower(c); });
+        EXPECT_THAT(index, HasSubstr("\n" + entry + ": ")) << text;
+        ++commands;
+    }
+    EXPECT_GT(commands, 55);
 }
 
 TEST(HelpText, ListsEveryKeyOfTheMenus) {

@@ -53,6 +53,7 @@ static HelpPageText ReadPage(const fs::path& file) {
     page.title = std::regex_replace(titles.empty() ? "" : titles.front(), std::regex("^(Chapter )?[0-9.]+:? "), "");
     page.text = WithoutTags(shown);
     page.links = AllOf(shown, "href=\"([^\"]*)\"");
+    page.linkTexts = AllOf(shown, "<a href=\"[^\"]*\">([^<]*)</a>");
     for (const std::string& name : AllOf(shown, "<a name=\"([^\"]*)\"")) page.anchors.insert(name);
     page.emphasized = AllOf(shown, "<em>([^<]*)</em>");
     page.examples = AllOf(shown, "<code>([^<]*)</code>");

@@ -8,10 +8,11 @@
 #include <vector>
 
 struct HelpPageText {
-    std::string title;               // without its number
-    std::string html;                // the whole file
-    std::string text;                // without tags, white space unchanged
-    std::vector<std::string> links;  // unchanged, e.g. "ID_Keys.html#ID_Keys"
+    std::string title;                   // without its number
+    std::string html;                    // the whole file
+    std::string text;                    // without tags, white space unchanged
+    std::vector<std::string> links;      // unchanged, e.g. "ID_Keys.html#ID_Keys"
+    std::vector<std::string> linkTexts;  // of the same links
     std::set<std::string> anchors;
     std::vector<std::string> emphasized;  // names of commands and controls
     std::vector<std::string> examples;    // text in code font: what a user types, and displayed blocks
