@@ -78,11 +78,13 @@ static std::string Summary(const ImportArguments& arguments, const NotesModule& 
     const auto texts =
         static_cast<std::size_t>(std::count_if(module.commentary.begin(), module.commentary.end(),
                                                [](const CommentaryEntry& entry) { return !entry.isIntroduction; }));
+    const std::size_t texted = notes.notes.size() - static_cast<std::size_t>(notes.sectionLines);
     return arguments.module + " (" + module.description + "): read " +
            (module.isDevotional ? Count(module.days.size(), "days") : Count(texts, "texts")) +
-           Changes(notes.introductions, "introductions") + "; wrote " + Count(notes.notes.size(), "notes") + " with " +
+           Changes(notes.introductions, "introductions") + "; wrote " + Count(texted, "notes") + " with " +
            Count(static_cast<std::size_t>(notes.referenceLines), "lines of references") + " to the set \"" +
            arguments.setName + "\", " + Count(all, "bytes") + ", the longest note " + std::to_string(longest) +
+           Changes(notes.sectionLines, "verses led to the note of their section") +
            Changes(notes.movedTexts, "texts moved to their verses") + Changes(notes.cutNotes, "notes cut") +
            Changes(notes.lost.transliterated, "letters transliterated") +
            Changes(notes.lost.replaced, "characters replaced") + Changes(notes.lost.dropped, "characters dropped") +

@@ -112,6 +112,27 @@ static std::vector<std::vector<std::int32_t>> LinkedVerses(const std::string& no
     return lines;
 }
 
+static bool IsOnlyAReference(const std::string& note) {
+    return note.starts_with("# ") && note.find('\n') == std::string::npos;
+}
+
+static ReadNotes WithTexts(ReadNotes notes) {
+    std::erase_if(notes, [](const auto& entry) { return IsOnlyAReference(entry.second); });
+    return notes;
+}
+
+// Each of the lines that are whole notes leads to one verse: the nearest before it with a text.
+static void ExpectLinesToTheNoteBefore(const ReadNotes& notes) {
+    int before = kNoVerse;
+    for (const auto& [verse, note] : notes) {
+        if (!IsOnlyAReference(note)) {
+            before = verse;
+            continue;
+        }
+        EXPECT_THAT(CrossReferences(Records(), note, 1, verse), ElementsAre(before)) << verse;
+    }
+}
+
 static std::size_t CountLines(const ReadNotes& notes) {
     std::size_t lines = 0;
     for (const auto& [verse, note] : notes) {
@@ -133,10 +154,16 @@ TEST_F(ImportNotes, ReadsACommentaryWithAWrongConfiguration) {
     EXPECT_EQ(run.errors, "");
     EXPECT_THAT(run.output, AllOf(StartsWith("MHCC (Matthew Henry's Concise Commentary on the Whole Bible): read 4047 "
                                              "texts; introductions: 12; wrote 4049 notes with "),
-                                  EndsWith("\n"), Not(HasSubstr("cut")), Not(HasSubstr("replaced"))));
+                                  HasSubstr("; verses led to the note of their section: "), EndsWith("\n"),
+                                  Not(HasSubstr("cut")), Not(HasSubstr("replaced"))));
     EXPECT_THAT(NamesIn(sets), ElementsAre("MHCC.nmd", "MHCC.nmi"));
-    const ReadNotes notes = NotesOfSet(sets, "MHCC");
+    const ReadNotes all = NotesOfSet(sets, "MHCC");
+    const ReadNotes notes = WithTexts(all);
     EXPECT_EQ(notes.size(), 4049u);
+    ExpectLinesToTheNoteBefore(all);
+    EXPECT_GT(all.size(), 30900u) << "almost every verse belongs to a section";
+    EXPECT_EQ(all.at(VerseOf("Ro 8:9")), "# Ro 8:1");
+    EXPECT_EQ(all.at(VerseOf("Ge 36:43")), "# Ge 36:1");
     EXPECT_GT(CountLines(notes), 600u);
     EXPECT_GT(Longest(notes), 8000u);
     EXPECT_LT(Longest(notes), 8500u);
@@ -144,7 +171,7 @@ TEST_F(ImportNotes, ReadsACommentaryWithAWrongConfiguration) {
     EXPECT_THAT(notes.at(2),
                 AllOf(StartsWith("Verses 3-5\r\n\r\nGod said, Let there be light;"), EndsWith("\r\n# 1Jo 5:20")));
     EXPECT_THAT(notes.at(0), HasSubstr("God creates heaven and earth. (1-2)\r\nThe creation of light. (3-5)\r\n"));
-    EXPECT_FALSE(notes.contains(3)) << "one text on three verses is one note";
+    EXPECT_EQ(all.at(3), "# Ge 1:3") << "one text on three verses is one note, to which the other verses lead";
 }
 
 TEST_F(ImportNotes, ReadsACommentaryWithUnparsedReferencesAndGreek) {
@@ -152,7 +179,9 @@ TEST_F(ImportNotes, ReadsACommentaryWithUnparsedReferencesAndGreek) {
     EXPECT_EQ(run.exitCode, 0) << run.errors;
     EXPECT_THAT(run.output, AllOf(HasSubstr("read 3207 texts; introductions: 7; wrote 3214 notes"),
                                   HasSubstr("letters transliterated: 610"), HasSubstr(" to the set \"Study notes\"")));
-    const ReadNotes notes = NotesOfSet(sets, "Study notes");
+    const ReadNotes all = NotesOfSet(sets, "Study notes");
+    EXPECT_EQ(all.at(VerseOf("Le 26:46")), "# Le 26:1") << "its only note is headed with the chapter";
+    const ReadNotes notes = WithTexts(all);
     EXPECT_EQ(notes.size(), 3214u);
     EXPECT_THAT(notes.at(VerseOf("Mt 1:1")), StartsWith("Book Introduction - Matthew\r\n\r\n"));
     EXPECT_GT(CountLines(notes), 3000u);

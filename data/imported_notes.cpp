@@ -19,6 +19,7 @@ struct Workshop {
 };
 
 using NoteParagraphs = std::map<int, std::vector<Paragraph>>;
+using SectionStarts = std::map<int, int>;  // by verse: the first verse of the section that covers it
 
 }  // namespace
 
@@ -74,15 +75,24 @@ static void AddNote(Workshop& shop, int verse, std::string text) {
 
 // ---- Commentaries ---------------------------------------------------------------------------------------------------
 
-// 7 for "Verse 7.", "Ver. 7." and "Verses 7-9."; 0 for anything else.
-static int MarkedVerse(const std::string& boldStart) {
+// Numbers of the verses that a paragraph says it is about; `first` is 0 if it does not.
+struct MarkedVerses {
+    int first = 0;
+    int last = 0;
+};
+
+// 7 for "Verse 7." and "Ver. 7.", 7 to 9 for "Verses 7-9."; 0 for anything else.
+static MarkedVerses MarkOf(const std::string& boldStart) {
     static constexpr std::string_view kMarks[] = {"Verse ", "Verses ", "Ver. "};
     for (const std::string_view mark : kMarks) {
         const bool hasNumber =
             boldStart.starts_with(mark) && boldStart.size() > mark.size() && boldStart.ends_with('.');
-        if (hasNumber) return std::atoi(boldStart.c_str() + mark.size());
+        if (!hasNumber) continue;
+        char* end = nullptr;
+        const int first = static_cast<int>(std::strtol(boldStart.c_str() + mark.size(), &end, 10));
+        return {first, *end == '-' ? std::max(first, std::atoi(end + 1)) : first};
     }
-    return 0;
+    return {};
 }
 
 // Verse `number` of the chapter; kNoVerse if the chapter does not have so many verses.
@@ -92,9 +102,19 @@ static int VerseOfChapter(const VerseRecords& records, int firstVerse, int numbe
     return number > 0 && RecordOf(records, verse).verse == number ? verse : kNoVerse;
 }
 
+// The verses after `first`, up to `last` of the same chapter, belong to the section that begins with it.
+static void CoverVerses(const VerseRecords& records, int first, int last, SectionStarts& sections) {
+    for (int number = RecordOf(records, first).verse + 1; number <= last; ++number) {
+        const int verse = VerseOfChapter(records, first, number);
+        if (verse == kNoVerse) return;  // there are no further verses
+        sections[verse] = first;
+    }
+}
+
 // The text has titled parts, such as "Exposition", each of which goes through all verses. The title of the part is
 // added to the note of each verse.
-static void DealOutToVerses(Workshop& shop, std::vector<Paragraph> paragraphs, int firstVerse, NoteParagraphs& notes) {
+static void DealOutToVerses(Workshop& shop, const std::vector<Paragraph>& paragraphs, int firstVerse,
+                            NoteParagraphs& notes, SectionStarts& sections) {
     int verse = firstVerse;
     const Paragraph* title = nullptr;
     std::map<int, const Paragraph*> titleOfVerse;
@@ -104,18 +124,39 @@ static void DealOutToVerses(Workshop& shop, std::vector<Paragraph> paragraphs, i
             verse = firstVerse;
             continue;
         }
-        const int marked = VerseOfChapter(shop.records, firstVerse, MarkedVerse(paragraph.boldStart));
+        const MarkedVerses mark = MarkOf(paragraph.boldStart);
+        const int marked = VerseOfChapter(shop.records, firstVerse, mark.first);
         if (marked != kNoVerse && marked != verse) ++shop.result.movedTexts;
         if (marked != kNoVerse) verse = marked;
+        if (marked != kNoVerse) CoverVerses(shop.records, marked, mark.last, sections);
         if (title != nullptr && titleOfVerse[verse] != title) notes[verse].push_back(*title);
         titleOfVerse[verse] = title;
         notes[verse].push_back(paragraph);
     }
 }
 
+// The other verses of a section lead to its note, so that readers of any verse find it.
+static void PointToSections(Workshop& shop, const SectionStarts& sections) {
+    NoteTexts lines;
+    for (const auto& [verse, first] : sections) {
+        const bool isPlain = !shop.result.notes.contains(verse);
+        if (isPlain && shop.result.notes.contains(first))
+            lines[verse] = CrossReferenceLine(shop.records, {{first, first}});
+    }
+    shop.result.sectionLines = static_cast<int>(lines.size());
+    shop.result.notes.merge(lines);
+}
+
 static int ChapterKey(const VerseRecords& records, int verse) {
     const VerseRecord place = RecordOf(records, verse);
     return place.book * 1000 + place.chapter;
+}
+
+// Is one of the paragraphs the heading "Chapter 36", for the chapter of `verse`?
+static bool NamesItsChapter(const VerseRecords& records, const std::vector<Paragraph>& paragraphs, int verse) {
+    const std::string heading = "Chapter " + std::to_string(RecordOf(records, verse).chapter);
+    return std::any_of(paragraphs.begin(), paragraphs.end(),
+                       [&heading](const Paragraph& paragraph) { return paragraph.text == heading; });
 }
 
 static bool SaysItsVerses(const std::vector<Paragraph>& paragraphs) {
@@ -131,20 +172,24 @@ ImportedNotes NotesOfCommentary(const std::vector<CommentaryEntry>& entries, con
         if (!entry.isIntroduction) ++entriesOfChapter[ChapterKey(records, entry.verses.first)];
 
     NoteParagraphs notes;
+    SectionStarts sections;
     for (const CommentaryEntry& entry : entries) {
         const int verse = entry.verses.first;
         std::vector<Paragraph> paragraphs = ParagraphsOf(entry.text);
         if (entry.isIntroduction && !paragraphs.empty()) ++shop.result.introductions;
         if (entry.verses.last != verse && !paragraphs.empty() && !SaysItsVerses(paragraphs))
             notes[verse].push_back({RangeText(records, verse, entry.verses.last), true, false, {}, {}});
+        for (int covered = verse + 1; covered <= entry.verses.last; ++covered) sections[covered] = verse;
         const bool isOnChapter = RecordOf(records, verse).verse == 1 && !entry.isIntroduction &&
                                  entriesOfChapter[ChapterKey(records, verse)] == 1;
+        if (isOnChapter && NamesItsChapter(records, paragraphs, verse)) CoverVerses(records, verse, kLast, sections);
         if (isOnChapter)
-            DealOutToVerses(shop, std::move(paragraphs), verse, notes);
+            DealOutToVerses(shop, paragraphs, verse, notes, sections);
         else
             for (Paragraph& paragraph : paragraphs) notes[verse].push_back(std::move(paragraph));
     }
     for (const auto& [verse, paragraphs] : notes) AddNote(shop, verse, TextOf(shop, paragraphs, verse));
+    PointToSections(shop, sections);
     return std::move(shop.result);
 }
 

@@ -27,6 +27,7 @@ struct ImportedNotes {
     DevotionalTable readings{};
     int introductions = 0;
     int referenceLines = 0;
+    int sectionLines = 0;  // notes that only name the verse whose note is on them, too
     int cutNotes = 0;
     int movedTexts = 0;        // parts of texts on whole chapters that were moved to their verses
     int readingsOnPsalms = 0;  // readings that do not name a verse
@@ -35,8 +36,11 @@ struct ImportedNotes {
 };
 
 // Makes a note on the first verse of each entry, with introductions at its beginning. If an entry is the only one of
-// its chapter and on the first verse, its paragraphs that begin with a bold "Verse 7." or "Ver. 7.", and those that
-// follow them, become the note on that verse.
+// its chapter and on the first verse, its paragraphs that begin with a bold "Verse 7.", "Verses 7-9." or "Ver. 7.", and
+// those that follow them, become the note on that verse, the first of those named.
+//
+// The other verses of an entry or of such paragraphs, and those of a chapter whose only entry is headed "Chapter 36",
+// get the cross-reference line "# Ro 8:1", which leads to the verse of the note, unless they have a note of their own.
 ImportedNotes NotesOfCommentary(const std::vector<CommentaryEntry>& entries, const VerseRecords& records,
                                 const ReferenceReader& reader);
 

@@ -6,9 +6,12 @@
 #include "scripture/reference_parser.h"
 #include "tests/support/native_scripture.h"
 
+using testing::AllOf;
+using testing::Contains;
 using testing::ElementsAre;
 using testing::EndsWith;
 using testing::Key;
+using testing::Not;
 using testing::Pair;
 using testing::StartsWith;
 
@@ -80,8 +83,41 @@ TEST(Commentary, AddsTheRangeOfVersesAsAHeading) {
         {On("Ge 1:3", "Ge 1:5", "<p>On the light.</p>"),
          On("Ge 1:6", "Ge 1:13", "<hi type=\"bold\">Verses 6-13</hi><p>Waters.</p>"), On("Ge 1:14", "Ge 1:15", " ")},
         Records(), kReader);
-    EXPECT_THAT(imported.notes, ElementsAre(Pair(2, Lines({"Ge 1:3 - Ge 1:5", "", "On the light."})),
-                                            Pair(5, Lines({"Verses 6-13", "", "Waters."}))));
+    EXPECT_THAT(imported.notes,
+                AllOf(Contains(Pair(2, Lines({"Ge 1:3 - Ge 1:5", "", "On the light."}))),
+                      Contains(Pair(5, Lines({"Verses 6-13", "", "Waters."}))), Not(Contains(Key(13)))));
+}
+
+TEST(Commentary, LeadsFromTheVersesOfASectionToItsNote) {
+    const ImportedNotes imported =
+        NotesOfCommentary({{{VerseOf("Ro 8:1"), VerseOf("Ro 8:1")}, "<p>To the chapter.</p>", true},
+                           On("Ro 8:1", "Ro 8:4", "<p>No condemnation.</p>"),
+                           {{VerseOf("Ro 8:3"), VerseOf("Ro 8:3")}, "<p>Its own.</p>", true},
+                           On("Ro 8:5", "Ro 8:7", "<p> </p>"),
+                           On("Ro 8:38", "Ro 9:1", "<p>Across chapters.</p>")},
+                          Records(), kReader);
+    const int eight = VerseOf("Ro 8:1");
+    EXPECT_THAT(imported.notes,
+                ElementsAre(Pair(eight, Lines({"To the chapter.", "", "Ro 8:1 - Ro 8:4", "", "No condemnation."})),
+                            Pair(eight + 1, "# Ro 8:1"), Pair(eight + 2, "Its own."), Pair(eight + 3, "# Ro 8:1"),
+                            Pair(eight + 37, Lines({"Ro 8:38 - Ro 9:1", "", "Across chapters."})),
+                            Pair(eight + 38, "# Ro 8:38"), Pair(VerseOf("Ro 9:1"), "# Ro 8:38")))
+        << "verses with an own note keep it, and an empty section has none to lead to";
+    EXPECT_EQ(imported.sectionLines, 4);
+    EXPECT_EQ(imported.referenceLines, 0);
+}
+
+TEST(Commentary, LeadsToTheOnlyTextOfAChapter) {
+    const CommentaryEntry headed = On("Ps 117:1", "Ps 117:1", "<title>Chapter 117</title><p>All.</p>");
+    const int psalm = headed.verses.first;
+    EXPECT_THAT(NotesOfCommentary({headed}, Records(), kReader).notes,
+                ElementsAre(Pair(psalm, Lines({"Chapter 117", "", "All."})), Pair(psalm + 1, "# Ps 117:1")));
+    EXPECT_THAT(NotesOfCommentary({headed, On("Ps 117:2", "Ps 117:2", "Two.")}, Records(), kReader).notes,
+                ElementsAre(Key(psalm), Pair(psalm + 1, "Two.")));
+    for (const char* text : {"<p>On the verse.</p>", "<title>Chapter 11</title><p>Of another chapter.</p>"})
+        EXPECT_THAT(NotesOfCommentary({On("Ps 117:1", "Ps 117:1", text)}, Records(), kReader).notes,
+                    ElementsAre(Key(psalm)))
+            << text;
 }
 
 TEST(Commentary, TextOnAChapterIsSplitByVerse) {
@@ -100,8 +136,10 @@ TEST(Commentary, TextOnAChapterIsSplitByVerse) {
                                                "More.", "", "NOTES", "", "Whole psalm."})),
                             Pair(psalm + 1, Lines({"EXPOSITION", "", "Verse 2. Two.", "", "More of two.", "", "NOTES",
                                                    "", "Ver. 2. Again.", "", "Verse 2. Still."})),
-                            Pair(psalm + 2, Lines({"EXPOSITION", "", "Verses 3-4. Three.", "", "Verse 99. None."}))));
+                            Pair(psalm + 2, Lines({"EXPOSITION", "", "Verses 3-4. Three.", "", "Verse 99. None."})),
+                            Pair(psalm + 3, "# Ps 1:3")));
     EXPECT_EQ(imported.movedTexts, 3);
+    EXPECT_EQ(imported.sectionLines, 1);
 
     const ImportedNotes parted =
         NotesOfCommentary({On("Ps 1:1", "Ps 1:1", chapter), On("Ps 1:6", "Ps 1:6", "Six.")}, Records(), kReader);
