@@ -18,6 +18,10 @@ PageBox PageBoxFor(const PrinterResolution& printer, const PageMargins& margins)
             printer.height - printer.dotsPerInchY * WholeInches(margins.bottom)};
 }
 
+int TabDistanceFor(const PrinterResolution& printer) {
+    return std::max(1, printer.dotsPerInchX / 2);
+}
+
 int PrinterFontHeight(int screenHeight, int screenDotsPerInch, int printerDotsPerInch) {
     static constexpr int kPointsPerInch = 72;
     const int points = std::abs(screenHeight) * kPointsPerInch / screenDotsPerInch;
@@ -175,21 +179,44 @@ static bool PlaceWords(PrintWalk& walk, std::string_view text) {
 
 // ---- Notes ----------------------------------------------------------------------------------------------------------
 
+// Number of characters at the start of a word that fit on an empty line; at least 1, even if the line is too narrow.
+static std::size_t CharactersOnALine(const PrintWalk& walk, std::string_view word) {
+    const auto fits = [&](std::size_t count) {
+        const int width = walk.page.width(walk.page.device, PrintFace::kNote, word.substr(0, count));
+        return walk.line.lineStart + width < walk.line.limit;
+    };
+    if (fits(word.size())) return word.size();
+    std::size_t count = 1;
+    while (count + 1 < word.size() && fits(count + 1)) ++count;
+    return count;
+}
+
+// A word that is wider than a line is placed in parts as wide as a line.
 static bool PlaceNoteWord(PrintWalk& walk, std::string& word) {
-    if (word.empty()) return true;
-    const bool placed = PlaceText(walk, PrintFace::kNote, walk.noteLineHeight, word);
+    std::string_view rest = word;
+    while (!rest.empty()) {
+        const std::string_view part = rest.substr(0, CharactersOnALine(walk, rest));
+        if (!PlaceText(walk, PrintFace::kNote, walk.noteLineHeight, part)) return false;
+        rest.remove_prefix(part.size());
+    }
     word.clear();
-    return placed;
+    return true;
+}
+
+// Moves the pen to the next tab stop.
+static void PassTab(LineWalk& line, int distance) {
+    line.x += distance - (line.x - line.lineStart) % distance;
 }
 
 static bool PlaceNoteCharacter(PrintWalk& walk, int blankWidth, char character, std::string& word) {
     if (character == '\n') return true;
-    if (character != ' ' && character != '\r') {
+    if (character != ' ' && character != '\t' && character != '\r') {
         word.push_back(character);
         return word.size() < kLongestNoteWord || PlaceNoteWord(walk, word);
     }
     if (!PlaceNoteWord(walk, word)) return false;
     if (character == ' ') walk.line.x += blankWidth;
+    if (character == '\t') PassTab(walk.line, walk.options.tabDistance);
     if (character == '\r') GoDown(walk, walk.noteLineHeight);
     return true;
 }

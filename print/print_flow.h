@@ -5,6 +5,9 @@
 // A word is measured with the blank after it, so a word that would only fit without its blank moves to the next line.
 // Line height is that of the bold face, in notes that of the note face. A paragraph mark inside a verse, with its
 // blank, is a word by itself.
+//
+// In notes a tab leaves the line blank up to the next tab stop. A word of a note that is wider than a line is broken at
+// the right edge, so that nothing of it is lost; each line has at least one character, even if it is too narrow for it.
 #pragma once
 
 #include <span>
@@ -37,6 +40,10 @@ struct PageBox {
 // The area inside `margins`. Whatever their unit, they are divided by 1000 as integers and count as whole inches: 900
 // becomes 0, 1500 becomes 1. Kept on purpose: users know their pages to be printed this way.
 PageBox PageBoxFor(const PrinterResolution& printer, const PageMargins& margins);
+
+// Distance of the tab stops of printed notes, in pixels, at least 1: half an inch, as in the Notes window and the note
+// editor.
+int TabDistanceFor(const PrinterResolution& printer);
 
 // Font height for a printer: negative, which means a character height. `screenHeight` is the height on the screen, of
 // either sign. It is converted to points first; points and pixels are both rounded down to whole numbers. Dots per inch
@@ -72,6 +79,7 @@ struct PrintOptions {
     bool withFirstMark = true;          // the paragraph mark at a verse's start is printed
     bool lineAfterVerse = true;         // each verse starts a new line
     const NoteSource* notes = nullptr;  // each printed after its verse; null: no notes
+    int tabDistance = 1;                // of the tab stops in notes, from the left edge: pixels, at least 1
 };
 
 // The options for printing a range and the Verse List. `notes` may be null.

@@ -2,118 +2,13 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <map>
 #include <numeric>
+#include <string>
 #include <vector>
 
 #include "tests/support/hand_made_scripture.h"
 #include "tests/support/native_scripture.h"
-
-// A printer with letters ten wide and lines twenty high, or thirteen in the note face. It records its output: "(" and
-// ")" for the beginning and end of a page, "b10,20:text|" for a text in the bold face.
-struct PaperTape {
-    std::string tape;
-    int pages = 0;
-    int failingPage = 0;     // counted from 1; 0: no page fails
-    int patience = 1000000;  // number of verses after which the user cancels
-    int italicHeight = 20;
-};
-
-static PaperTape& TapeOf(void* device) {
-    return *static_cast<PaperTape*>(device);
-}
-
-static int WidthOf(void*, PrintFace, std::string_view text) {
-    return 10 * static_cast<int>(text.size());
-}
-
-static int HeightOf(void* device, PrintFace face) {
-    return face == PrintFace::kNote ? 13 : face == PrintFace::kItalic ? TapeOf(device).italicHeight : 20;
-}
-
-static void Draw(void* device, PrintFace face, int x, int y, int width, std::string_view text) {
-    EXPECT_EQ(width, WidthOf(device, face, text));
-    EXPECT_FALSE(text.empty());
-    std::string& tape = TapeOf(device).tape;
-    tape += "rbin"[static_cast<std::size_t>(face)];
-    tape += std::to_string(x) + "," + std::to_string(y) + ":";
-    tape.append(text) += '|';
-}
-
-static bool StartTapePage(void* device) {
-    PaperTape& tape = TapeOf(device);
-    if (++tape.pages == tape.failingPage) return false;
-    tape.tape += '(';
-    return true;
-}
-
-static bool EndTapePage(void* device) {
-    TapeOf(device).tape += ')';
-    return true;
-}
-
-static bool GoesOn(void* device) {
-    return TapeOf(device).patience-- > 0;
-}
-
-static PrinterPage PageOver(PaperTape& tape) {
-    return {&tape, WidthOf, HeightOf, Draw, StartTapePage, EndTapePage, GoesOn};
-}
-
-using NoteTexts = std::map<int, std::string>;
-static constexpr char kUnreadableNote[] = "cannot be read";
-
-static NoteFound NoteOf(void* device, int verse, std::string& note) {
-    const NoteTexts& notes = *static_cast<const NoteTexts*>(device);
-    const auto found = notes.find(verse);
-    if (found == notes.end()) return NoteFound::kNone;
-    if (found->second == kUnreadableNote) return NoteFound::kUnreadable;
-    note = found->second;
-    return NoteFound::kNote;
-}
-
-// What a test prints. The default page is so wide that nothing wraps.
-struct Job {
-    std::vector<HandMadeVerse> verses;
-    PageBox box{100, 1000, 10000, 9000};
-    FormatOptions format;
-    ReadingOptions reading;
-    NoteTexts notes;
-    bool withNotes = false;
-    bool asList = false;
-};
-
-static PrintResult Print(const Job& job, PaperTape& tape) {
-    const HandMadeFiles files = MakeFiles(job.verses);
-    std::vector<std::int32_t> verses(job.verses.size());
-    std::iota(verses.begin(), verses.end(), 0);
-    const NoteSource source{const_cast<NoteTexts*>(&job.notes), NoteOf};
-    const PrintOptions options =
-        job.asList ? ListPrinting(job.box, job.reading)
-                   : RangePrinting(job.box, job.format, job.reading, job.withNotes ? &source : nullptr);
-    return PrintVerses(ScriptureOf(files), verses, options, PageOver(tape));
-}
-
-static std::string Printed(const Job& job) {
-    PaperTape tape;
-    EXPECT_EQ(Print(job, tape), PrintResult::kPrinted);
-    return tape.tape;
-}
-
-static Job Range(std::vector<HandMadeVerse> verses, FormatOptions format = {}) {
-    Job job;
-    job.verses = std::move(verses);
-    job.format = format;
-    return job;
-}
-
-static FormatOptions Styles(int first, int later) {
-    FormatOptions format;
-    format.FirstVerseStyle = static_cast<std::int8_t>(first);
-    format.SubsequentVerseStyle = static_cast<std::int8_t>(later);
-    return format;
-}
+#include "tests/support/paper_tape.h"
 
 // ---- Labels ---------------------------------------------------------------------------------------------------------
 
@@ -142,17 +37,17 @@ TEST(PrintedLabels, FollowTheFormat) {
         {-1, 7, {" Exodus 1:1 "}},  // invalid settings
     };
     for (const auto& [first, later, labels] : rows)
-        EXPECT_EQ(LabelsIn(Printed(Range(verses, Styles(first, later)))), labels) << first << later;
+        EXPECT_EQ(LabelsIn(Printed(RangeJob(verses, LabelStyles(first, later)))), labels) << first << later;
 }
 
 TEST(PrintedLabels, AlwaysPrecedeTheVerse) {
     FormatOptions format;
     format.Location = 1;
-    EXPECT_EQ(Printed(Range({{1, 1, 1, "In"}}, format)), "(b100,1000: Genesis 1:1 |r230,1000:In|)");
+    EXPECT_EQ(Printed(RangeJob({{1, 1, 1, "In"}}, format)), "(b100,1000: Genesis 1:1 |r230,1000:In|)");
 }
 
 TEST(PrintedLabels, OfAListAreFullWithoutALeadingBlank) {
-    Job list = Range({{1, 1, 1, "In"}, {66, 22, 21, "Amen"}, {66, 22, 20, "Even"}}, Styles(2, 2));
+    PrintJob list = RangeJob({{1, 1, 1, "In"}, {66, 22, 21, "Amen"}, {66, 22, 20, "Even"}}, LabelStyles(2, 2));
     list.asList = true;
     EXPECT_EQ(Printed(list),
               "(b100,1000:Genesis 1:1 |r220,1000:In|b100,1020:Revelation 22:21 |r270,1020:Amen|"
@@ -162,9 +57,9 @@ TEST(PrintedLabels, OfAListAreFullWithoutALeadingBlank) {
 // ---- Words ----------------------------------------------------------------------------------------------------------
 
 TEST(PrintedWords, HaveABlankAfterAllButTheLast) {
-    EXPECT_EQ(Printed(Range({{1, 1, 1, "And God said"}}, Styles(2, 2))),
+    EXPECT_EQ(Printed(RangeJob({{1, 1, 1, "And God said"}}, LabelStyles(2, 2))),
               "(r100,1000:And |r140,1000:God |r180,1000:said|)");
-    EXPECT_EQ(Printed(Range({{1, 1, 1, ""}, {1, 1, 2, "x"}}, Styles(2, 2))), "(r100,1020:x|)");
+    EXPECT_EQ(Printed(RangeJob({{1, 1, 1, ""}, {1, 1, 2, "x"}}, LabelStyles(2, 2))), "(r100,1020:x|)");
 }
 
 TEST(PrintedWords, WrapWhenTheyAndTheirBlankDoNotFit) {
@@ -179,14 +74,14 @@ TEST(PrintedWords, WrapWhenTheyAndTheirBlankDoNotFit) {
         {120, "(r100,1020:And |r100,1040:God |r100,1060:said|)"},  // wider than the page: one per line, from the second
     };
     for (const auto& [right, tape] : rows) {
-        Job job = Range({{1, 1, 1, "And God said"}}, Styles(2, 2));
+        PrintJob job = RangeJob({{1, 1, 1, "And God said"}}, LabelStyles(2, 2));
         job.box.right = right;
         EXPECT_EQ(Printed(job), tape) << right;
     }
 }
 
 TEST(PrintedWords, OfALabelWrapTogether) {
-    Job job = Range({{1, 1, 1, "In"}, {1, 1, 2, "And"}});
+    PrintJob job = RangeJob({{1, 1, 1, "In"}, {1, 1, 2, "And"}});
     job.format.LineBreaks = 0;
     job.box.right = 300;
     EXPECT_EQ(Printed(job), "(b100,1000: Genesis 1:1 |r230,1000:In|b250,1000: 1:2 |r100,1020:And|)");
@@ -195,7 +90,7 @@ TEST(PrintedWords, OfALabelWrapTogether) {
 }
 
 TEST(PrintedWords, ContinueTheLineWithoutLineBreaks) {
-    Job job = Range({{1, 1, 1, "In"}, {1, 1, 2, "And"}}, Styles(2, 2));
+    PrintJob job = RangeJob({{1, 1, 1, "In"}, {1, 1, 2, "And"}}, LabelStyles(2, 2));
     EXPECT_EQ(Printed(job), "(r100,1000:In|r100,1020:And|)");
     job.format.LineBreaks = 0;
     EXPECT_EQ(Printed(job), "(r100,1000:In|r130,1000:And|)") << "separated by a blank if there is no label";
@@ -205,23 +100,23 @@ TEST(PrintedWords, FollowTheFormatForParagraphMarks) {
     const std::vector<HandMadeVerse> verses = {{1, 1, 1,
                                                 "\xB6In it\xB6"
                                                 "And \xB6So"}};
-    FormatOptions format = Styles(2, 2);
+    FormatOptions format = LabelStyles(2, 2);
     EXPECT_EQ(
-        Printed(Range(verses, format)),
+        Printed(RangeJob(verses, format)),
         "(r100,1000:\xB6 |r120,1000:In |r150,1000:it|r170,1000:\xB6 |r190,1000:And |r230,1000:\xB6 |r250,1000:So|)");
     format.ParagraphMarks = 0;  // only removes the mark at the start
-    EXPECT_EQ(Printed(Range(verses, format)),
+    EXPECT_EQ(Printed(RangeJob(verses, format)),
               "(r100,1000:In |r130,1000:it|r150,1000:\xB6 |r170,1000:And |r210,1000:\xB6 |r230,1000:So|)");
-    Job list = Range({{1, 1, 1, "\xB6In"}}, format);
+    PrintJob list = RangeJob({{1, 1, 1, "\xB6In"}}, format);
     list.asList = true;
     EXPECT_EQ(Printed(list), "(b100,1000:Genesis 1:1 |r220,1000:\xB6 |r240,1000:In|)");
 }
 
 TEST(PrintedWords, IncludeParagraphMarksInsideTheText) {
-    Job job = Range({{1, 1, 1,
-                      "it\xB6"
-                      "And"}},
-                    Styles(2, 2));
+    PrintJob job = RangeJob({{1, 1, 1,
+                              "it\xB6"
+                              "And"}},
+                            LabelStyles(2, 2));
     job.box.right = 130;
     EXPECT_EQ(Printed(job), "(r100,1000:it|r100,1020:\xB6 |r100,1040:And|)");
 }
@@ -237,7 +132,7 @@ TEST(PrintedBrackets, FollowTheItalicsMode) {
         {9, "(r100,1000:a |r120,1000:was |r160,1000:on|r180,1000: |r190,1000:b|)"},
     };
     for (const auto& [mode, tape] : rows) {
-        Job job = Range({{1, 1, 1, "a [was on] b"}}, Styles(2, 2));
+        PrintJob job = RangeJob({{1, 1, 1, "a [was on] b"}}, LabelStyles(2, 2));
         job.reading.Italics = static_cast<std::int8_t>(mode);
         job.format.Brackets = 0;
         EXPECT_EQ(Printed(job), tape) << mode;
@@ -249,7 +144,7 @@ TEST(PrintedBrackets, FollowTheItalicsMode) {
 }
 
 TEST(PrintedBrackets, StayWithTheirWord) {
-    Job job = Range({{1, 1, 1, "a [was]"}}, Styles(2, 2));
+    PrintJob job = RangeJob({{1, 1, 1, "a [was]"}}, LabelStyles(2, 2));
     job.box.right = 169;
     EXPECT_EQ(Printed(job), "(r100,1000:a |r100,1020:[|i110,1020:was|r140,1020:]|)");
 }
@@ -268,14 +163,14 @@ TEST(PrintedPages, BreakBeforeALineThatDoesNotFit) {
         {1020, "(r100,1000:a|)(r100,1000:b|)(r100,1000:c|)(r100,1000:d|)"},
     };
     for (const auto& [bottom, tape] : rows) {
-        Job job = Range(verses, Styles(2, 2));
+        PrintJob job = RangeJob(verses, LabelStyles(2, 2));
         job.box.bottom = bottom;
         EXPECT_EQ(Printed(job), tape) << bottom;
     }
 }
 
 TEST(PrintedPages, BreakForTheHighestFaceOfAWord) {
-    Job job = Range({{1, 1, 1, "a"}, {1, 1, 2, "x[b]"}}, Styles(2, 2));
+    PrintJob job = RangeJob({{1, 1, 1, "a"}, {1, 1, 2, "x[b]"}}, LabelStyles(2, 2));
     job.box.bottom = 1045;
     PaperTape tape;
     tape.italicHeight = 26;
@@ -284,7 +179,7 @@ TEST(PrintedPages, BreakForTheHighestFaceOfAWord) {
 }
 
 TEST(PrintedPages, StopTheJobWhenAPageCannotBeStarted) {
-    Job job = Range({{1, 1, 1, "a"}, {1, 1, 2, "b"}, {1, 1, 3, "c"}}, Styles(2, 2));
+    PrintJob job = RangeJob({{1, 1, 1, "a"}, {1, 1, 2, "b"}, {1, 1, 3, "c"}}, LabelStyles(2, 2));
     job.box.bottom = 1020;
     const char* const tapes[] = {"", "(r100,1000:a|)", "(r100,1000:a|)(r100,1000:b|)"};
     for (int page = 1; page <= 3; ++page) {
@@ -297,7 +192,7 @@ TEST(PrintedPages, StopTheJobWhenAPageCannotBeStarted) {
 }
 
 TEST(PrintedPages, StopAfterTheVerseWhereTheUserCancels) {
-    const Job job = Range({{1, 1, 1, "a b"}, {1, 1, 2, "c d"}, {1, 1, 3, "e"}}, Styles(2, 2));
+    const PrintJob job = RangeJob({{1, 1, 1, "a b"}, {1, 1, 2, "c d"}, {1, 1, 3, "e"}}, LabelStyles(2, 2));
     const char* const tapes[] = {"()", "(r100,1000:a |r120,1000:b|)",
                                  "(r100,1000:a |r120,1000:b|r100,1020:c |r120,1020:d|)"};
     for (int verses = 0; verses <= 2; ++verses) {
@@ -306,76 +201,6 @@ TEST(PrintedPages, StopAfterTheVerseWhereTheUserCancels) {
         EXPECT_EQ(Print(job, tape), PrintResult::kPrinted);
         EXPECT_EQ(tape.tape, tapes[verses]);
     }
-}
-
-// ---- Notes ----------------------------------------------------------------------------------------------------------
-
-static Job WithNote(const std::string& note, FormatOptions format = Styles(2, 2)) {
-    Job job = Range({{1, 1, 1, "a"}, {1, 1, 2, "b"}}, format);
-    job.notes = {{0, note}};
-    job.withNotes = true;
-    return job;
-}
-
-TEST(PrintedNotes, FollowTheirVerseAfterAnEmptyLine) {
-    EXPECT_EQ(Printed(WithNote("See also")), "(r100,1000:a|n100,1040:See|n140,1040:also|r100,1053:b|)");
-    FormatOptions inOneLine = Styles(2, 2);
-    inOneLine.LineBreaks = 0;
-    EXPECT_EQ(Printed(WithNote("See", inOneLine)), "(r100,1000:a|n100,1040:See|r100,1053:b|)");
-}
-
-TEST(PrintedNotes, BreakTheirLinesAtReturns) {
-    EXPECT_EQ(Printed(WithNote("one\r\ntwo\r\n\r\n three\n four")),
-              "(r100,1000:a|n100,1040:one|n100,1053:two|n110,1079:three|n170,1079:four|r100,1092:b|)");
-    EXPECT_EQ(Printed(WithNote("li\nne  x \r\n")), "(r100,1000:a|n100,1040:line|n160,1040:x|r100,1066:b|)");
-}
-
-TEST(PrintedNotes, WrapWithTheirOwnLineHeight) {
-    Job job = WithNote("one two");
-    job.box.right = 140;
-    EXPECT_EQ(Printed(job), "(r100,1000:a|n100,1040:one|n100,1053:two|r100,1066:b|)");
-}
-
-TEST(PrintedNotes, AreSplitIntoPiecesOfAHundredLetters) {
-    Job job = WithNote(std::string(250, 'n'));
-    job.box.right = 1200;
-    const std::string hundred(100, 'n'), fifty(50, 'n');
-    EXPECT_EQ(Printed(job),
-              "(r100,1000:a|n100,1040:" + hundred + "|n100,1053:" + hundred + "|n100,1066:" + fifty + "|r100,1079:b|)");
-    job.notes[0] = std::string(100, 'n') + " x";
-    EXPECT_EQ(Printed(job), "(r100,1000:a|n100,1040:" + hundred + "|n1110,1040:x|r100,1053:b|)");
-}
-
-TEST(PrintedNotes, ContinueOnTheNextPage) {
-    Job job = WithNote("one\rtwo\rthree");
-    job.box.bottom = 1067;
-    EXPECT_EQ(Printed(job), "(r100,1000:a|n100,1040:one|n100,1053:two|)(n100,1000:three|r100,1013:b|)");
-}
-
-TEST(PrintedNotes, AreOptional) {
-    Job job = WithNote("See");
-    job.withNotes = false;
-    EXPECT_EQ(Printed(job), "(r100,1000:a|r100,1020:b|)");
-    job.notes.clear();
-    job.withNotes = true;
-    EXPECT_EQ(Printed(job), "(r100,1000:a|r100,1020:b|)");
-}
-
-TEST(PrintedNotes, StopAtAPageThatCannotBeStarted) {
-    for (const char* note : {"one\rtwo\rthree\rfour", "one\rtwo\rthree four", "one\rtwo\rthree"}) {
-        Job job = WithNote(note);
-        job.box.bottom = 1067;
-        PaperTape tape;
-        tape.failingPage = 2;
-        EXPECT_EQ(Print(job, tape), PrintResult::kCannotStartPage);
-        EXPECT_EQ(tape.tape, "(r100,1000:a|n100,1040:one|n100,1053:two|)");
-    }
-}
-
-TEST(PrintedNotes, StopTheJobWhenTheyCannotBeRead) {
-    PaperTape tape;
-    EXPECT_EQ(Print(WithNote(kUnreadableNote), tape), PrintResult::kCannotReadNotes);
-    EXPECT_EQ(tape.tape, "(r100,1000:a|)");
 }
 
 // ---- The whole Bible ------------------------------------------------------------------------------------------------
@@ -451,6 +276,11 @@ TEST(PageBox, RoundsMarginsDownToWholeInches) {
         {{1000, 2000, 3000, 4000}, {600, 600, 3000, 4800}},
     };
     for (const auto& [margins, box] : rows) EXPECT_EQ(PageBoxFor(printer, margins), box) << margins.left;
+}
+
+TEST(TabDistance, IsHalfAnInch) {
+    EXPECT_EQ(TabDistanceFor({4800, 6000, 600, 300}), 300);
+    EXPECT_EQ(TabDistanceFor({100, 100, 1, 1}), 1);
 }
 
 TEST(PrinterFontHeight, RoundsPointsAndThenPixels) {

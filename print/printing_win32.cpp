@@ -126,7 +126,9 @@ void PrintDocument(HWND frame, OwnedDc dc, const RECT& margins, PrintedDocument 
     Printer printer;
     printer.dc = std::move(dc);
     printer.goesOn = GoesOn;
-    document.options.box = PageBoxFor(ResolutionOf(printer.dc.get()), MarginsOf(margins));
+    const PrinterResolution resolution = ResolutionOf(printer.dc.get());
+    document.options.box = PageBoxFor(resolution, MarginsOf(margins));
+    document.options.tabDistance = TabDistanceFor(resolution);
     SetAbortProc(printer.dc.get(), AbortProcedure);
     BeginJob(frame);
     PrintOn(printer, document);

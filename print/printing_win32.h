@@ -24,7 +24,7 @@ struct PrintedDocument {
     const char* name;  // as shown in the printer queue
     const Scripture& scripture;
     std::vector<std::int32_t> verses;
-    PrintOptions options;  // `box` is set by PrintDocument from the printer and the margins
+    PrintOptions options;  // `box` and `tabDistance` are set by PrintDocument from the printer and the margins
     LOGFONTA verseFont, noteFont;
 };
 

@@ -191,6 +191,52 @@ TEST(PrintRange, PrintsTheNotesOfTheChosenSet) {
     EXPECT_THAT(PagesOfRange(program, "Ge 1:1"), ElementsAre(Verse("Genesis 1:1", "Ge 1:1"))) << "not wanted";
 }
 
+// The words of the note on Genesis 1:1 in the order of the page, with the verse's own left out.
+static std::vector<PrintedWord> PrintedNote(const Program& program, std::string_view firstWord) {
+    const HWND dialog = OpenPrintRange(program);
+    SetDlgItemTextA(dialog, IDC_RANGE, "Ge 1:1");
+    SendDlgItemMessageA(dialog, IDC_INCLUDE_NOTES, BM_CLICK, 0, 0);
+    Press(program, "Enter");
+    AcceptPrinter(program);
+    std::vector<PrintedWord> words = PrintedWords(program);
+    const auto first = std::ranges::find(words, firstWord, &PrintedWord::text);
+    return {first, words.end()};
+}
+
+TEST(PrintRange, LeavesBlankUpToTheTabStopsOfTheEditor) {
+    const ScratchFolder folder = FolderWithScripture();
+    WriteNoteSet(folder, "Mine", {{0, "one\ttwo\t\tthree"}});
+    const TestPrinter printer(folder, PortToPages(folder));
+    Program program = StartProgram(folder);
+    const std::vector<PrintedWord> words = PrintedNote(program, "one");
+    ASSERT_EQ(words.size(), 3u) << "no character is printed for a tab";
+    const double kMargin = 90, kHalfInch = 36;  // points
+    EXPECT_NEAR(words[0].left, kMargin, 0.5);
+    EXPECT_NEAR(words[1].left, kMargin + kHalfInch, 0.5);
+    EXPECT_NEAR(words[2].left, kMargin + 3 * kHalfInch, 0.5);
+}
+
+TEST(PrintRange, BreaksALongWordOfANoteAtTheEdge) {
+    std::string word;
+    while (word.size() < 95) word += "MWabcdefgh";
+    const ScratchFolder folder = FolderWithScripture();
+    WriteSetting(folder, "OPTIONS", "NoteFontHeight", "40");
+    WriteNoteSet(folder, "Mine", {{0, "Before " + word + " after"}});
+    const TestPrinter printer(folder, PortToPages(folder));
+    Program program = StartProgram(folder);
+    const std::vector<PrintedWord> words = PrintedNote(program, "Before");
+    ASSERT_GT(words.size(), 4u);
+    std::string all;
+    for (const PrintedWord& part : words) {
+        if (&part != &words.front() && &part != &words.back()) all += part.text;
+        EXPECT_LT(part.right, 522.5) << part.text;  // one inch inside the printable area of a page of 612 points
+    }
+    EXPECT_EQ(all, word);
+    EXPECT_EQ(words.back().text, "after");
+    EXPECT_NEAR(words[1].left, 90, 1);
+    EXPECT_GT(words[1].right, 522 - 40) << "broken only where the next letter does not fit";
+}
+
 TEST(PrintRange, ReportsNotesThatCannotBeOpened) {
     const ScratchFolder folder = FolderWithScripture();
     WriteNoteSet(folder, "Mine", {{0, "my own"}});
