@@ -87,6 +87,7 @@ static bool Begin(void* device) {
     Printer& printer = PrinterOf(device);
     if (StartPage(printer.dc.get()) <= 0) return false;
     SetBkMode(printer.dc.get(), TRANSPARENT);
+    printer.tellPage(++printer.pages);
     return true;
 }
 

@@ -28,6 +28,8 @@ struct Printer {
     std::array<PrinterFace, kPrintFaceCount> faces;
     OwnedDc dc;  // declared after the faces to be destroyed first: one of them is selected into it
     bool (*goesOn)() = nullptr;
+    void (*tellPage)(int page) = nullptr;
+    int pages = 0;                 // started so far
     std::vector<PrinterRun> runs;  // of the open page
     std::vector<int> advances;     // width of each letter of the run being sent
 };
@@ -39,4 +41,5 @@ void MakeFaces(Printer& printer, const LOGFONTA& verseFont, const LOGFONTA& note
 PrinterResolution ResolutionOf(HDC dc);
 
 // The device that prints on `printer`, which must outlive it. `printer.goesOn` must be set; it returns false to cancel.
+// So must `printer.tellPage`, which is called when a page has been started, with its number, from 1.
 PrinterPage PageOf(Printer& printer);

@@ -1,6 +1,7 @@
 #include "print/printing_win32.h"
 
 #include "print/printer_win32.h"
+#include "resources/ids.h"
 #include "win32/controls.h"
 #include "win32/screen.h"
 
@@ -68,6 +69,10 @@ static BOOL CALLBACK AbortProcedure(HDC, int) {
     return thePrinting.goesOn;
 }
 
+static void TellPage(int page) {
+    SetDlgItemTextA(thePrinting.dialog, IDC_PRINTED_PAGE, ("Page " + std::to_string(page)).c_str());
+}
+
 // The system may call the abort procedure only once in a job, so it is also called before each verse.
 static bool GoesOn() {
     return AbortProcedure(nullptr, 0) != FALSE;
@@ -126,6 +131,7 @@ void PrintDocument(HWND frame, OwnedDc dc, const RECT& margins, PrintedDocument 
     Printer printer;
     printer.dc = std::move(dc);
     printer.goesOn = GoesOn;
+    printer.tellPage = TellPage;
     const PrinterResolution resolution = ResolutionOf(printer.dc.get());
     document.options.box = PageBoxFor(resolution, MarginsOf(margins));
     document.options.tabDistance = TabDistanceFor(resolution);

@@ -86,6 +86,7 @@ static constexpr ExpectedControl kControls[] = {
     {"PRINTRANGE", 10, "PUSHBUTTON", "Format..."},
     {"PRINTRANGE", 9, "PUSHBUTTON", "Help"},
     {"ABORTDLG", 110, "DEFPUSHBUTTON", "Cancel"},
+    {"ABORTDLG", 101, "CTEXT", ""},
     {"FORMAT", 10, "BS_AUTORADIOBUTTON", "Full (Eph 6:17 And take the helmet...)"},
     {"FORMAT", 11, "BS_AUTORADIOBUTTON", "Partial (6:17 And take the helmet...)"},
     {"FORMAT", 12, "BS_AUTORADIOBUTTON", "None (And take the helmet...)"},

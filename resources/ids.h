@@ -147,7 +147,8 @@
 #define IDC_COPY_STATE 103
 #define IDC_STATE_VERSES 104
 #define IDC_RESTORE_SET 105
-#define IDC_STOP_PRINTING 110
+#define IDC_STOP_PRINTING 110  // Printing...
+#define IDC_PRINTED_PAGE 101
 #define IDC_SPLASH_LINE 111
 
 // Pictures

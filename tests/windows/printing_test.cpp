@@ -331,6 +331,50 @@ TEST(Printing, OfTheWholeBibleFinishesWithinConstantMemory) {
     EXPECT_GT(PrintedPageCount(program), 1000);
 }
 
+// The job fails when its pages are complete, so the message is shown while the last page is still told.
+TEST(Printing, TellsThePage) {
+    const ScratchFolder folder = FolderWithScripture();
+    std::size_t pages = 0;
+    {
+        const TestPrinter printer(folder, PortToPages(folder));
+        Program program = StartProgram(folder);
+        pages = PagesOfRange(program, "Jude - Re 3").size();
+        ASSERT_GT(pages, 2u);
+    }
+    const TestPrinter printer(folder, kFailingPort);
+    Program program = StartProgram(folder);
+    AskForRange(program, "Jude - Re 3");
+    WaitForDialog(program, "Print");
+    Press(program, "Enter");
+    WaitForDialog(program, "Print Error");
+    const std::vector<HWND> shown = TopLevelWindows(program);
+    const auto found = std::ranges::find_if(shown, [](HWND window) { return TextOf(window) == "Printing..."; });
+    ASSERT_NE(found, shown.end());
+    const HWND dialog = *found;
+    EXPECT_EQ(TextOf(dialog, IDC_PRINTED_PAGE), "Page " + std::to_string(pages));
+    SavePicture(PictureOfWindow(dialog), "dialog-printing-page");
+    Press(program, "Enter");
+    WaitForNoDialog(program);
+}
+
+TEST(Printing, TellsThePagesWhileItPrints) {
+    const ScratchFolder folder = FolderWithScripture();
+    const TestPrinter printer(folder, PortToPageCount(folder));
+    Program program = StartProgram(folder);
+    const HWND dialog = BeginWholeBible(program);
+    const auto told = [&] {
+        const std::string text = TextOf(dialog, IDC_PRINTED_PAGE);
+        return text.starts_with("Page ") ? std::atoi(text.c_str() + 5) : 0;
+    };
+    WaitUntil(program, "the third page", [&] { return told() >= 3; });
+    const int third = told();
+    WaitUntil(program, "the page after it", [&] { return told() > third; });
+    const int last = told();
+    Click(program, Child(dialog, {IDC_STOP_PRINTING}));
+    WaitForNoDialog(program);
+    EXPECT_GE(PrintedPageCount(program), last);
+}
+
 TEST(Printing, StopsAtCancel) {
     const ScratchFolder folder = FolderWithScripture();
     const TestPrinter printer(folder, PortToPageCount(folder));
