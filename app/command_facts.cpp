@@ -24,6 +24,9 @@ unsigned FactsOf(const FactSources& sources) {
         {kCanCut, sources.selection.SelectionOwner == kNoteEditorOwns},
         {kCanPaste, sources.canPaste},
         {kNotesCanChange, sources.notesCanChange},
+        {kCanUndo, sources.canUndo},
+        {kCanRedo, sources.canRedo},
+        {kCanSelectAll, sources.canSelectAll},
     };
     unsigned facts = 0;
     for (const auto& [fact, holds] : kRows) facts |= holds ? fact : 0u;

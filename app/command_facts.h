@@ -28,6 +28,9 @@ enum Fact : unsigned {
     kCanCut = 1u << 14,
     kCanPaste = 1u << 15,
     kNotesCanChange = 1u << 16,  // their folder can be written to
+    kCanUndo = 1u << 17,
+    kCanRedo = 1u << 18,
+    kCanSelectAll = 1u << 19,
 };
 
 struct FactSources {
@@ -40,6 +43,9 @@ struct FactSources {
     bool editingNote = false;
     bool canPaste = false;
     bool notesCanChange = true;
+    bool canUndo = false;
+    bool canRedo = false;
+    bool canSelectAll = false;
 };
 
 unsigned FactsOf(const FactSources& sources);

@@ -20,9 +20,10 @@ unsigned FactsOf(const State& state, bool passageFocused = false, bool bound = f
 
 TEST(CommandFacts, HaveOneBitEach) {
     unsigned others = 0;
-    for (const unsigned fact : {kListHasVerses, kPassageFocused, kHasSelection, kNotEditing, kParagraphs, kItalicShown,
-                                kBracketsShown, kNormalShown, kListShown, kPassageShown, kNotesShown, kToolbarShown,
-                                kNotesBound, kListCanBeSaved, kCanCut, kCanPaste, kNotesCanChange}) {
+    for (const unsigned fact :
+         {kListHasVerses, kPassageFocused, kHasSelection,   kNotEditing, kParagraphs,   kItalicShown, kBracketsShown,
+          kNormalShown,   kListShown,      kPassageShown,   kNotesShown, kToolbarShown, kNotesBound,  kListCanBeSaved,
+          kCanCut,        kCanPaste,       kNotesCanChange, kCanUndo,    kCanRedo,      kCanSelectAll}) {
         EXPECT_TRUE(std::has_single_bit(fact)) << fact;
         EXPECT_EQ(others & fact, 0u) << fact;
         others |= fact;
@@ -65,6 +66,18 @@ TEST(CommandFacts, CutAndPasteNeedTheNoteEditor) {
     EXPECT_FALSE(FactsOf(sources) & kCanPaste);
     sources.canPaste = true;
     EXPECT_TRUE(FactsOf(sources) & kCanPaste);
+}
+
+TEST(CommandFacts, UndoRedoAndSelectAllHaveOneFactEach) {
+    const State state;
+    const unsigned before = FactsOf(state);
+    FactSources sources{state.list, state.selection, state.reading, state.shown};
+    sources.canUndo = true;
+    EXPECT_EQ(FactsOf(sources), before | kCanUndo);
+    sources.canRedo = true;
+    EXPECT_EQ(FactsOf(sources), before | kCanUndo | kCanRedo);
+    sources.canSelectAll = true;
+    EXPECT_EQ(FactsOf(sources), before | kCanUndo | kCanRedo | kCanSelectAll);
 }
 
 // Deliberate: opening a cross-reference line does not change whether Save Verse List is enabled.

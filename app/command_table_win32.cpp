@@ -28,6 +28,9 @@ static constexpr Command kCommands[] = {
     {IDM_CUT, CutSelection, kCanCut, 0, {ButtonGroup::kClipboard, 0}, {"Cut"}},
     {IDM_COPY, CopySelection, kHasSelection, 0, {ButtonGroup::kClipboard, 1}, {"Copy"}},
     {IDM_PASTE, PasteText, kCanPaste, 0, {ButtonGroup::kClipboard, 2}, {"Paste"}},
+    {IDM_UNDO, UndoEdit, kCanUndo},
+    {IDM_REDO, RedoEdit, kCanRedo},
+    {IDM_SELECT_ALL, SelectAll, kCanSelectAll},
 
     // Copying, saving and printing
     {IDM_COPY_VERSE, CopyVerse, kAlways, 0, {ButtonGroup::kCopy, 6}, {"Copy a Verse"}},
@@ -188,6 +191,9 @@ unsigned CurrentFacts() {
         .editingNote = IsEditingNote(),
         .canPaste = theNoteEdit.canPaste,
         .notesCanChange = CanWriteWorkingFolder(),
+        .canUndo = CanUndoInEditor(),
+        .canRedo = CanRedoInEditor(),
+        .canSelectAll = CanSelectAllInEditor() || CanSelectAllInNote(),
     });
 }
 

@@ -91,3 +91,16 @@ void CutSelection(int) {
 void PasteText(int) {
     if (IsEditingNote()) PasteInEditor();
 }
+
+void UndoEdit(int) {
+    if (CanUndoInEditor()) UndoInEditor();
+}
+
+void RedoEdit(int) {
+    if (CanRedoInEditor()) RedoInEditor();
+}
+
+void SelectAll(int) {
+    if (CanSelectAllInEditor()) SelectAllInEditor();
+    if (CanSelectAllInNote()) SelectAllInNote();
+}

@@ -73,6 +73,11 @@ static void OnEnable(HWND, BOOL enabled) {
     if (!enabled) WriteSession();
 }
 
+// Also sent before the key of a menu item becomes its command, which needs the item's state.
+static void OnInitMenuPopup(HWND, HMENU, UINT, BOOL) {
+    RefreshCommands();
+}
+
 static LRESULT CALLBACK FrameProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         HANDLE_MSG(window, WM_CREATE, OnCreate);
@@ -85,6 +90,7 @@ static LRESULT CALLBACK FrameProcedure(HWND window, UINT message, WPARAM wParam,
         HANDLE_MSG(window, WM_SIZE, OnSize);
         HANDLE_MSG(window, WM_ACTIVATE, OnActivate);
         HANDLE_MSG(window, WM_ENABLE, OnEnable);
+        HANDLE_MSG(window, WM_INITMENUPOPUP, OnInitMenuPopup);
         case WM_ENTERMENULOOP:
         case WM_ENTERSIZEMOVE: WriteSession(); break;
     }

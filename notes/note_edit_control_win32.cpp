@@ -47,6 +47,7 @@ static void TellInStatus(const std::string& text) {
 
 bool FillNoteEdit(const std::string& text) {
     TellNothing();
+    theNoteEdit.typed = {};
     SetPlainText(theNoteEdit.window, text.substr(0, kNoteTextLimit));
     SendMessageA(theNoteEdit.window, EM_EXLIMITTEXT, 0, kNoteTextLimit);
     theNoteEdit.readOnly = TextInNoteEdit() != text;
@@ -127,12 +128,75 @@ void PasteInEditor() {
     if (text.lost > 0 && !theNoteEdit.readOnly) TellLost(text.lost);
 }
 
+// ---- Undo -----------------------------------------------------------------------------------------------------------
+
+static void EndUndoStep() {
+    SendMessageA(theNoteEdit.window, EM_STOPGROUPTYPING, 0, 0);
+}
+
+// To be called before what is typed reaches the control, which would make one step of Undo of all that is typed without
+// moving the caret.
+static void DivideTyping(bool isDeletion, bool isBlank) {
+    static constexpr DWORD kPause = 1500;  // milliseconds
+    const TypedLast last =
+        std::exchange(theNoteEdit.typed, {isDeletion, isBlank, static_cast<DWORD>(GetMessageTime())});
+    const bool isAfterPause = theNoteEdit.typed.time - last.time > kPause;
+    const bool beginsWord = last.isBlank && !isBlank;
+    if (isAfterPause || beginsWord || isDeletion != last.isDeletion) EndUndoStep();
+}
+
+bool CanUndoInEditor() {
+    return HasFocus() && SendMessageA(theNoteEdit.window, EM_CANUNDO, 0, 0);
+}
+
+bool CanRedoInEditor() {
+    return HasFocus() && SendMessageA(theNoteEdit.window, EM_CANREDO, 0, 0);
+}
+
+bool CanSelectAllInEditor() {
+    return HasFocus() && GetWindowTextLengthA(theNoteEdit.window) > 0;
+}
+
+static void Change(UINT message) {
+    SendMessageA(theNoteEdit.window, message, 0, 0);
+    EndUndoStep();
+    PutSelectionInOrder(theNoteEdit.window);
+    RefreshFrame();
+}
+
+void UndoInEditor() {
+    Change(EM_UNDO);
+}
+
+void RedoInEditor() {
+    Change(EM_REDO);
+}
+
+void SelectAllInEditor() {
+    CHARRANGE whole{0, -1};
+    SendMessageA(theNoteEdit.window, EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&whole));
+    PutSelectionInOrder(theNoteEdit.window);
+}
+
 // ---- Letters --------------------------------------------------------------------------------------------------------
 
-// The system would convert a letter with the code page of the keyboard, and replace those that it lacks.
+// The control converts a byte of the code page with the code page of the keyboard, which may be another one.
+static bool DoesControlTake(std::string_view letter) {
+    char page[8] = "";
+    GetLocaleInfoA(LOWORD(GetKeyboardLayout(0)), LOCALE_IDEFAULTANSICODEPAGE, page, sizeof page);
+    const bool hasRoom = static_cast<std::size_t>(GetWindowTextLengthA(theNoteEdit.window)) < kNoteTextLimit;
+    return letter.size() == 1 && hasRoom && page == std::to_string(GetACP());
+}
+
+// The system would convert a letter with the code page of the keyboard, and replace those that it lacks. Only what the
+// control takes as typed is undone together with the rest of the word.
 static void TypeLetter(std::wstring_view letter) {
     const CodePageText converted = InCodePage(letter);
-    Insert(converted.text);
+    if (DoesControlTake(converted.text)) {
+        SendMessageA(theNoteEdit.window, WM_CHAR, static_cast<unsigned char>(converted.text[0]), 1);
+    } else {
+        Insert(converted.text);
+    }
     if (converted.lost > 0) TellInStatus("Not typed: not in code page " + std::to_string(GetACP()));
 }
 
@@ -254,6 +318,8 @@ static void MoveByWord(WPARAM key, LPARAM lParam) {
 static LRESULT OnKeyDown(WPARAM key, LPARAM lParam) {
     TellNothing();
     if (OnEditKey(static_cast<UINT>(key))) return 0;
+    if (key == VK_BACK || key == VK_DELETE) DivideTyping(true, false);
+    if (key == VK_RETURN) DivideTyping(false, true);
     const bool isByWord = (key == VK_LEFT || key == VK_RIGHT) && IsControlDown();
     if (!isByWord) return PassKey(key, lParam);
     MoveByWord(key, lParam);
@@ -265,6 +331,11 @@ static bool IsStrayCharacter(UINT character) {
     static constexpr UINT kDelete = 0x7F;
     if (character == kDelete || character == VK_ESCAPE) return true;
     return character < ' ' && (IsControlDown() || (IsKeyDown(VK_SHIFT) && character != VK_BACK));
+}
+
+// Before the control types it. It handles Back and Enter as keys.
+static void OnCharacter(UINT character) {
+    if (character != VK_BACK && character != VK_RETURN) DivideTyping(false, character == ' ' || character == '\t');
 }
 
 static void OnButtonDown(HWND edit, POINT point) {
@@ -284,6 +355,7 @@ static LRESULT CALLBACK EditProcedure(HWND edit, UINT message, WPARAM wParam, LP
         case WM_CHAR:
             if (IsStrayCharacter(static_cast<UINT>(wParam))) return 0;
             PutSelectionInOrder(edit);
+            OnCharacter(static_cast<UINT>(wParam));
             break;
         case WM_CUT: CutInEditor(); return 0;
         case WM_COPY: CopyInEditor(); return 0;
@@ -311,7 +383,9 @@ void CreateNoteEditControl(HWND editor) {
     theNoteEdit.window = CreateChild(
         editor, "RICHEDIT", "", WS_VISIBLE | WS_VSCROLL | WS_TABSTOP | ES_MULTILINE | ES_WANTRETURN | ES_AUTOVSCROLL,
         WS_EX_CLIENTEDGE, IDC_NOTE_EDIT);
-    SendMessageA(theNoteEdit.window, EM_SETTEXTMODE, TM_PLAINTEXT, 0);
+    static constexpr WPARAM kMostSteps = 1000;
+    SendMessageA(theNoteEdit.window, EM_SETTEXTMODE, TM_PLAINTEXT | TM_MULTILEVELUNDO, 0);
+    SendMessageA(theNoteEdit.window, EM_SETUNDOLIMIT, kMostSteps, 0);
     SendMessageA(theNoteEdit.window, EM_SETEVENTMASK, 0, ENM_SELCHANGE | ENM_CHANGE);
     theNoteEdit.procedure = Subclass(theNoteEdit.window, EditProcedure);
 }

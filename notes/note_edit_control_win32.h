@@ -1,10 +1,17 @@
-// The editing control of the note editor: a rich-edit control that holds plain text, with the commands Cut, Copy and
-// Paste.
+// The editing control of the note editor: a rich-edit control that holds plain text, with the commands of the menu Edit
+// that act in it.
 #pragma once
 
 #include <string>
 
 #include "win32/windows_api.h"
+
+// What was typed last. A step of Undo is a word with the blanks behind it, or what was deleted; a pause ends it, too.
+struct TypedLast {
+    bool isDeletion = false;
+    bool isBlank = false;
+    DWORD time = 0;  // of its message, milliseconds
+};
 
 struct NoteEditControl {
     HWND window = nullptr;
@@ -12,9 +19,10 @@ struct NoteEditControl {
     bool canPaste = false;        // it has the focus and the clipboard has text
     bool readOnly = false;        // its text is not exactly the note
     std::wstring letter;          // the first half of a letter of two halves
-    LONG clicked = 0;             // where the mouse button went down
-    std::string told;             // what the control shows in the status bar; empty if nothing
-    std::string statusBefore;     // what was there
+    TypedLast typed;
+    LONG clicked = 0;          // where the mouse button went down
+    std::string told;          // what the control shows in the status bar; empty if nothing
+    std::string statusBefore;  // what was there
 };
 extern NoteEditControl theNoteEdit;
 
@@ -51,3 +59,13 @@ void FollowClipboard();
 void CutInEditor();
 void CopyInEditor();
 void PasteInEditor();
+
+// Do Undo, Redo and Select All act in the control? Never while it does not have the focus.
+bool CanUndoInEditor();
+bool CanRedoInEditor();
+bool CanSelectAllInEditor();
+
+// These commands. They need that they can act.
+void UndoInEditor();
+void RedoInEditor();
+void SelectAllInEditor();

@@ -109,6 +109,15 @@ void SelectInNote(const NoteSelection& selection) {
     OnSelectionChange(range);
 }
 
+bool CanSelectAllInNote() {
+    return GetFocus() == theNotes.view && !theNoteSets.noteText.empty();
+}
+
+void SelectAllInNote() {
+    CHARRANGE whole{0, GetWindowTextLengthA(theNotes.view)};
+    SendMessageA(theNotes.view, EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&whole));
+}
+
 void KeepNoteSelectionShown(bool shown) {
     static constexpr LPARAM kNoHideSelection = ECO_NOHIDESEL;
     SendMessageA(theNotes.view, EM_SETOPTIONS, shown ? ECOOP_OR : ECOOP_AND,

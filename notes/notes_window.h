@@ -62,6 +62,10 @@ NoteSelection SelectionInNote();
 // Selects these characters, scrolls to them and makes them the selection that Copy uses.
 void SelectInNote(const NoteSelection& selection);
 
+// The command Select All acts in the view while it has the focus and a text.
+bool CanSelectAllInNote();
+void SelectAllInNote();
+
 // Sets whether the selection is visible while the view does not have the focus.
 void KeepNoteSelectionShown(bool shown);
 

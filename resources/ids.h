@@ -73,6 +73,9 @@
 #define IDM_EARLIER_NOTES 300
 #define IDM_EARLIER_STATES 301
 #define IDM_MERGE_SETS 302
+#define IDM_UNDO 303
+#define IDM_REDO 304
+#define IDM_SELECT_ALL 305
 #define IDM_REFRESH 900          // sent by a pane to its frame: the state of commands may have changed
 #define IDM_SHOW_REFERENCES 901  // sent by the Notes window: show the verses of the double-clicked line
 #define IDM_END_EDITING 902      // sent by the note editor when it has closed

@@ -86,6 +86,9 @@ static constexpr ExpectedItem kCommands[] = {
     {300, "Earlier Notes for this &Verse..."},
     {301, "&Earlier States..."},
     {302, "&Merge Sets..."},
+    {303, "&Undo\tCtrl+Z"},
+    {304, "Re&do\tCtrl+Y"},
+    {305, "Select &All\tCtrl+A"},
     {1001, "Genesis"},
     {1009, "1 Samuel"},
     {1022, "Song of Solomon"},
@@ -202,7 +205,7 @@ TEST(Accelerators, AreUnique) {
         });
         EXPECT_EQ(ItemsOf(accelerator.command).empty(), alone) << accelerator.key;
     }
-    EXPECT_EQ(keys.size(), 53u);
+    EXPECT_EQ(keys.size(), 56u);
 }
 
 TEST(Toolbar, HasOnlyCommandsOfTheMenu) {
