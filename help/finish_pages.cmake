@@ -4,7 +4,7 @@
 # Removes ", page 1.6" behind titles, and the blanks at which a browser must not break them.
 function(remove_numbers file)
   file(READ ${file} text)
-  string(REGEX REPLACE ",( |&nbsp;)(page|chapter) [0-9.]*[0-9] ?" "" text "${text}")
+  string(REGEX REPLACE ",( |&nbsp;)(page|Chapter) [0-9.]*[0-9] ?" "" text "${text}")
   string(REPLACE "&nbsp;" " " text "${text}")
   file(WRITE ${file} "${text}")
 endfunction()
