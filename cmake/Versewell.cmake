@@ -8,6 +8,7 @@ set_property(GLOBAL PROPERTY USE_FOLDERS ON)
 
 # Folder of the scripture files, which the host build makes for all presets.
 set(VERSEWELL_DATA_DIR ${PROJECT_SOURCE_DIR}/build/data)
+set(VERSEWELL_SCRIPTURE_DIGESTS ${VERSEWELL_DATA_DIR}/scripture.sha256)  # becomes part of the program
 
 add_library(vw_options INTERFACE)
 target_include_directories(vw_options INTERFACE ${PROJECT_SOURCE_DIR})

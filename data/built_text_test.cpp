@@ -2,7 +2,9 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <array>
 #include <cctype>
+#include <cstdio>
 #include <map>
 #include <numeric>
 #include <set>
@@ -13,7 +15,9 @@
 using testing::AllOf;
 using testing::ElementsAre;
 using testing::Ge;
+using testing::HasSubstr;
 using testing::Le;
+using testing::Not;
 
 static const Verses& TheVerses() {
     return TheBuiltScripture().verses;
@@ -32,12 +36,42 @@ static auto CountVerses(Test test) {
     return std::count_if(TheVerses().begin(), TheVerses().end(), test);
 }
 
-TEST(BuiltText, FilesHaveTheKnownSizes) {
-    EXPECT_EQ(BytesOfBuiltFile("_avvidx.dat").size(), 217714u);
-    EXPECT_EQ(BytesOfBuiltFile("_avtext.dat").size(), 4185693u);
-    EXPECT_EQ(BytesOfBuiltFile("_avwrds.dat").size(), 102418u);
-    EXPECT_EQ(BytesOfBuiltFile("_avwptr.dat").size(), 50920u);
-    EXPECT_EQ(BytesOfBuiltFile("_avwidx.dat").size(), 1233860u);
+namespace {
+
+struct FileRow {
+    const char* name;
+    std::size_t size;
+    const char* sha256;
+};
+
+}  // namespace
+
+// Every build makes the same bytes, on every machine.
+static constexpr FileRow kFiles[] = {
+    {"_avvidx.dat", 217714, "b3d00aba806a293ce62df274db083b83ef503324b5dbac3d287a3ef4fe8b6c9d"},
+    {"_avtext.dat", 4185725, "a361db592720b7e9d79e7855e63b13c36336ff545dc40613b5f8c8d1c621206d"},
+    {"_avwrds.dat", 102411, "e71facca3fe22bbfdd13a363adfa8b561da3f36a4c76d07087f4d3f319156f80"},
+    {"_avwptr.dat", 50916, "ce2970564a3f18f90d46f2598fb965bd0f0187a6e47e0345ff34d1b99d684bbd"},
+    {"_avwidx.dat", 1233862, "b3a36403fad0adb566f6966947ac7118576b2976208cd57c9dc0e242664eac02"},
+};
+
+// By sha256sum. The text has no file name.
+static std::string DigestOfBuiltFile(const std::string& name) {
+    std::FILE* const pipe = popen(("sha256sum < " VERSEWELL_DATA_DIR "/" + name).c_str(), "r");
+    std::array<char, 65> digest{};
+    const bool isRead = pipe != nullptr && std::fgets(digest.data(), digest.size(), pipe) != nullptr;
+    if (pipe == nullptr || pclose(pipe) != 0 || !isRead) return "";
+    return digest.data();
+}
+
+TEST(BuiltText, FilesHaveTheKnownBytes) {
+    std::string listed;
+    for (const FileRow& row : kFiles) {
+        EXPECT_EQ(BytesOfBuiltFile(row.name).size(), row.size) << row.name;
+        EXPECT_EQ(DigestOfBuiltFile(row.name), row.sha256) << row.name;
+        listed += std::string(row.sha256) + "  " + row.name + "\n";
+    }
+    EXPECT_EQ(BytesOfBuiltFile("scripture.sha256"), listed);  // which becomes part of the program
 }
 
 TEST(BuiltText, HasAllVersesAndChapters) {
@@ -132,6 +166,7 @@ TEST(BuiltText, AllButSevenVersesEndWithAStop) {
 
 TEST(BuiltText, HasParagraphMarks) {
     EXPECT_EQ(CountVerses(HasMark), 4159);
+    EXPECT_EQ(CountVerses([](const Verse& verse) { return verse.verse > 1 && HasMark(verse); }), 2970);  // printed
     EXPECT_EQ(CountVerses([](const Verse& verse) { return verse.verse == 1 && HasMark(verse); }), 1189);
     EXPECT_EQ(CountVerses([](const Verse& verse) { return verse.text.starts_with("\xB6["); }), 39);
     // Within chapters the printed book has no marks in the Psalms and none after Acts 20:36.
@@ -160,7 +195,7 @@ struct PhraseRow {
 
 }  // namespace
 
-// One place for each rule of the conversion, and places where other editions differ.
+// One place for each rule of the conversion, and places where the module was conformed.
 static constexpr PhraseRow kPhrases[] = {
     {"Ge 1:1", "\xB6In the beginning"},
     {"Ge 1:4", "that [it was] good:"},
@@ -172,22 +207,53 @@ static constexpr PhraseRow kPhrases[] = {
     {"1Jo 2:23", "[(but) he that acknowledgeth the Son hath the Father also]."},
     {"Nu 30:7", "heard [it], and"},
     {"Mt 26:17", "the [feast of] unleavened"},
-    {"Ex 38:28", "five shekels he"},
-    {"Ro 4:18", "nations, according"},
+    {"Ex 38:28", "five [shekels] he"},
+    {"Ro 4:18", "nations; according"},
+    {"1Sa 6:9", "smote us; it"},
+    {"Ex 23:23", "[and] the Hivites"},
+    {"1Sa 28:7", "En-dor"},
+    {"Isa 9:6", "Wonderful, Counseller,"},
     {"Isa 38:18", "death can [not] celebrate"},
     {"1Co 4:17", "my ways which be in Christ"},
-    {"Jos 19:2", "or Sheba"},
-    {"2Ch 33:19", "his sin, and"},
-    {"Job 33:4", "Spirit of God"},
-    {"Jer 34:16", "whom ye had set"},
-    {"Na 3:16", "flieth away"},
-    {"Mt 26:39", "went a little further"},
 };
 
 TEST(BuiltText, HasKnownPhrases) {
     for (const PhraseRow& row : kPhrases)
         EXPECT_NE(TextOf(row.reference).find(row.phrase), std::string::npos)
             << row.reference << ": " << TextOf(row.reference);
+}
+
+// Twelve places by which the Pure Cambridge Edition is told from others, with what those have there.
+static constexpr struct {
+    const char* reference;
+    const char* phrase;
+    const char* other;
+} kMarksOfTheEdition[] = {
+    {"Jos 19:2", "or Sheba", "and Sheba"},
+    {"2Ch 33:19", "all his sin, and", "sins"},
+    {"Job 33:4", "The Spirit of God", "spirit"},
+    {"Jer 34:16", "whom ye had set", "whom he"},
+    {"Eze 11:24", "by the Spirit of God", "spirit of God"},
+    {"Na 3:16", "flieth away", "fleeth"},
+    {"Mt 4:1", "led up of the Spirit", "spirit"},
+    {"Mt 26:39", "went a little further", "farther"},
+    {"Mt 26:73", "thy speech bewrayeth thee", "betrayeth"},
+    {"Mr 1:12", "the Spirit driveth him", "spirit"},
+    {"Ac 11:28", "signified by the spirit", "Spirit"},
+    {"1Jo 5:8", "the spirit, and the water", "Spirit"},
+};
+
+TEST(BuiltText, HasTheTwelveMarksOfThePureCambridgeEdition) {
+    for (const auto& [reference, phrase, other] : kMarksOfTheEdition) {
+        EXPECT_THAT(TextOf(reference), HasSubstr(phrase)) << reference;
+        EXPECT_THAT(TextOf(reference), Not(HasSubstr(other))) << reference;
+    }
+}
+
+TEST(BuiltText, HasTheKnownNumberOfItalics) {
+    std::ptrdiff_t runs = 0;
+    for (const Verse& verse : TheVerses()) runs += std::count(verse.text.begin(), verse.text.end(), '[');
+    EXPECT_EQ(runs, 21489);
 }
 
 static std::vector<std::string> ByLength() {

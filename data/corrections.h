@@ -1,4 +1,4 @@
-// Corrections of the module where it differs from the printed text.
+// Corrections of the module where it is damaged. What makes it the Pure Cambridge Edition is in conformed_readings.h.
 #pragma once
 
 #include <span>

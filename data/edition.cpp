@@ -1,5 +1,6 @@
 #include "data/edition.h"
 
+#include "data/conformed_readings.h"
 #include "data/corrections.h"
 #include "data/osis_text.h"
 #include "data/text_checks.h"
@@ -7,7 +8,8 @@
 
 Complaint ConvertEdition(Verses& verses) {
     for (Verse& verse : verses) verse.text = TextOfOsis(verse.text);
-    const Complaint complaint = ApplyCorrections(ModuleCorrections(), verses);
+    Complaint complaint = ApplyCorrections(ModuleCorrections(), verses);
+    if (complaint.empty()) complaint = ApplyCorrections(ConformingChanges(), verses);
     if (!complaint.empty()) return complaint;
     for (Verse& verse : verses)
         if (verse.verse == 1 && !BeginsParagraph(verse.text)) verse.text.insert(0, 1, kParagraphMark);

@@ -7,11 +7,11 @@
 
 inline constexpr char kModuleName[] = "engKJV2006eb";
 inline constexpr char kModuleVersion[] = "14.3";
-inline constexpr std::uint64_t kTextFingerprint = 0x7519f9f0af8f6752;  // of the converted text of that version
+inline constexpr std::uint64_t kTextFingerprint = 0xcb23ec8059f30542;  // of the converted text of that version
 
-// Converts the module's entries to the program's texts: converts the mark-up, applies the corrections, adds a paragraph
-// mark to the first verse of each chapter (a chapter also begins a paragraph in print, but without a mark) and checks
-// the result.
+// Converts the module's entries to the program's texts: converts the mark-up, applies the corrections, conforms the
+// result to the Pure Cambridge Edition, adds a paragraph mark to the first verse of each chapter (a chapter also begins
+// a paragraph in print, but without a mark) and checks the whole.
 Complaint ConvertEdition(Verses& verses);
 
 // 64-bit FNV-1a hash of all texts, each with its terminating zero byte.

@@ -2,28 +2,35 @@
 
 #include <gtest/gtest.h>
 
-#include "data/corrections.h"
+#include "data/conformed_readings.h"
 #include "scripture/books.h"
 
 // Mark-up as in the module, where added words are elements; brackets there mean printed brackets.
-static std::string Osis(std::string text) {
-    const std::size_t opening = text.find('[');
-    if (opening == std::string::npos) return text;
-    text.replace(text.find(']'), 1, "</transChange>");
-    return text.replace(opening, 1, "<transChange type=\"added\">");
+static std::string Osis(const std::string& text) {
+    std::string osis;
+    for (const char letter : text)
+        osis += letter == '['   ? "<transChange type=\"added\">"
+                : letter == ']' ? "</transChange>"
+                                : std::string(1, letter);
+    return osis;
 }
 
-// Only the verses that have corrections, each with just the text that its correction replaces.
+static void AddPlace(const Correction& correction, Verses& verses) {
+    const std::string reference = correction.reference;
+    const int chapter = std::stoi(reference.substr(reference.find(' ')));
+    const int number = std::stoi(reference.substr(reference.find(':') + 1));
+    Verse verse{1, chapter, number, Osis(correction.from)};
+    while (verse.book < kBookCount && ReferenceOf(verse) != reference) ++verse.book;
+    const bool isSameVerse = !verses.empty() && ReferenceOf(verses.back()) == reference;
+    if (isSameVerse) verses.back().text += " and " + verse.text;
+    if (!isSameVerse) verses.push_back(verse);
+}
+
+// Only the verses that are changed, each with just the texts that are replaced.
 static Verses VersesToCorrect() {
     Verses verses;
-    for (const Correction& correction : ModuleCorrections()) {
-        const std::string reference = correction.reference;
-        const int chapter = std::stoi(reference.substr(reference.find(' ')));
-        const int number = std::stoi(reference.substr(reference.find(':') + 1));
-        Verse verse{1, chapter, number, Osis(correction.from)};
-        while (verse.book < kBookCount && ReferenceOf(verse) != reference) ++verse.book;
-        verses.push_back(verse);
-    }
+    for (const Correction& correction : ModuleCorrections()) AddPlace(correction, verses);
+    for (const Correction& change : ConformingChanges()) AddPlace(change, verses);
     return verses;
 }
 
@@ -57,6 +64,12 @@ TEST(Edition, ComplainsWhenACorrectionDoesNotFit) {
     Verses verses = VersesToCorrect();
     verses[0].text = "Other words.";
     EXPECT_EQ(ConvertEdition(verses), "Ge 41:56 should hold \"earth: and Joseph\" exactly once");
+}
+
+TEST(Edition, ComplainsWhenAConformingChangeDoesNotFit) {
+    Verses verses = VersesToCorrect();
+    verses.back().text = "Other words.";
+    EXPECT_EQ(ConvertEdition(verses), "Re 1:18 should hold \"I [am] he\" exactly once");
 }
 
 // The expected 64-bit FNV-1a hashes were calculated with another program.

@@ -142,13 +142,13 @@ TEST(TheRealWordIndex, ListsTheVersesOfEveryWordOfTheText) {
         for (const std::string& found : words) wanted[found].push_back(verse);
     }
     const WordIndex& index = TheRealWordIndex();
-    ASSERT_EQ(WordCount(index), 12730);
-    ASSERT_EQ(wanted.size(), 12730u);
+    ASSERT_EQ(WordCount(index), 12729);
+    ASSERT_EQ(wanted.size(), 12729u);
     int word = 0;
     for (const auto& [text, verses] : wanted) {  // the map has the same order as the file
         ASSERT_EQ(index.words[static_cast<std::size_t>(word)], text);
         ASSERT_EQ(VersesOf(index, word), verses) << text;
         ++word;
     }
-    EXPECT_EQ(index.verseLists.size() / 2, 616930u);
+    EXPECT_EQ(index.verseLists.size() / 2, 616931u);
 }
