@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "app/about_dialog.h"
 #include "app/command_facts.h"
 #include "app/font_commands_win32.h"
 #include "app/frame_commands_win32.h"

@@ -9,16 +9,7 @@
 #include "resources/ids.h"
 #include "verselist/verse_list_window.h"
 #include "win32/controls.h"
-#include "win32/dialogs.h"
 #include "win32/help_viewer.h"
-
-static void OnAboutCommand(HWND dialog, int control, UINT) {
-    if (control == IDOK) EndDialog(dialog, IDOK);
-}
-
-void ShowAbout(int) {
-    RunDialog(theFrame.window, {"ABOUT", nullptr, OnAboutCommand});
-}
 
 void CloseFrame(int) {
     SendMessageA(theFrame.window, WM_CLOSE, 0, 0);

@@ -1,7 +1,6 @@
-// Commands of the frame itself: panes, toolbar, help, About.
+// Commands of the frame itself: panes, toolbar, help.
 #pragma once
 
-void ShowAbout(int command);
 void CloseFrame(int command);
 void ShowHelp(int command);  // the contents or one of the two topics in the menu
 void TogglePane(int command);

@@ -146,6 +146,9 @@ static constexpr ExpectedControl kControls[] = {
     {"EARLIERSTATES", 2, "PUSHBUTTON", "Close"},
     {"EARLIERSTATES", 9, "PUSHBUTTON", "Help"},
     {"SEARCHPROGRESS", 101, "PBS_SMOOTH", ""},
+    {"ABOUT", 101, "LTEXT", ""},
+    {"ABOUT", 102, "LTEXT", ""},
+    {"ABOUT", 103, "LTEXT", ""},
     {"ABOUT", 1, "DEFPUSHBUTTON", "OK"},
     {"SPLASHSCREEN", 111, "CTEXT", ""},
 };

@@ -197,27 +197,6 @@ INSTANTIATE_TEST_SUITE_P(
                     Opening{IDM_PASSAGE_FONT, "", "Font"}, Opening{IDM_HIGHLIGHT_COLOR, "", "Color"}),
     [](const auto& row) { return "Of" + std::to_string(row.param.command); });
 
-TEST(Commands, AboutShowsIconAndVersion) {
-    Program program = StartProgram(FolderWithScripture());
-    for (const char* key : {"Enter", "Esc"}) {
-        Command(program, IDM_ABOUT);
-        const HWND dialog = WaitForDialog(program, "About Versewell97");
-        std::vector<std::string> lines;
-        int icons = 0;
-        for (const HWND control : ChildrenOf(dialog)) {
-            if (ClassOf(control) != "Static") continue;
-            const bool isIcon = (GetWindowLongA(control, GWL_STYLE) & SS_TYPEMASK) == SS_ICON;
-            icons += isIcon && SendMessageA(control, STM_GETICON, 0, 0) != 0;
-            if (!isIcon) lines.push_back(TextOf(control));
-        }
-        EXPECT_EQ(icons, 1);
-        EXPECT_THAT(lines, ElementsAre("Versewell97 v3.2"));
-        EXPECT_THAT(ButtonsOf(dialog), ElementsAre("OK"));
-        Press(program, key);
-        WaitForNoDialog(program);
-    }
-}
-
 TEST(Commands, ExitClosesTheProgramAndSavesSettings) {
     Program program = StartProgram(FolderWithScripture());
     PostMessageA(program.frame, WM_COMMAND, IDM_EXIT, 0);

@@ -1,4 +1,4 @@
-// The frame: its windows, status bar, tabs and sizes; the program's file; the About dialog.
+// The frame: its windows, status bar, tabs and sizes; the program's file.
 
 #include <windows.h>
 
@@ -337,32 +337,4 @@ TEST(ProgramFile, ContainsVersionManifestIconAndPictures) {
     EXPECT_EQ(header->biWidth, 24 * 16);
     EXPECT_EQ(header->biHeight, 16);
     FreeLibrary(program);
-}
-
-TEST(About, ShowsIconAndVersionUntilItIsClosed) {
-    const Program program = StartProgram(FolderWithScripture());
-    for (const char* key : {"Enter", "Esc"}) {
-        Command(program, IDM_ABOUT);
-        const HWND dialog = WaitForDialog(program, "About Versewell97");
-        EXPECT_THAT(ButtonsOf(dialog), ElementsAre("OK"));
-        std::vector<std::string> lines;
-        bool hasIcon = false;
-        for (const HWND child : ChildrenOf(dialog)) {
-            if (ClassOf(child) != "Static") continue;
-            if ((GetWindowLongA(child, GWL_STYLE) & SS_TYPEMASK) == SS_ICON)
-                hasIcon = SendMessageA(child, STM_GETICON, 0, 0) != 0;
-            else
-                lines.push_back(TextOf(child));
-        }
-        EXPECT_TRUE(hasIcon);
-        EXPECT_THAT(lines, ElementsAre("Versewell97 v3.2"));
-        const RECT frame = RectOnScreen(program.frame);
-        const RECT place = RectOnScreen(dialog);
-        const LONG height = static_cast<LONG>((frame.bottom - frame.top) * 0.9);
-        EXPECT_EQ(place.left, frame.left + (frame.right - frame.left - (place.right - place.left)) / 2);
-        EXPECT_EQ(place.top, frame.top + (height - (place.bottom - place.top)) / 2);
-        SavePicture(PictureOfWindow(dialog), "about");
-        Press(program, key);
-        WaitForNoDialog(program);
-    }
 }
