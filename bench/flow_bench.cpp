@@ -45,14 +45,14 @@ static PassageFlow FlowOfPane() {
 static int WalkAsPaint(const PassageFlow& flow, PassageView& view) {
     int boxes = 0;
     view.TopVerse = flow.topVerse;
-    view.LastVisibleVerse = WalkPassage(flow, FlowFaces::kAsPainted, [&boxes](const FlowBox&) { return ++boxes > 0; });
+    view.LastVisibleVerse = WalkPassage(flow, [&boxes](const FlowBox&) { return ++boxes > 0; });
     CorrectLastVisible(view);
     return boxes;
 }
 
 static void WidthFloor(benchmark::State& state) {
     const PassageFlow flow = FlowOfPane();
-    const int last = WalkPassage(flow, FlowFaces::kAsMeasured, nullptr);
+    const int last = WalkPassage(flow, nullptr);
     for (auto _ : state) {
         int sum = 0;
         for (int verse = flow.topVerse; verse <= last; ++verse)

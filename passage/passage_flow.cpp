@@ -38,10 +38,6 @@ struct PassageWalk : FlowWalk {
 
 }  // namespace
 
-static BracketUse BracketsOf(const ReadingOptions& options, FlowFaces faces) {
-    return BracketsOf(options, faces == FlowFaces::kAsPainted ? BracketUse::kItalicFace : BracketUse::kDropped);
-}
-
 static bool IsPastBottom(const PassageWalk& walk) {
     return walk.line.y >= walk.flow.height;
 }
@@ -148,16 +144,17 @@ static int WalkFrom(PassageWalk& walk) {
     return lastVerse;
 }
 
-static int Walk(const PassageFlow& flow, FlowFaces faces, const FlowVisitor& visit, KnownWidths* known) {
+static int Walk(const PassageFlow& flow, const FlowVisitor& visit, KnownWidths* known) {
     PassageFlow clamped = flow;
     clamped.topVerse = ClampVerse(flow.topVerse);
-    PassageWalk walk{BeginFlow(flow.measure, visit, flow.width, BracketsOf(flow.options, faces)), clamped, known};
+    const BracketUse brackets = BracketsOf(flow.options, BracketUse::kItalicFace);
+    PassageWalk walk{BeginFlow(flow.measure, visit, flow.width, brackets), clamped, known};
     walk.reader.italicsFromWordStart = true;
     return WalkFrom(walk);
 }
 
-int WalkPassage(const PassageFlow& flow, FlowFaces faces, const FlowVisitor& visit) {
-    return Walk(flow, faces, visit, nullptr);
+int WalkPassage(const PassageFlow& flow, const FlowVisitor& visit) {
+    return Walk(flow, visit, nullptr);
 }
 
 // ---- Hit test -------------------------------------------------------------------------------------------------------
@@ -166,12 +163,14 @@ namespace {
 
 // A point to find. It is compared with the boxes in layout order.
 struct PassageTarget {
+    const TextMeasure& measure;
     int x = 0, y = 0;
     int lineHeight = 0;
     bool versePerLine = false;
     SelectionPoint found{};
     SelectionPoint lastPoint{};  // of the box compared last
     int lastY = 0;
+    int end = kLeftMargin;  // of that box, if all words on its line have the regular face
 };
 
 }  // namespace
@@ -180,15 +179,25 @@ static bool IsOnLine(const PassageTarget& target, int lineY) {
     return target.y >= lineY && target.y < lineY + target.lineHeight;
 }
 
+static int RegularWidth(const PassageTarget& target, const FlowBox& box) {
+    if (box.face != Face::kItalic) return box.width;
+    return target.measure.width(target.measure.device, Face::kRegular, box.text);
+}
+
+static int RegularEnd(const PassageTarget& target, const FlowBox& box) {
+    const bool isFirst = box.y > target.lastY;
+    return (isFirst ? box.x : target.end) + RegularWidth(target, box);
+}
+
 // A label also takes points above it, in the blank lines and the heading before its verse.
 static bool LabelHas(const PassageTarget& target, const FlowBox& label) {
-    return target.y < label.y || (IsOnLine(target, label.y) && target.x <= label.x + label.width);
+    return target.y < label.y || (IsOnLine(target, label.y) && target.x <= target.end);
 }
 
 // Points left of the word on its line need no check: earlier boxes have taken them.
 static bool WordHas(const PassageTarget& target, const FlowBox& word) {
     const bool takesRest = word.endsItem && target.versePerLine;
-    return IsOnLine(target, word.y) && (target.x <= word.x + word.width || takesRest);
+    return IsOnLine(target, word.y) && (target.x <= target.end || takesRest);
 }
 
 // Returns true until the point is found.
@@ -196,6 +205,7 @@ static bool CompareBox(PassageTarget& target, const FlowBox& box) {
     if (box.kind == BoxKind::kHeading) return true;
     const bool isLabel = box.kind == BoxKind::kLabel;
     const bool brokeLine = !isLabel && box.y > target.lastY;
+    target.end = RegularEnd(target, box);
     if (brokeLine && IsOnLine(target, target.lastY)) {
         target.found = target.lastPoint;
     } else if (isLabel ? LabelHas(target, box) : WordHas(target, box)) {
@@ -207,9 +217,9 @@ static bool CompareBox(PassageTarget& target, const FlowBox& box) {
 }
 
 SelectionPoint HitTestPassage(const PassageFlow& flow, int x, int y) {
-    PassageTarget target{std::max(x, 0), std::clamp(y, 0, std::max(0, flow.height - 1)), LineHeightOf(flow.measure),
-                         flow.options.ParagraphFormat == 0};
-    WalkPassage(flow, FlowFaces::kAsMeasured, [&target](const FlowBox& box) { return CompareBox(target, box); });
+    PassageTarget target{flow.measure, std::max(x, 0), std::clamp(y, 0, std::max(0, flow.height - 1)),
+                         LineHeightOf(flow.measure), flow.options.ParagraphFormat == 0};
+    WalkPassage(flow, [&target](const FlowBox& box) { return CompareBox(target, box); });
     return target.found;
 }
 
@@ -221,7 +231,7 @@ int ScrolledTop(const PassageFlow& flow, const PassageView& view, ScrollCode cod
     KnownWidths known;
     const auto lastVisibleFrom = [&trial, &known](int top) {
         trial.topVerse = top;
-        const int lastVerse = Walk(trial, FlowFaces::kAsMeasured, nullptr, &known);
+        const int lastVerse = Walk(trial, nullptr, &known);
         return CorrectedLastVisible({top, lastVerse, kLastVerse});
     };
     return ScrolledTo({view.TopVerse, view.LastVisibleVerse, kLastVerse}, code, thumb, lastVisibleFrom);

@@ -1,11 +1,10 @@
 // The Passage's position and layout: labels, chapter headings and words, placed from the top verse until the pane is
 // full.
 //
-// Painting, measuring and hit testing use the same walk. The only intended difference is `FlowFaces`: painting uses the
-// italic face for italic words and the regular face for a punctuation mark after them; measuring and hit testing use
-// the regular face for everything. Word ordinals are the same in both: 0 is the verse's label, 1 its first word. Line
-// breaks differ only if italic words are narrower or wider than regular ones; a word is never separated from the mark
-// after it.
+// Painting, measuring and hit testing use the same walk, so they break lines at the same words. Italic words are as
+// wide as the italic face shows them, and a punctuation mark after them has the regular face; a word is never separated
+// from the mark after it. Only within a line does the hit test differ on purpose: it takes every word to be as wide as
+// in the regular face. Word ordinals: 0 is the verse's label, 1 its first word.
 #pragma once
 
 #include "notes/note_sets.h"
@@ -28,8 +27,6 @@ void CorrectLastVisible(PassageView& view);
 // selection is visible, otherwise the top verse.
 int TargetVerse(const PassageView& view, const Selection& selection, bool passageHasFocus);
 
-enum class FlowFaces { kAsPainted, kAsMeasured };
-
 struct PassageFlow {
     const Scripture* scripture = nullptr;
     const NoteFiles* noteFiles = nullptr;
@@ -43,7 +40,7 @@ struct PassageFlow {
 
 // Visits the boxes from the top verse on; an empty visitor is not called. Returns the last verse with any text laid
 // out, not yet corrected. Without a scripture there are no boxes.
-int WalkPassage(const PassageFlow& flow, FlowFaces faces, const FlowVisitor& visit);
+int WalkPassage(const PassageFlow& flow, const FlowVisitor& visit);
 
 // Verse and word ordinal at a point of the client area; (-1, -1) below the last line. A point outside the area is moved
 // to its edge.

@@ -39,13 +39,13 @@ struct PassageFlowTest : testing::Test {
     void SetUp() override { OpenPane(pane, kVerses); }
 };
 
-static std::vector<std::string> Boxes(const PassageFlow& flow, FlowFaces faces = FlowFaces::kAsPainted) {
+static std::vector<std::string> Boxes(const PassageFlow& flow) {
     std::vector<std::string> boxes;
-    WalkPassage(flow, faces, [&boxes](const FlowBox& box) {
+    WalkPassage(flow, [&boxes, &flow](const FlowBox& box) {
         std::string text = std::to_string(box.x) + "," + std::to_string(box.y);
         boxes.push_back(text.append(box.face == Face::kItalic ? "/" : " ").append(box.text));
         EXPECT_EQ(box.face == Face::kBold, box.kind != BoxKind::kWord);
-        EXPECT_EQ(box.width, 10 * static_cast<int>(box.text.size()));
+        EXPECT_EQ(box.width, flow.measure.width(flow.measure.device, box.face, box.text));
         return true;
     });
     return boxes;
@@ -138,7 +138,7 @@ TEST(PassageLabels, DependOnPositionNoteAndParagraph) {
         pane.flow.noteFiles = &pane.noteFiles;
         pane.flow.options.ParagraphFormat = row.paragraphs;
         Strings labels;
-        WalkPassage(pane.flow, FlowFaces::kAsPainted, [&labels](const FlowBox& box) {
+        WalkPassage(pane.flow, [&labels](const FlowBox& box) {
             if (box.kind == BoxKind::kLabel) labels.emplace_back(box.text);
             return true;
         });
@@ -198,7 +198,6 @@ TEST(PassageWrapping, WordIsNotSeparatedFromItsPunctuation) {
 
 struct ItalicsRow {
     int italics;
-    FlowFaces faces;
     Strings words;
 };
 
@@ -210,58 +209,46 @@ TEST(PassageItalics, FollowTheirMode) {
     const Strings dropped = {"81,0 (", "91,0 is", "111,0  ", "121,0 of", "141,0 : ", "161,0 it", "181,0  "};
     const Strings shown = {"81,0 ([is] ", "141,0 [of]: ", "201,0 [it] "};
     const ItalicsRow rows[] = {
-        {0, FlowFaces::kAsPainted, {"81,0/(", "91,0/is", "111,0  ", "121,0/of", "141,0 : ", "161,0/it", "181,0  "}},
-        {0, FlowFaces::kAsMeasured, dropped},
-        {1, FlowFaces::kAsPainted, shown},
-        {1, FlowFaces::kAsMeasured, shown},
-        {2, FlowFaces::kAsPainted, dropped},
-        {2, FlowFaces::kAsMeasured, dropped},
-        {3, FlowFaces::kAsPainted, dropped},  // invalid settings
-        {-1, FlowFaces::kAsPainted, dropped},
+        {0, {"81,0/(", "91,0/is", "111,0  ", "121,0/of", "141,0 : ", "161,0/it", "181,0  "}},
+        {1, shown},
+        {2, dropped},
+        {3, dropped},  // invalid settings
+        {-1, dropped},
     };
     for (const ItalicsRow& row : rows) {
         pane.flow.options.Italics = static_cast<std::int8_t>(row.italics);
-        Strings words = Boxes(pane.flow, row.faces);
+        Strings words = Boxes(pane.flow);
         words.erase(words.begin());  // the label
         EXPECT_EQ(words, row.words) << "italics " << row.italics;
     }
 }
 
-static TextMeasure NarrowItalics() {
-    TextMeasure measure = EvenLetters();
-    measure.width = [](void*, Face face, std::string_view text) {
-        return (face == Face::kItalic ? 6 : 10) * static_cast<int>(text.size());
-    };
-    return measure;
-}
-
-static std::vector<SelectionPoint> Points(const PassageFlow& flow, FlowFaces faces) {
+static std::vector<SelectionPoint> Points(const PassageFlow& flow) {
     std::vector<SelectionPoint> points;
-    WalkPassage(flow, faces, [&points](const FlowBox& box) {
+    WalkPassage(flow, [&points](const FlowBox& box) {
         if (points.empty() || points.back() != box.point) points.push_back(box.point);
         return true;
     });
     return points;
 }
 
-TEST(PassageItalics, NarrowFacesWrapLaterButCountTheSame) {
-    const HandMadeVerse verses[] = {{1, 1, 1, "a [bbbb, cccc]: dddd"}, {1, 1, 2, "e [f]"}};
-    Pane pane;
-    OpenPane(pane, verses);
-    pane.flow.measure = NarrowItalics();
-    int paintedLine = -1, measuredLine = -1;
-    WalkPassage(pane.flow, FlowFaces::kAsPainted, [&](const FlowBox& box) {
-        if (box.text == "cccc") paintedLine = box.y;
-        return true;
-    });
-    WalkPassage(pane.flow, FlowFaces::kAsMeasured, [&](const FlowBox& box) {
-        if (box.text == "cccc") measuredLine = box.y;
-        return true;
-    });
-    EXPECT_EQ(paintedLine, 0);
-    EXPECT_EQ(measuredLine, 20);
-    EXPECT_EQ(Points(pane.flow, FlowFaces::kAsPainted), Points(pane.flow, FlowFaces::kAsMeasured));
-    EXPECT_EQ(Points(pane.flow, FlowFaces::kAsPainted).size(), 5u + 3u);
+struct ItalicWidthRow {
+    TextMeasure measure;
+    Strings boxes;
+};
+
+TEST(PassageItalics, BreakLinesByTheWidthsOfTheirFace) {
+    const HandMadeVerse verses[] = {{1, 1, 1, "a [bbbb, cccc]: dddd"}};
+    const ItalicWidthRow rows[] = {
+        {ItalicLetters<6>(), {"1,0  Ge 1:1 ", "81,0 a ", "101,0/bbbb, ", "137,0/cccc", "161,0 : ", "1,20 dddd "}},
+        {ItalicLetters<14>(), {"1,0  Ge 1:1 ", "81,0 a ", "101,0/bbbb, ", "1,20/cccc", "57,20 : ", "77,20 dddd "}},
+    };
+    for (const ItalicWidthRow& row : rows) {
+        Pane pane;
+        OpenPane(pane, verses);
+        pane.flow.measure = row.measure;
+        EXPECT_EQ(Boxes(pane.flow), row.boxes);
+    }
 }
 
 TEST(PassageVerses, RecordWithTheSameVerseNumberContinuesTheVerse) {
@@ -270,13 +257,12 @@ TEST(PassageVerses, RecordWithTheSameVerseNumberContinuesTheVerse) {
     OpenPane(pane, verses);
     EXPECT_EQ(Boxes(pane.flow),
               (Strings{"1,0  Ge 1:1 ", "81,0 one ", "121,0 two ", "1,20 three ", "1,40  2 ", "31,40 four "}));
-    EXPECT_EQ(Points(pane.flow, FlowFaces::kAsPainted),
-              (std::vector<SelectionPoint>{{0, 0}, {0, 1}, {0, 2}, {1, 3}, {2, 0}, {2, 1}}));
+    EXPECT_EQ(Points(pane.flow), (std::vector<SelectionPoint>{{0, 0}, {0, 1}, {0, 2}, {1, 3}, {2, 0}, {2, 1}}));
 }
 
 TEST_F(PassageFlowTest, HeadingsBelongToTheLabelBelowThem) {
     SelectionPoint heading;
-    WalkPassage(flow, FlowFaces::kAsPainted, [&heading](const FlowBox& box) {
+    WalkPassage(flow, [&heading](const FlowBox& box) {
         if (box.kind != BoxKind::kHeading) return true;
         heading = box.point;
         return false;
@@ -286,7 +272,7 @@ TEST_F(PassageFlowTest, HeadingsBelongToTheLabelBelowThem) {
 
 TEST_F(PassageFlowTest, OnlyTheLastBoxEndsItsVerse) {
     Strings last;
-    WalkPassage(flow, FlowFaces::kAsPainted, [&last](const FlowBox& box) {
+    WalkPassage(flow, [&last](const FlowBox& box) {
         if (box.endsItem) last.emplace_back(box.text);
         return true;
     });
@@ -296,7 +282,7 @@ TEST_F(PassageFlowTest, OnlyTheLastBoxEndsItsVerse) {
 TEST_F(PassageFlowTest, VisitorCanStopTheWalk) {
     for (const char* where : {" Ge 1:1 ", "One ", "was", "Genesis chapter 2", " 1 "}) {
         Strings seen;
-        WalkPassage(flow, FlowFaces::kAsPainted, [&](const FlowBox& box) {
+        WalkPassage(flow, [&](const FlowBox& box) {
             seen.emplace_back(box.text);
             return box.text != where;
         });
@@ -316,8 +302,7 @@ TEST_F(PassageFlowTest, LastVisibleVerseHasABoxInThePane) {
     };
     for (const Row& row : rows) {
         flow.height = row.height;
-        for (const FlowFaces faces : {FlowFaces::kAsPainted, FlowFaces::kAsMeasured})
-            EXPECT_EQ(WalkPassage(flow, faces, nullptr), row.last) << row.height;
+        EXPECT_EQ(WalkPassage(flow, nullptr), row.last) << row.height;
     }
 }
 
@@ -349,7 +334,7 @@ TEST(PassageFailures, EmptyScriptureHasNoBoxes) {
         pane.flow.topVerse = top;
         EXPECT_TRUE(Boxes(pane.flow).empty());
         EXPECT_EQ(HitTestPassage(pane.flow, 5, 5), SelectionPoint{});
-        EXPECT_EQ(WalkPassage(pane.flow, FlowFaces::kAsPainted, nullptr), top);
+        EXPECT_EQ(WalkPassage(pane.flow, nullptr), top);
         PassageView view = {top, top};
         CorrectLastVisible(view);
         EXPECT_EQ(ScrolledTop(pane.flow, view, ScrollCode::kPageUp, 0), std::max(0, top - 1));
@@ -360,12 +345,14 @@ TEST(PassageFailures, DamagedTextsAreLaidOut) {
     const std::string longWord(3000, 'x');
     const HandMadeVerse verses[] = {
         {1, 1, 1, ""}, {1, 1, 2, longWord}, {1, 1, 3, "][ [] ]x[ ]"}, {1, 1, 4, "[a\xB6]"}, {255, 255, 255, "so"}};
-    for (const int italics : {0, 1, 2}) {
+    std::vector<SelectionPoint> points;
+    for (const int italics : {2, 1, 0}) {
         Pane pane;
         OpenPane(pane, verses);
         pane.flow.options.Italics = static_cast<std::int8_t>(italics);
-        EXPECT_EQ(Points(pane.flow, FlowFaces::kAsPainted), Points(pane.flow, FlowFaces::kAsMeasured));
-        EXPECT_EQ(WalkPassage(pane.flow, FlowFaces::kAsPainted, nullptr), 4);
+        if (points.empty()) points = Points(pane.flow);
+        EXPECT_EQ(Points(pane.flow), points) << "words count the same in every mode";
+        EXPECT_EQ(WalkPassage(pane.flow, nullptr), 4);
     }
 }
 
@@ -374,7 +361,7 @@ TEST(PassageFailures, ZeroLineHeightDoesNotHang) {
     OpenPane(pane, kVerses);
     pane.flow.measure.lineHeight = [](void*) { return 0; };
     pane.flow.height = 3;
-    EXPECT_GT(WalkPassage(pane.flow, FlowFaces::kAsPainted, nullptr), 0);
+    EXPECT_GT(WalkPassage(pane.flow, nullptr), 0);
     EXPECT_EQ(HitTestPassage(pane.flow, 5, 0), (SelectionPoint{0, 0}));
 }
 
@@ -395,7 +382,7 @@ TEST(PassageFailures, AVerseThatStartsLikeAnotherIsMeasuredByItself) {
     OpenPane(pane, {});
     pane.scripture = ScriptureOf(files);
     pane.flow.height = 100;
-    ASSERT_EQ(WalkPassage(pane.flow, FlowFaces::kAsMeasured, nullptr), 2);  // a line, three lines, a line
+    ASSERT_EQ(WalkPassage(pane.flow, nullptr), 2);  // a line, three lines, a line
     pane.flow.topVerse = 2;
     EXPECT_EQ(ScrolledTop(pane.flow, {2, 2}, ScrollCode::kPageUp, 0), 0);
 }

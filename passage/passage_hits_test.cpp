@@ -16,13 +16,13 @@ struct HitRow {
     SelectionPoint point;
 };
 
-static void ExpectHits(std::span<const HandMadeVerse> verses, bool paragraphs, int width,
-                       std::span<const HitRow> rows) {
+static void ExpectHits(std::span<const HandMadeVerse> verses, bool paragraphs, int width, std::span<const HitRow> rows,
+                       const TextMeasure& measure = EvenLetters()) {
     const HandMadeFiles files = MakeFiles(verses);
     const Scripture scripture = ScriptureOf(files);
     PassageFlow flow;
     flow.scripture = &scripture;
-    flow.measure = EvenLetters();
+    flow.measure = measure;
     flow.options.ParagraphFormat = paragraphs;
     flow.width = width;
     flow.height = 300;
@@ -106,6 +106,34 @@ TEST(PassageHitTest, LabelCanBeTheLastBoxOfALine) {
     const HandMadeVerse verses[] = {{1, 1, 1, "incomprehensible"}};
     const HitRow rows[] = {{81, 5, {0, 0}}, {82, 5, {0, 0}}, {119, 5, {0, 0}}, {5, 25, {0, 1}}};
     ExpectHits(verses, false, 120, rows);
+}
+
+// The lines are those of the paint; on a line, italic words end where they would in the regular face.
+TEST(PassageHitTest, LinesBreakWhereNarrowItalicsDo) {
+    const HandMadeVerse verses[] = {{1, 1, 1, "a [bbbb, cccc]: dddd"}, {1, 1, 2, "[e] f"}};
+    const HitRow rows[] = {
+        {101, 0, {0, 1}}, {102, 0, {0, 2}},   // painted from 101 to 137
+        {161, 0, {0, 2}}, {162, 0, {0, 3}},   // "cccc: " is painted to 181, and ends at 221 in the regular face
+        {221, 0, {0, 3}}, {222, 0, {0, 3}},   //
+        {0, 20, {0, 4}},  {199, 20, {0, 4}},  //
+        {31, 40, {1, 0}}, {51, 40, {1, 1}},   //
+        {52, 40, {1, 2}}, {0, 60, {-1, -1}},
+    };
+    ExpectHits(verses, false, 200, rows, ItalicLetters<6>());
+}
+
+TEST(PassageHitTest, LinesBreakWhereWideItalicsDo) {
+    const HandMadeVerse verses[] = {{1, 1, 1, "a [bbbb, cc]: dddd"}, {1, 1, 2, "[e] f"}};
+    const HitRow rows[] = {
+        {91, 0, {0, 1}},   {92, 0, {0, 2}},    // "bbbb, " is painted to 175, which leaves no room for "cc: "
+        {151, 0, {0, 2}},  {152, 0, {0, 2}},   //
+        {0, 20, {0, 3}},   {41, 20, {0, 3}},   // painted to 49
+        {42, 20, {0, 4}},  {91, 20, {0, 4}},   //
+        {92, 20, {1, 0}},  {111, 20, {1, 0}},  // the label of the next verse, painted from 99
+        {112, 20, {1, 1}}, {131, 20, {1, 1}},  //
+        {132, 20, {1, 2}},
+    };
+    ExpectHits(verses, true, 200, rows, ItalicLetters<14>());
 }
 
 TEST(PassageHitTest, LastLineExtendsToTheEdge) {

@@ -66,8 +66,7 @@ static void ShowPosition() {
 
 static void LayOutText(const RECT& client) {
     ShowPosition();
-    thePassage.view.LastVisibleVerse =
-        WalkPassage(FlowOf(client), FlowFaces::kAsPainted, RunsVisitor(thePassage, kPassageOwns));
+    thePassage.view.LastVisibleVerse = WalkPassage(FlowOf(client), RunsVisitor(thePassage, kPassageOwns));
     CorrectLastVisible(thePassage.view);
 }
 

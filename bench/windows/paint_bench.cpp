@@ -93,7 +93,7 @@ static PassageFlow FlowAt(Bench& bench, const PaintPlace& place, const Mode& mod
 }
 
 static void LayOut(Bench& bench, const PassageFlow& flow) {
-    WalkPassage(flow, FlowFaces::kAsPainted, [&bench](const FlowBox& box) {
+    WalkPassage(flow, [&bench](const FlowBox& box) {
         AddText(bench.runs, bench.faces, box.face, TextColor::kNormal, box.x, box.y, box.width, box.text);
         return true;
     });
@@ -108,7 +108,7 @@ static void Paint(Bench& bench, const PassageFlow& flow) {
 
 static std::vector<PlacedWord> WordsOf(const PassageFlow& flow) {
     std::vector<PlacedWord> words;
-    WalkPassage(flow, FlowFaces::kAsPainted, [&words](const FlowBox& box) {
+    WalkPassage(flow, [&words](const FlowBox& box) {
         words.push_back({box.face, box.x, box.y, std::string(box.text)});
         return true;
     });
@@ -160,8 +160,7 @@ static void ComparePaints(Bench& bench, const Mode& mode) {
 // The walk of a paint with a visitor that only counts, and the view that a paint leaves.
 static PassageView WalkAsPaint(const PassageFlow& flow) {
     int boxes = 0;
-    PassageView view{flow.topVerse,
-                     WalkPassage(flow, FlowFaces::kAsPainted, [&boxes](const FlowBox&) { return ++boxes > 0; })};
+    PassageView view{flow.topVerse, WalkPassage(flow, [&boxes](const FlowBox&) { return ++boxes > 0; })};
     CorrectLastVisible(view);
     return view;
 }

@@ -133,7 +133,7 @@ static int PagedUpByHand(PassageFlow flow, const PassageView& view) {
     const auto lastVisibleFrom = [&flow](int top) {
         flow.topVerse = top;
         PassageView measured;
-        measured = {top, WalkPassage(flow, FlowFaces::kAsMeasured, nullptr)};
+        measured = {top, WalkPassage(flow, nullptr)};
         CorrectLastVisible(measured);
         return measured.LastVisibleVerse;
     };
@@ -150,7 +150,7 @@ static void CheckScrolling(const PassageFlow& flow, const PassageView& view) {
 
 static void CheckPassage(const PassageFlow& flow) {
     int lastY = 0;
-    const int lastVerse = WalkPassage(flow, FlowFaces::kAsPainted, [&](const FlowBox& box) {
+    const int lastVerse = WalkPassage(flow, [&](const FlowBox& box) {
         Expect(IsVerse(box.point.place) && box.point.place >= flow.topVerse, "a box is of a verse from the top on");
         Expect(box.y >= lastY && box.width >= 0, "boxes stand under each other");
         lastY = box.y;
