@@ -104,16 +104,9 @@ static std::vector<MenuRow> BookRows() {
     return rows;
 }
 
-// The verse of the selection's anchor. A bookmark is set to the first selected verse instead, which may be another one.
-static std::string ReferenceInMenu() {
-    const PassageView& view = thePassage.view;
-    const int verse = AnchorPlace(theSelection, kPassageOwns, view.TopVerse, view.LastVisibleVerse);
-    return ReferenceText(theScripture.records, verse, BookForm::kAbbreviation);
-}
-
 static std::vector<MenuRow> Rows() {
     const HWND frame = FrameOf(thePassage.window);
-    const std::string verse = ReferenceInMenu();
+    const std::string verse = ReferenceText(theScripture.records, PassageTargetVerse(), BookForm::kAbbreviation);
     const bool noSelection = theSelection.SelectionOwner != kPassageOwns;
     const bool editing = IsEditingNote();
     return {

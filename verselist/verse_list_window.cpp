@@ -154,6 +154,7 @@ static bool HasChosenReference() {
 }
 
 int VerseListTargetVerse() {
+    if (theVerseList.verseOfRow != kNoVerse) return theVerseList.verseOfRow;
     if (HasChosenReference()) return VerseOfEntry(LineOfReferenceList());
     return VerseOfEntry(TargetEntry(theVerseList.list, theSelection, GetFocus() == theVerseList.window));
 }
@@ -242,13 +243,20 @@ static std::vector<MenuRow> Rows(const std::string& verse) {
 }
 
 static void OpenMenu(POINT onScreen) {
-    const VerseList& list = theVerseList.list;
-    const int entry = CurrentEntry(list, theSelection);
-    if (entry < 0) return;
-    const int verse = list.ListEntries[static_cast<std::size_t>(entry)];
+    const int verse = VerseListCurrentVerse();
+    if (verse == kNoVerse) return;
     OpenPopupMenu(theVerseList.window, onScreen,
                   Rows(ReferenceText(theScripture.records, verse, BookForm::kAbbreviation)));
 }
+
+// By their keys, the same commands take the first selected entry, which after a drag upwards is not the one that the
+// rows name.
+static void SendForRow(int command) {
+    theVerseList.verseOfRow = VerseListCurrentVerse();
+    SendCommand(FrameOf(theVerseList.window), command);
+    theVerseList.verseOfRow = kNoVerse;
+}
+
 // ---- The window -----------------------------------------------------------------------------------------------------
 
 static void OnCreate(HWND) {
@@ -270,10 +278,10 @@ static void OnCommand(int command) {
     switch (command) {
         case IDM_DELETE_ENTRY: DeleteCurrentEntry(); break;
         case IDM_CONTEXT:
+        case IDM_NOTE_FOR_LIST: SendForRow(command); break;
         case IDM_COPY_VERSE_LIST:
         case IDM_SAVE_VERSE_LIST:
-        case IDM_PRINT_VERSE_LIST:
-        case IDM_NOTE_FOR_LIST: SendCommand(FrameOf(theVerseList.window), command); break;
+        case IDM_PRINT_VERSE_LIST: SendCommand(FrameOf(theVerseList.window), command); break;
     }
 }
 

@@ -15,7 +15,8 @@ struct VerseListPane : ReadingPane {
     WNDPROC referencesWideProcedure = nullptr;  // the same procedure, called with wide text
     std::optional<BookForm> awaitedLines;       // set until the list box is filled: form of its lines
     VerseList list;
-    Query query;  // the search that filled the list; empty for cross-references
+    Query query;                // the search that filled the list; empty for cross-references
+    int verseOfRow = kNoVerse;  // named by the context menu's row whose command is running; kNoVerse: none is
 };
 extern VerseListPane theVerseList;
 
@@ -46,11 +47,12 @@ void FocusVerseList();
 void RedisplayVerseList();
 void SetVerseListFont(const FontChoice& choice);
 
-// Verse that commands of the frame act on. If the Reference List is shown and a line is selected, the verse of the line
-// with the caret. Otherwise the verse of the first selected entry if the Verse List has the focus and all of its
-// selection is visible, else that of the top entry. -1 in an empty list.
+// Verse that commands of the frame act on. For a row of the pane's context menu, the verse that the row names.
+// Otherwise, if the Reference List is shown and a line is selected, the verse of the line with the caret. Otherwise the
+// verse of the first selected entry if the Verse List has the focus and all of its selection is visible, else that of
+// the top entry. -1 in an empty list.
 int VerseListTargetVerse();
 
-// Verse that Read Context acts on: that of the current entry or, if the Reference List is shown, of its line with the
-// caret. -1 in an empty list.
+// Verse that Enter acts on and that the rows of the context menu name: that of the current entry or, if the Reference
+// List is shown, of its line with the caret. -1 in an empty list.
 int VerseListCurrentVerse();

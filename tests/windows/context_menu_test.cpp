@@ -8,14 +8,12 @@
 #include "resources/ids.h"
 #include "tests/windows/menu_steps.h"
 #include "tests/windows/note_set_files.h"
-#include "tests/windows/painted_lines.h"
 #include "tests/windows/passage_pane.h"
 #include "tests/windows/search_steps.h"
 
 using testing::Contains;
 using testing::ElementsAre;
 using testing::ElementsAreArray;
-using testing::IsSupersetOf;
 using testing::SizeIs;
 using testing::StartsWith;
 
@@ -30,16 +28,6 @@ static Program ProgramAt(int verse) {
 static std::vector<std::string> RowsAfterRightClick(const Program& program, HWND pane) {
     Click(program, pane, kMiddle, MouseButton::Right);
     return Described(OpenMenuLines(program));
-}
-
-// Saves a picture of the screen area of the program, because the menu is a separate window that may extend beyond it.
-static void KeepPictureOfMenu(const Program& program, const std::string& name) {
-    RECT area = RectOnScreen(program.frame);
-    for (const HWND window : TopLevelWindows(program)) {
-        const RECT place = RectOnScreen(window);
-        UnionRect(&area, &area, &place);
-    }
-    SavePicture(PictureOfScreen(area), name);
 }
 
 // ---- Keys -----------------------------------------------------------------------------------------------------------
@@ -214,66 +202,8 @@ TEST(NoteMenu, OpensByARightDoubleClickToo) {
     EXPECT_FALSE(IsTicked(program, IDM_BIND_NOTES));
 }
 
-// ---- Selections -----------------------------------------------------------------------------------------------------
-
-static constexpr int kWept = 26558;  // John 11:35, which fits on one line
-
-static POINT InLine(int line) {
-    const int height = LineHeightOf();
-    return {100, line * height + height / 2};
-}
-
-TEST(PassageMenu, UsesTheVerseWhereTheSelectionBegan) {
-    Program program = ProgramAt(kWept);
-    const HWND pane = PassageOf(program);
-    Command(program, IDM_FOCUS_PASSAGE);
-    Drag(program, pane, InLine(1), InLine(0));
-    std::vector<std::string> rows = RowsAfterRightClick(program, pane);
-    EXPECT_THAT(rows,
-                IsSupersetOf({"162 Copy Selected Text\tCtrl+C", "> Set a Bookmark to Joh 11:36",
-                              "174 Go to Note for Joh 11:36\tF10", "105 Word Search with Selected Text...",
-                              "106 Phrase Search with Selected Text...", "177 Search Notes with Selected Text..."}));
-    KeepPictureOfMenu(program, "passage-menu-selection");
-    ChooseRow(program, "Set a Bookmark", "Set 1");
-    EXPECT_EQ(MenuText(program, IDM_GOTO_BOOKMARK), "John 11:35\tCtrl+1") << "not the first selected verse";
-
-    Press(program, "Menu");
-    SetClipboardText("before");
-    ChooseRow(program, "Copy Selected Text");
-    EXPECT_THAT(ClipboardText(), StartsWith("Jesus wept. \r\n 36 Then "));
-    Press(program, "Menu");
-    ChooseRow(program, "Word Search with Selected Text...");
-    EXPECT_THAT(TextOf(WaitForDialog(program, "Word Search"), IDC_SEARCH_TEXT), StartsWith("Jesus wept   Then "));
-}
-
-TEST(PassageMenu, UsesTheTopVerseWhenTheSelectionIsNotFullyVisible) {
-    Program program = ProgramAt(kWept);
-    const HWND pane = PassageOf(program);
-    Command(program, IDM_FOCUS_PASSAGE);
-    Drag(program, pane, InLine(0), InLine(1));
-    Press(program, "Down");
-    EXPECT_THAT(RowsAfterRightClick(program, pane),
-                IsSupersetOf({"162 Copy Selected Text\tCtrl+C", "174 Go to Note for Joh 11:36\tF10"}));
-    LeaveMenu(program);
-}
-
-TEST(VerseListMenu, UsesTheEntryWhereTheSelectionBegan) {
-    Program program = StartProgram(FolderWithScripture());
-    SearchFor(program, {"grace"});
-    const HWND pane = VerseListOf(program);
-    Drag(program, pane, InLine(3), InLine(0));
-    EXPECT_THAT(RowsAfterRightClick(program, pane),
-                IsSupersetOf({"162 Copy Selected Text\tCtrl+C", "108 Read Context of Ge 19:19\tEnter",
-                              "187 Delete Ge 19:19 From List\tDelete", "175 Go to Note (Ge 19:19)\tF10",
-                              "105 Word Search with Selected Text...", "106 Phrase Search with Selected Text...",
-                              "177 Search Notes with Selected Text..."}));
-    ChooseRow(program, "Delete Ge 19:19 From List");
-    EXPECT_EQ(ListStrings(ReferenceListOf(program))[1], "Genesis 32:5");
-    Press(program, "Menu");
-    EXPECT_THAT(Described(OpenMenuLines(program)),
-                IsSupersetOf({"162 Copy Selected Text\tCtrl+C (greyed)", "187 Delete Ge 6:8 From List\tDelete"}));
-    LeaveMenu(program);
-}
+// ---- While a note is edited
+// -------------------------------------------------------------------------------------------
 
 static void ExpectRowsOfTheNote(const Program& program, const std::string& state) {
     EXPECT_THAT(RowsAfterRightClick(program, PassageOf(program)), Contains("174 Go to Note for Ge 1:1\tF10" + state));

@@ -69,3 +69,12 @@ void ChooseRow(const Program& program, std::string_view submenu, std::string_vie
     WalkDownTo(program, OpenMenuLines(program, place), line, 1);  // the submenu opens on its first row
     Press(program, "Enter");
 }
+
+void KeepPictureOfMenu(const Program& program, const std::string& name) {
+    RECT area = RectOnScreen(program.frame);
+    for (const HWND window : TopLevelWindows(program)) {
+        const RECT place = RectOnScreen(window);
+        UnionRect(&area, &area, &place);
+    }
+    SavePicture(PictureOfScreen(area), name);
+}

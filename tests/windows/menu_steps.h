@@ -27,3 +27,6 @@ int LineOf(const Program& program, int submenu, std::string_view text);
 // Chooses the item that begins with `text`, in the open menu or in one of its submenus, with the arrow keys and Enter.
 void ChooseRow(const Program& program, std::string_view text);
 void ChooseRow(const Program& program, std::string_view submenu, std::string_view text);
+
+// Saves a picture of the screen area of the program, because the menu is a separate window that may extend beyond it.
+void KeepPictureOfMenu(const Program& program, const std::string& name);
