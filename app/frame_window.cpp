@@ -29,7 +29,9 @@ static void OnDestroy(HWND) {
     PostQuitMessage(0);
 }
 
-static void OnCommand(HWND, int command, HWND, UINT) {
+// A greyed button can still be clicked, because it is in the indeterminate state and not in the disabled one.
+static void OnCommand(HWND, int command, HWND control, UINT) {
+    if (control == theFrame.toolbar && IsGreyedButton(command)) return;
     Dispatch(command);
 }
 

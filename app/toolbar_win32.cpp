@@ -63,6 +63,11 @@ HWND CreateToolbar(HWND frame) {
     return toolbar;
 }
 
+bool IsGreyedButton(int command) {
+    const auto state = SendMessageA(theFrame.toolbar, TB_GETSTATE, static_cast<WPARAM>(command), 0);
+    return state != -1 && (state & TBSTATE_INDETERMINATE) != 0;
+}
+
 static std::string TextOf(const ToolTip& tip) {
     const int verse = tip.verse ? tip.verse() : kNoVerse;
     if (verse == kNoVerse) return tip.text;

@@ -6,5 +6,8 @@
 // Creates the toolbar in `frame`, with buttons in their current states. Null if that fails.
 HWND CreateToolbar(HWND frame);
 
+// Is the button of `command` shown greyed? False if it has none.
+bool IsGreyedButton(int command);
+
 // Puts the text of a button's tool tip into `tip`; an empty text if it has none.
 void AnswerToolTip(NMTTDISPINFOA* tip);

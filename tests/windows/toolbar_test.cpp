@@ -12,6 +12,7 @@
 #include "resources/ids.h"
 #include "tests/driver/driver.h"
 #include "tests/driver/remote_memory.h"
+#include "tests/windows/note_steps.h"
 #include "tests/windows/search_steps.h"
 
 namespace {
@@ -89,35 +90,57 @@ TEST(Toolbar, HasThirtyEntries) {
     }
 }
 
+static void ClickButton(const Program& program, int command) {
+    const RECT button = ToolRect(program, command);
+    Click(program, Child(program.frame, {IDC_TOOLBAR}),
+          {(button.left + button.right) / 2, (button.top + button.bottom) / 2});
+}
+
 TEST(Toolbar, ClickRunsTheCommand) {
-    const Program program = StartProgram(FolderWithScripture());
-    const auto click = [&](int command) {
-        const RECT button = ToolRect(program, command);
-        Click(program, Child(program.frame, {IDC_TOOLBAR}),
-              {(button.left + button.right) / 2, (button.top + button.bottom) / 2});
-    };
-    click(IDM_VIEW_LIST);
+    Program program = StartProgram(FolderWithScripture());
+    ClickButton(program, IDM_VIEW_LIST);
     EXPECT_FALSE(IsShown(Child(program.frame, {IDC_LIST_TABS})));
     EXPECT_FALSE(IsTicked(program, IDM_VIEW_LIST));
     EXPECT_EQ(ToolState(program, IDM_VIEW_LIST), TBSTATE_ENABLED);
-    click(IDM_VIEW_LIST);
+    ClickButton(program, IDM_VIEW_LIST);
     EXPECT_TRUE(IsShown(Child(program.frame, {IDC_LIST_TABS})));
     EXPECT_EQ(ToolState(program, IDM_VIEW_LIST), TBSTATE_ENABLED | TBSTATE_CHECKED);
-    click(IDM_GOTO_VERSE);
+    SearchFor(program, {"Melchizedek"});
+    SetClipboardText("before");
+    ClickButton(program, IDM_COPY_REFERENCES);
+    EXPECT_EQ(ClipboardText(), "# Ge 14:18 Ps 110:4") << "a button that was grey before";
+    ClickButton(program, IDM_GOTO_VERSE);
     WaitForDialog(program, "Go To Verse");
 }
 
-// Greyed buttons can still be clicked (TBSTATE_INDETERMINATE), but must do nothing.
-TEST(Toolbar, IgnoresClicksOnGreyedButtons) {
-    const Program program = StartProgram(FolderWithScripture());
-    for (const int command : {IDM_CONTEXT, IDM_NOTE_FOR_LIST, IDM_COPY_VERSE_LIST, IDM_COPY_REFERENCES, IDM_CUT}) {
-        const RECT button = ToolRect(program, command);
-        Click(program, Child(program.frame, {IDC_TOOLBAR}),
-              {(button.left + button.right) / 2, (button.top + button.bottom) / 2});
-        EXPECT_FALSE(HasDialog(program));
-        EXPECT_EQ(ToolState(program, command), TBSTATE_ENABLED | TBSTATE_INDETERMINATE) << command;
+// Clicks every button that is grey now, and returns how many there are.
+static int ClickGreyButtons(const Program& program) {
+    const std::string note = StatusPart(program, 2), top = StatusPart(program, 3);
+    int clicked = 0;
+    for (const ToolbarRow& row : kToolbar) {
+        if (row.command == 0 || !(ToolState(program, row.command) & TBSTATE_INDETERMINATE)) continue;
+        SetClipboardText("before");
+        const HWND focus = FocusOf(program);
+        ClickButton(program, row.command);
+        ++clicked;
+        EXPECT_FALSE(HasDialog(program)) << row.command;
+        EXPECT_EQ(ClipboardText(), "before") << row.command;
+        EXPECT_EQ(ToolState(program, row.command), TBSTATE_ENABLED | TBSTATE_INDETERMINATE) << row.command;
+        EXPECT_EQ(FocusOf(program), focus) << row.command;
+        EXPECT_EQ(StatusPart(program, 2), note) << row.command;
+        EXPECT_EQ(StatusPart(program, 3), top) << row.command;
     }
-    EXPECT_EQ(StatusPart(program, 2), "Genesis 1:1");
+    return clicked;
+}
+
+TEST(Toolbar, IgnoresClicksOnGreyButtons) {
+    Program program = StartProgram(FolderWithScripture());
+    EXPECT_EQ(ClickGreyButtons(program), 7) << "the clipboard's three and the list's four";
+    OpenNoteEditor(program);
+    Type(program, "mine");
+    SetClipboardText("before");
+    EXPECT_GE(ClickGreyButtons(program), 10) << "of a selection, of the list, and those that wait for the editor";
+    EXPECT_EQ(TextOf(NoteEditOf(program)), "mine");
 }
 
 // The tool tip that the frame supplies for a command, even if the toolbar has no button for it: adds a tool to the
