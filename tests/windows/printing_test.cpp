@@ -21,8 +21,10 @@ using testing::AllOf;
 using testing::Contains;
 using testing::ElementsAre;
 using testing::EndsWith;
+using testing::Ge;
 using testing::HasSubstr;
 using testing::Not;
+using testing::SizeIs;
 using testing::StartsWith;
 
 static HWND OpenPrintRange(const Program& program) {
@@ -142,6 +144,37 @@ TEST(PrintRange, ContinuesAcrossPages) {
     for (const PrintedWord& word : PrintedWords(program)) {
         // One inch inside the printable area of a page of 612 by 792 points.
         EXPECT_TRUE(word.left > 89.5 && word.right < 522.5 && word.top > 107.5 && word.bottom < 684.5) << word.text;
+    }
+}
+
+// Without labels and line breaks nothing else would keep the last word of a verse from the first of the next.
+TEST(PrintRange, SeparatesVersesByOneBlank) {
+    static constexpr double kBlank = 3;  // points, in letters of twelve points
+    const struct {
+        const char *style, *lineBreaks, *next;
+    } rows[] = {{"2", "0", "Then"}, {"1", "0", "11:36"}, {"0", "0", "John"}, {"2", "1", "Then"}};
+    for (const auto& [style, lineBreaks, next] : rows) {
+        SCOPED_TRACE(std::string("label style ") + style + ", line breaks " + lineBreaks);
+        const ScratchFolder folder = FolderWithScripture();
+        WriteSetting(folder, "FORMAT", "FirstVerseStyle", "2");
+        WriteSetting(folder, "FORMAT", "SubsequentVerseStyle", style);
+        WriteSetting(folder, "FORMAT", "LineBreaks", lineBreaks);
+        const TestPrinter printer(folder, PortToPages(folder));
+        Program program = StartProgram(folder);
+        PagesOfRange(program, "Joh 11:35 - 11:36");
+        const std::vector<PrintedWord> words = PrintedWords(program);
+        ASSERT_THAT(words, SizeIs(Ge(3u)));
+        EXPECT_EQ(words[0].text, "Jesus");
+        EXPECT_NEAR(words[0].left, 90, 0.5) << "no blank before the first verse";
+        EXPECT_EQ(words[1].text, "wept.");
+        EXPECT_EQ(words[2].text, next);
+        if (*lineBreaks == '0') {
+            EXPECT_NEAR(words[2].left - words[1].right, kBlank, 0.5);
+            EXPECT_NEAR(words[2].top, words[1].top, 3);
+        } else {
+            EXPECT_NEAR(words[2].left, 90, 0.5);
+            EXPECT_GT(words[2].top, words[1].top + 3);
+        }
     }
 }
 
