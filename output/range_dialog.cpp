@@ -84,6 +84,7 @@ static void OnCommand(HWND dialog, int control, UINT) {
 std::optional<AskedRange> AskRange(HWND frame, const RangeDialog& kind, int currentVerse) {
     AskedRange answer;
     const Question question{kind, currentVerse, answer};
-    if (RunDialog(frame, {kind.resource, Fill, OnCommand, &question}) != IDOK) return std::nullopt;
+    const Meaning meaning = MeaningOfReference(IDC_RANGE, kind.asked);
+    if (RunDialog(frame, {kind.resource, Fill, OnCommand, &question, meaning}) != IDOK) return std::nullopt;
     return answer;
 }

@@ -116,9 +116,10 @@
 #define IDC_SUBSTRING 15
 #define IDC_ADD_WORD 18
 #define IDC_WORD_LIST 19
-#define IDC_RANGE 20      // the Range button of search dialogs; the field for verses, except in the next two
-#define IDC_REFERENCE 10  // Go To Verse, Go to Note for Verse
-#define IDC_SET_NAME 10   // Create New Note Set, Change name of note set
+#define IDC_RANGE 20              // the Range button of search dialogs; the field for verses, except in the next two
+#define IDC_REFERENCE 10          // Go To Verse, Go to Note for Verse
+#define IDC_REFERENCE_MEANING 21  // the line below the field for verses
+#define IDC_SET_NAME 10           // Create New Note Set, Change name of note set
 #define IDC_OLD_TESTAMENT 101
 #define IDC_NEW_TESTAMENT 102
 #define IDC_ENTIRE_BIBLE 103

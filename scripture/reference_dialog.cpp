@@ -4,7 +4,6 @@
 #include "resources/ids.h"
 #include "scripture/scripture_win32.h"
 #include "win32/controls.h"
-#include "win32/dialogs.h"
 #include "win32/help_viewer.h"
 
 // ---- The field ------------------------------------------------------------------------------------------------------
@@ -14,10 +13,16 @@ void FillReferenceField(HWND dialog, int field, const std::string& text) {
     SetDlgItemTextA(dialog, field, text.c_str());
 }
 
-static ParsedRange Parsed(const std::string& typed, Asked asked) {
-    if (asked == Asked::kRange) return ParseRange(theScripture.records, typed);
-    const ParsedReference reference = ParseReference(theScripture.records, typed);
-    return {reference.ok, reference.verse, reference.verse, typed};
+static std::string MeaningOfVerse(HWND dialog, int field) {
+    return ReferenceMeaning(theScripture.records, ControlText(dialog, field, kReferenceLimit), Asked::kVerse);
+}
+
+static std::string MeaningOfRange(HWND dialog, int field) {
+    return ReferenceMeaning(theScripture.records, ControlText(dialog, field, kReferenceLimit), Asked::kRange);
+}
+
+Meaning MeaningOfReference(int field, Asked asked) {
+    return {field, IDC_REFERENCE_MEANING, asked == Asked::kVerse ? MeaningOfVerse : MeaningOfRange};
 }
 
 ParsedRange TakeReference(HWND dialog, int field, Asked asked) {
@@ -26,7 +31,7 @@ ParsedRange TakeReference(HWND dialog, int field, Asked asked) {
         EndDialog(dialog, IDCANCEL);
         return {};
     }
-    ParsedRange verses = Parsed(typed, asked);
+    ParsedRange verses = ParseAsked(theScripture.records, typed, asked);
     if (!verses.ok) {
         Complain(dialog, kUnrecognizedReference);
         SelectField(dialog, field);
@@ -59,5 +64,5 @@ static void OnCommand(HWND dialog, int control, UINT) {
 }
 
 void AskVerse(HWND frame, const VerseDialog& dialog) {
-    RunDialog(frame, {dialog.resource, Fill, OnCommand, &dialog});
+    RunDialog(frame, {dialog.resource, Fill, OnCommand, &dialog, MeaningOfReference(IDC_REFERENCE, Asked::kVerse)});
 }

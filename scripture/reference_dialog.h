@@ -3,13 +3,14 @@
 
 #include <string>
 
-#include "scripture/reference_parser.h"
-#include "win32/windows_api.h"
-
-enum class Asked { kVerse, kRange };
+#include "scripture/reference_meaning.h"
+#include "win32/dialogs.h"
 
 // Puts `text` into the field and limits the input to the length that the parser accepts.
 void FillReferenceField(HWND dialog, int field, const std::string& text);
+
+// The line below such a field, in its dialog's row: ReferenceMeaning of what is typed, in IDC_REFERENCE_MEANING.
+Meaning MeaningOfReference(int field, Asked asked);
 
 // Returns the verses that the field names when the user presses OK; a single verse is a range of one. Not ok if there
 // is nothing to do: for an empty field the dialog has been closed as with Cancel; for an unrecognized reference the

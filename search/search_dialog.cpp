@@ -170,5 +170,5 @@ static void OnRangeCommand(HWND dialog, int control, UINT) {
 }
 
 void AskSearchRange(HWND owner) {
-    RunDialog(owner, {"SETRANGE", FillRange, OnRangeCommand});
+    RunDialog(owner, {"SETRANGE", FillRange, OnRangeCommand, nullptr, MeaningOfReference(IDC_RANGE, Asked::kRange)});
 }

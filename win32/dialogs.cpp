@@ -1,5 +1,6 @@
 #include "win32/dialogs.h"
 
+#include "win32/controls.h"
 #include "win32/screen.h"
 
 static const Dialog& DialogOf(HWND window) {
@@ -17,7 +18,16 @@ static BOOL OnInitDialog(HWND window, HWND, LPARAM dialog) {
     return !IsChild(window, GetFocus());  // otherwise the system would select all of the focused field
 }
 
+// Is not set again while it is the same, because screen readers read what is set.
+static void ShowMeaning(HWND window, const Meaning& shown) {
+    const std::string text = shown.text(window, shown.field);
+    const int enough = static_cast<int>(text.size()) + 1;
+    if (ControlText(window, shown.line, enough) != text) SetDlgItemTextA(window, shown.line, text.c_str());
+}
+
 static void OnCommand(HWND window, int control, HWND, UINT notification) {
+    const Meaning& shown = DialogOf(window).meaning;
+    if (shown.text && control == shown.field && notification == EN_CHANGE) ShowMeaning(window, shown);
     DialogOf(window).command(window, control, notification);
     if (control == IDCANCEL) EndDialog(window, IDCANCEL);
 }

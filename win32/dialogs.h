@@ -1,7 +1,16 @@
 // Modal dialogs.
 #pragma once
 
+#include <string>
+
 #include "win32/windows_api.h"
+
+// A static control that says what the text of a field means, when the dialog opens and at every change of the text.
+struct Meaning {
+    int field = 0;
+    int line = 0;                                           // the static control
+    std::string (*text)(HWND dialog, int field) = nullptr;  // null: there is no such line
+};
 
 struct Dialog {
     const char* name;  // in the program's resources
@@ -10,6 +19,7 @@ struct Dialog {
     void (*fill)(HWND dialog);
     void (*command)(HWND dialog, int control, UINT notification);
     const void* data = nullptr;  // for these two procedures, see DataOf
+    Meaning meaning = {};        // of the text of one field
 };
 
 // Runs `dialog` over `owner`, centred on the frame. Cancel closes it after `command` was called for it. Returns the

@@ -24,6 +24,7 @@ struct CopyDialogRow {
     const char* label;
     const char* labelKey;
     const char* behindVerse;  // follows the verse in the field when the dialog opens
+    const char* meaning;      // of that text
 };
 
 void PrintTo(const CopyDialogRow& row, std::ostream* out) {
@@ -33,8 +34,8 @@ void PrintTo(const CopyDialogRow& row, std::ostream* out) {
 }  // namespace
 
 static const CopyDialogRow kCopyDialogs[] = {
-    {"Verse", IDM_COPY_VERSE, "F5", "Copy Verse", "&Verse:", "Alt+v", ""},
-    {"Range", IDM_COPY_RANGE, "F6", "Copy Range", "&Range:", "Alt+r", " - "},
+    {"Verse", IDM_COPY_VERSE, "F5", "Copy Verse", "&Verse:", "Alt+v", "", "2 Samuel 3:4"},
+    {"Range", IDM_COPY_RANGE, "F6", "Copy Range", "&Range:", "Alt+r", " - ", "2 Samuel 3:4, 1 verse"},
 };
 
 namespace {
@@ -62,6 +63,7 @@ TEST_P(CopyDialog, HasTheExpectedControls) {
     const HWND dialog = OpenByKey(program, row);
     const DialogLook look = {row.title,
                              {{IDC_RANGE, "Edit", std::string("2Sa 3:4") + row.behindVerse},
+                              {IDC_REFERENCE_MEANING, "Static", row.meaning},
                               {IDOK, "Button", "OK"},
                               {IDCANCEL, "Button", "Cancel"},
                               {IDC_FORMAT_BUTTON, "Button", "&Format..."},

@@ -40,12 +40,13 @@ void ExpectLook(const Program& program, HWND dialog, const DialogLook& look, con
 }
 
 void ExpectRangeWithNotesLook(const Program& program, HWND dialog, const std::string& title, const std::string& range,
-                              const std::string& picture) {
+                              const std::string& meaning, const std::string& picture) {
     const std::vector<std::string> sets = NoteSetNames(program);
     const int current = SelectedTab(Child(program.frame, {IDC_NOTE_TABS}));
     const DialogLook look = {
         title,
         {{IDC_RANGE, "Edit", range},
+         {IDC_REFERENCE_MEANING, "Static", meaning},
          {IDC_INCLUDE_NOTES, "Button", "&Include notes:"},
          {IDC_NOTE_SET, "ComboBox", sets[static_cast<std::size_t>(current)]},
          {IDOK, "Button", "OK"},

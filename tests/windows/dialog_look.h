@@ -30,10 +30,10 @@ struct DialogLook {
 // picture as `picture` and leaves the focus where it was.
 void ExpectLook(const Program& program, HWND dialog, const DialogLook& look, const std::string& picture);
 
-// Checks a dialog for a range with notes: `range` in its field, a list of the note sets with the current one selected,
-// nothing checked, and the field limited to the length of a reference.
+// Checks a dialog for a range with notes: `range` in its field and `meaning` below it, a list of the note sets with the
+// current one selected, nothing checked, and the field limited to the length of a reference.
 void ExpectRangeWithNotesLook(const Program& program, HWND dialog, const std::string& title, const std::string& range,
-                              const std::string& picture);
+                              const std::string& meaning, const std::string& picture);
 
 // Expects each access key to move the focus to its control. Note that such a key also clicks a button or check box.
 void ExpectAccessKeys(const Program& program, HWND dialog, const std::vector<AccessKey>& keys);

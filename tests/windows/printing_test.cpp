@@ -65,7 +65,8 @@ TEST(PrintRange, HasTheExpectedControls) {
     EXPECT_EQ(SelectedTab(Child(program.frame, {IDC_NOTE_TABS})), 1);
     GoTo(program, "Joh 3:16");
     const HWND dialog = OpenPrintRange(program);
-    ExpectRangeWithNotesLook(program, dialog, "Print Range", "John 3:16 - ", "dialog-print-range");
+    ExpectRangeWithNotesLook(program, dialog, "Print Range", "John 3:16 - ", "John 3:16, 1 verse",
+                             "dialog-print-range");
     ExpectMissingHelp(program, dialog);
     Press(program, "Alt+f");
     WaitForDialog(program, "Copy/Save Format");

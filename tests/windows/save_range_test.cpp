@@ -64,7 +64,7 @@ TEST(SaveRange, HasTheExpectedControls) {
     EXPECT_EQ(SelectedTab(Child(program.frame, {IDC_NOTE_TABS})), 1);
     GoTo(program, "Joh 3:16");
     const HWND dialog = OpenSaveRange(program);
-    ExpectRangeWithNotesLook(program, dialog, "Save Range", "Joh 3:16 - ", "dialog-save-range");
+    ExpectRangeWithNotesLook(program, dialog, "Save Range", "Joh 3:16 - ", "John 3:16, 1 verse", "dialog-save-range");
     ExpectMissingHelp(program, dialog);
     ExpectAccessKeys(program, dialog, {{"Alt+i", IDC_INCLUDE_NOTES}, {"Alt+s", IDC_NOTE_SET}, {"Alt+r", IDC_RANGE}});
     EXPECT_TRUE(IsChecked(dialog, IDC_INCLUDE_NOTES));

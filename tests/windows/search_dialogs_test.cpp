@@ -107,6 +107,7 @@ static const DialogRow kDialogs[] = {
      "",
      {"Set Search Range",
       {{IDC_RANGE, "Edit", "Ge 1:1 - Re 22:21"},
+       {IDC_REFERENCE_MEANING, "Static", "Genesis 1:1 to Revelation 22:21, 31102 verses"},
        {IDC_OLD_TESTAMENT, "Button", "&O. T."},
        {IDC_NEW_TESTAMENT, "Button", "&N. T."},
        {IDC_ENTIRE_BIBLE, "Button", "&Entire"},
