@@ -33,7 +33,89 @@ const SearchKind kPhraseSearch = {
     .summarizesNoMatches = true,
 };
 
+// ---- The list of all words ------------------------------------------------------------------------------------------
+
 static constexpr int kListedWordLimit = 49;  // characters that Add copies
+
+static void FillWordList(HWND list) {
+    static constexpr LPARAM kBytesAWord = 12;
+    const std::vector<std::string_view>& words = theWordIndex.words;
+    SendMessageA(list, WM_SETREDRAW, FALSE, 0);
+    SendMessageA(list, CB_INITSTORAGE, words.size(), static_cast<LPARAM>(words.size()) * kBytesAWord);
+    for (const std::string_view word : words)
+        SendMessageA(list, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(word.data()));
+    SendMessageA(list, WM_SETREDRAW, TRUE, 0);
+}
+
+// If the field has text, a space is added even if no word is selected.
+static void OnAdd(HWND dialog) {
+    std::string text = ControlText(dialog, IDC_SEARCH_TEXT, kSearchTextLimit);
+    if (!text.empty()) text += ' ';
+    text += ControlText(dialog, IDC_WORD_LIST, kListedWordLimit);
+    SetDlgItemTextA(dialog, IDC_SEARCH_TEXT, text.c_str());
+}
+
+static bool HasListedWord(HWND dialog) {
+    return GetWindowTextLengthA(GetDlgItem(dialog, IDC_WORD_LIST)) > 0;
+}
+
+// Shows which button Enter presses.
+static void SetDefaultButton(HWND dialog, int button) {
+    if (LOWORD(SendMessageA(dialog, DM_GETDEFID, 0, 0)) == button) return;
+    SendMessageA(dialog, DM_SETDEFID, static_cast<WPARAM>(button), 0);
+    for (const int each : {IDOK, IDC_ADD_WORD})
+        SendDlgItemMessageA(dialog, each, BM_SETSTYLE, each == button ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON, TRUE);
+}
+
+// A word that is chosen in the list comes into the field only after the notification.
+static void OnWordList(HWND dialog, UINT notification) {
+    switch (notification) {
+        case CBN_DBLCLK: OnAdd(dialog); break;
+        case CBN_SELCHANGE: SetDefaultButton(dialog, IDC_ADD_WORD); break;
+        case CBN_SETFOCUS:
+        case CBN_EDITCHANGE: SetDefaultButton(dialog, HasListedWord(dialog) ? IDC_ADD_WORD : IDOK); break;
+        case CBN_KILLFOCUS: SetDefaultButton(dialog, IDOK); break;
+    }
+}
+
+// The word that was added is selected, so that the next one replaces it.
+static void OnEnterInList(HWND dialog) {
+    if (IsControlDown() || !HasListedWord(dialog)) {
+        FORWARD_WM_COMMAND(dialog, IDOK, GetDlgItem(dialog, IDOK), BN_CLICKED, SendMessageA);
+        return;
+    }
+    OnAdd(dialog);
+    SendDlgItemMessageA(dialog, IDC_WORD_LIST, CB_SETEDITSEL, 0, MAKELPARAM(0, -1));
+}
+
+// The list's own field takes Enter itself, because the field of an open list may keep the key from the dialog. While
+// the key is held down it counts once. Its character would sound as a mistake.
+static LRESULT CALLBACK ListFieldProcedure(HWND field, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
+                                           DWORD_PTR dialog) {
+    switch (message) {
+        case WM_GETDLGCODE:
+            if (wParam == VK_RETURN) return DLGC_WANTMESSAGE;
+            break;
+        case WM_KEYDOWN:
+            if (wParam != VK_RETURN) break;
+            if (!(HIWORD(lParam) & KF_REPEAT)) OnEnterInList(reinterpret_cast<HWND>(dialog));
+            return 0;
+        case WM_CHAR:
+            if (wParam == '\r' || wParam == '\n') return 0;
+            break;
+        case WM_NCDESTROY: RemoveWindowSubclass(field, ListFieldProcedure, id); break;
+    }
+    return DefSubclassProc(field, message, wParam, lParam);
+}
+
+static void PrepareWordList(HWND dialog) {
+    const HWND list = GetDlgItem(dialog, IDC_WORD_LIST);
+    FillWordList(list);
+    COMBOBOXINFO parts{};
+    parts.cbSize = sizeof parts;
+    if (GetComboBoxInfo(list, &parts))
+        SetWindowSubclass(parts.hwndItem, ListFieldProcedure, 0, reinterpret_cast<DWORD_PTR>(dialog));
+}
 
 // ---- Filling --------------------------------------------------------------------------------------------------------
 
@@ -62,16 +144,6 @@ static void FillHistory(HWND field) {
     }
 }
 
-static void FillWordList(HWND list) {
-    static constexpr LPARAM kBytesAWord = 12;
-    const std::vector<std::string_view>& words = theWordIndex.words;
-    SendMessageA(list, WM_SETREDRAW, FALSE, 0);
-    SendMessageA(list, CB_INITSTORAGE, words.size(), static_cast<LPARAM>(words.size()) * kBytesAWord);
-    for (const std::string_view word : words)
-        SendMessageA(list, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(word.data()));
-    SendMessageA(list, WM_SETREDRAW, TRUE, 0);
-}
-
 static int RadioOf(int booleanType) {
     return booleanType == kAllWords ? IDC_ALL_WORDS : booleanType == kAnyWord ? IDC_ANY_WORD : IDC_ONE_WORD;
 }
@@ -87,7 +159,7 @@ static void Fill(HWND dialog) {
         CheckRadioButton(dialog, IDC_ALL_WORDS, IDC_ONE_WORD, RadioOf(theSearch.options.BooleanType));
         SetChecked(dialog, IDC_SUBSTRING, theSearch.options.SubString != 0);
     }
-    if (kind.hasWordList) FillWordList(GetDlgItem(dialog, IDC_WORD_LIST));
+    if (kind.hasWordList) PrepareWordList(dialog);
 }
 
 // ---- Reading --------------------------------------------------------------------------------------------------------
@@ -114,23 +186,13 @@ static void OnOk(HWND dialog) {
     question.found = question.search(question.kind);
 }
 
-// If the field has text, a space is added even if no word is selected.
-static void OnAdd(HWND dialog) {
-    std::string text = ControlText(dialog, IDC_SEARCH_TEXT, kSearchTextLimit);
-    if (!text.empty()) text += ' ';
-    text += ControlText(dialog, IDC_WORD_LIST, kListedWordLimit);
-    SetDlgItemTextA(dialog, IDC_SEARCH_TEXT, text.c_str());
-}
-
 static void OnCommand(HWND dialog, int control, UINT notification) {
     switch (control) {
         case IDOK: OnOk(dialog); break;
         case IDC_RANGE: AskSearchRange(dialog); break;
         case IDC_HELP_BUTTON: OpenHelpTopic(dialog, kHelpFile, KindOf(dialog).helpTopic); break;
         case IDC_ADD_WORD: OnAdd(dialog); break;
-        case IDC_WORD_LIST:
-            if (notification == CBN_DBLCLK) OnAdd(dialog);
-            break;
+        case IDC_WORD_LIST: OnWordList(dialog, notification); break;
     }
 }
 

@@ -150,6 +150,110 @@ TEST(WordListDialog, DoubleClickAddsAWord) {
     EXPECT_EQ(TextOf(dialog, IDC_SEARCH_TEXT), first + " " + third);
 }
 
+static HWND OpenWithFocusInList(Program& program) {
+    const HWND dialog = OpenSearchDialog(program, IDM_WORD_LIST_SEARCH);
+    Press(program, "Alt+i");
+    return dialog;
+}
+
+TEST(WordListDialog, EnterInTheListsFieldAddsTheWord) {
+    Program program = StartProgram(FolderWithScripture());
+    const HWND dialog = OpenWithFocusInList(program);
+    const HWND field = FocusOf(program);
+    Type(program, "amazing");
+    Press(program, "Enter");
+    EXPECT_EQ(TextOf(dialog, IDC_SEARCH_TEXT), "amazing");
+    EXPECT_EQ(TextOf(dialog, IDC_WORD_LIST), "amazing");
+    EXPECT_EQ(FocusOf(program), field);
+    Type(program, "grace");
+    EXPECT_EQ(TextOf(dialog, IDC_WORD_LIST), "grace") << "the word that was added was selected";
+    Press(program, "Enter");
+    EXPECT_EQ(TextOf(dialog, IDC_SEARCH_TEXT), "amazing grace");
+    ASSERT_TRUE(IsWindow(dialog));
+    EXPECT_EQ(StatusPart(program, 0), "") << "nothing was searched for";
+}
+
+TEST(WordListDialog, EnterAddsAWordChosenWithTheArrowKeys) {
+    Program program = StartProgram(FolderWithScripture());
+    const HWND dialog = OpenWithFocusInList(program);
+    Press(program, "Down");
+    Press(program, "Down");
+    Press(program, "Enter");
+    EXPECT_EQ(TextOf(dialog, IDC_SEARCH_TEXT), WordsOfFile(program.folder)[1]);
+    ASSERT_TRUE(IsWindow(dialog));
+    Press(program, "Down");
+    Press(program, "Enter");
+    EXPECT_EQ(TextOf(dialog, IDC_SEARCH_TEXT), WordsOfFile(program.folder)[1] + " " + WordsOfFile(program.folder)[2]);
+}
+
+TEST(WordListDialog, HoldingEnterAddsTheWordOnce) {
+    Program program = StartProgram(FolderWithScripture());
+    const HWND dialog = OpenWithFocusInList(program);
+    Type(program, "grace");
+    Press(program, "Enter");
+    static constexpr LPARAM kRepeated = 0x401C0001;
+    for (int times = 3; times > 0; --times) PostMessageA(FocusOf(program), WM_KEYDOWN, VK_RETURN, kRepeated);
+    Settle(program);
+    EXPECT_EQ(TextOf(dialog, IDC_SEARCH_TEXT), "grace");
+    ASSERT_TRUE(IsWindow(dialog));
+}
+
+// Also in the list's own field while it is empty, and there with Ctrl.
+TEST(WordListDialog, EnterElsewhereSearches) {
+    static constexpr struct {
+        const char* word;
+        const char* listText;
+        const char* toFocus;
+        const char* key;
+    } kRows[] = {
+        {"dove", "ark", "Alt+w", "Enter"}, {"elder", "ark", "Alt+a", "Enter"},     {"fig", "ark", "Alt+s", "Enter"},
+        {"gate", "", "Alt+i", "Enter"},    {"harp", "ark", "Alt+i", "Ctrl+Enter"},
+    };
+    Program program = StartProgram(FolderWithScripture());
+    for (const auto& [word, listText, toFocus, key] : kRows) {
+        OpenSearchDialog(program, IDM_WORD_LIST_SEARCH);
+        Type(program, word);
+        Press(program, "Alt+i");
+        Type(program, listText);
+        Press(program, toFocus);
+        Press(program, key);
+        WaitForNoDialog(program);
+        EXPECT_EQ(TextOf(OpenSearchDialog(program, IDM_WORD_SEARCH), IDC_SEARCH_TEXT), word);
+        Press(program, "Esc");
+        WaitForNoDialog(program);
+    }
+}
+
+static int DefaultButton(HWND dialog) {
+    const int id = LOWORD(SendMessageA(dialog, DM_GETDEFID, 0, 0));
+    for (const int button : {IDOK, IDC_ADD_WORD}) {
+        const LONG type = GetWindowLongA(GetDlgItem(dialog, button), GWL_STYLE) & BS_TYPEMASK;
+        EXPECT_EQ(type == BS_DEFPUSHBUTTON, button == id) << button;
+    }
+    return id;
+}
+
+TEST(WordListDialog, TheDefaultButtonShowsWhatEnterDoes) {
+    Program program = StartProgram(FolderWithScripture());
+    const HWND dialog = OpenSearchDialog(program, IDM_WORD_LIST_SEARCH);
+    EXPECT_EQ(DefaultButton(dialog), IDOK);
+    Press(program, "Alt+i");
+    EXPECT_EQ(DefaultButton(dialog), IDOK) << "the list's field is empty";
+    Type(program, "g");
+    EXPECT_EQ(DefaultButton(dialog), IDC_ADD_WORD);
+    SavePicture(PictureOfWindow(dialog), "dialog-word-list-enter-adds");
+    Press(program, "Alt+w");
+    EXPECT_EQ(DefaultButton(dialog), IDOK);
+    Press(program, "Alt+i");
+    EXPECT_EQ(DefaultButton(dialog), IDC_ADD_WORD);
+    Press(program, "Back");
+    EXPECT_EQ(DefaultButton(dialog), IDOK);
+    Press(program, "Down");
+    EXPECT_EQ(DefaultButton(dialog), IDC_ADD_WORD);
+    Press(program, "Shift+Tab");
+    EXPECT_EQ(DefaultButton(dialog), IDOK);
+}
+
 TEST(WordListDialog, SearchesForAddedWords) {
     Program program = StartProgram(FolderWithScripture());
     const HWND dialog = OpenSearchDialog(program, IDM_WORD_LIST_SEARCH);
