@@ -98,7 +98,7 @@ static const Searches kSearches[] = {
          // Deliberate: only the first place in a verse is examined, and a word right after a paragraph mark does not
          // match. Genesis 1:1 is therefore missing.
          {{"In", IDM_WORD_SEARCH, IDC_ALL_WORDS, kCase}, "251 verses, 251 occurrences", "Genesis 3:19"},
-         {{"in", IDM_WORD_SEARCH, IDC_ALL_WORDS, kCase}, "5921 verses, 8070 occurrences", "Genesis 1:6"},
+         {{"in", IDM_WORD_SEARCH, IDC_ALL_WORDS, kCase}, "5918 verses, 8065 occurrences", "Genesis 1:6"},
          {{"And", IDM_WORD_SEARCH, IDC_ALL_WORDS, kCase}, "10266 verses, 10989 occurrences", "Genesis 1:2"},
          {{"Love", IDM_WORD_SEARCH, IDC_ALL_WORDS, kCase, kSubstrings}, "9 verses, 9 occurrences"},
          {{"LOVE", IDM_WORD_SEARCH, IDC_ALL_WORDS, kCase, kSubstrings}, ""},
