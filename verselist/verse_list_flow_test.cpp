@@ -312,6 +312,26 @@ static int LastVisibleFrom(Pane& pane, int top) {
     return pane.list.ListLastVisible;
 }
 
+TEST(RealVerseList, EveryBoxIsHitWhereItIsPainted) {
+    Pane pane;
+    OpenRealPane(pane, kItalicType);
+    pane.flow.measure = ItalicLetters<7>();
+    for (const int width : {700, 333}) {
+        pane.flow.width = width;
+        for (pane.list.ListTop = 0; pane.list.ListTop < ListCount(pane.list); pane.list.ListTop += 97) {
+            std::vector<FlowBox> boxes;
+            WalkVerseList(pane.flow, [&boxes](const FlowBox& box) {
+                if (box.y < 420) boxes.push_back(box);
+                return true;
+            });
+            for (const FlowBox& box : boxes) {
+                for (const int x : {box.x + 1, box.x + box.width})
+                    ASSERT_EQ(HitTestVerseList(pane.flow, x, box.y + 10), box.point) << "top " << pane.list.ListTop;
+            }
+        }
+    }
+}
+
 TEST(RealVerseList, PageUpShowsTheOldTopLastIfPossible) {
     Pane pane;
     OpenRealPane(pane, kItalicType);
