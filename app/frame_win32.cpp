@@ -84,18 +84,18 @@ void LayOut(WPARAM sizeType, int width, int height) {
     Show(theNoteEditor.window, layout.editor.shown);
 }
 
+HWND FirstPane() {
+    for (const HWND pane : {thePassage.window, ShownListView(), theNotes.view, theNoteEdit.window})
+        if (IsWindowVisible(pane)) return pane;
+    return nullptr;
+}
+
 // If the focused pane has been hidden, moves the focus to a visible one. Otherwise keys would go to a hidden window.
 static void KeepFocusShown() {
     const HWND focus = GetFocus();
     if (!focus || IsWindowVisible(focus)) return;
-    const HWND panes[] = {thePassage.window, theVerseList.window, theVerseList.references, theNotes.view,
-                          theNoteEdit.window};
-    for (const HWND pane : panes) {
-        if (!IsWindowVisible(pane)) continue;
-        SetFocus(pane);
-        return;
-    }
-    SetFocus(theFrame.window);
+    const HWND pane = FirstPane();
+    SetFocus(pane ? pane : theFrame.window);
 }
 
 void LayOut() {

@@ -41,6 +41,9 @@ void LayOut(WPARAM sizeType, int width, int height);
 // The same for the frame's current size. Also moves the focus to a visible pane if the focused one has been hidden.
 void LayOut();
 
+// The Passage or, if it is hidden, the first visible one of list, note view and note editor; null if all are hidden.
+HWND FirstPane();
+
 // Shows the Devotional menu in the menu bar if there is a devotional note set, and removes it if there is none.
 void UpdateDevotionalMenu();
 

@@ -5,6 +5,7 @@
 #include "app/command_table_win32.h"
 #include "app/end_of_session_win32.h"
 #include "app/frame_win32.h"
+#include "app/pane_focus_win32.h"
 #include "app/session_win32.h"
 #include "app/startup_win32.h"
 #include "app/toolbar_win32.h"
@@ -70,6 +71,10 @@ static void OnActivate(HWND window, UINT state, HWND other, BOOL minimized) {
     if (state != WA_INACTIVE && theFrame.startUpComplete) RefreshNotes();
 }
 
+static void OnKey(HWND, UINT key, BOOL, int, UINT) {
+    PassKeyToPane(key);
+}
+
 // A message box or a dialog has opened, which has a message loop of its own, or has closed.
 static void OnEnable(HWND, BOOL enabled) {
     if (!enabled) WriteSession();
@@ -93,6 +98,8 @@ static LRESULT CALLBACK FrameProcedure(HWND window, UINT message, WPARAM wParam,
         HANDLE_MSG(window, WM_ACTIVATE, OnActivate);
         HANDLE_MSG(window, WM_ENABLE, OnEnable);
         HANDLE_MSG(window, WM_INITMENUPOPUP, OnInitMenuPopup);
+        HANDLE_MSG(window, WM_KEYDOWN, OnKey);
+        case WM_MOUSEWHEEL: return PassWheelToPane(wParam, lParam), 0;
         case WM_ENTERMENULOOP:
         case WM_ENTERSIZEMOVE: WriteSession(); break;
     }

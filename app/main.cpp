@@ -4,6 +4,7 @@
 #include "app/frame_win32.h"
 #include "app/frame_window.h"
 #include "app/note_set_commands_win32.h"
+#include "app/pane_focus_win32.h"
 #include "app/session_win32.h"
 #include "app/single_instance_win32.h"
 #include "app/startup_win32.h"
@@ -63,7 +64,7 @@ static bool TypesWithAltGr(const MSG& message) {
 }
 
 static bool IsCommandKey(MSG& message) {
-    if (!theFrame.accelerators || IsNoteTextKey(message)) return false;
+    if (!theFrame.accelerators || IsNoteTextKey(message) || IsKeyOfFrame(message)) return false;
     return TranslateAcceleratorA(theFrame.window, theFrame.accelerators, &message) != 0;
 }
 

@@ -126,16 +126,16 @@ void SwitchListView(int view) {
     ShowWindow(references ? theVerseList.references : theVerseList.window, SW_SHOW);
 }
 
-static HWND VisibleView() {
+HWND ShownListView() {
     return theVerseList.list.currentView == kReferenceListView ? theVerseList.references : theVerseList.window;
 }
 
 void FocusVerseList() {
-    SetFocus(VisibleView());
+    SetFocus(ShownListView());
 }
 
 void ShowVerseListAtOnce() {
-    ShowAtOnce(VisibleView());
+    ShowAtOnce(ShownListView());
 }
 
 static int VerseOfEntry(int entry) {

@@ -41,7 +41,10 @@ void EmptyVerseList();
 // Shows `view` (kVerseListView or kReferenceListView) and hides the other one.
 void SwitchListView(int view);
 
-// Sets the focus to the visible view.
+// The window of the view that is chosen, also while the whole list is hidden.
+HWND ShownListView();
+
+// Sets the focus to that view.
 void FocusVerseList();
 
 void RedisplayVerseList();
