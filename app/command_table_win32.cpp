@@ -124,7 +124,7 @@ static constexpr Command kCommands[] = {
     {IDM_HIGHLIGHT_COLOR, ChooseHighlightColor},
     {IDM_FOCUS_LIST, FocusList},
     {IDM_FOCUS_PASSAGE, FocusPassage},
-    {IDM_ENTER_PASSAGE, EnterPassage},
+    {IDM_FOCUS_NOTES, FocusNotesPane},
     {IDM_CONTEXT_MENU, OpenContextMenu},
 
     // The program

@@ -54,8 +54,9 @@ void FocusPassage(int) {
     SetFocus(thePassage.window);
 }
 
-void EnterPassage(int) {
-    SetFocus(thePassage.window);
+void FocusNotesPane(int) {
+    RunIfEnabled(theFrame.window, IDM_VIEW_NOTES);
+    SetFocus(IsEditingNote() ? theNoteEdit.window : theNotes.view);
 }
 
 void OpenContextMenu(int) {

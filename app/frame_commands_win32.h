@@ -5,9 +5,9 @@ void CloseFrame(int command);
 void ShowHelp(int command);  // the contents or one of the two topics in the menu
 void TogglePane(int command);
 void ToggleToolbar(int command);
-void FocusList(int command);  // this and FocusPassage show the pane if it is hidden
+void FocusList(int command);  // this and the next two show the pane if it is hidden
 void FocusPassage(int command);
-void EnterPassage(int command);     // does not show a hidden Passage
+void FocusNotesPane(int command);   // or the note editor, while a note is edited
 void OpenContextMenu(int command);  // of the focused window
 void CutSelection(int command);
 void CopySelection(int command);

@@ -133,17 +133,6 @@ void RepaintNoteMarks() {
 
 // ---- Creation -------------------------------------------------------------------------------------------------------
 
-// The Reference List is a child of the list tab control, which therefore gets its notifications. None is passed on.
-static LRESULT CALLBACK ListTabProcedure(HWND tabs, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == WM_COMMAND) {
-        if (LOWORD(wParam) == IDC_REFERENCE_LIST && HIWORD(wParam) == LBN_DBLCLK) {
-            SendCommand(theFrame.window, IDM_CONTEXT);
-        }
-        return 0;
-    }
-    return CallWindowProcA(theFrame.listTabProcedure, tabs, message, wParam, lParam);
-}
-
 static HWND CreateTabs(HWND frame, int id, std::initializer_list<const char*> names) {
     const HWND tabs =
         CreateChild(frame, WC_TABCONTROLA, "", WS_VISIBLE | WS_CLIPCHILDREN | WS_CLIPSIBLINGS | TCS_MULTILINE, 0, id);
@@ -161,7 +150,6 @@ static HWND CreateTabs(HWND frame, int id, std::initializer_list<const char*> na
 void CreateBars(HWND frame) {
     theFrame.statusBar = CreateChild(frame, STATUSCLASSNAMEA, "", WS_VISIBLE, 0, IDC_STATUS_BAR);
     theFrame.listTabs = CreateTabs(frame, IDC_LIST_TABS, {"Verse List", "Reference List"});
-    theFrame.listTabProcedure = Subclass(theFrame.listTabs, ListTabProcedure);
     theFrame.passageTabs = CreateTabs(frame, IDC_PASSAGE_TABS, {"Passage"});
     theNoteTabs.window = CreateTabs(frame, IDC_NOTE_TABS, {});
 }

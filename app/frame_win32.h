@@ -14,9 +14,9 @@ struct Frame {
     HWND statusBar = nullptr;
     HWND listTabs = nullptr;
     HWND passageTabs = nullptr;
-    HWND splash = nullptr;               // only during start-up
-    HWND focusWhenInactive = nullptr;    // window that had the focus when the frame was deactivated or minimized
-    WNDPROC listTabProcedure = nullptr;  // the list tab control's original procedure
+    HWND splash = nullptr;             // only during start-up
+    HWND focusWhenInactive = nullptr;  // window that had the focus when the frame was deactivated or minimized
+    WNDPROC tabProcedure = nullptr;    // the tab controls' own procedure
     HMENU menu = nullptr;
     HACCEL accelerators = nullptr;
     HMODULE richEdit = nullptr;

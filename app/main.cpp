@@ -72,7 +72,7 @@ static bool IsCommandKey(MSG& message) {
 static int RunMessageLoop() {
     MSG message;
     while (NextMessage(message)) {
-        if (TakeNoteLetter(message)) continue;
+        if (TakeNoteLetter(message) || StepsThroughPanes(message)) continue;
         if (TypesWithAltGr(message)) {
             DispatchMessageW(&message);
         } else if (IsCommandKey(message)) {

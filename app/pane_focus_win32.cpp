@@ -1,12 +1,62 @@
 #include "app/pane_focus_win32.h"
 
 #include <algorithm>
+#include <array>
 
 #include "app/frame_win32.h"
+#include "notes/note_edit_control_win32.h"
+#include "notes/note_editor_window.h"
+#include "notes/note_tabs_win32.h"
+#include "notes/notes_window.h"
 #include "passage/passage_window.h"
 #include "resources/ids.h"
 #include "verselist/verse_list_window.h"
 #include "win32/controls.h"
+#include "win32/panes.h"
+
+namespace {
+
+struct TabbedPane {
+    HWND tabs;
+    HWND pane;
+};
+
+}  // namespace
+
+// In the order of Tab.
+static std::array<TabbedPane, 3> Panes() {
+    return {{{theFrame.listTabs, ShownListView()},
+             {theFrame.passageTabs, thePassage.window},
+             {theNoteTabs.window, theNotes.view}}};
+}
+
+// ---- Walking --------------------------------------------------------------------------------------------------------
+
+// From a tab control the first step leads to its pane, and from the frame to the first or the last one.
+static void StepFrom(HWND focus, bool back) {
+    std::array<HWND, 3> shown{};
+    std::size_t count = 0, at = 0, onward = 0;
+    for (const auto& [tabs, pane] : Panes()) {
+        if (!IsWindowVisible(pane)) continue;
+        if (focus == tabs || focus == pane) {
+            at = count;
+            onward = focus == pane ? 1 : 0;
+        }
+        shown[count++] = pane;
+    }
+    if (count == 0) return;
+    SetFocus(shown[(at + (back ? count - 1 : onward)) % count]);
+}
+
+bool StepsThroughPanes(const MSG& message) {
+    if (message.message != WM_KEYDOWN || message.wParam != VK_TAB || IsKeyDown(VK_CONTROL)) return false;
+    if (GetAncestor(message.hwnd, GA_ROOT) != theFrame.window) return false;
+    if (IsChild(theNoteEditor.window, message.hwnd)) return false;
+    StepFrom(message.hwnd, IsKeyDown(VK_SHIFT));
+    return true;
+}
+
+// ---- The frame's keys and its wheel ---------------------------------------------------------------------------------
 
 namespace {
 
@@ -62,4 +112,57 @@ void PassWheelToPane(WPARAM wParam, LPARAM lParam) {
     passing = true;
     SendMessageA(pane, WM_MOUSEWHEEL, wParam, lParam);
     passing = false;
+}
+
+// ---- Tabs -----------------------------------------------------------------------------------------------------------
+
+static void FocusPaneOf(HWND tabs) {
+    for (const TabbedPane& each : Panes())
+        if (each.tabs == tabs && IsWindowVisible(each.pane)) SetFocus(each.pane);
+}
+
+// The Reference List is a child of the list tab control, which therefore gets its notifications. None is passed on.
+static void OnCommand(int control, UINT notification) {
+    if (control == IDC_REFERENCE_LIST && notification == LBN_DBLCLK) SendCommand(theFrame.window, IDM_CONTEXT);
+}
+
+static LRESULT PassToTabs(HWND tabs, UINT message, WPARAM wParam, LPARAM lParam) {
+    return CallWindowProcA(theFrame.tabProcedure, tabs, message, wParam, lParam);
+}
+
+// The tab control takes the focus or leaves it, and may move another row of tabs under the mouse.
+static LRESULT OnButtonDown(HWND tabs, UINT message, WPARAM wParam, LPARAM lParam) {
+    TCHITTESTINFO place{{GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)}, 0};
+    const bool isOnTab = TabCtrl_HitTest(tabs, &place) >= 0;
+    const LRESULT result = PassToTabs(tabs, message, wParam, lParam);
+    if (isOnTab) FocusPaneOf(tabs);
+    return result;
+}
+
+static LRESULT CALLBACK TabProcedure(HWND tabs, UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case WM_COMMAND:
+            if (tabs != theFrame.listTabs) break;
+            OnCommand(LOWORD(wParam), HIWORD(wParam));
+            return 0;
+        case WM_LBUTTONDOWN:
+        case WM_LBUTTONDBLCLK: return OnButtonDown(tabs, message, wParam, lParam);
+        case WM_KEYDOWN:
+            if (wParam != VK_ESCAPE) break;
+            FocusPaneOf(tabs);
+            return 0;
+    }
+    return PassToTabs(tabs, message, wParam, lParam);
+}
+
+void WatchTabs() {
+    for (const TabbedPane& each : Panes()) theFrame.tabProcedure = Subclass(each.tabs, TabProcedure);
+}
+
+void UnwatchTabs() {
+    for (const TabbedPane& each : Panes()) {
+        WNDPROC procedure = theFrame.tabProcedure;
+        Unsubclass(each.tabs, procedure);
+    }
+    theFrame.tabProcedure = nullptr;
 }

@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "app/frame_win32.h"
+#include "app/pane_focus_win32.h"
 #include "app/passage_commands_win32.h"
 #include "app/profile_file_win32.h"
 #include "app/toolbar_win32.h"
@@ -180,6 +181,7 @@ bool StartUp(HWND frame) {
     theFrame.toolbar = CreateToolbar(frame);
     if (!theFrame.toolbar) return false;
     CreateBars(frame);
+    WatchTabs();
     theFrame.damagedSet = LoadNoteSets(HasWholeState);
     CreatePanes(frame);
     const StoreLoad store = LoadStore();
@@ -240,6 +242,6 @@ bool WriteSettings() {
 void ShutDown() {
     ReleaseDataFiles();
     RestoreNoteView();
-    Unsubclass(theFrame.listTabs, theFrame.listTabProcedure);
+    UnwatchTabs();
     CloseHelp(theFrame.window, kHelpFile);
 }

@@ -76,13 +76,13 @@
 #define IDM_UNDO 303
 #define IDM_REDO 304
 #define IDM_SELECT_ALL 305
+#define IDM_FOCUS_NOTES 306
 #define IDM_REFRESH 900          // sent by a pane to its frame: the state of commands may have changed
 #define IDM_SHOW_REFERENCES 901  // sent by the Notes window: show the verses of the double-clicked line
 #define IDM_END_EDITING 902      // sent by the note editor when it has closed
 #define IDM_MARK_NOTE_SETS 903   // sent by the Passage and the Verse List when they have painted
 #define IDM_SHOW_RANGE 904       // sent by a dialog when the range of the searches has changed
 #define IDM_READ_ENTRY 905       // sent by the Verse List: read the context of the current entry
-#define IDM_ENTER_PASSAGE 906    // sent by the Verse List: give the Passage the focus
 #define IDM_SHOW_SAVED_NOTE 907  // sent by the note editor when it has saved the note
 #define IDM_NOTES_CHANGED 908    // sent by the Notes window: notes have come or gone since the stars were shown
 #define IDM_OFFER_MERGE 917      // sent at the end of the start: offer to merge what conflicts have left

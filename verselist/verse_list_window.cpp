@@ -269,7 +269,7 @@ static void OnKey(const PaneKind& kind, UINT key) {
         case VK_RETURN: SendCommand(frame, IDM_READ_ENTRY); break;
         case VK_END: ScrollPane(kind, ScrollCode::kThumb, ListCount(theVerseList.list) - 1); break;
         case VK_HOME: ScrollPane(kind, ScrollCode::kThumb, 0); break;
-        case VK_RIGHT: SendCommand(frame, IDM_ENTER_PASSAGE); break;
+        case VK_RIGHT: SendCommand(frame, IDM_FOCUS_PASSAGE); break;
         case VK_DELETE: SendCommand(theVerseList.window, IDM_DELETE_ENTRY); break;
     }
 }

@@ -138,7 +138,7 @@ TEST(ListViews, SwitchingKeepsTheList) {
     PlaceFrame(program, kUsualPlace);
     SearchFor(program, {"unsearchable"});
     Press(program, "Down");
-    ClickTab(program, ListTabs(program), 0);  // takes the focus from the pane and with it the caret
+    Command(program, IDM_FOCUS_PASSAGE);  // takes the focus from the pane and with it the caret
     const HWND list = Child(program.frame, {IDC_LIST_TABS, IDC_VERSE_LIST});
     const Picture before = PictureOfWindow(list);
     EXPECT_EQ(StatusPart(program, 1), "Psalms 145:3");
@@ -157,6 +157,7 @@ TEST(ListViews, SwitchingKeepsTheList) {
 
     Command(program, IDM_PARAGRAPH_FORMAT);
     ClickTab(program, ListTabs(program), 0);
+    Command(program, IDM_FOCUS_PASSAGE);
     EXPECT_EQ(StatusPart(program, 1), "Psalms 145:3");
     const RECT changed = DifferingArea(before, PictureOfWindow(list));
     EXPECT_TRUE(IsRectEmpty(&changed));

@@ -1,4 +1,4 @@
-// Keys and wheel while no pane has the focus.
+// Who has the keyboard focus: clicks on tabs, the keys that walk from pane to pane, and keys and wheel without a pane.
 
 #include <windows.h>
 
@@ -12,6 +12,8 @@
 #include "tests/windows/note_steps.h"
 #include "tests/windows/passage_pane.h"
 #include "tests/windows/search_steps.h"
+
+using testing::ElementsAre;
 
 static HWND TabsOf(const Program& program, int id) {
     return Child(program.frame, {id});
@@ -159,4 +161,152 @@ TEST(FrameWheel, ScrollsThePassageOrTheFirstPane) {
     Wheel(program, toolbar, -1);
     EXPECT_GT(PositionOf(program, NoteViewOf(program)), 0);
     EXPECT_EQ(Top(program), "Genesis 1:1");
+}
+
+// ---- Tabs -----------------------------------------------------------------------------------------------------------
+
+TEST(Tabs, GiveTheFocusToTheirPaneWhenClicked) {
+    Program program = StartWithLongNote();
+    const HWND lists = TabsOf(program, IDC_LIST_TABS), notes = TabsOf(program, IDC_NOTE_TABS);
+    const struct {
+        HWND tabs;
+        int tab;
+        HWND pane;
+    } kClicks[] = {
+        {TabsOf(program, IDC_PASSAGE_TABS), 0, PassageOf(program)},
+        {notes, 1, NoteViewOf(program)},
+        {lists, 0, VerseListOf(program)},
+        {lists, 1, ReferenceListOf(program)},
+        {notes, 1, NoteViewOf(program)},  // the tab that is chosen already
+        {notes, 0, NoteViewOf(program)},
+        {lists, 1, ReferenceListOf(program)},
+        {lists, 0, VerseListOf(program)},
+    };
+    for (const auto& [tabs, tab, pane] : kClicks) {
+        ClickTab(program, tabs, tab);
+        EXPECT_EQ(FocusOf(program), pane) << "tab " << tab << " of " << GetDlgCtrlID(tabs);
+        EXPECT_EQ(SelectedTab(tabs), tab);
+    }
+}
+
+TEST(Tabs, InSeveralRowsGiveTheFocusToTheNote) {
+    const ScratchFolder folder = FolderWithScripture();
+    for (int set = 0; set < 30; ++set)
+        WriteNoteSet(folder, "A note set with a long name " + std::to_string(set), {{0, std::to_string(set)}});
+    Program program = StartProgram(folder);
+    const HWND tabs = TabsOf(program, IDC_NOTE_TABS);
+    for (const int tab : {0, 29, 14}) {
+        Press(program, "Alt+2");
+        ClickTab(program, tabs, tab);
+        EXPECT_EQ(SelectedTab(tabs), tab);
+        EXPECT_EQ(FocusOf(program), NoteViewOf(program)) << tab;
+    }
+}
+
+// A press beside its tabs, which only a message can reach: the mouse goes through to the frame there.
+static void GiveFocus(const Program& program, HWND tabs) {
+    PostMessageA(tabs, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(ClientRectOf(tabs).right - 20, 8));
+    PostMessageA(tabs, WM_LBUTTONUP, 0, MAKELPARAM(ClientRectOf(tabs).right - 20, 8));
+    Settle(program);
+    ASSERT_EQ(FocusOf(program), tabs);
+}
+
+TEST(Tabs, EscGoesToTheirPane) {
+    Program program = StartProgram(FolderWithScripture());
+    const std::pair<int, HWND> kTabs[] = {{IDC_LIST_TABS, VerseListOf(program)},
+                                          {IDC_PASSAGE_TABS, PassageOf(program)},
+                                          {IDC_NOTE_TABS, NoteViewOf(program)}};
+    for (const auto& [id, pane] : kTabs) {
+        const HWND tabs = TabsOf(program, id);
+        GiveFocus(program, tabs);
+        Press(program, "Esc");
+        EXPECT_EQ(FocusOf(program), pane) << id;
+    }
+}
+
+// ---- Walking --------------------------------------------------------------------------------------------------------
+
+static std::vector<HWND> FocusAfter(const Program& program, const char* keys, int times) {
+    std::vector<HWND> panes;
+    for (int time = 0; time < times; ++time) {
+        Press(program, keys);
+        panes.push_back(FocusOf(program));
+    }
+    return panes;
+}
+
+TEST(TabKey, WalksRoundThePanes) {
+    Program program = StartProgram(FolderWithScripture());
+    const HWND list = VerseListOf(program), passage = PassageOf(program), note = NoteViewOf(program);
+    EXPECT_THAT(FocusAfter(program, "Tab", 4), ElementsAre(list, passage, note, list)) << "from the frame";
+    EXPECT_THAT(FocusAfter(program, "Shift+Tab", 4), ElementsAre(note, passage, list, note));
+    EXPECT_THAT(FocusAfter(program, "Ctrl+Tab", 1), ElementsAre(note));
+    ClickTab(program, TabsOf(program, IDC_LIST_TABS), 1);
+    const HWND references = ReferenceListOf(program);
+    EXPECT_THAT(FocusAfter(program, "Tab", 3), ElementsAre(passage, note, references));
+    EXPECT_THAT(FocusAfter(program, "Shift+Tab", 3), ElementsAre(note, passage, references));
+    EXPECT_EQ(TextOf(note), "No note for Genesis 1:1.");
+}
+
+TEST(TabKey, LeavesOutHiddenPanes) {
+    Program program = StartProgram(FolderWithScripture());
+    const HWND list = VerseListOf(program), passage = PassageOf(program), note = NoteViewOf(program);
+    Press(program, "F3");
+    EXPECT_THAT(FocusAfter(program, "Tab", 3), ElementsAre(list, note, list));
+    ShowOnly(program, {"F3", "F4"});
+    EXPECT_THAT(FocusAfter(program, "Shift+Tab", 3), ElementsAre(note, passage, note)) << "from the frame";
+    ShowOnly(program, {"F3"});
+    EXPECT_THAT(FocusAfter(program, "Tab", 2), ElementsAre(passage, passage));
+}
+
+TEST(TabKey, WalksFromATabControlToItsPane) {
+    Program program = StartProgram(FolderWithScripture());
+    const HWND tabs = TabsOf(program, IDC_PASSAGE_TABS);
+    GiveFocus(program, tabs);
+    EXPECT_THAT(FocusAfter(program, "Tab", 1), ElementsAre(PassageOf(program)));
+    GiveFocus(program, tabs);
+    EXPECT_THAT(FocusAfter(program, "Shift+Tab", 1), ElementsAre(VerseListOf(program)));
+}
+
+TEST(TabKey, IsLeftToTheNoteEditor) {
+    Program program = StartProgram(FolderWithScripture());
+    OpenNoteEditor(program);
+    const HWND edit = NoteEditOf(program);
+    Type(program, "a");
+    Press(program, "Tab");
+    Type(program, "b");
+    EXPECT_EQ(TextOf(edit), "a\tb");
+    Press(program, "Shift+Tab");
+    EXPECT_EQ(FocusOf(program), Child(NoteEditorOf(program), {IDC_NOTE_HELP}));
+    Press(program, "Alt+2");  // outside the editor the walk leaves it out, because Tab could not leave it again
+    EXPECT_THAT(FocusAfter(program, "Tab", 2), ElementsAre(VerseListOf(program), PassageOf(program)));
+    Press(program, "Alt+3");
+    EXPECT_EQ(FocusOf(program), edit);
+}
+
+// ---- Keys that lead to a pane ---------------------------------------------------------------------------------------
+
+TEST(FocusKeys, GoToTheNote) {
+    Program program = StartProgram(FolderWithScripture());
+    Press(program, "Alt+3");
+    EXPECT_EQ(FocusOf(program), NoteViewOf(program));
+    Press(program, "F4");
+    EXPECT_NE(FocusOf(program), NoteViewOf(program));
+    Press(program, "Alt+3");
+    EXPECT_TRUE(IsTicked(program, IDM_VIEW_NOTES));
+    EXPECT_EQ(FocusOf(program), NoteViewOf(program));
+    EXPECT_FALSE(IsInMenu(program));
+}
+
+TEST(FocusKeys, ArrowsShowAHiddenPane) {
+    Program program = StartProgram(FolderWithScripture());
+    Press(program, "F3");
+    Press(program, "Alt+1");
+    Press(program, "Right");
+    EXPECT_TRUE(IsTicked(program, IDM_VIEW_PASSAGE));
+    EXPECT_EQ(FocusOf(program), PassageOf(program));
+    Press(program, "F2");
+    Press(program, "Left");
+    EXPECT_TRUE(IsTicked(program, IDM_VIEW_LIST));
+    EXPECT_EQ(FocusOf(program), VerseListOf(program));
 }
