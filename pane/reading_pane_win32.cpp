@@ -135,12 +135,13 @@ static void OnSetFocus(const PaneKind& kind, HWND before) {
     ShowPaneCaret(kind.pane.window, LineHeightOf(kind.pane));
 }
 
-static void ReleaseMouse(const ReadingPane& pane) {
+static void ReleaseMouse(ReadingPane& pane) {
     theSelection.dragging = false;
+    pane.doubleClicked = false;
     if (GetCapture() == pane.window) ReleaseCapture();
 }
 
-static void OnKillFocus(const ReadingPane& pane) {
+static void OnKillFocus(ReadingPane& pane) {
     DestroyCaret();
     ReleaseMouse(pane);
     DropSelection();
@@ -158,15 +159,18 @@ static SelectionPoint PointAt(const PaneKind& kind, int x, int y) {
     return kind.hasText() ? kind.pointAt(x, y) : SelectionPoint{};
 }
 
-// If the pane has the focus, a press on a word starts a selection and a press elsewhere ends the pane's selection.
-// Otherwise a press only sets the focus.
-static void OnLButtonDown(const PaneKind& kind, int x, int y) {
+// If the pane has the focus, a press on a word starts a selection, or extends it with Shift, and a press elsewhere ends
+// the pane's selection. Otherwise a press only sets the focus.
+static void OnLButtonDown(const PaneKind& kind, int x, int y, UINT keys) {
     const ReadingPane& pane = kind.pane;
     if (GetFocus() != pane.window) return FocusPane(pane);
     const SelectionPoint point = PointAt(kind, x, y);
     const bool isWord = point != SelectionPoint{};
-    if (!isWord && theSelection.SelectionOwner != kind.selected.owner) return;
-    theSelection = {isWord ? kind.selected.owner : kNobody, point, point, isWord};
+    const bool owns = theSelection.SelectionOwner == kind.selected.owner;
+    const bool extends = owns && (keys & MK_SHIFT);
+    if (!isWord && (!owns || extends)) return;
+    const SelectionPoint anchor = extends ? theSelection.anchor : point;
+    theSelection = {isWord ? kind.selected.owner : kNobody, anchor, point, isWord};
     if (isWord && GetCapture() != pane.window) SetCapture(pane.window);
     RefreshFrame(pane);
     RedisplayPane(pane);
@@ -193,6 +197,19 @@ static void OnMouseMove(const PaneKind& kind, int x, int y, UINT keys) {
     if (point == SelectionPoint{} || point == theSelection.end) return;
     theSelection.end = point;
     RedisplayPane(kind.pane);
+}
+
+// What a double click does waits for the release, because the second press can also begin a drag.
+static void OnLButtonDblClk(const PaneKind& kind, int x, int y, UINT keys) {
+    OnLButtonDown(kind, x, y, keys);
+    kind.pane.doubleClicked = theSelection.dragging;
+}
+
+static void OnLButtonUp(const PaneKind& kind) {
+    const bool isOneWord = theSelection.dragging && theSelection.anchor == theSelection.end;
+    const bool doubleClicked = kind.pane.doubleClicked && isOneWord;
+    ReleaseMouse(kind.pane);
+    if (doubleClicked) kind.onDoubleClick();
 }
 
 static void OpenMenu(const PaneKind& kind, int x, int y) {
@@ -226,9 +243,10 @@ LRESULT ReadingPaneProcedure(const PaneKind& kind, HWND window, UINT message, WP
         case WM_KEYDOWN: return OnKeyDown(kind, static_cast<UINT>(wParam)), 0;
         case WM_VSCROLL: return OnVScroll(kind, LOWORD(wParam), static_cast<short>(HIWORD(wParam))), 0;
         case WM_MOUSEWHEEL: return OnMouseWheel(kind, GET_WHEEL_DELTA_WPARAM(wParam)), 0;
-        case WM_LBUTTONDOWN: return OnLButtonDown(kind, x, y), 0;
+        case WM_LBUTTONDOWN: return OnLButtonDown(kind, x, y, static_cast<UINT>(wParam)), 0;
+        case WM_LBUTTONDBLCLK: return OnLButtonDblClk(kind, x, y, static_cast<UINT>(wParam)), 0;
         case WM_MOUSEMOVE: return OnMouseMove(kind, x, y, static_cast<UINT>(wParam)), 0;
-        case WM_LBUTTONUP:
+        case WM_LBUTTONUP: return OnLButtonUp(kind), 0;
         case WM_CAPTURECHANGED: return ReleaseMouse(kind.pane), 0;
         case WM_RBUTTONUP: return OnRButtonUp(kind, x, y), 0;
         case WM_COMMAND: return OnCommand(kind, LOWORD(wParam)), 0;

@@ -17,7 +17,8 @@ struct ReadingPane {
     Faces faces;
     Canvas canvas;
     TextRuns runs;
-    int wheelRest = 0;  // remainder of wheel movement, less than a step
+    int wheelRest = 0;           // remainder of wheel movement, less than a step
+    bool doubleClicked = false;  // until the button is released
 };
 
 // What differs between the panes; each pane has one constant.
@@ -35,7 +36,8 @@ struct PaneKind {
 
     void (*onCreate)(HWND window);
     void (*onKey)(const PaneKind& kind, UINT key);  // for keys that do not scroll
-    void (*onCommand)(int command);                 // for commands that are not about the selection
+    void (*onDoubleClick)();         // on a word, which is then selected; only if the window class has CS_DBLCLKS
+    void (*onCommand)(int command);  // for commands that are not about the selection
     void (*openMenu)(POINT onScreen);
 };
 

@@ -183,6 +183,7 @@ static constexpr PaneKind kPassage = {
     .setTop = ScrollToVerse,
     .onCreate = OnCreate,
     .onKey = OnKey,
+    .onDoubleClick = nullptr,  // its class has no double clicks
     .onCommand = OnCommand,
     .openMenu = OpenMenu,
 };

@@ -285,6 +285,10 @@ static void OnCommand(int command) {
     }
 }
 
+static void OnDoubleClick() {
+    SendCommand(FrameOf(theVerseList.window), IDM_CONTEXT);
+}
+
 static constexpr PaneKind kVerseList = {
     .pane = theVerseList,
     .selected = {kVerseListOwns, TextOfSelection},
@@ -297,6 +301,7 @@ static constexpr PaneKind kVerseList = {
     .setTop = SetTop,
     .onCreate = OnCreate,
     .onKey = OnKey,
+    .onDoubleClick = OnDoubleClick,
     .onCommand = OnCommand,
     .openMenu = OpenMenu,
 };
@@ -312,7 +317,7 @@ static LRESULT CALLBACK ReferencesProcedure(HWND box, UINT message, WPARAM wPara
 }
 
 bool RegisterVerseListClass() {
-    return RegisterPaneClass(kVerseListClass, VerseListProcedure, COLOR_WINDOW);
+    return RegisterPaneClass(kVerseListClass, VerseListProcedure, COLOR_WINDOW, CS_DBLCLKS);
 }
 
 void CreateVerseList(HWND tabs) {

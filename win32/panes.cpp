@@ -4,9 +4,9 @@
 
 #include "win32/screen.h"
 
-bool RegisterPaneClass(const char* name, WNDPROC procedure, int backgroundColor) {
+bool RegisterPaneClass(const char* name, WNDPROC procedure, int backgroundColor, UINT style) {
     WNDCLASSA description{};
-    description.style = CS_HREDRAW | CS_VREDRAW;
+    description.style = CS_HREDRAW | CS_VREDRAW | style;
     description.lpfnWndProc = procedure;
     description.hInstance = GetModuleHandleA(nullptr);
     description.hCursor = LoadCursorA(nullptr, IDC_ARROW);

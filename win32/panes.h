@@ -4,8 +4,8 @@
 #include "win32/handles.h"
 
 // Registers a window class with the arrow cursor and the system colour `backgroundColor` (COLOR_WINDOW, ...) as
-// background. Its windows are redrawn completely when their size changes.
-bool RegisterPaneClass(const char* name, WNDPROC procedure, int backgroundColor);
+// background. Its windows are redrawn completely when their size changes. `style` adds class styles.
+bool RegisterPaneClass(const char* name, WNDPROC procedure, int backgroundColor, UINT style = 0);
 
 // Creates a child of `parent` with zero size.
 HWND CreateChild(HWND parent, const char* className, const char* text, DWORD style, DWORD extendedStyle, int id);
