@@ -1,5 +1,6 @@
 #include "app/command_facts.h"
 
+#include <array>
 #include <bit>
 
 #include <gtest/gtest.h>
@@ -89,9 +90,9 @@ TEST(CommandFacts, ListOfReferencesKeepsTheStateOfSave) {
     FillVerseList(state.list, {3});
     FillWithReferences(state.list, {3, 1});
     EXPECT_EQ(FactsOf(state) & kOfList, kOfList);
-    DeleteEntry(state.list, 0);
+    DeleteEntries(state.list, std::array{0});
     EXPECT_EQ(FactsOf(state) & kOfList, kOfList);
-    DeleteEntry(state.list, 0);
+    DeleteEntries(state.list, std::array{0});
     EXPECT_EQ(FactsOf(state) & kOfList, 0u);
     FillWithReferences(state.list, {3});
     EXPECT_EQ(FactsOf(state) & kOfList, kListHasVerses);

@@ -192,7 +192,7 @@ unsigned CurrentFacts() {
         .editingNote = IsEditingNote(),
         .canPaste = theNoteEdit.canPaste,
         .notesCanChange = CanWriteWorkingFolder(),
-        .canUndo = CanUndoInEditor(),
+        .canUndo = CanUndoInEditor() || CanRestoreEntries(),
         .canRedo = CanRedoInEditor(),
         .canSelectAll = CanSelectAllInEditor() || CanSelectAllInNote(),
     });

@@ -1,6 +1,7 @@
 #include "app/frame_commands_win32.h"
 
 #include "app/frame_win32.h"
+#include "app/output_commands_win32.h"
 #include "notes/note_edit_control_win32.h"
 #include "notes/note_editor_window.h"
 #include "notes/notes_window.h"
@@ -71,6 +72,7 @@ void CopySelection(int) {
     switch (theSelection.SelectionOwner) {
         case kVerseListOwns: SendCommand(theVerseList.window, IDM_COPY); break;
         case kPassageOwns: SendCommand(thePassage.window, IDM_COPY); break;
+        case kReferenceListOwns: CopyMarkedVerses(); break;
         case kNoteViewOwns: SendMessageA(theNotes.view, WM_COPY, 0, 0); break;
         case kNoteEditorOwns: CopyInEditor(); break;
     }
@@ -86,6 +88,7 @@ void PasteText(int) {
 
 void UndoEdit(int) {
     if (CanUndoInEditor()) UndoInEditor();
+    if (CanRestoreEntries()) RestoreDeletedEntries();
 }
 
 void RedoEdit(int) {

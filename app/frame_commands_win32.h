@@ -12,6 +12,6 @@ void OpenContextMenu(int command);  // of the focused window
 void CutSelection(int command);
 void CopySelection(int command);
 void PasteText(int command);
-void UndoEdit(int command);  // these three act in the text that has the focus
+void UndoEdit(int command);  // these three act in the text that has the focus, Undo also in the list
 void RedoEdit(int command);
 void SelectAll(int command);

@@ -75,7 +75,7 @@ void LayOut(WPARAM sizeType, int width, int height) {
     UpdateStatusParts();
     const FrameSize size{width, height, HeightOf(theFrame.toolbar), HeightOf(theFrame.statusBar)};
     const FrameLayout layout = LayOutFrame(size, theFrame.shown, IsEditingNote());
-    PlaceInTabs(theFrame.listTabs, layout.list, {theVerseList.window, theVerseList.references});
+    PlaceInTabs(theFrame.listTabs, layout.list, {theVerseList.window, theVerseList.references.window});
     PlaceInTabs(theFrame.passageTabs, layout.passage, {thePassage.window});
     PlaceNotes(layout.notes);
     // Also while it is hidden: a long paragraph is slow to break in an editor without a width.

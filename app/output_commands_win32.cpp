@@ -57,11 +57,18 @@ void CopyRange(int) {
     CopyVerses(kCopyRange);
 }
 
+static void CopyListed(const std::vector<std::int32_t>& verses) {
+    if (verses.empty()) return;
+    Copy(kNoMemoryForCopyText,
+         [&] { return CopyListText(theScripture, theFormat, verses, ListCopyBudget(theScripture, verses)); });
+}
+
 void CopyVerseList(int) {
-    if (ListedVerses().empty()) return;
-    Copy(kNoMemoryForCopyText, [] {
-        return CopyListText(theScripture, theFormat, ListedVerses(), ListCopyBudget(theScripture, ListedVerses()));
-    });
+    CopyListed(ListedVerses());
+}
+
+void CopyMarkedVerses() {
+    CopyListed(MarkedVerses());
 }
 
 void CopyReferences(int) {

@@ -4,6 +4,7 @@
 void CopyVerse(int command);
 void CopyRange(int command);
 void CopyVerseList(int command);
+void CopyMarkedVerses();           // of the Reference List, as CopyVerseList does
 void CopyReferences(int command);  // copies "#" if the list is empty
 void SaveRange(int command);
 void SaveVerseList(int command);

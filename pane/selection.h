@@ -14,6 +14,7 @@ enum SelectionOwnerId {
     kNobody = -1,
     kVerseListOwns = 3,
     kPassageOwns = 4,
+    kReferenceListOwns = 5,  // marked lines instead of words
     kNoteViewOwns = 8,
     kNoteEditorOwns = 10,
 };

@@ -11,6 +11,7 @@ int ListCount(const VerseList& list) {
 
 void FillWithReferences(VerseList& list, std::vector<std::int32_t> verses) {
     list.ListEntries = std::move(verses);
+    list.deletions.clear();
     list.ListTop = 0;
     list.ListLastVisible = 0;
     CorrectLastVisible(list);
@@ -25,12 +26,72 @@ void ClearVerseList(VerseList& list) {
     FillVerseList(list, {});
 }
 
-void DeleteEntry(VerseList& list, int entry) {
-    if (entry < 0 || entry >= ListCount(list)) return;
-    list.ListEntries.erase(list.ListEntries.begin() + entry);
+static std::vector<DeletedEntry> EntriesAt(const VerseList& list, std::span<const int> places) {
+    std::vector<DeletedEntry> entries;
+    for (const int place : places) {
+        if (place < 0 || place >= ListCount(list)) continue;
+        entries.push_back({place, list.ListEntries[static_cast<std::size_t>(place)]});
+    }
+    return entries;
+}
+
+static void TakeOut(std::vector<std::int32_t>& verses, const std::vector<DeletedEntry>& entries) {
+    auto next = entries.begin();
+    auto kept = verses.begin() + next->place;
+    for (auto verse = kept; verse != verses.end(); ++verse) {
+        if (next != entries.end() && verse - verses.begin() == next->place) {
+            ++next;
+        } else {
+            *kept++ = *verse;
+        }
+    }
+    verses.erase(kept, verses.end());
+}
+
+void DeleteEntries(VerseList& list, std::span<const int> places, std::string summary) {
+    Deletion deletion{EntriesAt(list, places), list.canBeSaved, std::move(summary)};
+    if (deletion.entries.empty()) return;
+    TakeOut(list.ListEntries, deletion.entries);
+    const auto above = std::ranges::lower_bound(deletion.entries, list.ListTop, {}, &DeletedEntry::place);
     list.canBeSaved = list.canBeSaved && !list.ListEntries.empty();
-    list.ListTop = ClampEntry(list, list.ListTop);
+    list.ListTop = ClampEntry(list, list.ListTop - static_cast<int>(above - deletion.entries.begin()));
     list.ListLastVisible = std::min(list.ListLastVisible, ListCount(list) - 1);
+    list.deletions.push_back(std::move(deletion));
+}
+
+// From the end, so that each verse moves once.
+static void PutBack(std::vector<std::int32_t>& verses, const std::vector<DeletedEntry>& entries) {
+    std::size_t kept = verses.size();
+    std::size_t place = kept + entries.size();
+    verses.resize(place);
+    for (auto next = entries.rbegin(); next != entries.rend();) {
+        --place;
+        verses[place] = static_cast<std::size_t>(next->place) == place ? (next++)->verse : verses[--kept];
+    }
+}
+
+// Where the entry at `place` is after the others are back.
+static int PlaceWith(const std::vector<DeletedEntry>& entries, int place) {
+    for (const DeletedEntry& entry : entries) {
+        if (entry.place > place) break;
+        ++place;
+    }
+    return place;
+}
+
+Deletion RestoreEntries(VerseList& list) {
+    if (list.deletions.empty()) return {};
+    Deletion deletion = std::move(list.deletions.back());
+    list.deletions.pop_back();
+    const int first = deletion.entries.front().place;
+    const int top = PlaceWith(deletion.entries, list.ListTop);
+    const int lastVisible = PlaceWith(deletion.entries, list.ListLastVisible);
+    PutBack(list.ListEntries, deletion.entries);
+    list.canBeSaved = deletion.couldBeSaved;
+    list.ListTop = first >= top && first <= lastVisible ? top : first;
+    list.ListLastVisible = std::max(list.ListTop, lastVisible);
+    CorrectLastVisible(list);
+    return deletion;
 }
 
 int ClampEntry(const VerseList& list, int entry) {

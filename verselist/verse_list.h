@@ -3,18 +3,35 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
+#include <string>
 #include <vector>
 
 #include "pane/selection.h"
 
 enum ListView { kVerseListView = 0, kReferenceListView = 1 };
 
+// An entry that was deleted: its place in the list before that, and its verse.
+struct DeletedEntry {
+    int place = 0;
+    std::int32_t verse = 0;
+    bool operator==(const DeletedEntry&) const = default;
+};
+
+// Entries that were deleted together, by ascending places, and what the deletion changed besides.
+struct Deletion {
+    std::vector<DeletedEntry> entries;
+    bool couldBeSaved = false;
+    std::string summary;  // of the search, as the status bar showed it
+};
+
 struct VerseList {
     std::vector<std::int32_t> ListEntries;  // verse indexes, without a terminator
     int ListTop = 0;                        // entry shown first
     int ListLastVisible = 0;                // last entry with any text laid out, corrected
     int currentView = kVerseListView;
-    bool canBeSaved = false;  // set by a search; following a cross-reference line does not change it
+    bool canBeSaved = false;          // set by a search; following a cross-reference line does not change it
+    std::vector<Deletion> deletions;  // from the present entries, the latest last
 };
 
 int ListCount(const VerseList& list);
@@ -27,8 +44,14 @@ void FillWithReferences(VerseList& list, std::vector<std::int32_t> verses);
 
 void ClearVerseList(VerseList& list);
 
-// Removes entry `entry`; ignored if there is none. A top past the end becomes the last entry, or 0 in an empty list.
-void DeleteEntry(VerseList& list, int entry);
+// Removes the entries at these ascending places and remembers them with `summary`; places without an entry are ignored.
+// The same entry stays at the top if it is still there, otherwise the next one; a top past the end becomes the last
+// entry, or 0 in an empty list. Takes one pass, however many entries are removed.
+void DeleteEntries(VerseList& list, std::span<const int> places, std::string summary = {});
+
+// Puts the entries of the latest deletion back in their places and returns it; it is then no longer remembered. The
+// first of them becomes the top if it would not be visible. Returns a deletion without entries if none is remembered.
+Deletion RestoreEntries(VerseList& list);
 
 // `entry` clamped to 0..ListCount-1; 0 if the list is empty.
 int ClampEntry(const VerseList& list, int entry);

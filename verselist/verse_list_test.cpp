@@ -1,5 +1,8 @@
 #include "verselist/verse_list.h"
 
+#include <array>
+#include <random>
+
 #include <gtest/gtest.h>
 
 static VerseList ListOf(std::vector<std::int32_t> verses, int top = 0, int lastVisible = 0) {
@@ -43,10 +46,125 @@ TEST(VerseList, DeletingAnEntryKeepsTheOthers) {
     };
     for (const Row& row : rows) {
         VerseList list = ListOf(row.before, row.top, static_cast<int>(row.before.size()) - 1);
-        DeleteEntry(list, row.entry);
+        DeleteEntries(list, std::array{row.entry});
         EXPECT_EQ(list.ListEntries, row.after);
         EXPECT_EQ(list.ListTop, row.newTop);
         EXPECT_LT(list.ListLastVisible, std::max(1, ListCount(list)));
+    }
+}
+
+TEST(VerseList, DeletingManyEntriesKeepsTheTopEntry) {
+    using Entries = std::vector<std::int32_t>;
+    struct Row {
+        std::vector<int> places;
+        Entries after;
+        int top;
+    };
+    const Row rows[] = {
+        {{0, 1}, {30, 40, 50}, 0},          // the top was 30
+        {{3, 4}, {10, 20, 30}, 2},          // below it
+        {{1, 2, 4}, {10, 40}, 1},           // the top itself: the next entry
+        {{0, 2, 3, 4}, {20}, 0},            // nothing is left below the top
+        {{0, 1, 2, 3, 4}, {}, 0},           // all
+        {{-1, 1, 5}, {10, 30, 40, 50}, 1},  // places without an entry
+        {{}, {10, 20, 30, 40, 50}, 2},
+    };
+    for (const Row& row : rows) {
+        VerseList list = ListOf({10, 20, 30, 40, 50}, 2, 4);
+        DeleteEntries(list, row.places);
+        EXPECT_EQ(list.ListEntries, row.after);
+        EXPECT_EQ(list.ListTop, row.top) << row.places.size();
+        EXPECT_EQ(list.canBeSaved, !row.after.empty());
+    }
+}
+
+TEST(VerseList, DeletionsAreTakenBackOneByOne) {
+    VerseList list = ListOf({10, 20, 30, 40}, 0, 3);
+    DeleteEntries(list, std::array{1}, "the search");
+    DeleteEntries(list, std::array{0, 2});
+    DeleteEntries(list, std::array{0});
+    EXPECT_TRUE(list.ListEntries.empty());
+    EXPECT_FALSE(list.canBeSaved);
+
+    EXPECT_EQ(RestoreEntries(list).entries, (std::vector<DeletedEntry>{{0, 30}}));
+    EXPECT_TRUE(list.canBeSaved);
+    const Deletion second = RestoreEntries(list);
+    EXPECT_EQ(second.entries, (std::vector<DeletedEntry>{{0, 10}, {2, 40}}));
+    EXPECT_EQ(second.summary, "");
+    EXPECT_EQ(list.ListEntries, (std::vector<std::int32_t>{10, 30, 40}));
+    EXPECT_EQ(RestoreEntries(list).summary, "the search");
+    EXPECT_EQ(list.ListEntries, (std::vector<std::int32_t>{10, 20, 30, 40}));
+    EXPECT_TRUE(RestoreEntries(list).entries.empty());
+    EXPECT_EQ(ListCount(list), 4);
+}
+
+TEST(VerseList, NewListsForgetDeletions) {
+    VerseList list = ListOf({10, 20, 30});
+    DeleteEntries(list, std::array{1});
+    FillVerseList(list, {10, 20, 30});
+    EXPECT_TRUE(RestoreEntries(list).entries.empty());
+    DeleteEntries(list, std::array{1});
+    FillWithReferences(list, {5});
+    EXPECT_TRUE(RestoreEntries(list).entries.empty());
+    DeleteEntries(list, std::array{0});
+    ClearVerseList(list);
+    EXPECT_TRUE(RestoreEntries(list).entries.empty());
+}
+
+TEST(VerseList, RestoredEntriesAreVisible) {
+    struct Row {
+        std::vector<int> places;
+        int top, lastVisible;  // after the deletion, when they are restored
+        int newTop;
+    };
+    const Row rows[] = {
+        {{3}, 3, 6, 3},     // was the top
+        {{5}, 3, 6, 3},     // is visible below the top
+        {{1}, 3, 6, 1},     // above the top
+        {{8}, 3, 6, 8},     // below the last visible entry
+        {{9}, 8, 8, 9},     // was the last
+        {{4, 9}, 3, 6, 3},  // the first of them counts
+        {{0, 4}, 3, 6, 0}, {{0, 1, 2, 3, 4, 5, 6, 7, 8, 9}, 0, -1, 0},
+    };
+    for (const Row& row : rows) {
+        VerseList list = ListOf({0, 1, 2, 3, 4, 5, 6, 7, 8, 9});
+        DeleteEntries(list, row.places);
+        list.ListTop = row.top;
+        list.ListLastVisible = row.lastVisible;
+        RestoreEntries(list);
+        EXPECT_EQ(list.ListTop, row.newTop) << row.places.front();
+        EXPECT_GE(list.ListLastVisible, list.ListTop);
+        EXPECT_LT(list.ListLastVisible, 10);
+    }
+}
+
+TEST(VerseList, RandomDeletionsAreTakenBack) {
+    std::mt19937 random(5);
+    for (int round = 0; round < 200; ++round) {
+        std::vector<std::int32_t> verses(random() % 40);
+        for (std::int32_t& verse : verses) verse = static_cast<std::int32_t>(random() % 31102);
+        VerseList list = ListOf(verses);
+        std::vector<std::vector<std::int32_t>> states;
+        for (int step = 0; step < 6; ++step) {
+            std::vector<int> places;
+            std::vector<std::int32_t> left;
+            for (int place = 0; place < ListCount(list); ++place) {
+                if (random() % 3 == 0) {
+                    places.push_back(place);
+                } else {
+                    left.push_back(list.ListEntries[static_cast<std::size_t>(place)]);
+                }
+            }
+            if (places.empty()) continue;
+            states.push_back(list.ListEntries);
+            DeleteEntries(list, places);
+            ASSERT_EQ(list.ListEntries, left);
+        }
+        for (; !states.empty(); states.pop_back()) {
+            RestoreEntries(list);
+            ASSERT_EQ(list.ListEntries, states.back());
+        }
+        EXPECT_EQ(list.ListEntries, verses);
     }
 }
 

@@ -1,7 +1,5 @@
 #include "verselist/verse_list_window.h"
 
-#include <algorithm>
-#include <array>
 #include <utility>
 
 #include "notes/note_editor_window.h"
@@ -65,37 +63,20 @@ static void SetRangeOfScrollBar() {
 
 // ---- The two views --------------------------------------------------------------------------------------------------
 
-// Lines are sent to the list box's own window procedure, as wide text, which is what the box stores. Going through
-// ReferencesProcedure with a conversion takes half as long again, a noticeable delay with the 24,091 lines of "the".
-// References are plain ASCII. The procedure was obtained with GetWindowLongPtrW, so the system converts the text if the
-// box expects 8-bit text.
-static void AddReferenceLine(HWND box, int verse, BookForm form) {
-    LabelText line;
-    AppendReference(line, RecordOf(theScripture.records, verse), form);
-    std::array<wchar_t, std::tuple_size_v<decltype(line.bytes)> + 1> wide{};
-    std::ranges::copy(TextOf(line), wide.begin());
-    CallWindowProcW(theVerseList.referencesWideProcedure, box, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(wide.data()));
+static bool ShowsReferences() {
+    return theVerseList.list.currentView == kReferenceListView;
 }
 
 static void FillReferenceList() {
-    if (!theVerseList.awaitedLines) return;
-    const BookForm form = *std::exchange(theVerseList.awaitedLines, std::nullopt);
-    const HWND box = theVerseList.references;
-    SendMessageA(box, WM_SETREDRAW, FALSE, 0);
-    SendMessageA(box, LB_RESETCONTENT, 0, 0);
-    const std::vector<std::int32_t>& entries = theVerseList.list.ListEntries;
-    static constexpr WPARAM kBytesALine = 32;
-    SendMessageA(box, LB_INITSTORAGE, entries.size(), static_cast<LPARAM>(entries.size() * kBytesALine));
-    for (const int verse : entries) AddReferenceLine(box, verse, form);
-    SendMessageA(box, WM_SETREDRAW, TRUE, 0);
-    InvalidateRect(box, nullptr, TRUE);
+    FillLines(theVerseList.references, theVerseList.list.ListEntries);
 }
 
 // A hidden list box is filled when it receives its next message (see ReferencesProcedure). So its lines always match
 // the list when they are read, but most lists are replaced without the cost of filling it.
 static void ShowWholeList(BookForm form = BookForm::kName) {
-    theVerseList.awaitedLines = form;
-    if (theVerseList.list.currentView == kReferenceListView) FillReferenceList();
+    theVerseList.references.form = form;
+    theVerseList.references.awaitsLines = true;
+    if (ShowsReferences()) FillReferenceList();
     SetRangeOfScrollBar();
     RedisplayVerseList();
 }
@@ -118,16 +99,15 @@ void EmptyVerseList() {
     ShowWholeList();
 }
 
-void SwitchListView(int view) {
-    theVerseList.list.currentView = view;
-    const bool references = view == kReferenceListView;
-    ShowWindow(references ? theVerseList.window : theVerseList.references, SW_HIDE);
-    if (references) ShowStatus(theVerseList.window, StatusPart::kListEntry, "");
-    ShowWindow(references ? theVerseList.references : theVerseList.window, SW_SHOW);
+HWND ShownListView() {
+    return ShowsReferences() ? theVerseList.references.window : theVerseList.window;
 }
 
-HWND ShownListView() {
-    return theVerseList.list.currentView == kReferenceListView ? theVerseList.references : theVerseList.window;
+void SwitchListView(int view) {
+    theVerseList.list.currentView = view;
+    ShowWindow(ShowsReferences() ? theVerseList.window : theVerseList.references.window, SW_HIDE);
+    if (ShowsReferences()) ShowStatus(theVerseList.window, StatusPart::kListEntry, "");
+    ShowWindow(ShownListView(), SW_SHOW);
 }
 
 void FocusVerseList() {
@@ -144,39 +124,82 @@ static int VerseOfEntry(int entry) {
 }
 
 // A line of the Reference List has the same index as its entry in the Verse List.
-static int LineOfReferenceList() {
-    return static_cast<int>(SendMessageA(theVerseList.references, LB_GETCARETINDEX, 0, 0));
+static int VerseOfCaretLine() {
+    FillReferenceList();
+    return VerseOfEntry(CaretLine(theVerseList.references));
 }
 
 static bool HasChosenReference() {
-    return theVerseList.list.currentView == kReferenceListView &&
-           SendMessageA(theVerseList.references, LB_GETSELCOUNT, 0, 0) > 0;
+    if (!ShowsReferences()) return false;
+    return GetFocus() == theVerseList.references.window || HasMarkedLines(theVerseList.references);
 }
 
 int VerseListTargetVerse() {
     if (theVerseList.verseOfRow != kNoVerse) return theVerseList.verseOfRow;
-    if (HasChosenReference()) return VerseOfEntry(LineOfReferenceList());
+    if (HasChosenReference()) return VerseOfCaretLine();
     return VerseOfEntry(TargetEntry(theVerseList.list, theSelection, GetFocus() == theVerseList.window));
 }
 
 int VerseListCurrentVerse() {
-    if (theVerseList.list.currentView == kReferenceListView) return VerseOfEntry(LineOfReferenceList());
+    if (ShowsReferences()) return VerseOfCaretLine();
     return VerseOfEntry(CurrentEntry(theVerseList.list, theSelection));
 }
 
-static void DeleteCurrentEntry() {
-    VerseList& list = theVerseList.list;
-    if (ListCount(list) == 0) return;
-    const int entry = CurrentEntry(list, theSelection);
-    // Deleted from the list box first: this message may fill the box, which then still needs all entries.
-    SendMessageA(theVerseList.references, LB_DELETESTRING, static_cast<WPARAM>(entry), 0);
-    DeleteEntry(list, entry);
+std::vector<std::int32_t> MarkedVerses() {
+    std::vector<std::int32_t> verses;
+    for (const int line : MarkedLines(theVerseList.references)) verses.push_back(VerseOfEntry(line));
+    return verses;
+}
+
+// ---- Deleting -------------------------------------------------------------------------------------------------------
+
+static void RefreshFrame() {
+    SendCommand(FrameOf(theVerseList.window), IDM_REFRESH);
+}
+
+// Makes Copy use the marked lines of the Reference List while it has the focus.
+static void FollowMarkedLines(bool focused) {
+    const int ownerBefore = theSelection.SelectionOwner;
+    const bool owns = focused && HasMarkedLines(theVerseList.references);
+    if (focused || ownerBefore == kReferenceListOwns) DropSelection();
+    if (owns) theSelection.SelectionOwner = kReferenceListOwns;
+    if (theSelection.SelectionOwner != ownerBefore) RefreshFrame();
+}
+
+// Entries have gone or come; `place` is that of the first of them.
+static void ShowChangedEntries(int place, int topLine) {
+    if (ShowsReferences()) {
+        FillReferenceList();
+        ShowLine(theVerseList.references, place, topLine);
+    }
     DropSelection();
-    ShowStatus(theVerseList.window, StatusPart::kSearchSummary, "");
+    FollowMarkedLines(GetFocus() == theVerseList.references.window);
     ShowStatus(theVerseList.window, StatusPart::kListEntry, "");
     SetRangeOfScrollBar();
     RedisplayVerseList();
-    SendCommand(FrameOf(theVerseList.window), IDM_REFRESH);
+    RefreshFrame();
+}
+
+static void Delete(const std::vector<int>& places) {
+    if (places.empty() || ListCount(theVerseList.list) == 0) return;
+    const int topLine = TopLine(theVerseList.references);
+    DeleteEntries(theVerseList.list, places, StatusText(theVerseList.window, StatusPart::kSearchSummary));
+    RemoveLines(theVerseList.references, places);
+    ShowStatus(theVerseList.window, StatusPart::kSearchSummary, "");
+    ShowChangedEntries(places.front(), topLine);
+}
+
+bool CanRestoreEntries() {
+    return GetFocus() == ShownListView() && !theVerseList.list.deletions.empty();
+}
+
+void RestoreDeletedEntries() {
+    const int topLine = TopLine(theVerseList.references);
+    const Deletion restored = RestoreEntries(theVerseList.list);
+    InsertLines(theVerseList.references, restored.entries);
+    if (StatusText(theVerseList.window, StatusPart::kSearchSummary).empty())
+        ShowStatus(theVerseList.window, StatusPart::kSearchSummary, restored.summary);
+    ShowChangedEntries(restored.entries.front().place, topLine);
 }
 
 // ---- The pane -------------------------------------------------------------------------------------------------------
@@ -221,11 +244,13 @@ static std::string TextOfSelection() {
 }
 
 // "F10" in the row of the note is kept on purpose, although the key is F9. Enter and Delete work only in this pane.
-static std::vector<MenuRow> Rows(const std::string& verse) {
+static std::vector<MenuRow> Rows(int verseIndex) {
+    const std::string verse = ReferenceText(theScripture.records, verseIndex, BookForm::kAbbreviation);
     const bool noSelection = theSelection.SelectionOwner != kVerseListOwns;
+    const bool noMarks = theSelection.SelectionOwner != kReferenceListOwns;
     const bool editing = IsEditingNote();
     return {
-        {IDM_COPY, "Copy Selected Text\t", noSelection},
+        {IDM_COPY, "Copy Selected Text\t", noSelection && noMarks},
         {IDM_COPY_VERSE_LIST, "Copy Verse List\t"},
         {IDM_SAVE_VERSE_LIST, "Save Verse List..."},
         {IDM_PRINT_VERSE_LIST, "Print Verse List..."},
@@ -244,9 +269,7 @@ static std::vector<MenuRow> Rows(const std::string& verse) {
 
 static void OpenMenu(POINT onScreen) {
     const int verse = VerseListCurrentVerse();
-    if (verse == kNoVerse) return;
-    OpenPopupMenu(theVerseList.window, onScreen,
-                  Rows(ReferenceText(theScripture.records, verse, BookForm::kAbbreviation)));
+    if (verse != kNoVerse) OpenPopupMenu(theVerseList.window, onScreen, Rows(verse));
 }
 
 // By their keys, the same commands take the first selected entry, which after a drag upwards is not the one that the
@@ -276,7 +299,7 @@ static void OnKey(const PaneKind& kind, UINT key) {
 
 static void OnCommand(int command) {
     switch (command) {
-        case IDM_DELETE_ENTRY: DeleteCurrentEntry(); break;
+        case IDM_DELETE_ENTRY: Delete({CurrentEntry(theVerseList.list, theSelection)}); break;
         case IDM_CONTEXT:
         case IDM_NOTE_FOR_LIST: SendForRow(command); break;
         case IDM_COPY_VERSE_LIST:
@@ -310,10 +333,68 @@ static LRESULT CALLBACK VerseListProcedure(HWND window, UINT message, WPARAM wPa
     return ReadingPaneProcedure(kVerseList, window, message, wParam, lParam);
 }
 
+// ---- The Reference List ---------------------------------------------------------------------------------------------
+
+static void OpenReferencesMenu(int x, int y) {
+    const HWND box = theVerseList.references.window;
+    if (GetFocus() != box) SetFocus(box);
+    const int verse = VerseOfCaretLine();
+    if (verse != kNoVerse) OpenPopupMenu(box, FromCornerOf(box, x, y), Rows(verse));
+}
+
+static void OnReferencesCommand(int command) {
+    switch (command) {
+        case IDM_DELETE_ENTRY: Delete({CaretLine(theVerseList.references)}); break;
+        case IDM_COPY: SendCommand(FrameOf(theVerseList.window), command); break;
+        default: OnCommand(command);
+    }
+}
+
+// Returns whether the key was handled here.
+static bool OnReferencesKey(WPARAM key) {
+    const HWND frame = FrameOf(theVerseList.window);
+    const bool alone = !IsKeyDown(VK_CONTROL) && !IsKeyDown(VK_SHIFT);
+    switch (key) {
+        case VK_RETURN: SendCommand(frame, IDM_READ_ENTRY); return false;
+        case VK_DELETE: Delete(MarkedLines(theVerseList.references)); return true;
+        case VK_RIGHT:
+            if (alone) SendCommand(frame, IDM_FOCUS_PASSAGE);
+            return alone;
+    }
+    return false;
+}
+
+static bool MayChangeMarks(UINT message) {
+    switch (message) {
+        case WM_SETFOCUS:
+        case WM_KILLFOCUS:
+        case WM_KEYDOWN:
+        case WM_CHAR:
+        case WM_LBUTTONDOWN:
+        case WM_LBUTTONUP:
+        case LB_SETSEL:
+        case LB_SELITEMRANGE:
+        case LB_SELITEMRANGEEX: return true;
+    }
+    return false;
+}
+
 static LRESULT CALLBACK ReferencesProcedure(HWND box, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message != WM_DESTROY && message != WM_NCDESTROY) FillReferenceList();
-    if (message == WM_KEYDOWN && wParam == VK_RETURN) SendCommand(FrameOf(box), IDM_READ_ENTRY);
-    return CallWindowProcA(theVerseList.referencesProcedure, box, message, wParam, lParam);
+    switch (message) {
+        case WM_KEYDOWN:
+            if (OnReferencesKey(wParam)) return 0;
+            break;
+        case WM_RBUTTONUP: return OpenReferencesMenu(GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)), 0;
+        case WM_CONTEXTMENU:
+            if (!IsMenuByKey(LOWORD(lParam), HIWORD(lParam))) break;
+            return OpenReferencesMenu(kKeyMenuOffset, kKeyMenuOffset), 0;
+        case WM_COMMAND: return OnReferencesCommand(LOWORD(wParam)), 0;
+    }
+    const LRESULT result = PassToBox(theVerseList.references, message, wParam, lParam);
+    if (MayChangeMarks(message)) FollowMarkedLines(message != WM_KILLFOCUS && GetFocus() == box);
+    if (message == WM_SETFOCUS || message == WM_KILLFOCUS) RefreshFrame();
+    return result;
 }
 
 bool RegisterVerseListClass() {
@@ -322,12 +403,5 @@ bool RegisterVerseListClass() {
 
 void CreateVerseList(HWND tabs) {
     CreateChild(tabs, kVerseListClass, "", WS_VISIBLE | WS_VSCROLL | WS_TABSTOP, WS_EX_CLIENTEDGE, IDC_VERSE_LIST);
-    theVerseList.references =
-        CreateChild(tabs, "LISTBOX", "",
-                    WS_VSCROLL | WS_TABSTOP | LBS_NOTIFY | LBS_MULTIPLESEL | LBS_EXTENDEDSEL | LBS_NOINTEGRALHEIGHT,
-                    WS_EX_CLIENTEDGE, IDC_REFERENCE_LIST);
-    SendMessageA(theVerseList.references, WM_SETFONT, reinterpret_cast<WPARAM>(MessageFont()), FALSE);
-    theVerseList.referencesWideProcedure =
-        reinterpret_cast<WNDPROC>(GetWindowLongPtrW(theVerseList.references, GWLP_WNDPROC));
-    theVerseList.referencesProcedure = Subclass(theVerseList.references, ReferencesProcedure);
+    CreateReferenceList(theVerseList.references, tabs, ReferencesProcedure);
 }

@@ -1,19 +1,15 @@
 // The Verse List window and the Reference List: the two views of the verses in verse_list.h.
 #pragma once
 
-#include <optional>
 #include <vector>
 
 #include "pane/reading_pane_win32.h"
-#include "scripture/verse_records.h"
 #include "search/query.h"
+#include "verselist/reference_list_win32.h"
 #include "verselist/verse_list.h"
 
 struct VerseListPane : ReadingPane {
-    HWND references = nullptr;                  // the list box
-    WNDPROC referencesProcedure = nullptr;      // the list box's original window procedure
-    WNDPROC referencesWideProcedure = nullptr;  // the same procedure, called with wide text
-    std::optional<BookForm> awaitedLines;       // set until the list box is filled: form of its lines
+    ReferenceList references;
     VerseList list;
     Query query;                // the search that filled the list; empty for cross-references
     int verseOfRow = kNoVerse;  // named by the context menu's row whose command is running; kNoVerse: none is
@@ -51,11 +47,19 @@ void RedisplayVerseList();
 void SetVerseListFont(const FontChoice& choice);
 
 // Verse that commands of the frame act on. For a row of the pane's context menu, the verse that the row names.
-// Otherwise, if the Reference List is shown and a line is selected, the verse of the line with the caret. Otherwise the
-// verse of the first selected entry if the Verse List has the focus and all of its selection is visible, else that of
-// the top entry. -1 in an empty list.
+// Otherwise, if the Reference List is shown and has the focus or a marked line, the verse of the line with the caret.
+// Otherwise the verse of the first selected entry if the Verse List has the focus and all of its selection is visible,
+// else that of the top entry. -1 in an empty list.
 int VerseListTargetVerse();
 
 // Verse that Enter acts on and that the rows of the context menu name: that of the current entry or, if the Reference
 // List is shown, of its line with the caret. -1 in an empty list.
 int VerseListCurrentVerse();
+
+// Verses of the marked lines of the Reference List, in their order.
+std::vector<std::int32_t> MarkedVerses();
+
+// Has the visible view the focus, and were entries deleted from the present list? RestoreDeletedEntries, which may
+// only be called then, puts those that were deleted last back in their places in both views.
+bool CanRestoreEntries();
+void RestoreDeletedEntries();
