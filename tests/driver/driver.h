@@ -259,6 +259,9 @@ ScrollState VerticalScroll(const Program& program, HWND window);
 // interrupted in the middle.
 void EndAtFileOperation(const Program& program, unsigned last);
 
+// How many file operations lie between those at which a test ends the program in turn: 1 in a long run, otherwise more.
+unsigned StepOfFileOperations();
+
 // From now on the program's keyboard types `character` where the digit key is pressed with AltGr, which is Ctrl+Alt.
 // Dialogs keep the keyboard of the display.
 void TypeWithAltGr(const Program& program, char digit, wchar_t character);

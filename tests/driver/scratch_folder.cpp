@@ -34,6 +34,10 @@ bool IsLongRun() {
     return !Variable("VERSEWELL_LONG", "").empty();
 }
 
+unsigned StepOfFileOperations() {
+    return IsLongRun() ? 1 : 4;
+}
+
 // The folder of a failed test is kept for inspection.
 static void LeaveFolder(const std::filesystem::path& path) {
     if (testing::Test::HasFailure()) return;

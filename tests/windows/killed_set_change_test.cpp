@@ -77,15 +77,10 @@ struct Ends {
     int before = 0, after = 0;
 };
 
-// Every operation with `./check --long`, otherwise every fourth.
-static unsigned StepOfOperations() {
-    return IsLongRun() ? 1 : 4;
-}
-
 static Ends KillAtEachOperation(int command, const char* title, WPARAM button) {
     Ends ends;
     bool isKilled = true;
-    for (unsigned operation = 1; isKilled && !testing::Test::HasFailure(); operation += StepOfOperations()) {
+    for (unsigned operation = 1; isKilled && !testing::Test::HasFailure(); operation += StepOfFileOperations()) {
         SCOPED_TRACE(testing::Message() << "file operation " << operation);
         const ScratchFolder folder = FolderWithSets();
         Program program = StartProgram(folder);

@@ -300,7 +300,7 @@ static void StartAndMerge(const ScratchFolder& folder) {
 // Each step is also stopped by a native test; here every fifth file operation of the real program is its last.
 TEST(MergeSets, LosesNothingWhenTheProgramIsKilled) {
     bool isKilled = true;
-    for (unsigned operation = 1; isKilled && !HasFailure(); operation += 5) {
+    for (unsigned operation = 1; isKilled && !HasFailure(); operation += StepOfFileOperations()) {
         SCOPED_TRACE(testing::Message() << "file operation " << operation);
         const ScratchFolder folder = FolderInConflict();
         {
