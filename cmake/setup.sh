@@ -15,7 +15,7 @@ packages=(
   libsword-utils sword-comm-mhcc sword-comm-scofield sword-comm-tdavid
   nlohmann-json3-dev nodejs
   librsvg2-dev imagemagick
-  halibut libchm-bin hunspell hunspell-en-gb
+  halibut hunspell hunspell-en-gb
   wine wine64 fonts-wine fonts-liberation
   xvfb x11-utils libfaketime locales
   ghostscript poppler-utils
