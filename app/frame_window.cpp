@@ -85,6 +85,11 @@ static void OnInitMenuPopup(HWND, HMENU, UINT, BOOL) {
     RefreshCommands();
 }
 
+// A screen was removed, or its resolution changed.
+static void OnDisplayChange(HWND window, UINT, UINT, UINT) {
+    if (!IsZoomed(window) && !IsIconic(window)) BringOnScreen(window);
+}
+
 static LRESULT CALLBACK FrameProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         HANDLE_MSG(window, WM_CREATE, OnCreate);
@@ -98,6 +103,7 @@ static LRESULT CALLBACK FrameProcedure(HWND window, UINT message, WPARAM wParam,
         HANDLE_MSG(window, WM_ACTIVATE, OnActivate);
         HANDLE_MSG(window, WM_ENABLE, OnEnable);
         HANDLE_MSG(window, WM_INITMENUPOPUP, OnInitMenuPopup);
+        HANDLE_MSG(window, WM_DISPLAYCHANGE, OnDisplayChange);
         HANDLE_MSG(window, WM_KEYDOWN, OnKey);
         case WM_MOUSEWHEEL: return PassWheelToPane(wParam, lParam), 0;
         case WM_ENTERMENULOOP:
@@ -120,18 +126,17 @@ bool RegisterFrameClass() {
     return RegisterClassA(&description) != 0;
 }
 
-static FramePlacement KeptOnScreen(const FramePlacement& placement) {
-    if (placement.XPos == kUseDefault || placement.Width == kUseDefault) return placement;
-    const auto within = [](int pixels) { return std::clamp(pixels, -32767, 32767); };  // limits of screen coordinates
-    const int left = within(placement.XPos);
-    const int top = within(placement.YPos);
-    const RECT place{left, top, left + within(placement.Width), top + within(placement.Height)};
-    return IsOnScreen(place) ? placement : FramePlacement{};
+// The limits of screen coordinates; beyond them, sums could overflow.
+static int WithinCoordinates(int pixels) {
+    return pixels == kUseDefault ? pixels : std::clamp(pixels, -32767, 32767);
 }
 
+// The screens may be others than those of the last run, so the frame is moved before it is shown.
 HWND CreateFrame(const FramePlacement& stored) {
-    const FramePlacement placement = KeptOnScreen(stored);
-    return CreateWindowExA(0, kFrameClass, kFrameClass, WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, placement.XPos,
-                           placement.YPos, placement.Width, placement.Height, nullptr, nullptr,
-                           GetModuleHandleA(nullptr), nullptr);
+    const HWND frame =
+        CreateWindowExA(0, kFrameClass, kFrameClass, WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN,
+                        WithinCoordinates(stored.XPos), WithinCoordinates(stored.YPos), WithinCoordinates(stored.Width),
+                        WithinCoordinates(stored.Height), nullptr, nullptr, GetModuleHandleA(nullptr), nullptr);
+    if (frame) BringOnScreen(frame);
+    return frame;
 }

@@ -195,11 +195,20 @@ bool StartUp(HWND frame) {
 
 // ---- Shut-down ------------------------------------------------------------------------------------------------------
 
+// A maximized frame has the flag on Windows, but not under Wine; there a frame that was maximized before keeps it.
+static UINT FlagsOf(const WINDOWPLACEMENT& placement) {
+    const UINT flags = placement.flags & (WPF_SETMINPOSITION | WPF_RESTORETOMAXIMIZED);
+    switch (placement.showCmd) {
+        case SW_SHOWMAXIMIZED: return flags | WPF_RESTORETOMAXIMIZED;
+        case SW_SHOWMINIMIZED: return flags;
+        default: return flags & ~UINT{WPF_RESTORETOMAXIMIZED};
+    }
+}
+
 static FramePlacement PlacementOf(const WINDOWPLACEMENT& placement) {
     const RECT& normal = placement.rcNormalPosition;
-    static constexpr UINT kKeptFlags = WPF_SETMINPOSITION | WPF_RESTORETOMAXIMIZED;
     return {static_cast<int>(normal.left), static_cast<int>(normal.top), static_cast<int>(normal.right - normal.left),
-            static_cast<int>(normal.bottom - normal.top), static_cast<int>(placement.flags & kKeptFlags)};
+            static_cast<int>(normal.bottom - normal.top), static_cast<int>(FlagsOf(placement))};
 }
 
 static void SaveCurrentSettings(const ProfileFile& profile) {

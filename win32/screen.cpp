@@ -1,6 +1,10 @@
 #include "win32/screen.h"
 
+#include <algorithm>
+#include <vector>
+
 #include "win32/handles.h"
+#include "win32/placement.h"
 
 static int ScreenDotsPerInch() {
     const HDC screen = GetDC(nullptr);
@@ -34,23 +38,26 @@ HFONT MessageFont() {
     return font.get();
 }
 
-static int KeptOnScreen(int place, int size, int screenSize) {
-    if (place < 0) return 0;
-    return place + size > screenSize ? screenSize - size : place;
+static RECT ScreenOf(HWND window) {
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof monitor;
+    GetMonitorInfoA(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &monitor);
+    return monitor.rcMonitor;
 }
 
 void PlaceDialog(HWND dialog) {
+    const HWND owner = GetAncestor(GetWindow(dialog, GW_OWNER), GA_ROOTOWNER);
     RECT frame{}, box{};
-    GetWindowRect(GetAncestor(GetWindow(dialog, GW_OWNER), GA_ROOTOWNER), &frame);
+    GetWindowRect(owner, &frame);
     GetWindowRect(dialog, &box);
+    const RECT screen = ScreenOf(owner);
     const int width = box.right - box.left;
     const int height = box.bottom - box.top;
     const int upperFrame = static_cast<int>((frame.bottom - frame.top) * 0.9);
     const int x = frame.left + (frame.right - frame.left - width) / 2;
     const int y = frame.top + (upperFrame - height) / 2;
-    SetWindowPos(dialog, nullptr, KeptOnScreen(x, width, GetSystemMetrics(SM_CXSCREEN)),
-                 KeptOnScreen(y, height, GetSystemMetrics(SM_CYSCREEN)), 0, 0,
-                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    SetWindowPos(dialog, nullptr, KeptBetween(x, width, screen.left, screen.right),
+                 KeptBetween(y, height, screen.top, screen.bottom), 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void CenterOnScreen(HWND window) {
@@ -61,6 +68,31 @@ void CenterOnScreen(HWND window) {
     SetWindowPos(window, nullptr, x, y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-bool IsOnScreen(const RECT& place) {
-    return MonitorFromRect(&place, MONITOR_DEFAULTTONULL) != nullptr;
+static ScreenArea AreaOf(const RECT& place) {
+    return {static_cast<int>(place.left), static_cast<int>(place.top), static_cast<int>(place.right),
+            static_cast<int>(place.bottom)};
+}
+
+static BOOL CALLBACK AddWorkArea(HMONITOR screen, HDC, RECT*, LPARAM areas) {
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof monitor;
+    if (GetMonitorInfoA(screen, &monitor))
+        reinterpret_cast<std::vector<ScreenArea>*>(areas)->push_back(AreaOf(monitor.rcWork));
+    return TRUE;
+}
+
+static std::vector<ScreenArea> WorkAreas() {
+    std::vector<ScreenArea> areas;
+    EnumDisplayMonitors(nullptr, nullptr, AddWorkArea, reinterpret_cast<LPARAM>(&areas));
+    return areas;
+}
+
+void BringOnScreen(HWND window) {
+    RECT place{};
+    GetWindowRect(window, &place);
+    const int border = GetSystemMetrics(SM_CXSIZEFRAME) + GetSystemMetrics(SM_CXPADDEDBORDER);
+    const ScreenArea before = AreaOf(place), after = BroughtInside(before, border, WorkAreas());
+    if (after == before) return;
+    SetWindowPos(window, nullptr, after.left, after.top, after.right - after.left, after.bottom - after.top,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
 }

@@ -11,11 +11,12 @@ int Unscaled(int pixels);
 HFONT MessageFont();
 
 // Moves a dialog that is about to open over its top-level owner: centred horizontally, and vertically in the owner's
-// upper nine tenths, but kept on the screen. Its size does not change.
+// upper nine tenths, but kept on the owner's screen. Its size does not change.
 void PlaceDialog(HWND dialog);
 
 // Centres a window on the screen.
 void CenterOnScreen(HWND window);
 
-// Is any part of `place` on a monitor?
-bool IsOnScreen(const RECT& place);
+// Moves and, if necessary, shrinks a top-level window that is not wholly inside the screens' work areas, as
+// `BroughtInside` in win32/placement.h tells. To be called while it is neither maximized nor minimized.
+void BringOnScreen(HWND window);

@@ -290,35 +290,6 @@ TEST(SettingsFile, ItalicsModeMayBeOutOfRange) {
     }
 }
 
-TEST(FramePlace, IsAlwaysOnTheScreen) {
-    static constexpr struct {
-        const char *x, *y, *width, *height;
-    } kRows[] = {
-        {"5000", "20", "800", "600"},
-        {"20", "-3000", "800", "600"},
-        {"2147483647", "2147483647", "2147483647", "2147483647"},
-        {"10", "10", "2147483647", "2147483647"},
-        {"10", "10", "-50", "-50"},
-        {"10", "10", "0", "0"},
-    };
-    const RECT screen{0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
-    for (const auto& row : kRows) {
-        SCOPED_TRACE(std::string(row.x) + " " + row.width);
-        const ScratchFolder folder = FolderWithScripture();
-        Store(folder, {{"MISC", "XPos", row.x},
-                       {"MISC", "YPos", row.y},
-                       {"MISC", "Width", row.width},
-                       {"MISC", "Height", row.height}});
-        Program program = StartProgram(folder);
-        const RECT place = RectOnScreen(program.frame);
-        RECT seen{};
-        IntersectRect(&seen, &place, &screen);
-        EXPECT_GT(seen.right - seen.left, 50);
-        EXPECT_GT(seen.bottom - seen.top, 20);
-        EXPECT_EQ(CloseProgram(program), 0);
-    }
-}
-
 // ---- What the settings do -------------------------------------------------------------------------------------------
 
 static int VerseAfterOnePage(const char* storedHeight) {

@@ -285,32 +285,42 @@ INSTANTIATE_TEST_SUITE_P(Start, FrameOpening,
                                          OpeningState{"MinimizedByCommandLine", "", SW_SHOWMINIMIZED, false, true}),
                          [](const auto& row) { return std::string(row.param.name); });
 
-// Deliberate: the setting stores the flags of the window placement, not whether the frame is maximized.
-TEST(Closing, SavesTheRestoredPlaceAndThePlacementFlags) {
+static void Order(const Program& program, WPARAM order) {
+    PostMessageA(program.frame, WM_SYSCOMMAND, order, 0);
+    Settle(program);
+}
+
+// Deliberate: the setting stores the flags of the window placement, not the show state. A minimized frame keeps in mind
+// whether it was maximized.
+TEST(Closing, SavesTheRestoredPlaceAndWhetherItWasMaximized) {
     static constexpr RECT kPlace{60, 50, 760, 550};
-    static const struct {
-        std::vector<WPARAM> orders;
-        int flags;  // -1: those of the system
-    } kRows[] = {{{SC_MAXIMIZE}, -1}, {{SC_MINIMIZE}, -1}, {{SC_MAXIMIZE, SC_MINIMIZE}, WPF_RESTORETOMAXIMIZED}};
-    for (const auto& row : kRows) {
-        SCOPED_TRACE(row.orders.front());
+    static const std::vector<std::pair<std::vector<WPARAM>, int>> kRows = {
+        {{}, 0},
+        {{SC_MAXIMIZE}, WPF_RESTORETOMAXIMIZED},
+        {{SC_MINIMIZE}, 0},
+        {{SC_MAXIMIZE, SC_MINIMIZE}, WPF_RESTORETOMAXIMIZED},
+        {{SC_MAXIMIZE, SC_RESTORE}, 0},
+        {{SC_MAXIMIZE, SC_MINIMIZE, SC_RESTORE}, WPF_RESTORETOMAXIMIZED},
+        {{SC_MAXIMIZE, SC_MINIMIZE, SC_RESTORE, SC_RESTORE}, 0},
+    };
+    for (const auto& [orders, flags] : kRows) {
+        SCOPED_TRACE(testing::PrintToString(orders));
         const ScratchFolder folder = FolderWithScripture();
         Program program = StartProgram(folder);
         PlaceFrame(program, kPlace);
-        for (const WPARAM order : row.orders) {
-            PostMessageA(program.frame, WM_SYSCOMMAND, order, 0);
-            Settle(program);
-        }
-        WINDOWPLACEMENT placement{};
-        placement.length = sizeof placement;
-        GetWindowPlacement(program.frame, &placement);
-        const int flags = row.flags < 0 ? static_cast<int>(placement.flags & 3) : row.flags;
+        for (const WPARAM order : orders) Order(program, order);
         EXPECT_EQ(CloseProgram(program), 0);
         EXPECT_EQ(Setting(folder, "MISC", "Maxed"), std::to_string(flags));
         EXPECT_EQ(Setting(folder, "MISC", "XPos"), "60");
         EXPECT_EQ(Setting(folder, "MISC", "YPos"), "50");
         EXPECT_EQ(Setting(folder, "MISC", "Width"), "700");
         EXPECT_EQ(Setting(folder, "MISC", "Height"), "500");
+        Program next = StartProgram(folder);
+        EXPECT_EQ(IsZoomed(next.frame) != FALSE, flags != 0);
+        if (IsZoomed(next.frame)) Order(next, SC_RESTORE);
+        const RECT place = RectOnScreen(next.frame);
+        EXPECT_TRUE(EqualRect(&place, &kPlace)) << "as it was before";
+        EXPECT_EQ(CloseProgram(next), 0);
     }
 }
 
