@@ -16,6 +16,7 @@
 #include "verselist/verse_list_window.h"
 #include "win32/controls.h"
 #include "win32/files.h"
+#include "win32/held_keys.h"
 
 static constexpr char kFailureText[] =
     "Initialization of Versewell97 incomplete.\n\n"
@@ -95,6 +96,7 @@ int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int showState) {
     EnterRestartFolder();
     SettleWorkingFolder({kVerseTextFile, "*.nmi"}, "Versewell");
     if (!ClaimWorkingFolder(kFrameClass) || !RegisterClasses()) return 0;
+    WatchHeldKeys();
     OpenLastSession();
     const FramePlacement placement = LoadPlacement(FirstSettings());
     const HWND frame = CreateFrame(placement);

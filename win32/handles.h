@@ -31,6 +31,7 @@ struct CloseFile {
     void operator()(HANDLE file) const { CloseHandle(file); }
 };
 using OwnedFile = std::unique_ptr<std::remove_pointer_t<HANDLE>, CloseFile>;
+using OwnedProcess = OwnedFile;
 
 struct UnmapView {
     void operator()(const void* view) const { UnmapViewOfFile(view); }

@@ -1,8 +1,11 @@
 // The help viewer is looked up on every call, because the user may start or install one in the meantime:
 //
 //   WinHelp            if the system has it; controlled with the commands and macros of its interface
-//   Wine's WinHelp     does not accept macros from other programs, but opens a topic given on its command line
+//   Wine's WinHelp     does not accept macros from other programs, but opens a topic given on its command line; so each
+//                      page is shown by a viewer of its own, and the one before is ended first
 //   the browser        otherwise, with the topic's page
+//
+// A key that is held down asks once.
 //
 // The first two know the system's code page only, and paths of at most MAX_PATH letters. Other paths are passed with
 // short names of folders, and if there are none, the page is opened in the browser.
@@ -15,6 +18,8 @@
 
 #include "win32/controls.h"
 #include "win32/files.h"
+#include "win32/handles.h"
+#include "win32/held_keys.h"
 
 namespace {
 
@@ -26,9 +31,8 @@ struct HelpPage {
 }  // namespace
 
 // Like all procedures here that open something, returns whether it succeeded.
-static bool OpenWithShell(HWND owner, const std::wstring& file, const std::string& arguments) {
-    const HINSTANCE result =
-        ShellExecuteW(owner, L"open", file.c_str(), Wide(arguments).c_str(), nullptr, SW_SHOWNORMAL);
+static bool OpenWithShell(HWND owner, const std::wstring& file) {
+    const HINSTANCE result = ShellExecuteW(owner, L"open", file.c_str(), nullptr, nullptr, SW_SHOWNORMAL);
     return reinterpret_cast<INT_PTR>(result) > 32;
 }
 
@@ -74,10 +78,45 @@ static bool BelongsToFile(HWND window, const std::wstring& path) {
     return known && lstrcmpiW(image, path.c_str()) == 0;
 }
 
-static bool OpenTopicInWine(HWND frame, const std::wstring& viewer, const std::string& file, const char* topic) {
-    if (RunningViewer() != nullptr) WinHelpA(frame, file.c_str(), HELP_QUIT, 0);
-    return OpenWithShell(frame, viewer, std::string("-i ") + topic + " \"" + file + "\"");
+// ---- Wine's viewer
+// ----------------------------------------------------------------------------------------------------
+
+// The viewer that this program has started under Wine. It may still be starting and have no window yet, so that it
+// could not be found or be told anything.
+static OwnedProcess startedViewer;
+
+static bool IsOver(HANDLE process, DWORD patience) {
+    return WaitForSingleObject(process, patience) != WAIT_TIMEOUT;
 }
+
+// A viewer has nothing that could be lost, so one that does not answer is simply ended.
+static void EndViewerOfWine(HWND frame, const std::string& file) {
+    static constexpr DWORD kPatience = 1000;  // milliseconds
+    const bool isTold = RunningViewer() != nullptr;
+    if (isTold) WinHelpA(frame, file.c_str(), HELP_QUIT, 0);
+    if (!startedViewer) return;
+    if (!IsOver(startedViewer.get(), isTold ? kPatience : 0)) TerminateProcess(startedViewer.get(), 0);
+    startedViewer.reset();
+}
+
+static bool StartViewerOfWine(HWND frame, const std::wstring& viewer, const std::string& file, const char* topic) {
+    EndViewerOfWine(frame, file);
+    const std::string place = topic != nullptr ? std::string("-i ") + topic + " " : "";
+    const std::wstring arguments = Wide(place + "\"" + file + "\"");
+    SHELLEXECUTEINFOW start{};
+    start.cbSize = sizeof start;
+    start.fMask = SEE_MASK_NOCLOSEPROCESS | SEE_MASK_FLAG_NO_UI;
+    start.hwnd = frame;
+    start.lpFile = viewer.c_str();
+    start.lpParameters = arguments.c_str();
+    start.nShow = SW_SHOWNORMAL;
+    if (!ShellExecuteExW(&start)) return false;
+    startedViewer.reset(start.hProcess);
+    return true;
+}
+
+// ---- Any viewer
+// -------------------------------------------------------------------------------------------------------
 
 static bool SendToViewer(HWND frame, const std::string& file, const HelpPage& page) {
     if (page.topic == nullptr) return WinHelpA(frame, file.c_str(), HELP_CONTENTS, 0);
@@ -93,7 +132,7 @@ static bool ShowInViewer(HWND frame, const HelpPage& page) {
     const HWND running = RunningViewer();
     if (viewer.empty() && running == nullptr) return false;
     const bool isOther = running != nullptr && !BelongsToFile(running, viewer);
-    if (page.topic != nullptr && IsWine() && !isOther) return OpenTopicInWine(frame, viewer, *file, page.topic);
+    if (IsWine() && !isOther) return StartViewerOfWine(frame, viewer, *file, page.topic);
     return SendToViewer(frame, *file, page);
 }
 
@@ -109,10 +148,11 @@ static std::wstring ShellPath(const std::wstring& path) {
 static bool ShowInBrowser(HWND frame, const HelpPage& page) {
     const std::string name = page.topic != nullptr ? page.topic : "index";
     const std::wstring path = ProgramFilePath("help\\" + name + ".html");
-    return IsThere(path) && OpenWithShell(frame, ShellPath(path), "");
+    return IsThere(path) && OpenWithShell(frame, ShellPath(path));
 }
 
 static void Open(HWND owner, const HelpPage& page) {
+    if (IsHeldKey()) return;
     const HWND frame = FrameOf(owner);
     if (ShowInViewer(frame, page) || ShowInBrowser(frame, page)) return;
     const std::string text = std::string("The help file \"") + page.file + "\" cannot be found.";
@@ -130,5 +170,8 @@ void OpenHelpTopic(HWND owner, const char* name, const char* topic) {
 void CloseHelp(HWND frame, const char* name) {
     const std::wstring path = ProgramFilePath(name);
     const std::optional<std::string> file = IsThere(path) ? PathInCodePage(path) : std::nullopt;
-    if (file) WinHelpA(frame, file->c_str(), HELP_QUIT, 0);
+    if (startedViewer)
+        EndViewerOfWine(frame, file.value_or(name));
+    else if (file)
+        WinHelpA(frame, file->c_str(), HELP_QUIT, 0);
 }

@@ -5,6 +5,7 @@
 #include <thread>
 
 #include "tests/driver/driver.h"
+#include "tests/driver/held_keys.h"
 
 static const std::map<std::string_view, WORD> kKeyNames = {
     {"Alt", VK_MENU},      {"Ctrl", VK_CONTROL},  {"Shift", VK_SHIFT}, {"Enter", VK_RETURN}, {"Esc", VK_ESCAPE},
@@ -79,6 +80,16 @@ void PressInOneGo(const Program& program, const std::vector<std::string>& keys) 
         const std::vector<INPUT> more = EventsOfKeys(program, each);
         events.insert(events.end(), more.begin(), more.end());
     }
+    SendEvents(events);
+    Settle(program);
+}
+
+void HoldKeys(const Program& program, std::string_view keys, int repetitions) {
+    MustBeInFront(program);
+    std::vector<INPUT> events = EventsOfKeys(program, keys);
+    const auto down = events.begin() + static_cast<std::ptrdiff_t>(events.size() / 2 - 1);  // of the last key
+    const INPUT last = *down;
+    events.insert(down, static_cast<std::size_t>(repetitions), last);
     SendEvents(events);
     Settle(program);
 }

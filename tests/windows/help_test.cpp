@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "resources/ids.h"
+#include "tests/driver/held_keys.h"
 #include "tests/windows/help_viewers.h"
 #include "tests/windows/helped_dialogs.h"
 #include "tests/windows/note_steps.h"
@@ -56,6 +57,40 @@ TEST(HelpRequests, AreSentByEveryHelpButtonAndCommand) {
     EXPECT_THAT(TakeRequests(*viewer), ElementsAre(Quit()));
 }
 
+static void CloseWithViewer(Program& program, ListeningViewer& viewer) {
+    EXPECT_EQ(CloseProgram(program), 0);
+    EXPECT_THAT(TakeRequests(viewer), ElementsAre(Quit()));
+}
+
+// A key that is held down presses again and again by itself.
+TEST(HelpRequests, AreSentOnceWhileAKeyIsHeld) {
+    static constexpr int kRepetitions = 8;
+    Program program = StartProgram(FolderWithHelp());
+    const UniqueListeningViewer viewer = ListenAsViewer();
+    HoldKeys(program, "F1", kRepetitions);
+    EXPECT_THAT(TakeRequests(*viewer), ElementsAre(Contents()));
+    Press(program, "F1");
+    Press(program, "F1");
+    EXPECT_THAT(TakeRequests(*viewer), ElementsAre(Contents(), Contents()));
+    const HelpedDialog& row = HelpedDialogs()[0];
+    Command(program, row.command);
+    const HWND dialog = WaitForDialog(program, row.title);
+    HoldKeys(program, "F1", kRepetitions);
+    EXPECT_THAT(TakeRequests(*viewer), ElementsAre(Topic(row.topic)));
+    HoldKeys(program, "Alt+h", kRepetitions);
+    EXPECT_THAT(TakeRequests(*viewer), ElementsAre(Topic(row.topic)));
+    const HWND button = Child(dialog, {IDC_HELP_BUTTON});
+    SendMessageA(dialog, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(button), TRUE);
+    HoldKeys(program, "Enter", kRepetitions);
+    EXPECT_THAT(TakeRequests(*viewer), ElementsAre(Topic(row.topic)));
+    HoldKeys(program, "a", kRepetitions);
+    Click(program, button);
+    EXPECT_THAT(TakeRequests(*viewer), ElementsAre(Topic(row.topic)));
+    Press(program, "Esc");
+    WaitForNoDialog(program);
+    CloseWithViewer(program, *viewer);
+}
+
 // The program must not rely on the viewer's file in the system folder alone.
 TEST(HelpRequests, GoToARunningViewerEvenIfNoneIsInstalled) {
     const WithoutViewer without;
@@ -82,6 +117,52 @@ TEST(HelpFile, OpensAtTheTopicInTheSystemViewer) {
     WaitForNoViewer(program);
 }
 
+static void WaitForTopic(const Program& program, const std::string& text) {
+    WaitUntil(program, text, [&] { return ShownInViewer(program).find(text) != std::string::npos; });
+}
+
+static void WaitForNoViewers(const Program& program) {
+    WaitUntil(program, "the end of all viewers", [] { return ViewerCount() == 0; });
+}
+
+TEST(HelpFile, IsShownByOneViewerWhileF1IsHeld) {
+    Program program = StartProgram(FolderWithHelp());
+    Command(program, HelpedDialogs()[0].command);
+    WaitForDialog(program, HelpedDialogs()[0].title);
+    HoldKeys(program, "F1", 8);
+    WaitForTopic(program, "Searching for words");
+    EXPECT_EQ(ViewerCount(), 1);
+    Command(program, IDCANCEL);
+    EXPECT_EQ(CloseProgram(program), 0);
+    WaitForNoViewers(program);
+}
+
+// Asked again before the viewer is there: the commands are sent all at once.
+TEST(HelpFile, OpensAtTheTopicAskedForLast) {
+    Program program = StartProgram(FolderWithHelp());
+    for (const int command : {IDM_HELP_TOPICS, IDM_HELP_RANGE, IDM_HELP_TOPICS, IDM_HELP_PREFACE})
+        PostMessageA(program.frame, WM_COMMAND, static_cast<WPARAM>(command), 0);
+    Settle(program);
+    WaitForTopic(program, "Preface");
+    EXPECT_EQ(ViewerCount(), 1);
+    for (const int command : {IDM_HELP_RANGE, IDM_HELP_TOPICS})
+        PostMessageA(program.frame, WM_COMMAND, static_cast<WPARAM>(command), 0);
+    Settle(program);
+    WaitForTopic(program, "Chapter 1");
+    EXPECT_EQ(ViewerCount(), 1);
+    EXPECT_EQ(CloseProgram(program), 0);
+    WaitForNoViewers(program);
+}
+
+TEST(HelpFile, IsClosedWithTheProgramEvenIfTheViewerIsStillStarting) {
+    for (const int command : {IDM_HELP_RANGE, IDM_HELP_TOPICS}) {
+        Program program = StartProgram(FolderWithHelp());
+        PostMessageA(program.frame, WM_COMMAND, static_cast<WPARAM>(command), 0);
+        EXPECT_EQ(CloseProgram(program), 0);
+        WaitForNoViewers(program);
+    }
+}
+
 TEST(HelpPages, OpenInTheBrowserWhenThereIsNoViewer) {
     const WithoutViewer without;
     Program program = StartProgram(FolderWithHelp());
@@ -94,6 +175,16 @@ TEST(HelpPages, OpenInTheBrowserWhenThereIsNoViewer) {
     EXPECT_EQ(NextPage(program, browser), std::string("help\\") + HelpedDialogs()[0].topic + ".html");
     EXPECT_EQ(CloseProgram(program), 0);
     EXPECT_EQ(ViewerWindow(), nullptr);
+}
+
+TEST(HelpPages, OpenOnceWhileF1IsHeld) {
+    const WithoutViewer without;
+    Program program = StartProgram(FolderWithHelp());
+    const WritingBrowser browser(program.folder);
+    HoldKeys(program, "F1", 8);
+    EXPECT_EQ(NextPage(program, browser), "help\\index.html");
+    Command(program, IDM_HELP_PREFACE);  // no further page came before this one
+    EXPECT_EQ(NextPage(program, browser), "help\\ID_Preface.html");
 }
 
 // The help must still work when the .hlp file is missing.

@@ -8,6 +8,8 @@
 #include <thread>
 #include <utility>
 
+#include <tlhelp32.h>
+
 namespace fs = std::filesystem;
 
 ScratchFolder FolderWithHelp() {
@@ -119,6 +121,16 @@ HWND ViewerWindow() {
     return FindWindowA("MS_WINHELP", nullptr);
 }
 
+int ViewerCount() {
+    const UniqueHandle all(CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0));
+    PROCESSENTRY32 entry{};
+    entry.dwSize = sizeof entry;
+    int count = 0;
+    for (BOOL more = Process32First(all.get(), &entry); more; more = Process32Next(all.get(), &entry))
+        count += lstrcmpiA(entry.szExeFile, "winhlp32.exe") == 0;
+    return count;
+}
+
 static BOOL CALLBACK AddText(HWND window, LPARAM all) {
     *reinterpret_cast<std::string*>(all) += TextOf(window);
     return TRUE;
@@ -148,7 +160,7 @@ static void SetDefault(const std::string& key, const std::string& value) {
 
 WritingBrowser::WritingBrowser(const ScratchFolder& folder) : file((folder.path / "pages.txt").string()) {
     SetDefault(kPageKey, "VersewellTestPage");
-    SetDefault(std::string(kBrowserKey) + "\\shell\\open\\command", "cmd.exe /c echo %1>\"" + file + "\"");
+    SetDefault(std::string(kBrowserKey) + "\\shell\\open\\command", "cmd.exe /c echo %1>>\"" + file + "\"");
 }
 
 WritingBrowser::~WritingBrowser() {

@@ -48,5 +48,7 @@ std::string NextPage(const Program& program, const WritingBrowser& browser);
 
 // The window of the running viewer; null when none is running.
 HWND ViewerWindow();
+// Number of processes of the system's viewer, including those that have no window yet.
+int ViewerCount();
 // Waits until the viewer shows text, and returns it.
 std::string ShownInViewer(const Program& program);
