@@ -148,7 +148,7 @@ static HWND CreateTabs(HWND frame, int id, std::initializer_list<const char*> na
 }
 
 void CreateBars(HWND frame) {
-    theFrame.statusBar = CreateChild(frame, STATUSCLASSNAMEA, "", WS_VISIBLE, 0, IDC_STATUS_BAR);
+    theFrame.statusBar = CreateStatusBar(frame);
     theFrame.listTabs = CreateTabs(frame, IDC_LIST_TABS, {"Verse List", "Reference List"});
     theFrame.passageTabs = CreateTabs(frame, IDC_PASSAGE_TABS, {"Passage"});
     theNoteTabs.window = CreateTabs(frame, IDC_NOTE_TABS, {});

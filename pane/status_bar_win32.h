@@ -1,4 +1,5 @@
-// The frame's status bar. The panes and the frame write to it through this procedure only.
+// The frame's status bar. The panes and the frame write to it through ShowStatus only. A text that is too long for its
+// part is shown with an ellipsis, and as a whole in a tool tip; the control still has the whole text.
 #pragma once
 
 #include <string>
@@ -12,6 +13,9 @@ enum class StatusPart {
     kPassage,        // the Passage's top verse
     kSearchRange,
 };
+
+// Creates an empty status bar with one part, as a child of `frame`.
+HWND CreateStatusBar(HWND frame);
 
 // Sets a part of the status bar of the frame that `window` belongs to. Does nothing if the part already has that text,
 // because rewriting it would flicker.

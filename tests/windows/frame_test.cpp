@@ -131,6 +131,80 @@ TEST(StatusBar, KeepsItsTextsWhenResized) {
     EXPECT_EQ(texts(), before);
 }
 
+static HWND StatusBar(const Program& program) {
+    return Child(program.frame, {IDC_STATUS_BAR});
+}
+
+static RECT RectOfPart(const Program& program, int part) {
+    RECT place{};
+    AskAbout(program, StatusBar(program), SB_GETRECT, static_cast<WPARAM>(part), place);
+    return place;
+}
+
+// The tool tip over a part; "" if none is shown for a second.
+static std::string TipOfPart(const Program& program, int part) {
+    ReleaseMouse(program);
+    const auto tip = [&] {
+        for (const HWND window : TopLevelWindows(program))
+            if (ClassOf(window) == TOOLTIPS_CLASSA) return TextOf(window);
+        return std::string();
+    };
+    WaitUntil(program, "the last tool tip to go", [&] { return tip().empty(); });
+    const RECT place = RectOfPart(program, part);
+    PointAt(StatusBar(program), {(place.left + place.right) / 2, (place.top + place.bottom) / 2});
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(1);
+    WaitUntil(program, "a tool tip", [&] { return !tip().empty() || std::chrono::steady_clock::now() > end; });
+    return tip();
+}
+
+// Has the part's picture nothing but dots at its end, where a cut text has letters?
+static bool EndsWithDots(const Program& program, int part) {
+    static constexpr int kDots = 5;  // pixels at the end; three dots are wider in every font
+    RECT place = RectOfPart(program, part);
+    MapWindowPoints(StatusBar(program), nullptr, reinterpret_cast<POINT*>(&place), 2);
+    InflateRect(&place, -2, -2);
+    const Picture picture = PictureOfScreen(place);
+    const int middle = picture.height / 2, last = picture.width;
+    const std::uint32_t background = ColorAt(picture, last - 1, 0);
+    const auto inked = [&](int left, int top, int right, int bottom) {
+        const int all = (right - left) * (bottom - top);
+        return CountPixels(picture, {left, top, right, bottom}, background) < all;
+    };
+    int end = last;
+    while (end > kDots && !inked(end - 1, 0, end, picture.height)) --end;
+    return inked(0, 0, last, middle) && !inked(end - kDots, 0, end, middle) &&
+           inked(end - kDots, middle, end, picture.height);
+}
+
+// The longest references in a frame that is too narrow for them.
+TEST(StatusBar, ShowsTextsThatAreTooLongWithAnEllipsisAndAToolTip) {
+    const ScratchFolder folder = FolderWithScripture();
+    WriteSetting(folder, "SEARCH", "StartVerse", "29616");
+    WriteSetting(folder, "MISC", "ReadVerse", "29616");
+    Program program = StartProgram(folder);
+    EXPECT_NE(GetWindowLongA(StatusBar(program), GWL_STYLE) & SBARS_TOOLTIPS, 0);
+    PlaceFrame(program, {20, 20, 440, 420});
+    SavePicture(PictureOfWindow(StatusBar(program)), "status-bar-cut");
+    const std::string passage = StatusPart(program, 3);
+    EXPECT_EQ(passage, "1 Thessalonians 4:13") << "others can read the whole text";
+    EXPECT_EQ(TipOfPart(program, 3), passage);
+    EXPECT_TRUE(EndsWithDots(program, 3));
+    EXPECT_EQ(TipOfPart(program, 4), StatusPart(program, 4));
+    EXPECT_TRUE(EndsWithDots(program, 4));
+    Command(program, IDM_GOTO_BOOK + 1);
+    EXPECT_EQ(StatusPart(program, 3), "Genesis 1:1");
+    EXPECT_EQ(TipOfPart(program, 3), "") << "it is shown whole";
+    EXPECT_FALSE(EndsWithDots(program, 3));
+    Command(program, IDM_GOTO_BOOK + 52);
+    EXPECT_EQ(TipOfPart(program, 3), StatusPart(program, 3));
+    PlaceFrame(program, kUsualPlace);
+    EXPECT_EQ(TipOfPart(program, 3), "") << "there is room now";
+    EXPECT_FALSE(EndsWithDots(program, 3));
+    PlaceFrame(program, {20, 20, 220, 220});
+    EXPECT_EQ(TipOfPart(program, 3), StatusPart(program, 3));
+    SavePicture(PictureOfWindow(StatusBar(program)), "status-bar-narrow");
+}
+
 // ---- Tabs -----------------------------------------------------------------------------------------------------------
 
 TEST(ListViews, SwitchingKeepsTheList) {
