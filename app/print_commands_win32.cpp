@@ -8,6 +8,7 @@
 #include "output/format_dialog.h"
 #include "output/range_dialog.h"
 #include "passage/passage_window.h"
+#include "print/printer_dialogs_win32.h"
 #include "print/printing_win32.h"
 #include "scripture/scripture_win32.h"
 #include "verselist/verse_list_window.h"

@@ -1,5 +1,6 @@
 #include "print/printing_win32.h"
 
+#include "print/printer_dialogs_win32.h"
 #include "print/printer_win32.h"
 #include "resources/ids.h"
 #include "win32/controls.h"
@@ -15,34 +16,6 @@ struct Printing {
 
 }  // namespace
 static Printing thePrinting;
-
-// ---- The system's dialogs -------------------------------------------------------------------------------------------
-
-void AskPageSetup(HWND frame, PAGESETUPDLGA& setup) {
-    PAGESETUPDLGA asked = setup;
-    asked.hwndOwner = frame;
-    asked.Flags = PSD_MARGINS;
-    const bool chosen = PageSetupDlgA(&asked);
-    if (chosen) setup = asked;
-    setup.hDevMode = asked.hDevMode;  // the system may have replaced them even if the user cancelled
-    setup.hDevNames = asked.hDevNames;
-}
-
-OwnedDc AskPrinter(HWND frame, PAGESETUPDLGA& setup) {
-    PRINTDLGA asked{};
-    asked.lStructSize = sizeof asked;
-    asked.hwndOwner = frame;
-    asked.hDevMode = setup.hDevMode;
-    asked.hDevNames = setup.hDevNames;
-    asked.nCopies = 1;
-    asked.Flags = PD_RETURNDC | PD_NOPAGENUMS | PD_NOSELECTION | PD_HIDEPRINTTOFILE | PD_USEDEVMODECOPIESANDCOLLATE;
-    const bool chosen = PrintDlgA(&asked);
-    setup.hDevMode = asked.hDevMode;
-    setup.hDevNames = asked.hDevNames;
-    OwnedDc dc(asked.hDC);
-    if (!chosen) dc.reset();
-    return dc;
-}
 
 // ---- Cancelling a job -----------------------------------------------------------------------------------------------
 

@@ -114,6 +114,58 @@ TEST(Printing, CancelInThePrintDialogPrintsNothing) {
     EXPECT_FALSE(HasFile(folder, "pages.txt"));
 }
 
+// The program remembers the printer that was the default one at its start.
+TEST(Printing, TakesTheDefaultPrinterIfTheRememberedOneIsGone) {
+    static constexpr char kLost[] =
+        "The printer \"Old Printer\" is not available any more. The default printer is used instead.";
+    const ScratchFolder folder = FolderWithScripture();
+    auto old = std::make_unique<TestPrinter>(folder, kFailingPort, "Old Printer");
+    Program program = StartProgram(folder);
+    old.reset();
+    const TestPrinter printer(folder, PortToPages(folder), "New Printer");
+    AskForRange(program, "Ge 1:1");
+    ExpectComplaint(program, "Print Error", kLost);
+    AcceptPrinter(program);
+    EXPECT_THAT(PrintedPages(program), ElementsAre(Verse("Genesis 1:1", "Ge 1:1")));
+    EXPECT_THAT(PagesOfRange(program, "Ge 1:2"), ElementsAre(Verse("Genesis 1:2", "Ge 1:2"))) << "said once";
+    EXPECT_TRUE(IsReady(program));
+}
+
+TEST(PageSetup, TakesTheDefaultPrinterIfTheRememberedOneIsGone) {
+    const ScratchFolder folder = FolderWithScripture();
+    auto old = std::make_unique<TestPrinter>(folder, kFailingPort, "Old Printer");
+    Program program = StartProgram(folder);
+    old.reset();
+    const TestPrinter printer(folder, PortToPages(folder), "New Printer");
+    Command(program, IDM_PAGE_SETUP);
+    ExpectComplaint(program, "Print Error",
+                    "The printer \"Old Printer\" is not available any more. The default printer is used instead.");
+    WaitForDialog(program, "Setup Page");
+    Press(program, "Esc");
+    WaitForNoDialog(program);
+    PagesOfRange(program, "Ge 1:1");
+    EXPECT_TRUE(IsReady(program));
+}
+
+// The system says that there is no printer; nothing else is said.
+TEST(Printing, LeavesTheLossOfTheOnlyPrinterToTheSystem) {
+    const ScratchFolder folder = FolderWithScripture();
+    auto old = std::make_unique<TestPrinter>(folder, kFailingPort, "Old Printer");
+    Program program = StartProgram(folder);
+    old.reset();
+    for (const int command : {IDM_PRINT_RANGE, IDM_PAGE_SETUP}) {
+        if (command == IDM_PRINT_RANGE)
+            AskForRange(program, "Jude");
+        else
+            Command(program, command);
+        WaitUntil(program, "the system to say something", [&] { return HasDialog(program); });
+        EXPECT_THAT(MessageText(ActiveWindowOf(program)), Not(HasSubstr("Old Printer")));
+        Press(program, "Enter");
+        WaitForNoDialog(program);
+        EXPECT_TRUE(IsReady(program));
+    }
+}
+
 // ---- What is printed ------------------------------------------------------------------------------------------------
 
 TEST(PrintRange, PrintsLabelsAndWordsInOrder) {

@@ -8,7 +8,7 @@
 
 #include <winspool.h>
 
-static constexpr char kPrinterName[] = "Test Printer";
+static constexpr char kDriverName[] = "Test Printer";
 
 // The printer description for the system's PostScript driver.
 static constexpr char kDescription[] = R"PPD(*PPD-Adobe: "4.3"
@@ -65,7 +65,7 @@ static void AddDriver(const ScratchFolder& folder) {
     const std::string description = (folder.path / "printer.ppd").string();
     DRIVER_INFO_3A driver{};
     driver.cVersion = 3;
-    driver.pName = Text(kPrinterName);
+    driver.pName = Text(kDriverName);
     driver.pDriverPath = Text("wineps.drv");
     driver.pDataFile = Text(description.c_str());
     driver.pConfigFile = Text("wineps.drv");
@@ -75,23 +75,24 @@ static void AddDriver(const ScratchFolder& folder) {
         "no printer driver");
 }
 
-TestPrinter::TestPrinter(const ScratchFolder& where, const std::string& port) : folder(where) {
+TestPrinter::TestPrinter(const ScratchFolder& where, const std::string& port, const std::string& called)
+    : folder(where), name(called) {
     AddDriver(folder);
     PRINTER_INFO_2A printer{};
-    printer.pPrinterName = Text(kPrinterName);
+    printer.pPrinterName = Text(name.c_str());
     printer.pPortName = Text(port.c_str());
-    printer.pDriverName = Text(kPrinterName);
+    printer.pDriverName = Text(kDriverName);
     printer.pPrintProcessor = Text("WinPrint");
     printer.pDatatype = Text("RAW");
     const HANDLE added = AddPrinterA(nullptr, 2, reinterpret_cast<BYTE*>(&printer));
     Expect(added != nullptr, "no printer");
     ClosePrinter(added);
-    Expect(SetDefaultPrinterA(kPrinterName), "no default printer");
+    Expect(SetDefaultPrinterA(name.c_str()), "no default printer");
 }
 
 TestPrinter::~TestPrinter() {
     HANDLE printer = nullptr;
-    if (OpenPrinterA(Text(kPrinterName), &printer, nullptr)) {
+    if (OpenPrinterA(Text(name.c_str()), &printer, nullptr)) {
         DeletePrinter(printer);
         ClosePrinter(printer);
     }

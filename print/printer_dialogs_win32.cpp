@@ -1,0 +1,95 @@
+#include "print/printer_dialogs_win32.h"
+
+#include <winspool.h>
+
+#include <functional>
+#include <string>
+
+#include "print/printer_errors.h"
+#include "win32/controls.h"
+
+// ---- The remembered printer -----------------------------------------------------------------------------------------
+
+static std::string RememberedPrinter(const PAGESETUPDLGA& setup) {
+    if (setup.hDevNames == nullptr) return "";
+    const auto* names = static_cast<const DEVNAMES*>(GlobalLock(setup.hDevNames));
+    if (names == nullptr) return "";
+    const std::string name = reinterpret_cast<const char*>(names) + names->wDeviceOffset;
+    GlobalUnlock(setup.hDevNames);
+    return name;
+}
+
+// Only if the system says that there is no such printer: others may only be out of reach for the moment.
+static bool IsGone(std::string name) {
+    HANDLE printer = nullptr;
+    if (!OpenPrinterA(name.data(), &printer, nullptr)) return GetLastError() == ERROR_INVALID_PRINTER_NAME;
+    ClosePrinter(printer);
+    return false;
+}
+
+static bool HasDefaultPrinter() {
+    DWORD length = 0;
+    GetDefaultPrinterA(nullptr, &length);
+    return length > 0;
+}
+
+// Without a default printer the system has something to say; that is enough.
+static void LosePrinter(HWND frame, PAGESETUPDLGA& setup) {
+    const std::string name = RememberedPrinter(setup);
+    GlobalFree(setup.hDevMode);
+    GlobalFree(setup.hDevNames);
+    setup.hDevMode = nullptr;
+    setup.hDevNames = nullptr;
+    if (HasDefaultPrinter()) Complain(frame, LostPrinterText(name).c_str(), kPrintErrorCaption);
+}
+
+// ---- Asking ---------------------------------------------------------------------------------------------------------
+
+// Returns what `ask`, which opens a dialog, returned at last.
+static bool Asked(HWND frame, PAGESETUPDLGA& setup, const std::function<bool()>& ask) {
+    if (const std::string name = RememberedPrinter(setup); !name.empty() && IsGone(name)) LosePrinter(frame, setup);
+    if (ask()) return true;
+    DWORD error = CommDlgExtendedError();
+    if (setup.hDevNames != nullptr && ConcernsRememberedPrinter(error)) {
+        LosePrinter(frame, setup);
+        if (ask()) return true;
+        error = CommDlgExtendedError();
+    }
+    const std::string text = PrinterErrorText(error);
+    if (!text.empty()) Complain(frame, text.c_str(), kPrintErrorCaption);
+    return false;
+}
+
+void AskPageSetup(HWND frame, PAGESETUPDLGA& setup) {
+    Asked(frame, setup, [&] {
+        PAGESETUPDLGA asked = setup;
+        asked.hwndOwner = frame;
+        asked.Flags = PSD_MARGINS;
+        const bool chosen = PageSetupDlgA(&asked);
+        if (chosen) setup = asked;
+        setup.hDevMode = asked.hDevMode;  // the system may have replaced them even if the user cancelled
+        setup.hDevNames = asked.hDevNames;
+        return chosen;
+    });
+}
+
+OwnedDc AskPrinter(HWND frame, PAGESETUPDLGA& setup) {
+    OwnedDc dc;
+    const bool chosen = Asked(frame, setup, [&] {
+        PRINTDLGA asked{};
+        asked.lStructSize = sizeof asked;
+        asked.hwndOwner = frame;
+        asked.hDevMode = setup.hDevMode;
+        asked.hDevNames = setup.hDevNames;
+        asked.nCopies = 1;
+        asked.Flags = PD_RETURNDC | PD_NOPAGENUMS | PD_NOSELECTION | PD_HIDEPRINTTOFILE | PD_USEDEVMODECOPIESANDCOLLATE;
+        const bool isChosen = PrintDlgA(&asked);
+        setup.hDevMode = asked.hDevMode;
+        setup.hDevNames = asked.hDevNames;
+        dc.reset(asked.hDC);
+        return isChosen;
+    });
+    if (!chosen) return nullptr;
+    if (!dc) Complain(frame, "The printer could not be opened.", kPrintErrorCaption);
+    return dc;
+}
