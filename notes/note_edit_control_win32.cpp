@@ -101,6 +101,10 @@ void CutInEditor() {
     FollowClipboard();
 }
 
+static void TellFull() {
+    TellInStatus("The note is full: text was left out");
+}
+
 // Text that exceeds the limit is dropped.
 static void Insert(std::string_view text) {
     if (theNoteEdit.readOnly) return;
@@ -109,7 +113,7 @@ static void Insert(std::string_view text) {
     const std::size_t room = kNoteTextLimit - std::min(kept, kNoteTextLimit);
     const std::string fitting = TextForNote(text, room);
     ReplaceSelection(fitting);
-    if (fitting.size() < TextForNote(text, text.size() * 2).size()) TellInStatus("The note is full: text was left out");
+    if (fitting.size() < TextForNote(text, text.size() * 2).size()) TellFull();
 }
 
 static std::string CodePageName() {
@@ -178,14 +182,17 @@ void SelectAllInEditor() {
     PutSelectionInOrder(theNoteEdit.window);
 }
 
+static bool IsFull() {
+    return static_cast<std::size_t>(GetWindowTextLengthA(theNoteEdit.window)) >= kNoteTextLimit;
+}
+
 // ---- Letters --------------------------------------------------------------------------------------------------------
 
 // The control converts a byte of the code page with the code page of the keyboard, which may be another one.
 static bool DoesControlTake(std::string_view letter) {
     char page[8] = "";
     GetLocaleInfoA(LOWORD(GetKeyboardLayout(0)), LOCALE_IDEFAULTANSICODEPAGE, page, sizeof page);
-    const bool hasRoom = static_cast<std::size_t>(GetWindowTextLengthA(theNoteEdit.window)) < kNoteTextLimit;
-    return letter.size() == 1 && hasRoom && page == std::to_string(GetACP());
+    return letter.size() == 1 && !IsFull() && page == std::to_string(GetACP());
 }
 
 // The system would convert a letter with the code page of the keyboard, and replace those that it lacks. Only what the
@@ -333,9 +340,12 @@ static bool IsStrayCharacter(UINT character) {
     return character < ' ' && (IsControlDown() || (IsKeyDown(VK_SHIFT) && character != VK_BACK));
 }
 
-// Before the control types it. It handles Back and Enter as keys.
+// Before the control types it. It handles Back and Enter as keys, and drops what a full note has no room for.
 static void OnCharacter(UINT character) {
-    if (character != VK_BACK && character != VK_RETURN) DivideTyping(false, character == ' ' || character == '\t');
+    if (character == VK_BACK || character == VK_RETURN) return;
+    DivideTyping(false, character == ' ' || character == '\t');
+    const CHARRANGE selected = Selected();
+    if (selected.cpMin == selected.cpMax && IsFull() && !theNoteEdit.readOnly) TellFull();
 }
 
 static void OnButtonDown(HWND edit, POINT point) {

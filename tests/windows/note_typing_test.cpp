@@ -182,6 +182,7 @@ TEST(NoteTyping, EndsAtTheLongestNote) {
     std::string lines;
     while (lines.size() < 70000) lines += "a line of a long note\r\n";
     Program program = ProgramInEditor("");
+    const std::string before = StatusPart(program, 0);
     SetClipboardText(lines);
     Press(program, "Ctrl+v");
     const std::size_t size = Typed(program).size();
@@ -190,6 +191,13 @@ TEST(NoteTyping, EndsAtTheLongestNote) {
     EXPECT_EQ(StatusPart(program, 0), "The note is full: text was left out");
     Type(program, "xyz");
     EXPECT_EQ(Typed(program).size(), kMost);
+    EXPECT_EQ(StatusPart(program, 0), "The note is full: text was left out") << "also when it is typed";
+    Press(program, "Back");
+    EXPECT_EQ(StatusPart(program, 0), before);
+    Type(program, "x");
+    EXPECT_EQ(StatusPart(program, 0), before);
+    Type(program, "y");
+    EXPECT_EQ(StatusPart(program, 0), "The note is full: text was left out");
     Press(program, "Ctrl+v");
     EXPECT_EQ(Typed(program).size(), kMost);
 }
