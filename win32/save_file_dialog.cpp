@@ -1,6 +1,7 @@
 #include "win32/save_file_dialog.h"
 
 #include <algorithm>
+#include <string_view>
 #include <vector>
 
 #include "win32/windows_api.h"
@@ -33,10 +34,14 @@ static DWORD RunSaveDialog(HWND owner, const std::wstring& name, PathBuffer& pat
     return CommDlgExtendedError();
 }
 
+static bool IsBarredFromFileNames(wchar_t character) {
+    return character < L' ' || std::wstring_view(L"\\/:*?\"<>|").find(character) != std::wstring_view::npos;
+}
+
 std::wstring AskTextFileToSave(HWND owner, const std::string& name) {
     PathBuffer path;
     std::wstring suggested = Wide(name);
-    std::replace(suggested.begin(), suggested.end(), L':', L'.');  // no file name may have it
+    std::ranges::replace_if(suggested, IsBarredFromFileNames, L'.');
     if (RunSaveDialog(owner, suggested, path) == FNERR_BUFFERTOOSMALL)
         Complain(owner, "The file name is too long", kSaveErrorCaption);
     return path[0] == L'\0' ? L"" : FullPath(path.data());

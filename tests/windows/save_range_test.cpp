@@ -117,6 +117,11 @@ TEST(SaveRange, SuggestsANameThatAFileCanHave) {
     WaitForNoDialog(program);
     EXPECT_EQ(ReadFile(program.folder, "Jude 1.1- 1.1"), Piece("Jude 1:1", "Jude 1:1") + kEnd)
         << "in the current folder";
+    OpenFileDialog(program, "Jude 1:1 / \\ * ? \"<>| - 1:2");  // what follows the numbers counts for nothing
+    EXPECT_EQ(TextOf(FocusOf(program)), "Jude 1.1. . . . .... - 1.2");
+    Press(program, "Enter");
+    WaitForNoDialog(program);
+    EXPECT_TRUE(HasFile(program.folder, "Jude 1.1. . . . .... - 1.2"));
 }
 
 TEST(SaveRange, WaitsForTheEndOfTheRange) {
