@@ -131,12 +131,15 @@ static int WithinCoordinates(int pixels) {
     return pixels == kUseDefault ? pixels : std::clamp(pixels, -32767, 32767);
 }
 
-// The screens may be others than those of the last run, so the frame is moved before it is shown.
+// The screens may be others than those of the last run, so the frame is moved before it is shown. If the stored size is
+// none, such as that of a damaged file, the system chooses a place: the frame would be a bare title bar.
 HWND CreateFrame(const FramePlacement& stored) {
+    const bool hasSize = stored.Width > 0 && stored.Height > 0;
+    const FramePlacement place = hasSize ? stored : FramePlacement{};
     const HWND frame =
         CreateWindowExA(0, kFrameClass, kFrameClass, WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN,
-                        WithinCoordinates(stored.XPos), WithinCoordinates(stored.YPos), WithinCoordinates(stored.Width),
-                        WithinCoordinates(stored.Height), nullptr, nullptr, GetModuleHandleA(nullptr), nullptr);
+                        WithinCoordinates(place.XPos), WithinCoordinates(place.YPos), WithinCoordinates(place.Width),
+                        WithinCoordinates(place.Height), nullptr, nullptr, GetModuleHandleA(nullptr), nullptr);
     if (frame) BringOnScreen(frame);
     return frame;
 }

@@ -35,6 +35,8 @@ TEST(FramePlace, IsInsideTheScreen) {
         {"10", "10", "-50", "-50", {}},
         {"10", "10", "0", "0", {}},
         {"1270", "1020", "0", "0", {}},
+        {"10", "10", "800", "-1", {}},
+        {"none", "none", "none", "none", {}},
         {"", "", "5000", "4000", {}},
         {"100", "", "800", "600", {}},
     };
@@ -49,8 +51,8 @@ TEST(FramePlace, IsInsideTheScreen) {
         RECT seen{};
         IntersectRect(&seen, &place, &screen);
         EXPECT_TRUE(EqualRect(&seen, &place)) << place.left << "," << place.top << "," << place.right;
-        EXPECT_GT(seen.right - seen.left, 50);
-        EXPECT_GT(seen.bottom - seen.top, 20);
+        EXPECT_GT(seen.right - seen.left, 300);
+        EXPECT_GT(seen.bottom - seen.top, 200);
         EXPECT_TRUE(IsRectEmpty(&row.place) || EqualRect(&place, &row.place)) << place.left << "," << place.top;
         EXPECT_EQ(CloseProgram(program), 0);
     }
