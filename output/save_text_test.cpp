@@ -2,12 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include <map>
 #include <vector>
 
 #include "tests/support/fake_note_files.h"
 #include "tests/support/hand_made_scripture.h"
 #include "tests/support/native_scripture.h"
+#include "tests/support/notes_by_verse.h"
 
 // A file in memory that fails at one of its writes.
 struct MemoryFile {
@@ -26,18 +26,6 @@ static TextFile DeviceOver(MemoryFile& file) {
             }};
 }
 
-using NoteTexts = std::map<int, std::string>;
-static constexpr char kUnreadableNote[] = "cannot be read";
-
-static NoteFound NoteOf(void* device, int verse, std::string& note) {
-    const NoteTexts& notes = *static_cast<const NoteTexts*>(device);
-    const auto found = notes.find(verse);
-    if (found == notes.end()) return NoteFound::kNone;
-    if (found->second == kUnreadableNote) return NoteFound::kUnreadable;
-    note = found->second;
-    return NoteFound::kNote;
-}
-
 static HandMadeFiles ThreeVerses() {
     const HandMadeVerse verses[] = {{1, 1, 1, "\xB6[one]"}, {1, 1, 2, "two"}, {1, 2, 1, "\xB6three"}};
     return MakeFiles(verses);
@@ -49,10 +37,10 @@ struct Saved {
 };
 
 static Saved SaveRange(const HandMadeFiles& files, const FormatOptions& format, int first, int last,
-                       const NoteTexts& notes = {}, std::size_t failingWrite = 0) {
+                       const NotesByVerse& notes = {}, std::size_t failingWrite = 0) {
     Saved saved;
     saved.file.failingWrite = failingWrite;
-    const NoteSource source{const_cast<NoteTexts*>(&notes), NoteOf};
+    const NoteSource source = SourceOf(notes);
     saved.result = SaveRangeText(ScriptureOf(files), format, first, last, notes.empty() ? nullptr : &source,
                                  DeviceOver(saved.file));
     return saved;
@@ -78,7 +66,7 @@ TEST(SaveRangeText, FollowsTheFormat) {
 }
 
 TEST(SaveRangeText, PutsEachNoteAfterItsVerseBetweenEmptyLines) {
-    const NoteTexts notes{{0, "first\r\nnote"}, {2, ""}};
+    const NotesByVerse notes{{0, "first\r\nnote"}, {2, ""}};
     EXPECT_EQ(
         SaveRange(ThreeVerses(), {}, 0, 2, notes).file.bytes,
         WithZero(" Ge 1:1 \xB6 [one]\r\n\r\n\r\nfirst\r\nnote\r\n\r\n 2 two\r\n 2:1 \xB6 three\r\n\r\n\r\n\r\n\r\n"));

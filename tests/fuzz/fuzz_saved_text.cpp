@@ -2,7 +2,6 @@
 // input: the six format options; the range, the budget and the write that fails; the list; then verses ("1 1 1 text")
 // and notes on the verse before ("*note", "+3000" for as many times its text, "!" for one that cannot be read).
 #include <algorithm>
-#include <map>
 #include <string>
 
 #include "output/copy_text.h"
@@ -10,6 +9,7 @@
 #include "output/save_text.h"
 #include "tests/fuzz/fuzz.h"
 #include "tests/support/hand_made_scripture.h"
+#include "tests/support/notes_by_verse.h"
 
 struct OutputCase {
     FormatOptions format;
@@ -17,7 +17,7 @@ struct OutputCase {
     std::size_t budget = 0;
     int failingWrite = 0;  // counted from 1; 0: none
     std::vector<std::int32_t> list;
-    std::map<int, std::string> notes;
+    NotesByVerse notes;
     HandMadeFiles files;
     Scripture scripture;
 };
@@ -49,7 +49,7 @@ static void AddLine(OutputCase& output, std::string_view line, int& verse) {
         return;
     }
     if (line.starts_with(kUnreadableMark)) {
-        output.notes[verse] = kUnreadableMark;
+        output.notes[verse] = kUnreadableNote;
         return;
     }
     if (line.starts_with('+')) {
@@ -88,15 +88,6 @@ static bool WriteText(void* device, std::string_view bytes) {
     if (++written.writes == written.failingWrite) return false;
     written.text += bytes;
     return true;
-}
-
-static NoteFound NoteOfVerse(void* device, int verse, std::string& note) {
-    const auto& notes = *static_cast<const std::map<int, std::string>*>(device);
-    const auto found = notes.find(verse);
-    if (found == notes.end()) return NoteFound::kNone;
-    if (found->second == kUnreadableMark) return NoteFound::kUnreadable;
-    note = found->second;
-    return NoteFound::kNote;
 }
 
 // ---- By rules alone -------------------------------------------------------------------------------------------------
@@ -211,11 +202,11 @@ static void CheckNotes(OutputCase& output) {
         AppendVerse(renderer, verse, all);
         const auto note = output.notes.find(verse);
         if (note == output.notes.end()) continue;
-        readable = note->second != kUnreadableMark;
+        readable = note->second != kUnreadableNote;
         all += "\r\n\r\n" + note->second + "\r\n\r\n";
     }
     WrittenText written{"", 0, output.failingWrite};
-    const NoteSource source{&output.notes, NoteOfVerse};
+    const NoteSource source = SourceOf(output.notes);
     const TextSaveResult saved =
         SaveRangeText(output.scripture, output.format, output.first, output.last, &source, {&written, WriteText});
     const bool wrote = written.writes < output.failingWrite || output.failingWrite == 0;

@@ -45,22 +45,11 @@ PrinterPage PageOver(PaperTape& tape) {
     return {&tape, WidthOf, HeightOf, Draw, StartTapePage, EndTapePage, GoesOn};
 }
 
-using NoteTexts = std::map<int, std::string>;
-
-static NoteFound NoteOf(void* device, int verse, std::string& note) {
-    const NoteTexts& notes = *static_cast<const NoteTexts*>(device);
-    const auto found = notes.find(verse);
-    if (found == notes.end()) return NoteFound::kNone;
-    if (found->second == kUnreadableNote) return NoteFound::kUnreadable;
-    note = found->second;
-    return NoteFound::kNote;
-}
-
 PrintResult Print(const PrintJob& job, PaperTape& tape) {
     const HandMadeFiles files = MakeFiles(job.verses);
     std::vector<std::int32_t> verses(job.verses.size());
     std::iota(verses.begin(), verses.end(), 0);
-    const NoteSource source{const_cast<NoteTexts*>(&job.notes), NoteOf};
+    const NoteSource source = SourceOf(job.notes);
     PrintOptions options = job.asList
                                ? ListPrinting(job.box, job.reading)
                                : RangePrinting(job.box, job.format, job.reading, job.withNotes ? &source : nullptr);

@@ -1,12 +1,12 @@
 // A printer that records what is printed on it, and what tests print.
 #pragma once
 
-#include <map>
 #include <string>
 #include <vector>
 
 #include "print/print_flow.h"
 #include "tests/support/hand_made_scripture.h"
+#include "tests/support/notes_by_verse.h"
 
 // A printer with letters ten wide and lines twenty high, or thirteen in the note face. It records its output: "(" and
 // ")" for the beginning and end of a page, "b10,20:text|" for a text in the bold face.
@@ -20,15 +20,13 @@ struct PaperTape {
 
 PrinterPage PageOver(PaperTape& tape);
 
-inline constexpr char kUnreadableNote[] = "cannot be read";
-
 // What a test prints. The default page is so wide that nothing wraps.
 struct PrintJob {
     std::vector<HandMadeVerse> verses;
     PageBox box{100, 1000, 10000, 9000};
     FormatOptions format;
     ReadingOptions reading;
-    std::map<int, std::string> notes;  // by verse
+    NotesByVerse notes;
     bool withNotes = false;
     bool asList = false;
     int tabDistance = 300;
