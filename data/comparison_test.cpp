@@ -12,7 +12,6 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
-#include <cctype>
 #include <fstream>
 #include <map>
 #include <nlohmann/json.hpp>
@@ -23,6 +22,7 @@
 #include "data/built_scripture.h"
 #include "data/conformed_readings.h"
 #include "scripture/books.h"
+#include "scripture/letters.h"
 
 using testing::IsEmpty;
 
@@ -149,16 +149,6 @@ TEST(Comparison, EveryDifferenceIsExplained) {
 
 TEST(Comparison, EveryExplanationMatchesADifference) {
     EXPECT_THAT(InFirstOnly(ExplainedPlaces(), AllPlaces()), IsEmpty());
-}
-
-static std::string Without(std::string text, const std::string& letters) {
-    std::erase_if(text, [&](char letter) { return letters.find(letter) != std::string::npos; });
-    return text;
-}
-
-static std::string LowerCased(std::string text) {
-    for (char& letter : text) letter = static_cast<char>(std::tolower(static_cast<unsigned char>(letter)));
-    return text;
 }
 
 // Are they the same but for these characters, which at least one of them has?

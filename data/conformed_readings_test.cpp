@@ -5,24 +5,14 @@
 
 #include <algorithm>
 #include <array>
-#include <cctype>
 #include <cstring>
 #include <map>
 
 #include "scripture/books.h"
+#include "scripture/letters.h"
 
 using testing::ElementsAre;
 using testing::Pair;
-
-static std::string Without(std::string text, const std::string& letters) {
-    std::erase_if(text, [&](char letter) { return letters.find(letter) != std::string::npos; });
-    return text;
-}
-
-static std::string LowerCased(std::string text) {
-    for (char& letter : text) letter = static_cast<char>(std::tolower(static_cast<unsigned char>(letter)));
-    return text;
-}
 
 TEST(ConformedReadings, HaveTheKnownCounts) {
     std::map<ReadingKind, int> counts;

@@ -103,3 +103,8 @@ Complaint ApplyCorrections(std::span<const Correction> corrections, Verses& vers
     }
     return {};
 }
+
+std::string Without(std::string text, std::string_view letters) {
+    std::erase_if(text, [&](char letter) { return letters.find(letter) != std::string_view::npos; });
+    return text;
+}

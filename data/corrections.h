@@ -2,6 +2,8 @@
 #pragma once
 
 #include <span>
+#include <string>
+#include <string_view>
 
 #include "data/verses.h"
 
@@ -17,3 +19,6 @@ std::span<const Correction> ModuleCorrections();
 // Replaces `from` by `to` in each row's verse. Complains about a row whose verse does not exist or does not contain
 // `from` exactly once, because the rows were then made for another text.
 Complaint ApplyCorrections(std::span<const Correction> corrections, Verses& verses);
+
+// `text` without the characters of `letters`: two readings that are then equal differ in nothing else.
+std::string Without(std::string text, std::string_view letters);

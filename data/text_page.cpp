@@ -52,11 +52,6 @@ static std::string ListOf(const std::vector<Group>& groups) {
 
 // ---- Corrected ------------------------------------------------------------------------------------------------------
 
-static std::string Without(std::string text, std::string_view letters) {
-    std::erase_if(text, [&](char letter) { return letters.find(letter) != std::string_view::npos; });
-    return text;
-}
-
 static std::string KindOf(const Correction& correction) {
     if (Without(correction.from, " ") == Without(correction.to, " ")) return "Words in two pieces";
     if (Without(correction.from, "[]") == Without(correction.to, "[]")) return "Lost italics";
