@@ -7,7 +7,8 @@
 
 #include <cstdio>
 
-#include "bench/windows/contest.h"
+#include "bench/contest.h"
+#include "bench/outcomes.h"
 #include "bench/windows/outside.h"
 #include "resources/ids.h"
 #include "tests/driver/remote_memory.h"
@@ -103,5 +104,5 @@ int main() {
         Print({"OK to both lists, " + what + " / bare list box", MedianOf(query.fullTimes), MedianOf(query.floors), 0});
     }
     CloseProgram(program);
-    return 0;
+    return ExitCode();
 }

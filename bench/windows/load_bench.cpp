@@ -2,7 +2,8 @@
 
 #include <cstdio>
 
-#include "bench/windows/contest.h"
+#include "bench/contest.h"
+#include "bench/outcomes.h"
 #include "scripture/scripture.h"
 #include "scripture/scripture_win32.h"
 #include "search/word_index.h"
@@ -30,5 +31,5 @@ int main() {
         }
     }
     PrintLimited("loading the five files", MedianOf(times), kMostMilliseconds, "ms");
-    return 0;
+    return ExitCode();
 }

@@ -5,7 +5,8 @@
 #include <cstdio>
 #include <utility>
 
-#include "bench/windows/contest.h"
+#include "bench/contest.h"
+#include "bench/outcomes.h"
 #include "bench/windows/paint_floors.h"
 #include "notes/note_files_win32.h"
 #include "notes/note_refresh.h"
@@ -184,7 +185,7 @@ static void MeasureScrolling(Bench& bench, const Mode& mode) {
         mostAbove = std::max(mostAbove, times[2] - times[1]);
     }
     const std::string at = std::string(", ") + mode.name;
-    Print({"the walk of one paint" + at, mostWalking});
+    PrintAmount("the walk of one paint" + at, mostWalking, "ms");
     PrintLimited("page up above one paint" + at, mostAbove, kMostAboveOnePaint, "ms");
 }
 
@@ -233,5 +234,5 @@ int main() {
     for (const Mode& mode : kModes) ComparePaints(bench, mode);
     for (const Mode& mode : kModes) MeasureScrolling(bench, mode);
     MeasureStamps(bench);
-    return 0;
+    return ExitCode();
 }

@@ -3,7 +3,8 @@
 
 #include <cstdio>
 
-#include "bench/windows/contest.h"
+#include "bench/contest.h"
+#include "bench/outcomes.h"
 #include "bench/windows/outside.h"
 
 static constexpr int kRounds = 30;
@@ -60,5 +61,5 @@ int main() {
                  kMostMemoryAboveBare, "MiB");
     PrintLimited("own memory above the bare program's", MedianOf(program.ownMemory) - MedianOf(bare.ownMemory),
                  kMostMemoryAboveBare, "MiB");
-    return 0;
+    return ExitCode();
 }

@@ -1,20 +1,12 @@
-#include "bench/windows/contest.h"
+#include "bench/contest.h"
 
 #include <algorithm>
-#include <cstdio>
+#include <chrono>
 #include <limits>
 
-#include "win32/windows_api.h"
-
 double Now() {
-    static const double ticksPerMillisecond = [] {
-        LARGE_INTEGER frequency{};
-        QueryPerformanceFrequency(&frequency);
-        return static_cast<double>(frequency.QuadPart) / 1000.0;
-    }();
-    LARGE_INTEGER ticks{};
-    QueryPerformanceCounter(&ticks);
-    return static_cast<double>(ticks.QuadPart) / ticksPerMillisecond;
+    const auto sinceEpoch = std::chrono::steady_clock::now().time_since_epoch();
+    return std::chrono::duration<double, std::milli>(sinceEpoch).count();
 }
 
 double MedianOf(std::vector<double> values) {
@@ -44,24 +36,4 @@ std::vector<double> MediansInTurns(int rounds, const std::vector<std::function<v
     std::vector<double> medians;
     for (const std::vector<double>& measured : times) medians.push_back(MedianOf(measured));
     return medians;
-}
-
-static const char* Verdict(bool held) {
-    return held ? "held" : "MISSED";
-}
-
-void Print(const Outcome& outcome) {
-    std::printf("%-70s %9.3f ms", outcome.what.c_str(), outcome.time);
-    if (outcome.floor > 0) std::printf(" %9.3f ms %7.2f", outcome.floor, outcome.time / outcome.floor);
-    if (outcome.mostTimesFloor > 0) {
-        const bool held = outcome.time <= outcome.mostTimesFloor * outcome.floor;
-        std::printf(" %7.2f  %s", outcome.mostTimesFloor, Verdict(held));
-    }
-    std::printf("\n");
-    std::fflush(stdout);
-}
-
-void PrintLimited(const std::string& what, double amount, double most, const char* unit) {
-    std::printf("%-70s %9.3f %-20s %12.2f  %s\n", what.c_str(), amount, unit, most, Verdict(amount <= most));
-    std::fflush(stdout);
 }
