@@ -1,130 +1,241 @@
-// Benchmarks copying and saving the whole Bible against appending the same pieces to a string, all in the same run.
-// After the times it prints a table of ratios, and the peak memory of each benchmark next to the budget of a copy.
-#include <benchmark/benchmark.h>
+// Benchmarks copying and saving the whole Bible against appending the same bytes in the plainest way.
 #include <unistd.h>
 
+#include <algorithm>
 #include <charconv>
 #include <cstdio>
+#include <memory>
 
+#include "bench/contest.h"
 #include "bench/held_memory.h"
-#include "bench/time_keeper.h"
+#include "bench/outcomes.h"
 #include "output/copy_text.h"
+#include "output/rendering.h"
 #include "output/save_text.h"
 #include "scripture/books.h"
 #include "tests/support/native_scripture.h"
 
-static void AppendDigits(std::string& text, int number) {
-    char digits[12];
-    text.append(digits, std::to_chars(digits, digits + sizeof digits, number).ptr);
+static constexpr int kRounds = 101;
+static constexpr double kMostTimesFloor = 1.4;
+static constexpr double kMostHeldInBlocks = 160;  // KiB
+
+// The default format removes brackets. The other one has full labels and brackets.
+static constexpr FormatOptions kAsOpened;
+static constexpr FormatOptions kInFull{0, 0, 0, 1, 1, 1};
+
+// ---- The floors -----------------------------------------------------------------------------------------------------
+
+namespace {
+
+// Bytes in room for all of them: appending one is a store.
+struct Bytes {
+    std::unique_ptr<char[]> begin;
+    char* end;
+};
+
+}  // namespace
+
+static Bytes RoomFor(std::size_t size) {
+    std::unique_ptr<char[]> begin(new char[size]);  // not std::make_unique, which clears it
+    char* const end = begin.get();
+    return {std::move(begin), end};
 }
 
-// Every verse with a full label before it and a line end after it.
-static std::string PlainAppends(const Scripture& scripture) {
-    std::string text;
-    text.reserve(scripture.text.size() + std::size_t{kVerseCount} * 16);
+static std::string_view ViewOf(const Bytes& bytes) {
+    return {bytes.begin.get(), bytes.end};
+}
+
+static std::size_t MostBytes() {
+    return TheRealScripture().text.size() + std::size_t{kVerseCount} * kLongestPieceFrame;
+}
+
+static char* Append(std::string_view text, char* to) {
+    return std::copy(text.begin(), text.end(), to);
+}
+
+static char* AppendNumber(int number, char* to) {
+    return std::to_chars(to, to + 3, number).ptr;
+}
+
+// A blank and, if there is one, the paragraph mark of the words, which it is taken from.
+static char* BeginWords(std::string_view& words, char* to) {
+    *to++ = ' ';
+    if (!BeginsParagraph(words)) return to;
+    words.remove_prefix(1);
+    return Append("\xB6 ", to);
+}
+
+// A verse with a full label before it and a line end after it.
+static char* AppendInFull(const Scripture& scripture, int verse, char* to) {
+    const VerseRecord record = RecordOf(scripture.records, verse);
+    *to++ = ' ';
+    to = Append(BookAbbreviation(record.book), to);
+    *to++ = ' ';
+    to = AppendNumber(record.chapter, to);
+    *to++ = ':';
+    to = AppendNumber(record.verse, to);
+    std::string_view words = VerseText(scripture, verse);
+    to = BeginWords(words, to);
+    return Append("\r\n", Append(words, to));
+}
+
+static Bytes AppendAllInFull() {
+    Bytes bytes = RoomFor(MostBytes());
+    for (int verse = 0; verse < kVerseCount; ++verse) bytes.end = AppendInFull(TheRealScripture(), verse, bytes.end);
+    return bytes;
+}
+
+// Every bracket is closed in its verse, so the next one is always the other kind.
+static char* AppendBetweenBrackets(std::string_view words, char* to) {
+    for (char next = '[';; next = next == '[' ? ']' : '[') {
+        const std::size_t bracket = words.find(next);
+        to = Append(words.substr(0, bracket), to);
+        if (bracket == words.npos) return to;
+        words.remove_prefix(bracket + 1);
+    }
+}
+
+// As the program formats verses until the user changes it: in labels only what is new, and no brackets.
+static Bytes AppendAllAsOpened() {
+    const Scripture& scripture = TheRealScripture();
+    Bytes bytes = RoomFor(MostBytes());
+    char* to = bytes.end;
+    VerseRecord before;
     for (int verse = 0; verse < kVerseCount; ++verse) {
         const VerseRecord record = RecordOf(scripture.records, verse);
-        text.append(1, ' ').append(BookAbbreviation(record.book)).append(1, ' ');
-        AppendDigits(text, record.chapter);
-        text.append(1, ':');
-        AppendDigits(text, record.verse);
-        text.append(1, ' ').append(VerseText(scripture, verse)).append("\r\n");
+        *to++ = ' ';
+        if (record.book != before.book) {
+            to = Append(BookAbbreviation(record.book), to);
+            *to++ = ' ';
+        }
+        if (record.book != before.book || record.chapter != before.chapter) {
+            to = AppendNumber(record.chapter, to);
+            *to++ = ':';
+        }
+        to = AppendNumber(record.verse, to);
+        std::string_view words = VerseText(scripture, verse);
+        to = BeginWords(words, to);
+        to = Append("\r\n", AppendBetweenBrackets(words, to));
+        before = record;
     }
-    return text;
+    bytes.end = to;
+    return bytes;
 }
 
-// The default format removes brackets. The format with the same text as PlainAppends has full labels and brackets.
-static constexpr FormatOptions kAsOpened;
-static constexpr FormatOptions kAsAppended{0, 0, 0, 1, 1, 1};
+// In blocks of 64 KiB, and with the zero byte at the end of a saved text.
+static bool AppendInBlocks(const TextFile& file) {
+    static constexpr std::size_t kBlock = 65536;
+    Bytes bytes = RoomFor(2 * kBlock);
+    for (int verse = 0; verse < kVerseCount; ++verse) {
+        bytes.end = AppendInFull(TheRealScripture(), verse, bytes.end);
+        if (ViewOf(bytes).size() < kBlock) continue;
+        if (!file.write(file.device, ViewOf(bytes))) return false;
+        bytes.end = bytes.begin.get();
+    }
+    *bytes.end++ = '\0';
+    return file.write(file.device, ViewOf(bytes));
+}
 
-static std::size_t CopyWholeBible(const FormatOptions& format) {
-    return CopyRangeText(TheRealScripture(), format, 0, kLastVerse, RangeCopyBudget(0, kLastVerse)).text.size();
+// ---- The program ----------------------------------------------------------------------------------------------------
+
+static CopyText CopyWholeBible(const FormatOptions& format) {
+    return CopyRangeText(TheRealScripture(), format, 0, kLastVerse, RangeCopyBudget(0, kLastVerse));
+}
+
+static bool SaveWholeBible(const TextFile& file) {
+    return SaveRangeText(TheRealScripture(), kInFull, 0, kLastVerse, nullptr, file) == TextSaveResult::kSaved;
+}
+
+// ---- Files ----------------------------------------------------------------------------------------------------------
+
+static bool KeepBytes(void* device, std::string_view bytes) {
+    static_cast<std::string*>(device)->append(bytes);
+    return true;
+}
+
+// Takes a block without looking at it, so that forming the text is all that is timed.
+static bool PassBytes(void* device, std::string_view bytes) {
+    *static_cast<std::size_t*>(device) += bytes.size();
+    return true;
 }
 
 static bool WriteToFile(void* device, std::string_view bytes) {
     return write(*static_cast<int*>(device), bytes.data(), bytes.size()) == static_cast<ssize_t>(bytes.size());
 }
 
-static bool CountBytes(void* device, std::string_view bytes) {
-    *static_cast<std::size_t*>(device) += bytes.size();
-    return true;
+using Save = bool (*)(const TextFile& file);
+
+static std::string BytesOf(Save save) {
+    std::string bytes;
+    return save({&bytes, KeepBytes}) ? bytes : "not saved";
 }
 
-static TextSaveResult SaveWholeBible(const FormatOptions& format, const TextFile& file) {
-    return SaveRangeText(TheRealScripture(), format, 0, kLastVerse, nullptr, file);
+static bool FormAlone(Save save) {
+    std::size_t size = 0;
+    return save({&size, PassBytes});
 }
 
-// Calls `save` with a new file, which is deleted afterwards.
-template <typename Save>
-static bool WithScratchFile(Save save) {
-    std::FILE* scratch = std::tmpfile();
+// Writes over the same file each time, so that the file system does not make and delete files meanwhile.
+static bool SaveToFile(Save save) {
+    static std::FILE* const scratch = std::tmpfile();
     if (!scratch) return false;
-    const bool saved = save(fileno(scratch));
-    std::fclose(scratch);
-    return saved;
+    int file = fileno(scratch);
+    return lseek(file, 0, SEEK_SET) == 0 && save({&file, WriteToFile});
 }
 
-static bool SaveToScratchFile(int file) {
-    return SaveWholeBible(kAsAppended, {&file, WriteToFile}) == TextSaveResult::kSaved;
+// ---- The rows -------------------------------------------------------------------------------------------------------
+
+static bool isSaved = true;  // every file of a row was written
+
+static void PrintRow(const char* what, const std::function<void()>& program, const std::function<void()>& floor,
+                     bool sameAnswer) {
+    isSaved = true;
+    const std::vector<double> times = MediansInTurns(kRounds, {program, floor});
+    Print({.what = what,
+           .time = times[0],
+           .floor = times[1],
+           .mostTimesFloor = kMostTimesFloor,
+           .sameAnswer = sameAnswer && isSaved});
 }
 
-static bool AppendAndWrite(int file) {
-    return WriteToFile(&file, PlainAppends(TheRealScripture()));
+static void PrintCopies() {
+    const bool sameInFull = CopyWholeBible(kInFull).text == ViewOf(AppendAllInFull());
+    const bool sameAsOpened = CopyWholeBible(kAsOpened).text == ViewOf(AppendAllAsOpened());
+    PrintRow(
+        "copy of the whole Bible: plain appends", [] { CopyWholeBible(kInFull); }, [] { AppendAllInFull(); },
+        sameInFull);
+    PrintRow(
+        "copy without brackets: plain appends between them", [] { CopyWholeBible(kAsOpened); },
+        [] { AppendAllAsOpened(); }, sameAsOpened);
 }
 
-static std::map<std::string, std::size_t> mostBytesOf;
-
-template <typename Procedure>
-static void Register(const std::string& name, Procedure procedure) {
-    const auto run = [name, procedure](benchmark::State& state) {
-        ForgetMostHeld();
-        for (auto _ : state) benchmark::DoNotOptimize(procedure());
-        mostBytesOf[name] = MostBytesHeld();
-    };
-    benchmark::RegisterBenchmark(name.c_str(), run)->Unit(benchmark::kMicrosecond)->MinTime(0.1)->Repetitions(5);
+static void PrintSaves() {
+    const bool same = BytesOf(SaveWholeBible) == BytesOf(AppendInBlocks);
+    const auto save = [](auto way, Save with) { return [=] { isSaved = way(with) && isSaved; }; };
+    PrintRow("saving the whole Bible, forming alone: plain appends in blocks", save(FormAlone, SaveWholeBible),
+             save(FormAlone, AppendInBlocks), same);
+    PrintRow("saving the whole Bible to a file: the same", save(SaveToFile, SaveWholeBible),
+             save(SaveToFile, AppendInBlocks), same);
 }
 
-namespace {
-
-struct Measurement {
-    const char* name;
-    const char* floor;
-};
-
-}  // namespace
-
-static constexpr Measurement kMeasurements[] = {
-    {"copy", "plain appends"},
-    {"copy without brackets", "plain appends"},
-    {"save, forming alone", "plain appends"},
-    {"save to a file", "plain appends to a file"},
-};
-
-static void RegisterAll() {
-    static std::size_t counted = 0;
-    Register("plain appends", [] { return PlainAppends(TheRealScripture()).size(); });
-    Register("copy", [] { return CopyWholeBible(kAsAppended); });
-    Register("copy without brackets", [] { return CopyWholeBible(kAsOpened); });
-    Register("save, forming alone", [] { return SaveWholeBible(kAsAppended, {&counted, CountBytes}); });
-    Register("plain appends to a file", [] { return WithScratchFile(AppendAndWrite); });
-    Register("save to a file", [] { return WithScratchFile(SaveToScratchFile); });
+static double MostHeldBy(const std::function<void()>& procedure) {
+    ForgetMostHeld();
+    procedure();
+    return static_cast<double>(MostBytesHeld()) / 1024;
 }
 
-static void PrintRatios(const Times& times) {
-    std::printf("\n%-24s %10s %10s %8s %14s\n", "", "us", "floor us", "ratio", "most bytes");
-    for (const auto& [name, floor] : kMeasurements) {
-        if (!times.contains(name) || !times.contains(floor)) continue;  // excluded by a filter
-        std::printf("%-24s %10.1f %10.1f %8.2f %14zu\n", name, times.at(name), times.at(floor),
-                    times.at(name) / times.at(floor), mostBytesOf[name]);
-    }
-    std::printf("%-24s %10s %10s %8s %14zu\n", "aim, budget of a copy", "", "", "<= 2", RangeCopyBudget(0, kLastVerse));
+static void PrintMemory() {
+    const double budget = static_cast<double>(RangeCopyBudget(0, kLastVerse)) / 1024;
+    PrintLimited("most memory of a copy: its budget", MostHeldBy([] { CopyWholeBible(kInFull); }), budget, "KiB");
+    PrintLimited("most memory of a copy without brackets: its budget", MostHeldBy([] { CopyWholeBible(kAsOpened); }),
+                 budget, "KiB");
+    PrintLimited("most memory of saving", MostHeldBy([] { FormAlone(SaveWholeBible); }), kMostHeldInBlocks, "KiB");
 }
 
-int main(int argc, char** argv) {
-    benchmark::Initialize(&argc, argv);
+int main() {
     TheRealScripture();
-    RegisterAll();
-    TimeKeeper keeper;
-    benchmark::RunSpecifiedBenchmarks(&keeper);
-    PrintRatios(keeper.times);
+    PrintCopies();
+    PrintSaves();
+    PrintMemory();
+    return ExitCode();
 }

@@ -88,10 +88,10 @@ static std::string Headings(const std::vector<Occasion>& occasions) {
 }
 
 static std::string VerseInFull(const Scripture& scripture, int verse) {
-    std::string text(VerseText(scripture, verse));
-    if (text.starts_with(kParagraphMark)) text.erase(0, 1);
-    RemoveBrackets(text);
-    return text.append(kNewLine).append(ReferenceText(scripture.records, verse, BookForm::kName)) += kNewLine;
+    std::string_view words = VerseText(scripture, verse);
+    if (BeginsParagraph(words)) words.remove_prefix(1);
+    return WithoutBrackets(words).append(kNewLine).append(ReferenceText(scripture.records, verse, BookForm::kName)) +=
+           kNewLine;
 }
 
 // The day is added only if there are several. The links use abbreviations, because in a cross-reference line a name

@@ -23,54 +23,74 @@ std::size_t ListCopyBudget(const Scripture& scripture, std::span<const std::int3
 static std::size_t LikelySize(const Scripture& scripture, int first, int last) {
     const VerseRecords& records = scripture.records;
     const std::uint32_t allButLast = RecordOf(records, last).textOffset - RecordOf(records, first).textOffset;
-    return allButLast + VerseText(scripture, last).size() + RangeCopyBudget(first, last) / 900 * kLongestPieceFrame;
+    return std::min<std::size_t>(allButLast, scripture.text.size()) + VerseText(scripture, last).size() +
+           RangeCopyBudget(first, last) / 900 * kLongestPieceFrame;
 }
 
-// Allocates all memory at once, so that the text is not moved as it grows.
-static bool Reserve(CopyText& copy, std::size_t size) {
+// Allocates all memory at once, so that the text is not moved as it grows. False if there is not enough.
+static bool MakeRoom(std::string& text, std::size_t size) {
     try {
-        copy.text.reserve(size);
+        text.resize(size);
     } catch (const std::bad_alloc&) {
-        copy.allocated = copy.complete = false;
+        return false;
     } catch (const std::length_error&) {
-        copy.allocated = copy.complete = false;
+        return false;
     }
-    return copy.allocated;
+    return true;
 }
 
-// Removes the piece that begins at `start` if it exceeds the budget. Returns whether it fits.
-static bool KeepIfItFits(CopyText& copy, std::size_t start, std::size_t budget) {
-    copy.complete = copy.text.size() <= budget;
-    if (!copy.complete) copy.text.resize(start);
+static CopyText NotAllocated() {
+    return {"", false, false, 0};
+}
+
+static PieceBrackets BracketsOf(const FormatOptions& format) {
+    return format.Brackets == 0 ? PieceBrackets::kLeftOut : PieceBrackets::kKept;
+}
+
+namespace {
+
+struct LimitedCopy {
+    std::size_t budget = 0;
+    GrowingText text{};
+    std::size_t leftOut = 0;  // brackets
+    bool complete = true;
+};
+
+}  // namespace
+
+// Removes the piece that begins at `start` if the text and the brackets that were left out of it exceed the budget.
+// Returns whether it fits.
+static bool KeepIfItFits(LimitedCopy& copy, std::size_t start, std::size_t leftOut) {
+    copy.leftOut += leftOut;
+    copy.complete = copy.text.size + copy.leftOut <= copy.budget;
+    if (!copy.complete) copy.text.size = start;
     return copy.complete;
 }
 
 CopyText CopyRangeText(const Scripture& scripture, const FormatOptions& format, int first, int last,
                        std::size_t budget) {
-    CopyText copy;
-    if (!Reserve(copy, std::min(budget, LikelySize(scripture, first, last)))) return copy;
-    RangeRenderer renderer{scripture, format};
+    LimitedCopy copy{budget};
+    if (!MakeRoom(copy.text.bytes, std::min(budget, LikelySize(scripture, first, last)))) return NotAllocated();
+    RangeRenderer renderer{scripture, format, BracketsOf(format)};
+    int complaints = 0;
     for (int verse = first; verse <= last && copy.complete; ++verse) {
-        const std::size_t start = copy.text.size();
-        AppendVerse(renderer, verse, copy.text);
+        const std::size_t start = copy.text.size;
+        const std::size_t leftOut = AppendVerse(renderer, verse, copy.text);
         // The failure is reported once, but twice if it was the first verse that did not fit.
-        if (!KeepIfItFits(copy, start, budget)) copy.complaints = verse == first ? 2 : 1;
+        if (!KeepIfItFits(copy, start, leftOut)) complaints = verse == first ? 2 : 1;
     }
-    if (format.Brackets == 0) RemoveBrackets(copy.text);
-    return copy;
+    return {TakeText(copy.text), true, copy.complete, complaints};
 }
 
 CopyText CopyListText(const Scripture& scripture, const FormatOptions& format, std::span<const std::int32_t> verses,
                       std::size_t budget) {
-    CopyText copy;
-    if (!Reserve(copy, std::min(budget, ListCopyBudget(scripture, verses)))) return copy;
+    LimitedCopy copy{budget};
+    if (!MakeRoom(copy.text.bytes, std::min(budget, ListCopyBudget(scripture, verses)))) return NotAllocated();
     for (std::size_t entry = 0; entry < verses.size() && copy.complete; ++entry) {
-        const std::size_t start = copy.text.size();
-        AppendListLine(scripture, verses[entry], copy.text);
-        if (!KeepIfItFits(copy, start, budget)) copy.complaints = 1;
+        const std::size_t start = copy.text.size;
+        KeepIfItFits(copy, start, AppendListLine(scripture, verses[entry], BracketsOf(format), copy.text));
     }
-    if (format.Brackets == 0) RemoveBrackets(copy.text);
-    return copy;
+    return {TakeText(copy.text), true, copy.complete, copy.complete ? 0 : 1};
 }
 
 // The reference of `record` as it follows that of `previous`: book and chapter only if they change.
@@ -93,14 +113,14 @@ static LabelText NextReference(const VerseRecord& previous, const VerseRecord& r
 
 CopyText CopyReferencesText(const VerseRecords& records, std::span<const std::int32_t> verses) {
     static constexpr std::size_t kLongestReference = 15;
-    CopyText copy;
-    if (!Reserve(copy, verses.size() * kLongestReference + 100)) return copy;
-    copy.text = "#";
+    GrowingText text;
+    if (!MakeRoom(text.bytes, verses.size() * kLongestReference + 100)) return NotAllocated();
+    Append(text, "#");
     VerseRecord previous;
     for (const int verse : verses) {
         const VerseRecord record = RecordOf(records, verse);
-        copy.text.append(TextOf(NextReference(previous, record)));
+        Append(text, TextOf(NextReference(previous, record)));
         previous = record;
     }
-    return copy;
+    return {TakeText(text)};
 }

@@ -1,29 +1,65 @@
 #include "output/rendering.h"
 
 #include <algorithm>
-#include <charconv>
-#include <cstring>
+#include <bit>
+#include <utility>
 
 #include "scripture/books.h"
+
+#if defined(__SSE2__) || defined(_M_X64)
+#include <emmintrin.h>
+#endif
 
 static constexpr std::string_view kLineEnd = "\r\n";
 static constexpr std::string_view kParagraph = "\xB6 ";
 
-static void AppendDigits(std::string& text, int number) {
-    char digits[12];
-    text.append(digits, std::to_chars(digits, digits + sizeof digits, number).ptr);
+// ---- The text -------------------------------------------------------------------------------------------------------
+
+std::string_view TextOf(const GrowingText& text) {
+    return {text.bytes.data(), text.size};
 }
 
-static void AppendChapterAndVerse(std::string& text, const VerseRecord& record) {
-    text.push_back(' ');
-    AppendDigits(text, record.chapter);
-    text.push_back(':');
-    AppendDigits(text, record.verse);
+static char* RoomFor(GrowingText& text, std::size_t size) {
+    const std::size_t needed = text.size + size;
+    if (needed > text.bytes.size()) text.bytes.resize(std::max(needed, 2 * text.bytes.size()));
+    return text.bytes.data() + text.size;
 }
 
-static void AppendFull(std::string& text, const VerseRecord& record) {
-    text.append(1, ' ').append(BookAbbreviation(record.book));
-    AppendChapterAndVerse(text, record);
+void Append(GrowingText& text, std::string_view more) {
+    std::copy(more.begin(), more.end(), RoomFor(text, more.size()));
+    text.size += more.size();
+}
+
+std::string TakeText(GrowingText& text) {
+    text.bytes.resize(std::exchange(text.size, 0));
+    return std::move(text.bytes);
+}
+
+// The other procedures write to `to`, where there is room, and return where the next byte goes.
+
+static char* Put(std::string_view text, char* to) {
+    return std::copy(text.begin(), text.end(), to);
+}
+
+static char* PutNumber(int number, char* to) {
+    if (number >= 100) *to++ = static_cast<char>('0' + number / 100);
+    if (number >= 10) *to++ = static_cast<char>('0' + number / 10 % 10);
+    *to++ = static_cast<char>('0' + number % 10);
+    return to;
+}
+
+// ---- Labels ---------------------------------------------------------------------------------------------------------
+
+static char* PutChapterAndVerse(const VerseRecord& record, char* to) {
+    *to++ = ' ';
+    to = PutNumber(record.chapter, to);
+    *to++ = ':';
+    return PutNumber(record.verse, to);
+}
+
+static char* PutFull(const VerseRecord& record, char* to) {
+    *to++ = ' ';
+    return PutChapterAndVerse(record, Put(BookAbbreviation(record.book), to));
 }
 
 static void RememberPlace(RangeRenderer& renderer, const VerseRecord& record) {
@@ -31,75 +67,117 @@ static void RememberPlace(RangeRenderer& renderer, const VerseRecord& record) {
     renderer.previousChapter = record.chapter;
 }
 
-static void AppendFirstLabel(RangeRenderer& renderer, const VerseRecord& record, std::string& text) {
-    if (renderer.format.FirstVerseStyle == kFullLabel) AppendFull(text, record);
-    if (renderer.format.FirstVerseStyle == kPartialLabel) AppendChapterAndVerse(text, record);
+static char* PutFirstLabel(RangeRenderer& renderer, const VerseRecord& record, char* to) {
     renderer.begun = true;
     RememberPlace(renderer, record);
+    if (renderer.format.FirstVerseStyle == kFullLabel) return PutFull(record, to);
+    if (renderer.format.FirstVerseStyle == kPartialLabel) return PutChapterAndVerse(record, to);
+    return to;
 }
 
-// Appends the part of the reference that differs from the previous verse.
-static void AppendWhatIsNew(const RangeRenderer& renderer, const VerseRecord& record, std::string& text) {
-    if (record.book != renderer.previousBook) return AppendFull(text, record);
-    if (record.chapter != renderer.previousChapter) return AppendChapterAndVerse(text, record);
-    text.push_back(' ');
-    AppendDigits(text, record.verse);
+// Puts the part of the reference that differs from the previous verse.
+static char* PutWhatIsNew(const RangeRenderer& renderer, const VerseRecord& record, char* to) {
+    if (record.book != renderer.previousBook) return PutFull(record, to);
+    if (record.chapter != renderer.previousChapter) return PutChapterAndVerse(record, to);
+    *to++ = ' ';
+    return PutNumber(record.verse, to);
 }
 
-static void AppendLabel(RangeRenderer& renderer, const VerseRecord& record, std::string& text) {
-    if (!renderer.begun) return AppendFirstLabel(renderer, record, text);
-    if (renderer.format.SubsequentVerseStyle == kFullLabel) AppendFull(text, record);
-    if (renderer.format.SubsequentVerseStyle != kPartialLabel) return;
-    AppendWhatIsNew(renderer, record, text);
+static char* PutLabel(RangeRenderer& renderer, const VerseRecord& record, char* to) {
+    if (!renderer.begun) return PutFirstLabel(renderer, record, to);
+    if (renderer.format.SubsequentVerseStyle == kFullLabel) return PutFull(record, to);
+    if (renderer.format.SubsequentVerseStyle != kPartialLabel) return to;
+    to = PutWhatIsNew(renderer, record, to);
     RememberPlace(renderer, record);
+    return to;
 }
 
-// Appends a blank and the verse's words. A paragraph mark at the start is kept only if `withMark`, followed by a blank.
-static void AppendWords(std::string_view verseText, bool withMark, std::string& text) {
-    const bool marked = BeginsParagraph(verseText);
-    text.push_back(' ');
-    if (marked && withMark) text.append(kParagraph);
-    text.append(verseText.substr(marked ? 1 : 0));
+// ---- Words ----------------------------------------------------------------------------------------------------------
+
+static bool IsBracket(char character) {
+    return character == '[' || character == ']';
 }
 
-void AppendVerse(RangeRenderer& renderer, int verse, std::string& text) {
-    const VerseRecord record = RecordOf(renderer.scripture.records, verse);
-    if (record.book == 0) return;
-    const FormatOptions& format = renderer.format;
-    if (format.Location == kLabelBefore) AppendLabel(renderer, record, text);
-    AppendWords(VerseText(renderer.scripture, verse), format.ParagraphMarks != 0, text);
-    if (format.Location != kLabelBefore) AppendLabel(renderer, record, text);
-    if (format.LineBreaks != 0) text.append(kLineEnd);
-}
-
-void AppendListLine(const Scripture& scripture, int verse, std::string& text) {
-    const VerseRecord record = RecordOf(scripture.records, verse);
-    if (record.book == 0) return;
-    AppendFull(text, record);
-    AppendWords(VerseText(scripture, verse), true, text);
-    text.append(kLineEnd);
-}
-
-// The next `letter` at or after `from`; `end` if there is none.
-static const char* Next(char letter, const char* from, const char* end) {
-    const void* found = std::memchr(from, letter, static_cast<std::size_t>(end - from));
-    return found ? static_cast<const char*>(found) : end;
-}
-
-// Brackets are rare, so the text between them is searched and moved in blocks rather than byte by byte.
-void RemoveBrackets(std::string& text) {
-    char* kept = text.data();
-    const char* from = text.data();
-    const char* const end = from + text.size();
-    const char* open = Next('[', from, end);
-    const char* close = Next(']', from, end);
-    while (true) {
-        const char* bracket = std::min(open, close);
-        std::memmove(kept, from, static_cast<std::size_t>(bracket - from));
-        kept += bracket - from;
-        if (bracket == end) break;
-        from = bracket + 1;
-        (bracket == open ? open : close) = Next(*bracket, from, end);
+// Brackets are rare, so sixteen bytes are copied at once, and again from behind a bracket among them.
+static char* PutWithoutBrackets(std::string_view words, char* to) {
+    const char* from = words.data();
+    const char* const end = from + words.size();
+#if defined(__SSE2__) || defined(_M_X64)
+    using Block = __m128i;
+    static constexpr int kBlock = sizeof(Block);
+    const Block open = _mm_set1_epi8('['), close = _mm_set1_epi8(']');
+    while (end - from >= kBlock) {
+        const Block bytes = _mm_loadu_si128(reinterpret_cast<const Block*>(from));
+        _mm_storeu_si128(reinterpret_cast<Block*>(to), bytes);
+        const Block brackets = _mm_or_si128(_mm_cmpeq_epi8(bytes, open), _mm_cmpeq_epi8(bytes, close));
+        const auto places = static_cast<unsigned>(_mm_movemask_epi8(brackets));
+        if (places == 0) {
+            from += kBlock;
+            to += kBlock;
+            continue;
+        }
+        const int before = std::countr_zero(places);
+        from += before + 1;
+        to += before;
     }
-    text.resize(static_cast<std::size_t>(kept - text.data()));
+#endif
+    for (; from < end; ++from) {
+        *to = *from;
+        to += IsBracket(*from) ? 0 : 1;
+    }
+    return to;
+}
+
+// Puts a blank and the verse's words. A paragraph mark at the start is kept only if `withMark`, followed by a blank.
+static char* PutWords(std::string_view words, bool withMark, PieceBrackets brackets, std::size_t& leftOut, char* to) {
+    *to++ = ' ';
+    if (BeginsParagraph(words)) {
+        if (withMark) to = Put(kParagraph, to);
+        words.remove_prefix(1);
+    }
+    if (brackets == PieceBrackets::kKept) return Put(words, to);
+    char* const end = PutWithoutBrackets(words, to);
+    leftOut = words.size() - static_cast<std::size_t>(end - to);
+    return end;
+}
+
+// ---- Pieces ---------------------------------------------------------------------------------------------------------
+
+// Appends what `put` writes and returns the end of. A piece of these words has room, whatever its frame.
+template <typename PutPiece>
+static void AppendPiece(std::string_view words, GrowingText& text, PutPiece put) {
+    char* const begin = RoomFor(text, kLongestPieceFrame + words.size());
+    text.size += static_cast<std::size_t>(put(begin) - begin);
+}
+
+std::size_t AppendVerse(RangeRenderer& renderer, int verse, GrowingText& text) {
+    const VerseRecord record = RecordOf(renderer.scripture.records, verse);
+    if (record.book == 0) return 0;
+    const FormatOptions& format = renderer.format;
+    const std::string_view words = VerseText(renderer.scripture, verse);
+    std::size_t leftOut = 0;
+    AppendPiece(words, text, [&](char* to) {
+        if (format.Location == kLabelBefore) to = PutLabel(renderer, record, to);
+        to = PutWords(words, format.ParagraphMarks != 0, renderer.brackets, leftOut, to);
+        if (format.Location != kLabelBefore) to = PutLabel(renderer, record, to);
+        return format.LineBreaks != 0 ? Put(kLineEnd, to) : to;
+    });
+    return leftOut;
+}
+
+std::size_t AppendListLine(const Scripture& scripture, int verse, PieceBrackets brackets, GrowingText& text) {
+    const VerseRecord record = RecordOf(scripture.records, verse);
+    if (record.book == 0) return 0;
+    const std::string_view words = VerseText(scripture, verse);
+    std::size_t leftOut = 0;
+    AppendPiece(words, text,
+                [&](char* to) { return Put(kLineEnd, PutWords(words, true, brackets, leftOut, PutFull(record, to))); });
+    return leftOut;
+}
+
+std::string WithoutBrackets(std::string_view text) {
+    std::string kept(text.size(), '\0');
+    const char* const end = PutWithoutBrackets(text, kept.data());
+    kept.resize(static_cast<std::size_t>(end - kept.data()));
+    return kept;
 }

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <vector>
 
 #include "output/copy_text.h"
@@ -130,14 +131,15 @@ TEST(Rendering, AddsNothingForAnInvalidVerse) {
     const FormatOptions format;
     const Scripture scripture = ScriptureOf(TheFiles());
     RangeRenderer renderer{scripture, format};
-    std::string text = "kept";
+    GrowingText text;
+    Append(text, "kept");
     for (const int verse : {-1, kVersesMade, kVerseCount}) {
         AppendVerse(renderer, verse, text);
-        AppendListLine(scripture, verse, text);
+        AppendListLine(scripture, verse, PieceBrackets::kKept, text);
     }
-    EXPECT_EQ(text, "kept");
+    EXPECT_EQ(TextOf(text), "kept");
     AppendVerse(renderer, 1, text);
-    EXPECT_EQ(text, "kept Ge 1:2 two \xB6two\r\n") << "still the first verse of its range";
+    EXPECT_EQ(TextOf(text), "kept Ge 1:2 two \xB6two\r\n") << "still the first verse of its range";
 }
 
 TEST(Rendering, RendersTheFirstVersesOfGenesis) {
@@ -163,8 +165,40 @@ TEST(Brackets, AreAllRemoved) {
         {"a]", "a"},
     };
     for (const auto& [before, after] : kRows) {
-        std::string text = before;
-        RemoveBrackets(text);
-        EXPECT_EQ(text, after) << before;
+        EXPECT_EQ(WithoutBrackets(before), after) << before;
+    }
+}
+
+// Words are copied in blocks, so every place of a bracket in a block and behind the last one counts.
+TEST(Brackets, AreRemovedFromEveryPlace) {
+    static constexpr std::string_view kLetters = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123";
+    for (std::size_t size = 1; size <= kLetters.size(); ++size) {
+        for (std::size_t first = 0; first < size; ++first) {
+            for (std::size_t second = first; second < size; ++second) {
+                std::string text(kLetters.substr(0, size)), kept = text;
+                kept.erase(second, 1);
+                if (first != second) kept.erase(first, 1);
+                text[first] = '[';
+                text[second] = ']';
+                ASSERT_EQ(WithoutBrackets(text), kept) << text;
+            }
+        }
+    }
+    EXPECT_EQ(WithoutBrackets(std::string(100, '[')), "");
+}
+
+TEST(Brackets, AreCountedWhenTheyAreLeftOut) {
+    const Scripture scripture = ScriptureOf(TheFiles());
+    const FormatOptions format;
+    for (int verse = 0; verse < kVersesMade; ++verse) {
+        const std::string_view marked = kVerses[verse].marked;
+        const auto brackets =
+            static_cast<std::size_t>(std::ranges::count_if(marked, [](char c) { return c == '[' || c == ']'; }));
+        GrowingText text;
+        RangeRenderer renderer{scripture, format, PieceBrackets::kLeftOut}, keeping{scripture, format};
+        EXPECT_EQ(AppendVerse(renderer, verse, text), brackets) << verse;
+        EXPECT_EQ(AppendVerse(keeping, verse, text), 0u) << verse;
+        EXPECT_EQ(AppendListLine(scripture, verse, PieceBrackets::kLeftOut, text), brackets) << verse;
+        EXPECT_EQ(AppendListLine(scripture, verse, PieceBrackets::kKept, text), 0u) << verse;
     }
 }

@@ -194,8 +194,7 @@ static std::string WholeText(Layout layout, Marks brackets) {
         text += " " + words + " ";
         before = record;
     }
-    if (brackets == kWithout) RemoveBrackets(text);
-    return text;
+    return brackets == kWithout ? WithoutBrackets(text) : text;
 }
 
 static std::size_t FirstDifference(const std::string& one, const std::string& other) {

@@ -194,7 +194,7 @@ static void CheckList(const OutputCase& output) {
 // ---- Saving with notes ----------------------------------------------------------------------------------------------
 
 static void CheckNotes(OutputCase& output) {
-    std::string all;
+    GrowingText all;
     FormatOptions format = output.format;
     RangeRenderer renderer{output.scripture, format};
     bool readable = true;
@@ -203,7 +203,7 @@ static void CheckNotes(OutputCase& output) {
         const auto note = output.notes.find(verse);
         if (note == output.notes.end()) continue;
         readable = note->second != kUnreadableNote;
-        all += "\r\n\r\n" + note->second + "\r\n\r\n";
+        Append(all, "\r\n\r\n" + note->second + "\r\n\r\n");
     }
     WrittenText written{"", 0, output.failingWrite};
     const NoteSource source = SourceOf(output.notes);
@@ -212,7 +212,7 @@ static void CheckNotes(OutputCase& output) {
     const bool wrote = written.writes < output.failingWrite || output.failingWrite == 0;
     Expect((saved == TextSaveResult::kCannotWrite) == !wrote, "a write that fails is told");
     Expect(!wrote || (saved == TextSaveResult::kCannotReadNotes) == !readable, "a note that cannot be read is told");
-    Expect(saved != TextSaveResult::kSaved || written.text == all + '\0', "notes stand behind their verses");
+    Expect(saved != TextSaveResult::kSaved || written.text == TakeText(all) + '\0', "notes stand behind their verses");
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
