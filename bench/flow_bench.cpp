@@ -1,17 +1,21 @@
 // Benchmarks the layout of a pane without drawing: the walk of a paint, a hit test, a page up. Widths come from a table
 // of character widths, as in the program.
 //
-// The floor is one pass over the texts of the same verses that adds up the widths of their characters.
-#include <benchmark/benchmark.h>
+// The floor of a walk adds up the widths of the same characters in one pass over the texts of the same verses. Other
+// procedures are compared with one walk: "one measure" of a page.
 
 #include <array>
-#include <vector>
 
+#include "bench/contest.h"
+#include "bench/outcomes.h"
 #include "passage/passage_flow.h"
 #include "tests/support/native_scripture.h"
 #include "verselist/verse_list_flow.h"
 
 static constexpr int kTop = 14000;  // in the Psalms, where many short verses fit in the pane
+static constexpr int kRounds = 41;
+static constexpr int kTimes = 20;  // of what takes some microseconds, in one run
+static constexpr double kMostMeasures = 2.0;
 
 // Widths of a proportional face of about sixteen pixels.
 static constexpr std::array<int, 256> kWidths = [] {
@@ -31,6 +35,32 @@ static TextMeasure TableMeasure() {
     return {nullptr, SumOfWidths, [](void*) { return 18; }};
 }
 
+static volatile int kept;  // so that nothing is left out whose result nobody uses
+
+static std::function<void()> Repeated(std::function<int()> procedure) {
+    return [procedure = std::move(procedure)] {
+        for (int time = 0; time < kTimes; ++time) kept = procedure();
+    };
+}
+
+// Microseconds of one call.
+static std::vector<double> TimesInTurns(const std::vector<std::function<int()>>& contestants) {
+    std::vector<std::function<void()>> repeated;
+    for (const auto& contestant : contestants) repeated.push_back(Repeated(contestant));
+    std::vector<double> times = MediansInTurns(kRounds, repeated);
+    for (double& time : times) time *= 1000.0 / kTimes;
+    return times;
+}
+
+static int WidthOfVerses(int first, int last) {
+    int sum = 0;
+    for (int verse = first; verse <= last; ++verse)
+        sum += SumOfWidths(nullptr, Face::kRegular, VerseText(TheRealScripture(), verse));
+    return sum;
+}
+
+// ---- The Passage ----------------------------------------------------------------------------------------------------
+
 static PassageFlow FlowOfPane() {
     PassageFlow flow;
     flow.scripture = &TheRealScripture();
@@ -41,52 +71,30 @@ static PassageFlow FlowOfPane() {
     return flow;
 }
 
-// Lays out as a paint does, with a visitor that only counts, and brings the view up to date. Gives the number of boxes.
-static int WalkAsPaint(const PassageFlow& flow, PassageView& view) {
+// With a visitor that only counts.
+static int WalkAsPaint(const PassageFlow& flow) {
     int boxes = 0;
-    view.TopVerse = flow.topVerse;
-    view.LastVisibleVerse = WalkPassage(flow, [&boxes](const FlowBox&) { return ++boxes > 0; });
+    return WalkPassage(flow, [&boxes](const FlowBox&) { return ++boxes > 0; });
+}
+
+static double MeasurePassage() {
+    const PassageFlow flow = FlowOfPane();
+    PassageView view{kTop, WalkAsPaint(flow)};
+    const int last = view.LastVisibleVerse;
     CorrectLastVisible(view);
-    return boxes;
+    const std::vector<double> times = TimesInTurns({
+        [&] { return WalkAsPaint(flow); },
+        [&] { return WidthOfVerses(kTop, last); },
+        [&] { return HitTestPassage(flow, 600, 699).place; },
+        [&] { return ScrolledTop(flow, view, ScrollCode::kPageUp, 0); },
+    });
+    Print({"Passage, the walk of a paint / sums of widths", times[0], times[1], 0, 0, "us"});
+    Print({"Passage, hit test at the bottom / one measure", times[2], times[0], 0, 0, "us"});
+    Print({"Passage, page up / one measure", times[3], times[0], 0, 0, "us"});
+    return times[0];
 }
 
-static void WidthFloor(benchmark::State& state) {
-    const PassageFlow flow = FlowOfPane();
-    const int last = WalkPassage(flow, nullptr);
-    for (auto _ : state) {
-        int sum = 0;
-        for (int verse = flow.topVerse; verse <= last; ++verse)
-            sum += SumOfWidths(nullptr, Face::kRegular, VerseText(*flow.scripture, verse));
-        benchmark::DoNotOptimize(sum);
-    }
-    state.counters["verses"] = last - flow.topVerse + 1;
-}
-BENCHMARK(WidthFloor)->Unit(benchmark::kMicrosecond);
-
-static void PassageWalk(benchmark::State& state) {
-    const PassageFlow flow = FlowOfPane();
-    PassageView view;
-    int boxes = 0;
-    for (auto _ : state) benchmark::DoNotOptimize(boxes = WalkAsPaint(flow, view));
-    state.counters["boxes"] = boxes;
-}
-BENCHMARK(PassageWalk)->Unit(benchmark::kMicrosecond);
-
-static void PassageHitAtBottom(benchmark::State& state) {
-    const PassageFlow flow = FlowOfPane();
-    for (auto _ : state) benchmark::DoNotOptimize(HitTestPassage(flow, 600, 699));
-}
-BENCHMARK(PassageHitAtBottom)->Unit(benchmark::kMicrosecond);
-
-static void PassagePageUp(benchmark::State& state) {
-    const PassageFlow flow = FlowOfPane();
-    PassageView view;
-    WalkAsPaint(flow, view);
-    int top = view.TopVerse;
-    for (auto _ : state) benchmark::DoNotOptimize(top = ScrolledTop(flow, view, ScrollCode::kPageUp, 0));
-    state.counters["passes"] = view.TopVerse - top + 1;
-}
-BENCHMARK(PassagePageUp)->Unit(benchmark::kMicrosecond);
+// ---- The Verse List -------------------------------------------------------------------------------------------------
 
 namespace {
 
@@ -94,6 +102,7 @@ namespace {
 struct ListPane {
     VerseList list;
     Query query;
+    KnownEntries known;
     VerseListFlow flow;
 };
 
@@ -109,33 +118,48 @@ static void OpenListPane(ListPane& pane) {
     pane.flow.list = &pane.list;
     pane.flow.width = 1200;
     pane.flow.height = 700;
+    pane.flow.known = &pane.known;
 }
 
-static int WalkAsPaint(ListPane& pane) {
+static int WalkAsPaint(const ListPane& pane) {
     int boxes = 0;
-    pane.list.ListLastVisible = WalkVerseList(pane.flow, [&boxes](const FlowBox&) { return ++boxes > 0; });
+    return WalkVerseList(pane.flow, [&boxes](const FlowBox&) { return ++boxes > 0; });
+}
+
+// As after a new search: nothing is known of the entries.
+static int MeasureAnew(ListPane& pane) {
+    pane.known.byVerse.clear();
+    return WalkVerseList(pane.flow, nullptr);
+}
+
+static int PageUp(const ListPane& pane) {
+    return ScrolledListTop(pane.flow, pane.list, ScrollCode::kPageUp, 0);
+}
+
+// The entries above the page are not known.
+static int PageUpAnew(ListPane& pane) {
+    pane.known.byVerse.clear();
+    return PageUp(pane);
+}
+
+static void MeasureVerseList(double walkOfPassage) {
+    ListPane pane;
+    OpenListPane(pane);
+    pane.list.ListLastVisible = WalkAsPaint(pane);
     CorrectLastVisible(pane.list);
-    return boxes;
+    const std::vector<double> times = TimesInTurns({
+        [&] { return WalkAsPaint(pane); },
+        [&] { return WalkVerseList(pane.flow, nullptr); },
+        [&] { return PageUp(pane); },
+        [&] { return MeasureAnew(pane); },
+        [&] { return PageUpAnew(pane); },
+    });
+    Print({"Verse List, the walk of a paint / of the Passage", times[0], walkOfPassage, 0, 0, "us"});
+    Print({"Verse List, page up / one measure", times[2], times[1], kMostMeasures, 0, "us"});
+    Print({"Verse List, page up to new entries / one measure of new ones", times[4], times[3], kMostMeasures, 0, "us"});
 }
 
-static void VerseListWalk(benchmark::State& state) {
-    ListPane pane;
-    OpenListPane(pane);
-    int boxes = 0;
-    for (auto _ : state) benchmark::DoNotOptimize(boxes = WalkAsPaint(pane));
-    state.counters["boxes"] = boxes;
-    state.counters["entries"] = pane.list.ListLastVisible - pane.list.ListTop + 1;
+int main() {
+    MeasureVerseList(MeasurePassage());
+    return ExitCode();
 }
-BENCHMARK(VerseListWalk)->Unit(benchmark::kMicrosecond);
-
-static void VerseListPageUp(benchmark::State& state) {
-    ListPane pane;
-    OpenListPane(pane);
-    WalkAsPaint(pane);
-    int top = pane.list.ListTop;
-    for (auto _ : state) benchmark::DoNotOptimize(top = ScrolledListTop(pane.flow, pane.list, ScrollCode::kPageUp, 0));
-    state.counters["passes"] = pane.list.ListTop - top + 1;
-}
-BENCHMARK(VerseListPageUp)->Unit(benchmark::kMicrosecond);
-
-BENCHMARK_MAIN();

@@ -1,4 +1,4 @@
-// What the layouts of the two reading panes have in common: the boxes of text and the placing of labels and words.
+// What the layouts of the two reading panes have in common: the boxes of text and the placing of labels.
 // passage/passage_flow.h and verselist/verse_list_flow.h describe the two layouts.
 #pragma once
 
@@ -8,7 +8,7 @@
 #include "pane/selection.h"
 #include "typeset/label_text.h"
 #include "typeset/line_walk.h"
-#include "typeset/word_reader.h"
+#include "typeset/text_measure.h"
 
 inline constexpr int kLeftMargin = 1;  // left edge of lines, pixels
 
@@ -34,30 +34,21 @@ struct FlowWalk {
     const TextMeasure& measure;
     const FlowVisitor& visit;
     LineWalk line{};
-    WordReader reader{};
     LabelText label{};
     SelectionPoint point{};  // of the last box placed
     bool stopped = false;    // by the visitor
 };
 
 // Starts a layout at the upper left of a pane `width` pixels wide; its lines start at the left margin.
-FlowWalk BeginFlow(const TextMeasure& measure, const FlowVisitor& visit, int width, BracketUse brackets);
+FlowWalk BeginFlow(const TextMeasure& measure, const FlowVisitor& visit, int width);
+
+// Visits a box unless the walk has been stopped or has no visitor.
+inline void VisitBox(FlowWalk& walk, const FlowBox& box) {
+    if (walk.visit && !walk.stopped) walk.stopped = !walk.visit(box);
+}
 
 // Width of the text in `label`, in the bold face used for labels and headings.
 int LabelWidth(const FlowWalk& walk);
 
 // Visits that text as a box `width` pixels wide at the line's current position, and advances past it.
 void PlaceLabel(FlowWalk& walk, BoxKind kind, int width);
-
-// Visits the pieces of the last word that the reader read, at the line's current position.
-void VisitWord(FlowWalk& walk);
-
-// Places the last word that the reader read as the next ordinal, on a new line if it does not fit. It is inline because
-// a page up measures thousands of words that nobody visits.
-inline void PlaceWord(FlowWalk& walk) {
-    const int width = MeasureWord(walk.reader, walk.measure);
-    WrapBefore(walk.line, width);
-    ++walk.point.word;
-    if (walk.visit) VisitWord(walk);
-    walk.line.x += width;
-}

@@ -4,6 +4,8 @@
 #include <unordered_map>
 #include <vector>
 
+#include "typeset/word_reader.h"
+
 // ---- Position -------------------------------------------------------------------------------------------------------
 
 void CorrectLastVisible(PassageView& view) {
@@ -32,8 +34,9 @@ using KnownWidths = std::unordered_map<const char*, KnownWords>;
 struct PassageWalk : FlowWalk {
     const PassageFlow& flow;
     KnownWidths* known = nullptr;  // null: every word is measured; otherwise no box is visited
-    std::string_view words{};      // of the current verse
-    VerseRecord labelled{};        // verse of the last label
+    WordReader reader{};
+    std::string_view words{};  // of the current verse
+    VerseRecord labelled{};    // verse of the last label
 };
 
 }  // namespace
@@ -102,6 +105,26 @@ static void PlaceVerseStart(PassageWalk& walk, int verse, const VerseRecord& rec
     }
 }
 
+static void VisitWord(PassageWalk& walk) {
+    const bool endsItem = HasVerseEnded(walk.reader);
+    int x = walk.line.x;
+    for (const WordPiece& piece : walk.reader.pieces) {
+        const bool isLast = endsItem && &piece == &walk.reader.pieces.back();
+        VisitBox(walk, {BoxKind::kWord, piece.face, piece.keyWord, walk.point, x, walk.line.y, piece.width, isLast,
+                        piece.text});
+        x += piece.width;
+    }
+}
+
+// Places the word that was read last as the next ordinal, on a new line if it does not fit.
+static void PlaceWord(PassageWalk& walk) {
+    const int width = MeasureWord(walk.reader, walk.measure);
+    WrapBefore(walk.line, width);
+    ++walk.point.word;
+    if (walk.visit) VisitWord(walk);
+    walk.line.x += width;
+}
+
 static bool ReadAndPlaceWords(PassageWalk& walk) {
     OpenVerse(walk.reader, walk.words);
     while (!walk.stopped && !IsPastBottom(walk) && ReadWord(walk.reader)) PlaceWord(walk);
@@ -147,8 +170,8 @@ static int WalkFrom(PassageWalk& walk) {
 static int Walk(const PassageFlow& flow, const FlowVisitor& visit, KnownWidths* known) {
     PassageFlow clamped = flow;
     clamped.topVerse = ClampVerse(flow.topVerse);
-    const BracketUse brackets = BracketsOf(flow.options, BracketUse::kItalicFace);
-    PassageWalk walk{BeginFlow(flow.measure, visit, flow.width, brackets), clamped, known};
+    PassageWalk walk{BeginFlow(flow.measure, visit, flow.width), clamped, known};
+    walk.reader.brackets = BracketsOf(flow.options, BracketUse::kItalicFace);
     walk.reader.italicsFromWordStart = true;
     return WalkFrom(walk);
 }

@@ -10,6 +10,7 @@
 #include "scripture/scripture.h"
 #include "search/query.h"
 #include "typeset/reading_options.h"
+#include "verselist/entry_words.h"
 #include "verselist/verse_list.h"
 
 struct VerseListFlow {
@@ -17,11 +18,12 @@ struct VerseListFlow {
     const NoteFiles* noteFiles = nullptr;
     const NoteSets* notes = nullptr;  // null: no verse has a note
     const Query* query = nullptr;     // its key words are marked; null: nothing is marked
-    ReadingOptions options;
-    TextMeasure measure;
+    ReadingOptions options{};
+    TextMeasure measure{};
     const VerseList* list = nullptr;
     int width = 0;  // of the client area, pixels
     int height = 0;
+    KnownEntries* known = nullptr;  // kept between walks, see verselist/entry_words.h; null: nothing is kept
 };
 
 // Visits the boxes from the list's top on; an empty visitor is not called. Returns the last entry with any text laid

@@ -29,6 +29,7 @@ static VerseListFlow FlowOf(const RECT& client) {
         .list = &theVerseList.list,
         .width = client.right,
         .height = client.bottom,
+        .known = &theVerseList.known,
     };
 }
 
@@ -42,6 +43,7 @@ void RedisplayVerseList() {
 
 void SetVerseListFont(const FontChoice& choice) {
     ChooseFaces(theVerseList.faces, choice);
+    theVerseList.known = {};
     RedisplayVerseList();
 }
 
@@ -81,15 +83,20 @@ static void ShowWholeList(BookForm form = BookForm::kName) {
     RedisplayVerseList();
 }
 
-void ShowSearchResult(Query query, std::vector<std::int32_t> verses) {
+static void TakeQuery(Query query) {
     theVerseList.query = std::move(query);
+    theVerseList.known = {};
+}
+
+void ShowSearchResult(Query query, std::vector<std::int32_t> verses) {
+    TakeQuery(std::move(query));
     FillVerseList(theVerseList.list, std::move(verses));
     ShowWholeList();
     FocusVerseList();
 }
 
 void ShowReferences(const std::vector<std::int32_t>& verses) {
-    theVerseList.query = {};
+    TakeQuery({});
     FillWithReferences(theVerseList.list, verses);
     ShowWholeList(BookForm::kAbbreviation);
 }

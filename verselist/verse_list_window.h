@@ -5,6 +5,7 @@
 
 #include "pane/reading_pane_win32.h"
 #include "search/query.h"
+#include "verselist/entry_words.h"
 #include "verselist/reference_list_win32.h"
 #include "verselist/verse_list.h"
 
@@ -12,6 +13,7 @@ struct VerseListPane : ReadingPane {
     ReferenceList references;
     VerseList list;
     Query query;                // the search that filled the list; empty for cross-references
+    KnownEntries known;         // for this query and the pane's font
     int verseOfRow = kNoVerse;  // named by the context menu's row whose command is running; kNoVerse: none is
 };
 extern VerseListPane theVerseList;
