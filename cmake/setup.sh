@@ -110,11 +110,11 @@ clean_up() {
   for step in "${cleanups[@]}"; do eval "$step" || true; done
 }
 
-# Starts a display on the first free number.
+# start_display [<width>x<height>]: starts a display of this size on the first free number.
 start_display() {
-  local numbers
+  local size=${1:-1280x1024} numbers
   numbers=$(mktemp)
-  Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp 3>"$numbers" </dev/null >/dev/null 2>&1 &
+  Xvfb -displayfd 3 -screen 0 "${size}x24" -nolisten tcp 3>"$numbers" </dev/null >/dev/null 2>&1 &
   at_exit "kill $!"
   local waited
   for ((waited = 0; waited < 100; waited++)); do

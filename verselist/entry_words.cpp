@@ -1,3 +1,4 @@
+// Separate from the layout, which only places words: here they are marked and measured.
 #include "verselist/entry_words.h"
 
 #include "search/key_word_marks.h"

@@ -1,5 +1,6 @@
-// The floor for starting the program: creates the program's menu and controls, loads its files and paints some verses
-// in the simplest way.
+// The floor for starting the program and for scrolling: creates the program's menu and controls, loads its files and
+// paints some verses in the simplest way. A step moves what is on the screen and paints the line that comes into view;
+// status bar and scroll box follow when no more input is waiting.
 
 #include <iterator>
 
@@ -20,6 +21,8 @@ struct BareProgram {
     HWND notes = nullptr, noteView = nullptr, editor = nullptr, noteEdit = nullptr;
     HIMAGELIST pictures = nullptr;
     HFONT font = nullptr;
+    int lineHeight = 1;
+    int topVerse = 0;
     Scripture scripture;
     WordIndex index;
 };
@@ -148,26 +151,50 @@ static void OnSize(HWND, UINT sizeType, int width, int height) {
     MoveWindow(bare.noteView, 0, 0, room.right, room.bottom, TRUE);
 }
 
-// One verse on each line, as many as fit.
+static void ShowPosition() {
+    const std::string reference = ReferenceText(bare.scripture.records, bare.topVerse, BookForm::kName);
+    SendMessageA(bare.statusBar, SB_SETTEXTA, kPassagePart, reinterpret_cast<LPARAM>(reference.c_str()));
+    SetScrollPos(bare.passage, SB_VERT, bare.topVerse, TRUE);
+}
+
+// One verse on each line that has to be painted.
+static void PaintVerses(HDC dc, const RECT& place) {
+    SelectObject(dc, bare.font);
+    for (int line = place.top / bare.lineHeight; line * bare.lineHeight < place.bottom; ++line) {
+        const std::string_view text = VerseText(bare.scripture, ClampVerse(bare.topVerse + line));
+        TextOutA(dc, 1, line * bare.lineHeight, text.data(), static_cast<int>(text.size()));
+    }
+}
+
+static bool isScrolling = false;
+
 static void OnPassagePaint(HWND window) {
     PAINTSTRUCT paint;
-    const HDC dc = BeginPaint(window, &paint);
-    RECT client{};
-    GetClientRect(window, &client);
-    SelectObject(dc, bare.font);
-    TEXTMETRICA metrics{};
-    GetTextMetricsA(dc, &metrics);
-    for (int verse = 0, y = 0; y < client.bottom; ++verse, y += static_cast<int>(metrics.tmHeight)) {
-        const std::string_view text = VerseText(bare.scripture, verse);
-        TextOutA(dc, 1, y, text.data(), static_cast<int>(text.size()));
-    }
+    PaintVerses(BeginPaint(window, &paint), paint.rcPaint);
     EndPaint(window, &paint);
-    const std::string reference = ReferenceText(bare.scripture.records, 0, BookForm::kName);
-    SendMessageA(bare.statusBar, SB_SETTEXTA, kPassagePart, reinterpret_cast<LPARAM>(reference.c_str()));
+    if (!isScrolling) ShowPosition();
+}
+
+static void ScrollTo(HWND window, int verse) {
+    const int by = bare.lineHeight * (bare.topVerse - verse);
+    bare.topVerse = verse;
+    isScrolling = true;
+    ScrollWindowEx(window, 0, by, nullptr, nullptr, nullptr, nullptr, SW_INVALIDATE | SW_ERASE);
+    UpdateWindow(window);
+    isScrolling = false;
+    RedrawWindow(window, nullptr, nullptr, RDW_INTERNALPAINT);
+}
+
+static void OnPassageKey(HWND window, UINT key, BOOL, int, UINT) {
+    if (key == VK_DOWN) ScrollTo(window, ClampVerse(bare.topVerse + 1));
+    if (key == VK_UP) ScrollTo(window, ClampVerse(bare.topVerse - 1));
 }
 
 static LRESULT CALLBACK PassageProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    switch (message) { HANDLE_MSG(window, WM_PAINT, OnPassagePaint); }
+    switch (message) {
+        HANDLE_MSG(window, WM_PAINT, OnPassagePaint);
+        HANDLE_MSG(window, WM_KEYDOWN, OnPassageKey);
+    }
     return DefWindowProcA(window, message, wParam, lParam);
 }
 
@@ -176,6 +203,13 @@ static BOOL OnCreate(HWND window, CREATESTRUCTA*) {
     CreateControls();
     const LOGFONTA record = FontRecord(FontChoice{});
     bare.font = CreateFontIndirectA(&record);
+    const HDC dc = GetDC(window);
+    SelectObject(dc, bare.font);
+    TEXTMETRICA metrics{};
+    GetTextMetricsA(dc, &metrics);
+    bare.lineHeight = static_cast<int>(metrics.tmHeight);
+    ReleaseDC(window, dc);
+    SetScrollRange(bare.passage, SB_VERT, 0, kLastVerse, FALSE);
     return LoadFiles();
 }
 

@@ -1,5 +1,5 @@
-// Benchmarks one paint of the Passage (1200 x 700) with the program's layout, faces and canvas against two floors. Must
-// be started in the folder of the scripture files.
+// Benchmarks one paint of the Passage (1200 x 700) with the program's layout, faces and canvas against two floors, and
+// one of the Verse List on a large screen against the Passage's. Must be started in the folder of the scripture files.
 
 #include <algorithm>
 #include <cstdio>
@@ -13,13 +13,17 @@
 #include "passage/passage_flow.h"
 #include "scripture/scripture.h"
 #include "scripture/scripture_win32.h"
+#include "search/key_word_marks.h"
+#include "verselist/verse_list_flow.h"
 
 static constexpr RECT kClient{0, 0, 1200, 700};
+static constexpr RECT kLargeClient{0, 0, 3840, 2160};
 static constexpr int kRounds = 21;
 static constexpr double kMostTimesWordByWord = 1.0;
 static constexpr double kMostTimesFaceByFace = 1.5;
 static constexpr double kMostAboveOnePaint = 2.0;  // limit for page up, milliseconds
-static constexpr double kMostForStamps = 0.02;     // limit for comparing the files of sets, of one paint
+static constexpr double kMostTimesPassage = 1.5;
+static constexpr double kMostForStamps = 0.02;  // limit for comparing the files of sets, of one paint
 
 namespace {
 
@@ -100,11 +104,15 @@ static void LayOut(Bench& bench, const PassageFlow& flow) {
     });
 }
 
+static void DrawLaidOut(Bench& bench, const RECT& client) {
+    const HDC canvas = CanvasFor(bench.canvas, bench.screen, client.right, client.bottom);
+    DrawRuns(canvas, bench.faces, bench.runs, client, 0);
+    CopyCanvas(bench.canvas, bench.screen, client);
+}
+
 static void Paint(Bench& bench, const PassageFlow& flow) {
     LayOut(bench, flow);
-    const HDC canvas = CanvasFor(bench.canvas, bench.screen, kClient.right, kClient.bottom);
-    DrawRuns(canvas, bench.faces, bench.runs, kClient, 0);
-    CopyCanvas(bench.canvas, bench.screen, kClient);
+    DrawLaidOut(bench, {0, 0, flow.width, flow.height});
 }
 
 static std::vector<PlacedWord> WordsOf(const PassageFlow& flow) {
@@ -189,6 +197,48 @@ static void MeasureScrolling(Bench& bench, const Mode& mode) {
     PrintLimited("page up above one paint" + at, mostAbove, kMostAboveOnePaint, "ms");
 }
 
+// The list of a search for a common word, whose marks are on nearly every line.
+static VerseList ListOfCommonWord(const Scripture& scripture, const Query& query) {
+    VerseList list;
+    for (int verse = 0; verse < kVerseCount; ++verse)
+        if (CountKeyWords(query, VerseText(scripture, verse)) > 0) list.ListEntries.push_back(verse);
+    return list;
+}
+
+static void PaintList(Bench& bench, const VerseListFlow& flow) {
+    WalkVerseList(flow, [&bench](const FlowBox& box) {
+        AddText(bench.runs, bench.faces, box.face, box.keyWord ? TextColor::kKeyWord : TextColor::kNormal, box.x, box.y,
+                box.width, box.text);
+        return true;
+    });
+    DrawLaidOut(bench, {0, 0, flow.width, flow.height});
+}
+
+static void CompareLists(Bench& bench) {
+    for (const char* word : {"lord", "the"}) {
+        const Query query = QueryOf(word, {}, QueryKind::kWords);
+        const VerseList list = ListOfCommonWord(bench.scripture, query);
+        KnownEntries known;
+        PassageFlow passage = FlowAt(bench, kPlaces[0], kModes[0]);
+        passage.width = kLargeClient.right;
+        passage.height = kLargeClient.bottom;
+        const VerseListFlow flow{.scripture = &bench.scripture,
+                                 .noteFiles = &bench.noteFiles,
+                                 .notes = &bench.notes,
+                                 .query = &query,
+                                 .options = passage.options,
+                                 .measure = passage.measure,
+                                 .list = &list,
+                                 .width = passage.width,
+                                 .height = passage.height,
+                                 .known = &known};
+        const std::vector<double> times =
+            MediansInTurns(kRounds, {[&] { PaintList(bench, flow); }, [&] { Paint(bench, passage); }});
+        Print({std::string("paint at 3840 x 2160, list of \"") + word + "\" / the Passage", times[0], times[1],
+               kMostTimesPassage});
+    }
+}
+
 static NoteSet WrittenSet(const char* name) {
     NoteSet set = EmptyNoteSet(name);
     CreateNoteFiles(TheNoteFiles(), set);
@@ -212,8 +262,8 @@ static void MeasureStamps(Bench& bench) {
 }
 
 static HDC ScreenToPaintOn() {
-    const HWND window = CreateWindowExA(0, "STATIC", "", WS_POPUP | WS_VISIBLE, 0, 0, kClient.right, kClient.bottom,
-                                        nullptr, nullptr, nullptr, nullptr);
+    const HWND window = CreateWindowExA(0, "STATIC", "", WS_POPUP | WS_VISIBLE, 0, 0, kLargeClient.right,
+                                        kLargeClient.bottom, nullptr, nullptr, nullptr, nullptr);
     UpdateWindow(window);
     return GetDC(window);
 }
@@ -233,6 +283,7 @@ int main() {
     bench.floorCanvas = CanvasFor(floorCanvas, bench.screen, kClient.right, kClient.bottom);
     for (const Mode& mode : kModes) ComparePaints(bench, mode);
     for (const Mode& mode : kModes) MeasureScrolling(bench, mode);
+    CompareLists(bench);
     MeasureStamps(bench);
     return ExitCode();
 }
