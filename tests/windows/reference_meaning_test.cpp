@@ -14,6 +14,7 @@
 #include "tests/windows/note_set_files.h"
 #include "tests/windows/passage_pane.h"
 #include "tests/windows/real_scripture.h"
+#include "tests/windows/test_printer.h"
 
 static constexpr char kNotUnderstood[] = "not understood";
 
@@ -43,7 +44,7 @@ static constexpr FieldRow kFields[] = {
     {"CopyRange", IDM_COPY_RANGE, "Copy Range", IDC_RANGE, true, 212, 5, 200},
     {"SaveRange", IDM_SAVE_RANGE, "Save Range", IDC_RANGE, true, 212, 5, 100},
     {"SetRange", IDM_SET_RANGE, "Set Search Range", IDC_RANGE, true, 206, 20, 2000},
-    {"PrintRange", IDM_PRINT_RANGE, "Print Range", IDC_RANGE, true, 212, 0, 0},
+    {"PrintRange", IDM_PRINT_RANGE, "Print Range", IDC_RANGE, true, 212, 5, 50},
 };
 
 namespace {
@@ -51,11 +52,10 @@ namespace {
 struct MeaningLineAndOk : testing::TestWithParam<FieldRow> {};
 
 }  // namespace
-INSTANTIATE_TEST_SUITE_P(Of, MeaningLineAndOk, testing::ValuesIn(kFields, std::end(kFields) - 1),
+INSTANTIATE_TEST_SUITE_P(Of, MeaningLineAndOk, testing::ValuesIn(kFields),
                          [](const auto& row) { return std::string(row.param.name); });
 
-static Program ProgramWithNotes() {
-    const ScratchFolder folder = FolderWithScripture();
+static Program ProgramWithNotes(const ScratchFolder& folder = FolderWithScripture()) {
     WriteNoteSet(folder, "Mine");
     for (const char* key : {"FirstVerseStyle", "SubsequentVerseStyle"}) WriteSetting(folder, "FORMAT", key, "0");
     return StartProgram(folder);
@@ -271,9 +271,31 @@ static std::string SavedText(const Program& program) {
     return text;
 }
 
+// From the printed verses, each with a full label.
+static std::string LineOfPages(const FieldRow& row, const std::vector<std::string>& pages) {
+    std::string rest;
+    for (const std::string& page : pages) rest += page + ' ';
+    const int first = VerseAt(rest.substr(0, rest.find(' ', rest.find(':'))));
+    int next = first;
+    for (; !rest.empty() && next < kVerseCount; ++next) {
+        const std::string printed = LineOfVerse(RealScripture().records, next) + ' ' +
+                                    WithBlankAfterMark(std::string(VerseText(RealScripture(), next))) + ' ';
+        if (!rest.starts_with(printed)) return "other words than those of the verse: " + rest.substr(0, 100);
+        rest.erase(0, printed.size());
+    }
+    return LineFor(row, first, next - 1);
+}
+
+static std::vector<std::string> NewPages(const Program& program) {
+    std::filesystem::remove(program.folder.path / "pages.txt");
+    AcceptPrinter(program);
+    return PrintedPages(program);
+}
+
 // The line that would be right for what OK has done with the text it understood.
 static std::string Done(const Program& program, const FieldRow& row) {
     if (row.command == IDM_SAVE_RANGE) return LineOfLabels(row, SavedText(program));
+    if (row.command == IDM_PRINT_RANGE) return LineOfPages(row, NewPages(program));
     WaitForNoDialog(program);
     switch (row.command) {
         case IDM_GOTO_VERSE: return Top(program);
@@ -295,18 +317,26 @@ static void CloseComplaint(const Program& program, HWND dialog) {
     WaitUntil(program, "the message to be closed", [&] { return ActiveWindowOf(program) == dialog; });
 }
 
+static bool TakesLongToPrint(const std::string& typed) {
+    const ParsedRange range = ParseRange(RealScripture().records, typed);
+    return range.ok && range.last - range.first > 100;
+}
+
 static std::vector<std::string> TextsFor(const FieldRow& row) {
     std::vector<std::string> texts =
         TypedReferences(static_cast<unsigned>(row.command), IsLongRun() ? row.longCount : row.count);
     texts.push_back("Xyz 1:1");
     texts.push_back("1 Jn 1:9");
+    if (row.command == IDM_PRINT_RANGE) std::erase_if(texts, TakesLongToPrint);
     return texts;
 }
 
 // If OK refuses a text, the next one is tried in the same dialog.
 TEST_P(MeaningLineAndOk, AgreeOnEveryText) {
     const FieldRow& row = GetParam();
-    Program program = ProgramWithNotes();
+    const ScratchFolder folder = FolderWithScripture();
+    const TestPrinter printer(folder, PortToPages(folder));
+    Program program = ProgramWithNotes(folder);
     HWND dialog = nullptr;
     for (const std::string& typed : TextsFor(row)) {
         SCOPED_TRACE(typed);
