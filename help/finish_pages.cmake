@@ -1,5 +1,5 @@
 # Finishes what halibut has made, because it has no command for pictures and numbers everything that it links to.
-# PAGES: the folder of the pages; CONTENTS: the contents of the WinHelp file; PICTURES: the picture files.
+# PAGES: the folder of the pages; OTHERS: further files whose links are numbered; PICTURES: the picture files.
 
 # Removes ", page 1.6" behind titles, and the blanks at which a browser must not break them.
 function(remove_numbers file)
@@ -10,7 +10,7 @@ function(remove_numbers file)
 endfunction()
 
 file(GLOB pages ${PAGES}/*.html)
-foreach(file ${pages} ${CONTENTS})
+foreach(file ${pages} ${OTHERS})
   remove_numbers(${file})
 endforeach()
 

@@ -85,6 +85,14 @@ TEST(WinHelpFile, OpensEveryTopicAtItsPage) {
     EXPECT_EQ(TopicTitle(file, "ID_Nothing"), "");
 }
 
+// Otherwise a viewer, which halves the list to find a topic, does not find some of them.
+TEST(WinHelpFile, HasItsTopicsInTheOrderOfSignedNumbers) {
+    const WinHelpFile file = ReadWinHelpFile(FileBytes(VERSEWELL_HELP_DIR "/quill97.hlp"));
+    EXPECT_GE(file.hashes.size(), TopicPages().size());
+    EXPECT_TRUE(
+        std::ranges::is_sorted(file.hashes, {}, [](std::uint32_t hash) { return static_cast<std::int32_t>(hash); }));
+}
+
 TEST(WinHelpFile, ListsEveryTopicInItsContents) {
     const std::string contents = FileBytes(VERSEWELL_HELP_DIR "/quill97.cnt");
     for (const std::string& topic : TopicPages())
@@ -269,6 +277,9 @@ TEST(HelpText, ListsEveryBookWithItsAbbreviation) {
     const VerseRecords& records = TheRealScripture().records;
     EXPECT_EQ(ReferenceText(records, ParseReference(records, "Is 53").verse, BookForm::kName), "Isaiah 53:1");
     EXPECT_EQ(ReferenceText(records, ParseReference(records, "J 3").verse, BookForm::kName), "Joshua 3:1");
+    EXPECT_EQ(ReferenceText(records, ParseReference(records, "1 S 3:5").verse, BookForm::kName), "Genesis 1:5");
+    EXPECT_EQ(ReferenceText(records, ParseReference(records, "Ps 23:99").verse, BookForm::kName), "Psalms 23:6");
+    EXPECT_EQ(ReferenceText(records, ParseReference(records, "Ps 151:2").verse, BookForm::kName), "Psalms 150:6");
 }
 
 // The book that a reference leads to; "" if it is not understood.

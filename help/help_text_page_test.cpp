@@ -38,12 +38,19 @@ static std::vector<std::string> Contents(const std::string& html, const std::str
     return contents;
 }
 
-// Without links, which differ: by title in the help, by number on the page alone.
+// Without links, which lead elsewhere on the page alone.
 static std::vector<std::string> Paragraphs(const std::string& html) {
     std::vector<std::string> paragraphs;
     for (const std::string& text : Contents(html, "p"))
         paragraphs.push_back(OnOneLine(std::regex_replace(text, std::regex("<a [^>]*>[^<]*</a>"), "")));
     return paragraphs;
+}
+
+TEST(TextPages, LinkByTitleBesideTheProgram) {
+    const std::string page = OnOneLine(PageBesideTheProgram());
+    for (const char* topic : {"ID_Text_Corrected", "ID_Text_Conformed", "ID_Text_Differences"})
+        EXPECT_THAT(page, testing::ContainsRegex("<a [^>]*>" + HelpPages().at(topic).title + "</a>"));
+    EXPECT_THAT(page, Not(testing::ContainsRegex("(Section|page) [0-9]")));
 }
 
 TEST(TextPages, AreAllOnThePageBesideTheProgram) {

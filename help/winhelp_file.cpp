@@ -1,5 +1,7 @@
 #include "help/winhelp_file.h"
 
+#include <algorithm>
+#include <cstring>
 #include <functional>
 #include <stdexcept>
 
@@ -34,6 +36,7 @@ static std::string_view InternalFile(std::string_view bytes, std::uint32_t place
 using EntryReader = std::function<void(std::string_view tree, size_t& at)>;
 
 static constexpr size_t kTreeHeader = 38;
+static constexpr size_t kLeafHeader = 8;
 static constexpr std::uint32_t kNoPage = 0xFFFF;
 
 static void ReadTree(std::string_view tree, const EntryReader& readEntry) {
@@ -44,7 +47,7 @@ static void ReadTree(std::string_view tree, const EntryReader& readEntry) {
     for (std::uint32_t level = 1; level < levels; ++level) page = Number(tree, placeOf(page) + 4, 2);
     for (std::uint32_t read = 0; page != kNoPage && read < pages; ++read) {
         const std::uint32_t entries = Number(tree, placeOf(page) + 2, 2);
-        size_t at = placeOf(page) + 8;
+        size_t at = placeOf(page) + kLeafHeader;
         for (std::uint32_t i = 0; i < entries; ++i) readEntry(tree, at);
         page = Number(tree, placeOf(page) + 6, 2);
     }
@@ -66,12 +69,28 @@ WinHelpFile ReadWinHelpFile(std::string_view bytes) {
     ReadTree(InternalFile(bytes, places.at("|CONTEXT")), [&](std::string_view tree, size_t& at) {
         const std::uint32_t hash = TakeNumber(tree, at);
         file.topics[hash] = TakeNumber(tree, at);
+        file.hashes.push_back(hash);
     });
     ReadTree(InternalFile(bytes, places.at("|TTLBTREE")), [&](std::string_view tree, size_t& at) {
         const std::uint32_t offset = TakeNumber(tree, at);
         file.titles[offset] = TakeText(tree, at);
     });
     return file;
+}
+
+void OrderTopics(std::string& bytes) {
+    struct Entry {
+        std::int32_t hash, offset;
+    };
+    const std::uint32_t place = ReadDirectory(bytes).at("|CONTEXT");
+    const std::string_view tree = InternalFile(bytes, place);
+    if (Number(tree, 30, 2) != 1) throw std::runtime_error("the topics are on several pages");
+    std::vector<Entry> entries(Number(tree, kTreeHeader + 2, 2));
+    const size_t start = kTreeHeader + kLeafHeader, size = entries.size() * sizeof(Entry);
+    if (start + size > tree.size()) throw std::runtime_error("a page ends too early");
+    std::memcpy(entries.data(), tree.data() + start, size);
+    std::ranges::sort(entries, {}, &Entry::hash);
+    std::memcpy(bytes.data() + (tree.data() - bytes.data()) + start, entries.data(), size);
 }
 
 static std::uint32_t HashValue(char c) {

@@ -121,6 +121,27 @@ static void WaitForTopic(const Program& program, const std::string& text) {
     WaitUntil(program, text, [&] { return ShownInViewer(program).find(text) != std::string::npos; });
 }
 
+// As the page of the topic has it.
+static std::string TitleOf(const Program& program, const std::string& topic) {
+    const std::string page = ReadFile(program.folder, "help/" + topic + ".html");
+    const std::size_t start = page.find("<title>") + 7;
+    return page.substr(start, page.find("</title>") - start);
+}
+
+// The viewer comes to the front, so the dialog is not operated by keys.
+TEST(HelpFile, OpensAtTheTopicOfEveryDialog) {
+    Program program = StartProgram(FolderWithHelp());
+    for (const HelpedDialog& row : HelpedDialogs()) {
+        PostMessageA(program.frame, WM_COMMAND, static_cast<WPARAM>(row.command), 0);
+        const HWND dialog = WaitForDialog(program, row.title);
+        PostMessageA(dialog, WM_COMMAND, IDC_HELP_BUTTON, 0);
+        WaitForTopic(program, TitleOf(program, row.topic));
+        PostMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
+        WaitUntil(program, "the dialog to close", [&] { return !IsWindow(dialog); });
+    }
+    EXPECT_EQ(ViewerCount(), 1);
+}
+
 static void WaitForNoViewers(const Program& program) {
     WaitUntil(program, "the end of all viewers", [] { return ViewerCount() == 0; });
 }
