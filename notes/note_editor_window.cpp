@@ -182,7 +182,7 @@ static bool GiveUpEdit() {
     if (KeepEdit(KeptReason::kCancelled)) return true;
     static constexpr char kQuestion[] =
         "What you have typed cannot be kept among the earlier notes. Disk may be full! Do you want to drop it?";
-    return MessageBoxA(Frame(), kQuestion, "Versewell97", MB_YESNO | MB_ICONEXCLAMATION) == IDYES;
+    return MessageBoxA(Frame(), kQuestion, "Versewell97", MB_YESNO | MB_ICONEXCLAMATION | MB_DEFBUTTON2) == IDYES;
 }
 
 static constexpr char kKeptNowhere[] =
@@ -192,10 +192,12 @@ static constexpr char kKeptNowhere[] =
 // After a save that failed. An edit that cannot be kept stays in the editor, because it is nowhere else.
 static bool EndFailedEdit() {
     const bool isKept = KeepEdit(KeptReason::kNotSaved);
-    if (isKept)
+    if (isKept) {
         CloseEditor();
-    else
+    } else {
         Complain(Frame(), kKeptNowhere);
+        SetFocus(theNoteEdit.window);  // not on the button, where Enter would save again
+    }
     return false;
 }
 

@@ -258,11 +258,12 @@ TEST(UnsavedNote, StaysInTheEditorIfItCannotBeKeptElsewhere) {
            "stop", kOk, "Enter");
     EXPECT_TRUE(IsEditing(program));
     EXPECT_EQ(TextOf(NoteEditOf(program)), "Kept: four");
+    EXPECT_EQ(FocusOf(program), NoteEditOf(program));
     ClickEditorButton(program, IDC_NOTE_CANCEL);
     static constexpr char kDropped[] =
         "What you have typed cannot be kept among the earlier notes. Disk may be full! Do you want to drop it?";
     EXPECT_EQ(MessageText(WaitForDialog(program, "Versewell97")), kDropped);
-    Press(program, "n");
+    Press(program, "Enter");  // nothing is lost by a key pressed once too often
     WaitForNoDialog(program);
     EXPECT_EQ(TextOf(NoteEditOf(program)), "Kept: four");
     RunOnHost(program.folder, "rm Mine.nmd.temp backup");  // room on the disk
