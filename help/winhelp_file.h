@@ -7,8 +7,8 @@
 // number of entries), then pages of that size. A leaf page has eight bytes of header (unused, number of entries,
 // previous page, next page), an index page six (unused, number of entries, first child page). Entries: in the directory
 // a zero-terminated name and its offset; in "|CONTEXT" the hash of a topic's name and the topic's offset; in
-// "|TTLBTREE" the offset and a zero-terminated title. Viewers search a tree by its order, which for "|CONTEXT" is that of
-// signed numbers.
+// "|TTLBTREE" the offset and a zero-terminated title. Viewers search a tree by its order, which for "|CONTEXT" is that
+// of signed numbers.
 #pragma once
 
 #include <cstdint>
