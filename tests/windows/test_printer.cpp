@@ -122,6 +122,11 @@ std::string PortToPageCount(const ScratchFolder& folder) {
     return "|grep -c '^%%Page:' >" + host + "/pages.new; mv " + host + "/pages.new " + host + "/pages.count";
 }
 
+std::string PortToBytes(const ScratchFolder& folder) {
+    const std::string host = HostPath(folder.path);
+    return "|cat >" + host + "/pages.new; mv " + host + "/pages.new " + host + "/" + kPrintedBytes;
+}
+
 // ---- Printed pages --------------------------------------------------------------------------------------------------
 
 static std::string WithSingleBlanks(const std::string& text) {

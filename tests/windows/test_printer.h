@@ -25,6 +25,10 @@ std::string PortToPages(const ScratchFolder& folder);
 std::string PortToPageCount(const ScratchFolder& folder);
 inline constexpr char kFailingPort[] = "nul:";
 
+// For benchmarks: a port that keeps what it is given, unread, as this file.
+std::string PortToBytes(const ScratchFolder& folder);
+inline constexpr char kPrintedBytes[] = "pages.ps";
+
 // The words of each page in order, separated by single blanks. Waits for the pages of the last job.
 std::vector<std::string> PrintedPages(const Program& program);
 
