@@ -9,7 +9,7 @@
 
 #include "notes/joined_texts.h"
 #include "notes/note_backup.h"
-#include "notes/note_history.h"
+#include "notes/note_keeping.h"
 #include "notes/note_places.h"
 #include "notes/note_refresh.h"
 
@@ -112,9 +112,16 @@ static bool WithMemory(Work work) {
 
 // ---- The data file --------------------------------------------------------------------------------------------------
 
+// An earlier save may have failed. Its temporary file is about to be written over and may be the only place that holds
+// some notes: another program can have put its own data file in the place of the one that was deleted. False if these
+// notes cannot be kept.
+static bool PutAwayLeftOver(Save& save) {
+    if (PutTwinInPlace(save.files, save.set.dataFileName)) StampFiles(save.files, save.set);
+    return !KeepLeftOver(save.files, NoteSetName(save.set), save.now.seconds).isFailed;
+}
+
 // False if the user cancels.
 static bool OpenData(Save& save) {
-    if (PutTwinInPlace(save.files, save.set.dataFileName)) StampFiles(save.files, save.set);  // an earlier save failed
     save.data = OpenNoteFile(save.files, save.set.dataFileName);
     return save.data || Tell(save, SaveNotice::kCannotOpen);
 }
@@ -271,17 +278,29 @@ static void KeepReplaced(Save& save) {
     if (save.isStoredKept || save.replaced.empty() || save.replaced == save.text) return;
     const EarlierNote note{save.now.seconds, static_cast<int>(save.verse), KeptReason::kReplaced,
                            std::move(save.replaced)};
-    KeepEarlierNotes(save.files, NoteSetName(save.set), {&note, 1});
+    save.isStoredKept = KeepEarlierNotes(save.files, NoteSetName(save.set), {&note, 1});
 }
 
-// Failures of the backup, the history and the index are ignored: the next start rebuilds the index. The temporary file
-// is held open up to the last moment, so that the start of another copy of the program takes it for what it is.
+// The last steps before the old data file is deleted. Failures of the backup and the history are ignored. False if
+// another program has meanwhile put another file in its place, which must not be deleted unread.
+static bool IsReadyToReplace(Save& save) {
+    save.data.reset();
+    WithMemory([&] { KeepBackup(save.files, save.set, save.now.day); });
+    WithMemory([&] { KeepReplaced(save); });
+    return !HasChangedOnDisk(save);
+}
+
+static void DropTemp(Save& save) {
+    save.temp.reset();
+    save.files.remove(save.files.device, TempName(save.set));
+    save.isReadAgain = false;
+}
+
+// A failure to write the index is ignored: the next start rebuilds it. The temporary file is held open up to the last
+// moment, so that the start of another copy of the program takes it for what it is.
 static NoteSaveResult PutInPlace(Save& save) {
     const NoteFiles& files = save.files;
     NoteSet& set = save.set;
-    save.data.reset();
-    WithMemory([&] { KeepBackup(files, set, save.now.day); });
-    WithMemory([&] { KeepReplaced(save); });
     save.temp.reset();
     if (!files.remove(files.device, set.dataFileName) || files.stamp(files.device, set.dataFileName).exists) {
         set.dataStamp = {};  // the offsets are already those of the temporary file: read the set again
@@ -316,6 +335,7 @@ static Step CheckAndWrite(Save& save) {
 
 // Everything before the old data file is touched. A data file that does not match the offsets is read again, once.
 static Step MakeTemp(Save& save) {
+    if (!PutAwayLeftOver(save)) return Step::kCannotWrite;
     if (!OpenData(save)) return Step::kStopped;
     if (!save.data) return FailWithoutData(save);
     Step step = HasChangedOnDisk(save) ? Step::kMisfit : CheckAndWrite(save);
@@ -325,21 +345,31 @@ static Step MakeTemp(Save& save) {
     return Step::kStopped;
 }
 
-static NoteSaveResult SaveInto(Save& save) {
-    Step step = Step::kNoMemory;
-    WithMemory([&] { step = MakeTemp(save); });
+static NoteSaveResult EndWithout(Save& save, Step step) {
     switch (step) {
         case Step::kCannotCreate: return Fail(save, SaveNotice::kCannotCreate);
         case Step::kNoMemory: return Fail(save, SaveNotice::kNoMemory);
         case Step::kCannotWrite: return Fail(save, SaveNotice::kCannotWrite);
         case Step::kCannotKeep: return StopWith(save, SaveNotice::kCannotKeep, NoteSaveResult::kStopped);
         case Step::kMerged: return StopWith(save, SaveNotice::kMerged, NoteSaveResult::kMerged);
-        case Step::kMisfit:
-        case Step::kStopped: CloseBoth(save); return NoteSaveResult::kStopped;  // the text stays in the editor
-        case Step::kDone: break;
+        default: CloseBoth(save); return NoteSaveResult::kStopped;  // the text stays in the editor
     }
-    ShiftOffsets(save);
-    return PutInPlace(save);
+}
+
+static NoteSaveResult SaveInto(Save& save) {
+    static constexpr int kTries = 3;  // other programs may replace the data file meanwhile
+    for (int tries = 0; tries < kTries; ++tries) {
+        Step step = Step::kNoMemory;
+        WithMemory([&] { step = MakeTemp(save); });
+        if (step != Step::kDone) return EndWithout(save, step);
+        if (IsReadyToReplace(save)) {
+            ShiftOffsets(save);
+            return PutInPlace(save);
+        }
+        DropTemp(save);
+    }
+    Tell(save, SaveNotice::kNotWhole);
+    return NoteSaveResult::kStopped;
 }
 
 static std::string_view CutToNote(std::string_view text) {

@@ -69,6 +69,10 @@ struct NoteEdit {
 // too long for one note, the stored one is kept among the earlier notes (notes/note_history.h) before the user is asked
 // whether to replace it (kTooLong); if it cannot be kept, nothing changes (kCannotKeep).
 //
+// Other programs may replace the set's files at any moment. If they do so before the old data file is deleted, the save
+// starts again with the new ones; a temporary file that an earlier save has left is only written over after its notes
+// are among the earlier ones (notes/note_keeping.h), otherwise the save ends with kCannotWrite.
+//
 // If the data file cannot be opened, Retry does not try again: as with every failure up to the last write, the save
 // ends with kCannotWrite. If the old file cannot be deleted, the offsets in memory are already those of the temporary
 // file, which contains the note.
