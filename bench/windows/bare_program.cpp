@@ -1,8 +1,10 @@
-// The floor for starting the program and for scrolling: creates the program's menu and controls, loads its files and
-// paints some verses in the simplest way. A step moves what is on the screen and paints the line that comes into view;
-// status bar and scroll box follow when no more input is waiting.
+// The floor for starting the program, resizing its frame, scrolling and showing a list: creates the program's menu and
+// controls, loads its files, places its panes and paints verses there in the simplest way. A step moves what is on the
+// screen and paints the line that comes into view; status bar and scroll box follow when no more input is waiting. Its
+// Word Search does not search: OK closes the dialog and shows verses that were not searched for.
 
 #include <iterator>
+#include <string>
 
 #include "app/frame_layout.h"
 #include "resources/ids.h"
@@ -11,6 +13,7 @@
 #include "search/word_index.h"
 #include "typeset/faces_win32.h"
 #include "win32/panes.h"
+#include "win32/screen.h"
 
 namespace {
 
@@ -20,9 +23,10 @@ struct BareProgram {
     HWND list = nullptr, references = nullptr, passage = nullptr;
     HWND notes = nullptr, noteView = nullptr, editor = nullptr, noteEdit = nullptr;
     HIMAGELIST pictures = nullptr;
-    HFONT font = nullptr;
+    HFONT font = nullptr, controlFont = nullptr;
     int lineHeight = 1;
     int topVerse = 0;
+    int listTop = kNoVerse;  // the first verse of the list; kNoVerse: the list is empty
     Scripture scripture;
     WordIndex index;
 };
@@ -30,7 +34,11 @@ struct BareProgram {
 }  // namespace
 static BareProgram bare;
 
-static constexpr int kPassagePart = 3;  // of the status bar
+static constexpr int kSummaryPart = 0;  // of the status bar
+static constexpr int kEntryPart = 1;
+static constexpr int kNotePart = 2;
+static constexpr int kPassagePart = 3;
+static constexpr int kRangePart = 4;
 static constexpr int kButtons[] = {IDM_CUT,
                                    IDM_COPY,
                                    IDM_PASTE,
@@ -75,14 +83,24 @@ static void CreateBareToolbar() {
     SendMessageA(bare.toolbar, TB_ADDBUTTONSA, std::size(buttons), reinterpret_cast<LPARAM>(buttons));
 }
 
+static void ShowStatus(int part, const std::string& text) {
+    SendMessageA(bare.statusBar, SB_SETTEXTA, static_cast<WPARAM>(part), reinterpret_cast<LPARAM>(text.c_str()));
+}
+
+static std::string NameOf(int verse) {
+    return ReferenceText(bare.scripture.records, verse, BookForm::kName);
+}
+
 static HWND CreateTabs(int id, std::initializer_list<const char*> names) {
     const HWND tabs = CreateChild(bare.frame, WC_TABCONTROLA, "",
                                   WS_VISIBLE | WS_CLIPCHILDREN | WS_CLIPSIBLINGS | TCS_MULTILINE, 0, id);
+    SendMessageA(tabs, WM_SETFONT, reinterpret_cast<WPARAM>(bare.controlFont), FALSE);
     for (const char* name : names) {
         TCITEMA item{};
         item.mask = TCIF_TEXT;
         item.pszText = const_cast<char*>(name);
-        SendMessageA(tabs, TCM_INSERTITEMA, 0, reinterpret_cast<LPARAM>(&item));
+        SendMessageA(tabs, TCM_INSERTITEMA, static_cast<WPARAM>(TabCtrl_GetItemCount(tabs)),
+                     reinterpret_cast<LPARAM>(&item));
     }
     return tabs;
 }
@@ -94,20 +112,22 @@ static HWND CreateRichEdit(HWND parent, int id) {
 
 static void CreateControls() {
     LoadLibraryA("RICHED32.DLL");
+    bare.controlFont = MessageFont();
     CreateBareToolbar();
     bare.statusBar = CreateChild(bare.frame, STATUSCLASSNAMEA, "", WS_VISIBLE, 0, IDC_STATUS_BAR);
     bare.listTabs = CreateTabs(IDC_LIST_TABS, {"Verse List", "Reference List"});
     bare.passageTabs = CreateTabs(IDC_PASSAGE_TABS, {"Passage"});
     bare.noteTabs = CreateTabs(IDC_NOTE_TABS, {"My Notes"});
-    bare.list = CreateChild(bare.listTabs, "BarePane", "", WS_VISIBLE | WS_VSCROLL, WS_EX_CLIENTEDGE, IDC_VERSE_LIST);
-    bare.references =
-        CreateChild(bare.listTabs, "LISTBOX", "", WS_VSCROLL | LBS_NOTIFY | LBS_MULTIPLESEL | LBS_EXTENDEDSEL,
-                    WS_EX_CLIENTEDGE, IDC_REFERENCE_LIST);
+    bare.list = CreateChild(bare.listTabs, "BareList", "", WS_VISIBLE | WS_VSCROLL, WS_EX_CLIENTEDGE, IDC_VERSE_LIST);
+    bare.references = CreateChild(bare.listTabs, "LISTBOX", "",
+                                  WS_VSCROLL | LBS_NOTIFY | LBS_MULTIPLESEL | LBS_EXTENDEDSEL | LBS_NOINTEGRALHEIGHT,
+                                  WS_EX_CLIENTEDGE, IDC_REFERENCE_LIST);
     bare.passage =
         CreateChild(bare.passageTabs, "BarePassage", "", WS_VISIBLE | WS_VSCROLL, WS_EX_CLIENTEDGE, IDC_PASSAGE);
-    bare.notes = CreateChild(bare.noteTabs, "BarePane", "", WS_VISIBLE | WS_CLIPCHILDREN, 0, IDC_NOTES);
+    bare.notes =
+        CreateChild(bare.noteTabs, "BarePane", "", WS_VISIBLE | WS_CLIPCHILDREN | WS_CLIPSIBLINGS, 0, IDC_NOTES);
     bare.noteView = CreateRichEdit(bare.notes, IDC_NOTE_VIEW);
-    bare.editor = CreateChild(bare.frame, "BarePane", "", WS_CLIPCHILDREN, 0, IDC_NOTE_EDITOR);
+    bare.editor = CreateChild(bare.frame, "BarePane", "", WS_CLIPCHILDREN | WS_CLIPSIBLINGS, 0, IDC_NOTE_EDITOR);
     for (const int id : {IDC_NOTE_SAVE, IDC_NOTE_CANCEL, IDC_NOTE_HELP}) {
         CreateChild(bare.editor, "BUTTON", "Button", WS_VISIBLE, 0, id);
     }
@@ -119,19 +139,24 @@ static bool LoadFiles() {
     return LoadWordIndex(files, bare.index) == IndexLoad::kLoaded && LoadScripture(files, bare.scripture);
 }
 
+// ---- Layout ---------------------------------------------------------------------------------------------------------
+
 static int HeightOf(HWND window) {
     RECT place{};
     GetWindowRect(window, &place);
     return static_cast<int>(place.bottom - place.top);
 }
 
+static void Place(HWND window, int x, int y, int width, int height) {
+    SetWindowPos(window, nullptr, x, y, width, height, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
 static void PlaceInTabs(HWND tabs, const Area& place, std::initializer_list<HWND> contents) {
-    MoveWindow(tabs, place.x, place.y, place.width, place.height, TRUE);
     RECT room{0, 0, place.width, place.height};
+    Place(tabs, place.x, place.y, place.width, place.height);
     TabCtrl_AdjustRect(tabs, FALSE, &room);
-    for (const HWND content : contents) {
-        MoveWindow(content, room.left, room.top, room.right - room.left, room.bottom - room.top, TRUE);
-    }
+    for (const HWND content : contents)
+        Place(content, room.left, room.top, room.right - room.left, room.bottom - room.top);
 }
 
 static void OnSize(HWND, UINT sizeType, int width, int height) {
@@ -148,29 +173,45 @@ static void OnSize(HWND, UINT sizeType, int width, int height) {
     PlaceInTabs(bare.noteTabs, layout.notes.place, {bare.notes});
     RECT room{};
     GetClientRect(bare.notes, &room);
-    MoveWindow(bare.noteView, 0, 0, room.right, room.bottom, TRUE);
+    Place(bare.noteView, 0, 0, room.right, room.bottom);
 }
 
-static void ShowPosition() {
-    const std::string reference = ReferenceText(bare.scripture.records, bare.topVerse, BookForm::kName);
-    SendMessageA(bare.statusBar, SB_SETTEXTA, kPassagePart, reinterpret_cast<LPARAM>(reference.c_str()));
-    SetScrollPos(bare.passage, SB_VERT, bare.topVerse, TRUE);
-}
+// ---- Painting -------------------------------------------------------------------------------------------------------
 
 // One verse on each line that has to be painted.
-static void PaintVerses(HDC dc, const RECT& place) {
+static void PaintVerses(HDC dc, const RECT& place, int top) {
     SelectObject(dc, bare.font);
     for (int line = place.top / bare.lineHeight; line * bare.lineHeight < place.bottom; ++line) {
-        const std::string_view text = VerseText(bare.scripture, ClampVerse(bare.topVerse + line));
+        const std::string_view text = VerseText(bare.scripture, ClampVerse(top + line));
         TextOutA(dc, 1, line * bare.lineHeight, text.data(), static_cast<int>(text.size()));
     }
+}
+
+static void OnListPaint(HWND window) {
+    PAINTSTRUCT paint;
+    const HDC dc = BeginPaint(window, &paint);
+    if (bare.listTop != kNoVerse) PaintVerses(dc, paint.rcPaint, bare.listTop);
+    EndPaint(window, &paint);
+    if (bare.listTop != kNoVerse) ShowStatus(kEntryPart, NameOf(bare.listTop));
+}
+
+static LRESULT CALLBACK ListProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) { HANDLE_MSG(window, WM_PAINT, OnListPaint); }
+    return DefWindowProcA(window, message, wParam, lParam);
+}
+
+// ---- The Passage ----------------------------------------------------------------------------------------------------
+
+static void ShowPosition() {
+    ShowStatus(kPassagePart, NameOf(bare.topVerse));
+    SetScrollPos(bare.passage, SB_VERT, bare.topVerse, TRUE);
 }
 
 static bool isScrolling = false;
 
 static void OnPassagePaint(HWND window) {
     PAINTSTRUCT paint;
-    PaintVerses(BeginPaint(window, &paint), paint.rcPaint);
+    PaintVerses(BeginPaint(window, &paint), paint.rcPaint, bare.topVerse);
     EndPaint(window, &paint);
     if (!isScrolling) ShowPosition();
 }
@@ -198,6 +239,29 @@ static LRESULT CALLBACK PassageProcedure(HWND window, UINT message, WPARAM wPara
     return DefWindowProcA(window, message, wParam, lParam);
 }
 
+// ---- The list -------------------------------------------------------------------------------------------------------
+
+// Every list begins with another verse, so that an onlooker can tell when it has been painted.
+static void ShowList() {
+    ++bare.listTop;
+    ShowStatus(kSummaryPart, "list " + std::to_string(bare.listTop));
+    InvalidateRect(bare.list, nullptr, TRUE);
+}
+
+static INT_PTR CALLBACK DialogProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM) {
+    if (message == WM_INITDIALOG) return TRUE;
+    if (message != WM_COMMAND || (LOWORD(wParam) != IDOK && LOWORD(wParam) != IDCANCEL)) return FALSE;
+    EndDialog(dialog, LOWORD(wParam));
+    return TRUE;
+}
+
+static void OnCommand(HWND frame, int command, HWND, UINT) {
+    if (command != IDM_WORD_SEARCH) return;
+    if (DialogBoxParamA(GetModuleHandleA(nullptr), "WORDSEARCH", frame, DialogProcedure, 0) == IDOK) ShowList();
+}
+
+// ---- The frame ------------------------------------------------------------------------------------------------------
+
 static BOOL OnCreate(HWND window, CREATESTRUCTA*) {
     bare.frame = window;
     CreateControls();
@@ -210,7 +274,10 @@ static BOOL OnCreate(HWND window, CREATESTRUCTA*) {
     bare.lineHeight = static_cast<int>(metrics.tmHeight);
     ReleaseDC(window, dc);
     SetScrollRange(bare.passage, SB_VERT, 0, kLastVerse, FALSE);
-    return LoadFiles();
+    if (!LoadFiles()) return FALSE;
+    ShowStatus(kNotePart, NameOf(0));
+    ShowStatus(kRangePart, RangeText(bare.scripture.records, 0, kLastVerse));
+    return TRUE;
 }
 
 static void OnDestroy(HWND) {
@@ -221,6 +288,7 @@ static LRESULT CALLBACK FrameProcedure(HWND window, UINT message, WPARAM wParam,
     switch (message) {
         HANDLE_MSG(window, WM_CREATE, OnCreate);
         HANDLE_MSG(window, WM_SIZE, OnSize);
+        HANDLE_MSG(window, WM_COMMAND, OnCommand);
         HANDLE_MSG(window, WM_DESTROY, OnDestroy);
     }
     return DefWindowProcA(window, message, wParam, lParam);
@@ -242,6 +310,7 @@ int WINAPI WinMain(HINSTANCE program, HINSTANCE, LPSTR, int showState) {
     InitCommonControls();
     RegisterPaneClass("BarePane", DefWindowProcA, COLOR_WINDOW);
     RegisterPaneClass("BarePassage", PassageProcedure, COLOR_WINDOW);
+    RegisterPaneClass("BareList", ListProcedure, COLOR_WINDOW, CS_DBLCLKS);
     RegisterFrame();
     const HWND frame = CreateWindowExA(0, "BareProgram", "", WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, CW_USEDEFAULT,
                                        CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, nullptr, nullptr, program, nullptr);

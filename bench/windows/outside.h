@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "tests/driver/driver.h"
 #include "tests/driver/remote_memory.h"
@@ -23,6 +24,15 @@ void AskUntil(const Program& program, DWORD pause, Question isSo) {
         Sleep(pause);
     }
 }
+
+// The bare program, which is built beside the benchmarks, and the class of its frame.
+StartOptions BareProgramOptions();
+
+// The frame and all windows in it, the last painted first.
+std::vector<HWND> WindowsOf(const Program& program);
+
+// Waits until nothing of `windows` is left to be painted and the program waits for its next message.
+void WaitUntilStill(const Program& program, const std::vector<HWND>& windows);
 
 struct Memory {
     double workingSet = 0;  // MiB

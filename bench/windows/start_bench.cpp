@@ -20,12 +20,6 @@ struct Contestant {
 
 }  // namespace
 
-static std::string BareProgram() {
-    char file[MAX_PATH];
-    GetModuleFileNameA(nullptr, file, sizeof file);
-    return (std::filesystem::path(file).parent_path() / "bare_program.exe").string();
-}
-
 static void StartOnce(const ScratchFolder& folder, Contestant& contestant) {
     const double start = Now();
     Program program = LaunchProgram(folder, contestant.options);
@@ -47,8 +41,7 @@ int main() {
     const ScratchFolder folder = FolderWithScripture();
     Contestant program;
     Contestant bare;
-    bare.options.programFile = BareProgram();
-    bare.options.frameClass = "BareProgram";
+    bare.options = BareProgramOptions();
     WarmUp(folder, program);
     WarmUp(folder, bare);
     for (int round = 0; round < kRounds; ++round) {
