@@ -386,8 +386,22 @@ static bool MayChangeMarks(UINT message) {
     return false;
 }
 
+// Not for getting another size, which would make every resize after a search as slow as filling the hidden box.
+static bool NeedsLines(UINT message) {
+    switch (message) {
+        case WM_WINDOWPOSCHANGING:
+        case WM_NCCALCSIZE:
+        case WM_WINDOWPOSCHANGED:
+        case WM_MOVE:
+        case WM_SIZE:
+        case WM_DESTROY:
+        case WM_NCDESTROY: return false;
+    }
+    return true;
+}
+
 static LRESULT CALLBACK ReferencesProcedure(HWND box, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message != WM_DESTROY && message != WM_NCDESTROY) FillReferenceList();
+    if (NeedsLines(message)) FillReferenceList();
     switch (message) {
         case WM_KEYDOWN:
             if (OnReferencesKey(wParam)) return 0;
