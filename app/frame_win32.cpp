@@ -1,5 +1,9 @@
 #include "app/frame_win32.h"
 
+#include <algorithm>
+#include <array>
+#include <span>
+
 #include "notes/note_edit_control_win32.h"
 #include "notes/note_editor_window.h"
 #include "notes/note_tabs_win32.h"
@@ -16,50 +20,72 @@ Frame theFrame;
 
 // ---- Layout ---------------------------------------------------------------------------------------------------------
 
-static void Place(HWND window, const Area& place) {
-    SetWindowPos(window, nullptr, place.x, place.y, place.width, place.height, SWP_NOZORDER | SWP_NOACTIVATE);
+namespace {
+
+struct Placed {
+    HWND window;
+    PanePlace pane;
+};
+
+}  // namespace
+
+// Where a child is in its parent's client area.
+static Area PlaceOf(HWND child) {
+    RECT place{};
+    GetWindowRect(child, &place);
+    MapWindowPoints(nullptr, GetParent(child), reinterpret_cast<POINT*>(&place), 2);
+    return {static_cast<int>(place.left), static_cast<int>(place.top), static_cast<int>(place.right - place.left),
+            static_cast<int>(place.bottom - place.top)};
 }
 
+// Windows that are hidden or already at their place get no message.
+static bool IsToBeMoved(const Placed& placed) {
+    return placed.pane.shown && PlaceOf(placed.window) != placed.pane.place;
+}
+
+static void Place(const Placed& placed) {
+    const auto& [x, y, width, height] = placed.pane.place;
+    if (IsToBeMoved(placed)) SetWindowPos(placed.window, nullptr, x, y, width, height, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+// Moves windows of one parent in one step.
+static void Place(std::span<const Placed> windows) {
+    HDWP moves = BeginDeferWindowPos(static_cast<int>(windows.size()));
+    for (const Placed& placed : windows) {
+        const auto& [x, y, width, height] = placed.pane.place;
+        if (!moves || !IsToBeMoved(placed)) continue;
+        moves = DeferWindowPos(moves, placed.window, nullptr, x, y, width, height, SWP_NOZORDER | SWP_NOACTIVATE);
+    }
+    if (moves) EndDeferWindowPos(moves);
+}
+
+// Hides or shows the window itself, whatever its parent is.
 static void Show(HWND window, bool shown) {
-    ShowWindow(window, shown ? SW_SHOWNA : SW_HIDE);
+    const bool isShown = (GetWindowLongPtrA(window, GWL_STYLE) & WS_VISIBLE) != 0;
+    if (isShown != shown) ShowWindow(window, shown ? SW_SHOWNA : SW_HIDE);
 }
 
 // The display area of a tab control of this size.
-static Area DisplayRectangle(HWND tabs, const Area& place) {
-    RECT room{0, 0, place.width, place.height};
-    TabCtrl_AdjustRect(tabs, FALSE, &room);
+static PanePlace DisplayArea(HWND tabs, const PanePlace& pane) {
+    RECT room{0, 0, pane.place.width, pane.place.height};
+    if (pane.shown) TabCtrl_AdjustRect(tabs, FALSE, &room);
     const auto size = [](LONG from, LONG to) { return static_cast<int>(to > from ? to - from : 0); };
-    return {room.left, room.top, size(room.left, room.right), size(room.top, room.bottom)};
+    return {pane.shown, {room.left, room.top, size(room.left, room.right), size(room.top, room.bottom)}};
 }
 
-static void PlaceInTabs(HWND tabs, const PanePlace& pane, std::initializer_list<HWND> contents) {
-    if (pane.shown) {
-        Place(tabs, pane.place);
-        const Area room = DisplayRectangle(tabs, pane.place);
-        for (const HWND content : contents) Place(content, room);
-    }
-    Show(tabs, pane.shown);
-}
-
-static void PlaceNotes(const PanePlace& notes) {
-    PlaceInTabs(theNoteTabs.window, notes, {theNotes.window});
-    RECT client{};
-    GetClientRect(theNotes.window, &client);
-    Place(theNotes.view, {0, 0, client.right, client.bottom});
-    Show(theNotes.window, notes.shown);
-    Show(theNotes.view, notes.shown);
+// The tab controls must have their place: their width decides how many rows of tabs are above the panes.
+static void PlaceInTabs(const FrameLayout& layout) {
+    const PanePlace list = DisplayArea(theFrame.listTabs, layout.list);
+    const PanePlace notes = DisplayArea(theNoteTabs.window, layout.notes);
+    const PanePlace view{notes.shown, {0, 0, notes.place.width, notes.place.height}};
+    Place({theVerseList.window, list});
+    Place({theVerseList.references.window, list});
+    Place({thePassage.window, DisplayArea(theFrame.passageTabs, layout.passage)});
+    Place({theNotes.window, notes});
+    Place({theNotes.view, view});
 }
 
 static_assert(static_cast<int>(StatusPart::kSearchRange) + 1 == kStatusPartCount);
-
-static void UpdateStatusParts() {
-    RECT client{};
-    GetClientRect(theFrame.statusBar, &client);
-    int edges[kStatusPartCount];
-    StatusPartEdges(client.right, edges);
-    SendMessageA(theFrame.statusBar, SB_SETPARTS, kStatusPartCount, reinterpret_cast<LPARAM>(edges));
-    SendCommand(theFrame.window, IDM_SHOW_RANGE);
-}
 
 static int HeightOf(HWND window) {
     RECT place{};
@@ -67,21 +93,58 @@ static int HeightOf(HWND window) {
     return static_cast<int>(place.bottom - place.top);
 }
 
-void LayOut(WPARAM sizeType, int width, int height) {
+static int WidthOfStatusBar() {
+    RECT client{};
+    GetClientRect(theFrame.statusBar, &client);
+    return static_cast<int>(client.right);
+}
+
+static void DivideStatusBar() {
+    int edges[kStatusPartCount];
+    StatusPartEdges(WidthOfStatusBar(), edges);
+    SendMessageA(theFrame.statusBar, SB_SETPARTS, kStatusPartCount, reinterpret_cast<LPARAM>(edges));
+}
+
+static void PlaceBars(WPARAM sizeType, int width, int height) {
+    const int widthBefore = WidthOfStatusBar();
     for (const HWND bar : {theFrame.toolbar, theFrame.statusBar}) {
         SendMessageA(bar, WM_SIZE, sizeType, MAKELPARAM(width, height));
     }
     Show(theFrame.toolbar, theFrame.shown.ToolBar != 0);
-    UpdateStatusParts();
+    const bool isDivided = SendMessageA(theFrame.statusBar, SB_GETPARTS, 0, 0) == kStatusPartCount;
+    if (!isDivided || WidthOfStatusBar() != widthBefore) DivideStatusBar();
+    SendCommand(theFrame.window, IDM_SHOW_RANGE);
+}
+
+static FrameLayout LayoutFor(int width, int height, bool editingNote) {
     const FrameSize size{width, height, HeightOf(theFrame.toolbar), HeightOf(theFrame.statusBar)};
-    const FrameLayout layout = LayOutFrame(size, theFrame.shown, IsEditingNote());
-    PlaceInTabs(theFrame.listTabs, layout.list, {theVerseList.window, theVerseList.references.window});
-    PlaceInTabs(theFrame.passageTabs, layout.passage, {thePassage.window});
-    PlaceNotes(layout.notes);
-    // Also while it is hidden: a long paragraph is slow to break in an editor without a width.
-    const PanePlace& editor = layout.editor.shown ? layout.editor : layout.notes;
-    if (editor.shown) Place(theNoteEditor.window, editor.place);
-    Show(theNoteEditor.window, layout.editor.shown);
+    return LayOutFrame(size, theFrame.shown, editingNote);
+}
+
+// What has to be hidden goes first, and what comes appears at its place.
+static void PlaceAndShow(const FrameLayout& layout) {
+    const std::array<Placed, 4> inFrame{{{theFrame.listTabs, layout.list},
+                                         {theFrame.passageTabs, layout.passage},
+                                         {theNoteTabs.window, layout.notes},
+                                         {theNoteEditor.window, layout.editor}}};
+    for (const auto& [window, pane] : inFrame)
+        if (!pane.shown) Show(window, false);
+    Place(inFrame);
+    PlaceInTabs(layout);
+    for (const HWND window : {theNotes.window, theNotes.view}) Show(window, layout.notes.shown);
+    for (const auto& [window, pane] : inFrame) Show(window, pane.shown);
+}
+
+void LayOut(WPARAM sizeType, int width, int height) {
+    PlaceBars(sizeType, width, height);
+    PlaceAndShow(LayoutFor(width, height, IsEditingNote()));
+}
+
+void PlaceHiddenEditor() {
+    RECT client{};
+    GetClientRect(theFrame.window, &client);
+    const FrameLayout layout = LayoutFor(client.right, client.bottom, true);
+    Place({theNoteEditor.window, layout.editor});
 }
 
 HWND FirstPane() {

@@ -41,6 +41,10 @@ void LayOut(WPARAM sizeType, int width, int height);
 // The same for the frame's current size. Also moves the focus to a visible pane if the focused one has been hidden.
 void LayOut();
 
+// Gives the hidden note editor the size at which it will be shown, if the notes are shown. To be called before a note
+// is opened: a long paragraph is slow to break in an editor without a width, and again when it gets another one.
+void PlaceHiddenEditor();
+
 // The Passage or, if it is hidden, the first visible one of list, note view and note editor; null if all are hidden.
 HWND FirstPane();
 

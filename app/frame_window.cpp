@@ -115,7 +115,6 @@ static LRESULT CALLBACK FrameProcedure(HWND window, UINT message, WPARAM wParam,
 bool RegisterFrameClass() {
     const HINSTANCE program = GetModuleHandleA(nullptr);
     WNDCLASSA description{};
-    description.style = CS_HREDRAW | CS_VREDRAW;
     description.lpfnWndProc = FrameProcedure;
     description.hInstance = program;
     description.hIcon = LoadIconA(program, "Big_Icon");

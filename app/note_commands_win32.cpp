@@ -68,6 +68,7 @@ void ToggleBindNotes(int command) {
 void EditNote(int command) {
     if (!theFrame.startUpComplete) return;  // without the scripture there are no verses for notes
     ShowNotes();
+    PlaceHiddenEditor();
     SendCommand(theNoteEditor.window, command);
     LayOut();
 }

@@ -9,6 +9,7 @@
 
 #include "resources/ids.h"
 #include "tests/driver/driver.h"
+#include "tests/windows/search_steps.h"
 
 namespace {
 
@@ -139,6 +140,53 @@ TEST(PaneLayout, SurvivesTheSmallestSizes) {
     PostMessageA(program.frame, WM_SYSCOMMAND, SC_RESTORE, 0);
     Settle(program);
     ExpectPanes(program, ExpectedPanes(program, true, true, true, true));
+}
+
+// What is on the screen after a resize is what painting the whole frame again would show.
+TEST(PaneLayout, LeavesNothingStaleWhenResized) {
+    Program program = StartProgram(FolderWithScripture());
+    for (const char* alsoHidden : {"", "F2", "F4", "F3"}) {
+        if (*alsoHidden != '\0') Press(program, alsoHidden);
+        for (const RECT& place :
+             {RECT{20, 20, 720, 520}, RECT{20, 20, 1020, 520}, RECT{20, 20, 1020, 760}, RECT{80, 60, 900, 700}}) {
+            PlaceFrame(program, place);
+            const Picture resized = PictureOfWindow(program.frame);
+            RedrawWindow(program.frame, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
+            Settle(program);
+            const RECT stale = DifferingArea(resized, PictureOfWindow(program.frame));
+            EXPECT_TRUE(IsRectEmpty(&stale)) << Describe(stale) << " at " << Describe(place) << " after " << alsoHidden;
+        }
+    }
+}
+
+TEST(PaneLayout, GivesAHiddenEditorItsPlaceWhenItIsShown) {
+    Program program = StartProgram(FolderWithScripture());
+    for (const RECT& place : {RECT{20, 20, 720, 520}, RECT{20, 20, 1020, 760}}) {
+        PlaceFrame(program, place);
+        Press(program, "Alt+e");
+        const HWND editor = ChildOfClass(program.frame, "NOTEEDIT", IDC_NOTE_EDITOR);
+        EXPECT_EQ(Describe(RectIn(editor, program.frame)),
+                  Describe(ExpectedPanes(program, true, true, true, true).notes));
+        const RECT text = RectIn(Child(editor, {IDC_NOTE_EDIT}), editor), client = ClientRectOf(editor);
+        EXPECT_EQ(text.right, client.right);
+        EXPECT_EQ(text.bottom, client.bottom);
+        Press(program, "Esc");
+        EXPECT_FALSE(IsShown(editor));
+    }
+}
+
+TEST(PaneLayout, KeepsTheLinesOfAHiddenReferenceListThatIsResized) {
+    Program program = StartProgram(FolderWithScripture());
+    SearchFor(program, {"grace"});
+    PlaceFrame(program, {20, 20, 720, 520});
+    const HWND tabs = Child(program.frame, {IDC_LIST_TABS});
+    ClickTab(program, tabs, 1);
+    const HWND references = Child(tabs, {IDC_REFERENCE_LIST});
+    const std::vector<std::string> lines = ListStrings(references);
+    ASSERT_EQ(lines.size(), 159u);
+    EXPECT_EQ(lines.front(), "Genesis 6:8");
+    EXPECT_EQ(Describe(RectIn(references, program.frame)),
+              Describe(RectIn(Child(tabs, {IDC_VERSE_LIST}), program.frame)));
 }
 
 TEST(PaneLayout, SwitchesTheListView) {
