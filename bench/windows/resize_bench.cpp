@@ -1,5 +1,5 @@
 // Benchmarks resizing the frame: the time from the new size to the frame with all its panes painted, measured from
-// outside, of the program against a bare program that places the same windows, whose panes are repainted as a whole, too
+// outside, of the program against a bare program that places the same windows and repaints its panes as a whole, too
 // (bare_program.cpp). With an empty list and with a full one.
 
 #include <windows.h>
