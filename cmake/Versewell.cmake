@@ -118,5 +118,6 @@ function(vw_test name)
                                              VERSEWELL_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
   vw_build_fast(${name})
   target_precompile_headers(${name} REUSE_FROM vw_test_headers)
-  gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST PROPERTIES LABELS "${test_LABEL}")
+  # Listing the tests takes no time, but ./check runs them beside others, with a low priority.
+  gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 120 PROPERTIES LABELS "${test_LABEL}")
 endfunction()
