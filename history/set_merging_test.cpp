@@ -371,8 +371,7 @@ TEST(StoppedMerge, LosesNothing) {
     for (bool ended = false; !ended; ++step) {
         FakeNoteFiles files = before;
         ended = MergeUntilItStops(files, step);
-        for (const PowerCut cut :
-             {PowerCut::kNone, PowerCut::kLosesAll, PowerCut::kLeavesZeros, PowerCut::kLeavesHalf}) {
+        for (const PowerCut cut : PowerCutsAfter(step)) {
             SCOPED_TRACE(testing::Message() << "step " << step << ", power cut " << static_cast<int>(cut));
             FakeNoteFiles left = files;
             CutPower(left, cut);

@@ -353,8 +353,7 @@ static void StopAtEachStep(const std::string& name, int leastSteps) {
     for (; !ended && !testing::Test::HasFailure(); ++step) {
         FakeNoteFiles files = before;
         ended = RestoreUntilItStops(files, name, step);
-        for (const PowerCut cut :
-             {PowerCut::kNone, PowerCut::kLosesAll, PowerCut::kLeavesZeros, PowerCut::kLeavesHalf}) {
+        for (const PowerCut cut : PowerCutsAfter(step)) {
             SCOPED_TRACE(testing::Message() << name << ", step " << step << ", power cut " << static_cast<int>(cut));
             FakeNoteFiles left = files;
             CutPower(left, cut);

@@ -15,9 +15,6 @@
 #include "notes/note_set_changes.h"
 #include "tests/support/fake_note_files.h"
 
-static constexpr PowerCut kCuts[] = {PowerCut::kNone, PowerCut::kLosesAll, PowerCut::kLeavesZeros,
-                                     PowerCut::kLeavesHalf};
-
 struct Edit {
     int verse;
     std::string before, after;
@@ -100,7 +97,7 @@ static int StopAtEachStep(const Edit& edit, const SetBefore& before) {
     for (; !ended; ++step) {
         FakeNoteFiles files = before.files;
         ended = SaveUntilItStops(files, edit, step);
-        for (const PowerCut cut : kCuts) {
+        for (const PowerCut cut : PowerCutsAfter(step)) {
             SCOPED_TRACE(testing::Message() << "step " << step << ", power cut " << static_cast<int>(cut));
             FakeNoteFiles left = files;
             CutPower(left, cut);
@@ -200,7 +197,7 @@ static int StopEverywhere(const FakeNoteFiles& before, Change change, Expectatio
         } catch (const ProgramStopped&) {
         }
         stopped.steps = -1;
-        for (const PowerCut cut : kCuts) {
+        for (const PowerCut cut : PowerCutsAfter(step)) {
             SCOPED_TRACE(testing::Message() << "step " << step << ", power cut " << static_cast<int>(cut));
             FakeNoteFiles files = stopped;
             CutPower(files, cut);

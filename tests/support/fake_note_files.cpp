@@ -1,6 +1,8 @@
 #include "tests/support/fake_note_files.h"
 
 #include <algorithm>
+#include <array>
+#include <cstdlib>
 #include <new>
 
 #include "scripture/verse_records.h"
@@ -294,4 +296,21 @@ void AddFakeSet(FakeNoteFiles& files, const std::string& name, const std::map<in
     files.contents[name + ".nmi"] = set.index;
     files.contents[name + ".nmd"] = set.data;
     files.listed.push_back(name + ".nmi");
+}
+
+static bool TriesAllCuts() {
+#ifdef VERSEWELL_SANITIZED
+    const char* const isLong = std::getenv("VERSEWELL_LONG");
+    return isLong && *isLong != '\0';
+#else
+    return true;
+#endif
+}
+
+std::span<const PowerCut> PowerCutsAfter(std::int64_t step) {
+    static constexpr std::array kAll = {PowerCut::kNone, PowerCut::kLosesAll, PowerCut::kLeavesZeros,
+                                        PowerCut::kLeavesHalf};
+    static const bool triesAll = TriesAllCuts();
+    const std::span<const PowerCut> all(kAll);
+    return triesAll ? all : all.subspan(static_cast<std::size_t>(step) % all.size(), 1);
 }

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <map>
 #include <set>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -44,6 +45,10 @@ NoteFiles DeviceOver(FakeNoteFiles& files);
 // written since the last flush.
 enum class PowerCut { kNone, kLosesAll, kLeavesZeros, kLeavesHalf };
 void CutPower(FakeNoteFiles& files, PowerCut cut);
+
+// What a test tries after a program was stopped at `step`: all power cuts. With sanitizers, which make it ten times
+// slower, one of them in turn, unless VERSEWELL_LONG is in the environment.
+std::span<const PowerCut> PowerCutsAfter(std::int64_t step);
 
 // Changes a file as another program would.
 void ChangeFile(FakeNoteFiles& files, const std::string& name, std::vector<unsigned char> bytes);
