@@ -73,13 +73,14 @@ static bool IsCommandKey(MSG& message) {
 static int RunMessageLoop() {
     MSG message;
     while (NextMessage(message)) {
+        RouteWheel(message);
+        FinishScrolling(message);
         if (TakeNoteLetter(message) || StepsThroughPanes(message)) continue;
         if (TypesWithAltGr(message)) {
             DispatchMessageW(&message);
         } else if (IsCommandKey(message)) {
             EndAltKey(message);
         } else {
-            RouteWheel(message);
             TranslateMessage(&message);
             DispatchMessageW(&message);
         }

@@ -1,7 +1,10 @@
 #include "pane/reading_pane_win32.h"
 
+#include <algorithm>
 #include <cstdlib>
+#include <initializer_list>
 #include <optional>
+#include <utility>
 
 #include "resources/ids.h"
 #include "win32/controls.h"
@@ -33,30 +36,53 @@ static TextColor ColorOf(SelectionOwnerId owner, const OrderedSelection& selecti
 
 FlowVisitor RunsVisitor(ReadingPane& pane, SelectionOwnerId owner) {
     return [&pane, owner, selection = Ordered(theSelection)](const FlowBox& box) {
-        AddText(pane.runs, pane.faces, box.face, ColorOf(owner, selection, box), box.x, box.y, box.width, box.text);
+        AddText(pane.text, pane.faces, box.face, ColorOf(owner, selection, box), box.x, box.y, box.width, box.text);
         return true;
     };
 }
 
-static void PaintText(const PaneKind& kind, const PAINTSTRUCT& paint, const RECT& client) {
-    ReadingPane& pane = kind.pane;
+// Of both panes: what is painted is on the screen at once.
+static Canvas canvas;
+
+// The pane that has scrolled since its position was last shown.
+static const PaneKind* scrolledPane = nullptr;
+
+static void LayOut(const PaneKind& kind, const RECT& client) {
+    std::swap(kind.pane.text, kind.pane.textBefore);
+    Clear(kind.pane.text);
     kind.layOut(client);
-    const HDC canvas = CanvasFor(pane.canvas, paint.hdc, client.right, client.bottom);
-    DrawRuns(canvas, pane.faces, pane.runs, client, theReading.KeyHighlightColor);
-    CopyCanvas(pane.canvas, paint.hdc, paint.rcPaint);
 }
 
+static void ShowPosition(const PaneKind& kind) {
+    if (scrolledPane == &kind) scrolledPane = nullptr;
+    if (kind.hasText()) kind.showPosition();
+    SendCommand(FrameOf(kind.pane.window), IDM_MARK_NOTE_SETS);
+}
+
+// Paints what is invalid. If the layout has changed although not all of the pane is invalid, the rest is painted too:
+// scrolling relies on `text` being on the screen.
+static void PaintPane(const PaneKind& kind, const PAINTSTRUCT& paint, const RECT& client) {
+    ReadingPane& pane = kind.pane;
+    if (!pane.isScrolling) {
+        LayOut(kind, client);
+        if (!EqualRect(&paint.rcPaint, &client) && pane.text != pane.textBefore) RedisplayPane(pane);
+    }
+    PaintText(paint.hdc, canvas, pane.faces, pane.text, client, theReading.KeyHighlightColor);
+}
+
+// The system sends WM_PAINT when no more input is waiting, so that is when the position is shown, unless it is the
+// paint of a single scroll.
 static void OnPaint(const PaneKind& kind) {
     PAINTSTRUCT paint;
     BeginPaint(kind.pane.window, &paint);
     const RECT client = ClientAreaOf(kind.pane);
     if (kind.hasText() && !IsRectEmpty(&client)) {
-        PaintText(kind, paint, client);
+        PaintPane(kind, paint, client);
     } else {
         FillRect(paint.hdc, &paint.rcPaint, GetSysColorBrush(COLOR_WINDOW));
     }
     EndPaint(kind.pane.window, &paint);
-    SendCommand(FrameOf(kind.pane.window), IDM_MARK_NOTE_SETS);
+    if (!kind.pane.isScrolling) ShowPosition(kind);
 }
 
 // ---- Scrolling ------------------------------------------------------------------------------------------------------
@@ -65,12 +91,53 @@ void MoveScrollBox(const ReadingPane& pane, int top) {
     if (GetScrollPos(pane.window, SB_VERT) != top) SetScrollPos(pane.window, SB_VERT, top, TRUE);
 }
 
+// Moves the lines on the screen and invalidates all others. What is invalid before remains so, at its new place too,
+// and what could not be moved because another window was in front of it becomes invalid. The first line never moves, so
+// the caret stays.
+static void MoveLines(const ReadingPane& pane, const RECT& client, const MovedLines& moved, int lineHeight) {
+    RECT both = client, above = client, below = client;
+    both.top = std::min(moved.from, moved.to) * lineHeight;
+    both.bottom = (std::max(moved.from, moved.to) + moved.count) * lineHeight;
+    above.bottom = moved.to * lineHeight;
+    below.top = (moved.to + moved.count) * lineHeight;
+    ScrollWindowEx(pane.window, 0, (moved.to - moved.from) * lineHeight, &both, &both, nullptr, nullptr, SW_INVALIDATE);
+    InvalidateRect(pane.window, &above, FALSE);
+    InvalidateRect(pane.window, &below, FALSE);
+}
+
+// The next scroll depends on the items that this one shows, and the eye follows each of them, so each is painted.
+static void ShowScrolled(const PaneKind& kind) {
+    ReadingPane& pane = kind.pane;
+    const RECT client = ClientAreaOf(pane);
+    const int lineHeight = LineHeightOf(MeasureOf(pane.faces));
+    LayOut(kind, client);
+    const MovedLines moved = LinesMoved(pane.textBefore, pane.text, lineHeight, static_cast<int>(client.bottom));
+    if (moved.count > 0) {
+        MoveLines(pane, client, moved, lineHeight);
+    } else {
+        RedisplayPane(pane);
+    }
+    pane.isScrolling = true;
+    UpdateWindow(pane.window);
+    pane.isScrolling = false;
+}
+
+// A pixel of the first line, which each scroll paints, is invalidated, so that the system sends WM_PAINT later.
+// RDW_INTERNALPAINT would say the same, but under Wine the queue then claims for ever that a window awaits its paint.
+static void ShowLater(const PaneKind& kind) {
+    static constexpr RECT kPixel{0, 0, 1, 1};
+    if (scrolledPane != nullptr && scrolledPane != &kind) ShowPosition(*scrolledPane);
+    scrolledPane = &kind;
+    InvalidateRect(kind.pane.window, &kPixel, FALSE);
+}
+
 void ScrollPane(const PaneKind& kind, ScrollCode code, int thumb) {
     if (!kind.hasText()) return;
     const int top = kind.scrolledTop(code, thumb);
     if (top == kind.top()) return;
     kind.setTop(top);
-    UpdateWindow(kind.pane.window);  // the next scroll depends on the items that this paint shows
+    ShowScrolled(kind);
+    ShowLater(kind);
 }
 
 static std::optional<ScrollCode> ScrollOfBar(UINT code) {
@@ -114,6 +181,31 @@ static void OnMouseWheel(const PaneKind& kind, int delta) {
     const int pages = WheelSteps(delta, 1, rest);
     const ScrollCode page = pages > 0 ? ScrollCode::kPageUp : ScrollCode::kPageDown;
     for (int turn = std::abs(pages); turn > 0; --turn) ScrollPane(kind, page, 0);
+}
+
+static bool IsAnyKeyDown(std::initializer_list<int> keys) {
+    return std::ranges::any_of(keys, [](int key) { return IsKeyDown(key); });
+}
+
+// A key is released and the mouse moves while a pane scrolls. With Ctrl or Shift a key may be a command.
+static bool ScrollsFurther(const ReadingPane& pane, const MSG& message) {
+    switch (message.message) {
+        case WM_KEYDOWN:
+            return message.hwnd == pane.window && ScrollOfKey(static_cast<UINT>(message.wParam)) &&
+                   !IsAnyKeyDown({VK_CONTROL, VK_SHIFT});
+        case WM_MOUSEWHEEL:
+        case WM_VSCROLL: return message.hwnd == pane.window;
+        case WM_KEYUP:
+        case WM_MOUSEMOVE:
+        case WM_NCMOUSEMOVE:
+        case WM_PAINT:
+        case WM_TIMER: return true;
+    }
+    return false;
+}
+
+void FinishScrolling(const MSG& message) {
+    if (scrolledPane != nullptr && !ScrollsFurther(scrolledPane->pane, message)) ShowPosition(*scrolledPane);
 }
 
 // ---- Focus ----------------------------------------------------------------------------------------------------------
@@ -184,7 +276,9 @@ static int StepAtEdge(const ReadingPane& pane, int y) {
 // A drag near the upper or lower edge scrolls by one item per mouse move.
 static void StepTop(const PaneKind& kind, int by) {
     const int top = kind.clampItem(kind.top() + by);
-    if (top != kind.top()) kind.setTop(top);
+    if (top == kind.top()) return;
+    kind.setTop(top);
+    RedisplayPane(kind.pane);
 }
 
 // The selection does not change while the mouse is not on a word, and the pane is only repainted when it changes.

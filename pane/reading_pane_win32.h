@@ -15,8 +15,9 @@ extern ReadingOptions theReading;
 struct ReadingPane {
     HWND window = nullptr;
     Faces faces;
-    Canvas canvas;
-    TextRuns runs;
+    TextRuns text;               // as laid out last; all of it that the system holds to be valid is on the screen
+    TextRuns textBefore;         // the layout before
+    bool isScrolling = false;    // is the paint of a scroll running? Then `text` is laid out
     int wheelRest = 0;           // remainder of wheel movement, less than a step
     bool doubleClicked = false;  // until the button is released
 };
@@ -25,14 +26,15 @@ struct ReadingPane {
 struct PaneKind {
     ReadingPane& pane;
     SelectedText selected;  // its owner identifies the pane
-    bool (*hasText)();      // is there anything to lay out? If not, of the next five only `top` is called
+    bool (*hasText)();      // is there anything to lay out? If not, of the next seven only `top` is called
 
-    void (*layOut)(const RECT& client);              // adds the text that fills the client area to the pane's runs
+    void (*layOut)(const RECT& client);              // adds the text that fills the client area to the pane's text
     int (*top)();                                    // first item shown
     int (*scrolledTop)(ScrollCode code, int thumb);  // the top after a scroll
     int (*clampItem)(int item);                      // clamps to existing items
     SelectionPoint (*pointAt)(int x, int y);         // word at a point of the client area; (-1, -1) for none
-    void (*setTop)(int item);                        // scrolls so that `item` is shown first
+    void (*setTop)(int item);                        // makes `item` the first one; the caller repaints
+    void (*showPosition)();                          // status bar, scroll box, and what follows the pane
 
     void (*onCreate)(HWND window);
     void (*onKey)(const PaneKind& kind, UINT key);  // for keys that do not scroll
@@ -44,10 +46,15 @@ struct PaneKind {
 // The window procedure of a pane, called by that of its window class.
 LRESULT ReadingPaneProcedure(const PaneKind& kind, HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
-// Scrolls a pane and repaints it; `thumb` is only used for kThumb.
+// Scrolls a pane: moves the lines that stay on the screen and paints the others; `thumb` is only used for kThumb. The
+// position is shown when no more input is waiting: the next scroll would change it again.
 void ScrollPane(const PaneKind& kind, ScrollCode code, int thumb);
 
-// Returns a visitor that adds each box to the pane's runs, coloured as selected (if `owner` has the selection), key
+// Shows the position of a pane that has scrolled, unless `message` scrolls it further. To be called before a message is
+// handled, because a command may depend on what follows the pane.
+void FinishScrolling(const MSG& message);
+
+// Returns a visitor that adds each box to the pane's text, coloured as selected (if `owner` has the selection), key
 // word or normal text.
 FlowVisitor RunsVisitor(ReadingPane& pane, SelectionOwnerId owner);
 

@@ -43,10 +43,15 @@ void RedisplayPassage() {
     RedisplayPane(thePassage);
 }
 
+static void BringNote() {
+    thePassage.awaitsNote = false;
+    if (theNotes.BindNotes) ReadNote(thePassage.view.TopVerse);
+}
+
 void ScrollToVerse(int verse) {
     thePassage.view.TopVerse = ClampVerse(verse);
     RedisplayPassage();
-    if (theNotes.BindNotes) ReadNote(thePassage.view.TopVerse);
+    BringNote();
 }
 
 void SetPassageFont(const FontChoice& choice) {
@@ -62,16 +67,21 @@ static void ShowPosition() {
     ShowStatus(thePassage.window, StatusPart::kPassage,
                ReferenceText(theScripture.records, thePassage.view.TopVerse, BookForm::kName));
     MoveScrollBox(thePassage, thePassage.view.TopVerse);
+    if (thePassage.awaitsNote) BringNote();
 }
 
 static void LayOutText(const RECT& client) {
-    ShowPosition();
     thePassage.view.LastVisibleVerse = WalkPassage(FlowOf(client), RunsVisitor(thePassage, kPassageOwns));
     CorrectLastVisible(thePassage.view);
 }
 
 static int Top() {
     return thePassage.view.TopVerse;
+}
+
+static void SetTop(int verse) {
+    thePassage.view.TopVerse = verse;
+    thePassage.awaitsNote = true;
 }
 
 static int ScrolledTop(ScrollCode code, int thumb) {
@@ -180,7 +190,8 @@ static constexpr PaneKind kPassage = {
     .scrolledTop = ScrolledTop,
     .clampItem = ClampVerse,
     .pointAt = PointAt,
-    .setTop = ScrollToVerse,
+    .setTop = SetTop,
+    .showPosition = ShowPosition,
     .onCreate = OnCreate,
     .onKey = OnKey,
     .onDoubleClick = nullptr,  // its class has no double clicks

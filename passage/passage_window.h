@@ -6,14 +6,15 @@
 
 struct PassagePane : ReadingPane {
     PassageView view;
+    bool awaitsNote = false;  // the Passage has been scrolled since the bound note was read
 };
 extern PassagePane thePassage;
 
 bool RegisterPassageClass();
 void CreatePassage(HWND tabs);
 
-// Shows `verse`, clamped to 0..31101, at the top. Every move ends here. If the Notes window is bound to the Passage, it
-// shows the note of the same verse. Focus and selection do not change.
+// Shows `verse`, clamped to 0..31101, at the top. Every move but those of scroll bar, keys and wheel ends here. If the
+// Notes window is bound to the Passage, it shows the note of the same verse. Focus and selection do not change.
 void ScrollToVerse(int verse);
 
 // Lays out and paints again, after a change of font, italics, format or notes.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <optional>
 
 #include "win32/screen.h"
 
@@ -84,20 +85,23 @@ TextMeasure MeasureOf(Faces& faces) {
     return {&faces, WidthIn, LineHeightIn};
 }
 
-void AddText(TextRuns& runs, const Faces& faces, Face face, TextColor color, int x, int y, int width,
-             std::string_view text) {
-    if (!runs.runs.empty() && faces.fonts[static_cast<std::size_t>(face)].letters.addUp) {
-        TextRuns::Run& last = runs.runs.back();
-        if (last.face == face && last.color == color && last.y == y && last.end == x) {
-            runs.text += text;
-            last.textLength += text.size();
-            last.end += width;
-            return;
-        }
-    }
-    runs.runs.push_back({face, color, x, y, x + width, runs.text.size(), text.size()});
-    runs.text += text;
+void AddText(TextRuns& text, const Faces& faces, Face face, TextColor color, int x, int y, int width,
+             std::string_view piece) {
+    AddPiece(text, faces.fonts[static_cast<std::size_t>(face)].letters.addUp, face, color, x, y, width, piece);
 }
+
+// ---- Painting -------------------------------------------------------------------------------------------------------
+
+namespace {
+
+// Where a part of the text is drawn.
+struct Band {
+    HDC canvas;
+    int top = 0;  // of the pane, which is the upper edge of the canvas
+    int width = 0, height = 0;
+};
+
+}  // namespace
 
 static void TakeColors(HDC canvas, TextColor color, COLORREF keyWordColor) {
     const COLORREF letters = GetSysColor(COLOR_WINDOWTEXT);
@@ -108,29 +112,62 @@ static void TakeColors(HDC canvas, TextColor color, COLORREF keyWordColor) {
 }
 
 // Positions each letter at the sum of the widths before it, because a device may draw a whole line narrower or wider.
-static void DrawRun(HDC canvas, FaceFont& face, TextRuns& runs, const TextRuns::Run& run) {
-    const std::string_view text = std::string_view(runs.text).substr(run.textStart, run.textLength);
-    runs.advances.clear();
-    for (const char letter : text) runs.advances.push_back(face.letters.widths[static_cast<unsigned char>(letter)]);
-    ExtTextOutA(canvas, run.x, run.y, 0, nullptr, text.data(), static_cast<UINT>(text.size()),
-                face.letters.addUp ? runs.advances.data() : nullptr);
+static void DrawRun(const Band& band, Faces& faces, const TextRun& run, std::string_view letters) {
+    const FaceFont& face = faces.fonts[static_cast<std::size_t>(run.face)];
+    faces.advances.clear();
+    for (const char letter : letters) faces.advances.push_back(face.letters.widths[static_cast<unsigned char>(letter)]);
+    ExtTextOutA(band.canvas, run.x, run.y - band.top, 0, nullptr, letters.data(), static_cast<UINT>(letters.size()),
+                face.letters.addUp ? faces.advances.data() : nullptr);
 }
 
-void DrawRuns(HDC canvas, Faces& faces, TextRuns& runs, const RECT& client, COLORREF keyWordColor) {
-    FillRect(canvas, &client, GetSysColorBrush(COLOR_WINDOW));
-    SetBkMode(canvas, OPAQUE);
-    const HGDIOBJ fontBefore = GetCurrentObject(canvas, OBJ_FONT);
-    for (std::size_t face = 0; face < faces.fonts.size(); ++face) {
-        bool fontTaken = false;
-        for (const TextRuns::Run& run : runs.runs) {
-            if (static_cast<std::size_t>(run.face) != face) continue;
-            if (!fontTaken) SelectObject(canvas, FontOf(faces, run.face).font.get());
-            fontTaken = true;
-            TakeColors(canvas, run.color, keyWordColor);
-            DrawRun(canvas, faces.fonts[face], runs, run);
-        }
+// Changing the font costs more than drawing words, so one face is drawn after the other.
+static void DrawFace(const Band& band, Faces& faces, Face face, const TextRuns& text, const RunSpan& span,
+                     COLORREF keyWordColor) {
+    std::optional<TextColor> color;  // taken last
+    for (std::size_t at = span.first; at < span.end; ++at) {
+        const TextRun& run = text.runs[at];
+        if (run.face != face) continue;
+        if (!color) SelectObject(band.canvas, FontOf(faces, face).font.get());
+        if (color != run.color) TakeColors(band.canvas, run.color, keyWordColor);
+        color = run.color;
+        DrawRun(band, faces, run, TextOf(text, run));
     }
-    SelectObject(canvas, fontBefore);
-    runs.runs.clear();
-    runs.text.clear();
+}
+
+static void DrawBand(const Band& band, Faces& faces, const TextRuns& text, int lineHeight, COLORREF keyWordColor) {
+    const RECT whole{0, 0, band.width, band.height};
+    FillRect(band.canvas, &whole, GetSysColorBrush(COLOR_WINDOW));
+    SetBkMode(band.canvas, OPAQUE);
+    const HGDIOBJ fontBefore = GetCurrentObject(band.canvas, OBJ_FONT);
+    // Letters may reach into the lines above and below.
+    const RunSpan span = RunsBetween(text, band.top - lineHeight, band.top + band.height + lineHeight);
+    for (int face = 0; face < kFaceCount; ++face)
+        DrawFace(band, faces, static_cast<Face>(face), text, span, keyWordColor);
+    SelectObject(band.canvas, fontBefore);
+}
+
+static bool IsLineVisible(HDC target, const RECT& client, int top, int lineHeight) {
+    const RECT line{0, top, client.right, std::min<LONG>(top + lineHeight, client.bottom)};
+    return RectVisible(target, &line) != 0;
+}
+
+void PaintText(HDC target, Canvas& canvas, Faces& faces, const TextRuns& text, const RECT& client,
+               COLORREF keyWordColor) {
+    static constexpr int kMostPixels = 1 << 20;
+    const int lineHeight = LineHeightOf(MeasureOf(faces));
+    const int width = std::max(1, static_cast<int>(client.right)), bottom = static_cast<int>(client.bottom);
+    const int mostHeight = std::max(1, kMostPixels / width / lineHeight) * lineHeight;
+    for (int top = 0; top < bottom;) {
+        const int start = top;
+        const int most = std::min(start + mostHeight, bottom);
+        while (top < most && IsLineVisible(target, client, top, lineHeight)) top += lineHeight;
+        if (top == start) {
+            top += lineHeight;
+            continue;
+        }
+        const int height = std::min(top, bottom) - start;
+        const Band band{CanvasFor(canvas, target, width, std::min(mostHeight, bottom)), start, width, height};
+        DrawBand(band, faces, text, lineHeight, keyWordColor);
+        BitBlt(target, 0, start, width, height, band.canvas, 0, 0, SRCCOPY);
+    }
 }

@@ -9,6 +9,7 @@
 #include "typeset/letter_widths_win32.h"
 #include "typeset/reading_options.h"
 #include "typeset/text_measure.h"
+#include "typeset/text_runs.h"
 #include "win32/panes.h"
 
 struct FaceFont {
@@ -20,7 +21,8 @@ struct Faces {
     bool isChosen = false;  // ChooseFaces has been called
     LOGFONTA record{};
     std::array<FaceFont, kFaceCount> fonts;
-    int lineHeight = 0;  // cell height of the bold face, pixels; 0 until first used
+    int lineHeight = 0;         // cell height of the bold face, pixels; 0 until first used
+    std::vector<int> advances;  // of the letters of the run being drawn
 };
 
 // The font record of `choice`: the stored height scaled and negated, stroke precisions, everything else default.
@@ -34,28 +36,12 @@ bool HasFaces(const Faces& faces);
 // Measures text with `faces`, which must outlive the result.
 TextMeasure MeasureOf(Faces& faces);
 
-enum class TextColor : unsigned char { kNormal, kSelected, kKeyWord };
+// Adds a piece of text, `width` pixels wide, to `text`. Pieces of a face whose widths do not add up do not join.
+void AddText(TextRuns& text, const Faces& faces, Face face, TextColor color, int x, int y, int width,
+             std::string_view piece);
 
-// The text of one paint, collected so that it can be drawn face by face: changing the font costs more than drawing
-// words.
-struct TextRuns {
-    struct Run {
-        Face face;
-        TextColor color;
-        int x, y;
-        int end;  // x where the next piece of the same run must begin
-        std::size_t textStart, textLength;
-    };
-    std::vector<Run> runs;
-    std::string text;
-    std::vector<int> advances;  // letter advances of the run being drawn
-};
-
-// Adds a piece of text, `width` pixels wide. It extends the last run if it continues it in the same line, face and
-// colour. A face whose widths do not add up is drawn piece by piece.
-void AddText(TextRuns& runs, const Faces& faces, Face face, TextColor color, int x, int y, int width,
-             std::string_view text);
-
-// Fills `client` of the canvas with the window colour, draws the runs there and clears them. Key words are drawn in
-// `keyWordColor`, everything else in system colours.
-void DrawRuns(HDC canvas, Faces& faces, TextRuns& runs, const RECT& client, COLORREF keyWordColor);
+// Paints all of `client` that the clipping region of `target` has: the window colour and `text`, whose lines are those
+// of MeasureOf(faces). Key words are drawn in `keyWordColor`, everything else in system colours. A large area is
+// painted in bands of some megabytes, each drawn on the canvas and copied in one step.
+void PaintText(HDC target, Canvas& canvas, Faces& faces, const TextRuns& text, const RECT& client,
+               COLORREF keyWordColor);

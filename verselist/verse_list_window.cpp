@@ -49,7 +49,6 @@ void SetVerseListFont(const FontChoice& choice) {
 
 static void SetTop(int entry) {
     theVerseList.list.ListTop = entry;
-    RedisplayVerseList();
 }
 
 static void SetRangeOfScrollBar() {
@@ -225,7 +224,6 @@ static void ShowPosition() {
 
 static void LayOutText(const RECT& client) {
     VerseList& list = theVerseList.list;
-    ShowPosition();
     list.ListLastVisible = WalkVerseList(FlowOf(client), RunsVisitor(theVerseList, kVerseListOwns));
     CorrectLastVisible(list);
 }
@@ -329,6 +327,7 @@ static constexpr PaneKind kVerseList = {
     .clampItem = ClampItem,
     .pointAt = PointAt,
     .setTop = SetTop,
+    .showPosition = ShowPosition,
     .onCreate = OnCreate,
     .onKey = OnKey,
     .onDoubleClick = OnDoubleClick,

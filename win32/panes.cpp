@@ -35,19 +35,20 @@ void ShowPaneCaret(HWND pane, int lineHeight) {
     ShowCaret(pane);
 }
 
-HDC CanvasFor(Canvas& canvas, HDC target, int width, int height) {
-    if (!canvas.dc) canvas.dc.reset(CreateCompatibleDC(target));
-    if (width > canvas.width || height > canvas.height) {  // grows only: a pane being resized asks often
-        if (canvas.bitmapBefore) SelectObject(canvas.dc.get(), canvas.bitmapBefore);
-        canvas.width = std::max(width, canvas.width);
-        canvas.height = std::max(height, canvas.height);
-        canvas.bitmap.reset(CreateCompatibleBitmap(target, canvas.width, canvas.height));
-        canvas.bitmapBefore = SelectObject(canvas.dc.get(), canvas.bitmap.get());
-    }
-    return canvas.dc.get();
+// It grows, because a pane being resized asks often, but not to more than twice of what is asked for.
+static void Grow(Canvas& canvas, HDC target, int width, int height) {
+    if (canvas.bitmapBefore) SelectObject(canvas.dc.get(), canvas.bitmapBefore);
+    const int widest = std::max(width, canvas.width), highest = std::max(height, canvas.height);
+    const bool isTooLarge = static_cast<long long>(widest) * highest > 2LL * width * height;
+    canvas.width = isTooLarge ? width : widest;
+    canvas.height = isTooLarge ? height : highest;
+    canvas.bitmap.reset();  // before the new one, so that there are never two
+    canvas.bitmap.reset(CreateCompatibleBitmap(target, canvas.width, canvas.height));
+    canvas.bitmapBefore = SelectObject(canvas.dc.get(), canvas.bitmap.get());
 }
 
-void CopyCanvas(const Canvas& canvas, HDC target, const RECT& area) {
-    BitBlt(target, area.left, area.top, area.right - area.left, area.bottom - area.top, canvas.dc.get(), area.left,
-           area.top, SRCCOPY);
+HDC CanvasFor(Canvas& canvas, HDC target, int width, int height) {
+    if (!canvas.dc) canvas.dc.reset(CreateCompatibleDC(target));
+    if (width > canvas.width || height > canvas.height) Grow(canvas, target, width, height);
+    return canvas.dc.get();
 }

@@ -19,7 +19,7 @@ void Unsubclass(HWND window, WNDPROC& procedureBefore);
 // Shows the caret of a focused pane: three pixels wide at 96 dpi, at the upper left.
 void ShowPaneCaret(HWND pane, int lineHeight);
 
-// An off-screen bitmap at least as large as a pane. A paint draws on it and then copies it to the screen in one step.
+// An off-screen bitmap. A paint draws on it and then copies it to the screen in one step.
 struct Canvas {
     OwnedDc dc;
     OwnedBitmap bitmap;
@@ -27,9 +27,5 @@ struct Canvas {
     int width = 0, height = 0;
 };
 
-// Returns a device context of at least `width` x `height` pixels, compatible with `target`; it still has its previous
-// contents unless it had to grow.
+// Returns a device context of at least `width` x `height` pixels, compatible with `target`.
 HDC CanvasFor(Canvas& canvas, HDC target, int width, int height);
-
-// Copies `area` of the canvas to the same place in `target`.
-void CopyCanvas(const Canvas& canvas, HDC target, const RECT& area);

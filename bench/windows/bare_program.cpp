@@ -223,7 +223,8 @@ static void ScrollTo(HWND window, int verse) {
     ScrollWindowEx(window, 0, by, nullptr, nullptr, nullptr, nullptr, SW_INVALIDATE | SW_ERASE);
     UpdateWindow(window);
     isScrolling = false;
-    RedrawWindow(window, nullptr, nullptr, RDW_INTERNALPAINT);
+    static constexpr RECT kPixel{0, 0, 1, 1};
+    InvalidateRect(window, &kPixel, FALSE);  // so that the system sends WM_PAINT later
 }
 
 static void OnPassageKey(HWND window, UINT key, BOOL, int, UINT) {

@@ -105,9 +105,8 @@ static void LayOut(Bench& bench, const PassageFlow& flow) {
 }
 
 static void DrawLaidOut(Bench& bench, const RECT& client) {
-    const HDC canvas = CanvasFor(bench.canvas, bench.screen, client.right, client.bottom);
-    DrawRuns(canvas, bench.faces, bench.runs, client, 0);
-    CopyCanvas(bench.canvas, bench.screen, client);
+    PaintText(bench.screen, bench.canvas, bench.faces, bench.runs, client, 0);
+    Clear(bench.runs);
 }
 
 static void Paint(Bench& bench, const PassageFlow& flow) {
