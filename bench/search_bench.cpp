@@ -1,14 +1,17 @@
-// Benchmarks searches of the real text against floors and against SQLite, all in the same run. Prints the times, then a
-// table of ratios.
-#include <benchmark/benchmark.h>
-
+// Benchmarks searches of the real text against floors that find the same verses and count the same occurrences: first
+// of a process that has searched before, then the first search of a process.
+//
+// With the arguments `--first KIND SAMPLE` the program prints the microseconds, verses and occurrences of one search
+// only; it starts itself this way.
+#include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 #include <string>
 #include <vector>
 
-#include "bench/fts_search.h"
+#include "bench/contest.h"
+#include "bench/outcomes.h"
 #include "bench/search_floors.h"
-#include "bench/time_keeper.h"
 #include "search/search_engine.h"
 #include "tests/support/native_scripture.h"
 
@@ -24,93 +27,157 @@ struct Sample {
 }  // namespace
 
 static constexpr Sample kSamples[] = {
-    {"grace", Kind::kWords},         {"lord", Kind::kWords},
-    {"the", Kind::kWords},           {"e", Kind::kSubstring},
-    {"of the", Kind::kPhrase},       {"and the", Kind::kPhrase},
-    {"the lord", Kind::kPhrase},     {"son of man", Kind::kPhrase},
-    {"he said", Kind::kPhrase},      {"and it came to pass", Kind::kPhrase},
-    {"grace of god", Kind::kPhrase}, {"in the beginning", Kind::kPhrase},
+    {"grace", Kind::kWords},
+    {"zerubbabel", Kind::kWords},
+    {"lord", Kind::kWords},
+    {"unto", Kind::kWords},
+    {"the", Kind::kWords},
+    {"lord god", Kind::kWords},
+    {"faith hope", Kind::kWords},
+    {"love", Kind::kSubstring},
+    {"lord", Kind::kSubstring},
+    {"e", Kind::kSubstring},
+    {"of the", Kind::kPhrase},
+    {"and the", Kind::kPhrase},
+    {"the lord", Kind::kPhrase},
+    {"of the lord", Kind::kPhrase},
+    {"son of man", Kind::kPhrase},
+    {"he said", Kind::kPhrase},
+    {"and it came to pass", Kind::kPhrase},
+    {"grace of god", Kind::kPhrase},
+    {"in the beginning", Kind::kPhrase},
+};
+static constexpr Sample kFirstSamples[] = {
+    {"grace", Kind::kWords}, {"lord", Kind::kWords}, {"in the beginning", Kind::kPhrase}};
+
+static constexpr int kRounds = 101;
+static constexpr int kProcesses = 31;
+static constexpr double kMostTimesFloor = 1.3;
+static constexpr double kMostAboveFloor = 2;  // microseconds
+static constexpr double kMostTimesFirstFloor = 1.5;
+
+static std::string NameOf(const Sample& sample) {
+    static constexpr const char* kKinds[] = {
+        "search for words: ", "search for parts of words: ", "search for a phrase: "};
+    return kKinds[static_cast<int>(sample.kind)] + std::string(sample.text);
+}
+
+// ---- The program and the floors -------------------------------------------------------------------------------------
+
+static SearchResult SearchAsTheProgram(const Sample& sample) {
+    static HitCounters hits;
+    const SearchOptions options = {.SubString = sample.kind == Kind::kSubstring ? 1 : 0};
+    const QueryKind kind = sample.kind == Kind::kPhrase ? QueryKind::kPhrase : QueryKind::kWords;
+    const Query query = QueryOf(sample.text, options, kind);
+    return Search(TheRealScripture(), TheRealWordIndex(), query, {}, hits);
+}
+
+static FloorText TheFloorText() {
+    return FloorTextOf(TheRealScripture(), TheRealWordIndex());
+}
+
+static FloorAnswer FloorOf(const Sample& sample, const std::vector<std::string>& words) {
+    switch (sample.kind) {
+        case Kind::kWords:
+            return words.size() == 1 ? FloorOfWord(TheFloorText(), words[0]) : FloorOfAllWords(TheFloorText(), words);
+        case Kind::kSubstring: return FloorOfSubstring(TheFloorText(), words[0]);
+        default: return FloorOfPhraseByList(TheFloorText(), words);
+    }
+}
+
+static std::vector<std::string> WordsOf(const Sample& sample) {
+    return QueryOf(sample.text, {}, QueryKind::kWords).words;
+}
+
+static bool IsSame(const SearchResult& result, const FloorAnswer& answer) {
+    return result.occurrences == answer.occurrences && std::ranges::equal(result.verses, answer.verses);
+}
+
+static void PrintSample(const Sample& sample) {
+    const std::vector<std::string> words = WordsOf(sample);
+    SearchResult result;
+    FloorAnswer answer, answerOfSweep;
+    std::vector<std::function<void()>> contestants = {[&] { result = SearchAsTheProgram(sample); },
+                                                      [&] { answer = FloorOf(sample, words); }};
+    if (sample.kind == Kind::kPhrase)
+        contestants.emplace_back([&] { answerOfSweep = FloorOfPhraseBySweep(TheFloorText(), words); });
+    const std::vector<double> times = MediansInTurns(kRounds, contestants);
+    bool sameAnswer = IsSame(SearchAsTheProgram(sample), FloorOf(sample, words));
+    if (sample.kind == Kind::kPhrase)
+        sameAnswer = sameAnswer && IsSame(result, FloorOfPhraseBySweep(TheFloorText(), words));
+    Print({.what = NameOf(sample),
+           .time = 1000 * times[0],
+           .floor = 1000 * *std::min_element(times.begin() + 1, times.end()),
+           .mostTimesFloor = kMostTimesFloor,
+           .mostAboveFloor = kMostAboveFloor,
+           .unit = "us",
+           .sameAnswer = sameAnswer});
+}
+
+// ---- The first search of a process ----------------------------------------------------------------------------------
+
+namespace {
+
+struct FirstSearch {
+    double microseconds = 0;
+    unsigned long verses = 0;
+    int occurrences = 0;
 };
 
-static std::string Name(const char* what, const Sample& sample) {
-    static constexpr const char* kKinds[] = {"words", "substring", "phrase"};
-    return std::string(what) + "/" + kKinds[static_cast<int>(sample.kind)] + "/" + sample.text;
+}  // namespace
+
+static int SearchOnce(const std::string& kind, const Sample& sample) {
+    const std::vector<std::string> words = WordsOf(sample);
+    TheRealWordIndex();
+    TheRealScripture();
+    SearchResult result;
+    FloorAnswer answer;
+    const double start = Now();
+    if (kind == "program")
+        result = SearchAsTheProgram(sample);
+    else
+        answer = FloorOf(sample, words);
+    const double milliseconds = Now() - start;
+    std::printf("%f %zu %d\n", 1000 * milliseconds, result.verses.size() + answer.verses.size(),
+                result.occurrences + answer.occurrences);
+    return 0;
 }
 
-template <typename Procedure>
-static void Register(const std::string& name, Procedure procedure) {
-    benchmark::RegisterBenchmark(name.c_str(),
-                                 [procedure](benchmark::State& state) {
-                                     for (auto _ : state) benchmark::DoNotOptimize(procedure());
-                                 })
-        ->Unit(benchmark::kMicrosecond)
-        ->MinTime(0.1)
-        ->Repetitions(5)
-        ->ReportAggregatesOnly(false);
+static FirstSearch InNewProcess(const std::string& program, const char* kind, std::size_t sample) {
+    const std::string command = "'" + program + "' --first " + kind + " " + std::to_string(sample);
+    FirstSearch first;
+    std::FILE* output = popen(command.c_str(), "r");
+    const bool isRead = output != nullptr &&
+                        std::fscanf(output, "%lf %lu %d", &first.microseconds, &first.verses, &first.occurrences) == 3;
+    if (output != nullptr) pclose(output);
+    if (isRead) return first;
+    std::fprintf(stderr, "search_bench: cannot run %s\n", command.c_str());
+    std::exit(1);
 }
 
-static void RegisterSearch(const Sample& sample, HitCounters& hits) {
-    Register(Name("search", sample), [&sample, &hits] {
-        const SearchOptions options = {.SubString = sample.kind == Kind::kSubstring ? 1 : 0};
-        const QueryKind kind = sample.kind == Kind::kPhrase ? QueryKind::kPhrase : QueryKind::kWords;
-        const Query query = QueryOf(sample.text, options, kind);
-        return Search(TheRealScripture(), TheRealWordIndex(), query, {}, hits).occurrences;
-    });
-}
-
-static void RegisterFloors(const Sample& sample, HitCounters& counters) {
-    const std::string text = sample.text;
-    if (sample.kind == Kind::kWords)
-        Register(Name("mark every hit", sample),
-                 [text] { return MarkEveryHit(TheRealScripture(), TheRealWordIndex(), text); });
-    if (sample.kind != Kind::kPhrase) return;
-    const std::vector<std::string> words = QueryOf(text, {}, QueryKind::kPhrase).words;
-    Register(Name("check candidates", sample), [text, words, &counters] {
-        return CheckCandidates(TheRealScripture(), TheRealWordIndex(), words, text, counters);
-    });
-    Register(Name("sweep", sample), [text] { return SweepWholeText(TheRealScripture(), text); });
-}
-
-static void RegisterFullText(const Sample& sample, sqlite3* table) {
-    if (sample.kind == Kind::kSubstring) return;  // its tables find no parts of words
-    const std::string match = "\"" + std::string(sample.text) + "\"";
-    Register(Name("SQLite", sample), [match, table] { return FetchHighlighted(table, match); });
-}
-
-static double FloorOf(const Sample& sample, const Times& times) {
-    switch (sample.kind) {
-        case Kind::kWords: return times.at(Name("mark every hit", sample)) + times.at("clear and scan counters");
-        case Kind::kPhrase:
-            return std::min(times.at(Name("check candidates", sample)), times.at(Name("sweep", sample)));
-        default: return times.at(Name("mark every hit", {"the", Kind::kWords}));
+static void PrintFirst(const std::string& program, std::size_t sample) {
+    std::vector<double> times, floors;
+    bool sameAnswer = true;
+    for (int process = 0; process < kProcesses; ++process) {
+        const FirstSearch ours = InNewProcess(program, "program", sample);
+        const FirstSearch floor = InNewProcess(program, "floor", sample);
+        times.push_back(ours.microseconds);
+        floors.push_back(floor.microseconds);
+        sameAnswer = sameAnswer && ours.verses == floor.verses && ours.occurrences == floor.occurrences;
     }
-}
-
-static void PrintRatios(const Times& times) {
-    std::printf("\n%-32s %10s %10s %8s %12s %8s\n", "query", "search us", "floor us", "ratio", "SQLite us", "ahead");
-    for (const Sample& sample : kSamples) {
-        const double search = times.at(Name("search", sample));
-        const double floor = FloorOf(sample, times);
-        std::printf("%-32s %10.1f %10.1f %8.2f", Name("", sample).c_str() + 1, search, floor, search / floor);
-        const auto fullText = times.find(Name("SQLite", sample));
-        if (fullText != times.end()) std::printf(" %12.1f %7.1fx", fullText->second, fullText->second / search);
-        std::printf("\n");
-    }
+    Print({.what = "first " + NameOf(kFirstSamples[sample]),
+           .time = MedianOf(times),
+           .floor = MedianOf(floors),
+           .mostTimesFloor = kMostTimesFirstFloor,
+           .mostAboveFloor = 0,
+           .unit = "us",
+           .sameAnswer = sameAnswer});
 }
 
 int main(int argc, char** argv) {
-    benchmark::Initialize(&argc, argv);
-    HitCounters hits;
-    HitCounters counters(kVerseCount);
-    sqlite3* table = OpenFullTextTable(TheRealScripture());
-    Register("clear and scan counters", [&counters] { return ClearAndScanCounters(counters); });
-    for (const Sample& sample : kSamples) {
-        RegisterSearch(sample, hits);
-        RegisterFloors(sample, counters);
-        RegisterFullText(sample, table);
-    }
-    TimeKeeper keeper;
-    benchmark::RunSpecifiedBenchmarks(&keeper);
-    PrintRatios(keeper.times);
-    return 0;
+    if (argc == 4 && argv[1] == std::string("--first"))
+        return SearchOnce(argv[2], kFirstSamples[std::strtoul(argv[3], nullptr, 10) % std::size(kFirstSamples)]);
+    for (const Sample& sample : kSamples) PrintSample(sample);
+    for (std::size_t i = 0; i < std::size(kFirstSamples); ++i) PrintFirst(argv[0], i);
+    return ExitCode();
 }

@@ -1,112 +1,312 @@
 #include "bench/search_floors.h"
 
-#include <emmintrin.h>
-
 #include <algorithm>
-#include <array>
 #include <bit>
-#include <cstring>
 
-static constexpr std::size_t kLongestVerse = 1000;
-static constexpr std::size_t kLongestMarkedVerse = 4000;
+#include "bench/floor_sweep.h"
 
-static bool IsLetter(char c) {
-    return static_cast<unsigned char>((c | 0x20) - 'a') < 26;
+std::array<std::int32_t, kVerseCount + 1> theVerses;
+
+FloorText FloorTextOf(const Scripture& scripture, const WordIndex& index) {
+    return {scripture.text.data(), scripture.text.data() + scripture.text.size(), scripture.records.bytes.data(),
+            &index};
 }
 
-static void CopyLowerCased(std::string_view text, char* copy) {
-    for (std::size_t i = 0; i < text.size(); ++i)
-        copy[i] = static_cast<char>(text[i] + (static_cast<unsigned char>(text[i] - 'A') < 26 ? 0x20 : 0));
-    copy[text.size()] = '\0';
+[[gnu::noinline]] Stretch CopyWithBytesAround(const Stretch& stretch) {
+    static std::array<char, kLongestVerse + 2 * kAround> copy;
+    const auto size = static_cast<std::size_t>(stretch.end - stretch.begin);
+    std::memcpy(copy.data() + kAround, stretch.begin, size);
+    std::memset(copy.data() + kAround + size, 0, kAround);
+    return {copy.data() + kAround, copy.data() + kAround + size};
 }
 
-static const char* Find(const char* from, const char* end, std::string_view word) {
-    return static_cast<const char*>(memmem(from, static_cast<std::size_t>(end - from), word.data(), word.size()));
+// ---- Lists ----------------------------------------------------------------------------------------------------------
+
+static List ListOfNumber(const FloorText& text, int word) {
+    const auto entries = EntriesOf(*text.index, word);
+    const auto* begin = reinterpret_cast<const std::uint16_t*>(entries.data());
+    return {begin, begin + entries.size() / 2};
 }
 
-static char* Append(char* to, const char* from, const char* end) {
-    const auto size = static_cast<std::size_t>(end - from);
-    std::memcpy(to, from, size);
-    return to + size;
+List ListOf(const FloorText& text, std::string_view word) {
+    return ListOfNumber(text, FindWord(*text.index, word));
 }
 
-static int MarkInCopy(std::string_view text, std::string_view word, char* marked) {
-    std::array<char, kLongestVerse> lowerCased;
-    CopyLowerCased(text, lowerCased.data());
-    const char* begin = lowerCased.data();
-    const char* end = begin + text.size();
-    const char* done = begin;
-    int count = 0;
-    for (const char* place = Find(begin, end, word); place != nullptr; place = Find(place + word.size(), end, word)) {
-        const char* after = place + word.size();
-        if ((place > begin && IsLetter(place[-1])) || IsLetter(*after)) continue;
-        marked = Append(marked, text.data() + (done - begin), text.data() + (place - begin));
-        *marked++ = '{';
-        marked = Append(marked, text.data() + (place - begin), text.data() + (after - begin));
-        *marked++ = '}';
-        done = after;
-        ++count;
+std::vector<List> ListsOf(const FloorText& text, const std::vector<std::string>& words) {
+    std::vector<List> lists;
+    lists.reserve(words.size());
+    for (const std::string& word : words) lists.push_back(ListOf(text, word));
+    return lists;
+}
+
+void SortBySize(std::vector<List>& lists) {
+    std::sort(lists.begin(), lists.end(), [](const List& a, const List& b) { return SizeOf(a) < SizeOf(b); });
+}
+
+std::size_t TakeVersesOf(const List& list) {
+    return static_cast<std::size_t>(std::copy(list.begin, list.end, theVerses.begin()) - theVerses.begin());
+}
+
+// Halves the list without branches, so that the searches for several verses overlap.
+VERSEWELL_FLOOR static bool HasVerse(const List& list, int verse) {
+    const std::uint16_t* entry = list.begin;
+    for (std::ptrdiff_t size = SizeOf(list); size > 1;) {
+        const std::ptrdiff_t half = size / 2;
+        entry += half & -static_cast<std::ptrdiff_t>(entry[half] <= verse);
+        size -= half;
     }
-    *Append(marked, text.data() + (done - begin), text.data() + text.size()) = '\0';
+    return *entry == verse;
+}
+
+std::size_t KeepByHalving(const List& list, std::int32_t* verses, std::size_t count) {
+    std::size_t kept = 0;
+    for (const std::int32_t verse : std::span(verses, count)) {
+        verses[kept] = verse;
+        kept += HasVerse(list, verse) ? 1 : 0;
+    }
+    return kept;
+}
+
+static void Mark(const List& list, VerseMarks& marks) {
+    for (const std::uint16_t* entry = list.begin; entry < list.end; ++entry) marks[*entry] = 1;
+}
+
+std::size_t KeepByMarks(const List& list, std::int32_t* verses, std::size_t count) {
+    static VerseMarks marks;
+    marks.fill(0);
+    Mark(list, marks);
+    std::size_t kept = 0;
+    for (const std::int32_t verse : std::span(verses, count)) {
+        verses[kept] = verse;
+        kept += marks[static_cast<std::size_t>(verse)];
+    }
+    return kept;
+}
+
+// ---- Words in texts -------------------------------------------------------------------------------------------------
+
+namespace {
+
+// A word to count, and whether it has to be a whole word.
+struct WantedWord {
+    WordEnds ends;
+    Block start;
+    std::string_view word;
+    unsigned startBits;
+    bool whole;
+};
+
+struct HitBlock {
+    const char* place;
+    unsigned bits;
+};
+
+}  // namespace
+
+// Blocks where the word may begin, to be looked at later: the sweep does not branch on them.
+static std::array<HitBlock, 2048> theHits;
+static HitBlock* const kHitsAreMany = theHits.data() + theHits.size() - kLongestVerse / kBlockSize - 1;
+
+static WantedWord Want(std::string_view word, bool whole) {
+    WantedWord wanted = {EndsOf(word), {}, word, 0, whole};
+    std::array<char, kBlockSize> start = {};
+    const std::size_t size = word.copy(start.data(), start.size());
+    wanted.start = Load(start.data());
+    wanted.startBits = (1U << size) - 1;
+    return wanted;
+}
+
+VERSEWELL_FLOOR static bool IsWordAt(const WantedWord& wanted, const char* place) {
+    const unsigned same = Bits(_mm_cmpeq_epi8(Lowered(place), wanted.start)) & wanted.startBits;
+    const bool apart = !wanted.whole || (!IsLetterAt(place - 1) & !IsLetterAt(place + wanted.word.size())) != 0;
+    return (same == wanted.startBits) & apart;
+}
+
+static int CountHits(const WantedWord& wanted, const HitBlock* end) {
+    int count = 0;
+    for (const HitBlock* hit = theHits.data(); hit < end; ++hit)
+        for (unsigned bits = hit->bits; bits != 0; bits &= bits - 1)
+            count += IsWordAt(wanted, hit->place + std::countr_zero(bits)) ? 1 : 0;
     return count;
 }
 
-static std::size_t EntryAt(std::span<const unsigned char> entries, std::size_t at) {
-    return static_cast<std::size_t>(entries[at] | entries[at + 1] << 8);
+VERSEWELL_FLOOR static HitBlock* KeepHit(HitBlock* next, const char* place, unsigned bits) {
+    *next = {place, bits};
+    return next + (bits != 0 ? 1 : 0);
 }
 
-int MarkEveryHit(const Scripture& scripture, const WordIndex& index, std::string_view word) {
-    std::array<char, kLongestMarkedVerse> marked;
-    int count = 0;
-    const std::span<const unsigned char> entries = EntriesOf(index, FindWord(index, word));
-    for (std::size_t at = 0; at < entries.size(); at += 2)
-        count += MarkInCopy(VerseText(scripture, static_cast<int>(EntryAt(entries, at))), word, marked.data());
-    return count;
+// Appends the blocks of the stretch where the word may begin.
+VERSEWELL_FLOOR static HitBlock* Sift(const WordEnds& ends, Stretch stretch, HitBlock* next) {
+    const char* place = stretch.begin;
+    for (; place + kBlockSize < stretch.end; place += kBlockSize) next = KeepHit(next, place, MayBeginAt(ends, place));
+    return KeepHit(next, place, MayBeginAt(ends, place) & BitsBefore(stretch.end - place));
 }
 
-int ClearAndScanCounters(std::vector<std::uint16_t>& counters) {
-    std::fill(counters.begin(), counters.end(), std::uint16_t{0});
-    return static_cast<int>(std::count(counters.begin(), counters.end(), std::uint16_t{1}));
+namespace {
+
+template <std::size_t kSize>
+struct ShortWord {
+    Block letters[kSize];
+};
+
+}  // namespace
+
+// Whole words, found without looking at hits later: that is faster where nearly every block has one.
+template <std::size_t kSize, bool kWhole>
+VERSEWELL_FLOOR static Block AreShortWords(const ShortWord<kSize>& word, const char* place) {
+    Block words = _mm_cmpeq_epi8(Lowered(place), word.letters[0]);
+    for (std::size_t i = 1; i < kSize; ++i)
+        words = _mm_and_si128(words, _mm_cmpeq_epi8(Lowered(place + i), word.letters[i]));
+    if (!kWhole) return words;
+    return _mm_andnot_si128(_mm_or_si128(AreLetters(Load(place - 1)), AreLetters(Load(place + kSize))), words);
 }
 
-int CheckCandidates(const Scripture& scripture, const WordIndex& index, const std::vector<std::string>& words,
-                    std::string_view phrase, std::vector<std::uint16_t>& counters) {
-    std::fill(counters.begin(), counters.end(), std::uint16_t{0});
-    for (const std::string& word : words) {
-        const std::span<const unsigned char> entries = EntriesOf(index, FindWord(index, word));
-        for (std::size_t at = 0; at < entries.size(); at += 2) ++counters[EntryAt(entries, at)];
+VERSEWELL_FLOOR static Block FirstBytes(std::ptrdiff_t count) {
+    static constexpr std::array<char, 2 * kBlockSize> kBytes = [] {
+        std::array<char, 2 * kBlockSize> bytes = {};
+        for (std::size_t i = 0; i < kBlockSize; ++i) bytes[i] = '\xFF';
+        return bytes;
+    }();
+    return Load(kBytes.data() + kBlockSize - count);
+}
+
+// Adds the number of words to the two halves of `total`.
+template <std::size_t kSize, bool kWhole>
+VERSEWELL_FLOOR static void SweepShort(const ShortWord<kSize>& word, const Stretch& stretch, Block& total) {
+    static constexpr std::ptrdiff_t kMost = 250 * kBlockSize;  // a byte counts up to 255 words
+    for (const char* place = stretch.begin; place < stretch.end;) {
+        const char* const end = std::min(stretch.end, place + kMost);
+        Block sums = _mm_setzero_si128();
+        for (; place + kBlockSize <= end; place += kBlockSize)
+            sums = _mm_sub_epi8(sums, AreShortWords<kSize, kWhole>(word, place));
+        if (place < end)
+            sums =
+                _mm_sub_epi8(sums, _mm_and_si128(AreShortWords<kSize, kWhole>(word, place), FirstBytes(end - place)));
+        place = end;
+        total = _mm_add_epi64(total, _mm_sad_epu8(sums, _mm_setzero_si128()));
     }
-    std::array<char, kLongestVerse> lowerCased;
-    int count = 0;
-    for (std::size_t verse = 0; verse < counters.size(); ++verse) {
-        if (counters[verse] != words.size()) continue;
-        const std::string_view text = VerseText(scripture, static_cast<int>(verse));
-        CopyLowerCased(text, lowerCased.data());
-        if (Find(lowerCased.data(), lowerCased.data() + text.size(), phrase) != nullptr) ++count;
-    }
-    return count;
 }
 
-static bool StandsAt(const char* place, std::string_view phrase) {
-    for (std::size_t i = 0; i < phrase.size(); ++i)
-        if ((place[i] | (IsLetter(place[i]) ? 0x20 : 0)) != phrase[i]) return false;
-    return true;
+// Whether the texts of the verse and of the one before are swept together: not those at the ends of the text.
+static bool JoinsVerseBefore(int verse) {
+    return verse > 1 && verse < kLastVerse;
 }
 
-int SweepWholeText(const Scripture& scripture, std::string_view phrase) {
-    const char* text = scripture.text.data();
-    const char* end = text + scripture.text.size() - phrase.size() - 15;
-    const __m128i fold = _mm_set1_epi8(0x20);
-    const __m128i first = _mm_set1_epi8(phrase.front());
-    const __m128i last = _mm_set1_epi8(phrase.back());
-    int count = 0;
-    for (const char* here = text; here < end; here += 16) {
-        const auto* ahead = reinterpret_cast<const __m128i*>(here + phrase.size() - 1);
-        const __m128i begins = _mm_or_si128(_mm_loadu_si128(reinterpret_cast<const __m128i*>(here)), fold);
-        const __m128i ends = _mm_or_si128(_mm_loadu_si128(ahead), fold);
-        const __m128i both = _mm_and_si128(_mm_cmpeq_epi8(begins, first), _mm_cmpeq_epi8(ends, last));
-        for (auto places = static_cast<unsigned>(_mm_movemask_epi8(both)); places != 0; places &= places - 1)
-            if (StandsAt(here + std::countr_zero(places), phrase)) ++count;
+// Sweeps the texts of the verses, neighbours together, and lists the verses.
+template <std::size_t kSize, bool kWhole>
+static FloorAnswer CountShort(const FloorText& text, std::string_view word, const List& list) {
+    ShortWord<kSize> wanted;
+    for (std::size_t i = 0; i < kSize; ++i) wanted.letters[i] = _mm_set1_epi8(word[i]);
+    Block total = _mm_setzero_si128();
+    std::int32_t* listed = theVerses.data();
+    for (const std::uint16_t* entry = list.begin; entry < list.end;) {
+        const int first = *entry;
+        int behind = first;
+        do {
+            *listed++ = behind++;
+            ++entry;
+        } while (entry < list.end && *entry == behind && JoinsVerseBefore(behind));
+        SweepShort<kSize, kWhole>(wanted, WithBytesAround(text, TextsOf(text, first, behind)), total);
     }
-    return count;
+    return {{theVerses.data(), listed}, _mm_cvtsi128_si32(total) + _mm_cvtsi128_si32(_mm_srli_si128(total, 8))};
+}
+
+template <typename Verse>
+static int CountLong(const FloorText& text, const WantedWord& wanted, std::span<const Verse> verses) {
+    const WordEnds ends = wanted.ends;
+    HitBlock* next = theHits.data();
+    int count = 0;
+    for (const Verse verse : verses) {
+        next = Sift(ends, WithBytesAround(text, TextsOf(text, verse, verse + 1)), next);
+        if (next < kHitsAreMany) continue;
+        count += CountHits(wanted, next);
+        next = theHits.data();
+    }
+    return count + CountHits(wanted, next);
+}
+
+template <bool kWhole>
+static FloorAnswer CountInList(const FloorText& text, std::string_view word, const List& list) {
+    switch (word.size()) {
+        case 1: return CountShort<1, kWhole>(text, word, list);
+        case 2: return CountShort<2, kWhole>(text, word, list);
+        case 3: return CountShort<3, kWhole>(text, word, list);
+        default: break;
+    }
+    const int count = CountLong(text, Want(word, kWhole), std::span(list.begin, list.end));
+    return {{theVerses.data(), std::copy(list.begin, list.end, theVerses.data())}, count};
+}
+
+FloorAnswer FloorOfWord(const FloorText& text, std::string_view word) {
+    return CountInList<true>(text, word, ListOf(text, word));
+}
+
+// ---- Several words
+// ----------------------------------------------------------------------------------------------------
+
+FloorAnswer FloorOfAllWords(const FloorText& text, const std::vector<std::string>& words) {
+    std::vector<List> lists = ListsOf(text, words);
+    SortBySize(lists);
+    std::size_t count = TakeVersesOf(lists.front());
+    for (const List& list : std::span(lists).subspan(1))
+        count = IsMuchLonger(list, count) ? KeepByHalving(list, theVerses.data(), count)
+                                          : KeepByMarks(list, theVerses.data(), count);
+    const std::span<const std::int32_t> verses = {theVerses.data(), count};
+    int occurrences = 0;
+    for (const std::string& word : words) occurrences += CountLong(text, Want(word, true), verses);
+    return {verses, occurrences};
+}
+
+// ---- Parts of words -------------------------------------------------------------------------------------------------
+
+// The numbers of the words that contain `part`: the block of words ends with a zero byte, and no word is so long that
+// the sweep of its last bytes leaves the lists that follow in memory.
+static std::vector<int> WordsWith(const WordIndex& index, const WantedWord& wanted) {
+    const char* const begin = index.words.front().data();
+    const char* const end = index.words.back().data() + index.words.back().size();
+    std::vector<int> found;
+    auto word = index.words.begin();
+    const auto take = [&](const char* place) {
+        word = std::upper_bound(word, index.words.end(), place,
+                                [](const char* one, std::string_view other) { return one < other.data(); });
+        found.push_back(static_cast<int>(--word - index.words.begin()));
+        ++word;
+    };
+    const std::ptrdiff_t reach = static_cast<std::ptrdiff_t>(wanted.word.size()) + 2 * kBlockSize;
+    const char* place = begin;
+    const char* behind = begin;  // the end of the word that was found last
+    const auto look = [&](const char* at) {
+        if (at < behind) return;
+        take(at);
+        behind = at + std::strlen(at);
+    };
+    for (; end - place >= reach; place += kBlockSize)
+        for (unsigned bits = MayBeginAt(wanted.ends, place); bits != 0; bits &= bits - 1) {
+            const char* const at = place + std::countr_zero(bits);
+            if (IsWordAt(wanted, at)) look(at);
+        }
+    for (; end - place >= static_cast<std::ptrdiff_t>(wanted.word.size()); ++place)
+        if (std::string_view(place, wanted.word.size()) == wanted.word) look(place);
+    return found;
+}
+
+FloorAnswer FloorOfSubstring(const FloorText& text, std::string_view part) {
+    static VerseMarks marks;
+    marks.fill(0);
+    for (const int word : WordsWith(*text.index, Want(part, false))) Mark(ListOfNumber(text, word), marks);
+    static std::array<std::uint16_t, kVerseCount + kBlockSize> verses;
+    std::uint16_t* behind = verses.data();
+    for (std::size_t verse = 0; verse < marks.size();) {
+        std::uint64_t eight = 0;
+        std::memcpy(&eight, marks.data() + verse, std::min(sizeof eight, marks.size() - verse));
+        if (eight == 0) {
+            verse += sizeof eight;
+            continue;
+        }
+        for (const std::size_t end = std::min(verse + sizeof eight, marks.size()); verse < end; ++verse) {
+            *behind = static_cast<std::uint16_t>(verse);
+            behind += marks[verse];
+        }
+    }
+    return CountInList<false>(text, part, {verses.data(), behind});
 }

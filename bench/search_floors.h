@@ -1,7 +1,10 @@
-// Floors for searching: the simplest code that finds the same hits, without the program's options.
+// Floors for searching: the least work that finds the same verses and counts the same occurrences in the real text.
+// They walk the lists of the word index and sweep the verses' texts sixteen bytes at a time with SSE2, ignore case, and
+// know no other option, no range and no damaged file.
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -9,16 +12,33 @@
 #include "scripture/scripture.h"
 #include "search/word_index.h"
 
-// Marks the word in a copy of every verse of its verse list. Returns the number of marks.
-int MarkEveryHit(const Scripture& scripture, const WordIndex& index, std::string_view word);
+// `verses` stays valid until the next floor runs.
+struct FloorAnswer {
+    std::span<const std::int32_t> verses;
+    int occurrences = 0;
+};
 
-// Clears a counter for every verse and scans them once: the overhead of a search that can combine words.
-int ClearAndScanCounters(std::vector<std::uint16_t>& counters);
+// The text and the index as plain arrays.
+struct FloorText {
+    const char* begin;
+    const char* end;
+    const unsigned char* records;
+    const WordIndex* index;
+};
+FloorText FloorTextOf(const Scripture& scripture, const WordIndex& index);
 
-// Counts the verses in the words' verse lists, then examines every verse that is in all of them. Returns the number of
-// verses that contain `phrase` literally, ignoring case but not punctuation.
-int CheckCandidates(const Scripture& scripture, const WordIndex& index, const std::vector<std::string>& words,
-                    std::string_view phrase, std::vector<std::uint16_t>& counters);
+// Walks the word's list and counts the word in the texts of its verses.
+FloorAnswer FloorOfWord(const FloorText& text, std::string_view word);
 
-// Scans the whole text for `phrase`, sixteen bytes at a time. Returns the number of places.
-int SweepWholeText(const Scripture& scripture, std::string_view phrase);
+// The verses of the rarest word that are in the lists of the other ones too, and all words counted in them.
+FloorAnswer FloorOfAllWords(const FloorText& text, const std::vector<std::string>& words);
+
+// Walks the list of the rarest word and counts the phrase in the texts; verses with the phrase are looked up in the
+// lists of the other words.
+FloorAnswer FloorOfPhraseByList(const FloorText& text, const std::vector<std::string>& words);
+
+// Sweeps the whole text for the phrase; verses with it have to be in the lists of all words.
+FloorAnswer FloorOfPhraseBySweep(const FloorText& text, const std::vector<std::string>& words);
+
+// Sweeps the block of all words for those that contain `part`, unites their lists, and counts `part` in the texts.
+FloorAnswer FloorOfSubstring(const FloorText& text, std::string_view part);
