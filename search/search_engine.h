@@ -13,15 +13,13 @@
 
 #include "scripture/scripture.h"
 #include "search/query.h"
+#include "search/verse_lists.h"
 #include "search/word_index.h"
 
 struct SearchResult {
     std::vector<std::int32_t> verses;  // ascending
     int occurrences = 0;               // number of key words marked in these verses
 };
-
-// The number of query words in each verse. Working memory of a search, passed in so that it is allocated only once.
-using HitCounters = std::vector<std::uint16_t>;
 
 // Searches the verses of `range`. The result is empty if no verse qualifies or the query has no words. A phrase search
 // ignores the query's boolean type, and uses `substring` only to mark a single word.

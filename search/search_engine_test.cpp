@@ -319,6 +319,36 @@ TEST(Search, HandlesWordsOfAnyLength) {
             }
 }
 
+// The order within a list does not matter.
+TEST(Search, FindsTheSameWithListsInAnyOrder) {
+    SmallBible bible;
+    const FilesInMemory whole = MakeIndexFiles(kVerses);
+    FilesInMemory turned = whole;
+    WordIndex index = IndexOf(turned);
+    for (int word = 0; word < WordCount(index); ++word) {
+        const auto entries = EntriesOf(index, word);
+        const auto from = turned[kVerseListsFile].begin() + (entries.data() - index.verseLists.data());
+        for (std::size_t i = 0; i + 2 < entries.size() - i; i += 2) {
+            std::swap(from[static_cast<std::ptrdiff_t>(i)], from[static_cast<std::ptrdiff_t>(entries.size() - 2 - i)]);
+            std::swap(from[static_cast<std::ptrdiff_t>(i + 1)],
+                      from[static_cast<std::ptrdiff_t>(entries.size() - 1 - i)]);
+        }
+    }
+    index = IndexOf(turned);
+    ASSERT_FALSE(index.listsAscend);
+    for (const char* text : {"the", "the lord", "e", "and", "lord god", "he said", "the the"})
+        for (const int flags : kEveryFlags)
+            for (const int type : {kAllWords, kAnyWord, kOneWord})
+                for (const QueryKind kind : {kWords, kPhrase}) {
+                    const Query query = QueryFor(text, kind, flags, type);
+                    const SearchResult wanted = Find(bible, query);
+                    HitCounters hits;
+                    const SearchResult result = Search(bible.scripture, index, query, {}, hits);
+                    EXPECT_EQ(result.verses, wanted.verses) << text << flags;
+                    EXPECT_EQ(result.occurrences, wanted.occurrences) << text << flags;
+                }
+}
+
 // Damaged files may give wrong results, but nothing outside them may be accessed.
 TEST(Search, HandlesADamagedIndex) {
     SmallBible bible;

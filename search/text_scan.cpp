@@ -7,12 +7,7 @@
 
 #include "scripture/letters.h"
 #include "scripture/scripture.h"
-
-// VERSEWELL_NO_SSE2 disables the vector code; the byte-by-byte loops, which also handle short texts, are used instead.
-#if (defined(__SSE2__) || defined(_M_X64)) && !defined(VERSEWELL_NO_SSE2)
-#define VERSEWELL_USES_SSE2
-#include <emmintrin.h>
-#endif
+#include "search/text_blocks.h"
 
 bool IsLetterOrHigh(char c) {
     return IsLetter(c) || static_cast<unsigned char>(c) >= 0x80;
@@ -111,6 +106,10 @@ static PhrasePlace PhraseAround(std::string_view text, const PhrasePattern& patt
     return {first, last};
 }
 
+PhrasePlace PhraseAround(std::string_view text, const PhrasePattern& pattern, std::size_t place) {
+    return PhraseAround(text, pattern, pattern.anchor, place);
+}
+
 template <typename Visit>
 static void EachPhraseByteByByte(std::string_view text, const PhrasePattern& pattern, Visit visit) {
     for (std::size_t place = 0; place < text.size(); ++place) {
@@ -139,45 +138,12 @@ static void EachPhrase(std::string_view text, const PhrasePattern& pattern, Visi
 
 #else
 
-// Sixteen bytes of text are examined together, each as a possible start of a match. A comparison yields 0xFF in the
-// bytes where it is true and 0 in the others.
-using Block = __m128i;
-static constexpr std::size_t kBlockSize = 16;
-
-static Block Load(const char* from) {
-    return _mm_loadu_si128(reinterpret_cast<const Block*>(from));
-}
-
-static unsigned Bits(Block truths) {
-    return static_cast<unsigned>(_mm_movemask_epi8(truths));
-}
-
-namespace {
-
-// A byte to compare with; `fold` is the bit that an uppercase letter lacks if case is ignored, otherwise 0.
-struct WantedByte {
-    Block value;
-    Block fold;
-};
-
-}  // namespace
-
 static WantedByte Want(char c, bool anyCase) {
     return {_mm_set1_epi8(c), _mm_set1_epi8(FoldOf(c, anyCase))};
 }
 
-static Block Is(Block bytes, const WantedByte& wanted) {
-    return _mm_cmpeq_epi8(_mm_or_si128(bytes, wanted.fold), wanted.value);
-}
-
-// Shifts the folded letters to the highest signed byte values, so that one signed comparison finds them.
-static Block IsLetter(Block bytes) {
-    const Block folded = _mm_or_si128(bytes, _mm_set1_epi8(0x20));
-    return _mm_cmpgt_epi8(_mm_add_epi8(folded, _mm_set1_epi8(0x7F - 'z')), _mm_set1_epi8('a' - 1 + 0x7F - 'z'));
-}
-
 static Block IsLetterOrHigh(Block bytes) {
-    return _mm_or_si128(IsLetter(bytes), _mm_cmplt_epi8(bytes, _mm_setzero_si128()));
+    return _mm_or_si128(AreLetters(bytes), _mm_cmplt_epi8(bytes, _mm_setzero_si128()));
 }
 
 // Tests the places from `from` to `last` (at least 15), sixteen at a time: look(place, bits) gets the bits that
@@ -227,16 +193,6 @@ static Block AreWholeWords(std::string_view text, std::size_t place, std::size_t
     return _mm_andnot_si128(letters, _mm_set1_epi8('\xFF'));
 }
 
-// 0xFF in all bytes but the first `count`.
-static Block AllBut(std::size_t count) {
-    alignas(kBlockSize) static constexpr std::array<unsigned char, 2 * kBlockSize> kBytes = [] {
-        std::array<unsigned char, 2 * kBlockSize> bytes = {};
-        for (std::size_t i = kBlockSize; i < bytes.size(); ++i) bytes[i] = 0xFF;
-        return bytes;
-    }();
-    return Load(reinterpret_cast<const char*>(kBytes.data()) + kBlockSize - count);
-}
-
 static int SumOfBytes(Block bytes) {
     const Block halves = _mm_sad_epu8(bytes, _mm_setzero_si128());
     return _mm_cvtsi128_si32(halves) + _mm_cvtsi128_si32(_mm_srli_si128(halves, 8));
@@ -266,14 +222,14 @@ int CountInText(std::string_view text, std::string_view word, bool anyCase, bool
     }
     const std::size_t done = place - lastBlock;  // places of the last block that are already counted
     if (done == kBlockSize) return count;
-    const Block rest = _mm_and_si128(placesAt(lastBlock), AllBut(done));
+    const Block rest = _mm_andnot_si128(FirstBytes(done), placesAt(lastBlock));
     return count + SumOfBytes(_mm_sub_epi8(_mm_setzero_si128(), rest));
 }
 
 // Letters and spaces, which are never skipped in a phrase. Apostrophes are not included; a later exact check handles
 // them.
 static Block IsLetterOrBlank(Block bytes) {
-    return _mm_or_si128(IsLetter(bytes), _mm_cmpeq_epi8(bytes, _mm_set1_epi8(' ')));
+    return _mm_or_si128(AreLetters(bytes), _mm_cmpeq_epi8(bytes, _mm_set1_epi8(' ')));
 }
 
 // True where three consecutive bytes are true. The last two places are unknown and yield false, so they are not ruled
@@ -365,7 +321,7 @@ static void EachPhrase(std::string_view text, const PhrasePattern& pattern, Visi
         });
         const std::size_t count = SiftAnchors(text, pattern, {anchors.data(), blockCount}, places);
         for (const std::size_t place : std::span(places).first(count)) {
-            const PhrasePlace found = PhraseAround(text, pattern, pattern.anchor, place);
+            const PhrasePlace found = PhraseAround(text, pattern, place);
             if (found.first == kNoPlace || found.first < from) continue;
             visit(found);
             from = found.last + 1;

@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "scripture/little_endian.h"
+#include "search/text_scan.h"
 
 static constexpr std::size_t kPointerSize = 4;
 static constexpr std::size_t kEntrySize = 2;
@@ -25,16 +26,42 @@ static std::vector<std::string_view> WordsOf(std::span<const unsigned char> byte
     return words;
 }
 
+static std::string_view BlockOf(const std::vector<std::string_view>& words) {
+    if (words.empty()) return {};
+    const char* const begin = words.front().data();
+    return {begin, static_cast<std::size_t>(words.back().data() + words.back().size() - begin)};
+}
+
+static std::size_t PointerOf(const WordIndex& index, std::size_t word);
+
+// Is each entry of all lists less than the next one, except at the ends of lists?
+static bool DoListsAscend(const WordIndex& index) {
+    const std::size_t total = index.verseLists.size() / kEntrySize;
+    const auto entryAt = [&](std::size_t i) { return LittleEndian16(index.verseLists.data() + kEntrySize * i); };
+    std::size_t falls = 0;
+    for (std::size_t i = 1; i < total; ++i) falls += entryAt(i - 1) >= entryAt(i) ? 1 : 0;
+    std::size_t fallsBetween = 0;
+    for (std::size_t word = 1; word < index.words.size(); ++word) {
+        const std::size_t pointer = PointerOf(index, word);
+        if (pointer < PointerOf(index, word - 1) || pointer > total) return false;
+        const bool isBetween = pointer > PointerOf(index, word - 1) && pointer < total;
+        if (isBetween) fallsBetween += pointer > 0 && entryAt(pointer - 1) >= entryAt(pointer) ? 1 : 0;
+    }
+    return falls == fallsBetween;
+}
+
 IndexLoad LoadWordIndex(const DataFiles& files, WordIndex& index) {
     index = {};
     std::span<const unsigned char> wordBytes;
     if (!files.map(files.device, kWordsFile, AccessPattern::kSequential, wordBytes) || wordBytes.empty())
         return IndexLoad::kFailed;
     index.words = WordsOf(wordBytes);
+    index.wordBlock = BlockOf(index.words);
     if (!files.map(files.device, kWordPointersFile, AccessPattern::kSequential, index.pointers))
         return IndexLoad::kFailed;
     if (!files.map(files.device, kVerseListsFile, AccessPattern::kRandom, index.verseLists))
         return IndexLoad::kNoVerseLists;
+    index.listsAscend = DoListsAscend(index);
     return IndexLoad::kLoaded;
 }
 
@@ -58,6 +85,30 @@ std::span<const unsigned char> EntriesOf(const WordIndex& index, int word) {
     const std::size_t end = std::min(PointerOf(index, static_cast<std::size_t>(word) + 1), total);
     if (begin >= end) return {};
     return index.verseLists.subspan(begin * kEntrySize, (end - begin) * kEntrySize);
+}
+
+// The word from `word` on that contains `place`. The next ones are tried first: parts of many words are found in most.
+static std::vector<std::string_view>::const_iterator WordAt(std::vector<std::string_view>::const_iterator word,
+                                                            std::vector<std::string_view>::const_iterator end,
+                                                            const char* place) {
+    static constexpr int kNear = 8;
+    const auto isBefore = [place](std::string_view each) { return each.data() + each.size() <= place; };
+    for (int i = 0; i < kNear; ++i, ++word)
+        if (!isBefore(*word)) return word;
+    return std::partition_point(word, end, isBefore);
+}
+
+std::vector<int> WordsWith(const WordIndex& index, std::string_view part) {
+    std::vector<int> found;
+    const std::string_view block = index.wordBlock;
+    auto word = index.words.begin();
+    for (std::size_t place = FindInText(block, part, false, 0); place != kNoPlace;
+         place = FindInText(block, part, false, place)) {
+        word = WordAt(word, index.words.end(), block.data() + place);
+        found.push_back(static_cast<int>(word - index.words.begin()));
+        place = static_cast<std::size_t>(word->data() + word->size() - block.data());
+    }
+    return found;
 }
 
 int FindWord(const WordIndex& index, std::string_view lowerCased) {

@@ -3,7 +3,8 @@
 // `_avwrds.dat`: the words: lower-case letters and apostrophes, unique, in ascending order of unsigned bytes, each
 //                terminated by a zero byte. Word number k is the k-th.
 // `_avwptr.dat`: for each word, 32 bits: the start of its verses in `_avwidx.dat`, counted in 16-bit entries.
-// `_avwidx.dat`: the verse indexes, 16 bits each, the lists of all words back to back. A list has each verse only once.
+// `_avwidx.dat`: the verse indexes, 16 bits each, the lists of all words back to back. A list has each verse only once,
+//                in ascending order (others are searched too, but more slowly).
 // All files are little-endian and have no header.
 #pragma once
 
@@ -20,8 +21,10 @@ inline constexpr char kVerseListsFile[] = "_avwidx.dat";
 
 struct WordIndex {
     std::vector<std::string_view> words;        // in file order, each followed by its terminating zero
+    std::string_view wordBlock;                 // all of them, as in the file
     std::span<const unsigned char> pointers;    // four bytes per word
     std::span<const unsigned char> verseLists;  // two bytes per entry
+    bool listsAscend = false;                   // is every list in ascending order, with no verse twice?
 };
 
 enum class IndexLoad {
@@ -39,6 +42,9 @@ int WordCount(const WordIndex& index);
 // The verse entries of word number `word`, two little-endian bytes each; empty if there is no such word. Stays inside
 // the lists even if the pointers are invalid.
 std::span<const unsigned char> EntriesOf(const WordIndex& index, int word);
+
+// Numbers of the words that contain `part`, ascending.
+std::vector<int> WordsWith(const WordIndex& index, std::string_view part);
 
 // Number of the word equal to `lowerCased`; -1 if the index does not have it.
 int FindWord(const WordIndex& index, std::string_view lowerCased);

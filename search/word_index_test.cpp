@@ -126,6 +126,44 @@ TEST(EntriesOf, StayInsideTheListsForAnyPointers) {
     }
 }
 
+TEST(LoadWordIndex, KnowsWhetherAllListsAscend) {
+    static const struct {
+        const char* why;
+        std::vector<unsigned char> pointers;
+        std::vector<unsigned char> lists;
+        bool ascend;
+    } kRows[] = {
+        {"two lists", {0, 0, 0, 0, 2, 0, 0, 0}, {7, 0, 9, 0, 3, 0, 8, 0}, true},
+        {"an empty list", {0, 0, 0, 0, 0, 0, 0, 0}, {7, 0, 8, 0}, true},
+        {"an empty last list", {0, 0, 0, 0, 2, 0, 0, 0}, {7, 0, 8, 0}, true},
+        {"a verse twice", {0, 0, 0, 0, 1, 0, 0, 0}, {7, 0, 8, 0, 8, 0}, false},
+        {"the first list falls", {0, 0, 0, 0, 2, 0, 0, 0}, {9, 0, 8, 0, 9, 0}, false},
+        {"the last list falls", {0, 0, 0, 0, 1, 0, 0, 0}, {9, 0, 1, 1, 0, 1}, false},
+        {"lists that overlap", {1, 0, 0, 0, 0, 0, 0, 0}, {7, 0, 8, 0}, false},
+        {"a list behind the end", {0, 0, 0, 0, 3, 0, 0, 0}, {7, 0, 8, 0}, false},
+        {"a fall where a list ends that begins behind it", {0, 0, 0, 0, 0, 0, 0, 0}, {8, 0, 7, 0}, false},
+    };
+    for (const auto& row : kRows) {
+        FilesInMemory files = {
+            {kWordsFile, {'a', 0, 'b', 0}}, {kWordPointersFile, row.pointers}, {kVerseListsFile, row.lists}};
+        EXPECT_EQ(IndexOf(files).listsAscend, row.ascend) << row.why;
+    }
+    EXPECT_TRUE(TheRealWordIndex().listsAscend);
+}
+
+TEST(WordsWith, AreTheWordsThatContainThePart) {
+    const WordIndex& index = TheRealWordIndex();
+    for (const char* const part :
+         {"love", "e", "'s", "zz", "zzz", "lord", "a", "aa", "ah", "zuzims", "the", "nosuchpart"}) {
+        std::vector<int> wanted;
+        for (int word = 0; word < WordCount(index); ++word)
+            if (index.words[static_cast<std::size_t>(word)].find(part) != std::string_view::npos)
+                wanted.push_back(word);
+        EXPECT_EQ(WordsWith(index, part), wanted) << part;
+    }
+    EXPECT_TRUE(WordsWith({}, "a").empty());
+}
+
 // Compares the real index with the text, word by word.
 TEST(TheRealWordIndex, ListsTheVersesOfEveryWordOfTheText) {
     std::map<std::string, std::vector<int>> wanted;
