@@ -6,8 +6,11 @@
 #include <array>
 #include <cstdint>
 #include <cstring>
+#include <string>
+#include <string_view>
+#include <vector>
 
-#include "bench/search_floors.h"
+#include "bench/floor_text.h"
 
 // For what runs once for each block or verse: a call would cost more than the work.
 #define VERSEWELL_FLOOR [[gnu::always_inline]] inline

@@ -3,29 +3,11 @@
 // know no other option, no range and no damaged file.
 #pragma once
 
-#include <cstdint>
-#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "scripture/scripture.h"
-#include "search/word_index.h"
-
-// `verses` stays valid until the next floor runs.
-struct FloorAnswer {
-    std::span<const std::int32_t> verses;
-    int occurrences = 0;
-};
-
-// The text and the index as plain arrays.
-struct FloorText {
-    const char* begin;
-    const char* end;
-    const unsigned char* records;
-    const WordIndex* index;
-};
-FloorText FloorTextOf(const Scripture& scripture, const WordIndex& index);
+#include "bench/floor_text.h"
 
 // Walks the word's list and counts the word in the texts of its verses.
 FloorAnswer FloorOfWord(const FloorText& text, std::string_view word);
