@@ -77,6 +77,9 @@ struct NoteFiles {
     // Opens an existing file for reading, unshared.
     void* (*open)(void* device, const std::string& name) = nullptr;
 
+    // The same, but other programs may read the file meanwhile, too.
+    void* (*openShared)(void* device, const std::string& name) = nullptr;
+
     // Opens a file for writing, unshared, and discards its previous contents.
     void* (*createAnew)(void* device, const std::string& name) = nullptr;
 
@@ -100,9 +103,12 @@ struct CloseNoteFile {
 };
 using OwnedNoteFile = std::unique_ptr<void, CloseNoteFile>;
 
-// `open` and `createAnew` returning an owner; null if the file could not be opened.
+// `open`, `openShared` and `createAnew` returning an owner; null if the file could not be opened.
 inline OwnedNoteFile OpenNoteFile(const NoteFiles& files, const std::string& name) {
     return {files.open(files.device, name), {&files}};
+}
+inline OwnedNoteFile OpenSharedNoteFile(const NoteFiles& files, const std::string& name) {
+    return {files.openShared(files.device, name), {&files}};
 }
 inline OwnedNoteFile CreateNoteFileAnew(const NoteFiles& files, const std::string& name) {
     return {files.createAnew(files.device, name), {&files}};

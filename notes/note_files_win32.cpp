@@ -129,6 +129,10 @@ static void* Open(void* device, const std::string& name) {
     return OpenUnshared(device, name, GENERIC_READ, OPEN_EXISTING);
 }
 
+static void* OpenShared(void* device, const std::string& name) {
+    return OpenToRead(device, name).release();
+}
+
 static void* CreateAnew(void* device, const std::string& name) {
     return OpenUnshared(device, name, GENERIC_WRITE, CREATE_ALWAYS);
 }
@@ -160,6 +164,7 @@ NoteFiles NoteFilesIn(std::wstring& folder) {
         .link = Link,
         .makeFolder = MakeFolder,
         .open = Open,
+        .openShared = OpenShared,
         .createAnew = CreateAnew,
         .readAt = ReadAt,
         .write = Write,

@@ -1,71 +1,162 @@
 #include "notes/note_search.h"
 
 #include <algorithm>
+#include <memory>
+#include <span>
 
 #include "notes/note_refresh.h"
-#include "notes/note_source.h"
-#include "scripture/letters.h"
 #include "search/text_scan.h"
 
-static std::size_t PlaceOf(char c) {
-    return static_cast<unsigned char>(c);
-}
+static constexpr std::size_t kWindowSize = std::size_t{1} << 20;  // stays in the processor's cache while it is searched
 
-LetterTable AsciiLetters() {
-    LetterTable letters;
-    for (std::size_t byte = 0; byte < letters.capitals.size(); ++byte) {
-        const char c = static_cast<char>(byte);
-        letters.capitals[byte] = IsLetter(c) && !IsCapital(c) ? static_cast<char>(c - ('a' - 'A')) : c;
-        letters.inWords[byte] = IsLetterOrDigit(c);
+static_assert(kWindowSize >= kNoteBufferSize);
+
+namespace {
+
+// Notes that are behind one another in the data file, so that they can be searched as one text.
+struct Stretch {
+    int first = 0, last = 0;
+    std::uint64_t offset = 0;  // in the data file
+    std::uint64_t size = 0;    // in bytes; for the last verse of all only an upper limit
+};
+
+struct NoteSweep {
+    const NoteFiles& files;
+    NoteSet& set;
+    const NoteQuery& query;
+    const LetterTable& letters;
+    SweepTarget target;
+    std::size_t from = 0;       // offset in the first note that is searched
+    OwnedNoteFile file{};       // open during the whole search
+    std::string_view window{};  // the bytes of a stretch
+    bool isCut = false;         // fewer bytes than asked for could be read
+    std::unique_ptr<unsigned char[]> memory = std::make_unique_for_overwrite<unsigned char[]>(kWindowSize);
+};
+
+// Places in the window.
+struct NoteInWindow {
+    int verse = 0;
+    std::size_t begin = 0, end = 0;  // of its text; the two are equal if it has none
+    std::size_t next = 0;            // where the next note begins
+};
+
+}  // namespace
+
+// ---- Stretches ------------------------------------------------------------------------------------------------------
+
+// A damaged index may have offsets that are not in order, or a note that is longer than notes can be. Where the note of
+// the last verse ends is not known before it is read. Each of these is a stretch of its own.
+static Stretch StretchFrom(const NoteSet& set, int first, int last) {
+    const StoredNote start = StoredNoteOf(set, first);
+    if (start.length > kWindowSize) return {first, first, start.offset, kNoteBufferSize};
+    Stretch stretch{first, first, start.offset, start.length};
+    while (stretch.last < std::min(last, kLastVerse - 1)) {
+        const StoredNote next = StoredNoteOf(set, stretch.last + 1);
+        if (next.offset != stretch.offset + stretch.size || stretch.size + next.length > kWindowSize) break;
+        ++stretch.last;
+        stretch.size += next.length;
     }
-    return letters;
+    return stretch;
 }
 
-static void PutInCapitals(const LetterTable& letters, std::string& text) {
-    for (char& c : text) c = letters.capitals[PlaceOf(c)];
+static std::uint64_t EndOf(const StoredNote& note) {
+    return note.offset + note.length;
 }
 
-std::string InCapitals(const LetterTable& letters, std::string_view text) {
-    std::string capitals(text);
-    PutInCapitals(letters, capitals);
-    return capitals;
+// If not all bytes can be read, the stretch becomes shorter. Its first note then has those that there are.
+static void ReadWindow(NoteSweep& sweep, Stretch& stretch) {
+    const std::span bytes(sweep.memory.get(), static_cast<std::size_t>(stretch.size));
+    const std::size_t read = sweep.files.readAt(sweep.files.device, sweep.file.get(), stretch.offset, bytes);
+    sweep.window = {reinterpret_cast<const char*>(bytes.data()), read};
+    sweep.isCut = read < bytes.size();
+    if (!sweep.isCut) return;
+    int last = stretch.first;
+    while (last < stretch.last && EndOf(StoredNoteOf(sweep.set, last + 1)) <= stretch.offset + read) ++last;
+    stretch.last = last;
 }
 
-static bool StandsAlone(const LetterTable& letters, std::string_view note, std::size_t place, std::size_t size) {
-    const auto isInWord = [&](std::size_t at) { return at < note.size() && letters.inWords[PlaceOf(note[at])]; };
-    return !(place > 0 && isInWord(place - 1)) && !isInWord(place + size);
+// ---- The notes of a stretch -----------------------------------------------------------------------------------------
+
+static NoteInWindow NoteOf(const NoteSweep& sweep, const Stretch& stretch, int verse) {
+    const StoredNote stored = StoredNoteOf(sweep.set, verse);
+    const auto begin = static_cast<std::size_t>(stored.offset - stretch.offset);
+    const auto length = static_cast<std::size_t>(std::min<std::uint64_t>(stored.length, kWindowSize));
+    const std::size_t shown = std::min(length, kNoteBufferSize - 1);  // as much as the view shows
+    const std::string_view text = sweep.window.substr(begin, shown);
+    const bool exists = length > 1;
+    return {verse, begin, begin + (exists ? std::min(text.find('\0'), text.size()) : 0), begin + length};
 }
 
-// First match at `from` or later. After a match inside a longer word the search continues after the whole match.
-static std::size_t FindInNote(const LetterTable& letters, const NoteQuery& query, std::string_view note,
-                              std::size_t from) {
-    static constexpr bool kAnyCase = false;  // both are already in capitals if case is ignored
-    const std::size_t size = query.text.size();
-    while (from <= note.size()) {
-        const std::size_t place = FindInText(note, query.text, kAnyCase, from);
-        if (place == kNoPlace || query.substrings || StandsAlone(letters, note, place, size)) return place;
-        from = place + size;
+// The note of the stretch that has `place` in it, given one that begins before or there.
+static NoteInWindow NoteAt(const NoteSweep& sweep, const Stretch& stretch, const NoteInWindow& before,
+                           std::size_t place) {
+    if (place < before.next || before.verse == stretch.last) return before;
+    int verse = before.verse + 1;
+    while (verse < stretch.last && EndOf(StoredNoteOf(sweep.set, verse)) - stretch.offset <= place) ++verse;
+    return NoteOf(sweep, stretch, verse);
+}
+
+static bool StandsAlone(const NoteSweep& sweep, const NoteInWindow& note, std::size_t place) {
+    const auto isInWord = [&](std::size_t at) {
+        return sweep.letters.inWords[static_cast<unsigned char>(sweep.window[at])];
+    };
+    const std::size_t end = place + sweep.query.text.size();
+    return !(place > note.begin && isInWord(place - 1)) && !(end < note.end && isInWord(end));
+}
+
+// After a match inside a longer word the search continues after the whole match.
+static NoteMatch FindInStretch(const NoteSweep& sweep, const Stretch& stretch) {
+    const std::size_t size = sweep.query.text.size();
+    NoteInWindow note = NoteOf(sweep, stretch, stretch.first);
+    std::size_t place = std::min(note.begin + sweep.from, note.end);
+    while ((place = FindTarget(sweep.target, sweep.window, place)) != kNoPlace) {
+        note = NoteAt(sweep, stretch, note, place);
+        const bool isInNote = place + size <= note.end;
+        if (isInNote && (sweep.query.substrings || StandsAlone(sweep, note, place)))
+            return {NoteSearchEnd::kFound, note.verse, place - note.begin};
+        place += isInNote ? size : 1;
     }
-    return kNoPlace;
+    return {};
+}
+
+// ---- The search -----------------------------------------------------------------------------------------------------
+
+// The first verse from `verse` on that has a note; beyond `last` if there is none.
+static int VerseWithNote(const NoteSweep& sweep, int verse, int last) {
+    while (verse <= last && !NoteExists(sweep.files, sweep.set, verse)) ++verse;
+    return verse;
+}
+
+// Opens the file again if the set had to be read again.
+static SetRefresh OpenCurrent(NoteSweep& sweep) {
+    const SetRefresh refresh = RefreshSet(sweep.files, sweep.set);
+    if (refresh == SetRefresh::kReadAgain) sweep.file.reset();
+    if (refresh == SetRefresh::kUnchanged && !sweep.file) {
+        sweep.file = OpenSharedNoteFile(sweep.files, sweep.set.dataFileName);
+        if (!sweep.file) return SetRefresh::kUnreadable;
+    }
+    return refresh;
 }
 
 NoteMatch FindInNotes(const NoteFiles& files, NoteSet& set, const LetterTable& letters, const NoteQuery& query,
                       ResumePoint resume, const SearchProgress& progress) {
     if (resume.verse < query.range.StartVerse) resume = {query.range.StartVerse, 0};
     RefreshSet(files, set);
-    NoteReader notes{files, set};
-    const NoteSource source = SourceOf(notes);
-    std::string note;
-    for (int verse = resume.verse; verse <= query.range.EndVerse; ++verse) {
+    const int last = query.range.EndVerse;
+    NoteSweep sweep{files,        set, query, letters, TargetOf(query.text, query.caseSensitive ? nullptr : &letters),
+                    resume.offset};
+    for (int verse = VerseWithNote(sweep, resume.verse, last); verse <= last;
+         verse = VerseWithNote(sweep, verse, last)) {
         progress.reached(progress.device, verse);
-        const NoteFound found = source.noteOf(source.device, verse, note);
-        if (found == NoteFound::kUnreadable) return {NoteSearchEnd::kUnreadable, verse};
-        if (found == NoteFound::kNone) continue;
-        note.resize(std::min(note.size(), kNoteBufferSize - 1));  // as much as the view shows
-        if (!query.caseSensitive) PutInCapitals(letters, note);
-        const std::size_t place = FindInNote(letters, query, note, resume.offset);
-        if (place != kNoPlace) return {NoteSearchEnd::kFound, verse, place};
-        resume.offset = 0;
+        const SetRefresh refresh = OpenCurrent(sweep);
+        if (refresh == SetRefresh::kUnreadable) return {NoteSearchEnd::kUnreadable, verse};
+        if (refresh == SetRefresh::kReadAgain) continue;  // the verse may have no note any more
+        Stretch stretch = StretchFrom(set, verse, sweep.isCut ? verse : last);
+        ReadWindow(sweep, stretch);
+        const NoteMatch match = FindInStretch(sweep, stretch);
+        if (match.end == NoteSearchEnd::kFound) return match;
+        sweep.from = 0;
+        verse = stretch.last + 1;
     }
     return {};
 }

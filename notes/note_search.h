@@ -1,28 +1,15 @@
-// Searching the notes of a set, verse by verse. The search reads notes into its own buffer, so that notes it only scans
-// never appear in the Notes window or the editor.
+// Searching the notes of a set in the order of their verses. The search reads them into its own buffer, so that notes it
+// only scans never appear in the Notes window or the editor.
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <string>
-#include <string_view>
 
 #include "notes/note_sets.h"
+#include "notes/text_sweep.h"
 #include "search/query.h"
 
 inline constexpr int kNoteSearchTextLimit = 149;  // characters
-
-// Capital letters, and the set of letters and digits, of a code page.
-struct LetterTable {
-    std::array<char, 256> capitals{};  // capital of each byte, or the byte itself
-    std::array<bool, 256> inWords{};   // is the byte a letter or a digit?
-};
-
-// The table of plain ASCII.
-LetterTable AsciiLetters();
-
-// `text` converted to capitals.
-std::string InCapitals(const LetterTable& letters, std::string_view text);
 
 // Where a search continues.
 struct ResumePoint {
@@ -45,7 +32,7 @@ struct NoteMatch {
     std::size_t offset = 0;  // in the note; the match has the length of the query's text
 };
 
-// Called with each verse that the search reaches.
+// Called before each part of the data file, a megabyte or less, with the first verse whose note is in it.
 struct SearchProgress {
     void* device = nullptr;  // passed to `reached`
     void (*reached)(void* device, int verse) = nullptr;

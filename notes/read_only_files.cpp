@@ -67,10 +67,18 @@ static bool Create(void* device, const std::string& name, std::span<const unsign
 
 // ---- Open files -----------------------------------------------------------------------------------------------------
 
-static void* Open(void* device, const std::string& name) {
+static void* OpenBy(void* (*open)(void* device, const std::string& name), void* device, const std::string& name) {
     if (const Bytes* created = CreatedFile(device, name)) return new OpenedFile{.created = created};
-    void* file = FilesOf(device).open(FilesOf(device).device, name);
+    void* file = open(FilesOf(device).device, name);
     return file != nullptr ? new OpenedFile{.file = file} : nullptr;
+}
+
+static void* Open(void* device, const std::string& name) {
+    return OpenBy(FilesOf(device).open, device, name);
+}
+
+static void* OpenShared(void* device, const std::string& name) {
+    return OpenBy(FilesOf(device).openShared, device, name);
 }
 
 static std::size_t ReadAt(void* device, void* opened, std::uint64_t offset, std::span<unsigned char> bytes) {
@@ -127,6 +135,7 @@ NoteFiles DeviceOver(ReadOnlyFiles& readOnly) {
         .link = CannotMove,
         .makeFolder = CannotChange,
         .open = Open,
+        .openShared = OpenShared,
         .createAnew = CannotCreateAnew,
         .readAt = ReadAt,
         .write = CannotWrite,

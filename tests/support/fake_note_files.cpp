@@ -240,6 +240,7 @@ NoteFiles DeviceOver(FakeNoteFiles& files) {
             .link = Link,
             .makeFolder = MakeFolder,
             .open = Open,
+            .openShared = Open,
             .createAnew = CreateAnew,
             .readAt = ReadAt,
             .write = Write,

@@ -167,6 +167,7 @@ NoteFiles DeviceOver(RealNoteFiles& files) {
             .link = Link,
             .makeFolder = MakeFolder,
             .open = Open,
+            .openShared = Open,
             .createAnew = CreateAnew,
             .readAt = ReadAt,
             .write = Write,
