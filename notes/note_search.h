@@ -1,5 +1,5 @@
-// Searching the notes of a set in the order of their verses. The search reads them into its own buffer, so that notes it
-// only scans never appear in the Notes window or the editor.
+// Searching the notes of a set in the order of their verses. The search reads them into its own buffer, so that notes
+// it only scans never appear in the Notes window or the editor.
 #pragma once
 
 #include <cstddef>

@@ -10,7 +10,10 @@
 #include "win32/dialogs.h"
 #include "win32/help_viewer.h"
 
-static ResumePoint theResumePoint;  // of the open dialog
+static constexpr int kDialogIsShown = 9000;  // a command that the dialog posts to itself; no control has this id
+
+static ResumePoint theResumePoint;     // of the open dialog
+static SearchProgressBox theProgress;  // hidden between its searches
 
 // The table of the system's code page.
 static LetterTable SystemLetters() {
@@ -34,6 +37,7 @@ static void Fill(HWND dialog) {
     SetChecked(dialog, IDC_CASE_SENSITIVE, theSearch.options.CaseSensitive != 0);
     SetChecked(dialog, IDC_SUBSTRING, theSearch.options.SubString != 0);
     theResumePoint = BehindSelection();
+    PostMessageA(dialog, WM_COMMAND, kDialogIsShown, 0);
 }
 
 static void Read(HWND dialog) {
@@ -82,9 +86,9 @@ static void Find(HWND dialog) {
     }
     const LetterTable letters = SystemLetters();
     if (!theSearch.options.CaseSensitive) theSearch.NoteSearchText = InCapitals(letters, theSearch.NoteSearchText);
-    SearchProgressBox progress = OpenSearchProgress(dialog, theSearch.range);
-    Tell(dialog, Search(FrameOf(dialog), letters, progress), progress);
-    CloseSearchProgress(progress);
+    BeginSearchProgress(theProgress, dialog, theSearch.range);
+    Tell(dialog, Search(FrameOf(dialog), letters, theProgress), theProgress);
+    HideSearchProgress(theProgress);
     theResumePoint = BehindSelection();
 }
 
@@ -95,6 +99,7 @@ static void OnCommand(HWND dialog, int control, UINT) {
             Find(dialog);
             break;
         case IDC_FIND_NEXT: Find(dialog); break;
+        case kDialogIsShown: CreateSearchProgress(theProgress, dialog); break;
         case IDC_RANGE: AskSearchRange(dialog); break;
         case IDC_HELP_BUTTON: OpenHelpTopic(dialog, kHelpFile, kTopicSearchNotes); break;
     }
@@ -104,5 +109,6 @@ void AskNoteSearch(HWND frame) {
     if (theNoteSets.sets.empty()) return;
     KeepNoteSelectionShown(true);
     RunDialog(frame, {"SEARCHNOTES", Fill, OnCommand});
+    theProgress = {};  // the box was the dialog's
     KeepNoteSelectionShown(false);
 }

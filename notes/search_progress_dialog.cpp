@@ -8,20 +8,24 @@
 static constexpr int kBarSteps = 200;         // about the bar's width in pixels
 static constexpr ULONGLONG kUnseenFor = 150;  // milliseconds: avoids flicker when a search ends quickly
 
-static INT_PTR CALLBACK ProgressProcedure(HWND dialog, UINT message, WPARAM, LPARAM) {
-    if (message == WM_INITDIALOG) PlaceDialog(dialog);
+static INT_PTR CALLBACK ProgressProcedure(HWND, UINT, WPARAM, LPARAM) {
     return FALSE;
 }
 
-SearchProgressBox OpenSearchProgress(HWND owner, const SearchRange& range) {
-    SearchProgressBox box;
+void CreateSearchProgress(SearchProgressBox& box, HWND owner) {
+    if (box.dialog != nullptr) return;
     box.dialog = CreateDialogParamA(GetModuleHandleA(nullptr), "SEARCHPROGRESS", owner, ProgressProcedure, 0);
     box.bar = GetDlgItem(box.dialog, IDC_SEARCH_PROGRESS);
+}
+
+void BeginSearchProgress(SearchProgressBox& box, HWND owner, const SearchRange& range) {
+    CreateSearchProgress(box, owner);
+    PlaceDialog(box.dialog);
     box.barStep = std::max(1, (range.EndVerse - range.StartVerse) / kBarSteps);
     box.shownVerse = range.StartVerse;
     box.startedAt = GetTickCount64();
     SendMessageA(box.bar, PBM_SETRANGE32, static_cast<WPARAM>(range.StartVerse), range.EndVerse);
-    return box;
+    SendMessageA(box.bar, PBM_SETPOS, static_cast<WPARAM>(range.StartVerse), 0);
 }
 
 static void Show(const SearchProgressBox& box) {
@@ -51,7 +55,6 @@ void ShowSearchEnd(SearchProgressBox& box, int verse) {
     Show(box);
 }
 
-void CloseSearchProgress(SearchProgressBox& box) {
-    DestroyWindow(box.dialog);
-    box = {};
+void HideSearchProgress(const SearchProgressBox& box) {
+    ShowWindow(box.dialog, SW_HIDE);
 }

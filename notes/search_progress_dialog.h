@@ -12,8 +12,13 @@ struct SearchProgressBox {
     ULONGLONG startedAt = 0;  // milliseconds of the system's clock
 };
 
-// Creates the box over `owner` for a search of the verses of `range`. It only appears if the search takes some time.
-SearchProgressBox OpenSearchProgress(HWND owner, const SearchRange& range);
+// Creates the hidden box over `owner`, which destroys it. Takes longer than most searches, so a dialog that will search
+// does it when it has been shown. Does nothing if the box exists.
+void CreateSearchProgress(SearchProgressBox& box, HWND owner);
+
+// Begins a search of the verses of `range`; creates the box if necessary. It only appears if the search takes some
+// time.
+void BeginSearchProgress(SearchProgressBox& box, HWND owner, const SearchRange& range);
 
 // Returns the callback that moves the bar; `box` must outlive it.
 SearchProgress ProgressOf(SearchProgressBox& box);
@@ -21,4 +26,4 @@ SearchProgress ProgressOf(SearchProgressBox& box);
 // Shows the box with its bar at `verse` while the result of the search is reported.
 void ShowSearchEnd(SearchProgressBox& box, int verse);
 
-void CloseSearchProgress(SearchProgressBox& box);
+void HideSearchProgress(const SearchProgressBox& box);
