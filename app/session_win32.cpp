@@ -8,6 +8,7 @@
 #include "app/frame_win32.h"
 #include "app/session.h"
 #include "app/session_pace.h"
+#include "app/set_checks_win32.h"
 #include "app/startup_win32.h"
 #include "notes/note_editor_window.h"
 #include "notes/note_files_win32.h"
@@ -120,6 +121,8 @@ bool NextMessage(MSG& message) {
     bool isAwake = false;
     while (!PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
         if (isAwake) NoteActivity(theKept.pace, GetTickCount64());  // awake for a sent message
+        isAwake = false;
+        if (CheckSetsInIdleTime()) continue;
         isAwake =
             MsgWaitForMultipleObjectsEx(0, nullptr, TimeToCheck(), QS_ALLINPUT, MWMO_INPUTAVAILABLE) != WAIT_TIMEOUT;
         KeepSession();

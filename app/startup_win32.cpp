@@ -6,8 +6,8 @@
 #include "app/pane_focus_win32.h"
 #include "app/passage_commands_win32.h"
 #include "app/profile_file_win32.h"
+#include "app/set_checks_win32.h"
 #include "app/toolbar_win32.h"
-#include "history/set_states.h"
 #include "notes/note_editor_window.h"
 #include "notes/note_tabs_win32.h"
 #include "notes/notes_window.h"
@@ -71,10 +71,6 @@ static void ReadDefaultPageSetup() {
     page.Flags = PSD_RETURNDEFAULT | PSD_NOWARNING;
     page.rtMargin = {kMargin, kMargin, kMargin, kMargin};
     PageSetupDlgA(&page);
-}
-
-static bool HasWholeState(const NoteSet& set) {
-    return HasWholeState(TheNoteFiles(), NoteSetName(set));
 }
 
 static void CreatePanes(HWND frame) {
@@ -166,7 +162,7 @@ static void ShowFirstNote() {
     SetNotesFont(theFrame.fonts.notes);
     LayOut();
     SelectNoteTab(theNoteSets.currentSet);
-    ReadNote(theNoteSets.currentVerse);
+    ReadFirstNote();
 }
 
 bool StartUp(HWND frame) {
@@ -182,7 +178,7 @@ bool StartUp(HWND frame) {
     if (!theFrame.toolbar) return false;
     CreateBars(frame);
     WatchTabs();
-    theFrame.damagedSet = LoadNoteSets(HasWholeState);
+    OpenSets();
     CreatePanes(frame);
     const StoreLoad store = LoadStore();
     if (store != StoreLoad::kLoaded) return store == StoreLoad::kStopped;

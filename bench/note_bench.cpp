@@ -13,9 +13,9 @@
 
 #include "bench/outcomes.h"
 #include "notes/note_history.h"
-#include "notes/note_recovery.h"
 #include "notes/note_saving.h"
 #include "notes/note_search.h"
+#include "tests/support/checked_sets.h"
 #include "tests/support/native_scripture.h"
 #include "tests/support/real_note_files.h"
 
@@ -171,7 +171,7 @@ static void SeekAndRead(const std::string& folder, int verse) {
 // ---- The program's procedures ---------------------------------------------------------------------------------------
 
 static void OpenSets(const NoteFiles& files, NoteSets& notes) {
-    if (!OpenNoteSets(files, notes).report.empty()) std::abort();
+    if (!OpenAndCheckSets(files, notes).report.empty()) std::abort();
 }
 
 static void SaveMiddle(const NoteFiles& files, NoteSets& notes, std::string& text) {
@@ -217,7 +217,7 @@ static void Measure(const std::string& folder) {
     const NoteFiles files = DeviceOver(real);
     WriteLargeSet(folder);
     NoteSets notes;
-    PrintPair("opening a set of 62 MB with every note's end / reading it",
+    PrintPair("opening and checking a set of 62 MB / reading it",
               Compare([&] { OpenSets(files, notes); }, [&] { ReadBothFiles(folder); }));
     const VerseRecords& records = TheRealScripture().records;
     PrintPair("2000 notes / a seek and a read each",

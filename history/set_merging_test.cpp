@@ -12,6 +12,7 @@
 #include "notes/note_recovery.h"
 #include "notes/note_saving.h"
 #include "notes/set_texts.h"
+#include "tests/support/checked_sets.h"
 #include "tests/support/fake_note_files.h"
 
 using testing::ElementsAre;
@@ -78,7 +79,7 @@ static SetMergeEnd Merge(FakeNoteFiles& files, NoteSets& notes, const std::strin
 
 static NoteSets Opened(FakeNoteFiles& files) {
     NoteSets notes;
-    OpenNoteSets(DeviceOver(files), notes);
+    OpenAndCheckSets(DeviceOver(files), notes);
     return notes;
 }
 

@@ -6,6 +6,7 @@
 #include "notes/note_history.h"
 #include "notes/note_recovery.h"
 #include "notes/note_set_changes.h"
+#include "tests/support/checked_sets.h"
 #include "tests/support/fake_note_files.h"
 
 using testing::ElementsAre;
@@ -37,7 +38,7 @@ static SetBackup TheState(FakeNoteFiles& files) {
 
 static NoteSets Opened(FakeNoteFiles& files) {
     NoteSets notes;
-    OpenNoteSets(DeviceOver(files), notes);
+    OpenAndCheckSets(DeviceOver(files), notes);
     return notes;
 }
 
@@ -160,7 +161,7 @@ TEST(RestoredState, ReplacesTheSetOfItsName) {
     EXPECT_THAT(earlier, ElementsAre(EarlierNote{kNow.seconds, 7, KeptReason::kRestored, "seven"},
                                      EarlierNote{kNow.seconds, 9, KeptReason::kRestored, "new"},
                                      EarlierNote{kNow.seconds, 31101, KeptReason::kRestored, "last, longer"}));
-    EXPECT_EQ(OpenNoteSets(DeviceOver(files), notes).report, "");
+    EXPECT_EQ(OpenAndCheckSets(DeviceOver(files), notes).report, "");
 }
 
 TEST(RestoredState, IsCopiedBesideTheOtherCopiesOfItsTime) {
@@ -343,7 +344,7 @@ static void ExpectNothingLost(FakeNoteFiles files, const std::string& name, bool
     EXPECT_TRUE(IsIn(files, "a", kToday) || IsIn(files, "backup/a 2024-12-31 080509", kToday));
     EXPECT_TRUE(!files.contents.contains(name + ".nmd") || IsIn(files, name, kToday) || IsIn(files, name, kThen));
     EXPECT_TRUE(!ended || IsIn(files, name, kThen));
-    EXPECT_EQ(OpenNoteSets(DeviceOver(files), notes).report, "");
+    EXPECT_EQ(OpenAndCheckSets(DeviceOver(files), notes).report, "");
 }
 
 static void StopAtEachStep(const std::string& name, int leastSteps) {

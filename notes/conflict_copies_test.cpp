@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "notes/note_recovery.h"
+#include "tests/support/checked_sets.h"
 #include "tests/support/fake_note_files.h"
 
 using testing::ElementsAre;
@@ -98,7 +99,7 @@ TEST(ConflictCopies, MayBeHalves) {
 
 static std::vector<std::string> OpenedNames(FakeNoteFiles& files, std::string* report = nullptr) {
     NoteSets notes;
-    const OpenedSets opened = OpenNoteSets(DeviceOver(files), notes);
+    const OpenedSets opened = OpenAndCheckSets(DeviceOver(files), notes);
     if (report) *report = opened.report;
     std::vector<std::string> names;
     for (const NoteSet& set : notes.sets) names.push_back(NoteSetName(set));

@@ -5,6 +5,7 @@
 
 #include "notes/note_recovery.h"
 #include "notes/note_saving.h"
+#include "tests/support/checked_sets.h"
 #include "tests/support/fake_note_files.h"
 
 using testing::ElementsAre;
@@ -91,7 +92,7 @@ TEST(Backup, CopiedBackIsASeparateSet) {
     for (const char* ending : {".nmd", ".nmi"})
         files.contents[std::string("a 2024-12-31") + ending] =
             files.contents[std::string("backup/a 2024-12-31") + ending];
-    EXPECT_EQ(OpenNoteSets(DeviceOver(files), notes).report, "");
+    EXPECT_EQ(OpenAndCheckSets(DeviceOver(files), notes).report, "");
     ASSERT_EQ(notes.sets.size(), 2u);
     EXPECT_EQ(NoteSetName(notes.sets[1]), "a 2024-12-31");
 }

@@ -13,6 +13,7 @@
 #include "notes/note_recovery.h"
 #include "notes/note_saving.h"
 #include "notes/note_set_changes.h"
+#include "tests/support/checked_sets.h"
 #include "tests/support/fake_note_files.h"
 
 struct Edit {
@@ -76,7 +77,7 @@ static void ExpectAllNotes(FakeNoteFiles files, const Edit& edit, const SetBefor
     NoteSets notes;
     const bool hadWholeTemp = files.contents.contains("a.nmd") && files.contents.contains("a.nmd.temp") &&
                               files.contents["a.nmd.temp"] == before.edited.data;
-    OpenNoteSets(DeviceOver(files), notes);
+    OpenAndCheckSets(DeviceOver(files), notes);
     ASSERT_EQ(notes.sets.size(), 1u);
     EXPECT_FALSE(notes.sets[0].readOnly);
     ExpectOtherVersion(files, edit, files.contents["a.nmd"] == before.old.data, hadWholeTemp);
@@ -85,7 +86,7 @@ static void ExpectAllNotes(FakeNoteFiles files, const Edit& edit, const SetBefor
     EXPECT_TRUE(files.contents["a.nmd"] == now.data);
     EXPECT_TRUE(files.contents["a.nmi"] == now.index);
     EXPECT_TRUE(IndexBytes(notes.sets[0].offsets) == now.index);
-    EXPECT_EQ(OpenNoteSets(DeviceOver(files), notes).report, "");
+    EXPECT_EQ(OpenAndCheckSets(DeviceOver(files), notes).report, "");
     const auto backup = files.contents.find("backup/a 2024-12-31.nmd");
     EXPECT_TRUE(backup == files.contents.end() || backup->second == before.old.data);
 }
@@ -151,7 +152,7 @@ TEST(StoppedRecovery, IsCompletedByTheNextStart) {
             files.steps = recovered;
             try {
                 NoteSets notes;
-                OpenNoteSets(DeviceOver(files), notes);
+                OpenAndCheckSets(DeviceOver(files), notes);
             } catch (const ProgramStopped&) {
                 CutPower(files, PowerCut::kLosesAll);
             }
@@ -202,7 +203,7 @@ static int StopEverywhere(const FakeNoteFiles& before, Change change, Expectatio
             FakeNoteFiles files = stopped;
             CutPower(files, cut);
             NoteSets next;
-            OpenNoteSets(DeviceOver(files), next);
+            OpenAndCheckSets(DeviceOver(files), next);
             expect(files, ended);
         }
     }

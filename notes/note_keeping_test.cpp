@@ -5,6 +5,7 @@
 
 #include "notes/note_recovery.h"
 #include "notes/note_saving.h"
+#include "tests/support/checked_sets.h"
 #include "tests/support/fake_note_files.h"
 
 using testing::ElementsAre;
@@ -116,7 +117,7 @@ TEST(KeepLeftOver, KeepsNothingTwiceIfTheFileCannotBeRemoved) {
 
 static std::string ReportOfStart(FakeNoteFiles& files) {
     NoteSets notes;
-    return OpenNoteSets(DeviceOver(files), notes, {"2024-12-31", kTime}).report;
+    return OpenAndCheckSets(DeviceOver(files), notes, {"2024-12-31", kTime}).report;
 }
 
 TEST(OpenNoteSets, KeepsWhatASaveCouldNotPutInPlace) {

@@ -5,6 +5,7 @@
 #include "notes/note_places.h"
 #include "notes/note_recovery.h"
 #include "notes/note_saving.h"
+#include "tests/support/checked_sets.h"
 #include "tests/support/fake_note_files.h"
 #include "tests/support/real_note_files.h"
 
@@ -29,7 +30,7 @@ static ChildEnd SaveInChild(const std::string& folder, const KilledEdit& edit, s
 static void ExpectAllNotesIn(const std::string& folder, const KilledEdit& edit, bool isSaved) {
     RealNoteFiles files{folder};
     NoteSets notes;
-    OpenNoteSets(DeviceOver(files), notes);
+    OpenAndCheckSets(DeviceOver(files), notes);
     ASSERT_EQ(notes.sets.size(), 1u);
     const FakeSet edited = FakeSetOf({{3, "three"}, {edit.verse, edit.after}, {31000, "near the end"}});
     const FakeSet old = FakeSetOf({{3, "three"}, {edit.verse, edit.before}, {31000, "near the end"}});

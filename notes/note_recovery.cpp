@@ -132,6 +132,28 @@ static void Examine(const NoteFiles& files, NoteSet& set, bool isReported, Opene
     MakeIndexAgain(files, set, " did not match its notes.", opened);
 }
 
+// Has the file one note after the offset of the last one, as the index says, and a NUL before it?
+static bool EndsAsIndexed(const NoteFiles& files, const NoteSet& set) {
+    const std::vector<std::uint32_t>& offsets = set.offsets;
+    if (offsets.size() != kVerseCount || offsets.front() != 0 || !std::is_sorted(offsets.begin(), offsets.end()))
+        return false;
+    const std::uint64_t size = set.dataStamp.size, last = offsets.back();
+    if (last == 0 || size <= last || size - last > kNoteBufferSize) return false;
+    std::vector<unsigned char> end;
+    return files.read(files.device, set.dataFileName, last - 1, static_cast<std::size_t>(size - last) + 2, end) &&
+           end.size() == size - last + 1 && end.front() == 0 && std::count(end.begin(), end.end(), 0) == 2 &&
+           end.back() == 0;
+}
+
+static void ExamineOrPutOff(const NoteFiles& files, NoteSet& set, bool isReported, OpenedSets& opened) {
+    set.isUnchecked = EndsAsIndexed(files, set);
+    if (!set.isUnchecked) Examine(files, set, isReported, opened);
+}
+
+static void NoteDamaged(OpenedSets& opened, std::size_t set) {
+    if (opened.hasDamaged && opened.damagedSet == kNoDamagedSet) opened.damagedSet = static_cast<int>(set);
+}
+
 OpenedSets OpenNoteSets(const NoteFiles& files, NoteSets& notes, const NoteTime& now) {
     OpenedSets opened;
     LookAtTwins(files, now, opened);
@@ -145,8 +167,27 @@ OpenedSets OpenNoteSets(const NoteFiles& files, NoteSets& notes, const NoteTime&
     }
     for (std::size_t i = 0; i < notes.sets.size(); ++i) {
         // If the first set could not be created, that is already reported.
-        Examine(files, notes.sets[i], opened.created || i > 0, opened);
-        if (opened.hasDamaged && opened.damagedSet == kNoDamagedSet) opened.damagedSet = static_cast<int>(i);
+        ExamineOrPutOff(files, notes.sets[i], opened.created || i > 0, opened);
+        NoteDamaged(opened, i);
+    }
+    return opened;
+}
+
+// The index is read again, because the offsets in memory are those of the notes by now.
+static void ExamineAgain(const NoteFiles& files, NoteSet& set, OpenedSets& opened) {
+    set.isUntold = false;
+    StampFiles(files, set);
+    if (!ReadIndex(files, IndexFileName(set), set.offsets)) set.offsets.clear();
+    Examine(files, set, true, opened);
+    ++set.timesChanged;
+}
+
+OpenedSets RepairCheckedSets(const NoteFiles& files, NoteSets& notes) {
+    OpenedSets opened;
+    for (std::size_t i = 0; i < notes.sets.size(); ++i) {
+        if (!notes.sets[i].isUntold) continue;
+        ExamineAgain(files, notes.sets[i], opened);
+        NoteDamaged(opened, i);
     }
     return opened;
 }

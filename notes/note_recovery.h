@@ -13,10 +13,11 @@
 // A data file that certainly was left by a conflict (notes/conflict_copies.h) stays without an index: it is there to be
 // merged, not to become a set. A temporary file that is torn is left as it is. Valid files are only read.
 //
-// Recognizing an index of another state requires the end of every note, so every data file is read completely once per
-// start. Checking less would miss, for example, two notes in the middle that grew and shrank by the same amount. It
-// takes about twice as long as reading the file alone: 20 ms for a set of 60 MB that is in the system's cache
-// (bench/note_bench).
+// Recognizing an index of another state requires the end of every note: comparing less would miss, for example, two
+// notes in the middle that grew and shrank by the same amount. At the start only the last note is compared, so that the
+// start takes the same time however many notes there are. A set whose end is not as its index says is read completely
+// and reported at once; each of the others is read completely when it is first used, or when the program has nothing
+// else to do (notes/set_checks.h), and what that finds is repaired and reported then.
 #pragma once
 
 #include <string>
@@ -37,3 +38,6 @@ struct OpenedSets {
 // that another program has open is not examined until it is first read. `now` is the time of the notes that are put
 // among the earlier ones.
 OpenedSets OpenNoteSets(const NoteFiles& files, NoteSets& notes, const NoteTime& now = {});
+
+// Repairs what has been found since by reading sets completely, and reports it like OpenNoteSets.
+OpenedSets RepairCheckedSets(const NoteFiles& files, NoteSets& notes);

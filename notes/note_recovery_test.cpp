@@ -3,10 +3,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <numeric>
 
 #include "notes/note_places.h"
 #include "notes/note_saving.h"
+#include "tests/support/checked_sets.h"
 #include "tests/support/fake_note_files.h"
 
 using testing::ElementsAre;
@@ -27,7 +29,7 @@ struct Opened {
 static Opened Open(FakeNoteFiles& files) {
     Opened opened;
     files.log.clear();
-    opened.result = OpenNoteSets(DeviceOver(files), opened.notes);
+    opened.result = OpenAndCheckSets(DeviceOver(files), opened.notes);
     EXPECT_EQ(files.openFiles, 0);
     return opened;
 }

@@ -1,11 +1,8 @@
 #include "notes/note_refresh.h"
 
-#include <optional>
+#include <utility>
 
-#include "notes/note_places.h"
-
-// An unfinished rename has left the set without a data file (notes/note_set_changes.h).
-static bool HasNoDataFile(const NoteSet& set) {
+bool HasNoDataFile(const NoteSet& set) {
     return set.dataFileName == IndexFileName(set);
 }
 
@@ -25,40 +22,50 @@ static void TakePlaces(const NoteFiles& files, NoteSet& set, NotePlaces places) 
     set.offsets = ReadableOffsets(std::move(index), std::move(places));
 }
 
-// Reads the data file piece by piece, while other programs may read it too. nullopt if it cannot be opened.
-static std::optional<NotePlaces> ScanShared(const NoteFiles& files, const std::string& name) {
-    static constexpr std::size_t kPiece = std::size_t{1} << 20;
-    NotePlaces places;
+SetScan BeginScan(const NoteFiles& files, const std::string& dataFileName) {
+    SetScan scan{NoteSet{dataFileName}, {}};
+    StampFiles(files, scan.before);
+    return scan;
+}
+
+ScanStep ScanNextPiece(const NoteFiles& files, SetScan& scan) {
     std::vector<unsigned char> piece;
-    do {
-        if (!files.read(files.device, name, places.size, kPiece, piece)) return std::nullopt;
-        AddPlaces(places, piece);
-    } while (piece.size() == kPiece);
-    return places;
+    if (!files.read(files.device, scan.before.dataFileName, scan.places.size, kScannedAtOnce, piece))
+        return ScanStep::kCannotOpen;
+    AddPlaces(scan.places, piece);
+    if (piece.size() == kScannedAtOnce) return ScanStep::kGoesOn;
+    NoteSet after{scan.before.dataFileName};
+    StampFiles(files, after);
+    return HasNewStamps(after, scan.before) ? ScanStep::kChanged : ScanStep::kDone;
+}
+
+SetRefresh TakeScan(const NoteFiles& files, NoteSet& set, SetScan& scan) {
+    const bool isOfStart = set.isUnchecked && !HasNewStamps(scan.before, set);
+    set.isUnchecked = false;
+    if (isOfStart && FitsPlaces(set.offsets, scan.places)) return SetRefresh::kUnchanged;
+    set.isUntold |= isOfStart;
+    set.dataStamp = scan.before.dataStamp;
+    set.indexStamp = scan.before.indexStamp;
+    TakePlaces(files, set, std::move(scan.places));
+    return SetRefresh::kReadAgain;
 }
 
 SetRefresh RefreshSet(const NoteFiles& files, NoteSet& set) {
     static constexpr int kTries = 3;  // the file may be replaced while it is read
     if (HasNoDataFile(set)) return SetRefresh::kUnchanged;
-    NoteSet now{set.dataFileName};
-    StampFiles(files, now);
-    if (!HasNewStamps(now, set)) return SetRefresh::kUnchanged;
+    SetScan scan = BeginScan(files, set.dataFileName);
+    if (!set.isUnchecked && !HasNewStamps(scan.before, set)) return SetRefresh::kUnchanged;
     for (int tries = 0; tries < kTries; ++tries) {
-        std::optional<NotePlaces> places = ScanShared(files, set.dataFileName);
-        NoteSet after{set.dataFileName};
-        StampFiles(files, after);
-        if (places && !HasNewStamps(after, now)) {
-            set.dataStamp = now.dataStamp;
-            set.indexStamp = now.indexStamp;
-            TakePlaces(files, set, std::move(*places));
-            return SetRefresh::kReadAgain;
-        }
-        now = after;
+        ScanStep step = ScanStep::kGoesOn;
+        while (step == ScanStep::kGoesOn) step = ScanNextPiece(files, scan);
+        if (step == ScanStep::kDone) return TakeScan(files, set, scan);
+        scan = BeginScan(files, set.dataFileName);
     }
     return SetRefresh::kUnreadable;
 }
 
 void ReadSetAgain(const NoteFiles& files, NoteSet& set, void* data) {
     StampFiles(files, set);
+    set.isUnchecked = false;
     TakePlaces(files, set, ScanNotes(files, data));
 }

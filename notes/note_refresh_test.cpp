@@ -5,6 +5,7 @@
 #include "notes/note_recovery.h"
 #include "notes/note_search.h"
 #include "notes/note_source.h"
+#include "tests/support/checked_sets.h"
 #include "tests/support/fake_note_files.h"
 #include "tests/support/native_scripture.h"
 
@@ -29,7 +30,7 @@ struct Shelf {
 static void Open(Shelf& shelf, const Notes& notes) {
     AddFakeSet(shelf.fakes, "a", notes);
     shelf.files = DeviceOver(shelf.fakes);
-    EXPECT_EQ(OpenNoteSets(shelf.files, shelf.notes).report, "");
+    EXPECT_EQ(OpenAndCheckSets(shelf.files, shelf.notes).report, "");
 }
 
 static NoteSet& SetOf(Shelf& shelf) {

@@ -28,6 +28,8 @@ struct NoteSet {
     NoteFileStamp dataStamp{}, indexStamp{};  // of its files when last read or written
     bool readOnly = false;                    // its data file is not whole: saving would lose notes
     unsigned timesChanged = 0;                // how often the offsets have changed since the start
+    bool isUnchecked = false;                 // so far only the end of its data file has been compared with its index
+    bool isUntold = false;  // its check has found something that has not been told (notes/note_recovery.h)
 };
 
 // Name of a set: its data file's name up to the last ".".

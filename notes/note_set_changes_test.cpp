@@ -8,6 +8,7 @@
 #include "notes/note_backup.h"
 #include "notes/note_history.h"
 #include "notes/note_recovery.h"
+#include "tests/support/checked_sets.h"
 #include "tests/support/fake_note_files.h"
 #include "tests/support/native_scripture.h"
 
@@ -238,7 +239,7 @@ TEST(RenameNoteSet, DisablesTheSetWhenTheIndexCannotBeRenamed) {
     // The next start finds the notes under their new name.
     SetsOnDisk next{disk.fakes, {}, {}};
     next.files = DeviceOver(next.fakes);
-    OpenNoteSets(next.files, next.notes);
+    OpenAndCheckSets(next.files, next.notes);
     const std::vector<std::string> names = NamesOf(next.notes);
     const auto place = std::ranges::find(names, "c");
     ASSERT_NE(place, names.end());

@@ -1,6 +1,7 @@
 #include "notes/note_sets.h"
 
 #include <algorithm>
+#include <span>
 
 #include "notes/conflict_copies.h"
 #include "notes/note_places.h"
@@ -20,13 +21,20 @@ void ReadDevotionalTable(const NoteFiles& files, NoteSets& notes, int set) {
     notes.devotionalSet = set;
 }
 
-static bool AddNoteSet(const NoteFiles& files, const std::string& indexFileName, NoteSets& notes) {
+// Opening a file that is not there takes some systems longer than all else that is done for a set.
+static bool HasTable(std::span<const std::string> tables, const std::string& setName) {
+    return std::ranges::any_of(
+        tables, [&](const std::string& table) { return EqualIgnoringCase(table, setName + kTableEnding); });
+}
+
+static bool AddNoteSet(const NoteFiles& files, const std::string& indexFileName, std::span<const std::string> tables,
+                       NoteSets& notes) {
     const std::string setName = indexFileName.substr(0, indexFileName.rfind('.'));
     NoteSet set{setName + kDataEnding};
     StampFiles(files, set);
     if (!ReadIndex(files, indexFileName, set.offsets)) return false;
     notes.sets.push_back(std::move(set));
-    ReadDevotionalTable(files, notes, static_cast<int>(notes.sets.size()) - 1);
+    if (HasTable(tables, setName)) ReadDevotionalTable(files, notes, static_cast<int>(notes.sets.size()) - 1);
     return true;
 }
 
@@ -46,9 +54,10 @@ static bool IsLoneConflictCopy(const NoteFiles& files, const std::string& indexF
 bool FindNoteSets(const NoteFiles& files, NoteSets& notes) {
     notes.sets.clear();
     notes.devotionalSet = kNoDevotionalSet;
+    const std::vector<std::string> tables = files.list(files.device, std::string("*") + kTableEnding);
     for (const std::string& indexFileName : files.list(files.device, std::string("*") + kIndexEnding)) {
         if (IsLoneConflictCopy(files, indexFileName)) continue;
-        if (notes.sets.size() == kNoteSetLimit || !AddNoteSet(files, indexFileName, notes)) break;
+        if (notes.sets.size() == kNoteSetLimit || !AddNoteSet(files, indexFileName, tables, notes)) break;
     }
     return !notes.sets.empty() || CreateFirstSet(files, notes);
 }

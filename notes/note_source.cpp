@@ -41,6 +41,8 @@ static std::string_view BytesOf(const NoteReader& notes, const StoredNote& store
 
 static NoteFound NoteOf(void* device, int verse, std::string& note) {
     NoteReader& notes = *static_cast<NoteReader*>(device);
+    if (notes.set.isUnchecked && RefreshSet(notes.files, notes.set) == SetRefresh::kUnreadable)
+        return NoteFound::kUnreadable;
     if (!NoteExists(notes.files, notes.set, verse)) return NoteFound::kNone;
     if (!Holds(notes, LimitedNoteOf(notes.set, verse))) {
         const unsigned before = notes.set.timesChanged;

@@ -1,5 +1,7 @@
 #include "notes/note_tabs_win32.h"
 
+#include <algorithm>
+
 #include "notes/note_files_win32.h"
 #include "notes/note_recovery.h"
 #include "win32/controls.h"
@@ -37,9 +39,10 @@ void ShowNoteTabs() {
     SelectNoteTab(theNoteSets.currentSet);
 }
 
-static std::string DamagedSetWithCopy(bool (*hasWholeCopy)(const NoteSet& set)) {
-    for (const NoteSet& set : theNoteSets.sets)
-        if (set.readOnly && hasWholeCopy(set)) return NoteSetName(set);
+static std::string DamagedSetWithCopy(const OpenedSets& opened, bool (*hasWholeCopy)(const NoteSet& set)) {
+    const std::vector<NoteSet>& sets = theNoteSets.sets;
+    for (auto set = static_cast<std::size_t>(std::max(opened.damagedSet, 0)); set < sets.size(); ++set)
+        if (sets[set].readOnly && hasWholeCopy(sets[set])) return NoteSetName(sets[set]);
     return "";
 }
 
@@ -47,22 +50,30 @@ static std::string WithParagraph(const std::string& text, const std::string& par
     return text.empty() || paragraph.empty() ? text + paragraph : text + "\n\n" + paragraph;
 }
 
-std::string LoadNoteSets(bool (*hasWholeCopy)(const NoteSet& set)) {
-    const OpenedSets opened = OpenNoteSets(TheNoteFiles(), theNoteSets, NoteTimeNow());
-    ShowNoteTabs();
-    const HWND frame = FrameOf(theNoteTabs.window);
-    if (!opened.created) Complain(frame, kCannotCreateNotes);
-    const bool isReadOnly = !CanWriteWorkingFolder();
+// The name of a damaged set whose earlier states the user wants to see.
+static std::string Tell(const OpenedSets& opened, bool (*hasWholeCopy)(const NoteSet& set), bool isReadOnly) {
     const std::string report = WithParagraph(isReadOnly ? kNothingCanBeKept : "", opened.report);
     if (report.empty()) return "";
-    const std::string setName = opened.hasDamaged && !isReadOnly ? DamagedSetWithCopy(hasWholeCopy) : "";
+    const bool isOffered = opened.hasDamaged && CanWriteWorkingFolder();
+    const std::string setName = isOffered ? DamagedSetWithCopy(opened, hasWholeCopy) : "";
     const std::string question =
         setName.empty() ? "" : "Do you want to look at the earlier states of the note set \"" + setName + "\" now?";
     const UINT icon = isReadOnly || opened.hasDamaged ? MB_ICONWARNING : MB_ICONINFORMATION;
     const UINT buttons = setName.empty() ? MB_OK : MB_YESNO;
-    const int answer = MessageBoxA(frame, WithParagraph(report, question).c_str(), kMendedCaption,
+    const int answer = MessageBoxA(FrameOf(theNoteTabs.window), WithParagraph(report, question).c_str(), kMendedCaption,
                                    buttons | icon | MB_SYSTEMMODAL);  // above the splash
     return answer == IDYES ? setName : "";
+}
+
+std::string LoadNoteSets(bool (*hasWholeCopy)(const NoteSet& set)) {
+    const OpenedSets opened = OpenNoteSets(TheNoteFiles(), theNoteSets, NoteTimeNow());
+    ShowNoteTabs();
+    if (!opened.created) Complain(FrameOf(theNoteTabs.window), kCannotCreateNotes);
+    return Tell(opened, hasWholeCopy, !CanWriteWorkingFolder());
+}
+
+std::string TellRepairedSets(bool (*hasWholeCopy)(const NoteSet& set)) {
+    return Tell(RepairCheckedSets(TheNoteFiles(), theNoteSets), hasWholeCopy, false);
 }
 
 void AddLastNoteTab() {

@@ -19,6 +19,9 @@ extern NoteTabs theNoteTabs;
 // look at its earlier states: returns its name for Yes; empty for No and if nothing was asked.
 std::string LoadNoteSets(bool (*hasWholeCopy)(const NoteSet& set));
 
+// Repairs and reports in the same way what has been found since by checking the sets (RepairCheckedSets).
+std::string TellRepairedSets(bool (*hasWholeCopy)(const NoteSet& set));
+
 // Replaces all tabs by one for each set with its plain name, and selects the current set's.
 void ShowNoteTabs();
 

@@ -42,13 +42,15 @@ void ReadNote(int verse) {
         Complain(FrameOf(theNotes.window), kCannotReadNote);
         return;
     }
+    theNotes.hasRead = true;
     ShowNoteText();
     ShowStatus(theNotes.window, StatusPart::kNote,
                ReferenceText(theScripture.records, theNoteSets.currentVerse, BookForm::kName));
 }
 
+// A set that is not checked yet is read when it is used or when there is nothing else to do.
 static bool Refresh(NoteSet& set) {
-    return RefreshSet(TheNoteFiles(), set) == SetRefresh::kReadAgain;
+    return !set.isUnchecked && RefreshSet(TheNoteFiles(), set) == SetRefresh::kReadAgain;
 }
 
 static void RefreshCurrentSet() {

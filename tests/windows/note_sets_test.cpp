@@ -1,6 +1,7 @@
 // Note sets: which sets the program finds at the start, how it repairs them, and what the note view shows.
 
 #include <algorithm>
+#include <map>
 
 #include <windows.h>
 
@@ -326,6 +327,76 @@ TEST(DamagedNotes, AreRepairedAtTheStart) {
     }
     Program again = StartProgram(folder);
     EXPECT_EQ(CloseProgram(again), 0);
+}
+
+// The first note becomes two; the end of the file is as the index says.
+static void SplitFirstNote(const ScratchFolder& folder, const std::string& name) {
+    std::string data = ReadFile(folder, name + ".nmd");
+    data[1] = '\0';
+    WriteFile(folder, name + ".nmd", data);
+}
+
+// Two notes change places with each other's lengths, so that only the offset between them is another one.
+static void ShiftSecondNote(const ScratchFolder& folder, const std::string& name) {
+    std::string index = ReadFile(folder, name + ".nmi");
+    ++index[4];
+    WriteFile(folder, name + ".nmi", index);
+}
+
+// What is not seen at the end of a data file is found when the program has nothing else to do.
+TEST(DamagedNotes, InsideOtherSetsAreToldOnceTheFrameIsShown) {
+    const ScratchFolder folder = FolderAtNote(0);
+    WriteNoteSet(folder, "First", {{0, "first note"}});
+    WriteSetting(folder, "MISC", "Note", "0");
+    Program program = StartProgram(folder);
+    EXPECT_EQ(NoteShown(program), "first note");
+    EXPECT_EQ(CloseProgram(program), 0);
+    WriteNoteSet(folder, "Split", {{0, "first note"}, {kLast, "last"}});
+    SplitFirstNote(folder, "Split");
+    WriteFile(folder, "Versewell.more.ini", "[NOTES]\r\nCurrentSet=First\r\n");
+    const std::string data = ReadFile(folder, "Split.nmd"), index = ReadFile(folder, "Split.nmi");
+    program = LaunchProgram(folder);
+    const HWND box = WaitForDialog(program, "Note Sets");
+    WaitForFrame(program);
+    EXPECT_EQ(MessageText(box),
+              "The data file \"Split.nmd\" is damaged: it should hold 31102 notes, but it has 31103. It "
+              "is left as it is, so that you can rescue what it holds: the set can be read, but no "
+              "note can be saved in it.");
+    EXPECT_EQ(IconOf(box), "exclamation");
+    EXPECT_TRUE(IsShown(program.frame));
+    SavePicture(PictureOfWindow(program.frame), "damage-told-after-the-start");
+    Answer(box);
+    WaitForNoDialog(program);
+    EXPECT_EQ(CloseProgram(program), 0);
+    EXPECT_TRUE(ReadFile(folder, "Split.nmd") == data && ReadFile(folder, "Split.nmi") == index);
+}
+
+TEST(DamagedNotes, InsideTheCurrentSetAreToldBeforeItsNoteIsShown) {
+    for (const bool isLarge : {false, true}) {
+        SCOPED_TRACE(isLarge);
+        const ScratchFolder folder = FolderAtNote(1);
+        std::map<int, std::string> notes = {{0, "one"}, {1, "second note"}};
+        for (int verse = 100; isLarge && verse < 3100; ++verse) notes[verse] = std::string(1000, 'n');
+        WriteNoteSet(folder, "Mine", notes);
+        const std::string index = ReadFile(folder, "Mine.nmi");
+        ShiftSecondNote(folder, "Mine");
+        Program program = LaunchProgram(folder);
+        const HWND box = WaitForDialog(program, "Note Sets");
+        EXPECT_EQ(MessageText(box),
+                  "The index file of the note set \"Mine\" did not match its notes. It has been made "
+                  "again from the notes, which are all there.");
+        EXPECT_EQ(IconOf(box), "information");
+        if (isLarge) {
+            WaitForFrame(program);
+            EXPECT_EQ(TextOf(NoteView(program)), "");
+        }
+        Answer(box);
+        WaitForFrame(program);
+        EXPECT_EQ(NoteShown(program), "second note");
+        EXPECT_EQ(StatusPart(program, 2), "Genesis 1:2");
+        EXPECT_EQ(CloseProgram(program), 0);
+        EXPECT_TRUE(ReadFile(folder, "Mine.nmi") == index);
+    }
 }
 
 TEST(DamagedNotes, NeverCrashTheProgram) {

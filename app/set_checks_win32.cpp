@@ -1,0 +1,55 @@
+#include "app/set_checks_win32.h"
+
+#include <algorithm>
+#include <string>
+
+#include "app/frame_win32.h"
+#include "app/note_set_commands_win32.h"
+#include "history/set_states.h"
+#include "notes/note_editor_window.h"
+#include "notes/note_tabs_win32.h"
+#include "notes/notes_window.h"
+#include "notes/set_checks.h"
+
+static bool HasWholeState(const NoteSet& set) {
+    return HasWholeState(TheNoteFiles(), NoteSetName(set));
+}
+
+void OpenSets() {
+    theFrame.damagedSet = LoadNoteSets(HasWholeState);
+}
+
+static bool TellRepairs() {
+    if (std::ranges::none_of(theNoteSets.sets, &NoteSet::isUntold)) return false;
+    const std::string damagedSet = TellRepairedSets(HasWholeState);
+    if (!damagedSet.empty()) theFrame.damagedSet = damagedSet;
+    return true;
+}
+
+void ReadFirstNote() {
+    NoteSet* set = CurrentSet(theNoteSets);
+    if (set != nullptr && set->isUnchecked) {
+        if (set->dataStamp.size > kScannedAtOnce) return;
+        RefreshSet(TheNoteFiles(), *set);
+        TellRepairs();
+    }
+    ReadNote(theNoteSets.currentVerse);
+}
+
+// Once the current set is checked.
+static void ReadOwedNote() {
+    const NoteSet* set = CurrentSet(theNoteSets);
+    if (theNotes.hasRead || set == nullptr || set->isUnchecked) return;
+    theNotes.hasRead = true;  // it is tried only once
+    ReadNote(theNoteSets.currentVerse);
+}
+
+bool CheckSetsInIdleTime() {
+    static SetCheck check;
+    if (!theFrame.startUpComplete || IsEditingNote() || GetCapture() != nullptr) return false;
+    const bool hasMore = CheckNextPiece(TheNoteFiles(), theNoteSets, check);
+    if (TellRepairs()) ShowStatesOfDamagedSet();
+    if (hasMore) TellChangedNotes();
+    ReadOwedNote();
+    return hasMore;
+}
