@@ -29,6 +29,17 @@ static StartOptions Sample() {
     return options;
 }
 
+TEST(Driver, RemovesTheFolderOfATest) {
+    std::filesystem::path path;
+    {
+        const ScratchFolder folder = EmptyFolder();
+        path = folder.path;
+        std::filesystem::create_directories(path / "outer" / "inner");
+        WriteFile(folder, "outer/inner/file.txt", "text");
+    }
+    EXPECT_FALSE(std::filesystem::exists(path));
+}
+
 TEST(Driver, StartsAndClosesAProgram) {
     Program program = StartProgram(EmptyFolder(), Sample());
     EXPECT_TRUE(IsRunning(program));

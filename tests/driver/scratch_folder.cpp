@@ -38,11 +38,21 @@ unsigned StepOfFileOperations() {
     return IsLongRun() ? 1 : 4;
 }
 
+// Not by remove_all, which in libstdc++ for Windows never returns if a file that it has listed is gone: a program that
+// is still running may have deleted it.
+static void RemoveFolder(const std::filesystem::path& path) {
+    std::error_code ignored;
+    std::vector<std::filesystem::path> places{path};
+    std::filesystem::recursive_directory_iterator place(path, ignored);
+    for (; place != std::filesystem::recursive_directory_iterator(); place.increment(ignored))
+        places.push_back(place->path());
+    std::reverse(places.begin(), places.end());  // what is in a folder before the folder
+    for (const std::filesystem::path& each : places) std::filesystem::remove(each, ignored);
+}
+
 // The folder of a failed test is kept for inspection.
 static void LeaveFolder(const std::filesystem::path& path) {
-    if (testing::Test::HasFailure()) return;
-    std::error_code ignored;
-    std::filesystem::remove_all(path, ignored);
+    if (!testing::Test::HasFailure()) RemoveFolder(path);
 }
 
 ScratchFolder EmptyFolder() {
