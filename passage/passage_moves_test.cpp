@@ -27,7 +27,7 @@ static std::string TextBetween(const TextRuns& text, int top, int bottom) {
     const RunSpan span = RunsBetween(text, top, bottom);
     std::string all;
     for (std::size_t at = span.first; at < span.end; ++at) {
-        const TextRun& run = text.runs[at];
+        const PlacedRun& run = text.runs[at];
         all += std::to_string(run.x) + "," + std::to_string(run.y - top) + " " +
                "rbiz"[static_cast<std::size_t>(run.face)] + ":";
         all.append(TextOf(text, run)) += '\n';

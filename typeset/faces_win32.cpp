@@ -112,7 +112,7 @@ static void TakeColors(HDC canvas, TextColor color, COLORREF keyWordColor) {
 }
 
 // Positions each letter at the sum of the widths before it, because a device may draw a whole line narrower or wider.
-static void DrawRun(const Band& band, Faces& faces, const TextRun& run, std::string_view letters) {
+static void DrawRun(const Band& band, Faces& faces, const PlacedRun& run, std::string_view letters) {
     const FaceFont& face = faces.fonts[static_cast<std::size_t>(run.face)];
     faces.advances.clear();
     for (const char letter : letters) faces.advances.push_back(face.letters.widths[static_cast<unsigned char>(letter)]);
@@ -125,7 +125,7 @@ static void DrawFace(const Band& band, Faces& faces, Face face, const TextRuns& 
                      COLORREF keyWordColor) {
     std::optional<TextColor> color;  // taken last
     for (std::size_t at = span.first; at < span.end; ++at) {
-        const TextRun& run = text.runs[at];
+        const PlacedRun& run = text.runs[at];
         if (run.face != face) continue;
         if (!color) SelectObject(band.canvas, FontOf(faces, face).font.get());
         if (color != run.color) TakeColors(band.canvas, run.color, keyWordColor);

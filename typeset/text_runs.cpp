@@ -3,13 +3,13 @@
 #include <algorithm>
 #include <functional>
 
-std::string_view TextOf(const TextRuns& text, const TextRun& run) {
+std::string_view TextOf(const TextRuns& text, const PlacedRun& run) {
     return std::string_view(text.text).substr(run.textStart, run.textLength);
 }
 
 void AddPiece(TextRuns& text, bool joins, Face face, TextColor color, int x, int y, int width, std::string_view piece) {
     if (joins && !text.runs.empty()) {
-        TextRun& last = text.runs.back();
+        PlacedRun& last = text.runs.back();
         if (last.face == face && last.color == color && last.y == y && last.end == x) {
             text.text += piece;
             last.textLength += piece.size();
@@ -27,7 +27,7 @@ void Clear(TextRuns& text) {
 }
 
 static std::size_t FirstRunFrom(const TextRuns& text, int top) {
-    const auto place = std::ranges::partition_point(text.runs, [top](const TextRun& run) { return run.y < top; });
+    const auto place = std::ranges::partition_point(text.runs, [top](const PlacedRun& run) { return run.y < top; });
     return static_cast<std::size_t>(place - text.runs.begin());
 }
 
@@ -49,7 +49,7 @@ struct Line {
 // The text of a line is in one piece, because its runs follow each other.
 static std::string_view TextOf(const TextRuns& text, const RunSpan& runs) {
     if (runs.first == runs.end) return {};
-    const TextRun &first = text.runs[runs.first], &last = text.runs[runs.end - 1];
+    const PlacedRun &first = text.runs[runs.first], &last = text.runs[runs.end - 1];
     return std::string_view(text.text).substr(first.textStart, last.textStart + last.textLength - first.textStart);
 }
 
@@ -64,7 +64,7 @@ static std::vector<Line> LinesOf(const TextRuns& text, int lineHeight, int count
     return lines;
 }
 
-static bool IsSame(const TextRun& run, const TextRun& other) {
+static bool IsSame(const PlacedRun& run, const PlacedRun& other) {
     return run.face == other.face && run.color == other.color && run.x == other.x && run.end == other.end &&
            run.textLength == other.textLength;
 }

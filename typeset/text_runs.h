@@ -11,23 +11,23 @@
 
 enum class TextColor : unsigned char { kNormal, kSelected, kKeyWord };
 
-struct TextRun {
+struct PlacedRun {
     Face face = Face::kRegular;
     TextColor color = TextColor::kNormal;
     int x = 0, y = 0;  // pixels
     int end = 0;       // x where the next piece of the same run must begin
     std::size_t textStart = 0, textLength = 0;
-    bool operator==(const TextRun&) const = default;
+    bool operator==(const PlacedRun&) const = default;
 };
 
 struct TextRuns {
-    std::vector<TextRun> runs;  // in the order of the layout, so y does not decrease
+    std::vector<PlacedRun> runs;  // in the order of the layout, so y does not decrease
     std::string text;
     bool operator==(const TextRuns&) const = default;
 };
 
 // The text of a run.
-std::string_view TextOf(const TextRuns& text, const TextRun& run);
+std::string_view TextOf(const TextRuns& text, const PlacedRun& run);
 
 // Adds a piece of text, `width` pixels wide. If `joins`, it extends the last run if it continues it in the same line,
 // face and colour.

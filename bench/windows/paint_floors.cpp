@@ -43,7 +43,7 @@ void DrawFaceByFace(HDC target, HDC canvas, const FaceFonts& fonts, const TextRu
     SetBkMode(canvas, TRANSPARENT);
     for (const Face face : {Face::kRegular, Face::kBold, Face::kItalic, Face::kBoldItalic}) {
         bool taken = false;
-        for (const TextRun& run : runs.runs) {
+        for (const PlacedRun& run : runs.runs) {
             if (run.face != face) continue;
             if (!taken) SelectObject(canvas, FontOf(fonts, face));
             taken = true;
