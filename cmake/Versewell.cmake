@@ -83,6 +83,17 @@ if(VERSEWELL_SANITIZE)
   target_precompile_headers(vw_core_headers PRIVATE ${VERSEWELL_COMMON_HEADERS})
 endif()
 
+# What no other build of the core has: the files that this one makes for all, the core compiled without precompiled
+# headers, and the tests that the sanitizers' build lacks. ./check runs all other native tests there.
+if(NOT WIN32 AND NOT VERSEWELL_SANITIZE)
+  add_custom_target(host_only)
+endif()
+function(vw_host_only)
+  if(TARGET host_only)
+    add_dependencies(host_only ${ARGN})
+  endif()
+endfunction()
+
 # vw_core(<folder> SOURCES ... [USES <folder>...]): a library with the core of a folder, which builds on any system. A
 # folder of the program uses the folders that the graph names; other libraries name theirs.
 include(${CMAKE_CURRENT_LIST_DIR}/graph.cmake)
@@ -93,6 +104,7 @@ function(vw_core folder)
   list(TRANSFORM core_USES PREPEND vw_)
   target_link_libraries(vw_${folder} PUBLIC vw_options ${core_USES})
   vw_instrument(vw_${folder})
+  vw_host_only(vw_${folder})
   if(VERSEWELL_SANITIZE)
     target_precompile_headers(vw_${folder} REUSE_FROM vw_core_headers)
   endif()
@@ -106,6 +118,7 @@ function(vw_shell)
 endfunction()
 
 # vw_test(<name> SOURCES ... USES <folder>... [LABEL <label>]): a native test program, whose tests are added to CTest.
+# Those with a label are built by the preset host only: `house` for checks of the source tree, otherwise `host`.
 function(vw_test name)
   cmake_parse_arguments(PARSE_ARGV 1 test "" "LABEL" "SOURCES;USES")
   if(WIN32)
@@ -118,6 +131,9 @@ function(vw_test name)
                                              VERSEWELL_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
   vw_build_fast(${name})
   target_precompile_headers(${name} REUSE_FROM vw_test_headers)
+  if(test_LABEL)
+    vw_host_only(${name})
+  endif()
   # Listing the tests takes no time, but ./check runs them beside others, with a low priority.
   gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 120 PROPERTIES LABELS "${test_LABEL}")
 endfunction()
