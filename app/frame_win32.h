@@ -6,6 +6,7 @@
 
 #include "app/frame_layout.h"
 #include "app/settings.h"
+#include "print/printer_dialogs_win32.h"
 #include "win32/handles.h"
 
 struct Frame {
@@ -25,7 +26,7 @@ struct Frame {
     Bookmarks bookmarks;
     Fonts fonts;
     std::array<COLORREF, 16> customColors{};
-    PAGESETUPDLGA pageSetup{};
+    PrinterSetup printerSetup;
     std::string damagedSet;  // whose earlier states the user wants to see at the end of the start
     std::string ownSets;     // as in MoreSettings
     bool startUpComplete = false;

@@ -25,10 +25,10 @@ static bool CanReadNotesOfCurrentSet() {
 }
 
 static void PrintVersesOf(const ParsedRange& range, const NoteSource* notes) {
-    OwnedDc printer = AskPrinter(theFrame.window, theFrame.pageSetup);
+    OwnedDc printer = AskPrinter(theFrame.window, theFrame.printerSetup);
     if (!printer) return;
     if (notes && !CanReadNotesOfCurrentSet()) return Complain(theFrame.window, kCannotOpenNotes, kPrintErrorCaption);
-    PrintDocument(theFrame.window, std::move(printer), theFrame.pageSetup.rtMargin,
+    PrintDocument(theFrame.window, std::move(printer), theFrame.printerSetup.page.rtMargin,
                   {"Range of Verses", theScripture, VersesOf(range), RangePrinting({}, theFormat, theReading, notes),
                    FontRecord(theFrame.fonts.passage), FontRecord(theFrame.fonts.notes)});
 }
@@ -46,7 +46,7 @@ static void PrintWithNotes(const ParsedRange& range, int noteSet) {
 }
 
 void ChoosePageSetup(int) {
-    if (!IsPrinting()) AskPageSetup(theFrame.window, theFrame.pageSetup);
+    if (!IsPrinting()) AskPageSetup(theFrame.window, theFrame.printerSetup);
 }
 
 void PrintRange(int) {
@@ -64,10 +64,10 @@ void PrintRange(int) {
 
 void PrintVerseList(int) {
     if (IsPrinting() || theVerseList.list.ListEntries.empty()) return;
-    OwnedDc printer = AskPrinter(theFrame.window, theFrame.pageSetup);
+    OwnedDc printer = AskPrinter(theFrame.window, theFrame.printerSetup);
     if (!printer) return;
     const LOGFONTA font = FontRecord(theFrame.fonts.verseList);
     PrintDocument(
-        theFrame.window, std::move(printer), theFrame.pageSetup.rtMargin,
+        theFrame.window, std::move(printer), theFrame.printerSetup.page.rtMargin,
         {"Verse List", theScripture, theVerseList.list.ListEntries, ListPrinting({}, theReading), font, font});
 }

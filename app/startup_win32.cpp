@@ -64,15 +64,6 @@ static void ShowSplash(HWND frame) {
     UpdateWindow(theFrame.splash);
 }
 
-static void ReadDefaultPageSetup() {
-    static constexpr LONG kMargin = 1000;
-    PAGESETUPDLGA& page = theFrame.pageSetup;
-    page.lStructSize = sizeof page;
-    page.Flags = PSD_RETURNDEFAULT | PSD_NOWARNING;
-    page.rtMargin = {kMargin, kMargin, kMargin, kMargin};
-    PageSetupDlgA(&page);
-}
-
 static void CreatePanes(HWND frame) {
     CreateVerseList(theFrame.listTabs);
     CreatePassage(theFrame.passageTabs);
@@ -172,7 +163,7 @@ bool StartUp(HWND frame) {
     ShowSplash(frame);
     theFrame.richEdit = LoadLibraryA("RICHED32.DLL");
     if (!theFrame.richEdit) return false;
-    ReadDefaultPageSetup();
+    NoteFirstPrinter(theFrame.printerSetup);
     theFrame.accelerators = LoadAcceleratorsA(GetModuleHandleA(nullptr), "Accels");
     theFrame.toolbar = CreateToolbar(frame);
     if (!theFrame.toolbar) return false;

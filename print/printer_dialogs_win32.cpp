@@ -2,6 +2,7 @@
 
 #include <winspool.h>
 
+#include <array>
 #include <functional>
 #include <string>
 
@@ -33,14 +34,55 @@ static bool HasDefaultPrinter() {
     return length > 0;
 }
 
-// Without a default printer the system has something to say; that is enough.
-static void LosePrinter(HWND frame, PAGESETUPDLGA& setup) {
-    const std::string name = RememberedPrinter(setup);
+static void ForgetPrinter(PAGESETUPDLGA& setup) {
     GlobalFree(setup.hDevMode);
     GlobalFree(setup.hDevNames);
     setup.hDevMode = nullptr;
     setup.hDevNames = nullptr;
+}
+
+// Without a default printer the system has something to say; that is enough.
+static void LosePrinter(HWND frame, PAGESETUPDLGA& setup) {
+    const std::string name = RememberedPrinter(setup);
+    ForgetPrinter(setup);
     if (HasDefaultPrinter()) Complain(frame, LostPrinterText(name).c_str(), kPrintErrorCaption);
+}
+
+// ---- The first printer ----------------------------------------------------------------------------------------------
+
+void NoteFirstPrinter(PrinterSetup& setup) {
+    std::array<char, 1024> device{};
+    GetProfileStringA("windows", "device", "", device.data(), static_cast<DWORD>(device.size()));
+    const std::string text = device.data();  // its name, driver and port, separated by commas
+    setup.firstPrinter = text.substr(0, text.find(','));
+}
+
+// Without settings of the printer, so that the dialogs take those that the system has for it.
+static HGLOBAL NamesOf(const std::string& printer) {
+    const std::size_t names = sizeof(DEVNAMES), size = names + printer.size() + 1;
+    const HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, size);
+    if (block == nullptr) return nullptr;
+    auto* const record = static_cast<DEVNAMES*>(GlobalLock(block));
+    record->wDeviceOffset = static_cast<WORD>(names);
+    record->wDriverOffset = record->wOutputOffset = static_cast<WORD>(size - 1);  // empty
+    printer.copy(reinterpret_cast<char*>(record) + names, printer.size());
+    GlobalUnlock(block);
+    return block;
+}
+
+static PAGESETUPDLGA& PageOf(PrinterSetup& setup) {
+    static constexpr LONG kMargin = 1000;
+    PAGESETUPDLGA& page = setup.page;
+    if (setup.isRead) return page;
+    setup.isRead = true;
+    page.lStructSize = sizeof page;
+    page.Flags = PSD_RETURNDEFAULT | PSD_NOWARNING;
+    page.rtMargin = {kMargin, kMargin, kMargin, kMargin};
+    PageSetupDlgA(&page);
+    if (setup.firstPrinter.empty() || RememberedPrinter(page) == setup.firstPrinter) return page;
+    ForgetPrinter(page);
+    page.hDevNames = NamesOf(setup.firstPrinter);
+    return page;
 }
 
 // ---- Asking ---------------------------------------------------------------------------------------------------------
@@ -60,7 +102,8 @@ static bool Asked(HWND frame, PAGESETUPDLGA& setup, const std::function<bool()>&
     return false;
 }
 
-void AskPageSetup(HWND frame, PAGESETUPDLGA& setup) {
+void AskPageSetup(HWND frame, PrinterSetup& printerSetup) {
+    PAGESETUPDLGA& setup = PageOf(printerSetup);
     Asked(frame, setup, [&] {
         PAGESETUPDLGA asked = setup;
         asked.hwndOwner = frame;
@@ -73,7 +116,8 @@ void AskPageSetup(HWND frame, PAGESETUPDLGA& setup) {
     });
 }
 
-OwnedDc AskPrinter(HWND frame, PAGESETUPDLGA& setup) {
+OwnedDc AskPrinter(HWND frame, PrinterSetup& printerSetup) {
+    PAGESETUPDLGA& setup = PageOf(printerSetup);
     OwnedDc dc;
     const bool chosen = Asked(frame, setup, [&] {
         PRINTDLGA asked{};

@@ -21,12 +21,8 @@
 using testing::AllOf;
 using testing::Contains;
 using testing::ElementsAre;
-using testing::EndsWith;
-using testing::Ge;
 using testing::HasSubstr;
 using testing::Not;
-using testing::SizeIs;
-using testing::StartsWith;
 
 static HWND OpenPrintRange(const Program& program) {
     Command(program, IDM_PRINT_RANGE);
@@ -132,6 +128,15 @@ TEST(Printing, TakesTheDefaultPrinterIfTheRememberedOneIsGone) {
     EXPECT_TRUE(IsReady(program));
 }
 
+TEST(Printing, BeginsWithThePrinterThatWasTheDefaultAtTheStart) {
+    const ScratchFolder folder = FolderWithScripture();
+    const TestPrinter old(folder, PortToPages(folder), "Old Printer");
+    Program program = StartProgram(folder);
+    const TestPrinter printer(folder, kFailingPort, "New Printer");
+    EXPECT_THAT(PagesOfRange(program, "Ge 1:1"), ElementsAre(Verse("Genesis 1:1", "Ge 1:1")));
+    EXPECT_TRUE(IsReady(program));
+}
+
 TEST(PageSetup, TakesTheDefaultPrinterIfTheRememberedOneIsGone) {
     const ScratchFolder folder = FolderWithScripture();
     auto old = std::make_unique<TestPrinter>(folder, kFailingPort, "Old Printer");
@@ -190,8 +195,8 @@ TEST(PrintRange, ContinuesAcrossPages) {
     Program program = StartProgram(folder);
     const std::vector<std::string> pages = PagesOfRange(program, "Jude - Re 3");
     ASSERT_GT(pages.size(), 2u);
-    EXPECT_THAT(pages.front(), StartsWith(Verse("Jude 1:1", "Jude 1:1")));
-    EXPECT_THAT(pages.back(), EndsWith(Verse("3:22", "Re 3:22")));
+    EXPECT_THAT(pages.front(), testing::StartsWith(Verse("Jude 1:1", "Jude 1:1")));
+    EXPECT_THAT(pages.back(), testing::EndsWith(Verse("3:22", "Re 3:22")));
     std::string all;
     for (const std::string& page : pages) all += (all.empty() ? "" : " ") + page;
     EXPECT_THAT(all, HasSubstr(Verse("1:25", "Jude 1:25") + " " + Verse("Revelation 1:1", "Re 1:1")));
@@ -217,7 +222,7 @@ TEST(PrintRange, SeparatesVersesByOneBlank) {
         Program program = StartProgram(folder);
         PagesOfRange(program, "Joh 11:35 - 11:36");
         const std::vector<PrintedWord> words = PrintedWords(program);
-        ASSERT_THAT(words, SizeIs(Ge(3u)));
+        ASSERT_THAT(words, testing::SizeIs(testing::Ge(3u)));
         EXPECT_EQ(words[0].text, "Jesus");
         EXPECT_NEAR(words[0].left, 90, 0.5) << "no blank before the first verse";
         EXPECT_EQ(words[1].text, "wept.");

@@ -1,0 +1,21 @@
+# vw_load_late(<target> <library> <procedure>...): links the system's library so that it is only loaded when one of
+# these procedures is called for the first time. The dialogs for printers, for example, are rarely opened, and their
+# library brings many others with it. The 32-bit build of MinGW loads them at the start.
+function(vw_load_late target library)
+  get_filename_component(name ${library} NAME_WLE)
+  if(MSVC)
+    target_link_libraries(${target} PRIVATE ${name} delayimp)
+    target_link_options(${target} PRIVATE /DELAYLOAD:${library})
+  elseif(CMAKE_SIZEOF_VOID_P EQUAL 4)
+    target_link_libraries(${target} PRIVATE ${name})
+  else()
+    list(JOIN ARGN "\n" procedures)
+    set(definition ${CMAKE_CURRENT_BINARY_DIR}/${name}.def)
+    set(late ${CMAKE_CURRENT_BINARY_DIR}/${name}_late.a)
+    file(CONFIGURE OUTPUT ${definition} CONTENT "LIBRARY ${library}\nEXPORTS\n${procedures}\n")
+    add_custom_command(OUTPUT ${late} COMMAND ${CMAKE_DLLTOOL} -d ${definition} -y ${late} DEPENDS ${definition})
+    add_custom_target(${name}_late DEPENDS ${late})
+    add_dependencies(${target} ${name}_late)
+    target_link_libraries(${target} PRIVATE ${late})
+  endif()
+endfunction()
