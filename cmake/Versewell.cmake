@@ -117,6 +117,14 @@ function(vw_shell)
   endif()
 endfunction()
 
+# vw_read_as_used(<program>): aligns the parts of the file like those in memory. So Wine maps the file, of which only
+# what is used is read, as Windows does in any case; otherwise it would read all of it at the start.
+function(vw_read_as_used program)
+  if(MINGW)
+    target_link_options(${program} PRIVATE -Wl,--file-alignment=4096)
+  endif()
+endfunction()
+
 # vw_test(<name> SOURCES ... USES <folder>... [LABEL <label>]): a native test program, whose tests are added to CTest.
 # Those with a label are built by the preset host only: `house` for checks of the source tree, otherwise `host`.
 function(vw_test name)
