@@ -153,7 +153,7 @@ static bool IsLineVisible(HDC target, const RECT& client, int top, int lineHeigh
 
 void PaintText(HDC target, Canvas& canvas, Faces& faces, const TextRuns& text, const RECT& client,
                COLORREF keyWordColor) {
-    static constexpr int kMostPixels = 1 << 20;
+    static constexpr int kMostPixels = 1 << 19;
     const int lineHeight = LineHeightOf(MeasureOf(faces));
     const int width = std::max(1, static_cast<int>(client.right)), bottom = static_cast<int>(client.bottom);
     const int mostHeight = std::max(1, kMostPixels / width / lineHeight) * lineHeight;

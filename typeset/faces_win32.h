@@ -42,6 +42,6 @@ void AddText(TextRuns& text, const Faces& faces, Face face, TextColor color, int
 
 // Paints all of `client` that the clipping region of `target` has: the window colour and `text`, whose lines are those
 // of MeasureOf(faces). Key words are drawn in `keyWordColor`, everything else in system colours. A large area is
-// painted in bands of some megabytes, each drawn on the canvas and copied in one step.
+// painted in bands of two megabytes, each drawn on the canvas and copied in one step.
 void PaintText(HDC target, Canvas& canvas, Faces& faces, const TextRuns& text, const RECT& client,
                COLORREF keyWordColor);
