@@ -30,8 +30,8 @@ TEST(SecondCopy, BringsTheFirstToTheFrontAndExits) {
     ShowWindow(first.frame, SW_MINIMIZE);
     WaitUntil(first, "it to be minimized", [&] { return IsIconic(first.frame) != FALSE; });
     ExpectGivesWay(first.folder);
+    WaitUntil(first, "it to be restored", [&] { return IsIconic(first.frame) == FALSE; });
     WaitForForeground(first, first.frame);
-    EXPECT_FALSE(IsIconic(first.frame));
 
     EXPECT_EQ(CloseProgram(first), 0);
     Program next = StartProgram(first.folder);
