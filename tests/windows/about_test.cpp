@@ -11,6 +11,7 @@
 using testing::ElementsAre;
 
 static constexpr char kTitle[] = "About Versewell97";
+static constexpr char kVersionLine[] = "Version " VERSEWELL_VERSION;
 static constexpr char kCounts[] = "31,102 verses, 12,729 different words";
 static constexpr char kOther[] = "Other scripture files than this program was built with: ";
 
@@ -56,7 +57,7 @@ TEST(About, ShowsIconVersionAndTextUntilItIsClosed) {
         EXPECT_THAT(ButtonsOf(dialog), ElementsAre("OK"));
         EXPECT_TRUE(HasIcon(dialog));
         EXPECT_THAT(LinesOf(dialog),
-                    ElementsAre("Versewell97 v3.2", "Authorized Version, Pure Cambridge Edition", kCounts,
+                    ElementsAre("Versewell97 v3.2", kVersionLine, "Authorized Version, Pure Cambridge Edition", kCounts,
                                 "Its five files are those that this program was built with."));
         const RECT frame = RectOnScreen(program.frame);
         const RECT place = RectOnScreen(dialog);
@@ -82,8 +83,9 @@ TEST(About, TellsThatAByteOfTheTextHasChanged) {
     const ScratchFolder folder = FolderWithScripture();
     ChangeOneByte(folder, "_avtext.dat", 2000000, '~');
     const Program program = StartProgram(folder);
-    EXPECT_THAT(LinesOf(OpenAbout(program)), ElementsAre("Versewell97 v3.2", "Authorized Version, edition unknown",
-                                                         kCounts, std::string(kOther) + "_avtext.dat"));
+    EXPECT_THAT(LinesOf(OpenAbout(program)),
+                ElementsAre("Versewell97 v3.2", kVersionLine, "Authorized Version, edition unknown", kCounts,
+                            std::string(kOther) + "_avtext.dat"));
 }
 
 TEST(About, CountsWhatOtherFilesHave) {
@@ -93,7 +95,7 @@ TEST(About, CountsWhatOtherFilesHave) {
     WriteFile(folder, "_avwptr.dat", ReadFile(folder, "_avwptr.dat") + std::string("\0\0\0\0", 4));
     const Program program = StartProgram(folder);
     EXPECT_THAT(LinesOf(OpenAbout(program)),
-                ElementsAre("Versewell97 v3.2", "Authorized Version, edition unknown",
+                ElementsAre("Versewell97 v3.2", kVersionLine, "Authorized Version, edition unknown",
                             "31,102 verses, 12,730 different words", std::string(kOther) + "_avwrds.dat, _avwptr.dat"));
 }
 

@@ -396,12 +396,15 @@ static std::string VersionText(const char* name) {
 
 TEST(ProgramFile, ContainsVersionManifestIconAndPictures) {
     EXPECT_EQ(VersionText("ProductName"), "Versewell97");
-    EXPECT_EQ(VersionText("ProductVersion"), "3.2");
+    EXPECT_EQ(VersionText("ProductVersion"), VERSEWELL_VERSION);
+    EXPECT_EQ(VersionText("FileVersion"), VERSEWELL_VERSION ".0");
+    EXPECT_EQ(VersionText("CompanyName"), "Versewell");
     EXPECT_NE(VersionText("FileDescription"), "");
     const HMODULE program = LoadLibraryExA(Surroundings().program.c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE);
     ASSERT_NE(program, nullptr);
     const std::string manifest = ResourceBytes(program, MAKEINTRESOURCEA(1), MAKEINTRESOURCEA(24));
     EXPECT_NE(manifest.find("Microsoft.Windows.Common-Controls"), std::string::npos);
+    EXPECT_NE(manifest.find("name=\"Versewell97\" version=\"" VERSEWELL_VERSION ".0\""), std::string::npos);
     EXPECT_NE(manifest.find("<dpiAware"), std::string::npos);
     EXPECT_NE(manifest.find("asInvoker"), std::string::npos);
     const std::string icons = ResourceBytes(program, "Big_Icon", MAKEINTRESOURCEA(14));
