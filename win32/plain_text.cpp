@@ -2,6 +2,10 @@
 
 #include <algorithm>
 #include <cstring>
+#include <vector>
+
+#include "win32/long_lines.h"
+#include "win32/text_formats.h"
 
 static DWORD CALLBACK GiveText(DWORD_PTR cookie, LPBYTE buffer, LONG wanted, LONG* given) {
     auto& rest = *reinterpret_cast<std::string_view*>(cookie);
@@ -19,14 +23,48 @@ static DWORD CALLBACK TakeText(DWORD_PTR cookie, LPBYTE buffer, LONG offered, LO
     return 0;
 }
 
-void SetPlainText(HWND richEdit, std::string_view text) {
+static void StreamIn(HWND richEdit, std::string_view text) {
     EDITSTREAM stream{reinterpret_cast<DWORD_PTR>(&text), 0, GiveText};
     SendMessageA(richEdit, EM_STREAMIN, SF_TEXT, reinterpret_cast<LPARAM>(&stream));
-    CHARRANGE none{0, 0};
-    SendMessageA(richEdit, EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&none));
-    SendMessageA(richEdit, EM_SCROLLCARET, 0, 0);
-    SendMessageA(richEdit, EM_EMPTYUNDOBUFFER, 0, 0);
-    SendMessageA(richEdit, EM_SETMODIFY, FALSE, 0);
+}
+
+// The control shows nothing while `work` is done.
+template <typename Work>
+static void WithoutRedraw(HWND richEdit, Work work) {
+    const bool isShown = (GetWindowLongPtrA(richEdit, GWL_STYLE) & WS_VISIBLE) != 0;
+    if (isShown) SendMessageA(richEdit, WM_SETREDRAW, FALSE, 0);
+    work();
+    if (!isShown) return;
+    SendMessageA(richEdit, WM_SETREDRAW, TRUE, 0);
+    RedrawWindow(richEdit, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME);
+}
+
+// The control breaks no lines while `work` is done.
+template <typename Work>
+static void WithoutLineBreaks(HWND richEdit, Work work) {
+    SendMessageA(richEdit, EM_SETTARGETDEVICE, 0, 1);
+    work();
+    SendMessageA(richEdit, EM_SETTARGETDEVICE, 0, 0);
+}
+
+static void Fill(HWND richEdit, std::string_view text) {
+    const std::vector<std::size_t> ends = EndsInLongStretches(text);
+    if (ends.empty()) return StreamIn(richEdit, text);
+    WithoutLineBreaks(richEdit, [&] {
+        StreamIn(richEdit, text);
+        EndStretches(richEdit, ends);
+    });
+}
+
+void SetPlainText(HWND richEdit, std::string_view text) {
+    WithoutRedraw(richEdit, [&] {
+        Fill(richEdit, text);
+        CHARRANGE none{0, 0};
+        SendMessageA(richEdit, EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&none));
+        SendMessageA(richEdit, EM_SCROLLCARET, 0, 0);
+        SendMessageA(richEdit, EM_EMPTYUNDOBUFFER, 0, 0);
+        SendMessageA(richEdit, EM_SETMODIFY, FALSE, 0);
+    });
 }
 
 static std::string StreamedOut(HWND richEdit, WPARAM format) {
@@ -45,6 +83,28 @@ std::wstring WidePlainText(HWND richEdit) {
     std::wstring text(bytes.size() / sizeof(wchar_t), L'\0');
     std::memcpy(text.data(), bytes.data(), text.size() * sizeof(wchar_t));
     return text;
+}
+
+bool ReplaceSelectedText(HWND richEdit, const std::string& text) {
+    const auto replace = [&] { SendMessageA(richEdit, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(text.c_str())); };
+    if (EndsInLongStretches(text).empty()) {
+        replace();
+        return false;
+    }
+    WithoutRedraw(richEdit, [&] {
+        WithoutLineBreaks(richEdit, [&] {
+            replace();
+            EndStretches(richEdit, EndsInLongStretches(PlainText(richEdit)));
+        });
+        SendMessageA(richEdit, EM_SCROLLCARET, 0, 0);
+    });
+    return true;
+}
+
+void KeepLinesFast(HWND richEdit) {
+    const std::vector<std::size_t> ends = EndsInLongStretches(PlainText(richEdit));
+    if (ends.empty()) return;
+    WithoutRedraw(richEdit, [&] { WithoutLineBreaks(richEdit, [&] { EndStretches(richEdit, ends); }); });
 }
 
 CHARRANGE SelectedPlainText(HWND richEdit) {

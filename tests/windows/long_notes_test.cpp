@@ -1,0 +1,197 @@
+// Notes that are long: of many lines, and of one line that is as long as a note can be.
+
+#include <windows.h>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "resources/ids.h"
+#include "tests/windows/menu_steps.h"
+#include "tests/windows/note_set_files.h"
+#include "tests/windows/note_steps.h"
+#include "tests/windows/passage_pane.h"
+
+static constexpr int kPlace = 50000;  // of a word
+
+static std::string LongLine(std::size_t size) {
+    std::string line;
+    for (int word = 0; line.size() < size; ++word) line += static_cast<char>('a' + word * 7 % 26);
+    line.resize(size);
+    return line;
+}
+
+static std::string LongLineWithWord() {
+    return LongLine(60000).replace(kPlace, 8, " amidst ");
+}
+
+static std::string LongLineWithNumbers() {
+    std::string line;
+    for (int number = 0; line.size() < 20000; ++number) line += "word" + std::to_string(number) + '-';
+    return line + " amidst.";
+}
+
+static std::string ManyLines() {
+    std::string lines;
+    for (int line = 1; lines.size() < 30000; ++line) lines += "line " + std::to_string(line) + " of this note\r\n";
+    return lines + "the end of it";
+}
+
+static Program ProgramWithNotes(const std::map<int, std::string>& notes) {
+    const ScratchFolder folder = FolderWithScripture();
+    WriteNoteSet(folder, "Mine", notes);
+    return StartProgram(folder);
+}
+
+static Program ProgramInEditor(const std::string& note) {
+    Program program = ProgramWithNotes({{0, note}});
+    OpenNoteEditor(program);
+    return program;
+}
+
+static std::string Typed(const Program& program) {
+    return TextOf(NoteEditOf(program));
+}
+
+static std::string StoredNote(const Program& program) {
+    return ReadFile(program.folder, "Mine.nmd").c_str();  // up to its NUL
+}
+
+// Searches the notes and returns what is selected then, in the text of the view.
+static TextSelection SelectionAfterSearch(const Program& program, const std::string& text) {
+    Press(program, "Alt+t");
+    WaitForDialog(program, "Search Note Set Mine");
+    Type(program, text);
+    Press(program, "Enter");
+    Settle(program);
+    const TextSelection found = RichSelection(program, NoteViewOf(program));
+    Press(program, "Esc");
+    WaitForNoDialog(program);
+    return found;
+}
+
+static void ExpectCopiedWhole(const Program& program, const std::string& note) {
+    SetClipboardText("nothing yet");
+    Click(program, NoteViewOf(program), {5, 5});
+    Press(program, "Ctrl+a");
+    Command(program, IDM_COPY);
+    EXPECT_TRUE(ClipboardText() == note);
+}
+
+// ---- In the Notes window --------------------------------------------------------------------------------------------
+
+TEST(LongNote, IsShownSearchedAndCopied) {
+    for (const std::string& note :
+         {ManyLines().insert(20000, " amidst "), LongLineWithWord() + "\r\nlast", LongLineWithNumbers()}) {
+        Program program = ProgramWithNotes({{0, note}, {1, "short"}});
+        const HWND view = NoteViewOf(program);
+        Command(program, IDM_NEXT_NOTE);
+        EXPECT_EQ(TextOf(view), "short");
+        Command(program, IDM_PREVIOUS_NOTE);
+        EXPECT_TRUE(TextOf(view) == note);
+        SavePicture(PictureOfWindow(program.frame), note.size() > 40000 ? "long-line" : "long-note");
+        const TextSelection found = SelectionAfterSearch(program, "amidst");
+        EXPECT_EQ(found.start, static_cast<int>(note.find("amidst")));
+        EXPECT_EQ(found.end, found.start + 6);
+        ExpectCopiedWhole(program, note);
+    }
+}
+
+// The view lays out the beginning first. Whoever asks it must not see that.
+TEST(LongNote, IsWholeForWhoeverAsks) {
+    const std::string note = ManyLines();
+    Program program = ProgramWithNotes({{0, note}, {1, "short"}});
+    const HWND view = NoteViewOf(program);
+    const LRESULT lines = SendMessageA(view, EM_GETLINECOUNT, 0, 0);
+    EXPECT_GT(lines, 1000);
+    const auto showAgain = [&] {
+        SendMessageA(program.frame, WM_COMMAND, IDM_NEXT_NOTE, 0);
+        SendMessageA(program.frame, WM_COMMAND, IDM_PREVIOUS_NOTE, 0);
+    };
+    for (int round = 0; round < 5; ++round) {
+        showAgain();
+        EXPECT_EQ(SendMessageA(view, EM_GETLINECOUNT, 0, 0), lines);
+        showAgain();
+        EXPECT_EQ(SendMessageA(view, WM_GETTEXTLENGTH, 0, 0), static_cast<LRESULT>(note.size()));
+        showAgain();
+        SendMessageA(view, WM_VSCROLL, SB_BOTTOM, 0);
+        EXPECT_GT(SendMessageA(view, EM_GETFIRSTVISIBLELINE, 0, 0), lines / 2);
+        showAgain();
+        EXPECT_EQ(SendMessageA(view, EM_GETFIRSTVISIBLELINE, 0, 0), 0);
+    }
+}
+
+TEST(LongNote, LooksTheSameBeforeAndAfterItIsAsked) {
+    Program program = ProgramWithNotes({{0, ManyLines()}, {1, "short"}});
+    const HWND view = NoteViewOf(program);
+    Command(program, IDM_NEXT_NOTE);
+    Command(program, IDM_PREVIOUS_NOTE);
+    const Picture before = PictureOfWindow(view);
+    EXPECT_GT(SendMessageA(view, WM_GETTEXTLENGTH, 0, 0), 30000);
+    RedrawWindow(view, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME);
+    Settle(program);
+    EXPECT_TRUE(PictureOfWindow(view).pixels == before.pixels) << "text and scroll bar";
+}
+
+// ---- In the editor --------------------------------------------------------------------------------------------------
+
+TEST(LongLine, IsEditedAsItIsStored) {
+    const std::string line = LongLineWithWord();
+    Program program = ProgramInEditor(line + "\r\nlast");
+    EXPECT_TRUE(Typed(program) == line + "\r\nlast");
+    const HWND edit = NoteEditOf(program);
+    Click(program, edit, PointOfCharacter(program, edit, 20));
+    Type(program, "Y");
+    SelectRich(program, edit, {kPlace + 1, kPlace + 1});
+    Type(program, "Z");
+    SavePicture(PictureOfWindow(program.frame), "long-line-editor");
+    const std::string changed = std::string(line).insert(20, "Y").insert(kPlace + 1, "Z") + "\r\nlast";
+    EXPECT_TRUE(Typed(program) == changed);
+    Press(program, "Ctrl+s");
+    EXPECT_TRUE(StoredNote(program) == changed);
+    EXPECT_TRUE(TextOf(NoteViewOf(program)) == changed);
+}
+
+TEST(LongLine, IsPastedAndTakenBackInOneStep) {
+    const std::string line = LongLine(50000);
+    Program program = ProgramInEditor("before and after");
+    SelectRich(program, NoteEditOf(program), {7, 7});
+    SetClipboardText(line);
+    Press(program, "Ctrl+v");
+    const std::string pasted = "before " + line + "and after";
+    EXPECT_TRUE(Typed(program) == pasted);
+    Type(program, "xy");
+    EXPECT_TRUE(Typed(program) == "before " + line + "xyand after");
+    Press(program, "Ctrl+z");
+    EXPECT_TRUE(Typed(program) == pasted);
+    Press(program, "Ctrl+z");
+    EXPECT_EQ(Typed(program), "before and after");
+    EXPECT_TRUE(IsGreyed(program, IDM_UNDO));
+    Press(program, "Ctrl+y");
+    EXPECT_TRUE(Typed(program) == pasted);
+    Press(program, "Ctrl+a");
+    Press(program, "Ctrl+x");
+    EXPECT_EQ(Typed(program), "");
+    EXPECT_TRUE(ClipboardText() == pasted);
+    Press(program, "Ctrl+z");
+    EXPECT_TRUE(Typed(program) == pasted);
+    Press(program, "Ctrl+s");
+    EXPECT_TRUE(StoredNote(program) == pasted);
+}
+
+TEST(LongLine, GrowsByPastes) {
+    const std::string part = LongLine(2500);
+    Program program = ProgramInEditor("");
+    SetClipboardText(part);
+    std::string whole;
+    for (int times = 0; times < 8; ++times) {
+        Press(program, "Ctrl+v");
+        whole += part;
+    }
+    EXPECT_TRUE(Typed(program) == whole);
+    for (int times = 0; times < 8; ++times) {
+        Press(program, "Ctrl+z");
+        whole.resize(whole.size() - part.size());
+        EXPECT_TRUE(Typed(program) == whole) << times;
+    }
+    EXPECT_TRUE(IsGreyed(program, IDM_UNDO));
+}
