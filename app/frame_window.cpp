@@ -11,6 +11,7 @@
 #include "app/toolbar_win32.h"
 #include "notes/note_editor_window.h"
 #include "notes/note_tabs_win32.h"
+#include "notes/note_view_text_win32.h"
 #include "notes/notes_window.h"
 #include "resources/ids.h"
 #include "verselist/verse_list_window.h"
@@ -77,7 +78,9 @@ static void OnKey(HWND, UINT key, BOOL, int, UINT) {
 
 // A message box or a dialog has opened, which has a message loop of its own, or has closed.
 static void OnEnable(HWND, BOOL enabled) {
-    if (!enabled) WriteSession();
+    if (enabled) return;
+    CompleteNoteView(theNotes.view);
+    WriteSession();
 }
 
 // Also sent before the key of a menu item becomes its command, which needs the item's state.

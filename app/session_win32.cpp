@@ -14,6 +14,8 @@
 #include "notes/note_files_win32.h"
 #include "notes/note_history.h"
 #include "notes/note_saving.h"
+#include "notes/note_view_text_win32.h"
+#include "notes/notes_window.h"
 #include "notes/whole_files.h"
 #include "scripture/scripture_win32.h"
 #include "win32/controls.h"
@@ -122,7 +124,7 @@ bool NextMessage(MSG& message) {
     while (!PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
         if (isAwake) NoteActivity(theKept.pace, GetTickCount64());  // awake for a sent message
         isAwake = false;
-        if (CheckSetsInIdleTime()) continue;
+        if (CompleteNoteView(theNotes.view) || CheckSetsInIdleTime()) continue;
         isAwake =
             MsgWaitForMultipleObjectsEx(0, nullptr, TimeToCheck(), QS_ALLINPUT, MWMO_INPUTAVAILABLE) != WAIT_TIMEOUT;
         KeepSession();

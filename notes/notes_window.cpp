@@ -8,6 +8,7 @@
 #include "notes/note_files_win32.h"
 #include "notes/note_refresh.h"
 #include "notes/note_tabs_win32.h"
+#include "notes/note_view_text_win32.h"
 #include "pane/selection_win32.h"
 #include "pane/status_bar_win32.h"
 #include "resources/ids.h"
@@ -23,7 +24,7 @@ static constexpr char kNotesClass[] = "NOTEWND";
 NotesPane theNotes;
 
 void ShowNoteText() {
-    SetPlainText(theNotes.view, theNoteSets.noteText);
+    ShowInNoteView(theNotes.view, theNotes.font.get(), theNoteSets.noteText);
 }
 
 void TellChangedNotes() {
@@ -214,6 +215,7 @@ static void OnViewContextMenu(HWND view, HWND under, UINT x, UINT y) {
 }
 
 static LRESULT CALLBACK ViewProcedure(HWND view, UINT message, WPARAM wParam, LPARAM lParam) {
+    PrepareNoteView(view, message);
     switch (message) {
         HANDLE_MSG(view, WM_RBUTTONDOWN, OnViewRButtonDown);
         HANDLE_MSG(view, WM_RBUTTONDBLCLK, OnViewRButtonDown);  // a second right click soon after the first

@@ -1,5 +1,6 @@
 // Benchmarks the notes in the window, measured from outside the program: how long a search of a large set takes from
-// Find to its answer, and how much later the first verse is painted when there are 31 large sets.
+// Find to its answer, how much later the first verse is painted when there are 31 large sets, and how long it takes to
+// show a long note.
 
 #include <windows.h>
 
@@ -14,6 +15,9 @@ static constexpr int kSets = 31;
 static constexpr std::size_t kNoteSize = 2000;  // with 31,102 of them 62 MB
 static constexpr double kMostSearchTime = 45;   // milliseconds
 static constexpr double kMostTimesWithout = 1.05;
+static constexpr double kMostLongNoteTime = 6;     // milliseconds
+static constexpr double kMostLongLineTime = 1500;  // a tenth of what the control takes by itself
+static constexpr double kMostKeyTime = 250;
 
 static std::string TextOfNote(int verse) {
     std::string text = "Note of verse " + std::to_string(verse) + ".\r\n";
@@ -90,7 +94,61 @@ static void MeasureStart(const ScratchFolder& large, const ScratchFolder& none) 
     Print({"start with 31 note sets of 62 MB / without", MedianOf(withSets), MedianOf(without), kMostTimesWithout});
 }
 
+// ---- Long notes -----------------------------------------------------------------------------------------------------
+
+static std::string Lines(std::size_t size) {
+    std::string text;
+    while (text.size() < size) text += "a line of this note that has about sixty letters in it\r\n";
+    return text;
+}
+
+// From the command to the painted text.
+static double TimeOfNextNote(const Program& program, HWND view, const std::string& note) {
+    const double start = Now();
+    SendMessageA(program.frame, WM_COMMAND, IDM_NEXT_NOTE, 0);
+    UpdateWindow(view);
+    const double time = Now() - start;
+    if (TextOf(view) != note) Fail(&program, "another note is shown");
+    return time;
+}
+
+static double TimeOfKeys(HWND edit) {
+    static constexpr int kKeys = 5;
+    const double start = Now();
+    for (int key = 0; key < kKeys; ++key) {
+        SendMessageA(edit, WM_CHAR, 'x', 1);
+        UpdateWindow(edit);
+    }
+    return (Now() - start) / kKeys;
+}
+
+static void MeasureLongNotes() {
+    const ScratchFolder folder = FolderWithScripture();
+    const std::string lines = Lines(30000), line(65000, 'x'), brief = "brief";
+    WriteNoteSet(folder, "Long", {{0, brief}, {1, lines}, {2, line}});
+    Program program = Started(folder);
+    const HWND view = Child(program.frame, {IDC_NOTE_TABS, IDC_NOTES, IDC_NOTE_VIEW});
+    std::vector<double> ofLines, ofLine, ofBrief, ofKeys;
+    for (int round = 0; round < kRounds; ++round) {
+        ofLines.push_back(TimeOfNextNote(program, view, lines));
+        ofLine.push_back(TimeOfNextNote(program, view, line));
+        ofBrief.push_back(TimeOfNextNote(program, view, brief));
+    }
+    PrintAmount("a note of five letters shown", MedianOf(ofBrief), "ms");
+    PrintLimited("a note of 30 kB shown", MedianOf(ofLines), kMostLongNoteTime, "ms");
+    PrintLimited("a line of 65,000 letters shown", MedianOf(ofLine), kMostLongLineTime, "ms");
+    TimeOfNextNote(program, view, lines);
+    TimeOfNextNote(program, view, line);
+    SendMessageA(program.frame, WM_COMMAND, IDM_EDIT_NOTE, 0);
+    const HWND edit =
+        FindWindowExA(FindWindowExA(program.frame, nullptr, "NOTEEDIT", nullptr), nullptr, "RICHEDIT", nullptr);
+    for (int round = 0; round < kRounds; ++round) ofKeys.push_back(TimeOfKeys(edit));
+    PrintLimited("a key in a line of 65,000 letters", MedianOf(ofKeys), kMostKeyTime, "ms");
+    TerminateProcess(program.process.get(), 0);
+}
+
 int main() {
+    MeasureLongNotes();
     const ScratchFolder large = FolderWithScripture();
     WriteLargeSet(large);
     MeasureSearch(large);
