@@ -95,7 +95,7 @@ static void ReleaseRichEdit() {
 
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int showState) {
     EnterRestartFolder();
-    SettleWorkingFolder({kVerseTextFile, "*.nmi"}, "Versewell");
+    SettleWorkingFolder({kVerseTextFile, "*.nmi"}, "Versewell", "installed.txt");
     if (!ClaimWorkingFolder(kFrameClass) || !RegisterClasses()) return 0;
     WatchHeldKeys();
     OpenLastSession();

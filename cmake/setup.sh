@@ -20,6 +20,7 @@ packages=(
   xvfb x11-utils libfaketime locales
   ghostscript poppler-utils
   syncthing curl
+  nsis zip unzip
 )
 
 say() { printf '%s\n' "$*" >&2; }

@@ -269,7 +269,8 @@ static const std::vector<WordRule>& WordRules() {
                     "[a-z._][\\w.-]*"),
          "a path of one machine"},
         {std::regex("https?:/"
-                    "/(?!schemas\\.microsoft\\.com|www\\.w3\\.org|localhost)[a-z0-9]"),
+                    "/(?!schemas\\.microsoft\\.com|www\\.w3\\.org|spdx\\.org|aka\\.ms/"
+                    "winget|example\\.com|localhost)[a-z0-9]"),
          "a host's address"},
     };
     return rules;

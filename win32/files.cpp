@@ -197,9 +197,9 @@ static std::wstring ApplicationDataFolder() {
 }
 
 // Chooses the working folder; false if no files can be created in any.
-static bool ChooseWorkingFolder(Folders& folders, const char* folderName) {
+static bool ChooseWorkingFolder(Folders& folders, const char* folderName, bool isInstalled) {
     if (folders.readsFromStart && CanMakeFiles(folders.start)) return true;
-    if (folders.working = folders.program; CanMakeFiles(folders.working)) return true;
+    if (folders.working = folders.program; !isInstalled && CanMakeFiles(folders.working)) return true;
     if (const std::wstring applicationData = ApplicationDataFolder(); !applicationData.empty()) {
         const std::wstring folder = PathIn(applicationData, folderName);
         CreateDirectoryW(folder.c_str(), nullptr);  // may already exist
@@ -209,11 +209,14 @@ static bool ChooseWorkingFolder(Folders& folders, const char* folderName) {
     return false;
 }
 
-void SettleWorkingFolder(std::initializer_list<const char*> markers, const char* folderName) {
+void SettleWorkingFolder(std::initializer_list<const char*> markers, const char* folderName,
+                         const char* installedMark) {
     Folders& folders = TheFolders();
-    folders.readsFromStart = std::any_of(markers.begin(), markers.end(),
-                                         [&](const char* marker) { return !FilesIn(folders.start, marker).empty(); });
-    folders.canWrite = ChooseWorkingFolder(folders, folderName);
+    const bool isInstalled = IsThere(PathIn(folders.program, Wide(installedMark)));
+    folders.readsFromStart = !isInstalled && std::any_of(markers.begin(), markers.end(), [&](const char* marker) {
+        return !FilesIn(folders.start, marker).empty();
+    });
+    folders.canWrite = ChooseWorkingFolder(folders, folderName, isInstalled);
     if (folders.working.size() < kLongPath) SetCurrentDirectoryW(folders.working.c_str());  // the limit of the system
 }
 

@@ -81,8 +81,9 @@ std::wstring WorkingFilePath(const std::string& name);
 // created there; otherwise the program's folder if files can be created there; otherwise `folderName` in the user's
 // application data, which is created if necessary. If no files can be created there either, the working folder is the
 // current one if it has such a file, otherwise the program's, and is only read. A folder that was current and has none
-// of these files is not used for ProgramFilePath.
-void SettleWorkingFolder(std::initializer_list<const char*> markers, const char* folderName);
+// of these files is not used for ProgramFilePath. If the program's folder has the file `installedMark`, only the folder
+// in the user's application data is tried: an installed copy keeps nothing in folders that are removed with it.
+void SettleWorkingFolder(std::initializer_list<const char*> markers, const char* folderName, const char* installedMark);
 
 // False if SettleWorkingFolder found no folder where files can be created.
 bool CanWriteWorkingFolder();

@@ -188,6 +188,32 @@ TEST(ReadOnlyFolders, LeaveApplicationData) {
     EXPECT_NE(ReadFile(data, "Versewell/My Notes.nmd").find("kept"), std::string::npos);
 }
 
+// ---- Installed copies -----------------------------------------------------------------------------------------------
+
+// Also if it is started in its own folder, or in one with notes. Without the mark, both would be used.
+TEST(InstalledCopies, KeepNotesInApplicationData) {
+    const ScratchFolder home = FolderWithHelp();
+    CopyProgramTo(home);
+    WriteFile(home, "installed.txt", "");
+    const std::vector<std::string> files = FilesIn(home);
+    const ScratchFolder data = EmptyFolder();
+    const WithApplicationData applicationData(data.path);
+    const ScratchFolder other = FolderWithScripture();
+    WriteNoteSet(other, "Other", {{0, "elsewhere"}});
+    const std::vector<std::string> filesOfOther = FilesIn(other);
+    for (const ScratchFolder* start : {&home, &other}) {
+        Program program = StartProgram(*start, ProgramIn(home));
+        EXPECT_FALSE(HasDialog(program));
+        EXPECT_THAT(NoteSetNames(program), ElementsAre("My Notes"));
+        SaveNoteText(program, "kept");
+        EXPECT_EQ(CloseProgram(program), 0);
+        EXPECT_NE(ReadFile(data, "Versewell/My Notes.nmd").find("kept"), std::string::npos);
+    }
+    EXPECT_TRUE(HasFile(data, "Versewell/Versewell.INI"));
+    EXPECT_EQ(FilesIn(home), files);
+    EXPECT_EQ(FilesIn(other), filesOfOther);
+}
+
 namespace {
 
 // Nothing can be written anywhere.

@@ -1,0 +1,123 @@
+; The installer, for one user and without administrator. ./dist gives:
+;   VERSION, OUTPUT, FILES (lists what is installed and removed), SIZE (kilobytes), ICON
+Target amd64-unicode
+Name "Versewell ${VERSION}"
+OutFile "${OUTPUT}"
+RequestExecutionLevel user
+SetCompressor /SOLID lzma
+SetDateSave off
+CRCCheck on
+ManifestDPIAware true
+ManifestSupportedOS all
+Icon "${ICON}"
+UninstallIcon "${ICON}"
+BrandingText " "
+
+; Not to be chosen: a folder with someone's notes would become the program's folder.
+InstallDir "$LOCALAPPDATA\Programs\Versewell"
+
+VIProductVersion "${VERSION}.0"
+VIAddVersionKey "CompanyName" "Versewell"
+VIAddVersionKey "FileDescription" "Versewell: installation"
+VIAddVersionKey "FileVersion" "${VERSION}.0"
+VIAddVersionKey "LegalCopyright" ""
+VIAddVersionKey "ProductName" "Versewell97"
+VIAddVersionKey "ProductVersion" "${VERSION}"
+
+!define ENTRY "Software\Microsoft\Windows\CurrentVersion\Uninstall\Versewell"
+!define LINK "$SMPROGRAMS\Versewell.lnk"
+!define PROGRAM "$INSTDIR\versewell.exe"
+
+Page instfiles
+UninstPage uninstConfirm
+UninstPage instfiles
+
+; A program that runs cannot be replaced. The restart manager asks it to close, as at the end of a session: it keeps what
+; is typed. A program that stays open is never ended by force; then nothing is changed, and the exit code is 3.
+!macro CloseProgram un
+  Function ${un}CanReplace  ; pushes 1 or 0
+    IfFileExists "${PROGRAM}" 0 yes
+    ClearErrors
+    FileOpen $0 "${PROGRAM}" a
+    IfErrors no
+    FileClose $0
+  yes:
+    Push 1
+    Return
+  no:
+    Push 0
+  FunctionEnd
+
+  Function ${un}AskToClose
+    System::Call 'rstrtmgr::RmStartSession(*i .r1, i 0, w .r2) i .r0'
+    StrCmp $0 0 0 end
+    System::Call '*(w "${PROGRAM}") p .r3'
+    System::Call 'rstrtmgr::RmRegisterResources(i r1, i 1, p r3, i 0, p 0, i 0, p 0) i .r0'
+    StrCmp $0 0 0 close
+    System::Call 'rstrtmgr::RmShutdown(i r1, i 0, p 0) i .r0'
+  close:
+    System::Free $3
+    System::Call 'rstrtmgr::RmEndSession(i r1) i .r0'
+  end:
+  FunctionEnd
+
+  Function ${un}CloseProgram
+  again:
+    Call ${un}CanReplace
+    Pop $0
+    StrCmp $0 1 end
+    MessageBox MB_OKCANCEL|MB_ICONINFORMATION "Versewell is running. Choose OK to close it: what is typed in a note is kept." /SD IDOK IDOK ask
+    Goto stop
+  ask:
+    Call ${un}AskToClose
+    StrCpy $9 0
+  wait:
+    Call ${un}CanReplace
+    Pop $0
+    StrCmp $0 1 end
+    Sleep 200
+    IntOp $9 $9 + 1
+    IntCmp $9 15 0 wait 0
+    MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION "Versewell is still running. Please close it, then choose Retry." /SD IDCANCEL IDRETRY again
+  stop:
+    SetErrorLevel 3
+    Quit
+  end:
+  FunctionEnd
+!macroend
+!include "${FILES}"
+!insertmacro CloseProgram ""
+!insertmacro CloseProgram "un."
+
+Section
+  Call CloseProgram
+  ; Pages that a former version had and this one lacks.
+  Delete "$INSTDIR\help\*.html"
+  Delete "$INSTDIR\help\*.png"
+  !insertmacro InstallFiles
+  SetOutPath "$INSTDIR"
+  WriteUninstaller "$INSTDIR\uninstall.exe"
+  CreateShortcut "${LINK}" "${PROGRAM}"
+  WriteRegStr HKCU "${ENTRY}" "DisplayName" "Versewell"
+  WriteRegStr HKCU "${ENTRY}" "DisplayVersion" "${VERSION}"
+  WriteRegStr HKCU "${ENTRY}" "Publisher" "Versewell"
+  WriteRegStr HKCU "${ENTRY}" "DisplayIcon" "${PROGRAM},0"
+  WriteRegStr HKCU "${ENTRY}" "InstallLocation" "$INSTDIR"
+  WriteRegStr HKCU "${ENTRY}" "UninstallString" '"$INSTDIR\uninstall.exe"'
+  WriteRegStr HKCU "${ENTRY}" "QuietUninstallString" '"$INSTDIR\uninstall.exe" /S'
+  WriteRegDWORD HKCU "${ENTRY}" "EstimatedSize" ${SIZE}
+  WriteRegDWORD HKCU "${ENTRY}" "NoModify" 1
+  WriteRegDWORD HKCU "${ENTRY}" "NoRepair" 1
+SectionEnd
+
+; Removes what was installed, file by file. Notes and settings are in %APPDATA%\Versewell and stay, and so does anything
+; else that someone has put beside the program.
+Section "Uninstall"
+  Call un.CloseProgram
+  !insertmacro RemoveFiles
+  Delete "${LINK}"
+  DeleteRegKey HKCU "${ENTRY}"
+  Delete "$INSTDIR\uninstall.exe"
+  SetOutPath "$TEMP"
+  RMDir "$INSTDIR"
+SectionEnd
