@@ -13,7 +13,6 @@
 #include "bench/outcomes.h"
 #include "bench/windows/outside.h"
 #include "resources/ids.h"
-#include "tests/driver/remote_memory.h"
 
 static constexpr int kRounds = 15;
 static constexpr int kTries = 3;
@@ -22,34 +21,10 @@ static constexpr int kSummaryPart = 0;  // of the status bar
 static constexpr int kEntryPart = 1;
 static constexpr RECT kFrame{10, 10, 1110, 810};
 
-namespace {
-
-struct Contestant {
-    Program program;
-    std::vector<HWND> windows{};
-};
-
-}  // namespace
-
-static Contestant Started(const ScratchFolder& folder, const StartOptions& options) {
-    Contestant contestant{LaunchProgram(folder, options)};
-    const Program& program = contestant.program;
-    WaitForFirstVerse(contestant.program, options.frameClass.c_str());
-    contestant.windows = WindowsOf(program);
-    SetWindowPos(program.frame, nullptr, kFrame.left, kFrame.top, kFrame.right - kFrame.left,
+static void Place(const Contestant& contestant) {
+    SetWindowPos(contestant.program.frame, nullptr, kFrame.left, kFrame.top, kFrame.right - kFrame.left,
                  kFrame.bottom - kFrame.top, SWP_NOZORDER | SWP_NOACTIVATE);
-    WaitUntilStill(program, contestant.windows);
-    return contestant;
-}
-
-static HWND OpenWordSearch(const Contestant& contestant, const char* words) {
-    const Program& program = contestant.program;
-    SetForegroundWindow(program.frame);
-    PostMessageA(program.frame, WM_COMMAND, IDM_WORD_SEARCH, 0);
-    const HWND dialog = WaitForDialog(program, "Word Search");
-    SendMessageA(GetDlgItem(dialog, IDC_SEARCH_TEXT), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(words));
-    WaitUntilStill(program, contestant.windows);
-    return dialog;
+    WaitUntilStill(contestant);
 }
 
 // Painting the list puts its top entry, which is another one for each list, into the status bar. Returns milliseconds.
@@ -60,8 +35,8 @@ static double TimeOfList(const Contestant& contestant, const char* words) {
     const HWND dialog = OpenWordSearch(contestant, words);
     const double start = Now();
     PostMessageA(dialog, WM_COMMAND, IDOK, 0);
-    AskUntil(program, 1, [&] { return StatusTextNow(program, kEntryPart, room) != before; });
-    WaitUntilStill(program, contestant.windows);
+    AskUntil(program, "another list", 1, [&] { return StatusTextNow(program, kEntryPart, room) != before; });
+    WaitUntilStill(contestant);
     return Now() - start;
 }
 
@@ -103,14 +78,13 @@ static void Compare(const char* words, const char* others, const Contestant& pro
            .sameAnswer = sameAnswer});
 }
 
-int main() {
-    const ScratchFolder folder = FolderWithScripture();
-    Contestant program = Started(folder, {});
-    Contestant bare = Started(folder, BareProgramOptions());
+static void CompareAll(const Contestant& program, const Contestant& bare) {
+    for (const Contestant* each : {&program, &bare}) Place(*each);
     Compare("grace", "lord", program, bare);
     Compare("lord", "the", program, bare);
     Compare("the", "lord", program, bare);
-    CloseProgram(program.program);
-    CloseProgram(bare.program);
-    return ExitCode();
+}
+
+int main() {
+    return RunBenchmark([] { CompareWithBareProgram(CompareAll); });
 }

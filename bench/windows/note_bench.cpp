@@ -51,10 +51,11 @@ static double TimeOfSearch(const Program& program, HWND dialog) {
     const double start = Now();
     PostMessageA(dialog, WM_COMMAND, IDOK, 0);
     HWND answer = nullptr;
-    AskUntil(program, 0, [&] { return (answer = FindWindowA("#32770", "Search Notes")) && IsWindowVisible(answer); });
+    AskUntil(program, "an answer", 0,
+             [&] { return (answer = FindWindowA("#32770", "Search Notes")) && IsWindowVisible(answer); });
     const double time = Now() - start;
     PostMessageA(answer, WM_COMMAND, IDOK, 0);
-    AskUntil(program, 1, [&] { return !IsWindow(answer) && IsWindowEnabled(dialog); });
+    AskUntil(program, "the dialog again", 1, [&] { return !IsWindow(answer) && IsWindowEnabled(dialog); });
     return time;
 }
 
@@ -62,12 +63,12 @@ static void MeasureSearch(const ScratchFolder& folder) {
     Program program = Started(folder);
     PostMessageA(program.frame, WM_COMMAND, IDM_SEARCH_NOTES, 0);
     const HWND dialog = WaitForDialog(program, "Search Note Set Large");
-    SendMessageA(GetDlgItem(dialog, IDC_NOTE_TEXT), WM_SETTEXT, 0, reinterpret_cast<LPARAM>("in any note"));
+    Ask(program, GetDlgItem(dialog, IDC_NOTE_TEXT), WM_SETTEXT, 0, reinterpret_cast<LPARAM>("in any note"));
     std::vector<double> times;
     for (int round = 0; round < kRounds; ++round) times.push_back(TimeOfSearch(program, dialog));
     PrintLimited("Find to the answer, notes of 62 MB in vain", MedianOf(times), kMostSearchTime, "ms");
     PostMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
-    AskUntil(program, 1, [&] { return !IsWindow(dialog); });
+    AskUntil(program, "the dialog's end", 1, [&] { return !IsWindow(dialog); });
     CloseProgram(program);
 }
 
@@ -105,18 +106,18 @@ static std::string Lines(std::size_t size) {
 // From the command to the painted text.
 static double TimeOfNextNote(const Program& program, HWND view, const std::string& note) {
     const double start = Now();
-    SendMessageA(program.frame, WM_COMMAND, IDM_NEXT_NOTE, 0);
+    Ask(program, program.frame, WM_COMMAND, IDM_NEXT_NOTE);
     UpdateWindow(view);
     const double time = Now() - start;
     if (TextOf(view) != note) Fail(&program, "another note is shown");
     return time;
 }
 
-static double TimeOfKeys(HWND edit) {
+static double TimeOfKeys(const Program& program, HWND edit) {
     static constexpr int kKeys = 5;
     const double start = Now();
     for (int key = 0; key < kKeys; ++key) {
-        SendMessageA(edit, WM_CHAR, 'x', 1);
+        Ask(program, edit, WM_CHAR, 'x', 1);
         UpdateWindow(edit);
     }
     return (Now() - start) / kKeys;
@@ -139,20 +140,23 @@ static void MeasureLongNotes() {
     PrintLimited("a line of 65,000 letters shown", MedianOf(ofLine), kMostLongLineTime, "ms");
     TimeOfNextNote(program, view, lines);
     TimeOfNextNote(program, view, line);
-    SendMessageA(program.frame, WM_COMMAND, IDM_EDIT_NOTE, 0);
+    Ask(program, program.frame, WM_COMMAND, IDM_EDIT_NOTE);
     const HWND edit =
         FindWindowExA(FindWindowExA(program.frame, nullptr, "NOTEEDIT", nullptr), nullptr, "RICHEDIT", nullptr);
-    for (int round = 0; round < kRounds; ++round) ofKeys.push_back(TimeOfKeys(edit));
+    for (int round = 0; round < kRounds; ++round) ofKeys.push_back(TimeOfKeys(program, edit));
     PrintLimited("a key in a line of 65,000 letters", MedianOf(ofKeys), kMostKeyTime, "ms");
     TerminateProcess(program.process.get(), 0);
 }
 
-int main() {
+static void Measure() {
     MeasureLongNotes();
     const ScratchFolder large = FolderWithScripture();
     WriteLargeSet(large);
     MeasureSearch(large);
     LinkOtherSets(large);
     MeasureStart(large, FolderWithScripture());
-    return ExitCode();
+}
+
+int main() {
+    return RunBenchmark(Measure);
 }

@@ -18,30 +18,14 @@ static constexpr int kRounds = 11;
 static constexpr double kMostTimesBare = 1.2;
 static constexpr int kEntryPart = 1;  // of the status bar
 
-namespace {
-
-struct Contestant {
-    Program program;
-    std::vector<HWND> windows{};
-};
-
-}  // namespace
-
 // As while a corner of the frame is dragged: wider and higher, narrower, flatter, and back.
 static constexpr SIZE kSizes[] = {{900, 650},  {910, 657}, {960, 657}, {1010, 692}, {1110, 760}, {1200, 900},
                                   {1100, 900}, {980, 900}, {980, 800}, {910, 700},  {800, 640},  {700, 560}};
 
-static Contestant Started(const ScratchFolder& folder, const StartOptions& options) {
-    Contestant contestant{LaunchProgram(folder, options)};
-    WaitForFirstVerse(contestant.program, options.frameClass.c_str());
-    contestant.windows = WindowsOf(contestant.program);
-    return contestant;
-}
-
 static void Resize(const Contestant& contestant, const SIZE& size) {
     SetWindowPos(contestant.program.frame, HWND_TOP, 10, 10, static_cast<int>(size.cx), static_cast<int>(size.cy),
                  SWP_NOACTIVATE);
-    WaitUntilStill(contestant.program, contestant.windows);
+    WaitUntilStill(contestant);
 }
 
 // The first one also puts the frame in front of the other contestant's.
@@ -51,13 +35,10 @@ static void ResizeOften(const Contestant& contestant) {
 
 static void FillList(const Contestant& contestant) {
     const Program& program = contestant.program;
-    PostMessageA(program.frame, WM_COMMAND, IDM_WORD_SEARCH, 0);
-    const HWND dialog = WaitForDialog(program, "Word Search");
-    SendMessageA(GetDlgItem(dialog, IDC_SEARCH_TEXT), WM_SETTEXT, 0, reinterpret_cast<LPARAM>("lord"));
-    PostMessageA(dialog, WM_COMMAND, IDOK, 0);
+    PostMessageA(OpenWordSearch(contestant, "lord"), WM_COMMAND, IDOK, 0);
     const HWND statusBar = Child(program.frame, {IDC_STATUS_BAR});
-    AskUntil(program, 1, [&] { return Ask(program, statusBar, SB_GETTEXTLENGTHA, kEntryPart) != 0; });
-    WaitUntilStill(program, contestant.windows);
+    AskUntil(program, "a list", 1, [&] { return Ask(program, statusBar, SB_GETTEXTLENGTHA, kEntryPart) != 0; });
+    WaitUntilStill(contestant);
 }
 
 static RECT PlaceOf(const Contestant& contestant, std::initializer_list<int> ids) {
@@ -101,13 +82,12 @@ static void Compare(const char* list, const Contestant& program, const Contestan
            .sameAnswer = alike});
 }
 
-int main() {
-    const ScratchFolder folder = FolderWithScripture();
-    Contestant program = Started(folder, {});
-    Contestant bare = Started(folder, BareProgramOptions());
+static void CompareAll(const Contestant& program, const Contestant& bare) {
     Compare("empty", program, bare);
     for (const Contestant* each : {&program, &bare}) FillList(*each);
     Compare("full", program, bare);
-    for (Contestant* each : {&program, &bare}) CloseProgram(each->program);
-    return ExitCode();
+}
+
+int main() {
+    return RunBenchmark([] { CompareWithBareProgram(CompareAll); });
 }

@@ -4,17 +4,19 @@
 
 #include <windows.h>
 
-#include <commctrl.h>
-
-#include <cstdio>
+#include <algorithm>
+#include <limits>
 
 #include "bench/contest.h"
 #include "bench/outcomes.h"
 #include "bench/windows/outside.h"
 #include "resources/ids.h"
+#include "scripture/scripture.h"
+#include "scripture/scripture_win32.h"
 
 static constexpr int kSteps = 60;
 static constexpr int kRounds = 9;
+static constexpr int kTries = 3;
 static constexpr int kPassagePart = 3;     // of the status bar
 static constexpr double kMostMemory = 60;  // MiB
 
@@ -26,41 +28,26 @@ struct ScreenSize {
     double mostTimesBare;
 };
 
-struct Contestant {
-    Program program;
-    HWND passage = nullptr;
-    std::string first{}, last{};  // the references shown before and after a burst downwards
-    std::vector<double> times{};  // of a step, milliseconds
+// The references that are shown before and after a burst downwards.
+struct BurstEnds {
+    std::string first, last;
 };
 
 }  // namespace
 
-// What is allowed is 0.6 of the ratio that the program had when it painted the whole pane and updated the status bar,
-// the scroll box and the tabs in each step.
+// When it painted the whole pane and updated the status bar, the scroll box and the tabs in each step, the program took
+// 3.4, 6.2 and 3.9 times as long as the bare program. 0.6 of that is the most that is wanted; less is reached.
 static constexpr ScreenSize kSizes[] = {
     {"1600 x 1000", 1600, 1000, 2.0},
-    {"2560 x 1440", 2560, 1440, 3.7},
-    {"3840 x 2160", 3840, 2160, 2.3},
+    {"2560 x 1440", 2560, 1440, 2.2},
+    {"3840 x 2160", 3840, 2160, 2.0},
 };
 
-static std::string BareProgram() {
-    char file[MAX_PATH];
-    GetModuleFileNameA(nullptr, file, sizeof file);
-    return (std::filesystem::path(file).parent_path() / "bare_program.exe").string();
-}
-
-static Contestant Start(const ScratchFolder& folder, const StartOptions& options) {
-    Contestant contestant{LaunchProgram(folder, options)};
-    WaitForFirstVerse(contestant.program, options.frameClass.c_str());
-    contestant.passage = Child(contestant.program.frame, {IDC_PASSAGE_TABS, IDC_PASSAGE});
-    return contestant;
-}
-
-static void WaitUntilStill(const Program& program) {
-    for (int turn = 0; turn < 5; ++turn) {
-        Ask(program, program.frame, WM_NULL);
-        Sleep(20);
-    }
+static BurstEnds EndsOfBurst() {
+    Scripture scripture;
+    if (!LoadScripture(ScriptureDataFiles(), scripture)) Fail(nullptr, "no scripture files in the current folder");
+    return {ReferenceText(scripture.records, 0, BookForm::kName),
+            ReferenceText(scripture.records, kSteps, BookForm::kName)};
 }
 
 // Only one of the two is shown at a time, because a window behind another one has nothing to paint.
@@ -68,94 +55,82 @@ static void Show(const Contestant& contestant, const ScreenSize& size) {
     const HWND frame = contestant.program.frame;
     SetWindowPos(frame, HWND_TOP, 0, 0, size.width, size.height, SWP_SHOWWINDOW);
     SetForegroundWindow(frame);
-    WaitUntilStill(contestant.program);
+    WaitUntilStill(contestant);
 }
 
 static void Hide(const Contestant& contestant) {
     ShowWindow(contestant.program.frame, SW_HIDE);
-    WaitUntilStill(contestant.program);
+    Ask(contestant.program, contestant.program.frame, WM_NULL);
 }
 
-static void PressKeys(const Contestant& contestant, WPARAM key) {
-    for (int step = 0; step < kSteps; ++step) PostMessageA(contestant.passage, WM_KEYDOWN, key, 0);
+static void PressKeys(HWND pane, WPARAM key, int count) {
+    for (int i = 0; i < count; ++i) PostMessageA(pane, WM_KEYDOWN, key, 0);
 }
 
-// A burst downwards and the references at its ends.
-static void Learn(Contestant& contestant, const RemoteMemory& room) {
-    contestant.first = StatusTextNow(contestant.program, kPassagePart, room);
-    PressKeys(contestant, VK_DOWN);
-    Sleep(2000);
-    contestant.last = StatusTextNow(contestant.program, kPassagePart, room);
-    PressKeys(contestant, VK_UP);
-    Sleep(2000);
-}
-
-static void TimeBurst(Contestant& contestant, WPARAM key, const std::string& reference, const RemoteMemory& room) {
+// Milliseconds of a step.
+static double TimeOfBurst(const Contestant& contestant, WPARAM key, const std::string& reference,
+                          const RemoteMemory& room) {
+    const Program& program = contestant.program;
+    const HWND passage = Child(program.frame, {IDC_PASSAGE_TABS, IDC_PASSAGE});
     const double start = Now();
-    PressKeys(contestant, key);
-    AskUntil(contestant.program, 1, [&] { return StatusTextNow(contestant.program, kPassagePart, room) == reference; });
-    Ask(contestant.program, contestant.program.frame, WM_NULL);  // after what it is painting
-    contestant.times.push_back((Now() - start) / kSteps);
+    PressKeys(passage, key, kSteps);
+    AskUntil(program, reference + " in the status bar", 1,
+             [&] { return StatusTextNow(program, kPassagePart, room) == reference; });
+    Ask(program, program.frame, WM_NULL);  // after what it is painting
+    return (Now() - start) / kSteps;
 }
 
-static void TimeRound(Contestant& contestant, const ScreenSize& size) {
+// The best of three bursts and back, because a step that is preempted takes ten times as long.
+static double BestTimeOfStep(const Contestant& contestant, const ScreenSize& size, const BurstEnds& ends) {
     const RemoteMemory room(contestant.program, kStatusRoom);
+    double best = std::numeric_limits<double>::infinity();
     Show(contestant, size);
-    if (contestant.last.empty()) Learn(contestant, room);
-    TimeBurst(contestant, VK_DOWN, contestant.last, room);
-    TimeBurst(contestant, VK_UP, contestant.first, room);
-    Hide(contestant);
-}
-
-static void Compare(Contestant& program, Contestant& bare, const ScreenSize& size) {
-    program.times.clear();
-    bare.times.clear();
-    for (int round = 0; round < kRounds; ++round) {
-        TimeRound(program, size);
-        TimeRound(bare, size);
+    for (int attempt = 0; attempt < kTries; ++attempt) {
+        best = std::min(best, TimeOfBurst(contestant, VK_DOWN, ends.last, room));
+        best = std::min(best, TimeOfBurst(contestant, VK_UP, ends.first, room));
     }
-    Print({std::string("scroll step, ") + size.name + " / bare program", MedianOf(program.times), MedianOf(bare.times),
-           size.mostTimesBare, 0, "ms", program.first == bare.first && program.last == bare.last});
+    Hide(contestant);
+    return best;
 }
 
-static void SearchFor(const Program& program, const char* words) {
-    PostMessageA(program.frame, WM_COMMAND, IDM_WORD_SEARCH, 0);
-    const HWND dialog = WaitForDialog(program, "Word Search");
-    SendMessageA(GetDlgItem(dialog, IDC_SEARCH_TEXT), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(words));
-    PostMessageA(dialog, WM_COMMAND, IDOK, 0);
-    AskUntil(program, 5, [&] { return !HasDialog(program); });
-    WaitUntilStill(program);
+static void Compare(const Contestant& program, const Contestant& bare, const ScreenSize& size, const BurstEnds& ends) {
+    std::vector<double> times, floors;
+    for (int round = 0; round < kRounds; ++round) {
+        times.push_back(BestTimeOfStep(program, size, ends));
+        floors.push_back(BestTimeOfStep(bare, size, ends));
+    }
+    Print({std::string("scroll step, ") + size.name + " / bare program", MedianOf(times), MedianOf(floors),
+           size.mostTimesBare});
+}
+
+static void SearchFor(const Contestant& contestant, const char* words) {
+    PostMessageA(OpenWordSearch(contestant, words), WM_COMMAND, IDOK, 0);
+    AskUntil(contestant.program, "the dialog's end", 5, [&] { return !HasDialog(contestant.program); });
+    WaitUntilStill(contestant);
 }
 
 // After searches and pages of both panes, on the largest screen.
 static void MeasureMemory(const Contestant& contestant, const ScreenSize& size) {
     const Program& program = contestant.program;
-    const HWND list = Child(program.frame, {IDC_LIST_TABS, IDC_VERSE_LIST});
     Show(contestant, size);
     for (const char* words : {"grace", "the", "lord god"}) {
-        SearchFor(program, words);
-        for (const HWND pane : {list, contestant.passage}) {
-            for (int page = 0; page < 20; ++page) PostMessageA(pane, WM_KEYDOWN, VK_NEXT, 0);
-        }
-        WaitUntilStill(program);
+        SearchFor(contestant, words);
+        PressKeys(Child(program.frame, {IDC_LIST_TABS, IDC_VERSE_LIST}), VK_NEXT, 20);
+        PressKeys(Child(program.frame, {IDC_PASSAGE_TABS, IDC_PASSAGE}), VK_NEXT, 20);
+        WaitUntilStill(contestant);
     }
     PrintLimited(std::string("working set after searches, ") + size.name, MemoryOf(program).workingSet, kMostMemory,
                  "MiB");
 }
 
-int main() {
-    const ScratchFolder folder = FolderWithScripture();
-    StartOptions bareOptions;
-    bareOptions.programFile = BareProgram();
-    bareOptions.frameClass = "BareProgram";
-    Contestant program = Start(folder, {});
-    Hide(program);
-    Contestant bare = Start(folder, bareOptions);
-    Hide(bare);
-    for (const ScreenSize& size : kSizes) Compare(program, bare, size);
+static void CompareAll(const Contestant& program, const Contestant& bare) {
+    const BurstEnds ends = EndsOfBurst();
+    for (const Contestant* each : {&program, &bare}) Hide(*each);
+    for (const ScreenSize& size : kSizes) Compare(program, bare, size, ends);
     MeasureMemory(program, kSizes[std::size(kSizes) - 1]);
     PrintAmount("the bare program's working set", MemoryOf(bare.program).workingSet, "MiB");
-    CloseProgram(program.program);
-    CloseProgram(bare.program);
-    return ExitCode();
+}
+
+int main() {
+    return RunBenchmark([] { CompareWithBareProgram(CompareAll); });
 }

@@ -13,34 +13,34 @@ static constexpr double kMostMemoryAboveBare = 15;  // MiB
 
 namespace {
 
-struct Contestant {
+struct Starter {
     StartOptions options;
     std::vector<double> times{}, workingSets{}, ownMemory{};
 };
 
 }  // namespace
 
-static void StartOnce(const ScratchFolder& folder, Contestant& contestant) {
+static void StartOnce(const ScratchFolder& folder, Starter& starter) {
     const double start = Now();
-    Program program = LaunchProgram(folder, contestant.options);
-    WaitForFirstVerse(program, contestant.options.frameClass.c_str());
-    contestant.times.push_back(Now() - start);
+    Program program = LaunchProgram(folder, starter.options);
+    WaitForFirstVerse(program, starter.options.frameClass.c_str());
+    starter.times.push_back(Now() - start);
     const Memory memory = MemoryOf(program);
-    contestant.workingSets.push_back(memory.workingSet);
-    contestant.ownMemory.push_back(memory.ownMemory);
+    starter.workingSets.push_back(memory.workingSet);
+    starter.ownMemory.push_back(memory.ownMemory);
     CloseProgram(program);
 }
 
 // The first start of each creates the note files and reads files that are not cached yet.
-static void WarmUp(const ScratchFolder& folder, Contestant& contestant) {
-    Contestant thrownAway{contestant.options};
+static void WarmUp(const ScratchFolder& folder, Starter& starter) {
+    Starter thrownAway{starter.options};
     StartOnce(folder, thrownAway);
 }
 
-int main() {
+static void Measure() {
     const ScratchFolder folder = FolderWithScripture();
-    Contestant program;
-    Contestant bare;
+    Starter program;
+    Starter bare;
     bare.options = BareProgramOptions();
     WarmUp(folder, program);
     WarmUp(folder, bare);
@@ -54,5 +54,8 @@ int main() {
                  kMostMemoryAboveBare, "MiB");
     PrintLimited("own memory above the bare program's", MedianOf(program.ownMemory) - MedianOf(bare.ownMemory),
                  kMostMemoryAboveBare, "MiB");
-    return ExitCode();
+}
+
+int main() {
+    return RunBenchmark(Measure);
 }

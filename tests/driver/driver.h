@@ -79,6 +79,9 @@ struct StartOptions {
     std::string frameClass = "Versewell97";
 };
 
+// The full name of a program that is built beside this one.
+std::filesystem::path ProgramBesideThis(const char* name);
+
 // Starts the program in the folder and waits until its frame is shown and idle.
 Program StartProgram(const ScratchFolder& folder, const StartOptions& options = {});
 

@@ -21,10 +21,8 @@ static constexpr int kCombo = 22;
 static constexpr int kField = 31;
 
 static StartOptions Sample() {
-    char file[MAX_PATH];
-    GetModuleFileNameA(nullptr, file, sizeof file);
     StartOptions options;
-    options.programFile = (std::filesystem::path(file).parent_path() / "driver_sample.exe").string();
+    options.programFile = ProgramBesideThis("driver_sample.exe");
     options.frameClass = "DriverSample";
     return options;
 }

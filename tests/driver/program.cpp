@@ -109,6 +109,12 @@ void RunOnHost(const ScratchFolder& folder, const std::string& command) {
     std::filesystem::remove(folder.path / "done");
 }
 
+std::filesystem::path ProgramBesideThis(const char* name) {
+    char file[MAX_PATH];
+    GetModuleFileNameA(nullptr, file, sizeof file);
+    return std::filesystem::path(file).parent_path() / name;
+}
+
 Program LaunchProgram(const ScratchFolder& folder, const StartOptions& options) {
     const std::filesystem::path file = options.programFile.empty() ? Surroundings().program : options.programFile;
     const std::wstring commandLine = L"\"" + file.wstring() + L"\" " + Widened(options.arguments);
