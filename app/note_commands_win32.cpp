@@ -110,7 +110,7 @@ void EndEditingNote(int) {
 void ShowNoteReferences(int) {
     if (theNotes.references.empty()) return;
     ShowReferences(theNotes.references);
-    ShowStatus(theFrame.window, StatusPart::kSearchSummary,
+    ShowStatus(StatusPart::kSearchSummary,
                "x-refs for " + ReferenceText(theScripture.records, theNoteSets.currentVerse, BookForm::kName));
     RunIfEnabled(theFrame.window, IDM_VIEW_LIST);
     RefreshCommands();

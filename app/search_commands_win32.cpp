@@ -17,15 +17,15 @@
 
 static void ReportNoMatch(const SearchKind& kind) {
     EmptyVerseList();
-    ShowStatus(theFrame.window, StatusPart::kSearchSummary, "No Matches");
-    ShowStatus(theFrame.window, StatusPart::kListEntry, "");
+    ShowStatus(StatusPart::kSearchSummary, "No Matches");
+    ShowStatus(StatusPart::kListEntry, "");
     RefreshCommands();
     MessageBoxA(theFrame.window, "No verses matching search criteria.", "Search Results", MB_OK | MB_ICONINFORMATION);
-    if (kind.summarizesNoMatches) ShowStatus(theFrame.window, StatusPart::kSearchSummary, SearchSummary({}));
+    if (kind.summarizesNoMatches) ShowStatus(StatusPart::kSearchSummary, SearchSummary({}));
 }
 
 static void ShowFound(const SearchKind& kind, Query query, SearchResult found) {
-    ShowStatus(theFrame.window, StatusPart::kSearchSummary, SearchSummary(found));
+    ShowStatus(StatusPart::kSearchSummary, SearchSummary(found));
     DropSelection();
     if (kind.focusesVerseList) SetFocus(theVerseList.window);
     ShowSearchResult(std::move(query), std::move(found.verses));
@@ -67,7 +67,7 @@ void SetRange(int) {
 }
 
 void ShowRange(int) {
-    ShowStatus(theFrame.window, StatusPart::kSearchRange, SearchRangeText());
+    ShowStatus(StatusPart::kSearchRange, SearchRangeText());
 }
 
 // The text selected in the note view, cut to `limit` characters.

@@ -30,8 +30,8 @@ static void RefreshFrame() {
 // Takes back what was told, unless the part has another text now.
 static void TellNothing() {
     if (theNoteEdit.told.empty()) return;
-    if (StatusText(theNoteEdit.window, StatusPart::kSearchSummary) == theNoteEdit.told)
-        ShowStatus(theNoteEdit.window, StatusPart::kSearchSummary, theNoteEdit.statusBefore);
+    if (StatusText(StatusPart::kSearchSummary) == theNoteEdit.told)
+        ShowStatus(StatusPart::kSearchSummary, theNoteEdit.statusBefore);
     theNoteEdit.told.clear();
 }
 
@@ -39,9 +39,9 @@ static void TellNothing() {
 static void TellInStatus(const std::string& text) {
     TellNothing();
     MessageBeep(MB_OK);
-    theNoteEdit.statusBefore = StatusText(theNoteEdit.window, StatusPart::kSearchSummary);
+    theNoteEdit.statusBefore = StatusText(StatusPart::kSearchSummary);
     theNoteEdit.told = text;
-    ShowStatus(theNoteEdit.window, StatusPart::kSearchSummary, text);
+    ShowStatus(StatusPart::kSearchSummary, text);
 }
 
 // ---- Text ---------------------------------------------------------------------------------------------------------

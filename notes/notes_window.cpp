@@ -45,8 +45,7 @@ void ReadNote(int verse) {
     }
     theNotes.hasRead = true;
     ShowNoteText();
-    ShowStatus(theNotes.window, StatusPart::kNote,
-               ReferenceText(theScripture.records, theNoteSets.currentVerse, BookForm::kName));
+    ShowStatus(StatusPart::kNote, ReferenceText(theScripture.records, theNoteSets.currentVerse, BookForm::kName));
 }
 
 // A set that is not checked yet is read when it is used or when there is nothing else to do.

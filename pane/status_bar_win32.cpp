@@ -153,13 +153,13 @@ HWND CreateStatusBar(HWND frame) {
 
 // ---- Texts ----------------------------------------------------------------------------------------------------------
 
-std::string StatusText(HWND, StatusPart part) {
+std::string StatusText(StatusPart part) {
     const auto number = static_cast<std::size_t>(part);
     return number < theStatusBar.parts.size() ? theStatusBar.parts[number].text : "";
 }
 
-void ShowStatus(HWND window, StatusPart part, const std::string& text) {
-    if (StatusText(window, part) != text)
+void ShowStatus(StatusPart part, const std::string& text) {
+    if (StatusText(part) != text)
         SendMessageA(theStatusBar.window, SB_SETTEXTA, static_cast<WPARAM>(part),
                      reinterpret_cast<LPARAM>(text.c_str()));
 }

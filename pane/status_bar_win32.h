@@ -17,9 +17,8 @@ enum class StatusPart {
 // Creates an empty status bar with one part, as a child of `frame`.
 HWND CreateStatusBar(HWND frame);
 
-// Sets a part of the status bar of the frame that `window` belongs to. Does nothing if the part already has that text,
-// because rewriting it would flicker.
-void ShowStatus(HWND window, StatusPart part, const std::string& text);
+// Sets the text of a part. Does nothing if the part already has that text, because rewriting it would flicker.
+void ShowStatus(StatusPart part, const std::string& text);
 
 // The text of a part.
-std::string StatusText(HWND window, StatusPart part);
+std::string StatusText(StatusPart part);

@@ -64,8 +64,7 @@ int PassageTargetVerse() {
 }
 
 static void ShowPosition() {
-    ShowStatus(thePassage.window, StatusPart::kPassage,
-               ReferenceText(theScripture.records, thePassage.view.TopVerse, BookForm::kName));
+    ShowStatus(StatusPart::kPassage, ReferenceText(theScripture.records, thePassage.view.TopVerse, BookForm::kName));
     MoveScrollBox(thePassage, thePassage.view.TopVerse);
     if (thePassage.awaitsNote) BringNote();
 }

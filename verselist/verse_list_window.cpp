@@ -112,7 +112,7 @@ HWND ShownListView() {
 void SwitchListView(int view) {
     theVerseList.list.currentView = view;
     ShowWindow(ShowsReferences() ? theVerseList.window : theVerseList.references.window, SW_HIDE);
-    if (ShowsReferences()) ShowStatus(theVerseList.window, StatusPart::kListEntry, "");
+    if (ShowsReferences()) ShowStatus(StatusPart::kListEntry, "");
     ShowWindow(ShownListView(), SW_SHOW);
 }
 
@@ -180,7 +180,7 @@ static void ShowChangedEntries(int place, int topLine) {
     }
     DropSelection();
     FollowMarkedLines(GetFocus() == theVerseList.references.window);
-    ShowStatus(theVerseList.window, StatusPart::kListEntry, "");
+    ShowStatus(StatusPart::kListEntry, "");
     SetRangeOfScrollBar();
     RedisplayVerseList();
     RefreshFrame();
@@ -189,9 +189,9 @@ static void ShowChangedEntries(int place, int topLine) {
 static void Delete(const std::vector<int>& places) {
     if (places.empty() || ListCount(theVerseList.list) == 0) return;
     const int topLine = TopLine(theVerseList.references);
-    DeleteEntries(theVerseList.list, places, StatusText(theVerseList.window, StatusPart::kSearchSummary));
+    DeleteEntries(theVerseList.list, places, StatusText(StatusPart::kSearchSummary));
     RemoveLines(theVerseList.references, places);
-    ShowStatus(theVerseList.window, StatusPart::kSearchSummary, "");
+    ShowStatus(StatusPart::kSearchSummary, "");
     ShowChangedEntries(places.front(), topLine);
 }
 
@@ -203,8 +203,7 @@ void RestoreDeletedEntries() {
     const int topLine = TopLine(theVerseList.references);
     const Deletion restored = RestoreEntries(theVerseList.list);
     InsertLines(theVerseList.references, restored.entries);
-    if (StatusText(theVerseList.window, StatusPart::kSearchSummary).empty())
-        ShowStatus(theVerseList.window, StatusPart::kSearchSummary, restored.summary);
+    if (StatusText(StatusPart::kSearchSummary).empty()) ShowStatus(StatusPart::kSearchSummary, restored.summary);
     ShowChangedEntries(restored.entries.front().place, topLine);
 }
 
@@ -217,8 +216,7 @@ static bool HasText() {
 static void ShowPosition() {
     const VerseList& list = theVerseList.list;
     const int verse = list.ListEntries[static_cast<std::size_t>(list.ListTop)];
-    ShowStatus(theVerseList.window, StatusPart::kListEntry,
-               ReferenceText(theScripture.records, verse, BookForm::kName));
+    ShowStatus(StatusPart::kListEntry, ReferenceText(theScripture.records, verse, BookForm::kName));
     MoveScrollBox(theVerseList, list.ListTop);
 }
 
