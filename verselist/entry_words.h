@@ -46,8 +46,8 @@ struct KnownEntries {
     std::unordered_map<int, EntryWords> byVerse;
 };
 
-// As many entries are kept: some pages of the largest screens, about a megabyte.
-inline constexpr std::size_t kMostKnownEntries = 1024;
+// As many entries are kept: some pages of the largest screens, about half a megabyte.
+inline constexpr std::size_t kMostKnownEntries = 512;
 
 // How the words of an entry are made.
 struct EntryMaking {
