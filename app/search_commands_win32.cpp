@@ -12,6 +12,7 @@
 #include "scripture/scripture_win32.h"
 #include "search/search_dialog.h"
 #include "search/search_engine.h"
+#include "search/text_kinds.h"
 #include "verselist/verse_list_window.h"
 #include "win32/controls.h"
 
@@ -93,4 +94,10 @@ void SearchNotesForSelection(int) {
     theSearch.NoteSearchText.replace(0, selected.size(), selected);
     theSearch.searchText.resize(std::min(theSearch.searchText.size(), selected.size()));
     AskNoteSearch(theFrame.window);
+}
+
+bool PrepareSearchesInIdleTime() {
+    if (!theScripture.textKinds.empty() || theScripture.text.empty()) return false;
+    theScripture.textKinds = FindTextKinds(theScripture);
+    return !theScripture.textKinds.empty();
 }

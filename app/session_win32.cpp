@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "app/frame_win32.h"
+#include "app/search_commands_win32.h"
 #include "app/session.h"
 #include "app/session_pace.h"
 #include "app/set_checks_win32.h"
@@ -124,7 +125,7 @@ bool NextMessage(MSG& message) {
     while (!PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
         if (isAwake) NoteActivity(theKept.pace, GetTickCount64());  // awake for a sent message
         isAwake = false;
-        if (CompleteNoteView(theNotes.view) || CheckSetsInIdleTime()) continue;
+        if (CompleteNoteView(theNotes.view) || PrepareSearchesInIdleTime() || CheckSetsInIdleTime()) continue;
         isAwake =
             MsgWaitForMultipleObjectsEx(0, nullptr, TimeToCheck(), QS_ALLINPUT, MWMO_INPUTAVAILABLE) != WAIT_TIMEOUT;
         KeepSession();

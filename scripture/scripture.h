@@ -15,6 +15,7 @@
 
 #include <span>
 #include <string_view>
+#include <vector>
 
 #include "scripture/data_files.h"
 #include "scripture/verse_records.h"
@@ -25,7 +26,8 @@ inline constexpr char kParagraphMark = '\xB6';
 
 struct Scripture {
     VerseRecords records;
-    std::span<const char> text;  // all verses, each terminated by a zero byte
+    std::span<const char> text;                 // all verses, each terminated by a zero byte
+    std::vector<unsigned char> textKinds = {};  // empty until they have been looked for, see search/text_kinds.h
 };
 
 // Loads the verse index, then the text. Returns false as soon as one of them cannot be loaded, or if the text is empty.

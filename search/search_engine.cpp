@@ -91,7 +91,7 @@ static Verses VersesWithAllByCounters(SearchPass& pass) {
     return verses;
 }
 
-// The lists of the words within the range, the shortest first.
+// The lists of the words within the range.
 static std::vector<VerseEntries> ListsOf(const SearchPass& pass) {
     std::vector<VerseEntries> lists;
     lists.reserve(pass.query.words.size());
@@ -99,8 +99,11 @@ static std::vector<VerseEntries> ListsOf(const SearchPass& pass) {
         const int match = FindWord(pass.index, pass.query.caseSensitive ? LowerCased(word) : word);
         lists.push_back(EntriesWithin(EntriesOf(pass.index, match), pass.first, pass.last));
     }
-    std::sort(lists.begin(), lists.end(), [](VerseEntries a, VerseEntries b) { return a.size() < b.size(); });
     return lists;
+}
+
+static bool IsShorter(VerseEntries one, VerseEntries other) {
+    return one.size() < other.size();
 }
 
 static void KeepAsTyped(const SearchPass& pass, Verses& verses) {
@@ -115,7 +118,8 @@ static void KeepAsTyped(const SearchPass& pass, Verses& verses) {
 // twice, which then counts as two words.
 static Verses VersesWithAll(SearchPass& pass) {
     if (!pass.index.listsAscend) return VersesWithAllByCounters(pass);
-    const std::vector<VerseEntries> lists = ListsOf(pass);
+    std::vector<VerseEntries> lists = ListsOf(pass);
+    std::sort(lists.begin(), lists.end(), IsShorter);
     Verses verses = VersesOf(lists.front());
     for (std::size_t i = 1; i < lists.size() && !verses.empty(); ++i) KeepVersesIn(lists[i], verses, pass.hits);
     if (pass.query.caseSensitive) KeepAsTyped(pass, verses);
@@ -178,13 +182,36 @@ static SearchResult SearchForWords(SearchPass& pass) {
 
 // ---- Phrases --------------------------------------------------------------------------------------------------------
 
+// Lists in which each verse would have to be looked up are left until few verses are left. Whether a verse has the
+// phrase does not depend on them, so that what was counted stays right if all of the verses stay.
+static PhraseFinds FindMarkedPhrase(SearchPass& pass) {
+    const auto findIn = [&pass](const Verses& verses, std::size_t rarestWord) {
+        return FindPhraseInVerses(pass.scripture, pass.query, verses, rarestWord);
+    };
+    if (!pass.index.listsAscend) return findIn(VersesWithAllByCounters(pass), 0);
+    std::vector<VerseEntries> lists = ListsOf(pass);
+    const auto rarest =
+        static_cast<std::size_t>(std::min_element(lists.begin(), lists.end(), IsShorter) - lists.begin());
+    std::sort(lists.begin(), lists.end(), IsShorter);
+    Verses verses = VersesOf(lists.front());
+    std::size_t used = 1;
+    for (; used < lists.size() && !IsMuchLonger(lists[used], verses.size()); ++used)
+        KeepVersesIn(lists[used], verses, pass.hits);
+    PhraseFinds finds = findIn(verses, rarest);
+    if (used == lists.size() && !pass.query.caseSensitive) return finds;
+    verses = finds.verses;
+    for (; used < lists.size(); ++used) KeepVersesIn(lists[used], verses, pass.hits);
+    if (pass.query.caseSensitive) KeepAsTyped(pass, verses);
+    return verses.size() == finds.verses.size() ? finds : findIn(verses, rarest);
+}
+
 // A phrase of a single word is marked as in a word search.
 static SearchResult SearchForPhrase(SearchPass& pass) {
-    Verses verses = VersesWithAll(pass);
     if (MarksPhrase(pass.query)) {
-        PhraseFinds finds = FindPhraseInVerses(pass.scripture, pass.query, verses);
+        PhraseFinds finds = FindMarkedPhrase(pass);
         return {std::move(finds.verses), finds.occurrences};
     }
+    Verses verses = VersesWithAll(pass);
     std::erase_if(verses, [&](std::int32_t verse) {
         return !ContainsPhrase(pass.query, VerseText(pass.scripture, verse));  // only with a damaged index
     });

@@ -10,11 +10,14 @@
 #include <array>
 #include <cstddef>
 
-// For what runs once for each block: a call would cost more than the work.
+// For what runs once for each block: a call would cost more than the work. And for what is called seldom or runs long:
+// if it became part of its caller, a loop would lack registers.
 #ifdef _MSC_VER
 #define VERSEWELL_BLOCKWISE __forceinline
+#define VERSEWELL_APART __declspec(noinline)
 #else
 #define VERSEWELL_BLOCKWISE [[gnu::always_inline]] inline
+#define VERSEWELL_APART [[gnu::noinline]]
 #endif
 
 // A comparison yields 0xFF in the bytes where it is true and 0 in the others.

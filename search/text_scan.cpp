@@ -92,9 +92,8 @@ static bool EndsPhrase(char c) {
     return IsKeptInPhrase(c) || c == '\0';
 }
 
-// The occurrence of the phrase that has its character number `anchor` at `place`; kNoPlace if there is none.
-static PhrasePlace PhraseAround(std::string_view text, const PhrasePattern& pattern, std::size_t anchor,
-                                std::size_t place) {
+PhrasePlace PhraseAround(std::string_view text, const PhrasePattern& pattern, std::size_t anchor, std::size_t place) {
+    if (!IsAt(pattern, anchor, text[place])) return {};
     std::size_t last = place;
     for (std::size_t i = anchor + 1; i < pattern.phrase.size(); ++i)
         for (++last; last >= text.size() || !IsAt(pattern, i, text[last]); ++last)
@@ -106,14 +105,9 @@ static PhrasePlace PhraseAround(std::string_view text, const PhrasePattern& patt
     return {first, last};
 }
 
-PhrasePlace PhraseAround(std::string_view text, const PhrasePattern& pattern, std::size_t place) {
-    return PhraseAround(text, pattern, pattern.anchor, place);
-}
-
 template <typename Visit>
 static void EachPhraseByteByByte(std::string_view text, const PhrasePattern& pattern, Visit visit) {
     for (std::size_t place = 0; place < text.size(); ++place) {
-        if (!IsAt(pattern, 0, text[place])) continue;
         const PhrasePlace found = PhraseAround(text, pattern, 0, place);
         if (found.first == kNoPlace) continue;
         visit(found);
@@ -321,7 +315,7 @@ static void EachPhrase(std::string_view text, const PhrasePattern& pattern, Visi
         });
         const std::size_t count = SiftAnchors(text, pattern, {anchors.data(), blockCount}, places);
         for (const std::size_t place : std::span(places).first(count)) {
-            const PhrasePlace found = PhraseAround(text, pattern, place);
+            const PhrasePlace found = PhraseAround(text, pattern, pattern.anchor, place);
             if (found.first == kNoPlace || found.first < from) continue;
             visit(found);
             from = found.last + 1;

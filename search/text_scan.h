@@ -44,9 +44,8 @@ struct PhrasePlace {
     std::size_t last = kNoPlace;   // and of its last
 };
 
-// The occurrence of the phrase that has its anchor's first character, which stands at `place`; kNoPlace if there is
-// none.
-PhrasePlace PhraseAround(std::string_view text, const PhrasePattern& pattern, std::size_t place);
+// The occurrence of the phrase that has its character number `anchor` at `place`; kNoPlace if there is none.
+PhrasePlace PhraseAround(std::string_view text, const PhrasePattern& pattern, std::size_t anchor, std::size_t place);
 
 // All occurrences of the phrase, first to last; none overlaps the one before.
 std::vector<PhrasePlace> PhrasesInText(std::string_view text, const PhrasePattern& pattern);

@@ -98,10 +98,13 @@ static void KeepByMarks(VerseEntries entries, std::vector<std::int32_t>& verses,
     verses.resize(kept);
 }
 
+bool IsMuchLonger(VerseEntries entries, std::size_t count) {
+    static constexpr std::size_t kLookUp = 24;  // to look a verse up takes as long as to mark two dozen
+    return EntryCount(entries) > kLookUp * count;
+}
+
 void KeepVersesIn(VerseEntries entries, std::vector<std::int32_t>& verses, HitCounters& counters) {
-    // To look a verse up takes as long as to mark two dozen.
-    static constexpr std::size_t kLookUp = 24;
-    if (EntryCount(entries) > kLookUp * verses.size())
+    if (IsMuchLonger(entries, verses.size()))
         KeepByHalving(entries, verses);
     else
         KeepByMarks(entries, verses, counters);

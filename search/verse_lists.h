@@ -28,6 +28,9 @@ VerseEntries EntriesWithin(VerseEntries entries, int first, int last);
 // The entries, which are verses.
 std::vector<std::int32_t> VersesOf(VerseEntries entries);
 
+// Is the list so long that it takes less time to look up each of `count` verses in it?
+bool IsMuchLonger(VerseEntries entries, std::size_t count);
+
 // Keeps those of the ascending `verses` that are in `entries`, in ascending order too.
 void KeepVersesIn(VerseEntries entries, std::vector<std::int32_t>& verses, HitCounters& counters);
 

@@ -16,6 +16,7 @@
 #include "scripture/scripture.h"
 #include "search/key_word_marks.h"
 #include "search/text_blocks.h"
+#include "search/text_kinds.h"
 
 #ifdef VERSEWELL_USES_SSE2
 
@@ -26,10 +27,6 @@ struct Stretch {
     const char* end;
 };
 
-inline constexpr std::size_t kAround = 256;
-
-// No text that is swept is longer. The longest verse has 528 bytes.
-inline constexpr std::size_t kLongestSwept = 600;
 static_assert(kLongestSwept <= kPhraseReach && 3 * kLongestSwept < kMarkedTextLimit);  // room for all marks of a phrase
 
 // The scripture in the form that is read for every verse.
@@ -38,38 +35,44 @@ struct Texts {
     int recordCount;
     const char* begin;
     std::size_t sweepSize;  // where the last text that is swept may end
+    std::span<const unsigned char> kinds;
 };
 
 inline Texts TextsOf(const Scripture& scripture) {
     const VerseRecords& records = scripture.records;
     const std::size_t sweepSize = std::max(scripture.text.size(), kAround) - kAround;
     return {records.bytes.data(), static_cast<int>(records.bytes.size() / kVerseRecordSize), scripture.text.data(),
-            sweepSize};
+            sweepSize, scripture.textKinds};
 }
 
-// Sets `stretch` to the text of `verse`, which is not negative. Returns false if the text cannot be swept: at the ends
-// of the file, if it is very long, and in damaged files.
-VERSEWELL_BLOCKWISE bool FindStretch(const Texts& texts, int verse, Stretch& stretch) {
+VERSEWELL_BLOCKWISE std::size_t OffsetOf(const Texts& texts, int verse) {
+    return LittleEndian32(texts.records + kVerseRecordSize * static_cast<std::size_t>(verse) + 3);
+}
+
+VERSEWELL_BLOCKWISE unsigned char KindOf(const Texts& texts, int verse) {
+    return static_cast<std::size_t>(verse) < texts.kinds.size() ? texts.kinds[static_cast<std::size_t>(verse)] : 0;
+}
+
+// The text from `verse` to the verse before `behind`, which are plain.
+VERSEWELL_BLOCKWISE Stretch PlainStretch(const Texts& texts, int verse, int behind) {
+    return {texts.begin + OffsetOf(texts, verse), texts.begin + OffsetOf(texts, behind) - 1};
+}
+
+VERSEWELL_APART inline bool FindCheckedStretch(const Texts& texts, int verse, Stretch& stretch) {
     if (verse + 1 >= texts.recordCount) return false;
-    const unsigned char* const record = texts.records + kVerseRecordSize * static_cast<std::size_t>(verse);
-    const std::size_t begin = LittleEndian32(record + 3);
-    const std::size_t next = LittleEndian32(record + kVerseRecordSize + 3);
-    if (record[0] == 0 || begin < kAround || next - begin - 1 >= kLongestSwept) return false;
+    const std::size_t begin = OffsetOf(texts, verse), next = OffsetOf(texts, verse + 1);
+    const bool isVerse = texts.records[kVerseRecordSize * static_cast<std::size_t>(verse)] != 0;
+    if (!isVerse || begin < kAround || next - begin - 1 >= kLongestSwept) return false;
     if (next > texts.sweepSize || (texts.begin[begin - 1] | texts.begin[next - 1]) != '\0') return false;
     stretch = {texts.begin + begin, texts.begin + next - 1};
     return true;
 }
 
-// Moves the end of `stretch`, which ends with the verse before `verse`, to the end of `verse`, if that text can be
-// swept.
-VERSEWELL_BLOCKWISE bool Extend(const Texts& texts, int verse, Stretch& stretch) {
-    if (verse + 1 >= texts.recordCount) return false;
-    const unsigned char* const record = texts.records + kVerseRecordSize * static_cast<std::size_t>(verse);
-    const std::size_t begin = static_cast<std::size_t>(stretch.end - texts.begin) + 1;
-    const std::size_t next = LittleEndian32(record + kVerseRecordSize + 3);
-    if (next - begin - 1 >= kLongestSwept || next > texts.sweepSize) return false;
-    if ((static_cast<int>(record[0] == 0) | texts.begin[next - 1]) != 0) return false;
-    stretch.end = texts.begin + next - 1;
+// Sets `stretch` to the text of `verse`, which is not negative. Returns false if the text cannot be swept: at the ends
+// of the file, if it is very long, and in damaged files.
+VERSEWELL_BLOCKWISE bool FindStretch(const Texts& texts, int verse, Stretch& stretch) {
+    if (KindOf(texts, verse) == 0) return FindCheckedStretch(texts, verse, stretch);
+    stretch = PlainStretch(texts, verse, verse + 1);
     return true;
 }
 
@@ -94,20 +97,39 @@ VERSEWELL_BLOCKWISE unsigned HitsAt(const WordEnds& ends, const char* place) {
     return Bits(_mm_and_si128(Is(Load(place), ends.first), Is(Load(place + ends.reach), ends.last)));
 }
 
-// Two letters of a phrase that follow each other, if nothing stands between them that is not searched for.
-struct Anchor {
-    WantedByte first, second;
+VERSEWELL_BLOCKWISE Block Folded(const char* place) {
+    return _mm_or_si128(Load(place), _mm_set1_epi8(0x20));
+}
+
+// A word of a phrase, in lower case, and the letter nearest to it of the word beside. For texts with plain words.
+struct WordOfPhrase {
+    Block first, last, beside;
+    std::ptrdiff_t reach;     // from the first letter to the last
+    std::ptrdiff_t toBeside;  // from the first letter to the one of the word beside
 };
 
-// Letters and spaces are never skipped in a phrase. The test also takes a zero byte for a space: there a phrase ends.
-VERSEWELL_BLOCKWISE unsigned HitsAt(const Anchor& anchor, const char* place) {
-    const Block next = Load(place + 1);
-    const Block folded = _mm_or_si128(next, _mm_set1_epi8(0x20));
-    const Block letters =
-        _mm_cmpgt_epi8(_mm_add_epi8(folded, _mm_set1_epi8(0x7F - 'z')), _mm_set1_epi8('a' - 1 + 0x7F - 'z'));
-    const Block plain = _mm_or_si128(letters, _mm_cmpeq_epi8(folded, _mm_set1_epi8(' ')));
-    const Block wrong = _mm_andnot_si128(Is(next, anchor.second), plain);
-    return Bits(_mm_andnot_si128(wrong, Is(Load(place), anchor.first)));
+// If something stands between the words that is skipped, there is no letter at the place of the one beside. Case is
+// ignored; hits are looked at later.
+VERSEWELL_BLOCKWISE unsigned HitsAt(const WordOfPhrase& word, const char* place) {
+    const Block ends =
+        _mm_and_si128(_mm_cmpeq_epi8(Folded(place), word.first), _mm_cmpeq_epi8(Folded(place + word.reach), word.last));
+    const Block beside = Folded(place + word.toBeside);
+    const Block isOther = _mm_andnot_si128(_mm_cmpeq_epi8(beside, word.beside), AreLetters(beside));
+    return Bits(_mm_andnot_si128(isOther, ends));
+}
+
+// Two characters of a phrase that follow each other, in lower case.
+struct PairOfPhrase {
+    Block first, second;
+};
+
+// Letters and spaces are never skipped in a phrase. Case is ignored, and a zero byte, where a phrase ends, taken for a
+// space: hits are looked at later.
+VERSEWELL_BLOCKWISE unsigned HitsAt(const PairOfPhrase& pair, const char* place) {
+    const Block next = Folded(place + 1);
+    const Block isPlain = _mm_or_si128(AreLetters(next), _mm_cmpeq_epi8(next, _mm_set1_epi8(' ')));
+    const Block isWrong = _mm_andnot_si128(_mm_cmpeq_epi8(next, pair.second), isPlain);
+    return Bits(_mm_andnot_si128(isWrong, _mm_cmpeq_epi8(Folded(place), pair.first)));
 }
 
 // Appends the blocks of the stretch with hits, and returns the place behind them.

@@ -27,12 +27,13 @@ static int SumOfHalves(Block halves) {
     return _mm_cvtsi128_si32(halves) + _mm_cvtsi128_si32(_mm_srli_si128(halves, 8));
 }
 
-// ---- Words of up to three letters -----------------------------------------------------------------------------------
+// ---- Words of up to three letters in plain texts
+// ---------------------------------------------------------------------
 
 // They stand in nearly every block, so each block is examined completely.
 namespace {
 
-template <std::size_t kSize, bool kWhole>
+template <std::size_t kSize>
 struct ShortWord {
     Block letters[kSize];
     Block fold;
@@ -40,9 +41,8 @@ struct ShortWord {
 
 }  // namespace
 
-// Takes bytes above 0x7F for no letters.
 template <std::size_t kSize, bool kWhole>
-VERSEWELL_BLOCKWISE static Block HitsAt(const ShortWord<kSize, kWhole>& word, const char* place) {
+VERSEWELL_BLOCKWISE static Block HitsAt(const ShortWord<kSize>& word, const char* place) {
     Block words = _mm_cmpeq_epi8(_mm_or_si128(Load(place), word.fold), word.letters[0]);
     for (std::size_t i = 1; i < kSize; ++i)
         words = _mm_and_si128(words, _mm_cmpeq_epi8(_mm_or_si128(Load(place + i), word.fold), word.letters[i]));
@@ -50,56 +50,62 @@ VERSEWELL_BLOCKWISE static Block HitsAt(const ShortWord<kSize, kWhole>& word, co
     return _mm_andnot_si128(_mm_or_si128(AreLetters(Load(place - 1)), AreLetters(Load(place + kSize))), words);
 }
 
-// Adds the number of words to the halves of `total`. Returns false if the stretch has bytes above 0x7F.
+// Adds the number of words in the stretch to the halves of `total`.
 template <std::size_t kSize, bool kWhole>
-VERSEWELL_BLOCKWISE static bool CountShort(const ShortWord<kSize, kWhole>& word, Stretch stretch, Block& total) {
+VERSEWELL_BLOCKWISE static void CountShort(const ShortWord<kSize>& word, Stretch stretch, Block& total) {
     static constexpr std::ptrdiff_t kMost = 250 * kBlockSize;  // a byte counts up to 255 words
-    Block counted = _mm_setzero_si128(), allBytes = _mm_setzero_si128();
     for (const char* place = stretch.begin; place < stretch.end;) {
         const char* const end = stretch.end - place > kMost ? place + kMost : stretch.end;
         Block sums = _mm_setzero_si128();
-        for (; end - place >= static_cast<std::ptrdiff_t>(kBlockSize); place += kBlockSize) {
-            sums = _mm_sub_epi8(sums, HitsAt(word, place));
-            allBytes = _mm_or_si128(allBytes, Load(place));
-        }
+        for (; end - place >= static_cast<std::ptrdiff_t>(kBlockSize); place += kBlockSize)
+            sums = _mm_sub_epi8(sums, HitsAt<kSize, kWhole>(word, place));
         if (place < end) {
             const Block rest = FirstBytes(static_cast<std::size_t>(end - place));
-            sums = _mm_sub_epi8(sums, _mm_and_si128(HitsAt(word, place), rest));
-            allBytes = _mm_or_si128(allBytes, _mm_and_si128(Load(place), rest));
+            sums = _mm_sub_epi8(sums, _mm_and_si128(HitsAt<kSize, kWhole>(word, place), rest));
         }
         place = end;
-        counted = _mm_add_epi64(counted, _mm_sad_epu8(sums, _mm_setzero_si128()));
+        total = _mm_add_epi64(total, _mm_sad_epu8(sums, _mm_setzero_si128()));
     }
-    if (kWhole && Bits(allBytes) != 0) return false;
-    total = _mm_add_epi64(total, counted);
-    return true;
 }
 
-// Neighbouring verses are counted in one stretch, unless a paragraph mark stands between them: it is no letter for the
-// word behind it, so that a stretch can begin there. Both counts append the verses that cannot be swept to `others`.
+template <std::size_t kSize, bool kWhole>
+VERSEWELL_APART static int CountShortIn(std::span<const Stretch> stretches, const ShortWord<kSize>& wanted) {
+    const ShortWord<kSize> word = wanted;
+    Block total = _mm_setzero_si128();
+    for (const Stretch& stretch : stretches) CountShort<kSize, kWhole>(word, stretch, total);
+    return SumOfHalves(total);
+}
+
+// Neighbouring verses are counted in one stretch. A paragraph mark, the only byte of theirs above 0x7F, is no letter
+// for the word behind it. Both counts append the same verses to `others`: those that cannot be
+// swept.
 template <std::size_t kSize, bool kWhole>
 static int CountShortWord(const Scripture& scripture, std::string_view letters, bool anyCase,
                           std::span<const std::int32_t> verses, std::vector<std::int32_t>& others) {
-    ShortWord<kSize, kWhole> word;
+    ShortWord<kSize> word;
     for (std::size_t i = 0; i < kSize; ++i) word.letters[i] = _mm_set1_epi8(letters[i]);
     word.fold = _mm_set1_epi8(anyCase ? 0x20 : 0);
     const Texts texts = TextsOf(scripture);
-    Block total = _mm_setzero_si128();
+    std::array<Stretch, 256> stretches;
+    std::size_t found = 0;
     int count = 0;
     for (std::size_t i = 0; i < verses.size();) {
         const std::int32_t verse = verses[i++];
-        Stretch stretch;
-        if (!FindStretch(texts, verse, stretch)) {
-            others.push_back(verse);
+        if (KindOf(texts, verse) == 0) {
+            if (Stretch stretch; !FindCheckedStretch(texts, verse, stretch))
+                others.push_back(verse);
+            else
+                count += CountInText({stretch.begin, stretch.end}, letters, anyCase, kWhole);
             continue;
         }
-        for (std::int32_t behind = verse + 1; i < verses.size() && verses[i] == behind; ++i, ++behind)
-            if (stretch.end[1] == kParagraphMark || !Extend(texts, behind, stretch)) break;
-        if (*stretch.begin == kParagraphMark) ++stretch.begin;
-        if (CountShort(word, stretch, total)) continue;
-        count += CountInText({stretch.begin, stretch.end}, letters, anyCase, kWhole);
+        std::int32_t behind = verse + 1;
+        for (; i < verses.size() && verses[i] == behind && KindOf(texts, behind) != 0; ++i) ++behind;
+        stretches[found++] = PlainStretch(texts, verse, behind);
+        if (found < stretches.size()) continue;
+        count += CountShortIn<kSize, kWhole>(stretches, word);
+        found = 0;
     }
-    return count + SumOfHalves(total);
+    return count + CountShortIn<kSize, kWhole>(std::span(stretches).first(found), word);
 }
 
 // ---- Longer words ---------------------------------------------------------------------------------------------------
@@ -178,8 +184,9 @@ static int CountLongWord(const Scripture& scripture, std::string_view letters, b
 template <bool kWhole>
 static int CountWord(const Scripture& scripture, std::string_view word, bool anyCase,
                      std::span<const std::int32_t> verses, std::vector<std::int32_t>& others) {
-    const bool hasApostrophe = word.find('\'') != std::string_view::npos;
-    switch (hasApostrophe ? 0 : word.size()) {
+    const bool isOfLetters = word.find('\'') == std::string_view::npos;
+    const bool isShort = isOfLetters && !scripture.textKinds.empty();
+    switch (isShort ? word.size() : 0) {
         case 1: return CountShortWord<1, kWhole>(scripture, word, anyCase, verses, others);
         case 2: return CountShortWord<2, kWhole>(scripture, word, anyCase, verses, others);
         case 3: return CountShortWord<3, kWhole>(scripture, word, anyCase, verses, others);

@@ -19,5 +19,7 @@ struct PhraseFinds {
     int occurrences = 0;               // the sum of CountKeyWords for them
 };
 
-// Finds the phrase in `verses`, each of which is listed only once. The query marks a phrase.
-PhraseFinds FindPhraseInVerses(const Scripture& scripture, const Query& query, std::span<const std::int32_t> verses);
+// Finds the phrase in `verses`, each of which is listed only once. The query marks a phrase; number `rarestWord` of its
+// words is the one to sweep for, which takes the least time if it is rare.
+PhraseFinds FindPhraseInVerses(const Scripture& scripture, const Query& query, std::span<const std::int32_t> verses,
+                               std::size_t rarestWord);

@@ -12,6 +12,7 @@
 #include "print/print_flow.h"
 #include "scripture/scripture.h"
 #include "search/search_engine.h"
+#include "search/text_kinds.h"
 #include "tests/fuzz/fuzz.h"
 #include "tests/fuzz/seeds.h"
 #include "tests/support/even_letters.h"
@@ -116,12 +117,17 @@ struct LastSearch {
 static LastSearch CheckSearches(const Scripture& scripture, const WordIndex& index) {
     LastSearch last;
     HitCounters hits;
+    Scripture withKinds = scripture;
+    withKinds.textKinds = FindTextKinds(scripture);
     for (const std::string& text : QueriesFor(scripture, index))
         for (const int options : {0, 1, 2, 3})
             for (const QueryKind kind : {QueryKind::kPhrase, QueryKind::kWords}) {
                 last.query = QueryOf(text, {options % 3, options & 1, options >> 1, 0}, kind);
                 last.result = Search(scripture, index, last.query, {}, hits);
                 CheckResult(last.result);
+                const SearchResult again = Search(withKinds, index, last.query, {}, hits);
+                Expect(again.verses == last.result.verses && again.occurrences == last.result.occurrences,
+                       "what is known of the texts changes no result");
             }
     return last;
 }
