@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <functional>
 
 #include "bench/floor_sweep.h"
 
@@ -241,8 +242,7 @@ FloorAnswer FloorOfWord(const FloorText& text, std::string_view word) {
     return CountInList<true>(text, word, ListOf(text, word));
 }
 
-// ---- Several words
-// ----------------------------------------------------------------------------------------------------
+// ---- Several words --------------------------------------------------------------------------------------------------
 
 FloorAnswer FloorOfAllWords(const FloorText& text, const std::vector<std::string>& words) {
     std::vector<List> lists = ListsOf(text, words);
@@ -259,41 +259,67 @@ FloorAnswer FloorOfAllWords(const FloorText& text, const std::vector<std::string
 
 // ---- Parts of words -------------------------------------------------------------------------------------------------
 
-// The numbers of the words that contain `part`: the block of words ends with a zero byte, and no word is so long that
-// the sweep of its last bytes leaves the lists that follow in memory.
-static std::vector<int> WordsWith(const WordIndex& index, const WantedWord& wanted) {
-    const char* const begin = index.words.front().data();
-    const char* const end = index.words.back().data() + index.words.back().size();
+namespace {
+
+// Three letters of a part of a word, which is in lower case as the words are.
+struct PartLetters {
+    Block first, second, last;
+    std::size_t toSecond, toLast;
+};
+
+}  // namespace
+
+VERSEWELL_FLOOR static Block ArePartsAt(const PartLetters& letters, const char* place) {
+    const Block ends = _mm_and_si128(_mm_cmpeq_epi8(Load(place), letters.first),
+                                     _mm_cmpeq_epi8(Load(place + letters.toLast), letters.last));
+    return _mm_and_si128(ends, _mm_cmpeq_epi8(Load(place + letters.toSecond), letters.second));
+}
+
+// The word at `place`, which is not before `word`. Steps get longer, because words that are found may be close together
+// or far apart.
+static const std::string_view* WordAt(const std::string_view* word, const std::string_view* end, const char* place) {
+    const auto isBehind = [place](const std::string_view& each) { return place < each.data(); };
+    std::ptrdiff_t step = 1;
+    for (; end - word > step && !isBehind(word[step]); step *= 2) word += step;
+    return std::partition_point(word, std::min(word + step, end), std::not_fn(isBehind)) - 1;
+}
+
+// The numbers of the words that contain `part`, of at most 16 letters: the block of words ends with a zero byte.
+static std::vector<int> NumbersOfWordsWith(const WordIndex& index, std::string_view part) {
+    static constexpr std::ptrdiff_t kBlocks = 4;
+    const std::string_view* const words = index.words.data();
+    const std::string_view* const behindWords = words + index.words.size();
+    const char* const end = behindWords[-1].data() + behindWords[-1].size();
+    const std::size_t toSecond = std::min<std::size_t>(1, part.size() - 1), toLast = part.size() - 1;
+    const PartLetters letters = {_mm_set1_epi8(part.front()), _mm_set1_epi8(part[toSecond]), _mm_set1_epi8(part.back()),
+                                 toSecond, toLast};
     std::vector<int> found;
-    auto word = index.words.begin();
-    const auto take = [&](const char* place) {
-        word = std::upper_bound(word, index.words.end(), place,
-                                [](const char* one, std::string_view other) { return one < other.data(); });
-        found.push_back(static_cast<int>(--word - index.words.begin()));
-        ++word;
+    const std::string_view* word = words;
+    const char* behind = words->data();  // the end of the word that was found last
+    const auto look = [&](const char* place) {
+        if (place < behind || std::memcmp(place, part.data(), part.size()) != 0) return;
+        word = WordAt(word, behindWords, place);
+        found.push_back(static_cast<int>(word - words));
+        behind = word->data() + word->size();
     };
-    const std::ptrdiff_t reach = static_cast<std::ptrdiff_t>(wanted.word.size()) + 2 * kBlockSize;
-    const char* place = begin;
-    const char* behind = begin;  // the end of the word that was found last
-    const auto look = [&](const char* at) {
-        if (at < behind) return;
-        take(at);
-        behind = at + std::strlen(at);
-    };
-    for (; end - place >= reach; place += kBlockSize)
-        for (unsigned bits = MayBeginAt(wanted.ends, place); bits != 0; bits &= bits - 1) {
-            const char* const at = place + std::countr_zero(bits);
-            if (IsWordAt(wanted, at)) look(at);
-        }
-    for (; end - place >= static_cast<std::ptrdiff_t>(wanted.word.size()); ++place)
-        if (std::string_view(place, wanted.word.size()) == wanted.word) look(place);
+    const char* place = words->data();
+    for (; end - place >= (kBlocks + 1) * kBlockSize; place += kBlocks * kBlockSize) {
+        const Block parts[kBlocks] = {ArePartsAt(letters, place), ArePartsAt(letters, place + kBlockSize),
+                                      ArePartsAt(letters, place + 2 * kBlockSize),
+                                      ArePartsAt(letters, place + 3 * kBlockSize)};
+        if (Bits(_mm_or_si128(_mm_or_si128(parts[0], parts[1]), _mm_or_si128(parts[2], parts[3]))) == 0) continue;
+        std::uint64_t bits = 0;
+        for (std::ptrdiff_t i = kBlocks; i-- > 0;) bits = bits << kBlockSize | Bits(parts[i]);
+        for (; bits != 0; bits &= bits - 1) look(place + std::countr_zero(bits));
+    }
+    for (; end - place >= static_cast<std::ptrdiff_t>(part.size()); ++place) look(place);
     return found;
 }
 
 FloorAnswer FloorOfSubstring(const FloorText& text, std::string_view part) {
     static VerseMarks marks;
     marks.fill(0);
-    for (const int word : WordsWith(*text.index, Want(part, false))) Mark(ListOfNumber(text, word), marks);
+    for (const int word : NumbersOfWordsWith(*text.index, part)) Mark(ListOfNumber(text, word), marks);
     static std::array<std::uint16_t, kVerseCount + kBlockSize> verses;
     std::uint16_t* behind = verses.data();
     for (std::size_t verse = 0; verse < marks.size();) {
