@@ -14,7 +14,6 @@
 #include "bench/outcomes.h"
 #include "bench/search_floors.h"
 #include "search/search_engine.h"
-#include "search/text_kinds.h"
 #include "tests/support/native_scripture.h"
 
 namespace {
@@ -65,15 +64,6 @@ static std::string NameOf(const Sample& sample) {
 }
 
 // ---- The program and the floors -------------------------------------------------------------------------------------
-
-static const Scripture& TheScriptureWithKinds() {
-    static const Scripture scripture = [] {
-        Scripture made = TheRealScripture();
-        made.textKinds = FindTextKinds(made);
-        return made;
-    }();
-    return scripture;
-}
 
 static SearchResult SearchAsTheProgram(const Scripture& scripture, const Sample& sample) {
     static HitCounters hits;

@@ -9,7 +9,6 @@
 
 #include "search/key_word_marks.h"
 #include "search/search_engine.h"
-#include "search/text_kinds.h"
 #include "tests/support/native_scripture.h"
 
 static bool IsSmall(char c) {
@@ -275,15 +274,6 @@ static std::string Described(const Request& request) {
            std::to_string(request.options.BooleanType) + (request.options.CaseSensitive != 0 ? ", case" : "") +
            (request.options.SubString != 0 ? ", parts" : "") + ", range " + std::to_string(request.range.StartVerse) +
            "-" + std::to_string(request.range.EndVerse);
-}
-
-static const Scripture& TheScriptureWithKinds() {
-    static const Scripture scripture = [] {
-        Scripture made = TheRealScripture();
-        made.textKinds = FindTextKinds(made);
-        return made;
-    }();
-    return scripture;
 }
 
 // Gives how many verses were found.

@@ -8,7 +8,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "scripture/scripture.h"
+#include "search/text_kinds.h"
 
 static bool MapOpened(int file, AccessPattern pattern, std::span<const unsigned char>& bytes) {
     struct stat facts = {};
@@ -54,4 +54,13 @@ const WordIndex& TheRealWordIndex() {
         return loaded;
     }();
     return index;
+}
+
+const Scripture& TheScriptureWithKinds() {
+    static const Scripture scripture = [] {
+        Scripture made = TheRealScripture();
+        made.textKinds = FindTextKinds(made);
+        return made;
+    }();
+    return scripture;
 }

@@ -13,3 +13,6 @@ DataFiles FilesOfFolder(const char* folder);
 // made the files yet, so that the test fails with a clear message.
 const Scripture& TheRealScripture();
 const WordIndex& TheRealWordIndex();
+
+// The same with the kinds of its texts, as the program knows it soon after the start.
+const Scripture& TheScriptureWithKinds();
