@@ -110,6 +110,11 @@ extern std::array<std::int32_t, kVerseCount + 1> theVerses;
 // Marks by verse.
 using VerseMarks = std::array<unsigned char, kVerseCount>;
 
+inline void Mark(const List& list, VerseMarks& marks) {
+    for (const std::uint16_t* entry = list.begin; entry < list.end; ++entry) marks[*entry] = 1;
+}
+
+List ListOfNumber(const FloorText& text, int word);
 List ListOf(const FloorText& text, std::string_view word);
 std::vector<List> ListsOf(const FloorText& text, const std::vector<std::string>& words);
 void SortBySize(std::vector<List>& lists);
