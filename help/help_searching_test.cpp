@@ -96,6 +96,12 @@ TEST(HelpOnPhrases, TellsWhatIsFound) {
          {"Ru 2:13", "he said", false}},
         {"With Case sensitive, capitals must match", {"Mt 8:20", "son of man", false, kCaseSensitive}},
         {"With Case sensitive, capitals must match", {"Mt 8:20", "Son of man", true, kCaseSensitive}},
+        {"a phrase at the beginning of a paragraph, right behind the pilcrow, is not found",
+         {"Joh 3:1", "There was a man", false, kCaseSensitive}},
+        {"a phrase at the beginning of a paragraph, right behind the pilcrow, is not found",
+         {"Joh 3:1", "There was a man", true}},
+        {"a phrase at the beginning of a paragraph, right behind the pilcrow, is not found",
+         {"Joh 3:1", "of the Pharisees", true, kCaseSensitive}},
     };
     for (auto [sentence, row] : rows) {
         row.kind = QueryKind::kPhrase;
