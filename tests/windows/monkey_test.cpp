@@ -352,7 +352,7 @@ static void ExpectNoGrowth(const std::vector<Measured>& all) {
 
 // Acts at least `acts` times and for `time`. When the program has ended by itself, starts it and the measuring again.
 static void Play(Monkey& monkey, Clock::duration time, int acts) {
-    static constexpr int kActsBetween = 200;
+    static constexpr std::chrono::seconds kBetween{5};  // a slow machine acts a few times in it
     const auto end = Clock::now() + time;
     std::vector<Measured> all;
     int done = 0;
@@ -366,7 +366,8 @@ static void Play(Monkey& monkey, Clock::duration time, int acts) {
             Start(monkey);
             all.clear();
         }
-        if (done % kActsBetween == 0) all.push_back({Clock::now(), NeedsAtRest(monkey)});
+        if (all.empty() || Clock::now() - all.back().time >= kBetween)
+            all.push_back({Clock::now(), NeedsAtRest(monkey)});
     }
     std::cout << done << " acts" << std::endl;
     all.push_back({Clock::now(), NeedsAtRest(monkey)});
