@@ -16,10 +16,9 @@ double MedianOf(std::vector<double> values) {
     return *middle;
 }
 
-static double BestTimeOf(const std::function<void()>& procedure) {
-    static constexpr int kTries = 3;
+double BestTimeOf(int runs, const std::function<void()>& procedure) {
     double best = std::numeric_limits<double>::infinity();
-    for (int attempt = 0; attempt < kTries; ++attempt) {
+    for (int run = 0; run < runs; ++run) {
         const double start = Now();
         procedure();
         best = std::min(best, Now() - start);
@@ -28,10 +27,11 @@ static double BestTimeOf(const std::function<void()>& procedure) {
 }
 
 std::vector<double> MediansInTurns(int rounds, const std::vector<std::function<void()>>& contestants) {
+    static constexpr int kRuns = 3;
     std::vector<std::vector<double>> times(contestants.size());
     for (const auto& contestant : contestants) contestant();
     for (int round = 0; round < rounds; ++round) {
-        for (std::size_t i = 0; i < contestants.size(); ++i) times[i].push_back(BestTimeOf(contestants[i]));
+        for (std::size_t i = 0; i < contestants.size(); ++i) times[i].push_back(BestTimeOf(kRuns, contestants[i]));
     }
     std::vector<double> medians;
     for (const std::vector<double>& measured : times) medians.push_back(MedianOf(measured));

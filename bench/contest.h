@@ -12,6 +12,9 @@ double Now();
 
 double MedianOf(std::vector<double> values);
 
+// The least time of so many consecutive runs, in milliseconds, which other work on the machine has disturbed least.
+double BestTimeOf(int runs, const std::function<void()>& procedure);
+
 // After a warm-up round, runs each procedure in every round. The time of a round is the best of three consecutive runs,
 // because a run that is preempted takes ten times as long. Returns the median of each procedure's rounds in
 // milliseconds, in the order of `contestants`.

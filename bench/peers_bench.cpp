@@ -12,7 +12,6 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <limits>
 
 #include "bench/contest.h"
 #include "bench/fts_search.h"
@@ -28,17 +27,6 @@ static constexpr std::string_view kSameInLines[] = {"grace", "the"};
 
 static constexpr const char* kModule = "engKJV2006eb";
 
-// The best of some runs, which other work on the machine has disturbed least.
-static double MillisecondsOf(int runs, const std::function<void()>& search) {
-    double best = std::numeric_limits<double>::infinity();
-    for (int run = 0; run < runs; ++run) {
-        const double start = Now();
-        search();
-        best = std::min(best, Now() - start);
-    }
-    return best;
-}
-
 static bool IsPhrase(std::string_view sample) {
     return sample.find(' ') != std::string_view::npos;
 }
@@ -50,13 +38,13 @@ static std::size_t CountFoundVerses(std::string_view sample) {
 }
 
 static double ProgramTime(std::string_view sample) {
-    return MillisecondsOf(51, [&] { CountFoundVerses(sample); });
+    return BestTimeOf(51, [&] { CountFoundVerses(sample); });
 }
 
 static double SwordTime(sword::SWModule& module, std::string_view sample) {
     // Words are looked for one by one, a phrase as it stands; upper and lower case are the same.
     static constexpr int kPhraseSearch = -1, kIgnoreCase = 2;
-    return MillisecondsOf(3, [&] { module.search(std::string(sample).c_str(), kPhraseSearch, kIgnoreCase); });
+    return BestTimeOf(3, [&] { module.search(std::string(sample).c_str(), kPhraseSearch, kIgnoreCase); });
 }
 
 // ---- ripgrep --------------------------------------------------------------------------------------------------------
@@ -90,7 +78,7 @@ static double RipgrepTime(const std::string& path, std::string_view sample) {
         std::fprintf(stderr, "peers_bench: ripgrep finds %zu lines and not %zu\n", lines, verses);
         std::exit(1);
     }
-    return MillisecondsOf(21, [&] { CountLinesByRipgrep(path, sample); });
+    return BestTimeOf(21, [&] { CountLinesByRipgrep(path, sample); });
 }
 
 // ---- The table ------------------------------------------------------------------------------------------------------
@@ -107,7 +95,7 @@ int main() {
     for (const std::string_view sample : kSamples) {
         const std::string match = "\"" + std::string(sample) + "\"";
         std::printf("| %s | %.3f", IsPhrase(sample) ? ("phrase " + match).c_str() : match.c_str(), ProgramTime(sample));
-        std::printf(" | %.2f |", MillisecondsOf(21, [&] { FetchHighlighted(table, match); }));
+        std::printf(" | %.2f |", BestTimeOf(21, [&] { FetchHighlighted(table, match); }));
         if (module) std::printf(" %.0f |", SwordTime(*module, sample));
         if (hasRipgrep) std::printf(" %.1f |", RipgrepTime(path, sample));
         std::printf("\n");
