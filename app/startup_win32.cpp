@@ -24,6 +24,7 @@
 #include "win32/files.h"
 #include "win32/help_viewer.h"
 #include "win32/panes.h"
+#include "win32/rich_edit_layout.h"
 #include "win32/screen.h"
 
 // ---- The settings file ----------------------------------------------------------------------------------------------
@@ -163,6 +164,7 @@ bool StartUp(HWND frame) {
     ShowSplash(frame);
     theFrame.richEdit = LoadLibraryA("RICHED32.DLL");
     if (!theFrame.richEdit) return false;
+    LayOutLongLinesInPieces();
     NoteFirstPrinter(theFrame.printerSetup);
     theFrame.accelerators = LoadAcceleratorsA(GetModuleHandleA(nullptr), "Accels");
     theFrame.toolbar = CreateToolbar(frame);

@@ -11,7 +11,6 @@
 #include "win32/clipboard.h"
 #include "win32/code_page.h"
 #include "win32/controls.h"
-#include "win32/long_lines.h"
 #include "win32/panes.h"
 #include "win32/plain_text.h"
 
@@ -50,7 +49,6 @@ bool FillNoteEdit(const std::string& text) {
     TellNothing();
     theNoteEdit.typed = {};
     SetPlainText(theNoteEdit.window, text.substr(0, kNoteTextLimit));
-    theNoteEdit.dividedLength = GetWindowTextLengthA(theNoteEdit.window);
     SendMessageA(theNoteEdit.window, EM_EXLIMITTEXT, 0, kNoteTextLimit);
     theNoteEdit.readOnly = TextInNoteEdit() != text;
     SendMessageA(theNoteEdit.window, EM_SETREADONLY, theNoteEdit.readOnly, 0);
@@ -61,20 +59,8 @@ std::string TextInNoteEdit() {
     return PlainText(theNoteEdit.window);
 }
 
-// A line that grows stays fast if it is divided again from time to time.
-static void KeepFast() {
-    const LONG length = GetWindowTextLengthA(theNoteEdit.window);
-    theNoteEdit.dividedLength = std::min(theNoteEdit.dividedLength, length);
-    if (length - theNoteEdit.dividedLength <= static_cast<LONG>(kLongStretch)) return;
-    theNoteEdit.dividedLength = length;
-    KeepLinesFast(theNoteEdit.window);
-}
-
 static void ReplaceSelection(const std::string& text) {
-    if (ReplaceSelectedText(theNoteEdit.window, text))
-        theNoteEdit.dividedLength = GetWindowTextLengthA(theNoteEdit.window);
-    else
-        KeepFast();
+    ReplaceSelectedText(theNoteEdit.window, text);
 }
 
 void RetypeInNoteEdit(const std::string& text) {
@@ -387,7 +373,6 @@ static LRESULT CALLBACK EditProcedure(HWND edit, UINT message, WPARAM wParam, LP
     }
     const LRESULT result = CallWindowProcA(theNoteEdit.procedure, edit, message, wParam, lParam);
     switch (message) {
-        case WM_CHAR: KeepFast(); break;
         case WM_SETFOCUS: OnEditFocus(); break;
         case WM_KILLFOCUS: OnEditFocusLost(); break;
         case WM_LBUTTONDOWN: OnButtonDown(edit, {GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)}); break;

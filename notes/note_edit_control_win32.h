@@ -20,7 +20,6 @@ struct NoteEditControl {
     bool readOnly = false;        // its text is not exactly the note
     std::wstring letter;          // the first half of a letter of two halves
     TypedLast typed;
-    LONG dividedLength = 0;    // of the text when its long lines were divided last (win32/long_lines.h)
     LONG clicked = 0;          // where the mouse button went down
     std::string told;          // what the control shows in the status bar; empty if nothing
     std::string statusBefore;  // what was there

@@ -20,6 +20,7 @@
 #include "win32/files.h"
 #include "win32/handles.h"
 #include "win32/held_keys.h"
+#include "win32/wine.h"
 
 namespace {
 
@@ -60,10 +61,6 @@ static std::wstring InstalledViewer() {
 // The viewer's window class is part of its interface: the system uses it to find a running viewer.
 static HWND RunningViewer() {
     return FindWindowA("MS_WINHELP", nullptr);
-}
-
-static bool IsWine() {
-    return GetProcAddress(GetModuleHandleA("ntdll.dll"), "wine_get_version") != nullptr;
 }
 
 static bool BelongsToFile(HWND window, const std::wstring& path) {

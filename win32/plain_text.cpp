@@ -2,10 +2,6 @@
 
 #include <algorithm>
 #include <cstring>
-#include <vector>
-
-#include "win32/long_lines.h"
-#include "win32/text_formats.h"
 
 static DWORD CALLBACK GiveText(DWORD_PTR cookie, LPBYTE buffer, LONG wanted, LONG* given) {
     auto& rest = *reinterpret_cast<std::string_view*>(cookie);
@@ -39,26 +35,9 @@ static void WithoutRedraw(HWND richEdit, Work work) {
     RedrawWindow(richEdit, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME);
 }
 
-// The control breaks no lines while `work` is done.
-template <typename Work>
-static void WithoutLineBreaks(HWND richEdit, Work work) {
-    SendMessageA(richEdit, EM_SETTARGETDEVICE, 0, 1);
-    work();
-    SendMessageA(richEdit, EM_SETTARGETDEVICE, 0, 0);
-}
-
-static void Fill(HWND richEdit, std::string_view text) {
-    const std::vector<std::size_t> ends = EndsInLongStretches(text);
-    if (ends.empty()) return StreamIn(richEdit, text);
-    WithoutLineBreaks(richEdit, [&] {
-        StreamIn(richEdit, text);
-        EndStretches(richEdit, ends);
-    });
-}
-
 void SetPlainText(HWND richEdit, std::string_view text) {
     WithoutRedraw(richEdit, [&] {
-        Fill(richEdit, text);
+        StreamIn(richEdit, text);
         CHARRANGE none{0, 0};
         SendMessageA(richEdit, EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&none));
         SendMessageA(richEdit, EM_SCROLLCARET, 0, 0);
@@ -85,26 +64,8 @@ std::wstring WidePlainText(HWND richEdit) {
     return text;
 }
 
-bool ReplaceSelectedText(HWND richEdit, const std::string& text) {
-    const auto replace = [&] { SendMessageA(richEdit, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(text.c_str())); };
-    if (EndsInLongStretches(text).empty()) {
-        replace();
-        return false;
-    }
-    WithoutRedraw(richEdit, [&] {
-        WithoutLineBreaks(richEdit, [&] {
-            replace();
-            EndStretches(richEdit, EndsInLongStretches(PlainText(richEdit)));
-        });
-        SendMessageA(richEdit, EM_SCROLLCARET, 0, 0);
-    });
-    return true;
-}
-
-void KeepLinesFast(HWND richEdit) {
-    const std::vector<std::size_t> ends = EndsInLongStretches(PlainText(richEdit));
-    if (ends.empty()) return;
-    WithoutRedraw(richEdit, [&] { WithoutLineBreaks(richEdit, [&] { EndStretches(richEdit, ends); }); });
+void ReplaceSelectedText(HWND richEdit, const std::string& text) {
+    SendMessageA(richEdit, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(text.c_str()));
 }
 
 CHARRANGE SelectedPlainText(HWND richEdit) {

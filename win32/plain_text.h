@@ -10,13 +10,8 @@
 // Shows `text` unchanged, with the caret at its start and an empty undo buffer.
 void SetPlainText(HWND richEdit, std::string_view text);
 
-// Puts `text` in the place of the selection, as one change that can be undone. True if it has long stretches
-// (win32/long_lines.h): then all lines of the control are fast afterwards.
-bool ReplaceSelectedText(HWND richEdit, const std::string& text);
-
-// Makes lines that have become long fast again (win32/long_lines.h). What is typed or pasted has the format of what is
-// beside it, so this is to be called now and then.
-void KeepLinesFast(HWND richEdit);
+// Puts `text` in the place of the selection, as one change that can be undone.
+void ReplaceSelectedText(HWND richEdit, const std::string& text);
 
 // All of the control's text; lines end with CR LF.
 std::string PlainText(HWND richEdit);

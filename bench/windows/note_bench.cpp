@@ -4,6 +4,9 @@
 
 #include <windows.h>
 
+#include <algorithm>
+#include <array>
+
 #include "bench/contest.h"
 #include "bench/outcomes.h"
 #include "bench/windows/outside.h"
@@ -15,9 +18,9 @@ static constexpr int kSets = 31;
 static constexpr std::size_t kNoteSize = 2000;  // with 31,102 of them 62 MB
 static constexpr double kMostSearchTime = 45;   // milliseconds
 static constexpr double kMostTimesWithout = 1.05;
-static constexpr double kMostLongNoteTime = 6;     // milliseconds
-static constexpr double kMostLongLineTime = 1500;  // a tenth of what the control takes by itself
-static constexpr double kMostKeyTime = 250;
+static constexpr double kMostLongNoteTime = 6;  // milliseconds
+static constexpr double kMostLongLineTime = 1000;
+static constexpr double kMostKeyTime = 100;
 
 static std::string TextOfNote(int verse) {
     std::string text = "Note of verse " + std::to_string(verse) + ".\r\n";
@@ -97,55 +100,150 @@ static void MeasureStart(const ScratchFolder& large, const ScratchFolder& none) 
 
 // ---- Long notes -----------------------------------------------------------------------------------------------------
 
-static std::string Lines(std::size_t size) {
+static std::string Repeated(std::string_view part, std::size_t size) {
     std::string text;
-    while (text.size() < size) text += "a line of this note that has about sixty letters in it\r\n";
+    while (text.size() < size) text += part;
+    return text.substr(0, size);
+}
+
+static std::string BytesFrom(int first, int last) {
+    std::string bytes;
+    for (int byte = first; byte <= last; ++byte) bytes += static_cast<char>(byte);
+    return bytes;
+}
+
+// The same characters in lines that a rich-edit control lays out soon.
+static std::string InLines(const std::string& line) {
+    static constexpr std::size_t kLength = 500;
+    std::string text;
+    for (std::size_t begin = 0; begin < line.size(); begin += kLength) text += line.substr(begin, kLength) + "\r\n";
     return text;
 }
 
-// From the command to the painted text.
-static double TimeOfNextNote(const Program& program, HWND view, const std::string& note) {
+namespace {
+
+struct ShownNote {
+    std::string text;
+    std::vector<double> times{};
+};
+
+// A note of one line and, as its floor, one of the same characters in short lines. A brief note is shown before each,
+// because the control takes some time to forget a long note.
+struct LongLine {
+    std::string what;
+    ShownNote line;
+    ShownNote floor;
+    ShownNote briefAfterLine{"brief"};
+    ShownNote briefAfterFloor{"brief"};
+    std::vector<double> keyTimes{};
+};
+
+}  // namespace
+
+static LongLine LineOf(const char* what, std::string_view part) {
+    static constexpr std::size_t kLength = 65000;
+    const std::string line = Repeated(part, kLength);
+    return {std::string("a line of 65,000 ") + what, {line}, {InLines(line)}};
+}
+
+static std::vector<LongLine> LongLines() {
+    return {LineOf("letters", "x"),
+            LineOf("digits", "0123456789"),
+            LineOf("numbers and marks", "1,2;3:4"),
+            LineOf("percent signs", "%"),
+            LineOf("digits and blanks", "1 "),
+            LineOf("blanks", " "),
+            LineOf("all marks", BytesFrom('!', '~')),
+            LineOf("bytes 80 to 9F", BytesFrom(0x80, 0x9F)),
+            LineOf("bytes A0 to FF", BytesFrom(0xA0, 0xFF)),
+            LineOf("words", "and some words of the text, as in John 3:16, ")};
+}
+
+// From the command to the painted text of the next note.
+static void ShowNext(const Program& program, HWND view, ShownNote& note) {
     const double start = Now();
     Ask(program, program.frame, WM_COMMAND, IDM_NEXT_NOTE);
     UpdateWindow(view);
-    const double time = Now() - start;
-    if (TextOf(view) != note) Fail(&program, "another note is shown");
-    return time;
+    note.times.push_back(Now() - start);
+    if (TextOf(view) != note.text) Fail(&program, "another note is shown");
 }
 
-static double TimeOfKeys(const Program& program, HWND edit) {
-    static constexpr int kKeys = 5;
+// Of the best times of three runs each, because a run that is preempted takes ten times as long.
+static double MedianOfRounds(const std::vector<double>& times) {
+    static constexpr std::size_t kRuns = 3;
+    std::vector<double> best;
+    for (std::size_t run = 0; run + kRuns <= times.size(); run += kRuns)
+        best.push_back(std::min({times[run], times[run + 1], times[run + 2]}));
+    return MedianOf(best);
+}
+
+static double TimeOfKey(const Program& program, HWND edit) {
     const double start = Now();
-    for (int key = 0; key < kKeys; ++key) {
-        Ask(program, edit, WM_CHAR, 'x', 1);
-        UpdateWindow(edit);
-    }
-    return (Now() - start) / kKeys;
+    Ask(program, edit, WM_CHAR, 'x', 1);
+    UpdateWindow(edit);
+    return Now() - start;
 }
 
-static void MeasureLongNotes() {
+static void MeasureLongNote() {
     const ScratchFolder folder = FolderWithScripture();
-    const std::string lines = Lines(30000), line(65000, 'x'), brief = "brief";
-    WriteNoteSet(folder, "Long", {{0, brief}, {1, lines}, {2, line}});
+    ShownNote brief{"brief"}, lines{Repeated("a line of this note that has about sixty letters in it\r\n", 30000)};
+    WriteNoteSet(folder, "Long", {{0, brief.text}, {1, lines.text}});
     Program program = Started(folder);
     const HWND view = Child(program.frame, {IDC_NOTE_TABS, IDC_NOTES, IDC_NOTE_VIEW});
-    std::vector<double> ofLines, ofLine, ofBrief, ofKeys;
-    for (int round = 0; round < kRounds; ++round) {
-        ofLines.push_back(TimeOfNextNote(program, view, lines));
-        ofLine.push_back(TimeOfNextNote(program, view, line));
-        ofBrief.push_back(TimeOfNextNote(program, view, brief));
+    static constexpr int kManyRounds = 100;
+    for (int round = 0; round < kManyRounds; ++round) {
+        ShowNext(program, view, lines);
+        ShowNext(program, view, brief);
     }
-    PrintAmount("a note of five letters shown", MedianOf(ofBrief), "ms");
-    PrintLimited("a note of 30 kB shown", MedianOf(ofLines), kMostLongNoteTime, "ms");
-    PrintLimited("a line of 65,000 letters shown", MedianOf(ofLine), kMostLongLineTime, "ms");
-    TimeOfNextNote(program, view, lines);
-    TimeOfNextNote(program, view, line);
+    PrintLimited("a note of 30 kB shown", MedianOfRounds(lines.times), kMostLongNoteTime, "ms");
+    PrintAmount("a note of five letters shown in its place", MedianOfRounds(brief.times), "ms");
+    TerminateProcess(program.process.get(), 0);
+}
+
+static std::array<ShownNote*, 4> NotesOf(LongLine& line) {
+    return {&line.line, &line.briefAfterLine, &line.floor, &line.briefAfterFloor};
+}
+
+static void MeasureLongLines(std::vector<LongLine>& all) {
+    static constexpr int kFewRounds = 5;
+    const ScratchFolder folder = FolderWithScripture();
+    std::map<int, std::string> notes{{0, "brief"}};
+    for (LongLine& each : all)
+        for (ShownNote* note : NotesOf(each)) notes[static_cast<int>(notes.size())] = note->text;
+    notes.erase(std::prev(notes.end()));  // the first one is shown instead
+    WriteNoteSet(folder, "Long", notes);
+    Program program = Started(folder);
+    const HWND view = Child(program.frame, {IDC_NOTE_TABS, IDC_NOTES, IDC_NOTE_VIEW});
+    for (int round = 0; round < kFewRounds; ++round)
+        for (LongLine& each : all)
+            for (ShownNote* note : NotesOf(each)) ShowNext(program, view, *note);
+    TerminateProcess(program.process.get(), 0);
+}
+
+static void MeasureKeys(LongLine& line) {
+    static constexpr int kKeys = 15;
+    const ScratchFolder folder = FolderWithScripture();
+    WriteNoteSet(folder, "Long", {{0, line.line.text}});
+    Program program = Started(folder);
     Ask(program, program.frame, WM_COMMAND, IDM_EDIT_NOTE);
     const HWND edit =
         FindWindowExA(FindWindowExA(program.frame, nullptr, "NOTEEDIT", nullptr), nullptr, "RICHEDIT", nullptr);
-    for (int round = 0; round < kRounds; ++round) ofKeys.push_back(TimeOfKeys(program, edit));
-    PrintLimited("a key in a line of 65,000 letters", MedianOf(ofKeys), kMostKeyTime, "ms");
+    for (int key = 0; key < kKeys; ++key) line.keyTimes.push_back(TimeOfKey(program, edit));
+    if (TextOf(edit) != std::string(kKeys, 'x') + line.line.text) Fail(&program, "another text was typed");
     TerminateProcess(program.process.get(), 0);
+}
+
+static void MeasureLongNotes() {
+    MeasureLongNote();
+    std::vector<LongLine> all = LongLines();
+    MeasureLongLines(all);
+    for (LongLine& each : all) {
+        Print({each.what + " shown / in lines of 500", MedianOf(each.line.times), MedianOf(each.floor.times)});
+        PrintLimited(each.what + " shown", MedianOf(each.line.times), kMostLongLineTime, "ms");
+        PrintLimited("  another note in its place", MedianOf(each.briefAfterLine.times), kMostLongLineTime, "ms");
+        MeasureKeys(each);
+        PrintLimited("  a key in it", MedianOf(each.keyTimes), kMostKeyTime, "ms");
+    }
 }
 
 static void Measure() {

@@ -151,6 +151,43 @@ TEST(LongLine, IsEditedAsItIsStored) {
     EXPECT_TRUE(TextOf(NoteViewOf(program)) == changed);
 }
 
+static std::string Repeated(const std::string& part) {
+    std::string line;
+    while (line.size() < 60000) line += part;
+    return line;
+}
+
+static std::string BytesFrom(int first, int last) {
+    std::string bytes;
+    for (int byte = first; byte <= last; ++byte) bytes += static_cast<char>(byte);
+    return bytes;
+}
+
+// Each is of characters that the system measures in another way, or regards as many words.
+TEST(LongLine, MayHaveAnyCharacters) {
+    for (const std::string& part :
+         {std::string("0123456789"), std::string("%"), std::string("1 "), std::string("1,2;3:4"), std::string("a1"),
+          std::string("a,b ; "), BytesFrom('!', '~'), BytesFrom(0x80, 0x9F), BytesFrom(0xA0, 0xFF)}) {
+        const std::string line = Repeated(part);
+        Program program = ProgramWithNotes({{0, line}, {1, "short"}});
+        const HWND view = NoteViewOf(program);
+        EXPECT_TRUE(TextOf(view) == line) << part;
+        const LRESULT rows = SendMessageA(view, EM_GETLINECOUNT, 0, 0);
+        EXPECT_GT(rows, 200) << part;
+        OpenNoteEditor(program);
+        EXPECT_TRUE(Typed(program) == line) << part;
+        SelectRich(program, NoteEditOf(program), {kPlace, kPlace});
+        Type(program, "xy");
+        Press(program, "Back");
+        const std::string changed = std::string(line).insert(kPlace, "x");
+        EXPECT_TRUE(Typed(program) == changed) << part;
+        Press(program, "Ctrl+s");
+        EXPECT_TRUE(StoredNote(program) == changed) << part;
+        Command(program, IDM_NEXT_NOTE);
+        EXPECT_EQ(TextOf(view), "short");
+    }
+}
+
 TEST(LongLine, IsPastedAndTakenBackInOneStep) {
     const std::string line = LongLine(50000);
     Program program = ProgramInEditor("before and after");
