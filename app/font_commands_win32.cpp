@@ -6,17 +6,18 @@
 #include "notes/notes_window.h"
 #include "passage/passage_window.h"
 #include "verselist/verse_list_window.h"
-#include "win32/screen.h"
+#include "win32/dpi.h"
 
 static bool ChooseFontFor(FontChoice& choice) {
-    LOGFONTA record = FontRecord(choice);
+    const int dpi = DpiOf(nullptr);  // of the dialog, whatever screen the frame is on
+    LOGFONTA record = FontRecord(choice, dpi);
     CHOOSEFONTA dialog{};
     dialog.lStructSize = sizeof dialog;
     dialog.hwndOwner = theFrame.window;
     dialog.lpLogFont = &record;
     dialog.Flags = CF_SCREENFONTS | CF_INITTOLOGFONTSTRUCT | CF_FORCEFONTEXIST;
     if (!ChooseFontA(&dialog)) return false;
-    choice = {Unscaled(std::abs(record.lfHeight)), static_cast<int>(record.lfWeight), record.lfFaceName};
+    choice = {UnscaledFrom(dpi, std::abs(record.lfHeight)), static_cast<int>(record.lfWeight), record.lfFaceName};
     return true;
 }
 

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <iterator>
 
-static constexpr int kGapBelowToolbar = 2;
 static constexpr double kListShareOfWidth = 0.5;
 static constexpr double kUpperShareOfHeight = 0.55;
 
@@ -19,7 +18,7 @@ FrameLayout LayOutFrame(const FrameSize& size, const ShownPanes& shown, bool edi
     const bool list = shown.VerseListWindow != 0;
     const bool passage = shown.ReadWindow != 0;
     const bool notes = shown.NotesWindow != 0;
-    const int top = shown.ToolBar != 0 ? size.toolbarHeight + kGapBelowToolbar : 0;
+    const int top = shown.ToolBar != 0 ? size.toolbarHeight + size.gapBelowToolbar : 0;
     const int width = std::max(size.width, 0);
     const int height = std::max(size.height - size.statusHeight - top, 0);  // 0 if the frame is minimized
     const int upperHeight = notes ? Share(height, kUpperShareOfHeight) : height;

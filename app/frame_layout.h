@@ -14,10 +14,13 @@ struct ShownPanes {
     int ToolBar = 1;
 };
 
+inline constexpr int kGapBelowToolbar = 2;  // between the toolbar and the panes, pixels at 96 dpi
+
 struct FrameSize {
     int width = 0, height = 0;  // of the client area
-    int toolbarHeight = 0;      // of the control; panes start 2 pixels below it
+    int toolbarHeight = 0;      // of the control
     int statusHeight = 0;
+    int gapBelowToolbar = kGapBelowToolbar;
 };
 
 // `place` is set only if `shown`. Sizes are never negative, however small the frame is.

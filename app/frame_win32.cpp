@@ -13,8 +13,8 @@
 #include "resources/ids.h"
 #include "verselist/verse_list_window.h"
 #include "win32/controls.h"
+#include "win32/dpi.h"
 #include "win32/panes.h"
-#include "win32/screen.h"
 
 Frame theFrame;
 
@@ -117,7 +117,8 @@ static void PlaceBars(WPARAM sizeType, int width, int height) {
 }
 
 static FrameLayout LayoutFor(int width, int height, bool editingNote) {
-    const FrameSize size{width, height, HeightOf(theFrame.toolbar), HeightOf(theFrame.statusBar)};
+    const FrameSize size{width, height, HeightOf(theFrame.toolbar), HeightOf(theFrame.statusBar),
+                         Scaled(theFrame.window, kGapBelowToolbar)};
     return LayOutFrame(size, theFrame.shown, editingNote);
 }
 
@@ -196,10 +197,18 @@ void RepaintNoteMarks() {
 
 // ---- Creation -------------------------------------------------------------------------------------------------------
 
+static void Scale(HWND tabs) {
+    SendMessageA(tabs, WM_SETFONT, reinterpret_cast<WPARAM>(MessageFont(tabs)), TRUE);
+}
+
+void ScaleTabs() {
+    for (const HWND tabs : {theFrame.listTabs, theFrame.passageTabs, theNoteTabs.window}) Scale(tabs);
+}
+
 static HWND CreateTabs(HWND frame, int id, std::initializer_list<const char*> names) {
     const HWND tabs =
         CreateChild(frame, WC_TABCONTROLA, "", WS_VISIBLE | WS_CLIPCHILDREN | WS_CLIPSIBLINGS | TCS_MULTILINE, 0, id);
-    SendMessageA(tabs, WM_SETFONT, reinterpret_cast<WPARAM>(MessageFont()), FALSE);
+    Scale(tabs);
     for (const char* name : names) {
         TCITEMA item{};
         item.mask = TCIF_TEXT;

@@ -36,6 +36,9 @@ extern Frame theFrame;
 // Creates status bar and tab controls. For the toolbar see app/toolbar_win32.h.
 void CreateBars(HWND frame);
 
+// Gives the tabs the font for the scaling of their screen; their height follows in LayOut.
+void ScaleTabs();
+
 // Places all children for a client area of this size in pixels. `sizeType` is the wParam of WM_SIZE.
 void LayOut(WPARAM sizeType, int width, int height);
 

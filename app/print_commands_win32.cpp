@@ -13,6 +13,7 @@
 #include "scripture/scripture_win32.h"
 #include "verselist/verse_list_window.h"
 #include "win32/controls.h"
+#include "win32/dpi.h"
 
 static std::vector<std::int32_t> VersesOf(const ParsedRange& range) {
     std::vector<std::int32_t> verses(static_cast<std::size_t>(range.last - range.first + 1));
@@ -30,7 +31,7 @@ static void PrintVersesOf(const ParsedRange& range, const NoteSource* notes) {
     if (notes && !CanReadNotesOfCurrentSet()) return Complain(theFrame.window, kCannotOpenNotes, kPrintErrorCaption);
     PrintDocument(theFrame.window, std::move(printer), theFrame.printerSetup.page.rtMargin,
                   {"Range of Verses", theScripture, VersesOf(range), RangePrinting({}, theFormat, theReading, notes),
-                   FontRecord(theFrame.fonts.passage), FontRecord(theFrame.fonts.notes)});
+                   FontRecord(theFrame.fonts.passage, kUnscaledDpi), FontRecord(theFrame.fonts.notes, kUnscaledDpi)});
 }
 
 // The set whose notes are printed is the current one during printing.
@@ -66,7 +67,7 @@ void PrintVerseList(int) {
     if (IsPrinting() || theVerseList.list.ListEntries.empty()) return;
     OwnedDc printer = AskPrinter(theFrame.window, theFrame.printerSetup);
     if (!printer) return;
-    const LOGFONTA font = FontRecord(theFrame.fonts.verseList);
+    const LOGFONTA font = FontRecord(theFrame.fonts.verseList, kUnscaledDpi);
     PrintDocument(
         theFrame.window, std::move(printer), theFrame.printerSetup.page.rtMargin,
         {"Verse List", theScripture, theVerseList.list.ListEntries, ListPrinting({}, theReading), font, font});

@@ -15,10 +15,10 @@
 #include "scripture/scripture_win32.h"
 #include "win32/code_page.h"
 #include "win32/controls.h"
+#include "win32/dpi.h"
 #include "win32/help_viewer.h"
 #include "win32/panes.h"
 #include "win32/plain_text.h"
-#include "win32/screen.h"
 
 static constexpr char kNoteEditorClass[] = "NOTEEDIT";
 
@@ -301,10 +301,10 @@ static constexpr int kButtons[] = {IDC_NOTE_SAVE, IDC_NOTE_CANCEL, IDC_NOTE_HELP
 
 static void OnSize(HWND window, UINT, int width, int height) {
     int left = 0;
-    const int top = Scaled(kButtonHeight);
+    const int buttonWidth = Scaled(window, kButtonWidth), top = Scaled(window, kButtonHeight);
     for (const int button : kButtons) {
-        MoveWindow(GetDlgItem(window, button), left, 0, Scaled(kButtonWidth), top, TRUE);
-        left += Scaled(kButtonWidth);
+        MoveWindow(GetDlgItem(window, button), left, 0, buttonWidth, top, TRUE);
+        left += buttonWidth;
     }
     MoveWindow(theNoteEdit.window, 0, top, width, height > top ? height - top : 0, TRUE);
 }
@@ -320,9 +320,9 @@ static void OnPaint(HWND window) {
     const HDC dc = BeginPaint(window, &paint);
     RECT place{};
     GetClientRect(window, &place);
-    place.left = static_cast<LONG>(std::size(kButtons)) * Scaled(kButtonWidth) + Scaled(kGapBeforeLine);
-    place.bottom = Scaled(kButtonHeight);
-    const HGDIOBJ fontBefore = SelectObject(dc, MessageFont());
+    place.left = static_cast<LONG>(std::size(kButtons)) * Scaled(window, kButtonWidth) + Scaled(window, kGapBeforeLine);
+    place.bottom = Scaled(window, kButtonHeight);
+    const HGDIOBJ fontBefore = SelectObject(dc, MessageFont(window));
     SetBkMode(dc, TRANSPARENT);
     SetTextColor(dc, GetSysColor(COLOR_BTNTEXT));
     DrawTextA(dc, EditingLine().c_str(), -1, &place, DT_SINGLELINE | DT_VCENTER | DT_END_ELLIPSIS | DT_NOPREFIX);
@@ -352,16 +352,26 @@ static void OnSetFocus(HWND, HWND) {
     SetFocus(theNoteEdit.window);
 }
 
+void ScaleNoteEditor() {
+    const HWND window = theNoteEditor.window;
+    for (const int button : kButtons)
+        SendDlgItemMessageA(window, button, WM_SETFONT, reinterpret_cast<WPARAM>(MessageFont(window)), TRUE);
+    RECT client{};
+    GetClientRect(window, &client);
+    OnSize(window, SIZE_RESTORED, client.right, client.bottom);
+    InvalidateRect(window, nullptr, TRUE);
+}
+
 static void CreateControls(HWND window) {
     static constexpr const char* kTexts[] = {"Save", "Cancel", "Help"};
     static_assert(std::size(kTexts) == std::size(kButtons));
     for (std::size_t i = 0; i < std::size(kButtons); ++i) {
         const HWND button =
             CreateChild(window, "BUTTON", kTexts[i], WS_VISIBLE | WS_TABSTOP | BS_PUSHBUTTON, 0, kButtons[i]);
-        SendMessageA(button, WM_SETFONT, reinterpret_cast<WPARAM>(MessageFont()), FALSE);
         theNoteEditor.buttonProcedure = Subclass(button, ButtonProcedure);
     }
     CreateNoteEditControl(window);
+    ScaleNoteEditor();
 }
 
 static BOOL OnCreate(HWND window, CREATESTRUCTA*) {

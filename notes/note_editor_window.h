@@ -25,6 +25,9 @@ bool RegisterNoteEditorClass();
 // IDM_SHOW_SAVED_NOTE after saving the note, and IDM_END_EDITING after closing.
 void CreateNoteEditor(HWND frame);
 
+// Gives its buttons the font and the size for the scaling of its screen.
+void ScaleNoteEditor();
+
 // Is a note being edited?
 bool IsEditingNote();
 

@@ -91,7 +91,7 @@ NoteSelection SelectionInNote() {
 }
 
 void SetNotesFont(const FontChoice& choice) {
-    const LOGFONTA record = FontRecord(choice);
+    const LOGFONTA record = FontRecord(choice, DpiOf(theNotes.view));
     OwnedFont font(CreateFontIndirectA(&record));
     SendMessageA(theNotes.view, WM_SETFONT, reinterpret_cast<WPARAM>(font.get()), TRUE);
     SetNoteEditorFont(font.get());
@@ -209,7 +209,8 @@ static void OnViewRButtonDown(HWND view, BOOL, int x, int y, UINT) {
 }
 
 static void OnViewContextMenu(HWND view, HWND under, UINT x, UINT y) {
-    if (IsMenuByKey(x, y)) return OpenMenu(FromCornerOf(view, kKeyMenuOffset, kKeyMenuOffset));
+    const int offset = OffsetOfKeyMenu(view);
+    if (IsMenuByKey(x, y)) return OpenMenu(FromCornerOf(view, offset, offset));
     ToView(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(under), MAKELPARAM(x, y));
 }
 

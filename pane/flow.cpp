@@ -1,9 +1,9 @@
 // Shared by the two flows, which are in folders that do not include each other.
 #include "pane/flow.h"
 
-FlowWalk BeginFlow(const TextMeasure& measure, const FlowVisitor& visit, int width) {
+FlowWalk BeginFlow(const TextMeasure& measure, const FlowVisitor& visit, int width, int leftMargin) {
     FlowWalk walk{measure, visit};
-    walk.line = {kLeftMargin, 0, kLeftMargin, width, LineHeightOf(measure)};
+    walk.line = {leftMargin, 0, leftMargin, width, LineHeightOf(measure)};
     return walk;
 }
 

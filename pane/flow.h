@@ -10,7 +10,7 @@
 #include "typeset/line_walk.h"
 #include "typeset/text_measure.h"
 
-inline constexpr int kLeftMargin = 1;  // left edge of lines, pixels
+inline constexpr int kLeftMargin = 1;  // of the lines from the left edge of the pane, pixels at 96 dpi
 
 enum class BoxKind { kLabel, kHeading, kWord };
 
@@ -39,8 +39,8 @@ struct FlowWalk {
     bool stopped = false;    // by the visitor
 };
 
-// Starts a layout at the upper left of a pane `width` pixels wide; its lines start at the left margin.
-FlowWalk BeginFlow(const TextMeasure& measure, const FlowVisitor& visit, int width);
+// Starts a layout at the upper left of a pane `width` pixels wide; its lines start at `leftMargin`, in pixels.
+FlowWalk BeginFlow(const TextMeasure& measure, const FlowVisitor& visit, int width, int leftMargin);
 
 // Visits a box unless the walk has been stopped or has no visitor.
 inline void VisitBox(FlowWalk& walk, const FlowBox& box) {

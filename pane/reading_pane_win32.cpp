@@ -8,8 +8,8 @@
 
 #include "resources/ids.h"
 #include "win32/controls.h"
+#include "win32/dpi.h"
 #include "win32/popup_menu.h"
-#include "win32/screen.h"
 
 ReadingOptions theReading;
 
@@ -216,6 +216,17 @@ static int LineHeightOf(ReadingPane& pane) {
     return HasFaces(pane.faces) ? measure.lineHeight(measure.device) : 0;
 }
 
+static void ShowCaretOf(ReadingPane& pane) {
+    ShowPaneCaret(pane.window, LineHeightOf(pane));
+}
+
+void SetPaneFont(ReadingPane& pane, const FontChoice& choice) {
+    ChooseFaces(pane.faces, choice, DpiOf(pane.window));
+    pane.leftMargin = Scaled(pane.window, kLeftMargin);
+    if (GetFocus() == pane.window) ShowCaretOf(pane);
+    RedisplayPane(pane);
+}
+
 // Drops another pane's selection, which also disables the commands that depend on it.
 static void OnSetFocus(const PaneKind& kind, HWND before) {
     const int ownerBefore = theSelection.SelectionOwner;
@@ -224,7 +235,7 @@ static void OnSetFocus(const PaneKind& kind, HWND before) {
         if (before) InvalidateRect(before, nullptr, FALSE);
     }
     RefreshFrame(kind.pane);
-    ShowPaneCaret(kind.pane.window, LineHeightOf(kind.pane));
+    ShowCaretOf(kind.pane);
 }
 
 static void ReleaseMouse(ReadingPane& pane) {
@@ -269,7 +280,7 @@ static void OnLButtonDown(const PaneKind& kind, int x, int y, UINT keys) {
 }
 
 static int StepAtEdge(const ReadingPane& pane, int y) {
-    const int edge = Scaled(6);
+    const int edge = Scaled(pane.window, 6);
     return y < edge ? -1 : y > ClientAreaOf(pane).bottom - edge ? 1 : 0;
 }
 
@@ -346,7 +357,7 @@ LRESULT ReadingPaneProcedure(const PaneKind& kind, HWND window, UINT message, WP
         case WM_COMMAND: return OnCommand(kind, LOWORD(wParam)), 0;
         case WM_CONTEXTMENU:
             if (!IsMenuByKey(LOWORD(lParam), HIWORD(lParam))) break;
-            return OpenMenu(kind, kKeyMenuOffset, kKeyMenuOffset), 0;
+            return OpenMenu(kind, OffsetOfKeyMenu(window), OffsetOfKeyMenu(window)), 0;
     }
     return DefWindowProcA(window, message, wParam, lParam);
 }

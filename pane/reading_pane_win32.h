@@ -15,11 +15,12 @@ extern ReadingOptions theReading;
 struct ReadingPane {
     HWND window = nullptr;
     Faces faces;
-    TextRuns text;               // as laid out last; all of it that the system holds to be valid is on the screen
-    TextRuns textBefore;         // the layout before
-    bool isScrolling = false;    // is the paint of a scroll running? Then `text` is laid out
-    int wheelRest = 0;           // remainder of wheel movement, less than a step
-    bool doubleClicked = false;  // until the button is released
+    TextRuns text;                 // as laid out last; all of it that the system holds to be valid is on the screen
+    TextRuns textBefore;           // the layout before
+    bool isScrolling = false;      // is the paint of a scroll running? Then `text` is laid out
+    int leftMargin = kLeftMargin;  // pixels
+    int wheelRest = 0;             // remainder of wheel movement, less than a step
+    bool doubleClicked = false;    // until the button is released
 };
 
 // What differs between the panes; each pane has one constant.
@@ -60,6 +61,9 @@ FlowVisitor RunsVisitor(ReadingPane& pane, SelectionOwnerId owner);
 
 // The pane's client area, which its layout fills.
 RECT ClientAreaOf(const ReadingPane& pane);
+
+// Shows the pane in this font, for the scaling of its screen.
+void SetPaneFont(ReadingPane& pane, const FontChoice& choice);
 
 // Moves the scroll box to the item `top`.
 void MoveScrollBox(const ReadingPane& pane, int top);

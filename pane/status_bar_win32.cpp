@@ -5,6 +5,7 @@
 
 #include "pane/fitted_text.h"
 #include "resources/ids.h"
+#include "win32/dpi.h"
 #include "win32/panes.h"
 
 namespace {
@@ -48,9 +49,6 @@ static LRESULT AskControl(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
 
 // ---- Texts that are cut ---------------------------------------------------------------------------------------------
 
-static constexpr int kEdge = 1;         // around a part, pixels
-static constexpr int kTextMargins = 4;  // left and right of a text, together
-
 static bool IsCut(const Part& part) {
     return part.fitted != part.text;
 }
@@ -58,7 +56,8 @@ static bool IsCut(const Part& part) {
 static RECT InsideOf(std::size_t part) {
     RECT place{};
     AskControl(SB_GETRECT, part, reinterpret_cast<LPARAM>(&place));
-    InflateRect(&place, -kEdge, -kEdge);
+    const int edge = SystemMetric(theStatusBar.window, SM_CXBORDER);
+    InflateRect(&place, -edge, -edge);
     return place;
 }
 
@@ -89,11 +88,12 @@ static void Fit(std::size_t number, const std::string& text, int room) {
 
 // Measuring texts takes longer than all else that the bar does while the frame is being resized.
 static void FitPartsOfOtherWidth() {
+    const int textMargins = 2 * SystemMetric(theStatusBar.window, SM_CXEDGE);
     std::vector<Part>& parts = theStatusBar.parts;
     parts.resize(static_cast<std::size_t>(AskControl(SB_GETPARTS)));
     for (std::size_t number = 0; number < parts.size(); ++number) {
         const RECT inside = InsideOf(number);
-        const int room = static_cast<int>(inside.right - inside.left) - kTextMargins;
+        const int room = static_cast<int>(inside.right - inside.left) - textMargins;
         if (room != parts[number].room) Fit(number, std::string(parts[number].text), room);
     }
 }
@@ -147,8 +147,14 @@ HWND CreateStatusBar(HWND frame) {
     if (!statusBar) return nullptr;
     theStatusBar.window = statusBar;
     theStatusBar.procedure = Subclass(statusBar, StatusBarProcedure);
+    ScaleStatusBar();
     FitPartsOfOtherWidth();
     return statusBar;
+}
+
+void ScaleStatusBar() {
+    const HWND statusBar = theStatusBar.window;
+    SendMessageA(statusBar, WM_SETFONT, reinterpret_cast<WPARAM>(StatusFont(statusBar)), TRUE);
 }
 
 // ---- Texts ----------------------------------------------------------------------------------------------------------

@@ -17,6 +17,9 @@ enum class StatusPart {
 // Creates an empty status bar with one part, as a child of `frame`.
 HWND CreateStatusBar(HWND frame);
 
+// Gives the bar the font for the scaling of its screen; its height follows when it is placed anew.
+void ScaleStatusBar();
+
 // Sets the text of a part. Does nothing if the part already has that text, because rewriting it would flicker.
 void ShowStatus(StatusPart part, const std::string& text);
 

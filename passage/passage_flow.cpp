@@ -170,7 +170,7 @@ static int WalkFrom(PassageWalk& walk) {
 static int Walk(const PassageFlow& flow, const FlowVisitor& visit, KnownWidths* known) {
     PassageFlow clamped = flow;
     clamped.topVerse = ClampVerse(flow.topVerse);
-    PassageWalk walk{BeginFlow(flow.measure, visit, flow.width), clamped, known};
+    PassageWalk walk{BeginFlow(flow.measure, visit, flow.width, flow.leftMargin), clamped, known};
     walk.reader.brackets = BracketsOf(flow.options, BracketUse::kItalicFace);
     walk.reader.italicsFromWordStart = true;
     return WalkFrom(walk);

@@ -36,6 +36,7 @@ struct PassageFlow {
     int topVerse = 0;
     int width = 0;  // of the client area, pixels
     int height = 0;
+    int leftMargin = kLeftMargin;  // pixels
 };
 
 // Visits the boxes from the top verse on; an empty visitor is not called. Returns the last verse with any text laid

@@ -27,6 +27,7 @@ static PassageFlow FlowOf(const RECT& client) {
         .topVerse = thePassage.view.TopVerse,
         .width = client.right,
         .height = client.bottom,
+        .leftMargin = thePassage.leftMargin,
     };
 }
 
@@ -55,8 +56,7 @@ void ScrollToVerse(int verse) {
 }
 
 void SetPassageFont(const FontChoice& choice) {
-    ChooseFaces(thePassage.faces, choice);
-    RedisplayPassage();
+    SetPaneFont(thePassage, choice);
 }
 
 int PassageTargetVerse() {

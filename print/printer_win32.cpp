@@ -1,6 +1,6 @@
 #include "print/printer_win32.h"
 
-#include "win32/screen.h"
+#include "win32/dpi.h"
 
 static Printer& PrinterOf(void* device) {
     return *static_cast<Printer*>(device);
@@ -14,9 +14,7 @@ static PrinterFace& FaceOf(Printer& printer, PrintFace face) {
 
 static void MakeFace(Printer& printer, PrintFace which, LOGFONTA record) {
     const HDC dc = printer.dc.get();
-    const int screenDotsPerInch = Scaled(96);
-    record.lfHeight =
-        PrinterFontHeight(static_cast<int>(record.lfHeight), screenDotsPerInch, GetDeviceCaps(dc, LOGPIXELSY));
+    record.lfHeight = PrinterFontHeight(static_cast<int>(record.lfHeight), kUnscaledDpi, GetDeviceCaps(dc, LOGPIXELSY));
     PrinterFace& face = FaceOf(printer, which);
     face.font.reset(CreateFontIndirectA(&record));
     ReadLetterWidths(face.letters, dc, face.font.get());

@@ -14,8 +14,8 @@ struct PrintedDocument {
     const char* name;  // as shown in the printer queue
     const Scripture& scripture;
     std::vector<std::int32_t> verses;
-    PrintOptions options;  // `box` and `tabDistance` are set by PrintDocument from the printer and the margins
-    LOGFONTA verseFont, noteFont;
+    PrintOptions options;          // `box` and `tabDistance` are set by PrintDocument from the printer and the margins
+    LOGFONTA verseFont, noteFont;  // for 96 dpi
 };
 
 // Prints on `dc` until the end or until the user cancels. `frame` is disabled meanwhile. Reports errors to the user.

@@ -46,6 +46,10 @@ static bool IsProgramFolder(const std::string& folder) {
     return std::ranges::find(kFolders, folder) != kFolders.end();
 }
 
+static bool IsOfProgram(const std::string& path) {
+    return (IsProgramFolder(FolderOf(path)) || path.starts_with("win32/")) && !path.ends_with("_test.cpp");
+}
+
 bool IsShell(const std::string& path) {
     const std::string stem = fs::path(path).stem().string();
     for (const std::string_view ending : {"_window", "_dialog", "_win32"})
@@ -221,6 +225,20 @@ Findings CheckGlobals(const TreeFile& file) {
     return findings;
 }
 
+// The dots per inch of a printer (GetDeviceCaps) are none of a screen.
+Findings CheckScreenSizes(const TreeFile& file) {
+    Findings findings;
+    if (!IsSource(file.path) || !IsOfProgram(file.path) || file.path.starts_with("win32/dpi.")) return findings;
+    static const std::regex asked(
+        R"re(\bGetSystemMetrics\w*|\bGetDpiFor\w+|\w*NONCLIENTMETRICS\w*|\bGetDialogBaseUnits|\b\w*ForDpi\b|\bDEFAULT_GUI_FONT)re");
+    EachLine({file.path, CodeOf(file.text)}, [&](const std::string& line, int number) {
+        std::smatch match;
+        if (std::regex_search(line, match, asked))
+            findings.push_back(At(file, number, "a size of the system's screen: " + match.str()));
+    });
+    return findings;
+}
+
 Findings CheckLength(const TreeFile& file) {
     const auto lines = static_cast<std::size_t>(std::count(file.text.begin(), file.text.end(), '\n'));
     if (!IsSource(file.path) || lines <= kMostLines) return {};
@@ -228,8 +246,7 @@ Findings CheckLength(const TreeFile& file) {
 }
 
 Findings CheckSmallSource(const TreeFile& file) {
-    const bool isProduct = IsProgramFolder(FolderOf(file.path)) || file.path.starts_with("win32/");
-    if (!isProduct || !file.path.ends_with(".cpp") || file.path.ends_with("_test.cpp")) return {};
+    if (!IsOfProgram(file.path) || !file.path.ends_with(".cpp")) return {};
     const auto lines = static_cast<std::size_t>(std::count(file.text.begin(), file.text.end(), '\n'));
     if (lines >= kFewestLines || file.text.starts_with("//")) return {};
     return {At(file, 1, "a fragment: fewer than " + std::to_string(kFewestLines) + " lines and no reason why")};

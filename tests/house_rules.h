@@ -45,6 +45,10 @@ Findings CheckOwnHeaderFirst(const TreeFile& file, const std::set<std::string>& 
 // Core files take what they work on as arguments: only shell files name a global (`thePassage`).
 Findings CheckGlobals(const TreeFile& file);
 
+// Sizes that depend on the scaling of a screen come from win32/dpi.h alone, which asks for those of a window's screen:
+// nothing else asks the system.
+Findings CheckScreenSizes(const TreeFile& file);
+
 // A source file has at most 500 lines.
 Findings CheckLength(const TreeFile& file);
 

@@ -51,8 +51,8 @@ TEST_P(TreeKeeps, Rule) {
 
 INSTANTIATE_TEST_SUITE_P(House, TreeKeeps,
                          testing::Values(TreeRule{"SmallSource", CheckSmallSource}, TreeRule{"Globals", CheckGlobals},
-                                         TreeRule{"Length", CheckLength}, TreeRule{"Words", CheckWords},
-                                         TreeRule{"Kind", CheckKind}),
+                                         TreeRule{"ScreenSizes", CheckScreenSizes}, TreeRule{"Length", CheckLength},
+                                         TreeRule{"Words", CheckWords}, TreeRule{"Kind", CheckKind}),
                          [](const auto& row) { return row.param.name; });
 
 TEST(TreeKeeps, OwnHeaderFirst) {
@@ -182,6 +182,15 @@ TEST(HouseCheck, SeesAGlobalInTheCore) {
     EXPECT_THAT(CheckGlobals({"notes/a.cpp", "theNotes.current = 1;\n"}), SizeIs(1));
     EXPECT_THAT(CheckGlobals({"notes/a_window.cpp", "theNotes.current = 1;\n"}), IsEmpty());
     EXPECT_THAT(CheckGlobals({"notes/a.cpp", "Say(\"theNotes\");  // theNotes\nint other = breatheOut;\n"}), IsEmpty());
+}
+
+TEST(HouseCheck, SeesASizeAskedOfTheSystem) {
+    EXPECT_THAT(CheckScreenSizes({"app/a_window.cpp", "x = GetSystemMetrics(SM_CXICON);\n"}), SizeIs(1));
+    EXPECT_THAT(CheckScreenSizes({"win32/a.cpp", "y = GetDpiForWindow(window);\n"}), SizeIs(1));
+    EXPECT_THAT(CheckScreenSizes({"win32/dpi.cpp", "x = GetSystemMetrics(SM_CXICON);\n"}), IsEmpty());
+    EXPECT_THAT(CheckScreenSizes({"tests/driver/a.cpp", "x = GetSystemMetrics(SM_CXICON);\n"}), IsEmpty());
+    EXPECT_THAT(CheckScreenSizes({"app/a_window.cpp", "x = SystemMetric(window, SM_CXICON);  // GetSystemMetrics\n"}),
+                IsEmpty());
 }
 
 TEST(HouseCheck, SeesALongFile) {

@@ -4,8 +4,6 @@
 #include <memory>
 #include <optional>
 
-#include "win32/screen.h"
-
 namespace {
 
 // A device context for measuring, kept until the program ends; each use selects its own font. It needs a bitmap
@@ -30,9 +28,9 @@ static HDC MeasuringDc() {
     return place.dc.get();
 }
 
-LOGFONTA FontRecord(const FontChoice& choice) {
+LOGFONTA FontRecord(const FontChoice& choice, int dpi) {
     LOGFONTA record{};
-    record.lfHeight = -Scaled(choice.height);
+    record.lfHeight = -ScaledTo(dpi, choice.height);
     record.lfWeight = choice.weight;
     record.lfOutPrecision = OUT_STROKE_PRECIS;
     record.lfClipPrecision = CLIP_STROKE_PRECIS;
@@ -41,10 +39,10 @@ LOGFONTA FontRecord(const FontChoice& choice) {
     return record;
 }
 
-void ChooseFaces(Faces& faces, const FontChoice& choice) {
+void ChooseFaces(Faces& faces, const FontChoice& choice, int dpi) {
     SelectObject(MeasuringDc(), GetStockObject(SYSTEM_FONT));  // a font must not be deleted while it is selected
     for (FaceFont& face : faces.fonts) face.font.reset();
-    faces.record = FontRecord(choice);
+    faces.record = FontRecord(choice, dpi);
     faces.isChosen = true;
     faces.lineHeight = 0;
 }

@@ -10,6 +10,7 @@
 #include "typeset/reading_options.h"
 #include "typeset/text_measure.h"
 #include "typeset/text_runs.h"
+#include "win32/dpi.h"
 #include "win32/panes.h"
 
 struct FaceFont {
@@ -25,12 +26,13 @@ struct Faces {
     std::vector<int> advances;  // of the letters of the run being drawn
 };
 
-// The font record of `choice`: the stored height scaled and negated, stroke precisions, everything else default.
-LOGFONTA FontRecord(const FontChoice& choice);
+// The font record of `choice`: the stored height scaled to `dpi` and negated, stroke precisions, everything else
+// default.
+LOGFONTA FontRecord(const FontChoice& choice, int dpi);
 
-// Sets the font for the four faces: as chosen, weight 700, and italics of weight 400 and 700. Each face is created when
-// it is first measured or drawn.
-void ChooseFaces(Faces& faces, const FontChoice& choice);
+// Sets the font for the four faces, scaled to `dpi`: as chosen, weight 700, and italics of weight 400 and 700. Each
+// face is created when it is first measured or drawn.
+void ChooseFaces(Faces& faces, const FontChoice& choice, int dpi);
 bool HasFaces(const Faces& faces);
 
 // Measures text with `faces`, which must outlive the result.

@@ -40,7 +40,7 @@ static Asked AskedFor(const FontChoice& choice, Face face) {
     const HDC screen = GetDC(nullptr);
     Asked asked{OwnedBitmap(CreateCompatibleBitmap(screen, 1, 1)), OwnedDc(CreateCompatibleDC(screen)), nullptr};
     ReleaseDC(nullptr, screen);
-    LOGFONTA record = FontRecord(choice);
+    LOGFONTA record = FontRecord(choice, kUnscaledDpi);
     record.lfItalic = face == Face::kItalic || face == Face::kBoldItalic;
     record.lfWeight = face == Face::kRegular ? choice.weight : face == Face::kItalic ? FW_NORMAL : FW_BOLD;
     asked.font.reset(CreateFontIndirectA(&record));
@@ -85,7 +85,7 @@ TEST_P(FaceWidths, MatchTheSystemForEveryWordOfTheText) {
     static const std::set<std::string> words = WordsOfText();
     ASSERT_GT(words.size(), 20000u);
     Faces faces;
-    ChooseFaces(faces, GetParam().font);
+    ChooseFaces(faces, GetParam().font, kUnscaledDpi);
     const TextMeasure measure = MeasureOf(faces);
     for (const Face face : {Face::kRegular, Face::kBold, Face::kItalic, Face::kBoldItalic}) {
         const Asked asked = AskedFor(GetParam().font, face);

@@ -8,8 +8,8 @@
 #include "resources/ids.h"
 #include "scripture/scripture_win32.h"
 #include "typeset/label_text.h"
+#include "win32/dpi.h"
 #include "win32/panes.h"
-#include "win32/screen.h"
 
 // Removing or inserting one line moves all behind it. More of them take longer than a box of 30,000 lines does to fill.
 static constexpr std::size_t kFewLines = 64;
@@ -89,7 +89,11 @@ void CreateReferenceList(ReferenceList& list, HWND tabs, WNDPROC procedure) {
         CreateChild(tabs, "LISTBOX", "",
                     WS_VSCROLL | WS_TABSTOP | LBS_NOTIFY | LBS_MULTIPLESEL | LBS_EXTENDEDSEL | LBS_NOINTEGRALHEIGHT,
                     WS_EX_CLIENTEDGE, IDC_REFERENCE_LIST);
-    SendMessageA(list.window, WM_SETFONT, reinterpret_cast<WPARAM>(MessageFont()), FALSE);
+    ScaleReferenceList(list);
     list.wideProcedure = reinterpret_cast<WNDPROC>(GetWindowLongPtrW(list.window, GWLP_WNDPROC));
     list.procedure = Subclass(list.window, procedure);
+}
+
+void ScaleReferenceList(const ReferenceList& list) {
+    SendMessageA(list.window, WM_SETFONT, reinterpret_cast<WPARAM>(MessageFont(list.window)), TRUE);
 }

@@ -19,6 +19,10 @@ struct ReferenceList {
 
 // Creates the hidden list box inside `tabs`. Its messages go to `procedure`, which passes them on with PassToBox.
 void CreateReferenceList(ReferenceList& list, HWND tabs, WNDPROC procedure);
+
+// Gives its lines the font for the scaling of its screen.
+void ScaleReferenceList(const ReferenceList& list);
+
 LRESULT PassToBox(const ReferenceList& list, UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
 
 // Replaces all lines by the references of `verses`, if they are awaited.

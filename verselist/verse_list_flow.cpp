@@ -65,14 +65,14 @@ static void PlaceWords(ListWalk& walk, const EntryWords& entry) {
 static void PlaceEntry(ListWalk& walk, int entry) {
     const int verse = VerseOfEntry(walk, entry);
     walk.point = {entry, 0};
-    walk.line.x = kLeftMargin;
+    walk.line.x = walk.flow.leftMargin;
     PlaceLabel(walk, BoxKind::kLabel, FormLabel(walk, verse));
     PlaceWords(walk, WordsOf(walk, verse));
     walk.line.y += walk.line.lineHeight;
 }
 
 static ListWalk BeginWalk(const VerseListFlow& flow, const FlowVisitor& visit, KnownEntries& known) {
-    ListWalk walk{BeginFlow(flow.measure, visit, flow.width), flow, known};
+    ListWalk walk{BeginFlow(flow.measure, visit, flow.width, flow.leftMargin), flow, known};
     walk.line.lineStart = walk.line.lineHeight;  // the indent under the label
     return walk;
 }
@@ -122,7 +122,7 @@ SelectionPoint HitTestVerseList(const VerseListFlow& flow, int x, int y) {
 
 static int CountLines(const ListWalk& walk, const EntryWords& entry, int labelWidth) {
     LineWalk line = walk.line;
-    line.x = kLeftMargin + labelWidth;
+    line.x = walk.flow.leftMargin + labelWidth;
     line.y = 0;
     for (const EntryWord& word : entry.words) {
         WrapBefore(line, word.width);

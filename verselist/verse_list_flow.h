@@ -23,6 +23,7 @@ struct VerseListFlow {
     const VerseList* list = nullptr;
     int width = 0;  // of the client area, pixels
     int height = 0;
+    int leftMargin = kLeftMargin;   // pixels
     KnownEntries* known = nullptr;  // kept between walks, see verselist/entry_words.h; null: nothing is kept
 };
 

@@ -12,7 +12,6 @@
 #include "verselist/verse_list_flow.h"
 #include "win32/controls.h"
 #include "win32/popup_menu.h"
-#include "win32/screen.h"
 
 static constexpr char kVerseListClass[] = "VERSELIST";
 
@@ -29,6 +28,7 @@ static VerseListFlow FlowOf(const RECT& client) {
         .list = &theVerseList.list,
         .width = client.right,
         .height = client.bottom,
+        .leftMargin = theVerseList.leftMargin,
         .known = &theVerseList.known,
     };
 }
@@ -42,9 +42,8 @@ void RedisplayVerseList() {
 }
 
 void SetVerseListFont(const FontChoice& choice) {
-    ChooseFaces(theVerseList.faces, choice);
     theVerseList.known = {};
-    RedisplayVerseList();
+    SetPaneFont(theVerseList, choice);
 }
 
 static void SetTop(int entry) {
@@ -406,7 +405,7 @@ static LRESULT CALLBACK ReferencesProcedure(HWND box, UINT message, WPARAM wPara
         case WM_RBUTTONUP: return OpenReferencesMenu(GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)), 0;
         case WM_CONTEXTMENU:
             if (!IsMenuByKey(LOWORD(lParam), HIWORD(lParam))) break;
-            return OpenReferencesMenu(kKeyMenuOffset, kKeyMenuOffset), 0;
+            return OpenReferencesMenu(OffsetOfKeyMenu(box), OffsetOfKeyMenu(box)), 0;
         case WM_COMMAND: return OnReferencesCommand(LOWORD(wParam)), 0;
     }
     const LRESULT result = PassToBox(theVerseList.references, message, wParam, lParam);

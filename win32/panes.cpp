@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "win32/screen.h"
+#include "win32/dpi.h"
 
 bool RegisterPaneClass(const char* name, WNDPROC procedure, int backgroundColor, UINT style) {
     WNDCLASSA description{};
@@ -30,7 +30,7 @@ void Unsubclass(HWND window, WNDPROC& procedureBefore) {
 }
 
 void ShowPaneCaret(HWND pane, int lineHeight) {
-    CreateCaret(pane, nullptr, Scaled(3), lineHeight);
+    CreateCaret(pane, nullptr, Scaled(pane, 3), lineHeight);
     SetCaretPos(0, 0);
     ShowCaret(pane);
 }

@@ -1,6 +1,7 @@
 #include "win32/popup_menu.h"
 
 #include "win32/controls.h"
+#include "win32/dpi.h"
 #include "win32/handles.h"
 
 static std::string TextInMenu(HWND frame, int command) {
@@ -63,6 +64,10 @@ POINT FromCornerOf(HWND window, int x, int y) {
 bool IsMenuByKey(UINT x, UINT y) {
     static constexpr UINT kNoPlace = 0xFFFF;  // -1 in each half of the message's lParam
     return x == kNoPlace && y == kNoPlace;
+}
+
+int OffsetOfKeyMenu(HWND window) {
+    return Scaled(window, 1);
 }
 
 std::vector<MenuRow> RowsOfFrameMenu(HWND frame, int first, int count) {

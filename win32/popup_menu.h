@@ -24,10 +24,10 @@ void OpenPopupMenu(HWND receiver, POINT onScreen, const std::vector<MenuRow>& ro
 // Screen coordinates of the point `x`, `y` from the upper left corner of `window`, including its border.
 POINT FromCornerOf(HWND window, int x, int y);
 
-// Was WM_CONTEXTMENU sent for a key, and therefore without a position? The menu then opens at this offset in the
-// window.
+// Was WM_CONTEXTMENU sent for a key, and therefore without a position? The menu then opens at this distance, in pixels,
+// from the left and from the upper edge of `window`.
 bool IsMenuByKey(UINT x, UINT y);
-inline constexpr int kKeyMenuOffset = 1;  // pixels from the left and from the upper edge
+int OffsetOfKeyMenu(HWND window);
 
 // `count` rows with the texts of the frame menu's commands from `first` on.
 std::vector<MenuRow> RowsOfFrameMenu(HWND frame, int first, int count);

@@ -3,40 +3,8 @@
 #include <algorithm>
 #include <vector>
 
-#include "win32/handles.h"
+#include "win32/dpi.h"
 #include "win32/placement.h"
-
-static int ScreenDotsPerInch() {
-    const HDC screen = GetDC(nullptr);
-    const int dots = GetDeviceCaps(screen, LOGPIXELSY);
-    ReleaseDC(nullptr, screen);
-    return dots;
-}
-
-static int DotsPerInch() {
-    static const int dots = ScreenDotsPerInch();  // system DPI awareness: constant while the program runs
-    return dots;
-}
-
-int Scaled(int pixels) {
-    return MulDiv(pixels, DotsPerInch(), 96);
-}
-
-int Unscaled(int pixels) {
-    return MulDiv(pixels, 96, DotsPerInch());
-}
-
-static HFONT MakeMessageFont() {
-    NONCLIENTMETRICSA metrics{};
-    metrics.cbSize = sizeof metrics;
-    SystemParametersInfoA(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
-    return CreateFontIndirectA(&metrics.lfMessageFont);
-}
-
-HFONT MessageFont() {
-    static const OwnedFont font(MakeMessageFont());
-    return font.get();
-}
 
 static RECT ScreenOf(HWND window) {
     MONITORINFO monitor{};
@@ -63,9 +31,11 @@ void PlaceDialog(HWND dialog) {
 void CenterOnScreen(HWND window) {
     RECT place{};
     GetWindowRect(window, &place);
-    const int x = (GetSystemMetrics(SM_CXSCREEN) - (place.right - place.left)) / 2;
-    const int y = (GetSystemMetrics(SM_CYSCREEN) - (place.bottom - place.top)) / 2;
-    SetWindowPos(window, nullptr, x, y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    const RECT screen = ScreenOf(window);
+    const LONG x = (screen.left + screen.right - (place.right - place.left)) / 2;
+    const LONG y = (screen.top + screen.bottom - (place.bottom - place.top)) / 2;
+    SetWindowPos(window, nullptr, static_cast<int>(x), static_cast<int>(y), 0, 0,
+                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 static ScreenArea AreaOf(const RECT& place) {
@@ -90,7 +60,7 @@ static std::vector<ScreenArea> WorkAreas() {
 void BringOnScreen(HWND window) {
     RECT place{};
     GetWindowRect(window, &place);
-    const int border = GetSystemMetrics(SM_CXSIZEFRAME) + GetSystemMetrics(SM_CXPADDEDBORDER);
+    const int border = SystemMetric(window, SM_CXSIZEFRAME) + SystemMetric(window, SM_CXPADDEDBORDER);
     const ScreenArea before = AreaOf(place), after = BroughtInside(before, border, WorkAreas());
     if (after == before) return;
     SetWindowPos(window, nullptr, after.left, after.top, after.right - after.left, after.bottom - after.top,

@@ -12,8 +12,8 @@
 #include "scripture/scripture_win32.h"
 #include "search/word_index.h"
 #include "typeset/faces_win32.h"
+#include "win32/dpi.h"
 #include "win32/panes.h"
-#include "win32/screen.h"
 
 namespace {
 
@@ -112,7 +112,7 @@ static HWND CreateRichEdit(HWND parent, int id) {
 
 static void CreateControls() {
     LoadLibraryA("RICHED32.DLL");
-    bare.controlFont = MessageFont();
+    bare.controlFont = MessageFont(bare.frame);
     CreateBareToolbar();
     bare.statusBar = CreateChild(bare.frame, STATUSCLASSNAMEA, "", WS_VISIBLE, 0, IDC_STATUS_BAR);
     bare.listTabs = CreateTabs(IDC_LIST_TABS, {"Verse List", "Reference List"});
@@ -266,7 +266,7 @@ static void OnCommand(HWND frame, int command, HWND, UINT) {
 static BOOL OnCreate(HWND window, CREATESTRUCTA*) {
     bare.frame = window;
     CreateControls();
-    const LOGFONTA record = FontRecord(FontChoice{});
+    const LOGFONTA record = FontRecord(FontChoice{}, DpiOf(window));
     bare.font = CreateFontIndirectA(&record);
     const HDC dc = GetDC(window);
     SelectObject(dc, bare.font);

@@ -276,7 +276,7 @@ int main() {
     bench.noteFiles.size = NoSize;
     bench.notes = HalfTheNotes();
     bench.screen = ScreenToPaintOn();
-    ChooseFaces(bench.faces, FontChoice{});
+    ChooseFaces(bench.faces, FontChoice{}, kUnscaledDpi);
     bench.fonts = FontsOf(FontChoice{});
     Canvas floorCanvas;
     bench.floorCanvas = CanvasFor(floorCanvas, bench.screen, kClient.right, kClient.bottom);

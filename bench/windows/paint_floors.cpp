@@ -3,7 +3,7 @@
 FaceFonts FontsOf(const FontChoice& choice) {
     FaceFonts fonts;
     for (int face = 0; face < kFaceCount; ++face) {
-        LOGFONTA record = FontRecord(choice);
+        LOGFONTA record = FontRecord(choice, kUnscaledDpi);
         record.lfItalic = face >= static_cast<int>(Face::kItalic);
         record.lfWeight = face % 2 == 0 ? FW_NORMAL : FW_BOLD;
         fonts[static_cast<std::size_t>(face)].reset(CreateFontIndirectA(&record));
