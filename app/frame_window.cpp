@@ -13,8 +13,11 @@
 #include "notes/note_tabs_win32.h"
 #include "notes/note_view_text_win32.h"
 #include "notes/notes_window.h"
+#include "pane/status_bar_win32.h"
+#include "passage/passage_window.h"
 #include "resources/ids.h"
 #include "verselist/verse_list_window.h"
+#include "win32/dpi.h"
 #include "win32/screen.h"
 
 static BOOL OnCreate(HWND window, CREATESTRUCTA*) {
@@ -93,6 +96,29 @@ static void OnDisplayChange(HWND window, UINT, UINT, UINT) {
     if (!IsZoomed(window) && !IsIconic(window)) BringOnScreen(window);
 }
 
+static void FollowDpi() {
+    RecreateToolbar();
+    ScaleStatusBar();
+    ScaleTabs();
+    ScaleNoteEditor();
+    ScaleReferenceList(theVerseList.references);
+    SetPassageFont(theFrame.fonts.passage);
+    SetVerseListFont(theFrame.fonts.verseList);
+    SetNotesFont(theFrame.fonts.notes);
+}
+
+// The frame has come to a screen with another scaling, or the user has changed that of its screen. `place` is where the
+// system wants it to be. The system scales menus, captions, scroll bars and open dialogs.
+static LRESULT OnDpiChanged(HWND window, int dpi, const RECT& place) {
+    TakeDpi(window, dpi);
+    FollowDpi();
+    SetWindowPos(window, nullptr, static_cast<int>(place.left), static_cast<int>(place.top),
+                 static_cast<int>(place.right - place.left), static_cast<int>(place.bottom - place.top),
+                 SWP_NOZORDER | SWP_NOACTIVATE);
+    if (!IsIconic(window)) LayOut();  // the size may be the same as before
+    return 0;
+}
+
 static LRESULT CALLBACK FrameProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         HANDLE_MSG(window, WM_CREATE, OnCreate);
@@ -108,6 +134,7 @@ static LRESULT CALLBACK FrameProcedure(HWND window, UINT message, WPARAM wParam,
         HANDLE_MSG(window, WM_INITMENUPOPUP, OnInitMenuPopup);
         HANDLE_MSG(window, WM_DISPLAYCHANGE, OnDisplayChange);
         HANDLE_MSG(window, WM_KEYDOWN, OnKey);
+        case WM_DPICHANGED: return OnDpiChanged(window, HIWORD(wParam), *reinterpret_cast<const RECT*>(lParam));
         case WM_MOUSEWHEEL: return PassWheelToPane(wParam, lParam), 0;
         case WM_ENTERMENULOOP:
         case WM_ENTERSIZEMOVE: WriteSession(); break;

@@ -8,9 +8,9 @@
 #include "app/frame_win32.h"
 #include "resources/ids.h"
 #include "scripture/scripture_win32.h"
+#include "win32/dpi.h"
 #include "win32/panes.h"
 #include "win32/popup_menu.h"
-#include "win32/screen.h"
 
 static TBBUTTON ButtonOf(const Command& command, unsigned facts) {
     TBBUTTON button{};
@@ -21,9 +21,12 @@ static TBBUTTON ButtonOf(const Command& command, unsigned facts) {
     return button;
 }
 
+static constexpr int kSeparatorWidth = 8;  // the control's own at 96 dpi
+
 // A separator comes first, to keep the first button away from the frame's edge.
-static std::vector<TBBUTTON> Buttons() {
+static std::vector<TBBUTTON> Buttons(HWND toolbar) {
     TBBUTTON separator{};
+    separator.iBitmap = Scaled(toolbar, kSeparatorWidth);
     separator.fsStyle = TBSTYLE_SEP;
     std::vector<TBBUTTON> buttons;
     ButtonGroup group = ButtonGroup::kNone;
@@ -36,31 +39,66 @@ static std::vector<TBBUTTON> Buttons() {
     return buttons;
 }
 
-// The strip of pictures for the scaling of this screen: 16, 24 or 32 pixels wide each.
-static HIMAGELIST LoadPictures() {
-    const int wanted = Scaled(16);
-    const int size = wanted < 24 ? 16 : wanted < 32 ? 24 : 32;
-    const int strip = IDB_TOOLBAR + (size - 16) / 8;
+namespace {
+
+struct PictureStrip {
+    int size;  // of each picture, pixels
+    int id;
+};
+
+}  // namespace
+
+static constexpr PictureStrip kStrips[] = {
+    {16, IDB_TOOLBAR},    {20, IDB_TOOLBAR_20}, {24, IDB_TOOLBAR_24}, {28, IDB_TOOLBAR_28},
+    {32, IDB_TOOLBAR_32}, {40, IDB_TOOLBAR_40}, {48, IDB_TOOLBAR_48},
+};
+
+// The largest pictures that are not larger than the scaling of the toolbar's screen asks for: pictures that are
+// stretched are blurred.
+static const PictureStrip& StripFor(HWND toolbar) {
+    const int wanted = Scaled(toolbar, kStrips[0].size);
+    const PictureStrip* chosen = kStrips;
+    for (const PictureStrip& strip : kStrips)
+        if (strip.size <= wanted) chosen = &strip;
+    return *chosen;
+}
+
+static HIMAGELIST LoadPictures(const PictureStrip& strip) {
     const OwnedBitmap bitmap(static_cast<HBITMAP>(
-        LoadImageA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(strip), IMAGE_BITMAP, 0, 0, LR_CREATEDIBSECTION)));
+        LoadImageA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(strip.id), IMAGE_BITMAP, 0, 0, LR_CREATEDIBSECTION)));
     BITMAP shape{};
     GetObjectA(bitmap.get(), sizeof shape, &shape);
-    const HIMAGELIST pictures = ImageList_Create(size, size, ILC_COLOR32, static_cast<int>(shape.bmWidth) / size, 0);
+    const int count = static_cast<int>(shape.bmWidth) / strip.size;
+    const HIMAGELIST pictures = ImageList_Create(strip.size, strip.size, ILC_COLOR32, count, 0);
     ImageList_Add(pictures, bitmap.get(), nullptr);
     return pictures;
+}
+
+static void ScaleToolTips(HWND toolbar) {
+    const auto tips = reinterpret_cast<HWND>(SendMessageA(toolbar, TB_GETTOOLTIPS, 0, 0));
+    if (tips) SendMessageA(tips, WM_SETFONT, reinterpret_cast<WPARAM>(StatusFont(toolbar)), FALSE);
 }
 
 HWND CreateToolbar(HWND frame) {
     const HWND toolbar = CreateChild(frame, TOOLBARCLASSNAMEA, "",
                                      WS_VISIBLE | WS_CLIPSIBLINGS | TBSTYLE_TOOLTIPS | TBSTYLE_FLAT, 0, IDC_TOOLBAR);
     if (!toolbar) return nullptr;
-    theFrame.toolbarPictures.reset(LoadPictures());
-    std::vector<TBBUTTON> buttons = Buttons();
+    theFrame.toolbarPictures.reset(LoadPictures(StripFor(toolbar)));
+    std::vector<TBBUTTON> buttons = Buttons(toolbar);
     SendMessageA(toolbar, TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON), 0);
     SendMessageA(toolbar, TB_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(theFrame.toolbarPictures.get()));
     SendMessageA(toolbar, TB_ADDBUTTONSA, buttons.size(), reinterpret_cast<LPARAM>(buttons.data()));
     SendMessageA(toolbar, TB_AUTOSIZE, 0, 0);
+    ScaleToolTips(toolbar);
     return toolbar;
+}
+
+// The control never makes its buttons smaller again.
+void RecreateToolbar() {
+    const HWND above = GetWindow(theFrame.toolbar, GW_HWNDPREV);
+    DestroyWindow(theFrame.toolbar);
+    theFrame.toolbar = CreateToolbar(theFrame.window);
+    SetWindowPos(theFrame.toolbar, above ? above : HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
 }
 
 bool IsGreyedButton(int command) {

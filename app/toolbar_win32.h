@@ -6,6 +6,9 @@
 // Creates the toolbar in `frame`, with buttons in their current states. Null if that fails.
 HWND CreateToolbar(HWND frame);
 
+// Replaces the toolbar by one for the scaling of its screen now. The caller places it.
+void RecreateToolbar();
+
 // Is the button of `command` shown greyed? False if it has none.
 bool IsGreyedButton(int command);
 

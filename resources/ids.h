@@ -160,5 +160,9 @@
 
 // Pictures
 #define IDB_TOOLBAR 200
-#define IDB_TOOLBAR_24 201  // the same pictures, larger
+#define IDB_TOOLBAR_24 201  // the same pictures in other sizes
 #define IDB_TOOLBAR_32 202
+#define IDB_TOOLBAR_20 203
+#define IDB_TOOLBAR_28 204
+#define IDB_TOOLBAR_40 205
+#define IDB_TOOLBAR_48 206

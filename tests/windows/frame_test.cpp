@@ -405,14 +405,22 @@ TEST(ProgramFile, ContainsVersionManifestIconAndPictures) {
     const std::string manifest = ResourceBytes(program, MAKEINTRESOURCEA(1), MAKEINTRESOURCEA(24));
     EXPECT_NE(manifest.find("Microsoft.Windows.Common-Controls"), std::string::npos);
     EXPECT_NE(manifest.find("name=\"Versewell97\" version=\"" VERSEWELL_VERSION ".0\""), std::string::npos);
-    EXPECT_NE(manifest.find("<dpiAware"), std::string::npos);
+    EXPECT_NE(manifest.find("SMI/2005/WindowsSettings\">true</dpiAware>"), std::string::npos);
+    EXPECT_NE(manifest.find("SMI/2016/WindowsSettings\">PerMonitorV2, system</dpiAwareness>"), std::string::npos);
+    EXPECT_EQ(manifest.find("gdiScaling"), std::string::npos) << "the system would stretch what the program draws";
     EXPECT_NE(manifest.find("asInvoker"), std::string::npos);
     const std::string icons = ResourceBytes(program, "Big_Icon", MAKEINTRESOURCEA(14));
     EXPECT_GE(icons.size(), 6u + 2 * 14u);  // at least a small and a large icon
-    const std::string strip = ResourceBytes(program, MAKEINTRESOURCEA(IDB_TOOLBAR), MAKEINTRESOURCEA(2));
-    ASSERT_GT(strip.size(), sizeof(BITMAPINFOHEADER));
-    const auto* header = reinterpret_cast<const BITMAPINFOHEADER*>(strip.data());
-    EXPECT_EQ(header->biWidth, 24 * 16);
-    EXPECT_EQ(header->biHeight, 16);
+    static constexpr std::pair<int, int> kStrips[] = {
+        {IDB_TOOLBAR, 16},    {IDB_TOOLBAR_20, 20}, {IDB_TOOLBAR_24, 24}, {IDB_TOOLBAR_28, 28},
+        {IDB_TOOLBAR_32, 32}, {IDB_TOOLBAR_40, 40}, {IDB_TOOLBAR_48, 48},
+    };
+    for (const auto& [id, size] : kStrips) {
+        const std::string strip = ResourceBytes(program, MAKEINTRESOURCEA(id), MAKEINTRESOURCEA(2));
+        ASSERT_GT(strip.size(), sizeof(BITMAPINFOHEADER));
+        const auto* header = reinterpret_cast<const BITMAPINFOHEADER*>(strip.data());
+        EXPECT_EQ(header->biWidth, 24 * size);
+        EXPECT_EQ(header->biHeight, size);
+    }
     FreeLibrary(program);
 }
