@@ -20,10 +20,10 @@ struct FlowBox {
     BoxKind kind = BoxKind::kWord;
     Face face = Face::kRegular;
     bool keyWord = false;         // drawn in the highlight colour
-    SelectionPoint point;         // item and word number, 0 for the label; a heading has that of the label below it
+    SelectionPoint point{};       // item and word number, 0 for the label; a heading has that of the label below it
     int x = 0, y = 0, width = 0;  // pixels
     bool endsItem = false;        // the last box of its verse or entry
-    std::string_view text;        // valid during the visit
+    std::string_view text{};      // valid during the visit
 };
 
 // Called with the boxes in layout order; returning false ends the walk. The last boxes may be below the client area.

@@ -9,6 +9,12 @@ int ListCount(const VerseList& list) {
     return static_cast<int>(list.ListEntries.size());
 }
 
+std::string SpokenListName(const VerseList& list) {
+    const int count = ListCount(list);
+    if (count == 0) return "Verse List, no verses";
+    return "Verse List, " + std::to_string(count) + (count == 1 ? " verse" : " verses");
+}
+
 void FillWithReferences(VerseList& list, std::vector<std::int32_t> verses) {
     list.ListEntries = std::move(verses);
     list.deletions.clear();

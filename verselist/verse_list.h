@@ -36,6 +36,9 @@ struct VerseList {
 
 int ListCount(const VerseList& list);
 
+// What a screen reader calls the list: "Verse List, 159 verses", "Verse List, 1 verse" or "Verse List, no verses".
+std::string SpokenListName(const VerseList& list);
+
 // Replaces the entries with the result of a search; the top becomes 0.
 void FillVerseList(VerseList& list, std::vector<std::int32_t> verses);
 
