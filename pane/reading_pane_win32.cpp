@@ -57,6 +57,7 @@ static void ShowPosition(const PaneKind& kind) {
     if (scrolledPane == &kind) scrolledPane = nullptr;
     if (kind.hasText()) kind.showPosition();
     SendCommand(FrameOf(kind.pane.window), IDM_MARK_NOTE_SETS);
+    TellChanges(kind.spoken);
 }
 
 // Paints what is invalid. If the layout has changed although not all of the pane is invalid, the rest is painted too:
@@ -124,11 +125,15 @@ static void ShowScrolled(const PaneKind& kind) {
 
 // A pixel of the first line, which each scroll paints, is invalidated, so that the system sends WM_PAINT later.
 // RDW_INTERNALPAINT would say the same, but under Wine the queue then claims for ever that a window awaits its paint.
-static void ShowLater(const PaneKind& kind) {
+static void AwaitRest(const ReadingPane& pane) {
     static constexpr RECT kPixel{0, 0, 1, 1};
+    InvalidateRect(pane.window, &kPixel, FALSE);
+}
+
+static void ShowLater(const PaneKind& kind) {
     if (scrolledPane != nullptr && scrolledPane != &kind) ShowPosition(*scrolledPane);
     scrolledPane = &kind;
-    InvalidateRect(kind.pane.window, &kPixel, FALSE);
+    AwaitRest(kind.pane);
 }
 
 void ScrollPane(const PaneKind& kind, ScrollCode code, int thumb) {
@@ -236,6 +241,7 @@ static void OnSetFocus(const PaneKind& kind, HWND before) {
     }
     RefreshFrame(kind.pane);
     ShowCaretOf(kind.pane);
+    AwaitRest(kind.pane);  // what has the focus is told then: a list may be about to be replaced
 }
 
 static void ReleaseMouse(ReadingPane& pane) {
@@ -245,6 +251,7 @@ static void ReleaseMouse(ReadingPane& pane) {
 }
 
 static void OnKillFocus(ReadingPane& pane) {
+    pane.told.current = -1;
     DestroyCaret();
     ReleaseMouse(pane);
     DropSelection();
@@ -344,6 +351,7 @@ LRESULT ReadingPaneProcedure(const PaneKind& kind, HWND window, UINT message, WP
         case WM_SETFOCUS: return OnSetFocus(kind, reinterpret_cast<HWND>(wParam)), 0;
         case WM_KILLFOCUS: return OnKillFocus(kind.pane), 0;
         case WM_PAINT: return OnPaint(kind), 0;
+        case WM_GETOBJECT: return AnswerScreenReader(kind.spoken, wParam, lParam);
         case WM_ERASEBKGND: return TRUE;  // the paint covers the whole pane
         case WM_KEYDOWN: return OnKeyDown(kind, static_cast<UINT>(wParam)), 0;
         case WM_VSCROLL: return OnVScroll(kind, LOWORD(wParam), static_cast<short>(HIWORD(wParam))), 0;

@@ -5,6 +5,7 @@
 #include "pane/flow.h"
 #include "pane/scrolling.h"
 #include "pane/selection_win32.h"
+#include "pane/spoken_pane_win32.h"
 #include "typeset/faces_win32.h"
 #include "typeset/reading_options.h"
 #include "win32/panes.h"
@@ -21,6 +22,7 @@ struct ReadingPane {
     int leftMargin = kLeftMargin;  // pixels
     int wheelRest = 0;             // remainder of wheel movement, less than a step
     bool doubleClicked = false;    // until the button is released
+    ToldState told;                // to a screen reader
 };
 
 // What differs between the panes; each pane has one constant.
@@ -42,6 +44,8 @@ struct PaneKind {
     void (*onDoubleClick)();         // on a word, which is then selected; only if the window class has CS_DBLCLKS
     void (*onCommand)(int command);  // for commands that are not about the selection
     void (*openMenu)(POINT onScreen);
+
+    SpokenPane spoken;  // for screen readers
 };
 
 // The window procedure of a pane, called by that of its window class.

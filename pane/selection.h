@@ -35,6 +35,7 @@ struct Selection {
 struct OrderedSelection {
     SelectionPoint start;
     SelectionPoint end;
+    bool operator==(const OrderedSelection&) const = default;
 };
 
 // Sorts the two ends by place, then by word.

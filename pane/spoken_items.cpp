@@ -77,6 +77,7 @@ static void AddFound(SpokenWords& words, const FlowBox& box) {
 
 FlowVisitor WordsVisitor(SpokenWords& words) {
     return [&words](const FlowBox& box) {
+        if (box.kind == BoxKind::kLabel) words.hasNote = box.text.find('*') != std::string_view::npos;
         if (box.kind != BoxKind::kWord) return true;
         words.text.append(box.text);
         AddFound(words, box);
@@ -105,9 +106,9 @@ static std::string FoundTexts(const SpokenWords& words) {
     return list;
 }
 
-std::string SpokenDescription(const SpokenWords& words, bool hasNote) {
+std::string SpokenDescription(const SpokenWords& words) {
     const std::string found = FoundTexts(words);
     std::string description = found.empty() ? "" : "Found: " + found + ".";
-    if (hasNote) description += description.empty() ? "Has a note." : " Has a note.";
+    if (words.hasNote) description += description.empty() ? "Has a note." : " Has a note.";
     return description;
 }

@@ -44,6 +44,7 @@ struct SpokenWords {
     std::string text;                // as the pane shows them, without the blank at the end
     std::vector<std::string> found;  // what is marked as found by the search, each text once
     bool endsFound = false;          // the box before was marked: the next one continues its text
+    bool hasNote = false;            // the label has the mark of a note
 };
 
 // Returns a visitor that takes the words of the first item of a walk, and then ends the walk. For all words of an item,
@@ -55,4 +56,4 @@ inline constexpr int kEndlessHeight = 1 << 30;
 std::string SpokenName(const std::string& reference, const SpokenWords& words);
 
 // What is only seen otherwise: "Found: grace, peace. Has a note." Empty if there is nothing to tell.
-std::string SpokenDescription(const SpokenWords& words, bool hasNote);
+std::string SpokenDescription(const SpokenWords& words);

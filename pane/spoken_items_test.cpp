@@ -78,8 +78,7 @@ TEST(SpokenWords, EndWithTheirItem) {
     EXPECT_EQ(words.text, "One two. ");
     EXPECT_EQ(SpokenName("Genesis 1:1", words), "Genesis 1:1 One two.");
     EXPECT_EQ(SpokenName("Genesis 1:1", {}), "Genesis 1:1");
-    EXPECT_EQ(SpokenDescription(words, false), "");
-    EXPECT_EQ(SpokenDescription(words, true), "Has a note.");
+    EXPECT_EQ(SpokenDescription(words), "");
 }
 
 TEST(SpokenWords, TellWhatWasFoundOnce) {
@@ -90,6 +89,12 @@ TEST(SpokenWords, TellWhatWasFoundOnce) {
                                        {.text = ", "},
                                        {.keyWord = true, .text = "Love"},
                                        {.endsItem = true, .text = ". "}});
-    EXPECT_EQ(SpokenDescription(words, false), "Found: Love, God.");
-    EXPECT_EQ(SpokenDescription(words, true), "Found: Love, God. Has a note.");
+    EXPECT_EQ(SpokenDescription(words), "Found: Love, God.");
+}
+
+TEST(SpokenWords, TellOfANote) {
+    const FlowBox label{.kind = BoxKind::kLabel, .text = " *Ge 1:1 "}, text{.endsItem = true, .text = "One. "};
+    EXPECT_EQ(SpokenDescription(WordsOf({label, text})), "Has a note.");
+    const FlowBox found{.keyWord = true, .endsItem = true, .text = "One "};
+    EXPECT_EQ(SpokenDescription(WordsOf({label, found})), "Found: One. Has a note.");
 }

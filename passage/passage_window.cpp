@@ -95,6 +95,40 @@ static std::string TextOfSelection() {
     return PassageCopyText(theScripture, theReading, theFormat.Brackets != 0, theSelection);
 }
 
+// ---- Screen readers -------------------------------------------------------------------------------------------------
+
+static std::string NameOfPane() {
+    return "Passage";
+}
+
+static int CountOfVerses() {
+    return HasText() ? kVerseCount : 0;
+}
+
+static int VerseWithFocus() {
+    return TargetVerse(thePassage.view, theSelection, true);
+}
+
+static int VerseItself(int verse) {
+    return verse;
+}
+
+static SpokenItems ShownVerses() {
+    const PassageFlow flow = CurrentFlow();
+    SpokenItems shown{flow.width, flow.height, LineHeightOf(flow.measure), {}};
+    WalkPassage(flow, ItemsVisitor(shown));
+    return shown;
+}
+
+static SpokenWords WordsOf(int verse) {
+    PassageFlow flow = CurrentFlow();
+    flow.topVerse = verse;
+    flow.height = kEndlessHeight;
+    SpokenWords words;
+    WalkPassage(flow, WordsVisitor(words));
+    return words;
+}
+
 // ---- The context menu -----------------------------------------------------------------------------------------------
 
 static constexpr int kBookmarks = IDM_SET_BOOKMARK - IDM_GOTO_BOOKMARK;
@@ -180,7 +214,7 @@ static void OnCommand(int command) {
     if (IsForFrame(command)) SendCommand(FrameOf(thePassage.window), command);
 }
 
-static constexpr PaneKind kPassage = {
+static const PaneKind kPassage = {
     .pane = thePassage,
     .selected = {kPassageOwns, TextOfSelection, "ReadWndCopyError -- Please notify the author!!"},
     .hasText = HasText,
@@ -196,6 +230,21 @@ static constexpr PaneKind kPassage = {
     .onDoubleClick = nullptr,  // its class has no double clicks
     .onCommand = OnCommand,
     .openMenu = OpenMenu,
+    .spoken =
+        {
+            .window = thePassage.window,
+            .told = thePassage.told,
+            .owner = kPassageOwns,
+            .itemRole = ROLE_SYSTEM_STATICTEXT,
+            .name = NameOfPane,
+            .count = CountOfVerses,
+            .top = Top,
+            .current = VerseWithFocus,
+            .verseOf = VerseItself,
+            .shown = ShownVerses,
+            .words = WordsOf,
+            .bringUp = ScrollToVerse,
+        },
 };
 
 static LRESULT CALLBACK PassageProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {

@@ -70,5 +70,5 @@ TEST(VerseListSpoken, EntryTellsWhatWasFound) {
     SpokenWords words;
     WalkVerseList(fixture.flow, WordsVisitor(words));
     EXPECT_EQ(SpokenName("Genesis 1:2", words), "Genesis 1:2 And ([is] the [light]: so.");
-    EXPECT_EQ(SpokenDescription(words, false), "Found: the, light.");
+    EXPECT_EQ(SpokenDescription(words), "Found: the, light.");
 }

@@ -75,6 +75,7 @@ static void FillReferenceList() {
 // the list when they are read, but most lists are replaced without the cost of filling it.
 static void ShowWholeList(BookForm form = BookForm::kName) {
     theVerseList.references.form = form;
+    theVerseList.told.isStale = true;
     theVerseList.references.awaitsLines = true;
     if (ShowsReferences()) FillReferenceList();
     SetRangeOfScrollBar();
@@ -173,6 +174,7 @@ static void FollowMarkedLines(bool focused) {
 
 // Entries have gone or come; `place` is that of the first of them.
 static void ShowChangedEntries(int place, int topLine) {
+    theVerseList.told.isStale = true;
     if (ShowsReferences()) {
         FillReferenceList();
         ShowLine(theVerseList.references, place, topLine);
@@ -245,6 +247,45 @@ static std::string TextOfSelection() {
     return VerseListCopyText(theScripture, theVerseList.list, theFormat.Brackets != 0, theSelection);
 }
 
+// ---- Screen readers -------------------------------------------------------------------------------------------------
+
+static std::string NameOfPane() {
+    return SpokenListName(theVerseList.list);
+}
+
+static int CountOfEntries() {
+    return HasText() ? ListCount(theVerseList.list) : 0;
+}
+
+static int EntryWithFocus() {
+    return TargetEntry(theVerseList.list, theSelection, true);
+}
+
+static SpokenItems ShownEntries() {
+    const VerseListFlow flow = CurrentFlow();
+    SpokenItems shown{flow.width, flow.height, LineHeightOf(flow.measure), {}};
+    WalkVerseList(flow, ItemsVisitor(shown));
+    return shown;
+}
+
+static SpokenWords WordsOf(int entry) {
+    VerseListFlow flow = CurrentFlow();
+    VerseList only;
+    only.ListEntries = {VerseOfEntry(entry)};
+    flow.list = &only;
+    flow.height = kEndlessHeight;
+    SpokenWords words;
+    WalkVerseList(flow, WordsVisitor(words));
+    return words;
+}
+
+static void BringUp(int entry) {
+    SetTop(entry);
+    RedisplayVerseList();
+}
+
+// ---- The context menu -----------------------------------------------------------------------------------------------
+
 // "F10" in the row of the note is kept on purpose, although the key is F9. Enter and Delete work only in this pane.
 static std::vector<MenuRow> Rows(int verseIndex) {
     const std::string verse = ReferenceText(theScripture.records, verseIndex, BookForm::kAbbreviation);
@@ -314,7 +355,7 @@ static void OnDoubleClick() {
     SendCommand(FrameOf(theVerseList.window), IDM_CONTEXT);
 }
 
-static constexpr PaneKind kVerseList = {
+static const PaneKind kVerseList = {
     .pane = theVerseList,
     .selected = {kVerseListOwns, TextOfSelection},
     .hasText = HasText,
@@ -330,6 +371,23 @@ static constexpr PaneKind kVerseList = {
     .onDoubleClick = OnDoubleClick,
     .onCommand = OnCommand,
     .openMenu = OpenMenu,
+    .spoken =
+        {
+            .window = theVerseList.window,
+            .told = theVerseList.told,
+            .owner = kVerseListOwns,
+            .itemRole = ROLE_SYSTEM_LISTITEM,
+            .action = L"Read Context",
+            .name = NameOfPane,
+            .count = CountOfEntries,
+            .top = Top,
+            .current = EntryWithFocus,
+            .verseOf = VerseOfEntry,
+            .shown = ShownEntries,
+            .words = WordsOf,
+            .bringUp = BringUp,
+            .act = OnDoubleClick,
+        },
 };
 
 static LRESULT CALLBACK VerseListProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {

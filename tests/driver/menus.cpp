@@ -18,7 +18,7 @@ static bool TryProbe(const Program& program, Probe& probe) {
            ReadProcessMemory(process, program.probeMemory, &probe, sizeof probe, nullptr) && probe.answered != 0;
 }
 
-static Probe AskProbe(const Program& program, Probe probe) {
+Probe AskProbe(const Program& program, Probe probe) {
     if (!TryProbe(program, probe)) Fail(&program, "the program cannot be looked into");
     return probe;
 }

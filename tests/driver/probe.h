@@ -6,6 +6,8 @@
 
 #include <windows.h>
 
+struct Program;
+
 constexpr char kProbeMessageName[] = "VersewellTestProbe";
 constexpr WPARAM kProbeMark = 0x56657273;
 
@@ -19,6 +21,12 @@ enum class ProbeQuestion : int {
     VerticalScroll,      // scroll: of `window`
     EndAtFileOperation,  // see file_operations.h; `item` is the number
     TypeWithAltGr,       // see alt_gr.h; `item` is the key, `id` the character
+    AccessibleWindow,    // see accessible_probe.h; memory: a ToldWindow about `window`
+    AccessibleChild,     // result, memory: a ToldChild about the child `item` of `window`
+    AccessibleAction,    // result: of what the child `item` of `window` offers
+    AccessibleFocus,     // result: of giving the child `item` of `window` the focus
+    HearEvents,          //
+    TakeEvents,          // memory: a ToldEvents
 };
 
 struct Probe {
@@ -30,5 +38,9 @@ struct Probe {
     UINT result = 0;
     UINT id = 0;
     SCROLLINFO scroll{};
+    void* memory = nullptr;  // in the program
     char text[512] = "";
 };
+
+// Sends a question and returns the answer; ends the test if there is none. Of the driver, not of the library.
+Probe AskProbe(const Program& program, Probe probe);

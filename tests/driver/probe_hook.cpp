@@ -1,5 +1,6 @@
 // The library that answers the probe's questions inside the program.
 
+#include "tests/driver/accessible_probe.h"
 #include "tests/driver/alt_gr.h"
 #include "tests/driver/file_operations.h"
 #include "tests/driver/probe.h"
@@ -8,6 +9,22 @@ static void DescribeItem(Probe& probe, UINT by) {
     probe.result = GetMenuState(probe.menu, probe.item, by);
     probe.id = by == MF_BYPOSITION ? GetMenuItemID(probe.menu, static_cast<int>(probe.item)) : probe.item;
     GetMenuStringA(probe.menu, probe.item, probe.text, sizeof probe.text, by);
+}
+
+static void AnswerAccessible(Probe& probe) {
+    const int child = static_cast<int>(probe.item);
+    const auto result = [&probe](HRESULT value) { probe.result = static_cast<UINT>(value); };
+    switch (probe.question) {
+        case ProbeQuestion::AccessibleWindow: AskWindow(probe.window, *static_cast<ToldWindow*>(probe.memory)); break;
+        case ProbeQuestion::AccessibleChild:
+            result(AskChild(probe.window, child, *static_cast<ToldChild*>(probe.memory)));
+            break;
+        case ProbeQuestion::AccessibleAction: result(ActOn(probe.window, child)); break;
+        case ProbeQuestion::AccessibleFocus: result(GiveFocusTo(probe.window, child)); break;
+        case ProbeQuestion::HearEvents: HearEvents(); break;
+        case ProbeQuestion::TakeEvents: TakeEvents(*static_cast<ToldEvents*>(probe.memory)); break;
+        default: break;
+    }
 }
 
 static void Answer(Probe& probe) {
@@ -27,6 +44,7 @@ static void Answer(Probe& probe) {
             break;
         case ProbeQuestion::EndAtFileOperation: EndAtFileOperation(probe.item); break;
         case ProbeQuestion::TypeWithAltGr: TypeWithAltGr(probe.item, static_cast<wchar_t>(probe.id)); break;
+        default: AnswerAccessible(probe); break;
     }
     probe.answered = 1;
 }
