@@ -76,7 +76,7 @@ static constexpr Command kCommands[] = {
      kNotEditing,
      0,
      {ButtonGroup::kVerse, 22},
-     {"", "Note for ", PassageTargetVerse}},
+     {"Note for Verse in Passage", "Note for ", PassageTargetVerse}},
     {IDM_VERSE_FOR_NOTE, ShowVerseForNote, kAlways, 0, {ButtonGroup::kVerse, 23}, {"Read Verse for Current Note"}},
     {IDM_READ_ENTRY, ReadCurrentEntry},
     {IDM_PREVIOUS_VERSE, GoToNeighbour},

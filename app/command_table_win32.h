@@ -16,7 +16,7 @@ struct ToolbarButton {
 
 // A tool tip, to which the command's key is added. If it names a verse, it has two forms.
 struct ToolTip {
-    const char* text = "";         // without a verse
+    const char* text = "";         // without a verse; also the text of the button, which only screen readers get
     const char* beforeVerse = "";  // "Note for "
     int (*verse)() = nullptr;      // the verse to name; -1 if there is none
 };

@@ -205,9 +205,10 @@ void ScaleTabs() {
     for (const HWND tabs : {theFrame.listTabs, theFrame.passageTabs, theNoteTabs.window}) Scale(tabs);
 }
 
-static HWND CreateTabs(HWND frame, int id, std::initializer_list<const char*> names) {
+// `text` is not shown; it is what screen readers call the control.
+static HWND CreateTabs(HWND frame, int id, const char* text, std::initializer_list<const char*> names) {
     const HWND tabs =
-        CreateChild(frame, WC_TABCONTROLA, "", WS_VISIBLE | WS_CLIPCHILDREN | WS_CLIPSIBLINGS | TCS_MULTILINE, 0, id);
+        CreateChild(frame, WC_TABCONTROLA, text, WS_VISIBLE | WS_CLIPCHILDREN | WS_CLIPSIBLINGS | TCS_MULTILINE, 0, id);
     Scale(tabs);
     for (const char* name : names) {
         TCITEMA item{};
@@ -221,7 +222,7 @@ static HWND CreateTabs(HWND frame, int id, std::initializer_list<const char*> na
 
 void CreateBars(HWND frame) {
     theFrame.statusBar = CreateStatusBar(frame);
-    theFrame.listTabs = CreateTabs(frame, IDC_LIST_TABS, {"Verse List", "Reference List"});
-    theFrame.passageTabs = CreateTabs(frame, IDC_PASSAGE_TABS, {"Passage"});
-    theNoteTabs.window = CreateTabs(frame, IDC_NOTE_TABS, {});
+    theFrame.listTabs = CreateTabs(frame, IDC_LIST_TABS, "Lists of Verses", {"Verse List", "Reference List"});
+    theFrame.passageTabs = CreateTabs(frame, IDC_PASSAGE_TABS, "Passage", {"Passage"});
+    theNoteTabs.window = CreateTabs(frame, IDC_NOTE_TABS, "Note Sets", {});
 }

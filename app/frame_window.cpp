@@ -1,6 +1,8 @@
 #include "app/frame_window.h"
 
 #include <algorithm>
+#include <iterator>
+#include <utility>
 
 #include "app/command_table_win32.h"
 #include "app/end_of_session_win32.h"
@@ -9,6 +11,7 @@
 #include "app/session_win32.h"
 #include "app/startup_win32.h"
 #include "app/toolbar_win32.h"
+#include "notes/note_edit_control_win32.h"
 #include "notes/note_editor_window.h"
 #include "notes/note_tabs_win32.h"
 #include "notes/note_view_text_win32.h"
@@ -17,6 +20,7 @@
 #include "passage/passage_window.h"
 #include "resources/ids.h"
 #include "verselist/verse_list_window.h"
+#include "win32/accessible_object.h"
 #include "win32/dpi.h"
 #include "win32/screen.h"
 
@@ -46,6 +50,7 @@ static void OnNoteSetChosen() {
 }
 
 static LRESULT OnNotify(HWND window, int control, NMHDR* notification) {
+    if (notification->code == TBN_GETINFOTIPA) AnswerButtonTip(reinterpret_cast<NMTBGETINFOTIPA*>(notification));
     if (notification->code == TTN_NEEDTEXTA) AnswerToolTip(reinterpret_cast<NMTTDISPINFOA*>(notification));
     if (notification->code == TCN_SELCHANGE && control == IDC_NOTE_TABS) OnNoteSetChosen();
     if (notification->code == TCN_SELCHANGE && control == IDC_LIST_TABS) {
@@ -119,6 +124,26 @@ static LRESULT OnDpiChanged(HWND window, int dpi, const RECT& place) {
     return 0;
 }
 
+static void NameWithText(HWND control) {
+    wchar_t text[40] = L"";
+    GetWindowTextW(control, text, static_cast<int>(std::size(text)));
+    NameForScreenReaders(control, text);
+}
+
+// A screen reader asks for the frame before its controls. Only then do they get their names, to start without COM. The
+// toolbar is another one after the scaling has changed.
+static void OnGetObject() {
+    static HWND namedToolbar = nullptr;
+    if (std::exchange(namedToolbar, theFrame.toolbar) == theFrame.toolbar) return;
+    for (const HWND control : {theFrame.toolbar, theFrame.listTabs, theFrame.passageTabs, theNoteTabs.window,
+                               theVerseList.references.window}) {
+        NameWithText(control);
+    }
+    NameForScreenReaders(theFrame.statusBar, L"Status Bar");
+    NameForScreenReaders(theNotes.view, L"Note");
+    NameForScreenReaders(theNoteEdit.window, L"Note Editor");
+}
+
 static LRESULT CALLBACK FrameProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         HANDLE_MSG(window, WM_CREATE, OnCreate);
@@ -136,6 +161,7 @@ static LRESULT CALLBACK FrameProcedure(HWND window, UINT message, WPARAM wParam,
         HANDLE_MSG(window, WM_KEYDOWN, OnKey);
         case WM_DPICHANGED: return OnDpiChanged(window, HIWORD(wParam), *reinterpret_cast<const RECT*>(lParam));
         case WM_MOUSEWHEEL: return PassWheelToPane(wParam, lParam), 0;
+        case WM_GETOBJECT: OnGetObject(); break;
         case WM_ENTERMENULOOP:
         case WM_ENTERSIZEMOVE: WriteSession(); break;
     }

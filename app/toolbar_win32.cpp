@@ -18,6 +18,7 @@ static TBBUTTON ButtonOf(const Command& command, unsigned facts) {
     button.idCommand = command.id;
     button.fsState = ButtonState(command, facts);
     button.fsStyle = command.tickedBy ? TBSTYLE_CHECK : TBSTYLE_BUTTON;
+    button.iString = reinterpret_cast<INT_PTR>(command.tip.text);
     return button;
 }
 
@@ -80,13 +81,14 @@ static void ScaleToolTips(HWND toolbar) {
 }
 
 HWND CreateToolbar(HWND frame) {
-    const HWND toolbar = CreateChild(frame, TOOLBARCLASSNAMEA, "",
+    const HWND toolbar = CreateChild(frame, TOOLBARCLASSNAMEA, "Toolbar",
                                      WS_VISIBLE | WS_CLIPSIBLINGS | TBSTYLE_TOOLTIPS | TBSTYLE_FLAT, 0, IDC_TOOLBAR);
     if (!toolbar) return nullptr;
     theFrame.toolbarPictures.reset(LoadPictures(StripFor(toolbar)));
     std::vector<TBBUTTON> buttons = Buttons(toolbar);
     SendMessageA(toolbar, TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON), 0);
     SendMessageA(toolbar, TB_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(theFrame.toolbarPictures.get()));
+    SendMessageA(toolbar, TB_SETMAXTEXTROWS, 0, 0);  // the buttons' texts are not drawn
     SendMessageA(toolbar, TB_ADDBUTTONSA, buttons.size(), reinterpret_cast<LPARAM>(buttons.data()));
     SendMessageA(toolbar, TB_AUTOSIZE, 0, 0);
     ScaleToolTips(toolbar);
@@ -115,6 +117,10 @@ static std::string TextOf(const ToolTip& tip) {
 static std::string ToolTipOf(int id) {
     const Command* command = FindCommand(id);
     return command ? TipWithKey(TextOf(command->tip), KeyInMenu(theFrame.window, id)) : "";
+}
+
+void AnswerButtonTip(NMTBGETINFOTIPA* tip) {
+    lstrcpynA(tip->pszText, ToolTipOf(tip->iItem).c_str(), tip->cchTextMax);
 }
 
 void AnswerToolTip(NMTTDISPINFOA* tip) {

@@ -12,5 +12,7 @@ void RecreateToolbar();
 // Is the button of `command` shown greyed? False if it has none.
 bool IsGreyedButton(int command);
 
-// Puts the text of a button's tool tip into `tip`; an empty text if it has none.
+// Puts the text of a button's tool tip into `tip`; an empty text if it has none. A toolbar whose buttons have texts
+// asks for the tip first, and would then show the text of the button; its tool tip asks for those of all commands.
+void AnswerButtonTip(NMTBGETINFOTIPA* tip);
 void AnswerToolTip(NMTTDISPINFOA* tip);

@@ -413,5 +413,5 @@ bool RegisterNoteEditorClass() {
 }
 
 void CreateNoteEditor(HWND frame) {
-    CreateChild(frame, kNoteEditorClass, "", WS_CLIPCHILDREN | WS_CLIPSIBLINGS, 0, IDC_NOTE_EDITOR);
+    CreateChild(frame, kNoteEditorClass, "Note Editor", WS_CLIPCHILDREN | WS_CLIPSIBLINGS, 0, IDC_NOTE_EDITOR);
 }

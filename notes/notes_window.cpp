@@ -231,7 +231,7 @@ bool RegisterNotesClass() {
 }
 
 void CreateNotesPane(HWND tabs) {
-    theNotes.window = CreateChild(tabs, kNotesClass, "", WS_CLIPCHILDREN | WS_CLIPSIBLINGS, 0, IDC_NOTES);
+    theNotes.window = CreateChild(tabs, kNotesClass, "Notes", WS_CLIPCHILDREN | WS_CLIPSIBLINGS, 0, IDC_NOTES);
     theNotes.view = CreateChild(theNotes.window, "RICHEDIT", "",
                                 WS_VISIBLE | WS_VSCROLL | WS_TABSTOP | ES_MULTILINE | ES_READONLY | ES_AUTOVSCROLL,
                                 WS_EX_CLIENTEDGE, IDC_NOTE_VIEW);

@@ -256,5 +256,5 @@ bool RegisterPassageClass() {
 }
 
 void CreatePassage(HWND tabs) {
-    CreateChild(tabs, kPassageClass, "", WS_VISIBLE | WS_VSCROLL | WS_TABSTOP, WS_EX_CLIENTEDGE, IDC_PASSAGE);
+    CreateChild(tabs, kPassageClass, "Passage", WS_VISIBLE | WS_VSCROLL | WS_TABSTOP, WS_EX_CLIENTEDGE, IDC_PASSAGE);
 }

@@ -152,7 +152,7 @@ static constexpr ExpectedControl kControls[] = {
     {"EARLIERSTATES", 1, "DEFPUSHBUTTON", "Restore Note"},
     {"EARLIERSTATES", 2, "PUSHBUTTON", "Close"},
     {"EARLIERSTATES", 9, "PUSHBUTTON", "Help"},
-    {"SEARCHPROGRESS", 101, "PBS_SMOOTH", ""},
+    {"SEARCHPROGRESS", 101, "PBS_SMOOTH", "Progress"},
     {"ABOUT", 101, "LTEXT", ""},
     {"ABOUT", 102, "LTEXT", ""},
     {"ABOUT", 103, "LTEXT", ""},

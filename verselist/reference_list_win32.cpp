@@ -86,7 +86,7 @@ void ShowLine(const ReferenceList& list, int line, int top) {
 
 void CreateReferenceList(ReferenceList& list, HWND tabs, WNDPROC procedure) {
     list.window =
-        CreateChild(tabs, "LISTBOX", "",
+        CreateChild(tabs, "LISTBOX", "Reference List",
                     WS_VSCROLL | WS_TABSTOP | LBS_NOTIFY | LBS_MULTIPLESEL | LBS_EXTENDEDSEL | LBS_NOINTEGRALHEIGHT,
                     WS_EX_CLIENTEDGE, IDC_REFERENCE_LIST);
     ScaleReferenceList(list);

@@ -477,6 +477,7 @@ bool RegisterVerseListClass() {
 }
 
 void CreateVerseList(HWND tabs) {
-    CreateChild(tabs, kVerseListClass, "", WS_VISIBLE | WS_VSCROLL | WS_TABSTOP, WS_EX_CLIENTEDGE, IDC_VERSE_LIST);
+    CreateChild(tabs, kVerseListClass, "Verse List", WS_VISIBLE | WS_VSCROLL | WS_TABSTOP, WS_EX_CLIENTEDGE,
+                IDC_VERSE_LIST);
     CreateReferenceList(theVerseList.references, tabs, ReferencesProcedure);
 }

@@ -369,12 +369,25 @@ HRESULT AccessibleObject::accDoDefaultAction(VARIANT child) {
     return S_OK;
 }
 
-// COM is begun here, because the program should start without it. It ends with the program.
+// COM is begun when a screen reader asks, because the program should start without it. It ends with the program.
+static bool HasCom() {
+    static const HRESULT begun = CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+    return SUCCEEDED(begun) || begun == RPC_E_CHANGED_MODE;
+}
+
+void NameForScreenReaders(HWND control, const wchar_t* name) {
+    IAccPropServices* services = nullptr;
+    if (!HasCom() || FAILED(CoCreateInstance(CLSID_AccPropServices, nullptr, CLSCTX_INPROC_SERVER, IID_IAccPropServices,
+                                             reinterpret_cast<void**>(&services)))) {
+        return;
+    }
+    services->SetHwndPropStr(control, static_cast<DWORD>(OBJID_CLIENT), CHILDID_SELF, PROPID_ACC_NAME, name);
+    services->Release();
+}
+
 LRESULT AnswerGetObject(HWND window, const AccessibleWindow& about, WPARAM wParam, LPARAM lParam) {
     if (static_cast<LONG>(lParam) != OBJID_CLIENT) return DefWindowProcA(window, WM_GETOBJECT, wParam, lParam);
-    static const HRESULT begun = CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
-    auto* const object =
-        SUCCEEDED(begun) || begun == RPC_E_CHANGED_MODE ? new (std::nothrow) AccessibleObject(window, about) : nullptr;
+    auto* const object = HasCom() ? new (std::nothrow) AccessibleObject(window, about) : nullptr;
     if (object == nullptr) return 0;
     const LRESULT answer = LresultFromObject(__uuidof(IAccessible), wParam, object);
     object->Release();

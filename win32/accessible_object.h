@@ -36,3 +36,7 @@ struct AccessibleWindow {
 // Answers WM_GETOBJECT for a window: with a new object if a client asks for the window's contents (OBJID_CLIENT),
 // otherwise as the system does. The object may outlive the window; its methods then return CO_E_OBJNOTCONNECTED.
 LRESULT AnswerGetObject(HWND window, const AccessibleWindow& about, WPARAM wParam, LPARAM lParam);
+
+// Gives a control of the system a name for screen readers, which is shown nowhere. They do not take it from the text of
+// a control whose text is what it contains, or that usually has a label. Wine has no such names; there nothing happens.
+void NameForScreenReaders(HWND control, const wchar_t* name);

@@ -1,6 +1,7 @@
 // The toolbar: its buttons, their commands and their tool tips.
 
 #include <algorithm>
+#include <cstring>
 
 #include <windows.h>
 
@@ -88,6 +89,46 @@ TEST(Toolbar, HasThirtyEntries) {
         EXPECT_EQ((buttons[at].style & TBSTYLE_CHECK) != 0, row.begins == Begins::kPressed);
         EXPECT_EQ(buttons[at].state, StateOf(program, row));
     }
+}
+
+// Text of a button, which a screen reader tells.
+static std::string TextOfButton(const Program& program, int command) {
+    char text[100] = "";
+    const RemoteMemory room(program, sizeof text);
+    const HWND toolbar = Child(program.frame, {IDC_TOOLBAR});
+    Ask(program, toolbar, TB_GETBUTTONTEXTA, static_cast<WPARAM>(command), reinterpret_cast<LPARAM>(room.address));
+    ReadRemote(room, text, sizeof text);
+    return text;
+}
+
+static void SetTextOfButton(const Program& program, int command, const char* text) {
+    const RemoteMemory room(program, 100);
+    WriteRemote(room, text, std::strlen(text) + 1);
+    TBBUTTONINFOA info{};
+    info.cbSize = sizeof info;
+    info.dwMask = TBIF_TEXT;
+    info.pszText = static_cast<char*>(room.address);
+    AskAbout(program, Child(program.frame, {IDC_TOOLBAR}), TB_SETBUTTONINFOA, static_cast<WPARAM>(command), info);
+}
+
+TEST(Toolbar, HasTextsThatAreNotSeen) {
+    const Program program = StartProgram(FolderWithScripture());
+    const HWND toolbar = Child(program.frame, {IDC_TOOLBAR});
+    EXPECT_EQ(TextOfButton(program, IDM_CUT), "Cut");
+    EXPECT_EQ(TextOfButton(program, IDM_CONTEXT), "Read Context of Verse in Verse List");
+    EXPECT_EQ(TextOfButton(program, IDM_NOTE_FOR_PASSAGE), "Note for Verse in Passage");
+    EXPECT_EQ(Ask(program, toolbar, TB_GETBUTTONSIZE), MAKELPARAM(23, 22)) << "that of a picture";
+    const Picture before = PictureOfWindow(toolbar);
+    for (const ToolbarRow& row : kToolbar) {
+        if (row.command == 0) continue;
+        EXPECT_GE(TextOfButton(program, row.command).size(), 3u) << row.command;
+        SetTextOfButton(program, row.command, "");
+    }
+    EXPECT_EQ(TextOfButton(program, IDM_CUT), "");
+    RedrawWindow(toolbar, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE);
+    Settle(program);
+    const RECT differing = DifferingArea(before, PictureOfWindow(toolbar));
+    EXPECT_TRUE(IsRectEmpty(&differing));
 }
 
 static void ClickButton(const Program& program, int command) {
