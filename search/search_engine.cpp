@@ -91,12 +91,13 @@ static Verses VersesWithAllByCounters(SearchPass& pass) {
     return verses;
 }
 
-// The lists of the words within the range.
+// The lists of the words within the range; none if one of them is not in ascending order.
 static std::vector<VerseEntries> ListsOf(const SearchPass& pass) {
     std::vector<VerseEntries> lists;
     lists.reserve(pass.query.words.size());
     for (const std::string& word : pass.query.words) {
         const int match = FindWord(pass.index, pass.query.caseSensitive ? LowerCased(word) : word);
+        if (!DoesListAscend(pass.index, match)) return {};
         lists.push_back(EntriesWithin(EntriesOf(pass.index, match), pass.first, pass.last));
     }
     return lists;
@@ -117,8 +118,8 @@ static void KeepAsTyped(const SearchPass& pass, Verses& verses) {
 // The verses of the range that have every word of the query as a whole word. A list of a damaged index may have a verse
 // twice, which then counts as two words.
 static Verses VersesWithAll(SearchPass& pass) {
-    if (!pass.index.listsAscend) return VersesWithAllByCounters(pass);
     std::vector<VerseEntries> lists = ListsOf(pass);
+    if (lists.empty()) return VersesWithAllByCounters(pass);
     std::sort(lists.begin(), lists.end(), IsShorter);
     Verses verses = VersesOf(lists.front());
     for (std::size_t i = 1; i < lists.size() && !verses.empty(); ++i) KeepVersesIn(lists[i], verses, pass.hits);
@@ -188,8 +189,8 @@ static PhraseFinds FindMarkedPhrase(SearchPass& pass) {
     const auto findIn = [&pass](const Verses& verses, std::size_t rarestWord) {
         return FindPhraseInVerses(pass.scripture, pass.query, verses, rarestWord);
     };
-    if (!pass.index.listsAscend) return findIn(VersesWithAllByCounters(pass), 0);
     std::vector<VerseEntries> lists = ListsOf(pass);
+    if (lists.empty()) return findIn(VersesWithAllByCounters(pass), 0);
     const auto rarest =
         static_cast<std::size_t>(std::min_element(lists.begin(), lists.end(), IsShorter) - lists.begin());
     std::sort(lists.begin(), lists.end(), IsShorter);

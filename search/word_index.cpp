@@ -32,24 +32,6 @@ static std::string_view BlockOf(const std::vector<std::string_view>& words) {
     return {begin, static_cast<std::size_t>(words.back().data() + words.back().size() - begin)};
 }
 
-static std::size_t PointerOf(const WordIndex& index, std::size_t word);
-
-// Is each entry of all lists less than the next one, except at the ends of lists?
-static bool DoListsAscend(const WordIndex& index) {
-    const std::size_t total = index.verseLists.size() / kEntrySize;
-    const auto entryAt = [&](std::size_t i) { return LittleEndian16(index.verseLists.data() + kEntrySize * i); };
-    std::size_t falls = 0;
-    for (std::size_t i = 1; i < total; ++i) falls += entryAt(i - 1) >= entryAt(i) ? 1 : 0;
-    std::size_t fallsBetween = 0;
-    for (std::size_t word = 1; word < index.words.size(); ++word) {
-        const std::size_t pointer = PointerOf(index, word);
-        if (pointer < PointerOf(index, word - 1) || pointer > total) return false;
-        const bool isBetween = pointer > PointerOf(index, word - 1) && pointer < total;
-        if (isBetween) fallsBetween += pointer > 0 && entryAt(pointer - 1) >= entryAt(pointer) ? 1 : 0;
-    }
-    return falls == fallsBetween;
-}
-
 IndexLoad LoadWordIndex(const DataFiles& files, WordIndex& index) {
     index = {};
     std::span<const unsigned char> wordBytes;
@@ -57,11 +39,11 @@ IndexLoad LoadWordIndex(const DataFiles& files, WordIndex& index) {
         return IndexLoad::kFailed;
     index.words = WordsOf(wordBytes);
     index.wordBlock = BlockOf(index.words);
+    index.orders.assign(index.words.size(), ListOrder::kUnknown);
     if (!files.map(files.device, kWordPointersFile, AccessPattern::kSequential, index.pointers))
         return IndexLoad::kFailed;
     if (!files.map(files.device, kVerseListsFile, AccessPattern::kRandom, index.verseLists))
         return IndexLoad::kNoVerseLists;
-    index.listsAscend = DoListsAscend(index);
     return IndexLoad::kLoaded;
 }
 
@@ -85,6 +67,20 @@ std::span<const unsigned char> EntriesOf(const WordIndex& index, int word) {
     const std::size_t end = std::min(PointerOf(index, static_cast<std::size_t>(word) + 1), total);
     if (begin >= end) return {};
     return index.verseLists.subspan(begin * kEntrySize, (end - begin) * kEntrySize);
+}
+
+static ListOrder OrderOf(std::span<const unsigned char> entries) {
+    const auto entryAt = [&](std::size_t i) { return LittleEndian16(entries.data() + kEntrySize * i); };
+    std::size_t falls = 0;
+    for (std::size_t i = 1; i < entries.size() / kEntrySize; ++i) falls += entryAt(i - 1) >= entryAt(i) ? 1 : 0;
+    return falls == 0 ? ListOrder::kAscending : ListOrder::kOther;
+}
+
+bool DoesListAscend(const WordIndex& index, int word) {
+    if (word < 0 || word >= WordCount(index)) return true;
+    ListOrder& order = index.orders[static_cast<std::size_t>(word)];
+    if (order == ListOrder::kUnknown) order = OrderOf(EntriesOf(index, word));
+    return order == ListOrder::kAscending;
 }
 
 // The word from `word` on that contains `place`. The next ones are tried first: parts of many words are found in most.

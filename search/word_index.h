@@ -19,12 +19,14 @@ inline constexpr char kWordsFile[] = "_avwrds.dat";
 inline constexpr char kWordPointersFile[] = "_avwptr.dat";
 inline constexpr char kVerseListsFile[] = "_avwidx.dat";
 
+enum class ListOrder : unsigned char { kUnknown, kAscending, kOther };
+
 struct WordIndex {
     std::vector<std::string_view> words;        // in file order, each followed by its terminating zero
     std::string_view wordBlock;                 // all of them, as in the file
     std::span<const unsigned char> pointers;    // four bytes per word
     std::span<const unsigned char> verseLists;  // two bytes per entry
-    bool listsAscend = false;                   // is every list in ascending order, with no verse twice?
+    mutable std::vector<ListOrder> orders;      // of each word's list, as far as searches have asked
 };
 
 enum class IndexLoad {
@@ -42,6 +44,10 @@ int WordCount(const WordIndex& index);
 // The verse entries of word number `word`, two little-endian bytes each; empty if there is no such word. Stays inside
 // the lists even if the pointers are invalid.
 std::span<const unsigned char> EntriesOf(const WordIndex& index, int word);
+
+// Are the entries of the word in ascending order, with no verse twice? A list is read when it is first asked about: the
+// start would otherwise read all of them, which are most of the index.
+bool DoesListAscend(const WordIndex& index, int word);
 
 // Numbers of the words that contain `part`, ascending.
 std::vector<int> WordsWith(const WordIndex& index, std::string_view part);

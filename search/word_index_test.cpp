@@ -126,29 +126,35 @@ TEST(EntriesOf, StayInsideTheListsForAnyPointers) {
     }
 }
 
-TEST(LoadWordIndex, KnowsWhetherAllListsAscend) {
+TEST(DoesListAscend, IsAskedForEachList) {
     static const struct {
         const char* why;
         std::vector<unsigned char> pointers;
         std::vector<unsigned char> lists;
-        bool ascend;
+        bool first, second;
     } kRows[] = {
-        {"two lists", {0, 0, 0, 0, 2, 0, 0, 0}, {7, 0, 9, 0, 3, 0, 8, 0}, true},
-        {"an empty list", {0, 0, 0, 0, 0, 0, 0, 0}, {7, 0, 8, 0}, true},
-        {"an empty last list", {0, 0, 0, 0, 2, 0, 0, 0}, {7, 0, 8, 0}, true},
-        {"a verse twice", {0, 0, 0, 0, 1, 0, 0, 0}, {7, 0, 8, 0, 8, 0}, false},
-        {"the first list falls", {0, 0, 0, 0, 2, 0, 0, 0}, {9, 0, 8, 0, 9, 0}, false},
-        {"the last list falls", {0, 0, 0, 0, 1, 0, 0, 0}, {9, 0, 1, 1, 0, 1}, false},
-        {"lists that overlap", {1, 0, 0, 0, 0, 0, 0, 0}, {7, 0, 8, 0}, false},
-        {"a list behind the end", {0, 0, 0, 0, 3, 0, 0, 0}, {7, 0, 8, 0}, false},
-        {"a fall where a list ends that begins behind it", {0, 0, 0, 0, 0, 0, 0, 0}, {8, 0, 7, 0}, false},
+        {"two lists", {0, 0, 0, 0, 2, 0, 0, 0}, {7, 0, 9, 0, 3, 0, 8, 0}, true, true},
+        {"an empty list", {0, 0, 0, 0, 0, 0, 0, 0}, {7, 0, 8, 0}, true, true},
+        {"an empty last list", {0, 0, 0, 0, 2, 0, 0, 0}, {7, 0, 8, 0}, true, true},
+        {"a verse twice", {0, 0, 0, 0, 1, 0, 0, 0}, {7, 0, 8, 0, 8, 0}, true, false},
+        {"the first list falls", {0, 0, 0, 0, 2, 0, 0, 0}, {9, 0, 8, 0, 9, 0}, false, true},
+        {"the last list falls", {0, 0, 0, 0, 1, 0, 0, 0}, {9, 0, 1, 1, 0, 1}, true, false},
+        {"both fall", {0, 0, 0, 0, 2, 0, 0, 0}, {9, 0, 8, 0, 8, 0, 7, 0}, false, false},
+        {"lists that overlap", {1, 0, 0, 0, 0, 0, 0, 0}, {8, 0, 7, 0}, true, false},
+        {"a list behind the end", {0, 0, 0, 0, 3, 0, 0, 0}, {7, 0, 8, 0}, true, true},
     };
     for (const auto& row : kRows) {
         FilesInMemory files = {
             {kWordsFile, {'a', 0, 'b', 0}}, {kWordPointersFile, row.pointers}, {kVerseListsFile, row.lists}};
-        EXPECT_EQ(IndexOf(files).listsAscend, row.ascend) << row.why;
+        const WordIndex index = IndexOf(files);
+        for (int time = 0; time < 2; ++time) {  // the second one is remembered
+            EXPECT_EQ(DoesListAscend(index, 0), row.first) << row.why;
+            EXPECT_EQ(DoesListAscend(index, 1), row.second) << row.why;
+        }
+        for (const int word : {-1, 2}) EXPECT_TRUE(DoesListAscend(index, word)) << row.why;
     }
-    EXPECT_TRUE(TheRealWordIndex().listsAscend);
+    const WordIndex& real = TheRealWordIndex();
+    for (int word = 0; word < WordCount(real); ++word) ASSERT_TRUE(DoesListAscend(real, word)) << word;
 }
 
 TEST(WordsWith, AreTheWordsThatContainThePart) {
