@@ -29,6 +29,13 @@ struct PhraseHit {
     std::int32_t verse;
 };
 
+// Where the phrase may begin: it stands there, or there are bytes that may stand between those of the phrase.
+struct PhraseCandidate {
+    const char* place;
+    std::int32_t verse;
+    bool stands;
+};
+
 struct Matches {
     std::array<std::int32_t, 0x10000> verses;
     std::size_t count = 0;
@@ -78,6 +85,10 @@ VERSEWELL_FLOOR static unsigned MayAnchorAt(const AnchorLetters& wanted, const c
     return Bits(_mm_andnot_si128(_mm_andnot_si128(same, AreLetters(beside)), _mm_and_si128(first, last)));
 }
 
+VERSEWELL_FLOOR static unsigned MayAnchorInTwo(const AnchorLetters& wanted, const char* place) {
+    return MayAnchorAt(wanted, place) | MayAnchorAt(wanted, place + kBlockSize) << kBlockSize;
+}
+
 // Walks from the anchor to the end of the phrase and to its beginning. Returns the phrase's place, or null.
 static const char* WalkPhrase(const WantedPhrase& wanted, const char* anchor) {
     if ((*anchor | 0x20) != wanted.phrase[static_cast<std::size_t>(wanted.anchor)]) return nullptr;
@@ -104,28 +115,38 @@ VERSEWELL_FLOOR static unsigned KeptBytes(const char* place) {
     return Bits(_mm_or_si128(AreLetters(bytes), others));
 }
 
-// The beginning of the phrase that has its anchor at `anchor`, or null.
-VERSEWELL_FLOOR static const char* PhraseAt(const WantedPhrase& wanted, const char* anchor) {
-    const char* const place = anchor - wanted.anchor;
-    const bool isLong = wanted.phrase.size() > kBlockSize;
-    const unsigned same = SameAsPhrase(wanted, place, 0) | (isLong ? SameAsPhrase(wanted, place, kBlockSize) : 0);
-    if ((same & wanted.startBits) == wanted.startBits && wanted.phrase.size() <= wanted.start.size()) return place;
-    const unsigned kept = KeptBytes(place) | (isLong ? KeptBytes(place + kBlockSize) << kBlockSize : 0);
-    const bool hasBetween = (~kept & wanted.startBits) != 0 || wanted.phrase.size() > wanted.start.size();
-    return hasBetween ? WalkPhrase(wanted, anchor) : nullptr;
+// Keeps the hits where the phrase may begin, without branches on what is there. Returns their end.
+VERSEWELL_FLOOR static PhraseCandidate* CandidatesOf(const WantedPhrase& wanted, const PhraseHit* end,
+                                                     PhraseCandidate* next) {
+    const bool isLong = wanted.phrase.size() > kBlockSize, isLonger = wanted.phrase.size() > wanted.start.size();
+    const unsigned startBits = wanted.startBits;
+    const std::ptrdiff_t anchor = wanted.anchor;
+    for (const PhraseHit* hit = thePhraseHits.data(); hit < end; ++hit)
+        for (unsigned bits = hit->bits; bits != 0; bits &= bits - 1) {
+            const char* const place = hit->place + std::countr_zero(bits) - anchor;
+            const unsigned same =
+                SameAsPhrase(wanted, place, 0) | (isLong ? SameAsPhrase(wanted, place, kBlockSize) : 0);
+            const unsigned kept = KeptBytes(place) | (isLong ? KeptBytes(place + kBlockSize) << kBlockSize : 0);
+            *next = {place, hit->verse, (same & startBits) == startBits && !isLonger};
+            next += static_cast<int>((same & startBits) == startBits) | static_cast<int>((~kept & startBits) != 0) |
+                    static_cast<int>(isLonger);
+        }
+    return next;
 }
 
 // Adds the verse of each phrase to the matches. A phrase that overlaps the one before does not count.
 template <typename VerseOf>
 static void MatchHits(const WantedPhrase& wanted, const PhraseHit* end, VerseOf verseOf) {
+    static std::array<PhraseCandidate, thePhraseHits.size() * 2 * kBlockSize> candidates;
+    const PhraseCandidate* const behindCandidates = CandidatesOf(wanted, end, candidates.data());
     const char* behind = nullptr;
-    for (const PhraseHit* hit = thePhraseHits.data(); hit < end; ++hit)
-        for (unsigned bits = hit->bits; bits != 0; bits &= bits - 1) {
-            const char* const place = PhraseAt(wanted, hit->place + std::countr_zero(bits));
-            if (place == nullptr || place < behind) continue;
-            behind = place + wanted.phrase.size();
-            theMatches.verses[theMatches.count++] = verseOf(*hit, place);
-        }
+    for (const PhraseCandidate* candidate = candidates.data(); candidate < behindCandidates; ++candidate) {
+        const char* const place =
+            candidate->stands ? candidate->place : WalkPhrase(wanted, candidate->place + wanted.anchor);
+        if (place == nullptr || place < behind) continue;
+        behind = place + wanted.phrase.size();
+        theMatches.verses[theMatches.count++] = verseOf(candidate->verse, place);
+    }
 }
 
 VERSEWELL_FLOOR static PhraseHit* KeepPhraseHit(PhraseHit* next, const char* place, unsigned bits, std::int32_t verse) {
@@ -136,7 +157,7 @@ VERSEWELL_FLOOR static PhraseHit* KeepPhraseHit(PhraseHit* next, const char* pla
 FloorAnswer FloorOfPhraseByList(const FloorText& text, const std::vector<std::string>& words) {
     std::vector<List> lists = ListsOf(text, words);
     const WantedPhrase wanted = WantPhrase(words, RarestOf(lists));
-    const auto verseOf = [](const PhraseHit& hit, const char*) { return hit.verse; };
+    const auto verseOf = [](std::int32_t verse, const char*) { return verse; };
     const AnchorLetters letters = wanted.letters;
     PhraseHit* next = thePhraseHits.data();
     theMatches.count = 0;
@@ -148,9 +169,10 @@ FloorAnswer FloorOfPhraseByList(const FloorText& text, const std::vector<std::st
     for (const std::int32_t verse : std::span(theVerses.data(), candidates)) {
         const Stretch stretch = WithBytesAround(text, TextsOf(text, verse, verse + 1));
         const char* place = stretch.begin;
-        for (; place + kBlockSize < stretch.end; place += kBlockSize)
-            next = KeepPhraseHit(next, place, MayAnchorAt(letters, place), verse);
-        next = KeepPhraseHit(next, place, MayAnchorAt(letters, place) & BitsBefore(stretch.end - place), verse);
+        for (; place + 2 * kBlockSize < stretch.end; place += 2 * kBlockSize)
+            next = KeepPhraseHit(next, place, MayAnchorInTwo(letters, place), verse);
+        const auto before = static_cast<unsigned>((std::uint64_t{1} << (stretch.end - place)) - 1);
+        next = KeepPhraseHit(next, place, MayAnchorInTwo(letters, place) & before, verse);
         if (next < kPhraseHitsAreMany) continue;
         MatchHits(wanted, next, verseOf);
         next = thePhraseHits.data();
@@ -182,13 +204,13 @@ FloorAnswer FloorOfPhraseBySweep(const FloorText& text, const std::vector<std::s
         const Stretch all = TextsOf(text, verse, kCuts[i + 1]);
         const Stretch stretch = WithBytesAround(text, all);
         const char* behindVerse = stretch.begin == all.begin ? StartOf(text, verse + 1) : stretch.end + 1;
-        const auto verseOf = [&](const PhraseHit&, const char* place) {
+        const auto verseOf = [&](std::int32_t, const char* place) {
             while (behindVerse <= place) behindVerse = StartOf(text, ++verse + 1);
             return verse;
         };
         PhraseHit* next = thePhraseHits.data();
-        for (const char* place = stretch.begin; place < stretch.end; place += kBlockSize) {
-            next = KeepPhraseHit(next, place, MayAnchorAt(letters, place), 0);
+        for (const char* place = stretch.begin; place < stretch.end; place += 2 * kBlockSize) {
+            next = KeepPhraseHit(next, place, MayAnchorInTwo(letters, place), 0);
             if (next < kPhraseHitsAreMany) continue;
             MatchHits(wanted, next, verseOf);
             next = thePhraseHits.data();

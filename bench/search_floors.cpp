@@ -223,8 +223,10 @@ static std::vector<int> NumbersOfWordsWith(const WordIndex& index, std::string_v
     std::vector<int> found;
     const std::string_view* word = words;
     const char* behind = words->data();  // the end of the word that was found last
-    const auto look = [&](const char* place) {
-        if (place < behind || std::memcmp(place, part.data(), part.size()) != 0) return;
+    const auto stands = [part](const char* place) { return std::memcmp(place, part.data(), part.size()) == 0; };
+    const bool isCompared = part.size() <= 3;  // by the sweep
+    const auto take = [&](const char* place) {
+        if (place < behind) return;
         word = WordAt(word, behindWords, place);
         found.push_back(static_cast<int>(word - words));
         behind = word->data() + word->size();
@@ -237,9 +239,13 @@ static std::vector<int> NumbersOfWordsWith(const WordIndex& index, std::string_v
         if (Bits(_mm_or_si128(_mm_or_si128(parts[0], parts[1]), _mm_or_si128(parts[2], parts[3]))) == 0) continue;
         std::uint64_t bits = 0;
         for (std::ptrdiff_t i = kBlocks; i-- > 0;) bits = bits << kBlockSize | Bits(parts[i]);
-        for (; bits != 0; bits &= bits - 1) look(place + std::countr_zero(bits));
+        for (; bits != 0; bits &= bits - 1) {
+            const char* const standing = place + std::countr_zero(bits);
+            if (isCompared || stands(standing)) take(standing);
+        }
     }
-    for (; end - place >= static_cast<std::ptrdiff_t>(part.size()); ++place) look(place);
+    for (; end - place >= static_cast<std::ptrdiff_t>(part.size()); ++place)
+        if (stands(place)) take(place);
     return found;
 }
 
