@@ -279,3 +279,37 @@ TEST(AccessibleEvents, TellFocusAndSelection) {
     Drag(program, pane, first, second);
     EXPECT_GE(Count(Heard(program, pane), EVENT_OBJECT_SELECTIONWITHIN), 1);
 }
+
+// ---- From another process -------------------------------------------------------------------------------------------
+
+static std::wstring NameOf(IAccessible& object, LONG child, HRESULT& result) {
+    VARIANT which{};
+    which.vt = VT_I4;
+    which.lVal = child;
+    BSTR name = nullptr;
+    result = object.get_accName(which, &name);
+    std::wstring text = name ? name : L"";
+    SysFreeString(name);
+    return text;
+}
+
+// As screen readers do. One that still has the object when the program ends keeps it from nothing.
+TEST(AccessibleFromOutside, TellsAndMayBeKept) {
+    Program program = StartProgram(FolderWithScripture());
+    SearchFor(program, {"grace"});
+    ASSERT_TRUE(SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED)));
+    IAccessible* object = nullptr;
+    ASSERT_EQ(AccessibleObjectFromWindow(VerseListOf(program), static_cast<DWORD>(OBJID_CLIENT), __uuidof(IAccessible),
+                                         reinterpret_cast<void**>(&object)),
+              S_OK);
+    HRESULT result = E_FAIL;
+    EXPECT_EQ(NameOf(*object, CHILDID_SELF, result), L"Verse List, 159 verses");
+    EXPECT_EQ(NameOf(*object, 1, result), L"Genesis 6:8 But Noah found grace in the eyes of the LORD.");
+    EXPECT_EQ(NameOf(*object, 160, result), L"");
+    EXPECT_EQ(result, E_INVALIDARG);
+    EXPECT_EQ(CloseProgram(program), 0);
+    EXPECT_EQ(NameOf(*object, 1, result), L"");
+    EXPECT_TRUE(FAILED(result));
+    object->Release();
+    CoUninitialize();
+}
