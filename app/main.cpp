@@ -73,10 +73,11 @@ static bool IsCommandKey(MSG& message) {
 static int RunMessageLoop() {
     MSG message;
     while (NextMessage(message)) {
+        LookForHeldKey(message);
         RouteWheel(message);
-        FinishScrolling(message);
-        if (TakeNoteLetter(message) || StepsThroughPanes(message)) continue;
-        if (TypesWithAltGr(message)) {
+        const bool scrollsOn = ScrollsOn(message);
+        if (!scrollsOn && (TakeNoteLetter(message) || StepsThroughPanes(message))) continue;
+        if (scrollsOn || TypesWithAltGr(message)) {
             DispatchMessageW(&message);
         } else if (IsCommandKey(message)) {
             EndAltKey(message);

@@ -92,18 +92,20 @@ void MoveScrollBox(const ReadingPane& pane, int top) {
     if (GetScrollPos(pane.window, SB_VERT) != top) SetScrollPos(pane.window, SB_VERT, top, TRUE);
 }
 
-// Moves the lines on the screen and invalidates all others. What is invalid before remains so, at its new place too,
-// and what could not be moved because another window was in front of it becomes invalid. The first line never moves, so
-// the caret stays.
+// Moves the lines on the screen and invalidates all others, at once, because each call is a request to Wine's server.
+// What is invalid before remains so, at its new place too, and what could not be moved because another window was in
+// front of it becomes invalid. The first line never moves, so the caret stays.
 static void MoveLines(const ReadingPane& pane, const RECT& client, const MovedLines& moved, int lineHeight) {
     RECT both = client, above = client, below = client;
     both.top = std::min(moved.from, moved.to) * lineHeight;
     both.bottom = (std::max(moved.from, moved.to) + moved.count) * lineHeight;
     above.bottom = moved.to * lineHeight;
     below.top = (moved.to + moved.count) * lineHeight;
-    ScrollWindowEx(pane.window, 0, (moved.to - moved.from) * lineHeight, &both, &both, nullptr, nullptr, SW_INVALIDATE);
-    InvalidateRect(pane.window, &above, FALSE);
-    InvalidateRect(pane.window, &below, FALSE);
+    const OwnedRegion invalid(CreateRectRgnIndirect(&above)), other(CreateRectRgnIndirect(&below));
+    CombineRgn(invalid.get(), invalid.get(), other.get(), RGN_OR);
+    ScrollWindowEx(pane.window, 0, (moved.to - moved.from) * lineHeight, &both, &both, other.get(), nullptr, 0);
+    CombineRgn(invalid.get(), invalid.get(), other.get(), RGN_OR);
+    InvalidateRgn(pane.window, invalid.get(), FALSE);
 }
 
 // The next scroll depends on the items that this one shows, and the eye follows each of them, so each is painted.
@@ -209,8 +211,11 @@ static bool ScrollsFurther(const ReadingPane& pane, const MSG& message) {
     return false;
 }
 
-void FinishScrolling(const MSG& message) {
-    if (scrolledPane != nullptr && !ScrollsFurther(scrolledPane->pane, message)) ShowPosition(*scrolledPane);
+bool ScrollsOn(const MSG& message) {
+    if (scrolledPane == nullptr) return false;
+    const bool scrolls = ScrollsFurther(scrolledPane->pane, message);
+    if (!scrolls) ShowPosition(*scrolledPane);
+    return scrolls && message.message == WM_KEYDOWN;
 }
 
 // ---- Focus ----------------------------------------------------------------------------------------------------------

@@ -55,9 +55,10 @@ LRESULT ReadingPaneProcedure(const PaneKind& kind, HWND window, UINT message, WP
 // position is shown when no more input is waiting: the next scroll would change it again.
 void ScrollPane(const PaneKind& kind, ScrollCode code, int thumb);
 
-// Shows the position of a pane that has scrolled, unless `message` scrolls it further. To be called before a message is
-// handled, because a command may depend on what follows the pane.
-void FinishScrolling(const MSG& message);
+// Is the message a key by which the pane that has scrolled scrolls further? Such a key is nothing else, neither a
+// command nor a character. If the message does not scroll the pane further in any way, the pane's position is shown. To
+// be called before a message is handled, because a command may depend on what follows the pane.
+bool ScrollsOn(const MSG& message);
 
 // Returns a visitor that adds each box to the pane's text, coloured as selected (if `owner` has the selection), key
 // word or normal text.

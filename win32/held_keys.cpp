@@ -1,13 +1,11 @@
-// Separate from its users, the help viewer and the start, because it watches all messages of the program.
+// Separate from its users, the help viewer and the message loop, because it watches all messages of the program.
 #include "win32/held_keys.h"
-
-#include "win32/windows_api.h"
 
 static bool isHeld = false;
 
 // What a key leads to is a message of its own, without the key's repeat bit, if it is posted: the system turns F1 in a
 // dialog into such a message. So the bit is kept until the next input.
-static void Look(const MSG& message) {
+void LookForHeldKey(const MSG& message) {
     switch (message.message) {
         case WM_KEYDOWN:
         case WM_SYSKEYDOWN:
@@ -21,13 +19,13 @@ static void Look(const MSG& message) {
     }
 }
 
-static LRESULT CALLBACK OnMessageTaken(int code, WPARAM removed, LPARAM message) {
-    if (code == HC_ACTION && removed == PM_REMOVE) Look(*reinterpret_cast<const MSG*>(message));
-    return CallNextHookEx(nullptr, code, removed, message);
+static LRESULT CALLBACK OnMessageOfSystemLoop(int code, WPARAM wParam, LPARAM message) {
+    if (code >= 0) LookForHeldKey(*reinterpret_cast<const MSG*>(message));
+    return CallNextHookEx(nullptr, code, wParam, message);
 }
 
 void WatchHeldKeys() {
-    SetWindowsHookExA(WH_GETMESSAGE, OnMessageTaken, nullptr, GetCurrentThreadId());
+    SetWindowsHookExA(WH_MSGFILTER, OnMessageOfSystemLoop, nullptr, GetCurrentThreadId());
 }
 
 bool IsHeldKey() {
