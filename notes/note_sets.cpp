@@ -27,14 +27,18 @@ static bool HasTable(std::span<const std::string> tables, const std::string& set
         tables, [&](const std::string& table) { return EqualIgnoringCase(table, setName + kTableEnding); });
 }
 
-static bool AddNoteSet(const NoteFiles& files, const std::string& indexFileName, std::span<const std::string> tables,
-                       NoteSets& notes) {
-    const std::string setName = indexFileName.substr(0, indexFileName.rfind('.'));
-    NoteSet set{setName + kDataEnding};
-    StampFiles(files, set);
+// Was the index left beside a set by a program that keeps folders in step, without the notes that it was the index of?
+static bool IsLoneConflictCopy(const NoteFiles& files, const NoteSet& set) {
+    return !set.dataStamp.exists && ConflictCopyOf(files, NoteSetName(set));
+}
+
+// False if the index cannot be read.
+static bool AddNoteSet(const NoteFiles& files, NoteSet set, const std::string& indexFileName,
+                       std::span<const std::string> tables, NoteSets& notes) {
     if (!ReadIndex(files, indexFileName, set.offsets)) return false;
     notes.sets.push_back(std::move(set));
-    if (HasTable(tables, setName)) ReadDevotionalTable(files, notes, static_cast<int>(notes.sets.size()) - 1);
+    if (HasTable(tables, NoteSetName(notes.sets.back())))
+        ReadDevotionalTable(files, notes, static_cast<int>(notes.sets.size()) - 1);
     return true;
 }
 
@@ -45,19 +49,16 @@ static bool CreateFirstSet(const NoteFiles& files, NoteSets& notes) {
     return created;
 }
 
-// Was it left beside a set by a program that keeps folders in step, without the notes that it was the index of?
-static bool IsLoneConflictCopy(const NoteFiles& files, const std::string& indexFileName) {
-    const std::string setName = indexFileName.substr(0, indexFileName.rfind('.'));
-    return !files.stamp(files.device, setName + kDataEnding).exists && ConflictCopyOf(files, setName);
-}
-
 bool FindNoteSets(const NoteFiles& files, NoteSets& notes) {
     notes.sets.clear();
     notes.devotionalSet = kNoDevotionalSet;
     const std::vector<std::string> tables = files.list(files.device, std::string("*") + kTableEnding);
     for (const std::string& indexFileName : files.list(files.device, std::string("*") + kIndexEnding)) {
-        if (IsLoneConflictCopy(files, indexFileName)) continue;
-        if (notes.sets.size() == kNoteSetLimit || !AddNoteSet(files, indexFileName, tables, notes)) break;
+        NoteSet set{indexFileName.substr(0, indexFileName.rfind('.')) + kDataEnding};
+        StampFiles(files, set);
+        if (IsLoneConflictCopy(files, set)) continue;
+        if (notes.sets.size() == kNoteSetLimit || !AddNoteSet(files, std::move(set), indexFileName, tables, notes))
+            break;
     }
     return !notes.sets.empty() || CreateFirstSet(files, notes);
 }
