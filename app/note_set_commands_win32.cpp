@@ -23,7 +23,7 @@ static constexpr char kDeleteCaption[] = "Delete Note Set";
 
 // Includes a new layout, because the number of tab rows may have changed.
 static void ShowNewTabs() {
-    ShowNoteTabs();
+    ShowNoteTabs({});
     LayOut();
 }
 
@@ -170,17 +170,25 @@ void OfferMerge(int) {
 
 // ---- Marks ----------------------------------------------------------------------------------------------------------
 
-void MarkSets(int) {
-    if (!theFrame.startUpComplete) return;
-    RefreshNotesInPassing();
+static MarkedPlace PlaceToMark() {
     const VerseList& list = theVerseList.list;
     const bool empty = ListCount(list) == 0;
-    const MarkedPlace place{
+    return {
         .listPosition = empty ? kNoVerse : list.ListTop,
         .listVerse = empty ? kNoVerse : list.ListEntries[static_cast<std::size_t>(list.ListTop)],
         .passageVerse = thePassage.view.TopVerse,
     };
-    if (MarkNoteTabs(place)) LayOut();
+}
+
+// A label that changes takes as long as a new tab, and a changed number of rows another layout.
+void ShowFirstTabs() {
+    ShowNoteTabs(PlaceToMark());
+}
+
+void MarkSets(int) {
+    if (!theFrame.startUpComplete) return;
+    RefreshNotesInPassing();
+    if (MarkNoteTabs(PlaceToMark())) LayOut();
 }
 
 void UpdateNoteMarks(int command) {

@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "app/frame_win32.h"
+#include "app/note_set_commands_win32.h"
 #include "app/pane_focus_win32.h"
 #include "app/passage_commands_win32.h"
 #include "app/profile_file_win32.h"
@@ -152,8 +153,8 @@ static void SetFirstMenuState() {
 
 static void ShowFirstNote() {
     SetNotesFont(theFrame.fonts.notes);
+    ShowFirstTabs();
     LayOut();
-    SelectNoteTab(theNoteSets.currentSet);
     ReadFirstNote();
 }
 
@@ -161,8 +162,9 @@ bool StartUp(HWND frame) {
     theFrame.window = frame;
     theFrame.menu = GetMenu(frame);
     InitCommonControls();
-    ShowSplash(frame);
     theFrame.richEdit = LoadLibraryA("RICHED32.DLL");
+    if (theFrame.richEdit) BeginToLoadNoteSets();  // not if the start fails, because it may create and repair files
+    ShowSplash(frame);
     if (!theFrame.richEdit) return false;
     LayOutLongLinesInPieces();
     NoteFirstPrinter(theFrame.printerSetup);

@@ -1,13 +1,28 @@
 #include "notes/note_tabs_win32.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "notes/note_files_win32.h"
 #include "notes/note_recovery.h"
 #include "win32/controls.h"
 #include "win32/files.h"
+#include "win32/handles.h"
 
 NoteTabs theNoteTabs;
+
+namespace {
+
+// The sets while a thread opens them. The window may already get messages that need the program's sets.
+struct SetsInOpening {
+    OwnedFile thread;
+    NoteSets sets;
+    OpenedSets opened;
+};
+
+}  // namespace
+
+static SetsInOpening theOpening;
 
 static constexpr char kMendedCaption[] = "Note Sets";
 static constexpr char kNothingCanBeKept[] =
@@ -21,9 +36,9 @@ static TCITEMA TabItem(const std::string& label) {
     return item;
 }
 
-static void InsertTab(const NoteSet& set) {
+static void InsertTab(const std::string& label) {
     std::vector<std::string>& labels = theNoteTabs.labels;
-    labels.push_back(NoteSetName(set));
+    labels.push_back(label);
     const TCITEMA item = TabItem(labels.back());
     SendMessageA(theNoteTabs.window, TCM_INSERTITEMA, labels.size() - 1, reinterpret_cast<LPARAM>(&item));
 }
@@ -32,10 +47,12 @@ void SelectNoteTab(int set) {
     TabCtrl_SetCurSel(theNoteTabs.window, set);
 }
 
-void ShowNoteTabs() {
+void ShowNoteTabs(const MarkedBefore& place) {
+    if (place) theNoteTabs.marked = place;
     TabCtrl_DeleteAllItems(theNoteTabs.window);
     theNoteTabs.labels.clear();
-    for (const NoteSet& set : theNoteSets.sets) InsertTab(set);
+    for (const NoteSet& set : theNoteSets.sets)
+        InsertTab(place ? MarkedLabel(TheNoteFiles(), set, *place) : NoteSetName(set));
     SelectNoteTab(theNoteSets.currentSet);
 }
 
@@ -65,9 +82,25 @@ static std::string Tell(const OpenedSets& opened, bool (*hasWholeCopy)(const Not
     return answer == IDYES ? setName : "";
 }
 
+static DWORD WINAPI OpenSets(void*) {
+    theOpening.opened = OpenNoteSets(TheNoteFiles(), theOpening.sets, NoteTimeNow());
+    return 0;
+}
+
+void BeginToLoadNoteSets() {
+    theOpening.thread.reset(CreateThread(nullptr, 0, OpenSets, nullptr, 0, nullptr));
+    if (!theOpening.thread) OpenSets(nullptr);
+}
+
+static OpenedSets TakeOpenedSets() {
+    if (theOpening.thread) WaitForSingleObject(theOpening.thread.get(), INFINITE);
+    theOpening.thread.reset();
+    theNoteSets = std::exchange(theOpening.sets, {});
+    return std::exchange(theOpening.opened, {});
+}
+
 std::string LoadNoteSets(bool (*hasWholeCopy)(const NoteSet& set)) {
-    const OpenedSets opened = OpenNoteSets(TheNoteFiles(), theNoteSets, NoteTimeNow());
-    ShowNoteTabs();
+    const OpenedSets opened = TakeOpenedSets();
     if (!opened.created) Complain(FrameOf(theNoteTabs.window), kCannotCreateNotes);
     return Tell(opened, hasWholeCopy, !CanWriteWorkingFolder());
 }
@@ -77,7 +110,7 @@ std::string TellRepairedSets(bool (*hasWholeCopy)(const NoteSet& set)) {
 }
 
 void AddLastNoteTab() {
-    InsertTab(theNoteSets.sets.back());
+    InsertTab(NoteSetName(theNoteSets.sets.back()));
 }
 
 // Skips unchanged labels, because setting the same text would still redraw the tab.

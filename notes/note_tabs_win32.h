@@ -14,7 +14,10 @@ struct NoteTabs {
 };
 extern NoteTabs theNoteTabs;
 
-// Opens the sets in the working directory and creates their tabs. Reports when the first set's files cannot be created,
+// Begins to open the sets in the working directory, on a thread of its own. To be called before LoadNoteSets.
+void BeginToLoadNoteSets();
+
+// Waits until the sets are open; their tabs are not yet created. Reports when the first set's files cannot be created,
 // and what was repaired in the other sets. If a set is damaged and `hasWholeCopy` is true for it, also asks whether to
 // look at its earlier states: returns its name for Yes; empty for No and if nothing was asked.
 std::string LoadNoteSets(bool (*hasWholeCopy)(const NoteSet& set));
@@ -22,8 +25,9 @@ std::string LoadNoteSets(bool (*hasWholeCopy)(const NoteSet& set));
 // Repairs and reports in the same way what has been found since by checking the sets (RepairCheckedSets).
 std::string TellRepairedSets(bool (*hasWholeCopy)(const NoteSet& set));
 
-// Replaces all tabs by one for each set with its plain name, and selects the current set's.
-void ShowNoteTabs();
+// Replaces all tabs by one for each set and selects the current set's. They have the marks for `place`; without one,
+// only the names of the sets, up to the next change of the marks.
+void ShowNoteTabs(const MarkedBefore& place);
 
 // Adds a tab with its plain name for the last set.
 void AddLastNoteTab();
