@@ -6,6 +6,7 @@
 #include "resources/help_topics.h"
 #include "resources/ids.h"
 #include "win32/clipboard.h"
+#include "win32/controls.h"
 #include "win32/dialogs.h"
 #include "win32/help_viewer.h"
 #include "win32/plain_text.h"
@@ -39,9 +40,13 @@ static void ShowSelected(HWND dialog) {
     if (note != nullptr) ShowMarkedText(GetDlgItem(dialog, IDC_STATE_TEXT), note->text, HistoryOf(dialog).now);
 }
 
+static void DivideList(HWND dialog) {
+    static constexpr int kColumns[] = {94, 190};  // in units of the dialog
+    SetColumns(dialog, IDC_STATES, kColumns);
+}
+
 static void FillList(HWND dialog) {
-    INT columns[] = {94, 190};  // in units of the dialog
-    SendDlgItemMessageA(dialog, IDC_STATES, LB_SETTABSTOPS, std::size(columns), reinterpret_cast<LPARAM>(columns));
+    DivideList(dialog);
     for (const EarlierNote& note : HistoryOf(dialog).texts)
         SendDlgItemMessageA(dialog, IDC_STATES, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(LineOf(note).c_str()));
     SendDlgItemMessageA(dialog, IDC_STATES, LB_SETCURSEL, 0, 0);
@@ -58,6 +63,11 @@ static void Fill(HWND dialog) {
         for (const int button : {IDOK, IDC_COPY_STATE}) EnableWindow(GetDlgItem(dialog, button), FALSE);
     }
     ShowSelected(dialog);
+}
+
+static void Rescaled(HWND dialog) {
+    DivideList(dialog);
+    ShowSelected(dialog);  // a new font takes away the marks
 }
 
 static void Copy(HWND dialog) {
@@ -88,6 +98,7 @@ static void OnCommand(HWND dialog, int control, UINT notification) {
 std::optional<std::string> AskEarlierNote(HWND frame, const NoteHistory& history) {
     std::optional<std::string> chosen;
     const AskedNote asked{history, &chosen};
-    RunDialog(frame, {"EARLIERNOTES", Fill, OnCommand, &asked});
+    RunDialog(frame,
+              {.name = "EARLIERNOTES", .fill = Fill, .command = OnCommand, .data = &asked, .rescaled = Rescaled});
     return chosen;
 }

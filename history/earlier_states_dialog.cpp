@@ -169,11 +169,20 @@ static void ShowState(HWND dialog) {
     SetCursor(before);
 }
 
+static void DivideLists(HWND dialog) {
+    static constexpr int kOfStates[] = {94, 220}, kOfVerses[] = {84, 236};  // in units of the dialog
+    SetColumns(dialog, IDC_STATES, kOfStates);
+    SetColumns(dialog, IDC_STATE_VERSES, kOfVerses);
+}
+
+static void Rescaled(HWND dialog) {
+    DivideLists(dialog);
+    if (SelectedState(dialog) != nullptr) ShowVerse(dialog);  // a new font takes away the marks
+}
+
 static void Fill(HWND dialog) {
     ShownStates& shown = ShownBy(dialog);
-    INT stateColumns[] = {94, 220}, verseColumns[] = {84, 236};  // in units of the dialog
-    SendDlgItemMessageA(dialog, IDC_STATES, LB_SETTABSTOPS, 2, reinterpret_cast<LPARAM>(stateColumns));
-    SendDlgItemMessageA(dialog, IDC_STATE_VERSES, LB_SETTABSTOPS, 2, reinterpret_cast<LPARAM>(verseColumns));
+    DivideLists(dialog);
     SendDlgItemMessageA(dialog, IDC_SET_NAME, EM_LIMITTEXT, kNoteSetNameLimit, 0);
     const HCURSOR before = SetCursor(LoadCursorA(nullptr, IDC_WAIT));
     shown.states = SetStates(TheNoteFiles());
@@ -244,6 +253,7 @@ static void OnCommand(HWND dialog, int control, UINT notification) {
 
 StateChoice AskEarlierState(HWND frame, const std::string& setName) {
     ShownStates shown{.setName = setName};
-    RunDialog(frame, {"EARLIERSTATES", Fill, OnCommand, &shown});
+    RunDialog(frame,
+              {.name = "EARLIERSTATES", .fill = Fill, .command = OnCommand, .data = &shown, .rescaled = Rescaled});
     return shown.choice;
 }

@@ -168,13 +168,16 @@ static void OnCopyChosen(HWND dialog) {
 
 // ---- The dialog -----------------------------------------------------------------------------------------------------
 
+static void DivideList(HWND dialog) {
+    static constexpr int kColumns[] = {76, 140, 240};  // in units of the dialog
+    SetColumns(dialog, IDC_MERGED_NOTES, kColumns);
+}
+
 static void Fill(HWND dialog) {
-    static constexpr int kColumns[] = {76, 140, 240};  // in dialog units
     const ChosenSets asked = FirstChoice(*static_cast<const ChosenSets*>(DataOf(dialog)));
     AddNames(dialog, IDC_MERGED_COPY, static_cast<int>(theMergeDialog.names.size()));
     AddNames(dialog, IDC_MERGED_SET, theMergeDialog.setCount);
-    SendDlgItemMessageA(dialog, IDC_MERGED_NOTES, LB_SETTABSTOPS, std::size(kColumns),
-                        reinterpret_cast<LPARAM>(kColumns));
+    DivideList(dialog);
     Choose(dialog, IDC_MERGED_COPY, asked.copy);
     Choose(dialog, IDC_MERGED_SET, asked.set);
     Plan(dialog);
@@ -234,7 +237,7 @@ bool AskMergeSets(HWND frame, const std::string& copy, const std::string& set) {
     const ChosenSets asked{copy, set};
     theMergeDialog = {};
     ReadNames();
-    RunDialog(frame, {"MERGESETS", Fill, OnCommand, &asked});
+    RunDialog(frame, {.name = "MERGESETS", .fill = Fill, .command = OnCommand, .data = &asked, .rescaled = DivideList});
     const bool isMerged = theMergeDialog.isMerged;
     theMergeDialog = {};
     return isMerged;

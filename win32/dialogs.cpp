@@ -38,12 +38,20 @@ static void OnHelp(HWND window) {
     if (button != nullptr) FORWARD_WM_COMMAND(window, IDHELP, button, BN_CLICKED, SendMessageA);
 }
 
+static constexpr UINT kRescaled = WM_APP;  // posted, because the system scales the dialog after this procedure returns
+
+static void OnRescaled(HWND window) {
+    if (DialogOf(window).rescaled) DialogOf(window).rescaled(window);
+}
+
 static INT_PTR CALLBACK DialogProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message != WM_INITDIALOG && GetWindowLongPtrA(window, DWLP_USER) == 0) return FALSE;  // during creation
     switch (message) {
         case WM_INITDIALOG: return HANDLE_WM_INITDIALOG(window, wParam, lParam, OnInitDialog);
         case WM_COMMAND: HANDLE_WM_COMMAND(window, wParam, lParam, OnCommand); return TRUE;
         case WM_HELP: OnHelp(window); return TRUE;
+        case WM_DPICHANGED: PostMessageA(window, kRescaled, 0, 0); return FALSE;
+        case kRescaled: OnRescaled(window); return TRUE;
     }
     return FALSE;
 }

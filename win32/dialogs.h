@@ -20,6 +20,9 @@ struct Dialog {
     void (*command)(HWND dialog, int control, UINT notification);
     const void* data = nullptr;  // for these two procedures, see DataOf
     Meaning meaning = {};        // of the text of one field
+    // Called after the system has scaled the dialog for another screen, which gives the controls new fonts; null if
+    // nothing else depends on these.
+    void (*rescaled)(HWND dialog) = nullptr;
 };
 
 // Runs `dialog` over `owner`, centred on the frame. Cancel closes it after `command` was called for it. Returns the

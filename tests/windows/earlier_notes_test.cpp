@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include "resources/ids.h"
+#include "tests/driver/remote_memory.h"
 #include "tests/windows/note_history_files.h"
 #include "tests/windows/note_set_files.h"
 #include "tests/windows/note_steps.h"
@@ -111,6 +112,26 @@ TEST(EarlierNotes, MarksWhatDiffersFromTheNoteAsItIs) {
     EXPECT_TRUE(std::any_of(labels.begin(), labels.end(), [](HWND label) {
         return TextOf(label) == "Underlined: only in the earlier text. Struck out: only in the note as it is now.";
     }));
+}
+
+// Windows scales an open dialog by giving its controls other fonts, and with these the text loses its marks. Wine keeps
+// them, so they are taken away here.
+TEST(EarlierNotes, KeepsTheMarksOnAnotherScreen) {
+    const ScratchFolder folder = FolderWithNote("one two");
+    WriteNoteHistory(folder, "Mine", {{kMorning, 1, KeptReason::kReplaced, "one 2"}});
+    Program program = StartProgram(folder);
+    const HWND dialog = OpenEarlierNotes(program);
+    EXPECT_EQ(MarksOf(program, dialog), "    ---_");
+    CHARFORMATA plain{};
+    plain.cbSize = sizeof plain;
+    plain.dwMask = CFM_UNDERLINE | CFM_STRIKEOUT;
+    AskAbout(program, Child(dialog, {IDC_STATE_TEXT}), EM_SETCHARFORMAT, SCF_ALL, plain);
+    EXPECT_EQ(MarksOf(program, dialog), "        ");
+    RECT place = RectOnScreen(dialog);
+    AskAbout(program, dialog, WM_DPICHANGED, MAKEWPARAM(144, 144), place);
+    Settle(program);
+    EXPECT_EQ(MarksOf(program, dialog), "    ---_");
+    Close(program);
 }
 
 TEST(EarlierNotes, SaysWhenThereAreNone) {
