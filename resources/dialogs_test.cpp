@@ -236,6 +236,15 @@ TEST(Dialogs, HaveTheExpectedTitles) {
     for (const ExpectedTitle& expected : kTitles) EXPECT_EQ(Dialog(expected.dialog).title, expected.title);
 }
 
+TEST(Dialogs, HaveTheSystemsFontForDialogs) {
+    const std::string text = FileText(VERSEWELL_SOURCE_DIR "/resources/dialogs.rc");
+    std::size_t fonts = 0;
+    for (std::size_t at = text.find("\nFONT "); at != std::string::npos; at = text.find("\nFONT ", at + 1), ++fonts)
+        EXPECT_EQ(text.substr(at + 1, 22), "FONT 8, \"MS Shell Dlg\"");
+    EXPECT_EQ(fonts, Script().dialogs.size());
+    for (const DialogScript& dialog : Script().dialogs) EXPECT_THAT(dialog.styles, HasSubstr("DS_SHELLFONT"));
+}
+
 TEST(Dialogs, HaveTheExpectedControls) {
     for (const ExpectedControl& expected : kControls) {
         const DialogScript& dialog = Dialog(expected.dialog);
@@ -350,7 +359,8 @@ TEST(Dialogs, ButtonsHaveTheSameSize) {
     for (const DialogScript& dialog : Script().dialogs)
         for (const DialogControl& control : dialog.controls)
             if (control.kind.ends_with("PUSHBUTTON")) {
-                EXPECT_EQ(control.width, 50) << dialog.name << " " << control.text;
+                EXPECT_EQ(control.width, control.text == "&Restore Note" ? 56 : 50)
+                    << dialog.name << " " << control.text;
                 EXPECT_EQ(control.height, 14) << dialog.name << " " << control.text;
             }
 }

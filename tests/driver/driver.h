@@ -257,6 +257,10 @@ struct ScrollState {
 };
 ScrollState VerticalScroll(const Program& program, HWND window);
 
+// What `text` takes in the font of `window`, in pixels: in one line, or in lines of at most `width` if that is not 0.
+// `format` adds flags of DrawText.
+SIZE SizeOfText(const Program& program, HWND window, std::string_view text, int width = 0, UINT format = 0);
+
 // Makes the program exit with code 9, as if killed, just before its file operation number `last` from now (opening,
 // reading, flushing, closing, deleting, renaming and so on). A write counts as two operations, because it can also be
 // interrupted in the middle.

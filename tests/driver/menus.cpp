@@ -144,6 +144,15 @@ ScrollState VerticalScroll(const Program& program, HWND window) {
     return {info.nMin, info.nMax, static_cast<int>(info.nPage), info.nPos};
 }
 
+SIZE SizeOfText(const Program& program, HWND window, std::string_view text, int width, UINT format) {
+    Probe probe = Question(ProbeQuestion::SizeOfText, nullptr, format);
+    probe.window = window;
+    probe.size.cx = width;
+    if (text.size() >= sizeof probe.text) Fail(&program, "too long to be measured: " + std::string(text));
+    text.copy(probe.text, text.size());
+    return AskProbe(program, probe).size;
+}
+
 void EndAtFileOperation(const Program& program, unsigned last) {
     AskProbe(program, Question(ProbeQuestion::EndAtFileOperation, nullptr, last));
 }

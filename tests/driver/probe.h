@@ -20,6 +20,7 @@ enum class ProbeQuestion : int {
     MenuItemById,        // the same for the command `item`
     VerticalScroll,      // scroll: of `window`
     EndAtFileOperation,  // see file_operations.h; `item` is the number
+    SizeOfText,          // size: of `text` in the font of `window`; `item` is as in SizeOfText of driver.h
     TypeWithAltGr,       // see alt_gr.h; `item` is the key, `id` the character
     AccessibleWindow,    // see accessible_probe.h; memory: a ToldWindow about `window`
     AccessibleChild,     // result, memory: a ToldChild about the child `item` of `window`
@@ -39,6 +40,7 @@ struct Probe {
     UINT id = 0;
     SCROLLINFO scroll{};
     void* memory = nullptr;  // in the program
+    SIZE size{};             // its cx is the most width of a line that is broken; 0: it is not broken
     char text[512] = "";
 };
 

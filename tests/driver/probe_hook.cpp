@@ -27,6 +27,18 @@ static void AnswerAccessible(Probe& probe) {
     }
 }
 
+static void MeasureText(Probe& probe) {
+    const HDC dc = GetDC(probe.window);
+    auto* font = reinterpret_cast<HFONT>(SendMessageA(probe.window, WM_GETFONT, 0, 0));
+    const HGDIOBJ before = SelectObject(dc, font != nullptr ? font : GetStockObject(SYSTEM_FONT));
+    RECT room{0, 0, probe.size.cx, 0};
+    const UINT lines = probe.size.cx == 0 ? DT_SINGLELINE : DT_WORDBREAK;
+    DrawTextA(dc, probe.text, -1, &room, DT_CALCRECT | lines | probe.item);
+    SelectObject(dc, before);
+    ReleaseDC(probe.window, dc);
+    probe.size = {room.right, room.bottom};
+}
+
 static void Answer(Probe& probe) {
     switch (probe.question) {
         case ProbeQuestion::QueueState:
@@ -43,6 +55,7 @@ static void Answer(Probe& probe) {
             GetScrollInfo(probe.window, SB_VERT, &probe.scroll);
             break;
         case ProbeQuestion::EndAtFileOperation: EndAtFileOperation(probe.item); break;
+        case ProbeQuestion::SizeOfText: MeasureText(probe); break;
         case ProbeQuestion::TypeWithAltGr: TypeWithAltGr(probe.item, static_cast<wchar_t>(probe.id)); break;
         default: AnswerAccessible(probe); break;
     }
