@@ -30,7 +30,7 @@ static std::string TextOfNote(int verse) {
 
 static void WriteLargeSet(const ScratchFolder& folder) {
     std::map<int, std::string> notes;
-    for (int verse = 0; verse < kVerses; ++verse) notes[verse] = TextOfNote(verse);
+    for (int verse = 0; verse < kVerseCount; ++verse) notes[verse] = TextOfNote(verse);
     WriteNoteSet(folder, "Large", notes);
 }
 

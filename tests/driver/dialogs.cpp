@@ -35,6 +35,11 @@ void WaitForNoDialog(const Program& program) {
     Settle(program);
 }
 
+void CloseWithEsc(const Program& program) {
+    Press(program, "Esc");
+    WaitForNoDialog(program);
+}
+
 std::string MessageText(HWND messageBox) {
     for (const HWND child : ChildrenOf(messageBox))
         if (ClassOf(child) == "Static" && !TextOf(child).empty()) return TextOf(child);

@@ -152,6 +152,7 @@ std::string DescribeWindows(const Program& program);
 // Waits for the program's dialog or message box of this title.
 HWND WaitForDialog(const Program& program, std::string_view title);
 void WaitForNoDialog(const Program& program);  // until none is open
+void CloseWithEsc(const Program& program);     // presses Esc and waits until no dialog is open
 bool HasDialog(const Program& program);
 std::string MessageText(HWND messageBox);         // the text of a message box
 std::string IconOf(HWND messageBox);              // "stop", "question", "exclamation", "information" or "none"

@@ -41,12 +41,19 @@ void Fail(const Program* program, const std::string& text) {
     throw std::runtime_error(whole);
 }
 
+// Short at first, because most things happen at once, then longer: each look asks Wine's server many questions, which
+// take the program's time too.
+static std::chrono::milliseconds PauseAfter(std::chrono::steady_clock::duration waited) {
+    return std::chrono::milliseconds(waited < std::chrono::milliseconds(50) ? 5 : 20);
+}
+
 void WaitUntil(const Program& program, std::string_view what, const std::function<bool()>& isSo,
                std::chrono::milliseconds patience) {
-    const auto deadline = std::chrono::steady_clock::now() + patience;
+    const auto start = std::chrono::steady_clock::now();
     while (!isSo()) {
-        if (std::chrono::steady_clock::now() > deadline) Fail(&program, "waited in vain for " + std::string(what));
-        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+        const auto waited = std::chrono::steady_clock::now() - start;
+        if (waited > patience) Fail(&program, "waited in vain for " + std::string(what));
+        std::this_thread::sleep_for(PauseAfter(waited));
     }
 }
 

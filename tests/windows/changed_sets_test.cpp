@@ -19,17 +19,16 @@ using testing::HasSubstr;
 
 using Notes = std::map<int, std::string>;
 
-static constexpr int kLast = kVerses - 1;
 static constexpr auto kBold = Style::kBold;
 static constexpr auto kRegular = Style::kRegular;
 
 // Each text of one state begins at another place than that of the other state.
-static const Notes kHome = {{0, "Home, one."}, {5, "Home, six."}, {145, "Home, grace."}, {kLast, "Home, last."}};
+static const Notes kHome = {{0, "Home, one."}, {5, "Home, six."}, {145, "Home, grace."}, {kLastVerse, "Home, last."}};
 static const Notes kOffice = {{0, "Office, the first verse."},
                               {2, "Office, three."},
                               {5, "Office, six, longer than at home."},
                               {145, "Office: grace"},
-                              {kLast, "Office: end"}};
+                              {kLastVerse, "Office: end"}};
 
 // Each file is written beside the old one and renamed over it.
 static void Bring(const ScratchFolder& folder, const Notes& notes,

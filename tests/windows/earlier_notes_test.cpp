@@ -51,11 +51,6 @@ static std::string ShownText(HWND dialog) {
     return TextOf(dialog, IDC_STATE_TEXT);
 }
 
-static void Close(const Program& program) {
-    Press(program, "Esc");
-    WaitForNoDialog(program);
-}
-
 TEST(EarlierNotes, ListsTheTextsOfTheVerseLatestFirst) {
     const ScratchFolder folder = FolderWithNote("as it is now");
     WriteNoteHistory(folder, "Mine",
@@ -79,7 +74,7 @@ TEST(EarlierNotes, ListsTheTextsOfTheVerseLatestFirst) {
     EXPECT_EQ(ShownText(dialog), "as it is now");
     Press(program, "End");
     EXPECT_THAT(ShownText(dialog), HasSubstr("the first\r\n\r\ntext of all"));
-    Close(program);
+    CloseWithEsc(program);
     EXPECT_EQ(TextOf(NoteViewOf(program)), "as it is now");
     EXPECT_EQ(FocusOf(program), NoteViewOf(program));
 }
@@ -131,7 +126,7 @@ TEST(EarlierNotes, KeepsTheMarksOnAnotherScreen) {
     AskAbout(program, dialog, WM_DPICHANGED, MAKEWPARAM(144, 144), place);
     Settle(program);
     EXPECT_EQ(MarksOf(program, dialog), "    ---_");
-    Close(program);
+    CloseWithEsc(program);
 }
 
 TEST(EarlierNotes, SaysWhenThereAreNone) {
@@ -141,7 +136,7 @@ TEST(EarlierNotes, SaysWhenThereAreNone) {
     EXPECT_FALSE(IsWindowEnabled(Child(dialog, {IDOK})));
     EXPECT_FALSE(IsWindowEnabled(Child(dialog, {IDC_COPY_STATE})));
     SavePicture(PictureOfWindow(dialog), "earlier-notes-none");
-    Close(program);
+    CloseWithEsc(program);
 }
 
 TEST(EarlierNotes, CopiesTheTextWithoutMarks) {
@@ -152,7 +147,7 @@ TEST(EarlierNotes, CopiesTheTextWithoutMarks) {
     SetClipboardText("before");
     Press(program, "Alt+c");
     EXPECT_EQ(ClipboardText(), "old\r\ntext");
-    Close(program);
+    CloseWithEsc(program);
 }
 
 // Restore only opens the editor; the text is stored when it is saved there.

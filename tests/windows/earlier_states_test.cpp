@@ -21,7 +21,7 @@ using testing::HasSubstr;
 using testing::Not;
 using testing::StartsWith;
 
-static constexpr char kTitle[] = "Earlier States of Note Sets";
+static constexpr char kStatesTitle[] = "Earlier States of Note Sets";
 static const std::map<int, std::string> kThen = {{0, "first"}, {7, "seven then"}, {40, "gone since"}};
 static const std::map<int, std::string> kToday = {{0, "first"}, {7, "seven now"}, {31101, "the last"}};
 
@@ -53,7 +53,7 @@ static std::string Day(WORD day) {
 
 static HWND OpenStates(const Program& program) {
     Command(program, IDM_EARLIER_STATES);
-    return WaitForDialog(program, kTitle);
+    return WaitForDialog(program, kStatesTitle);
 }
 
 static std::vector<std::string> LinesOf(HWND dialog, int list) {
@@ -69,11 +69,6 @@ static void Choose(const Program& program, HWND dialog, int list, const std::str
     Press(program, list == IDC_STATES ? "Alt+e" : "Alt+n");
     Press(program, "Home");
     for (auto line = lines.begin(); line != found; ++line) Press(program, "Down");
-}
-
-static void Close(const Program& program) {
-    Press(program, "Esc");
-    WaitForNoDialog(program);
 }
 
 static bool IsSet(const ScratchFolder& folder, const std::string& name, const std::map<int, std::string>& notes) {
@@ -121,7 +116,7 @@ TEST(EarlierStates, ListsTheCopiesAndWhatDiffers) {
     EXPECT_EQ(TextOf(dialog, IDC_STATE_TEXT), "five");
     EXPECT_FALSE(IsWindowEnabled(Child(dialog, {IDOK})));  // there is no set for the note
     EXPECT_TRUE(IsWindowEnabled(Child(dialog, {IDC_RESTORE_SET})));
-    Close(program);
+    CloseWithEsc(program);
 }
 
 TEST(EarlierStates, SaysWhenThereAreNone) {
@@ -130,7 +125,7 @@ TEST(EarlierStates, SaysWhenThereAreNone) {
     EXPECT_THAT(TextOf(dialog, IDC_STATE_TEXT), StartsWith("There are no earlier states."));
     for (const int button : {IDOK, IDC_RESTORE_SET}) EXPECT_FALSE(IsWindowEnabled(Child(dialog, {button})));
     SavePicture(PictureOfWindow(dialog), "earlier-states-none");
-    Close(program);
+    CloseWithEsc(program);
 }
 
 TEST(EarlierStates, BringsANoteBackThroughTheEditor) {
@@ -165,7 +160,7 @@ TEST(EarlierStates, ReplaceTheSetAfterAQuestion) {
         if (*answer == 'n') {
             WaitUntil(program, "the dialog", [&] { return ActiveWindowOf(program) == dialog; });
             EXPECT_TRUE(IsSet(folder, "Mine", kToday));
-            Close(program);
+            CloseWithEsc(program);
         }
     }
     WaitForNoDialog(program);
@@ -249,7 +244,7 @@ TEST(EarlierStates, StayOpenWhenASetCannotBeRestored) {
         "changed.");
     EXPECT_TRUE(IsWindow(dialog));
     EXPECT_EQ(FocusOf(program), Child(dialog, {IDC_SET_NAME}));
-    Close(program);
+    CloseWithEsc(program);
 }
 
 // ---- A damaged set at the start -------------------------------------------------------------------------------------
@@ -272,7 +267,7 @@ TEST(EarlierStates, AreOfferedForADamagedSetAtTheStart) {
     EXPECT_TRUE(MessageText(box).ends_with(kOffer));
     EXPECT_THAT(ButtonsOf(box), ElementsAre("&Yes", "&No"));
     PostMessageA(box, WM_COMMAND, IDYES, 0);
-    const HWND dialog = WaitForDialog(program, kTitle);
+    const HWND dialog = WaitForDialog(program, kStatesTitle);
     WaitForFrame(program);
     EXPECT_THAT(LinesOf(dialog, IDC_STATES), Contains(Day(5) + "\tMine\tthis copy is damaged"));
     EXPECT_EQ(SendDlgItemMessageA(dialog, IDC_STATES, LB_GETCURSEL, 0, 0), 2);  // the latest whole one

@@ -150,7 +150,7 @@ TEST(Fonts, NotesFontChangesImmediately) {
 
 static constexpr int kAddToCustomColors = 712;  // ids in the system's dialog: a button, and the custom colour squares
 static constexpr int kCustomColors = 721;
-static constexpr int kRed = 706, kGreen = 707, kBlue = 708;
+static constexpr int kRedPart = 706, kGreenPart = 707, kBluePart = 708;
 
 static HWND OpenColorDialog(const Program& program) {
     PostMessageA(program.frame, WM_COMMAND, IDM_HIGHLIGHT_COLOR, 0);
@@ -160,11 +160,11 @@ static HWND OpenColorDialog(const Program& program) {
 }
 
 static std::string ColorOnOffer(HWND dialog) {
-    return TextOf(dialog, kRed) + " " + TextOf(dialog, kGreen) + " " + TextOf(dialog, kBlue);
+    return TextOf(dialog, kRedPart) + " " + TextOf(dialog, kGreenPart) + " " + TextOf(dialog, kBluePart);
 }
 
 static void TypeColor(HWND dialog) {
-    for (const auto& [field, value] : {std::pair{kRed, "192"}, {kGreen, "0"}, {kBlue, "128"}})
+    for (const auto& [field, value] : {std::pair{kRedPart, "192"}, {kGreenPart, "0"}, {kBluePart, "128"}})
         SetDlgItemTextA(dialog, field, value);
 }
 

@@ -58,13 +58,13 @@ static SaveState StateOf(const ScratchFolder& folder, const std::string& dataBef
     using enum SaveState;
     if (!HasFile(folder, "Mine.nmd")) return kNoData;
     const std::string index = ReadFile(folder, "Mine.nmi");
-    if (index.size() != std::size_t{kVerses} * 4) return kIndexTorn;
+    if (index.size() != std::size_t{kVerseCount} * 4) return kIndexTorn;
     const std::string data = ReadFile(folder, "Mine.nmd");
     if (index != IndexOf(data)) return kIndexStale;
     if (data != dataBefore) return kSaved;
     if (!HasFile(folder, "Mine.nmd.temp")) return kUntouched;
     const std::string temp = ReadFile(folder, "Mine.nmd.temp");
-    return std::count(temp.begin(), temp.end(), '\0') == kVerses ? kTempWhole : kTempTorn;
+    return std::count(temp.begin(), temp.end(), '\0') == kVerseCount ? kTempWhole : kTempTorn;
 }
 
 static void ExpectFilesOf(const ScratchFolder& folder, const std::map<int, std::string>& notes) {
@@ -174,7 +174,7 @@ static void KillAtFileOperations(const NoteEdit& edit, unsigned turn) {
         }
     }
     std::set<SaveState> all = {kUntouched, kTempTorn, kTempWhole, kNoData, kIndexStale, kIndexTorn, kSaved};
-    if (edit.verse == kVerses - 1) all.erase(kIndexStale);    // no later note moves
+    if (edit.verse == kLastVerse) all.erase(kIndexStale);     // no later note moves
     if (!IsLongRun()) all = {kUntouched, kTempTorn, kSaved};  // the others last for one or two operations
     EXPECT_THAT(seen, testing::IsSupersetOf(all));
 }
@@ -188,5 +188,5 @@ TEST(KilledSave, KeepsAllNotesWhenAMiddleOneShrinks) {
 }
 
 TEST(KilledSave, KeepsAllOtherNotesWhenTheLastIsEmptied) {
-    KillAtFileOperations({kVerses - 1, {0, -1}, "", "", "No note for Revelation 22:21."}, 2);
+    KillAtFileOperations({kLastVerse, {0, -1}, "", "", "No note for Revelation 22:21."}, 2);
 }

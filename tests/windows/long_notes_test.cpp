@@ -42,20 +42,6 @@ static Program ProgramWithNotes(const std::map<int, std::string>& notes) {
     return StartProgram(folder);
 }
 
-static Program ProgramInEditor(const std::string& note) {
-    Program program = ProgramWithNotes({{0, note}});
-    OpenNoteEditor(program);
-    return program;
-}
-
-static std::string Typed(const Program& program) {
-    return TextOf(NoteEditOf(program));
-}
-
-static std::string StoredNote(const Program& program) {
-    return ReadFile(program.folder, "Mine.nmd").c_str();  // up to its NUL
-}
-
 // Searches the notes and returns what is selected then, in the text of the view.
 static TextSelection SelectionAfterSearch(const Program& program, const std::string& text) {
     Press(program, "Alt+t");
@@ -137,7 +123,7 @@ TEST(LongNote, LooksTheSameBeforeAndAfterItIsAsked) {
 TEST(LongLine, IsEditedAsItIsStored) {
     const std::string line = LongLineWithWord();
     Program program = ProgramInEditor(line + "\r\nlast");
-    EXPECT_TRUE(Typed(program) == line + "\r\nlast");
+    EXPECT_TRUE(TextInEditor(program) == line + "\r\nlast");
     const HWND edit = NoteEditOf(program);
     Click(program, edit, PointOfCharacter(program, edit, 20));
     Type(program, "Y");
@@ -145,9 +131,9 @@ TEST(LongLine, IsEditedAsItIsStored) {
     Type(program, "Z");
     SavePicture(PictureOfWindow(program.frame), "long-line-editor");
     const std::string changed = std::string(line).insert(20, "Y").insert(kPlace + 1, "Z") + "\r\nlast";
-    EXPECT_TRUE(Typed(program) == changed);
+    EXPECT_TRUE(TextInEditor(program) == changed);
     Press(program, "Ctrl+s");
-    EXPECT_TRUE(StoredNote(program) == changed);
+    EXPECT_TRUE(StoredEdit(program) == changed);
     EXPECT_TRUE(TextOf(NoteViewOf(program)) == changed);
 }
 
@@ -169,22 +155,22 @@ TEST(LongLine, MayHaveAnyCharacters) {
          {std::string("0123456789"), std::string("%"), std::string("1 "), std::string("1,2;3:4"), std::string("a1"),
           std::string("a,b ; "), BytesFrom('!', '~'), BytesFrom(0x80, 0x9F), BytesFrom(0xA0, 0xFF)}) {
         const std::string line = Repeated(part);
-        Program program = ProgramWithNotes({{0, line}, {1, "short"}});
+        Program program = StartProgram(FolderToEdit(line));
         const HWND view = NoteViewOf(program);
         EXPECT_TRUE(TextOf(view) == line) << part;
         const LRESULT rows = SendMessageA(view, EM_GETLINECOUNT, 0, 0);
         EXPECT_GT(rows, 200) << part;
         OpenNoteEditor(program);
-        EXPECT_TRUE(Typed(program) == line) << part;
+        EXPECT_TRUE(TextInEditor(program) == line) << part;
         SelectRich(program, NoteEditOf(program), {kPlace, kPlace});
         Type(program, "xy");
         Press(program, "Back");
         const std::string changed = std::string(line).insert(kPlace, "x");
-        EXPECT_TRUE(Typed(program) == changed) << part;
+        EXPECT_TRUE(TextInEditor(program) == changed) << part;
         Press(program, "Ctrl+s");
-        EXPECT_TRUE(StoredNote(program) == changed) << part;
+        EXPECT_TRUE(StoredEdit(program) == changed) << part;
         Command(program, IDM_NEXT_NOTE);
-        EXPECT_EQ(TextOf(view), "short");
+        EXPECT_EQ(TextOf(view), "Of another verse.");
     }
 }
 
@@ -195,24 +181,24 @@ TEST(LongLine, IsPastedAndTakenBackInOneStep) {
     SetClipboardText(line);
     Press(program, "Ctrl+v");
     const std::string pasted = "before " + line + "and after";
-    EXPECT_TRUE(Typed(program) == pasted);
+    EXPECT_TRUE(TextInEditor(program) == pasted);
     Type(program, "xy");
-    EXPECT_TRUE(Typed(program) == "before " + line + "xyand after");
+    EXPECT_TRUE(TextInEditor(program) == "before " + line + "xyand after");
     Press(program, "Ctrl+z");
-    EXPECT_TRUE(Typed(program) == pasted);
+    EXPECT_TRUE(TextInEditor(program) == pasted);
     Press(program, "Ctrl+z");
-    EXPECT_EQ(Typed(program), "before and after");
+    EXPECT_EQ(TextInEditor(program), "before and after");
     EXPECT_TRUE(IsGreyed(program, IDM_UNDO));
     Press(program, "Ctrl+y");
-    EXPECT_TRUE(Typed(program) == pasted);
+    EXPECT_TRUE(TextInEditor(program) == pasted);
     Press(program, "Ctrl+a");
     Press(program, "Ctrl+x");
-    EXPECT_EQ(Typed(program), "");
+    EXPECT_EQ(TextInEditor(program), "");
     EXPECT_TRUE(ClipboardText() == pasted);
     Press(program, "Ctrl+z");
-    EXPECT_TRUE(Typed(program) == pasted);
+    EXPECT_TRUE(TextInEditor(program) == pasted);
     Press(program, "Ctrl+s");
-    EXPECT_TRUE(StoredNote(program) == pasted);
+    EXPECT_TRUE(StoredEdit(program) == pasted);
 }
 
 TEST(LongLine, GrowsByPastes) {
@@ -224,11 +210,11 @@ TEST(LongLine, GrowsByPastes) {
         Press(program, "Ctrl+v");
         whole += part;
     }
-    EXPECT_TRUE(Typed(program) == whole);
+    EXPECT_TRUE(TextInEditor(program) == whole);
     for (int times = 0; times < 8; ++times) {
         Press(program, "Ctrl+z");
         whole.resize(whole.size() - part.size());
-        EXPECT_TRUE(Typed(program) == whole) << times;
+        EXPECT_TRUE(TextInEditor(program) == whole) << times;
     }
     EXPECT_TRUE(IsGreyed(program, IDM_UNDO));
 }

@@ -24,24 +24,6 @@ using testing::ElementsAre;
 
 static const std::string kNote = "The first line.\r\nA second one.\r\n";
 
-static Program ProgramAtNote(const std::string& note = kNote) {
-    const ScratchFolder folder = FolderWithScripture();
-    WriteNoteSet(folder, "Mine", {{57, note}, {115, "Of another verse."}});
-    WriteSetting(folder, "MISC", "NoteVerse", "57");
-    WriteSetting(folder, "MISC", "ReadVerse", "57");
-    return StartProgram(folder);
-}
-
-static Program ProgramInEditor(const std::string& note = kNote) {
-    Program program = ProgramAtNote(note);
-    OpenNoteEditor(program);
-    return program;
-}
-
-static std::string Typed(const Program& program) {
-    return TextOf(NoteEditOf(program));
-}
-
 // ---- Opening and closing --------------------------------------------------------------------------------------------
 
 TEST(NoteEditor, ShowsTheNoteExactlyAsStored) {
@@ -56,35 +38,35 @@ TEST(NoteEditor, ShowsTheNoteExactlyAsStored) {
     };
     for (const auto& [note, why] : kRows) {
         SCOPED_TRACE(why);
-        Program program = ProgramAtNote(note);
+        Program program = StartProgram(FolderToEdit(note));
         EXPECT_FALSE(IsShown(NoteEditorOf(program)));
         OpenNoteEditor(program);
-        EXPECT_EQ(Typed(program), note);
+        EXPECT_EQ(TextInEditor(program), note);
         EXPECT_EQ(FocusOf(program), NoteEditOf(program));
         EXPECT_FALSE(IsShown(NoteViewOf(program)));
         const TextSelection selection = RichSelection(program, NoteEditOf(program));
         EXPECT_EQ(selection.start, 0);
         EXPECT_EQ(selection.end, 0);
         Press(program, "Ctrl+z");
-        EXPECT_EQ(Typed(program), note) << "nothing to undo yet";
+        EXPECT_EQ(TextInEditor(program), note) << "nothing to undo yet";
     }
 }
 
 TEST(NoteEditor, CancelDiscardsTheText) {
-    Program program = ProgramInEditor();
+    Program program = ProgramInEditor(kNote);
     Type(program, "Typed in vain");
     ClickEditorButton(program, IDC_NOTE_CANCEL);
     EXPECT_FALSE(IsShown(NoteEditorOf(program)));
-    EXPECT_EQ(Typed(program), "");
+    EXPECT_EQ(TextInEditor(program), "");
     EXPECT_TRUE(IsShown(NoteViewOf(program)));
     EXPECT_EQ(FocusOf(program), NoteViewOf(program));
     EXPECT_EQ(TextOf(NoteViewOf(program)), kNote);
     OpenNoteEditor(program);
-    EXPECT_EQ(Typed(program), kNote);
+    EXPECT_EQ(TextInEditor(program), kNote);
 }
 
 TEST(NoteEditor, ShowsHiddenNotes) {
-    Program program = ProgramAtNote();
+    Program program = StartProgram(FolderToEdit(kNote));
     Press(program, "F4");
     OpenNoteEditor(program);
     EXPECT_TRUE(IsTicked(program, IDM_VIEW_NOTES));
@@ -94,11 +76,11 @@ TEST(NoteEditor, ShowsHiddenNotes) {
     EXPECT_NE(FocusOf(program), NoteEditOf(program)) << "a hidden editor must not have the focus";
     Press(program, "F4");
     EXPECT_TRUE(IsShown(NoteEditorOf(program)));
-    EXPECT_EQ(Typed(program), "Kept. " + kNote);
+    EXPECT_EQ(TextInEditor(program), "Kept. " + kNote);
 }
 
 TEST(NoteEditor, DoesNotOpenWhenTheNoteCannotBeRead) {
-    Program program = ProgramAtNote();
+    Program program = StartProgram(FolderToEdit(kNote));
     std::filesystem::rename(program.folder.path / "Mine.nmd", program.folder.path / "away.nmd");
     Press(program, "Alt+e");
     EXPECT_EQ(MessageText(WaitForDialog(program, "Error")), "Error reading note file");
@@ -120,7 +102,7 @@ static std::vector<LONG> Sides(const RECT& rect) {
 }
 
 TEST(NoteEditor, HasButtonsInARowAboveTheText) {
-    Program program = ProgramInEditor();
+    Program program = ProgramInEditor(kNote);
     for (const auto& [width, height] : {std::pair{1200, 900}, {640, 480}, {300, 260}, {200, 150}}) {
         PlaceFrame(program, {20, 20, 20 + width, 20 + height});
         SCOPED_TRACE(width);
@@ -144,7 +126,7 @@ TEST(NoteEditor, HasButtonsInARowAboveTheText) {
 
 // The text of the line cannot be read from outside, so compare pictures: it must differ for different verses.
 TEST(NoteEditor, ShowsWhichNoteIsEdited) {
-    Program program = ProgramInEditor();
+    Program program = ProgramInEditor(kNote);
     const Picture first = PictureOfWindow(NoteEditorOf(program));
     const RECT line{180, 0, 500, 21};
     EXPECT_GT(CountColors(first, line), 1);
@@ -177,7 +159,7 @@ static std::vector<int> Greyed(const Program& program) {
 }
 
 TEST(NoteEditor, GreysCommandsThatWouldChangeTheNote) {
-    Program program = ProgramAtNote();
+    Program program = StartProgram(FolderToEdit(kNote));
     const std::vector<int> before = Greyed(program);
     EXPECT_THAT(before, Contains(IDM_NOTE_FOR_LIST));
     OpenNoteEditor(program);
@@ -196,7 +178,7 @@ TEST(NoteEditor, GreysCommandsThatWouldChangeTheNote) {
 
 // Commands may arrive even while they are greyed, and the Passage may move while the notes are bound to it.
 TEST(NoteEditor, KeepsItsVerseDespiteOtherCommands) {
-    Program program = ProgramInEditor();
+    Program program = ProgramInEditor(kNote);
     Type(program, "Mine. ");
     for (const int command : kWaiting) {
         Command(program, command);
@@ -211,7 +193,7 @@ TEST(NoteEditor, KeepsItsVerseDespiteOtherCommands) {
     EXPECT_EQ(Top(program), "Genesis 5:10");
     Command(program, IDM_GOTO_BOOK + 40);
     EXPECT_EQ(StatusPart(program, 2), "Genesis 3:2");
-    EXPECT_EQ(Typed(program), "Mine. " + kNote);
+    EXPECT_EQ(TextInEditor(program), "Mine. " + kNote);
     EXPECT_TRUE(IsShown(NoteEditorOf(program)));
     ClickEditorButton(program, IDC_NOTE_CANCEL);
     EXPECT_EQ(StatusPart(program, 2), "Genesis 3:2") << "the note must not change until the next move";
@@ -238,13 +220,13 @@ TEST(NoteEditor, HandlesTheKeysOfAPlainTextEditor) {
     for (const auto& [keys, typed, expected] : kSteps) {
         Press(program, keys);
         if (*typed) Type(program, typed);
-        EXPECT_EQ(Typed(program), expected) << keys;
+        EXPECT_EQ(TextInEditor(program), expected) << keys;
     }
     Press(program, "Ctrl+a");
     Press(program, "Delete");
-    EXPECT_EQ(Typed(program), "");
+    EXPECT_EQ(TextInEditor(program), "");
     Press(program, "Ctrl+z");
-    EXPECT_EQ(Typed(program), kSteps[std::size(kSteps) - 1].expected);
+    EXPECT_EQ(TextInEditor(program), kSteps[std::size(kSteps) - 1].expected);
     EXPECT_EQ(Top(program), "Genesis 3:2") << "no key has moved the Passage";
 }
 
@@ -276,7 +258,7 @@ TEST(NoteEditor, RefusesFormatting) {
         SelectRich(program, NoteEditOf(program), {0, 5});
         Press(program, keys);
         EXPECT_EQ(Effects(program), 0u) << keys;
-        EXPECT_EQ(Typed(program), "plain") << keys;
+        EXPECT_EQ(TextInEditor(program), "plain") << keys;
     }
 }
 
@@ -301,17 +283,17 @@ TEST(NoteEditor, PastesOnlyPlainText) {
         OfferBoldText("bold");
         SelectRich(program, NoteEditOf(program), {6, -1});
         Press(program, keys);
-        EXPECT_EQ(Typed(program), "plain bold") << keys;
+        EXPECT_EQ(TextInEditor(program), "plain bold") << keys;
         EXPECT_EQ(Effects(program), 0u) << keys;
     }
     SetClipboardText("{\\rtf1 one}\ntwo\r\nthree");
     Press(program, "Ctrl+a");
     Press(program, "Ctrl+v");
-    EXPECT_EQ(Typed(program), "{\\rtf1 one}\r\ntwo\r\nthree") << "with line ends as in notes";
+    EXPECT_EQ(TextInEditor(program), "{\\rtf1 one}\r\ntwo\r\nthree") << "with line ends as in notes";
 }
 
 TEST(NoteEditor, TabKeysMoveBetweenControls) {
-    Program program = ProgramInEditor();
+    Program program = ProgramInEditor(kNote);
     const HWND editor = NoteEditorOf(program);
     for (const int control : {IDC_NOTE_SAVE, IDC_NOTE_CANCEL, IDC_NOTE_HELP, IDC_NOTE_EDIT}) {
         Press(program, FocusOf(program) == NoteEditOf(program) ? "Ctrl+Tab" : "Tab");
@@ -321,7 +303,7 @@ TEST(NoteEditor, TabKeysMoveBetweenControls) {
         Press(program, "Shift+Tab");
         EXPECT_EQ(FocusOf(program), Child(editor, {control})) << control;
     }
-    EXPECT_EQ(Typed(program), kNote) << "a Tab was typed";
+    EXPECT_EQ(TextInEditor(program), kNote) << "a Tab was typed";
     Press(program, "Enter");
     EXPECT_FALSE(IsShown(editor));
     OpenNoteEditor(program);
@@ -333,11 +315,11 @@ TEST(NoteEditor, TabKeysMoveBetweenControls) {
     EXPECT_EQ(MessageText(WaitForDialog(program, "Versewell97")), "Do you want to save the note for Genesis 3:2?");
     Press(program, "Esc");
     WaitForNoDialog(program);
-    EXPECT_EQ(Typed(program), "Not lost by Esc. " + kNote);
+    EXPECT_EQ(TextInEditor(program), "Not lost by Esc. " + kNote);
 }
 
 TEST(NoteEditor, HelpButtonAsksForHelp) {
-    Program program = ProgramInEditor();
+    Program program = ProgramInEditor(kNote);
     ClickEditorButton(program, IDC_NOTE_HELP);
     WaitForDialog(program, "Help");
     Press(program, "Enter");
@@ -370,7 +352,7 @@ static void WaitForStates(const Program& program, const std::string& states) {
 
 TEST(NoteEditor, EnablesCutCopyAndPasteWhenPossible) {
     EmptyTheClipboard();
-    Program program = ProgramInEditor();
+    Program program = ProgramInEditor(kNote);
     const HWND edit = NoteEditOf(program);
     EXPECT_EQ(EditStates(program), "");
     SelectRich(program, edit, {4, 9});
@@ -403,16 +385,16 @@ TEST(NoteEditor, CutsCopiesAndPastes) {
     const HWND edit = NoteEditOf(program);
     SelectRich(program, edit, {0, 4});
     Press(program, "Ctrl+x");
-    EXPECT_EQ(Typed(program), "two three");
+    EXPECT_EQ(TextInEditor(program), "two three");
     EXPECT_EQ(ClipboardText(), "one ");
     EXPECT_EQ(EditStates(program), "Paste ");
     Press(program, "Ctrl+End");
     Press(program, "Ctrl+v");
-    EXPECT_EQ(Typed(program), "two threeone ");
+    EXPECT_EQ(TextInEditor(program), "two threeone ");
     SelectRich(program, edit, {4, 9});
     Press(program, "Ctrl+c");
     EXPECT_EQ(ClipboardText(), "three");
-    EXPECT_EQ(Typed(program), "two threeone ");
+    EXPECT_EQ(TextInEditor(program), "two threeone ");
     Press(program, "Ctrl+a");
     Press(program, "Ctrl+c");
     EXPECT_EQ(ClipboardText(), "two threeone ") << "without an extra line end";
@@ -420,12 +402,12 @@ TEST(NoteEditor, CutsCopiesAndPastes) {
     Press(program, "Shift+Delete");
     EXPECT_EQ(ClipboardText(), "two ");
     Press(program, "Shift+Insert");
-    EXPECT_EQ(Typed(program), "two threeone ");
+    EXPECT_EQ(TextInEditor(program), "two threeone ");
     SelectRich(program, edit, {4, 9});
     Press(program, "Ctrl+Insert");
     EXPECT_EQ(ClipboardText(), "three");
     for (const int command : {IDM_COPY, IDM_CUT, IDM_PASTE}) Command(program, command);
-    EXPECT_EQ(Typed(program), "two threeone ");
+    EXPECT_EQ(TextInEditor(program), "two threeone ");
     EXPECT_EQ(EditStates(program), "Paste ");
 }
 

@@ -17,11 +17,11 @@ using testing::ElementsAre;
 using Notes = std::map<int, std::string>;
 
 static constexpr int kMiddle = 15000;
-static constexpr int kLast = 31101;
 
-static const Notes kNotes = {{0, "The first."},   {1, "And the second."},       {kMiddle - 1, "Before."},
-                             {kMiddle, "four"},   {kMiddle + 1, "Behind.\r\n"}, {kLast - 1, "The last but one."},
-                             {kLast, "The last."}};
+static const Notes kNotes = {
+    {0, "The first."},        {1, "And the second."},       {kMiddle - 1, "Before."},
+    {kMiddle, "four"},        {kMiddle + 1, "Behind.\r\n"}, {kLastVerse - 1, "The last but one."},
+    {kLastVerse, "The last."}};
 
 static ScratchFolder FolderWithNotes(int noteVerse) {
     const ScratchFolder folder = FolderWithScripture();
@@ -63,7 +63,7 @@ static bool IsEditing(const Program& program) {
 // A longer or shorter note moves all later ones; their texts and the offsets in the index must stay right.
 TEST(SavedNote, LeavesAllOtherNotesUnchanged) {
     static const std::string kTexts[] = {"ten chars.", "", "in\r\ntwo lines\r\n", "{\\rtf1 \xB6 \xE9}"};
-    for (const int verse : {0, kMiddle, kLast}) {
+    for (const int verse : {0, kMiddle, kLastVerse}) {
         Program program = StartProgram(FolderWithNotes(verse));
         Notes notes = kNotes;
         for (const std::string& text : kTexts) {

@@ -13,10 +13,9 @@
 #include "tests/windows/passage_pane.h"
 #include "tests/windows/search_steps.h"
 
-static constexpr int kLast = kVerses - 1;
 static constexpr char kTitle[] = "Search Note Set Mine";
 
-static Program ProgramWithNotes(const std::map<int, std::string>& notes, int noteVerse = 0) {
+static Program ProgramToSearch(const std::map<int, std::string>& notes, int noteVerse = 0) {
     const ScratchFolder folder = FolderWithScripture();
     WriteNoteSet(folder, "Mine", notes);
     WriteSetting(folder, "MISC", "NoteVerse", std::to_string(noteVerse));
@@ -56,7 +55,7 @@ static void ExpectNotFound(const Program& program) {
 // ---- What is found --------------------------------------------------------------------------------------------------
 
 TEST(NoteSearch, FindsWholeWordsOrSubstrings) {
-    Program program = ProgramWithNotes({{5, "My beloved is mine."}, {10, "two\r\nlines of Love"}, {kLast, "love"}});
+    Program program = ProgramToSearch({{5, "My beloved is mine."}, {10, "two\r\nlines of Love"}, {kLastVerse, "love"}});
     const HWND dialog = OpenSearch(program);
     EXPECT_FALSE(IsChecked(dialog, IDC_SUBSTRING));
     Type(program, "love");
@@ -83,7 +82,8 @@ TEST(NoteSearch, FindsWholeWordsOrSubstrings) {
 }
 
 TEST(NoteSearch, FindNextContinuesAndFindFirstStartsAgain) {
-    Program program = ProgramWithNotes({{3, "grace and grace\r\nand GRACE"}, {4, "no match"}, {kLast, "Grace."}}, 3);
+    Program program =
+        ProgramToSearch({{3, "grace and grace\r\nand GRACE"}, {4, "no match"}, {kLastVerse, "Grace."}}, 3);
     static constexpr const char* kPlaces[] = {"Genesis 1:4 [grace] at 0", "Genesis 1:4 [grace] at 10",
                                               "Genesis 1:4 [GRACE] at 21", "Revelation 22:21 [Grace] at 0"};
     OpenSearch(program);
@@ -103,7 +103,7 @@ TEST(NoteSearch, FindNextContinuesAndFindFirstStartsAgain) {
             const HWND progress = FindWindowA(nullptr, "Searching...");
             ASSERT_NE(progress, nullptr);
             EXPECT_TRUE(IsShown(GetDlgItem(progress, IDC_SEARCH_PROGRESS)));
-            EXPECT_EQ(SendDlgItemMessageA(progress, IDC_SEARCH_PROGRESS, PBM_GETPOS, 0, 0), kLast);
+            EXPECT_EQ(SendDlgItemMessageA(progress, IDC_SEARCH_PROGRESS, PBM_GETPOS, 0, 0), kLastVerse);
             SavePicture(PictureOfWindow(progress), "note-search-progress");
             SavePicture(PictureOfWindow(box), "note-search-not-found");
         }
@@ -122,7 +122,7 @@ TEST(NoteSearch, FindNextContinuesAndFindFirstStartsAgain) {
 }
 
 TEST(NoteSearch, StaysInTheSearchRange) {
-    Program program = ProgramWithNotes({{3, "grace"}, {100, "grace"}, {200, "grace"}}, 100);
+    Program program = ProgramToSearch({{3, "grace"}, {100, "grace"}, {200, "grace"}}, 100);
     SetSearchRange(program, "Ge 1 - 2");
     OpenSearch(program);
     Type(program, "grace");
@@ -144,7 +144,7 @@ TEST(NoteSearch, StaysInTheSearchRange) {
 // Deliberate: the end of a selection in the text "No note for ..." is the offset where the search of the next note
 // starts.
 TEST(NoteSearch, KeepsTheOffsetAcrossVersesWithoutNotes) {
-    Program program = ProgramWithNotes({{8, "grace, grace"}}, 5);
+    Program program = ProgramToSearch({{8, "grace, grace"}}, 5);
     SelectRich(program, NoteViewOf(program), {0, 3});
     OpenSearch(program);
     Type(program, "grace");
@@ -153,7 +153,7 @@ TEST(NoteSearch, KeepsTheOffsetAcrossVersesWithoutNotes) {
 }
 
 TEST(NoteSearch, ReportsAFileThatCannotBeRead) {
-    Program program = ProgramWithNotes({{3, "grace"}, {9, "grace"}}, 5);
+    Program program = ProgramToSearch({{3, "grace"}, {9, "grace"}}, 5);
     std::filesystem::rename(program.folder.path / "Mine.nmd", program.folder.path / "away.nmd");
     OpenSearch(program);
     Type(program, "grace");
@@ -170,7 +170,7 @@ TEST(NoteSearch, ReportsAFileThatCannotBeRead) {
 
 // The search reads notes and converts them to capitals; none of that text may get into the editor.
 TEST(NoteSearch, DoesNotChangeTheNoteInTheEditor) {
-    Program program = ProgramWithNotes({{0, "of Grace"}, {9, "Another note."}});
+    Program program = ProgramToSearch({{0, "of Grace"}, {9, "Another note."}});
     for (const char* text : {"nowhere", "grace"}) {
         OpenSearch(program);
         Type(program, text);
@@ -187,7 +187,7 @@ TEST(NoteSearch, DoesNotChangeTheNoteInTheEditor) {
 // ---- The dialog -----------------------------------------------------------------------------------------------------
 
 TEST(NoteSearch, RemembersItsOwnTextInCapitals) {
-    Program program = ProgramWithNotes({{3, "Grace"}});
+    Program program = ProgramToSearch({{3, "Grace"}});
     SearchFor(program, {"love", IDM_WORD_SEARCH});
     HWND dialog = OpenSearch(program);
     EXPECT_EQ(TextOf(dialog, IDC_NOTE_TEXT), "");
@@ -219,7 +219,7 @@ TEST(NoteSearch, RemembersItsOwnTextInCapitals) {
 
 // A match is shown even if the notes were hidden, and can be copied.
 TEST(NoteSearch, ShowsHiddenNotesAndTheMatchCanBeCopied) {
-    Program program = ProgramWithNotes({{3, "by grace alone"}});
+    Program program = ProgramToSearch({{3, "by grace alone"}});
     Command(program, IDM_VIEW_NOTES);
     OpenSearch(program);
     Type(program, "nothing");
@@ -245,7 +245,7 @@ TEST(NoteSearch, ShowsHiddenNotesAndTheMatchCanBeCopied) {
 // The selection overwrites the beginning of the last search text, and the text of the other searches is truncated to
 // its length.
 TEST(NoteSearch, StartsWithTheSelectionOfTheNote) {
-    Program program = ProgramWithNotes({{0, "hello, " + std::string(300, 'z')}});
+    Program program = ProgramToSearch({{0, "hello, " + std::string(300, 'z')}});
     SearchFor(program, {"the beginning", IDM_WORD_SEARCH});
     const auto select = [&](int start, int end) { SelectRich(program, NoteViewOf(program), {start, end}); };
     const auto field = [&](int command) {

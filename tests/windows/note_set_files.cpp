@@ -14,7 +14,7 @@ std::string IndexBytes(const std::vector<unsigned>& offsets) {
 void WriteNoteSet(const ScratchFolder& folder, const std::string& name, const std::map<int, std::string>& notes) {
     std::vector<unsigned> offsets;
     std::string data;
-    for (int verse = 0; verse < kVerses; ++verse) {
+    for (int verse = 0; verse < kVerseCount; ++verse) {
         offsets.push_back(static_cast<unsigned>(data.size()));
         const auto note = notes.find(verse);
         if (note != notes.end()) data += note->second;

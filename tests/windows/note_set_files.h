@@ -5,9 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "scripture/verse_records.h"
 #include "tests/driver/driver.h"
-
-constexpr int kVerses = 31102;
 
 // Content of an index file: `offsets` as little-endian unsigned 32-bit integers.
 std::string IndexBytes(const std::vector<unsigned>& offsets);

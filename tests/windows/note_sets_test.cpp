@@ -21,14 +21,8 @@ using testing::Not;
 using testing::StartsWith;
 using testing::UnorderedElementsAre;
 
-static constexpr int kLast = kVerses - 1;
-
 static HWND NoteTabs(const Program& program) {
     return Child(program.frame, {IDC_NOTE_TABS});
-}
-
-static std::vector<std::string> SetsOf(const Program& program) {
-    return NoteSetNames(program);
 }
 
 static HWND NoteView(const Program& program) {
@@ -59,7 +53,7 @@ TEST(NoteSets, AreLimitedTo31) {
     for (int set = 0; set < 40; ++set)
         WriteNoteSet(folder, "Set " + std::to_string(set), {{0, "in " + std::to_string(set)}});
     Program program = StartProgram(folder);
-    const std::vector<std::string> names = SetsOf(program);
+    const std::vector<std::string> names = NoteSetNames(program);
     ASSERT_EQ(names.size(), 31u);
     ClickTab(program, NoteTabs(program), 30);
     EXPECT_EQ("Set" + NoteShown(program).substr(2), names[30]);
@@ -77,7 +71,7 @@ TEST(NoteSets, NamesEndAtTheLastDot) {
     WriteNoteSet(folder, "M\xFCller \xB6", {{0, "beyond ASCII"}});
     WriteFile(folder, "no set.txt", "text");
     Program program = StartProgram(folder);
-    const std::vector<std::string> names = SetsOf(program);
+    const std::vector<std::string> names = NoteSetNames(program);
     EXPECT_THAT(names, UnorderedElementsAre("a.b", "", "M\xFCller \xB6"));
     for (int set = 0; set < 3; ++set) {
         ClickTab(program, NoteTabs(program), set);
@@ -90,7 +84,7 @@ TEST(NoteSets, IgnoreFoldersWithTheirExtension) {
     const ScratchFolder folder = FolderWithScripture();
     std::filesystem::create_directory(folder.path / "Folder.nmi");
     Program program = StartProgram(folder);
-    EXPECT_THAT(SetsOf(program), ElementsAre("My Notes"));
+    EXPECT_THAT(NoteSetNames(program), ElementsAre("My Notes"));
 }
 
 // Existing notes must not be overwritten even if their index is missing.
@@ -104,7 +98,7 @@ TEST(NoteSets, AreNotCreatedOverExistingNotes) {
     SavePicture(PictureOfWindow(box), "error-creating-note-files");
     Answer(box);
     WaitForFrame(program);
-    EXPECT_THAT(SetsOf(program), ElementsAre("My Notes"));
+    EXPECT_THAT(NoteSetNames(program), ElementsAre("My Notes"));
     EXPECT_EQ(StatusPart(program, 2), "Genesis 1:1");
     EXPECT_EQ(CloseProgram(program), 0);
     EXPECT_EQ(ReadFile(folder, "My Notes.nmd"), "mine");
@@ -124,8 +118,8 @@ TEST(Note, IsShownAtTheStart) {
         {0, nullptr, "No note for Genesis 1:1.", "Genesis 1:1"},
         {26136, "two\r\nlines", "two\r\nlines", "John 3:16"},
         {14236, nullptr, "No note for Psalms 23:1.", "Psalms 23:1"},
-        {kLast, "to the end", "to the end", "Revelation 22:21"},
-        {kLast, nullptr, "No note for Revelation 22:21.", "Revelation 22:21"},
+        {kLastVerse, "to the end", "to the end", "Revelation 22:21"},
+        {kLastVerse, nullptr, "No note for Revelation 22:21.", "Revelation 22:21"},
         {5, "{\\rtf1 plain}", "{\\rtf1 plain}", "Genesis 1:6"},  // must not be read as rich text
         {6, "\xB6 \xE9", "\xB6 \xE9", "Genesis 1:7"},
     };
@@ -157,8 +151,8 @@ TEST(Note, OfTheLastVerseIsReadToTheEndOfTheFile) {
         std::size_t shown;
     } kRows[] = {{lines.substr(0, 50000), 50000}, {lines, 65535}};
     for (const auto& row : kRows) {
-        const ScratchFolder folder = FolderAtNote(kLast);
-        WriteNoteSet(folder, "Mine", {{kLast, row.note}});
+        const ScratchFolder folder = FolderAtNote(kLastVerse);
+        WriteNoteSet(folder, "Mine", {{kLastVerse, row.note}});
         Program program = StartProgram(folder);
         EXPECT_EQ(NoteShown(program), row.note.substr(0, row.shown));
     }
@@ -168,14 +162,15 @@ TEST(Note, SettingsOutOfRangeSelectTheFirst) {
     static constexpr struct {
         int verse, set;
         int shownVerse, shownSet;
-    } kRows[] = {{40000, 0, 0, 0}, {31102, 1, 0, 1}, {kLast, 1, kLast, 1}, {7, 5, 7, 0}, {7, 2, 7, 0}, {-3, -1, 0, 0}};
+    } kRows[] = {{40000, 0, 0, 0}, {31102, 1, 0, 1}, {kLastVerse, 1, kLastVerse, 1},
+                 {7, 5, 7, 0},     {7, 2, 7, 0},     {-3, -1, 0, 0}};
     for (const auto& row : kRows) {
         SCOPED_TRACE(testing::Message() << row.verse << " of set " << row.set);
         const ScratchFolder folder = FolderAtNote(row.verse, row.set);
         for (const char* name : {"A", "B"}) WriteNoteSet(folder, name, {{row.shownVerse, std::string("in ") + name}});
         Program program = StartProgram(folder);
         EXPECT_EQ(SelectedTab(NoteTabs(program)), row.shownSet);
-        EXPECT_EQ(NoteShown(program), "in " + SetsOf(program)[static_cast<std::size_t>(row.shownSet)]);
+        EXPECT_EQ(NoteShown(program), "in " + NoteSetNames(program)[static_cast<std::size_t>(row.shownSet)]);
         EXPECT_EQ(CloseProgram(program), 0);
         EXPECT_EQ(Setting(folder, "MISC", "NoteVerse"), std::to_string(row.shownVerse));
         EXPECT_EQ(Setting(folder, "MISC", "Note"), std::to_string(row.shownSet));
@@ -187,7 +182,7 @@ TEST(Note, ChangesWithTheTab) {
     for (const char* name : {"A", "B", "C"}) WriteNoteSet(folder, name, {{26136, std::string("in ") + name}});
     Program program = StartProgram(folder);
     const HWND tabs = NoteTabs(program);
-    const std::vector<std::string> names = SetsOf(program);
+    const std::vector<std::string> names = NoteSetNames(program);
     for (const int set : {2, 0, 1}) {
         ClickTab(program, tabs, set);
         EXPECT_EQ(NoteShown(program), "in " + names[static_cast<std::size_t>(set)]);
@@ -205,7 +200,7 @@ TEST(Note, ChangesWithTheNoteSetKeys) {
     const ScratchFolder folder = FolderWithScripture();
     for (const char* name : {"A", "B", "C"}) WriteNoteSet(folder, name, {{0, std::string("in ") + name}});
     Program program = StartProgram(folder);
-    const std::vector<std::string> names = SetsOf(program);
+    const std::vector<std::string> names = NoteSetNames(program);
     for (const auto& row : kRows) {
         Press(program, row.keys);
         EXPECT_EQ(SelectedTab(NoteTabs(program)), row.selected);
@@ -223,7 +218,7 @@ TEST(Note, NextAndPreviousWrapAround) {
                  {"Alt+Up", "Revelation 22:21"},
                  {"Alt+Up", "Genesis 1:11"}};
     const ScratchFolder folder = FolderWithScripture();
-    WriteNoteSet(folder, "Mine", {{10, "tenth"}, {kLast, "last"}});
+    WriteNoteSet(folder, "Mine", {{10, "tenth"}, {kLastVerse, "last"}});
     Program program = StartProgram(folder);
     for (const auto& row : kRows) {
         Press(program, row.keys);
@@ -296,8 +291,8 @@ TEST(Note, ReadErrorAtTheStartDoesNotStopTheProgram) {
 
 // States left by an interrupted save: one message box reports all repairs, and no note is lost.
 TEST(DamagedNotes, AreRepairedAtTheStart) {
-    const ScratchFolder folder = FolderAtNote(kLast);
-    const std::map<int, std::string> notes = {{0, "first"}, {10, "tenth"}, {kLast, "last"}};
+    const ScratchFolder folder = FolderAtNote(kLastVerse);
+    const std::map<int, std::string> notes = {{0, "first"}, {10, "tenth"}, {kLastVerse, "last"}};
     for (const char* name : {"Stale", "Lost", "Renamed", "Whole"}) WriteNoteSet(folder, name, notes);
     const std::string index = ReadFile(folder, "Whole.nmi");
     const std::string data = ReadFile(folder, "Whole.nmd");
@@ -315,7 +310,7 @@ TEST(DamagedNotes, AreRepairedAtTheStart) {
     SavePicture(PictureOfWindow(box), "mended-note-sets");
     Answer(box);
     WaitForFrame(program);
-    EXPECT_THAT(SetsOf(program), UnorderedElementsAre("Stale", "Lost", "Renamed", "Whole"));
+    EXPECT_THAT(NoteSetNames(program), UnorderedElementsAre("Stale", "Lost", "Renamed", "Whole"));
     for (int set = 0; set < 4; ++set) {
         ClickTab(program, NoteTabs(program), set);
         EXPECT_EQ(NoteShown(program), "last");
@@ -351,7 +346,7 @@ TEST(DamagedNotes, InsideOtherSetsAreToldOnceTheFrameIsShown) {
     Program program = StartProgram(folder);
     EXPECT_EQ(NoteShown(program), "first note");
     EXPECT_EQ(CloseProgram(program), 0);
-    WriteNoteSet(folder, "Split", {{0, "first note"}, {kLast, "last"}});
+    WriteNoteSet(folder, "Split", {{0, "first note"}, {kLastVerse, "last"}});
     SplitFirstNote(folder, "Split");
     WriteFile(folder, "Versewell.more.ini", "[NOTES]\r\nCurrentSet=First\r\n");
     const std::string data = ReadFile(folder, "Split.nmd"), index = ReadFile(folder, "Split.nmi");
@@ -400,7 +395,7 @@ TEST(DamagedNotes, InsideTheCurrentSetAreToldBeforeItsNoteIsShown) {
 }
 
 TEST(DamagedNotes, NeverCrashTheProgram) {
-    std::string falling(kVerses * 4, '\0');
+    std::string falling(kVerseCount * 4, '\0');
     for (std::size_t at = 0; at < falling.size(); ++at) falling[at] = static_cast<char>(0xFF - at / 4 % 256);
     static const struct {
         const char* why;
@@ -410,7 +405,7 @@ TEST(DamagedNotes, NeverCrashTheProgram) {
         {"nothing at all", "", ""},
         {"three bytes", "abc", "text"},
         {"a short index", IndexBytes({0, 4}), std::string("abc\0def", 7)},
-        {"offsets beyond the data", std::string(kVerses * 4, '\xFF'), "text"},
+        {"offsets beyond the data", std::string(kVerseCount * 4, '\xFF'), "text"},
         {"falling offsets", falling, std::string(1000, 'x')},
         {"a long index", std::string(300000, '\0'), "text"},
         {"no NUL anywhere", IndexBytes({0, 100000}), Lines(200000)},
@@ -427,7 +422,7 @@ TEST(DamagedNotes, NeverCrashTheProgram) {
         EXPECT_THAT(MessageText(box), StartsWith("The data file \"Odd.nmd\" is damaged"));
         Answer(box);
         WaitForFrame(program);
-        EXPECT_THAT(SetsOf(program), ElementsAre("Odd"));
+        EXPECT_THAT(NoteSetNames(program), ElementsAre("Odd"));
         for (const int command :
              {IDM_THIS_MORNING, IDM_THIS_EVENING, IDM_NEXT_NOTE, IDM_PREVIOUS_NOTE, IDM_PREVIOUS_NOTE,
               IDM_GOTO_BOOK + 66, IDM_NOTE_FOR_PASSAGE, IDM_VERSE_FOR_NOTE, IDM_NEXT_NOTE_SET})

@@ -6,6 +6,7 @@
 
 #include "resources/ids.h"
 #include "tests/driver/remote_memory.h"
+#include "tests/windows/note_set_files.h"
 #include "tests/windows/passage_pane.h"
 
 POINT PointOfCharacter(const Program& program, HWND richEdit, std::size_t offset) {
@@ -30,6 +31,29 @@ HWND NoteEditOf(const Program& program) {
 void OpenNoteEditor(const Program& program) {
     Press(program, "Alt+e");
     if (!IsShown(NoteEditorOf(program))) Fail(&program, "the note editor does not open");
+}
+
+ScratchFolder FolderToEdit(const std::string& note) {
+    const ScratchFolder folder = FolderWithScripture();
+    WriteNoteSet(folder, "Mine", {{kEditedVerse, note}, {115, "Of another verse."}});
+    for (const char* place : {"NoteVerse", "ReadVerse"})
+        WriteSetting(folder, "MISC", place, std::to_string(kEditedVerse));
+    return folder;
+}
+
+Program ProgramInEditor(const std::string& note) {
+    Program program = StartProgram(FolderToEdit(note));
+    OpenNoteEditor(program);
+    return program;
+}
+
+std::string TextInEditor(const Program& program) {
+    return TextOf(NoteEditOf(program));
+}
+
+std::string StoredEdit(const Program& program) {
+    const std::string data = ReadFile(program.folder, "Mine.nmd");
+    return data.substr(kEditedVerse, data.find('\0', kEditedVerse) - kEditedVerse);  // all notes before it are empty
 }
 
 void ClickEditorButton(const Program& program, int button) {

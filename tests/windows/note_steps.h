@@ -13,6 +13,18 @@ POINT PointOfCharacter(const Program& program, HWND richEdit, std::size_t offset
 HWND NoteEditorOf(const Program& program);
 HWND NoteEditOf(const Program& program);
 
+// A folder whose set "Mine" has this note of Genesis 3:2, where the notes and the Passage open, and one of another
+// verse.
+constexpr int kEditedVerse = 57;
+ScratchFolder FolderToEdit(const std::string& note);
+
+// The program on such a folder, with the note in the editor.
+Program ProgramInEditor(const std::string& note);
+
+// The text in the editor, and that note as it is stored.
+std::string TextInEditor(const Program& program);
+std::string StoredEdit(const Program& program);
+
 // Opens the editor for the current note with its key.
 void OpenNoteEditor(const Program& program);
 

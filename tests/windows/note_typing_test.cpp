@@ -12,30 +12,6 @@
 
 using testing::HasSubstr;
 
-static constexpr int kVerse = 57;
-
-static ScratchFolder FolderWithNote(const std::string& note) {
-    const ScratchFolder folder = FolderWithScripture();
-    WriteNoteSet(folder, "Mine", {{kVerse, note}});
-    WriteSetting(folder, "MISC", "NoteVerse", std::to_string(kVerse));
-    return folder;
-}
-
-static Program ProgramInEditor(const std::string& note) {
-    Program program = StartProgram(FolderWithNote(note));
-    OpenNoteEditor(program);
-    return program;
-}
-
-static std::string Typed(const Program& program) {
-    return TextOf(NoteEditOf(program));
-}
-
-static std::string StoredNote(const Program& program) {
-    const std::string data = ReadFile(program.folder, "Mine.nmd");
-    return data.substr(kVerse, data.find('\0', kVerse) - kVerse);  // all notes before it are empty
-}
-
 // ---- Places of the caret --------------------------------------------------------------------------------------------
 
 // The rich edit's own arrow keys go between the CR and the LF of a line end and behind the end of the text. What was
@@ -77,10 +53,10 @@ TEST(NoteTyping, LeavesLineEndsWhole) {
         Program program = ProgramInEditor(note);
         WaitUntil(program, "Paste to be enabled", [&] { return !IsGreyed(program, IDM_PASTE); });
         for (const std::string& key : keys) Press(program, key);
-        EXPECT_EQ(Typed(program), expected);
+        EXPECT_EQ(TextInEditor(program), expected);
         Press(program, "Ctrl+s");
         WaitUntil(program, "the note to be saved", [&] { return !IsShown(NoteEditorOf(program)); });
-        EXPECT_EQ(StoredNote(program), expected);
+        EXPECT_EQ(StoredEdit(program), expected);
     }
 }
 
@@ -97,7 +73,7 @@ TEST(NoteTyping, GoesWhereTheCaretWasClicked) {
             Click(program, NoteEditOf(program), point);
             Type(program, "ab");
             std::string expected = kNote;
-            EXPECT_EQ(Typed(program), expected.insert(static_cast<std::size_t>(place), "ab"));
+            EXPECT_EQ(TextInEditor(program), expected.insert(static_cast<std::size_t>(place), "ab"));
             PressInOneGo(program, {"Back", "Back"});
         }
     }
@@ -112,7 +88,7 @@ TEST(NoteTyping, GoesBeforeABlankAtTheEndOfALine) {
               PointOfCharacter(program, NoteEditOf(program), static_cast<std::size_t>(place)));
         Type(program, "x");
     }
-    EXPECT_EQ(Typed(program), "ax \r\nx ");
+    EXPECT_EQ(TextInEditor(program), "ax \r\nx ");
 }
 
 // Just behind the end of a line, the rich edit selects the line's end as well.
@@ -123,7 +99,7 @@ TEST(NoteTyping, SelectsToTheEndOfTheLineUnderTheMouse) {
     const HWND edit = NoteEditOf(program);
     const auto expectTyped = [&](const char* expected, int right) {
         Type(program, "D");
-        EXPECT_EQ(Typed(program), expected) << right;
+        EXPECT_EQ(TextInEditor(program), expected) << right;
         Press(program, "Ctrl+a");
         Type(program, "one two");
         Press(program, "Enter");
@@ -147,11 +123,11 @@ TEST(NoteTyping, KeepsTheLineEndsOfAFile) {
     static const std::string kNotes[] = {"a lone LF\nis kept", "a lone CR\ris kept", "CR CR LF\r\r\nas well"};
     for (const std::string& note : kNotes) {
         Program program = ProgramInEditor(note);
-        EXPECT_EQ(Typed(program), note);
+        EXPECT_EQ(TextInEditor(program), note);
         Press(program, "Ctrl+End");
         Press(program, "d");
         Press(program, "Ctrl+s");
-        EXPECT_EQ(StoredNote(program), note + "d");
+        EXPECT_EQ(StoredEdit(program), note + "d");
     }
 }
 
@@ -185,12 +161,12 @@ TEST(NoteTyping, EndsAtTheLongestNote) {
     const std::string before = StatusPart(program, 0);
     SetClipboardText(lines);
     Press(program, "Ctrl+v");
-    const std::size_t size = Typed(program).size();
+    const std::size_t size = TextInEditor(program).size();
     EXPECT_GE(size, kMost - 1) << "a line end must not be split";
     EXPECT_LE(size, kMost);
     EXPECT_EQ(StatusPart(program, 0), "The note is full: text was left out");
     Type(program, "xyz");
-    EXPECT_EQ(Typed(program).size(), kMost);
+    EXPECT_EQ(TextInEditor(program).size(), kMost);
     EXPECT_EQ(StatusPart(program, 0), "The note is full: text was left out") << "also when it is typed";
     Press(program, "Back");
     EXPECT_EQ(StatusPart(program, 0), before);
@@ -199,7 +175,7 @@ TEST(NoteTyping, EndsAtTheLongestNote) {
     Type(program, "y");
     EXPECT_EQ(StatusPart(program, 0), "The note is full: text was left out");
     Press(program, "Ctrl+v");
-    EXPECT_EQ(Typed(program).size(), kMost);
+    EXPECT_EQ(TextInEditor(program).size(), kMost);
 }
 
 // ---- Letters outside the code page ----------------------------------------------------------------------------------
@@ -208,7 +184,7 @@ TEST(NoteTyping, RefusesLettersOutsideTheCodePage) {
     Program program = ProgramInEditor("");
     const std::string before = StatusPart(program, 0);
     TypeWide(program, L"a\u00E9\u20AC\u2019");  // a, an accent, the euro and a quotation mark
-    EXPECT_EQ(Typed(program), "a\xE9\x80\x92");
+    EXPECT_EQ(TextInEditor(program), "a\xE9\x80\x92");
     EXPECT_EQ(StatusPart(program, 0), before);
     const std::wstring kMissing[] = {
         L"\u03B1",        // alpha, which Windows would replace by "a"
@@ -218,13 +194,13 @@ TEST(NoteTyping, RefusesLettersOutsideTheCodePage) {
     };
     for (const std::wstring& letter : kMissing) {
         TypeWide(program, letter);
-        EXPECT_EQ(Typed(program), "a\xE9\x80\x92");
+        EXPECT_EQ(TextInEditor(program), "a\xE9\x80\x92");
         EXPECT_EQ(StatusPart(program, 0), "Not typed: not in code page 1252");
     }
     SavePicture(PictureOfWindow(program.frame), "not-typed");
     Type(program, "b");
     EXPECT_EQ(StatusPart(program, 0), before) << "up to the next key";
-    EXPECT_EQ(Typed(program),
+    EXPECT_EQ(TextInEditor(program),
               "a\xE9\x80\x92"
               "b");
 }
@@ -259,7 +235,7 @@ TEST(NoteTyping, PastesAllThatFitsAndCountsTheRest) {
             EXPECT_THAT(PasteReport(program), HasSubstr(lost));
         }
         EXPECT_FALSE(HasDialog(program));
-        EXPECT_EQ(Typed(program), pasted);
+        EXPECT_EQ(TextInEditor(program), pasted);
     }
 }
 
@@ -273,7 +249,7 @@ static Program ProgramInJapan(const ScratchFolder& folder) {
 
 // In code page 932, E9 is the first half of a character of two bytes.
 TEST(NotesOfOtherCodePages, AreOnlyRead) {
-    const ScratchFolder folder = FolderWithNote("caf\xE9\r\nna\xEFve \xE9");
+    const ScratchFolder folder = FolderToEdit("caf\xE9\r\nna\xEFve \xE9");
     const std::string before = ReadFile(folder, "Mine.nmd");
     Program program = ProgramInJapan(folder);
     Press(program, "Alt+e");
@@ -285,10 +261,10 @@ TEST(NotesOfOtherCodePages, AreOnlyRead) {
     EXPECT_TRUE(IsShown(NoteEditorOf(program)));
     EXPECT_FALSE(IsWindowEnabled(Child(NoteEditorOf(program), {IDC_NOTE_SAVE})));
     SetClipboardText("pasted");
-    const std::string shown = Typed(program);
+    const std::string shown = TextInEditor(program);
     for (const char* keys : {"x", "Enter", "Delete", "Ctrl+v", "Ctrl+Enter", "Ctrl+a", "Ctrl+x", "Ctrl+s"})
         Press(program, keys);
-    EXPECT_EQ(Typed(program), shown);
+    EXPECT_EQ(TextInEditor(program), shown);
     Press(program, "Esc");
     EXPECT_FALSE(HasDialog(program)) << "there is nothing to save";
     EXPECT_FALSE(IsShown(NoteEditorOf(program)));
@@ -296,7 +272,7 @@ TEST(NotesOfOtherCodePages, AreOnlyRead) {
 }
 
 TEST(NotesOfOtherCodePages, AreEditedIfTheyFit) {
-    const ScratchFolder folder = FolderWithNote("plain \x82\xA0");  // a kana
+    const ScratchFolder folder = FolderToEdit("plain \x82\xA0");  // a kana
     Program program = ProgramInJapan(folder);
     OpenNoteEditor(program);
     TypeWide(program, L"\u3042\u00E9");  // the same kana, and a letter that only Latin 1 has
@@ -308,5 +284,5 @@ TEST(NotesOfOtherCodePages, AreEditedIfTheyFit) {
     Press(program, "y");
     Press(program, "Ctrl+s");
     EXPECT_FALSE(IsShown(NoteEditorOf(program)));
-    EXPECT_EQ(StoredNote(program), "\x82\xA0xplain \x82\xA0\r\ny");
+    EXPECT_EQ(StoredEdit(program), "\x82\xA0xplain \x82\xA0\r\ny");
 }

@@ -13,28 +13,12 @@
 
 using testing::ElementsAre;
 
-static Program ProgramWithNote(const std::string& note) {
-    const ScratchFolder folder = FolderWithScripture();
-    WriteNoteSet(folder, "Mine", {{0, note}});
-    return StartProgram(folder);
-}
-
-static Program ProgramInEditor(const std::string& note) {
-    Program program = ProgramWithNote(note);
-    OpenNoteEditor(program);
-    return program;
-}
-
-static std::string Typed(const Program& program) {
-    return TextOf(NoteEditOf(program));
-}
-
 // What is in the editor after each Ctrl+Z, until there is nothing to undo.
 static std::vector<std::string> TextsOfUndo(const Program& program) {
     std::vector<std::string> texts;
     while (!IsGreyed(program, IDM_UNDO) && texts.size() < 100) {
         Press(program, "Ctrl+z");
-        texts.push_back(Typed(program));
+        texts.push_back(TextInEditor(program));
     }
     return texts;
 }
@@ -55,13 +39,13 @@ TEST(NoteUndo, TakesBackWordByWord) {
     Type(program, "beginning");
     Press(program, "Enter");
     Type(program, "God  created");
-    EXPECT_EQ(Typed(program), "old In the\tbeginning\r\nGod  created");
+    EXPECT_EQ(TextInEditor(program), "old In the\tbeginning\r\nGod  created");
     EXPECT_THAT(TextsOfUndo(program), ElementsAre("old In the\tbeginning\r\nGod  ", "old In the\tbeginning\r\n",
                                                   "old In the\t", "old In ", "old ", "old"));
     for (const char* text : {"old ", "old In ", "old In the\t"}) {
         EXPECT_FALSE(IsGreyed(program, IDM_REDO));
         Press(program, "Ctrl+y");
-        EXPECT_EQ(Typed(program), text);
+        EXPECT_EQ(TextInEditor(program), text);
     }
     Type(program, "x");
     EXPECT_TRUE(IsGreyed(program, IDM_REDO));
@@ -80,7 +64,7 @@ TEST(NoteUndo, TakesBackWhatFollowsAPause) {
 TEST(NoteUndo, TakesBackAWordWithAccents) {
     Program program = ProgramInEditor("");
     TypeWide(program, L"se\u00F1or \u00E9t\u00E9s");
-    EXPECT_EQ(Typed(program), "se\xF1or \xE9t\xE9s");
+    EXPECT_EQ(TextInEditor(program), "se\xF1or \xE9t\xE9s");
     EXPECT_THAT(TextsOfUndo(program), ElementsAre("se\xF1or ", ""));
 }
 
@@ -95,7 +79,7 @@ TEST(NoteUndo, TakesBackEachPasteCutAndDeletion) {
     Press(program, "Ctrl+Home");
     for (const char* keys : {"Shift+Right", "Shift+Right", "Ctrl+x"}) Press(program, keys);
     for (const char* keys : {"Shift+Ctrl+End", "Delete"}) Press(program, keys);
-    EXPECT_EQ(Typed(program), "");
+    EXPECT_EQ(TextInEditor(program), "");
     EXPECT_THAT(TextsOfUndo(program), ElementsAre("etwo words the", "onetwo words the", "onetwo words t",
                                                   "onetwo words teh", "onetwo words ", "one", ""));
 }
@@ -107,7 +91,7 @@ TEST(NoteUndo, TakesBackWhatWasTypedInOnePlace) {
     Type(program, "cd");
     Click(program, NoteEditOf(program), PointOfCharacter(program, NoteEditOf(program), 4));
     Type(program, "ef");
-    EXPECT_EQ(Typed(program), "cdabef");
+    EXPECT_EQ(TextInEditor(program), "cdabef");
     EXPECT_THAT(TextsOfUndo(program), ElementsAre("cdab", "ab", ""));
 }
 
@@ -126,7 +110,7 @@ static std::vector<std::string> Lines(bool undo, bool redo, bool all) {
 }
 
 TEST(NoteUndo, IsInTheMenuWhereItActs) {
-    Program program = ProgramWithNote("");
+    Program program = StartProgram(FolderToEdit(""));
     Command(program, IDM_FOCUS_PASSAGE);
     EXPECT_EQ(EndOfEditMenu(program), Lines(false, false, false));
     OpenNoteEditor(program);
@@ -136,16 +120,16 @@ TEST(NoteUndo, IsInTheMenuWhereItActs) {
     Press(program, "Back");
     EXPECT_EQ(EndOfEditMenu(program), Lines(true, false, false));
     Command(program, IDM_UNDO);
-    EXPECT_EQ(Typed(program), "x");
+    EXPECT_EQ(TextInEditor(program), "x");
     EXPECT_EQ(EndOfEditMenu(program), Lines(true, true, true));
     Command(program, IDM_REDO);
-    EXPECT_EQ(Typed(program), "");
+    EXPECT_EQ(TextInEditor(program), "");
     Command(program, IDM_UNDO);
     Command(program, IDM_FOCUS_PASSAGE);
     EXPECT_EQ(EndOfEditMenu(program), Lines(false, false, false));
     Press(program, "Ctrl+z");
     Command(program, IDM_UNDO);
-    EXPECT_EQ(Typed(program), "x") << "the Passage has the focus";
+    EXPECT_EQ(TextInEditor(program), "x") << "the Passage has the focus";
     Click(program, NoteEditOf(program));
     EXPECT_EQ(EndOfEditMenu(program), Lines(true, true, true));
     ClickEditorButton(program, IDC_NOTE_CANCEL);
@@ -154,7 +138,7 @@ TEST(NoteUndo, IsInTheMenuWhereItActs) {
 }
 
 TEST(NoteUndo, SelectAllSelectsTheTextThatHasTheFocus) {
-    Program program = ProgramWithNote("one\r\ntwo");
+    Program program = StartProgram(FolderToEdit("one\r\ntwo"));
     Click(program, NoteViewOf(program));
     Press(program, "Ctrl+Home");
     EXPECT_EQ(EndOfEditMenu(program), Lines(false, false, true));
@@ -173,7 +157,7 @@ TEST(NoteUndo, SelectAllSelectsTheTextThatHasTheFocus) {
     EXPECT_EQ(selection.start, 0);
     EXPECT_EQ(selection.end, 8);
     Type(program, "x");
-    EXPECT_EQ(Typed(program), "x");
+    EXPECT_EQ(TextInEditor(program), "x");
     EXPECT_THAT(TextsOfUndo(program), ElementsAre("one\r\ntwo"));
 }
 

@@ -65,6 +65,10 @@ int LineHeightOf(const PaintedFont& font) {
     return metrics.tmHeight;
 }
 
+int LinesDown(int lines) {
+    return LineHeightOf() * lines + LineHeightOf() / 2;
+}
+
 static int ExtentOf(HDC dc, const std::string& text) {
     SIZE size{};
     GetTextExtentPoint32A(dc, text.data(), static_cast<int>(text.size()), &size);

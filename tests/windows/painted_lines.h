@@ -16,6 +16,8 @@ struct PaintedPiece {
     bool selected = false;                           // in the colours of a selection instead of `color`
 };
 
+constexpr COLORREF kRed = RGB(255, 0, 0);  // for key words, to tell them from text
+
 struct PaintedLine {
     std::vector<PaintedPiece> pieces;  // none: an empty line
     bool goesOn = true;                // more text may follow the pieces; ignored for an empty line
@@ -30,6 +32,9 @@ struct PaintedFont {
 
 // Cell height of the font's bold face, which is the line spacing.
 int LineHeightOf(const PaintedFont& font = {});
+
+// The middle of the line with this number, from the top of a pane.
+int LinesDown(int lines);
 
 // Width of the pieces including the left margin of the pane.
 int WidthOf(const std::vector<PaintedPiece>& pieces, const PaintedFont& font = {});

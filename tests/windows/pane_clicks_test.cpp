@@ -13,10 +13,6 @@
 using testing::EndsWith;
 using testing::StartsWith;
 
-static int LinesDown(int lines) {
-    return LineHeightOf() * lines + LineHeightOf() / 2;
-}
-
 // Lists John 11:35 and 36, one line each.
 static Program ProgramWithWeeping() {
     const ScratchFolder folder = FolderWithScripture();

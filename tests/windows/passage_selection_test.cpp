@@ -33,10 +33,6 @@ static void SwitchFormat(const Program& program) {
     Command(program, IDM_FOCUS_PASSAGE);
 }
 
-static int LinesDown(int lines) {
-    return LineHeightOf() * lines + LineHeightOf() / 2;
-}
-
 // ---- Words ----------------------------------------------------------------------------------------------------------
 
 static PaintedLine HeardIt(int italics, bool inParagraphs) {

@@ -15,7 +15,6 @@
 #include "tests/windows/search_steps.h"
 
 static constexpr int kWept = 26558;  // the only verse with "Jesus wept"
-static constexpr int kLast = kVerses - 1;
 
 static HWND TabsOf(const Program& program) {
     return Child(program.frame, {IDC_NOTE_TABS});
@@ -32,7 +31,7 @@ using Labels = std::vector<std::string>;
 
 TEST(TabMarks, ShowWhichSetsHaveNotesForTheVerses) {
     const ScratchFolder folder = FolderWithScripture();
-    WriteNoteSet(folder, "Both", {{0, "first"}, {kWept, "wept"}, {kLast, "last"}});
+    WriteNoteSet(folder, "Both", {{0, "first"}, {kWept, "wept"}, {kLastVerse, "last"}});
     WriteNoteSet(folder, "List", {{kWept, "wept"}});
     WriteNoteSet(folder, "None");
     WriteNoteSet(folder, "Passage", {{0, "first"}});

@@ -39,7 +39,7 @@ static SetBytes FilesOf(const ScratchFolder& folder) {
 
 static ScratchFolder FolderInStep() {
     const ScratchFolder folder = FolderWithScripture();
-    WriteNoteSet(folder, "Mine", {{0, "First."}, {kVerse, "Old."}, {kVerses - 1, "Last."}});
+    WriteNoteSet(folder, "Mine", {{0, "First."}, {kVerse, "Old."}, {kLastVerse, "Last."}});
     WriteSetting(folder, "MISC", "NoteVerse", std::to_string(kVerse));
     return folder;
 }
@@ -123,7 +123,7 @@ TEST(TwoComputers, LoseNoTextAtAnyStepOfAnEdit) {
                 EditMeanwhile(home, fromOffice, first, firstAt, secondAt);
                 EXPECT_THAT(AllTexts(home.folder), HasSubstr("Home. "));
                 EXPECT_THAT(AllTexts(home.folder), HasSubstr("Office. "));
-                EXPECT_EQ(std::ranges::count(ReadFile(home.folder, "Mine.nmd"), '\0'), kVerses);
+                EXPECT_EQ(std::ranges::count(ReadFile(home.folder, "Mine.nmd"), '\0'), kVerseCount);
 
                 const SetBytes fromHome = FilesOf(home.folder);
                 for (std::size_t i = 0; i < kEndings; ++i) Arrive(office.folder, FilesOf(office.folder), fromHome, i);

@@ -13,7 +13,6 @@ static constexpr auto kRegular = Style::kRegular;
 static constexpr auto kBold = Style::kBold;
 static constexpr auto kItalic = Style::kItalic;
 static constexpr auto kBoldItalic = Style::kBoldItalic;
-static constexpr COLORREF kRed = RGB(255, 0, 0);
 
 // A folder whose settings make key words red and the list about 600 pixels wide.
 static ScratchFolder FolderWithRedKeyWords(int italics = 0) {

@@ -11,8 +11,6 @@
 
 using testing::StartsWith;
 
-static constexpr COLORREF kRed = RGB(255, 0, 0);
-
 // Starts the program with a wide frame and red key words.
 static Program StartWide(const char* brackets = "0") {
     const ScratchFolder folder = FolderWithScripture();
@@ -42,10 +40,6 @@ static std::vector<PaintedLine> Weeping() {
     insert(lines[0], 1, {{Style::kBold, "Jesus", kRed}, {Style::kRegular, " "}});
     insert(lines[1], 4, {{Style::kBold, "Jews", kRed}, {Style::kRegular, ", "}});
     return lines;
-}
-
-static int LinesDown(int lines) {
-    return LineHeightOf() * lines + LineHeightOf() / 2;
 }
 
 // ---- Words ----------------------------------------------------------------------------------------------------------
