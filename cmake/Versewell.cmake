@@ -93,15 +93,15 @@ function(vw_instrument target)
   endif()
 endfunction()
 
-# What most files include and what takes most of the time of a build. Each file is also built by a preset that does not
-# precompile it, so that a missing include is noticed: the core by host, the program by win32.
+# What most files include and what takes most of the time of a build. Each file is also built by presets that do not
+# precompile it, so that a missing include is noticed: the core by host, all of the program by win32.
 set(VERSEWELL_COMMON_HEADERS <algorithm> <array> <cstring> <limits> <optional> <span> <string> <string_view> <utility>
                              <vector>)
-if(MINGW)
+if(MINGW AND CMAKE_SIZEOF_VOID_P EQUAL 8)
   # From precompiled headers GCC warns of the system's own <wchar.h>. The builds without them have these warnings.
   set(VERSEWELL_PRECOMPILED_OPTIONS -Wno-array-bounds -Wno-stringop-overflow -Wno-stringop-overread)
 endif()
-if(VERSEWELL_SANITIZE OR MINGW)
+if(VERSEWELL_SANITIZE OR DEFINED VERSEWELL_PRECOMPILED_OPTIONS)
   file(CONFIGURE OUTPUT ${CMAKE_BINARY_DIR}/core_headers.cpp CONTENT "")
   add_library(vw_core_headers OBJECT ${CMAKE_BINARY_DIR}/core_headers.cpp)
   target_link_libraries(vw_core_headers PRIVATE vw_options)
