@@ -176,7 +176,8 @@ bool StartUp(HWND frame) {
     OpenSets();
     CreatePanes(frame);
     const StoreLoad store = LoadStore();
-    if (store != StoreLoad::kLoaded) return store == StoreLoad::kStopped;
+    if (store == StoreLoad::kFailed) return false;
+    if (store == StoreLoad::kStopped) return ShowNoteTabs({}), true;
     ReadSettings();
     SetFirstMenuState();
     ShowFirstNote();
