@@ -2,9 +2,11 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdlib>
 #include <utility>
 
 #include "notes/note_saving.h"
+#include "notes/word_stops.h"
 #include "pane/selection_win32.h"
 #include "pane/status_bar_win32.h"
 #include "resources/ids.h"
@@ -300,13 +302,90 @@ static CHARRANGE Selected() {
     return range;
 }
 
-// Returns whether an end of the selection was moved by one character and can be moved on.
-static bool StepWithinWord(WPARAM key, LPARAM lParam) {
+static void Select(LONG start, LONG end) {
+    CHARRANGE range{start, end};
+    SendMessageA(theNoteEdit.window, EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&range));
+}
+
+// ---- Word by word ---------------------------------------------------------------------------------------------------
+
+namespace {
+
+// The end of the selection that a key has moved, which without Shift are both.
+struct MovedEnd {
+    bool hasMoved = false;
+    LONG place = 0;
+    LONG otherEnd = 0;
+};
+
+}  // namespace
+
+static MovedEnd StepBy(WPARAM key, LPARAM lParam) {
     const CHARRANGE before = Selected();
     PassKey(key, lParam);
     const CHARRANGE after = Selected();
-    if (after.cpMin != before.cpMin) return !IsWordStop(theNoteEdit.window, after.cpMin);
-    return after.cpMax != before.cpMax && !IsWordStop(theNoteEdit.window, after.cpMax);
+    if (after.cpMin != before.cpMin) return {true, after.cpMin, after.cpMax};
+    return {after.cpMax != before.cpMax, after.cpMax, after.cpMin};
+}
+
+static LONG RowOf(LONG place) {
+    return static_cast<LONG>(SendMessageA(theNoteEdit.window, EM_EXLINEFROMCHAR, 0, place));
+}
+
+// Up or down, but not as far as to the row of `place`. What is told as the row of a caret can be one too many where a
+// row ends.
+static void StepByRows(MovedEnd end, LONG place, LPARAM lParam) {
+    static constexpr LONG kFewRows = 2;
+    const LONG row = RowOf(place);
+    const WPARAM key = place < end.place ? VK_UP : VK_DOWN;
+    while (end.hasMoved && std::abs(RowOf(end.place) - row) > kFewRows) end = StepBy(key, lParam);
+}
+
+// Brings the moved end to `place`, or nearer to it. The control can only be told selections whose right end is the one
+// that keys move, so the left end is moved by keys, and the right one not beyond the other.
+static void GoTowards(const MovedEnd& end, LONG place, LPARAM lParam) {
+    if (!IsKeyDown(VK_SHIFT)) {
+        Select(place, place);
+    } else if (place > end.otherEnd) {
+        Select(end.otherEnd, place);
+    } else if (end.place > end.otherEnd || place == end.otherEnd) {
+        Select(end.otherEnd, end.otherEnd);
+    } else {
+        StepByRows(end, place, lParam);
+    }
+}
+
+static bool IsBefore(const MovedEnd& end, LONG place, WPARAM key) {
+    return end.hasMoved && (key == VK_RIGHT ? end.place < place : end.place > place);
+}
+
+static void StepTo(MovedEnd& end, LONG place, int mostSteps, WPARAM key, LPARAM lParam) {
+    for (int steps = 0; steps < mostSteps && IsBefore(end, place, key); ++steps) end = StepBy(key, lParam);
+}
+
+static constexpr int kFewSteps = 30;
+
+// The control shows and tells nothing of it, which would take most of the time.
+static void JumpTo(MovedEnd& end, LONG place, WPARAM key, LPARAM lParam) {
+    if (!IsBefore(end, place, key)) return;
+    const HWND edit = theNoteEdit.window;
+    const LRESULT events = SendMessageA(edit, EM_SETEVENTMASK, 0, ENM_NONE);
+    WithoutRedraw(edit, [&] {
+        while (IsBefore(end, place, key)) {
+            GoTowards(end, place, lParam);
+            end = StepBy(key, lParam);
+            StepTo(end, place, kFewSteps, key, lParam);
+        }
+    });
+    SendMessageA(edit, EM_SETEVENTMASK, 0, events);
+}
+
+// Steps up to `stop`. In a long word only the first and the last steps are shown.
+static void StepToStop(MovedEnd end, LONG stop, WPARAM key, LPARAM lParam) {
+    static constexpr int kLastSteps = 3;
+    StepTo(end, stop, kFewSteps, key, lParam);
+    JumpTo(end, key == VK_RIGHT ? stop - kLastSteps : stop + kLastSteps, key, lParam);
+    StepTo(end, stop, kFewSteps, key, lParam);
 }
 
 // Ctrl with an arrow key. Wine's control counts the places to the next word wrong, so that the caret is somewhere else
@@ -317,8 +396,11 @@ static void MoveByWord(WPARAM key, LPARAM lParam) {
     std::array<BYTE, 256> lifted = keys;
     lifted[VK_CONTROL] = lifted[VK_LCONTROL] = lifted[VK_RCONTROL] = 0;
     SetKeyboardState(lifted.data());
-    while (StepWithinWord(key, lParam)) {
-    }
+    const MovedEnd first = StepBy(key, lParam);
+    const auto place = static_cast<std::size_t>(first.place);
+    const std::wstring text = WidePlainText(theNoteEdit.window);
+    const std::size_t stop = key == VK_RIGHT ? WordStopFrom(text, place) : WordStopUpTo(text, place);
+    StepToStop(first, static_cast<LONG>(stop), key, lParam);
     SetKeyboardState(keys.data());
 }
 

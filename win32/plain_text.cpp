@@ -24,9 +24,7 @@ static void StreamIn(HWND richEdit, std::string_view text) {
     SendMessageA(richEdit, EM_STREAMIN, SF_TEXT, reinterpret_cast<LPARAM>(&stream));
 }
 
-// The control shows nothing while `work` is done.
-template <typename Work>
-static void WithoutRedraw(HWND richEdit, Work work) {
+void WithoutRedraw(HWND richEdit, const std::function<void()>& work) {
     const bool isShown = (GetWindowLongPtrA(richEdit, GWL_STYLE) & WS_VISIBLE) != 0;
     if (isShown) SendMessageA(richEdit, WM_SETREDRAW, FALSE, 0);
     work();
@@ -111,15 +109,6 @@ static LONG PlaceInOrder(HWND richEdit, LONG place) {
     place = std::clamp(place, 0L, LengthOf(richEdit));
     while (IsInLineEnd(richEdit, place)) --place;
     return place;
-}
-
-bool IsWordStop(HWND richEdit, LONG place) {
-    const auto isLineEnd = [](char c) { return c == '\r' || c == '\n'; };
-    const auto isBlank = [](char c) { return c == ' ' || c == '\t'; };
-    const char before = CharacterAt(richEdit, place - 1);
-    const char behind = CharacterAt(richEdit, place);
-    if (place == 0 || behind == '\0' || isLineEnd(before) || isLineEnd(behind)) return true;
-    return isBlank(before) && !isBlank(behind);
 }
 
 bool IsSelectionInLineEnd(HWND richEdit) {

@@ -2,10 +2,14 @@
 // and keep the formatting of pasted text.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 
 #include "win32/windows_api.h"
+
+// Does `work` while the control shows nothing of it, and then lets it be painted.
+void WithoutRedraw(HWND richEdit, const std::function<void()>& work);
 
 // Shows `text` unchanged, with the caret at its start and an empty undo buffer.
 void SetPlainText(HWND richEdit, std::string_view text);
@@ -28,9 +32,6 @@ std::string PlainTextOfSelection(HWND richEdit);
 
 // With the arrow keys the caret can be moved to places that do not exist: between the CR and the LF of a line end, and
 // behind the end of the text. What is typed there tears the line end, is lost, or ends the program inside the control.
-
-// Does Ctrl with an arrow key stop here: at the start of a word, and at both ends of the text and of each line?
-bool IsWordStop(HWND richEdit, LONG place);
 
 // Is one of the selection's ends inside a line end?
 bool IsSelectionInLineEnd(HWND richEdit);

@@ -2,6 +2,9 @@
 
 #include <windows.h>
 
+#include <algorithm>
+#include <random>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -217,4 +220,104 @@ TEST(LongLine, GrowsByPastes) {
         EXPECT_TRUE(TextInEditor(program) == whole) << times;
     }
     EXPECT_TRUE(IsGreyed(program, IDM_UNDO));
+}
+
+// ---- Ctrl with arrow keys -------------------------------------------------------------------------------------------
+
+namespace {
+
+// The control keeps the end of the selection that keys move at `caret`.
+struct Ends {
+    int anchor = 0;
+    int caret = 0;
+};
+
+}  // namespace
+
+static void ExpectSelected(const Program& program, const Ends& ends, const std::string& keys) {
+    const TextSelection selected = RichSelection(program, NoteEditOf(program));
+    ASSERT_EQ(selected.start, std::min(ends.anchor, ends.caret)) << keys;
+    ASSERT_EQ(selected.end, std::max(ends.anchor, ends.caret)) << keys;
+    const POINT caret = PointOfCharacter(program, NoteEditOf(program), static_cast<std::size_t>(ends.caret));
+    const RECT client = ClientRectOf(NoteEditOf(program));
+    ASSERT_TRUE(caret.y > 0 && caret.y < client.bottom) << keys << " leads out of sight";
+}
+
+static int NextStop(const std::vector<int>& stops, int place, bool isRight) {
+    if (isRight) {
+        const auto next = std::upper_bound(stops.begin(), stops.end(), place);
+        return next == stops.end() ? stops.back() : *next;
+    }
+    const auto next = std::lower_bound(stops.begin(), stops.end(), place);
+    return next == stops.begin() ? stops.front() : *(next - 1);
+}
+
+// Puts the caret where it is told, and with Shift one end of the selection where the keys would move it.
+static void PressArrow(const Program& program, const std::vector<int>& stops, Ends& ends, const std::string& keys) {
+    const bool isRight = keys.ends_with("Right"), isByWord = keys.find("Ctrl") != keys.npos;
+    const int last = stops.back();
+    ends.caret = isByWord ? NextStop(stops, ends.caret, isRight) : std::clamp(ends.caret + (isRight ? 1 : -1), 0, last);
+    if (keys.find("Shift") == keys.npos) ends.anchor = ends.caret;
+    Press(program, keys);
+    ExpectSelected(program, ends, keys);
+}
+
+// Letter by letter, which it was before, this takes minutes.
+TEST(LongLine, IsWalkedWordByWord) {
+    static constexpr int kLength = 60000, kWord = kPlace + 1, kBehind = kWord + 7;
+    const std::string line = LongLineWithWord();
+    const std::vector<int> stops{0, kWord, kBehind, kLength};
+    Program program = ProgramInEditor(line);
+    const HWND edit = NoteEditOf(program);
+    Ends ends;
+    const auto press = [&](const std::vector<std::string>& all) {
+        for (const std::string& keys : all) {
+            PressArrow(program, stops, ends, keys);
+            if (testing::Test::HasFatalFailure()) return;
+        }
+    };
+    press({"Ctrl+Right", "Ctrl+Right", "Ctrl+Right", "Ctrl+Right", "Ctrl+Left", "Ctrl+Left", "Ctrl+Left", "Ctrl+Left"});
+    press({"Ctrl+Shift+Right", "Ctrl+Shift+Right", "Ctrl+Shift+Right", "Shift+Left", "Ctrl+Shift+Left",
+           "Ctrl+Shift+Left", "Ctrl+Shift+Left", "Ctrl+Shift+Right"});
+    SelectRich(program, edit, {30000, 30000});
+    ends = {30000, 30000};
+    press({"Ctrl+Shift+Left", "Shift+Right", "Ctrl+Shift+Right", "Ctrl+Shift+Left", "Shift+Right", "Shift+Right",
+           "Ctrl+Shift+Left", "Ctrl+Shift+Right", "Ctrl+Shift+Right", "Ctrl+Shift+Right", "Ctrl+Shift+Left"});
+    Type(program, "x");
+    EXPECT_TRUE(TextInEditor(program) == std::string(line).replace(30000, kBehind - 30000, "x"));
+}
+
+TEST(LongLine, HasItsSelectionMovedByWords) {
+    std::mt19937 random(11);
+    std::string line;
+    std::vector<int> stops{0};
+    for (int word = 0; word < 25; ++word) {
+        line += std::string(1 + random() % 400, static_cast<char>('a' + word)) + (word % 5 == 0 ? "   " : " ");
+        stops.push_back(static_cast<int>(line.size()));
+    }
+    Program program = ProgramInEditor(line);
+    Ends ends;
+    for (int press = 0; press < 150 && !HasFatalFailure(); ++press) {
+        const std::string shift = random() % 3 == 0 ? "" : "Shift+", control = random() % 5 == 0 ? "" : "Ctrl+";
+        const bool isRight = random() % 100 < (press < 75 ? 60 : 40);
+        PressArrow(program, stops, ends, shift + control + (isRight ? "Right" : "Left"));
+    }
+}
+
+// The keys that go by rows and pages, and those that delete.
+TEST(LongLine, AnswersEachKey) {
+    const std::string line = LongLine(60000);
+    Program program = ProgramInEditor(line);
+    for (const char* keys :
+         {"Ctrl+End", "PgUp", "PgDn", "Up", "Ctrl+Up", "Ctrl+Down", "Shift+PgUp", "Ctrl+PgUp", "Ctrl+PgDn", "Home",
+          "End", "Ctrl+Home", "PgDn", "Down", "Ctrl+Shift+End", "Ctrl+Shift+Home"})
+        Press(program, keys);
+    EXPECT_TRUE(TextInEditor(program) == line);
+    SelectRich(program, NoteEditOf(program), {kPlace, kPlace});
+    for (const char* keys : {"Ctrl+Delete", "Ctrl+Back", "Delete", "Back"}) Press(program, keys);
+    EXPECT_EQ(TextInEditor(program).size(), line.size() - 4);
+    Press(program, "Ctrl+Home");
+    DoubleClick(program, NoteEditOf(program), PointOfCharacter(program, NoteEditOf(program), 20));
+    Press(program, "Ctrl+s");
+    EXPECT_EQ(StoredEdit(program), line.substr(0, kPlace - 2) + line.substr(kPlace + 2));
 }
