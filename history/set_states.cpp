@@ -100,7 +100,8 @@ static bool WriteSet(const NoteFiles& files, NoteSet& set, const NotesInMemory& 
 
 static std::string ReplaceSet(const NoteFiles& files, NoteSet& set, const NotesInMemory& then, const NoteTime& now) {
     NotesInMemory today;
-    if (!ReadNotesInMemory(files, set, today) || !KeepBackupWithTime(files, set, now)) {
+    const bool hasNotes = files.stamp(files.device, set.dataFileName).exists;
+    if (hasNotes && (!ReadNotesInMemory(files, set, today) || !KeepBackupWithTime(files, set, now))) {
         return "What is in the note set \"" + NoteSetName(set) +
                "\" now could not be copied into the folder \"backup\". The disk may be full, or another program may be "
                "using the files." +

@@ -43,9 +43,9 @@ NoteSet* SetCalled(NoteSets& notes, const std::string& name);
 //
 // If `name` is the state's own and there is a set of that name, its notes are replaced. What is in it now is first
 // copied into the folder "backup", and each text that is replaced is kept among the earlier notes: without the copy
-// nothing is replaced. The data file is then replaced in one step and the index rewritten, so that a kill or a power
-// cut at any moment leaves the old or the new set (notes/note_recovery.h). Any other name must be one that a new set
-// can have; it is added as the last one. A table of readings that the copy has
+// nothing is replaced, unless the set's data file is missing. The data file is then replaced in one step and the index
+// rewritten, so that a kill or a power cut at any moment leaves the old or the new set (notes/note_recovery.h). Any
+// other name must be one that a new set can have; it is added as the last one. A table of readings that the copy has
 // comes back with it, unless another set now holds the readings.
 //
 // Nothing changes if the copy is damaged or unreadable, the name belongs to another set or cannot be stored, there are

@@ -268,6 +268,17 @@ static void ExpectRefused(FakeNoteFiles files, const std::string& name, const ch
     EXPECT_FALSE(files.contents.contains("new.nmd"));
 }
 
+TEST(RestoredState, TakesThePlaceOfAMissingDataFile) {
+    FakeNoteFiles files = FilesWithCopy();
+    files.contents.erase("a.nmd");
+    NoteSets notes = Opened(files);
+    EXPECT_EQ(RestoreSetState(DeviceOver(files), notes, TheState(files), "a", kNow), "");
+    EXPECT_TRUE(files.contents["a.nmd"] == FakeSetOf(kThen).data);
+    EXPECT_TRUE(files.contents["a.nmi"] == FakeSetOf(kThen).index);
+    EXPECT_FALSE(notes.sets[0].readOnly);
+    EXPECT_EQ(SetStates(DeviceOver(files)).size(), 1u) << "there was nothing to copy";
+}
+
 TEST(RestoredState, RefusesNamesThatCannotBe) {
     ExpectRefused(FilesWithCopy(), "b", "There already is another note set \"b\".");
     ExpectRefused(FilesWithCopy(), "B", "There already is another note set \"b\".");

@@ -47,7 +47,7 @@ struct NoteFiles {
     // Size of `name` in bytes; 0 if it cannot be opened.
     std::uint64_t (*size)(void* device, const std::string& name) = nullptr;
 
-    // Stamp of `name`, even if another program has it open unshared.
+    // Stamp of `name`, even if another program has it open unshared. A folder of that name is no file.
     NoteFileStamp (*stamp)(void* device, const std::string& name) = nullptr;
 
     // Creates `name` with `bytes` and flushes it to the disk. False if it exists or cannot be created; then nothing was

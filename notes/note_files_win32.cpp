@@ -66,6 +66,7 @@ static std::uint64_t Joined(DWORD high, DWORD low) {
 static NoteFileStamp Stamp(void* device, const std::string& name) {
     WIN32_FILE_ATTRIBUTE_DATA file;
     if (!GetFileAttributesExW(PathOf(device, name).c_str(), GetFileExInfoStandard, &file)) return {};
+    if ((file.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0) return {};
     return {true, Joined(file.nFileSizeHigh, file.nFileSizeLow),
             Joined(file.ftLastWriteTime.dwHighDateTime, file.ftLastWriteTime.dwLowDateTime)};
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <span>
 
 #include "notes/conflict_copies.h"
 #include "notes/note_backup.h"
@@ -72,11 +73,11 @@ static bool IsLeftByConflict(const NoteFiles& files, const std::string& name) {
     return conflict && conflict->isCertain;
 }
 
-// Recreates missing index files before the sets are searched for. Returns the sets without an index whose data file is
-// not whole: an index for them could not be trusted.
+// Recreates missing index files before the sets are searched for. Returns the sets that still have none: the data file
+// is not whole, so that an index could not be trusted, or the index could not be written.
 static std::vector<NoteSet> MakeLostIndexes(const NoteFiles& files, OpenedSets& opened) {
     const std::vector<std::string> indexes = files.list(files.device, std::string("*") + kIndexEnding);
-    std::vector<NoteSet> damaged;
+    std::vector<NoteSet> withoutIndex;
     for (const std::string& name : NamesBefore(files, kDataEnding)) {
         NoteSet set{name + kDataEnding};
         const bool isListed = std::any_of(indexes.begin(), indexes.end(), [&](const std::string& index) {
@@ -87,12 +88,10 @@ static std::vector<NoteSet> MakeLostIndexes(const NoteFiles& files, OpenedSets& 
         if (!places) continue;
         const bool isWhole = IsWhole(*places);
         set.offsets = std::move(places->offsets);
-        if (isWhole)
-            MakeIndexAgain(files, set, " was missing.", opened);
-        else
-            damaged.push_back(std::move(set));
+        if (isWhole) MakeIndexAgain(files, set, " was missing.", opened);
+        if (!set.indexStamp.exists) withoutIndex.push_back(std::move(set));
     }
-    return damaged;
+    return withoutIndex;
 }
 
 // ---- The sets that were found ---------------------------------------------------------------------------------------
@@ -118,18 +117,20 @@ static void ReportDamage(const NoteFiles& files, const NoteSet& set, const NoteP
                        LatestWholeBackup(files, set));
 }
 
-static void Examine(const NoteFiles& files, NoteSet& set, bool isReported, OpenedSets& opened) {
+// False if the data file cannot be opened.
+static bool Examine(const NoteFiles& files, NoteSet& set, bool isReported, OpenedSets& opened) {
     std::optional<NotePlaces> places = PlacesOf(files, set.dataFileName);
     if (!places) set.dataStamp = {};  // the first read examines it
-    if (!places || FitsPlaces(set.offsets, *places)) return;
+    if (!places || FitsPlaces(set.offsets, *places)) return places.has_value();
     set.readOnly = !IsWhole(*places);
     if (set.readOnly) {
         if (isReported) ReportDamage(files, set, *places, opened);
         set.offsets = ReadableOffsets(std::move(set.offsets), std::move(*places));
-        return;
+        return true;
     }
     set.offsets = std::move(places->offsets);
     MakeIndexAgain(files, set, " did not match its notes.", opened);
+    return true;
 }
 
 // Has the file one note after the offset of the last one, as the index says, and a NUL before it?
@@ -145,9 +146,10 @@ static bool EndsAsIndexed(const NoteFiles& files, const NoteSet& set) {
            end.back() == 0;
 }
 
+// What cannot be opened is told later, if it still cannot be opened then: another program may be about to replace it.
 static void ExamineOrPutOff(const NoteFiles& files, NoteSet& set, bool isReported, OpenedSets& opened) {
     set.isUnchecked = EndsAsIndexed(files, set);
-    if (!set.isUnchecked) Examine(files, set, isReported, opened);
+    if (!set.isUnchecked) set.isUntold = !Examine(files, set, isReported, opened) && isReported;
 }
 
 static void NoteDamaged(OpenedSets& opened, std::size_t set) {
@@ -157,9 +159,9 @@ static void NoteDamaged(OpenedSets& opened, std::size_t set) {
 OpenedSets OpenNoteSets(const NoteFiles& files, NoteSets& notes, const NoteTime& now) {
     OpenedSets opened;
     LookAtTwins(files, now, opened);
-    const std::vector<NoteSet> damaged = MakeLostIndexes(files, opened);
+    const std::vector<NoteSet> withoutIndex = MakeLostIndexes(files, opened);
     opened.created = FindNoteSets(files, notes);
-    for (const NoteSet& set : damaged) {
+    for (const NoteSet& set : withoutIndex) {
         const bool isThere = std::any_of(notes.sets.begin(), notes.sets.end(), [&](const NoteSet& found) {
             return EqualIgnoringCase(found.dataFileName, set.dataFileName);
         });
@@ -173,21 +175,59 @@ OpenedSets OpenNoteSets(const NoteFiles& files, NoteSets& notes, const NoteTime&
     return opened;
 }
 
-// The index is read again, because the offsets in memory are those of the notes by now.
-static void ExamineAgain(const NoteFiles& files, NoteSet& set, OpenedSets& opened) {
+// The index is read again, because the offsets in memory are those of the notes by now. False if the data file cannot
+// be opened.
+static bool ExamineAgain(const NoteFiles& files, NoteSet& set, OpenedSets& opened) {
     set.isUntold = false;
     StampFiles(files, set);
     if (!ReadIndex(files, IndexFileName(set), set.offsets)) set.offsets.clear();
-    Examine(files, set, true, opened);
+    const bool isOpened = Examine(files, set, true, opened);
     ++set.timesChanged;
+    return isOpened;
+}
+
+static std::string QuotedNames(std::span<NoteSet* const> sets) {
+    std::string names;
+    for (const NoteSet* set : sets) names += (names.empty() ? "" : ", ") + Quoted(set->dataFileName);
+    return names;
+}
+
+static void ReportMissing(const NoteFiles& files, std::span<NoteSet* const> sets, OpenedSets& opened) {
+    static constexpr std::size_t kFewSets = 3;  // a message box has to fit the screen
+    if (sets.size() > kFewSets)
+        Report(opened, "The data files " + QuotedNames(sets) +
+                           " are missing. The notes of these sets cannot be read until the files are back.");
+    else
+        for (const NoteSet* set : sets)
+            Report(opened, "The data file " + Quoted(set->dataFileName) +
+                               " is missing. The notes of this set cannot be read until the file is back." +
+                               LatestWholeBackup(files, *set));
+}
+
+static void ReportUnreadable(std::span<NoteSet* const> sets, OpenedSets& opened) {
+    if (sets.empty()) return;
+    const bool isOne = sets.size() == 1;
+    Report(opened, (isOne ? "The data file " : "The data files ") + QuotedNames(sets) +
+                       " cannot be opened. Another program may be using " + (isOne ? "it" : "them") +
+                       ", or you may have no right to read " + (isOne ? "it" : "them") +
+                       ". The notes can be read as soon as this has changed.");
 }
 
 OpenedSets RepairCheckedSets(const NoteFiles& files, NoteSets& notes) {
     OpenedSets opened;
+    std::vector<NoteSet*> missing, unreadable;
     for (std::size_t i = 0; i < notes.sets.size(); ++i) {
-        if (!notes.sets[i].isUntold) continue;
-        ExamineAgain(files, notes.sets[i], opened);
+        NoteSet& set = notes.sets[i];
+        if (!set.isUntold) continue;
+        if (!ExamineAgain(files, set, opened)) {
+            const bool exists = files.stamp(files.device, set.dataFileName).exists;
+            set.readOnly |= !exists;
+            opened.hasDamaged = true;
+            (exists ? unreadable : missing).push_back(&set);
+        }
         NoteDamaged(opened, i);
     }
+    ReportMissing(files, missing, opened);
+    ReportUnreadable(unreadable, opened);
     return opened;
 }

@@ -7,6 +7,7 @@
 //   NAME.nmi is missing, short, torn, or of another state           it is rebuilt from the data file
 //   NAME.nmd does not have exactly one note for each verse          it is never written: the set is read-only, so that
 //                                                                   the user can rescue its contents
+//   NAME.nmd is missing or cannot be opened                         the set is there, but its notes cannot be read
 //   NAME.nmd.temp and NAME.nmd are both whole                       the notes that only the temporary file has are put
 //                                                                   among the earlier notes, and it is removed: a save
 //                                                                   was stopped, or could not delete the old data file
@@ -35,9 +36,10 @@ struct OpenedSets {
 };
 
 // Repairs what can be repaired and finds the sets (FindNoteSets), including sets without an index file. A data file
-// that another program has open is not examined until it is first read. `now` is the time of the notes that are put
-// among the earlier ones.
+// that is missing or that another program has open is not reported: this is left to RepairCheckedSets. `now` is the
+// time of the notes that are put among the earlier ones.
 OpenedSets OpenNoteSets(const NoteFiles& files, NoteSets& notes, const NoteTime& now = {});
 
-// Repairs what has been found since by reading sets completely, and reports it like OpenNoteSets.
+// Repairs what has been found since by reading sets completely, and reports it like OpenNoteSets. Reports the data
+// files that the start could not open and that still cannot be opened.
 OpenedSets RepairCheckedSets(const NoteFiles& files, NoteSets& notes);

@@ -26,7 +26,9 @@ struct NoteSets {
     std::vector<NoteSet> sets;
     int currentSet = 0;  // only changed by SelectSet
     int currentVerse = 0;
-    std::string noteText;  // text of the current note, or the line that says there is none
+    std::string noteText;    // text of the current note, or the line that says there is none or that it cannot be read
+    std::string noteTextOf;  // data file of the set that the text is of; empty before a note was read
+    bool hasFailed = false;  // the last reading could not open the data file
     int devotionalSet = kNoDevotionalSet;
     std::array<std::uint32_t, 12 * 31 * 2> devotionalTable{};
 };
@@ -63,7 +65,8 @@ void SelectStoredNote(NoteSets& notes, int set, int verse);
 
 // Reads the note of `verse` (clamped to 0..31101) in the current set into `noteText`, up to its first NUL, at most
 // 65,535 characters; for an empty note, or one missing in a damaged index, "No note for Genesis 1:1." The current verse
-// becomes `verse`. If the data file cannot be opened, returns false and changes neither.
+// becomes `verse`. If the data file cannot be opened, returns false and changes neither, except that a text of another
+// set gives way to a line that says so.
 bool ReadNoteText(const NoteFiles& files, const VerseRecords& records, NoteSets& notes, int verse);
 
 // Reads the current verse's note in the current set as it is stored, up to its first NUL, at most 65,535 characters;

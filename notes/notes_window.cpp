@@ -7,6 +7,7 @@
 #include "notes/note_editor_window.h"
 #include "notes/note_files_win32.h"
 #include "notes/note_refresh.h"
+#include "notes/note_source.h"
 #include "notes/note_tabs_win32.h"
 #include "notes/note_view_text_win32.h"
 #include "pane/selection_win32.h"
@@ -37,9 +38,12 @@ void TellChangedNotes() {
 
 void ReadNote(int verse) {
     if (IsEditingNote() || theNoteSets.sets.empty()) return;
+    const std::string shownOf = theNoteSets.noteTextOf;
     const bool isRead = ReadNoteText(TheNoteFiles(), theScripture.records, theNoteSets, verse);
+    const bool isOfOtherSet = theNoteSets.noteTextOf != shownOf;
     TellChangedNotes();
     if (!isRead) {
+        if (isOfOtherSet) ShowNoteText();
         Complain(FrameOf(theNotes.window), kCannotReadNote);
         return;
     }
@@ -55,7 +59,9 @@ static bool Refresh(NoteSet& set) {
 
 static void RefreshCurrentSet() {
     NoteSet* set = CurrentSet(theNoteSets);
-    if (set != nullptr && Refresh(*set)) ReadNote(theNoteSets.currentVerse);
+    if (set == nullptr) return;
+    const bool isBack = theNoteSets.hasFailed && CanReadNotes(TheNoteFiles(), *set);
+    if (Refresh(*set) || isBack) ReadNote(theNoteSets.currentVerse);
 }
 
 void RefreshNotes() {

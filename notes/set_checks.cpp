@@ -4,9 +4,10 @@
 
 static constexpr int kTries = 3;  // the file may be replaced while it is read
 
-// Its first use reads it, without a report.
-static void LeaveToFirstUse(NoteSet& set) {
+// Its first use reads it, without a report unless it is missing.
+static void LeaveToFirstUse(const NoteFiles& files, NoteSet& set) {
     set.isUnchecked = false;
+    set.isUntold = !HasNoDataFile(set) && !files.stamp(files.device, set.dataFileName).exists;
     set.dataStamp = {};
 }
 
@@ -21,7 +22,7 @@ static void BeginAgain(const NoteFiles& files, NoteSet& set, SetCheck& check) {
     if (++check.tries < kTries)
         check.scan = BeginScan(files, set.dataFileName);
     else
-        LeaveToFirstUse(set);
+        LeaveToFirstUse(files, set);
 }
 
 bool CheckNextPiece(const NoteFiles& files, NoteSets& notes, SetCheck& check) {
@@ -32,7 +33,7 @@ bool CheckNextPiece(const NoteFiles& files, NoteSets& notes, SetCheck& check) {
     switch (step) {
         case ScanStep::kGoesOn: break;
         case ScanStep::kDone: TakeScan(files, *set, check.scan); break;
-        case ScanStep::kCannotOpen: LeaveToFirstUse(*set); break;
+        case ScanStep::kCannotOpen: LeaveToFirstUse(files, *set); break;
         case ScanStep::kChanged: BeginAgain(files, *set, check); break;
     }
     if (!set->isUnchecked) check = {};

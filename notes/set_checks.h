@@ -12,5 +12,6 @@ struct SetCheck {
 };
 
 // Reads the next piece (kScannedAtOnce) of the first set that is not checked yet, beginning with the current one. A set
-// that cannot be read is left to its first use. False if all sets are checked.
+// that cannot be read is left to its first use, but is untold if its data file is missing. False if all sets are
+// checked.
 bool CheckNextPiece(const NoteFiles& files, NoteSets& notes, SetCheck& check);

@@ -204,3 +204,89 @@ TEST(CheckNextPiece, GoesOnWhenSetsChangeMeanwhile) {
                     testing::StartsWith("The data file \"c.nmd\" is damaged"));
     }
 }
+
+// ---- Data files that cannot be opened -------------------------------------------------------------------------------
+
+static std::string ReportOfChecks(FakeNoteFiles& files, NoteSets& notes) {
+    CheckAll(files, notes);
+    return RepairCheckedSets(DeviceOver(files), notes).report;
+}
+
+TEST(MissingDataFile, IsToldWhenTheSetsAreChecked) {
+    FakeNoteFiles files = FilesWith({"a", "b"}, kNotes);
+    files.contents.erase("b.nmd");
+    files.contents["backup/b 2024-05-01.nmd"] = FakeSetOf(kNotes).data;
+    const auto before = files.contents;
+    NoteSets notes = Started(files);
+    CheckAll(files, notes);
+    const OpenedSets told = RepairCheckedSets(DeviceOver(files), notes);
+    EXPECT_EQ(told.report,
+              "The data file \"b.nmd\" is missing. The notes of this set cannot be read until the file is back. The "
+              "latest whole backup is of 2024-05-01: \"backup/b 2024-05-01.nmd\".");
+    EXPECT_TRUE(told.hasDamaged);
+    EXPECT_EQ(told.damagedSet, 1);
+    EXPECT_TRUE(notes.sets[1].readOnly) << "its earlier states are offered";
+    EXPECT_EQ(ReportOfChecks(files, notes), "") << "it is told once";
+    EXPECT_TRUE(files.contents == before);
+    ChangeFile(files, "b.nmd", FakeSetOf(kNotes).data);
+    SelectSet(notes, 1);
+    std::string text;
+    EXPECT_TRUE(ReadStoredNote(DeviceOver(files), notes, text));
+    EXPECT_EQ(text, "first");
+    EXPECT_FALSE(notes.sets[1].readOnly);
+}
+
+TEST(MissingDataFile, IsNotToldIfItHasArrived) {
+    FakeNoteFiles files = FilesWith({"a"}, kNotes);
+    files.contents.erase("a.nmd");
+    NoteSets notes = Started(files);
+    ChangeFile(files, "a.nmd", FakeSetOf(kNotes).data);
+    EXPECT_EQ(ReportOfChecks(files, notes), "");
+}
+
+TEST(MissingDataFile, IsToldIfItIsRemovedBeforeItsCheck) {
+    FakeNoteFiles files = FilesWith({"a", "b"}, kNotes);
+    NoteSets notes = Started(files);
+    files.contents.erase("b.nmd");
+    EXPECT_THAT(ReportOfChecks(files, notes), testing::StartsWith("The data file \"b.nmd\" is missing."));
+}
+
+TEST(MissingDataFile, IsToldInOneSentenceWithMany) {
+    FakeNoteFiles files = FilesWith({"a", "b", "c", "d"}, kNotes);
+    for (const char* name : {"a.nmd", "b.nmd", "c.nmd", "d.nmd"}) files.contents.erase(name);
+    NoteSets notes = Started(files);
+    EXPECT_EQ(ReportOfChecks(files, notes),
+              "The data files \"a.nmd\", \"b.nmd\", \"c.nmd\", \"d.nmd\" are missing. The notes of these sets cannot "
+              "be read until the files are back.");
+}
+
+TEST(UnreadableDataFile, IsToldIfItStillCannotBeOpened) {
+    for (const bool isIndexWhole : {true, false}) {
+        FakeNoteFiles files = FilesWith({"a", "b"}, kNotes);
+        if (!isIndexWhole) files.contents["b.nmi"].clear();
+        files.unreadable = {"b.nmd"};
+        NoteSets notes = Started(files);
+        EXPECT_EQ(ReportOfChecks(files, notes),
+                  "The data file \"b.nmd\" cannot be opened. Another program may be using it, or you may have no right "
+                  "to read it. The notes can be read as soon as this has changed.");
+        EXPECT_FALSE(notes.sets[1].readOnly);
+        NoteSets later = Started(files);
+        files.unreadable.clear();
+        EXPECT_EQ(ReportOfChecks(files, later) == "", isIndexWhole) << "a bad index is told";
+    }
+}
+
+TEST(UnwritableIndex, LeavesItsSetAmongTheSets) {
+    FakeNoteFiles files = FilesWith({"a"}, kNotes);
+    files.contents["b.nmd"] = FakeSetOf(kNotes).data;
+    files.uncreatable = {"b.nmi"};  // as if a folder had its name
+    NoteSets notes;
+    EXPECT_EQ(OpenNoteSets(DeviceOver(files), notes).report,
+              "The index file of the note set \"b\" was missing. It has been made again from the notes, which are all "
+              "there. It could not be written to the disk: this will be tried at the next start.");
+    ASSERT_EQ(notes.sets.size(), 2u);
+    std::string text;
+    SelectStoredNote(notes, 1, 15000);
+    EXPECT_TRUE(ReadStoredNote(DeviceOver(files), notes, text));
+    EXPECT_EQ(text, "middle");
+}

@@ -1,0 +1,191 @@
+// Files of note sets that are missing or cannot be read, at the start and while the program runs.
+
+#include <windows.h>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+
+#include "resources/ids.h"
+#include "tests/windows/note_set_files.h"
+#include "tests/windows/note_steps.h"
+
+static HWND TabsOf(const Program& program) {
+    return Child(program.frame, {IDC_NOTE_TABS});
+}
+
+static std::string Shown(const Program& program) {
+    Settle(program);
+    return TextOf(NoteViewOf(program));
+}
+
+// The sets "First", which is opened, and "Second".
+static ScratchFolder FolderWithTwoSets() {
+    const ScratchFolder folder = FolderWithScripture();
+    WriteNoteSet(folder, "First", {{0, "of the first"}});
+    WriteNoteSet(folder, "Second", {{0, "of the second"}, {5, "fifth"}});
+    WriteFile(folder, "Versewell.more.ini", "[NOTES]\r\nCurrentSet=First\r\n");
+    return folder;
+}
+
+static Program ProgramAfterReport(const ScratchFolder& folder, const std::string& report, const char* icon) {
+    Program program = LaunchProgram(folder);
+    const HWND box = WaitForDialog(program, "Note Sets");
+    EXPECT_EQ(MessageText(box), report);
+    EXPECT_EQ(IconOf(box), icon);
+    PostMessageA(box, WM_COMMAND, IDOK, 0);
+    WaitForFrame(program);
+    EXPECT_EQ(Shown(program), "of the first");
+    return program;
+}
+
+static int TabOf(const Program& program, const std::string& name) {
+    const std::vector<std::string> names = NoteSetNames(program);
+    return static_cast<int>(std::ranges::find(names, name) - names.begin());
+}
+
+static void ConfirmReadError(const Program& program) {
+    const HWND box = WaitForDialog(program, "Error");
+    EXPECT_EQ(MessageText(box), "Error reading note file");
+    Press(program, "Enter");
+    WaitForNoDialog(program);
+}
+
+static void ExpectNoNoteOfSecond(const Program& program) {
+    ClickTab(program, TabsOf(program), TabOf(program, "Second"));
+    ConfirmReadError(program);
+    EXPECT_EQ(Shown(program), "The notes of the set \"Second\" cannot be read now.");
+    EXPECT_EQ(StatusPart(program, 2), "Genesis 1:1");
+    Press(program, "Alt+e");
+    ConfirmReadError(program);
+    EXPECT_FALSE(IsShown(NoteEditorOf(program)));
+    ClickTab(program, TabsOf(program), TabOf(program, "First"));
+    EXPECT_EQ(Shown(program), "of the first");
+    Press(program, "Alt+Right");
+    ConfirmReadError(program);
+    EXPECT_EQ(Shown(program), "The notes of the set \"Second\" cannot be read now.");
+}
+
+static const std::string kIsMissing =
+    "The data file \"Second.nmd\" is missing. The notes of this set cannot be read until the file is back.";
+
+TEST(MissingDataFile, IsToldAndShowsNoOtherNotes) {
+    for (const bool isFolder : {false, true}) {
+        SCOPED_TRACE(isFolder);
+        const ScratchFolder folder = FolderWithTwoSets();
+        std::filesystem::rename(folder.path / "Second.nmd", folder.path / "away");
+        if (isFolder) std::filesystem::create_directory(folder.path / "Second.nmd");
+        Program program = ProgramAfterReport(folder, kIsMissing, "exclamation");
+        ExpectNoNoteOfSecond(program);
+        SavePicture(PictureOfWindow(program.frame), "missing-data-file");
+        if (isFolder) std::filesystem::remove(folder.path / "Second.nmd");
+        std::filesystem::rename(folder.path / "away", folder.path / "Second.nmd");
+        Press(program, "F10");
+        EXPECT_EQ(Shown(program), "of the second");
+        EXPECT_EQ(CloseProgram(program), 0);
+    }
+}
+
+// The last state is the set's own.
+TEST(MissingDataFile, IsShownAgainWhenTheProgramIsActivated) {
+    Program program = StartProgram(FolderWithTwoSets());
+    const auto data = program.folder.path / "Second.nmd", away = program.folder.path / "away";
+    std::filesystem::rename(data, away);
+    ClickTab(program, TabsOf(program), TabOf(program, "Second"));
+    ConfirmReadError(program);
+    EXPECT_EQ(Shown(program), "The notes of the set \"Second\" cannot be read now.");
+    std::filesystem::rename(away, data);
+    Press(program, "Alt+g");
+    WaitForDialog(program, "Go To Verse");
+    Press(program, "Esc");
+    WaitForNoDialog(program);
+    EXPECT_EQ(Shown(program), "of the second");
+}
+
+TEST(MissingDataFile, CanBeReplacedByAnEarlierState) {
+    const ScratchFolder folder = FolderWithTwoSets();
+    std::filesystem::create_directory(folder.path / "backup");
+    std::filesystem::rename(folder.path / "Second.nmd", folder.path / "backup" / "Second 2024-05-01.nmd");
+    Program program = LaunchProgram(folder);
+    const HWND box = WaitForDialog(program, "Note Sets");
+    EXPECT_EQ(MessageText(box),
+              kIsMissing +
+                  " The latest whole backup is of 2024-05-01: \"backup/Second 2024-05-01.nmd\".\n\nDo you want "
+                  "to look at the earlier states of the note set \"Second\" now?");
+    PostMessageA(box, WM_COMMAND, IDYES, 0);
+    WaitForFrame(program);
+    const HWND states = WaitForDialog(program, "Earlier States of Note Sets");
+    SavePicture(PictureOfWindow(states), "states-of-a-missing-set");
+    Press(program, "Alt+s");
+    WaitForDialog(program, "Restore Set");
+    Press(program, "y");
+    WaitForNoDialog(program);
+    ClickTab(program, TabsOf(program), TabOf(program, "Second"));
+    EXPECT_EQ(Shown(program), "of the second");
+    EXPECT_EQ(CloseProgram(program), 0);
+}
+
+TEST(DataFileInUse, IsToldAndShowsNoOtherNotes) {
+    const ScratchFolder folder = FolderWithTwoSets();
+    const std::string path = (folder.path / "Second.nmd").string();
+    UniqueHandle held(CreateFileA(path.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr));
+    ASSERT_NE(held.get(), INVALID_HANDLE_VALUE);
+    Program program = ProgramAfterReport(
+        folder,
+        "The data file \"Second.nmd\" cannot be opened. Another program may be using it, or you may have no right to "
+        "read it. The notes can be read as soon as this has changed.",
+        "exclamation");
+    ExpectNoNoteOfSecond(program);
+    held.reset();
+    Press(program, "F10");
+    EXPECT_EQ(Shown(program), "of the second");
+    EXPECT_EQ(CloseProgram(program), 0);
+}
+
+TEST(EmptyDataFile, IsToldAsDamaged) {
+    const ScratchFolder folder = FolderWithTwoSets();
+    WriteFile(folder, "Second.nmd", "");
+    Program program = ProgramAfterReport(folder,
+                                         "The data file \"Second.nmd\" is damaged: it should hold 31102 notes, but it "
+                                         "has 0. It is left as it is, so that you can rescue what it holds: the set "
+                                         "can be read, but no note can be saved in it.",
+                                         "exclamation");
+    ClickTab(program, TabsOf(program), TabOf(program, "Second"));
+    EXPECT_EQ(Shown(program), "No note for Genesis 1:1.");
+    EXPECT_EQ(CloseProgram(program), 0);
+    EXPECT_EQ(ReadFile(folder, "Second.nmd"), "");
+}
+
+TEST(UnusableIndexFile, IsMadeAgain) {
+    static constexpr struct {
+        const char* why;
+        void (*spoil)(const ScratchFolder& folder);
+        const char* fault;
+    } kRows[] = {
+        {"missing", [](const ScratchFolder&) {}, " was missing."},
+        {"empty", [](const ScratchFolder& folder) { WriteFile(folder, "Second.nmi", ""); },
+         " did not match its notes."},
+        {"a folder", [](const ScratchFolder& folder) { std::filesystem::create_directory(folder.path / "Second.nmi"); },
+         " was missing."},
+    };
+    for (const auto& row : kRows) {
+        SCOPED_TRACE(row.why);
+        const ScratchFolder folder = FolderWithTwoSets();
+        const std::string index = ReadFile(folder, "Second.nmi");
+        std::filesystem::remove(folder.path / "Second.nmi");
+        row.spoil(folder);
+        const bool isFolder = std::filesystem::is_directory(folder.path / "Second.nmi");
+        Program program = ProgramAfterReport(
+            folder,
+            std::string("The index file of the note set \"Second\"") + row.fault +
+                " It has been made again from the notes, which are all there." +
+                (isFolder ? " It could not be written to the disk: this will be tried at the next start." : ""),
+            "information");
+        ClickTab(program, TabsOf(program), TabOf(program, "Second"));
+        EXPECT_EQ(Shown(program), "of the second");
+        EXPECT_EQ(CloseProgram(program), 0);
+        EXPECT_TRUE(isFolder || ReadFile(folder, "Second.nmi") == index);
+    }
+}
