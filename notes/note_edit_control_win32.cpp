@@ -455,6 +455,8 @@ static LRESULT CALLBACK EditProcedure(HWND edit, UINT message, WPARAM wParam, LP
     }
     const LRESULT result = CallWindowProcA(theNoteEdit.procedure, edit, message, wParam, lParam);
     switch (message) {
+        case WM_SIZE:
+        case WM_SETFONT: ScrollBackToText(edit); break;
         case WM_SETFOCUS: OnEditFocus(); break;
         case WM_KILLFOCUS: OnEditFocusLost(); break;
         case WM_LBUTTONDOWN: OnButtonDown(edit, {GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)}); break;

@@ -229,7 +229,9 @@ static LRESULT CALLBACK ViewProcedure(HWND view, UINT message, WPARAM wParam, LP
         case WM_SETFOCUS: OnViewFocus(); break;
         case WM_LBUTTONDBLCLK: return OnDoubleClick(wParam, lParam);
     }
-    return ToView(message, wParam, lParam);
+    const LRESULT result = ToView(message, wParam, lParam);
+    if (message == WM_SIZE || message == WM_SETFONT) ScrollBackToText(view);
+    return result;
 }
 
 bool RegisterNotesClass() {

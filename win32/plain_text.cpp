@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstring>
 
+#include "win32/wine.h"
+
 static DWORD CALLBACK GiveText(DWORD_PTR cookie, LPBYTE buffer, LONG wanted, LONG* given) {
     auto& rest = *reinterpret_cast<std::string_view*>(cookie);
     const std::size_t count = std::min(rest.size(), static_cast<std::size_t>(wanted));
@@ -42,6 +44,20 @@ void SetPlainText(HWND richEdit, std::string_view text) {
         SendMessageA(richEdit, EM_EMPTYUNDOBUFFER, 0, 0);
         SendMessageA(richEdit, EM_SETMODIFY, FALSE, 0);
     });
+}
+
+void ScrollBackToText(HWND richEdit) {
+    if (!IsWine()) return;
+    SCROLLINFO bar{};
+    bar.cbSize = sizeof bar;
+    bar.fMask = SIF_RANGE | SIF_PAGE;
+    POINT corner{};
+    GetScrollInfo(richEdit, SB_VERT, &bar);
+    SendMessageA(richEdit, EM_GETSCROLLPOS, 0, reinterpret_cast<LPARAM>(&corner));
+    const LONG lowest = std::max(bar.nMax - static_cast<int>(bar.nPage), 0);
+    if (corner.y <= lowest) return;
+    corner.y = lowest;
+    SendMessageA(richEdit, EM_SETSCROLLPOS, 0, reinterpret_cast<LPARAM>(&corner));
 }
 
 static std::string StreamedOut(HWND richEdit, WPARAM format) {

@@ -14,6 +14,10 @@ void WithoutRedraw(HWND richEdit, const std::function<void()>& work);
 // Shows `text` unchanged, with the caret at its start and an empty undo buffer.
 void SetPlainText(HWND richEdit, std::string_view text);
 
+// To be called when the control has another size or font. If the text takes less height then, Wine's control stays
+// scrolled to where it was, which may be below all of the text. Scrolls it to the text's end.
+void ScrollBackToText(HWND richEdit);
+
 // Puts `text` in the place of the selection, as one change that can be undone.
 void ReplaceSelectedText(HWND richEdit, const std::string& text);
 

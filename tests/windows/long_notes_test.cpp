@@ -121,6 +121,83 @@ TEST(LongNote, LooksTheSameBeforeAndAfterItIsAsked) {
     EXPECT_TRUE(PictureOfWindow(view).pixels == before.pixels) << "text and scroll bar";
 }
 
+// ---- In a window that is resized ------------------------------------------------------------------------------------
+
+static void ScrollToEnd(const Program& program, HWND text) {
+    SendMessageA(text, WM_VSCROLL, SB_BOTTOM, 0);
+    Settle(program);
+}
+
+static Picture PaintedAgain(const Program& program, HWND text) {
+    RedrawWindow(text, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME);
+    Settle(program);
+    return PictureOfWindow(text);
+}
+
+// At least a twentieth of an area with lines is not white.
+static bool HasLines(const Picture& picture) {
+    static constexpr int kFrame = 3, kScrollBar = 20;
+    const RECT inside{kFrame, kFrame, std::min(picture.width - kScrollBar, 150), picture.height - kFrame};
+    const int size = static_cast<int>((inside.right - inside.left) * (inside.bottom - inside.top));
+    return CountPixels(picture, inside, 0xFFFFFF) < size / 20 * 19;
+}
+
+static void ExpectEndIsShown(const Program& program, HWND text, const char* when) {
+    const Picture shown = PictureOfWindow(text);
+    EXPECT_TRUE(HasLines(shown)) << when;
+    EXPECT_TRUE(PaintedAgain(program, text).pixels == shown.pixels) << when;
+    ScrollToEnd(program, text);
+    EXPECT_TRUE(PaintedAgain(program, text).pixels == shown.pixels) << when << " it is not at the end";
+}
+
+static void Order(const Program& program, WPARAM order) {
+    PostMessageA(program.frame, WM_SYSCOMMAND, order, 0);
+    Settle(program);
+}
+
+// A text that needs less height in the new size, and had been scrolled to its end. The caret is where it was.
+static void ExpectShownInEachSize(const Program& program, HWND text) {
+    static constexpr RECT kNarrow{0, 0, 420, 700};
+    PlaceFrame(program, kNarrow);
+    ScrollToEnd(program, text);
+    PlaceFrame(program, {0, 0, 1200, 700});
+    ExpectEndIsShown(program, text, "wider");
+    PlaceFrame(program, {0, 0, 1200, 950});
+    ExpectEndIsShown(program, text, "higher");
+    PlaceFrame(program, kNarrow);
+    ScrollToEnd(program, text);
+    Order(program, SC_MAXIMIZE);
+    ExpectEndIsShown(program, text, "maximized");
+    Order(program, SC_RESTORE);
+    const Picture restored = PictureOfWindow(text);
+    EXPECT_TRUE(HasLines(restored));
+    EXPECT_TRUE(PaintedAgain(program, text).pixels == restored.pixels);
+}
+
+static std::string WideLines() {
+    std::string lines;
+    for (int line = 1; lines.size() < 20000; ++line)
+        lines += "line " + std::to_string(line) + " of a note whose lines are wider than a narrow window is\r\n";
+    return lines + "the end of it";
+}
+
+TEST(LongNote, IsShownInEachSizeOfTheWindow) {
+    Program program = ProgramWithNotes({{0, WideLines()}});
+    const HWND view = NoteViewOf(program);
+    ExpectShownInEachSize(program, view);
+}
+
+TEST(LongNote, IsShownInEachSizeOfTheEditor) {
+    Program program = ProgramInEditor(WideLines());
+    const HWND edit = NoteEditOf(program);
+    Command(program, IDM_FOCUS_PASSAGE);  // so that no caret blinks
+    ExpectShownInEachSize(program, edit);
+    Click(program, edit);
+    Press(program, "Ctrl+End");
+    Command(program, IDM_FOCUS_PASSAGE);
+    ExpectShownInEachSize(program, edit);
+}
+
 // ---- In the editor --------------------------------------------------------------------------------------------------
 
 TEST(LongLine, IsEditedAsItIsStored) {
