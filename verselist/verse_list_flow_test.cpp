@@ -9,6 +9,7 @@
 #include "tests/support/even_letters.h"
 #include "tests/support/hand_made_scripture.h"
 #include "tests/support/native_scripture.h"
+#include "tests/support/tries.h"
 
 static constexpr HandMadeVerse kVerses[] = {
     {1, 1, 1, "\xB6One two three four."},
@@ -318,7 +319,7 @@ TEST(RealVerseList, EveryBoxIsHitWhereItIsPainted) {
     pane.flow.measure = ItalicLetters<7>();
     for (const int width : {700, 333}) {
         pane.flow.width = width;
-        for (pane.list.ListTop = 0; pane.list.ListTop < ListCount(pane.list); pane.list.ListTop += 97) {
+        for (pane.list.ListTop = 0; pane.list.ListTop < ListCount(pane.list); pane.list.ListTop += Tried(97, 307)) {
             std::vector<FlowBox> boxes;
             WalkVerseList(pane.flow, [&boxes](const FlowBox& box) {
                 if (box.y < 420) boxes.push_back(box);

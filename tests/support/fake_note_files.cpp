@@ -2,10 +2,10 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdlib>
 #include <new>
 
 #include "scripture/verse_records.h"
+#include "tests/support/tries.h"
 
 static FakeNoteFiles& FilesOf(void* device) {
     return *static_cast<FakeNoteFiles*>(device);
@@ -299,19 +299,9 @@ void AddFakeSet(FakeNoteFiles& files, const std::string& name, const std::map<in
     files.listed.push_back(name + ".nmi");
 }
 
-static bool TriesAllCuts() {
-#ifdef VERSEWELL_SANITIZED
-    const char* const isLong = std::getenv("VERSEWELL_LONG");
-    return isLong && *isLong != '\0';
-#else
-    return true;
-#endif
-}
-
 std::span<const PowerCut> PowerCutsAfter(std::int64_t step) {
     static constexpr std::array kAll = {PowerCut::kNone, PowerCut::kLosesAll, PowerCut::kLeavesZeros,
                                         PowerCut::kLeavesHalf};
-    static const bool triesAll = TriesAllCuts();
     const std::span<const PowerCut> all(kAll);
-    return triesAll ? all : all.subspan(static_cast<std::size_t>(step) % all.size(), 1);
+    return TriesAll() ? all : all.subspan(static_cast<std::size_t>(step) % all.size(), 1);
 }

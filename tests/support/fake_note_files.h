@@ -46,8 +46,7 @@ NoteFiles DeviceOver(FakeNoteFiles& files);
 enum class PowerCut { kNone, kLosesAll, kLeavesZeros, kLeavesHalf };
 void CutPower(FakeNoteFiles& files, PowerCut cut);
 
-// What a test tries after a program was stopped at `step`: all power cuts. With sanitizers, which make it ten times
-// slower, one of them in turn, unless VERSEWELL_LONG is in the environment.
+// What a test tries after a program was stopped at `step`: all power cuts, or one of them in turn (TriesAll).
 std::span<const PowerCut> PowerCutsAfter(std::int64_t step);
 
 // Changes a file as another program would.
