@@ -170,16 +170,15 @@ static std::string WithLineEndsOfNotes(const std::string& text) {
 }
 
 // Keeps an edit that ends without being stored among the earlier notes. False if that is impossible, too.
-static bool KeepEdit(KeptReason reason) {
-    const std::optional<NoteDraft> draft = DraftInEditor();
-    if (!draft) return true;
-    const EarlierNote edit{NoteTimeNow().seconds, draft->verse, reason, draft->text};
-    return KeepEarlierNotes(TheNoteFiles(), draft->setName, {&edit, 1});
+static bool KeepEdit(const NoteDraft& draft, KeptReason reason) {
+    const EarlierNote edit{NoteTimeNow().seconds, draft.verse, reason, draft.text};
+    return KeepEarlierNotes(TheNoteFiles(), draft.setName, {&edit, 1});
 }
 
 // Keeps an edit that the user gives up. False if it cannot be kept, and the user then wants to go on with it.
 static bool GiveUpEdit() {
-    if (KeepEdit(KeptReason::kCancelled)) return true;
+    const std::optional<NoteDraft> draft = DraftInEditor();
+    if (!draft || KeepEdit(*draft, KeptReason::kCancelled)) return true;
     static constexpr char kQuestion[] =
         "What you have typed cannot be kept among the earlier notes. Disk may be full! Do you want to drop it?";
     return MessageBoxA(Frame(), kQuestion, "Versewell97", MB_YESNO | MB_ICONEXCLAMATION | MB_DEFBUTTON2) == IDYES;
@@ -189,11 +188,24 @@ static constexpr char kKeptNowhere[] =
     "What you have typed cannot be kept among the earlier notes either, so it stays in the editor. Make room on the "
     "disk and save it again, or copy the text elsewhere.";
 
+static void TellWhereKept(const NoteDraft& draft) {
+    NoteSet& set = *CurrentSet(theNoteSets);
+    std::string text = "What you have typed is not lost. It is kept among the earlier notes of " +
+                       ReferenceText(theScripture.records, draft.verse, BookForm::kName) + ", in the file \"" +
+                       kBackupFolder + "/" + draft.setName + kHistoryEnding +
+                       "\": see Notes, Earlier Notes for this Verse.";
+    if (!CanReadNotes(TheNoteFiles(), set))
+        text += " They can be seen once the file \"" + set.dataFileName + "\" can be opened again.";
+    MessageBoxA(Frame(), text.c_str(), "Note Editor", MB_OK | MB_ICONINFORMATION);
+}
+
 // After a save that failed. An edit that cannot be kept stays in the editor, because it is nowhere else.
 static bool EndFailedEdit() {
-    const bool isKept = KeepEdit(KeptReason::kNotSaved);
+    const std::optional<NoteDraft> draft = DraftInEditor();
+    const bool isKept = !draft || KeepEdit(*draft, KeptReason::kNotSaved);
     if (isKept) {
         CloseEditor();
+        if (draft) TellWhereKept(*draft);
     } else {
         Complain(Frame(), kKeptNowhere);
         SetFocus(theNoteEdit.window);  // not on the button, where Enter would save again

@@ -120,10 +120,22 @@ static bool PutAwayLeftOver(Save& save) {
     return !KeepLeftOver(save.files, NoteSetName(save.set), save.now.seconds).isFailed;
 }
 
-// False if the user cancels.
-static bool OpenData(Save& save) {
+static bool HasData(const Save& save) {
+    return save.files.stamp(save.files.device, save.set.dataFileName).exists;
+}
+
+// Retry opens a file that was missing, but not one that was in use. Nothing is created for a file that cannot be
+// opened: a temporary file that is there may hold the only copy of some notes.
+static Step OpenData(Save& save) {
+    if (!PutAwayLeftOver(save)) return Step::kCannotWrite;
+    const bool isMissing = !HasData(save);
     save.data = OpenNoteFile(save.files, save.set.dataFileName);
-    return save.data || Tell(save, SaveNotice::kCannotOpen);
+    if (save.data) return Step::kDone;
+    if (!Tell(save, SaveNotice::kCannotOpen)) return Step::kStopped;
+    if (!isMissing || !HasData(save)) return Step::kCannotCreate;
+    if (!PutAwayLeftOver(save)) return Step::kCannotWrite;
+    save.data = OpenNoteFile(save.files, save.set.dataFileName);
+    return save.data ? Step::kDone : Step::kCannotCreate;
 }
 
 static bool HasChangedOnDisk(const Save& save) {
@@ -182,12 +194,6 @@ static Step CheckNote(Save& save) {
 }
 
 // ---- The temporary file ---------------------------------------------------------------------------------------------
-
-// A temporary file without a data file may be the only copy of the notes.
-static bool HasOnlyTemp(const Save& save) {
-    return !save.files.stamp(save.files.device, save.set.dataFileName).exists &&
-           save.files.stamp(save.files.device, TempName(save.set)).exists;
-}
 
 static bool WriteToTemp(const Save& save, std::span<const unsigned char> bytes) {
     return save.files.write(save.files.device, save.temp.get(), bytes);
@@ -322,12 +328,6 @@ static Step WriteTemp(Save& save) {
     return save.temp ? WriteNotes(save) : Step::kCannotCreate;
 }
 
-// After Retry for a data file that could not be opened.
-static Step FailWithoutData(Save& save) {
-    if (!HasOnlyTemp(save)) save.temp = CreateNoteFileAnew(save.files, TempName(save.set));
-    return Step::kCannotCreate;
-}
-
 static Step CheckAndWrite(Save& save) {
     const Step step = CheckNote(save);
     return step == Step::kDone ? WriteTemp(save) : step;
@@ -335,10 +335,9 @@ static Step CheckAndWrite(Save& save) {
 
 // Everything before the old data file is touched. A data file that does not match the offsets is read again, once.
 static Step MakeTemp(Save& save) {
-    if (!PutAwayLeftOver(save)) return Step::kCannotWrite;
-    if (!OpenData(save)) return Step::kStopped;
-    if (!save.data) return FailWithoutData(save);
-    Step step = HasChangedOnDisk(save) ? Step::kMisfit : CheckAndWrite(save);
+    Step step = OpenData(save);
+    if (step != Step::kDone) return step;
+    step = HasChangedOnDisk(save) ? Step::kMisfit : CheckAndWrite(save);
     if (step == Step::kMisfit && !save.isReadAgain && ReadAgain(save)) step = CheckAndWrite(save);
     if (step != Step::kMisfit) return step;
     Tell(save, SaveNotice::kNotWhole);  // or its contents are different at every read

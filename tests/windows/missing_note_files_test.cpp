@@ -189,3 +189,82 @@ TEST(UnusableIndexFile, IsMadeAgain) {
         EXPECT_TRUE(isFolder || ReadFile(folder, "Second.nmi") == index);
     }
 }
+
+// ---- Files that go away while a note is edited ----------------------------------------------------------------------
+
+static void MoveFiles(const ScratchFolder& folder, const char* from, const char* to) {
+    for (const char* ending : {".nmd", ".nmi"})
+        std::filesystem::rename(folder.path / (std::string(from) + ending), folder.path / (std::string(to) + ending));
+}
+
+static Program ProgramThatLosesItsFiles() {
+    Program program = StartProgram(FolderWithTwoSets());
+    OpenNoteEditor(program);
+    Type(program, "New: ");
+    MoveFiles(program.folder, "First", "Moved");
+    return program;
+}
+
+static HWND SaveInVain(const Program& program) {
+    ClickEditorButton(program, IDC_NOTE_SAVE);
+    const HWND box = WaitForDialog(program, "Error");
+    EXPECT_EQ(MessageText(box),
+              "There was an error opening the file \"First.nmd\". Please make sure this file is not being used by any "
+              "other program.");
+    return box;
+}
+
+TEST(FilesMovedAwayFromTheEditor, AreSavedIntoWhenTheyAreBack) {
+    Program program = ProgramThatLosesItsFiles();
+    SaveInVain(program);
+    MoveFiles(program.folder, "Moved", "First");
+    Press(program, "Enter");
+    WaitForNoDialog(program);
+    EXPECT_FALSE(IsShown(NoteEditorOf(program)));
+    EXPECT_EQ(Shown(program), "New: of the first");
+    EXPECT_FALSE(HasFile(program.folder, "First.nmd.temp"));
+    EXPECT_EQ(CloseProgram(program), 0);
+    const ScratchFolder expected = EmptyFolder();
+    WriteNoteSet(expected, "First", {{0, "New: of the first"}});
+    for (const char* file : {"First.nmd", "First.nmi"})
+        EXPECT_TRUE(ReadFile(program.folder, file) == ReadFile(expected, file)) << file;
+}
+
+TEST(FilesMovedAwayFromTheEditor, LeaveItsTextInItAfterCancel) {
+    Program program = ProgramThatLosesItsFiles();
+    SaveInVain(program);
+    Press(program, "Esc");
+    WaitForNoDialog(program);
+    EXPECT_EQ(TextOf(NoteEditOf(program)), "New: of the first");
+    MoveFiles(program.folder, "Moved", "First");
+    ClickEditorButton(program, IDC_NOTE_SAVE);
+    EXPECT_EQ(Shown(program), "New: of the first");
+}
+
+TEST(FilesMovedAwayFromTheEditor, LeaveItsTextAmongTheEarlierNotes) {
+    Program program = ProgramThatLosesItsFiles();
+    const HWND box = SaveInVain(program);
+    Press(program, "Enter");
+    WaitUntil(program, "the next box", [&] { return !IsWindow(box); });
+    for (const char* text : {"Failure saving note (file creation error)", "Failure writing. Disk may be full!"}) {
+        const HWND failure = WaitForDialog(program, "Error");
+        WaitUntil(program, text, [&] { return IsWindow(failure) && MessageText(failure) == text; });
+        Press(program, "Enter");
+        WaitUntil(program, "the box to close", [&] { return !IsWindow(failure); });
+    }
+    const HWND kept = WaitForDialog(program, "Note Editor");
+    EXPECT_EQ(MessageText(kept),
+              "What you have typed is not lost. It is kept among the earlier notes of Genesis 1:1, in the file "
+              "\"backup/First.nmh\": see Notes, Earlier Notes for this Verse. They can be seen once the file "
+              "\"First.nmd\" can be opened again.");
+    Press(program, "Enter");
+    WaitForNoDialog(program);
+    EXPECT_FALSE(HasFile(program.folder, "First.nmd.temp"));
+    EXPECT_FALSE(HasFile(program.folder, "First.nmd"));
+    MoveFiles(program.folder, "Moved", "First");
+    Command(program, IDM_EARLIER_NOTES);
+    EXPECT_TRUE(WaitForDialog(program, "Earlier Notes for Genesis 1:1 in \"First\"") != nullptr);
+    Press(program, "Enter");  // the latest goes into the editor
+    WaitForNoDialog(program);
+    EXPECT_EQ(TextOf(NoteEditOf(program)), "New: of the first");
+}
