@@ -1,11 +1,14 @@
 #include "app/toolbar_win32.h"
 
+#include <cstdint>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "app/command_facts.h"
 #include "app/command_table_win32.h"
 #include "app/frame_win32.h"
+#include "app/readable_pictures.h"
 #include "resources/ids.h"
 #include "scripture/scripture_win32.h"
 #include "win32/dpi.h"
@@ -70,6 +73,8 @@ static HIMAGELIST LoadPictures(const PictureStrip& strip) {
     BITMAP shape{};
     GetObjectA(bitmap.get(), sizeof shape, &shape);
     const int count = static_cast<int>(shape.bmWidth) / strip.size;
+    const auto pixels = static_cast<std::size_t>(shape.bmWidth) * static_cast<std::size_t>(shape.bmHeight);
+    FitToFace({static_cast<std::uint32_t*>(shape.bmBits), pixels}, GetSysColor(COLOR_BTNFACE));
     const HIMAGELIST pictures = ImageList_Create(strip.size, strip.size, ILC_COLOR32, count, 0);
     ImageList_Add(pictures, bitmap.get(), nullptr);
     return pictures;
@@ -93,6 +98,12 @@ HWND CreateToolbar(HWND frame) {
     SendMessageA(toolbar, TB_AUTOSIZE, 0, 0);
     ScaleToolTips(toolbar);
     return toolbar;
+}
+
+void RecolorToolbar() {
+    OwnedImageList pictures(LoadPictures(StripFor(theFrame.toolbar)));
+    SendMessageA(theFrame.toolbar, TB_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(pictures.get()));
+    theFrame.toolbarPictures = std::move(pictures);
 }
 
 // The control never makes its buttons smaller again.

@@ -9,6 +9,9 @@ HWND CreateToolbar(HWND frame);
 // Replaces the toolbar by one for the scaling of its screen now. The caller places it.
 void RecreateToolbar();
 
+// Shows the pictures so that they can be read on the system's button face, which may have another colour now.
+void RecolorToolbar();
+
 // Is the button of `command` shown greyed? False if it has none.
 bool IsGreyedButton(int command);
 
