@@ -2,8 +2,10 @@
 
 #include <cstdlib>
 
+#include "app/frame_look_win32.h"
 #include "app/frame_win32.h"
 #include "notes/notes_window.h"
+#include "pane/pane_look_win32.h"
 #include "passage/passage_window.h"
 #include "verselist/verse_list_window.h"
 #include "win32/dpi.h"
@@ -39,10 +41,11 @@ void ChooseHighlightColor(int) {
     CHOOSECOLORA dialog{};
     dialog.lStructSize = sizeof dialog;
     dialog.hwndOwner = theFrame.window;
-    dialog.rgbResult = theReading.KeyHighlightColor;
+    dialog.rgbResult = KeyColorToShow(theReading.KeyHighlightColor);
     dialog.lpCustColors = theFrame.customColors.data();
     dialog.Flags = CC_RGBINIT | CC_FULLOPEN;
     if (!ChooseColorA(&dialog)) return;
     theReading.KeyHighlightColor = dialog.rgbResult;
-    RedisplayVerseList();
+    thePaneLook.isKeyColorChosen = true;
+    ShowChosenColors();
 }

@@ -10,6 +10,7 @@
 #include "app/pane_focus_win32.h"
 #include "app/session_win32.h"
 #include "app/startup_win32.h"
+#include "app/system_changes_win32.h"
 #include "app/toolbar_win32.h"
 #include "notes/note_edit_control_win32.h"
 #include "notes/note_editor_window.h"
@@ -22,6 +23,7 @@
 #include "verselist/verse_list_window.h"
 #include "win32/accessible_object.h"
 #include "win32/dpi.h"
+#include "win32/panes.h"
 #include "win32/screen.h"
 
 static BOOL OnCreate(HWND window, CREATESTRUCTA*) {
@@ -101,22 +103,11 @@ static void OnDisplayChange(HWND window, UINT, UINT, UINT) {
     if (!IsZoomed(window) && !IsIconic(window)) BringOnScreen(window);
 }
 
-static void FollowDpi() {
-    RecreateToolbar();
-    ScaleStatusBar();
-    ScaleTabs();
-    ScaleNoteEditor();
-    ScaleReferenceList(theVerseList.references);
-    SetPassageFont(theFrame.fonts.passage);
-    SetVerseListFont(theFrame.fonts.verseList);
-    SetNotesFont(theFrame.fonts.notes);
-}
-
 // The frame has come to a screen with another scaling, or the user has changed that of its screen. `place` is where the
 // system wants it to be. The system scales menus, captions, scroll bars and open dialogs.
 static LRESULT OnDpiChanged(HWND window, int dpi, const RECT& place) {
     TakeDpi(window, dpi);
-    FollowDpi();
+    RenewFonts();
     SetWindowPos(window, nullptr, static_cast<int>(place.left), static_cast<int>(place.top),
                  static_cast<int>(place.right - place.left), static_cast<int>(place.bottom - place.top),
                  SWP_NOZORDER | SWP_NOACTIVATE);
@@ -162,6 +153,9 @@ static LRESULT CALLBACK FrameProcedure(HWND window, UINT message, WPARAM wParam,
         case WM_DPICHANGED: return OnDpiChanged(window, HIWORD(wParam), *reinterpret_cast<const RECT*>(lParam));
         case WM_MOUSEWHEEL: return PassWheelToPane(wParam, lParam), 0;
         case WM_GETOBJECT: OnGetObject(); break;
+        case WM_SYSCOLORCHANGE:
+        case WM_SETTINGCHANGE:
+        case WM_THEMECHANGED: FollowSystem(message, wParam, lParam); break;
         case WM_ENTERMENULOOP:
         case WM_ENTERSIZEMOVE: WriteSession(); break;
     }
@@ -175,7 +169,7 @@ bool RegisterFrameClass() {
     description.hInstance = program;
     description.hIcon = LoadIconA(program, "Big_Icon");
     description.hCursor = LoadCursorA(nullptr, IDC_ARROW);
-    description.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
+    description.hbrBackground = BackgroundOf(COLOR_BTNFACE);
     description.lpszMenuName = "Menu";
     description.lpszClassName = kFrameClass;
     return RegisterClassA(&description) != 0;

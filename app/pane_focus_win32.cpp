@@ -8,6 +8,7 @@
 #include "notes/note_editor_window.h"
 #include "notes/note_tabs_win32.h"
 #include "notes/notes_window.h"
+#include "pane/pane_look_win32.h"
 #include "passage/passage_window.h"
 #include "resources/ids.h"
 #include "verselist/verse_list_window.h"
@@ -145,6 +146,7 @@ static LRESULT CALLBACK TabProcedure(HWND tabs, UINT message, WPARAM wParam, LPA
             if (tabs != theFrame.listTabs) break;
             OnCommand(LOWORD(wParam), HIWORD(wParam));
             return 0;
+        case WM_CTLCOLORLISTBOX: return reinterpret_cast<LRESULT>(ColorListBox(reinterpret_cast<HDC>(wParam)));
         case WM_LBUTTONDOWN:
         case WM_LBUTTONDBLCLK: return OnButtonDown(tabs, message, wParam, lParam);
         case WM_KEYDOWN:

@@ -4,6 +4,8 @@
 #include <cstdlib>
 #include <limits>
 
+#include "typeset/pane_colors.h"
+
 // The kinds of values: where a value is stored, and its default `missing`. Each has one Read and one Written below.
 
 namespace {
@@ -245,6 +247,8 @@ static SettingRows MoreRows(MoreSettings& settings) {
     return {
         {"NOTES", "CurrentSet", TextField{&settings.CurrentSet, "", kSetNameLimit}},
         {"NOTES", "OwnSets", TextField{&settings.OwnSets, "", kNamesLimit}},
+        {"OPTIONS", "KeyColorFrom", TextField{&settings.KeyColorFrom, "", kColorTextLimit}},
+        {"OPTIONS", "DarkPanes", IntegerField{&settings.DarkPanes, kDarkOff}},
     };
 }
 
@@ -252,9 +256,9 @@ static std::string Written(const SettingRow& row) {
     return std::visit([](const auto& field) { return Written(field); }, row.field);
 }
 
-// In quotes, because the profile functions remove blanks and one pair of quotes around a text.
-static std::string Quoted(const std::string& text) {
-    return '"' + text + '"';
+// A text in quotes, because the profile functions remove blanks and one pair of quotes around it.
+static std::string Quoted(const SettingRow& row, const std::string& written) {
+    return std::holds_alternative<TextField>(row.field) ? '"' + written + '"' : written;
 }
 
 MoreSettings LoadMoreSettings(const ProfileFile& profile) {
@@ -272,6 +276,6 @@ void SaveMoreSettings(const ProfileFile& profile, MoreSettings settings) {
         if (text == Written(defaultRows[i]))
             profile.removeKey(profile.device, rows[i].section, rows[i].key.c_str());
         else
-            profile.writeText(profile.device, rows[i].section, rows[i].key.c_str(), Quoted(text).c_str());
+            profile.writeText(profile.device, rows[i].section, rows[i].key.c_str(), Quoted(rows[i], text).c_str());
     }
 }

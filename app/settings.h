@@ -65,6 +65,10 @@ struct MoreSettings {
     // The sets that the user does not take for a copy of another one, although their names are like those that programs
     // give to copies (notes/conflict_copies.h); each is followed by a slash, which no name contains.
     std::string OwnSets{};
+    // Where the key-word colour in the first file comes from (KeyColorFromOf in typeset/pane_colors.h). That file has a
+    // colour even if the user has chosen none and key words follow the system's.
+    std::string KeyColorFrom{};
+    int DarkPanes = 0;  // a DarkPanesChoice; other values are kept and mean off
 };
 
 // The private-profile functions for the settings file. These functions return text without surrounding blanks and

@@ -286,3 +286,14 @@ TEST(MoreSettings, HaveTheNamesOfOwnSets) {
     SaveMoreSettings(DeviceOver(profile), {"Mine"});
     EXPECT_FALSE(profile.values.contains("NOTES/OwnSets"));
 }
+
+TEST(MoreSettings, HaveTheChoiceOfColors) {
+    FakeProfile profile;
+    SaveMoreSettings(DeviceOver(profile), {.CurrentSet = "", .KeyColorFrom = "system 255", .DarkPanes = 2});
+    EXPECT_EQ(profile.writes, (std::vector<std::string>{"OPTIONS/KeyColorFrom=\"system 255\"", "OPTIONS/DarkPanes=2"}));
+    const MoreSettings read = LoadMoreSettings(DeviceOver(profile));
+    EXPECT_EQ(read.KeyColorFrom, "system 255");
+    EXPECT_EQ(read.DarkPanes, 2);
+    SaveMoreSettings(DeviceOver(profile), {});
+    EXPECT_TRUE(profile.values.empty());
+}

@@ -2,6 +2,7 @@
 
 #include <optional>
 
+#include "app/frame_look_win32.h"
 #include "app/frame_win32.h"
 #include "app/note_set_commands_win32.h"
 #include "app/pane_focus_win32.h"
@@ -14,6 +15,7 @@
 #include "notes/notes_window.h"
 #include "notes/whole_files.h"
 #include "output/format_dialog.h"
+#include "pane/pane_look_win32.h"
 #include "passage/passage_window.h"
 #include "resources/help_topics.h"
 #include "resources/ids.h"
@@ -105,7 +107,11 @@ static void TakeOver(const Settings& settings) {
     theFrame.fonts = settings.fonts;
 }
 
+// After the other settings, because it completes what they say.
 static void TakeOver(const MoreSettings& settings) {
+    thePaneLook.DarkPanes = settings.DarkPanes;
+    thePaneLook.isKeyColorChosen =
+        IsKeyColorChosen(theReading.KeyHighlightColor, settings.KeyColorFrom, GetSysColor(COLOR_HIGHLIGHT));
     theFrame.ownSets = settings.OwnSets;
     if (settings.CurrentSet.empty()) return;
     const int set = SetNamed(theNoteSets, settings.CurrentSet);
@@ -117,6 +123,8 @@ static MoreSettings CurrentMoreSettings() {
     return {
         .CurrentSet = theNoteSets.sets.size() > 1 && set != nullptr ? NoteSetName(*set) : "",
         .OwnSets = theFrame.ownSets,
+        .KeyColorFrom = KeyColorFromOf(thePaneLook.isKeyColorChosen, theReading.KeyHighlightColor),
+        .DarkPanes = thePaneLook.DarkPanes,
     };
 }
 
@@ -140,6 +148,7 @@ static Settings CurrentSettings() {
 static void ReadSettings() {
     TakeOver(LoadSettings(FirstSettings(), GetSysColor(COLOR_HIGHLIGHT)));
     TakeOver(LoadMoreSettings(firstSettings ? ProfileOver(*firstSettings) : MoreSettingsProfile()));
+    TakeColors();
     LabelBookmarks();
     SetPassageFont(theFrame.fonts.passage);
     SetVerseListFont(theFrame.fonts.verseList);
@@ -169,6 +178,7 @@ bool StartUp(HWND frame) {
     LayOutLongLinesInPieces();
     NoteFirstPrinter(theFrame.printerSetup);
     theFrame.accelerators = LoadAcceleratorsA(GetModuleHandleA(nullptr), "Accels");
+    FollowSystemLook(theReading.KeyHighlightColor);  // until the settings are read
     theFrame.toolbar = CreateToolbar(frame);
     if (!theFrame.toolbar) return false;
     CreateBars(frame);

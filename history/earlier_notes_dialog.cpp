@@ -98,7 +98,11 @@ static void OnCommand(HWND dialog, int control, UINT notification) {
 std::optional<std::string> AskEarlierNote(HWND frame, const NoteHistory& history) {
     std::optional<std::string> chosen;
     const AskedNote asked{history, &chosen};
-    RunDialog(frame,
-              {.name = "EARLIERNOTES", .fill = Fill, .command = OnCommand, .data = &asked, .rescaled = Rescaled});
+    RunDialog(frame, {.name = "EARLIERNOTES",
+                      .fill = Fill,
+                      .command = OnCommand,
+                      .data = &asked,
+                      .rescaled = Rescaled,
+                      .recolored = ShowSelected});
     return chosen;
 }

@@ -253,7 +253,11 @@ static void OnCommand(HWND dialog, int control, UINT notification) {
 
 StateChoice AskEarlierState(HWND frame, const std::string& setName) {
     ShownStates shown{.setName = setName};
-    RunDialog(frame,
-              {.name = "EARLIERSTATES", .fill = Fill, .command = OnCommand, .data = &shown, .rescaled = Rescaled});
+    RunDialog(frame, {.name = "EARLIERSTATES",
+                      .fill = Fill,
+                      .command = OnCommand,
+                      .data = &shown,
+                      .rescaled = Rescaled,
+                      .recolored = ShowVerse});
     return shown.choice;
 }

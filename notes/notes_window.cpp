@@ -10,6 +10,7 @@
 #include "notes/note_source.h"
 #include "notes/note_tabs_win32.h"
 #include "notes/note_view_text_win32.h"
+#include "pane/pane_look_win32.h"
 #include "pane/selection_win32.h"
 #include "pane/status_bar_win32.h"
 #include "resources/ids.h"
@@ -102,6 +103,8 @@ void SetNotesFont(const FontChoice& choice) {
     SendMessageA(theNotes.view, WM_SETFONT, reinterpret_cast<WPARAM>(font.get()), TRUE);
     SetNoteEditorFont(font.get());
     theNotes.font = std::move(font);
+    if (!thePaneLook.colors.isDark) return;
+    for (const HWND text : {theNotes.view, theNoteEdit.window}) ColorRichEdit(text);  // a new font brings its own
 }
 
 // A non-empty selection in the view is what Copy uses.
@@ -179,9 +182,17 @@ static void OnSetFocus(HWND, HWND) {
     SetFocus(theNotes.view);
 }
 
+static BOOL OnEraseBackground(HWND window, HDC dc) {
+    RECT client{};
+    GetClientRect(window, &client);
+    FillWithColor(dc, client, thePaneLook.colors.paper);
+    return TRUE;
+}
+
 static LRESULT CALLBACK NotesProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         HANDLE_MSG(window, WM_SETFOCUS, OnSetFocus);
+        HANDLE_MSG(window, WM_ERASEBKGND, OnEraseBackground);
         HANDLE_MSG(window, WM_NOTIFY, OnNotify);
     }
     return DefWindowProcA(window, message, wParam, lParam);
@@ -243,6 +254,7 @@ void CreateNotesPane(HWND tabs) {
     theNotes.view = CreateChild(theNotes.window, "RICHEDIT", "",
                                 WS_VISIBLE | WS_VSCROLL | WS_TABSTOP | ES_MULTILINE | ES_READONLY | ES_AUTOVSCROLL,
                                 WS_EX_CLIENTEDGE, IDC_NOTE_VIEW);
+    SendMessageA(theNotes.view, EM_SETTEXTMODE, TM_PLAINTEXT, 0);  // its colours are not copied
     SendMessageA(theNotes.view, EM_SETEVENTMASK, 0, ENM_SELCHANGE);
     SendMessageA(theNotes.view, EM_EXLIMITTEXT, 0, kNoteBufferSize);
     theNotes.viewProcedure = Subclass(theNotes.view, ViewProcedure);

@@ -6,6 +6,7 @@
 #include <optional>
 #include <utility>
 
+#include "pane/pane_look_win32.h"
 #include "resources/ids.h"
 #include "win32/controls.h"
 #include "win32/dpi.h"
@@ -68,7 +69,7 @@ static void PaintPane(const PaneKind& kind, const PAINTSTRUCT& paint, const RECT
         LayOut(kind, client);
         if (!EqualRect(&paint.rcPaint, &client) && pane.text != pane.textBefore) RedisplayPane(pane);
     }
-    PaintText(paint.hdc, canvas, pane.faces, pane.text, client, theReading.KeyHighlightColor);
+    PaintText(paint.hdc, canvas, pane.faces, pane.text, client, thePaneLook.colors);
 }
 
 // The system sends WM_PAINT when no more input is waiting, so that is when the position is shown, unless it is the
@@ -80,7 +81,7 @@ static void OnPaint(const PaneKind& kind) {
     if (kind.hasText() && !IsRectEmpty(&client)) {
         PaintPane(kind, paint, client);
     } else {
-        FillRect(paint.hdc, &paint.rcPaint, GetSysColorBrush(COLOR_WINDOW));
+        FillWithColor(paint.hdc, paint.rcPaint, thePaneLook.colors.paper);
     }
     EndPaint(kind.pane.window, &paint);
     if (!kind.pane.isScrolling) ShowPosition(kind);

@@ -239,6 +239,22 @@ Findings CheckScreenSizes(const TreeFile& file) {
     return findings;
 }
 
+Findings CheckColors(const TreeFile& file) {
+    Findings findings;
+    if (!IsSource(file.path) || !IsOfProgram(file.path) || file.path.starts_with("typeset/pane_colors."))
+        return findings;
+    static const std::regex named(
+        R"re(\bRGB\s*\(|\bPALETTE(RGB|INDEX)\b|\b(WHITE|BLACK|GRAY|LTGRAY|DKGRAY)_(BRUSH|PEN)\b)re"
+        R"re(|\bCOLORREF\s+\w+\s*[={(]+\s*\d|\b(Color|crTextColor|crBackColor|rgbResult)\s*=\s*\d)re"
+        R"re(|\b(SetTextColor|SetBkColor|SetDCBrushColor|SetDCPenColor|CreateSolidBrush|CreatePen|FillWithColor)\s*\([^;]*\b0[xX])re");
+    EachLine({file.path, CodeOf(file.text)}, [&](const std::string& line, int number) {
+        std::smatch match;
+        if (std::regex_search(line, match, named))
+            findings.push_back(At(file, number, "a colour that is not the system's: " + match.str()));
+    });
+    return findings;
+}
+
 Findings CheckLength(const TreeFile& file) {
     const auto lines = static_cast<std::size_t>(std::count(file.text.begin(), file.text.end(), '\n'));
     if (!IsSource(file.path) || lines <= kMostLines) return {};

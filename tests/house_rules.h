@@ -49,6 +49,10 @@ Findings CheckGlobals(const TreeFile& file);
 // nothing else asks the system.
 Findings CheckScreenSizes(const TreeFile& file);
 
+// Colours come from the system or are derived from its colours, in typeset/pane_colors.cpp: nothing else names one by
+// its parts.
+Findings CheckColors(const TreeFile& file);
+
 // A source file has at most 500 lines.
 Findings CheckLength(const TreeFile& file);
 

@@ -51,8 +51,9 @@ TEST_P(TreeKeeps, Rule) {
 
 INSTANTIATE_TEST_SUITE_P(House, TreeKeeps,
                          testing::Values(TreeRule{"SmallSource", CheckSmallSource}, TreeRule{"Globals", CheckGlobals},
-                                         TreeRule{"ScreenSizes", CheckScreenSizes}, TreeRule{"Length", CheckLength},
-                                         TreeRule{"Words", CheckWords}, TreeRule{"Kind", CheckKind}),
+                                         TreeRule{"ScreenSizes", CheckScreenSizes}, TreeRule{"Colors", CheckColors},
+                                         TreeRule{"Length", CheckLength}, TreeRule{"Words", CheckWords},
+                                         TreeRule{"Kind", CheckKind}),
                          [](const auto& row) { return row.param.name; });
 
 TEST(TreeKeeps, OwnHeaderFirst) {
@@ -191,6 +192,19 @@ TEST(HouseCheck, SeesASizeAskedOfTheSystem) {
     EXPECT_THAT(CheckScreenSizes({"tests/driver/a.cpp", "x = GetSystemMetrics(SM_CXICON);\n"}), IsEmpty());
     EXPECT_THAT(CheckScreenSizes({"app/a_window.cpp", "x = SystemMetric(window, SM_CXICON);  // GetSystemMetrics\n"}),
                 IsEmpty());
+}
+
+TEST(HouseCheck, SeesAColorThatIsNotTheSystems) {
+    for (const char* line :
+         {"x = RGB(1, 2, 3);", "COLORREF red = 0x0000FF;", "COLORREF none{0};", "format.crTextColor = 255;",
+          "SetTextColor(dc, 0xFFFFFF);", "FillWithColor(dc, area, 0x202020);", "GetStockObject(WHITE_BRUSH)"}) {
+        EXPECT_THAT(CheckColors({"app/a_window.cpp", line + std::string("\n")}), SizeIs(1)) << line;
+        EXPECT_THAT(CheckColors({"tests/driver/a.cpp", line + std::string("\n")}), IsEmpty());
+        EXPECT_THAT(CheckColors({"typeset/pane_colors.cpp", line + std::string("\n")}), IsEmpty());
+    }
+    for (const char* line : {"COLORREF paper = GetSysColor(COLOR_WINDOW);", "SetTextColor(dc, colors.text);",
+                             "format.crTextColor = colors.text;  // not RGB(0, 0, 0)", "SetBkMode(dc, OPAQUE);"})
+        EXPECT_THAT(CheckColors({"app/a_window.cpp", line + std::string("\n")}), IsEmpty()) << line;
 }
 
 TEST(HouseCheck, SeesALongFile) {

@@ -42,6 +42,7 @@ LOGFONTA FontRecord(const FontChoice& choice, int dpi) {
 void ChooseFaces(Faces& faces, const FontChoice& choice, int dpi) {
     SelectObject(MeasuringDc(), GetStockObject(SYSTEM_FONT));  // a font must not be deleted while it is selected
     for (FaceFont& face : faces.fonts) face.font.reset();
+    for (OwnedFont& font : faces.underlined) font.reset();
     faces.record = FontRecord(choice, dpi);
     faces.isChosen = true;
     faces.lineHeight = 0;
@@ -67,6 +68,15 @@ static FaceFont& FontOf(Faces& faces, Face face) {
     font.font.reset(CreateFontIndirectA(&record));
     ReadLetterWidths(font.letters, MeasuringDc(), font.font.get());
     return font;
+}
+
+static HFONT UnderlinedFontOf(Faces& faces, Face face) {
+    OwnedFont& font = faces.underlined[static_cast<std::size_t>(face)];
+    if (font) return font.get();
+    LOGFONTA record = RecordOf(faces, face);
+    record.lfUnderline = TRUE;
+    font.reset(CreateFontIndirectA(&record));
+    return font.get();
 }
 
 static int WidthIn(void* device, Face face, std::string_view text) {
@@ -101,12 +111,10 @@ struct Band {
 
 }  // namespace
 
-static void TakeColors(HDC canvas, TextColor color, COLORREF keyWordColor) {
-    const COLORREF letters = GetSysColor(COLOR_WINDOWTEXT);
-    const COLORREF paper = GetSysColor(COLOR_WINDOW);
+static void TakeColors(HDC canvas, TextColor color, const PaneColors& colors) {
     const bool selected = color == TextColor::kSelected;
-    SetTextColor(canvas, color == TextColor::kKeyWord ? keyWordColor : selected ? paper : letters);
-    SetBkColor(canvas, selected ? letters : paper);
+    SetTextColor(canvas, color == TextColor::kKeyWord ? colors.keyWord : selected ? colors.paper : colors.text);
+    SetBkColor(canvas, selected ? colors.text : colors.paper);
 }
 
 // Positions each letter at the sum of the widths before it, because a device may draw a whole line narrower or wider.
@@ -120,27 +128,30 @@ static void DrawRun(const Band& band, Faces& faces, const PlacedRun& run, std::s
 
 // Changing the font costs more than drawing words, so one face is drawn after the other.
 static void DrawFace(const Band& band, Faces& faces, Face face, const TextRuns& text, const RunSpan& span,
-                     COLORREF keyWordColor) {
+                     const PaneColors& colors) {
     std::optional<TextColor> color;  // taken last
+    std::optional<bool> underlined;  // the font selected last
     for (std::size_t at = span.first; at < span.end; ++at) {
         const PlacedRun& run = text.runs[at];
         if (run.face != face) continue;
-        if (!color) SelectObject(band.canvas, FontOf(faces, face).font.get());
-        if (color != run.color) TakeColors(band.canvas, run.color, keyWordColor);
+        const bool isUnderlined = colors.underlinesKeyWords && run.color == TextColor::kKeyWord;
+        if (underlined != isUnderlined)
+            SelectObject(band.canvas, isUnderlined ? UnderlinedFontOf(faces, face) : FontOf(faces, face).font.get());
+        if (color != run.color) TakeColors(band.canvas, run.color, colors);
+        underlined = isUnderlined;
         color = run.color;
         DrawRun(band, faces, run, TextOf(text, run));
     }
 }
 
-static void DrawBand(const Band& band, Faces& faces, const TextRuns& text, int lineHeight, COLORREF keyWordColor) {
+static void DrawBand(const Band& band, Faces& faces, const TextRuns& text, int lineHeight, const PaneColors& colors) {
     const RECT whole{0, 0, band.width, band.height};
-    FillRect(band.canvas, &whole, GetSysColorBrush(COLOR_WINDOW));
+    FillWithColor(band.canvas, whole, colors.paper);
     SetBkMode(band.canvas, OPAQUE);
     const HGDIOBJ fontBefore = GetCurrentObject(band.canvas, OBJ_FONT);
     // Letters may reach into the lines above and below.
     const RunSpan span = RunsBetween(text, band.top - lineHeight, band.top + band.height + lineHeight);
-    for (int face = 0; face < kFaceCount; ++face)
-        DrawFace(band, faces, static_cast<Face>(face), text, span, keyWordColor);
+    for (int face = 0; face < kFaceCount; ++face) DrawFace(band, faces, static_cast<Face>(face), text, span, colors);
     SelectObject(band.canvas, fontBefore);
 }
 
@@ -150,7 +161,7 @@ static bool IsLineVisible(HDC target, const RECT& client, int top, int lineHeigh
 }
 
 void PaintText(HDC target, Canvas& canvas, Faces& faces, const TextRuns& text, const RECT& client,
-               COLORREF keyWordColor) {
+               const PaneColors& colors) {
     static constexpr int kMostPixels = 1 << 19;
     const int lineHeight = LineHeightOf(MeasureOf(faces));
     const int width = std::max(1, static_cast<int>(client.right)), bottom = static_cast<int>(client.bottom);
@@ -165,7 +176,7 @@ void PaintText(HDC target, Canvas& canvas, Faces& faces, const TextRuns& text, c
         }
         const int height = std::min(top, bottom) - start;
         const Band band{CanvasFor(canvas, target, width, std::min(mostHeight, bottom)), start, width, height};
-        DrawBand(band, faces, text, lineHeight, keyWordColor);
+        DrawBand(band, faces, text, lineHeight, colors);
         BitBlt(target, 0, start, width, height, band.canvas, 0, 0, SRCCOPY);
     }
 }

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "typeset/letter_widths_win32.h"
+#include "typeset/pane_colors.h"
 #include "typeset/reading_options.h"
 #include "typeset/text_measure.h"
 #include "typeset/text_runs.h"
@@ -22,8 +23,9 @@ struct Faces {
     bool isChosen = false;  // ChooseFaces has been called
     LOGFONTA record{};
     std::array<FaceFont, kFaceCount> fonts;
-    int lineHeight = 0;         // cell height of the bold face, pixels; 0 until first used
-    std::vector<int> advances;  // of the letters of the run being drawn
+    std::array<OwnedFont, kFaceCount> underlined;  // the same underlined, with the same widths; null until first used
+    int lineHeight = 0;                            // cell height of the bold face, pixels; 0 until first used
+    std::vector<int> advances;                     // of the letters of the run being drawn
 };
 
 // The font record of `choice`: the stored height scaled to `dpi` and negated, stroke precisions, everything else
@@ -42,8 +44,7 @@ TextMeasure MeasureOf(Faces& faces);
 void AddText(TextRuns& text, const Faces& faces, Face face, TextColor color, int x, int y, int width,
              std::string_view piece);
 
-// Paints all of `client` that the clipping region of `target` has: the window colour and `text`, whose lines are those
-// of MeasureOf(faces). Key words are drawn in `keyWordColor`, everything else in system colours. A large area is
-// painted in bands of two megabytes, each drawn on the canvas and copied in one step.
+// Paints all of `client` that the clipping region of `target` has: the paper and `text`, whose lines are those of
+// MeasureOf(faces). A large area is painted in bands of two megabytes, each drawn on the canvas and copied in one step.
 void PaintText(HDC target, Canvas& canvas, Faces& faces, const TextRuns& text, const RECT& client,
-               COLORREF keyWordColor);
+               const PaneColors& colors);

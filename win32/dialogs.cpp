@@ -1,6 +1,7 @@
 #include "win32/dialogs.h"
 
 #include "win32/controls.h"
+#include "win32/panes.h"
 #include "win32/screen.h"
 
 static const Dialog& DialogOf(HWND window) {
@@ -44,6 +45,14 @@ static void OnRescaled(HWND window) {
     if (DialogOf(window).rescaled) DialogOf(window).rescaled(window);
 }
 
+// The controls read anew what they keep of the system's colours, fonts and themes.
+static void FollowSystem(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    PassToAllChildren(window, message, wParam, lParam);
+    if (message == WM_SETTINGCHANGE) return;
+    if (DialogOf(window).recolored) DialogOf(window).recolored(window);
+    RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
+}
+
 static INT_PTR CALLBACK DialogProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message != WM_INITDIALOG && GetWindowLongPtrA(window, DWLP_USER) == 0) return FALSE;  // during creation
     switch (message) {
@@ -52,6 +61,9 @@ static INT_PTR CALLBACK DialogProcedure(HWND window, UINT message, WPARAM wParam
         case WM_HELP: OnHelp(window); return TRUE;
         case WM_DPICHANGED: PostMessageA(window, kRescaled, 0, 0); return FALSE;
         case kRescaled: OnRescaled(window); return TRUE;
+        case WM_SYSCOLORCHANGE:
+        case WM_SETTINGCHANGE:
+        case WM_THEMECHANGED: FollowSystem(window, message, wParam, lParam); return FALSE;
     }
     return FALSE;
 }

@@ -23,6 +23,8 @@ struct Dialog {
     // Called after the system has scaled the dialog for another screen, which gives the controls new fonts; null if
     // nothing else depends on these.
     void (*rescaled)(HWND dialog) = nullptr;
+    // Called after the system's colours have changed; null if the dialog gives none of them to its controls.
+    void (*recolored)(HWND dialog) = nullptr;
 };
 
 // Runs `dialog` over `owner`, centred on the frame. Cancel closes it after `command` was called for it. Returns the

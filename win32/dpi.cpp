@@ -1,6 +1,11 @@
 #include "win32/dpi.h"
 
+#include <algorithm>
+#include <cstddef>
+#include <cstring>
+#include <cwchar>
 #include <map>
+#include <utility>
 
 #include "win32/handles.h"
 
@@ -19,6 +24,7 @@ struct DpiProcedures {
 };
 
 struct SystemFonts {
+    LOGFONTW ofMessage{}, ofStatus{};  // what the system says
     OwnedFont message;
     OwnedFont status;
 };
@@ -108,13 +114,14 @@ static NONCLIENTMETRICSW MetricsAt(int dpi) {
 
 static SystemFonts FontsAt(int dpi) {
     const NONCLIENTMETRICSW metrics = MetricsAt(dpi);
-    return {OwnedFont(CreateFontIndirectW(&metrics.lfMessageFont)),
+    return {metrics.lfMessageFont, metrics.lfStatusFont, OwnedFont(CreateFontIndirectW(&metrics.lfMessageFont)),
             OwnedFont(CreateFontIndirectW(&metrics.lfStatusFont))};
 }
 
-// Those of other screens stay, because controls may still have them.
+// By dots per inch. Those of other screens, and those of before, stay, because controls may still have them.
+static std::map<int, SystemFonts> fonts, fontsBefore;
+
 static const SystemFonts& FontsOf(HWND window) {
-    static std::map<int, SystemFonts> fonts;
     const int dpi = DpiOf(window);
     const auto known = fonts.find(dpi);
     return known != fonts.end() ? known->second : fonts.emplace(dpi, FontsAt(dpi)).first->second;
@@ -126,4 +133,20 @@ HFONT MessageFont(HWND window) {
 
 HFONT StatusFont(HWND window) {
     return FontsOf(window).status.get();
+}
+
+static bool IsSameFont(const LOGFONTW& one, const LOGFONTW& other) {
+    return std::memcmp(&one, &other, offsetof(LOGFONTW, lfFaceName)) == 0 &&
+           std::wcscmp(one.lfFaceName, other.lfFaceName) == 0;
+}
+
+bool FollowSystemFonts(bool isSmoothedAnew) {
+    const bool isSame = std::ranges::all_of(fonts, [](const auto& known) {
+        const NONCLIENTMETRICSW metrics = MetricsAt(known.first);
+        return IsSameFont(metrics.lfMessageFont, known.second.ofMessage) &&
+               IsSameFont(metrics.lfStatusFont, known.second.ofStatus);
+    });
+    if (isSame && !isSmoothedAnew) return false;
+    fontsBefore = std::exchange(fonts, {});
+    return true;
 }

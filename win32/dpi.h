@@ -24,6 +24,10 @@ int UnscaledFrom(int dpi, int pixels);
 int SystemMetric(HWND window, int metric);
 
 // The fonts of the system's message boxes, and of status bars and tool tips, for `window`. They exist until the program
-// ends.
+// ends or FollowSystemFonts has returned true twice.
 HFONT MessageFont(HWND window);
 HFONT StatusFont(HWND window);
+
+// Makes these fonts anew if the user has chosen others, or if `isSmoothedAnew`: fonts keep the smoothing with which
+// they were made. False if they stay.
+bool FollowSystemFonts(bool isSmoothedAnew);

@@ -4,13 +4,18 @@
 
 #include "win32/dpi.h"
 
+// Not GetSysColorBrush, whose result Wine replaces when the user changes the colours.
+HBRUSH BackgroundOf(int systemColor) {
+    return reinterpret_cast<HBRUSH>(static_cast<INT_PTR>(systemColor) + 1);
+}
+
 bool RegisterPaneClass(const char* name, WNDPROC procedure, int backgroundColor, UINT style) {
     WNDCLASSA description{};
     description.style = CS_HREDRAW | CS_VREDRAW | style;
     description.lpfnWndProc = procedure;
     description.hInstance = GetModuleHandleA(nullptr);
     description.hCursor = LoadCursorA(nullptr, IDC_ARROW);
-    description.hbrBackground = GetSysColorBrush(backgroundColor);
+    description.hbrBackground = BackgroundOf(backgroundColor);
     description.lpszClassName = name;
     return RegisterClassA(&description) != 0;
 }
@@ -33,6 +38,22 @@ void ShowPaneCaret(HWND pane, int lineHeight) {
     CreateCaret(pane, nullptr, Scaled(pane, 3), lineHeight);
     SetCaretPos(0, 0);
     ShowCaret(pane);
+}
+
+void FillWithColor(HDC dc, const RECT& area, COLORREF color) {
+    SetDCBrushColor(dc, color);
+    FillRect(dc, &area, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
+}
+
+static BOOL CALLBACK PassToChild(HWND child, LPARAM passed) {
+    const MSG& message = *reinterpret_cast<const MSG*>(passed);
+    SendMessageA(child, message.message, message.wParam, message.lParam);
+    return TRUE;
+}
+
+void PassToAllChildren(HWND parent, UINT message, WPARAM wParam, LPARAM lParam) {
+    const MSG passed{parent, message, wParam, lParam, 0, {}};
+    EnumChildWindows(parent, PassToChild, reinterpret_cast<LPARAM>(&passed));
 }
 
 // It grows, because a pane being resized asks often, but not to more than twice of what is asked for.

@@ -3,6 +3,9 @@
 
 #include "win32/handles.h"
 
+// The background of a window class that always has this colour of the system (COLOR_WINDOW, ...).
+HBRUSH BackgroundOf(int systemColor);
+
 // Registers a window class with the arrow cursor and the system colour `backgroundColor` (COLOR_WINDOW, ...) as
 // background. Its windows are redrawn completely when their size changes. `style` adds class styles.
 bool RegisterPaneClass(const char* name, WNDPROC procedure, int backgroundColor, UINT style = 0);
@@ -18,6 +21,13 @@ void Unsubclass(HWND window, WNDPROC& procedureBefore);
 
 // Shows the caret of a focused pane: three pixels wide at 96 dpi, at the upper left.
 void ShowPaneCaret(HWND pane, int lineHeight);
+
+// Fills `area` with a colour.
+void FillWithColor(HDC dc, const RECT& area, COLORREF color);
+
+// Sends the message to all windows inside of `parent`. The system sends what concerns its colours and settings only to
+// windows outside of all others, and leaves it to them to pass it on.
+void PassToAllChildren(HWND parent, UINT message, WPARAM wParam, LPARAM lParam);
 
 // An off-screen bitmap. A paint draws on it and then copies it to the screen in one step.
 struct Canvas {

@@ -105,7 +105,8 @@ static void LayOut(Bench& bench, const PassageFlow& flow) {
 }
 
 static void DrawLaidOut(Bench& bench, const RECT& client) {
-    PaintText(bench.screen, bench.canvas, bench.faces, bench.runs, client, 0);
+    const PaneColors colors{.paper = GetSysColor(COLOR_WINDOW), .text = GetSysColor(COLOR_WINDOWTEXT)};
+    PaintText(bench.screen, bench.canvas, bench.faces, bench.runs, client, colors);
     Clear(bench.runs);
 }
 

@@ -28,6 +28,10 @@ enum class ProbeQuestion : int {
     AccessibleFocus,     // result: of giving the child `item` of `window` the focus
     HearEvents,          //
     TakeEvents,          // memory: a ToldEvents
+    SetSystemColors,     // result, memory: a SystemColorTable, see look_probe.h
+    MessageFont,         // result: the height before; `item` is the new one
+    HighContrast,        // result; `item` is 1 for on
+    DarkTitle,           // result
 };
 
 struct Probe {

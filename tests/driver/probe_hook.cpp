@@ -3,6 +3,7 @@
 #include "tests/driver/accessible_probe.h"
 #include "tests/driver/alt_gr.h"
 #include "tests/driver/file_operations.h"
+#include "tests/driver/look_probe.h"
 #include "tests/driver/probe.h"
 
 static void DescribeItem(Probe& probe, UINT by) {
@@ -57,6 +58,14 @@ static void Answer(Probe& probe) {
         case ProbeQuestion::EndAtFileOperation: EndAtFileOperation(probe.item); break;
         case ProbeQuestion::SizeOfText: MeasureText(probe); break;
         case ProbeQuestion::TypeWithAltGr: TypeWithAltGr(probe.item, static_cast<wchar_t>(probe.id)); break;
+        case ProbeQuestion::SetSystemColors:
+            probe.result = SetColorsHere(*static_cast<const SystemColorTable*>(probe.memory));
+            break;
+        case ProbeQuestion::MessageFont:
+            probe.result = static_cast<UINT>(SetMessageFontHere(static_cast<int>(probe.item)));
+            break;
+        case ProbeQuestion::HighContrast: probe.result = TellHighContrast(probe.item != 0); break;
+        case ProbeQuestion::DarkTitle: probe.result = static_cast<UINT>(DarkTitleSet()); break;
         default: AnswerAccessible(probe); break;
     }
     probe.answered = 1;

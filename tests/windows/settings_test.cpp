@@ -378,11 +378,15 @@ static void BringToFront(const Program& program, const std::string& name) {
     EXPECT_EQ(NameInFront(program), name);
 }
 
-TEST(MoreSettingsFile, IsNotWrittenForOnlyOneSet) {
+static std::string KeyColorOfSystem() {
+    return "KeyColorFrom=\"system " + std::to_string(GetSysColor(COLOR_HIGHLIGHT)) + "\"";
+}
+
+TEST(MoreSettingsFile, NamesNoSetIfThereIsOnlyOne) {
     const ScratchFolder folder = FolderWithScripture();
     WriteNoteSet(folder, "Mine");
     StartAndClose(folder);
-    EXPECT_FALSE(HasFile(folder, "Versewell.more.ini"));
+    EXPECT_THAT(LinesOf(ReadFile(folder, "Versewell.more.ini")), ElementsAre("[OPTIONS]", KeyColorOfSystem()));
 }
 
 // No name is stored for it, but the new set is newer than the settings.
@@ -426,7 +430,8 @@ TEST(MoreSettingsFile, LosesTheNameWhenOnlyOneSetIsLeft) {
     const ScratchFolder folder = FolderWithScripture();
     for (const char* set : {"A", "B"}) WriteNoteSet(folder, set);
     StartAndClose(folder);
-    EXPECT_THAT(LinesOf(ReadFile(folder, "Versewell.more.ini")), ElementsAre("[NOTES]", "CurrentSet=\"A\""));
+    EXPECT_THAT(LinesOf(ReadFile(folder, "Versewell.more.ini")),
+                ElementsAre("[NOTES]", "CurrentSet=\"A\"", "[OPTIONS]", KeyColorOfSystem()));
     for (const char* file : {"A.nmd", "A.nmi"}) std::filesystem::remove(folder.path / file);
     StartAndClose(folder);
     EXPECT_THAT(ReadFile(folder, "Versewell.more.ini"), testing::Not(testing::HasSubstr("CurrentSet")));
