@@ -27,6 +27,9 @@ unsigned FactsOf(const FactSources& sources) {
         {kCanUndo, sources.canUndo},
         {kCanRedo, sources.canRedo},
         {kCanSelectAll, sources.canSelectAll},
+        {kPanesLight, sources.darkPanes != kDarkOn && sources.darkPanes != kDarkAsSystem},
+        {kPanesDark, sources.darkPanes == kDarkOn},
+        {kPanesAsSystem, sources.darkPanes == kDarkAsSystem},
     };
     unsigned facts = 0;
     for (const auto& [fact, holds] : kRows) facts |= holds ? fact : 0u;

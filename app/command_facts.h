@@ -5,6 +5,7 @@
 
 #include "app/frame_layout.h"
 #include "pane/selection.h"
+#include "typeset/pane_colors.h"
 #include "typeset/reading_options.h"
 #include "verselist/verse_list.h"
 
@@ -31,6 +32,9 @@ enum Fact : unsigned {
     kCanUndo = 1u << 17,
     kCanRedo = 1u << 18,
     kCanSelectAll = 1u << 19,
+    kPanesLight = 1u << 20,  // these three as chosen, not as shown
+    kPanesDark = 1u << 21,
+    kPanesAsSystem = 1u << 22,
 };
 
 struct FactSources {
@@ -46,6 +50,7 @@ struct FactSources {
     bool canUndo = false;
     bool canRedo = false;
     bool canSelectAll = false;
+    int darkPanes = kDarkOff;
 };
 
 unsigned FactsOf(const FactSources& sources);

@@ -22,9 +22,10 @@ unsigned FactsOf(const State& state, bool passageFocused = false, bool bound = f
 TEST(CommandFacts, HaveOneBitEach) {
     unsigned others = 0;
     for (const unsigned fact :
-         {kListHasVerses, kPassageFocused, kHasSelection,   kNotEditing, kParagraphs,   kItalicShown, kBracketsShown,
-          kNormalShown,   kListShown,      kPassageShown,   kNotesShown, kToolbarShown, kNotesBound,  kListCanBeSaved,
-          kCanCut,        kCanPaste,       kNotesCanChange, kCanUndo,    kCanRedo,      kCanSelectAll}) {
+         {kListHasVerses, kPassageFocused, kHasSelection, kNotEditing,   kParagraphs,     kItalicShown,
+          kBracketsShown, kNormalShown,    kListShown,    kPassageShown, kNotesShown,     kToolbarShown,
+          kNotesBound,    kListCanBeSaved, kCanCut,       kCanPaste,     kNotesCanChange, kCanUndo,
+          kCanRedo,       kCanSelectAll,   kPanesLight,   kPanesDark,    kPanesAsSystem}) {
         EXPECT_TRUE(std::has_single_bit(fact)) << fact;
         EXPECT_EQ(others & fact, 0u) << fact;
         others |= fact;
@@ -32,8 +33,8 @@ TEST(CommandFacts, HaveOneBitEach) {
 }
 
 TEST(CommandFacts, HaveTheirValuesAtTheStart) {
-    constexpr unsigned kAtStart =
-        kNotEditing | kItalicShown | kListShown | kPassageShown | kNotesShown | kToolbarShown | kNotesCanChange;
+    constexpr unsigned kAtStart = kNotEditing | kItalicShown | kListShown | kPassageShown | kNotesShown |
+                                  kToolbarShown | kNotesCanChange | kPanesLight;
     const State state;
     EXPECT_EQ(FactsOf(state), kAtStart);
     EXPECT_EQ(FactsOf(FactSources{state.list, state.selection, state.reading, state.shown}), kAtStart);
@@ -47,7 +48,8 @@ TEST(CommandFacts, DependOnEachSource) {
     state.reading.Italics = kBracketed;
     state.shown = {0, 0, 0, 0};
     EXPECT_EQ(FactsOf(state, true, true, true), kListHasVerses | kPassageFocused | kHasSelection | kParagraphs |
-                                                    kBracketsShown | kNotesBound | kListCanBeSaved | kNotesCanChange);
+                                                    kBracketsShown | kNotesBound | kListCanBeSaved | kNotesCanChange |
+                                                    kPanesLight);
     EXPECT_EQ(FactsOf(FactSources{.list = state.list,
                                   .selection = state.selection,
                                   .reading = state.reading,
@@ -107,6 +109,17 @@ TEST(CommandFacts, ExactlyOneItalicsModeIsShownForAnyStoredValue) {
         state.reading.Italics = static_cast<std::int8_t>(stored);
         const unsigned expected = stored == 0 ? kItalicShown : stored == 1 ? kBracketsShown : kNormalShown;
         EXPECT_EQ(FactsOf(state) & kModes, expected) << stored;
+    }
+}
+
+TEST(CommandFacts, ExactlyOneChoiceOfDarkPanesIsShownForAnyStoredValue) {
+    constexpr unsigned kChoices = kPanesLight | kPanesDark | kPanesAsSystem;
+    const State state;
+    FactSources sources{state.list, state.selection, state.reading, state.shown};
+    for (const int stored : {-1, 0, 1, 2, 3, 1000}) {
+        sources.darkPanes = stored;
+        const unsigned expected = stored == 1 ? kPanesDark : stored == 2 ? kPanesAsSystem : kPanesLight;
+        EXPECT_EQ(FactsOf(sources) & kChoices, expected) << stored;
     }
 }
 

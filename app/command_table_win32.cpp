@@ -6,6 +6,7 @@
 #include "app/command_facts.h"
 #include "app/font_commands_win32.h"
 #include "app/frame_commands_win32.h"
+#include "app/frame_look_win32.h"
 #include "app/frame_win32.h"
 #include "app/note_commands_win32.h"
 #include "app/note_set_commands_win32.h"
@@ -16,6 +17,7 @@
 #include "notes/note_edit_control_win32.h"
 #include "notes/note_editor_window.h"
 #include "notes/notes_window.h"
+#include "pane/pane_look_win32.h"
 #include "passage/passage_window.h"
 #include "resources/ids.h"
 #include "scripture/books.h"
@@ -122,6 +124,9 @@ static constexpr Command kCommands[] = {
     {IDM_PASSAGE_FONT, ChoosePassageFont},
     {IDM_NOTES_FONT, ChooseNotesFont, kNotEditing},
     {IDM_HIGHLIGHT_COLOR, ChooseHighlightColor},
+    {IDM_DARK_OFF, ChooseDarkPanes, kAlways, kPanesLight},
+    {IDM_DARK_ON, ChooseDarkPanes, kAlways, kPanesDark},
+    {IDM_DARK_AS_SYSTEM, ChooseDarkPanes, kAlways, kPanesAsSystem},
     {IDM_FOCUS_LIST, FocusList},
     {IDM_FOCUS_PASSAGE, FocusPassage},
     {IDM_FOCUS_NOTES, FocusNotesPane},
@@ -195,6 +200,7 @@ unsigned CurrentFacts() {
         .canUndo = CanUndoInEditor() || CanRestoreEntries(),
         .canRedo = CanRedoInEditor(),
         .canSelectAll = CanSelectAllInEditor() || CanSelectAllInNote(),
+        .darkPanes = thePaneLook.DarkPanes,
     });
 }
 

@@ -5,6 +5,7 @@
 #include "notes/notes_window.h"
 #include "pane/pane_look_win32.h"
 #include "passage/passage_window.h"
+#include "resources/ids.h"
 #include "verselist/verse_list_window.h"
 
 static void DarkenPanes() {
@@ -34,4 +35,10 @@ bool TakeColors() {
 
 void ShowChosenColors() {
     if (TakeColors()) RepaintAll();
+}
+
+void ChooseDarkPanes(int command) {
+    thePaneLook.DarkPanes = command - IDM_DARK_OFF;
+    RefreshCommands();
+    ShowChosenColors();
 }

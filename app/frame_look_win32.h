@@ -1,4 +1,4 @@
-// The colours of frame and panes.
+// The colours of frame and panes, and the choice of dark reading panes.
 #pragma once
 
 #include "win32/windows_api.h"
@@ -12,3 +12,6 @@ void RepaintAll();
 
 // Both, if the colours have changed.
 void ShowChosenColors();
+
+// The commands of Dark Reading Panes.
+void ChooseDarkPanes(int command);

@@ -1,4 +1,4 @@
-// How the program follows the system's colours, fonts and themes.
+// How the program follows the system's colours, fonts and themes. For dark reading panes see dark_panes_test.cpp.
 
 #include <windows.h>
 
