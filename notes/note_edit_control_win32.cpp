@@ -1,12 +1,10 @@
 #include "notes/note_edit_control_win32.h"
 
 #include <algorithm>
-#include <array>
-#include <cstdlib>
 #include <utility>
 
+#include "notes/caret_keys_win32.h"
 #include "notes/note_saving.h"
-#include "notes/word_stops.h"
 #include "pane/selection_win32.h"
 #include "pane/status_bar_win32.h"
 #include "resources/ids.h"
@@ -281,127 +279,10 @@ static bool OnEditKey(UINT key) {
     return control && !IsPlainTextKey(key);
 }
 
-// Passes a key to the control and takes the caret out of the line end into which an arrow key may have moved it. The
-// same key moves it on and, with Shift, the right end of the selection.
-static LRESULT PassKey(WPARAM key, LPARAM lParam) {
-    const auto pass = [&] {
-        return CallWindowProcA(theNoteEdit.procedure, theNoteEdit.window, WM_KEYDOWN, key, lParam);
-    };
-    static constexpr int kLongestLineEnd = 3;
-    PutSelectionInOrder(theNoteEdit.window);
-    const LRESULT result = pass();
-    const bool isArrow = (key == VK_LEFT || key == VK_RIGHT) && !IsKeyDown(VK_CONTROL);
-    for (int step = 1; isArrow && step < kLongestLineEnd && IsSelectionInLineEnd(theNoteEdit.window); ++step) pass();
-    PutSelectionInOrder(theNoteEdit.window);
-    return result;
-}
-
 static CHARRANGE Selected() {
     CHARRANGE range{};
     SendMessageA(theNoteEdit.window, EM_EXGETSEL, 0, reinterpret_cast<LPARAM>(&range));
     return range;
-}
-
-static void Select(LONG start, LONG end) {
-    CHARRANGE range{start, end};
-    SendMessageA(theNoteEdit.window, EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&range));
-}
-
-// ---- Word by word ---------------------------------------------------------------------------------------------------
-
-namespace {
-
-// The end of the selection that a key has moved, which without Shift are both.
-struct MovedEnd {
-    bool hasMoved = false;
-    LONG place = 0;
-    LONG otherEnd = 0;
-};
-
-}  // namespace
-
-static MovedEnd StepBy(WPARAM key, LPARAM lParam) {
-    const CHARRANGE before = Selected();
-    PassKey(key, lParam);
-    const CHARRANGE after = Selected();
-    if (after.cpMin != before.cpMin) return {true, after.cpMin, after.cpMax};
-    return {after.cpMax != before.cpMax, after.cpMax, after.cpMin};
-}
-
-static LONG RowOf(LONG place) {
-    return static_cast<LONG>(SendMessageA(theNoteEdit.window, EM_EXLINEFROMCHAR, 0, place));
-}
-
-// Up or down, but not as far as to the row of `place`. What is told as the row of a caret can be one too many where a
-// row ends.
-static void StepByRows(MovedEnd end, LONG place, LPARAM lParam) {
-    static constexpr LONG kFewRows = 2;
-    const LONG row = RowOf(place);
-    const WPARAM key = place < end.place ? VK_UP : VK_DOWN;
-    while (end.hasMoved && std::abs(RowOf(end.place) - row) > kFewRows) end = StepBy(key, lParam);
-}
-
-// Brings the moved end to `place`, or nearer to it. The control can only be told selections whose right end is the one
-// that keys move, so the left end is moved by keys, and the right one not beyond the other.
-static void GoTowards(const MovedEnd& end, LONG place, LPARAM lParam) {
-    if (!IsKeyDown(VK_SHIFT)) {
-        Select(place, place);
-    } else if (place > end.otherEnd) {
-        Select(end.otherEnd, place);
-    } else if (end.place > end.otherEnd || place == end.otherEnd) {
-        Select(end.otherEnd, end.otherEnd);
-    } else {
-        StepByRows(end, place, lParam);
-    }
-}
-
-static bool IsBefore(const MovedEnd& end, LONG place, WPARAM key) {
-    return end.hasMoved && (key == VK_RIGHT ? end.place < place : end.place > place);
-}
-
-static void StepTo(MovedEnd& end, LONG place, int mostSteps, WPARAM key, LPARAM lParam) {
-    for (int steps = 0; steps < mostSteps && IsBefore(end, place, key); ++steps) end = StepBy(key, lParam);
-}
-
-static constexpr int kFewSteps = 30;
-
-// The control shows and tells nothing of it, which would take most of the time.
-static void JumpTo(MovedEnd& end, LONG place, WPARAM key, LPARAM lParam) {
-    if (!IsBefore(end, place, key)) return;
-    const HWND edit = theNoteEdit.window;
-    const LRESULT events = SendMessageA(edit, EM_SETEVENTMASK, 0, ENM_NONE);
-    WithoutRedraw(edit, [&] {
-        while (IsBefore(end, place, key)) {
-            GoTowards(end, place, lParam);
-            end = StepBy(key, lParam);
-            StepTo(end, place, kFewSteps, key, lParam);
-        }
-    });
-    SendMessageA(edit, EM_SETEVENTMASK, 0, events);
-}
-
-// Steps up to `stop`. In a long word only the first and the last steps are shown.
-static void StepToStop(MovedEnd end, LONG stop, WPARAM key, LPARAM lParam) {
-    static constexpr int kLastSteps = 3;
-    StepTo(end, stop, kFewSteps, key, lParam);
-    JumpTo(end, key == VK_RIGHT ? stop - kLastSteps : stop + kLastSteps, key, lParam);
-    StepTo(end, stop, kFewSteps, key, lParam);
-}
-
-// Ctrl with an arrow key. Wine's control counts the places to the next word wrong, so that the caret is somewhere else
-// than it says. So the arrow is passed without Ctrl until the caret is there.
-static void MoveByWord(WPARAM key, LPARAM lParam) {
-    std::array<BYTE, 256> keys{};
-    GetKeyboardState(keys.data());
-    std::array<BYTE, 256> lifted = keys;
-    lifted[VK_CONTROL] = lifted[VK_LCONTROL] = lifted[VK_RCONTROL] = 0;
-    SetKeyboardState(lifted.data());
-    const MovedEnd first = StepBy(key, lParam);
-    const auto place = static_cast<std::size_t>(first.place);
-    const std::wstring text = WidePlainText(theNoteEdit.window);
-    const std::size_t stop = key == VK_RIGHT ? WordStopFrom(text, place) : WordStopUpTo(text, place);
-    StepToStop(first, static_cast<LONG>(stop), key, lParam);
-    SetKeyboardState(keys.data());
 }
 
 static LRESULT OnKeyDown(WPARAM key, LPARAM lParam) {
@@ -409,10 +290,7 @@ static LRESULT OnKeyDown(WPARAM key, LPARAM lParam) {
     if (OnEditKey(static_cast<UINT>(key))) return 0;
     if (key == VK_BACK || key == VK_DELETE) DivideTyping(true, false);
     if (key == VK_RETURN) DivideTyping(false, true);
-    const bool isByWord = (key == VK_LEFT || key == VK_RIGHT) && IsControlDown();
-    if (!isByWord) return PassKey(key, lParam);
-    MoveByWord(key, lParam);
-    return 0;
+    return PressCaretKey({theNoteEdit.window, theNoteEdit.procedure}, key, lParam);
 }
 
 // Characters of keys handled by OnEditKey, and those that notes must not contain.

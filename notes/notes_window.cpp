@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "notes/caret_keys_win32.h"
 #include "notes/cross_references.h"
 #include "notes/note_edit_control_win32.h"
 #include "notes/note_editor_window.h"
@@ -239,6 +240,8 @@ static LRESULT CALLBACK ViewProcedure(HWND view, UINT message, WPARAM wParam, LP
         HANDLE_MSG(view, WM_CONTEXTMENU, OnViewContextMenu);
         case WM_SETFOCUS: OnViewFocus(); break;
         case WM_LBUTTONDBLCLK: return OnDoubleClick(wParam, lParam);
+        case WM_KEYDOWN:
+            if (IsKeyByWord(wParam)) return PressCaretKey({view, theNotes.viewProcedure}, wParam, lParam);
     }
     const LRESULT result = ToView(message, wParam, lParam);
     if (message == WM_SIZE || message == WM_SETFONT) ScrollBackToText(view);

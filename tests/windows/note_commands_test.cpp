@@ -197,3 +197,26 @@ TEST(NoteSelection, CopyWithoutSelectionDoesNothing) {
     Command(program, IDM_COPY);
     EXPECT_EQ(ClipboardText(), "before");
 }
+
+// Wine's own Ctrl+Right told a place that was not the caret's, and behind the last word it ended the program.
+TEST(NoteSelection, GoesFromWordToWord) {
+    Program program =
+        ProgramWithNotes({{0, "one two\r\n\r\nlast word"}, {1, "alone"}, {2, std::string(65000, 'x')}}, 0);
+    const HWND view = NoteViewOf(program);
+    const auto caretAfter = [&](const char* key) {
+        Press(program, key);
+        const TextSelection selection = RichSelection(program, view);
+        EXPECT_EQ(selection.start, selection.end);
+        return selection.start;
+    };
+    Click(program, view, {1, 1});
+    for (const int place : {4, 7, 9, 11, 16, 20, 20, 20}) EXPECT_EQ(caretAfter("Ctrl+Right"), place);
+    for (const int place : {16, 11, 9, 7, 4, 0, 0}) EXPECT_EQ(caretAfter("Ctrl+Left"), place);
+    PressInOneGo(program, {"Ctrl+Right", "Ctrl+Right", "Shift+Ctrl+Left"});
+    EXPECT_EQ(RichSelection(program, view).start, 4);
+    EXPECT_EQ(RichSelection(program, view).end, 7);
+    Press(program, "Alt+Down");
+    for (int times = 0; times < 3; ++times) EXPECT_EQ(caretAfter("Ctrl+Right"), 5);
+    Press(program, "Alt+Down");
+    for (const int place : {65000, 65000}) EXPECT_EQ(caretAfter("Ctrl+Right"), place);
+}
