@@ -145,6 +145,7 @@ struct AccessibleObject final : IAccessible {
     HRESULT STDMETHODCALLTYPE put_accName(VARIANT, BSTR) override { return DISP_E_MEMBERNOTFOUND; }
     HRESULT STDMETHODCALLTYPE put_accValue(VARIANT, BSTR) override { return DISP_E_MEMBERNOTFOUND; }
 
+    HRESULT Prepare(VARIANT* answer) const;
     HRESULT Find(const VARIANT& child, AccessibleItem& item) const;
     HRESULT HasNone(const VARIANT& child, BSTR* text) const;
     HRESULT ReturnText(const VARIANT& child, BSTR* text, std::wstring AccessibleItem::*member) const;
@@ -153,6 +154,13 @@ struct AccessibleObject final : IAccessible {
 };
 
 }  // namespace
+
+// S_OK if the window exists and `answer`, which is nothing until then, can be given.
+HRESULT AccessibleObject::Prepare(VARIANT* answer) const {
+    if (answer == nullptr) return E_POINTER;
+    *answer = Nothing();
+    return IsWindow(window) ? S_OK : CO_E_OBJNOTCONNECTED;
+}
 
 // S_OK if the window and this child exist; `item` then describes it.
 HRESULT AccessibleObject::Find(const VARIANT& child, AccessibleItem& item) const {
@@ -266,9 +274,7 @@ HRESULT AccessibleObject::get_accState(VARIANT child, VARIANT* state) {
 }
 
 HRESULT AccessibleObject::get_accFocus(VARIANT* child) {
-    if (child == nullptr) return E_POINTER;
-    *child = Nothing();
-    if (!IsWindow(window)) return CO_E_OBJNOTCONNECTED;
+    if (const HRESULT prepared = Prepare(child); prepared != S_OK) return prepared;
     const int focused = about.focused(about.device);
     if (focused < CHILDID_SELF) return S_FALSE;
     *child = NumberVariant(focused);
@@ -276,9 +282,7 @@ HRESULT AccessibleObject::get_accFocus(VARIANT* child) {
 }
 
 HRESULT AccessibleObject::get_accSelection(VARIANT* children) {
-    if (children == nullptr) return E_POINTER;
-    *children = Nothing();
-    if (!IsWindow(window)) return CO_E_OBJNOTCONNECTED;
+    if (const HRESULT prepared = Prepare(children); prepared != S_OK) return prepared;
     const std::vector<int> selected = about.selected(about.device);
     if (selected.empty()) return S_FALSE;
     if (selected.size() == 1) {
@@ -348,9 +352,7 @@ HRESULT AccessibleObject::accNavigate(LONG direction, VARIANT start, VARIANT* en
 }
 
 HRESULT AccessibleObject::accHitTest(LONG left, LONG top, VARIANT* child) {
-    if (child == nullptr) return E_POINTER;
-    *child = Nothing();
-    if (!IsWindow(window)) return CO_E_OBJNOTCONNECTED;
+    if (const HRESULT prepared = Prepare(child); prepared != S_OK) return prepared;
     POINT point{left, top};
     RECT client{};
     GetClientRect(window, &client);
