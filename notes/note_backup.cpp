@@ -108,12 +108,13 @@ static void MakeIndexOf(const NoteFiles& files, const SetBackup& backup) {
         WriteWholeFile(files, name + kIndexEnding, IndexBytes(set->offsets));
 }
 
-void KeepBackup(const NoteFiles& files, const NoteSet& set, const std::string& today) {
+bool KeepBackup(const NoteFiles& files, const NoteSet& set, const std::string& today) {
     const SetBackup backup{NoteSetName(set), today, ""};
-    if (files.stamp(files.device, BackupName(backup) + kDataEnding).exists) return MakeIndexOf(files, backup);
-    if (!files.makeFolder(files.device, kBackupFolder)) return;
-    CopySet(files, set, backup);
+    if (files.stamp(files.device, BackupName(backup) + kDataEnding).exists) return MakeIndexOf(files, backup), true;
+    if (!files.makeFolder(files.device, kBackupFolder)) return false;
+    const bool isCopied = CopySet(files, set, backup);
     RemoveAllBut(files, backup.setName, false, kBackupDays);
+    return isCopied;
 }
 
 static bool IsTaken(const NoteFiles& files, const SetBackup& backup) {

@@ -38,9 +38,9 @@ std::vector<SetBackup> AllBackups(const NoteFiles& files);
 std::optional<NoteSet> OpenBackup(const NoteFiles& files, const SetBackup& backup);
 
 // Keeps the current files of `set` unless there already is a copy of `today` ("2024-12-31"), and removes the set's
-// copies of all but the last ten days. Failures are ignored, so that a save can continue. A set that cannot be copied
-// completely is not kept. The index of today's copy is made again if it is missing.
-void KeepBackup(const NoteFiles& files, const NoteSet& set, const std::string& today);
+// copies of all but the last ten days. A set that cannot be copied completely is not kept; false if so. The index of
+// today's copy is made again if it is missing.
+bool KeepBackup(const NoteFiles& files, const NoteSet& set, const std::string& today);
 
 // Keeps the current files of `set`, with its devotional table, as the state of `now`, or of the next second that has
 // none, and removes all but the last ten such copies of it. nullopt if they cannot be copied completely: then there is

@@ -11,15 +11,20 @@
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-static bool SayYes(void*, SaveNotice, const std::string&) {
+static bool Remember(void* device, SaveNotice notice, const std::string&) {
+    static_cast<std::vector<SaveNotice>*>(device)->push_back(notice);
     return true;
 }
 
-static void SaveOn(FakeNoteFiles& files, NoteSets& notes, const std::string& day, const std::string& text) {
+// Returns what was told.
+static std::vector<SaveNotice> SaveOn(FakeNoteFiles& files, NoteSets& notes, const std::string& day,
+                                      const std::string& text) {
     NoteEdit edit{text};
+    std::vector<SaveNotice> told;
     EXPECT_TRUE(ReadStoredNote(DeviceOver(files), notes, edit.openedOn));
-    EXPECT_EQ(SaveNote(DeviceOver(files), {nullptr, SayYes}, notes, edit, {day, 1735603200}), NoteSaveResult::kSaved);
+    EXPECT_EQ(SaveNote(DeviceOver(files), {&told, Remember}, notes, edit, {day, 1735603200}), NoteSaveResult::kSaved);
     EXPECT_EQ(files.openFiles, 0);
+    return told;
 }
 
 static NoteSets SetsOf(FakeNoteFiles& files) {
@@ -118,7 +123,7 @@ TEST(Backup, FailureDoesNotPreventASave) {
         files.uncreatable = row.uncreatable;
         files.unreadable = row.unreadable;
         files.room = row.room;
-        SaveOn(files, notes, "2024-12-31", "new");
+        EXPECT_THAT(SaveOn(files, notes, "2024-12-31", "new"), ElementsAre(SaveNotice::kNoBackup));
         EXPECT_THAT(Backups(files), IsEmpty());
         EXPECT_TRUE(files.contents["a.nmd"] == FakeSetOf({{0, "new"}}).data);
     }
@@ -133,7 +138,7 @@ TEST(Backup, IsNoneWithoutItsIndex) {
     SaveOn(files, notes, "2024-12-31", "new");
     EXPECT_THAT(Backups(files), IsEmpty());
     files.uncreatable = {};
-    SaveOn(files, notes, "2024-12-31", "newer");
+    EXPECT_THAT(SaveOn(files, notes, "2024-12-31", "newer"), IsEmpty());
     EXPECT_TRUE(HoldsSet(files, "backup/a 2024-12-31", {{0, "new"}, {3, "three"}}));
 }
 
@@ -243,7 +248,8 @@ TEST(Backup, IsNotMadeForAFailedSave) {
     NoteSets notes = SetsOf(files);
     files.room = 5;
     NoteEdit edit{"new"};
-    EXPECT_EQ(SaveNote(DeviceOver(files), {nullptr, SayYes}, notes, edit, {"2024-12-31", 1735603200}),
+    std::vector<SaveNotice> told;
+    EXPECT_EQ(SaveNote(DeviceOver(files), {&told, Remember}, notes, edit, {"2024-12-31", 1735603200}),
               NoteSaveResult::kFailed);
     EXPECT_THAT(Backups(files), IsEmpty());
 }

@@ -136,6 +136,7 @@ static constexpr char kLettersWithoutPlace[] =
 static UINT BoxOf(SaveNotice notice) {
     switch (notice) {
         case SaveNotice::kCannotOpen: return MB_RETRYCANCEL | MB_ICONSTOP;
+        case SaveNotice::kNoBackup:
         case SaveNotice::kMerged: return MB_OK | MB_ICONEXCLAMATION;
         case SaveNotice::kTooLong:
         case SaveNotice::kChangedOnDisk: return MB_OKCANCEL | MB_ICONEXCLAMATION;
@@ -144,8 +145,9 @@ static UINT BoxOf(SaveNotice notice) {
     }
 }
 
-// Releases the mouse while the box is open.
+// Releases the mouse while the box is open. That there is no backup is told once.
 static bool Tell(void* device, SaveNotice notice, const std::string& text) {
+    if (notice == SaveNotice::kNoBackup && std::exchange(theNoteEditor.hasToldNoBackup, true)) return true;
     WaitCursor& wait = *static_cast<WaitCursor*>(device);
     EndWait(wait.before);
     const int answer = MessageBoxA(wait.frame, text.c_str(), kErrorCaption, BoxOf(notice));

@@ -10,11 +10,12 @@
 struct NoteEditor {
     HWND window = nullptr;
     WNDPROC buttonProcedure = nullptr;
-    HWND nextViewer = nullptr;  // next window in the clipboard viewer chain
-    bool editing = false;       // the editor is open; the current note must not change
-    bool saving = false;        // saving, or asking whether to; must not be started again
-    unsigned changes = 0;       // of the text, and of opening and closing
-    std::string openedOn;       // the note as it was stored when the editor was opened, up to its first NUL
+    HWND nextViewer = nullptr;     // next window in the clipboard viewer chain
+    bool editing = false;          // the editor is open; the current note must not change
+    bool hasToldNoBackup = false;  // since the start
+    bool saving = false;           // saving, or asking whether to; must not be started again
+    unsigned changes = 0;          // of the text, and of opening and closing
+    std::string openedOn;          // the note as it was stored when the editor was opened, up to its first NUL
 };
 extern NoteEditor theNoteEditor;
 

@@ -59,6 +59,12 @@ static std::string TextOf(SaveNotice notice, const NoteSet& set) {
                             "\" was also changed elsewhere since you opened it. Both texts together are too long for "
                             "one note, and the other one cannot be kept among the earlier notes: the disk may be full. "
                             "Nothing has been saved. Copy your text to another place before you cancel.");
+        case SaveNotice::kNoBackup:
+            return WithName(
+                "The note is saved. But before the first save of a day the note set \"", NoteSetName(set),
+                "\" is copied into the folder \"backup\", and that was not possible: the disk may be full, "
+                "or the folder cannot be written to. Each further save tries it again; if it fails, you are "
+                "not told before the next start.");
     }
     return "";
 }
@@ -80,6 +86,7 @@ struct Save {
     bool isReadAgain = false;            // the offsets are those of the open data file
     std::string replaced{};              // the note's old bytes, with its NUL; at most kCopyPiece of them
     bool isStoredKept = false;           // they are among the earlier notes already
+    bool hasBackup = false;              // there is a copy of the day
 };
 
 enum class Step { kDone, kStopped, kMerged, kCannotKeep, kCannotCreate, kNoMemory, kCannotWrite, kMisfit };
@@ -287,11 +294,12 @@ static void KeepReplaced(Save& save) {
     save.isStoredKept = KeepEarlierNotes(save.files, NoteSetName(save.set), {&note, 1});
 }
 
-// The last steps before the old data file is deleted. Failures of the backup and the history are ignored. False if
+// The last steps before the old data file is deleted. A failure of the history is ignored, one of the backup told
+// later. False if
 // another program has meanwhile put another file in its place, which must not be deleted unread.
 static bool IsReadyToReplace(Save& save) {
     save.data.reset();
-    WithMemory([&] { KeepBackup(save.files, save.set, save.now.day); });
+    WithMemory([&] { save.hasBackup = KeepBackup(save.files, save.set, save.now.day); });
     WithMemory([&] { KeepReplaced(save); });
     return !HasChangedOnDisk(save);
 }
@@ -387,7 +395,9 @@ NoteSaveResult SaveNote(const NoteFiles& files, const SaveVoice& voice, NoteSets
         return NoteSaveResult::kStopped;
     }
     const NoteSaveResult result = SaveInto(save);
-    if (result == NoteSaveResult::kSaved) WithMemory([&] { notes.noteText = save.text; });
+    if (result != NoteSaveResult::kSaved) return result;
+    WithMemory([&] { notes.noteText = save.text; });
+    if (!save.hasBackup) Tell(save, SaveNotice::kNoBackup);
     return result;
 }
 

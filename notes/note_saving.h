@@ -14,7 +14,7 @@
 //
 // The state before the first save of each day is kept in the folder "backup" (notes/note_backup.h), and before the old
 // data file is deleted, the text that the note had is put among its earlier notes (notes/note_history.h), unless it was
-// empty or is the same. A save goes on if either cannot be written.
+// empty or is the same. A save goes on if either cannot be written; if there is no copy of the day, this is told.
 #pragma once
 
 #include <cstddef>
@@ -39,6 +39,7 @@ enum class SaveNotice {
     kMerged,         // OK, exclamation icon
     kTooLong,        // OK and Cancel, exclamation icon: Cancel goes back to the editor
     kCannotKeep,     // OK, stop icon
+    kNoBackup,       // OK, exclamation icon; after a note was saved
 };
 
 struct SaveVoice {

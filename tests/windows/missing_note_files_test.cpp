@@ -268,3 +268,34 @@ TEST(FilesMovedAwayFromTheEditor, LeaveItsTextAmongTheEarlierNotes) {
     WaitForNoDialog(program);
     EXPECT_EQ(TextOf(NoteEditOf(program)), "New: of the first");
 }
+
+// ---- Files that cannot be written -----------------------------------------------------------------------------------
+
+TEST(MissingBackup, IsToldOncePerStart) {
+    Program program = StartProgram(FolderWithTwoSets());
+    WriteFile(program.folder, "backup", "in the place of the folder");
+    OpenNoteEditor(program);
+    Type(program, "New: ");
+    ClickEditorButton(program, IDC_NOTE_SAVE);
+    const HWND box = WaitForDialog(program, "Error");
+    EXPECT_EQ(MessageText(box),
+              "The note is saved. But before the first save of a day the note set \"First\" is copied into the folder "
+              "\"backup\", and that was not possible: the disk may be full, or the folder cannot be written to. Each "
+              "further save tries it again; if it fails, you are not told before the next start.");
+    EXPECT_EQ(IconOf(box), "exclamation");
+    SavePicture(PictureOfWindow(box), "missing-backup");
+    Press(program, "Enter");
+    WaitForNoDialog(program);
+    EXPECT_EQ(Shown(program), "New: of the first");
+    EXPECT_FALSE(IsShown(NoteEditorOf(program)));
+    OpenNoteEditor(program);
+    Type(program, "Very ");
+    ClickEditorButton(program, IDC_NOTE_SAVE);
+    EXPECT_FALSE(HasDialog(program));
+    EXPECT_EQ(Shown(program), "Very New: of the first");
+    RunOnHost(program.folder, "rm backup");
+    OpenNoteEditor(program);
+    ClickEditorButton(program, IDC_NOTE_SAVE);
+    EXPECT_TRUE(HasFile(program.folder, "backup"));
+    EXPECT_EQ(CloseProgram(program), 0);
+}
