@@ -172,7 +172,9 @@ bool StartUp(HWND frame) {
     theFrame.menu = GetMenu(frame);
     InitCommonControls();
     theFrame.richEdit = LoadLibraryA("RICHED32.DLL");
-    if (theFrame.richEdit) BeginToLoadNoteSets();  // not if the start fails, because it may create and repair files
+    OpeningSets opening;
+    if (theFrame.richEdit)
+        opening = BeginToLoadNoteSets();  // not for a start that fails: it may create and repair files
     ShowSplash(frame);
     if (!theFrame.richEdit) return false;
     LayOutLongLinesInPieces();

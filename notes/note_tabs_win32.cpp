@@ -7,7 +7,6 @@
 #include "notes/note_recovery.h"
 #include "win32/controls.h"
 #include "win32/files.h"
-#include "win32/handles.h"
 
 NoteTabs theNoteTabs;
 
@@ -15,7 +14,7 @@ namespace {
 
 // The sets while a thread opens them. The window may already get messages that need the program's sets.
 struct SetsInOpening {
-    OwnedFile thread;
+    HANDLE thread = nullptr;
     NoteSets sets;
     OpenedSets opened;
 };
@@ -87,14 +86,20 @@ static DWORD WINAPI OpenSets(void*) {
     return 0;
 }
 
-void BeginToLoadNoteSets() {
-    theOpening.thread.reset(CreateThread(nullptr, 0, OpenSets, nullptr, 0, nullptr));
-    if (!theOpening.thread) OpenSets(nullptr);
+void EndOpening::operator()(void* thread) const {
+    WaitForSingleObject(thread, INFINITE);
+    CloseHandle(thread);
+}
+
+OpeningSets BeginToLoadNoteSets() {
+    theOpening.thread = CreateThread(nullptr, 0, OpenSets, nullptr, 0, nullptr);
+    if (theOpening.thread == nullptr) OpenSets(nullptr);
+    return OpeningSets(theOpening.thread);
 }
 
 static OpenedSets TakeOpenedSets() {
-    if (theOpening.thread) WaitForSingleObject(theOpening.thread.get(), INFINITE);
-    theOpening.thread.reset();
+    if (theOpening.thread != nullptr) WaitForSingleObject(theOpening.thread, INFINITE);
+    theOpening.thread = nullptr;
     theNoteSets = std::exchange(theOpening.sets, {});
     return std::exchange(theOpening.opened, {});
 }

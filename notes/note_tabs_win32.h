@@ -1,6 +1,7 @@
 // The tabs of the note sets, one per set, in the order of the table of sets.
 #pragma once
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -14,8 +15,14 @@ struct NoteTabs {
 };
 extern NoteTabs theNoteTabs;
 
+// A thread that opens the sets; waits for its end on destruction, because it uses what the program's end destroys.
+struct EndOpening {
+    void operator()(void* thread) const;
+};
+using OpeningSets = std::unique_ptr<void, EndOpening>;
+
 // Begins to open the sets in the working directory, on a thread of its own. To be called before LoadNoteSets.
-void BeginToLoadNoteSets();
+[[nodiscard]] OpeningSets BeginToLoadNoteSets();
 
 // Waits until the sets are open; their tabs are not yet created. Reports when the first set's files cannot be created,
 // and what was repaired in the other sets. If a set is damaged and `hasWholeCopy` is true for it, also asks whether to
