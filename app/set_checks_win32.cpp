@@ -10,6 +10,7 @@
 #include "notes/note_tabs_win32.h"
 #include "notes/notes_window.h"
 #include "notes/set_checks.h"
+#include "pane/status_bar_win32.h"
 
 static bool HasWholeState(const NoteSet& set) {
     return HasWholeState(TheNoteFiles(), NoteSetName(set));
@@ -24,6 +25,10 @@ static bool TellRepairs() {
     const std::string damagedSet = TellRepairedSets(HasWholeState);
     if (!damagedSet.empty()) theFrame.damagedSet = damagedSet;
     return true;
+}
+
+void TellSetsNotShown() {
+    ShowStatus(StatusPart::kSearchSummary, NotShownText(theNoteSets));
 }
 
 void ReadFirstNote() {

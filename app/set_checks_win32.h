@@ -6,6 +6,9 @@
 // is then in the frame's `damagedSet`.
 void OpenSets();
 
+// Names the sets that are not shown in the status bar, where the result of the first search takes the place.
+void TellSetsNotShown();
+
 // Reads the note that the start shows, unless its set is large and not checked yet: then CheckSetsInIdleTime does it.
 void ReadFirstNote();
 

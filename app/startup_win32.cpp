@@ -164,6 +164,7 @@ static void ShowFirstNote() {
     SetNotesFont(theFrame.fonts.notes);
     ShowFirstTabs();
     LayOut();
+    TellSetsNotShown();
     ReadFirstNote();
 }
 

@@ -165,7 +165,11 @@ OpenedSets OpenNoteSets(const NoteFiles& files, NoteSets& notes, const NoteTime&
         const bool isThere = std::any_of(notes.sets.begin(), notes.sets.end(), [&](const NoteSet& found) {
             return EqualIgnoringCase(found.dataFileName, set.dataFileName);
         });
-        if (!isThere && notes.sets.size() < kNoteSetLimit) notes.sets.push_back(set);
+        if (isThere) continue;
+        if (notes.sets.size() < kNoteSetLimit)
+            notes.sets.push_back(set);
+        else
+            notes.notShown.push_back(NoteSetName(set));
     }
     for (std::size_t i = 0; i < notes.sets.size(); ++i) {
         // If the first set could not be created, that is already reported.

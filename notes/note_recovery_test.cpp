@@ -396,5 +396,7 @@ TEST(OpenNoteSets, LimitsTheSetsTo31IncludingThoseWithoutIndex) {
     FakeNoteFiles files;
     for (int i = 0; i < 31; ++i) AddFakeSet(files, "set" + std::to_string(i), {});
     files.contents["damaged.nmd"] = {'x'};
-    EXPECT_EQ(Open(files).notes.sets.size(), 31u);
+    const Opened opened = Open(files);
+    EXPECT_EQ(opened.notes.sets.size(), 31u);
+    EXPECT_EQ(NotShownText(opened.notes), "There can be 31 note sets. Not shown: damaged");
 }

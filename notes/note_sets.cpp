@@ -51,16 +51,31 @@ static bool CreateFirstSet(const NoteFiles& files, NoteSets& notes) {
 
 bool FindNoteSets(const NoteFiles& files, NoteSets& notes) {
     notes.sets.clear();
+    notes.notShown.clear();
+    notes.closedIndex.clear();
     notes.devotionalSet = kNoDevotionalSet;
     const std::vector<std::string> tables = files.list(files.device, std::string("*") + kTableEnding);
     for (const std::string& indexFileName : files.list(files.device, std::string("*") + kIndexEnding)) {
         NoteSet set{indexFileName.substr(0, indexFileName.rfind('.')) + kDataEnding};
         StampFiles(files, set);
         if (IsLoneConflictCopy(files, set)) continue;
-        if (notes.sets.size() == kNoteSetLimit || !AddNoteSet(files, std::move(set), indexFileName, tables, notes))
-            break;
+        const std::string name = NoteSetName(set);
+        const bool isEnd = !notes.notShown.empty() || notes.sets.size() == kNoteSetLimit;
+        if (!isEnd && AddNoteSet(files, std::move(set), indexFileName, tables, notes)) continue;
+        if (!isEnd) notes.closedIndex = indexFileName;
+        notes.notShown.push_back(name);
     }
     return !notes.sets.empty() || CreateFirstSet(files, notes);
+}
+
+std::string NotShownText(const NoteSets& notes) {
+    if (notes.notShown.empty()) return "";
+    std::string names;
+    for (const std::string& name : notes.notShown) names += (names.empty() ? "" : ", ") + name;
+    const std::string reason = notes.closedIndex.empty()
+                                   ? "There can be " + std::to_string(kNoteSetLimit) + " note sets."
+                                   : '"' + notes.closedIndex + "\" cannot be opened.";
+    return reason + " Not shown: " + names;
 }
 
 static bool HasSet(const NoteSets& notes, int set) {

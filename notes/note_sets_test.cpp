@@ -53,13 +53,21 @@ TEST(FindNoteSets, FindsAtMost31Sets) {
     EXPECT_EQ(notes.sets.size(), 31u);
     EXPECT_EQ(NamesOf(notes).back(), "set30");
     EXPECT_EQ(files.log.size(), 31u);  // one read per set without a devotional table, none for the 32nd
+    EXPECT_EQ(NotShownText(notes),
+              "There can be 31 note sets. Not shown: set31, set32, set33, set34, set35, set36, "
+              "set37, set38, set39");
 }
 
 TEST(FindNoteSets, StopsAtAFileThatCannotBeOpened) {
     FakeNoteFiles files;
     for (const char* name : {"a", "b", "c"}) AddFakeSet(files, name, {});
     files.unreadable = {"b.nmi"};
-    EXPECT_EQ(NamesOf(Found(files)), (std::vector<std::string>{"a"}));
+    NoteSets notes = Found(files);
+    EXPECT_EQ(NamesOf(notes), (std::vector<std::string>{"a"}));
+    EXPECT_EQ(NotShownText(notes), "\"b.nmi\" cannot be opened. Not shown: b, c");
+    files.unreadable.clear();
+    FindNoteSets(DeviceOver(files), notes);
+    EXPECT_EQ(NotShownText(notes), "");
 }
 
 TEST(FindNoteSets, StartsAgainEachTime) {

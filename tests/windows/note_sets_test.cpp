@@ -55,6 +55,12 @@ TEST(NoteSets, AreLimitedTo31) {
     Program program = StartProgram(folder);
     const std::vector<std::string> names = NoteSetNames(program);
     ASSERT_EQ(names.size(), 31u);
+    const std::string told = StatusPart(program, 0) + ',';
+    EXPECT_THAT(told, StartsWith("There can be 31 note sets. Not shown: Set "));
+    for (int set = 0; set < 40; ++set) {
+        const std::string name = "Set " + std::to_string(set);
+        EXPECT_NE(told.find(' ' + name + ',') != told.npos, std::ranges::find(names, name) != names.end()) << name;
+    }
     ClickTab(program, NoteTabs(program), 30);
     EXPECT_EQ("Set" + NoteShown(program).substr(2), names[30]);
     Command(program, IDM_NEXT_NOTE_SET);
