@@ -1,12 +1,16 @@
-// The floor for starting the program, resizing its frame, scrolling and showing a list: creates the program's menu and
-// controls, loads its files, places its panes and paints verses there in the simplest way. A step moves what is on the
-// screen and paints the line that comes into view; status bar and scroll box follow when no more input is waiting. Its
-// Word Search does not search: OK closes the dialog and shows verses that were not searched for.
+// The floor for starting the program, resizing its frame, scrolling, showing a list and showing a note: creates the
+// program's menu and controls, loads its files, places its panes and paints verses there in the simplest way. A step
+// moves what is on the screen and paints the line that comes into view; status bar and scroll box follow when no more
+// input is waiting. Its Word Search does not search: OK closes the dialog and shows verses that were not searched for.
 
+#include <algorithm>
+#include <fstream>
 #include <iterator>
 #include <string>
 
 #include "app/frame_layout.h"
+#include "app/settings.h"
+#include "notes/beginning_of_note.h"
 #include "resources/ids.h"
 #include "scripture/scripture.h"
 #include "scripture/scripture_win32.h"
@@ -14,6 +18,7 @@
 #include "typeset/faces_win32.h"
 #include "win32/dpi.h"
 #include "win32/panes.h"
+#include "win32/plain_text.h"
 
 namespace {
 
@@ -23,7 +28,7 @@ struct BareProgram {
     HWND list = nullptr, references = nullptr, passage = nullptr;
     HWND notes = nullptr, noteView = nullptr, editor = nullptr, noteEdit = nullptr;
     HIMAGELIST pictures = nullptr;
-    HFONT font = nullptr, controlFont = nullptr;
+    HFONT font = nullptr, controlFont = nullptr, noteFont = nullptr;
     int lineHeight = 1;
     int topVerse = 0;
     int listTop = kNoVerse;  // the first verse of the list; kNoVerse: the list is empty
@@ -249,6 +254,43 @@ static void ShowList() {
     InvalidateRect(bare.list, nullptr, TRUE);
 }
 
+// ---- The notes ------------------------------------------------------------------------------------------------------
+
+static void ChooseNoteFont() {
+    const LOGFONTA record = FontRecord(Fonts{}.notes, DpiOf(bare.noteView));
+    bare.noteFont = CreateFontIndirectA(&record);
+    SendMessageA(bare.noteView, WM_SETFONT, reinterpret_cast<WPARAM>(bare.noteFont), FALSE);
+}
+
+static TextRoom RoomOfNote() {
+    RECT client{};
+    GetClientRect(bare.noteView, &client);
+    const HDC dc = GetDC(bare.noteView);
+    const HGDIOBJ before = SelectObject(dc, bare.noteFont);
+    TEXTMETRICA letters{};
+    GetTextMetricsA(dc, &letters);
+    SelectObject(dc, before);
+    ReleaseDC(bare.noteView, dc);
+    return {static_cast<std::size_t>(client.bottom / letters.tmHeight + 4),
+            static_cast<std::size_t>(client.right / std::max<LONG>(letters.tmAveCharWidth / 2, 1))};
+}
+
+// The note of the file and a brief one in turns. Of the first one only what fills the view is given to the control.
+static void ShowNextNote() {
+    static std::string note;
+    static int verse = 0;
+    if (bare.noteFont == nullptr) {
+        ChooseNoteFont();
+        std::ifstream file("bare note.txt", std::ios::binary);
+        note.assign(std::istreambuf_iterator<char>(file), {});
+    }
+    verse = 1 - verse;
+    SetPlainText(bare.noteView, verse == 0 ? "brief" : BeginningOfNote(note, RoomOfNote()));
+    ShowStatus(kNotePart, NameOf(verse));
+}
+
+// ---- Commands -------------------------------------------------------------------------------------------------------
+
 static INT_PTR CALLBACK DialogProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM) {
     if (message == WM_INITDIALOG) return TRUE;
     if (message != WM_COMMAND || (LOWORD(wParam) != IDOK && LOWORD(wParam) != IDCANCEL)) return FALSE;
@@ -257,6 +299,7 @@ static INT_PTR CALLBACK DialogProcedure(HWND dialog, UINT message, WPARAM wParam
 }
 
 static void OnCommand(HWND frame, int command, HWND, UINT) {
+    if (command == IDM_NEXT_NOTE) ShowNextNote();
     if (command != IDM_WORD_SEARCH) return;
     if (DialogBoxParamA(GetModuleHandleA(nullptr), "WORDSEARCH", frame, DialogProcedure, 0) == IDOK) ShowList();
 }
