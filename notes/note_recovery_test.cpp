@@ -398,5 +398,5 @@ TEST(OpenNoteSets, LimitsTheSetsTo31IncludingThoseWithoutIndex) {
     files.contents["damaged.nmd"] = {'x'};
     const Opened opened = Open(files);
     EXPECT_EQ(opened.notes.sets.size(), 31u);
-    EXPECT_EQ(NotShownText(opened.notes), "There can be 31 note sets. Not shown: damaged");
+    EXPECT_EQ(NotShownText(opened.notes), "1 set not shown: damaged. There can be 31 sets.");
 }

@@ -68,14 +68,15 @@ bool FindNoteSets(const NoteFiles& files, NoteSets& notes) {
     return !notes.sets.empty() || CreateFirstSet(files, notes);
 }
 
+// The names come first, because the line may be cut at its end.
 std::string NotShownText(const NoteSets& notes) {
     if (notes.notShown.empty()) return "";
     std::string names;
     for (const std::string& name : notes.notShown) names += (names.empty() ? "" : ", ") + name;
-    const std::string reason = notes.closedIndex.empty()
-                                   ? "There can be " + std::to_string(kNoteSetLimit) + " note sets."
-                                   : '"' + notes.closedIndex + "\" cannot be opened.";
-    return reason + " Not shown: " + names;
+    const std::string reason = notes.closedIndex.empty() ? "There can be " + std::to_string(kNoteSetLimit) + " sets."
+                                                         : '"' + notes.closedIndex + "\" cannot be opened.";
+    const std::size_t count = notes.notShown.size();
+    return std::to_string(count) + (count == 1 ? " set" : " sets") + " not shown: " + names + ". " + reason;
 }
 
 static bool HasSet(const NoteSets& notes, int set) {

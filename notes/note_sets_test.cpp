@@ -54,8 +54,8 @@ TEST(FindNoteSets, FindsAtMost31Sets) {
     EXPECT_EQ(NamesOf(notes).back(), "set30");
     EXPECT_EQ(files.log.size(), 31u);  // one read per set without a devotional table, none for the 32nd
     EXPECT_EQ(NotShownText(notes),
-              "There can be 31 note sets. Not shown: set31, set32, set33, set34, set35, set36, "
-              "set37, set38, set39");
+              "9 sets not shown: set31, set32, set33, set34, set35, set36, "
+              "set37, set38, set39. There can be 31 sets.");
 }
 
 TEST(FindNoteSets, StopsAtAFileThatCannotBeOpened) {
@@ -64,7 +64,7 @@ TEST(FindNoteSets, StopsAtAFileThatCannotBeOpened) {
     files.unreadable = {"b.nmi"};
     NoteSets notes = Found(files);
     EXPECT_EQ(NamesOf(notes), (std::vector<std::string>{"a"}));
-    EXPECT_EQ(NotShownText(notes), "\"b.nmi\" cannot be opened. Not shown: b, c");
+    EXPECT_EQ(NotShownText(notes), "2 sets not shown: b, c. \"b.nmi\" cannot be opened.");
     files.unreadable.clear();
     FindNoteSets(DeviceOver(files), notes);
     EXPECT_EQ(NotShownText(notes), "");
