@@ -12,7 +12,9 @@
 #include "tests/windows/note_history_files.h"
 #include "tests/windows/note_set_files.h"
 #include "tests/windows/note_steps.h"
+#include "tests/windows/painted_lines.h"
 #include "tests/windows/passage_pane.h"
+#include "tests/windows/system_look.h"
 
 using testing::ElementsAre;
 using testing::HasSubstr;
@@ -94,6 +96,25 @@ static std::string MarksOf(const Program& program, HWND dialog) {
         marks += (effects & CFE_UNDERLINE) != 0 ? '_' : (effects & CFE_STRIKEOUT) != 0 ? '-' : ' ';
     }
     return marks;
+}
+
+// The marks have colours of the system, which would otherwise stay those of before, dark on black.
+TEST(EarlierNotes, FollowsTheColorsOfTheSystem) {
+    const ScratchFolder folder = FolderWithNote("one two\r\nfour");
+    WriteNoteHistory(folder, "Mine", {{kMorning, 1, KeptReason::kReplaced, "one 2\r\nthree four"}});
+    Program program = StartProgram(folder);
+    const HWND dialog = OpenEarlierNotes(program);
+    const HWND text = Child(dialog, {IDC_STATE_TEXT});
+    const auto count = [text](int element) {
+        return CountPixels(PictureOfClient(text), ClientRectOf(text), InPicture(GetSysColor(element)));
+    };
+    const SystemColors black(program, kContrastBlack);
+    EXPECT_GT(count(COLOR_WINDOW), 3000);
+    EXPECT_GT(count(COLOR_WINDOWTEXT), 20);
+    EXPECT_GT(count(COLOR_HOTLIGHT), 20);
+    EXPECT_GT(count(COLOR_GRAYTEXT), 10);
+    SavePicture(PictureOfWindow(dialog), "earlier-notes-black");
+    CloseWithEsc(program);
 }
 
 TEST(EarlierNotes, MarksWhatDiffersFromTheNoteAsItIs) {
