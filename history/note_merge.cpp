@@ -113,22 +113,23 @@ static ChangedIn WhoChanged(const std::string& mine, const std::string& other, c
 
 // ---- The plan -------------------------------------------------------------------------------------------------------
 
-static MergedNote Joined(int verse, const std::string& mine, const std::string& other) {
-    std::string joined = JoinedTexts(mine, other);
-    if (joined.size() > kNoteTextLimit) return {verse, MergeKind::kTooLong, mine, other, mine};
-    const MergeKind kind = joined == mine    ? MergeKind::kStays
-                           : joined == other ? MergeKind::kFromCopy
-                                             : MergeKind::kBoth;
-    return {verse, kind, mine, other, std::move(joined)};
+static MergedNote Joined(const CodePage& page, int verse, const std::string& mine, const std::string& other) {
+    std::optional<std::string> joined = JoinedNotes(page, mine, other);
+    if (!joined || joined->size() > kNoteTextLimit) return {verse, MergeKind::kTooLong, mine, other, mine};
+    const MergeKind kind = *joined == mine    ? MergeKind::kStays
+                           : *joined == other ? MergeKind::kFromCopy
+                                              : MergeKind::kBoth;
+    return {verse, kind, mine, other, std::move(*joined)};
 }
 
-static MergedNote Merged(int verse, const std::string& mine, const std::string& other, const VerseStates& states) {
+static MergedNote Merged(const CodePage& page, int verse, const std::string& mine, const std::string& other,
+                         const VerseStates& states) {
     switch (WhoChanged(mine, other, states)) {
         case ChangedIn::kSet: return {verse, MergeKind::kStays, mine, other, mine};
         case ChangedIn::kCopy: return {verse, MergeKind::kFromCopy, mine, other, other};
         case ChangedIn::kBoth: break;
     }
-    return Joined(verse, mine, other);
+    return Joined(page, verse, mine, other);
 }
 
 // A merge that was stopped may have kept the set's text without replacing it.
@@ -147,8 +148,8 @@ static VerseStates StatesOf(std::size_t verse, const EarlierStates& states,
     return found;
 }
 
-std::vector<MergedNote> PlanMerge(std::span<const std::string> mine, std::span<const std::string> other,
-                                  const EarlierStates& states) {
+std::vector<MergedNote> PlanMerge(const CodePage& page, std::span<const std::string> mine,
+                                  std::span<const std::string> other, const EarlierStates& states) {
     std::vector<std::vector<Records>> records;  // by history and verse
     for (const std::vector<EarlierNote>& history : states.histories) {
         records.emplace_back(mine.size());
@@ -158,7 +159,7 @@ std::vector<MergedNote> PlanMerge(std::span<const std::string> mine, std::span<c
     std::vector<MergedNote> notes;
     for (std::size_t verse = 0; verse < mine.size(); ++verse)
         if (mine[verse] != other[verse])
-            notes.push_back(Merged(static_cast<int>(verse), mine[verse], other[verse],
+            notes.push_back(Merged(page, static_cast<int>(verse), mine[verse], other[verse],
                                    StatesOf(verse, states, records, mine[verse])));
     return notes;
 }

@@ -34,7 +34,8 @@ enum class MergeKind {
     kStays,     // only the set's note was changed, or it already has both texts
     kFromCopy,  // only the copy's note was changed
     kBoth,      // both texts
-    kTooLong,   // both texts are longer than a note can be: the set's stays, the copy's is kept among the earlier notes
+    kTooLong,   // both texts are longer than a note can be, or cannot be put into one: the set's stays, the copy's is
+                // kept among the earlier notes
 };
 
 struct MergedNote {
@@ -45,6 +46,6 @@ struct MergedNote {
     bool operator==(const MergedNote&) const = default;
 };
 
-// The notes that are not equal in both sets, by verse. Both have one text for each verse.
-std::vector<MergedNote> PlanMerge(std::span<const std::string> mine, std::span<const std::string> other,
-                                  const EarlierStates& states);
+// The notes that are not equal in both sets, by verse. Both have one text for each verse, as it is stored.
+std::vector<MergedNote> PlanMerge(const CodePage& page, std::span<const std::string> mine,
+                                  std::span<const std::string> other, const EarlierStates& states);

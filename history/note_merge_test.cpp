@@ -29,7 +29,7 @@ static std::vector<EarlierNote> Replaced(const std::vector<std::string>& texts, 
 }
 
 static MergedNote MergeOf(const std::string& mine, const std::string& other, const EarlierStates& states) {
-    const std::vector<MergedNote> plan = PlanMerge(SetWith(mine), SetWith(other), states);
+    const std::vector<MergedNote> plan = PlanMerge({}, SetWith(mine), SetWith(other), states);
     EXPECT_EQ(plan.size(), 1u);
     EXPECT_EQ(plan.at(0).verse, kVerse);
     EXPECT_EQ(plan[0].mine, mine);
@@ -155,13 +155,13 @@ TEST(Merge, DoesNotTakeTheOlderTextOfAnotherSet) {
 }
 
 TEST(Merge, PassesEqualNotes) {
-    EXPECT_THAT(PlanMerge(SetWith("a"), SetWith("a"), {{Replaced({"b"})}, {SetWith("c")}}), IsEmpty());
+    EXPECT_THAT(PlanMerge({}, SetWith("a"), SetWith("a"), {{Replaced({"b"})}, {SetWith("c")}}), IsEmpty());
 }
 
 TEST(Merge, IsOfEachVerse) {
     std::vector<std::string> mine(kVerseCount), other(kVerseCount);
     mine[0] = "first", other[31101] = "last", mine[7] = "seven", other[7] = "sieben";
-    const std::vector<MergedNote> plan = PlanMerge(mine, other, {});
+    const std::vector<MergedNote> plan = PlanMerge({}, mine, other, {});
     EXPECT_THAT(plan, ElementsAre(MergedNote{0, MergeKind::kStays, "first", "", "first"},
                                   MergedNote{7, MergeKind::kBoth, "seven", "sieben", JoinedTexts("seven", "sieben")},
                                   MergedNote{31101, MergeKind::kFromCopy, "", "last", "last"}));

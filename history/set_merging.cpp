@@ -65,7 +65,7 @@ std::optional<SetMerge> PlanSetMerge(const NoteFiles& files, const std::string& 
     std::vector<std::string> mine, other;
     if (!ReadSetTexts(files, set + kDataEnding, mine) || !ReadSetTexts(files, copy + kDataEnding, other))
         return std::nullopt;
-    merge.notes = PlanMerge(mine, other, StatesOf(files, copy, set));
+    merge.notes = PlanMerge(files.codePage, mine, other, StatesOf(files, copy, set));
     for (std::size_t verse = 0; verse < mine.size(); ++verse)
         if (!mine[verse].empty() && mine[verse] == other[verse]) ++merge.equalNotes;
     return merge;

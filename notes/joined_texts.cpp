@@ -29,3 +29,11 @@ std::string JoinedTexts(std::string_view mine, std::string_view other) {
     }
     return joined;
 }
+
+std::optional<std::string> JoinedNotes(const CodePage& page, std::string_view mine, std::string_view other) {
+    if (!IsInUtf8(mine) && !IsInUtf8(other)) return JoinedTexts(mine, other);
+    if (!HasExactLetters(page, mine) || !HasExactLetters(page, other)) return std::nullopt;
+    const std::u16string joined = LettersOfUtf8(JoinedTexts(Utf8OfNote(page, mine), Utf8OfNote(page, other)));
+    if (joined == LettersOfNote(page, mine)) return std::string(mine);
+    return NoteOfLetters(page, joined, other);
+}

@@ -212,6 +212,21 @@ TEST(ChangedNote, IsKeptAmongTheEarlierNotesIfBothAreTooLong) {
     }
 }
 
+TEST(ChangedNote, IsPutIntoOneNoteWithLettersBeyondTheCodePage) {
+    static const std::string kGreek = std::string(kUtf8Mark) + "\xCE\xB1";
+    for (const bool isMineGreek : {true, false}) {
+        Desk desk;
+        OpenEditor(desk, {{kVerse, "old"}});
+        desk.edit.text = isMineGreek ? kGreek : "caf\xE9";
+        ChangeElsewhere(desk, {{kVerse, isMineGreek ? "caf\xE9" : kGreek}});
+        EXPECT_EQ(Save(desk), NoteSaveResult::kMerged);
+        EXPECT_THAT(Utf8OfNote({}, desk.edit.text), testing::StartsWith(isMineGreek ? "\xCE\xB1" : "caf\xC3\xA9"));
+        EXPECT_THAT(Utf8OfNote({}, desk.edit.text), testing::EndsWith(isMineGreek ? "caf\xC3\xA9" : "\xCE\xB1"));
+        EXPECT_EQ(Save(desk), NoteSaveResult::kSaved);
+        ExpectStored(desk, {{kVerse, desk.edit.text}});
+    }
+}
+
 TEST(ChangedNote, IsNotReplacedIfItCannotBeKept) {
     Desk desk;
     TypeAgainstLongNote(desk, 65534);

@@ -11,6 +11,8 @@
 #include <string>
 #include <vector>
 
+#include "notes/note_letters.h"
+
 // The files of a set named NAME: NAME.nmd and so on (notes/note_sets.h), and NAME.nmd.temp, an unfinished data file.
 inline constexpr char kDataEnding[] = ".nmd";
 inline constexpr char kIndexEnding[] = ".nmi";
@@ -94,6 +96,10 @@ struct NoteFiles {
     bool (*flush)(void* device, void* file) = nullptr;
 
     void (*close)(void* device, void* file) = nullptr;
+
+    // ---- What is in them
+
+    CodePage codePage{};  // of the notes that are not in UTF-8
 };
 
 // An open file, closed on destruction.

@@ -4,6 +4,7 @@
 #include <cassert>
 #include <limits>
 #include <new>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -181,9 +182,9 @@ static Step KeepStored(Save& save, const std::string& stored) {
 }
 
 static Step Merge(Save& save, std::string stored) {
-    std::string both = JoinedTexts(save.text, stored);
-    if (both.size() > kNoteTextLimit) return KeepStored(save, stored);
-    save.edit = {std::move(both), std::move(stored)};
+    std::optional<std::string> both = JoinedNotes(save.files.codePage, save.text, stored);
+    if (!both || both->size() > kNoteTextLimit) return KeepStored(save, stored);
+    save.edit = {std::move(*both), std::move(stored)};
     return Step::kMerged;
 }
 

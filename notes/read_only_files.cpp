@@ -141,5 +141,6 @@ NoteFiles DeviceOver(ReadOnlyFiles& readOnly) {
         .write = CannotWrite,
         .flush = CannotFlush,
         .close = Close,
+        .codePage = readOnly.files.codePage,
     };
 }
