@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <memory>
+#include <optional>
 #include <span>
 
+#include "notes/letter_search.h"
 #include "notes/note_refresh.h"
 #include "search/text_scan.h"
 
@@ -25,11 +27,13 @@ struct NoteSweep {
     NoteSet& set;
     const NoteQuery& query;
     const LetterTable& letters;
-    SweepTarget target;
-    std::size_t from = 0;       // offset in the first note that is searched
-    OwnedNoteFile file{};       // open during the whole search
-    std::string_view window{};  // the bytes of a stretch
-    bool isCut = false;         // fewer bytes than asked for could be read
+    std::optional<SweepTarget> target{};  // in notes of the code page; nullopt if that lacks a letter of it
+    LetterTarget letterTarget{};          // in notes in UTF-8
+    std::size_t from = 0;                 // offset in the first note that is searched
+    OwnedNoteFile file{};                 // open during the whole search
+    std::string_view window{};            // the bytes of a stretch
+    bool isCut = false;                   // fewer bytes than asked for could be read
+    FoldedText folded{};
     std::unique_ptr<unsigned char[]> memory = std::make_unique_for_overwrite<unsigned char[]>(kWindowSize);
 };
 
@@ -104,17 +108,58 @@ static bool StandsAlone(const NoteSweep& sweep, const NoteInWindow& note, std::s
     return !(place > note.begin && isInWord(place - 1)) && !(end < note.end && isInWord(end));
 }
 
-// After a match inside a longer word the search continues after the whole match.
-static NoteMatch FindInStretch(const NoteSweep& sweep, const Stretch& stretch) {
+// Where the search in the stretch's note begins.
+static std::size_t StartIn(const NoteSweep& sweep, const Stretch& stretch, const NoteInWindow& note) {
+    return note.verse == stretch.first ? std::min(note.begin + sweep.from, note.end) : note.begin;
+}
+
+// In the notes of the code page from `first` on, which end at `end` in the window. After a match inside a longer word
+// the search continues after the whole match.
+static NoteMatch FindInCodePage(const NoteSweep& sweep, const Stretch& stretch, int first, std::size_t end) {
+    if (!sweep.target) return {};
     const std::size_t size = sweep.query.text.size();
-    NoteInWindow note = NoteOf(sweep, stretch, stretch.first);
-    std::size_t place = std::min(note.begin + sweep.from, note.end);
-    while ((place = FindTarget(sweep.target, sweep.window, place)) != kNoPlace) {
+    NoteInWindow note = NoteOf(sweep, stretch, first);
+    std::size_t place = StartIn(sweep, stretch, note);
+    while ((place = FindTarget(*sweep.target, sweep.window.substr(0, end), place)) != kNoPlace) {
         note = NoteAt(sweep, stretch, note, place);
         const bool isInNote = place + size <= note.end;
         if (isInNote && (sweep.query.substrings || StandsAlone(sweep, note, place)))
-            return {NoteSearchEnd::kFound, note.verse, place - note.begin};
+            return {NoteSearchEnd::kFound, note.verse, place - note.begin, size};
         place += isInNote ? size : 1;
+    }
+    return {};
+}
+
+// The text behind the mark is searched.
+static NoteMatch FindInUtf8(NoteSweep& sweep, const Stretch& stretch, const NoteInWindow& note) {
+    const std::size_t begin = note.begin + kUtf8Mark.size();
+    const std::size_t start = StartIn(sweep, stretch, note);
+    const auto found = FindLetters(sweep.letterTarget, sweep.window.substr(begin, note.end - begin),
+                                   start - std::min(start, begin), sweep.folded);
+    if (!found) return {};
+    return {NoteSearchEnd::kFound, note.verse, found->place + kUtf8Mark.size(), found->size};
+}
+
+// The first note in UTF-8 from `verse` on; nullopt if there is none. Only the beginning of each note is looked at.
+static std::optional<NoteInWindow> NextInUtf8(const NoteSweep& sweep, const Stretch& stretch, int verse) {
+    for (; verse <= stretch.last; ++verse) {
+        const auto begin = static_cast<std::size_t>(StoredNoteOf(sweep.set, verse).offset - stretch.offset);
+        if (begin >= sweep.window.size() || sweep.window[begin] != kUtf8Mark.front()) continue;
+        const NoteInWindow note = NoteOf(sweep, stretch, verse);
+        if (IsInUtf8(sweep.window.substr(note.begin, note.end - note.begin))) return note;
+    }
+    return std::nullopt;
+}
+
+static NoteMatch FindInStretch(NoteSweep& sweep, const Stretch& stretch) {
+    for (int verse = stretch.first; verse <= stretch.last;) {
+        const auto next = NextInUtf8(sweep, stretch, verse);
+        NoteMatch match;
+        if (!next || next->verse > verse)
+            match = FindInCodePage(sweep, stretch, verse, next ? next->begin : sweep.window.size());
+        if (match.end != NoteSearchEnd::kFound && next) match = FindInUtf8(sweep, stretch, *next);
+        if (match.end == NoteSearchEnd::kFound || !next) return match;
+        verse = next->verse + 1;
     }
     return {};
 }
@@ -143,8 +188,10 @@ NoteMatch FindInNotes(const NoteFiles& files, NoteSet& set, const LetterTable& l
     if (resume.verse < query.range.StartVerse) resume = {query.range.StartVerse, 0};
     RefreshSet(files, set);
     const int last = query.range.EndVerse;
-    NoteSweep sweep{files,        set, query, letters, TargetOf(query.text, query.caseSensitive ? nullptr : &letters),
-                    resume.offset};
+    NoteSweep sweep{files, set, query, letters};
+    if (!IsInUtf8(query.text)) sweep.target = TargetOf(query.text, query.caseSensitive ? nullptr : &letters);
+    sweep.letterTarget = LetterTargetOf(Utf8OfNote(files.codePage, query.text), query.caseSensitive, query.substrings);
+    sweep.from = resume.offset;
     for (int verse = VerseWithNote(sweep, resume.verse, last); verse <= last;
          verse = VerseWithNote(sweep, verse, last)) {
         progress.reached(progress.device, verse);

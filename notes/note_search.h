@@ -14,11 +14,11 @@ inline constexpr int kNoteSearchTextLimit = 149;  // characters
 // Where a search continues.
 struct ResumePoint {
     int verse = 0;
-    std::size_t offset = 0;  // characters, in the first note that is searched
+    std::size_t offset = 0;  // bytes, in the first note that is searched
 };
 
 struct NoteQuery {
-    std::string text;            // not empty; in capitals unless case-sensitive
+    std::string text;            // as a note is stored, not empty; in the code page in capitals unless case-sensitive
     bool caseSensitive = false;  // otherwise the notes are converted to capitals
     bool substrings = false;     // otherwise a match must not have a letter or digit beside it
     SearchRange range;           // verses, including the last
@@ -29,7 +29,7 @@ enum class NoteSearchEnd { kFound, kNotFound, kUnreadable };
 struct NoteMatch {
     NoteSearchEnd end = NoteSearchEnd::kNotFound;
     int verse = 0;
-    std::size_t offset = 0;  // in the note; the match has the length of the query's text
+    std::size_t offset = 0, size = 0;  // of the match: bytes of the note
 };
 
 // Called before each part of the data file, a megabyte or less, with the first verse whose note is in it.
@@ -41,5 +41,7 @@ struct SearchProgress {
 // The first match from `resume`, or from the start of the range if that is later. Verses without a note are skipped;
 // the offset applies to the first verse that has one, and no match is found there if it is beyond that note's end. The
 // search ends with kUnreadable at the first note that cannot be read because the set's data file cannot be opened.
+//
+// A note in the code page is compared byte by byte, one in UTF-8 letter by letter (notes/letter_search.h).
 NoteMatch FindInNotes(const NoteFiles& files, NoteSet& set, const LetterTable& letters, const NoteQuery& query,
                       ResumePoint resume, const SearchProgress& progress);

@@ -372,3 +372,72 @@ TEST(NoteSearch, FindsNothingBeyondTheEndOfTheFile) {
     EXPECT_EQ(Told(Find(set, Capitals("grace"))), "100:0");
     EXPECT_EQ(Told(Find(set, Capitals("truth"))), "not found");
 }
+
+// ---- Notes in UTF-8 -------------------------------------------------------------------------------------------------
+
+static std::string Marked(std::u16string_view letters) {
+    return std::string(kUtf8Mark) + Utf8Of(letters);
+}
+
+static std::string ToldWithSize(const NoteMatch& match) {
+    return match.end == NoteSearchEnd::kFound ? Told(match) + "+" + std::to_string(match.size) : Told(match);
+}
+
+TEST(NoteSearch, FindsLettersInNotesOfBothKinds) {
+    SearchedSet set;
+    Open(set, {{1, "caf\xE9 grace"},
+               {2, Marked(u"caf\u00E9 \u03B1\u03B3\u03AC\u03C0\u03B7")},
+               {3, std::string(kUtf8Mark) + "caf\xE9 \xCE\xB1 truth"},  // none in UTF-8, whatever it begins with
+               {4, Marked(u"\u05D1\u05BC\u05B0\u05E8 truth")},
+               {kLastVerse, Marked(u"grace \u03B1\u03B3\u03AC\u03C0\u03B7")}});
+    static const struct {
+        std::string text;
+        ResumePoint resume;
+        std::string found;
+    } kRows[] = {
+        {"GRACE", {}, "1:5+5"},
+        {"GRACE", {1, 10}, "31101:3+5"},
+        {"CAF\xE9", {}, "1:0+4"},
+        {"CAF\xE9", {1, 4}, "2:3+5"},
+        {"CAF\xE9", {2, 8}, "3:3+4"},
+        {Marked(u"\u0391\u0393\u0386\u03A0\u0397"), {}, "2:9+10"},
+        {Marked(u"\u0391\u0393\u0386\u03A0\u0397"), {2, 19}, "31101:9+10"},
+        {Marked(u"\u0391\u0393\u0386\u03A0\u0397"), {kLastVerse, 19}, "not found"},
+        {Marked(u"\u05D1\u05E8"), {}, "4:3+8"},
+        {"\xCE\xB1", {}, "3:8+2"},  // two letters of the code page
+        {"TRUTH", {}, "3:11+5"},
+        {"TRUTH", {3, 16}, "4:12+5"},
+        {"\xEF\xBB\xBF", {}, "not found"},  // the mark is no text where it is one
+        {Marked(u"\u03C9"), {}, "not found"},
+    };
+    for (const auto& row : kRows)
+        EXPECT_EQ(ToldWithSize(Find(set, {row.text, false, false, {}}, row.resume)), row.found) << row.text;
+}
+
+// Against a search of each note by itself, over sets with notes of both kinds in any order.
+TEST(NoteSearch, FindsTheFirstOfManyNotesOfBothKinds) {
+    std::mt19937 random(3);
+    for (int round = 0; round < 60; ++round) {
+        std::map<int, std::string> notes;
+        for (int verse = 0; verse < 40; ++verse) {
+            std::u16string letters;
+            for (auto i = random() % 12; i > 0; --i)
+                letters += static_cast<char16_t>(random() % 3 ? u'a' + random() % 2 : u' ');
+            if (random() % 3 == 0) letters.insert(random() % (letters.size() + 1), 1, u'\u03B1');
+            notes[verse * 7] = NoteOfLetters({}, letters);
+        }
+        SearchedSet set;
+        Open(set, notes);
+        for (const char* text : {"A", "AB", "A B", "BAB"})
+            for (const bool isSubstring : {false, true}) {
+                std::string expected = "not found";
+                for (const auto& [verse, note] : notes) {
+                    SearchedSet alone;
+                    Open(alone, {{verse, note}});
+                    expected = ToldWithSize(Find(alone, {text, false, isSubstring, {}}));
+                    if (expected != "not found") break;
+                }
+                EXPECT_EQ(ToldWithSize(Find(set, {text, false, isSubstring, {}})), expected) << text << round;
+            }
+    }
+}
