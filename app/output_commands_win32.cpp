@@ -34,7 +34,7 @@ static void Copy(const char* noMemory, MakeText makeText) {
     if (!clipboard) return;
     const HCURSOR before = BeginWait(theFrame.window);
     const CopyText copy = makeText();
-    const bool put = copy.allocated && PutText(clipboard, copy.text, TextOrigin::kScripture);
+    const bool put = copy.allocated && PutText(clipboard, copy.text);
     clipboard.reset();
     EndWait(before);
     if (!put) return Complain(theFrame.window, noMemory, kCopyErrorCaption);

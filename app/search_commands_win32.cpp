@@ -14,6 +14,7 @@
 #include "search/search_engine.h"
 #include "search/text_kinds.h"
 #include "verselist/verse_list_window.h"
+#include "win32/code_page.h"
 #include "win32/controls.h"
 
 static void ReportNoMatch(const SearchKind& kind) {
@@ -72,14 +73,12 @@ void ShowRange(int) {
 }
 
 // The text selected in the note view, cut to `limit` characters.
-static std::string SelectedNoteText(int limit) {
-    const auto [start, end] = SelectionInNote();
-    const int length = std::min(end - start, limit);
-    return theNoteSets.noteText.substr(static_cast<std::size_t>(start), static_cast<std::size_t>(length));
+static std::u16string SelectedNoteText(std::size_t limit) {
+    return TextSelectedInNote().substr(0, limit);
 }
 
 void SearchNoteSelection(int command) {
-    theSearch.searchText = SelectedNoteText(kSearchTextLimit);
+    theSearch.searchText = KnownInCodePage(Wide(SelectedNoteText(kSearchTextLimit)));
     Search(command == IDM_NOTE_WORD_SEARCH ? kWordSearch : kPhraseSearch);
 }
 
@@ -90,8 +89,10 @@ void SearchNotes(int) {
 // Odd behaviour kept on purpose: the selection overwrites the beginning of the previous note search text and leaves the
 // rest, and it is the text of the other searches that is cut to the selection's length.
 void SearchNotesForSelection(int) {
-    const std::string selected = SelectedNoteText(kNoteSearchTextLimit);
-    theSearch.NoteSearchText.replace(0, selected.size(), selected);
+    const CodePage& page = TheNoteFiles().codePage;
+    const std::u16string selected = SelectedNoteText(kNoteSearchTextLimit);
+    std::u16string text = LettersOfNote(page, theSearch.NoteSearchText);
+    theSearch.NoteSearchText = NoteOfLetters(page, text.replace(0, selected.size(), selected));
     theSearch.searchText.resize(std::min(theSearch.searchText.size(), selected.size()));
     AskNoteSearch(theFrame.window);
 }

@@ -3,9 +3,11 @@
 #include "history/local_times_win32.h"
 #include "history/marked_text_win32.h"
 #include "history/state_lines.h"
+#include "notes/note_files_win32.h"
 #include "resources/help_topics.h"
 #include "resources/ids.h"
 #include "win32/clipboard.h"
+#include "win32/code_page.h"
 #include "win32/controls.h"
 #include "win32/dialogs.h"
 #include "win32/help_viewer.h"
@@ -26,8 +28,13 @@ static const NoteHistory& HistoryOf(HWND dialog) {
     return static_cast<const AskedNote*>(DataOf(dialog))->history;
 }
 
-static std::string LineOf(const EarlierNote& note) {
-    return LocalDateAndTime(note.time) + "\t" + ReasonText(note.reason) + "\t" + FirstWords(note.text, kFirstWords);
+static std::u16string LettersIn(const EarlierNote& note) {
+    return LettersOfNote(TheNoteFiles().codePage, note.text);
+}
+
+static std::wstring LineOf(const EarlierNote& note) {
+    return WideOfCodePage(LocalDateAndTime(note.time) + "\t" + ReasonText(note.reason) + "\t") +
+           Wide(FirstWords(LettersIn(note), kFirstWords));
 }
 
 static const EarlierNote* SelectedNote(HWND dialog) {
@@ -48,7 +55,7 @@ static void DivideList(HWND dialog) {
 static void FillList(HWND dialog) {
     DivideList(dialog);
     for (const EarlierNote& note : HistoryOf(dialog).texts)
-        SendDlgItemMessageA(dialog, IDC_STATES, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(LineOf(note).c_str()));
+        SendDlgItemMessageW(dialog, IDC_STATES, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(LineOf(note).c_str()));
     SendDlgItemMessageA(dialog, IDC_STATES, LB_SETCURSEL, 0, 0);
 }
 
@@ -58,8 +65,8 @@ static void Fill(HWND dialog) {
     if (HistoryOf(dialog).texts.empty()) {
         SetPlainText(
             GetDlgItem(dialog, IDC_STATE_TEXT),
-            "There are no earlier texts of this note. From now on, each text that a save replaces is kept here, "
-            "and so is an edit that is not saved.");
+            u"There are no earlier texts of this note. From now on, each text that a save replaces is kept here, "
+            u"and so is an edit that is not saved.");
         for (const int button : {IDOK, IDC_COPY_STATE}) EnableWindow(GetDlgItem(dialog, button), FALSE);
     }
     ShowSelected(dialog);
@@ -73,7 +80,7 @@ static void Rescaled(HWND dialog) {
 static void Copy(HWND dialog) {
     const EarlierNote* note = SelectedNote(dialog);
     const HeldClipboard clipboard = note != nullptr ? OpenEmptyClipboard(dialog) : nullptr;
-    if (clipboard) PutText(clipboard, note->text, TextOrigin::kSystem);
+    if (clipboard) PutText(clipboard, Wide(LettersIn(*note)));
 }
 
 static void OnOk(HWND dialog) {

@@ -12,6 +12,7 @@
 #include "resources/ids.h"
 #include "scripture/letters.h"
 #include "scripture/scripture_win32.h"
+#include "win32/code_page.h"
 #include "win32/controls.h"
 #include "win32/dialogs.h"
 #include "win32/help_viewer.h"
@@ -53,8 +54,8 @@ static int SelectedVerse(HWND dialog) {
     return line == kNoLine ? kNoVerse : ShownBy(dialog).verses[static_cast<std::size_t>(line)];
 }
 
-static void AddLine(HWND dialog, int list, const std::string& line) {
-    SendDlgItemMessageA(dialog, list, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(line.c_str()));
+static void AddLine(HWND dialog, int list, const std::wstring& line) {
+    SendDlgItemMessageW(dialog, list, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(line.c_str()));
 }
 
 // ---- The states -----------------------------------------------------------------------------------------------------
@@ -116,15 +117,18 @@ static void AddStates(HWND dialog) {
             lines[i] = DayOf(state) + "\t" + setName + "\t" + DifferenceOf(state, shown.then, differing);
         }
     }
-    for (const std::string& line : lines) AddLine(dialog, IDC_STATES, line);
+    for (const std::string& line : lines) AddLine(dialog, IDC_STATES, WideOfCodePage(line));
 }
 
 // ---- The notes of a state -------------------------------------------------------------------------------------------
 
-static std::string LineOf(const ShownStates& shown, int verse) {
-    return ReferenceText(theScripture.records, verse, BookForm::kName) + "\t" +
-           FirstWords(NoteIn(shown.then, verse), kFirstWords) + "\t" +
-           FirstWords(NoteIn(shown.now, verse), kFirstWords);
+static std::wstring FirstWordsIn(const NotesInMemory& notes, int verse) {
+    return Wide(FirstWords(LettersOfNote(TheNoteFiles().codePage, NoteIn(notes, verse)), kFirstWords));
+}
+
+static std::wstring LineOf(const ShownStates& shown, int verse) {
+    return WideOfCodePage(ReferenceText(theScripture.records, verse, BookForm::kName)) + L"\t" +
+           FirstWordsIn(shown.then, verse) + L"\t" + FirstWordsIn(shown.now, verse);
 }
 
 static void Enable(HWND dialog, int control, bool isEnabled) {
@@ -137,7 +141,7 @@ static void ShowVerse(HWND dialog) {
     const int verse = SelectedVerse(dialog);
     const HWND text = GetDlgItem(dialog, IDC_STATE_TEXT);
     if (verse == kNoVerse) {
-        SetPlainText(text, "");
+        SetPlainText(text, u"");
     } else {
         ShowMarkedText(text, NoteIn(shown.then, verse), NoteIn(shown.now, verse));
     }
@@ -193,7 +197,7 @@ static void Fill(HWND dialog) {
         for (const int control : {IDOK, IDC_RESTORE_SET, IDC_SET_NAME}) Enable(dialog, control, false);
         SetPlainText(
             GetDlgItem(dialog, IDC_STATE_TEXT),
-            "There are no earlier states. The first save of a day in a note set keeps a copy of it as it was.");
+            u"There are no earlier states. The first save of a day in a note set keeps a copy of it as it was.");
     }
     ShowState(dialog);
 }

@@ -4,6 +4,7 @@
 #include <initializer_list>
 
 #include "history/text_difference.h"
+#include "notes/note_files_win32.h"
 #include "win32/plain_text.h"
 
 static int Brightness(int color) {
@@ -34,25 +35,31 @@ static void Select(HWND richEdit, LONG begin, LONG end) {
     SendMessageA(richEdit, EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&range));
 }
 
-static void Mark(HWND richEdit, const TextRun& run, LONG begin) {
-    if (run.kind == RunKind::kKept) return;
-    const bool isGone = run.kind == RunKind::kRemoved;
-    Select(richEdit, begin, begin + static_cast<LONG>(run.text.size()));
+static void Mark(HWND richEdit, RunKind kind, LONG begin, LONG end) {
+    if (kind == RunKind::kKept) return;
+    const bool isGone = kind == RunKind::kRemoved;
+    Select(richEdit, begin, end);
     SetFormat(richEdit, SCF_SELECTION, isGone ? CFE_STRIKEOUT : CFE_UNDERLINE,
               isGone ? ReadableColor({COLOR_GRAYTEXT}) : ReadableColor({COLOR_HOTLIGHT, COLOR_HIGHLIGHT}));
 }
 
-void ShowMarkedText(HWND richEdit, std::string_view text, std::string_view other) {
-    const std::vector<TextRun> runs = TextDifference(other, text);
-    std::string shown;
-    for (const TextRun& run : runs) shown += run.text;
+void ShowMarkedText(HWND richEdit, std::string_view note, std::string_view other) {
+    const CodePage& page = TheNoteFiles().codePage;
+    const std::string before = Utf8OfNote(page, other), after = Utf8OfNote(page, note);
+    const std::vector<TextRun> runs = TextDifference(before, after);
+    std::u16string shown;
+    std::vector<LONG> ends;
+    for (const TextRun& run : runs) {
+        shown += LettersOfUtf8(run.text);
+        ends.push_back(static_cast<LONG>(shown.size()));
+    }
     SendMessageA(richEdit, WM_SETREDRAW, FALSE, 0);
     SetPlainText(richEdit, shown);
     SetFormat(richEdit, SCF_ALL, 0, COLOR_WINDOWTEXT);
     LONG begin = 0;
-    for (const TextRun& run : runs) {
-        Mark(richEdit, run, begin);
-        begin += static_cast<LONG>(run.text.size());
+    for (std::size_t run = 0; run < runs.size(); ++run) {
+        Mark(richEdit, runs[run].kind, begin, ends[run]);
+        begin = ends[run];
     }
     Select(richEdit, 0, 0);
     SendMessageA(richEdit, EM_SCROLLCARET, 0, 0);

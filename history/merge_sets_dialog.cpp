@@ -9,6 +9,7 @@
 #include "resources/ids.h"
 #include "scripture/letters.h"
 #include "scripture/scripture_win32.h"
+#include "win32/code_page.h"
 #include "win32/controls.h"
 #include "win32/dialogs.h"
 #include "win32/help_viewer.h"
@@ -87,18 +88,24 @@ static const char* TextOf(const MergedNote& note) {
     return "";
 }
 
-// In one line, as far as a column can show it.
-static std::string FirstWords(std::string_view text) {
-    static constexpr std::size_t kLength = 30;
-    std::string line(text.substr(0, kLength));
-    std::ranges::replace_if(
-        line, [](char c) { return static_cast<unsigned char>(c) < ' '; }, ' ');
-    return text.size() > kLength ? line + "..." : line;
+static std::wstring WideNote(const std::string& note) {
+    return Wide(LettersOfNote(TheNoteFiles().codePage, note));
 }
 
-static std::string RowOf(const MergedNote& note) {
-    return ReferenceText(theScripture.records, note.verse, BookForm::kName) + '\t' + TextOf(note) + '\t' +
-           FirstWords(note.mine) + '\t' + FirstWords(note.other);
+// In one line, as far as a column can show it.
+static std::wstring FirstWords(const std::string& note) {
+    static constexpr std::size_t kLength = 30;
+    const std::wstring text = WideNote(note);
+    std::wstring line = text.substr(0, kLength);
+    std::ranges::replace_if(
+        line, [](wchar_t c) { return c < L' '; }, L' ');
+    return text.size() > kLength ? line + L"..." : line;
+}
+
+static std::wstring RowOf(const MergedNote& note) {
+    return WideOfCodePage(ReferenceText(theScripture.records, note.verse, BookForm::kName) + '\t' + TextOf(note) +
+                          '\t') +
+           FirstWords(note.mine) + L'\t' + FirstWords(note.other);
 }
 
 static std::string Counted(std::ptrdiff_t count, const char* one, const char* many) {
@@ -130,8 +137,8 @@ static void ShowTexts(HWND dialog) {
     const bool isChosen = theMergeDialog.merge && row >= 0;
     const MergedNote none;
     const MergedNote& note = isChosen ? theMergeDialog.merge->notes[static_cast<std::size_t>(row)] : none;
-    SetDlgItemTextA(dialog, IDC_TEXT_IN_SET, note.mine.c_str());
-    SetDlgItemTextA(dialog, IDC_TEXT_IN_COPY, note.other.c_str());
+    SetDlgItemTextW(dialog, IDC_TEXT_IN_SET, WideNote(note.mine).c_str());
+    SetDlgItemTextW(dialog, IDC_TEXT_IN_COPY, WideNote(note.other).c_str());
 }
 
 static void ShowRows(HWND dialog) {
@@ -139,7 +146,8 @@ static void ShowRows(HWND dialog) {
     SetWindowRedraw(list, FALSE);
     ListBox_ResetContent(list);
     if (theMergeDialog.merge)
-        for (const MergedNote& note : theMergeDialog.merge->notes) ListBox_AddString(list, RowOf(note).c_str());
+        for (const MergedNote& note : theMergeDialog.merge->notes)
+            SendMessageW(list, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(RowOf(note).c_str()));
     ListBox_SetCurSel(list, 0);
     SetWindowRedraw(list, TRUE);
     InvalidateRect(list, nullptr, TRUE);

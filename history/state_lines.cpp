@@ -16,28 +16,24 @@ const char* ReasonText(KeptReason reason) {
     return "";
 }
 
-static bool IsBlank(char c) {
-    return static_cast<unsigned char>(c) <= ' ';
-}
-
-std::string FirstWords(std::string_view note, std::size_t size) {
-    static constexpr std::string_view kRest = "...";
-    std::string words;
-    for (const char c : note) {
-        if (!IsBlank(c)) {
+std::u16string FirstWords(std::u16string_view note, std::size_t size) {
+    static constexpr std::u16string_view kRest = u"...";
+    std::u16string words;
+    for (const char16_t c : note) {
+        if (c > u' ') {
             words += c;
-        } else if (!words.empty() && words.back() != ' ') {
-            words += ' ';
+        } else if (!words.empty() && words.back() != u' ') {
+            words += u' ';
         }
         if (words.size() > size + 1) break;  // a space at the end may still go
     }
-    if (words.ends_with(' ')) words.pop_back();
-    if (words.empty()) return "(empty)";
+    if (words.ends_with(u' ')) words.pop_back();
+    if (words.empty()) return u"(empty)";
     if (words.size() <= size) return words;
     words.resize(size - kRest.size());
-    const std::size_t lastSpace = words.rfind(' ');
-    if (lastSpace != std::string::npos) words.resize(lastSpace);
-    return words + std::string(kRest);
+    const std::size_t lastSpace = words.rfind(u' ');
+    if (lastSpace != std::u16string::npos) words.resize(lastSpace);
+    return words.append(kRest);
 }
 
 std::string DifferenceText(std::size_t notes) {

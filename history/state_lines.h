@@ -11,7 +11,7 @@ const char* ReasonText(KeptReason reason);
 
 // The first words of a note in one line, at most `size` characters with the "..." that stands for the rest; "(empty)"
 // for a note without text.
-std::string FirstWords(std::string_view note, std::size_t size);
+std::u16string FirstWords(std::u16string_view note, std::size_t size);
 
 // "1 note differs from today", "12 notes differ from today"; "as today" for none.
 std::string DifferenceText(std::size_t notes);

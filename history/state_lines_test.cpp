@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "notes/note_letters.h"
+
 #include <set>
 
 TEST(StateLines, NameEveryReasonDifferently) {
@@ -15,20 +17,20 @@ TEST(StateLines, NameEveryReasonDifferently) {
 
 TEST(StateLines, ShowTheFirstWords) {
     const struct {
-        const char* note;
-        const char* words;
+        const char16_t* note;
+        const char16_t* words;
     } kRows[] = {
-        {"", "(empty)"},
-        {" \r\n", "(empty)"},
-        {"short", "short"},
-        {"  two\r\n\r\n\tlines ", "two lines"},
-        {"exactly twenty chars", "exactly twenty chars"},
-        {"exactly twenty chars ", "exactly twenty chars"},
-        {"exactly twenty chars\r\n.", "exactly twenty..."},
-        {"exactly twenty-123 chars", "exactly..."},
-        {"one-word-that-is-too-long", "one-word-that-is-..."},
+        {u"", u"(empty)"},
+        {u" \r\n", u"(empty)"},
+        {u"short", u"short"},
+        {u"  two\r\n\r\n\tlines ", u"two lines"},
+        {u"exactly twenty chars", u"exactly twenty chars"},
+        {u"exactly twenty chars ", u"exactly twenty chars"},
+        {u"exactly twenty chars\r\n.", u"exactly twenty..."},
+        {u"exactly twenty-123 chars", u"exactly..."},
+        {u"one-word-that-is-too-long", u"one-word-that-is-..."},
     };
-    for (const auto& row : kRows) EXPECT_EQ(FirstWords(row.note, 20), row.words) << row.note;
+    for (const auto& row : kRows) EXPECT_EQ(FirstWords(row.note, 20), row.words) << Utf8Of(row.note);
 }
 
 TEST(StateLines, CountTheNotesThatDiffer) {

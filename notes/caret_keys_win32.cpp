@@ -130,7 +130,7 @@ static void MoveByWord(const CaretControl& control, WPARAM key, LPARAM lParam) {
     SetKeyboardState(lifted.data());
     const MovedEnd first = StepBy(control, key, lParam);
     const auto place = static_cast<std::size_t>(first.place);
-    const std::wstring text = WidePlainText(control.window);
+    const std::u16string text = PlainText(control.window);
     const std::size_t stop = key == VK_RIGHT ? WordStopFrom(text, place) : WordStopUpTo(text, place);
     StepToStop(control, first, static_cast<LONG>(stop), key, lParam);
     SetKeyboardState(keys.data());

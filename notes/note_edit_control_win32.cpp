@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "notes/caret_keys_win32.h"
+#include "notes/note_files_win32.h"
 #include "notes/note_saving.h"
 #include "pane/selection_win32.h"
 #include "pane/status_bar_win32.h"
@@ -45,28 +46,33 @@ static void TellInStatus(const std::string& text) {
 
 // ---- Text ---------------------------------------------------------------------------------------------------------
 
-bool FillNoteEdit(const std::string& text) {
+static const CodePage& Page() {
+    return TheNoteFiles().codePage;
+}
+
+bool FillNoteEdit(const std::string& note) {
     TellNothing();
     theNoteEdit.typed = {};
-    SetPlainText(theNoteEdit.window, text.substr(0, kNoteTextLimit));
+    const std::u16string letters = LettersOfNote(Page(), note);
+    SetPlainText(theNoteEdit.window, std::u16string_view(letters).substr(0, kNoteTextLimit));
     SendMessageA(theNoteEdit.window, EM_EXLIMITTEXT, 0, kNoteTextLimit);
-    theNoteEdit.readOnly = TextInNoteEdit() != text;
+    theNoteEdit.readOnly = PlainText(theNoteEdit.window) != letters || !HasExactLetters(Page(), note);
     SendMessageA(theNoteEdit.window, EM_SETREADONLY, theNoteEdit.readOnly, 0);
     return !theNoteEdit.readOnly;
 }
 
-std::string TextInNoteEdit() {
-    return PlainText(theNoteEdit.window);
+std::string NoteInNoteEdit(const std::string& before) {
+    return NoteOfLetters(Page(), PlainText(theNoteEdit.window), before);
 }
 
-static void ReplaceSelection(const std::string& text) {
+static void ReplaceSelection(std::u16string_view text) {
     ReplaceSelectedText(theNoteEdit.window, text);
 }
 
-void RetypeInNoteEdit(const std::string& text) {
-    CHARRANGE whole{0, GetWindowTextLengthA(theNoteEdit.window)};
+void RetypeInNoteEdit(const std::string& note) {
+    CHARRANGE whole{0, PlainTextLength(theNoteEdit.window)};
     SendMessageA(theNoteEdit.window, EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&whole));
-    ReplaceSelection(text.substr(0, kNoteTextLimit));
+    ReplaceSelection(LettersOfNote(Page(), note));
 }
 
 // ---- Clipboard ----------------------------------------------------------------------------------------------------
@@ -79,15 +85,15 @@ void FollowClipboard() {
     RefreshFrame();
 }
 
-static std::string SelectionText() {
+static std::u16string SelectionText() {
     PutSelectionInOrder(theNoteEdit.window);
     return PlainTextOfSelection(theNoteEdit.window);
 }
 
 // The control's own copy would include the text's formatting.
-static bool PutOnClipboard(const std::string& text) {
+static bool PutOnClipboard(const std::u16string& text) {
     const HeldClipboard clipboard = text.empty() ? nullptr : OpenEmptyClipboard(Editor());
-    return clipboard && PutText(clipboard, text, TextOrigin::kSystem);
+    return clipboard && PutText(clipboard, Wide(text));
 }
 
 void CopyInEditor() {
@@ -96,8 +102,8 @@ void CopyInEditor() {
 }
 
 void CutInEditor() {
-    const std::string text = SelectionText();
-    if (!theNoteEdit.readOnly && PutOnClipboard(text)) ReplaceSelection("");
+    const std::u16string text = SelectionText();
+    if (!theNoteEdit.readOnly && PutOnClipboard(text)) ReplaceSelection({});
     FollowClipboard();
 }
 
@@ -105,31 +111,40 @@ static void TellFull() {
     TellInStatus("The note is full: text was left out");
 }
 
+static CHARRANGE Selected() {
+    CHARRANGE range{};
+    SendMessageA(theNoteEdit.window, EM_EXGETSEL, 0, reinterpret_cast<LPARAM>(&range));
+    return range;
+}
+
+// As much of `text` as the note has room for in the place of the selection.
+static std::u16string_view Fitting(std::u16string_view text) {
+    const std::u16string all = PlainText(theNoteEdit.window);
+    const CHARRANGE selected = SelectedPlainText(theNoteEdit.window);
+    const auto before = std::u16string_view(all).substr(0, static_cast<std::size_t>(selected.cpMin));
+    const auto behind = std::u16string_view(all).substr(static_cast<std::size_t>(selected.cpMax));
+    return FittingLetters(Page(), before, text, behind, kNoteTextLimit);
+}
+
+// Without looking at the text as long as it is short.
+static bool HasRoomFor(std::u16string_view text) {
+    static constexpr std::size_t kMostBytes = 3;  // for each unit of UTF-16
+    const auto size = static_cast<std::size_t>(PlainTextLength(theNoteEdit.window)) + text.size();
+    return kUtf8Mark.size() + size * kMostBytes <= kNoteTextLimit || Fitting(text).size() == text.size();
+}
+
 // Text that exceeds the limit is dropped.
-static void Insert(std::string_view text) {
+static void Insert(std::u16string_view text) {
     if (theNoteEdit.readOnly) return;
     PutSelectionInOrder(theNoteEdit.window);
-    const std::size_t kept = TextInNoteEdit().size() - SelectionText().size();
-    const std::size_t room = kNoteTextLimit - std::min(kept, kNoteTextLimit);
-    const std::string fitting = TextForNote(text, room);
+    const std::u16string lines = LettersOfUtf8(TextForNote(Utf8Of(text), std::string::npos));
+    const std::u16string_view fitting = Fitting(lines);
     ReplaceSelection(fitting);
-    if (fitting.size() < TextForNote(text, text.size() * 2).size()) TellFull();
-}
-
-static std::string CodePageName() {
-    return "the code page of this computer (" + std::to_string(GetACP()) + ")";
-}
-
-static void TellLost(int count) {
-    const std::string text = std::to_string(count) + (count == 1 ? " character" : " characters") +
-                             " could not be pasted, because notes hold only characters of " + CodePageName() + ".";
-    MessageBoxA(FrameOf(theNoteEdit.window), text.c_str(), "Paste", MB_OK | MB_ICONEXCLAMATION);
+    if (fitting.size() < lines.size()) TellFull();
 }
 
 void PasteInEditor() {
-    const CodePageText text = InCodePage(TextOnClipboard(Editor()));
-    Insert(text.text);
-    if (text.lost > 0 && !theNoteEdit.readOnly) TellLost(text.lost);
+    Insert(LettersOf(TextOnClipboard(Editor())));
 }
 
 // ---- Undo -----------------------------------------------------------------------------------------------------------
@@ -158,7 +173,7 @@ bool CanRedoInEditor() {
 }
 
 bool CanSelectAllInEditor() {
-    return HasFocus() && GetWindowTextLengthA(theNoteEdit.window) > 0;
+    return HasFocus() && PlainTextLength(theNoteEdit.window) > 0;
 }
 
 static void Change(UINT message) {
@@ -182,39 +197,48 @@ void SelectAllInEditor() {
     PutSelectionInOrder(theNoteEdit.window);
 }
 
-static bool IsFull() {
-    return static_cast<std::size_t>(GetWindowTextLengthA(theNoteEdit.window)) >= kNoteTextLimit;
-}
-
 // ---- Letters --------------------------------------------------------------------------------------------------------
 
-// The control converts a byte of the code page with the code page of the keyboard, which may be another one.
-static bool DoesControlTake(std::string_view letter) {
-    char page[8] = "";
-    GetLocaleInfoA(LOWORD(GetKeyboardLayout(0)), LOCALE_IDEFAULTANSICODEPAGE, page, sizeof page);
-    return letter.size() == 1 && !IsFull() && page == std::to_string(GetACP());
+static constexpr WPARAM kFirstBeyondAscii = 0x80;
+
+static LRESULT ToControl(UINT message, WPARAM wParam) {
+    return CallWindowProcA(theNoteEdit.procedure, theNoteEdit.window, message, wParam, 1);
 }
 
-// The system would convert a letter with the code page of the keyboard, and replace those that it lacks. Only what the
-// control takes as typed is undone together with the rest of the word.
-static void TypeLetter(std::wstring_view letter) {
-    const CodePageText converted = InCodePage(letter);
-    if (DoesControlTake(converted.text)) {
-        SendMessageA(theNoteEdit.window, WM_CHAR, static_cast<unsigned char>(converted.text[0]), 1);
-    } else {
-        Insert(converted.text);
-    }
-    if (converted.lost > 0) TellInStatus("Not typed: not in code page " + std::to_string(GetACP()));
+// WM_CHAR has no place for letters beyond the code page of the keyboard. What the control takes as typed is undone
+// together with the rest of the word.
+static void TypeLetter(char32_t letter) {
+    std::string utf8;
+    AppendUtf8(letter, utf8);
+    const std::u16string units = LettersOfUtf8(utf8);
+    if (theNoteEdit.readOnly) return;
+    PutSelectionInOrder(theNoteEdit.window);
+    DivideTyping(false, false);
+    if (!HasRoomFor(units)) return TellFull();
+    if (ToControl(WM_UNICHAR, UNICODE_NOCHAR))
+        ToControl(WM_UNICHAR, letter);
+    else
+        Insert(units);
+}
+
+// Other programs send it, for example keyboards on the screen.
+static LRESULT OnUnicodeCharacter(WPARAM letter) {
+    if (letter == UNICODE_NOCHAR) return TRUE;
+    if (letter < kFirstBeyondAscii)
+        SendMessageA(theNoteEdit.window, WM_CHAR, letter, 1);
+    else
+        TypeLetter(static_cast<char32_t>(letter));
+    return FALSE;
 }
 
 bool TakeNoteLetter(const MSG& message) {
-    static constexpr WPARAM kFirstBeyondAscii = 0x80;
     if (message.message != WM_CHAR || message.hwnd != theNoteEdit.window || message.wParam < kFirstBeyondAscii) {
         return false;
     }
-    theNoteEdit.letter += static_cast<wchar_t>(message.wParam);
+    theNoteEdit.letter += static_cast<char16_t>(message.wParam);
     if (IS_HIGH_SURROGATE(theNoteEdit.letter.back())) return true;  // the other half follows
-    TypeLetter(std::exchange(theNoteEdit.letter, {}));
+    std::string utf8 = Utf8Of(std::exchange(theNoteEdit.letter, {}));
+    for (std::string_view rest = utf8; !rest.empty();) TypeLetter(*TakeLetter(rest));
     return true;
 }
 
@@ -263,7 +287,7 @@ static bool OnEditKey(UINT key) {
             if (control || shift) StepFocus(theNoteEdit.window);
             return control || shift;
         case VK_RETURN:
-            if (control || shift) Insert("\n");  // the control would insert a kind of line end that notes do not use
+            if (control || shift) Insert(u"\n");  // the control would insert a kind of line end that notes do not use
             return control || shift;
         case VK_INSERT:
             if (control) CopyInEditor();
@@ -279,17 +303,24 @@ static bool OnEditKey(UINT key) {
     return control && !IsPlainTextKey(key);
 }
 
-static CHARRANGE Selected() {
-    CHARRANGE range{};
-    SendMessageA(theNoteEdit.window, EM_EXGETSEL, 0, reinterpret_cast<LPARAM>(&range));
-    return range;
+// The control would delete half of a letter that has two units.
+static void TakeWholeLetter(WPARAM key) {
+    PutSelectionInOrder(theNoteEdit.window);
+    const CHARRANGE selected = Selected();
+    if (selected.cpMin == selected.cpMax) SelectLongLetter(theNoteEdit.window, key == VK_BACK);
 }
 
 static LRESULT OnKeyDown(WPARAM key, LPARAM lParam) {
     TellNothing();
     if (OnEditKey(static_cast<UINT>(key))) return 0;
-    if (key == VK_BACK || key == VK_DELETE) DivideTyping(true, false);
-    if (key == VK_RETURN) DivideTyping(false, true);
+    if (key == VK_BACK || key == VK_DELETE) {
+        DivideTyping(true, false);
+        TakeWholeLetter(key);
+    }
+    if (key == VK_RETURN) {
+        DivideTyping(false, true);
+        if (!theNoteEdit.readOnly && !HasRoomFor(u"\r\n")) return TellFull(), 0;
+    }
     return PressCaretKey({theNoteEdit.window, theNoteEdit.procedure}, key, lParam);
 }
 
@@ -300,12 +331,14 @@ static bool IsStrayCharacter(UINT character) {
     return character < ' ' && (IsControlDown() || (IsKeyDown(VK_SHIFT) && character != VK_BACK));
 }
 
-// Before the control types it. It handles Back and Enter as keys, and drops what a full note has no room for.
-static void OnCharacter(UINT character) {
-    if (character == VK_BACK || character == VK_RETURN) return;
+// Before the control types it. Returns whether it may; it handles Back and Enter as keys.
+static bool OnCharacter(UINT character) {
+    if (character == VK_BACK || character == VK_RETURN) return true;
     DivideTyping(false, character == ' ' || character == '\t');
-    const CHARRANGE selected = Selected();
-    if (selected.cpMin == selected.cpMax && IsFull() && !theNoteEdit.readOnly) TellFull();
+    const std::string letter(1, static_cast<char>(character));
+    if (theNoteEdit.readOnly || HasRoomFor(LettersOfNote(Page(), letter))) return true;
+    TellFull();
+    return false;
 }
 
 static void OnButtonDown(HWND edit, POINT point) {
@@ -325,8 +358,9 @@ static LRESULT CALLBACK EditProcedure(HWND edit, UINT message, WPARAM wParam, LP
         case WM_CHAR:
             if (IsStrayCharacter(static_cast<UINT>(wParam))) return 0;
             PutSelectionInOrder(edit);
-            OnCharacter(static_cast<UINT>(wParam));
+            if (!OnCharacter(static_cast<UINT>(wParam))) return 0;
             break;
+        case WM_UNICHAR: return OnUnicodeCharacter(wParam);
         case WM_CUT: CutInEditor(); return 0;
         case WM_COPY: CopyInEditor(); return 0;
         case WM_PASTE: PasteInEditor(); return 0;

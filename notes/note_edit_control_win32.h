@@ -18,7 +18,7 @@ struct NoteEditControl {
     WNDPROC procedure = nullptr;  // the control's own
     bool canPaste = false;        // it has the focus and the clipboard has text
     bool readOnly = false;        // its text is not exactly the note
-    std::wstring letter;          // the first half of a letter of two halves
+    std::u16string letter;        // the first half of a letter of two halves
     TypedLast typed;
     LONG clicked = 0;          // where the mouse button went down
     std::string told;          // what the control shows in the status bar; empty if nothing
@@ -33,20 +33,20 @@ void CreateNoteEditControl(HWND editor);
 // Restores the control's own window procedure.
 void RestoreNoteEditControl();
 
-// Shows `text`, of which nothing can be undone, with the caret at its start. False if the control does not hold exactly
-// these bytes, for example because the system's code page has changed since they were written; then the text is shown
-// as well as possible and cannot be changed.
-bool FillNoteEdit(const std::string& text);
+// Shows `note`, of which nothing can be undone, with the caret at its start. False if its letters are not exactly those
+// that are stored, for example because the system's code page has changed since they were written; then the note is
+// shown as well as possible and cannot be changed.
+bool FillNoteEdit(const std::string& note);
 
-// Puts `text` in the place of all text, as one change that can be undone. The caret is then at its end.
-void RetypeInNoteEdit(const std::string& text);
+// Puts `note` in the place of all text, as one change that can be undone. The caret is then at its end.
+void RetypeInNoteEdit(const std::string& note);
 
-// The control's text, lines ended by CR LF.
-std::string TextInNoteEdit();
+// The control's text as it is to be stored (notes/note_letters.h), lines ended by CR LF: the bytes of `before` if these
+// are its letters.
+std::string NoteInNoteEdit(const std::string& before);
 
 // Types a letter that is not ASCII: a WM_CHAR of GetMessageW, before it is dispatched to the control, for which the
-// system would convert it. A letter that the code page lacks is refused with a beep and, up to the next key, a text in
-// the status bar. False if the message is another one.
+// system would convert it. False if the message is another one.
 bool TakeNoteLetter(const MSG& message);
 
 // To be called when the control's selection has changed.

@@ -13,7 +13,6 @@
 #include "resources/help_topics.h"
 #include "resources/ids.h"
 #include "scripture/scripture_win32.h"
-#include "win32/code_page.h"
 #include "win32/controls.h"
 #include "win32/dpi.h"
 #include "win32/help_viewer.h"
@@ -86,7 +85,8 @@ unsigned EditorChanges() {
 
 std::optional<NoteDraft> DraftInEditor() {
     if (!theNoteEditor.editing || theNoteEdit.readOnly) return std::nullopt;
-    NoteDraft draft{NameOfCurrentSet(), theNoteSets.currentVerse, theNoteEditor.openedOn, TextInNoteEdit()};
+    NoteDraft draft{NameOfCurrentSet(), theNoteSets.currentVerse, theNoteEditor.openedOn,
+                    NoteInNoteEdit(theNoteEditor.openedOn)};
     if (draft.text == draft.openedOn) return std::nullopt;
     return draft;
 }
@@ -128,10 +128,14 @@ struct WaitCursor {
 
 }  // namespace
 
-// They can get into the control only past the program, for example through an input method.
+// In what was written elsewhere.
 static constexpr char kLettersWithoutPlace[] =
     "The note cannot be saved, because it has characters that are not in the code page of this computer. Remove them "
     "first, or copy the text elsewhere.";
+
+// Text can get into the control past the program, for example through an input method.
+static constexpr char kTooLongToSave[] =
+    "The note is too long to be saved. Remove a part of it first, or copy it elsewhere.";
 
 static UINT BoxOf(SaveNotice notice) {
     switch (notice) {
@@ -168,7 +172,7 @@ static NoteSaveResult Save(NoteEdit& edit) {
 static std::string WithLineEndsOfNotes(const std::string& text) {
     const std::string& before = theNoteEditor.openedOn;
     const bool hadOthers = TextForNote(before, 2 * before.size()) != before;
-    return hadOthers ? text : TextForNote(text, kNoteTextLimit);
+    return hadOthers ? text : TextForNote(text, std::string::npos);
 }
 
 // Keeps an edit that ends without being stored among the earlier notes. False if that is impossible, too.
@@ -217,7 +221,7 @@ static bool EndFailedEdit() {
 
 // Both texts of a note that was also changed elsewhere.
 static void ContinueWith(NoteEdit merged) {
-    const std::string typed = TextInNoteEdit();
+    const std::string typed = NoteInNoteEdit(theNoteEditor.openedOn);
     if (!FillNoteEdit(merged.text)) {  // the other text has characters of another code page
         FillNoteEdit(typed);
         Complain(Frame(), kLettersWithoutPlace);
@@ -230,12 +234,11 @@ static void ContinueWith(NoteEdit merged) {
 
 static bool SaveTypedNote() {
     if (theNoteEdit.readOnly) return false;
-    const CodePageText text = InCodePage(WidePlainText(theNoteEdit.window));
-    if (text.lost > 0) {
-        Complain(Frame(), kLettersWithoutPlace);
+    NoteEdit edit{WithLineEndsOfNotes(NoteInNoteEdit(theNoteEditor.openedOn)), theNoteEditor.openedOn};
+    if (edit.text.size() > kNoteTextLimit) {
+        Complain(Frame(), kTooLongToSave);
         return false;
     }
-    NoteEdit edit{WithLineEndsOfNotes(text.text), theNoteEditor.openedOn};
     switch (Save(edit)) {
         case NoteSaveResult::kSaved: break;
         case NoteSaveResult::kFailed: return EndFailedEdit();

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "notes/read_only_files.h"
+#include "win32/code_page.h"
 #include "win32/files.h"
 
 NoteSets theNoteSets;
@@ -150,6 +151,24 @@ static void Close(void*, void* file) {
     CloseHandle(file);
 }
 
+// ---- Letters --------------------------------------------------------------------------------------------------------
+
+static std::u16string LettersOfBytes(void*, std::string_view bytes) {
+    return LettersOf(WideOfCodePage(bytes));
+}
+
+static bool BytesOfLetters(void*, std::u16string_view letters, std::string& bytes) {
+    const auto converted = InCodePage(Wide(letters));
+    if (converted) bytes = *converted;
+    return converted.has_value();
+}
+
+static CodePage SystemCodePage() {
+    return {nullptr, LettersOfBytes, BytesOfLetters};
+}
+
+// ---- The device -----------------------------------------------------------------------------------------------------
+
 NoteFiles NoteFilesIn(std::wstring& folder) {
     return {
         .device = &folder,
@@ -171,6 +190,7 @@ NoteFiles NoteFilesIn(std::wstring& folder) {
         .write = Write,
         .flush = Flush,
         .close = Close,
+        .codePage = SystemCodePage(),
     };
 }
 

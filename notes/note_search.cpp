@@ -22,18 +22,23 @@ struct Stretch {
     std::uint64_t size = 0;    // in bytes; for the last verse of all only an upper limit
 };
 
+// For notes in UTF-8.
+struct LetterSweep {
+    LetterTarget target;
+    FoldedText note{};
+};
+
 struct NoteSweep {
     const NoteFiles& files;
     NoteSet& set;
     const NoteQuery& query;
     const LetterTable& letters;
+    LetterSweep& inUtf8;
     std::optional<SweepTarget> target{};  // in notes of the code page; nullopt if that lacks a letter of it
-    LetterTarget letterTarget{};          // in notes in UTF-8
     std::size_t from = 0;                 // offset in the first note that is searched
     OwnedNoteFile file{};                 // open during the whole search
     std::string_view window{};            // the bytes of a stretch
     bool isCut = false;                   // fewer bytes than asked for could be read
-    FoldedText folded{};
     std::unique_ptr<unsigned char[]> memory = std::make_unique_for_overwrite<unsigned char[]>(kWindowSize);
 };
 
@@ -134,8 +139,8 @@ static NoteMatch FindInCodePage(const NoteSweep& sweep, const Stretch& stretch, 
 static NoteMatch FindInUtf8(NoteSweep& sweep, const Stretch& stretch, const NoteInWindow& note) {
     const std::size_t begin = note.begin + kUtf8Mark.size();
     const std::size_t start = StartIn(sweep, stretch, note);
-    const auto found = FindLetters(sweep.letterTarget, sweep.window.substr(begin, note.end - begin),
-                                   start - std::min(start, begin), sweep.folded);
+    const auto found = FindLetters(sweep.inUtf8.target, sweep.window.substr(begin, note.end - begin),
+                                   start - std::min(start, begin), sweep.inUtf8.note);
     if (!found) return {};
     return {NoteSearchEnd::kFound, note.verse, found->place + kUtf8Mark.size(), found->size};
 }
@@ -188,9 +193,10 @@ NoteMatch FindInNotes(const NoteFiles& files, NoteSet& set, const LetterTable& l
     if (resume.verse < query.range.StartVerse) resume = {query.range.StartVerse, 0};
     RefreshSet(files, set);
     const int last = query.range.EndVerse;
-    NoteSweep sweep{files, set, query, letters};
+    const std::string text = Utf8OfNote(files.codePage, query.text);
+    LetterSweep inUtf8{LetterTargetOf(text, query.caseSensitive, query.substrings)};
+    NoteSweep sweep{files, set, query, letters, inUtf8};
     if (!IsInUtf8(query.text)) sweep.target = TargetOf(query.text, query.caseSensitive ? nullptr : &letters);
-    sweep.letterTarget = LetterTargetOf(Utf8OfNote(files.codePage, query.text), query.caseSensitive, query.substrings);
     sweep.from = resume.offset;
     for (int verse = VerseWithNote(sweep, resume.verse, last); verse <= last;
          verse = VerseWithNote(sweep, verse, last)) {

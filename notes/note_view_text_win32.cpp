@@ -4,13 +4,14 @@
 #include <utility>
 
 #include "notes/beginning_of_note.h"
+#include "notes/note_files_win32.h"
 #include "win32/plain_text.h"
 
 namespace {
 
 struct NoteViewText {
     bool isIncomplete = false;
-    std::string whole;  // if the view is incomplete
+    std::u16string whole;  // if the view is incomplete
 };
 
 }  // namespace
@@ -48,13 +49,16 @@ static bool ReachesBelowView(HWND view, std::size_t length) {
     return end.y > ClientOf(view).bottom;
 }
 
-void ShowInNoteView(HWND view, HFONT font, const std::string& text) {
+void ShowInNoteView(HWND view, HFONT font, const std::string& note) {
     theText = {};
-    const std::string_view beginning = BeginningOfNote(text, RoomIn(view, font));
-    SetPlainText(view, beginning);
-    if (beginning.size() == text.size()) return;
-    if (ReachesBelowView(view, beginning.size()))
-        theText = {true, text};
+    const CodePage& page = TheNoteFiles().codePage;
+    std::u16string text = LettersOfNote(page, note);
+    const std::size_t begun = BeginningOfNote(note, RoomIn(view, font)).size();
+    const std::size_t shown = begun == note.size() ? text.size() : LettersBefore(page, note, begun);
+    SetPlainText(view, std::u16string_view(text).substr(0, shown));
+    if (shown == text.size()) return;
+    if (ReachesBelowView(view, shown))
+        theText = {true, std::move(text)};
     else
         SetPlainText(view, text);
 }

@@ -9,8 +9,8 @@
 
 #include "win32/windows_api.h"
 
-// Shows `text` in `view`, which has the font `font`, with the caret at its start.
-void ShowInNoteView(HWND view, HFONT font, const std::string& text);
+// Shows `note`, as it is stored, in `view`, which has the font `font`, with the caret at its start.
+void ShowInNoteView(HWND view, HFONT font, const std::string& note);
 
 // To be called before the view's own procedure gets the message: completes the text if the message needs that.
 void PrepareNoteView(HWND view, UINT message);

@@ -1,7 +1,5 @@
 #include "notes/notes_window.h"
 
-#include <algorithm>
-
 #include "notes/caret_keys_win32.h"
 #include "notes/cross_references.h"
 #include "notes/note_edit_control_win32.h"
@@ -17,6 +15,8 @@
 #include "resources/ids.h"
 #include "scripture/scripture_win32.h"
 #include "typeset/faces_win32.h"
+#include "win32/clipboard.h"
+#include "win32/code_page.h"
 #include "win32/controls.h"
 #include "win32/panes.h"
 #include "win32/plain_text.h"
@@ -94,8 +94,15 @@ void ShowNoteOfSet(int set, int verse) {
 
 NoteSelection SelectionInNote() {
     const CHARRANGE range = SelectedPlainText(theNotes.view);
-    const auto length = static_cast<LONG>(theNoteSets.noteText.size());
-    return {static_cast<int>(std::min(range.cpMin, length)), static_cast<int>(std::min(range.cpMax, length))};
+    const auto place = [](LONG letters) {
+        const CodePage& page = TheNoteFiles().codePage;
+        return static_cast<int>(PlaceBehind(page, theNoteSets.noteText, static_cast<std::size_t>(letters)));
+    };
+    return {place(range.cpMin), place(range.cpMax)};
+}
+
+std::u16string TextSelectedInNote() {
+    return PlainTextOfSelection(theNotes.view);
 }
 
 void SetNotesFont(const FontChoice& choice) {
@@ -115,7 +122,11 @@ static void OnSelectionChange(const CHARRANGE& range) {
 }
 
 void SelectInNote(const NoteSelection& selection) {
-    CHARRANGE range{selection.start, selection.end};
+    const auto letters = [](int place) {
+        const CodePage& page = TheNoteFiles().codePage;
+        return static_cast<LONG>(LettersBefore(page, theNoteSets.noteText, static_cast<std::size_t>(place)));
+    };
+    CHARRANGE range{letters(selection.start), letters(selection.end)};
     SendMessageA(theNotes.view, EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&range));
     SendMessageA(theNotes.view, EM_SCROLLCARET, 0, 0);
     OnSelectionChange(range);
@@ -126,7 +137,7 @@ bool CanSelectAllInNote() {
 }
 
 void SelectAllInNote() {
-    CHARRANGE whole{0, GetWindowTextLengthA(theNotes.view)};
+    CHARRANGE whole{0, PlainTextLength(theNotes.view)};
     SendMessageA(theNotes.view, EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&whole));
 }
 
@@ -232,6 +243,13 @@ static void OnViewContextMenu(HWND view, HWND under, UINT x, UINT y) {
     ToView(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(under), MAKELPARAM(x, y));
 }
 
+// The control's own copy would include the text's formatting, and only one of the formats of plain text.
+static void OnViewCopy() {
+    const std::u16string text = TextSelectedInNote();
+    const HeldClipboard clipboard = text.empty() ? nullptr : OpenEmptyClipboard(theNotes.window);
+    if (clipboard) PutText(clipboard, Wide(text));
+}
+
 static LRESULT CALLBACK ViewProcedure(HWND view, UINT message, WPARAM wParam, LPARAM lParam) {
     PrepareNoteView(view, message);
     switch (message) {
@@ -239,6 +257,7 @@ static LRESULT CALLBACK ViewProcedure(HWND view, UINT message, WPARAM wParam, LP
         HANDLE_MSG(view, WM_RBUTTONDBLCLK, OnViewRButtonDown);  // a second right click soon after the first
         HANDLE_MSG(view, WM_CONTEXTMENU, OnViewContextMenu);
         case WM_SETFOCUS: OnViewFocus(); break;
+        case WM_COPY: OnViewCopy(); return 0;
         case WM_LBUTTONDBLCLK: return OnDoubleClick(wParam, lParam);
         case WM_KEYDOWN:
             if (IsKeyByWord(wParam)) return PressCaretKey({view, theNotes.viewProcedure}, wParam, lParam);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <vector>
 
 #include "notes/note_files_win32.h"
@@ -54,13 +55,16 @@ void TellChangedNotes();
 // edited.
 void ShowNoteOfSet(int set, int verse);
 
-// Character offsets `start` to `end` of a selection in the note.
+// A selection in the note: from the byte `start` to the byte `end` of what is stored.
 struct NoteSelection {
     int start = 0, end = 0;
 };
 NoteSelection SelectionInNote();
 
-// Selects these characters, scrolls to them and makes them the selection that Copy uses.
+// The selected text, for other uses than as a part of the note.
+std::u16string TextSelectedInNote();
+
+// Selects this part, scrolls to them and makes them the selection that Copy uses.
 void SelectInNote(const NoteSelection& selection);
 
 // The command Select All acts in the view while it has the focus and a text.

@@ -6,6 +6,7 @@
 #include "resources/help_topics.h"
 #include "resources/ids.h"
 #include "search/search_dialog.h"
+#include "win32/code_page.h"
 #include "win32/controls.h"
 #include "win32/dialogs.h"
 #include "win32/help_viewer.h"
@@ -26,6 +27,18 @@ static LetterTable SystemLetters() {
     return letters;
 }
 
+static const CodePage& Page() {
+    return TheNoteFiles().codePage;
+}
+
+// The text of a note.
+static std::string TextInCapitals(const LetterTable& letters, const std::string& text) {
+    if (!IsInUtf8(text)) return InCapitals(letters, text);
+    std::wstring capitals = Wide(LettersOfNote(Page(), text));
+    CharUpperBuffW(capitals.data(), static_cast<DWORD>(capitals.size()));
+    return NoteOfLetters(Page(), LettersOf(capitals), text);
+}
+
 static ResumePoint BehindSelection() {
     return {theNoteSets.currentVerse, static_cast<std::size_t>(SelectionInNote().end)};
 }
@@ -33,7 +46,7 @@ static ResumePoint BehindSelection() {
 static void Fill(HWND dialog) {
     SetWindowTextA(dialog, ("Search Note Set " + NoteSetName(*CurrentSet(theNoteSets))).c_str());
     SendDlgItemMessageA(dialog, IDC_NOTE_TEXT, EM_LIMITTEXT, kNoteSearchTextLimit, 0);
-    SetDlgItemTextA(dialog, IDC_NOTE_TEXT, theSearch.NoteSearchText.c_str());
+    SetDlgItemTextW(dialog, IDC_NOTE_TEXT, Wide(LettersOfNote(Page(), theSearch.NoteSearchText)).c_str());
     SetChecked(dialog, IDC_CASE_SENSITIVE, theSearch.options.CaseSensitive != 0);
     SetChecked(dialog, IDC_SUBSTRING, theSearch.options.SubString != 0);
     theResumePoint = BehindSelection();
@@ -41,7 +54,8 @@ static void Fill(HWND dialog) {
 }
 
 static void Read(HWND dialog) {
-    theSearch.NoteSearchText = ControlText(dialog, IDC_NOTE_TEXT, kNoteSearchTextLimit);
+    const std::wstring text = WideControlText(dialog, IDC_NOTE_TEXT, kNoteSearchTextLimit);
+    theSearch.NoteSearchText = NoteOfLetters(Page(), LettersOf(text));
     theSearch.options.CaseSensitive = IsChecked(dialog, IDC_CASE_SENSITIVE);
     theSearch.options.SubString = IsChecked(dialog, IDC_SUBSTRING);
 }
@@ -60,8 +74,7 @@ static NoteMatch Search(HWND frame, const LetterTable& letters, SearchProgressBo
 static void ShowMatch(HWND frame, const NoteMatch& match) {
     RunIfEnabled(frame, IDM_VIEW_NOTES);
     ReadNote(match.verse);
-    const int start = static_cast<int>(match.offset);
-    SelectInNote({start, start + static_cast<int>(theSearch.NoteSearchText.size())});
+    SelectInNote({static_cast<int>(match.offset), static_cast<int>(match.offset + match.size)});
 }
 
 static void Tell(HWND dialog, const NoteMatch& match, SearchProgressBox& progress) {
@@ -85,7 +98,7 @@ static void Find(HWND dialog) {
         return;
     }
     const LetterTable letters = SystemLetters();
-    if (!theSearch.options.CaseSensitive) theSearch.NoteSearchText = InCapitals(letters, theSearch.NoteSearchText);
+    if (!theSearch.options.CaseSensitive) theSearch.NoteSearchText = TextInCapitals(letters, theSearch.NoteSearchText);
     BeginSearchProgress(theProgress, dialog, theSearch.range);
     Tell(dialog, Search(FrameOf(dialog), letters, theProgress), theProgress);
     HideSearchProgress(theProgress);

@@ -6,7 +6,7 @@
 
 // The first stop of `text` at `place` or behind it; the end of the text if `place` is beyond it. Line ends are CR, LF
 // or both, and blanks are spaces and tabs. `place` must not be inside a line end, and then the stop is not.
-std::size_t WordStopFrom(std::wstring_view text, std::size_t place);
+std::size_t WordStopFrom(std::u16string_view text, std::size_t place);
 
 // The last stop at `place` or before it.
-std::size_t WordStopUpTo(std::wstring_view text, std::size_t place);
+std::size_t WordStopUpTo(std::u16string_view text, std::size_t place);

@@ -29,7 +29,7 @@ static void Copy(HWND pane, const SelectedText& selected) {
     if (copied) {
         const HeldClipboard clipboard = OpenEmptyClipboard(pane);
         if (!clipboard) return;  // already reported
-        copied = PutText(clipboard, *text, TextOrigin::kScripture);
+        copied = PutText(clipboard, *text);
     }
     if (!copied && selected.noMemoryReport) Complain(pane, selected.noMemoryReport);
 }

@@ -30,7 +30,7 @@ struct SearchOptions {
 
 struct SearchState {
     std::string searchText;      // initial text of the word and phrase dialogs
-    std::string NoteSearchText;  // the same for the note search; at most 149 characters
+    std::string NoteSearchText;  // the same for the note search, as a note is stored; at most 149 characters
     SearchOptions options;
     SearchRange range;
     std::array<std::string, kHistorySize> history = {" ", " ", " ", " ", " ", " ", " ", " ", " ", " "};  // newest first

@@ -3,6 +3,7 @@
 #include <cstring>
 #include <cwchar>
 
+#include "win32/code_page.h"
 #include "win32/controls.h"
 
 HeldClipboard OpenEmptyClipboard(HWND owner) {
@@ -42,22 +43,23 @@ static bool PutBytes(UINT format, const void* bytes, std::size_t size) {
     return false;
 }
 
-static std::wstring Widened(const std::string& text, UINT codePage) {
-    std::wstring wide(text.size(), L'\0');  // UTF-16 never needs more
-    const auto length = static_cast<int>(text.size());
-    wide.resize(static_cast<std::size_t>(MultiByteToWideChar(codePage, 0, text.data(), length, wide.data(), length)));
-    return wide;
-}
-
 // Without a locale, the system would convert the 8-bit text with the code page of the keyboard that is in use.
-bool PutText(const HeldClipboard&, const std::string& text, TextOrigin origin) {
-    static constexpr UINT kLatin = 1252;
-    static constexpr LCID kEnglish = MAKELCID(MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_US), SORT_DEFAULT);  // 0x0409
-    const bool isScripture = origin == TextOrigin::kScripture;
+static bool Put(const std::string& text, const std::wstring& wide, LCID locale) {
     if (!PutBytes(CF_TEXT, text.c_str(), text.size() + 1)) return false;
-    const LCID locale = isScripture ? kEnglish : GetSystemDefaultLCID();
     PutBytes(CF_LOCALE, &locale, sizeof locale);
-    const std::wstring wide = Widened(text, isScripture ? kLatin : CP_ACP);
     PutBytes(CF_UNICODETEXT, wide.c_str(), (wide.size() + 1) * sizeof wide[0]);
     return true;
+}
+
+bool PutText(const HeldClipboard&, const std::string& text) {
+    static constexpr UINT kLatin = 1252;
+    static constexpr LCID kEnglish = MAKELCID(MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_US), SORT_DEFAULT);  // 0x0409
+    std::wstring wide(text.size(), L'\0');
+    const auto length = static_cast<int>(text.size());
+    MultiByteToWideChar(kLatin, 0, text.data(), length, wide.data(), length);
+    return Put(text, wide, kEnglish);
+}
+
+bool PutText(const HeldClipboard&, const std::wstring& text) {
+    return Put(NearestInCodePage(text), text, GetSystemDefaultLCID());
 }

@@ -22,13 +22,12 @@ HeldClipboard OpenEmptyClipboard(HWND owner);
 // the clipboard open. The system converts 8-bit text that a program has put there.
 std::wstring TextOnClipboard(HWND owner);
 
-// Whose letters a text has, and with them its code page and, for programs that convert it, its locale.
-enum class TextOrigin {
-    kScripture,  // Latin 1 of Windows (1252) on every system
-    kSystem,     // the system's code page, for example notes
-};
-
 // Puts plain text on the clipboard: as CF_TEXT with its CF_LOCALE, and as CF_UNICODETEXT. It remains there after the
 // program ends, and other programs read it up to its first zero. False when there is no memory for it; the clipboard
 // then stays empty.
-bool PutText(const HeldClipboard& clipboard, const std::string& text, TextOrigin origin);
+
+// Text with the letters of scripture: Latin 1 of Windows (1252) on every system.
+bool PutText(const HeldClipboard& clipboard, const std::string& text);
+
+// Text in any letters. In CF_TEXT, those that the system's code page lacks are replaced as Windows does it.
+bool PutText(const HeldClipboard& clipboard, const std::wstring& text);

@@ -1,16 +1,24 @@
-// The system's ANSI code page, which is the encoding of all texts of the program.
+// Texts in the system's ANSI code page, which is the encoding of the program's own texts, and in UTF-16.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
 #include "win32/windows_api.h"
 
-struct CodePageText {
-    std::string text;
-    int lost = 0;  // characters that the code page does not have; they are not in `text`
-};
+// The same text in the types of Windows and of the program's core.
+std::wstring Wide(std::u16string_view letters);
+std::u16string LettersOf(std::wstring_view wide);
 
-// Converts UTF-16 text. Windows replaces a missing character by a similar one or by a question mark; here it is left
-// out and counted. A surrogate pair is one character.
-CodePageText InCodePage(std::wstring_view text);
+// Text in the code page, in UTF-16.
+std::wstring WideOfCodePage(std::string_view text);
+
+// UTF-16 text in the code page; nullopt if that lacks a character of it.
+std::optional<std::string> InCodePage(std::wstring_view text);
+
+// The same with each missing character replaced as Windows does it, by a similar one or by a question mark.
+std::string NearestInCodePage(std::wstring_view text);
+
+// The same without the missing characters.
+std::string KnownInCodePage(std::wstring_view text);

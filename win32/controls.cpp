@@ -13,6 +13,12 @@ std::string ControlText(HWND dialog, int control, int limit) {
     return text;
 }
 
+std::wstring WideControlText(HWND dialog, int control, int limit) {
+    std::wstring text(static_cast<std::size_t>(limit) + 1, L'\0');
+    text.resize(GetDlgItemTextW(dialog, control, text.data(), limit + 1));
+    return text;
+}
+
 void SelectField(HWND dialog, int control) {
     SendMessageA(dialog, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(GetDlgItem(dialog, control)), TRUE);
     SendDlgItemMessageA(dialog, control, EM_SETSEL, 0, -1);

@@ -14,6 +14,7 @@ void Complain(HWND owner, const char* text, const char* caption = kErrorCaption)
 
 // Text of a control of `dialog`, at most `limit` characters.
 std::string ControlText(HWND dialog, int control, int limit);
+std::wstring WideControlText(HWND dialog, int control, int limit);
 
 // Sets the focus to a field of `dialog` and selects all of its text, so that typing replaces it.
 void SelectField(HWND dialog, int control);

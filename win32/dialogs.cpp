@@ -1,5 +1,6 @@
 #include "win32/dialogs.h"
 
+#include "win32/code_page.h"
 #include "win32/controls.h"
 #include "win32/panes.h"
 #include "win32/screen.h"
@@ -68,7 +69,8 @@ static INT_PTR CALLBACK DialogProcedure(HWND window, UINT message, WPARAM wParam
     return FALSE;
 }
 
+// Wide, so that fields and lists can have letters that the code page lacks.
 INT_PTR RunDialog(HWND owner, const Dialog& dialog) {
-    return DialogBoxParamA(GetModuleHandleA(nullptr), dialog.name, owner, DialogProcedure,
+    return DialogBoxParamW(GetModuleHandleA(nullptr), WideOfCodePage(dialog.name).c_str(), owner, DialogProcedure,
                            reinterpret_cast<LPARAM>(&dialog));
 }

@@ -6,11 +6,11 @@
 #include "win32/wine.h"
 
 static DWORD CALLBACK GiveText(DWORD_PTR cookie, LPBYTE buffer, LONG wanted, LONG* given) {
-    auto& rest = *reinterpret_cast<std::string_view*>(cookie);
-    const std::size_t count = std::min(rest.size(), static_cast<std::size_t>(wanted));
-    std::memcpy(buffer, rest.data(), count);
+    auto& rest = *reinterpret_cast<std::u16string_view*>(cookie);
+    const std::size_t count = std::min(rest.size(), static_cast<std::size_t>(wanted) / sizeof rest[0]);
+    std::memcpy(buffer, rest.data(), count * sizeof rest[0]);
     rest.remove_prefix(count);
-    *given = static_cast<LONG>(count);
+    *given = static_cast<LONG>(count * sizeof rest[0]);
     return 0;
 }
 
@@ -21,9 +21,9 @@ static DWORD CALLBACK TakeText(DWORD_PTR cookie, LPBYTE buffer, LONG offered, LO
     return 0;
 }
 
-static void StreamIn(HWND richEdit, std::string_view text) {
+static void StreamIn(HWND richEdit, std::u16string_view text) {
     EDITSTREAM stream{reinterpret_cast<DWORD_PTR>(&text), 0, GiveText};
-    SendMessageA(richEdit, EM_STREAMIN, SF_TEXT, reinterpret_cast<LPARAM>(&stream));
+    SendMessageA(richEdit, EM_STREAMIN, SF_TEXT | SF_UNICODE, reinterpret_cast<LPARAM>(&stream));
 }
 
 void WithoutRedraw(HWND richEdit, const std::function<void()>& work) {
@@ -35,7 +35,7 @@ void WithoutRedraw(HWND richEdit, const std::function<void()>& work) {
     RedrawWindow(richEdit, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME);
 }
 
-void SetPlainText(HWND richEdit, std::string_view text) {
+void SetPlainText(HWND richEdit, std::u16string_view text) {
     WithoutRedraw(richEdit, [&] {
         StreamIn(richEdit, text);
         CHARRANGE none{0, 0};
@@ -60,36 +60,39 @@ void ScrollBackToText(HWND richEdit) {
     SendMessageA(richEdit, EM_SETSCROLLPOS, 0, reinterpret_cast<LPARAM>(&corner));
 }
 
-static std::string StreamedOut(HWND richEdit, WPARAM format) {
-    std::string text;
-    EDITSTREAM stream{reinterpret_cast<DWORD_PTR>(&text), 0, TakeText};
-    SendMessageA(richEdit, EM_STREAMOUT, format, reinterpret_cast<LPARAM>(&stream));
+static std::u16string StreamedOut(HWND richEdit, WPARAM format) {
+    std::string bytes;
+    EDITSTREAM stream{reinterpret_cast<DWORD_PTR>(&bytes), 0, TakeText};
+    SendMessageA(richEdit, EM_STREAMOUT, format | SF_UNICODE, reinterpret_cast<LPARAM>(&stream));
+    std::u16string text(bytes.size() / sizeof(char16_t), u'\0');
+    std::memcpy(text.data(), bytes.data(), text.size() * sizeof(char16_t));
     return text;
 }
 
-std::string PlainText(HWND richEdit) {
+std::u16string PlainText(HWND richEdit) {
     return StreamedOut(richEdit, SF_TEXT);
 }
 
-std::wstring WidePlainText(HWND richEdit) {
-    const std::string bytes = StreamedOut(richEdit, SF_TEXT | SF_UNICODE);
-    std::wstring text(bytes.size() / sizeof(wchar_t), L'\0');
-    std::memcpy(text.data(), bytes.data(), text.size() * sizeof(wchar_t));
-    return text;
+// Wine's control takes a stream at the end of the text for all of it, but not this message.
+void ReplaceSelectedText(HWND richEdit, std::u16string_view text) {
+    const std::u16string ended(text);
+    SETTEXTEX how{ST_SELECTION | ST_KEEPUNDO, 1200};  // UTF-16
+    SendMessageA(richEdit, EM_SETTEXTEX, reinterpret_cast<WPARAM>(&how), reinterpret_cast<LPARAM>(ended.c_str()));
 }
 
-void ReplaceSelectedText(HWND richEdit, const std::string& text) {
-    SendMessageA(richEdit, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(text.c_str()));
+LONG PlainTextLength(HWND richEdit) {
+    GETTEXTLENGTHEX length{GTL_NUMCHARS, 1200};  // of UTF-16
+    return static_cast<LONG>(SendMessageA(richEdit, EM_GETTEXTLENGTHEX, reinterpret_cast<WPARAM>(&length), 0));
 }
 
 CHARRANGE SelectedPlainText(HWND richEdit) {
     CHARRANGE range{};
     SendMessageA(richEdit, EM_EXGETSEL, 0, reinterpret_cast<LPARAM>(&range));
-    const LONG length = GetWindowTextLengthA(richEdit);
+    const LONG length = PlainTextLength(richEdit);
     return {std::clamp(range.cpMin, 0L, length), std::clamp(range.cpMax, 0L, length)};
 }
 
-std::string PlainTextOfSelection(HWND richEdit) {
+std::u16string PlainTextOfSelection(HWND richEdit) {
     return StreamedOut(richEdit, SF_TEXT | SFF_SELECTION);
 }
 
@@ -101,12 +104,8 @@ static CHARRANGE SelectionOf(HWND richEdit) {
     return range;
 }
 
-// In the control's own characters, which in some code pages are fewer than bytes.
-static LONG LengthOf(HWND richEdit) {
-    GETTEXTLENGTHEX length{GTL_NUMCHARS, 1200};  // of UTF-16
-    return static_cast<LONG>(SendMessageA(richEdit, EM_GETTEXTLENGTHEX, reinterpret_cast<WPARAM>(&length), 0));
-}
-
+// In the code page, which is enough to know blanks and line ends: there is no message for less than all of the text in
+// UTF-16.
 static char CharacterAt(HWND richEdit, LONG place) {
     char bytes[8] = "";
     TEXTRANGEA range{{place, place + 1}, bytes};
@@ -121,15 +120,37 @@ static bool IsInLineEnd(HWND richEdit, LONG place) {
     return next == '\n' || (next == '\r' && CharacterAt(richEdit, place + 1) == '\n');
 }
 
+// Half a letter is no character of any code page, so all of the text is only looked at beside two that are not in this
+// one.
+static bool IsInLetter(HWND richEdit, LONG place) {
+    const auto mayBeHalf = [](char c) { return c == '?' || static_cast<unsigned char>(c) >= 0x80; };
+    if (!mayBeHalf(CharacterAt(richEdit, place - 1)) || !mayBeHalf(CharacterAt(richEdit, place))) return false;
+    if (CharacterAt(richEdit, place) != CharacterAt(richEdit, place - 1)) return false;
+    const std::u16string text = PlainText(richEdit);
+    const auto behind = static_cast<std::size_t>(place);
+    return behind < text.size() && IS_SURROGATE_PAIR(text[behind - 1], text[behind]);
+}
+
+static bool IsInside(HWND richEdit, LONG place) {
+    return IsInLineEnd(richEdit, place) || IsInLetter(richEdit, place);
+}
+
 static LONG PlaceInOrder(HWND richEdit, LONG place) {
-    place = std::clamp(place, 0L, LengthOf(richEdit));
-    while (IsInLineEnd(richEdit, place)) --place;
+    place = std::clamp(place, 0L, PlainTextLength(richEdit));
+    while (IsInside(richEdit, place)) --place;
     return place;
+}
+
+void SelectLongLetter(HWND richEdit, bool isBefore) {
+    const LONG caret = SelectionOf(richEdit).cpMin;
+    CHARRANGE letter{isBefore ? caret - 2 : caret, isBefore ? caret : caret + 2};
+    if (IsInLetter(richEdit, letter.cpMin + 1))
+        SendMessageA(richEdit, EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&letter));
 }
 
 bool IsSelectionInLineEnd(HWND richEdit) {
     const CHARRANGE range = SelectionOf(richEdit);
-    return IsInLineEnd(richEdit, range.cpMin) || IsInLineEnd(richEdit, range.cpMax);
+    return IsInside(richEdit, range.cpMin) || IsInside(richEdit, range.cpMax);
 }
 
 void PutSelectionInOrder(HWND richEdit) {

@@ -1,5 +1,8 @@
 // Plain text in rich-edit controls. The controls' own procedures interpret text that begins with "{\rtf" as rich text,
 // and keep the formatting of pasted text.
+//
+// The controls have UTF-16 inside, whatever kind of window they are; 8-bit messages would lose the letters that the
+// system's code page lacks. All places are in units of UTF-16, and a line end has two.
 #pragma once
 
 #include <functional>
@@ -12,33 +15,35 @@
 void WithoutRedraw(HWND richEdit, const std::function<void()>& work);
 
 // Shows `text` unchanged, with the caret at its start and an empty undo buffer.
-void SetPlainText(HWND richEdit, std::string_view text);
+void SetPlainText(HWND richEdit, std::u16string_view text);
 
 // To be called when the control has another size or font. If the text takes less height then, Wine's control stays
 // scrolled to where it was, which may be below all of the text. Scrolls it to the text's end.
 void ScrollBackToText(HWND richEdit);
 
 // Puts `text` in the place of the selection, as one change that can be undone.
-void ReplaceSelectedText(HWND richEdit, const std::string& text);
+void ReplaceSelectedText(HWND richEdit, std::u16string_view text);
 
 // All of the control's text; lines end with CR LF.
-std::string PlainText(HWND richEdit);
+std::u16string PlainText(HWND richEdit);
+LONG PlainTextLength(HWND richEdit);
 
-// The same in UTF-16, which the control has inside: all of its characters, even those outside the code page.
-std::wstring WidePlainText(HWND richEdit);
-
-// The selected characters, as offsets into that text. Excludes the invisible end of the last line, which the control
+// The selected characters, as places in that text. Excludes the invisible end of the last line, which the control
 // counts.
 CHARRANGE SelectedPlainText(HWND richEdit);
 
 // The text of the selection. It must be in order (PutSelectionInOrder).
-std::string PlainTextOfSelection(HWND richEdit);
+std::u16string PlainTextOfSelection(HWND richEdit);
 
-// With the arrow keys the caret can be moved to places that do not exist: between the CR and the LF of a line end, and
-// behind the end of the text. What is typed there tears the line end, is lost, or ends the program inside the control.
+// With the arrow keys the caret can be moved to places that do not exist: between the CR and the LF of a line end,
+// between the two units of one letter, and behind the end of the text. What is typed there tears the line end or the
+// letter, is lost, or ends the program inside the control.
 
-// Is one of the selection's ends inside a line end?
+// Is one of the selection's ends inside a line end or a letter?
 bool IsSelectionInLineEnd(HWND richEdit);
+
+// Selects the letter before the caret, or behind it, if it has two units. Nothing may be selected.
+void SelectLongLetter(HWND richEdit, bool isBefore);
 
 // Moves the ends of the selection that are in no such place to the place before them.
 void PutSelectionInOrder(HWND richEdit);
@@ -51,5 +56,5 @@ void PutCaretWhereClicked(HWND richEdit, POINT point);
 // line, the control also selects the line's end. Leaves that out.
 void KeepSelectionInLineAt(HWND richEdit, int y);
 
-// Where the selection starts, in characters of the control.
+// Where the selection starts.
 LONG SelectionStart(HWND richEdit);

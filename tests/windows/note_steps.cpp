@@ -56,6 +56,17 @@ std::string StoredEdit(const Program& program) {
     return data.substr(kEditedVerse, data.find('\0', kEditedVerse) - kEditedVerse);  // all notes before it are empty
 }
 
+std::wstring LettersOnClipboard() {
+    if (!OpenClipboard(nullptr)) Fail(nullptr, "the clipboard is held by another");
+    std::wstring text;
+    if (const HANDLE block = GetClipboardData(CF_UNICODETEXT)) {
+        text = static_cast<const wchar_t*>(GlobalLock(block));
+        GlobalUnlock(block);
+    }
+    CloseClipboard();
+    return text;
+}
+
 void ClickEditorButton(const Program& program, int button) {
     Click(program, Child(NoteEditorOf(program), {button}));
 }

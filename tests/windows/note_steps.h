@@ -25,6 +25,9 @@ Program ProgramInEditor(const std::string& note);
 std::string TextInEditor(const Program& program);
 std::string StoredEdit(const Program& program);
 
+// The clipboard's CF_UNICODETEXT, "" when there is none: the letters of a copied note.
+std::wstring LettersOnClipboard();
+
 // Opens the editor for the current note with its key.
 void OpenNoteEditor(const Program& program);
 
