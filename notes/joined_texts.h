@@ -20,6 +20,6 @@
 std::string JoinedTexts(std::string_view mine, std::string_view other);
 
 // The same of two notes as they are stored, of which one may be in UTF-8: the result has all letters of both. If it has
-// the letters of one of them, it has its bytes. nullopt if they cannot be put into one note, because one is in UTF-8 and
-// a byte of the other is no letter.
+// the letters of one of them, it has its bytes. nullopt if they cannot be put into one note, because one is in UTF-8
+// and a byte of the other is no letter.
 std::optional<std::string> JoinedNotes(const CodePage& page, std::string_view mine, std::string_view other);

@@ -199,6 +199,7 @@ static bool StandsAlone(const std::u32string& letters, std::size_t begin, std::s
 
 std::optional<LetterMatch> FindLetters(const LetterTarget& target, std::string_view note, std::size_t from,
                                        FoldedText& memory) {
+    if (target.letters.empty()) return std::nullopt;
     Fold(target, note, memory);
     const auto first = std::lower_bound(memory.places.begin(), memory.places.end(), from);
     auto place = static_cast<std::size_t>(first - memory.places.begin());

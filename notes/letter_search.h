@@ -21,7 +21,7 @@ struct FoldedText {
 };
 
 struct LetterTarget {
-    std::u32string letters;  // folded, not empty
+    std::u32string letters;  // folded; if empty, it is in no note
     bool isCaseSensitive = false;
     bool hasPoints = false;    // Hebrew points count
     bool isSubstring = false;  // a letter or digit may stand beside it

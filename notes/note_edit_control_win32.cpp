@@ -331,9 +331,11 @@ static bool IsStrayCharacter(UINT character) {
     return character < ' ' && (IsControlDown() || (IsKeyDown(VK_SHIFT) && character != VK_BACK));
 }
 
-// Before the control types it. Returns whether it may; it handles Back and Enter as keys.
+// Before the control types it. Returns whether it may. Back and Enter were already handled as keys, but Wine's control
+// ends the line only now.
 static bool OnCharacter(UINT character) {
-    if (character == VK_BACK || character == VK_RETURN) return true;
+    if (character == VK_BACK) return true;
+    if (character == VK_RETURN) return theNoteEdit.readOnly || HasRoomFor(u"\r\n");
     DivideTyping(false, character == ' ' || character == '\t');
     const std::string letter(1, static_cast<char>(character));
     if (theNoteEdit.readOnly || HasRoomFor(LettersOfNote(Page(), letter))) return true;

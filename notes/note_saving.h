@@ -67,8 +67,9 @@ struct NoteEdit {
 //
 // If the stored note is neither what was opened nor what was typed, and not empty, the result is kMerged: `edit` then
 // holds both texts (notes/joined_texts.h), opened on the stored note, so that the next save stores them. If they are
-// too long for one note, or cannot be put into one, the stored one is kept among the earlier notes (notes/note_history.h) before the user is asked
-// whether to replace it (kTooLong); if it cannot be kept, nothing changes (kCannotKeep).
+// too long for one note, or cannot be put into one, the stored one is kept among the earlier notes
+// (notes/note_history.h) before the user is asked whether to replace it (kTooLong); if it cannot be kept, nothing
+// changes (kCannotKeep).
 //
 // Other programs may replace the set's files at any moment. If they do so before the old data file is deleted, the save
 // starts again with the new ones; a temporary file that an earlier save has left is only written over after its notes

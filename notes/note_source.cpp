@@ -56,5 +56,5 @@ static NoteFound NoteOf(void* device, int verse, std::string& note) {
 }
 
 NoteSource SourceOf(NoteReader& notes) {
-    return {&notes, NoteOf};
+    return {&notes, NoteOf, notes.files.codePage};
 }

@@ -17,6 +17,7 @@ struct NoteSource {
     void* device = nullptr;  // passed to `noteOf`
     // Stores the text of the verse's note in `note`, which is not changed if there is none or it cannot be read.
     NoteFound (*noteOf)(void* device, int verse, std::string& note) = nullptr;
+    CodePage codePage{};  // of the notes that are not in UTF-8
 };
 
 // Reads the notes from the files of a set. Initialize as {files, set}.

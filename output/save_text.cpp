@@ -1,6 +1,7 @@
 #include "output/save_text.h"
 
 #include "output/rendering.h"
+#include "scripture/latin_letters.h"
 
 static constexpr std::size_t kWriteSize = 65536;
 
@@ -9,6 +10,13 @@ namespace {
 struct PendingText {
     const TextFile& file;
     GrowingText text;  // not yet written
+};
+
+struct SavedRange {
+    const NoteSource* notes;  // may be null
+    bool isInUtf8 = false;
+    std::string note{};
+    GrowingText piece{std::string(kWriteSize, '\0')};  // of one verse, before it is converted
 };
 
 }  // namespace
@@ -32,23 +40,47 @@ static TextSaveResult EndText(PendingText& pending) {
     return WritePending(pending) ? TextSaveResult::kSaved : TextSaveResult::kCannotWrite;
 }
 
-static bool AppendNote(const NoteSource& notes, int verse, std::string& note, GrowingText& text) {
+static NoteFound ReadNoteOf(SavedRange& range, int verse) {
+    return range.notes->noteOf(range.notes->device, verse, range.note);
+}
+
+static bool HasUtf8Note(SavedRange& range, int first, int last) {
+    for (int verse = first; range.notes && verse <= last; ++verse)
+        if (ReadNoteOf(range, verse) == NoteFound::kNote && IsInUtf8(range.note)) return true;
+    return false;
+}
+
+static bool AppendNote(SavedRange& range, int verse, GrowingText& text) {
     static constexpr std::string_view kEmptyLine = "\r\n\r\n";
-    const NoteFound found = notes.noteOf(notes.device, verse, note);
-    if (found == NoteFound::kNote) {
-        for (const std::string_view part : {kEmptyLine, std::string_view(note), kEmptyLine}) Append(text, part);
+    const NoteFound found = ReadNoteOf(range, verse);
+    if (found != NoteFound::kNote) return found == NoteFound::kNone;
+    if (range.isInUtf8) range.note = Utf8OfNote(range.notes->codePage, range.note);
+    for (const std::string_view part : {kEmptyLine, std::string_view(range.note), kEmptyLine}) Append(text, part);
+    return range.isInUtf8 || !IsInUtf8(range.note);
+}
+
+static void AppendVerse(SavedRange& range, RangeRenderer& renderer, int verse, GrowingText& text) {
+    if (!range.isInUtf8) {
+        AppendVerse(renderer, verse, text);
+        return;
     }
-    return found != NoteFound::kUnreadable;
+    range.piece.size = 0;
+    AppendVerse(renderer, verse, range.piece);
+    std::string utf8;
+    for (const char letter : TextOf(range.piece)) AppendUtf8(LatinLetter(letter), utf8);
+    Append(text, utf8);
 }
 
 TextSaveResult SaveRangeText(const Scripture& scripture, const FormatOptions& format, int first, int last,
                              const NoteSource* notes, const TextFile& file) {
     PendingText pending = BeginText(file);
     RangeRenderer renderer{scripture, format};
-    std::string note;
+    SavedRange range{notes};
+    range.isInUtf8 = HasUtf8Note(range, first, last);
+    if (range.isInUtf8) Append(pending.text, kUtf8Mark);
     for (int verse = first; verse <= last; ++verse) {
-        AppendVerse(renderer, verse, pending.text);
-        if (notes && !AppendNote(*notes, verse, note, pending.text)) return TextSaveResult::kCannotReadNotes;
+        AppendVerse(range, renderer, verse, pending.text);
+        if (notes && !AppendNote(range, verse, pending.text)) return TextSaveResult::kCannotReadNotes;
         if (!WriteWhenMany(pending)) return TextSaveResult::kCannotWrite;
     }
     return EndText(pending);

@@ -1,5 +1,8 @@
 // The texts that the save commands write, in blocks, so that memory use does not grow with the file. A saved text keeps
 // its brackets and ends with one zero byte.
+//
+// It has the letters of scripture (Latin 1 of Windows) and of the notes byte by byte. If a note is in UTF-8, all of it
+// is in UTF-8, and begins with the same mark as the note (notes/note_letters.h).
 #pragma once
 
 #include <cstdint>
@@ -26,7 +29,8 @@ enum class TextSaveResult {
 };
 
 // Writes the verses `first` to `last` in the given format. Unless `notes` is null, each verse is followed by its note,
-// with an empty line before and after it. Stops at the first failure.
+// with an empty line before and after it. Stops at the first failure; a note that has become one in UTF-8 since the
+// beginning is one that cannot be read.
 TextSaveResult SaveRangeText(const Scripture& scripture, const FormatOptions& format, int first, int last,
                              const NoteSource* notes, const TextFile& file);
 

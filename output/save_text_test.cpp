@@ -158,3 +158,35 @@ TEST(SaveRangeText, PutsTheNotesOfASetBehindTheirVerses) {
     EXPECT_NE(saved.find("\r\n 2 " + second + "\r\n\r\n\r\nsecond\r\n\r\n 3 "), std::string::npos);
     EXPECT_TRUE(saved.ends_with(" 21 " + last + "\r\n\r\n\r\nend\r\n\r\n" + '\0'));
 }
+
+// ---- Notes in UTF-8 -------------------------------------------------------------------------------------------------
+
+static const std::string kGreek = std::string(kUtf8Mark) + "\xCE\xB1";
+
+TEST(SaveRangeText, IsInUtf8IfANoteIs) {
+    const Saved saved = SaveRange(ThreeVerses(), {0, 1, 0, 1, 1, 1}, 0, 2, {{0, "caf\xE9"}, {1, kGreek}});
+    EXPECT_EQ(saved.result, TextSaveResult::kSaved);
+    EXPECT_EQ(saved.file.bytes,
+              WithZero(std::string(kUtf8Mark) +
+                       " Ge 1:1 \xC2\xB6 [one]\r\n\r\n\r\ncaf\xC3\xA9\r\n\r\n 2 two\r\n\r\n\r\n\xCE\xB1"
+                       "\r\n\r\n 2:1 \xC2\xB6 three\r\n"));
+}
+
+TEST(SaveRangeText, HasItsBytesIfNoNoteOfTheRangeIsInUtf8) {
+    const NotesByVerse notes = {{0, "caf\xE9"}, {1, std::string(kUtf8Mark) + "\xE9"}, {2, kGreek}};
+    const Saved saved = SaveRange(ThreeVerses(), {0, 1, 0, 1, 1, 1}, 0, 1, notes);
+    EXPECT_EQ(saved.file.bytes,
+              WithZero(" Ge 1:1 \xB6 [one]\r\n\r\n\r\ncaf\xE9\r\n\r\n 2 two\r\n\r\n\r\n" + notes.at(1) + "\r\n\r\n"));
+}
+
+// Another program may have saved it since.
+TEST(SaveRangeText, IsNotSavedIfANoteBecomesOneInUtf8) {
+    int reads = 0;
+    const NoteSource source{&reads, [](void* device, int, std::string& note) {
+                                note = ++*static_cast<int*>(device) > 1 ? kGreek : "plain";
+                                return NoteFound::kNote;
+                            }};
+    MemoryFile file;
+    const HandMadeFiles files = ThreeVerses();
+    EXPECT_EQ(SaveRangeText(ScriptureOf(files), {}, 0, 0, &source, DeviceOver(file)), TextSaveResult::kCannotReadNotes);
+}

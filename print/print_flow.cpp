@@ -45,6 +45,7 @@ struct PrintWalk {
     int previousBook = 0;
     WordReader reader{};
     std::string note{};
+    PrintFace noteFace = PrintFace::kNote;
     PrintResult result = PrintResult::kPrinted;
 };
 
@@ -179,15 +180,40 @@ static bool PlaceWords(PrintWalk& walk, std::string_view text) {
 
 // ---- Notes ----------------------------------------------------------------------------------------------------------
 
-// Number of characters at the start of a word that fit on an empty line; at least 1, even if the line is too narrow.
-static std::size_t CharactersOnALine(const PrintWalk& walk, std::string_view word) {
+// Does a letter begin with this byte? Not if it belongs to the one before it.
+static bool BeginsLetter(PrintFace face, char byte) {
+    return face == PrintFace::kNote || (static_cast<unsigned char>(byte) & 0xC0) != 0x80;
+}
+
+// In bytes. Marks that stand above or below another letter belong to it.
+static std::size_t FirstLetterSize(PrintFace face, std::string_view text) {
+    if (face == PrintFace::kNote) return 1;
+    std::string_view rest = text;
+    const auto isMark = [](char32_t letter) {
+        return (letter >= 0x300 && letter < 0x370) || (letter >= 0x591 && letter < 0x5C8 && letter != 0x5BE);
+    };
+    for (bool isFirst = true; !rest.empty(); isFirst = false) {
+        std::string_view behind = rest;
+        const auto letter = TakeLetter(behind);
+        if (!letter || (!isFirst && !isMark(*letter))) break;
+        rest = behind;
+    }
+    return std::max<std::size_t>(1, text.size() - rest.size());
+}
+
+// How many bytes at the start of a word fit on an empty line; at least one letter, even if the line is too narrow.
+static std::size_t BytesOnALine(const PrintWalk& walk, std::string_view word) {
     const auto fits = [&](std::size_t count) {
-        const int width = walk.page.width(walk.page.device, PrintFace::kNote, word.substr(0, count));
+        const int width = walk.page.width(walk.page.device, walk.noteFace, word.substr(0, count));
         return walk.line.lineStart + width < walk.line.limit;
     };
     if (fits(word.size())) return word.size();
-    std::size_t count = 1;
-    while (count + 1 < word.size() && fits(count + 1)) ++count;
+    std::size_t count = FirstLetterSize(walk.noteFace, word);
+    while (count < word.size()) {
+        const std::size_t next = count + FirstLetterSize(walk.noteFace, word.substr(count));
+        if (next >= word.size() || !fits(next)) break;
+        count = next;
+    }
     return count;
 }
 
@@ -195,8 +221,8 @@ static std::size_t CharactersOnALine(const PrintWalk& walk, std::string_view wor
 static bool PlaceNoteWord(PrintWalk& walk, std::string& word) {
     std::string_view rest = word;
     while (!rest.empty()) {
-        const std::string_view part = rest.substr(0, CharactersOnALine(walk, rest));
-        if (!PlaceText(walk, PrintFace::kNote, walk.noteLineHeight, part)) return false;
+        const std::string_view part = rest.substr(0, BytesOnALine(walk, rest));
+        if (!PlaceText(walk, walk.noteFace, walk.noteLineHeight, part)) return false;
         rest.remove_prefix(part.size());
     }
     word.clear();
@@ -208,24 +234,44 @@ static void PassTab(LineWalk& line, int distance) {
     line.x += distance - (line.x - line.lineStart) % distance;
 }
 
+static std::size_t LetterCount(PrintFace face, std::string_view word) {
+    const auto begins = [face](char byte) { return BeginsLetter(face, byte); };
+    return static_cast<std::size_t>(std::count_if(word.begin(), word.end(), begins));
+}
+
+static bool IsFullWord(PrintFace face, std::string_view word) {
+    return word.size() >= kLongestNoteWord && LetterCount(face, word) >= kLongestNoteWord;
+}
+
+static void PlaceBlank(PrintWalk& walk, int width) {
+    if (walk.noteFace == PrintFace::kUtf8Note)
+        PlaceAtPen(walk, walk.noteFace, width, " ");
+    else
+        walk.line.x += width;
+}
+
 static bool PlaceNoteCharacter(PrintWalk& walk, int blankWidth, char character, std::string& word) {
     if (character == '\n') return true;
     if (character != ' ' && character != '\t' && character != '\r') {
+        const bool isFull = BeginsLetter(walk.noteFace, character) && IsFullWord(walk.noteFace, word);
+        if (isFull && !PlaceNoteWord(walk, word)) return false;
         word.push_back(character);
-        return word.size() < kLongestNoteWord || PlaceNoteWord(walk, word);
+        return true;
     }
     if (!PlaceNoteWord(walk, word)) return false;
-    if (character == ' ') walk.line.x += blankWidth;
+    if (character == ' ') PlaceBlank(walk, blankWidth);
     if (character == '\t') PassTab(walk.line, walk.options.tabDistance);
     if (character == '\r') GoDown(walk, walk.noteLineHeight);
     return true;
 }
 
 static bool PlaceNote(PrintWalk& walk) {
-    const int blankWidth = walk.page.width(walk.page.device, PrintFace::kNote, " ");
+    const bool isInUtf8 = IsInUtf8(walk.note);
+    walk.noteFace = isInUtf8 ? PrintFace::kUtf8Note : PrintFace::kNote;
+    const int blankWidth = walk.page.width(walk.page.device, walk.noteFace, " ");
     walk.line.y += walk.lineHeight;
     std::string word;
-    for (const char character : walk.note) {
+    for (const char character : std::string_view(walk.note).substr(isInUtf8 ? kUtf8Mark.size() : 0)) {
         if (!PlaceNoteCharacter(walk, blankWidth, character, word)) return false;
     }
     if (!PlaceNoteWord(walk, word)) return false;

@@ -8,6 +8,9 @@
 //
 // In notes a tab leaves the line blank up to the next tab stop. A word of a note that is wider than a line is broken at
 // the right edge, so that nothing of it is lost; each line has at least one character, even if it is too narrow for it.
+//
+// A note in UTF-8 (notes/note_letters.h) is printed in the same way. Its blanks are drawn as well, so that a device
+// that draws a line at once sees all of it: Hebrew words stand in a line from right to left.
 #pragma once
 
 #include <span>
@@ -52,8 +55,9 @@ int PrinterFontHeight(int screenHeight, int screenDotsPerInch, int printerDotsPe
 
 // ---- The flow -------------------------------------------------------------------------------------------------------
 
-enum class PrintFace : unsigned char { kRegular, kBold, kItalic, kNote };
-inline constexpr int kPrintFaceCount = 4;
+// kUtf8Note is the note face for texts in UTF-8; all others are in the code page.
+enum class PrintFace : unsigned char { kRegular, kBold, kItalic, kNote, kUtf8Note };
+inline constexpr int kPrintFaceCount = 5;
 
 // A printer, used for one page after the other. Positions and sizes are in its pixels, from the upper left corner.
 struct PrinterPage {

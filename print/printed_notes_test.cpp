@@ -160,3 +160,31 @@ TEST(PrintedNotes, StopTheJobWhenTheyCannotBeRead) {
     EXPECT_EQ(Print(WithNote(kUnreadableNote), tape), PrintResult::kCannotReadNotes);
     EXPECT_EQ(tape.tape, "(r100,1000:a|)");
 }
+
+// ---- Notes in UTF-8 -------------------------------------------------------------------------------------------------
+
+static std::string Utf8Note(std::u16string_view letters) {
+    return std::string(kUtf8Mark) + Utf8Of(letters);
+}
+
+TEST(PrintedNotes, KeepLettersBeyondTheCodePage) {
+    EXPECT_EQ(Printed(WithNote(Utf8Note(u"\u03B1\u03B2 c\r\n\u05D0"))),
+              "(r100,1000:a|u100,1040:" + Utf8Of(u"\u03B1\u03B2") +
+                  "|u120,1040: |u130,1040:c|u100,1053:" + Utf8Of(u"\u05D0") + "|r100,1066:b|)");
+    EXPECT_EQ(Printed(WithNote(std::string(kUtf8Mark) + "\xE9")),
+              "(r100,1000:a|n100,1040:" + std::string(kUtf8Mark) + "\xE9|r100,1053:b|)")
+        << "one in the code page, whatever it begins with";
+}
+
+TEST(PrintedNotes, DivideLongWordsBetweenLetters) {
+    std::u16string letters(250, u'\u03B1');
+    PrintJob job = WithNote(Utf8Note(letters));
+    job.box.right = 1200;
+    const std::string hundred = Utf8Of(letters.substr(0, 100)), fifty = Utf8Of(letters.substr(0, 50));
+    EXPECT_EQ(Printed(job),
+              "(r100,1000:a|u100,1040:" + hundred + "|u100,1053:" + hundred + "|u100,1066:" + fifty + "|r100,1079:b|)");
+    job = WithNote(Utf8Note(u"\u05D0\u05B0\u05D1\u05B0\u05BC\u05D2"));
+    job.box.right = 120;  // room for two letters, but points stay with theirs
+    EXPECT_EQ(Printed(job), "(r100,1000:a|u100,1040:" + Utf8Of(u"\u05D0\u05B0") + "|u100,1053:" +
+                                Utf8Of(u"\u05D1\u05B0\u05BC") + "|u100,1066:" + Utf8Of(u"\u05D2") + "|r100,1079:b|)");
+}

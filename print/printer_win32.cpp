@@ -1,5 +1,7 @@
 #include "print/printer_win32.h"
 
+#include "notes/note_letters.h"
+#include "win32/code_page.h"
 #include "win32/dpi.h"
 
 static Printer& PrinterOf(void* device) {
@@ -30,6 +32,7 @@ void MakeFaces(Printer& printer, const LOGFONTA& verseFont, const LOGFONTA& note
     MakeFace(printer, PrintFace::kBold, bold);
     MakeFace(printer, PrintFace::kItalic, italic);
     MakeFace(printer, PrintFace::kNote, noteFont);
+    MakeFace(printer, PrintFace::kUtf8Note, noteFont);
 }
 
 PrinterResolution ResolutionOf(HDC dc) {
@@ -37,9 +40,18 @@ PrinterResolution ResolutionOf(HDC dc) {
             GetDeviceCaps(dc, LOGPIXELSY)};
 }
 
+static SIZE ExtentOf(Printer& printer, std::string_view utf8) {
+    SelectObject(printer.dc.get(), FaceOf(printer, PrintFace::kUtf8Note).font.get());
+    const std::wstring text = Wide(LettersOfUtf8(utf8));
+    SIZE size{};
+    GetTextExtentPoint32W(printer.dc.get(), text.data(), static_cast<int>(text.size()), &size);
+    return size;
+}
+
 // ---- Pages ----------------------------------------------------------------------------------------------------------
 
 static int WidthIn(void* device, PrintFace face, std::string_view text) {
+    if (face == PrintFace::kUtf8Note) return static_cast<int>(ExtentOf(PrinterOf(device), text).cx);
     return WidthOf(FaceOf(PrinterOf(device), face).letters, text);
 }
 
@@ -47,8 +59,15 @@ static int HeightOf(void* device, PrintFace face) {
     return FaceOf(PrinterOf(device), face).height;
 }
 
+// Unlike its words one by one, a line gets the order of its scripts from the system, and each letter its form.
+static void SendUtf8Run(Printer& printer, const PrinterRun& run) {
+    const std::wstring text = Wide(LettersOfUtf8(run.text));
+    ExtTextOutW(printer.dc.get(), run.x, run.y, 0, nullptr, text.data(), static_cast<UINT>(text.size()), nullptr);
+}
+
 // Passes the width of each letter to the driver, which would otherwise measure every letter itself.
 static void SendRun(Printer& printer, const PrinterRun& run) {
+    if (run.face == PrintFace::kUtf8Note) return SendUtf8Run(printer, run);
     const LetterWidths& letters = FaceOf(printer, run.face).letters;
     printer.advances.clear();
     for (const char letter : run.text) printer.advances.push_back(letters.widths[static_cast<unsigned char>(letter)]);
@@ -72,7 +91,7 @@ static bool GoesOnWith(const PrinterRun& run, PrintFace face, int x, int y) {
 
 static void Draw(void* device, PrintFace face, int x, int y, int width, std::string_view text) {
     Printer& printer = PrinterOf(device);
-    const bool asOne = FaceOf(printer, face).letters.addUp;
+    const bool asOne = face == PrintFace::kUtf8Note || FaceOf(printer, face).letters.addUp;
     if (!asOne || printer.runs.empty() || !GoesOnWith(printer.runs.back(), face, x, y))
         printer.runs.push_back({face, x, y, x, {}});
     PrinterRun& run = printer.runs.back();

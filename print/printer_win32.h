@@ -34,7 +34,7 @@ struct Printer {
     std::vector<int> advances;     // width of each letter of the run being sent
 };
 
-// Creates the four faces for `printer.dc` from screen fonts, of a screen with 96 dpi: `verseFont` as it is, in bold and
+// Creates the faces for `printer.dc` from screen fonts, of a screen with 96 dpi: `verseFont` as it is, in bold and
 // in italics, and `noteFont`.
 void MakeFaces(Printer& printer, const LOGFONTA& verseFont, const LOGFONTA& noteFont);
 

@@ -8,19 +8,20 @@ static PaperTape& TapeOf(void* device) {
     return *static_cast<PaperTape*>(device);
 }
 
-static int WidthOf(void*, PrintFace, std::string_view text) {
-    return 10 * static_cast<int>(text.size());
+static int WidthOf(void*, PrintFace face, std::string_view text) {
+    const std::size_t letters = face == PrintFace::kUtf8Note ? LettersOfUtf8(text).size() : text.size();
+    return 10 * static_cast<int>(letters);
 }
 
 static int HeightOf(void* device, PrintFace face) {
-    return face == PrintFace::kNote ? 13 : face == PrintFace::kItalic ? TapeOf(device).italicHeight : 20;
+    return face >= PrintFace::kNote ? 13 : face == PrintFace::kItalic ? TapeOf(device).italicHeight : 20;
 }
 
 static void Draw(void* device, PrintFace face, int x, int y, int width, std::string_view text) {
     EXPECT_EQ(width, WidthOf(device, face, text));
     EXPECT_FALSE(text.empty());
     std::string& tape = TapeOf(device).tape;
-    tape += "rbin"[static_cast<std::size_t>(face)];
+    tape += "rbinu"[static_cast<std::size_t>(face)];
     tape += std::to_string(x) + "," + std::to_string(y) + ":";
     tape.append(text) += '|';
 }

@@ -297,3 +297,24 @@ TEST(NoteLetters, ComeBackFromTheEarlierNotes) {
     Save(program);
     EXPECT_EQ(StoredEdit(program), Marked(kGreek));
 }
+
+// ---- Files and paper ------------------------------------------------------------------------------------------------
+
+TEST(NoteLetters, AreSavedWithARange) {
+    const ScratchFolder folder = FolderToEdit(Marked(AllLetters()));
+    Program program = StartProgram(folder);
+    Command(program, IDM_SAVE_RANGE);
+    const HWND dialog = WaitForDialog(program, "Save Range");
+    SetDlgItemTextA(dialog, IDC_RANGE, "Ge 3:1-3");
+    CheckDlgButton(dialog, IDC_INCLUDE_NOTES, BST_CHECKED);
+    Press(program, "Enter");
+    WaitForDialog(program, "Save As");
+    SendMessageA(FocusOf(program), WM_SETTEXT, 0,
+                 reinterpret_cast<LPARAM>((folder.path / "saved.txt").string().c_str()));
+    Press(program, "Enter");
+    WaitForNoDialog(program);
+    const std::string saved = ReadFile(folder, "saved.txt");
+    EXPECT_TRUE(saved.starts_with(kMark));
+    EXPECT_NE(saved.find("\r\n\r\n" + Utf8(AllLetters()) + "\r\n\r\n"), std::string::npos);
+    EXPECT_TRUE(saved.ends_with('\0'));
+}
