@@ -1,6 +1,7 @@
 #include "app/frame_window.h"
 
 #include <algorithm>
+#include <array>
 #include <iterator>
 #include <utility>
 
@@ -122,10 +123,11 @@ static void NameWithText(HWND control) {
 }
 
 // A screen reader asks for the frame before its controls. Only then do they get their names, to start without COM. The
-// toolbar is another one after the scaling has changed.
+// toolbar is another one after the scaling has changed, and a note of very many lines leaves another control behind.
 static void OnGetObject() {
-    static HWND namedToolbar = nullptr;
-    if (std::exchange(namedToolbar, theFrame.toolbar) == theFrame.toolbar) return;
+    static std::array<HWND, 3> named{};
+    const std::array controls{theFrame.toolbar, theNotes.view, theNoteEdit.window};
+    if (std::exchange(named, controls) == controls) return;
     for (const HWND control : {theFrame.toolbar, theFrame.listTabs, theFrame.passageTabs, theNoteTabs.window,
                                theVerseList.references.window}) {
         NameWithText(control);

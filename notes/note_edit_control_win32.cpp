@@ -6,6 +6,7 @@
 #include "notes/caret_keys_win32.h"
 #include "notes/note_files_win32.h"
 #include "notes/note_saving.h"
+#include "pane/pane_look_win32.h"
 #include "pane/selection_win32.h"
 #include "pane/status_bar_win32.h"
 #include "resources/ids.h"
@@ -50,9 +51,20 @@ static const CodePage& Page() {
     return TheNoteFiles().codePage;
 }
 
+// Another control in the place of the one that there is, without its text.
+static void RenewNoteEditControl() {
+    const HWND old = theNoteEdit.window, editor = Editor();
+    RestoreNoteEditControl();
+    CreateNoteEditControl(editor);
+    SetNoteEditFont(theNoteEdit.font);
+    DarkenNewRichEdit(theNoteEdit.window);
+    ReplaceChild(old, theNoteEdit.window);
+}
+
 bool FillNoteEdit(const std::string& note) {
     TellNothing();
     theNoteEdit.typed = {};
+    if (IsRemovedSlowly(PlainText(theNoteEdit.window))) RenewNoteEditControl();
     const std::u16string letters = LettersOfNote(Page(), note);
     SetPlainText(theNoteEdit.window, std::u16string_view(letters).substr(0, kNoteTextLimit));
     SendMessageA(theNoteEdit.window, EM_EXLIMITTEXT, 0, kNoteTextLimit);
@@ -396,6 +408,11 @@ void CreateNoteEditControl(HWND editor) {
     SendMessageA(theNoteEdit.window, EM_SETUNDOLIMIT, kMostSteps, 0);
     SendMessageA(theNoteEdit.window, EM_SETEVENTMASK, 0, ENM_SELCHANGE | ENM_CHANGE);
     theNoteEdit.procedure = Subclass(theNoteEdit.window, EditProcedure);
+}
+
+void SetNoteEditFont(HFONT font) {
+    theNoteEdit.font = font;
+    SendMessageA(theNoteEdit.window, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
 }
 
 void RestoreNoteEditControl() {

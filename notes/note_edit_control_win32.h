@@ -16,6 +16,7 @@ struct TypedLast {
 struct NoteEditControl {
     HWND window = nullptr;
     WNDPROC procedure = nullptr;  // the control's own
+    HFONT font = nullptr;         // the control's, of the view in the Notes window
     bool canPaste = false;        // it has the focus and the clipboard has text
     bool readOnly = false;        // its text is not exactly the note
     std::u16string letter;        // the first half of a letter of two halves
@@ -29,6 +30,9 @@ extern NoteEditControl theNoteEdit;
 // Creates the control as the child IDC_NOTE_EDIT of `editor`. It sends the commands IDC_NOTE_SAVE for Ctrl+S and
 // IDCANCEL for Esc to `editor`, and EN_CHANGE and EN_SELCHANGE.
 void CreateNoteEditControl(HWND editor);
+
+// Gives the control `font`, which must exist as long as the control has it.
+void SetNoteEditFont(HFONT font);
 
 // Restores the control's own window procedure.
 void RestoreNoteEditControl();

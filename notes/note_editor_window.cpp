@@ -421,10 +421,6 @@ static LRESULT CALLBACK EditorProcedure(HWND window, UINT message, WPARAM wParam
     return DefWindowProcA(window, message, wParam, lParam);
 }
 
-void SetNoteEditorFont(HFONT font) {
-    SendMessageA(theNoteEdit.window, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
-}
-
 bool RegisterNoteEditorClass() {
     return RegisterPaneClass(kNoteEditorClass, EditorProcedure, COLOR_BTNFACE);
 }

@@ -32,9 +32,6 @@ void ScaleNoteEditor();
 // Is a note being edited?
 bool IsEditingNote();
 
-// The caller keeps ownership of the font.
-void SetNoteEditorFont(HFONT font);
-
 // A number that changes whenever the editor is opened or closed or its text changes.
 unsigned EditorChanges();
 

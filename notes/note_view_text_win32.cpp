@@ -11,7 +11,8 @@ namespace {
 
 struct NoteViewText {
     bool isIncomplete = false;
-    std::u16string whole;  // if the view is incomplete
+    std::u16string whole;          // if the view is incomplete
+    bool isRemovedSlowly = false;  // what the view has
 };
 
 }  // namespace
@@ -50,23 +51,28 @@ static bool ReachesBelowView(HWND view, std::size_t length) {
 }
 
 void ShowInNoteView(HWND view, HFONT font, const std::string& note) {
-    theText = {};
     const CodePage& page = TheNoteFiles().codePage;
     std::u16string text = LettersOfNote(page, note);
+    theText = {false, {}, IsRemovedSlowly(text)};
     const std::size_t begun = BeginningOfNote(note, RoomIn(view, font)).size();
     const std::size_t shown = begun == note.size() ? text.size() : LettersBefore(page, note, begun);
-    SetPlainText(view, std::u16string_view(text).substr(0, shown));
-    if (shown == text.size()) return;
+    const std::u16string_view beginning = std::u16string_view(text).substr(0, shown);
+    if (shown == text.size() || IsRemovedSlowly(beginning)) return SetPlainText(view, text);
+    SetPlainText(view, beginning);
     if (ReachesBelowView(view, shown))
-        theText = {true, std::move(text)};
+        theText = {true, std::move(text), false};
     else
         SetPlainText(view, text);
+}
+
+bool IsNoteRemovedSlowly() {
+    return theText.isRemovedSlowly;
 }
 
 // The same text and selection, so it is no change that the frame should be told of.
 bool CompleteNoteView(HWND view) {
     if (!theText.isIncomplete) return false;
-    const NoteViewText text = std::exchange(theText, {});
+    const NoteViewText text = std::exchange(theText, {false, {}, IsRemovedSlowly(theText.whole)});
     const LRESULT events = SendMessageA(view, EM_SETEVENTMASK, 0, ENM_NONE);
     SetPlainText(view, text.whole);
     SendMessageA(view, EM_SETEVENTMASK, 0, events);

@@ -12,6 +12,9 @@
 // Shows `note`, as it is stored, in `view`, which has the font `font`, with the caret at its start.
 void ShowInNoteView(HWND view, HFONT font, const std::string& note);
 
+// Does the view need long to show another text than it has? Then a new one should take its place first.
+bool IsNoteRemovedSlowly();
+
 // To be called before the view's own procedure gets the message: completes the text if the message needs that.
 void PrepareNoteView(HWND view, UINT message);
 

@@ -26,7 +26,22 @@ static constexpr char kNotesClass[] = "NOTEWND";
 
 NotesPane theNotes;
 
+static void CreateView();
+
+// Another view in the place of the one that there is, without its text.
+static void RenewView() {
+    const HWND old = theNotes.view;
+    const LRESULT options = SendMessageA(old, EM_GETOPTIONS, 0, 0);
+    Unsubclass(old, theNotes.viewProcedure);
+    CreateView();
+    SendMessageA(theNotes.view, EM_SETOPTIONS, ECOOP_SET, options);
+    SendMessageA(theNotes.view, WM_SETFONT, reinterpret_cast<WPARAM>(theNotes.font.get()), FALSE);
+    DarkenNewRichEdit(theNotes.view);
+    ReplaceChild(old, theNotes.view);
+}
+
 void ShowNoteText() {
+    if (IsNoteRemovedSlowly()) RenewView();
     ShowInNoteView(theNotes.view, theNotes.font.get(), theNoteSets.noteText);
 }
 
@@ -109,7 +124,7 @@ void SetNotesFont(const FontChoice& choice) {
     const LOGFONTA record = FontRecord(choice, DpiOf(theNotes.view));
     OwnedFont font(CreateFontIndirectA(&record));
     SendMessageA(theNotes.view, WM_SETFONT, reinterpret_cast<WPARAM>(font.get()), TRUE);
-    SetNoteEditorFont(font.get());
+    SetNoteEditFont(font.get());
     theNotes.font = std::move(font);
     if (!thePaneLook.colors.isDark) return;
     for (const HWND text : {theNotes.view, theNoteEdit.window}) ColorRichEdit(text);  // a new font brings its own
@@ -271,8 +286,7 @@ bool RegisterNotesClass() {
     return RegisterPaneClass(kNotesClass, NotesProcedure, COLOR_WINDOW);
 }
 
-void CreateNotesPane(HWND tabs) {
-    theNotes.window = CreateChild(tabs, kNotesClass, "Notes", WS_CLIPCHILDREN | WS_CLIPSIBLINGS, 0, IDC_NOTES);
+static void CreateView() {
     theNotes.view = CreateChild(theNotes.window, "RICHEDIT", "",
                                 WS_VISIBLE | WS_VSCROLL | WS_TABSTOP | ES_MULTILINE | ES_READONLY | ES_AUTOVSCROLL,
                                 WS_EX_CLIENTEDGE, IDC_NOTE_VIEW);
@@ -280,6 +294,11 @@ void CreateNotesPane(HWND tabs) {
     SendMessageA(theNotes.view, EM_SETEVENTMASK, 0, ENM_SELCHANGE);
     SendMessageA(theNotes.view, EM_EXLIMITTEXT, 0, kNoteBufferSize);
     theNotes.viewProcedure = Subclass(theNotes.view, ViewProcedure);
+}
+
+void CreateNotesPane(HWND tabs) {
+    theNotes.window = CreateChild(tabs, kNotesClass, "Notes", WS_CLIPCHILDREN | WS_CLIPSIBLINGS, 0, IDC_NOTES);
+    CreateView();
 }
 
 void RestoreNoteView() {

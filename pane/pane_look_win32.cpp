@@ -75,6 +75,12 @@ void DarkenScrollBars(HWND pane) {
     if (setTheme) setTheme(pane, thePaneLook.colors.isDark ? L"DarkMode_Explorer" : nullptr, nullptr);
 }
 
+void DarkenNewRichEdit(HWND richEdit) {
+    if (!thePaneLook.colors.isDark) return;
+    DarkenScrollBars(richEdit);
+    ColorRichEdit(richEdit);
+}
+
 void DarkenTitle(HWND frame) {
     // DWMWA_USE_IMMERSIVE_DARK_MODE; Windows 10 before version 2004 has another number for it.
     static constexpr DWORD kDarkMode = 20, kDarkModeBefore = 19;

@@ -22,6 +22,10 @@ bool FollowSystemLook(COLORREF keyHighlightColor);
 // Gives a rich-edit control with plain text the colours of the panes. To be called again after WM_SETFONT.
 void ColorRichEdit(HWND richEdit);
 
+// Gives a rich-edit control that has just been created, with its font, the colours of the panes and dark edges, if they
+// are dark.
+void DarkenNewRichEdit(HWND richEdit);
+
 // Answers WM_CTLCOLORLISTBOX for a list box that stands in a pane's place.
 HBRUSH ColorListBox(HDC dc);
 

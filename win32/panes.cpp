@@ -25,6 +25,18 @@ HWND CreateChild(HWND parent, const char* className, const char* text, DWORD sty
                            reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), GetModuleHandleA(nullptr), nullptr);
 }
 
+void ReplaceChild(HWND old, HWND fresh) {
+    RECT place{};
+    GetWindowRect(old, &place);
+    MapWindowPoints(nullptr, GetParent(old), reinterpret_cast<POINT*>(&place), 2);
+    const bool isShown = (GetWindowLongPtrA(old, GWL_STYLE) & WS_VISIBLE) != 0;
+    SetWindowPos(fresh, old, static_cast<int>(place.left), static_cast<int>(place.top),
+                 static_cast<int>(place.right - place.left), static_cast<int>(place.bottom - place.top),
+                 SWP_NOACTIVATE | (isShown ? SWP_SHOWWINDOW : SWP_HIDEWINDOW));
+    if (GetFocus() == old) SetFocus(fresh);
+    DestroyWindow(old);
+}
+
 WNDPROC Subclass(HWND window, WNDPROC procedure) {
     return reinterpret_cast<WNDPROC>(SetWindowLongPtrA(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(procedure)));
 }

@@ -16,6 +16,10 @@ HWND CreateChild(HWND parent, const char* className, const char* text, DWORD sty
 // Replaces the window procedure and returns the previous one.
 WNDPROC Subclass(HWND window, WNDPROC procedure);
 
+// Puts `fresh` in the place of its sibling `old`: where and behind what it is, whether it is shown, and the focus.
+// Destroys `old`.
+void ReplaceChild(HWND old, HWND fresh);
+
 // Restores the window procedure of a subclassed window and sets `procedureBefore` to null; does nothing if it is null.
 void Unsubclass(HWND window, WNDPROC& procedureBefore);
 

@@ -46,6 +46,12 @@ void SetPlainText(HWND richEdit, std::u16string_view text) {
     });
 }
 
+bool IsRemovedSlowly(std::u16string_view text) {
+    static constexpr std::ptrdiff_t kFew = 3000;
+    const auto isPart = [](char16_t c) { return c == u'\t' || c == u'\r' || c == u'\n'; };
+    return IsWine() && std::count_if(text.begin(), text.end(), isPart) > kFew;
+}
+
 void ScrollBackToText(HWND richEdit) {
     if (!IsWine()) return;
     SCROLLINFO bar{};

@@ -163,19 +163,25 @@ static std::vector<LongLine> LongLines() {
             LineOf("percent signs", "%"),
             LineOf("digits and blanks", "1 "),
             LineOf("blanks", " "),
+            LineOf("tabs", "\t"),
             LineOf("all marks", BytesFrom('!', '~')),
             LineOf("bytes 80 to 9F", BytesFrom(0x80, 0x9F)),
             LineOf("bytes A0 to FF", BytesFrom(0xA0, 0xFF)),
             LineOf("words", "and some words of the text, as in John 3:16, ")};
 }
 
+// A new one after a note of very many tabs.
+static HWND NoteViewOf(const Program& program) {
+    return Child(program.frame, {IDC_NOTE_TABS, IDC_NOTES, IDC_NOTE_VIEW});
+}
+
 // From the command to the painted text of the next note.
-static void ShowNext(const Program& program, HWND view, ShownNote& note) {
+static void ShowNext(const Program& program, ShownNote& note) {
     const double start = Now();
     Ask(program, program.frame, WM_COMMAND, IDM_NEXT_NOTE);
-    UpdateWindow(view);
+    UpdateWindow(NoteViewOf(program));
     note.times.push_back(Now() - start);
-    if (TextOf(view) != note.text) Fail(&program, "another note is shown");
+    if (TextOf(NoteViewOf(program)) != note.text) Fail(&program, "another note is shown");
 }
 
 static double TimeOfKey(const Program& program, HWND edit) {
@@ -300,10 +306,9 @@ static void MeasureLongLines(std::vector<LongLine>& all) {
     notes.erase(std::prev(notes.end()));  // the first one is shown instead
     WriteNoteSet(folder, "Long", notes);
     Program program = Started(folder);
-    const HWND view = Child(program.frame, {IDC_NOTE_TABS, IDC_NOTES, IDC_NOTE_VIEW});
     for (int round = 0; round < kFewRounds; ++round)
         for (LongLine& each : all)
-            for (ShownNote* note : NotesOf(each)) ShowNext(program, view, *note);
+            for (ShownNote* note : NotesOf(each)) ShowNext(program, *note);
     TerminateProcess(program.process.get(), 0);
 }
 

@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <richedit.h>
+
 #include <algorithm>
 #include <random>
 
@@ -119,6 +121,57 @@ TEST(LongNote, LooksTheSameBeforeAndAfterItIsAsked) {
     RedrawWindow(view, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME);
     Settle(program);
     EXPECT_TRUE(PictureOfWindow(view).pixels == before.pixels) << "text and scroll bar";
+}
+
+static std::string Tabs() {
+    return std::string(65000, '\t') + "amidst";
+}
+
+static std::string EmptyLines() {
+    std::string lines;
+    while (lines.size() < 60000) lines += "\r\n";
+    return lines + "amidst";
+}
+
+// The control needs most of a minute to remove such a text.
+TEST(LongNote, IsLeftAtOnce) {
+    Program program = ProgramWithNotes({{0, Tabs()}, {1, "short"}, {2, EmptyLines()}, {3, "last"}});
+    for (const int look : {IDM_DARK_ON, IDM_DARK_OFF}) {
+        Command(program, look);
+        Command(program, IDM_FOCUS_NOTES);
+        Command(program, IDM_NEXT_NOTE);
+        const RECT place = RectOnScreen(NoteViewOf(program));
+        const Picture brief = PictureOfWindow(NoteViewOf(program));
+        const std::pair<int, std::string> steps[] = {{IDM_NEXT_NOTE, EmptyLines()},     {IDM_NEXT_NOTE, "last"},
+                                                     {IDM_PREVIOUS_NOTE, EmptyLines()}, {IDM_PREVIOUS_NOTE, "short"},
+                                                     {IDM_PREVIOUS_NOTE, Tabs()},       {IDM_NEXT_NOTE, "short"}};
+        for (const auto& [command, shown] : steps) {
+            Command(program, command);
+            EXPECT_TRUE(TextOf(NoteViewOf(program)) == shown);
+            EXPECT_EQ(FocusOf(program), NoteViewOf(program));
+        }
+        const RECT now = RectOnScreen(NoteViewOf(program));
+        EXPECT_TRUE(EqualRect(&now, &place));
+        EXPECT_TRUE(PictureOfWindow(NoteViewOf(program)).pixels == brief.pixels) << "font, frame and colours";
+        ExpectCopiedWhole(program, "short");
+        Command(program, IDM_PREVIOUS_NOTE);
+    }
+}
+
+// The view goes on to show what is selected without having the focus.
+TEST(LongNote, IsLeftWhileNotesAreSearched) {
+    Program program = ProgramWithNotes({{0, Tabs()}, {1, EmptyLines()}});
+    Command(program, IDM_NEXT_NOTE);
+    Press(program, "Alt+t");
+    WaitForDialog(program, "Search Note Set Mine");
+    Type(program, "amidst");
+    Press(program, "Enter");
+    EXPECT_TRUE(TextOf(NoteViewOf(program)) == Tabs());
+    EXPECT_EQ(RichSelection(program, NoteViewOf(program)).start, static_cast<int>(Tabs().size()) - 6);
+    EXPECT_TRUE(SendMessageA(NoteViewOf(program), EM_GETOPTIONS, 0, 0) & ECO_NOHIDESEL);
+    Press(program, "Esc");
+    WaitForNoDialog(program);
+    EXPECT_FALSE(SendMessageA(NoteViewOf(program), EM_GETOPTIONS, 0, 0) & ECO_NOHIDESEL);
 }
 
 // ---- In a window that is resized ------------------------------------------------------------------------------------
@@ -397,4 +450,39 @@ TEST(LongLine, AnswersEachKey) {
     DoubleClick(program, NoteEditOf(program), PointOfCharacter(program, NoteEditOf(program), 20));
     Press(program, "Ctrl+s");
     EXPECT_EQ(StoredEdit(program), line.substr(0, kPlace - 2) + line.substr(kPlace + 2));
+}
+
+// ---- Tabs and empty lines -------------------------------------------------------------------------------------------
+
+TEST(LongNote, IsClosedAtOnce) {
+    for (const std::string& note : {Tabs(), EmptyLines()}) {
+        Program program = ProgramInEditor(note);
+        Command(program, IDM_DARK_ON);
+        const RECT place = RectOnScreen(NoteEditOf(program));
+        const std::uint32_t paper = ColorAt(PictureOfWindow(NoteEditOf(program)), 500, 100);
+        ClickEditorButton(program, IDC_NOTE_CANCEL);
+        EXPECT_FALSE(IsShown(NoteEditorOf(program)));
+        OpenNoteEditor(program);
+        EXPECT_EQ(FocusOf(program), NoteEditOf(program));
+        const RECT again = RectOnScreen(NoteEditOf(program));
+        EXPECT_TRUE(EqualRect(&again, &place));
+        EXPECT_EQ(ColorAt(PictureOfWindow(NoteEditOf(program)), 500, 100), paper);
+        EXPECT_TRUE(IsGreyed(program, IDM_UNDO));
+        Type(program, "x");
+        EXPECT_TRUE(TextInEditor(program) == "x" + note);
+        Press(program, "Ctrl+z");
+        EXPECT_TRUE(TextInEditor(program) == note);
+        Type(program, "y");
+        Press(program, "Ctrl+s");
+        EXPECT_FALSE(IsShown(NoteEditorOf(program)));
+        EXPECT_TRUE(StoredEdit(program) == "y" + note);
+        EXPECT_TRUE(TextOf(NoteViewOf(program)) == "y" + note);
+        Command(program, IDM_NEXT_NOTE);
+        OpenNoteEditor(program);
+        EXPECT_EQ(TextInEditor(program), "Of another verse.");
+        for (const char* keys : {"Ctrl+Tab", "Ctrl+Shift+Tab"}) Press(program, keys);
+        EXPECT_EQ(FocusOf(program), NoteEditOf(program));
+        Press(program, "Esc");
+        EXPECT_FALSE(IsShown(NoteEditorOf(program)));
+    }
 }
