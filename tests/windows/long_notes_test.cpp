@@ -427,9 +427,9 @@ TEST(LongLine, HasItsSelectionMovedByWords) {
     }
     Program program = ProgramInEditor(line);
     Ends ends;
-    for (int press = 0; press < 150 && !HasFatalFailure(); ++press) {
+    for (int press = 0; press < 40 && !HasFatalFailure(); ++press) {
         const std::string shift = random() % 3 == 0 ? "" : "Shift+", control = random() % 5 == 0 ? "" : "Ctrl+";
-        const bool isRight = random() % 100 < (press < 75 ? 60 : 40);
+        const bool isRight = random() % 100 < (press < 20 ? 60 : 40);
         PressArrow(program, stops, ends, shift + control + (isRight ? "Right" : "Left"));
     }
 }
