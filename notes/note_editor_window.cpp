@@ -10,6 +10,7 @@
 #include "notes/note_saving.h"
 #include "notes/note_source.h"
 #include "notes/note_tabs_win32.h"
+#include "pane/status_bar_win32.h"
 #include "resources/help_topics.h"
 #include "resources/ids.h"
 #include "scripture/scripture_win32.h"
@@ -194,16 +195,7 @@ static constexpr char kKeptNowhere[] =
     "What you have typed cannot be kept among the earlier notes either, so it stays in the editor. Make room on the "
     "disk and save it again, or copy the text elsewhere.";
 
-static void TellWhereKept(const NoteDraft& draft) {
-    NoteSet& set = *CurrentSet(theNoteSets);
-    std::string text = "What you have typed is not lost. It is kept among the earlier notes of " +
-                       ReferenceText(theScripture.records, draft.verse, BookForm::kName) + ", in the file \"" +
-                       kBackupFolder + "/" + draft.setName + kHistoryEnding +
-                       "\": see Notes, Earlier Notes for this Verse.";
-    if (!CanReadNotes(TheNoteFiles(), set))
-        text += " They can be seen once the file \"" + set.dataFileName + "\" can be opened again.";
-    MessageBoxA(Frame(), text.c_str(), "Note Editor", MB_OK | MB_ICONINFORMATION);
-}
+static constexpr char kKeptText[] = "The text is kept: see Notes, Earlier Notes for this Verse.";
 
 // After a save that failed. An edit that cannot be kept stays in the editor, because it is nowhere else.
 static bool EndFailedEdit() {
@@ -211,7 +203,7 @@ static bool EndFailedEdit() {
     const bool isKept = !draft || KeepEdit(*draft, KeptReason::kNotSaved);
     if (isKept) {
         CloseEditor();
-        if (draft) TellWhereKept(*draft);
+        if (draft) ShowStatus(StatusPart::kSearchSummary, kKeptText);
     } else {
         Complain(Frame(), kKeptNowhere);
         SetFocus(theNoteEdit.window);  // not on the button, where Enter would save again

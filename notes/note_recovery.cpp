@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <optional>
-#include <span>
 
 #include "notes/conflict_copies.h"
 #include "notes/note_backup.h"
@@ -190,48 +189,28 @@ static bool ExamineAgain(const NoteFiles& files, NoteSet& set, OpenedSets& opene
     return isOpened;
 }
 
-static std::string QuotedNames(std::span<NoteSet* const> sets) {
-    std::string names;
-    for (const NoteSet* set : sets) names += (names.empty() ? "" : ", ") + Quoted(set->dataFileName);
-    return names;
-}
-
-static void ReportMissing(const NoteFiles& files, std::span<NoteSet* const> sets, OpenedSets& opened) {
-    static constexpr std::size_t kFewSets = 3;  // a message box has to fit the screen
-    if (sets.size() > kFewSets)
-        Report(opened, "The data files " + QuotedNames(sets) +
-                           " are missing. The notes of these sets cannot be read until the files are back.");
-    else
-        for (const NoteSet* set : sets)
-            Report(opened, "The data file " + Quoted(set->dataFileName) +
-                               " is missing. The notes of this set cannot be read until the file is back." +
-                               LatestWholeBackup(files, *set));
-}
-
-static void ReportUnreadable(std::span<NoteSet* const> sets, OpenedSets& opened) {
-    if (sets.empty()) return;
-    const bool isOne = sets.size() == 1;
-    Report(opened, (isOne ? "The data file " : "The data files ") + QuotedNames(sets) +
-                       " cannot be opened. Another program may be using " + (isOne ? "it" : "them") +
-                       ", or you may have no right to read " + (isOne ? "it" : "them") +
-                       ". The notes can be read as soon as this has changed.");
+// Adds a sentence about data files.
+static void AddToUnread(OpenedSets& opened, const std::vector<std::string>& names, const std::string& ofOne,
+                        const std::string& ofMore) {
+    if (names.empty()) return;
+    if (!opened.unread.empty()) opened.unread += ' ';
+    for (const std::string& name : names) opened.unread += (&name == &names.front() ? "" : ", ") + name;
+    opened.unread += ' ' + (names.size() == 1 ? ofOne : ofMore);
 }
 
 OpenedSets RepairCheckedSets(const NoteFiles& files, NoteSets& notes) {
     OpenedSets opened;
-    std::vector<NoteSet*> missing, unreadable;
+    std::vector<std::string> missing, unreadable;
     for (std::size_t i = 0; i < notes.sets.size(); ++i) {
         NoteSet& set = notes.sets[i];
         if (!set.isUntold) continue;
         if (!ExamineAgain(files, set, opened)) {
             const bool exists = files.stamp(files.device, set.dataFileName).exists;
-            set.readOnly |= !exists;
-            opened.hasDamaged = true;
-            (exists ? unreadable : missing).push_back(&set);
+            (exists ? unreadable : missing).push_back(set.dataFileName);
         }
         NoteDamaged(opened, i);
     }
-    ReportMissing(files, missing, opened);
-    ReportUnreadable(unreadable, opened);
+    AddToUnread(opened, missing, "is missing.", "are missing.");
+    AddToUnread(opened, unreadable, "cannot be opened.", "cannot be opened.");
     return opened;
 }

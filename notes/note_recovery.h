@@ -33,6 +33,7 @@ struct OpenedSets {
     bool hasDamaged = false;         // the report mentions a set that is not whole
     int damagedSet = kNoDamagedSet;  // the first such set
     std::string report;              // what was repaired, for one message box; empty if nothing
+    std::string unread;              // which data files cannot be read, for one line; empty if none
 };
 
 // Repairs what can be repaired and finds the sets (FindNoteSets), including sets without an index file. A data file
@@ -40,6 +41,6 @@ struct OpenedSets {
 // time of the notes that are put among the earlier ones.
 OpenedSets OpenNoteSets(const NoteFiles& files, NoteSets& notes, const NoteTime& now = {});
 
-// Repairs what has been found since by reading sets completely, and reports it like OpenNoteSets. Reports the data
-// files that the start could not open and that still cannot be opened.
+// Repairs what has been found since by reading sets completely, and reports it like OpenNoteSets. The data files that
+// the start could not open and that still cannot be opened are `unread`.
 OpenedSets RepairCheckedSets(const NoteFiles& files, NoteSets& notes);

@@ -97,7 +97,7 @@ TEST(OpenNoteSets, DoesNotChangeAnIndexWithoutDataFile) {
     AddFakeSet(files, "a", kNotes);
     files.contents.erase("a.nmd");
     const Opened opened = Open(files);
-    EXPECT_THAT(opened.result.report, testing::StartsWith("The data file \"a.nmd\" is missing."));
+    EXPECT_EQ(opened.result.report, "");
     EXPECT_EQ(opened.notes.sets.size(), 1u);
     EXPECT_TRUE(files.contents["a.nmi"] == FakeSetOf(kNotes).index);
 }
@@ -109,7 +109,7 @@ TEST(OpenNoteSets, DoesNotChangeASetUsedByAnotherProgram) {
     files.contents["b.nmd"] = FakeSetOf(kNotes).data;
     files.unreadable = {"a.nmd", "b.nmd"};
     const auto before = files.contents;
-    EXPECT_THAT(Open(files).result.report, testing::StartsWith("The data file \"a.nmd\" cannot be opened."));
+    EXPECT_EQ(Open(files).result.report, "");
     EXPECT_TRUE(files.contents == before);
 }
 

@@ -128,22 +128,10 @@ static bool PutAwayLeftOver(Save& save) {
     return !KeepLeftOver(save.files, NoteSetName(save.set), save.now.seconds).isFailed;
 }
 
-static bool HasData(const Save& save) {
-    return save.files.stamp(save.files.device, save.set.dataFileName).exists;
-}
-
-// Retry opens a file that was missing, but not one that was in use. Nothing is created for a file that cannot be
-// opened: a temporary file that is there may hold the only copy of some notes.
-static Step OpenData(Save& save) {
-    if (!PutAwayLeftOver(save)) return Step::kCannotWrite;
-    const bool isMissing = !HasData(save);
+// False if the user cancels.
+static bool OpenData(Save& save) {
     save.data = OpenNoteFile(save.files, save.set.dataFileName);
-    if (save.data) return Step::kDone;
-    if (!Tell(save, SaveNotice::kCannotOpen)) return Step::kStopped;
-    if (!isMissing || !HasData(save)) return Step::kCannotCreate;
-    if (!PutAwayLeftOver(save)) return Step::kCannotWrite;
-    save.data = OpenNoteFile(save.files, save.set.dataFileName);
-    return save.data ? Step::kDone : Step::kCannotCreate;
+    return save.data || Tell(save, SaveNotice::kCannotOpen);
 }
 
 static bool HasChangedOnDisk(const Save& save) {
@@ -337,6 +325,13 @@ static Step WriteTemp(Save& save) {
     return save.temp ? WriteNotes(save) : Step::kCannotCreate;
 }
 
+// After Retry for a data file that could not be opened. A temporary file that is there may hold the only copy of notes.
+static Step FailWithoutData(Save& save) {
+    const bool hasTemp = save.files.stamp(save.files.device, TempName(save.set)).exists;
+    if (!hasTemp) save.temp = CreateNoteFileAnew(save.files, TempName(save.set));
+    return Step::kCannotCreate;
+}
+
 static Step CheckAndWrite(Save& save) {
     const Step step = CheckNote(save);
     return step == Step::kDone ? WriteTemp(save) : step;
@@ -344,9 +339,10 @@ static Step CheckAndWrite(Save& save) {
 
 // Everything before the old data file is touched. A data file that does not match the offsets is read again, once.
 static Step MakeTemp(Save& save) {
-    Step step = OpenData(save);
-    if (step != Step::kDone) return step;
-    step = HasChangedOnDisk(save) ? Step::kMisfit : CheckAndWrite(save);
+    if (!PutAwayLeftOver(save)) return Step::kCannotWrite;
+    if (!OpenData(save)) return Step::kStopped;
+    if (!save.data) return FailWithoutData(save);
+    Step step = HasChangedOnDisk(save) ? Step::kMisfit : CheckAndWrite(save);
     if (step == Step::kMisfit && !save.isReadAgain && ReadAgain(save)) step = CheckAndWrite(save);
     if (step != Step::kMisfit) return step;
     Tell(save, SaveNotice::kNotWhole);  // or its contents are different at every read

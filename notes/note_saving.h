@@ -75,9 +75,9 @@ struct NoteEdit {
 // starts again with the new ones; a temporary file that an earlier save has left is only written over after its notes
 // are among the earlier ones (notes/note_keeping.h), otherwise the save ends with kCannotWrite.
 //
-// If the data file is in use, Retry does not try again: as with every failure up to the last write, the save ends with
-// kCannotWrite. A data file that was missing and is back after Retry is saved into. If the old file cannot be deleted,
-// the offsets in memory are already those of the temporary file, which contains the note.
+// If the data file cannot be opened, Retry does not try again: as with every failure up to the last write, the save
+// ends with kCannotWrite. If the old file cannot be deleted, the offsets in memory are already those of the temporary
+// file, which contains the note.
 NoteSaveResult SaveNote(const NoteFiles& files, const SaveVoice& voice, NoteSets& notes, NoteEdit& edit,
                         const NoteTime& now);
 

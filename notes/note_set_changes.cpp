@@ -104,7 +104,6 @@ std::string RenameNoteSet(const NoteFiles& files, NoteSets& notes, const std::st
     const bool isRenamed = RenameIndex(files, set, name);
     if (isRenamed) {
         if (IsDevotional(notes)) rename(kTableEnding);
-        if (notes.noteTextOf == set.dataFileName) notes.noteTextOf = name + kDataEnding;
         set.dataFileName = name + kDataEnding;
         rename(std::string(kDataEnding) + kTempEnding);  // otherwise it would come back as a set of the old name
     }

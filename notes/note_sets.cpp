@@ -128,18 +128,10 @@ bool ReadStoredNote(const NoteFiles& files, NoteSets& notes, std::string& text) 
     return ReadNoteOf(files, notes, notes.currentVerse, text);
 }
 
-static void DropTextOfOtherSet(NoteSets& notes) {
-    const NoteSet* set = CurrentSet(notes);
-    if (set == nullptr || notes.noteTextOf.empty() || notes.noteTextOf == set->dataFileName) return;
-    notes.noteText = "The notes of the set \"" + NoteSetName(*set) + "\" cannot be read now.";
-    notes.noteTextOf = set->dataFileName;
-}
-
 bool ReadNoteText(const NoteFiles& files, const VerseRecords& records, NoteSets& notes, int verse) {
     verse = ClampVerse(verse);
     notes.hasFailed = !ReadNoteOf(files, notes, verse, notes.noteText);
-    if (notes.hasFailed) return DropTextOfOtherSet(notes), false;
-    notes.noteTextOf = CurrentSet(notes)->dataFileName;
+    if (notes.hasFailed) return false;
     notes.currentVerse = verse;
     if (notes.noteText.empty()) notes.noteText = "No note for " + ReferenceText(records, verse, BookForm::kName) + ".";
     return true;

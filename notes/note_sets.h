@@ -26,9 +26,8 @@ struct NoteSets {
     std::vector<NoteSet> sets;
     int currentSet = 0;  // only changed by SelectSet
     int currentVerse = 0;
-    std::string noteText;    // text of the current note, or the line that says there is none or that it cannot be read
-    std::string noteTextOf;  // data file of the set that the text is of; empty before a note was read
-    bool hasFailed = false;  // the last reading could not open the data file
+    std::string noteText;               // text of the current note, or the line that says there is none
+    bool hasFailed = false;             // the last reading could not open the data file
     std::vector<std::string> notShown;  // names of sets that were found but are not among `sets`
     std::string closedIndex;            // index file that could not be opened, if they are not for that reason
     int devotionalSet = kNoDevotionalSet;
@@ -70,8 +69,7 @@ void SelectStoredNote(NoteSets& notes, int set, int verse);
 
 // Reads the note of `verse` (clamped to 0..31101) in the current set into `noteText`, up to its first NUL, at most
 // 65,535 characters; for an empty note, or one missing in a damaged index, "No note for Genesis 1:1." The current verse
-// becomes `verse`. If the data file cannot be opened, returns false and changes neither, except that a text of another
-// set gives way to a line that says so.
+// becomes `verse`. If the data file cannot be opened, returns false and changes neither.
 bool ReadNoteText(const NoteFiles& files, const VerseRecords& records, NoteSets& notes, int verse);
 
 // Reads the current verse's note in the current set as it is stored, up to its first NUL, at most 65,535 characters;

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "notes/note_set_changes.h"
 #include "tests/support/fake_note_files.h"
 #include "tests/support/native_scripture.h"
 
@@ -218,37 +217,6 @@ TEST(ReadNoteText, ChangesNothingWhenTheDataFileCannotBeOpened) {
     for (const int verse : {0, 5, 6, 31101}) EXPECT_FALSE(ReadNoteText(DeviceOver(files), {}, notes, verse));
     EXPECT_EQ(notes.noteText, "five");
     EXPECT_EQ(notes.currentVerse, 5);
-}
-
-// The text that is shown must never seem to be a note of another set.
-TEST(ReadNoteText, DropsTheTextOfAnotherSet) {
-    FakeNoteFiles files;
-    AddFakeSet(files, "a", {{5, "five"}});
-    AddFakeSet(files, "b", {{5, "of b"}});
-    NoteSets notes = Found(files);
-    EXPECT_EQ(NoteText(files, notes, 5), "five");
-    files.unreadable = {"b.nmd"};
-    SelectSet(notes, 1);
-    for (int tries = 0; tries < 2; ++tries) {
-        EXPECT_FALSE(ReadNoteText(DeviceOver(files), {}, notes, 7));
-        EXPECT_EQ(notes.noteText, "The notes of the set \"b\" cannot be read now.");
-        EXPECT_EQ(notes.currentVerse, 5);
-        EXPECT_TRUE(notes.hasFailed);
-    }
-    files.unreadable.clear();
-    EXPECT_EQ(NoteText(files, notes, 5), "of b");
-    EXPECT_FALSE(notes.hasFailed);
-}
-
-TEST(ReadNoteText, KeepsTheTextOfARenamedSet) {
-    FakeNoteFiles files;
-    AddFakeSet(files, "a", {{5, "five"}});
-    NoteSets notes = Found(files);
-    EXPECT_EQ(NoteText(files, notes, 5), "five");
-    EXPECT_EQ(RenameNoteSet(DeviceOver(files), notes, "b"), "");
-    files.unreadable = {"b.nmd"};
-    EXPECT_FALSE(ReadNoteText(DeviceOver(files), {}, notes, 5));
-    EXPECT_EQ(notes.noteText, "five");
 }
 
 TEST(ReadNoteText, EndsAtTheFirstNul) {

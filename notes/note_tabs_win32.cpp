@@ -5,6 +5,7 @@
 
 #include "notes/note_files_win32.h"
 #include "notes/note_recovery.h"
+#include "pane/status_bar_win32.h"
 #include "win32/controls.h"
 #include "win32/files.h"
 
@@ -111,7 +112,9 @@ std::string LoadNoteSets(bool (*hasWholeCopy)(const NoteSet& set)) {
 }
 
 std::string TellRepairedSets(bool (*hasWholeCopy)(const NoteSet& set)) {
-    return Tell(RepairCheckedSets(TheNoteFiles(), theNoteSets), hasWholeCopy, false);
+    const OpenedSets opened = RepairCheckedSets(TheNoteFiles(), theNoteSets);
+    if (!opened.unread.empty()) ShowStatus(StatusPart::kSearchSummary, opened.unread);
+    return Tell(opened, hasWholeCopy, false);
 }
 
 void AddLastNoteTab() {

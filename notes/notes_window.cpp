@@ -55,12 +55,9 @@ void TellChangedNotes() {
 
 void ReadNote(int verse) {
     if (IsEditingNote() || theNoteSets.sets.empty()) return;
-    const std::string shownOf = theNoteSets.noteTextOf;
     const bool isRead = ReadNoteText(TheNoteFiles(), theScripture.records, theNoteSets, verse);
-    const bool isOfOtherSet = theNoteSets.noteTextOf != shownOf;
     TellChangedNotes();
     if (!isRead) {
-        if (isOfOtherSet) ShowNoteText();
         Complain(FrameOf(theNotes.window), kCannotReadNote);
         return;
     }

@@ -180,17 +180,9 @@ static const std::string kCannotOpen =
 static const std::string kCannotCreate = "Failure saving note (file creation error)";
 static const std::string kCannotWrite = "Failure writing. Disk may be full!";
 
-// The editor is closed; the box tells where its text is.
-static void ConfirmKept(const Program& program, const std::string& more = "") {
-    const HWND box = WaitForDialog(program, "Note Editor");
-    EXPECT_EQ(MessageText(box),
-              "What you have typed is not lost. It is kept among the earlier notes of Psalms 71:24, in the file "
-              "\"backup/Mine.nmh\": see Notes, Earlier Notes for this Verse." +
-                  more);
-    EXPECT_EQ(IconOf(box), "information");
-    EXPECT_FALSE(IsEditing(program));
-    Press(program, "Enter");
-    WaitForNoDialog(program);
+static void ExpectKeptTextTold(const Program& program) {
+    WaitUntil(program, "the editor to close", [&] { return !IsEditing(program); });
+    EXPECT_EQ(StatusPart(program, 0), "The text is kept: see Notes, Earlier Notes for this Verse.");
 }
 
 static void ExpectUnsaved(const Program& program, const char* why) {
@@ -230,9 +222,7 @@ TEST(UnsavedNote, IsLostAfterRetry) {
         Answer(program, kCannotOpen, "stop", kRetryCancel, "Enter");
         Answer(program, kCannotCreate, "stop", kOk, "Enter");
         Answer(program, kCannotWrite, "stop", kOk, "Enter");
-        SavePicture(PictureOfWindow(WaitForDialog(program, "Note Editor")), "where-the-text-is");
-        ConfirmKept(program, " They can be seen once the file \"Mine.nmd\" can be opened again.");
-        EXPECT_FALSE(HasFile(program.folder, "Mine.nmd.temp"));
+        ExpectKeptTextTold(program);
     }
     ExpectUnsaved(program, "Retry");
     EXPECT_EQ(KeptNotes(program.folder, "Mine"), (std::vector<KeptNote>{{kMiddle, kNotSaved, "Lost: four"}}));
@@ -245,7 +235,7 @@ TEST(UnsavedNote, IsReportedWhenTheTemporaryFileCannotBeCreated) {
     ClickEditorButton(program, IDC_NOTE_SAVE);
     Answer(program, kCannotCreate, "stop", kOk, "Enter");
     Answer(program, kCannotWrite, "stop", kOk, "Enter");
-    ConfirmKept(program);
+    ExpectKeptTextTold(program);
     ExpectUnsaved(program, "a folder has its name");
 }
 
@@ -256,7 +246,7 @@ TEST(UnsavedNote, IsReportedWhenTheDiskIsFull) {
     Type(program, "Lost: ");
     ClickEditorButton(program, IDC_NOTE_SAVE);
     Answer(program, kCannotWrite, "stop", kOk, "Enter");
-    ConfirmKept(program);
+    ExpectKeptTextTold(program);
     ExpectUnsaved(program, "the disk is full");
     RunOnHost(program.folder, "rm Mine.nmd.temp");  // a Windows program cannot remove it
 }
@@ -300,7 +290,7 @@ TEST(UnsavedNote, IsReportedWhenTheOldFileCannotBeDeleted) {
     // "Faliure" (sic)
     Answer(program, "Faliure Saving Note (delete old failure):\nYou should exit Versewell and restart.", "none", kOk,
            "Enter");
-    ConfirmKept(program);
+    ExpectKeptTextTold(program);
     ExpectNotes(program.folder, kNotes, "the old file stays");
     const ScratchFolder expected = EmptyFolder();
     Notes notes = kNotes;

@@ -291,9 +291,6 @@ TEST(Note, ReadErrorAtTheStartDoesNotStopTheProgram) {
     Program program = LaunchProgram(folder);
     Answer(WaitForDialog(program, "Error"));
     WaitForFrame(program);
-    const HWND box = WaitForDialog(program, "Note Sets");
-    EXPECT_THAT(MessageText(box), StartsWith("The data file \"Mine.nmd\" is missing."));
-    Answer(box);
     WaitForNoDialog(program);
     EXPECT_EQ(StatusPart(program, 2), "");
     EXPECT_EQ(NoteShown(program), "");
