@@ -38,6 +38,7 @@ void ReadFirstNote() {
         RefreshSet(TheNoteFiles(), *set);
         TellRepairs();
     }
+    theNotes.hasRead = true;  // it is tried only once
     ReadNote(theNoteSets.currentVerse);
 }
 
@@ -45,7 +46,7 @@ void ReadFirstNote() {
 static void ReadOwedNote() {
     const NoteSet* set = CurrentSet(theNoteSets);
     if (theNotes.hasRead || set == nullptr || set->isUnchecked) return;
-    theNotes.hasRead = true;  // it is tried only once
+    theNotes.hasRead = true;
     ReadNote(theNoteSets.currentVerse);
 }
 

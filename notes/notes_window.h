@@ -17,7 +17,7 @@ struct NotesPane {
     int BindNotes = 1;                     // non-zero: the Notes window follows the Passage
     std::vector<std::int32_t> references;  // verses of the last cross-reference line that was followed
     unsigned timesChanged = 0;             // of all sets, when the frame was last told
-    bool hasRead = false;                  // a note has been read since the start
+    bool hasRead = false;                  // a note has been read since the start, or tried to
 };
 extern NotesPane theNotes;
 

@@ -420,8 +420,9 @@ TEST(WorkingFolder, IsTheProgramsFolderWhenTheCurrentOneHasNoFilesOfIts) {
     EXPECT_EQ(StatusPart(program, 3), "Genesis 1:1");
     EXPECT_EQ(CloseProgram(program), 0);
     EXPECT_THAT(FilesIn(elsewhere), ElementsAre("letter.txt"));
-    for (const char* file : {"Versewell.INI", "My Notes.nmi", "My Notes.nmd"}) EXPECT_TRUE(HasFile(home, file)) << file;
-    EXPECT_EQ(FilesIn(home).size(), 9u);
+    for (const char* file : {"Versewell.INI", "Versewell.more.ini", "My Notes.nmi", "My Notes.nmd"})
+        EXPECT_TRUE(HasFile(home, file)) << file;
+    EXPECT_EQ(FilesIn(home).size(), 10u);
 }
 
 TEST(WorkingFolder, IsTheCurrentFolderIfItHasNoteSets) {
@@ -433,7 +434,7 @@ TEST(WorkingFolder, IsTheCurrentFolderIfItHasNoteSets) {
     EXPECT_THAT(NoteSetNames(program), ElementsAre("Mine"));
     EXPECT_EQ(StatusPart(program, 3), "Genesis 1:1");
     EXPECT_EQ(CloseProgram(program), 0);
-    EXPECT_THAT(FilesIn(notes), ElementsAre("Mine.nmd", "Mine.nmi", "Versewell.INI"));
+    EXPECT_THAT(FilesIn(notes), ElementsAre("Mine.nmd", "Mine.nmi", "Versewell.INI", "Versewell.more.ini"));
     EXPECT_FALSE(HasFile(home, "Versewell.INI"));
 }
 
