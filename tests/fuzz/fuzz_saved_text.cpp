@@ -4,9 +4,11 @@
 #include <algorithm>
 #include <string>
 
+#include "notes/note_letters.h"
 #include "output/copy_text.h"
 #include "output/rendering.h"
 #include "output/save_text.h"
+#include "scripture/latin_letters.h"
 #include "tests/fuzz/fuzz.h"
 #include "tests/support/hand_made_scripture.h"
 #include "tests/support/notes_by_verse.h"
@@ -193,26 +195,43 @@ static void CheckList(const OutputCase& output) {
 
 // ---- Saving with notes ----------------------------------------------------------------------------------------------
 
+static bool HasUtf8Note(const OutputCase& output) {
+    return std::any_of(output.notes.begin(), output.notes.end(), [&output](const auto& note) {
+        return note.first >= output.first && note.first <= output.last && IsInUtf8(note.second);
+    });
+}
+
+static std::string InUtf8(const std::string& text) {
+    std::string utf8;
+    for (const char letter : text) AppendUtf8(LatinLetter(letter), utf8);
+    return utf8;
+}
+
+// One note in UTF-8 makes all of the file UTF-8.
 static void CheckNotes(OutputCase& output) {
-    GrowingText all;
     FormatOptions format = output.format;
     RangeRenderer renderer{output.scripture, format};
+    const NoteSource source = SourceOf(output.notes);
+    const bool isInUtf8 = HasUtf8Note(output);
+    std::string all(isInUtf8 ? kUtf8Mark : "");
     bool readable = true;
     for (int verse = output.first; verse <= output.last && readable; ++verse) {
-        AppendVerse(renderer, verse, all);
+        GrowingText piece;
+        AppendVerse(renderer, verse, piece);
+        const std::string words = TakeText(piece);
+        all += isInUtf8 ? InUtf8(words) : words;
         const auto note = output.notes.find(verse);
         if (note == output.notes.end()) continue;
         readable = note->second != kUnreadableNote;
-        Append(all, "\r\n\r\n" + note->second + "\r\n\r\n");
+        all += "\r\n\r\n" + (isInUtf8 ? Utf8OfNote(source.codePage, note->second) : note->second) + "\r\n\r\n";
     }
     WrittenText written{"", 0, output.failingWrite};
-    const NoteSource source = SourceOf(output.notes);
     const TextSaveResult saved =
         SaveRangeText(output.scripture, output.format, output.first, output.last, &source, {&written, WriteText});
     const bool wrote = written.writes < output.failingWrite || output.failingWrite == 0;
     Expect((saved == TextSaveResult::kCannotWrite) == !wrote, "a write that fails is told");
     Expect(!wrote || (saved == TextSaveResult::kCannotReadNotes) == !readable, "a note that cannot be read is told");
-    Expect(saved != TextSaveResult::kSaved || written.text == TakeText(all) + '\0', "notes stand behind their verses");
+    Expect(saved != TextSaveResult::kSaved || written.text == all + '\0', "notes stand behind their verses");
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
