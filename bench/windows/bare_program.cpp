@@ -285,7 +285,8 @@ static void ShowNextNote() {
         note.assign(std::istreambuf_iterator<char>(file), {});
     }
     verse = 1 - verse;
-    SetPlainText(bare.noteView, verse == 0 ? "brief" : BeginningOfNote(note, RoomOfNote()));
+    const std::string_view shown = verse == 0 ? "brief" : BeginningOfNote(note, RoomOfNote());
+    SetPlainText(bare.noteView, std::u16string(shown.begin(), shown.end()));  // of ASCII letters
     ShowStatus(kNotePart, NameOf(verse));
 }
 
