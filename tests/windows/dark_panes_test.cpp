@@ -10,7 +10,6 @@
 #include "resources/ids.h"
 #include "tests/driver/driver.h"
 #include "tests/driver/remote_memory.h"
-#include "tests/windows/note_set_files.h"
 #include "tests/windows/note_steps.h"
 #include "tests/windows/painted_lines.h"
 #include "tests/windows/passage_pane.h"
@@ -18,19 +17,6 @@
 #include "tests/windows/system_look.h"
 #include "tests/windows/system_scaling.h"
 #include "typeset/pane_colors.h"
-
-static ScratchFolder FolderWithNote() {
-    const ScratchFolder folder = FolderWithScripture();
-    WriteNoteSet(folder, "Mine", {{0, "A note of the beginning.\r\nIts second line.\r\n"}});
-    return folder;
-}
-
-static Program StartWithList(const ScratchFolder& folder) {
-    Program program = StartProgram(folder);
-    SearchFor(program, {"grace"});
-    ReleaseMouse(program);
-    return program;
-}
 
 static PaneColors DarkColors(const ColorWishes& wishes = {kDarkOn}) {
     return PaneColorsFor({GetSysColor(COLOR_WINDOW), GetSysColor(COLOR_WINDOWTEXT), GetSysColor(COLOR_HIGHLIGHT)},
@@ -79,7 +65,7 @@ static std::string SettingsOf(const ScratchFolder& folder) {
 }
 
 TEST(DarkPanes, AreShownAtOnceAndKept) {
-    const ScratchFolder folder = FolderWithNote();
+    const ScratchFolder folder = FolderWithTwoLines();
     {
         Program program = StartWithList(folder);
         EXPECT_EQ(Ticked(program), "&Off");
@@ -121,7 +107,7 @@ TEST(DarkPanes, StandAtTheEndOfTheirMenu) {
 }
 
 TEST(DarkPanes, IncludeTheReferenceListAndTheEditor) {
-    Program program = StartWithList(FolderWithNote());
+    Program program = StartWithList(FolderWithTwoLines());
     Command(program, IDM_DARK_ON);
     ClickTab(program, Child(program.frame, {IDC_LIST_TABS}), 1);
     Click(program, PassageOf(program));  // without a marked line
@@ -136,7 +122,7 @@ TEST(DarkPanes, IncludeTheReferenceListAndTheEditor) {
 
 TEST(DarkPanes, StayDarkWithAnotherFontAndOnAnotherScreen) {
     const SystemScaling scaling(192);
-    const ScratchFolder folder = FolderWithNote();
+    const ScratchFolder folder = FolderWithTwoLines();
     WriteFile(folder, "Versewell.more.ini", "[OPTIONS]\r\nDarkPanes=1\r\n");
     Program program = StartWithList(folder);
     ExpectAllDark(program);
@@ -151,7 +137,7 @@ TEST(DarkPanes, StayDarkWithAnotherFontAndOnAnotherScreen) {
 }
 
 TEST(DarkPanes, InvertASelection) {
-    Program program = StartWithList(FolderWithNote());
+    Program program = StartWithList(FolderWithTwoLines());
     Command(program, IDM_DARK_ON);
     const HWND passage = PassageOf(program);
     Click(program, passage);
@@ -162,7 +148,7 @@ TEST(DarkPanes, InvertASelection) {
 }
 
 TEST(DarkPanes, KeepAChosenColorReadable) {
-    const ScratchFolder folder = FolderWithNote();
+    const ScratchFolder folder = FolderWithTwoLines();
     static constexpr COLORREF kNavy = 0x500000;
     WriteSetting(folder, "OPTIONS", "KeyHighlightColor", std::to_string(kNavy));
     Program program = StartWithList(folder);
@@ -176,7 +162,7 @@ TEST(DarkPanes, KeepAChosenColorReadable) {
 }
 
 TEST(DarkPanes, FollowTheSystemIfWished) {
-    Program program = StartWithList(FolderWithNote());
+    Program program = StartWithList(FolderWithTwoLines());
     Command(program, IDM_DARK_AS_SYSTEM);
     EXPECT_EQ(Ticked(program), "&As the System");
     ExpectAllLight(program);
@@ -192,13 +178,13 @@ TEST(DarkPanes, FollowTheSystemIfWished) {
 
 TEST(DarkPanes, DoNotFollowTheSystemIfOff) {
     const PreferenceForApps dark(true);
-    Program program = StartWithList(FolderWithNote());
+    Program program = StartWithList(FolderWithTwoLines());
     TellSettingChange(program, 0, "ImmersiveColorSet");
     ExpectAllLight(program);
 }
 
 TEST(DarkPanes, GiveWayToHighContrast) {
-    Program program = StartWithList(FolderWithNote());
+    Program program = StartWithList(FolderWithTwoLines());
     EXPECT_EQ(DarkTitle(program), -1);
     Command(program, IDM_DARK_ON);
     SetHighContrast(program, true);
@@ -212,7 +198,7 @@ TEST(DarkPanes, GiveWayToHighContrast) {
 // ---- What is never dark ---------------------------------------------------------------------------------------------
 
 TEST(DarkPanes, LeaveCopiesWithoutColors) {
-    Program program = StartWithList(FolderWithNote());
+    Program program = StartWithList(FolderWithTwoLines());
     Command(program, IDM_DARK_ON);
     SetClipboardText("before");
     Click(program, NoteViewOf(program), {20, 8});

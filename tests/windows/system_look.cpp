@@ -3,6 +3,21 @@
 #include "tests/driver/look_probe.h"
 #include "tests/driver/probe.h"
 #include "tests/driver/remote_memory.h"
+#include "tests/windows/note_set_files.h"
+#include "tests/windows/search_steps.h"
+
+ScratchFolder FolderWithTwoLines() {
+    const ScratchFolder folder = FolderWithScripture();
+    WriteNoteSet(folder, "Mine", {{0, "A note of the beginning.\r\nIts second line.\r\n"}});
+    return folder;
+}
+
+Program StartWithList(const ScratchFolder& folder) {
+    Program program = StartProgram(folder);
+    SearchFor(program, {"grace"});
+    ReleaseMouse(program);
+    return program;
+}
 
 static constexpr COLORREF kBlack = RGB(0, 0, 0), kWhite = RGB(255, 255, 255), kGrey = RGB(128, 128, 128);
 

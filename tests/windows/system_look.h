@@ -13,6 +13,12 @@ using ColorScheme = std::vector<std::pair<int, COLORREF>>;  // COLOR_WINDOW, ...
 extern const ColorScheme kContrastBlack;
 extern const ColorScheme kContrastWhite;
 
+// The scripture and a set "Mine" with a note of two lines on the first verse.
+ScratchFolder FolderWithTwoLines();
+
+// The program with a list of the verses of a search, and with the mouse free.
+Program StartWithList(const ScratchFolder& folder);
+
 // While it exists, the system has these colours; the program is told of them as by the system.
 struct SystemColors {
     SystemColors(const Program& program, const ColorScheme& scheme);

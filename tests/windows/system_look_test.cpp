@@ -15,7 +15,6 @@
 #include "tests/windows/note_steps.h"
 #include "tests/windows/painted_lines.h"
 #include "tests/windows/passage_pane.h"
-#include "tests/windows/search_steps.h"
 #include "tests/windows/system_look.h"
 #include "typeset/pane_colors.h"
 
@@ -25,19 +24,6 @@ using enum Style;
 static const ColorScheme kOddColors = {{COLOR_WINDOW, RGB(250, 240, 200)},      {COLOR_WINDOWTEXT, RGB(60, 0, 20)},
                                        {COLOR_HIGHLIGHT, RGB(0, 110, 70)},      {COLOR_BTNFACE, RGB(190, 205, 225)},
                                        {COLOR_HIGHLIGHTTEXT, RGB(255, 250, 1)}, {COLOR_BTNTEXT, RGB(3, 50, 90)}};
-
-static ScratchFolder FolderWithNote() {
-    const ScratchFolder folder = FolderWithScripture();
-    WriteNoteSet(folder, "Mine", {{0, "A note of the beginning.\r\nIts second line.\r\n"}});
-    return folder;
-}
-
-static Program StartWithList(const ScratchFolder& folder) {
-    Program program = StartProgram(folder);
-    SearchFor(program, {"grace"});
-    ReleaseMouse(program);
-    return program;
-}
 
 // ---- Colours --------------------------------------------------------------------------------------------------------
 
@@ -82,7 +68,7 @@ static void ExpectColorsOfSystemInOtherViews(const Program& program) {
 }
 
 TEST(SystemColorChange, ShowsEverywhereAtOnce) {
-    const ScratchFolder folder = FolderWithNote();
+    const ScratchFolder folder = FolderWithTwoLines();
     WriteNoteSet(folder, "Mine", {{0, "A note of the beginning.\r\n"}, {145, "x"}});
     Program program = StartWithList(folder);
     ExpectColorsOfSystem(program);
@@ -95,7 +81,7 @@ TEST(SystemColorChange, ShowsEverywhereAtOnce) {
 }
 
 TEST(SystemColorChange, ReachesAnOpenDialog) {
-    const ScratchFolder folder = FolderWithNote();
+    const ScratchFolder folder = FolderWithTwoLines();
     Program program = StartWithList(folder);
     Press(program, "Alt+w");
     const HWND dialog = WaitForDialog(program, "Word Search");
@@ -254,7 +240,7 @@ TEST(HighContrast, HasAReadableToolbarFromTheStart) {
 // ---- Fonts ----------------------------------------------------------------------------------------------------------
 
 TEST(SystemFontChange, ShowsInTabsListAndEditor) {
-    Program program = StartWithList(FolderWithNote());
+    Program program = StartWithList(FolderWithTwoLines());
     OpenNoteEditor(program);
     const std::vector<HWND> windows{Child(program.frame, {IDC_PASSAGE_TABS}), ReferenceListOf(program),
                                     Child(NoteEditorOf(program), {IDC_NOTE_SAVE})};
