@@ -1,16 +1,26 @@
-// Converts text of a module, which is UTF-8, to the program's code page, Windows-1252.
+// The letters of a module's text, which is UTF-8, as notes have them.
 #pragma once
 
 #include <cstdint>
 #include <string>
 #include <string_view>
 
-// Numbers of characters that are missing in the code page.
-struct LostCharacters {
-    int transliterated = 0;  // Greek and Hebrew letters, replaced by Latin ones
-    int replaced = 0;        // replaced by similar characters: letters without accents, ordinary blanks
-    int dropped = 0;         // replaced by "?", or removed if they are points or marks over letters
+#include "notes/note_letters.h"
+
+// The code page in which the program's first sets are made, Windows-1252. The bytes that it leaves unassigned are the
+// control codes of the same number.
+extern const CodePage kWindows1252;
+
+// Characters of a module that a note does not have.
+struct ReplacedCharacters {
+    int blanks = 0;   // of some width or without a break: ordinary blanks, because a search for words knows only that
+    int damaged = 0;  // control codes that stand for a letter of the DOS code page: that letter
 };
 
-// Bytes that are not valid UTF-8 are taken as Windows-1252. Zero bytes are removed.
-std::string InCodePage(std::string_view utf8, LostCharacters& lost);
+// Valid UTF-8. Bytes that are none are taken as Windows-1252. Zero bytes, byte order marks and other characters without
+// a width or a meaning are left out.
+std::string TextForNotes(std::string_view utf8, ReplacedCharacters& replaced);
+
+// The note as it is stored: in Windows-1252 if that has all its letters; marks of direction and joiners, which it does
+// not have, are then left out. Otherwise in UTF-8 behind its mark. `utf8` must be valid.
+std::string NoteOfText(std::string_view utf8);

@@ -64,7 +64,7 @@ static std::string Count(std::size_t count, const char* what) {
     return std::to_string(count) + " " + what;
 }
 
-// "; letters transliterated: 12", or nothing if the count is 0.
+// "; notes cut: 12", or nothing if the count is 0.
 static std::string Changes(int count, const char* what) {
     return count == 0 ? "" : std::string("; ") + what + ": " + std::to_string(count);
 }
@@ -86,8 +86,8 @@ static std::string Summary(const ImportArguments& arguments, const NotesModule& 
            arguments.setName + "\", " + Count(all, "bytes") + ", the longest note " + std::to_string(longest) +
            Changes(notes.sectionLines, "verses led to the note of their section") +
            Changes(notes.movedTexts, "texts moved to their verses") + Changes(notes.cutNotes, "notes cut") +
-           Changes(notes.lost.transliterated, "letters transliterated") +
-           Changes(notes.lost.replaced, "characters replaced") + Changes(notes.lost.dropped, "characters dropped") +
+           Changes(notes.notesInUtf8, "notes in UTF-8") + Changes(notes.replaced.blanks, "unusual blanks replaced") +
+           Changes(notes.replaced.damaged, "damaged letters replaced") +
            Changes(notes.readingsOnPsalms, "readings without a verse laid on the Psalms") +
            Changes(notes.daysWithoutText, "days without a text given the day before") +
            Changes(module.otherEntries, "entries on no day left out");

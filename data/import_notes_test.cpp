@@ -10,6 +10,7 @@
 
 #include "data/scratch_folder.h"
 #include "notes/cross_references.h"
+#include "notes/note_letters.h"
 #include "notes/note_saving.h"
 #include "scripture/reference_parser.h"
 #include "tests/support/native_scripture.h"
@@ -92,13 +93,15 @@ static std::size_t Longest(const ReadNotes& notes) {
     return longest;
 }
 
-// Complete lines, no control codes, no wide or invalid characters.
+// Complete lines, no control codes, no invalid characters.
 static bool IsCleanText(const std::string& note) {
+    const bool isInUtf8 = IsInUtf8(note);
     for (std::size_t i = 0; i < note.size(); ++i) {
         const auto byte = static_cast<unsigned char>(note[i]);
         const bool isLineEnd =
             (byte == '\r' && note.substr(i, 2) == "\r\n") || (byte == '\n' && i > 0 && note[i - 1] == '\r');
-        const bool isMissing = byte == 0x81 || byte == 0x8D || byte == 0x8F || byte == 0x90 || byte == 0x9D;
+        const bool isMissing =
+            !isInUtf8 && (byte == 0x81 || byte == 0x8D || byte == 0x8F || byte == 0x90 || byte == 0x9D);
         if (isMissing || byte == 0x7F || (byte < ' ' && !isLineEnd)) return false;
     }
     return true;
@@ -178,7 +181,7 @@ TEST_F(ImportNotes, ReadsACommentaryWithUnparsedReferencesAndGreek) {
     const ImportRun run = RunTool("Scofield " + sets.string() + " 'Study notes'");
     EXPECT_EQ(run.exitCode, 0) << run.errors;
     EXPECT_THAT(run.output, AllOf(HasSubstr("read 3207 texts; introductions: 7; wrote 3214 notes"),
-                                  HasSubstr("letters transliterated: 610"), HasSubstr(" to the set \"Study notes\"")));
+                                  HasSubstr("; notes in UTF-8: 80;"), HasSubstr(" to the set \"Study notes\"")));
     const ReadNotes all = NotesOfSet(sets, "Study notes");
     EXPECT_EQ(all.at(VerseOf("Le 26:46")), "# Le 26:1") << "its only note is headed with the chapter";
     const ReadNotes notes = WithTexts(all);
@@ -192,6 +195,10 @@ TEST_F(ImportNotes, ReadsACommentaryWithUnparsedReferencesAndGreek) {
               HasSubstr("form \x93God.\x94")));
     EXPECT_THAT(notes.at(1), HasSubstr("\r\n# Jer 4:23-27; Isa 24:1; 45:18\r\n"));
     EXPECT_GT(Longest(notes), 7800u);
+    const auto inUtf8 =
+        std::count_if(notes.begin(), notes.end(), [](const auto& note) { return IsInUtf8(note.second); });
+    EXPECT_EQ(inUtf8, 80);
+    EXPECT_THAT(notes.at(22339), HasSubstr(" \u1F14\u03C3\u03C7\u03B1\u03C4\u03BF\u03C2 "));
 }
 
 TEST_F(ImportNotes, SplitsACommentaryOnWholePsalmsByVerse) {

@@ -54,12 +54,13 @@ static std::string WithWindowsLines(std::string_view text) {
     return lines;
 }
 
+// In UTF-8.
 static std::string TextOf(Workshop& shop, const std::vector<Paragraph>& paragraphs, int verse) {
     std::string text;
     bool wasRow = false;
     for (const Paragraph& paragraph : paragraphs) {
         if (!text.empty() && !(wasRow && paragraph.isRow)) text += kNewLine;
-        AddLine(text, WithWindowsLines(InCodePage(paragraph.text, shop.result.lost)));
+        AddLine(text, WithWindowsLines(TextForNotes(paragraph.text, shop.result.replaced)));
         const std::string references = CrossReferenceLine(shop.records, RangesIn(shop, paragraph, verse));
         if (!references.empty()) AddLine(text, references);
         shop.result.referenceLines += references.empty() ? 0 : 1;
@@ -68,9 +69,11 @@ static std::string TextOf(Workshop& shop, const std::vector<Paragraph>& paragrap
     return text;
 }
 
-static void AddNote(Workshop& shop, int verse, std::string text) {
-    if (CutToNote(text)) ++shop.result.cutNotes;
-    if (!text.empty()) shop.result.notes[verse] = std::move(text);
+static void AddNote(Workshop& shop, int verse, std::string_view text) {
+    std::string note = NoteOfText(text);
+    if (IsInUtf8(note)) ++shop.result.notesInUtf8;
+    if (CutToNote(note)) ++shop.result.cutNotes;
+    if (!note.empty()) shop.result.notes[verse] = std::move(note);
 }
 
 // ---- Commentaries ---------------------------------------------------------------------------------------------------
@@ -204,7 +207,7 @@ struct DayText {
 
 // The readings of a year while they are collected.
 struct Year {
-    std::map<int, std::string> texts;  // by verse
+    std::map<int, std::string> texts;  // by verse, in UTF-8
     int nextPsalmVerse = 0;
 };
 
@@ -295,6 +298,6 @@ ImportedNotes NotesOfDays(const std::vector<DayEntry>& entries, const VerseRecor
         AddDay(shop, year, entry);
     }
     FillMissingDays(isThere, shop.result);
-    for (auto& [verse, text] : year.texts) AddNote(shop, verse, std::move(text));
+    for (const auto& [verse, text] : year.texts) AddNote(shop, verse, text);
     return std::move(shop.result);
 }

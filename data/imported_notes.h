@@ -29,10 +29,11 @@ struct ImportedNotes {
     int referenceLines = 0;
     int sectionLines = 0;  // notes that only name the verse whose note is on them, too
     int cutNotes = 0;
+    int notesInUtf8 = 0;       // with letters that Windows-1252 lacks
     int movedTexts = 0;        // parts of texts on whole chapters that were moved to their verses
     int readingsOnPsalms = 0;  // readings that do not name a verse
     int daysWithoutText = 0;   // of the 366
-    LostCharacters lost;
+    ReplacedCharacters replaced;
 };
 
 // Makes a note on the first verse of each entry, with introductions at its beginning. If an entry is the only one of

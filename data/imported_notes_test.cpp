@@ -50,18 +50,39 @@ TEST(Commentary, BecomesNotesWithCrossReferenceLines) {
         {On("Joh 3:16", "Joh 3:16",
             "<title>Love</title><p>See <reference osisRef=\"Ro 5:8\">Romans</reference>, <reference "
             "osisRef=\"4\">verse 4</reference>.</p>"
-            "<p>caf\u00E9 \u03BB</p><table><row>a</row><row>b</row></table><l>one</l><l>two</l><reference "
+            "<p>caf\u00E9 \u2014</p><table><row>a</row><row>b</row></table><l>one</l><l>two</l><reference "
             "osisRef=\"none\"/>"),
          On("Joh 3:17", "Joh 3:17", "<p> </p>"),
          On("Joh 4:1", "Joh 4:1", "Last <reference osisRef=\"Work:Heb 1:4\">there</reference>")},
         Records(), kReader);
     EXPECT_THAT(imported.notes,
                 ElementsAre(Pair(VerseOf("Joh 3:16"), Lines({"Love", "", "See Romans, verse 4.", "# Ro 5:8; Joh 3:4",
-                                                             "", "caf\xE9 l", "", "a", "b", "", "one", "two"})),
+                                                             "", "caf\xE9 \x97", "", "a", "b", "", "one", "two"})),
                             Pair(VerseOf("Joh 4:1"), Lines({"Last there", "# Heb 1:4"}))));
     EXPECT_EQ(imported.referenceLines, 2);
-    EXPECT_EQ(imported.lost.transliterated, 1);
+    EXPECT_EQ(imported.notesInUtf8, 0);
     EXPECT_EQ(imported.cutNotes, 0);
+}
+
+// The headings and lines of references, too, are in the one encoding of the note.
+TEST(Commentary, KeepsLettersThatTheCodePageLacks) {
+    const ImportedNotes imported = NotesOfCommentary(
+        {On("Joh 1:1", "Joh 1:2",
+            "<p>caf\u00E9: \u1F10\u03BD \u1F00\u03C1\u03C7\u1FC7, <reference osisRef=\"Ge 1:1\"/></p>"),
+         On("Joh 1:3", "Joh 1:3", "<p>caf\u00E9</p>"),
+         On("Joh 1:4", "Joh 1:4", "<p>\u05D1\u05BC\u05E8\u05D0</p><p>caf\xE9\u00A0\u2014</p>")},
+        Records(), kReader);
+    const int verse = VerseOf("Joh 1:1");
+    EXPECT_THAT(
+        imported.notes,
+        ElementsAre(
+            Pair(verse,
+                 std::string(kUtf8Mark) +
+                     Lines({"Joh 1:1 - Joh 1:2", "", "caf\u00E9: \u1F10\u03BD \u1F00\u03C1\u03C7\u1FC7,", "# Ge 1:1"})),
+            Pair(verse + 1, "# Joh 1:1"), Pair(verse + 2, "caf\xE9"),
+            Pair(verse + 3, std::string(kUtf8Mark) + Lines({"\u05D1\u05BC\u05E8\u05D0", "", "caf\u00E9 \u2014"}))));
+    EXPECT_EQ(imported.notesInUtf8, 2);
+    EXPECT_EQ(imported.replaced.blanks, 1);
 }
 
 TEST(Commentary, PutsIntroductionsFirst) {
@@ -155,6 +176,16 @@ TEST(Commentary, LongTextIsCutAtAParagraph) {
     EXPECT_THAT(imported.notes.at(0), EndsWith("aaa\r\n\r\n" + std::string(kRestIsMissing)));
 }
 
+TEST(Commentary, LongTextInUtf8IsCutAtAParagraph) {
+    std::string paragraph = "<p>";
+    for (int i = 0; i < 15000; ++i) paragraph += "\u03B1";
+    const std::string text = paragraph + "</p>" + paragraph + "</p>" + paragraph + "</p>";
+    const ImportedNotes imported = NotesOfCommentary({On("Ge 1:1", "Ge 1:1", text.c_str())}, Records(), kReader);
+    EXPECT_EQ(imported.cutNotes, 1);
+    EXPECT_TRUE(IsInUtf8(imported.notes.at(0)));
+    EXPECT_EQ(imported.notes.at(0).size(), 3 + 60000 + 8 + std::string(kRestIsMissing).size());
+}
+
 static int SlotOf(const ImportedNotes& imported, int month, int day, bool isEvening) {
     return imported.readings[ReadingSlot(month, day, isEvening)];
 }
@@ -181,6 +212,17 @@ TEST(Days, BecomeReadingsOnTheirVerses) {
     EXPECT_EQ(SlotOf(imported, 12, 31, true), VerseOf("Ps 1:1"));
     EXPECT_EQ(imported.readingsOnPsalms, 1);
     EXPECT_EQ(imported.daysWithoutText, 363);
+}
+
+// Two readings on one verse are one note, in the one encoding.
+TEST(Days, KeepLettersThatTheCodePageLacks) {
+    const ImportedNotes imported = NotesOfDays(
+        {{1, 1, "<p>caf\u00E9 <scripRef>Ge 1:1</scripRef></p>"}, {1, 2, "<p>\u05D0 <scripRef>Ge 1:1</scripRef></p>"}},
+        Records(), kReader);
+    EXPECT_THAT(imported.notes,
+                ElementsAre(Pair(0, std::string(kUtf8Mark) + Lines({"January 1", "", "caf\u00E9 Ge 1:1", "# Ge 1:1", "",
+                                                                    "January 2", "", "\u05D0 Ge 1:1", "# Ge 1:1"}))));
+    EXPECT_EQ(imported.notesInUtf8, 1);
 }
 
 TEST(Days, BeforeTheFirstEntryUseTheLastOfTheYear) {

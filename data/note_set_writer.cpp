@@ -3,6 +3,7 @@
 #include <cassert>
 #include <string_view>
 
+#include "notes/note_letters.h"
 #include "notes/note_saving.h"
 #include "scripture/verse_records.h"
 
@@ -38,14 +39,21 @@ std::vector<DataFile> EncodeNoteSet(const std::string& name, const NoteTexts& no
     return {data, table, index};
 }
 
-bool CutToNote(std::string& text) {
-    if (text.size() <= kNoteTextLimit) return false;
+// `end`, or the place before it where the letter begins that `end` would divide.
+static std::size_t BeforeLetter(const std::string& note, std::size_t end) {
+    if (IsInUtf8(note))
+        while ((static_cast<unsigned char>(note[end]) & 0xC0) == 0x80) --end;
+    return end;
+}
+
+bool CutToNote(std::string& note) {
+    if (note.size() <= kNoteTextLimit) return false;
     const std::size_t room = kNoteTextLimit - kParagraphEnd.size() - (sizeof(kRestIsMissing) - 1);
-    std::size_t end = text.rfind(kParagraphEnd, room);
-    if (end == std::string::npos || end == 0) end = text.find_last_of(" \r\n", room);
-    if (end == std::string::npos || end == 0) end = room;
-    text.resize(end);
-    text.resize(text.find_last_not_of(" \r\n") + 1);
-    text.append(kParagraphEnd).append(kRestIsMissing);
+    std::size_t end = note.rfind(kParagraphEnd, room);
+    if (end == std::string::npos || end == 0) end = note.find_last_of(" \r\n", room);
+    if (end == std::string::npos || end == 0) end = BeforeLetter(note, room);
+    note.resize(end);
+    note.resize(note.find_last_not_of(" \r\n") + 1);
+    note.append(kParagraphEnd).append(kRestIsMissing);
     return true;
 }

@@ -10,7 +10,8 @@
 
 inline constexpr char kRestIsMissing[] = "[The rest of this text was too long for a note and is missing here.]";
 
-// Texts by verse index, in the program's code page, with lines separated by CR LF; other verses have an empty note.
+// Notes by verse index, as they are stored (notes/note_letters.h), with lines separated by CR LF; other verses have an
+// empty note.
 using NoteTexts = std::map<int, std::string>;
 
 // Verse indexes by ReadingSlot.
@@ -26,7 +27,7 @@ std::string DayName(int month, int day);
 // set by its index.
 std::vector<DataFile> EncodeNoteSet(const std::string& name, const NoteTexts& notes, const DevotionalTable* readings);
 
-// Shortens a text that is longer than a note can be (kNoteTextLimit) and adds the line kRestIsMissing. Cuts after a
-// paragraph if possible, otherwise after a word. Paragraphs are separated by an empty line. False when the text fits
-// unchanged.
-bool CutToNote(std::string& text);
+// Shortens a note that is longer than one can be (kNoteTextLimit) and adds the line kRestIsMissing. Cuts after a
+// paragraph if possible, otherwise after a word or at least a whole letter. Paragraphs are separated by an empty line.
+// False when the note fits unchanged.
+bool CutToNote(std::string& note);

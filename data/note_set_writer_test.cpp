@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include "notes/note_letters.h"
 #include "notes/note_saving.h"
 #include "scripture/verse_records.h"
 
@@ -90,6 +91,21 @@ TEST(NoteSetWriter, CutsALongTextAtAParagraphOrWord) {
         EXPECT_TRUE(CutToNote(text)) << row.what;
         EXPECT_TRUE(text == row.kept + kMark) << row.what << ": " << text.size();
         EXPECT_LE(text.size(), kNoteTextLimit) << row.what;
+    }
+}
+
+TEST(NoteSetWriter, CutsNoLetterOfUtf8) {
+    const std::string mark(kUtf8Mark), letter = "\U0001F600";
+    for (std::size_t shift = 0; shift < letter.size(); ++shift) {
+        std::string note = mark + std::string(shift, 'a');
+        while (note.size() <= kNoteTextLimit) note += letter;
+        const std::string whole = note;
+        EXPECT_TRUE(CutToNote(note));
+        EXPECT_TRUE(IsInUtf8(note)) << shift;
+        EXPECT_LE(note.size(), kNoteTextLimit);
+        EXPECT_GT(note.size(), kNoteTextLimit - letter.size());
+        EXPECT_THAT(note, EndsWith(kMark));
+        EXPECT_EQ(whole.compare(0, note.size() - kMark.size(), note, 0, note.size() - kMark.size()), 0);
     }
 }
 
