@@ -16,7 +16,7 @@ packages=(
   nlohmann-json3-dev nodejs
   librsvg2-dev imagemagick
   halibut hunspell hunspell-en-gb
-  wine wine64 fonts-wine fonts-liberation
+  wine wine64 fonts-wine fonts-liberation fonts-dejavu-core
   xvfb x11-utils libfaketime locales
   ghostscript poppler-utils
   syncthing curl

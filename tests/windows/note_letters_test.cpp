@@ -11,6 +11,8 @@
 #include "tests/windows/note_steps.h"
 #include "tests/windows/passage_pane.h"
 #include "tests/windows/search_steps.h"
+#include "tests/windows/system_scaling.h"
+#include "tests/windows/test_printer.h"
 
 static const std::string kMark = "\xEF\xBB\xBF";
 
@@ -34,6 +36,8 @@ static constexpr wchar_t kRussian[] = L"\u0412 \u043D\u0430\u0447\u0430\u043B\u0
 static constexpr wchar_t kPolish[] = L"\u0142\u00F3\u017C\u0119";
 static constexpr wchar_t kChinese[] = L"\u592A\u521D\u6709\u9053";
 static constexpr wchar_t kPunctuation[] = L"\u2014 \u201C\u2019\u201D \u2026";
+
+static constexpr char kFontWithHebrew[] = "DejaVu Sans";
 
 static std::wstring AllLetters() {
     std::wstring all;
@@ -317,4 +321,82 @@ TEST(NoteLetters, AreSavedWithARange) {
     EXPECT_TRUE(saved.starts_with(kMark));
     EXPECT_NE(saved.find("\r\n\r\n" + Utf8(AllLetters()) + "\r\n\r\n"), std::string::npos);
     EXPECT_TRUE(saved.ends_with('\0'));
+}
+
+// Without blanks, and without the marks of direction that the reader of pages adds.
+static std::string LettersAlone(std::string text) {
+    for (const std::string& other : {Utf8(L"\u202A"), Utf8(L"\u202B"), Utf8(L"\u202C"), std::string(" ")})
+        for (std::size_t at = text.find(other); at != std::string::npos; at = text.find(other))
+            text.erase(at, other.size());
+    return text;
+}
+
+// Prints Genesis 3:2 and the note on it, in a font that has all letters: Wine's printer takes none from other fonts.
+static void PrintNote(const Program& program) {
+    Command(program, IDM_PRINT_RANGE);
+    const HWND dialog = WaitForDialog(program, "Print Range");
+    SetDlgItemTextA(dialog, IDC_RANGE, "Ge 3:2");
+    CheckDlgButton(dialog, IDC_INCLUDE_NOTES, BST_CHECKED);
+    Press(program, "Enter");
+    AcceptPrinter(program);
+}
+
+// Each line in the order in which it is read: Hebrew words from right to left.
+TEST(NoteLetters, AreOnThePrintedPage) {
+    const std::wstring greek = std::wstring(kGreek) + L" " + kPunctuation;
+    const std::wstring mixed = std::wstring(L"so ") + kHebrew + L" it is";
+    const ScratchFolder folder = FolderToEdit(Marked(greek + L"\r\n" + kHebrew + L"\r\n" + mixed));
+    WriteSetting(folder, "OPTIONS", "NoteFontName", kFontWithHebrew);
+    const TestPrinter printer(folder, PortToPages(folder));
+    Program program = StartProgram(folder);
+    PrintNote(program);
+    const std::vector<std::string> pages = PrintedPagesInUtf8(program);
+    ASSERT_EQ(pages.size(), 1u);
+    EXPECT_THAT(LettersAlone(pages[0]), testing::EndsWith(LettersAlone("garden:" + Utf8(greek + kHebrew + mixed))));
+
+    const std::vector<PrintedWord> words = PrintedWords(program);
+    ASSERT_GT(words.size(), 5u);
+    const PrintedWord* const last = &words.back() - 4;
+    EXPECT_EQ(last[0].text, "so");
+    EXPECT_EQ(last[3].text, "it");
+    EXPECT_LT(last[0].right, last[1].left);
+    EXPECT_LT(last[1].right, last[2].left);
+    EXPECT_LT(last[2].right, last[3].left);
+    EXPECT_LT(last[1].right - last[1].left, last[2].right - last[2].left)
+        << "the second word, which is shorter, is left";
+}
+
+// Where the letter is seen, in pixels from the left.
+static LONG LeftOf(const Program& program, HWND richEdit, const wchar_t* letters, std::size_t number) {
+    return PointOfCharacter(program, richEdit, AllLetters().find(letters) + number).x;
+}
+
+TEST(NoteLetters, AreShownOnEachScreen) {
+    for (const bool isDark : {false, true}) {
+        for (const int percent : {100, 200}) {
+            const SystemScaling scaling(96 * percent / 100);
+            const ScratchFolder folder = FolderToEdit(Marked(AllLetters()));
+            WriteSetting(folder, "OPTIONS", "NoteFontName", kFontWithHebrew);
+            if (isDark) WriteFile(folder, "Versewell.more.ini", "[OPTIONS]\r\nDarkPanes=1\r\n");
+            Program program = StartProgram(folder);
+            const std::string name = std::string(isDark ? "dark-" : "") + std::to_string(percent);
+            EXPECT_EQ(TextInView(program), AllLetters()) << name;
+            Press(program, "Ctrl+Home");
+            SavePicture(PictureOfWindow(program.frame), "letters-in-view-" + name);
+            EXPECT_LT(LeftOf(program, NoteViewOf(program), kGreek, 0), LeftOf(program, NoteViewOf(program), kGreek, 3))
+                << name;
+            EXPECT_GT(LeftOf(program, NoteViewOf(program), kHebrew, 0),
+                      LeftOf(program, NoteViewOf(program), kHebrew, 13))
+                << name;
+            OpenNoteEditor(program);
+            EXPECT_EQ(CopiedWhole(program), AllLetters()) << name;
+            Press(program, "Ctrl+Home");
+            SavePicture(PictureOfWindow(program.frame), "letters-in-editor-" + name);
+            EXPECT_LT(LeftOf(program, NoteEditOf(program), kGreek, 0), LeftOf(program, NoteEditOf(program), kGreek, 3))
+                << name;
+            EXPECT_GT(LeftOf(program, NoteEditOf(program), kHebrew, 0),
+                      LeftOf(program, NoteEditOf(program), kHebrew, 13))
+                << name;
+        }
+    }
 }

@@ -8,6 +8,8 @@
 
 #include <winspool.h>
 
+#include "notes/note_letters.h"
+
 static constexpr char kDriverName[] = "Test Printer";
 
 // The printer description for the system's PostScript driver.
@@ -136,7 +138,7 @@ static std::string WithSingleBlanks(const std::string& text) {
     return line;
 }
 
-std::vector<std::string> PrintedPages(const Program& program) {
+std::vector<std::string> PrintedPagesInUtf8(const Program& program) {
     WaitUntil(program, "the printed pages", [&] { return HasFile(program.folder, "pages.txt"); });
     const std::string text = ReadFile(program.folder, "pages.txt");
     std::vector<std::string> pages;
@@ -148,13 +150,22 @@ std::vector<std::string> PrintedPages(const Program& program) {
     return pages;
 }
 
+std::vector<std::string> PrintedPages(const Program& program) {
+    std::vector<std::string> pages = PrintedPagesInUtf8(program);
+    for (std::string& page : pages) {
+        const std::u16string letters = LettersOfUtf8(page);
+        Expect(LatinBytes(nullptr, letters, page), "letters outside Latin-1 on the printed pages");
+    }
+    return pages;
+}
+
 int PrintedPageCount(const Program& program) {
     WaitUntil(program, "the number of pages", [&] { return HasFile(program.folder, "pages.count"); });
     return std::stoi(ReadFile(program.folder, "pages.count"));
 }
 
 std::vector<PrintedWord> PrintedWords(const Program& program) {
-    PrintedPages(program);
+    PrintedPagesInUtf8(program);
     std::istringstream lines(ReadFile(program.folder, "pages.html"));
     std::vector<PrintedWord> words;
     for (std::string line; std::getline(lines, line);) {

@@ -29,8 +29,10 @@ inline constexpr char kFailingPort[] = "nul:";
 std::string PortToBytes(const ScratchFolder& folder);
 inline constexpr char kPrintedBytes[] = "pages.ps";
 
-// The words of each page in order, separated by single blanks. Waits for the pages of the last job.
+// The words of each page in order, separated by single blanks. Waits for the pages of the last job. The first fails if
+// a letter is not in Latin-1, which the text of the scripture is in.
 std::vector<std::string> PrintedPages(const Program& program);
+std::vector<std::string> PrintedPagesInUtf8(const Program& program);
 
 // Number of pages of the last job on PortToPageCount. Waits for the number.
 int PrintedPageCount(const Program& program);
