@@ -58,6 +58,8 @@ static void LookAtTwins(const NoteFiles& files, const NoteTime& now, OpenedSets&
     }
 }
 
+static constexpr char kIndexWasMissing[] = " was missing.";
+
 static void MakeIndexAgain(const NoteFiles& files, NoteSet& set, const char* fault, OpenedSets& opened) {
     const bool written = WriteIndex(files, IndexFileName(set), set.offsets);
     StampFiles(files, set);
@@ -73,7 +75,7 @@ static bool IsLeftByConflict(const NoteFiles& files, const std::string& name) {
 }
 
 // Recreates missing index files before the sets are searched for. Returns the sets that still have none: the data file
-// is not whole, so that an index could not be trusted, or the index could not be written.
+// cannot be opened or is not whole, so that an index could not be trusted, or the index could not be written.
 static std::vector<NoteSet> MakeLostIndexes(const NoteFiles& files, OpenedSets& opened) {
     const std::vector<std::string> indexes = files.list(files.device, std::string("*") + kIndexEnding);
     std::vector<NoteSet> withoutIndex;
@@ -84,10 +86,12 @@ static std::vector<NoteSet> MakeLostIndexes(const NoteFiles& files, OpenedSets& 
         });
         if (isListed || files.stamp(files.device, IndexFileName(set)).exists || IsLeftByConflict(files, name)) continue;
         std::optional<NotePlaces> places = PlacesOf(files, set.dataFileName);
-        if (!places) continue;
-        const bool isWhole = IsWhole(*places);
-        set.offsets = std::move(places->offsets);
-        if (isWhole) MakeIndexAgain(files, set, " was missing.", opened);
+        if (!places && !files.stamp(files.device, set.dataFileName).exists) continue;
+        if (places) {
+            const bool isWhole = IsWhole(*places);
+            set.offsets = std::move(places->offsets);
+            if (isWhole) MakeIndexAgain(files, set, kIndexWasMissing, opened);
+        }
         if (!set.indexStamp.exists) withoutIndex.push_back(std::move(set));
     }
     return withoutIndex;
@@ -128,7 +132,8 @@ static bool Examine(const NoteFiles& files, NoteSet& set, bool isReported, Opene
         return true;
     }
     set.offsets = std::move(places->offsets);
-    MakeIndexAgain(files, set, " did not match its notes.", opened);
+    const bool hasIndex = files.stamp(files.device, IndexFileName(set)).exists;
+    MakeIndexAgain(files, set, hasIndex ? " did not match its notes." : kIndexWasMissing, opened);
     return true;
 }
 

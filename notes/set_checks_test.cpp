@@ -270,6 +270,40 @@ TEST(UnreadableDataFile, IsToldIfItStillCannotBeOpened) {
     }
 }
 
+TEST(UnreadableDataFile, WithoutAnIndexIsASetAsSoonAsItCanBeOpened) {
+    FakeNoteFiles files = FilesWith({"a"}, kNotes);
+    const FakeSet set = FakeSetOf(kNotes);
+    files.contents["b.nmd"] = set.data;
+    files.unreadable = {"b.nmd"};
+    for (const bool isOpenedMeanwhile : {false, true}) {
+        const auto before = files.contents;
+        NoteSets notes = Started(files);
+        ASSERT_EQ(notes.sets.size(), 2u);
+        if (isOpenedMeanwhile) files.unreadable.clear();
+        EXPECT_EQ(ToldByChecks(files, notes),
+                  isOpenedMeanwhile ? "The index file of the note set \"b\" was missing. It has been made "
+                                      "again from the notes, which are all there."
+                                    : "b.nmd cannot be opened.");
+        EXPECT_EQ(files.contents == before, !isOpenedMeanwhile);
+        std::string text;
+        SelectStoredNote(notes, 1, 15000);
+        EXPECT_EQ(ReadStoredNote(DeviceOver(files), notes, text), isOpenedMeanwhile);
+        EXPECT_EQ(text, isOpenedMeanwhile ? "middle" : "");
+    }
+    EXPECT_TRUE(files.contents["b.nmi"] == set.index);
+}
+
+// A copy that a conflict has left is there to be merged, not to become a set.
+TEST(UnreadableDataFile, OfAConflictIsNoSet) {
+    FakeNoteFiles files = FilesWith({"a"}, kNotes);
+    const std::string copy = "a.sync-conflict-20240501-120000-ABCDEFG.nmd";
+    files.contents[copy] = FakeSetOf(kNotes).data;
+    files.unreadable = {copy};
+    NoteSets notes = Started(files);
+    EXPECT_EQ(notes.sets.size(), 1u);
+    EXPECT_EQ(ToldByChecks(files, notes), "");
+}
+
 TEST(UnwritableIndex, LeavesItsSetAmongTheSets) {
     FakeNoteFiles files = FilesWith({"a"}, kNotes);
     files.contents["b.nmd"] = FakeSetOf(kNotes).data;

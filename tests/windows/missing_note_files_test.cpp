@@ -134,6 +134,22 @@ TEST(DataFileInUse, IsToldAndIsNotEdited) {
     EXPECT_EQ(CloseProgram(program), 0);
 }
 
+TEST(DataFileInUse, IsToldAlsoIfItsIndexIsMissing) {
+    const ScratchFolder folder = FolderWithTwoSets();
+    std::filesystem::remove(folder.path / "Second.nmi");
+    const std::string path = (folder.path / "Second.nmd").string();
+    UniqueHandle held(CreateFileA(path.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr));
+    ASSERT_NE(held.get(), INVALID_HANDLE_VALUE);
+    Program program = StartProgram(folder);
+    ExpectToldAtStart(program, "Second.nmd cannot be opened.");
+    ExpectNoNoteOfSecond(program);
+    held.reset();
+    ClickTab(program, TabsOf(program), TabOf(program, "First"));
+    ClickTab(program, TabsOf(program), TabOf(program, "Second"));
+    EXPECT_EQ(Shown(program), "of the second");
+    EXPECT_EQ(CloseProgram(program), 0);
+}
+
 TEST(EmptyDataFile, IsToldAsDamaged) {
     const ScratchFolder folder = FolderWithTwoSets();
     WriteFile(folder, "Second.nmd", "");
