@@ -215,10 +215,17 @@ static void RestoreNote(HWND dialog) {
     EndDialog(dialog, IDOK);
 }
 
-static bool IsReplacingMeant(HWND dialog, const SetBackup& state) {
-    const std::string question = "Are you SURE you want to replace all notes of the note set \"" + state.setName +
-                                 "\" by those of " + DayOf(state) +
-                                 "? What is in it now is first copied into the folder \"backup\".";
+static std::string RestoreQuestion(const NoteSet& set, const SetBackup& state) {
+    const NoteFiles& files = TheNoteFiles();
+    if (!files.stamp(files.device, set.dataFileName).exists)
+        return "The data file \"" + set.dataFileName + "\" is missing. Do you want the notes of " + DayOf(state) +
+               " in its place?";
+    return "Are you SURE you want to replace all notes of the note set \"" + state.setName + "\" by those of " +
+           DayOf(state) + "? What is in it now is first copied into the folder \"backup\".";
+}
+
+static bool IsReplacingMeant(HWND dialog, const NoteSet& set, const SetBackup& state) {
+    const std::string question = RestoreQuestion(set, state);
     return MessageBoxA(dialog, question.c_str(), "Restore Set", MB_YESNO | MB_ICONEXCLAMATION) == IDYES;
 }
 
@@ -228,7 +235,7 @@ static void RestoreSet(HWND dialog) {
     const std::string name = ControlText(dialog, IDC_SET_NAME, kNoteSetNameLimit);
     const NoteSet* set = SetCalled(theNoteSets, name);
     const bool isReplacing = set != nullptr && SetCalled(theNoteSets, state->setName) == set;
-    if (isReplacing && !IsReplacingMeant(dialog, *state)) return;
+    if (isReplacing && !IsReplacingMeant(dialog, *set, *state)) return;
     const HCURSOR before = SetCursor(LoadCursorA(nullptr, IDC_WAIT));
     const std::string problem = RestoreSetState(TheNoteFiles(), theNoteSets, *state, name, NoteTimeNow());
     SetCursor(before);

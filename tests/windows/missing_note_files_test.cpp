@@ -112,7 +112,10 @@ TEST(MissingDataFile, CanBeReplacedByAnEarlierState) {
     Command(program, IDM_EARLIER_STATES);
     WaitForDialog(program, "Earlier States of Note Sets");
     Press(program, "Alt+s");
-    WaitForDialog(program, "Restore Set");
+    EXPECT_THAT(MessageText(WaitForDialog(program, "Restore Set")),
+                testing::MatchesRegex("The data file .Second.nmd. is missing. Do you want the notes of .*2024.* in its "
+                                      "place."))
+        << "nothing is there that could be replaced or copied";
     Press(program, "y");
     WaitForNoDialog(program);
     ClickTab(program, TabsOf(program), TabOf(program, "Second"));
