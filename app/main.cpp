@@ -17,6 +17,7 @@
 #include "win32/controls.h"
 #include "win32/files.h"
 #include "win32/held_keys.h"
+#include "win32/system_library.h"
 
 static constexpr char kFailureText[] =
     "Initialization of Versewell97 incomplete.\n\n"
@@ -95,6 +96,7 @@ static void ReleaseRichEdit() {
 }
 
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int showState) {
+    LoadOnlySystemLibraries();
     EnterRestartFolder();
     SettleWorkingFolder({kVerseTextFile, "*.nmi"}, "Versewell", "installed.txt");
     if (!ClaimWorkingFolder(kFrameClass) || !RegisterClasses()) return 0;

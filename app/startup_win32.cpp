@@ -29,6 +29,7 @@
 #include "win32/panes.h"
 #include "win32/rich_edit_layout.h"
 #include "win32/screen.h"
+#include "win32/system_library.h"
 
 // ---- The settings file ----------------------------------------------------------------------------------------------
 
@@ -172,7 +173,7 @@ bool StartUp(HWND frame) {
     theFrame.window = frame;
     theFrame.menu = GetMenu(frame);
     InitCommonControls();
-    theFrame.richEdit = LoadLibraryA("RICHED32.DLL");
+    theFrame.richEdit = SystemLibrary(L"RICHED32.DLL");
     OpeningSets opening;
     if (theFrame.richEdit)
         opening = BeginToLoadNoteSets();  // not for a start that fails: it may create and repair files

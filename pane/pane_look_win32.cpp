@@ -1,5 +1,7 @@
 #include "pane/pane_look_win32.h"
 
+#include "win32/system_library.h"
+
 PaneLook thePaneLook;
 
 // ---- What the system tells ------------------------------------------------------------------------------------------
@@ -65,8 +67,9 @@ HBRUSH ColorListBox(HDC dc) {
 // A procedure of a system library that not every version of Windows has; null if it is missing.
 template <typename Procedure>
 static Procedure FindIn(const wchar_t* library, const char* name) {
-    const HMODULE loaded = LoadLibraryExW(library, nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
-    return loaded ? reinterpret_cast<Procedure>(reinterpret_cast<void*>(GetProcAddress(loaded, name))) : nullptr;
+    Procedure procedure = nullptr;
+    FindProcedure(SystemLibrary(library), name, procedure);
+    return procedure;
 }
 
 void DarkenScrollBars(HWND pane) {

@@ -8,6 +8,33 @@
 
 #include "print/printer_errors.h"
 #include "win32/controls.h"
+#include "win32/system_library.h"
+
+namespace {
+
+// The procedures of winspool.drv. The linker would make the program load it at the start, from any folder.
+struct Spooler {
+    decltype(&OpenPrinterA) open = nullptr;
+    decltype(&ClosePrinter) close = nullptr;
+    decltype(&GetDefaultPrinterA) getDefault = nullptr;
+    bool isThere = false;
+};
+
+}  // namespace
+
+static Spooler FindSpooler() {
+    Spooler found;
+    const HMODULE library = SystemLibrary(L"winspool.drv");
+    found.isThere = FindProcedure(library, "OpenPrinterA", found.open) &&
+                    FindProcedure(library, "ClosePrinter", found.close) &&
+                    FindProcedure(library, "GetDefaultPrinterA", found.getDefault);
+    return found;
+}
+
+static const Spooler& TheSpooler() {
+    static const Spooler spooler = FindSpooler();
+    return spooler;
+}
 
 // ---- The remembered printer -----------------------------------------------------------------------------------------
 
@@ -22,15 +49,17 @@ static std::string RememberedPrinter(const PAGESETUPDLGA& setup) {
 
 // Only if the system says that there is no such printer: others may only be out of reach for the moment.
 static bool IsGone(std::string name) {
+    const Spooler& spooler = TheSpooler();
+    if (!spooler.isThere) return false;
     HANDLE printer = nullptr;
-    if (!OpenPrinterA(name.data(), &printer, nullptr)) return GetLastError() == ERROR_INVALID_PRINTER_NAME;
-    ClosePrinter(printer);
+    if (!spooler.open(name.data(), &printer, nullptr)) return GetLastError() == ERROR_INVALID_PRINTER_NAME;
+    spooler.close(printer);
     return false;
 }
 
 static bool HasDefaultPrinter() {
     DWORD length = 0;
-    GetDefaultPrinterA(nullptr, &length);
+    if (const Spooler& spooler = TheSpooler(); spooler.isThere) spooler.getDefault(nullptr, &length);
     return length > 0;
 }
 

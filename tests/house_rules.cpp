@@ -239,6 +239,20 @@ Findings CheckScreenSizes(const TreeFile& file) {
     return findings;
 }
 
+Findings CheckLoading(const TreeFile& file) {
+    Findings findings;
+    const bool isPlace = file.path == "win32/system_library.cpp" || file.path == "win32/help_viewer.cpp";
+    if (!IsSource(file.path) || !IsOfProgram(file.path) || isPlace) return findings;
+    static const std::regex named(
+        R"re(\b(LoadLibrary(Ex)?|LoadPackagedLibrary|ShellExecute(Ex)?|CreateProcess|WinExec|system|_w?popen|_w?spawn\w+|_w?exec\w+)[AW]?\s*\()re");
+    EachLine({file.path, CodeOf(file.text)}, [&](const std::string& line, int number) {
+        std::smatch match;
+        if (std::regex_search(line, match, named))
+            findings.push_back(At(file, number, "loads or starts something by itself: " + match.str()));
+    });
+    return findings;
+}
+
 Findings CheckColors(const TreeFile& file) {
     Findings findings;
     if (!IsSource(file.path) || !IsOfProgram(file.path) || file.path.starts_with("typeset/pane_colors."))

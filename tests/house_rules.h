@@ -53,6 +53,9 @@ Findings CheckScreenSizes(const TreeFile& file);
 // its parts.
 Findings CheckColors(const TreeFile& file);
 
+// Libraries are loaded, and programs and files started, in one place each: only there is it decided from which folder.
+Findings CheckLoading(const TreeFile& file);
+
 // A source file has at most 500 lines.
 Findings CheckLength(const TreeFile& file);
 

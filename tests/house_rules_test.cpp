@@ -52,8 +52,8 @@ TEST_P(TreeKeeps, Rule) {
 INSTANTIATE_TEST_SUITE_P(House, TreeKeeps,
                          testing::Values(TreeRule{"SmallSource", CheckSmallSource}, TreeRule{"Globals", CheckGlobals},
                                          TreeRule{"ScreenSizes", CheckScreenSizes}, TreeRule{"Colors", CheckColors},
-                                         TreeRule{"Length", CheckLength}, TreeRule{"Words", CheckWords},
-                                         TreeRule{"Kind", CheckKind}),
+                                         TreeRule{"Loading", CheckLoading}, TreeRule{"Length", CheckLength},
+                                         TreeRule{"Words", CheckWords}, TreeRule{"Kind", CheckKind}),
                          [](const auto& row) { return row.param.name; });
 
 TEST(TreeKeeps, OwnHeaderFirst) {
@@ -205,6 +205,16 @@ TEST(HouseCheck, SeesAColorThatIsNotTheSystems) {
     for (const char* line : {"COLORREF paper = GetSysColor(COLOR_WINDOW);", "SetTextColor(dc, colors.text);",
                              "format.crTextColor = colors.text;  // not RGB(0, 0, 0)", "SetBkMode(dc, OPAQUE);"})
         EXPECT_THAT(CheckColors({"app/a_window.cpp", line + std::string("\n")}), IsEmpty()) << line;
+}
+
+TEST(HouseCheck, SeesWhatIsLoadedOrStartedElsewhere) {
+    for (const char* line : {"x = LoadLibraryA(name);", "LoadLibraryExW (name, nullptr, 0);",
+                             "ShellExecuteW(owner, verb, file);", "CreateProcessA(0);", "std::system(line);"}) {
+        EXPECT_THAT(CheckLoading({"app/a_win32.cpp", line + std::string("\n")}), SizeIs(1)) << line;
+        EXPECT_THAT(CheckLoading({"win32/system_library.cpp", line + std::string("\n")}), IsEmpty());
+        EXPECT_THAT(CheckLoading({"tests/driver/a.cpp", line + std::string("\n")}), IsEmpty());
+    }
+    EXPECT_THAT(CheckLoading({"app/a_win32.cpp", "x = SystemLibrary(name);  // not LoadLibrary()\n"}), IsEmpty());
 }
 
 TEST(HouseCheck, SeesALongFile) {

@@ -5,6 +5,29 @@
 #include <algorithm>
 #include <new>
 
+#include "win32/system_library.h"
+
+namespace {
+
+struct AccessibilityProcedures {
+    decltype(&AccessibleObjectFromWindow) fromWindow = nullptr;
+    decltype(&LresultFromObject) answerWith = nullptr;
+};
+
+}  // namespace
+
+// Looked up when a screen reader asks, because the program should start without them.
+static const AccessibilityProcedures& Accessibility() {
+    static const AccessibilityProcedures procedures = [] {
+        AccessibilityProcedures found;
+        const HMODULE library = SystemLibrary(L"oleacc.dll");
+        FindProcedure(library, "AccessibleObjectFromWindow", found.fromWindow);
+        FindProcedure(library, "LresultFromObject", found.answerWith);
+        return found;
+    }();
+    return procedures;
+}
+
 static VARIANT Nothing() {
     VARIANT nothing{};
     nothing.vt = VT_EMPTY;
@@ -225,7 +248,9 @@ HRESULT AccessibleObject::get_accParent(IDispatch** parent) {
     *parent = nullptr;
     if (!IsWindow(window)) return CO_E_OBJNOTCONNECTED;
     const auto wanted = static_cast<DWORD>(OBJID_WINDOW);
-    return AccessibleObjectFromWindow(window, wanted, __uuidof(IDispatch), reinterpret_cast<void**>(parent));
+    const auto fromWindow = Accessibility().fromWindow;
+    if (fromWindow == nullptr) return E_FAIL;
+    return fromWindow(window, wanted, __uuidof(IDispatch), reinterpret_cast<void**>(parent));
 }
 
 HRESULT AccessibleObject::get_accChildCount(LONG* count) {
@@ -389,9 +414,11 @@ void NameForScreenReaders(HWND control, const wchar_t* name) {
 
 LRESULT AnswerGetObject(HWND window, const AccessibleWindow& about, WPARAM wParam, LPARAM lParam) {
     if (static_cast<LONG>(lParam) != OBJID_CLIENT) return DefWindowProcA(window, WM_GETOBJECT, wParam, lParam);
-    auto* const object = HasCom() ? new (std::nothrow) AccessibleObject(window, about) : nullptr;
+    const auto answerWith = Accessibility().answerWith;
+    auto* const object =
+        answerWith != nullptr && HasCom() ? new (std::nothrow) AccessibleObject(window, about) : nullptr;
     if (object == nullptr) return 0;
-    const LRESULT answer = LresultFromObject(__uuidof(IAccessible), wParam, object);
+    const LRESULT answer = answerWith(__uuidof(IAccessible), wParam, object);
     object->Release();
     return answer;
 }

@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "win32/handles.h"
+#include "win32/system_library.h"
 #include "win32/windows_api.h"
 
 #include <dbghelp.h>  // needs the Windows headers
@@ -45,17 +46,12 @@ static std::wstring NewDumpPath() {
     return theCrash.folder + L'\\' + theCrash.name + time.data() + L".dmp" + std::wstring(kNewEnding);
 }
 
-template <typename Procedure>
-static Procedure ProcedureIn(HMODULE library, const char* name) {
-    return reinterpret_cast<Procedure>(reinterpret_cast<void*>(GetProcAddress(library, name)));
-}
-
 static void WriteDump() {
-    const HMODULE library = LoadLibraryW(L"dbghelp.dll");  // now, because the program should start without it
-    if (library == nullptr) return;
-    const auto write = ProcedureIn<decltype(&MiniDumpWriteDump)>(library, "MiniDumpWriteDump");
-    const auto setOptions = ProcedureIn<decltype(&SymSetOptions)>(library, "SymSetOptions");
-    if (write == nullptr || setOptions == nullptr) return;
+    const HMODULE library = SystemLibrary(L"dbghelp.dll");  // now, because the program should start without it
+    decltype(&MiniDumpWriteDump) write = nullptr;
+    decltype(&SymSetOptions) setOptions = nullptr;
+    if (!FindProcedure(library, "MiniDumpWriteDump", write) || !FindProcedure(library, "SymSetOptions", setOptions))
+        return;
     setOptions(SYMOPT_DEFERRED_LOADS);  // a dump contains no symbols, but Wine would read those of all modules
     CreateDirectoryW(theCrash.folder.c_str(), nullptr);  // may already exist
     const HANDLE opened = CreateFileW(NewDumpPath().c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);

@@ -4,6 +4,7 @@
 #include <array>
 
 #include "win32/handles.h"
+#include "win32/system_library.h"
 
 // After windows.h, which it needs.
 #include <bcrypt.h>
@@ -26,17 +27,13 @@ struct Hashing {
 
 }  // namespace
 
-template <typename Procedure>
-static bool Find(HMODULE library, const char* name, Procedure& procedure) {
-    procedure = reinterpret_cast<Procedure>(reinterpret_cast<void*>(GetProcAddress(library, name)));
-    return procedure != nullptr;
-}
-
 static bool FindAll(HMODULE library, Hashing& hashing) {
-    return library != nullptr && Find(library, "BCryptOpenAlgorithmProvider", hashing.open) &&
-           Find(library, "BCryptCloseAlgorithmProvider", hashing.close) &&
-           Find(library, "BCryptCreateHash", hashing.create) && Find(library, "BCryptHashData", hashing.add) &&
-           Find(library, "BCryptFinishHash", hashing.finish) && Find(library, "BCryptDestroyHash", hashing.destroy);
+    return FindProcedure(library, "BCryptOpenAlgorithmProvider", hashing.open) &&
+           FindProcedure(library, "BCryptCloseAlgorithmProvider", hashing.close) &&
+           FindProcedure(library, "BCryptCreateHash", hashing.create) &&
+           FindProcedure(library, "BCryptHashData", hashing.add) &&
+           FindProcedure(library, "BCryptFinishHash", hashing.finish) &&
+           FindProcedure(library, "BCryptDestroyHash", hashing.destroy);
 }
 
 static bool Add(const Hashing& hashing, BCRYPT_HASH_HANDLE hash, std::span<const unsigned char> bytes) {
@@ -70,7 +67,7 @@ static std::string InHexadecimal(const Digest& digest) {
 
 std::string Sha256Of(std::span<const unsigned char> bytes) {
     Hashing hashing{};
-    if (!FindAll(LoadLibraryW(L"bcrypt.dll"), hashing)) return "";
+    if (!FindAll(SystemLibrary(L"bcrypt.dll"), hashing)) return "";
     BCRYPT_ALG_HANDLE algorithm = nullptr;
     if (!BCRYPT_SUCCESS(hashing.open(&algorithm, BCRYPT_SHA256_ALGORITHM, nullptr, 0))) return "";
     Digest digest{};

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "win32/handles.h"
+#include "win32/system_library.h"
 
 namespace {
 
@@ -35,16 +36,12 @@ static TakenDpi taken;
 
 // ---- Windows --------------------------------------------------------------------------------------------------------
 
-template <typename Procedure>
-static void Find(Procedure& procedure, const char* name) {
-    procedure = reinterpret_cast<Procedure>(reinterpret_cast<void*>(GetProcAddress(GetModuleHandleA("user32"), name)));
-}
-
 static DpiProcedures FindProcedures() {
     DpiProcedures found;
-    Find(found.ofWindow, "GetDpiForWindow");
-    Find(found.metric, "GetSystemMetricsForDpi");
-    Find(found.parameters, "SystemParametersInfoForDpi");
+    const HMODULE user = GetModuleHandleA("user32");
+    FindProcedure(user, "GetDpiForWindow", found.ofWindow);
+    FindProcedure(user, "GetSystemMetricsForDpi", found.metric);
+    FindProcedure(user, "SystemParametersInfoForDpi", found.parameters);
     return found;
 }
 
