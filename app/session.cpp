@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "notes/file_names.h"
 #include "notes/note_saving.h"
 #include "notes/whole_files.h"
 #include "scripture/crc32.h"
@@ -101,11 +102,6 @@ static void Take(Reader& reader, SettingText& setting) {
     setting.text = TakeText(reader);
 }
 
-// The name becomes a part of file names, so it must not lead to another folder.
-static bool IsPlainName(const std::string& name) {
-    return !name.empty() && name.find_first_of("\\/:*?\"<>|") == std::string::npos;
-}
-
 static void Take(Reader& reader, NoteDraft& draft) {
     draft.setName = TakeText(reader);
     const std::uint32_t verse = TakeNumber(reader);
@@ -113,7 +109,7 @@ static void Take(Reader& reader, NoteDraft& draft) {
     draft.openedOn = TakeText(reader);
     draft.text = TakeText(reader);
     const bool isNote = verse < kVerseCount && draft.openedOn.size() <= kNoteTextLimit &&
-                        draft.text.size() <= kNoteTextLimit && IsPlainName(draft.setName);
+                        draft.text.size() <= kNoteTextLimit && !draft.setName.empty() && IsSetName(draft.setName);
     if (!isNote) reader = {{}, false};
 }
 

@@ -82,6 +82,8 @@ TEST(SessionBytes, AreRefusedWhenTheirNotesCannotBe) {
         {"another folder", {"..\\Mine", 0, "", "t"}, false},
         {"another folder", {"a/b", 0, "", "t"}, false},
         {"a stream", {"a:b", 0, "", "t"}, false},
+        {"a device", {"con", 0, "", "t"}, false},
+        {"a device with an ending", {"com1.x", 0, "", "t"}, false},
         {"a NUL in a name", {std::string("a\0b", 3), 0, "", "t"}, false},
         {"a NUL in a text", {"Mine", 0, "", std::string("a\0b", 3)}, false},
     };

@@ -11,6 +11,7 @@
 
 #include "data/imported_notes.h"
 #include "data/sword_notes.h"
+#include "notes/file_names.h"
 #include "notes/note_files.h"
 
 namespace fs = std::filesystem;
@@ -41,9 +42,8 @@ static bool ReadArguments(int count, char** values, ImportArguments& arguments) 
 
 // Rejects names that are not allowed on Windows, even if this system allows them.
 static Complaint CheckName(const std::string& name) {
-    const bool isGood = !name.empty() && name.size() <= 100 && name.find_first_of("<>:\"/\\|?*") == std::string::npos &&
-                        std::none_of(name.begin(), name.end(), [](char c) { return c >= 0 && c < ' '; }) &&
-                        name.front() != ' ' && name.back() != ' ' && name.back() != '.';
+    const bool isGood = !name.empty() && name.size() <= 100 && IsSetName(name) && name.front() != ' ' &&
+                        name.back() != ' ' && name.back() != '.';
     return isGood ? Complaint() : "\"" + name + "\" cannot be the name of a note set";
 }
 

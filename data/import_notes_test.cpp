@@ -389,7 +389,7 @@ TEST_F(ImportNotes, LeavesNoFilesOnAFullDisk) {
 }
 
 TEST_F(ImportNotes, RejectsInvalidNames) {
-    for (const char* name : {"", "a/b", "a:b", "what?", "end.", " a", "a ", "a\tb"}) {
+    for (const char* name : {"", "a/b", "a:b", "what?", "end.", " a", "a ", "a\tb", "..", "../a", "con", "Nul.old"}) {
         const ImportRun run = RunTool("Scofield " + sets.string() + " '" + name + "'");
         EXPECT_EQ(run.exitCode, 1) << name;
         EXPECT_THAT(run.errors, IsOneLineWith("cannot be the name of a note set")) << name;

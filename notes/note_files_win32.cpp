@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <utility>
 
+#include "notes/file_names.h"
 #include "notes/read_only_files.h"
 #include "win32/code_page.h"
 #include "win32/files.h"
@@ -14,17 +15,19 @@ static const std::wstring& FolderOf(void* device) {
     return *static_cast<const std::wstring*>(device);
 }
 
+// Empty, which no file can be reached by, for a name that leads elsewhere, whatever text it came from.
 static std::wstring PathOf(void* device, const std::string& name) {
-    return PathIn(FolderOf(device), name);
+    return StaysInFolder(name) ? PathIn(FolderOf(device), name) : L"";
 }
 
 // ---- Whole files ----------------------------------------------------------------------------------------------------
 
 // A name with letters that the code page lacks is left out: the notes could not name the file, or would name another.
+// So is that of a device, which other systems may give a file.
 static std::vector<std::string> List(void* device, const std::string& pattern) {
     std::vector<std::string> names;
     for (const std::wstring& found : FilesIn(FolderOf(device), pattern.c_str()))
-        if (auto name = Narrow(found)) names.push_back(std::move(*name));
+        if (auto name = Narrow(found); name && IsFileName(*name)) names.push_back(std::move(*name));
     return names;
 }
 

@@ -1,40 +1,21 @@
 #include "notes/note_set_changes.h"
 
-#include <algorithm>
-#include <array>
 #include <cassert>
 #include <optional>
-#include <string_view>
 #include <utility>
 
+#include "notes/file_names.h"
 #include "notes/note_backup.h"
 #include "notes/note_history.h"
 #include "notes/note_keeping.h"
 #include "notes/note_places.h"
-#include "scripture/letters.h"
 
 // ---- Names ----------------------------------------------------------------------------------------------------------
-
-static bool CanStandInName(char c) {
-    static constexpr std::string_view kForbidden = "\\/:*?\"<>|";
-    return static_cast<unsigned char>(c) >= ' ' && kForbidden.find(c) == std::string_view::npos;
-}
-
-// Is it a name that Windows reserves for a device, with any extension: CON, PRN, AUX, NUL, COM1.., LPT1..? (Naming
-// Files, Paths, and Namespaces, in Microsoft's documentation of Windows)
-static bool IsDeviceName(const std::string& name) {
-    static constexpr std::array<std::string_view, 4> kDevices = {"con", "prn", "aux", "nul"};
-    std::string first = LowerCased(name.substr(0, name.find('.')));
-    first.erase(first.find_last_not_of(' ') + 1);
-    if (std::ranges::find(kDevices, first) != kDevices.end()) return true;
-    const bool isPort = first.size() == 4 && (first.starts_with("com") || first.starts_with("lpt"));
-    return isPort && first[3] >= '1' && first[3] <= '9';
-}
 
 // Why Windows cannot store files named `name`, as a sentence; empty for a valid name. An empty name is valid: its files
 // are ".nmd" and ".nmi".
 static std::string ReasonAgainstName(const std::string& name) {
-    if (!std::ranges::all_of(name, CanStandInName)) {
+    if (!HasFileCharacters(name)) {
         return "The name of a note set cannot have any of the characters \\ / : * ? \" < > | or a control character.";
     }
     if (IsDeviceName(name)) return "Windows keeps the name \"" + name + "\" for itself. Choose another one.";

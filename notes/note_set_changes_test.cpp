@@ -83,7 +83,7 @@ TEST(NoteSetNames, RejectNamesNotAllowedOnWindows) {
         EXPECT_THAT(ReasonAgainstName(std::string("a") + forbidden + "b"), HasSubstr("\\ / : * ? \" < > |"));
     }
     for (const char* name : {"..\\up", "C:\\a", "a:stream", "dir/a"}) EXPECT_NE(ReasonAgainstName(name), "") << name;
-    for (const char* name : {"CON", "nul", "Prn", "aux", "com1", "LPT9", "nul.old", "con .a.b"})
+    for (const char* name : {"CON", "nul", "Prn", "aux", "com1", "LPT9", "nul.old", "con .a.b", "COM\xB9"})
         EXPECT_EQ(ReasonAgainstName(name),
                   std::string("Windows keeps the name \"") + name + "\" for itself. Choose another one.");
 }
