@@ -93,15 +93,15 @@ function(vw_instrument target)
   endif()
 endfunction()
 
-# What most files include and what takes most of the time of a build. Each file is also built by presets that do not
-# precompile it, so that a missing include is noticed: the core by host, all of the program by win32.
+# What most files include and what takes most of the time of a build. The preset win32 does not precompile it, so that a
+# missing include is noticed.
 set(VERSEWELL_COMMON_HEADERS <algorithm> <array> <cstring> <limits> <optional> <span> <string> <string_view> <utility>
                              <vector>)
-if(MINGW AND CMAKE_SIZEOF_VOID_P EQUAL 8)
-  # From precompiled headers GCC warns of the system's own <wchar.h>. The builds without them have these warnings.
+if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
+  # From precompiled headers GCC warns of the system's own procedures. The build without them has these warnings.
   set(VERSEWELL_PRECOMPILED_OPTIONS -Wno-array-bounds -Wno-stringop-overflow -Wno-stringop-overread)
 endif()
-if(VERSEWELL_SANITIZE OR DEFINED VERSEWELL_PRECOMPILED_OPTIONS)
+if(NOT MSVC AND NOT (MINGW AND CMAKE_SIZEOF_VOID_P EQUAL 4))
   file(CONFIGURE OUTPUT ${CMAKE_BINARY_DIR}/core_headers.cpp CONTENT "")
   add_library(vw_core_headers OBJECT ${CMAKE_BINARY_DIR}/core_headers.cpp)
   target_link_libraries(vw_core_headers PRIVATE vw_options)
@@ -110,8 +110,8 @@ if(VERSEWELL_SANITIZE OR DEFINED VERSEWELL_PRECOMPILED_OPTIONS)
   target_compile_options(vw_core_headers PRIVATE ${VERSEWELL_PRECOMPILED_OPTIONS})
 endif()
 
-# What no other build of the core has: the files that this one makes for all, the core compiled without precompiled
-# headers, and the tests that the sanitizers' build lacks. ./check runs all other native tests there.
+# What no other build has: the files that this one makes for all, and the tests that the sanitizers' build lacks. ./check
+# runs all other native tests there.
 if(NOT WIN32 AND NOT VERSEWELL_SANITIZE)
   add_custom_target(host_only)
 endif()
@@ -131,7 +131,6 @@ function(vw_core folder)
   list(TRANSFORM core_USES PREPEND vw_)
   target_link_libraries(vw_${folder} PUBLIC vw_options ${core_USES})
   vw_instrument(vw_${folder})
-  vw_host_only(vw_${folder})
   if(TARGET vw_core_headers)
     target_precompile_headers(vw_${folder} REUSE_FROM vw_core_headers)
     target_compile_options(vw_${folder} PRIVATE ${VERSEWELL_PRECOMPILED_OPTIONS})
