@@ -35,7 +35,7 @@ bool IsLongRun() {
 }
 
 unsigned StepOfFileOperations() {
-    return IsLongRun() ? 1 : 4;
+    return IsLongRun() ? 1 : 7;
 }
 
 // Not by remove_all, which in libstdc++ for Windows never returns if a file that it has listed is gone: a program that

@@ -1,5 +1,5 @@
 // Kills the program at each file operation of a save in turn, also in the middle of each write, and starts it again.
-// The three edits take turns with the operations; in a long run, each of them is stopped at all of them. All notes must
+// The three edits take turns with every second operation; in a long run, each is stopped at all of them. All notes must
 // still be there; the edited one must be complete, in its old or in its new version, and its other version must be
 // among the earlier notes if it was on the disk.
 
@@ -147,7 +147,7 @@ static Program StartAnew(const ScratchFolder& folder, const NoteEdit& edit) {
 static void KillAtFileOperations(const NoteEdit& edit, unsigned turn) {
     using enum SaveState;
     static constexpr unsigned kEdits = 3;
-    const unsigned step = IsLongRun() ? 1 : kEdits;
+    const unsigned step = IsLongRun() ? 1 : 2 * kEdits;
     const ScratchFolder folder = FolderWithScripture();
     WriteSetting(folder, "MISC", "NoteVerse", std::to_string(edit.verse));
     std::set<SaveState> seen;

@@ -297,7 +297,7 @@ static void StartAndMerge(const ScratchFolder& folder) {
     EXPECT_THAT(NoteSetNames(program), ElementsAre("Mine"));
 }
 
-// Each step is also stopped by a native test; here every fifth file operation of the real program is its last.
+// Each step is also stopped by a native test; here some file operations of the real program are its last.
 TEST(MergeSets, LosesNothingWhenTheProgramIsKilled) {
     bool isKilled = true;
     for (unsigned operation = 1; isKilled && !HasFailure(); operation += StepOfFileOperations()) {

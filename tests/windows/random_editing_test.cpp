@@ -12,7 +12,6 @@
 #include "tests/windows/note_steps.h"
 
 static constexpr int kVerse = 57;
-static constexpr int kActs = 2000;
 static constexpr int kActsBetweenLooks = 40;
 static constexpr int kActsBetweenSaves = 200;
 static constexpr std::size_t kLongestLine = 70;  // shorter than the pane is wide, so that no line is wrapped
@@ -275,7 +274,8 @@ TEST_P(RandomEditing, FollowsAPlainModel) {
     OpenNoteEditor(program);
     WaitUntil(program, "Paste to be enabled", [&] { return !IsGreyed(program, IDM_PASTE); });
     Trial trial{program, {"The first line.\r\n\r\nThe last."}, std::mt19937(GetParam())};
-    for (int act = 1; act <= kActs && !HasFatalFailure(); ++act) {
+    const int acts = IsLongRun() ? 2000 : 1000;
+    for (int act = 1; act <= acts && !HasFatalFailure(); ++act) {
         ActAtRandom(trial);
         if (HasFatalFailure()) break;
         if (act % kActsBetweenLooks == 0) Look(trial);
