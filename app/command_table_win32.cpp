@@ -14,6 +14,7 @@
 #include "app/passage_commands_win32.h"
 #include "app/print_commands_win32.h"
 #include "app/search_commands_win32.h"
+#include "app/taken_sets_win32.h"
 #include "notes/note_edit_control_win32.h"
 #include "notes/note_editor_window.h"
 #include "notes/notes_window.h"
@@ -107,6 +108,7 @@ static constexpr Command kCommands[] = {
     {IDM_DELETE_NOTE_SET, DeleteSet, kNotEditing | kNotesCanChange},
     {IDM_RENAME_NOTE_SET, RenameSet, kNotEditing | kNotesCanChange},
     {IDM_MERGE_SETS, MergeNoteSets, kNotEditing | kNotesCanChange},
+    {IDM_TAKE_OVER_SETS, TakeOverSets, kNotEditing | kNotesCanChange},
     {IDM_OFFER_MERGE, OfferMerge, kNotEditing | kNotesCanChange},
     {IDM_MARK_NOTE_SETS, MarkSets},
     {IDM_NOTES_CHANGED, UpdateNoteMarks},

@@ -8,6 +8,7 @@
 #include "app/session_win32.h"
 #include "app/single_instance_win32.h"
 #include "app/startup_win32.h"
+#include "app/taken_sets_win32.h"
 #include "notes/note_edit_control_win32.h"
 #include "notes/note_editor_window.h"
 #include "notes/notes_window.h"
@@ -101,6 +102,7 @@ int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int showState) {
     SettleWorkingFolder({kVerseTextFile, "*.nmi"}, "Versewell", "installed.txt");
     if (!ClaimWorkingFolder(kFrameClass) || !RegisterClasses()) return 0;
     WatchHeldKeys();
+    PrepareSets();
     OpenLastSession();
     const FramePlacement placement = LoadPlacement(FirstSettings());
     const HWND frame = CreateFrame(placement);

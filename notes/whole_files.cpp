@@ -20,26 +20,36 @@ bool WriteWholeFile(const NoteFiles& files, const std::string& name, std::span<c
     return false;
 }
 
-static bool CopyBytes(const NoteFiles& files, void* from, void* to) {
+// A failed read ends the source, too.
+static FileCopy CopyBytes(const NoteFiles& from, void* source, std::uint64_t size, const NoteFiles& to, void* target) {
     std::vector<unsigned char> piece(kCopyPiece);
     std::uint64_t place = 0;
     for (std::size_t read = kCopyPiece; read == kCopyPiece; place += read) {
-        read = files.readAt(files.device, from, place, piece);
-        if (!files.write(files.device, to, std::span(piece).first(read))) return false;
+        read = from.readAt(from.device, source, place, piece);
+        if (!to.write(to.device, target, std::span(piece).first(read))) return FileCopy::kCannotWrite;
     }
-    return files.flush(files.device, to);
+    if (place != size) return FileCopy::kCannotRead;
+    return to.flush(to.device, target) ? FileCopy::kCopied : FileCopy::kCannotWrite;
+}
+
+FileCopy CopyFileFrom(const NoteFiles& from, const std::string& name, const NoteFiles& to, const std::string& copy) {
+    const NoteFileStamp stamp = from.stamp(from.device, name);
+    OwnedNoteFile source = OpenNoteFile(from, name);
+    if (!source) return FileCopy::kCannotRead;
+    OwnedNoteFile target = CreateNoteFileAnew(to, copy);
+    if (!target) return FileCopy::kCannotWrite;
+    FileCopy result = CopyBytes(from, source.get(), stamp.size, to, target.get());
+    source.reset();
+    target.reset();
+    if (result == FileCopy::kCopied && from.stamp(from.device, name) != stamp) result = FileCopy::kCannotRead;
+    if (result != FileCopy::kCopied) to.remove(to.device, copy);
+    return result;
 }
 
 bool CopyWholeFile(const NoteFiles& files, const std::string& from, const std::string& to) {
     const std::string unfinished = to + kTempEnding;
-    OwnedNoteFile source = OpenNoteFile(files, from);
-    if (!source) return false;
-    OwnedNoteFile target = CreateNoteFileAnew(files, unfinished);
-    if (!target) return false;
-    const bool copied = CopyBytes(files, source.get(), target.get());
-    source.reset();
-    target.reset();
-    if (copied && files.rename(files.device, unfinished, to)) return true;
+    if (CopyFileFrom(files, from, files, unfinished) != FileCopy::kCopied) return false;
+    if (files.rename(files.device, unfinished, to)) return true;
     files.remove(files.device, unfinished);
     return false;
 }

@@ -16,5 +16,12 @@ bool ReadWholeFile(const NoteFiles& files, const std::string& name, std::size_t 
 // over it. False if it still is as it was.
 bool WriteWholeFile(const NoteFiles& files, const std::string& name, std::span<const unsigned char> bytes);
 
+enum class FileCopy { kCopied, kCannotRead, kCannotWrite };
+
+// Copies the file `name` of one device to `copy` of another, in pieces of 1 MB, and flushes it; an existing `copy` is
+// written over, in place. kCannotRead also if not all of it could be read or it has changed meanwhile. If it is not
+// copied, there is no `copy`.
+FileCopy CopyFileFrom(const NoteFiles& from, const std::string& name, const NoteFiles& to, const std::string& copy);
+
 // Copies `from` to `to`, which must not exist, in pieces of 1 MB. False if there is no copy.
 bool CopyWholeFile(const NoteFiles& files, const std::string& from, const std::string& to);

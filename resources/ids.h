@@ -77,6 +77,7 @@
 #define IDM_REDO 304
 #define IDM_SELECT_ALL 305
 #define IDM_FOCUS_NOTES 306
+#define IDM_TAKE_OVER_SETS 307
 #define IDM_DARK_OFF 320  // these three in the order of DarkPanesChoice
 #define IDM_DARK_ON 321
 #define IDM_DARK_AS_SYSTEM 322

@@ -86,6 +86,7 @@ static constexpr ExpectedItem kCommands[] = {
     {300, "Earlier Notes for this &Verse..."},
     {301, "&Earlier States..."},
     {302, "&Merge Sets..."},
+    {307, "&Take Over Notes..."},
     {303, "&Undo\tCtrl+Z"},
     {304, "Re&do\tCtrl+Y"},
     {305, "Select &All\tCtrl+A"},

@@ -138,6 +138,7 @@ struct Folders {
     std::wstring working;
     bool readsFromStart = true;
     bool canWrite = true;
+    bool isInstalled = false;
 };
 
 }  // namespace
@@ -174,6 +175,10 @@ std::wstring WorkingFilePath(const std::string& name) {
     return PathIn(TheFolders().working, name);
 }
 
+bool IsInstalledCopy() {
+    return TheFolders().isInstalled;
+}
+
 bool CanWriteWorkingFolder() {
     return TheFolders().canWrite;
 }
@@ -197,9 +202,9 @@ static std::wstring ApplicationDataFolder() {
 }
 
 // Chooses the working folder; false if no files can be created in any.
-static bool ChooseWorkingFolder(Folders& folders, const char* folderName, bool isInstalled) {
+static bool ChooseWorkingFolder(Folders& folders, const char* folderName) {
     if (folders.readsFromStart && CanMakeFiles(folders.start)) return true;
-    if (folders.working = folders.program; !isInstalled && CanMakeFiles(folders.working)) return true;
+    if (folders.working = folders.program; !folders.isInstalled && CanMakeFiles(folders.working)) return true;
     if (const std::wstring applicationData = ApplicationDataFolder(); !applicationData.empty()) {
         const std::wstring folder = PathIn(applicationData, folderName);
         CreateDirectoryW(folder.c_str(), nullptr);  // may already exist
@@ -212,11 +217,11 @@ static bool ChooseWorkingFolder(Folders& folders, const char* folderName, bool i
 void SettleWorkingFolder(std::initializer_list<const char*> markers, const char* folderName,
                          const char* installedMark) {
     Folders& folders = TheFolders();
-    const bool isInstalled = IsThere(PathIn(folders.program, Wide(installedMark)));
-    folders.readsFromStart = !isInstalled && std::any_of(markers.begin(), markers.end(), [&](const char* marker) {
-        return !FilesIn(folders.start, marker).empty();
-    });
-    folders.canWrite = ChooseWorkingFolder(folders, folderName, isInstalled);
+    folders.isInstalled = IsThere(PathIn(folders.program, Wide(installedMark)));
+    folders.readsFromStart = !folders.isInstalled &&
+                             std::any_of(markers.begin(), markers.end(),
+                                         [&](const char* marker) { return !FilesIn(folders.start, marker).empty(); });
+    folders.canWrite = ChooseWorkingFolder(folders, folderName);
     if (folders.working.size() < kLongPath) SetCurrentDirectoryW(folders.working.c_str());  // the limit of the system
 }
 

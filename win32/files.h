@@ -85,6 +85,9 @@ std::wstring WorkingFilePath(const std::string& name);
 // in the user's application data is tried: an installed copy keeps nothing in folders that are removed with it.
 void SettleWorkingFolder(std::initializer_list<const char*> markers, const char* folderName, const char* installedMark);
 
+// True if SettleWorkingFolder found `installedMark`.
+bool IsInstalledCopy();
+
 // False if SettleWorkingFolder found no folder where files can be created.
 bool CanWriteWorkingFolder();
 

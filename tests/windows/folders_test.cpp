@@ -202,7 +202,10 @@ TEST(InstalledCopies, KeepNotesInApplicationData) {
     WriteNoteSet(other, "Other", {{0, "elsewhere"}});
     const std::vector<std::string> filesOfOther = FilesIn(other);
     for (const ScratchFolder* start : {&home, &other}) {
-        Program program = StartProgram(*start, ProgramIn(home));
+        Program program = LaunchProgram(*start, ProgramIn(home));
+        if (start == &home)
+            PostMessageA(WaitForDialog(program, "Take Over Notes"), WM_COMMAND, IDNO, 0);  // no notes yet
+        WaitForFrame(program);
         EXPECT_FALSE(HasDialog(program));
         EXPECT_THAT(NoteSetNames(program), ElementsAre("My Notes"));
         SaveNoteText(program, "kept");

@@ -1,0 +1,143 @@
+#include "app/taken_sets_win32.h"
+
+#include <array>
+#include <optional>
+#include <string>
+
+#include "app/frame_win32.h"
+#include "app/note_commands_win32.h"
+#include "app/note_set_commands_win32.h"
+#include "app/profile_file_win32.h"
+#include "app/set_checks_win32.h"
+#include "app/settings.h"
+#include "notes/note_files_win32.h"
+#include "notes/note_tabs_win32.h"
+#include "notes/notes_window.h"
+#include "notes/taken_sets.h"
+#include "pane/status_bar_win32.h"
+#include "win32/files.h"
+#include "win32/folder_dialog.h"
+
+static constexpr wchar_t kCaption[] = L"Take Over Notes";
+static constexpr char kDeliveredFolder[] = "Morning and Evening";  // beside the program
+
+static int Ask(HWND owner, const std::wstring& text, UINT style) {
+    return MessageBoxW(owner, text.c_str(), kCaption, style);
+}
+
+// ---- Taking ---------------------------------------------------------------------------------------------------------
+
+static std::wstring Problem(SetTaking result) {
+    switch (result) {
+        case SetTaking::kTaken: return L"";
+        case SetTaking::kCannotRead:
+            return L"Nothing was taken over, because a file could not be read. Close the other copy of Versewell, if "
+                   L"it "
+                   L"is running, and any program that keeps its folder in step.";
+        case SetTaking::kCannotWrite:
+            return L"Nothing was taken over, because the files could not be written. The disk may be full.";
+        case SetTaking::kNotFinished: break;
+    }
+    return L"Not everything could be put in place. The next start of Versewell tries again.";
+}
+
+static bool Take(HWND owner, const NoteFiles& from, const SetsToTake& found) {
+    const std::wstring problem = Problem(TakeSets(from, TheNoteFiles(), found));
+    if (!problem.empty()) Ask(owner, problem, MB_OK | MB_ICONEXCLAMATION);
+    return problem.empty();
+}
+
+static std::wstring WithFolder(const std::wstring& folder, const std::wstring& text) {
+    return WithoutLongPrefix(folder) + L"\n\n" + text;
+}
+
+// Lets the user choose a folder until one has sets to take over, and confirms them. The number of sets that were taken.
+static std::size_t AskAndTake(HWND owner) {
+    static const std::array<std::string, 2> kSettings = {kMoreSettingsFile, kSettingsFile};
+    while (true) {
+        std::wstring folder = AskFolder(owner, L"Folder of the other copy of Versewell");
+        if (folder.empty()) return 0;
+        const NoteFiles from = NoteFilesIn(folder);
+        const SetsToTake found = FindSetsToTake(from, TheNoteFiles(), kSettings);
+        const std::string names = TextOfSetsToTake(found);
+        if (found.sets.empty()) {
+            const std::wstring none = names.empty() ? L"There are no note sets in this folder." : Wide(names);
+            if (Ask(owner, WithFolder(folder, none), MB_RETRYCANCEL | MB_ICONINFORMATION) != IDRETRY) return 0;
+            continue;
+        }
+        const std::wstring question = Wide(names) + L"\n\nThey are copied, and the folder stays as it is. Continue?";
+        if (Ask(owner, WithFolder(folder, question), MB_OKCANCEL | MB_ICONQUESTION) != IDOK) return 0;
+        return Take(owner, from, found) ? found.sets.size() : 0;
+    }
+}
+
+// ---- The first start ------------------------------------------------------------------------------------------------
+
+static void OfferToTake() {
+    const std::wstring text =
+        L"Versewell keeps your notes in this folder, which has none yet:\n\n" + WithoutLongPrefix(WorkingFilePath("")) +
+        L"\n\nIf you have used another copy of Versewell, its notes and settings can be copied to it. Do you want to "
+        L"choose the folder of that copy now?\n\nNotes, Note Sets, Take Over Notes does so at any time.";
+    if (Ask(nullptr, text, MB_YESNO | MB_ICONQUESTION | MB_DEFBUTTON2) == IDYES) AskAndTake(nullptr);
+}
+
+static void PutInFront(const char* setName) {
+    std::wstring path = WorkingFilePath(kMoreSettingsFile);
+    const ProfileFile profile = ProfileAt(path);
+    MoreSettings settings = LoadMoreSettings(profile);
+    settings.CurrentSet = setName;
+    SaveMoreSettings(profile, settings);
+}
+
+// The user's first note should not be added to the readings, so there is another set, and it is in front.
+static void AddFirstSet() {
+    NoteSet set = EmptyNoteSet(kFirstSetName);
+    if (CreateNoteFiles(TheNoteFiles(), set) == 2) PutInFront(kFirstSetName);
+}
+
+static void AddDeliveredSets() {
+    static std::wstring folder = PathIn(ProgramFolder(), Wide(kDeliveredFolder));
+    if (!IsThere(folder)) return;
+    const NoteFiles from = NoteFilesIn(folder);
+    const bool isFirst = HasNoSets(TheNoteFiles());
+    const SetsToTake found = FindSetsToTake(from, TheNoteFiles(), {});
+    if (found.sets.empty() || TakeSets(from, TheNoteFiles(), found) != SetTaking::kTaken) return;
+    if (isFirst) AddFirstSet();
+}
+
+void PrepareSets() {
+    if (!CanWriteWorkingFolder()) return;
+    FinishTaking(TheNoteFiles());
+    if (!HasNoSets(TheNoteFiles())) return;
+    if (IsInstalledCopy()) OfferToTake();
+    if (TheNoteFiles().list(TheNoteFiles().device, std::string("*") + kTableEnding).empty()) AddDeliveredSets();
+}
+
+// ---- The command ----------------------------------------------------------------------------------------------------
+
+// Opens them as at a start, with all repairs, and goes on with the note that was shown.
+static void OpenSetsAgain() {
+    const NoteSet* set = CurrentSet(theNoteSets);
+    const std::string name = set != nullptr ? NoteSetName(*set) : "";
+    const int verse = theNoteSets.currentVerse;
+    const OpeningSets opening = BeginToLoadNoteSets();
+    OpenSets();
+    SelectStoredNote(theNoteSets, SetNamed(theNoteSets, name), verse);
+    UpdateDevotionalMenu();
+    ShowNoteTabs({});
+    LayOut();
+    ReadNote(theNoteSets.currentVerse);
+    UpdateNoteMarks(0);
+}
+
+void TakeOverSets(int) {
+    const std::size_t count = AskAndTake(theFrame.window);
+    if (count > 0) {
+        OpenSetsAgain();
+        TellSetsNotShown();
+        if (theNoteSets.notShown.empty())
+            ShowStatus(StatusPart::kSearchSummary,
+                       std::to_string(count) + (count == 1 ? " note set" : " note sets") + " taken over");
+    }
+    FocusNotes();
+}

@@ -1,0 +1,159 @@
+#include "notes/taken_sets.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <set>
+#include <string_view>
+
+#include "notes/conflict_copies.h"
+#include "notes/file_names.h"
+#include "notes/note_backup.h"
+#include "notes/note_history.h"
+#include "notes/whole_files.h"
+#include "scripture/letters.h"
+
+static const std::string kTempDataEnding = std::string(kDataEnding) + kTempEnding;
+static const std::string kStagedStart = std::string(kTakenList) + '-';
+static constexpr std::size_t kListLimit = std::size_t{1} << 24;
+
+static bool Exists(const NoteFiles& files, const std::string& name) {
+    return files.stamp(files.device, name).exists;
+}
+
+// ---- Looking --------------------------------------------------------------------------------------------------------
+
+static bool LessIgnoringCase(const std::string& one, const std::string& other) {
+    return LowerCased(one) < LowerCased(other);
+}
+
+// The names with a data file, or with the temporary one of a save that was stopped.
+static std::vector<std::string> SetsIn(const NoteFiles& files) {
+    std::vector<std::string> names = NamesWithEnding(files, "", kDataEnding);
+    for (std::string& name : NamesWithEnding(files, "", kTempDataEnding)) names.push_back(std::move(name));
+    std::ranges::sort(names, LessIgnoringCase);
+    const auto isSame = [](const std::string& one, const std::string& other) { return EqualIgnoringCase(one, other); };
+    names.erase(std::unique(names.begin(), names.end(), isSame), names.end());
+    return names;
+}
+
+bool HasNoSets(const NoteFiles& files) {
+    return SetsIn(files).empty() && NamesWithEnding(files, "", kIndexEnding).empty();
+}
+
+static std::vector<std::string> FilesOfSet(const std::string& name) {
+    return {name + kDataEnding, name + kTempDataEnding, name + kTableEnding, name + kIndexEnding};
+}
+
+static bool IsPresent(const NoteFiles& files, const std::string& set) {
+    return std::ranges::any_of(FilesOfSet(set), [&](const std::string& name) { return Exists(files, name); });
+}
+
+// Names of files in the folder of backups that belong to sets of which there is none in `to`.
+static std::vector<std::string> BackupsToTake(const NoteFiles& from, const NoteFiles& to) {
+    std::vector<std::string> names;
+    for (const SetBackup& backup : AllBackups(from)) {
+        if (IsPresent(to, backup.setName)) continue;
+        for (const char* ending : {kIndexEnding, kTableEnding, kDataEnding})
+            names.push_back(BackupName(backup) + ending);
+    }
+    for (const std::string& set : NamesWithEnding(from, std::string(kBackupFolder) + '/', kHistoryEnding))
+        if (!IsPresent(to, set)) names.push_back(HistoryFileName(set));
+    return names;
+}
+
+SetsToTake FindSetsToTake(const NoteFiles& from, const NoteFiles& to, std::span<const std::string> others) {
+    SetsToTake found;
+    for (const std::string& set : SetsIn(from)) (IsPresent(to, set) ? found.present : found.sets).push_back(set);
+    if (found.sets.empty()) return found;
+    const auto add = [&](const std::string& name) {
+        if (Exists(from, name) && !Exists(to, name)) found.files.push_back(name);
+    };
+    for (const std::string& name : BackupsToTake(from, to)) add(name);
+    for (const std::string& set : found.sets)
+        for (const std::string& name : FilesOfSet(set)) add(name);
+    for (const std::string& name : others) add(name);
+    return found;
+}
+
+static std::string Listed(std::span<const std::string> names) {
+    static constexpr std::size_t kMostLines = 31;
+    std::string lines;
+    for (std::size_t i = 0; i < std::min(names.size(), kMostLines); ++i) lines += "\n    " + names[i];
+    if (names.size() > kMostLines) lines += "\n    and " + std::to_string(names.size() - kMostLines) + " more";
+    return lines;
+}
+
+std::string TextOfSetsToTake(const SetsToTake& found) {
+    std::string text;
+    if (!found.sets.empty()) text = "Note sets that can be taken over:" + Listed(found.sets);
+    if (found.present.empty()) return text;
+    if (!text.empty()) text += "\n\n";
+    return text + "Left out, because there are note sets of these names already:" + Listed(found.present);
+}
+
+// ---- Taking ---------------------------------------------------------------------------------------------------------
+
+static std::string StagedName(std::size_t number) {
+    std::array<char, 24> digits{};
+    std::snprintf(digits.data(), digits.size(), "%03zu", number + 1);
+    return kStagedStart + digits.data() + kTempEnding;
+}
+
+static void RemoveStaged(const NoteFiles& files) {
+    for (const std::string& name : NamesWithEnding(files, "", kTempEnding))
+        if (name == kTakenList || name.starts_with(kStagedStart)) files.remove(files.device, name + kTempEnding);
+}
+
+static std::vector<std::string> Lines(std::string_view text) {
+    std::vector<std::string> lines;
+    for (std::size_t end = text.find('\n'); end != std::string_view::npos; end = text.find('\n')) {
+        lines.emplace_back(text.substr(0, end));
+        text.remove_prefix(end + 1);
+    }
+    return lines;
+}
+
+// Gives one of the copies its name. Whatever has got that name meanwhile stays, and the copy goes.
+static bool Settle(const NoteFiles& files, const std::string& staged, const std::string& name) {
+    if (!Exists(files, staged)) return true;  // by a former run
+    if (!StaysInFolder(name) || Exists(files, name)) return files.remove(files.device, staged);
+    return files.rename(files.device, staged, name);
+}
+
+bool FinishTaking(const NoteFiles& files) {
+    if (!Exists(files, kTakenList)) return RemoveStaged(files), true;
+    std::vector<unsigned char> bytes;
+    if (!ReadWholeFile(files, kTakenList, kListLimit, bytes)) return false;
+    const std::vector<std::string> names = Lines({reinterpret_cast<const char*>(bytes.data()), bytes.size()});
+    const auto isBackup = [](const std::string& name) { return name.starts_with(kBackupFolder); };
+    bool isSettled = std::ranges::none_of(names, isBackup) || files.makeFolder(files.device, kBackupFolder);
+    for (std::size_t i = 0; i < names.size(); ++i) isSettled &= Settle(files, StagedName(i), names[i]);
+    return isSettled && files.remove(files.device, kTakenList);
+}
+
+static SetTaking CopyAll(const NoteFiles& from, const NoteFiles& to, std::span<const std::string> names) {
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        switch (CopyFileFrom(from, names[i], to, StagedName(i))) {
+            case FileCopy::kCopied: break;
+            case FileCopy::kCannotRead: return SetTaking::kCannotRead;
+            case FileCopy::kCannotWrite: return SetTaking::kCannotWrite;
+        }
+    }
+    return SetTaking::kTaken;
+}
+
+static bool WriteList(const NoteFiles& files, std::span<const std::string> names) {
+    std::string text;
+    for (const std::string& name : names) text += name + '\n';
+    return WriteWholeFile(files, kTakenList, {reinterpret_cast<const unsigned char*>(text.data()), text.size()});
+}
+
+SetTaking TakeSets(const NoteFiles& from, const NoteFiles& to, const SetsToTake& found) {
+    if (!FinishTaking(to)) return SetTaking::kNotFinished;
+    SetTaking result = CopyAll(from, to, found.files);
+    if (result == SetTaking::kTaken && !WriteList(to, found.files)) result = SetTaking::kCannotWrite;
+    if (result == SetTaking::kTaken) return FinishTaking(to) ? SetTaking::kTaken : SetTaking::kNotFinished;
+    RemoveStaged(to);
+    return result;
+}

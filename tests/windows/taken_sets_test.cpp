@@ -1,0 +1,196 @@
+// Taking over the notes of another copy, and the note sets that come with the program.
+
+#include <windows.h>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "resources/ids.h"
+#include "tests/windows/note_set_files.h"
+#include "tests/windows/note_steps.h"
+#include "tests/windows/odd_folders.h"
+#include "tests/windows/passage_pane.h"
+
+using testing::AllOf;
+using testing::Contains;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::Not;
+
+namespace fs = std::filesystem;
+
+static constexpr char kTakeOver[] = "Take Over Notes";
+static constexpr char kFolderDialog[] = "Folder of the other copy of Versewell";
+static constexpr char kReadings[] = "Morning and Evening";
+
+// As the archive has them: in a folder beside the program.
+static void AddReadings(const ScratchFolder& home) {
+    fs::create_directory(home.path / kReadings);
+    for (const char* ending : {".nmi", ".nmd", ".dti"}) {
+        const std::string name = kReadings + std::string(ending);
+        fs::copy_file(fs::path(Surroundings().data) / name, home.path / kReadings / name);
+    }
+}
+
+namespace {
+
+// A copy as the installer lays it out, which has never been started.
+struct InstalledCopy {
+    ScratchFolder home = FolderWithScripture();
+    ScratchFolder data = EmptyFolder();
+    ScratchFolder notes{data.path / "Versewell", nullptr};
+    WithApplicationData applicationData{data.path};
+
+    InstalledCopy() {
+        CopyProgramTo(home);
+        AddReadings(home);
+        WriteFile(home, "installed.txt", "");
+    }
+    Program Launch() const { return LaunchProgram(home, ProgramIn(home)); }
+    Program Start() const { return StartProgram(home, ProgramIn(home)); }
+};
+
+}  // namespace
+
+static std::string AnswerQuestion(const Program& program, int button) {
+    const HWND box = WaitForDialog(program, kTakeOver);
+    const std::string text = MessageText(box);
+    PostMessageA(box, WM_COMMAND, static_cast<WPARAM>(button), 0);
+    WaitUntil(program, "the end of a question", [&] { return !IsWindow(box); });
+    return text;
+}
+
+static BOOL CALLBACK FindField(HWND window, LPARAM field) {
+    if (ClassOf(window) != "Edit") return TRUE;
+    *reinterpret_cast<HWND*>(field) = window;
+    return FALSE;
+}
+
+static void ChooseFolder(const Program& program, const ScratchFolder& folder) {
+    const HWND dialog = WaitForDialog(program, kFolderDialog);
+    HWND field = nullptr;
+    EnumChildWindows(dialog, FindField, reinterpret_cast<LPARAM>(&field));
+    SendMessageW(field, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(folder.path.c_str()));
+    PostMessageA(dialog, WM_COMMAND, IDOK, 0);
+    WaitUntil(program, "the end of the dialog", [&] { return !IsWindow(dialog); });
+}
+
+// Two sets with their backups, one with a note of Genesis 3:2, and settings that show it.
+static ScratchFolder FolderOfOlderCopy() {
+    ScratchFolder folder = FolderToEdit("of the older copy");
+    WriteNoteSet(folder, "Sermons", {{0, "a sermon"}});
+    fs::create_directory(folder.path / "backup");
+    for (const char* name : {"backup/Sermons.nmh", "backup/Mine 2024-12-31.nmi", "backup/Mine 2024-12-31.nmd"})
+        WriteFile(folder, name, "kept");
+    return folder;
+}
+
+TEST(FirstStartOfAnInstalledCopy, HasTheReadingsAndAnEmptySetInFront) {
+    const InstalledCopy copy;
+    Program program = copy.Launch();
+    EXPECT_THAT(AnswerQuestion(program, IDNO), AllOf(HasSubstr(copy.notes.path.string()), HasSubstr("which has none")));
+    WaitForFrame(program);
+    EXPECT_THAT(NoteSetNames(program), ElementsAre(kReadings, "My Notes"));
+    EXPECT_THAT(MenuBar(program), Contains("&Devotional"));
+    EXPECT_EQ(SelectedTab(Child(program.frame, {IDC_NOTE_TABS})), 1);
+    EXPECT_EQ(TextOf(NoteViewOf(program)), "No note for Genesis 1:1.");
+    Command(program, IDM_DEVOTIONAL + 5946);
+    EXPECT_THAT(TextOf(NoteViewOf(program)), testing::StartsWith("January 1, Morning"));
+    EXPECT_EQ(CloseProgram(program), 0);
+
+    Program again = copy.Start();  // without a question
+    EXPECT_THAT(NoteSetNames(again), ElementsAre(kReadings, "My Notes"));
+    EXPECT_THAT(MenuBar(again), Contains("&Devotional"));
+}
+
+TEST(FirstStartOfAnInstalledCopy, TakesOverNotesAndSettings) {
+    const ScratchFolder older = FolderOfOlderCopy();
+    const std::vector<std::string> files = FilesIn(older);
+    const InstalledCopy copy;
+    {
+        Program program = copy.Launch();
+        AnswerQuestion(program, IDYES);
+        ChooseFolder(program, older);
+        EXPECT_THAT(AnswerQuestion(program, IDOK),
+                    AllOf(HasSubstr(older.path.string()), HasSubstr("\n    Mine\n    Sermons\n")));
+        WaitForFrame(program);
+        EXPECT_THAT(NoteSetNames(program), ElementsAre("Mine", kReadings, "Sermons"));
+        EXPECT_EQ(StatusPart(program, 3), "Genesis 3:2");
+        EXPECT_EQ(TextOf(NoteViewOf(program)), "of the older copy");
+        EXPECT_THAT(MenuBar(program), Contains("&Devotional"));
+        EXPECT_EQ(CloseProgram(program), 0);
+    }
+    EXPECT_EQ(FilesIn(older), files);
+    EXPECT_EQ(ReadFile(copy.notes, "backup/Sermons.nmh"), "kept");
+    EXPECT_EQ(ReadFile(copy.notes, "backup/Mine 2024-12-31.nmd"), "kept");
+    EXPECT_FALSE(HasFile(copy.notes, "_avtext.dat"));
+    EXPECT_THAT(FilesIn(copy.notes), Not(Contains(HasSubstr("Versewell.taken"))));
+    Program again = copy.Start();
+    EXPECT_EQ(TextOf(NoteViewOf(again)), "of the older copy");
+}
+
+TEST(FirstStartOfAnInstalledCopy, AsksAgainForAFolderWithNotes) {
+    const ScratchFolder older = FolderOfOlderCopy(), empty = EmptyFolder();
+    const InstalledCopy copy;
+    Program program = copy.Launch();
+    AnswerQuestion(program, IDYES);
+    ChooseFolder(program, empty);
+    EXPECT_THAT(AnswerQuestion(program, IDRETRY), HasSubstr("There are no note sets in this folder."));
+    ChooseFolder(program, older);
+    AnswerQuestion(program, IDCANCEL);
+    WaitForFrame(program);
+    EXPECT_THAT(NoteSetNames(program), ElementsAre(kReadings, "My Notes"));
+}
+
+// An archive that was unpacked.
+TEST(FirstStartOfAPortableCopy, HasTheReadingsAndAsksNothing) {
+    const ScratchFolder home = FolderWithScripture();
+    CopyProgramTo(home);
+    AddReadings(home);
+    Program program = StartProgram(home, ProgramIn(home));
+    EXPECT_FALSE(HasDialog(program));
+    EXPECT_THAT(NoteSetNames(program), ElementsAre(kReadings, "My Notes"));
+    EXPECT_EQ(SelectedTab(Child(program.frame, {IDC_NOTE_TABS})), 1);
+    EXPECT_THAT(MenuBar(program), Contains("&Devotional"));
+}
+
+// A newer archive that was unpacked over a copy with notes.
+TEST(UpdateOfAPortableCopy, LeavesTheNotesAsTheyAre) {
+    const ScratchFolder home = FolderWithScripture();
+    CopyProgramTo(home);
+    AddReadings(home);
+    WriteNoteSet(home, "Mine", {{0, "kept"}});
+    const std::vector<std::string> files = FilesIn(home);
+    Program program = StartProgram(home, ProgramIn(home));
+    EXPECT_FALSE(HasDialog(program));
+    EXPECT_THAT(NoteSetNames(program), ElementsAre("Mine"));
+    EXPECT_THAT(MenuBar(program), Not(Contains("&Devotional")));
+    EXPECT_EQ(FilesIn(home), files);
+}
+
+TEST(TakeOverNotes, AddsTheSetsThatAreNotThereYet) {
+    const ScratchFolder older = FolderOfOlderCopy(), folder = FolderToEdit("mine");
+    fs::copy_file(fs::path(Surroundings().data) / "Morning and Evening.dti", older.path / "Sermons.dti");
+    Program program = StartProgram(folder);
+    EXPECT_THAT(MenuBar(program), Not(Contains("&Devotional")));
+    Command(program, IDM_TAKE_OVER_SETS);
+    ChooseFolder(program, older);
+    EXPECT_THAT(AnswerQuestion(program, IDOK),
+                AllOf(HasSubstr("taken over:\n    Sermons\n"), HasSubstr("of these names already:\n    Mine\n")));
+    WaitUntil(program, "the sets", [&] { return StatusPart(program, 0) == "1 note set taken over"; });
+    EXPECT_THAT(NoteSetNames(program), ElementsAre("Mine", "Sermons"));
+    EXPECT_THAT(MenuBar(program), Contains("&Devotional"));
+    EXPECT_EQ(SelectedTab(Child(program.frame, {IDC_NOTE_TABS})), 0);
+    EXPECT_EQ(TextOf(NoteViewOf(program)), "mine");
+    EXPECT_EQ(StoredEdit(program), "mine");
+    ClickTab(program, Child(program.frame, {IDC_NOTE_TABS}), 1);
+    Command(program, IDM_GOTO_BOOK + 1);
+    EXPECT_EQ(TextOf(NoteViewOf(program)), "a sermon");
+    EXPECT_EQ(CloseProgram(program), 0);
+    EXPECT_THAT(ReadFile(folder, "Mine.nmd"), HasSubstr("mine"));
+}
+
+TEST(TakeOverNotes, WaitsForTheEndOfAnEdit) {
+    const Program program = ProgramInEditor("being edited");
+    EXPECT_TRUE(IsGreyed(program, IDM_TAKE_OVER_SETS));
+}
