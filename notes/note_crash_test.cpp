@@ -149,7 +149,7 @@ TEST(StoppedRecovery, IsCompletedByTheNextStart) {
         FakeNoteFiles stopped = before.files;
         const bool ended = SaveUntilItStops(stopped, edit, step);
         for (std::int64_t recovered = 0; recovered < 20; ++recovered, ++stops) {
-            if ((step + recovered) % Tried(1, 4) != 0) continue;
+            if ((step + recovered) % Tried(1, 8) != 0) continue;
             SCOPED_TRACE(testing::Message() << "step " << step << ", of the recovery " << recovered);
             FakeNoteFiles files = stopped;
             files.steps = recovered;

@@ -297,7 +297,7 @@ static std::size_t ExpectSame(const Request& request, HitCounters& hits) {
 }
 
 TEST(SearchByHand, AgreesOnAThousandQueries) {
-    const int queries = Tried(1000, 100);
+    const int queries = Tried(1000, 50);
     RequestMaker maker;
     HitCounters hits;
     int successes = 0;
