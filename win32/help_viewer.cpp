@@ -31,6 +31,13 @@ struct HelpPage {
 
 }  // namespace
 
+// Of the help that lies beside the program, whatever the current folder has of that name: help files can start
+// programs. Only a program without its help is content with another one.
+static std::wstring HelpPath(const std::string& name) {
+    const std::wstring own = PathIn(ProgramFolder(), name);
+    return IsThere(own) ? own : ProgramFilePath(name);
+}
+
 // Like all procedures here that open something, returns whether it succeeded.
 static bool OpenWithShell(HWND owner, const std::wstring& file) {
     const HINSTANCE result = ShellExecuteW(owner, L"open", file.c_str(), nullptr, nullptr, SW_SHOWNORMAL);
@@ -122,7 +129,7 @@ static bool SendToViewer(HWND frame, const std::string& file, const HelpPage& pa
 }
 
 static bool ShowInViewer(HWND frame, const HelpPage& page) {
-    const std::wstring path = ProgramFilePath(page.file);
+    const std::wstring path = HelpPath(page.file);
     const std::optional<std::string> file = IsThere(path) ? PathInCodePage(path) : std::nullopt;
     if (!file) return false;
     const std::wstring viewer = InstalledViewer();
@@ -144,7 +151,7 @@ static std::wstring ShellPath(const std::wstring& path) {
 
 static bool ShowInBrowser(HWND frame, const HelpPage& page) {
     const std::string name = page.topic != nullptr ? page.topic : "index";
-    const std::wstring path = ProgramFilePath("help\\" + name + ".html");
+    const std::wstring path = HelpPath("help\\" + name + ".html");
     return IsThere(path) && OpenWithShell(frame, ShellPath(path));
 }
 
@@ -165,7 +172,7 @@ void OpenHelpTopic(HWND owner, const char* name, const char* topic) {
 }
 
 void CloseHelp(HWND frame, const char* name) {
-    const std::wstring path = ProgramFilePath(name);
+    const std::wstring path = HelpPath(name);
     const std::optional<std::string> file = IsThere(path) ? PathInCodePage(path) : std::nullopt;
     if (startedViewer)
         EndViewerOfWine(frame, file.value_or(name));

@@ -124,3 +124,19 @@ TEST(PlantedLibraries, AreNotLoaded) {
     if (IsLongRun()) Crash(program);                              // dbghelp
     for (const ScratchFolder& folder : {home, current}) EXPECT_THAT(MarksIn(folder), IsEmpty());
 }
+
+// A page that lies in the working folder may be anyone's, too.
+TEST(PlantedHelp, IsNotOpenedInPlaceOfTheProgramsOwn) {
+    const ScratchFolder home = FolderWithHelp(), current = FolderWithHelp(), browserFolder = EmptyFolder();
+    CopyProgramTo(home);
+    Program program = StartProgram(current, ProgramIn(home));
+    {
+        const WithoutViewer without;
+        const WritingBrowser browser(browserFolder);
+        Command(program, IDM_HELP_PREFACE);
+        const std::string own = (home.path / "help" / "ID_Preface.html").string();
+        WaitUntil(program, "the page in the browser",
+                  [&] { return ReadFile(browserFolder, "pages.txt").find(".html") != std::string::npos; });
+        EXPECT_THAT(ReadFile(browserFolder, "pages.txt"), testing::HasSubstr(own));
+    }
+}
