@@ -38,7 +38,8 @@ static std::vector<std::string> SetsIn(const NoteFiles& files) {
 }
 
 bool HasNoSets(const NoteFiles& files) {
-    return SetsIn(files).empty() && NamesWithEnding(files, "", kIndexEnding).empty();
+    const auto hasNone = [&](const std::string& ending) { return NamesWithEnding(files, "", ending).empty(); };
+    return hasNone(kIndexEnding) && hasNone(kDataEnding) && hasNone(kTempDataEnding);
 }
 
 static std::vector<std::string> FilesOfSet(const std::string& name) {
