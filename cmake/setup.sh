@@ -17,7 +17,7 @@ packages=(
   librsvg2-dev imagemagick
   halibut hunspell hunspell-en-gb
   wine wine64 fonts-wine fonts-liberation fonts-dejavu-core
-  xvfb x11-utils libfaketime locales
+  xvfb x11-utils xdotool libfaketime locales
   ghostscript poppler-utils
   syncthing curl
   nsis zip unzip
