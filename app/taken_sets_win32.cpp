@@ -31,9 +31,8 @@ static std::wstring Problem(SetTaking result) {
     switch (result) {
         case SetTaking::kTaken: return L"";
         case SetTaking::kCannotRead:
-            return L"Nothing was taken over, because a file could not be read. Close the other copy of Versewell, if "
-                   L"it "
-                   L"is running, and any program that keeps its folder in step.";
+            return L"Nothing was taken over, because a file could not be read. Close the other copy of Versewell, "
+                   L"if it is running, and any program that keeps its folder in step.";
         case SetTaking::kCannotWrite:
             return L"Nothing was taken over, because the files could not be written. The disk may be full.";
         case SetTaking::kNotFinished: break;
