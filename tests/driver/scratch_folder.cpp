@@ -70,18 +70,23 @@ ScratchFolder FolderWithScripture() {
     return folder;
 }
 
+// A long path has no slashes.
+static std::filesystem::path PathIn(const ScratchFolder& folder, std::string_view name) {
+    return (folder.path / name).make_preferred();
+}
+
 std::string ReadFile(const ScratchFolder& folder, std::string_view name) {
-    std::ifstream file(folder.path / name, std::ios::binary);
+    std::ifstream file(PathIn(folder, name), std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
 void WriteFile(const ScratchFolder& folder, std::string_view name, std::string_view content) {
-    std::ofstream file(folder.path / name, std::ios::binary);
+    std::ofstream file(PathIn(folder, name), std::ios::binary);
     file.write(content.data(), static_cast<std::streamsize>(content.size()));
 }
 
 bool HasFile(const ScratchFolder& folder, std::string_view name) {
-    return std::filesystem::exists(folder.path / name);
+    return std::filesystem::exists(PathIn(folder, name));
 }
 
 std::vector<std::string> FilesIn(const ScratchFolder& folder) {

@@ -11,8 +11,10 @@
 #include <gtest/gtest.h>
 
 #include "tests/driver/driver.h"
+#include "tests/windows/dialog_look.h"
 #include "tests/windows/note_set_files.h"
 #include "tests/windows/note_steps.h"
+#include "tests/windows/odd_folders.h"
 
 static constexpr DWORD64 kNoAddress = 0x10;
 static constexpr DWORD kAborted = 0xE0415254;  // as in win32/crash_dump.cpp
@@ -95,7 +97,8 @@ class Crash : public testing::TestWithParam<CrashRow> {};
 }  // namespace
 
 TEST_P(Crash, LeavesTheNoteAndAMinidump) {
-    const ScratchFolder folder = FolderWithScripture();
+    const ScratchFolder folder = FolderWithForeignLetters();
+    CopyScriptureTo(folder);
     WriteNoteSet(folder, "Mine");
     Program program = StartProgram(folder);
     OpenNoteEditor(program);
@@ -110,9 +113,9 @@ TEST_P(Crash, LeavesTheNoteAndAMinidump) {
     WaitForFrame(program);
     const HWND told = WaitForDialog(program, "Versewell97");
     const std::string shownName = written[0].substr(0, written[0].size() - 4);
-    EXPECT_EQ(MessageText(told),
-              "Versewell ended because of a fault. What a developer needs to find it is in the file\n\n" +
-                  (folder.path / "crash" / shownName).string() + "\n\nNothing has been sent anywhere.");
+    EXPECT_EQ(WideMessageText(told),
+              L"Versewell ended because of a fault. What a developer needs to find it is in the file\n\n" +
+                  (folder.path / "crash" / shownName).wstring() + L"\n\nNothing has been sent anywhere.");
     EXPECT_EQ(Dumps(folder), std::vector<std::string>{shownName});
     Press(program, "Enter");
     const HWND question = WaitForDialog(program, "Versewell97");

@@ -106,3 +106,13 @@ void ExpectComplaint(const Program& program, std::string_view caption, std::stri
     EXPECT_TRUE(ShowsStopIcon(box)) << text;
     Dismiss(program, box);
 }
+
+std::wstring WideMessageText(HWND messageBox) {
+    std::wstring text;
+    for (HWND child = nullptr; (child = FindWindowExW(messageBox, child, L"Static", nullptr)) != nullptr;) {
+        wchar_t part[1000] = L"";
+        SendMessageW(child, WM_GETTEXT, std::size(part), reinterpret_cast<LPARAM>(part));
+        text += part;
+    }
+    return text;
+}

@@ -43,3 +43,6 @@ void ExpectMissingHelp(const Program& program, HWND dialog);
 
 // Waits for the message box `caption`, expects its text, the stop icon and only an OK button, and closes it.
 void ExpectComplaint(const Program& program, std::string_view caption, std::string_view text);
+
+// The text of a message box with all its letters.
+std::wstring WideMessageText(HWND messageBox);

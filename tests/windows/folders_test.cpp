@@ -14,6 +14,7 @@
 #include "tests/windows/odd_folders.h"
 #include "tests/windows/passage_pane.h"
 #include "tests/windows/search_steps.h"
+#include "tests/windows/session_steps.h"
 
 using testing::ElementsAre;
 using testing::HasSubstr;
@@ -140,6 +141,109 @@ TEST_P(OddFolder, IsUsedByOneCopyAtATime) {
     Program second = Launch();
     EXPECT_EQ(WaitForExit(second), 0);
     EXPECT_TRUE(IsRunning(first));
+}
+
+static void NameSet(const Program& program, int command, const char* title, const char* name) {
+    Command(program, command);
+    WaitForDialog(program, title);
+    Press(program, "Ctrl+a");
+    Type(program, name);
+    Press(program, "Enter");
+    WaitForNoDialog(program);
+}
+
+static void Answer(const Program& program, const char* title, const char* key) {
+    WaitForDialog(program, title);
+    Press(program, key);
+}
+
+TEST_P(OddFolder, HoldsAllThatBelongsToNotes) {
+    const std::string copy = "First.sync-conflict-20240501-120000-ABCDEFG";
+    WriteNoteSet(folder, "First", {{0, "first"}});
+    WriteNoteSet(folder, copy, {{0, "first"}, {5, "elsewhere"}});
+    WriteNoteSet(folder, "Readings", {{0, "for every day"}});
+    WriteFile(folder, "Readings.dti", std::string(2976, '\0'));
+    {
+        Program program = Launch();
+        Answer(program, "Copy of a Note Set", "y");
+        Answer(program, "Merge Sets", "Enter");
+        WaitForFrame(program);
+        program.folder = folder;
+        WaitForNoDialog(program);
+        EXPECT_NE(ReadFile(folder, "First.nmd").find("elsewhere"), std::string::npos);
+        EXPECT_TRUE(HasFile(folder, "backup/" + copy + " merged.nmd"));
+
+        SaveNoteText(program, "changed");
+        EXPECT_EQ(KeptNotes(folder, "First").at(0).text, "first");
+        Command(program, IDM_EARLIER_NOTES);
+        const HWND notes = WaitForDialog(program, "Earlier Notes for Genesis 1:1 in \"First\"");
+        EXPECT_THAT(TextOf(notes, IDC_STATE_TEXT), HasSubstr("first"));
+        Press(program, "Esc");
+        WaitForNoDialog(program);
+        Command(program, IDM_EARLIER_STATES);
+        Answer(program, "Earlier States of Note Sets", "Alt+s");
+        Answer(program, "Restore Set", "y");
+        WaitForNoDialog(program);
+        EXPECT_EQ(TextOf(NoteViewOf(program)), "first");
+
+        NameSet(program, IDM_CREATE_NOTE_SET, "Create New Note Set", "Second");
+        EXPECT_TRUE(HasFile(folder, "Second.nmd"));
+        NameSet(program, IDM_RENAME_NOTE_SET, "Change name of note set First", "Third");
+        EXPECT_TRUE(HasFile(folder, "Third.nmi"));
+        EXPECT_FALSE(HasFile(folder, "First.nmi"));
+        Command(program, IDM_DELETE_NOTE_SET);
+        Answer(program, "Delete Note Set", "y");
+        WaitForNoDialog(program);
+        EXPECT_FALSE(HasFile(folder, "Third.nmd"));
+
+        Command(program, IDM_THIS_MORNING);
+        EXPECT_EQ(TextOf(NoteViewOf(program)), "for every day");
+        OpenNoteEditor(program);
+        Type(program, "Mine. ");
+        WaitForSession(program, "Mine. for every day");
+        Kill(program);
+    }
+    Program again = Launch();
+    Answer(again, "Versewell97", "y");
+    WaitForFrame(again);
+    EXPECT_EQ(TextInEditor(again), "Mine. for every day");
+}
+
+TEST(ForeignLetters, LeadToNotesUnderADoubleByteCodePage) {
+    StartOptions japanese;
+    japanese.locale = "ja_JP.UTF-8";
+    const ScratchFolder folder = FolderWithForeignLetters();
+    CopyScriptureTo(folder);
+    WriteNoteSet(folder, "First", {{0, "first"}});
+    {
+        Program program = StartProgram(folder, japanese);
+        EXPECT_THAT(NoteSetNames(program), ElementsAre("First"));
+        SaveNoteText(program, "changed");
+        EXPECT_EQ(CloseProgram(program), 0);
+    }
+    EXPECT_EQ(KeptNotes(folder, "First").at(0).text, "first");
+    EXPECT_NE(ReadFile(folder, "First.nmd").find("changed"), std::string::npos);
+    EXPECT_TRUE(HasFile(folder, "Versewell.INI"));
+    Program again = StartProgram(folder, japanese);
+    EXPECT_EQ(TextOf(NoteViewOf(again)), "changed");
+}
+
+TEST(ForeignLetters, LeadToASavedRange) {
+    const ScratchFolder folder = FolderWithForeignLetters();
+    CopyScriptureTo(folder);
+    WriteNoteSet(folder, "First", {{0, "of the first"}});
+    Program program = StartProgram(folder);
+    Command(program, IDM_SAVE_RANGE);
+    const HWND dialog = WaitForDialog(program, "Save Range");
+    SetDlgItemTextA(dialog, IDC_RANGE, "Ge 1:1");
+    CheckDlgButton(dialog, IDC_INCLUDE_NOTES, BST_CHECKED);
+    Press(program, "Enter");
+    WaitForDialog(program, "Save As");
+    SendMessageW(FocusOf(program), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"\u05D0.txt"));
+    Press(program, "Enter");
+    WaitForNoDialog(program);
+    std::filesystem::rename(folder.path / L"\u05D0.txt", folder.path / "saved.txt");
+    EXPECT_NE(ReadFile(folder, "saved.txt").find("of the first"), std::string::npos);
 }
 
 // A file name that the code page lacks could only be listed as another one.

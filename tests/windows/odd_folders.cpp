@@ -4,7 +4,7 @@ namespace fs = std::filesystem;
 
 ScratchFolder FolderWithForeignLetters() {
     ScratchFolder folder = EmptyFolder();
-    folder.path /= L"\u0141ukasz \u4E2D\u6587";
+    folder.path /= L"\u0141ukasz \u03B1\u1F10 \u05D0\u05B8 \u4E2D\u6587 \xD83D\xDE00";
     fs::create_directory(folder.path);
     return folder;
 }

@@ -4,7 +4,7 @@
 
 #include "tests/driver/driver.h"
 
-// "Łukasz 中文" in an empty folder.
+// In an empty folder a folder whose name has Latin, Greek, Hebrew and Chinese letters and one of two units.
 ScratchFolder FolderWithForeignLetters();
 
 // A folder whose path has more than 400 characters. It begins with "\\?\", because the tests use the ordinary
