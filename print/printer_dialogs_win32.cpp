@@ -7,6 +7,7 @@
 #include <string>
 
 #include "print/printer_errors.h"
+#include "win32/code_page.h"
 #include "win32/controls.h"
 #include "win32/system_library.h"
 
@@ -14,9 +15,9 @@ namespace {
 
 // The procedures of winspool.drv. The linker would make the program load it at the start, from any folder.
 struct Spooler {
-    decltype(&OpenPrinterA) open = nullptr;
+    decltype(&OpenPrinterW) open = nullptr;
     decltype(&ClosePrinter) close = nullptr;
-    decltype(&GetDefaultPrinterA) getDefault = nullptr;
+    decltype(&GetDefaultPrinterW) getDefault = nullptr;
     bool isThere = false;
 };
 
@@ -25,9 +26,9 @@ struct Spooler {
 static Spooler FindSpooler() {
     Spooler found;
     const HMODULE library = SystemLibrary(L"winspool.drv");
-    found.isThere = FindProcedure(library, "OpenPrinterA", found.open) &&
+    found.isThere = FindProcedure(library, "OpenPrinterW", found.open) &&
                     FindProcedure(library, "ClosePrinter", found.close) &&
-                    FindProcedure(library, "GetDefaultPrinterA", found.getDefault);
+                    FindProcedure(library, "GetDefaultPrinterW", found.getDefault);
     return found;
 }
 
@@ -38,17 +39,17 @@ static const Spooler& TheSpooler() {
 
 // ---- The remembered printer -----------------------------------------------------------------------------------------
 
-static std::string RememberedPrinter(const PAGESETUPDLGA& setup) {
-    if (setup.hDevNames == nullptr) return "";
+static std::wstring RememberedPrinter(const PAGESETUPDLGW& setup) {
+    if (setup.hDevNames == nullptr) return L"";
     const auto* names = static_cast<const DEVNAMES*>(GlobalLock(setup.hDevNames));
-    if (names == nullptr) return "";
-    const std::string name = reinterpret_cast<const char*>(names) + names->wDeviceOffset;
+    if (names == nullptr) return L"";
+    const std::wstring name = reinterpret_cast<const wchar_t*>(names) + names->wDeviceOffset;
     GlobalUnlock(setup.hDevNames);
     return name;
 }
 
 // Only if the system says that there is no such printer: others may only be out of reach for the moment.
-static bool IsGone(std::string name) {
+static bool IsGone(std::wstring name) {
     const Spooler& spooler = TheSpooler();
     if (!spooler.isThere) return false;
     HANDLE printer = nullptr;
@@ -63,7 +64,7 @@ static bool HasDefaultPrinter() {
     return length > 0;
 }
 
-static void ForgetPrinter(PAGESETUPDLGA& setup) {
+static void ForgetPrinter(PAGESETUPDLGW& setup) {
     GlobalFree(setup.hDevMode);
     GlobalFree(setup.hDevNames);
     setup.hDevMode = nullptr;
@@ -71,43 +72,44 @@ static void ForgetPrinter(PAGESETUPDLGA& setup) {
 }
 
 // Without a default printer the system has something to say; that is enough.
-static void LosePrinter(HWND frame, PAGESETUPDLGA& setup) {
-    const std::string name = RememberedPrinter(setup);
+static void LosePrinter(HWND frame, PAGESETUPDLGW& setup) {
+    const std::wstring name = RememberedPrinter(setup);
     ForgetPrinter(setup);
-    if (HasDefaultPrinter()) Complain(frame, LostPrinterText(name).c_str(), kPrintErrorCaption);
+    if (HasDefaultPrinter()) Complain(frame, Wide(LostPrinterText(LettersOf(name))), kPrintErrorCaption);
 }
 
 // ---- The first printer ----------------------------------------------------------------------------------------------
 
 void NoteFirstPrinter(PrinterSetup& setup) {
-    std::array<char, 1024> device{};
-    GetProfileStringA("windows", "device", "", device.data(), static_cast<DWORD>(device.size()));
-    const std::string text = device.data();  // its name, driver and port, separated by commas
-    setup.firstPrinter = text.substr(0, text.find(','));
+    std::array<wchar_t, 1024> device{};
+    GetProfileStringW(L"windows", L"device", L"", device.data(), static_cast<DWORD>(device.size()));
+    const std::wstring text = device.data();  // its name, driver and port, separated by commas
+    setup.firstPrinter = text.substr(0, text.find(L','));
 }
 
-// Without settings of the printer, so that the dialogs take those that the system has for it.
-static HGLOBAL NamesOf(const std::string& printer) {
-    const std::size_t names = sizeof(DEVNAMES), size = names + printer.size() + 1;
-    const HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, size);
+// Without settings of the printer, so that the dialogs take those that the system has for it. Its record counts in
+// letters.
+static HGLOBAL NamesOf(const std::wstring& printer) {
+    const std::size_t names = sizeof(DEVNAMES) / sizeof(wchar_t), size = names + printer.size() + 1;
+    const HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, size * sizeof(wchar_t));
     if (block == nullptr) return nullptr;
     auto* const record = static_cast<DEVNAMES*>(GlobalLock(block));
     record->wDeviceOffset = static_cast<WORD>(names);
     record->wDriverOffset = record->wOutputOffset = static_cast<WORD>(size - 1);  // empty
-    printer.copy(reinterpret_cast<char*>(record) + names, printer.size());
+    printer.copy(reinterpret_cast<wchar_t*>(record) + names, printer.size());
     GlobalUnlock(block);
     return block;
 }
 
-static PAGESETUPDLGA& PageOf(PrinterSetup& setup) {
+static PAGESETUPDLGW& PageOf(PrinterSetup& setup) {
     static constexpr LONG kMargin = 1000;
-    PAGESETUPDLGA& page = setup.page;
+    PAGESETUPDLGW& page = setup.page;
     if (setup.isRead) return page;
     setup.isRead = true;
     page.lStructSize = sizeof page;
     page.Flags = PSD_RETURNDEFAULT | PSD_NOWARNING;
     page.rtMargin = {kMargin, kMargin, kMargin, kMargin};
-    PageSetupDlgA(&page);
+    PageSetupDlgW(&page);
     if (setup.firstPrinter.empty() || RememberedPrinter(page) == setup.firstPrinter) return page;
     ForgetPrinter(page);
     page.hDevNames = NamesOf(setup.firstPrinter);
@@ -117,8 +119,8 @@ static PAGESETUPDLGA& PageOf(PrinterSetup& setup) {
 // ---- Asking ---------------------------------------------------------------------------------------------------------
 
 // Returns what `ask`, which opens a dialog, returned at last.
-static bool Asked(HWND frame, PAGESETUPDLGA& setup, const std::function<bool()>& ask) {
-    if (const std::string name = RememberedPrinter(setup); !name.empty() && IsGone(name)) LosePrinter(frame, setup);
+static bool Asked(HWND frame, PAGESETUPDLGW& setup, const std::function<bool()>& ask) {
+    if (const std::wstring name = RememberedPrinter(setup); !name.empty() && IsGone(name)) LosePrinter(frame, setup);
     if (ask()) return true;
     DWORD error = CommDlgExtendedError();
     if (setup.hDevNames != nullptr && ConcernsRememberedPrinter(error)) {
@@ -132,12 +134,12 @@ static bool Asked(HWND frame, PAGESETUPDLGA& setup, const std::function<bool()>&
 }
 
 void AskPageSetup(HWND frame, PrinterSetup& printerSetup) {
-    PAGESETUPDLGA& setup = PageOf(printerSetup);
+    PAGESETUPDLGW& setup = PageOf(printerSetup);
     Asked(frame, setup, [&] {
-        PAGESETUPDLGA asked = setup;
+        PAGESETUPDLGW asked = setup;
         asked.hwndOwner = frame;
         asked.Flags = PSD_MARGINS;
-        const bool chosen = PageSetupDlgA(&asked);
+        const bool chosen = PageSetupDlgW(&asked);
         if (chosen) setup = asked;
         setup.hDevMode = asked.hDevMode;  // the system may have replaced them even if the user cancelled
         setup.hDevNames = asked.hDevNames;
@@ -146,17 +148,17 @@ void AskPageSetup(HWND frame, PrinterSetup& printerSetup) {
 }
 
 OwnedDc AskPrinter(HWND frame, PrinterSetup& printerSetup) {
-    PAGESETUPDLGA& setup = PageOf(printerSetup);
+    PAGESETUPDLGW& setup = PageOf(printerSetup);
     OwnedDc dc;
     const bool chosen = Asked(frame, setup, [&] {
-        PRINTDLGA asked{};
+        PRINTDLGW asked{};
         asked.lStructSize = sizeof asked;
         asked.hwndOwner = frame;
         asked.hDevMode = setup.hDevMode;
         asked.hDevNames = setup.hDevNames;
         asked.nCopies = 1;
         asked.Flags = PD_RETURNDC | PD_NOPAGENUMS | PD_NOSELECTION | PD_HIDEPRINTTOFILE | PD_USEDEVMODECOPIESANDCOLLATE;
-        const bool isChosen = PrintDlgA(&asked);
+        const bool isChosen = PrintDlgW(&asked);
         setup.hDevMode = asked.hDevMode;
         setup.hDevNames = asked.hDevNames;
         dc.reset(asked.hDC);

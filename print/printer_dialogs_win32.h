@@ -9,9 +9,9 @@ inline constexpr char kPrintErrorCaption[] = "Print Error";
 
 // What the dialogs begin with.
 struct PrinterSetup {
-    std::string firstPrinter;  // as told by NoteFirstPrinter
-    bool isRead = false;       // has the system been asked for `page`?
-    PAGESETUPDLGA page{};      // margins, paper and printer of the last dialog, initially the system's
+    std::wstring firstPrinter;  // as told by NoteFirstPrinter
+    bool isRead = false;        // has the system been asked for `page`?
+    PAGESETUPDLGW page{};       // margins, paper and printer of the last dialog, initially the system's
 };
 
 // Notes the printer that is the default one now, without loading the system's libraries for printing. It is the one

@@ -56,6 +56,8 @@ std::string PrinterErrorText(unsigned long error) {
     return "The print dialog could not be opened (error " + InHexadecimal(error) + ").";
 }
 
-std::string LostPrinterText(const std::string& name) {
-    return "The printer \"" + name + "\" is not available any more. The default printer is used instead.";
+std::u16string LostPrinterText(std::u16string_view name) {
+    std::u16string text = u"The printer \"";
+    text += name;
+    return text += u"\" is not available any more. The default printer is used instead.";
 }

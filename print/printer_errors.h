@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 // Does `error` (CommDlgExtendedError) concern the printer whose settings were passed to the dialog? Then the dialog can
 // be opened again without them, which means the default printer.
@@ -12,4 +13,4 @@ bool ConcernsRememberedPrinter(unsigned long error);
 std::string PrinterErrorText(unsigned long error);
 
 // What to tell the user when the printer `name` is not used any more.
-std::string LostPrinterText(const std::string& name);
+std::u16string LostPrinterText(std::u16string_view name);

@@ -36,6 +36,6 @@ TEST(PrinterErrors, OfARememberedPrinterLeadToTheDefaultOne) {
     const std::set<unsigned long> ofPrinter = {0x1003, 0x1004, 0x1005, 0x1009, 0x100A, 0x100B, 0x100C};
     for (unsigned long error = 0; error <= 0x1100; ++error)
         EXPECT_EQ(ConcernsRememberedPrinter(error), ofPrinter.contains(error)) << error;
-    EXPECT_EQ(LostPrinterText("Old One"),
-              "The printer \"Old One\" is not available any more. The default printer is used instead.");
+    EXPECT_EQ(LostPrinterText(u"Old \u05D0"),
+              u"The printer \"Old \u05D0\" is not available any more. The default printer is used instead.");
 }

@@ -2,9 +2,16 @@
 
 #include <vector>
 
+#include "win32/code_page.h"
+
 void Complain(HWND owner, const char* text, const char* caption) {
+    Complain(owner, WideOfCodePage(text), caption);
+}
+
+void Complain(HWND owner, const std::wstring& text, const char* caption) {
     const bool starting = owner && !IsWindowVisible(owner);  // the splash may be in front of all windows
-    MessageBoxA(owner, text, caption, MB_OK | MB_ICONSTOP | (starting ? MB_SYSTEMMODAL : 0));
+    MessageBoxW(owner, text.c_str(), WideOfCodePage(caption).c_str(),
+                MB_OK | MB_ICONSTOP | (starting ? MB_SYSTEMMODAL : 0));
 }
 
 std::string ControlText(HWND dialog, int control, int limit) {

@@ -11,6 +11,7 @@ inline constexpr char kCopyErrorCaption[] = "Copy Error";
 
 // Shows a message box with the stop icon and OK.
 void Complain(HWND owner, const char* text, const char* caption = kErrorCaption);
+void Complain(HWND owner, const std::wstring& text, const char* caption = kErrorCaption);
 
 // Text of a control of `dialog`, at most `limit` characters.
 std::string ControlText(HWND dialog, int control, int limit);

@@ -18,7 +18,7 @@ static constexpr int kRounds = 15;
 static constexpr double kMostTimesFloor = 1.3;
 static constexpr int kBook = 20;  // Proverbs, which is so short that many rounds can be made
 static constexpr RECT kMargins{1000, 1000, 1000, 1000};
-static constexpr char kPrinterName[] = "Bench Printer";
+static constexpr wchar_t kPrinterName[] = L"Bench Printer";
 static constexpr char kDocumentName[] = "Proverbs";
 
 static LOGFONTA VerseFont() {
@@ -38,7 +38,7 @@ static std::vector<std::int32_t> Verses() {
 }
 
 static OwnedDc PrinterDc() {
-    return OwnedDc(CreateDCA("WINSPOOL", kPrinterName, nullptr, nullptr));
+    return OwnedDc(CreateDCW(L"WINSPOOL", kPrinterName, nullptr, nullptr));
 }
 
 // ---- The program ----------------------------------------------------------------------------------------------------

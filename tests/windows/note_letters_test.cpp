@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include "resources/ids.h"
+#include "tests/windows/dialog_look.h"
 #include "tests/windows/note_set_files.h"
 #include "tests/windows/note_steps.h"
 #include "tests/windows/passage_pane.h"
@@ -364,6 +365,32 @@ TEST(NoteLetters, AreOnThePrintedPage) {
     EXPECT_LT(last[2].right, last[3].left);
     EXPECT_LT(last[1].right - last[1].left, last[2].right - last[2].left)
         << "the second word, which is shorter, is left";
+}
+
+// The printer is found again by its name after the first page. The code page has none of the letters.
+TEST(PrinterNames, MayHaveAnyLetters) {
+    static constexpr wchar_t kName[] = L"\u03B1\u05D0\u592A";
+    const ScratchFolder folder = FolderToEdit("of the note");
+    auto printer = std::make_unique<TestPrinter>(folder, PortToPages(folder), kName);
+    Program program = StartProgram(folder);
+    for (int times = 0; times < 2; ++times) {
+        PrintNote(program);
+        EXPECT_THAT(PrintedPages(program), testing::ElementsAre(testing::EndsWith("garden: of the note")));
+        std::filesystem::remove(folder.path / "pages.txt");
+        Command(program, IDM_PAGE_SETUP);
+        WaitForDialog(program, "Setup Page");
+        Press(program, "Enter");
+        WaitForNoDialog(program);
+    }
+    printer.reset();
+    const TestPrinter other(folder, PortToPages(folder), L"\u03B2");
+    Command(program, IDM_PAGE_SETUP);
+    const HWND box = WaitForDialog(program, "Print Error");
+    EXPECT_NE(WideMessageText(box).find(kName), std::wstring::npos);
+    Press(program, "Enter");
+    WaitForDialog(program, "Setup Page");
+    Press(program, "Esc");
+    WaitForNoDialog(program);
 }
 
 // Where the letter is seen, in pixels from the left.

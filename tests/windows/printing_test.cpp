@@ -116,10 +116,10 @@ TEST(Printing, TakesTheDefaultPrinterIfTheRememberedOneIsGone) {
     static constexpr char kLost[] =
         "The printer \"Old Printer\" is not available any more. The default printer is used instead.";
     const ScratchFolder folder = FolderWithScripture();
-    auto old = std::make_unique<TestPrinter>(folder, kFailingPort, "Old Printer");
+    auto old = std::make_unique<TestPrinter>(folder, kFailingPort, L"Old Printer");
     Program program = StartProgram(folder);
     old.reset();
-    const TestPrinter printer(folder, PortToPages(folder), "New Printer");
+    const TestPrinter printer(folder, PortToPages(folder), L"New Printer");
     AskForRange(program, "Ge 1:1");
     ExpectComplaint(program, "Print Error", kLost);
     AcceptPrinter(program);
@@ -130,19 +130,19 @@ TEST(Printing, TakesTheDefaultPrinterIfTheRememberedOneIsGone) {
 
 TEST(Printing, BeginsWithThePrinterThatWasTheDefaultAtTheStart) {
     const ScratchFolder folder = FolderWithScripture();
-    const TestPrinter old(folder, PortToPages(folder), "Old Printer");
+    const TestPrinter old(folder, PortToPages(folder), L"Old Printer");
     Program program = StartProgram(folder);
-    const TestPrinter printer(folder, kFailingPort, "New Printer");
+    const TestPrinter printer(folder, kFailingPort, L"New Printer");
     EXPECT_THAT(PagesOfRange(program, "Ge 1:1"), ElementsAre(Verse("Genesis 1:1", "Ge 1:1")));
     EXPECT_TRUE(IsReady(program));
 }
 
 TEST(PageSetup, TakesTheDefaultPrinterIfTheRememberedOneIsGone) {
     const ScratchFolder folder = FolderWithScripture();
-    auto old = std::make_unique<TestPrinter>(folder, kFailingPort, "Old Printer");
+    auto old = std::make_unique<TestPrinter>(folder, kFailingPort, L"Old Printer");
     Program program = StartProgram(folder);
     old.reset();
-    const TestPrinter printer(folder, PortToPages(folder), "New Printer");
+    const TestPrinter printer(folder, PortToPages(folder), L"New Printer");
     Command(program, IDM_PAGE_SETUP);
     ExpectComplaint(program, "Print Error",
                     "The printer \"Old Printer\" is not available any more. The default printer is used instead.");
@@ -156,7 +156,7 @@ TEST(PageSetup, TakesTheDefaultPrinterIfTheRememberedOneIsGone) {
 // The system says that there is no printer; nothing else is said.
 TEST(Printing, LeavesTheLossOfTheOnlyPrinterToTheSystem) {
     const ScratchFolder folder = FolderWithScripture();
-    auto old = std::make_unique<TestPrinter>(folder, kFailingPort, "Old Printer");
+    auto old = std::make_unique<TestPrinter>(folder, kFailingPort, L"Old Printer");
     Program program = StartProgram(folder);
     old.reset();
     for (const int command : {IDM_PRINT_RANGE, IDM_PAGE_SETUP}) {

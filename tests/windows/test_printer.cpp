@@ -10,7 +10,7 @@
 
 #include "notes/note_letters.h"
 
-static constexpr char kDriverName[] = "Test Printer";
+static constexpr wchar_t kDriverName[] = L"Test Printer";
 
 // The printer description for the system's PostScript driver.
 static constexpr char kDescription[] = R"PPD(*PPD-Adobe: "4.3"
@@ -58,43 +58,44 @@ static void Expect(bool done, const char* what) {
     if (!done) Fail(nullptr, std::string(what) + ", error " + std::to_string(GetLastError()));
 }
 
-static char* Text(const char* text) {
-    return const_cast<char*>(text);  // the system's structures have no const pointers
+static wchar_t* Text(const wchar_t* text) {
+    return const_cast<wchar_t*>(text);  // the system's structures have no const pointers
 }
 
 static void AddDriver(const ScratchFolder& folder) {
     WriteFile(folder, "printer.ppd", kDescription);
-    const std::string description = (folder.path / "printer.ppd").string();
-    DRIVER_INFO_3A driver{};
+    const std::wstring description = (folder.path / "printer.ppd").wstring();
+    DRIVER_INFO_3W driver{};
     driver.cVersion = 3;
     driver.pName = Text(kDriverName);
-    driver.pDriverPath = Text("wineps.drv");
+    driver.pDriverPath = Text(L"wineps.drv");
     driver.pDataFile = Text(description.c_str());
-    driver.pConfigFile = Text("wineps.drv");
-    driver.pDefaultDataType = Text("RAW");
+    driver.pConfigFile = Text(L"wineps.drv");
+    driver.pDefaultDataType = Text(L"RAW");
     Expect(
-        AddPrinterDriverExA(nullptr, 3, reinterpret_cast<BYTE*>(&driver), APD_COPY_NEW_FILES | APD_COPY_FROM_DIRECTORY),
+        AddPrinterDriverExW(nullptr, 3, reinterpret_cast<BYTE*>(&driver), APD_COPY_NEW_FILES | APD_COPY_FROM_DIRECTORY),
         "no printer driver");
 }
 
-TestPrinter::TestPrinter(const ScratchFolder& where, const std::string& port, const std::string& called)
+TestPrinter::TestPrinter(const ScratchFolder& where, const std::string& port, const std::wstring& called)
     : folder(where), name(called) {
     AddDriver(folder);
-    PRINTER_INFO_2A printer{};
+    const std::wstring widePort(port.begin(), port.end());
+    PRINTER_INFO_2W printer{};
     printer.pPrinterName = Text(name.c_str());
-    printer.pPortName = Text(port.c_str());
+    printer.pPortName = Text(widePort.c_str());
     printer.pDriverName = Text(kDriverName);
-    printer.pPrintProcessor = Text("WinPrint");
-    printer.pDatatype = Text("RAW");
-    const HANDLE added = AddPrinterA(nullptr, 2, reinterpret_cast<BYTE*>(&printer));
+    printer.pPrintProcessor = Text(L"WinPrint");
+    printer.pDatatype = Text(L"RAW");
+    const HANDLE added = AddPrinterW(nullptr, 2, reinterpret_cast<BYTE*>(&printer));
     Expect(added != nullptr, "no printer");
     ClosePrinter(added);
-    Expect(SetDefaultPrinterA(name.c_str()), "no default printer");
+    Expect(SetDefaultPrinterW(name.c_str()), "no default printer");
 }
 
 TestPrinter::~TestPrinter() {
     HANDLE printer = nullptr;
-    if (OpenPrinterA(Text(name.c_str()), &printer, nullptr)) {
+    if (OpenPrinterW(Text(name.c_str()), &printer, nullptr)) {
         DeletePrinter(printer);
         ClosePrinter(printer);
     }

@@ -10,13 +10,13 @@
 // The system's default printer while it exists: 600 dpi, Letter and A4, unprintable margins of a quarter inch left and
 // right and half an inch above and below.
 struct TestPrinter {
-    TestPrinter(const ScratchFolder& folder, const std::string& port, const std::string& name = "Test Printer");
+    TestPrinter(const ScratchFolder& folder, const std::string& port, const std::wstring& name = L"Test Printer");
     ~TestPrinter();
     TestPrinter(const TestPrinter&) = delete;
     TestPrinter& operator=(const TestPrinter&) = delete;
 
     ScratchFolder folder;
-    std::string name;
+    std::wstring name;
 };
 
 // Ports: the first keeps the pages for the procedures below; the second only counts them, which is faster; the third
