@@ -10,6 +10,7 @@
 #include "output/saved_file_win32.h"
 #include "passage/passage_window.h"
 #include "scripture/scripture_win32.h"
+#include "typeset/html_text.h"
 #include "verselist/verse_list_window.h"
 #include "win32/clipboard.h"
 #include "win32/controls.h"
@@ -28,13 +29,14 @@ static const std::vector<std::int32_t>& ListedVerses() {
 // ---- Copying --------------------------------------------------------------------------------------------------------
 
 // Errors are reported after the clipboard is closed, so that a message box does not block other programs.
-template <typename MakeText>
-static void Copy(const char* noMemory, MakeText makeText) {
+template <typename MakeText, typename MakeHtml>
+static void Copy(const char* noMemory, MakeText makeText, MakeHtml makeHtml) {
     HeldClipboard clipboard = OpenEmptyClipboard(theFrame.window);
     if (!clipboard) return;
     const HCURSOR before = BeginWait(theFrame.window);
     const CopyText copy = makeText();
     const bool put = copy.allocated && PutText(clipboard, copy.text);
+    if (put && !copy.text.empty()) PutHtml(clipboard, [&] { return ClipboardHtml(makeHtml(copy)); });
     clipboard.reset();
     EndWait(before);
     if (!put) return Complain(theFrame.window, noMemory, kCopyErrorCaption);
@@ -45,8 +47,10 @@ static void CopyVerses(const RangeDialog& kind) {
     const auto asked = AskRange(theFrame.window, kind, thePassage.view.TopVerse);
     if (!asked) return;
     const auto [first, last] = std::pair(asked->range.first, asked->range.last);
-    Copy(kNoMemoryForText,
-         [=] { return CopyRangeText(theScripture, theFormat, first, last, RangeCopyBudget(first, last)); });
+    Copy(
+        kNoMemoryForText,
+        [=] { return CopyRangeText(theScripture, theFormat, first, last, RangeCopyBudget(first, last)); },
+        [=](const CopyText& copy) { return RangeHtml(theScripture, theFormat, first, copy.count); });
 }
 
 void CopyVerse(int) {
@@ -59,8 +63,13 @@ void CopyRange(int) {
 
 static void CopyListed(const std::vector<std::int32_t>& verses) {
     if (verses.empty()) return;
-    Copy(kNoMemoryForCopyText,
-         [&] { return CopyListText(theScripture, theFormat, verses, ListCopyBudget(theScripture, verses)); });
+    const auto fitted = [&](const CopyText& copy) {
+        return std::span(verses).first(static_cast<std::size_t>(copy.count));
+    };
+    Copy(
+        kNoMemoryForCopyText,
+        [&] { return CopyListText(theScripture, theFormat, verses, ListCopyBudget(theScripture, verses)); },
+        [&](const CopyText& copy) { return ListHtml(theScripture, theFormat, fitted(copy)); });
 }
 
 void CopyVerseList(int) {
@@ -72,7 +81,9 @@ void CopyMarkedVerses() {
 }
 
 void CopyReferences(int) {
-    Copy(kNoMemoryForCopyText, [] { return CopyReferencesText(theScripture.records, ListedVerses()); });
+    Copy(
+        kNoMemoryForCopyText, [] { return CopyReferencesText(theScripture.records, ListedVerses()); },
+        [](const CopyText& copy) { return ReferencesHtml(copy.text); });
 }
 
 // ---- Saving ---------------------------------------------------------------------------------------------------------

@@ -4,6 +4,8 @@
 #include <iterator>
 #include <optional>
 
+#include "scripture/latin_letters.h"
+
 static constexpr char16_t kFirstAssigned = 0x80;  // the letters of the bytes 0x80 to 0x9F are not those of Latin 1
 static constexpr char16_t kFirstOfLatin1 = 0xA0;
 

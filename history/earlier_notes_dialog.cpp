@@ -3,10 +3,10 @@
 #include "history/local_times_win32.h"
 #include "history/marked_text_win32.h"
 #include "history/state_lines.h"
+#include "notes/note_copy_win32.h"
 #include "notes/note_files_win32.h"
 #include "resources/help_topics.h"
 #include "resources/ids.h"
-#include "win32/clipboard.h"
 #include "win32/code_page.h"
 #include "win32/controls.h"
 #include "win32/dialogs.h"
@@ -79,8 +79,7 @@ static void Rescaled(HWND dialog) {
 
 static void Copy(HWND dialog) {
     const EarlierNote* note = SelectedNote(dialog);
-    const HeldClipboard clipboard = note != nullptr ? OpenEmptyClipboard(dialog) : nullptr;
-    if (clipboard) PutText(clipboard, Wide(LettersIn(*note)));
+    if (note != nullptr) CopyNoteText(dialog, LettersIn(*note));
 }
 
 static void OnOk(HWND dialog) {

@@ -4,12 +4,14 @@
 #include <utility>
 
 #include "notes/caret_keys_win32.h"
+#include "notes/note_copy_win32.h"
 #include "notes/note_files_win32.h"
 #include "notes/note_saving.h"
 #include "pane/pane_look_win32.h"
 #include "pane/selection_win32.h"
 #include "pane/status_bar_win32.h"
 #include "resources/ids.h"
+#include "scripture/latin_letters.h"
 #include "win32/clipboard.h"
 #include "win32/code_page.h"
 #include "win32/controls.h"
@@ -102,20 +104,14 @@ static std::u16string SelectionText() {
     return PlainTextOfSelection(theNoteEdit.window);
 }
 
-// The control's own copy would include the text's formatting.
-static bool PutOnClipboard(const std::u16string& text) {
-    const HeldClipboard clipboard = text.empty() ? nullptr : OpenEmptyClipboard(Editor());
-    return clipboard && PutText(clipboard, Wide(text));
-}
-
 void CopyInEditor() {
-    PutOnClipboard(SelectionText());
+    CopyNoteText(Editor(), SelectionText());
     FollowClipboard();
 }
 
 void CutInEditor() {
     const std::u16string text = SelectionText();
-    if (!theNoteEdit.readOnly && PutOnClipboard(text)) ReplaceSelection({});
+    if (!theNoteEdit.readOnly && CopyNoteText(Editor(), text)) ReplaceSelection({});
     FollowClipboard();
 }
 

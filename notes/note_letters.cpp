@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "scripture/latin_letters.h"
+
 // ---- Latin 1 --------------------------------------------------------------------------------------------------------
 
 std::u16string LatinLetters(void*, std::string_view bytes) {
@@ -38,10 +40,6 @@ static std::size_t LengthFrom(unsigned char first) {
     return first >= 0xF0 && first < 0xF5 ? 4 : 0;
 }
 
-static std::size_t Utf8Length(char32_t letter) {
-    return letter < 0x80 ? 1 : letter < 0x800 ? 2 : letter < kFirstOfPairs ? 3 : 4;
-}
-
 static bool IsLetterNumber(char32_t number) {
     return number < 0xD800 || (number >= 0xE000 && number <= 0x10FFFF);
 }
@@ -59,15 +57,6 @@ std::optional<char32_t> TakeLetter(std::string_view& text) {
     if (Utf8Length(letter) != length || !IsLetterNumber(letter)) return std::nullopt;
     text.remove_prefix(length);
     return letter;
-}
-
-void AppendUtf8(char32_t letter, std::string& text) {
-    static constexpr unsigned kFirst[] = {0, 0, 0xC0, 0xE0, 0xF0};
-    const std::size_t length = Utf8Length(letter);
-    const auto bitsBehind = static_cast<unsigned>(6 * (length - 1));
-    text += static_cast<char>(kFirst[length] | letter >> bitsBehind);
-    for (unsigned behind = bitsBehind; behind > 0; behind -= 6)
-        text += static_cast<char>(0x80 | (letter >> (behind - 6) & 0x3F));
 }
 
 // Removes it from `letters`.

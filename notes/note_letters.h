@@ -68,8 +68,6 @@ std::u16string_view FittingLetters(const CodePage& page, std::u16string_view bef
 // empty.
 std::optional<char32_t> TakeLetter(std::string_view& text);
 
-void AppendUtf8(char32_t letter, std::string& text);
-
 // Half a letter becomes U+FFFD.
 std::string Utf8Of(std::u16string_view letters);
 

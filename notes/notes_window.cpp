@@ -2,6 +2,7 @@
 
 #include "notes/caret_keys_win32.h"
 #include "notes/cross_references.h"
+#include "notes/note_copy_win32.h"
 #include "notes/note_edit_control_win32.h"
 #include "notes/note_editor_window.h"
 #include "notes/note_files_win32.h"
@@ -15,7 +16,6 @@
 #include "resources/ids.h"
 #include "scripture/scripture_win32.h"
 #include "typeset/faces_win32.h"
-#include "win32/clipboard.h"
 #include "win32/code_page.h"
 #include "win32/controls.h"
 #include "win32/panes.h"
@@ -255,11 +255,8 @@ static void OnViewContextMenu(HWND view, HWND under, UINT x, UINT y) {
     ToView(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(under), MAKELPARAM(x, y));
 }
 
-// The control's own copy would include the text's formatting, and only one of the formats of plain text.
 static void OnViewCopy() {
-    const std::u16string text = TextSelectedInNote();
-    const HeldClipboard clipboard = text.empty() ? nullptr : OpenEmptyClipboard(theNotes.window);
-    if (clipboard) PutText(clipboard, Wide(text));
+    CopyNoteText(theNotes.window, TextSelectedInNote());
 }
 
 static LRESULT CALLBACK ViewProcedure(HWND view, UINT message, WPARAM wParam, LPARAM lParam) {

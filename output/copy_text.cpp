@@ -6,6 +6,7 @@
 
 #include "output/rendering.h"
 #include "scripture/books.h"
+#include "typeset/html_text.h"
 #include "typeset/label_text.h"
 
 std::size_t RangeCopyBudget(int first, int last) {
@@ -54,6 +55,7 @@ struct LimitedCopy {
     GrowingText text{};
     std::size_t leftOut = 0;  // brackets
     bool complete = true;
+    int count = 0;
 };
 
 }  // namespace
@@ -63,6 +65,7 @@ struct LimitedCopy {
 static bool KeepIfItFits(LimitedCopy& copy, std::size_t start, std::size_t leftOut) {
     copy.leftOut += leftOut;
     copy.complete = copy.text.size + copy.leftOut <= copy.budget;
+    copy.count += copy.complete ? 1 : 0;
     if (!copy.complete) copy.text.size = start;
     return copy.complete;
 }
@@ -79,7 +82,7 @@ CopyText CopyRangeText(const Scripture& scripture, const FormatOptions& format, 
         // The failure is reported once, but twice if it was the first verse that did not fit.
         if (!KeepIfItFits(copy, start, leftOut)) complaints = verse == first ? 2 : 1;
     }
-    return {TakeText(copy.text), true, copy.complete, complaints};
+    return {TakeText(copy.text), true, copy.complete, complaints, copy.count};
 }
 
 CopyText CopyListText(const Scripture& scripture, const FormatOptions& format, std::span<const std::int32_t> verses,
@@ -90,7 +93,7 @@ CopyText CopyListText(const Scripture& scripture, const FormatOptions& format, s
         const std::size_t start = copy.text.size;
         KeepIfItFits(copy, start, AppendListLine(scripture, verses[entry], BracketsOf(format), copy.text));
     }
-    return {TakeText(copy.text), true, copy.complete, copy.complete ? 0 : 1};
+    return {TakeText(copy.text), true, copy.complete, copy.complete ? 0 : 1, copy.count};
 }
 
 // The reference of `record` as it follows that of `previous`: book and chapter only if they change.
@@ -123,4 +126,45 @@ CopyText CopyReferencesText(const VerseRecords& records, std::span<const std::in
         previous = record;
     }
     return {TakeText(text)};
+}
+
+// ---- HTML -----------------------------------------------------------------------------------------------------------
+
+static VersesHtml HtmlFor(const FormatOptions& format) {
+    return {format.Brackets == 0 ? HtmlBrackets::kAsItalics : HtmlBrackets::kShown};
+}
+
+// Italics end with the verse, even if a bracket of it is not closed.
+static void AppendVerseHtml(VersesHtml& html, GrowingText& marked) {
+    Append(marked, {&kPlainFollows, 1});
+    AppendHtml(html, TextOf(marked));
+    marked.size = 0;
+}
+
+std::string RangeHtml(const Scripture& scripture, const FormatOptions& format, int first, int count) {
+    RangeRenderer renderer{scripture, format};
+    VersesHtml html = HtmlFor(format);
+    html.bytes.resize(LikelySize(scripture, first, first + count - 1) / 7 * 8);  // and elements
+    GrowingText marked;
+    for (int verse = first; verse < first + count; ++verse) {
+        AppendMarkedVerse(renderer, verse, marked);
+        AppendVerseHtml(html, marked);
+    }
+    return TakeHtml(html);
+}
+
+std::string ListHtml(const Scripture& scripture, const FormatOptions& format, std::span<const std::int32_t> verses) {
+    VersesHtml html = HtmlFor(format);
+    GrowingText marked;
+    for (const int verse : verses) {
+        AppendMarkedListLine(scripture, verse, marked);
+        AppendVerseHtml(html, marked);
+    }
+    return TakeHtml(html);
+}
+
+std::string ReferencesHtml(std::string_view references) {
+    std::string marked(references);
+    marked.insert(marked.begin() + 1, kReferenceFollows);  // behind the "#"
+    return HtmlOfVerses(marked, HtmlBrackets::kShown);
 }

@@ -15,6 +15,7 @@ struct CopyText {
     bool allocated = true;  // false: not enough memory; the text is empty
     bool complete = true;   // false: a verse did not fit; the text ends before it
     int complaints = 0;     // how many times to report kCopyIncomplete
+    int count = 0;          // of the verses in the text
 };
 
 // Maximum size of a copy in bytes, counting brackets even if they are removed. A range has 900 for each verse. The list
@@ -33,3 +34,10 @@ CopyText CopyListText(const Scripture& scripture, const FormatOptions& format, s
 // The references of `verses` in the given order, with book and chapter only where they change: "# Ge 1:1,3 Ex 2:4".
 // Only "#" if there are no verses. The size is not limited, so the text is complete unless memory runs out.
 CopyText CopyReferencesText(const VerseRecords& records, std::span<const std::int32_t> verses);
+
+// The same texts as HTML (typeset/html_text.h), of the `count` verses that fitted. Labels are in bold, supplied words
+// in italics or, if the format keeps brackets, in brackets. Without its elements the text is the copied one. Throws
+// std::bad_alloc without memory for it.
+std::string RangeHtml(const Scripture& scripture, const FormatOptions& format, int first, int count);
+std::string ListHtml(const Scripture& scripture, const FormatOptions& format, std::span<const std::int32_t> verses);
+std::string ReferencesHtml(std::string_view references);

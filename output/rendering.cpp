@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "scripture/books.h"
+#include "typeset/html_text.h"
 
 #if defined(__SSE2__) || defined(_M_X64)
 #include <emmintrin.h>
@@ -143,36 +144,79 @@ static char* PutWords(std::string_view words, bool withMark, PieceBrackets brack
 
 // ---- Pieces ---------------------------------------------------------------------------------------------------------
 
+namespace {
+
+enum class References { kPlain, kMarked };
+
+}  // namespace
+
+template <References references>
+static constexpr std::size_t kMarksOfPiece = references == References::kMarked ? 2 : 0;
+
+// Puts the label that `put` writes, which begins with a blank unless it is empty.
+template <References references, typename Put>
+static char* PutReference(char* to, Put put) {
+    if constexpr (references == References::kPlain) return put(to);
+    char* const end = put(to + 1);
+    if (end == to + 1) return to;
+    to[0] = ' ';
+    to[1] = kReferenceFollows;
+    *end = kPlainFollows;
+    return end + 1;
+}
+
 // Appends what `put` writes and returns the end of. A piece of these words has room, whatever its frame.
-template <typename PutPiece>
+template <References references, typename PutPiece>
 static void AppendPiece(std::string_view words, GrowingText& text, PutPiece put) {
-    char* const begin = RoomFor(text, kLongestPieceFrame + words.size());
+    char* const begin = RoomFor(text, kLongestPieceFrame + kMarksOfPiece<references> + words.size());
     text.size += static_cast<std::size_t>(put(begin) - begin);
 }
 
-std::size_t AppendVerse(RangeRenderer& renderer, int verse, GrowingText& text) {
+template <References references>
+static std::size_t AppendVerseWith(RangeRenderer& renderer, int verse, GrowingText& text) {
     const VerseRecord record = RecordOf(renderer.scripture.records, verse);
     if (record.book == 0) return 0;
     const FormatOptions& format = renderer.format;
     const std::string_view words = VerseText(renderer.scripture, verse);
     std::size_t leftOut = 0;
-    AppendPiece(words, text, [&](char* to) {
-        if (format.Location == kLabelBefore) to = PutLabel(renderer, record, to);
+    const auto putLabel = [&](char* to) { return PutLabel(renderer, record, to); };
+    AppendPiece<references>(words, text, [&](char* to) {
+        if (format.Location == kLabelBefore) to = PutReference<references>(to, putLabel);
         to = PutWords(words, format.ParagraphMarks != 0, renderer.brackets, leftOut, to);
-        if (format.Location != kLabelBefore) to = PutLabel(renderer, record, to);
+        if (format.Location != kLabelBefore) to = PutReference<references>(to, putLabel);
         return format.LineBreaks != 0 ? Put(kLineEnd, to) : to;
     });
     return leftOut;
 }
 
-std::size_t AppendListLine(const Scripture& scripture, int verse, PieceBrackets brackets, GrowingText& text) {
+std::size_t AppendVerse(RangeRenderer& renderer, int verse, GrowingText& text) {
+    return AppendVerseWith<References::kPlain>(renderer, verse, text);
+}
+
+void AppendMarkedVerse(RangeRenderer& renderer, int verse, GrowingText& text) {
+    AppendVerseWith<References::kMarked>(renderer, verse, text);
+}
+
+template <References references>
+static std::size_t AppendListLineWith(const Scripture& scripture, int verse, PieceBrackets brackets,
+                                      GrowingText& text) {
     const VerseRecord record = RecordOf(scripture.records, verse);
     if (record.book == 0) return 0;
     const std::string_view words = VerseText(scripture, verse);
     std::size_t leftOut = 0;
-    AppendPiece(words, text,
-                [&](char* to) { return Put(kLineEnd, PutWords(words, true, brackets, leftOut, PutFull(record, to))); });
+    AppendPiece<references>(words, text, [&](char* to) {
+        to = PutReference<references>(to, [&](char* at) { return PutFull(record, at); });
+        return Put(kLineEnd, PutWords(words, true, brackets, leftOut, to));
+    });
     return leftOut;
+}
+
+std::size_t AppendListLine(const Scripture& scripture, int verse, PieceBrackets brackets, GrowingText& text) {
+    return AppendListLineWith<References::kPlain>(scripture, verse, brackets, text);
+}
+
+void AppendMarkedListLine(const Scripture& scripture, int verse, GrowingText& text) {
+    AppendListLineWith<References::kMarked>(scripture, verse, PieceBrackets::kKept, text);
 }
 
 std::string WithoutBrackets(std::string_view text) {

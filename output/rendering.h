@@ -50,5 +50,10 @@ std::size_t AppendVerse(RangeRenderer& renderer, int verse, GrowingText& text);
 // nothing if there is no such verse. Returns the number of brackets left out.
 std::size_t AppendListLine(const Scripture& scripture, int verse, PieceBrackets brackets, GrowingText& text);
 
+// The same pieces with their labels between marks of marked text (typeset/html_text.h). Brackets are kept in the line
+// of the list, and as `renderer.brackets` says in the piece of a range.
+void AppendMarkedVerse(RangeRenderer& renderer, int verse, GrowingText& text);
+void AppendMarkedListLine(const Scripture& scripture, int verse, GrowingText& text);
+
 // `text` without any "[" and "]", even unbalanced ones.
 std::string WithoutBrackets(std::string_view text);

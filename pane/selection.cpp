@@ -6,6 +6,7 @@
 
 #include "scripture/letters.h"
 #include "search/query.h"
+#include "typeset/html_text.h"
 
 static bool ComesAfter(SelectionPoint point, SelectionPoint other) {
     return point.place != other.place ? point.place > other.place : point.word > other.word;
@@ -39,19 +40,33 @@ WordSpan SelectedWords(const OrderedSelection& selection, int place) {
             place == selection.end.place ? selection.end.word : std::numeric_limits<int>::max()};
 }
 
-WordReader CopyingReader(bool keepBrackets) {
+WordReader CopyingReader(bool keepBrackets, CopyMarks marks) {
+    const BracketUse leftOut = marks == CopyMarks::kMarked ? BracketUse::kItalicFace : BracketUse::kDropped;
     WordReader reader;
-    reader.brackets = keepBrackets ? BracketUse::kShown : BracketUse::kDropped;
+    reader.brackets = keepBrackets ? BracketUse::kShown : leftOut;
     return reader;
+}
+
+static void AppendPiece(std::string& text, const WordPiece& piece) {
+    const bool isSupplied = piece.face == Face::kItalic;
+    if (isSupplied) text += kSuppliedFollows;
+    text += piece.text;
+    if (isSupplied) text += kPlainFollows;
 }
 
 bool AppendWords(std::string& text, WordReader& reader, std::string_view verse, const WordSpan& span) {
     OpenVerse(reader, verse);
     for (int word = 1; word <= span.last && ReadWord(reader); ++word) {
         if (word < span.first) continue;
-        for (const WordPiece& piece : reader.pieces) text += piece.text;
+        for (const WordPiece& piece : reader.pieces) AppendPiece(text, piece);
     }
     return HasVerseEnded(reader);
+}
+
+void AppendReference(std::string& text, std::string_view reference, CopyMarks marks) {
+    if (marks == CopyMarks::kMarked) text += kReferenceFollows;
+    text += reference;
+    if (marks == CopyMarks::kMarked) text += kPlainFollows;
 }
 
 static bool IsBlankOrLetter(char c) {

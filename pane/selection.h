@@ -61,12 +61,19 @@ struct WordSpan {
 // place's last word.
 WordSpan SelectedWords(const OrderedSelection& selection, int place);
 
-// A word reader that keeps or drops the brackets around supplied words.
-WordReader CopyingReader(bool keepBrackets);
+// Is the copy plain text, or marked text (typeset/html_text.h)?
+enum class CopyMarks : bool { kNone, kMarked };
 
-// Appends the words of `span` that `verse` has; the label is left to the caller. True if the verse has no word after
-// `span.last`.
+// A word reader that keeps or drops the brackets around supplied words. For marked text without brackets, supplied
+// words are in italic face.
+WordReader CopyingReader(bool keepBrackets, CopyMarks marks);
+
+// Appends the words of `span` that `verse` has, those in italic face with their marks; the label is left to the caller.
+// True if the verse has no word after `span.last`.
 bool AppendWords(std::string& text, WordReader& reader, std::string_view verse, const WordSpan& span);
+
+// Appends the reference of a label or a heading, with its marks in marked text.
+void AppendReference(std::string& text, std::string_view reference, CopyMarks marks);
 
 // Characters of the copied text that are scanned for the text of a word or phrase search, and of a note search.
 inline constexpr int kWordSearchScan = 200;

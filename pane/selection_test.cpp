@@ -105,7 +105,7 @@ TEST(AppendWords, CountsWordsLikeThePanes) {
         {"", true, {0, kAll}, " ", true},
     };
     for (const auto& [verse, keepBrackets, span, expected, ended] : kRows) {
-        WordReader reader = CopyingReader(keepBrackets);
+        WordReader reader = CopyingReader(keepBrackets, CopyMarks::kNone);
         std::string text = "...";
         EXPECT_EQ(AppendWords(text, reader, verse, span), ended) << verse << span.first;
         EXPECT_EQ(text, std::string("...") + expected) << verse << span.first;

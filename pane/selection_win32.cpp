@@ -5,6 +5,7 @@
 
 #include "resources/ids.h"
 #include "search/search_dialog.h"
+#include "typeset/html_text.h"
 #include "win32/clipboard.h"
 #include "win32/controls.h"
 
@@ -30,6 +31,7 @@ static void Copy(HWND pane, const SelectedText& selected) {
         const HeldClipboard clipboard = OpenEmptyClipboard(pane);
         if (!clipboard) return;  // already reported
         copied = PutText(clipboard, *text);
+        if (copied) PutHtml(clipboard, [&] { return ClipboardHtml(selected.html()); });
     }
     if (!copied && selected.noMemoryReport) Complain(pane, selected.noMemoryReport);
 }

@@ -15,6 +15,7 @@ void DropSelection();
 struct SelectedText {
     SelectionOwnerId owner = kNobody;
     std::string (*form)() = nullptr;       // the text of the pane's selection
+    std::string (*html)() = nullptr;       // the same as HTML, for a copy
     const char* noMemoryReport = nullptr;  // shown if there is no memory for a copy; null to show nothing
 };
 

@@ -12,6 +12,7 @@ namespace {
 // State of a copy in progress.
 struct PassageCopy {
     bool inParagraphs = false;
+    CopyMarks marks = CopyMarks::kNone;
     WordReader reader;
     VerseRecord shown{};  // the previous verse; book 0 before the first
     LabelText label{};
@@ -27,21 +28,23 @@ static bool IsFirst(const PassageCopy& copy) {
 static void AppendChapter(PassageCopy& copy, const VerseRecord& record) {
     copy.label.size = 0;
     AppendHeading(copy.label, record);
-    copy.text.append(kLineEnd).append(kLineEnd).append(TextOf(copy.label)).append(kLineEnd);
+    copy.text.append(kLineEnd).append(kLineEnd);
+    AppendReference(copy.text, TextOf(copy.label), copy.marks);
+    copy.text += kLineEnd;
 }
 
 static void AppendLabel(PassageCopy& copy, const VerseRecord& record, bool indented) {
+    if (!IsFirst(copy) && (!copy.inParagraphs || indented)) copy.text += kLineEnd;
+    if (!copy.inParagraphs) copy.text += ' ';
+    if (indented) copy.text += "    ";
     copy.label.size = 0;
-    if (!IsFirst(copy) && (!copy.inParagraphs || indented)) AppendText(copy.label, kLineEnd);
-    if (!copy.inParagraphs) AppendText(copy.label, " ");
-    if (indented) AppendText(copy.label, "    ");
     if (IsFirst(copy)) {
         AppendReference(copy.label, record);
     } else {
         AppendNumber(copy.label, record.verse);
     }
-    AppendText(copy.label, " ");
-    copy.text += TextOf(copy.label);
+    AppendReference(copy.text, TextOf(copy.label), copy.marks);
+    copy.text += ' ';
 }
 
 static void AppendVerse(PassageCopy& copy, const VerseRecord& record, std::string_view verse, const WordSpan& words) {
@@ -54,10 +57,10 @@ static void AppendVerse(PassageCopy& copy, const VerseRecord& record, std::strin
 }
 
 std::string PassageCopyText(const Scripture& scripture, const ReadingOptions& options, bool keepBrackets,
-                            const Selection& selection) {
+                            const Selection& selection, CopyMarks marks) {
     const OrderedSelection ordered = Ordered(selection);
     if (ordered.start.place < 0) return {};
-    PassageCopy copy{options.ParagraphFormat != 0, CopyingReader(keepBrackets)};
+    PassageCopy copy{options.ParagraphFormat != 0, marks, CopyingReader(keepBrackets, marks)};
     for (int verse = ordered.start.place; verse <= ordered.end.place; ++verse) {
         const VerseRecord record = RecordOf(scripture.records, verse);
         if (record.book == 0) break;  // past the last verse

@@ -11,6 +11,6 @@
 // verse with one verse a line (its label then begins with a blank), before each paragraph in paragraph format, and
 // around chapter headings. The label of the first selected verse has book and chapter. Labels never have the mark of a
 // note. Brackets round supplied words are kept if `keepBrackets`, whatever the pane shows. Empty if either end of the
-// selection has no place (-1).
+// selection has no place (-1). As marked text it has the same text besides its marks.
 std::string PassageCopyText(const Scripture& scripture, const ReadingOptions& options, bool keepBrackets,
-                            const Selection& selection);
+                            const Selection& selection, CopyMarks marks = CopyMarks::kNone);

@@ -6,7 +6,9 @@
 
 #include "output/rendering.h"
 #include "tests/support/hand_made_scripture.h"
+#include "tests/support/html_reader.h"
 #include "tests/support/native_scripture.h"
+#include "typeset/html_text.h"
 
 static constexpr HandMadeVerse kVerses[] = {
     {1, 1, 1, "\xB6In the beginning."},  // 0
@@ -27,6 +29,16 @@ static std::string CopyOf(const Scripture& scripture, Layout layout, Marks brack
     return PassageCopyText(scripture, options, brackets == kWith, {kPassageOwns, anchor, end});
 }
 
+static std::string HtmlOf(const Scripture& scripture, Layout layout, Marks brackets, SelectionPoint anchor,
+                          SelectionPoint end) {
+    ReadingOptions options;
+    options.ParagraphFormat = layout == kParagraphs;
+    const bool keepBrackets = brackets == kWith;
+    const Selection selection{kPassageOwns, anchor, end};
+    return HtmlOfVerses(PassageCopyText(scripture, options, keepBrackets, selection, CopyMarks::kMarked),
+                        keepBrackets ? HtmlBrackets::kShown : HtmlBrackets::kAsItalics);
+}
+
 struct CopyRow {
     Layout layout;
     Marks brackets;
@@ -40,6 +52,9 @@ static void ExpectCopies(std::span<const CopyRow> rows) {
     for (const auto& [layout, brackets, anchor, end, text] : rows) {
         EXPECT_EQ(CopyOf(scripture, layout, brackets, anchor, end), text);
         EXPECT_EQ(CopyOf(scripture, layout, brackets, end, anchor), text) << "dragged the other way";
+        const ReadHtml read = ReadHtmlText(HtmlOf(scripture, layout, brackets, anchor, end));
+        EXPECT_EQ(read.text, Utf8OfLatin(text));
+        EXPECT_EQ(read.fault, "");
     }
 }
 
@@ -138,6 +153,21 @@ TEST(PassageCopy, AddsAHeadingForTheSameChapterNumberOfAnotherBook) {
               "End. \r\n\r\nJonah chapter 1\r\n\r\n    1 Now. ");
 }
 
+TEST(PassageCopy, HasReferencesAndSuppliedWordsInItsHtml) {
+    const HandMadeFiles files = MakeFiles(kVerses);
+    const Scripture scripture = ScriptureOf(files);
+    const auto html = [&](Layout layout, Marks brackets, SelectionPoint anchor, SelectionPoint end) {
+        return HtmlOf(scripture, layout, brackets, anchor, end);
+    };
+    EXPECT_EQ(html(kLines, kWithout, {1, 0}, {2, 2}),
+              " <b>Ge 1:2</b> And <i>it was</i> so. <br> <b>3</b> \u00B6 Then ");
+    EXPECT_EQ(html(kLines, kWith, {1, 0}, {1, 4}), " <b>Ge 1:2</b> And [it was] so. ");
+    EXPECT_EQ(html(kLines, kWithout, {1, 3}, {1, 4}), "<i>was</i> so. ") << "from within supplied words";
+    EXPECT_EQ(html(kLines, kWithout, {1, 2}, {1, 2}), "<i>it </i>") << "only the first of them";
+    EXPECT_EQ(html(kParagraphs, kWithout, {2, 2}, {3, 2}),
+              "light. <br><br><b>Genesis chapter 2</b><br><br>    <b>1</b> Thus <i>all</i>: ");
+}
+
 TEST(PassageCopy, HandlesAnySelection) {
     static constexpr CopyRow kRows[] = {
         {kLines, kWith, {-1, -1}, {-1, -1}, ""},     // no word was hit
@@ -211,6 +241,11 @@ TEST(RealPassageCopy, CopiesTheWholeBible) {
             const std::string copy = CopyOf(TheRealScripture(), layout, brackets, end, {0, 0});
             const std::string expected = WholeText(layout, brackets);
             EXPECT_TRUE(copy == expected) << copy.substr(FirstDifference(copy, expected), 80);
+            const ReadHtml read = ReadHtmlText(HtmlOf(TheRealScripture(), layout, brackets, end, {0, 0}));
+            EXPECT_EQ(read.fault, "");
+            EXPECT_TRUE(read.text == Utf8OfLatin(expected));
+            EXPECT_EQ(read.bold.size(), std::size_t{kVerseCount} + 1189 - 1) << "a label for each verse, and headings";
+            EXPECT_EQ(read.italics.empty(), brackets == kWith);
         }
     }
 }

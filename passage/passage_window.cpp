@@ -10,6 +10,7 @@
 #include "resources/ids.h"
 #include "scripture/books.h"
 #include "scripture/scripture_win32.h"
+#include "typeset/html_text.h"
 #include "win32/controls.h"
 #include "win32/popup_menu.h"
 
@@ -93,6 +94,12 @@ static SelectionPoint PointAt(int x, int y) {
 
 static std::string TextOfSelection() {
     return PassageCopyText(theScripture, theReading, theFormat.Brackets != 0, theSelection);
+}
+
+static std::string HtmlOfSelection() {
+    const bool keepBrackets = theFormat.Brackets != 0;
+    return HtmlOfVerses(PassageCopyText(theScripture, theReading, keepBrackets, theSelection, CopyMarks::kMarked),
+                        keepBrackets ? HtmlBrackets::kShown : HtmlBrackets::kAsItalics);
 }
 
 // ---- Screen readers -------------------------------------------------------------------------------------------------
@@ -216,7 +223,7 @@ static void OnCommand(int command) {
 
 static const PaneKind kPassage = {
     .pane = thePassage,
-    .selected = {kPassageOwns, TextOfSelection, "ReadWndCopyError -- Please notify the author!!"},
+    .selected = {kPassageOwns, TextOfSelection, HtmlOfSelection, "ReadWndCopyError -- Please notify the author!!"},
     .hasText = HasText,
     .layOut = LayOutText,
     .top = Top,

@@ -2,7 +2,6 @@
 #include "scripture/latin_letters.h"
 
 #include <array>
-#include <cstddef>
 
 // Those from 80 to 9F; all others have their own numbers.
 static constexpr std::array<char32_t, 32> kFrom80 = {
@@ -15,4 +14,17 @@ char32_t LatinLetter(char byte) {
     const auto number = static_cast<unsigned char>(byte);
     const std::size_t place = number - std::size_t{0x80};
     return number >= 0x80 && place < kFrom80.size() ? kFrom80[place] : number;
+}
+
+std::size_t Utf8Length(char32_t letter) {
+    return letter < 0x80 ? 1 : letter < 0x800 ? 2 : letter < 0x10000 ? 3 : 4;
+}
+
+void AppendUtf8(char32_t letter, std::string& text) {
+    static constexpr unsigned kFirst[] = {0, 0, 0xC0, 0xE0, 0xF0};
+    const std::size_t length = Utf8Length(letter);
+    const auto bitsBehind = static_cast<unsigned>(6 * (length - 1));
+    text += static_cast<char>(kFirst[length] | letter >> bitsBehind);
+    for (unsigned behind = bitsBehind; behind > 0; behind -= 6)
+        text += static_cast<char>(0x80 | (letter >> (behind - 6) & 0x3F));
 }

@@ -11,6 +11,7 @@
 // A selected label begins with a blank and has book and chapter. The line of the first entry ends with " \r\n", later
 // ones with "\r\n"; this difference is kept on purpose. The last line ends after the last selected word and its blank,
 // without "\r\n" unless that is the last word of an entry after the first. Brackets round supplied words are kept if
-// `keepBrackets`. Empty if either end of the selection has no entry (-1).
+// `keepBrackets`. Empty if either end of the selection has no entry (-1). As marked text it has the same text besides
+// its marks.
 std::string VerseListCopyText(const Scripture& scripture, const VerseList& list, bool keepBrackets,
-                              const Selection& selection);
+                              const Selection& selection, CopyMarks marks = CopyMarks::kNone);

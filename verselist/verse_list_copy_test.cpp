@@ -5,7 +5,9 @@
 #include <numeric>
 
 #include "tests/support/hand_made_scripture.h"
+#include "tests/support/html_reader.h"
 #include "tests/support/native_scripture.h"
+#include "typeset/html_text.h"
 
 static constexpr HandMadeVerse kVerses[] = {
     {1, 1, 1, "\xB6In the beginning."},
@@ -24,6 +26,12 @@ static std::string CopyOf(const Scripture& scripture, const VerseList& list, con
     return VerseListCopyText(scripture, list, row.keepBrackets, {kVerseListOwns, row.anchor, row.end});
 }
 
+static std::string HtmlOf(const Scripture& scripture, const VerseList& list, const ListCopyRow& row) {
+    const Selection selection{kVerseListOwns, row.anchor, row.end};
+    return HtmlOfVerses(VerseListCopyText(scripture, list, row.keepBrackets, selection, CopyMarks::kMarked),
+                        row.keepBrackets ? HtmlBrackets::kShown : HtmlBrackets::kAsItalics);
+}
+
 // Copies from the list 1Sa 3:4, Ge 1:1, Ge 1:2, Joh 11:35, where verse indexes differ from entry numbers.
 static void ExpectCopies(std::span<const ListCopyRow> rows) {
     const HandMadeFiles files = MakeFiles(kVerses);
@@ -34,6 +42,9 @@ static void ExpectCopies(std::span<const ListCopyRow> rows) {
         EXPECT_EQ(CopyOf(scripture, list, row), row.text);
         EXPECT_EQ(CopyOf(scripture, list, {row.keepBrackets, row.end, row.anchor, row.text}), row.text)
             << "dragged the other way";
+        const ReadHtml read = ReadHtmlText(HtmlOf(scripture, list, row));
+        EXPECT_EQ(read.text, Utf8OfLatin(row.text));
+        EXPECT_EQ(read.fault, "");
     }
 }
 
@@ -82,6 +93,25 @@ TEST(VerseListCopy, CanKeepBrackets) {
     ExpectCopies(kRows);
 }
 
+TEST(VerseListCopy, HasReferencesAndSuppliedWordsInItsHtml) {
+    const HandMadeFiles files = MakeFiles(kVerses);
+    VerseList list;
+    list.ListEntries = {2, 1};
+    EXPECT_EQ(HtmlOf(ScriptureOf(files), list, {false, {0, 3}, {1, 4}, ""}),
+              "<i>LORD</i>: <br> <b>Ge 1:2</b> And <i>it was</i> so.<br>");
+    EXPECT_EQ(HtmlOf(ScriptureOf(files), list, {true, {1, 0}, {1, 4}, ""}), " <b>Ge 1:2</b> And [it was] so. ");
+}
+
+// The blank that is taken away is among the supplied words.
+TEST(VerseListCopy, HasItsTextInTheHtmlOfAVerseWithAnOpenBracket) {
+    const HandMadeVerse verses[] = {{1, 1, 1, "One"}, {1, 1, 2, "two [three"}};
+    const HandMadeFiles files = MakeFiles(verses);
+    VerseList list;
+    list.ListEntries = {0, 1};
+    EXPECT_EQ(HtmlOf(ScriptureOf(files), list, {false, {0, 1}, {1, 2}, ""}),
+              "One <br> <b>Ge 1:2</b> two <i>three<br></i>");
+}
+
 TEST(VerseListCopy, HandlesAnySelection) {
     static constexpr ListCopyRow kRows[] = {
         {true, {-1, -1}, {-1, -1}, ""},       {true, {-1, -1}, {2, 1}, ""}, {true, {7, 0}, {9, 1}, ""},
@@ -107,4 +137,7 @@ TEST(RealVerseListCopy, CopiesAListOfTheWholeBible) {
         rest.remove_prefix(line.size());
     }
     EXPECT_EQ(rest, "");
+    const ReadHtml read = ReadHtmlText(HtmlOf(TheRealScripture(), list, {true, {0, 0}, {kLastVerse, 999}, ""}));
+    EXPECT_EQ(read.fault, "");
+    EXPECT_TRUE(read.text == Utf8OfLatin(copy));
 }

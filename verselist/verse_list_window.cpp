@@ -8,6 +8,7 @@
 #include "pane/status_bar_win32.h"
 #include "resources/ids.h"
 #include "scripture/scripture_win32.h"
+#include "typeset/html_text.h"
 #include "verselist/verse_list_copy.h"
 #include "verselist/verse_list_flow.h"
 #include "win32/controls.h"
@@ -247,6 +248,13 @@ static std::string TextOfSelection() {
     return VerseListCopyText(theScripture, theVerseList.list, theFormat.Brackets != 0, theSelection);
 }
 
+static std::string HtmlOfSelection() {
+    const bool keepBrackets = theFormat.Brackets != 0;
+    return HtmlOfVerses(
+        VerseListCopyText(theScripture, theVerseList.list, keepBrackets, theSelection, CopyMarks::kMarked),
+        keepBrackets ? HtmlBrackets::kShown : HtmlBrackets::kAsItalics);
+}
+
 // ---- Screen readers -------------------------------------------------------------------------------------------------
 
 static std::string NameOfPane() {
@@ -357,7 +365,7 @@ static void OnDoubleClick() {
 
 static const PaneKind kVerseList = {
     .pane = theVerseList,
-    .selected = {kVerseListOwns, TextOfSelection},
+    .selected = {kVerseListOwns, TextOfSelection, HtmlOfSelection},
     .hasText = HasText,
     .layOut = LayOutText,
     .top = Top,

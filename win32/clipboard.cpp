@@ -44,22 +44,41 @@ static bool PutBytes(UINT format, const void* bytes, std::size_t size) {
 }
 
 // Without a locale, the system would convert the 8-bit text with the code page of the keyboard that is in use.
-static bool Put(const std::string& text, const std::wstring& wide, LCID locale) {
+static bool PutNarrow(const std::string& text, LCID locale) {
     if (!PutBytes(CF_TEXT, text.c_str(), text.size() + 1)) return false;
     PutBytes(CF_LOCALE, &locale, sizeof locale);
-    PutBytes(CF_UNICODETEXT, wide.c_str(), (wide.size() + 1) * sizeof wide[0]);
     return true;
 }
 
-bool PutText(const HeldClipboard&, const std::string& text) {
+static void PutWide(const std::wstring& text) {
+    PutBytes(CF_UNICODETEXT, text.c_str(), (text.size() + 1) * sizeof text[0]);
+}
+
+// Only the first format is promised. Without memory for the wide text the system makes it of the narrow one, with the
+// code page of the locale.
+static void PutWideOfLatin(const std::string& text) try {
     static constexpr UINT kLatin = 1252;
-    static constexpr LCID kEnglish = MAKELCID(MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_US), SORT_DEFAULT);  // 0x0409
     std::wstring wide(text.size(), L'\0');
     const auto length = static_cast<int>(text.size());
     MultiByteToWideChar(kLatin, 0, text.data(), length, wide.data(), length);
-    return Put(text, wide, kEnglish);
+    PutWide(wide);
+} catch (const std::bad_alloc&) {
+}
+
+bool PutText(const HeldClipboard&, const std::string& text) {
+    static constexpr LCID kEnglish = MAKELCID(MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_US), SORT_DEFAULT);  // 0x0409
+    if (!PutNarrow(text, kEnglish)) return false;
+    PutWideOfLatin(text);
+    return true;
 }
 
 bool PutText(const HeldClipboard&, const std::wstring& text) {
-    return Put(NearestInCodePage(text), text, GetSystemDefaultLCID());
+    if (!PutNarrow(NearestInCodePage(text), GetSystemDefaultLCID())) return false;
+    PutWide(text);
+    return true;
+}
+
+void PutHtmlBytes(const HeldClipboard&, const std::string& html) {
+    const UINT format = RegisterClipboardFormatW(L"HTML Format");
+    if (format != 0) PutBytes(format, html.c_str(), html.size() + 1);
 }

@@ -2,6 +2,8 @@
 #pragma once
 
 #include <memory>
+#include <new>
+#include <stdexcept>
 #include <string>
 
 #include "win32/windows_api.h"
@@ -23,11 +25,24 @@ HeldClipboard OpenEmptyClipboard(HWND owner);
 std::wstring TextOnClipboard(HWND owner);
 
 // Puts plain text on the clipboard: as CF_TEXT with its CF_LOCALE, and as CF_UNICODETEXT. It remains there after the
-// program ends, and other programs read it up to its first zero. False when there is no memory for it; the clipboard
-// then stays empty.
+// program ends, and other programs read it up to its first zero. False when there is no memory for it as CF_TEXT; the
+// clipboard then stays empty.
 
 // Text with the letters of scripture: Latin 1 of Windows (1252) on every system.
 bool PutText(const HeldClipboard& clipboard, const std::string& text);
 
 // Text in any letters. In CF_TEXT, those that the system's code page lacks are replaced as Windows does it.
 bool PutText(const HeldClipboard& clipboard, const std::wstring& text);
+
+// Adds the HTML that `make` gives, as the clipboard wants to have it ("HTML Format"). Without memory for it there is
+// none, and what was put there before stays.
+void PutHtmlBytes(const HeldClipboard& clipboard, const std::string& html);
+
+template <typename MakeHtml>
+void PutHtml(const HeldClipboard& clipboard, MakeHtml make) {
+    try {
+        PutHtmlBytes(clipboard, make());
+    } catch (const std::bad_alloc&) {
+    } catch (const std::length_error&) {
+    }
+}
