@@ -3,6 +3,7 @@
 
 #include <array>
 #include <string>
+#include <vector>
 
 #include "app/frame_layout.h"
 #include "app/settings.h"
@@ -27,8 +28,10 @@ struct Frame {
     Fonts fonts;
     std::array<COLORREF, 16> customColors{};
     PrinterSetup printerSetup;
-    std::string damagedSet;  // whose earlier states the user wants to see at the end of the start
-    std::string ownSets;     // as in MoreSettings
+    std::string damagedSet;        // whose earlier states the user wants to see at the end of the start
+    std::string ownSets;           // as in MoreSettings
+    std::vector<int> lastVerses;   // app/last_verses.h
+    bool hasNewLastVerse = false;  // since the start
     bool startUpComplete = false;
 };
 extern Frame theFrame;

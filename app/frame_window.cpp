@@ -8,6 +8,7 @@
 #include "app/command_table_win32.h"
 #include "app/end_of_session_win32.h"
 #include "app/frame_win32.h"
+#include "app/jump_list_win32.h"
 #include "app/pane_focus_win32.h"
 #include "app/session_win32.h"
 #include "app/startup_win32.h"
@@ -36,6 +37,7 @@ static void OnClose(HWND window) {
 }
 
 static void OnDestroy(HWND) {
+    WriteJumpList();
     ShutDown();
     EndSession();
     PostQuitMessage(0);

@@ -3,6 +3,7 @@
 #include "app/end_of_session_win32.h"
 #include "app/frame_win32.h"
 #include "app/frame_window.h"
+#include "app/jump_list_win32.h"
 #include "app/note_set_commands_win32.h"
 #include "app/pane_focus_win32.h"
 #include "app/session_win32.h"
@@ -101,6 +102,7 @@ int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int showState) {
     EnterRestartFolder();
     SettleWorkingFolder({kVerseTextFile, "*.nmi"}, "Versewell", "installed.txt");
     if (!ClaimWorkingFolder(kFrameClass) || !RegisterClasses()) return 0;
+    NameForTaskbar();
     WatchHeldKeys();
     PrepareSets();
     OpenLastSession();

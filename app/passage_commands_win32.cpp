@@ -1,6 +1,7 @@
 #include "app/passage_commands_win32.h"
 
 #include "app/frame_win32.h"
+#include "app/jump_list_win32.h"
 #include "app/navigation.h"
 #include "notes/note_editor_window.h"
 #include "notes/notes_window.h"
@@ -16,9 +17,14 @@ static void ShowPassage() {
     RunIfEnabled(theFrame.window, IDM_VIEW_PASSAGE);
 }
 
+static void GoToAsked(int verse) {
+    ScrollToVerse(verse);
+    RememberVerse(verse);
+}
+
 void GoToVerse(int) {
     const std::string start = ReferenceText(theScripture.records, thePassage.view.TopVerse, BookForm::kAbbreviation);
-    AskVerse(theFrame.window, {"GOTOVERSE", kTopicGotoVerse, start, ScrollToVerse});
+    AskVerse(theFrame.window, {"GOTOVERSE", kTopicGotoVerse, start, GoToAsked});
     ShowPassage();
     SetFocus(thePassage.window);
 }

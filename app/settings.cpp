@@ -244,11 +244,13 @@ void SaveSettings(const ProfileFile& profile, Settings settings, const FramePlac
 static SettingRows MoreRows(MoreSettings& settings) {
     static constexpr int kSetNameLimit = 259;  // no path is longer
     static constexpr int kNamesLimit = 8191;   // those of all sets
+    static constexpr int kLastVersesLimit = 99;
     return {
         {"NOTES", "CurrentSet", TextField{&settings.CurrentSet, "", kSetNameLimit}},
         {"NOTES", "OwnSets", TextField{&settings.OwnSets, "", kNamesLimit}},
         {"OPTIONS", "KeyColorFrom", TextField{&settings.KeyColorFrom, "", kColorTextLimit}},
         {"OPTIONS", "DarkPanes", IntegerField{&settings.DarkPanes, kDarkOff}},
+        {"MISC", "LastVerses", TextField{&settings.LastVerses, "", kLastVersesLimit}},
     };
 }
 

@@ -69,6 +69,8 @@ struct MoreSettings {
     // colour even if the user has chosen none and key words follow the system's.
     std::string KeyColorFrom{};
     int DarkPanes = 0;  // a DarkPanesChoice; other values are kept and mean off
+    // What the taskbar offers of an installed copy (app/last_verses.h).
+    std::string LastVerses{};
 };
 
 // The private-profile functions for the settings file. These functions return text without surrounding blanks and

@@ -4,6 +4,7 @@
 
 #include "app/frame_look_win32.h"
 #include "app/frame_win32.h"
+#include "app/last_verses.h"
 #include "app/note_set_commands_win32.h"
 #include "app/pane_focus_win32.h"
 #include "app/passage_commands_win32.h"
@@ -114,6 +115,7 @@ static void TakeOver(const MoreSettings& settings) {
     thePaneLook.isKeyColorChosen =
         IsKeyColorChosen(theReading.KeyHighlightColor, settings.KeyColorFrom, GetSysColor(COLOR_HIGHLIGHT));
     theFrame.ownSets = settings.OwnSets;
+    theFrame.lastVerses = LastVersesOf(settings.LastVerses);
     if (settings.CurrentSet.empty()) return;
     const int set = SetNamed(theNoteSets, settings.CurrentSet);
     if (set != kNoSet) SelectSet(theNoteSets, set);
@@ -126,6 +128,7 @@ static MoreSettings CurrentMoreSettings() {
         .OwnSets = theFrame.ownSets,
         .KeyColorFrom = KeyColorFromOf(thePaneLook.isKeyColorChosen, theReading.KeyHighlightColor),
         .DarkPanes = thePaneLook.DarkPanes,
+        .LastVerses = TextOfLastVerses(theFrame.lastVerses),
     };
 }
 
