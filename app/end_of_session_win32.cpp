@@ -20,15 +20,6 @@ void AskForRestart() {
         RegisterApplicationRestart(arguments.c_str(), 0);
 }
 
-void EnterRestartFolder() {
-    const std::wstring line = GetCommandLineW();
-    const std::size_t argument = line.find(kFolderArgument);
-    if (argument == std::wstring::npos) return;
-    const std::size_t start = argument + std::wstring(kFolderArgument).size();
-    const std::wstring folder = line.substr(start, line.find(L'"', start) - start);
-    SetCurrentDirectoryW(folder.c_str());
-}
-
 // ---- The end --------------------------------------------------------------------------------------------------------
 
 // The system shows the reason to the user if writing takes long.
@@ -40,6 +31,10 @@ BOOL OnQueryEndSession(HWND frame) {
     return TRUE;
 }
 
-void OnEndSession(HWND, BOOL isEnding) {
-    if (isEnding) SuspendSession();
+// An installer that replaces the program waits for its end, and then starts it again. It may be in a dialog, so it does
+// not return to its message loop.
+void OnEndSession(BOOL isEnding, LPARAM reasons) {
+    if (!isEnding) return;
+    SuspendSession();
+    if (reasons & ENDSESSION_CLOSEAPP) ExitProcess(0);
 }

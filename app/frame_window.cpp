@@ -5,6 +5,7 @@
 #include <iterator>
 #include <utility>
 
+#include "app/arguments_win32.h"
 #include "app/command_table_win32.h"
 #include "app/end_of_session_win32.h"
 #include "app/frame_win32.h"
@@ -144,7 +145,6 @@ static LRESULT CALLBACK FrameProcedure(HWND window, UINT message, WPARAM wParam,
         HANDLE_MSG(window, WM_CREATE, OnCreate);
         HANDLE_MSG(window, WM_CLOSE, OnClose);
         HANDLE_MSG(window, WM_QUERYENDSESSION, OnQueryEndSession);
-        HANDLE_MSG(window, WM_ENDSESSION, OnEndSession);
         HANDLE_MSG(window, WM_DESTROY, OnDestroy);
         HANDLE_MSG(window, WM_COMMAND, OnCommand);
         HANDLE_MSG(window, WM_NOTIFY, OnNotify);
@@ -154,6 +154,9 @@ static LRESULT CALLBACK FrameProcedure(HWND window, UINT message, WPARAM wParam,
         HANDLE_MSG(window, WM_INITMENUPOPUP, OnInitMenuPopup);
         HANDLE_MSG(window, WM_DISPLAYCHANGE, OnDisplayChange);
         HANDLE_MSG(window, WM_KEYDOWN, OnKey);
+        case WM_ENDSESSION: return OnEndSession(wParam != 0, lParam), 0;
+        case WM_COPYDATA:
+            return OnCopyData(reinterpret_cast<HWND>(wParam), *reinterpret_cast<const COPYDATASTRUCT*>(lParam));
         case WM_DPICHANGED: return OnDpiChanged(window, HIWORD(wParam), *reinterpret_cast<const RECT*>(lParam));
         case WM_MOUSEWHEEL: return PassWheelToPane(wParam, lParam), 0;
         case WM_GETOBJECT: OnGetObject(); break;

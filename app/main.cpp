@@ -1,5 +1,6 @@
 // Entry point of the program: window classes, frame, message loop.
 
+#include "app/arguments_win32.h"
 #include "app/end_of_session_win32.h"
 #include "app/frame_win32.h"
 #include "app/frame_window.h"
@@ -99,9 +100,12 @@ static void ReleaseRichEdit() {
 
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int showState) {
     LoadOnlySystemLibraries();
-    EnterRestartFolder();
+    const ProgramArguments arguments = ArgumentsOfProcess();
+    if (AnswerArguments(arguments)) return 0;
+    EnterArgumentFolder(arguments);
     SettleWorkingFolder({kVerseTextFile, "*.nmi"}, "Versewell", "installed.txt");
-    if (!ClaimWorkingFolder(kFrameClass) || !RegisterClasses()) return 0;
+    const auto tellOther = [&](HWND frame) { PassOnReference(frame, arguments.reference); };
+    if (!ClaimWorkingFolder(kFrameClass, tellOther) || !RegisterClasses()) return 0;
     NameForTaskbar();
     WatchHeldKeys();
     PrepareSets();
@@ -122,6 +126,7 @@ int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int showState) {
     AskForRestart();
     OfferLastSession();
     ShowStatesOfDamagedSet();
+    GoToArgument(arguments.reference);
     const int exitCode = RunMessageLoop();
     ReleaseRichEdit();
     return exitCode;

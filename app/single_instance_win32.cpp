@@ -80,20 +80,26 @@ static HANDLE FolderMark() {
     return reinterpret_cast<HANDLE>(static_cast<UINT_PTR>(FolderNumber()));
 }
 
-static bool BringToFront(const char* windowClass) {
+static HWND FrameOfOther(const char* windowClass) {
     FrameSearch search{windowClass, FolderMark()};
     EnumWindows(CompareWindow, reinterpret_cast<LPARAM>(&search));
-    if (search.found == nullptr) return false;
-    if (IsIconic(search.found)) ShowWindowAsync(search.found, SW_RESTORE);
-    SetForegroundWindow(GetLastActivePopup(search.found));
-    return true;
+    return search.found;
 }
 
-bool ClaimWorkingFolder(const char* windowClass) {
+static void BringToFront(HWND frame) {
+    if (IsIconic(frame)) ShowWindowAsync(frame, SW_RESTORE);
+    SetForegroundWindow(GetLastActivePopup(frame));
+}
+
+bool ClaimWorkingFolder(const char* windowClass, const std::function<void(HWND)>& tell) {
     const std::string name = ClaimName();
     const ULONGLONG start = GetTickCount64();
     while (!TakeMutex(name)) {
-        if (BringToFront(windowClass)) return false;
+        if (const HWND frame = FrameOfOther(windowClass)) {
+            tell(frame);
+            BringToFront(frame);
+            return false;
+        }
         if (GetTickCount64() - start > kPatience) {
             Complain(nullptr, kOpenElsewhere);
             return false;

@@ -1,12 +1,14 @@
 // Makes sure that only one copy of the program at a time uses a folder, so that no two write the same notes.
 #pragma once
 
+#include <functional>
+
 #include "win32/windows_api.h"
 
 // Claims the current directory for this process until it ends. False if another copy has claimed it: that copy's window
-// of class `windowClass` has been brought to the front or, if none was found in time, the user has been told. The
-// caller must then exit.
-bool ClaimWorkingFolder(const char* windowClass);
+// of class `windowClass` has been brought to the front after `tell` was called with it or, if none was found in time,
+// the user has been told. The caller must then exit.
+bool ClaimWorkingFolder(const char* windowClass, const std::function<void(HWND frame)>& tell);
 
 // Marks `frame` as the window that copies started later bring to the front.
 void MarkClaimingFrame(HWND frame);

@@ -69,6 +69,39 @@ TEST(EndOfSession, IsAllowedWhileAQuestionIsOpen) {
     EXPECT_EQ(TextOf(NoteEditOf(program)), "Mine. The first.");
 }
 
+// The restart manager waits for the end of the program that it closes for an installer.
+static void CloseForInstaller(const Program& program) {
+    EXPECT_EQ(SendMessageA(program.frame, WM_QUERYENDSESSION, 0, ENDSESSION_CLOSEAPP), TRUE);
+    EXPECT_TRUE(IsRunning(program));
+    SendMessageA(program.frame, WM_ENDSESSION, FALSE, ENDSESSION_CLOSEAPP);  // another program cannot be closed
+    EXPECT_TRUE(IsRunning(program));
+    SendMessageA(program.frame, WM_ENDSESSION, TRUE, ENDSESSION_CLOSEAPP);
+    EXPECT_EQ(WaitForExit(program), 0);
+}
+
+TEST(EndForAnInstaller, KeepsTheNoteAndTheSettings) {
+    for (const bool asks : {false, true}) {
+        Program program = ProgramInEdit();
+        Command(program, IDM_VIEW_TOOLBAR);
+        if (asks) {
+            PostMessageA(program.frame, WM_CLOSE, 0, 0);
+            WaitForDialog(program, "Versewell97");
+        }
+        CloseForInstaller(program);
+        EXPECT_EQ(Setting(program.folder, "VIEW", "ToolBar"), "0");
+        program = StartAfterKill(program.folder, "y");
+        EXPECT_EQ(TextOf(NoteEditOf(program)), "Mine. The first.");
+    }
+}
+
+TEST(EndForAnInstaller, LeavesNothingToAskAbout) {
+    Program program = StartProgram(FolderWithNote());
+    CloseForInstaller(program);
+    EXPECT_FALSE(HasFile(program.folder, kSessionFileName));
+    program = StartProgram(program.folder);
+    EXPECT_FALSE(HasDialog(program));
+}
+
 // Wine's own way: it sends the messages to every program with windows and then ends those that are still running.
 TEST(EndOfSession, OfTheWholeSystemKeepsTheNoteAndTheSettings) {
     static constexpr std::chrono::seconds kLongPatience{90};

@@ -1,0 +1,27 @@
+// What the program does with its arguments (app/command_line.h), its own and those of copies that are started later.
+#pragma once
+
+#include <string>
+
+#include "app/command_line.h"
+#include "win32/windows_api.h"
+
+ProgramArguments ArgumentsOfProcess();
+
+// Makes the folder of /folder the current one.
+void EnterArgumentFolder(const ProgramArguments& arguments);
+
+// Answers --help and --version: into the file or the pipe that takes the output, else on the console that the program
+// was started from, else in a message box. False if neither was asked for; otherwise the caller exits.
+bool AnswerArguments(const ProgramArguments& arguments);
+
+// Goes to the verse of the reference, if there is one. If that is not possible, the status bar says why.
+void GoToArgument(const std::u16string& reference);
+
+// Passes on the reference, if there is one, to the running copy that has this frame, and tells the user if it does not
+// answer.
+void PassOnReference(HWND frame, const std::u16string& reference);
+
+// WM_COPYDATA: goes to the reference that a second copy passes on. Ignores, and returns false for, messages of another
+// user's programs and those that are not well formed.
+bool OnCopyData(HWND sender, const COPYDATASTRUCT& data);

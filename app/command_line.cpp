@@ -1,0 +1,137 @@
+#include "app/command_line.h"
+
+#include <algorithm>
+#include <cstring>
+
+static constexpr std::size_t kLongestReference = kReferenceLimit;
+
+// ---- Words ----------------------------------------------------------------------------------------------------------
+
+namespace {
+
+struct CommandWord {
+    std::u16string text;
+    bool isQuoted = false;  // begins with a quote, so it is no option
+};
+
+}  // namespace
+
+static bool IsBlank(char16_t letter) {
+    return letter == u' ' || letter == u'\t';
+}
+
+static void SkipBlanks(std::u16string_view& rest) {
+    while (!rest.empty() && IsBlank(rest.front())) rest.remove_prefix(1);
+}
+
+// Removes the first word from `rest`; nullopt at the end.
+static std::optional<CommandWord> TakeWord(std::u16string_view& rest) {
+    SkipBlanks(rest);
+    if (rest.empty()) return std::nullopt;
+    CommandWord word{{}, rest.front() == u'"'};
+    bool inQuotes = false;
+    for (; !rest.empty() && (inQuotes || !IsBlank(rest.front())); rest.remove_prefix(1)) {
+        if (rest.front() == u'"') {
+            inQuotes = !inQuotes;
+        } else {
+            word.text += rest.front();
+        }
+    }
+    return word;
+}
+
+// The dash of a range such as "Ge 1 - 3" stands alone.
+template <typename Text>
+static bool LooksLikeOption(const Text& text) {
+    return text.size() > 1 && (text.front() == '-' || text.front() == '/');
+}
+
+static void AddToReference(ProgramArguments& arguments, const std::u16string& word) {
+    if (!arguments.reference.empty()) arguments.reference += u' ';
+    arguments.reference += word;
+}
+
+// False if there is no such option. Takes the folder from `rest`.
+static bool TakeOption(ProgramArguments& arguments, const std::u16string& option, std::u16string_view& rest) {
+    if (option == u"/folder") {
+        if (const auto folder = TakeWord(rest)) arguments.folder = folder->text;
+    } else if (option == u"--help" || option == u"-h" || option == u"/?") {
+        arguments.help = true;
+    } else if (option == u"--version") {
+        arguments.version = true;
+    } else {
+        return false;
+    }
+    return true;
+}
+
+ProgramArguments ReadCommandLine(std::u16string_view line) {
+    ProgramArguments arguments;
+    std::u16string unknown;
+    TakeWord(line);  // the program
+    while (const auto word = TakeWord(line)) {
+        const bool isOption = !word->isQuoted && LooksLikeOption(word->text);
+        if (!isOption) {
+            AddToReference(arguments, word->text);
+        } else if (!TakeOption(arguments, word->text, line) && unknown.empty()) {
+            unknown = word->text;
+        }
+    }
+    if (!unknown.empty()) arguments.reference = unknown;
+    if (arguments.reference.size() > kLongestReference) arguments.reference.resize(kLongestReference);
+    return arguments;
+}
+
+// Without the first rule "--hepl" would be a reference to Genesis.
+ParsedReference ParseArgument(const VerseRecords& records, const std::string& reference) {
+    if (reference.empty() || LooksLikeOption(reference)) return {};
+    return ParseReference(records, reference);
+}
+
+// ---- Texts ----------------------------------------------------------------------------------------------------------
+
+std::string HelpOnArguments(std::string_view version) {
+    return VersionLine(version) +
+           "\n"
+           "versewell.exe [REFERENCE] [/folder \"PATH\"]\n"
+           "\n"
+           "REFERENCE: the verse to go to, for example John 3:16. If Versewell is running with the same notes, it goes "
+           "there.\n"
+           "/folder \"PATH\": where the notes and settings are, unless the program was installed.\n"
+           "--help: shows this text.\n"
+           "--version: shows the version.\n";
+}
+
+std::string VersionLine(std::string_view version) {
+    return "Versewell " + std::string(version) + "\n";
+}
+
+static std::string InQuotes(std::string_view text) {
+    return '"' + std::string(text) + '"';
+}
+
+std::string NotUnderstood(std::string_view argument) {
+    return InQuotes(argument) + " is not understood";
+}
+
+std::string NotShownNow(std::string_view reference) {
+    return InQuotes(reference) + " was not shown, because a dialog is open";
+}
+
+// ---- The message ----------------------------------------------------------------------------------------------------
+
+std::string MessageWithReference(std::u16string_view reference) {
+    const std::u16string units = std::u16string(reference) + u'\0';
+    return {reinterpret_cast<const char*>(units.data()), units.size() * sizeof units[0]};
+}
+
+std::optional<std::u16string> ReferenceInMessage(std::string_view bytes) {
+    const std::size_t count = bytes.size() / sizeof(char16_t);
+    if (bytes.size() % sizeof(char16_t) != 0 || count == 0 || count > kLongestReference + 1) return std::nullopt;
+    std::u16string units(count, u'\0');
+    std::memcpy(units.data(), bytes.data(), bytes.size());
+    if (units.back() != u'\0') return std::nullopt;
+    units.pop_back();
+    if (std::any_of(units.begin(), units.end(), [](char16_t unit) { return unit < u' '; })) return std::nullopt;
+    return units;
+}

@@ -1,0 +1,101 @@
+#include "app/command_line.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/native_scripture.h"
+
+struct CommandLineRow {
+    const char16_t* line;
+    const char16_t* folder;
+    const char16_t* reference;
+};
+
+static constexpr CommandLineRow kCommandLines[] = {
+    {u"", u"", u""},
+    {u"versewell.exe", u"", u""},
+    {u"\"C:\\Program Files\\versewell.exe\"  ", u"", u""},
+    {u"\"C:\\My --help\\versewell.exe\" John 3:16", u"", u"John 3:16"},
+    {u"versewell.exe \"John 3:16\"", u"", u"John 3:16"},
+    {u"versewell.exe  John\t3:16 ", u"", u"John 3:16"},
+    {u"versewell.exe 1 \"John\" 3:16", u"", u"1 John 3:16"},
+    {u"versewell.exe Jo\"hn 3\":16", u"", u"John 3:16"},
+    {u"versewell.exe \"John 3:16", u"", u"John 3:16"},
+    {u"versewell.exe Ge 1 - 3", u"", u"Ge 1 - 3"},
+    {u"versewell.exe \"--help\" \"/folder\"", u"", u"--help /folder"},
+    {u"versewell.exe \u0418\u043E\u0430\u043D\u043D 3:16", u"", u"\u0418\u043E\u0430\u043D\u043D 3:16"},
+    {u"versewell.exe /folder \"C:\\My Notes\"", u"C:\\My Notes", u""},
+    {u"versewell.exe /folder \"C:\\\" John 3:16", u"C:\\", u"John 3:16"},
+    {u"versewell.exe John /folder \"D:\\\u05D0\" 3:16", u"D:\\\u05D0", u"John 3:16"},
+    {u"versewell.exe /folder C:\\Notes John 3:16", u"C:\\Notes", u"John 3:16"},
+    {u"versewell.exe John /folder", u"", u"John"},
+};
+
+TEST(CommandLine, HasAFolderAndAReference) {
+    for (const auto& [line, folder, reference] : kCommandLines) {
+        const ProgramArguments arguments = ReadCommandLine(line);
+        EXPECT_EQ(arguments.folder, folder);
+        EXPECT_EQ(arguments.reference, reference);
+        EXPECT_FALSE(arguments.help);
+        EXPECT_FALSE(arguments.version);
+    }
+}
+
+TEST(CommandLine, CanAskForHelpAndVersion) {
+    for (const char16_t* line : {u"v --help", u"v -h", u"v /?", u"v John 3:16 --help"})
+        EXPECT_TRUE(ReadCommandLine(line).help);
+    EXPECT_TRUE(ReadCommandLine(u"v --version").version);
+    EXPECT_FALSE(ReadCommandLine(u"v --version").help);
+}
+
+TEST(CommandLine, HasAnUnknownOptionForAReference) {
+    for (const char16_t* line : {u"v --hepl", u"v John --hepl 3:16 --other"}) {
+        EXPECT_EQ(ReadCommandLine(line).reference, u"--hepl");
+        EXPECT_FALSE(ReadCommandLine(line).help);
+    }
+    EXPECT_EQ(ReadCommandLine(u"v /x").reference, u"/x");
+}
+
+TEST(CommandLine, NamesTheVerseThatGoToVerseWouldShow) {
+    const VerseRecords& records = TheRealScripture().records;
+    for (const auto& [reference, verse] : {std::pair{"John 3:16", 26136}, {"Ge 1 - 3", 0}, {"3:16", 71}}) {
+        EXPECT_TRUE(ParseArgument(records, reference).ok) << reference;
+        EXPECT_EQ(ParseArgument(records, reference).verse, verse) << reference;
+    }
+    for (const char* reference : {"", "--hepl", "/x", "Xyz 3", "Ge 0:1"})
+        EXPECT_FALSE(ParseArgument(records, reference).ok) << reference;
+}
+
+TEST(CommandLine, IsReadNoFurtherThanAReferenceField) {
+    const std::u16string words(5000, u'a');
+    EXPECT_EQ(ReadCommandLine(u"v " + words).reference, words.substr(0, kReferenceLimit));
+}
+
+TEST(CommandLine, TellsWhatItCanHave) {
+    const std::string help = HelpOnArguments("3.2.1");
+    for (const char* part : {"Versewell 3.2.1\n", "/folder \"PATH\"", "John 3:16", "--help", "--version"})
+        EXPECT_NE(help.find(part), help.npos) << part;
+    EXPECT_EQ(VersionLine("3.2.1"), "Versewell 3.2.1\n");
+    EXPECT_EQ(NotUnderstood("Jhn 3:99"), "\"Jhn 3:99\" is not understood");
+    EXPECT_EQ(NotShownNow("John 3:16"), "\"John 3:16\" was not shown, because a dialog is open");
+}
+
+// ---- The message ----------------------------------------------------------------------------------------------------
+
+TEST(ReferenceMessage, IsReadAsWritten) {
+    for (const std::u16string& reference :
+         {std::u16string(), std::u16string(u"John 3:16"), std::u16string(u"\u0418\u05D0\xD83D\xDE00"),
+          std::u16string(kReferenceLimit, u'\xFFFF')}) {
+        EXPECT_EQ(ReferenceInMessage(MessageWithReference(reference)), reference);
+    }
+}
+
+TEST(ReferenceMessage, IsNothingElse) {
+    const std::string good = MessageWithReference(u"John 3:16");
+    for (const std::string& bytes :
+         {std::string(), good.substr(0, good.size() - 1), good.substr(0, good.size() - 2), good.substr(1), good + good,
+          good + '\0', MessageWithReference(std::u16string(kReferenceLimit + 1, u'a')),
+          MessageWithReference(u"John\n3:16"), MessageWithReference(u"\t"), std::string(1, '\0'),
+          MessageWithReference(std::u16string(1'000'000, u'a'))}) {
+        EXPECT_EQ(ReferenceInMessage(bytes), std::nullopt) << bytes.size();
+    }
+}
