@@ -16,7 +16,7 @@ struct SavedRange {
     const NoteSource* notes;  // may be null
     bool isInUtf8 = false;
     std::string note{};
-    GrowingText piece{std::string(kWriteSize, '\0')};  // of one verse, before it is converted
+    GrowingText piece{};  // of one verse, before it is converted
 };
 
 }  // namespace
