@@ -11,6 +11,7 @@
 #include "scripture/latin_letters.h"
 #include "tests/fuzz/fuzz.h"
 #include "tests/support/hand_made_scripture.h"
+#include "tests/support/html_reader.h"
 #include "tests/support/notes_by_verse.h"
 
 struct OutputCase {
@@ -159,6 +160,18 @@ static void CheckBudget(const OutputCase& output, const CopyText& copy, const st
     Expect(copy.complete ? copy.complaints == 0 : copy.complaints > 0, "what did not fit is complained of");
 }
 
+// Whatever is in the verses, the HTML of a copy is whole; and it has the text, unless control characters are left out.
+static void CheckHtml(const std::string& html, const std::string& text) {
+    const ReadHtml read = ReadHtmlText(html);
+    Expect(read.fault.empty(), "elements of the HTML are opened and closed in order");
+    std::string lines = Utf8OfLatin(text);
+    for (std::size_t end; (end = lines.find("\r\n")) != lines.npos;) lines.replace(end, 2, 1, '\t');
+    if (std::any_of(lines.begin(), lines.end(), [](char c) { return c >= 0 && c < ' ' && c != '\t'; })) return;
+    std::string shown = read.text;
+    for (std::size_t end; (end = shown.find("\r\n")) != shown.npos;) shown.replace(end, 2, 1, '\t');
+    Expect(shown == lines, "without its elements the HTML is the copied text");
+}
+
 static void CheckRange(const OutputCase& output) {
     const std::vector<std::string> pieces = PiecesByHand(output);
     const auto copied = [&](std::size_t budget) {
@@ -166,6 +179,8 @@ static void CheckRange(const OutputCase& output) {
     };
     Expect(copied(kNoLimit).text == AsCopied(output, Joined(pieces)), "a copied range is as its format says");
     CheckBudget(output, copied(output.budget), pieces);
+    const CopyText copy = copied(output.budget);
+    CheckHtml(RangeHtml(output.scripture, output.format, output.first, copy.count), copy.text);
     WrittenText written;
     const TextFile file{&written, WriteText};
     const TextSaveResult saved =
@@ -185,6 +200,8 @@ static void CheckList(const OutputCase& output) {
     const CopyText whole = CopyListText(output.scripture, output.format, output.list, enough);
     Expect(whole.complete && whole.text == AsCopied(output, Joined(lines)), "a copied list has all its lines");
     CheckBudget(output, CopyListText(output.scripture, output.format, output.list, output.budget), lines);
+    const auto listed = std::span(output.list).first(static_cast<std::size_t>(whole.count));
+    CheckHtml(ListHtml(output.scripture, output.format, listed), whole.text);
     WrittenText written;
     Expect(SaveListText(output.scripture, output.list, {&written, WriteText}) == TextSaveResult::kSaved,
            "a file that takes all is saved");
