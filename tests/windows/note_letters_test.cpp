@@ -303,6 +303,48 @@ TEST(NoteLetters, ComeBackFromTheEarlierNotes) {
     EXPECT_EQ(StoredEdit(program), Marked(kGreek));
 }
 
+// The note was stored in the code page, and the other copy of the program, on a stick, has stored it in UTF-8.
+TEST(NoteLetters, AreJoinedWithThoseOfAnotherCopy) {
+    Program program = ProgramInEditor("caf\xE9");
+    Press(program, "Ctrl+End");
+    Type(program, " here");
+    WriteNoteSet(program.folder, "Mine", {{kEditedVerse, Marked(std::wstring(kGreek) + L" " + kHebrew)}});
+    Press(program, "Ctrl+s");
+    while (HasDialog(program)) Press(program, "Enter");
+    const std::wstring both = std::wstring(
+                                  L"caf\u00E9 here\r\n----------------------------------------\r\n"
+                                  L"Also written elsewhere:\r\n") +
+                              kGreek + L" " + kHebrew;
+    EXPECT_EQ(CopiedWhole(program), both);
+    Press(program, "Ctrl+s");
+    while (HasDialog(program)) Press(program, "Enter");
+    EXPECT_EQ(StoredEdit(program), Marked(both));
+    EXPECT_EQ(TextInView(program), both);
+}
+
+// Both notes in UTF-8; the texts of the dialog are checked by its picture.
+TEST(NoteLetters, AreMergedFromACopy) {
+    const ScratchFolder folder = FolderToEdit(Marked(kGreek));
+    WriteNoteSet(folder, "Mine.sync-conflict-20240501-120000-ABCDEFG",
+                 {{kEditedVerse, Marked(kHebrew)}, {70, Marked(kChinese)}});
+    Program program = LaunchProgram(folder);
+    WaitForDialog(program, "Copy of a Note Set");
+    Press(program, "y");
+    const HWND dialog = WaitForDialog(program, "Merge Sets");
+    SavePicture(PictureOfWindow(dialog), "letters-merged");
+    Press(program, "Enter");
+    WaitForFrame(program);
+    WaitForNoDialog(program);
+    const std::string data = ReadFile(folder, "Mine.nmd");
+    EXPECT_NE(data.find(Marked(kChinese) + '\0'), std::string::npos);
+    EXPECT_NE(data.find(Marked(std::wstring(kGreek) +
+                               L"\r\n----------------------------------------\r\n"
+                               L"Also written elsewhere:\r\n" +
+                               kHebrew) +
+                        '\0'),
+              std::string::npos);
+}
+
 // ---- Files and paper ------------------------------------------------------------------------------------------------
 
 TEST(NoteLetters, AreSavedWithARange) {
