@@ -122,9 +122,10 @@ bool EditDraft(const NoteDraft& draft) {
 
 namespace {
 
-struct WaitCursor {
+struct SaveInEditor {
     HWND frame;
-    HCURSOR before;
+    HCURSOR before;  // the wait cursor
+    NoteEdit& edit;
 };
 
 }  // namespace
@@ -150,22 +151,45 @@ static UINT BoxOf(SaveNotice notice) {
     }
 }
 
+// Shows both texts of a note that was also changed elsewhere. False if the other text has characters of another code
+// page; then the editor keeps what was typed.
+static bool ContinueWith(const NoteEdit& merged) {
+    const std::string typed = NoteInNoteEdit(theNoteEditor.openedOn);
+    const bool isExact = FillNoteEdit(merged.text);
+    if (!isExact) {
+        FillNoteEdit(typed);
+    } else {
+        theNoteEditor.openedOn = merged.openedOn;
+        ++theNoteEditor.changes;
+    }
+    SetFocus(theNoteEdit.window);
+    ShowAtOnce(theNoteEdit.window);
+    return isExact;
+}
+
+// A box that says what is in the editor is shown when it can be seen there.
+static int AnswerTo(const SaveInEditor& save, SaveNotice notice, const std::string& text) {
+    const bool isTrue = notice != SaveNotice::kMerged || ContinueWith(save.edit);
+    return MessageBoxA(save.frame, isTrue ? text.c_str() : kLettersWithoutPlace, kErrorCaption,
+                       isTrue ? BoxOf(notice) : MB_OK | MB_ICONSTOP);
+}
+
 // Releases the mouse while the box is open. That there is no backup is told once.
 static bool Tell(void* device, SaveNotice notice, const std::string& text) {
     if (notice == SaveNotice::kNoBackup && std::exchange(theNoteEditor.hasToldNoBackup, true)) return true;
-    WaitCursor& wait = *static_cast<WaitCursor*>(device);
-    EndWait(wait.before);
-    const int answer = MessageBoxA(wait.frame, text.c_str(), kErrorCaption, BoxOf(notice));
-    wait.before = BeginWait(wait.frame);
+    SaveInEditor& save = *static_cast<SaveInEditor*>(device);
+    EndWait(save.before);
+    const int answer = AnswerTo(save, notice, text);
+    save.before = BeginWait(save.frame);
     return answer != IDCANCEL;
 }
 
 // Shows the wait cursor and captures the mouse for the frame while saving.
 static NoteSaveResult Save(NoteEdit& edit) {
     const HWND frame = Frame();
-    WaitCursor wait{frame, BeginWait(frame)};
-    const NoteSaveResult result = SaveNote(TheNoteFiles(), {&wait, Tell}, theNoteSets, edit, NoteTimeNow());
-    EndWait(wait.before);
+    SaveInEditor save{frame, BeginWait(frame), edit};
+    const NoteSaveResult result = SaveNote(TheNoteFiles(), {&save, Tell}, theNoteSets, edit, NoteTimeNow());
+    EndWait(save.before);
     return result;
 }
 
@@ -211,19 +235,6 @@ static bool EndFailedEdit() {
     return false;
 }
 
-// Both texts of a note that was also changed elsewhere.
-static void ContinueWith(NoteEdit merged) {
-    const std::string typed = NoteInNoteEdit(theNoteEditor.openedOn);
-    if (!FillNoteEdit(merged.text)) {  // the other text has characters of another code page
-        FillNoteEdit(typed);
-        Complain(Frame(), kLettersWithoutPlace);
-        return;
-    }
-    theNoteEditor.openedOn = std::move(merged.openedOn);
-    ++theNoteEditor.changes;
-    SetFocus(theNoteEdit.window);
-}
-
 static bool SaveTypedNote() {
     if (theNoteEdit.readOnly) return false;
     NoteEdit edit{WithLineEndsOfNotes(NoteInNoteEdit(theNoteEditor.openedOn)), theNoteEditor.openedOn};
@@ -234,8 +245,8 @@ static bool SaveTypedNote() {
     switch (Save(edit)) {
         case NoteSaveResult::kSaved: break;
         case NoteSaveResult::kFailed: return EndFailedEdit();
-        case NoteSaveResult::kStopped: return false;
-        case NoteSaveResult::kMerged: ContinueWith(std::move(edit)); return false;
+        case NoteSaveResult::kStopped:
+        case NoteSaveResult::kMerged: return false;
     }
     SendCommand(Frame(), IDM_SHOW_SAVED_NOTE);
     CloseEditor();

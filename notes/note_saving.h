@@ -36,7 +36,7 @@ enum class SaveNotice {
     kCannotRename,   // OK, stop icon
     kChangedOnDisk,  // OK and Cancel, exclamation icon: Cancel goes back to the editor
     kNotWhole,       // OK, stop icon
-    kMerged,         // OK, exclamation icon
+    kMerged,         // OK, exclamation icon; `edit` already holds both texts
     kTooLong,        // OK and Cancel, exclamation icon: Cancel goes back to the editor
     kCannotKeep,     // OK, stop icon
     kNoBackup,       // OK, exclamation icon; after a note was saved
@@ -53,7 +53,7 @@ enum class NoteSaveResult {
     kSaved,    // the editor closes; `notes.noteText` is the saved note, to be shown
     kFailed,   // the editor closes as for Cancel, the display does not change; for a save that could not write
     kStopped,  // nothing was written and nothing is lost: the editor stays open with its text
-    kMerged,   // the same, but the editor gets the new text and counts it as changed
+    kMerged,   // the same, but the editor has got the new text at the notice and counts it as changed
 };
 
 struct NoteEdit {

@@ -256,9 +256,10 @@ TEST(NoteChangedElsewhere, ComesBackToTheEditorWithBothTexts) {
     EXPECT_EQ(IconOf(box), "exclamation");
     EXPECT_THAT(ButtonsOf(box), ElementsAre("OK"));
     SavePicture(PictureOfWindow(box), "note-changed-elsewhere");
+    const std::string both = Both("Mine. Home, six.", kOffice.at(5));
+    EXPECT_EQ(TextOf(NoteEditOf(program)), both) << "already while the box says so";
     Press(program, "Enter");
     WaitForNoDialog(program);
-    const std::string both = Both("Mine. Home, six.", kOffice.at(5));
     EXPECT_TRUE(IsShown(NoteEditorOf(program)));
     EXPECT_EQ(TextOf(NoteEditOf(program)), both);
     EXPECT_EQ(FocusOf(program), NoteEditOf(program));
