@@ -27,7 +27,7 @@ static void ShowNewTabs() {
     LayOut();
 }
 
-static void CreateSetNamed(const std::string& name) {
+static void CreateSetNamed(std::u16string_view name) {
     const std::string problem = CreateNoteSet(TheNoteFiles(), theNoteSets, name);
     if (!problem.empty()) return Complain(theFrame.window, problem.c_str());
     AddLastNoteTab();
@@ -40,7 +40,7 @@ void CreateSet(int) {
     FocusNotes();
 }
 
-static void RenameSetTo(const std::string& name) {
+static void RenameSetTo(std::u16string_view name) {
     const std::string problem = RenameNoteSet(TheNoteFiles(), theNoteSets, name);
     if (!problem.empty()) return Complain(theFrame.window, problem.c_str());
     ShowNewTabs();

@@ -232,12 +232,17 @@ static bool IsReplacingMeant(HWND dialog, const NoteSet& set, const SetBackup& s
 static void RestoreSet(HWND dialog) {
     const SetBackup* state = SelectedState(dialog);
     if (state == nullptr) return;
-    const std::string name = ControlText(dialog, IDC_SET_NAME, kNoteSetNameLimit);
-    const NoteSet* set = SetCalled(theNoteSets, name);
+    const std::wstring typed = WideControlText(dialog, IDC_SET_NAME, kNoteSetNameLimit);
+    const std::optional<std::string> name = SetNameOf(TheNoteFiles(), LettersOf(typed));
+    if (!name) {
+        Complain(dialog, kNameNotInCodePage);
+        return SelectField(dialog, IDC_SET_NAME);
+    }
+    const NoteSet* set = SetCalled(theNoteSets, *name);
     const bool isReplacing = set != nullptr && SetCalled(theNoteSets, state->setName) == set;
     if (isReplacing && !IsReplacingMeant(dialog, *set, *state)) return;
     const HCURSOR before = SetCursor(LoadCursorA(nullptr, IDC_WAIT));
-    const std::string problem = RestoreSetState(TheNoteFiles(), theNoteSets, *state, name, NoteTimeNow());
+    const std::string problem = RestoreSetState(TheNoteFiles(), theNoteSets, *state, *name, NoteTimeNow());
     SetCursor(before);
     ShownBy(dialog).choice.hasRestoredSet = true;  // even with a problem: it may be that of the readings' table only
     if (!problem.empty()) {

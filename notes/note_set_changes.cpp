@@ -1,7 +1,6 @@
 #include "notes/note_set_changes.h"
 
 #include <cassert>
-#include <optional>
 #include <utility>
 
 #include "notes/file_names.h"
@@ -11,6 +10,12 @@
 #include "notes/note_places.h"
 
 // ---- Names ----------------------------------------------------------------------------------------------------------
+
+std::optional<std::string> SetNameOf(const NoteFiles& files, std::u16string_view typed) {
+    std::string name;
+    if (!files.codePage.bytesOf(files.codePage.device, typed, name)) return std::nullopt;
+    return name;
+}
 
 // Why Windows cannot store files named `name`, as a sentence; empty for a valid name. An empty name is valid: its files
 // are ".nmd" and ".nmi".
@@ -29,10 +34,14 @@ static std::string TooManySets() {
            " note sets, and no more can be open. Delete one before you create another.";
 }
 
+static std::string CannotCreateBecause(const std::string& reason) {
+    return std::string(kCannotCreateNotes) + "\n\n" + reason;
+}
+
 static std::string ReasonAgainstAdding(const NoteSets& notes, const std::string& name) {
     if (notes.sets.size() >= kNoteSetLimit) return TooManySets();
     const std::string reason = ReasonAgainstName(name);
-    return reason.empty() ? "" : std::string(kCannotCreateNotes) + "\n\n" + reason;
+    return reason.empty() ? "" : CannotCreateBecause(reason);
 }
 
 std::string ReasonAgainstNewSet(const NoteFiles& files, const NoteSets& notes, const std::string& name) {
@@ -54,6 +63,11 @@ std::string CreateNoteSet(const NoteFiles& files, NoteSets& notes, const std::st
     return "";
 }
 
+std::string CreateNoteSet(const NoteFiles& files, NoteSets& notes, std::u16string_view typed) {
+    const std::optional<std::string> name = SetNameOf(files, typed);
+    return name ? CreateNoteSet(files, notes, *name) : CannotCreateBecause(kNameNotInCodePage);
+}
+
 // ---- Rename ---------------------------------------------------------------------------------------------------------
 
 static bool IsDevotional(const NoteSets& notes) {
@@ -72,12 +86,16 @@ static bool RenameIndex(const NoteFiles& files, NoteSet& set, const std::string&
     return false;
 }
 
+static std::string CannotRenameBecause(const std::string& reason) {
+    return "Rename failed. " + reason;
+}
+
 std::string RenameNoteSet(const NoteFiles& files, NoteSets& notes, const std::string& name) {
     NoteSet& set = *CurrentSet(notes);
     const std::string nameBefore = NoteSetName(set);
     if (name == nameBefore) return "";
     const std::string reason = ReasonAgainstName(name);
-    if (!reason.empty()) return "Rename failed. " + reason;
+    if (!reason.empty()) return CannotRenameBecause(reason);
     const auto rename = [&](const std::string& ending) {
         return files.rename(files.device, nameBefore + ending, name + ending);
     };
@@ -91,6 +109,11 @@ std::string RenameNoteSet(const NoteFiles& files, NoteSets& notes, const std::st
     MoveEarlierNotes(files, nameBefore, name);  // with the data file, whatever became of the index file
     MoveBackups(files, nameBefore, name);
     return isRenamed ? "" : kRenameFailed;
+}
+
+std::string RenameNoteSet(const NoteFiles& files, NoteSets& notes, std::u16string_view typed) {
+    const std::optional<std::string> name = SetNameOf(files, typed);
+    return name ? RenameNoteSet(files, notes, *name) : CannotRenameBecause(kNameNotInCodePage);
 }
 
 // ---- Delete ---------------------------------------------------------------------------------------------------------

@@ -88,6 +88,33 @@ TEST(NoteSetNames, RejectNamesNotAllowedOnWindows) {
                   std::string("Windows keeps the name \"") + name + "\" for itself. Choose another one.");
 }
 
+TEST(NoteSetNames, AreRefusedIfTheCodePageLacksTheirLetters) {
+    for (const std::u16string_view typed : {u"\u039B\u03CC\u03B3\u03BF\u03C2", u"\u03A6asa", u"\uFF21\uFF44",
+                                            u"a\u0101", u"\xD83D\xDE00", u"what? \u05E9"}) {
+        SetsOnDisk disk;
+        Open(disk, {"Mine"});
+        const auto before = disk.fakes.contents;
+        EXPECT_EQ(SetNameOf(disk.files, typed), std::nullopt);
+        EXPECT_EQ(CreateNoteSet(disk.files, disk.notes, typed),
+                  "Error creating note files\n\nThe name has letters that this system's code page lacks. Choose a name "
+                  "without them.");
+        EXPECT_EQ(
+            RenameNoteSet(disk.files, disk.notes, typed),
+            "Rename failed. The name has letters that this system's code page lacks. Choose a name without them.");
+        EXPECT_THAT(NamesOf(disk.notes), ElementsAre("Mine"));
+        EXPECT_EQ(disk.fakes.contents, before);
+    }
+}
+
+TEST(NoteSetNames, AreStoredInTheCodePageAsTheyAreTyped) {
+    SetsOnDisk disk;
+    Open(disk, {"Mine"});
+    EXPECT_EQ(CreateNoteSet(disk.files, disk.notes, u"M\u00FCller \u00B6"), "");
+    EXPECT_EQ(RenameNoteSet(disk.files, disk.notes, u"caf\u00E9"), "");
+    EXPECT_THAT(NamesOf(disk.notes), ElementsAre("caf\xE9", "M\xFCller \xB6"));
+    EXPECT_THAT(CreateNoteSet(disk.files, disk.notes, u"a?"), HasSubstr("\\ / : * ? \" < > |"));
+}
+
 // ---- Create ---------------------------------------------------------------------------------------------------------
 
 TEST(CreateNoteSet, AddsAnEmptySetAndKeepsTheCurrentOne) {

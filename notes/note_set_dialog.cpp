@@ -3,6 +3,7 @@
 #include "notes/note_set_changes.h"
 #include "resources/help_topics.h"
 #include "resources/ids.h"
+#include "win32/code_page.h"
 #include "win32/controls.h"
 #include "win32/dialogs.h"
 #include "win32/help_viewer.h"
@@ -10,8 +11,8 @@
 namespace {
 
 struct AskedName {
-    std::string title;  // empty for that of the resource
-    std::string* name;  // in: initial text of the field; out: the typed text
+    std::string title;     // empty for that of the resource
+    std::u16string* name;  // in: initial text of the field; out: the typed text
 };
 
 }  // namespace
@@ -23,12 +24,12 @@ static const AskedName& AskedBy(HWND dialog) {
 static void Fill(HWND dialog) {
     const AskedName& asked = AskedBy(dialog);
     SendDlgItemMessageA(dialog, IDC_SET_NAME, EM_LIMITTEXT, kNoteSetNameLimit, 0);
-    SetDlgItemTextA(dialog, IDC_SET_NAME, asked.name->c_str());
+    SetDlgItemTextW(dialog, IDC_SET_NAME, Wide(*asked.name).c_str());
     if (!asked.title.empty()) SetWindowTextA(dialog, asked.title.c_str());
 }
 
 static void OnOk(HWND dialog) {
-    *AskedBy(dialog).name = ControlText(dialog, IDC_SET_NAME, kNoteSetNameLimit);
+    *AskedBy(dialog).name = LettersOf(WideControlText(dialog, IDC_SET_NAME, kNoteSetNameLimit));
     EndDialog(dialog, IDOK);
 }
 
@@ -39,16 +40,17 @@ static void OnCommand(HWND dialog, int control, UINT) {
     }
 }
 
-static std::optional<std::string> Ask(HWND frame, const char* resource, const std::string& title, std::string name) {
+static std::optional<std::u16string> Ask(HWND frame, const char* resource, const std::string& title,
+                                         std::u16string name) {
     const AskedName asked{title, &name};
     if (RunDialog(frame, {resource, Fill, OnCommand, &asked}) != IDOK) return std::nullopt;
     return name;
 }
 
-std::optional<std::string> AskNewSetName(HWND frame) {
-    return Ask(frame, "CREATENOTESET", "", "");
+std::optional<std::u16string> AskNewSetName(HWND frame) {
+    return Ask(frame, "CREATENOTESET", "", u"");
 }
 
-std::optional<std::string> AskChangedSetName(HWND frame, const std::string& name) {
-    return Ask(frame, "RENAMENOTESET", "Change name of note set " + name, name);
+std::optional<std::u16string> AskChangedSetName(HWND frame, const std::string& name) {
+    return Ask(frame, "RENAMENOTESET", "Change name of note set " + name, LettersOf(WideOfCodePage(name)));
 }

@@ -244,6 +244,11 @@ TEST(EarlierStates, StayOpenWhenASetCannotBeRestored) {
         "changed.");
     EXPECT_TRUE(IsWindow(dialog));
     EXPECT_EQ(FocusOf(program), Child(dialog, {IDC_SET_NAME}));
+    SetDlgItemTextW(dialog, IDC_SET_NAME, L"\u03A6\u03B1\u03C3\u03B1");
+    Press(program, "Alt+s");
+    ExpectComplaint(program, "Error",
+                    "The name has letters that this system's code page lacks. Choose a name without them.");
+    EXPECT_TRUE(IsWindow(dialog));
     CloseWithEsc(program);
 }
 

@@ -164,6 +164,29 @@ TEST(NoteSetCreation, ReportsWhyItFailed) {
     EXPECT_EQ(ReadFile(folder, "Mine.nmd"), data);
 }
 
+static constexpr char kOtherLetters[] =
+    "The name has letters that this system's code page lacks. Choose a name without them.";
+
+static void TypeOtherName(const Program& program, int command, const std::string& title) {
+    Command(program, command);
+    WaitForDialog(program, title.c_str());
+    TypeWide(program, L"\u03A6\u03B1\u03C3\u03B1");
+    Press(program, "Enter");
+}
+
+// The system has similar Latin letters for these.
+TEST(NoteSetCreation, RefusesLettersOfOtherCodePages) {
+    const ScratchFolder folder = FolderWithSets({"Mine"});
+    const std::vector<std::string> files = FilesIn(folder);
+    Program program = StartProgram(folder);
+    TypeOtherName(program, IDM_CREATE_NOTE_SET, "Create New Note Set");
+    EXPECT_EQ(Answered(program, "Error"), std::string("Error creating note files\n\n") + kOtherLetters);
+    TypeOtherName(program, IDM_RENAME_NOTE_SET, "Change name of note set Mine");
+    EXPECT_EQ(Answered(program, "Error"), std::string("Rename failed. ") + kOtherLetters);
+    EXPECT_THAT(SetsOf(program), ElementsAre("Mine"));
+    EXPECT_EQ(FilesIn(folder), files);
+}
+
 TEST(NoteSetCreation, IsLimitedTo31Sets) {
     std::vector<std::string> names;
     for (int set = 1; set <= 30; ++set) names.push_back("s" + std::to_string(set));
