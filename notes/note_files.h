@@ -41,6 +41,10 @@ struct NoteFiles {
     // also returns files with a longer extension.
     std::vector<std::string> (*list)(void* device, const std::string& pattern) = nullptr;
 
+    // How many files match `pattern`, a star and an ending, that have no name here: the code page lacks letters of it,
+    // so `list` leaves them out and nothing can open them.
+    std::size_t (*countUnnamed)(void* device, const std::string& pattern) = nullptr;
+
     // Reads up to `limit` bytes of `name` from `offset` on into `bytes`, fewer at the end of the file. False when the
     // file cannot be opened for reading (shared for reading).
     bool (*read)(void* device, const std::string& name, std::uint64_t offset, std::size_t limit,

@@ -1,5 +1,6 @@
 #include "notes/note_files_win32.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <utility>
@@ -29,6 +30,16 @@ static std::vector<std::string> List(void* device, const std::string& pattern) {
     for (const std::wstring& found : FilesIn(FolderOf(device), pattern.c_str()))
         if (auto name = Narrow(found); name && IsFileName(*name)) names.push_back(std::move(*name));
     return names;
+}
+
+// Files with a longer extension, which the system also finds, are not counted.
+static std::size_t CountUnnamed(void* device, const std::string& pattern) {
+    const std::wstring ending = Wide(std::string_view(pattern).substr(1));
+    const std::vector<std::wstring> found = FilesIn(FolderOf(device), pattern.c_str());
+    return static_cast<std::size_t>(std::ranges::count_if(found, [&](const std::wstring& name) {
+        return !Narrow(name) && name.size() >= ending.size() &&
+               lstrcmpiW(name.c_str() + name.size() - ending.size(), ending.c_str()) == 0;
+    }));
 }
 
 static OwnedFile OpenToRead(void* device, const std::string& name) {
@@ -176,6 +187,7 @@ NoteFiles NoteFilesIn(std::wstring& folder) {
     return {
         .device = &folder,
         .list = List,
+        .countUnnamed = CountUnnamed,
         .read = Read,
         .size = Size,
         .stamp = Stamp,

@@ -53,6 +53,7 @@ bool FindNoteSets(const NoteFiles& files, NoteSets& notes) {
     notes.sets.clear();
     notes.notShown.clear();
     notes.closedIndex.clear();
+    notes.unnamedSets = files.countUnnamed(files.device, std::string("*") + kDataEnding);
     notes.devotionalSet = kNoDevotionalSet;
     const std::vector<std::string> tables = files.list(files.device, std::string("*") + kTableEnding);
     for (const std::string& indexFileName : files.list(files.device, std::string("*") + kIndexEnding)) {
@@ -68,15 +69,25 @@ bool FindNoteSets(const NoteFiles& files, NoteSets& notes) {
     return !notes.sets.empty() || CreateFirstSet(files, notes);
 }
 
+static std::string CountNotShown(std::size_t count) {
+    return std::to_string(count) + (count == 1 ? " set" : " sets") + " not shown: ";
+}
+
 // The names come first, because the line may be cut at its end.
-std::string NotShownText(const NoteSets& notes) {
-    if (notes.notShown.empty()) return "";
+static std::string NamesNotShown(const NoteSets& notes) {
     std::string names;
     for (const std::string& name : notes.notShown) names += (names.empty() ? "" : ", ") + name;
     const std::string reason = notes.closedIndex.empty() ? "There can be " + std::to_string(kNoteSetLimit) + " sets."
                                                          : '"' + notes.closedIndex + "\" cannot be opened.";
-    const std::size_t count = notes.notShown.size();
-    return std::to_string(count) + (count == 1 ? " set" : " sets") + " not shown: " + names + ". " + reason;
+    return CountNotShown(notes.notShown.size()) + names + ". " + reason;
+}
+
+std::string NotShownText(const NoteSets& notes) {
+    std::string text = notes.notShown.empty() ? "" : NamesNotShown(notes);
+    if (notes.unnamedSets == 0) return text;
+    if (!text.empty()) text += ' ';
+    return text + CountNotShown(notes.unnamedSets) + (notes.unnamedSets == 1 ? "its name has" : "their names have") +
+           " letters that this system's code page lacks. Rename the files.";
 }
 
 static bool HasSet(const NoteSets& notes, int set) {

@@ -29,6 +29,7 @@ struct NoteSets {
     std::string noteText;               // text of the current note, or the line that says there is none
     bool hasFailed = false;             // the last reading could not open the data file
     std::vector<std::string> notShown;  // names of sets that were found but are not among `sets`
+    std::size_t unnamedSets = 0;        // how many sets have a name that the code page lacks letters of
     std::string closedIndex;            // index file that could not be opened, if they are not for that reason
     int devotionalSet = kNoDevotionalSet;
     std::array<std::uint32_t, 12 * 31 * 2> devotionalTable{};
@@ -38,12 +39,14 @@ inline constexpr std::size_t kDevotionalFileSize = sizeof(NoteSets::devotionalTa
 
 // Finds the sets in the working directory in listing order, at most kNoteSetLimit, each with its devotional table if it
 // has one (the last one found is used). A `.nmi` that cannot be opened ends the search; one that was left by a conflict
-// without a data file (notes/conflict_copies.h) is no set. The sets behind the end are `notShown`. If no set is found,
-// creates "My Notes", the data file before the index file. False if one of them could not be created: no further file
-// is created, but the set still exists in memory.
+// without a data file (notes/conflict_copies.h) is no set. The sets behind the end are `notShown`; sets whose files
+// have no name for the program are `unnamedSets`, counted by their data files. If no set is found, creates "My Notes",
+// the data file before the index file. False if one of them could not be created: no further file is created, but the
+// set still exists in memory.
 bool FindNoteSets(const NoteFiles& files, NoteSets& notes);
 
-// A line that names the sets that are not shown, and says why; empty if there are none.
+// A line that names the sets that are not shown, or counts them if they have no name for the program, and says why;
+// empty if there are none.
 std::string NotShownText(const NoteSets& notes);
 
 // Makes a set in the table the devotional one if it has a devotional table.

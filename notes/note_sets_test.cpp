@@ -69,6 +69,21 @@ TEST(FindNoteSets, StopsAtAFileThatCannotBeOpened) {
     EXPECT_EQ(NotShownText(notes), "");
 }
 
+TEST(FindNoteSets, CountsSetsWhoseFilesHaveNoName) {
+    FakeNoteFiles files;
+    for (const char* name : {"a", "b"}) AddFakeSet(files, name, {});
+    files.unnamed["*.nmi"] = 5;  // an index without its notes is no set
+    EXPECT_EQ(NotShownText(Found(files)), "");
+    files.unnamed["*.nmd"] = 1;
+    EXPECT_EQ(NotShownText(Found(files)),
+              "1 set not shown: its name has letters that this system's code page lacks. Rename the files.");
+    files.unnamed["*.nmd"] = 2;
+    files.unreadable = {"b.nmi"};
+    EXPECT_EQ(NotShownText(Found(files)),
+              "1 set not shown: b. \"b.nmi\" cannot be opened. 2 sets not shown: their names have letters that this "
+              "system's code page lacks. Rename the files.");
+}
+
 TEST(FindNoteSets, StartsAgainEachTime) {
     FakeNoteFiles files;
     AddFakeSet(files, "a", {});

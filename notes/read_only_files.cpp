@@ -40,6 +40,10 @@ static std::vector<std::string> List(void* device, const std::string& pattern) {
     return names;
 }
 
+static std::size_t CountUnnamed(void* device, const std::string& pattern) {
+    return FilesOf(device).countUnnamed(FilesOf(device).device, pattern);
+}
+
 static bool Read(void* device, const std::string& name, std::uint64_t offset, std::size_t limit, Bytes& bytes) {
     const Bytes* created = CreatedFile(device, name);
     if (created == nullptr) return FilesOf(device).read(FilesOf(device).device, name, offset, limit, bytes);
@@ -124,6 +128,7 @@ NoteFiles DeviceOver(ReadOnlyFiles& readOnly) {
     return {
         .device = &readOnly,
         .list = List,
+        .countUnnamed = CountUnnamed,
         .read = Read,
         .size = Size,
         .stamp = Stamp,

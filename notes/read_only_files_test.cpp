@@ -30,6 +30,15 @@ TEST(ReadOnlyFiles, ShowTheSetsThatAreThere) {
     EXPECT_EQ(disk.openFiles, 0);
 }
 
+TEST(ReadOnlyFiles, CountSetsWhoseFilesHaveNoName) {
+    FakeNoteFiles disk;
+    disk.unnamed["*.nmd"] = 3;
+    ReadOnlyFiles readOnly = ReadOnly(disk);
+    NoteSets notes;
+    OpenNoteSets(DeviceOver(readOnly), notes);
+    EXPECT_EQ(notes.unnamedSets, 3u);
+}
+
 TEST(ReadOnlyFiles, KeepTheFirstSetInMemory) {
     FakeNoteFiles disk;
     ReadOnlyFiles readOnly = ReadOnly(disk);

@@ -41,6 +41,12 @@ static std::vector<std::string> List(void* device, const std::string& pattern) {
     return names;
 }
 
+static std::size_t CountUnnamed(void* device, const std::string& pattern) {
+    const FakeNoteFiles& files = FilesOf(device);
+    const auto found = files.unnamed.find(pattern);
+    return found == files.unnamed.end() ? 0 : found->second;
+}
+
 static std::size_t BytesAt(const std::vector<unsigned char>& whole, std::uint64_t offset,
                            std::span<unsigned char> bytes) {
     const std::size_t begin = static_cast<std::size_t>(std::min<std::uint64_t>(offset, whole.size()));
@@ -229,6 +235,7 @@ static void Close(void* device, void* file) {
 NoteFiles DeviceOver(FakeNoteFiles& files) {
     return {.device = &files,
             .list = List,
+            .countUnnamed = CountUnnamed,
             .read = Read,
             .size = Size,
             .stamp = Stamp,

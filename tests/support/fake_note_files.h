@@ -15,7 +15,8 @@ struct FakeNoteFiles {
     std::map<std::string, std::vector<unsigned char>> contents;
     std::vector<std::string>
         listed;  // the `.nmi` files that are listed first, in this order; the others follow by name
-    std::set<std::string> unreadable;  // exist but cannot be opened
+    std::map<std::string, std::size_t> unnamed;  // how many files of a pattern are not listed for their names' letters
+    std::set<std::string> unreadable;            // exist but cannot be opened
     std::set<std::string> uncreatable;
     std::set<std::string> undeletable;
     std::set<std::string> unrenamable;

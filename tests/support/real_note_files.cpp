@@ -153,9 +153,15 @@ static bool MakeFolder(void* device, const std::string& name) {
     return !error;
 }
 
+// Names are bytes here, so each can be listed.
+static std::size_t CountUnnamed(void*, const std::string&) {
+    return 0;
+}
+
 NoteFiles DeviceOver(RealNoteFiles& files) {
     return {.device = &files,
             .list = List,
+            .countUnnamed = CountUnnamed,
             .read = Read,
             .size = Size,
             .stamp = Stamp,

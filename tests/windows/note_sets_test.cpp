@@ -48,6 +48,22 @@ static ScratchFolder FolderAtNote(int verse, int set = 0) {
 
 // ---- Finding sets ---------------------------------------------------------------------------------------------------
 
+TEST(NoteSets, AreCountedIfTheCodePageLacksTheirLetters) {
+    const ScratchFolder folder = FolderWithScripture();
+    for (const char* name : {"Mine", "moved"}) WriteNoteSet(folder, name, {{0, "text"}});
+    const std::filesystem::path path = folder.path;
+    for (const wchar_t* ending : {L".nmi", L".nmd"}) {
+        std::filesystem::rename(path / (std::wstring(L"moved") + ending),
+                                path / (std::wstring(L"\u039B\u03CC\u03B3\u03BF\u03C2") + ending));
+        std::filesystem::copy(path / (std::wstring(L"Mine") + ending),
+                              path / (std::wstring(L"\xD83D\xDE00 \u00E9") + ending));
+    }
+    Program program = StartProgram(folder);
+    EXPECT_EQ(StatusPart(program, 0),
+              "2 sets not shown: their names have letters that this system's code page lacks. Rename the files.");
+    EXPECT_EQ(NoteSetNames(program), std::vector<std::string>{"Mine"});
+}
+
 TEST(NoteSets, AreLimitedTo31) {
     const ScratchFolder folder = FolderWithScripture();
     for (int set = 0; set < 40; ++set)
