@@ -18,8 +18,13 @@ ProgramArguments ArgumentsOfProcess() {
     return ReadCommandLine(LettersOf(GetCommandLineW()));
 }
 
-void EnterArgumentFolder(const ProgramArguments& arguments) {
-    if (!arguments.folder.empty()) SetCurrentDirectoryW(Wide(arguments.folder).c_str());
+// The notes of any other folder are not the ones that were asked for.
+bool EnterArgumentFolder(const ProgramArguments& arguments) {
+    const std::wstring folder = Wide(arguments.folder);
+    if (folder.empty() || SetCurrentDirectoryW(folder.c_str())) return true;
+    const std::wstring text = L"The folder \"" + folder + L"\" cannot be opened, so Versewell has not been started.";
+    MessageBoxW(nullptr, text.c_str(), L"Versewell97", MB_OK | MB_ICONEXCLAMATION);
+    return false;
 }
 
 // ---- Answers --------------------------------------------------------------------------------------------------------
@@ -63,8 +68,16 @@ bool AnswerArguments(const ProgramArguments& arguments) {
 
 // ---- The reference --------------------------------------------------------------------------------------------------
 
+static std::string theToldText;
+
 static void Tell(const std::string& text) {
+    theToldText = text;
     ShowStatus(StatusPart::kSearchSummary, text);
+}
+
+// What was told of a former reference is not true of the one that is shown now.
+static void RemoveToldText() {
+    if (!theToldText.empty() && StatusText(StatusPart::kSearchSummary) == theToldText) Tell("");
 }
 
 static ParsedReference ParsedArgument(const std::wstring& reference) {
@@ -82,6 +95,7 @@ void GoToArgument(const std::u16string& reference) {
     RunIfEnabled(theFrame.window, IDM_VIEW_PASSAGE);
     ScrollToVerse(parsed.verse);
     RememberVerse(parsed.verse);
+    RemoveToldText();
 }
 
 // ---- The second copy ------------------------------------------------------------------------------------------------

@@ -102,7 +102,7 @@ int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int showState) {
     LoadOnlySystemLibraries();
     const ProgramArguments arguments = ArgumentsOfProcess();
     if (AnswerArguments(arguments)) return 0;
-    EnterArgumentFolder(arguments);
+    if (!EnterArgumentFolder(arguments)) return 0;
     SettleWorkingFolder({kVerseTextFile, "*.nmi"}, "Versewell", "installed.txt");
     const auto tellOther = [&](HWND frame) { PassOnReference(frame, arguments.reference); };
     if (!ClaimWorkingFolder(kFrameClass, tellOther) || !RegisterClasses()) return 0;

@@ -112,6 +112,18 @@ TEST(ReferenceArgument, GoesTogetherWithAFolder) {
     }
 }
 
+// Otherwise notes would be written in another folder than the one that was meant.
+TEST(FolderArgument, IsToldIfItCannotBeOpened) {
+    const ScratchFolder folder = FolderWithScripture();
+    const std::string missing = (folder.path / "no such folder").string();
+    const Program program = LaunchProgram(folder, Argument("/folder \"" + missing + "\" \"John 3:16\""));
+    const HWND box = WaitForDialog(program, "Versewell97");
+    EXPECT_THAT(MessageText(box), HasSubstr("\"" + missing + "\" cannot be opened"));
+    PostMessageA(box, WM_COMMAND, IDOK, 0);
+    EXPECT_EQ(WaitForExit(program), 0);
+    EXPECT_EQ(FilesIn(folder).size(), 5u) << "nothing is written";
+}
+
 TEST(ReferenceArgument, IsToldIfItIsNotUnderstood) {
     for (const auto& [arguments, told] : {std::pair{"Jxn 3:16", "\"Jxn 3:16\" is not understood"},
                                           {"\"Ge 0:1\"", "\"Ge 0:1\" is not understood"},
@@ -149,6 +161,8 @@ TEST(ReferenceForTheFirstCopy, IsToldThereIfItIsNotUnderstood) {
     StartAgain(first.folder, "--hepl");
     EXPECT_EQ(StatusPart(first, 0), "\"--hepl\" is not understood");
     EXPECT_EQ(Top(first), "Genesis 1:1");
+    StartAgain(first.folder, "Ge 1:3");
+    EXPECT_EQ(StatusPart(first, 0), "");
 }
 
 TEST(ReferenceForTheFirstCopy, LeavesAnEditedNoteAsItIs) {
@@ -174,6 +188,7 @@ TEST(ReferenceForTheFirstCopy, IsNotShownBehindADialog) {
     CloseWithEsc(first);
     StartAgain(first.folder, "John 3:16");
     EXPECT_EQ(Top(first), "John 3:16");
+    EXPECT_EQ(StatusPart(first, 0), "");
 }
 
 // ---- Messages from elsewhere ----------------------------------------------------------------------------------------
