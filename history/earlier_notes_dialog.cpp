@@ -22,7 +22,7 @@ struct AskedNote {
 
 }  // namespace
 
-static constexpr std::size_t kFirstWords = 60;
+static constexpr std::size_t kFirstWords = 160;  // more than the column can show
 
 static const NoteHistory& HistoryOf(HWND dialog) {
     return static_cast<const AskedNote*>(DataOf(dialog))->history;
@@ -47,13 +47,10 @@ static void ShowSelected(HWND dialog) {
     if (note != nullptr) ShowMarkedText(GetDlgItem(dialog, IDC_STATE_TEXT), note->text, HistoryOf(dialog).now);
 }
 
-static void DivideList(HWND dialog) {
-    static constexpr int kColumns[] = {94, 190};  // in units of the dialog
-    SetColumns(dialog, IDC_STATES, kColumns);
-}
+static constexpr int kColumns[] = {94, 190};
+static constexpr ListColumns kLists[] = {{IDC_STATES, kColumns}};
 
 static void FillList(HWND dialog) {
-    DivideList(dialog);
     for (const EarlierNote& note : HistoryOf(dialog).texts)
         SendDlgItemMessageW(dialog, IDC_STATES, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(LineOf(note).c_str()));
     SendDlgItemMessageA(dialog, IDC_STATES, LB_SETCURSEL, 0, 0);
@@ -70,11 +67,6 @@ static void Fill(HWND dialog) {
         for (const int button : {IDOK, IDC_COPY_STATE}) EnableWindow(GetDlgItem(dialog, button), FALSE);
     }
     ShowSelected(dialog);
-}
-
-static void Rescaled(HWND dialog) {
-    DivideList(dialog);
-    ShowSelected(dialog);  // a new font takes away the marks
 }
 
 static void Copy(HWND dialog) {
@@ -108,7 +100,8 @@ std::optional<std::string> AskEarlierNote(HWND frame, const NoteHistory& history
                       .fill = Fill,
                       .command = OnCommand,
                       .data = &asked,
-                      .rescaled = Rescaled,
-                      .recolored = ShowSelected});
+                      .rescaled = ShowSelected,  // a new font takes away the marks
+                      .recolored = ShowSelected,
+                      .lists = kLists});
     return chosen;
 }

@@ -34,7 +34,8 @@ struct ShownStates {
 
 }  // namespace
 
-static constexpr std::size_t kFirstWords = 34;
+static constexpr std::size_t kFirstWords = 160;  // more than a column can show
+
 static ShownStates& ShownBy(HWND dialog) {
     return *const_cast<ShownStates*>(static_cast<const ShownStates*>(DataOf(dialog)));
 }
@@ -173,20 +174,15 @@ static void ShowState(HWND dialog) {
     SetCursor(before);
 }
 
-static void DivideLists(HWND dialog) {
-    static constexpr int kOfStates[] = {94, 220}, kOfVerses[] = {84, 236};  // in units of the dialog
-    SetColumns(dialog, IDC_STATES, kOfStates);
-    SetColumns(dialog, IDC_STATE_VERSES, kOfVerses);
-}
+static constexpr int kOfStates[] = {94, 220}, kOfVerses[] = {84, 236};
+static constexpr ListColumns kLists[] = {{IDC_STATES, kOfStates}, {IDC_STATE_VERSES, kOfVerses}};
 
 static void Rescaled(HWND dialog) {
-    DivideLists(dialog);
     if (SelectedState(dialog) != nullptr) ShowVerse(dialog);  // a new font takes away the marks
 }
 
 static void Fill(HWND dialog) {
     ShownStates& shown = ShownBy(dialog);
-    DivideLists(dialog);
     SendDlgItemMessageA(dialog, IDC_SET_NAME, EM_LIMITTEXT, kNoteSetNameLimit, 0);
     const HCURSOR before = SetCursor(LoadCursorA(nullptr, IDC_WAIT));
     shown.states = SetStates(TheNoteFiles());
@@ -274,6 +270,7 @@ StateChoice AskEarlierState(HWND frame, const std::string& setName) {
                       .command = OnCommand,
                       .data = &shown,
                       .rescaled = Rescaled,
-                      .recolored = ShowVerse});
+                      .recolored = ShowVerse,
+                      .lists = kLists});
     return shown.choice;
 }

@@ -92,9 +92,9 @@ static std::wstring WideNote(const std::string& note) {
     return Wide(LettersOfNote(TheNoteFiles().codePage, note));
 }
 
-// In one line, as far as a column can show it.
+// In one line, and more of it than a column can show.
 static std::wstring FirstWords(const std::string& note) {
-    static constexpr std::size_t kLength = 30;
+    static constexpr std::size_t kLength = 120;
     const std::wstring text = WideNote(note);
     std::wstring line = text.substr(0, kLength);
     std::ranges::replace_if(
@@ -176,16 +176,13 @@ static void OnCopyChosen(HWND dialog) {
 
 // ---- The dialog -----------------------------------------------------------------------------------------------------
 
-static void DivideList(HWND dialog) {
-    static constexpr int kColumns[] = {76, 140, 240};  // in units of the dialog
-    SetColumns(dialog, IDC_MERGED_NOTES, kColumns);
-}
+static constexpr int kColumns[] = {76, 140, 240};
+static constexpr ListColumns kLists[] = {{IDC_MERGED_NOTES, kColumns}};
 
 static void Fill(HWND dialog) {
     const ChosenSets asked = FirstChoice(*static_cast<const ChosenSets*>(DataOf(dialog)));
     AddNames(dialog, IDC_MERGED_COPY, static_cast<int>(theMergeDialog.names.size()));
     AddNames(dialog, IDC_MERGED_SET, theMergeDialog.setCount);
-    DivideList(dialog);
     Choose(dialog, IDC_MERGED_COPY, asked.copy);
     Choose(dialog, IDC_MERGED_SET, asked.set);
     Plan(dialog);
@@ -245,7 +242,7 @@ bool AskMergeSets(HWND frame, const std::string& copy, const std::string& set) {
     const ChosenSets asked{copy, set};
     theMergeDialog = {};
     ReadNames();
-    RunDialog(frame, {.name = "MERGESETS", .fill = Fill, .command = OnCommand, .data = &asked, .rescaled = DivideList});
+    RunDialog(frame, {.name = "MERGESETS", .fill = Fill, .command = OnCommand, .data = &asked, .lists = kLists});
     const bool isMerged = theMergeDialog.isMerged;
     theMergeDialog = {};
     return isMerged;

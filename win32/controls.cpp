@@ -38,11 +38,6 @@ void PutCaretBehind(HWND dialog, int control) {
     SendMessageA(field, EM_SETSEL, static_cast<WPARAM>(end), end);
 }
 
-void SetColumns(HWND dialog, int control, std::span<const int> columns) {
-    SendDlgItemMessageA(dialog, control, LB_SETTABSTOPS, columns.size(), reinterpret_cast<LPARAM>(columns.data()));
-    InvalidateRect(GetDlgItem(dialog, control), nullptr, TRUE);
-}
-
 bool IsChecked(HWND dialog, int control) {
     return IsDlgButtonChecked(dialog, control) == BST_CHECKED;
 }

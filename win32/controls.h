@@ -1,7 +1,6 @@
 // Helpers for windows and controls.
 #pragma once
 
-#include <span>
 #include <string>
 
 #include "win32/windows_api.h"
@@ -22,10 +21,6 @@ void SelectField(HWND dialog, int control);
 
 // Gives a field the focus with the caret behind its text and nothing selected.
 void PutCaretBehind(HWND dialog, int control);
-
-// Divides the lines of a list box of `dialog` at their tab characters into columns that begin at these distances from
-// the left, in units of the dialog.
-void SetColumns(HWND dialog, int control, std::span<const int> columns);
 
 bool IsChecked(HWND dialog, int control);
 void SetChecked(HWND dialog, int control, bool checked);

@@ -13,9 +13,14 @@ const void* DataOf(HWND dialog) {
     return DialogOf(dialog).data;
 }
 
+static void FitListLines(HWND window) {
+    for (const ListColumns& list : DialogOf(window).lists) FitLines(window, list);
+}
+
 static BOOL OnInitDialog(HWND window, HWND, LPARAM dialog) {
     SetWindowLongPtrA(window, DWLP_USER, dialog);
     PlaceDialog(window);
+    FitListLines(window);
     if (DialogOf(window).fill) DialogOf(window).fill(window);
     return !IsChild(window, GetFocus());  // otherwise the system would select all of the focused field
 }
@@ -43,7 +48,13 @@ static void OnHelp(HWND window) {
 static constexpr UINT kRescaled = WM_APP;  // posted, because the system scales the dialog after this procedure returns
 
 static void OnRescaled(HWND window) {
+    FitListLines(window);
     if (DialogOf(window).rescaled) DialogOf(window).rescaled(window);
+}
+
+static void OnDrawItem(HWND window, const DRAWITEMSTRUCT* item) {
+    for (const ListColumns& list : DialogOf(window).lists)
+        if (item->CtlID == static_cast<UINT>(list.list)) DrawLine(window, list, *item);
 }
 
 // The controls read anew what they keep of the system's colours, fonts and themes.
@@ -59,6 +70,7 @@ static INT_PTR CALLBACK DialogProcedure(HWND window, UINT message, WPARAM wParam
     switch (message) {
         case WM_INITDIALOG: return HANDLE_WM_INITDIALOG(window, wParam, lParam, OnInitDialog);
         case WM_COMMAND: HANDLE_WM_COMMAND(window, wParam, lParam, OnCommand); return TRUE;
+        case WM_DRAWITEM: HANDLE_WM_DRAWITEM(window, wParam, lParam, OnDrawItem); return TRUE;
         case WM_HELP: OnHelp(window); return TRUE;
         case WM_DPICHANGED: PostMessageA(window, kRescaled, 0, 0); return FALSE;
         case kRescaled: OnRescaled(window); return TRUE;

@@ -1,8 +1,10 @@
 // Modal dialogs.
 #pragma once
 
+#include <span>
 #include <string>
 
+#include "win32/column_list.h"
 #include "win32/windows_api.h"
 
 // A static control that says what the text of a field means, when the dialog opens and at every change of the text.
@@ -25,6 +27,7 @@ struct Dialog {
     void (*rescaled)(HWND dialog) = nullptr;
     // Called after the system's colours have changed; null if the dialog gives none of them to its controls.
     void (*recolored)(HWND dialog) = nullptr;
+    std::span<const ListColumns> lists{};  // those with columns
 };
 
 // Runs `dialog` over `owner`, centred on the frame. Cancel closes it after `command` was called for it. Returns the

@@ -8,6 +8,7 @@
 #include "resources/ids.h"
 #include "tests/windows/note_set_files.h"
 #include "tests/windows/passage_pane.h"
+#include "tests/windows/system_scaling.h"
 
 using testing::ElementsAre;
 using testing::HasSubstr;
@@ -239,6 +240,94 @@ TEST(MergeSets, MergesAnyTwoSets) {
     EXPECT_THAT(NoteSetNames(program), testing::UnorderedElementsAre("Alpha", "Beta"));
     EXPECT_TRUE(HasFile(folder, "backup/Gamma merged.nmd"));
     EXPECT_TRUE(HasFile(folder, "backup/Gamma merged.nmi"));
+}
+
+namespace {
+
+// The list of notes on the screen.
+struct NoteLines {
+    Picture picture;
+    POINT origin{};  // of the first line
+    int lineHeight = 0, width = 0;
+};
+
+}  // namespace
+
+static NoteLines LinesIn(HWND dialog) {
+    const HWND list = Child(dialog, {IDC_MERGED_NOTES});
+    NoteLines lines{PictureOfWindow(list)};
+    RECT place{};
+    GetWindowRect(list, &place);
+    ClientToScreen(list, &lines.origin);
+    lines.origin = {lines.origin.x - place.left, lines.origin.y - place.top};
+    lines.lineHeight = static_cast<int>(SendMessageA(list, LB_GETITEMHEIGHT, 0, 0));
+    lines.width = place.right - place.left;
+    return lines;
+}
+
+// From the left, for a distance in units of the dialog.
+static int PixelsIn(const NoteLines& lines, int units) {
+    static constexpr int kUnitsOfList = 366;
+    return lines.origin.x + units * lines.width / kUnitsOfList;
+}
+
+static RECT PartOf(const NoteLines& lines, int line, int leftUnits, int rightUnits) {
+    const int top = lines.origin.y + line * lines.lineHeight;
+    return {PixelsIn(lines, leftUnits), top, PixelsIn(lines, rightUnits), top + lines.lineHeight};
+}
+
+static std::vector<std::uint32_t> PixelsOf(const NoteLines& lines, const RECT& part) {
+    std::vector<std::uint32_t> pixels;
+    for (int y = part.top; y < part.bottom; ++y)
+        for (int x = part.left; x < part.right; ++x) pixels.push_back(ColorAt(lines.picture, x, y));
+    return pixels;
+}
+
+static HWND OpenMerge(const Program& program, const char* set, const char* copy) {
+    Command(program, IDM_MERGE_SETS);
+    const HWND dialog = WaitForDialog(program, kDialog);
+    Choose(program, dialog, IDC_MERGED_SET, set);
+    Choose(program, dialog, IDC_MERGED_COPY, copy);
+    return dialog;
+}
+
+TEST(MergeSets, CutsWideTextsAtTheirColumn) {
+    const std::string wide(200, 'W'), slim(200, 'i');
+    for (const int dpi : {96, 144, 192}) {
+        SCOPED_TRACE(dpi);
+        const SystemScaling scaling(dpi);
+        const ScratchFolder folder = FolderWithScripture();
+        WriteNoteSet(folder, "Alpha", {{1, "first"}, {2, wide}, {3, slim}});
+        WriteNoteSet(folder, "Beta", {{1, "other"}, {2, "x"}, {3, "x"}});
+        Program program = StartProgram(folder);
+        const HWND dialog = OpenMerge(program, "Alpha", "Beta");
+        const NoteLines lines = LinesIn(dialog);
+        SavePicture(PictureOfWindow(dialog), "merge-wide-" + std::to_string(dpi));
+        for (const int line : {1, 2}) {
+            EXPECT_GT(CountColors(lines.picture, PartOf(lines, line, 150, 232)), 1) << line;
+            const int end = line == 1 ? 222 : 190;  // Wine draws slim letters closer than it says that they are
+            EXPECT_GT(CountColors(lines.picture, PartOf(lines, line, end, end + 14)), 1) << line << ": has the room";
+            EXPECT_EQ(CountColors(lines.picture, PartOf(lines, line, 237, 239)), 1) << line << ": the gap is free";
+            EXPECT_GT(CountColors(lines.picture, PartOf(lines, line, 240, 250)), 1) << line;
+        }
+    }
+}
+
+// A font without the letters shows the same box for each.
+TEST(MergeSets, ShowsLettersThatItsFontLacks) {
+    static constexpr const char* kNotes[] = {"\xEF\xBB\xBF\u03B1\u03B1\u03B1", "\xEF\xBB\xBF\u03C9\u03C9\u03C9",
+                                             "\xEF\xBB\xBF\u05D0\u05D0\u05D0", "\xEF\xBB\xBF\u05E9\u05E9\u05E9"};
+    const ScratchFolder folder = FolderWithScripture();
+    Notes notes{{1, "first"}}, other{{1, "other"}};
+    for (int i = 0; i < 4; ++i) notes[2 + i] = kNotes[i], other[2 + i] = "x";
+    WriteNoteSet(folder, "Alpha", notes);
+    WriteNoteSet(folder, "Beta", other);
+    Program program = StartProgram(folder);
+    const HWND dialog = OpenMerge(program, "Alpha", "Beta");
+    const NoteLines lines = LinesIn(dialog);
+    SavePicture(PictureOfWindow(dialog), "merge-letters");
+    for (const int line : {1, 3})
+        EXPECT_NE(PixelsOf(lines, PartOf(lines, line, 140, 180)), PixelsOf(lines, PartOf(lines, line + 1, 140, 180)));
 }
 
 TEST(MergeSets, ShowsTheTextsOfTheChosenLine) {
