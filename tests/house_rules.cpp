@@ -225,48 +225,39 @@ Findings CheckGlobals(const TreeFile& file) {
     return findings;
 }
 
-// The dots per inch of a printer (GetDeviceCaps) are none of a screen.
-Findings CheckScreenSizes(const TreeFile& file) {
+// Each first match in a line of the code, behind `what`.
+static Findings MatchesIn(const TreeFile& file, const std::regex& form, const char* what) {
     Findings findings;
-    if (!IsSource(file.path) || !IsOfProgram(file.path) || file.path.starts_with("win32/dpi.")) return findings;
-    static const std::regex asked(
-        R"re(\bGetSystemMetrics\w*|\bGetDpiFor\w+|\w*NONCLIENTMETRICS\w*|\bGetDialogBaseUnits|\b\w*ForDpi\b|\bDEFAULT_GUI_FONT)re");
     EachLine({file.path, CodeOf(file.text)}, [&](const std::string& line, int number) {
         std::smatch match;
-        if (std::regex_search(line, match, asked))
-            findings.push_back(At(file, number, "a size of the system's screen: " + match.str()));
+        if (std::regex_search(line, match, form)) findings.push_back(At(file, number, what + match.str()));
     });
     return findings;
+}
+
+// The dots per inch of a printer (GetDeviceCaps) are none of a screen.
+Findings CheckScreenSizes(const TreeFile& file) {
+    if (!IsSource(file.path) || !IsOfProgram(file.path) || file.path.starts_with("win32/dpi.")) return {};
+    static const std::regex asked(
+        R"re(\bGetSystemMetrics\w*|\bGetDpiFor\w+|\w*NONCLIENTMETRICS\w*|\bGetDialogBaseUnits|\b\w*ForDpi\b|\bDEFAULT_GUI_FONT)re");
+    return MatchesIn(file, asked, "a size of the system's screen: ");
 }
 
 Findings CheckLoading(const TreeFile& file) {
-    Findings findings;
     const bool isPlace = file.path == "win32/system_library.cpp" || file.path == "win32/help_viewer.cpp";
-    if (!IsSource(file.path) || !IsOfProgram(file.path) || isPlace) return findings;
+    if (!IsSource(file.path) || !IsOfProgram(file.path) || isPlace) return {};
     static const std::regex named(
         R"re(\b(LoadLibrary(Ex)?|LoadPackagedLibrary|ShellExecute(Ex)?|CreateProcess|WinExec|system|_w?popen|_w?spawn\w+|_w?exec\w+)[AW]?\s*\()re");
-    EachLine({file.path, CodeOf(file.text)}, [&](const std::string& line, int number) {
-        std::smatch match;
-        if (std::regex_search(line, match, named))
-            findings.push_back(At(file, number, "loads or starts something by itself: " + match.str()));
-    });
-    return findings;
+    return MatchesIn(file, named, "loads or starts something by itself: ");
 }
 
 Findings CheckColors(const TreeFile& file) {
-    Findings findings;
-    if (!IsSource(file.path) || !IsOfProgram(file.path) || file.path.starts_with("typeset/pane_colors."))
-        return findings;
+    if (!IsSource(file.path) || !IsOfProgram(file.path) || file.path.starts_with("typeset/pane_colors.")) return {};
     static const std::regex named(
         R"re(\bRGB\s*\(|\bPALETTE(RGB|INDEX)\b|\b(WHITE|BLACK|GRAY|LTGRAY|DKGRAY)_(BRUSH|PEN)\b)re"
         R"re(|\bCOLORREF\s+\w+\s*[={(]+\s*\d|\b(Color|crTextColor|crBackColor|rgbResult)\s*=\s*\d)re"
         R"re(|\b(SetTextColor|SetBkColor|SetDCBrushColor|SetDCPenColor|CreateSolidBrush|CreatePen|FillWithColor)\s*\([^;]*\b0[xX])re");
-    EachLine({file.path, CodeOf(file.text)}, [&](const std::string& line, int number) {
-        std::smatch match;
-        if (std::regex_search(line, match, named))
-            findings.push_back(At(file, number, "a colour that is not the system's: " + match.str()));
-    });
-    return findings;
+    return MatchesIn(file, named, "a colour that is not the system's: ");
 }
 
 Findings CheckLength(const TreeFile& file) {

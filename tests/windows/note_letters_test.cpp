@@ -440,6 +440,12 @@ static LONG LeftOf(const Program& program, HWND richEdit, const wchar_t* letters
     return PointOfCharacter(program, richEdit, AllLetters().find(letters) + number).x;
 }
 
+// Greek runs to the right, Hebrew to the left.
+static void ExpectReadingOrders(const Program& program, HWND richEdit, const std::string& name) {
+    EXPECT_LT(LeftOf(program, richEdit, kGreek, 0), LeftOf(program, richEdit, kGreek, 3)) << name;
+    EXPECT_GT(LeftOf(program, richEdit, kHebrew, 0), LeftOf(program, richEdit, kHebrew, 13)) << name;
+}
+
 TEST(NoteLetters, AreShownOnEachScreen) {
     for (const bool isDark : {false, true}) {
         for (const int percent : {100, 200}) {
@@ -452,20 +458,12 @@ TEST(NoteLetters, AreShownOnEachScreen) {
             EXPECT_EQ(TextInView(program), AllLetters()) << name;
             Press(program, "Ctrl+Home");
             SavePicture(PictureOfWindow(program.frame), "letters-in-view-" + name);
-            EXPECT_LT(LeftOf(program, NoteViewOf(program), kGreek, 0), LeftOf(program, NoteViewOf(program), kGreek, 3))
-                << name;
-            EXPECT_GT(LeftOf(program, NoteViewOf(program), kHebrew, 0),
-                      LeftOf(program, NoteViewOf(program), kHebrew, 13))
-                << name;
+            ExpectReadingOrders(program, NoteViewOf(program), name);
             OpenNoteEditor(program);
             EXPECT_EQ(CopiedWhole(program), AllLetters()) << name;
             Press(program, "Ctrl+Home");
             SavePicture(PictureOfWindow(program.frame), "letters-in-editor-" + name);
-            EXPECT_LT(LeftOf(program, NoteEditOf(program), kGreek, 0), LeftOf(program, NoteEditOf(program), kGreek, 3))
-                << name;
-            EXPECT_GT(LeftOf(program, NoteEditOf(program), kHebrew, 0),
-                      LeftOf(program, NoteEditOf(program), kHebrew, 13))
-                << name;
+            ExpectReadingOrders(program, NoteEditOf(program), name);
         }
     }
 }
