@@ -48,7 +48,6 @@ using SettingRows = std::vector<SettingRow>;
 
 static constexpr int kFontNameLimit = 31;
 static constexpr int kColorTextLimit = 49;
-static constexpr int kTallestFont = 10000;  // pixels; beyond it, sums of line heights could overflow
 
 static SettingRows MiscRows(Settings& settings) {
     return {
@@ -147,7 +146,7 @@ static void Read(const ProfileFile& profile, const SettingRow& row, const ByteFi
 }
 
 static void Read(const ProfileFile& profile, const SettingRow& row, const HeightField& field) {
-    *field.value = std::clamp(ReadInteger(profile, row, field.missing), -kTallestFont, kTallestFont);
+    *field.value = ReadInteger(profile, row, field.missing);
 }
 
 static void Read(const ProfileFile& profile, const SettingRow& row, const TextField& field) {

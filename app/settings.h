@@ -89,9 +89,8 @@ FramePlacement LoadPlacement(const ProfileFile& profile);
 
 // Reads everything else: MISC, SEARCH, FORMAT, VIEW, BOOKMARKS, OPTIONS. `systemHighlight` (0x00bbggrr) is used if no
 // colour is stored. A verse out of range becomes 0; a search range that is out of range or reversed becomes the whole
-// Bible. The note set and its verse are not checked, because the sets are not known here. Font heights are limited to
-// 10,000 pixels; a negative height is kept for this run. All other values are returned as stored, 8-bit values cut to
-// eight bits, and the code that uses them handles any value.
+// Bible. The note set and its verse are not checked, because the sets are not known here. All other values are returned
+// as stored, 8-bit values cut to eight bits, and the code that uses them handles any value.
 Settings LoadSettings(const ProfileFile& profile, std::uint32_t systemHighlight);
 
 // Writes SEARCH, FORMAT, VIEW, BOOKMARKS, OPTIONS, MISC, and then the placement unless it is null. Font heights are

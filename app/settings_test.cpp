@@ -194,8 +194,8 @@ TEST(Settings, AreNormalizedWhenLoadedAndSaved) {
         {"OPTIONS/NoteFontHeight", "20", "20"},
         {"OPTIONS/NoteFontHeight", "-20", "20"},
         {"OPTIONS/ReadWindowFontHeight", "0", "0"},
-        {"OPTIONS/ReadWindowFontHeight", "2147483647", "10000"},
-        {"OPTIONS/VerseListFontHeight", "-2147483648", "10000"},
+        {"OPTIONS/ReadWindowFontHeight", "2147483647", "2147483647"},
+        {"OPTIONS/VerseListFontHeight", "-2147483648", "2147483648"},
         {"OPTIONS/VerseListFontName", "A name of thirty-one characters and more", "A name of thirty-one characters"},
         {"OPTIONS/ReadWindowFontName", "", ""},
         // Colours are unsigned.

@@ -30,7 +30,7 @@ static HDC MeasuringDc() {
 
 LOGFONTA FontRecord(const FontChoice& choice, int dpi) {
     LOGFONTA record{};
-    record.lfHeight = -ScaledTo(dpi, choice.height);
+    record.lfHeight = -ScaledTo(dpi, ShownHeight(choice));
     record.lfWeight = choice.weight;
     record.lfOutPrecision = OUT_STROKE_PRECIS;
     record.lfClipPrecision = CLIP_STROKE_PRECIS;

@@ -28,7 +28,7 @@ struct Faces {
     std::vector<int> advances;                     // of the letters of the run being drawn
 };
 
-// The font record of `choice`: the stored height scaled to `dpi` and negated, stroke precisions, everything else
+// The font record of `choice`: the shown height scaled to `dpi` and negated, stroke precisions, everything else
 // default.
 LOGFONTA FontRecord(const FontChoice& choice, int dpi);
 

@@ -28,3 +28,11 @@ struct FontChoice {
     int weight = 400;
     std::string name = "Times New Roman";
 };
+
+// The height at which the font is shown: that of the choice, or the usual one if nothing could be read at it because it
+// is smaller or larger than any that a user would choose. 0 is the font's own usual height.
+inline int ShownHeight(const FontChoice& choice) {
+    static constexpr long long kLeast = 4, kMost = 400;  // 3 and 300 points
+    const long long size = choice.height < 0 ? -static_cast<long long>(choice.height) : choice.height;
+    return size == 0 || (size >= kLeast && size <= kMost) ? choice.height : FontChoice{}.height;
+}

@@ -112,6 +112,30 @@ TEST(Fonts, AreNeverOnesThatDoNotExist) {
     EXPECT_EQ(Setting(program.folder, "OPTIONS", "ReadWindowFontName"), "Times New Roman");
 }
 
+// As a file that was edited by hand may have them. They stay stored, without their sign, until a font is chosen.
+TEST(Fonts, WithAHeightThatCannotBeReadHaveAUsualOne) {
+    static constexpr PaintedFont kUsual{"Times New Roman", 16, 400};
+    for (const std::string height : {"10000", "-10000", "2147483647", "1000", "3", "-1"}) {
+        SCOPED_TRACE(height);
+        const ScratchFolder folder = FolderWithScripture();
+        for (const char* pane : {"ReadWindow", "VerseList", "Note"})
+            WriteSetting(folder, "OPTIONS", std::string(pane) + "FontHeight", height);
+        Program program = StartProgram(folder);
+        SearchFor(program, {"grace"});
+        Press(program, "Down");
+        Command(program, IDM_FOCUS_PASSAGE);
+        EXPECT_EQ(WrongLines(PassageOf(program), {{{{Style::kBold, " Ge 1:1 "}}}}, kUsual), "");
+        EXPECT_EQ(WrongLines(VerseListOf(program), {{{{Style::kBold, "Ge 19:19 "}}}}, kUsual), "");
+        const Picture note = PictureOfClient(NoteViewOf(program));
+        EXPECT_GT(CountPixels(note, {0, 0, note.width, 30}, 0x000000), 100);
+        EXPECT_EQ(CountPixels(note, {0, 30, note.width, note.height}, 0x000000), 0);
+        LeaveDialog(program, OpenFontDialog(program, IDM_PASSAGE_FONT), IDCANCEL);
+        CloseProgram(program);
+        const std::string written = height.starts_with('-') ? height.substr(1) : height;
+        EXPECT_EQ(Setting(folder, "OPTIONS", "ReadWindowFontHeight"), written);
+    }
+}
+
 TEST(Fonts, PassageFontChangesImmediately) {
     Program program = StartProgram(FolderWithScripture());
     Command(program, IDM_GOTO_BOOK + 2);
