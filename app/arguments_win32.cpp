@@ -20,9 +20,12 @@ ProgramArguments ArgumentsOfProcess() {
 
 // The notes of any other folder are not the ones that were asked for.
 bool EnterArgumentFolder(const ProgramArguments& arguments) {
-    const std::wstring folder = Wide(arguments.folder);
-    if (folder.empty() || SetCurrentDirectoryW(folder.c_str())) return true;
-    const std::wstring text = L"The folder \"" + folder + L"\" cannot be opened, so Versewell has not been started.";
+    if (!arguments.folder) return true;
+    const std::wstring folder = Wide(*arguments.folder);
+    if (!folder.empty() && SetCurrentDirectoryW(folder.c_str())) return true;
+    const std::wstring problem =
+        folder.empty() ? L"There is no folder behind /folder" : L"The folder \"" + folder + L"\" cannot be opened";
+    const std::wstring text = problem + L", so Versewell has not been started.";
     MessageBoxW(nullptr, text.c_str(), L"Versewell97", MB_OK | MB_ICONEXCLAMATION);
     return false;
 }
@@ -80,8 +83,8 @@ static void RemoveToldText() {
     if (!theToldText.empty() && StatusText(StatusPart::kSearchSummary) == theToldText) Tell("");
 }
 
-static ParsedReference ParsedArgument(const std::wstring& reference) {
-    const auto text = InCodePage(reference);
+static ParsedReference ParsedArgument(std::u16string_view reference) {
+    const auto text = InCodePage(Wide(WithoutQuotes(reference)));
     return text ? ParseArgument(theScripture.records, *text) : ParsedReference{};
 }
 
@@ -90,7 +93,7 @@ void GoToArgument(const std::u16string& reference) {
     if (reference.empty() || !theFrame.startUpComplete) return;
     const std::wstring wide = Wide(reference);
     if (!IsWindowEnabled(theFrame.window)) return Tell(NotShownNow(NearestInCodePage(wide)));
-    const ParsedReference parsed = ParsedArgument(wide);
+    const ParsedReference parsed = ParsedArgument(reference);
     if (!parsed.ok) return Tell(NotUnderstood(NearestInCodePage(wide)));
     RunIfEnabled(theFrame.window, IDM_VIEW_PASSAGE);
     ScrollToVerse(parsed.verse);

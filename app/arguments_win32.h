@@ -8,7 +8,8 @@
 
 ProgramArguments ArgumentsOfProcess();
 
-// Makes the folder of /folder the current one. False, after a message, if it cannot be opened; the caller exits then.
+// Makes the folder of /folder the current one. False, after a message, if there is none or it cannot be opened; the
+// caller exits then.
 bool EnterArgumentFolder(const ProgramArguments& arguments);
 
 // Answers --help and --version: into the file or the pipe that takes the output, else on the console that the program

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstring>
 
+#include "scripture/letters.h"
+
 static constexpr std::size_t kLongestReference = kReferenceLimit;
 
 // ---- Words ----------------------------------------------------------------------------------------------------------
@@ -41,8 +43,7 @@ static std::optional<CommandWord> TakeWord(std::u16string_view& rest) {
 }
 
 // The dash of a range such as "Ge 1 - 3" stands alone.
-template <typename Text>
-static bool LooksLikeOption(const Text& text) {
+static bool LooksLikeOption(std::u16string_view text) {
     return text.size() > 1 && (text.front() == '-' || text.front() == '/');
 }
 
@@ -54,7 +55,8 @@ static void AddToReference(ProgramArguments& arguments, const std::u16string& wo
 // False if there is no such option. Takes the folder from `rest`.
 static bool TakeOption(ProgramArguments& arguments, const std::u16string& option, std::u16string_view& rest) {
     if (option == u"/folder") {
-        if (const auto folder = TakeWord(rest)) arguments.folder = folder->text;
+        const auto folder = TakeWord(rest);
+        arguments.folder = folder ? folder->text : std::u16string();
     } else if (option == u"--help" || option == u"-h" || option == u"/?") {
         arguments.help = true;
     } else if (option == u"--version") {
@@ -82,9 +84,17 @@ ProgramArguments ReadCommandLine(std::u16string_view line) {
     return arguments;
 }
 
-// Without the first rule "--hepl" would be a reference to Genesis.
+// Straight, of other languages and of code.
+std::u16string_view WithoutQuotes(std::u16string_view reference) {
+    static constexpr std::u16string_view kAround =
+        u" \t\"'`\u00B4\u2018\u2019\u201A\u201B\u201C\u201D\u201E\u201F\u00AB\u00BB\u2039\u203A";
+    const std::size_t first = reference.find_first_not_of(kAround);
+    if (first == reference.npos) return {};
+    return reference.substr(first, reference.find_last_not_of(kAround) - first + 1);
+}
+
 ParsedReference ParseArgument(const VerseRecords& records, const std::string& reference) {
-    if (reference.empty() || LooksLikeOption(reference)) return {};
+    if (reference.empty() || !IsLetterOrDigit(reference.front())) return {};
     return ParseReference(records, reference);
 }
 

@@ -8,11 +8,14 @@
 #include "scripture/reference_parser.h"
 
 struct ProgramArguments {
-    std::u16string folder;     // of /folder "PATH"; empty if there is none
-    std::u16string reference;  // all other words with a blank between two of them, at most kReferenceLimit letters; the
-                               // first word that looks like an option and is none, if there is one
-    bool help = false;         // --help, -h or /?
-    bool version = false;      // --version
+    std::optional<std::u16string> folder;  // of /folder "PATH"; empty if no path follows it
+
+    // All other words with a blank between two of them, at most kReferenceLimit letters; the first word that looks like
+    // an option and is none, if there is one.
+    std::u16string reference;
+
+    bool help = false;     // --help, -h or /?
+    bool version = false;  // --version
 };
 
 // Takes the command line of a process apart, which begins with the name of the program. Blanks and tabs are between
@@ -24,7 +27,11 @@ ProgramArguments ReadCommandLine(std::u16string_view line);
 std::string HelpOnArguments(std::string_view version);
 std::string VersionLine(std::string_view version);
 
-// The verse that such a reference names, as typed into Go To Verse. Not ok for what looks like an option.
+// The reference without quotation marks and blanks around it, which a shell or a page that it was copied from has left.
+std::u16string_view WithoutQuotes(std::u16string_view reference);
+
+// The verse that such a reference names, as typed into Go To Verse. Not ok for what looks like an option, and for what
+// does not begin with a letter or a digit: there it would be a verse of Genesis.
 ParsedReference ParseArgument(const VerseRecords& records, const std::string& reference);
 
 // The status bar's text for a reference or an option that means nothing, and for a reference that is not shown while a

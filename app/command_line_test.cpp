@@ -6,28 +6,31 @@
 
 struct CommandLineRow {
     const char16_t* line;
-    const char16_t* folder;
+    std::optional<std::u16string> folder;
     const char16_t* reference;
 };
 
-static constexpr CommandLineRow kCommandLines[] = {
-    {u"", u"", u""},
-    {u"versewell.exe", u"", u""},
-    {u"\"C:\\Program Files\\versewell.exe\"  ", u"", u""},
-    {u"\"C:\\My --help\\versewell.exe\" John 3:16", u"", u"John 3:16"},
-    {u"versewell.exe \"John 3:16\"", u"", u"John 3:16"},
-    {u"versewell.exe  John\t3:16 ", u"", u"John 3:16"},
-    {u"versewell.exe 1 \"John\" 3:16", u"", u"1 John 3:16"},
-    {u"versewell.exe Jo\"hn 3\":16", u"", u"John 3:16"},
-    {u"versewell.exe \"John 3:16", u"", u"John 3:16"},
-    {u"versewell.exe Ge 1 - 3", u"", u"Ge 1 - 3"},
-    {u"versewell.exe \"--help\" \"/folder\"", u"", u"--help /folder"},
-    {u"versewell.exe \u0418\u043E\u0430\u043D\u043D 3:16", u"", u"\u0418\u043E\u0430\u043D\u043D 3:16"},
+static const CommandLineRow kCommandLines[] = {
+    {u"", {}, u""},
+    {u"versewell.exe", {}, u""},
+    {u"\"C:\\Program Files\\versewell.exe\"  ", {}, u""},
+    {u"\"C:\\My --help\\versewell.exe\" John 3:16", {}, u"John 3:16"},
+    {u"versewell.exe \"John 3:16\"", {}, u"John 3:16"},
+    {u"versewell.exe  John\t3:16 ", {}, u"John 3:16"},
+    {u"versewell.exe 1 \"John\" 3:16", {}, u"1 John 3:16"},
+    {u"versewell.exe Jo\"hn 3\":16", {}, u"John 3:16"},
+    {u"versewell.exe \"John 3:16", {}, u"John 3:16"},
+    {u"versewell.exe Ge 1 - 3", {}, u"Ge 1 - 3"},
+    {u"versewell.exe \"--help\" \"/folder\"", {}, u"--help /folder"},
+    {u"versewell.exe \u0418\u043E\u0430\u043D\u043D 3:16", {}, u"\u0418\u043E\u0430\u043D\u043D 3:16"},
     {u"versewell.exe /folder \"C:\\My Notes\"", u"C:\\My Notes", u""},
     {u"versewell.exe /folder \"C:\\\" John 3:16", u"C:\\", u"John 3:16"},
     {u"versewell.exe John /folder \"D:\\\u05D0\" 3:16", u"D:\\\u05D0", u"John 3:16"},
     {u"versewell.exe /folder C:\\Notes John 3:16", u"C:\\Notes", u"John 3:16"},
     {u"versewell.exe John /folder", u"", u"John"},
+    {u"versewell.exe /folder", u"", u""},
+    {u"versewell.exe /folder \"\" John 3:16", u"", u"John 3:16"},
+    {u"versewell.exe /folder C:\\Notes /folder", u"", u""},
 };
 
 TEST(CommandLine, HasAFolderAndAReference) {
@@ -61,8 +64,19 @@ TEST(CommandLine, NamesTheVerseThatGoToVerseWouldShow) {
         EXPECT_TRUE(ParseArgument(records, reference).ok) << reference;
         EXPECT_EQ(ParseArgument(records, reference).verse, verse) << reference;
     }
-    for (const char* reference : {"", "--hepl", "/x", "Xyz 3", "Ge 0:1"})
+    for (const char* reference :
+         {"", "--hepl", "/x", "-", "/", ":", " ", "Xyz 3", "Ge 0:1", "(John 3:16)", "\xC9x 3:1", "'John 3:16"})
         EXPECT_FALSE(ParseArgument(records, reference).ok) << reference;
+}
+
+TEST(CommandLine, HasNoQuotesAroundAReference) {
+    for (const char16_t* line :
+         {u"v 'Ps 119:105'", u"v \"'Ps 119:105'\"", u"v \" Ps 119:105 \"", u"v `Ps 119:105\u00B4",
+          u"v \u201CPs 119:105\u201D", u"v \u00ABPs 119:105\u00BB", u"v ' Ps 119:105", u"v ''Ps 119:105''"}) {
+        EXPECT_EQ(WithoutQuotes(ReadCommandLine(line).reference), u"Ps 119:105");
+    }
+    for (const char16_t* none : {u"", u"'", u"' '", u"\u201C\u201D"}) EXPECT_EQ(WithoutQuotes(none), u"");
+    EXPECT_EQ(WithoutQuotes(u"lord's"), u"lord's");
 }
 
 TEST(CommandLine, IsReadNoFurtherThanAReferenceField) {

@@ -83,7 +83,7 @@ TEST(Arguments, AreExplainedInABox) {
 // ---- At the start ---------------------------------------------------------------------------------------------------
 
 TEST(ReferenceArgument, IsShownAtTheStart) {
-    for (const char* arguments : {"\"John 3:16\"", "John 3:16", "joh 3:16"}) {
+    for (const char* arguments : {"\"John 3:16\"", "John 3:16", "joh 3:16", "'John 3:16'", "\" 'John 3:16'\""}) {
         Program program = StartProgram(FolderWithScripture(), Argument(arguments));
         WaitUntil(program, arguments, [&] { return Top(program) == "John 3:16"; });
         EXPECT_EQ(StatusPart(program, 0), "") << arguments;
@@ -112,21 +112,37 @@ TEST(ReferenceArgument, GoesTogetherWithAFolder) {
     }
 }
 
-// Otherwise notes would be written in another folder than the one that was meant.
-TEST(FolderArgument, IsToldIfItCannotBeOpened) {
-    const ScratchFolder folder = FolderWithScripture();
-    const std::string missing = (folder.path / "no such folder").string();
-    const Program program = LaunchProgram(folder, Argument("/folder \"" + missing + "\" \"John 3:16\""));
+static void ExpectNotStarted(const ScratchFolder& folder, const std::string& arguments, const std::string& told) {
+    const Program program = LaunchProgram(folder, Argument(arguments));
     const HWND box = WaitForDialog(program, "Versewell97");
-    EXPECT_THAT(MessageText(box), HasSubstr("\"" + missing + "\" cannot be opened"));
+    EXPECT_EQ(MessageText(box), told + ", so Versewell has not been started.");
     PostMessageA(box, WM_COMMAND, IDOK, 0);
     EXPECT_EQ(WaitForExit(program), 0);
     EXPECT_EQ(FilesIn(folder).size(), 5u) << "nothing is written";
 }
 
+// Otherwise notes would be written in another folder than the one that was meant.
+TEST(FolderArgument, IsToldIfItCannotBeOpened) {
+    const ScratchFolder folder = FolderWithScripture();
+    const std::string missing = (folder.path / "no such folder").string();
+    ExpectNotStarted(folder, "/folder \"" + missing + "\" \"John 3:16\"",
+                     "The folder \"" + missing + "\" cannot be opened");
+    ExpectNotStarted(folder, "/folder \" \"", "The folder \" \" cannot be opened");
+}
+
+// As a shortcut or a script has it whose variable is empty.
+TEST(FolderArgument, IsToldIfThereIsNone) {
+    const ScratchFolder folder = FolderWithScripture();
+    for (const char* arguments : {"/folder", "/folder \"\"", "\"John 3:16\" /folder"})
+        ExpectNotStarted(folder, arguments, "There is no folder behind /folder");
+}
+
 TEST(ReferenceArgument, IsToldIfItIsNotUnderstood) {
     for (const auto& [arguments, told] : {std::pair{"Jxn 3:16", "\"Jxn 3:16\" is not understood"},
                                           {"\"Ge 0:1\"", "\"Ge 0:1\" is not understood"},
+                                          {":", "\":\" is not understood"},
+                                          {"(John 3:16)", "\"(John 3:16)\" is not understood"},
+                                          {"\"''\"", "\"''\" is not understood"},
                                           {"--hepl", "\"--hepl\" is not understood"}}) {
         Program program = StartProgram(FolderWithScripture(), Argument(arguments));
         WaitUntil(program, told, [&, text = told] { return StatusPart(program, 0) == text; });
