@@ -1,4 +1,4 @@
-// Text that is cut to the room for it.
+// Text that is shortened to the room for it.
 #pragma once
 
 #include <string>
@@ -10,6 +10,8 @@ struct TextRuler {
     int (*width)(void* device, std::string_view) = nullptr;  // pixels; not smaller for a longer text
 };
 
-// `text` if it is at most `room` pixels wide; otherwise as many of its first letters as fit with "..." behind them,
-// without blanks before it. If not even that fits, "...".
+// `text` if it is at most `room` pixels wide, otherwise the first of these that is: with abbreviations of books
+// ("x-refs for 1Th 4:13"), and without the blanks around a dash ("Ge 1:1-Re 22:21") or, of a text that is a reference,
+// its chapter and verse alone ("4:13"). If none fits, as many first letters of the last one as do, with "..." behind
+// them, without blanks before it and without a part of a number. If not even that fits, "...".
 std::string FittedText(std::string_view text, int room, const TextRuler& ruler);

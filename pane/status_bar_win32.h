@@ -1,5 +1,5 @@
 // The frame's status bar. The panes and the frame write to it through ShowStatus only. A text that is too long for its
-// part is shown with an ellipsis, and as a whole in a tool tip; the control still has the whole text.
+// part is shortened (FittedText), and shown as a whole in a tool tip; the control still has the whole text.
 #pragma once
 
 #include <string>
