@@ -10,6 +10,7 @@
 #include "app/passage_commands_win32.h"
 #include "app/profile_file_win32.h"
 #include "app/set_checks_win32.h"
+#include "app/splash_win32.h"
 #include "app/toolbar_win32.h"
 #include "notes/note_editor_window.h"
 #include "notes/note_tabs_win32.h"
@@ -29,7 +30,6 @@
 #include "win32/help_viewer.h"
 #include "win32/panes.h"
 #include "win32/rich_edit_layout.h"
-#include "win32/screen.h"
 #include "win32/system_library.h"
 
 // ---- The settings file ----------------------------------------------------------------------------------------------
@@ -58,17 +58,6 @@ ProfileFile FirstSettings() {
 }
 
 // ---- Start-up -------------------------------------------------------------------------------------------------------
-
-static INT_PTR CALLBACK SplashProcedure(HWND splash, UINT message, WPARAM, LPARAM) {
-    if (message == WM_INITDIALOG) CenterOnScreen(splash);
-    return message == WM_INITDIALOG;
-}
-
-static void ShowSplash(HWND frame) {
-    theFrame.splash = CreateDialogParamA(GetModuleHandleA(nullptr), "SPLASHSCREEN", frame, SplashProcedure, 0);
-    ShowWindow(theFrame.splash, SW_SHOWNA);
-    UpdateWindow(theFrame.splash);
-}
 
 static void CreatePanes(HWND frame) {
     CreateVerseList(theFrame.listTabs);
@@ -180,7 +169,7 @@ bool StartUp(HWND frame) {
     OpeningSets opening;
     if (theFrame.richEdit)
         opening = BeginToLoadNoteSets();  // not for a start that fails: it may create and repair files
-    ShowSplash(frame);
+    theFrame.splash = ShowSplash(frame);
     if (!theFrame.richEdit) return false;
     LayOutLongLinesInPieces();
     NoteFirstPrinter(theFrame.printerSetup);

@@ -170,3 +170,9 @@
 #define IDB_TOOLBAR_28 204
 #define IDB_TOOLBAR_40 205
 #define IDB_TOOLBAR_48 206
+#define IDB_TITLE_525 207  // Title_BMP, 420 pixels wide, in other sizes
+#define IDB_TITLE_630 208
+#define IDB_TITLE_735 209
+#define IDB_TITLE_840 210
+#define IDB_TITLE_1050 211
+#define IDB_TITLE_1260 212

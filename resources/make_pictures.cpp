@@ -2,6 +2,7 @@
 //
 //   make_pictures strip  <size>  <out.bmp> <drawing>...             a toolbar's pictures side by side
 //   make_pictures bitmap <width> <height> <out.bmp> <drawing>       one picture without transparency
+//   make_pictures packed <width> <height> <out.bmp> <drawing>       the same in a smaller file, with fewer colours
 //   make_pictures icon   <out.ico> <size> <drawing> [<size> <drawing>]...
 //
 // Files are written under a temporary name first, so that a parallel build never reads an incomplete file.
@@ -106,8 +107,8 @@ static void MakeStrip(std::span<const std::string> arguments) {
     Write(arguments[1], BitmapWithAlpha(Strip(pictures)));
 }
 
-static void MakeBitmap(std::span<const std::string> arguments) {
-    Write(arguments[2], PlainBitmap(Pixels(Draw(arguments[3], Number(arguments[0]), Number(arguments[1])))));
+static Picture DrawnPicture(std::span<const std::string> arguments) {
+    return Pixels(Draw(arguments[3], Number(arguments[0]), Number(arguments[1])));
 }
 
 static void MakeIcon(std::span<const std::string> arguments) {
@@ -127,11 +128,13 @@ static int Run(std::span<const std::string> arguments) {
     if (verb == "strip" && arguments.size() >= 4)
         MakeStrip(arguments.subspan(1));
     else if (verb == "bitmap" && arguments.size() == 5)
-        MakeBitmap(arguments.subspan(1));
+        Write(arguments[3], PlainBitmap(DrawnPicture(arguments.subspan(1))));
+    else if (verb == "packed" && arguments.size() == 5)
+        Write(arguments[3], PackedBitmap(DrawnPicture(arguments.subspan(1))));
     else if (verb == "icon" && arguments.size() >= 4)
         MakeIcon(arguments.subspan(1));
     else {
-        std::fputs("use: make_pictures strip|bitmap|icon ... (see the top of make_pictures.cpp)\n", stderr);
+        std::fputs("use: make_pictures strip|bitmap|packed|icon ... (see the top of make_pictures.cpp)\n", stderr);
         return 2;
     }
     return 0;

@@ -1,10 +1,13 @@
-// A .bmp file is a file header of 14 bytes, a bitmap header of 40 bytes and the rows from the bottom up, each padded to
-// a multiple of four bytes. An .ico file is a header of 6 bytes, an entry of 16 bytes for each image and the images. An
-// image is a PNG file, or a bitmap header whose height is that of pixels and mask together, the pixels, and a mask of
-// one bit per pixel.
+// A .bmp file is a file header of 14 bytes, a bitmap header of 40 bytes, and the rows from the bottom up,
+// each padded to a multiple of four bytes; or a palette and the rows as runs of equal pixels. An .ico file is a header
+// of 6 bytes, an entry of 16 bytes for each image and the images. An image is a PNG file, or a bitmap header whose
+// height is that of pixels and mask together, the pixels, and a mask of one bit per pixel.
 #include "resources/picture_files.h"
 
 #include <algorithm>
+#include <array>
+#include <map>
+#include <utility>
 
 static constexpr std::uint32_t kFileHeader = 14;
 static constexpr std::uint32_t kInfoHeader = 40;
@@ -53,26 +56,32 @@ static void AppendPixels(std::string& bytes, const Picture& picture, int bitsPer
 }
 
 static void AppendInfoHeader(std::string& bytes, int width, int height, int bitsPerPixel, std::size_t pixelBytes) {
+    static constexpr std::uint32_t kNotCompressed = 0, kRuns = 1;
     Append32(bytes, kInfoHeader);
     Append32(bytes, static_cast<std::uint32_t>(width));
     Append32(bytes, static_cast<std::uint32_t>(height));
     Append16(bytes, 1);  // plane
     Append16(bytes, static_cast<std::uint32_t>(bitsPerPixel));
-    Append32(bytes, 0);  // not compressed
+    Append32(bytes, bitsPerPixel == 8 ? kRuns : kNotCompressed);
     Append32(bytes, static_cast<std::uint32_t>(pixelBytes));
     for (int i = 0; i < 4; ++i) Append32(bytes, 0);  // resolution and palette
+}
+
+static std::string BitmapOf(const Picture& shape, int bitsPerPixel, const std::string& palette,
+                            const std::string& pixels) {
+    const auto start = kFileHeader + kInfoHeader + static_cast<std::uint32_t>(palette.size());
+    std::string bytes = "BM";
+    Append32(bytes, start + static_cast<std::uint32_t>(pixels.size()));
+    Append32(bytes, 0);
+    Append32(bytes, start);
+    AppendInfoHeader(bytes, shape.width, shape.height, bitsPerPixel, pixels.size());
+    return bytes + palette + pixels;
 }
 
 static std::string Bitmap(const Picture& picture, int bitsPerPixel) {
     std::string pixels;
     AppendPixels(pixels, picture, bitsPerPixel, kButtonFace);
-
-    std::string bytes = "BM";
-    Append32(bytes, kFileHeader + kInfoHeader + static_cast<std::uint32_t>(pixels.size()));
-    Append32(bytes, 0);
-    Append32(bytes, kFileHeader + kInfoHeader);
-    AppendInfoHeader(bytes, picture.width, picture.height, bitsPerPixel, pixels.size());
-    return bytes + pixels;
+    return BitmapOf(picture, bitsPerPixel, "", pixels);
 }
 
 std::string BitmapWithAlpha(const Picture& picture) {
@@ -82,6 +91,87 @@ std::string BitmapWithAlpha(const Picture& picture) {
 std::string PlainBitmap(const Picture& picture) {
     return Bitmap(picture, 24);
 }
+
+// ---- Palettes -------------------------------------------------------------------------------------------------------
+
+static constexpr std::size_t kMostColors = 256;
+
+using Color = std::array<int, 3>;  // blue, green, red
+
+static Color ColorOf(const Pixel& pixel) {
+    return {pixel.blue, pixel.green, pixel.red};
+}
+
+// The most frequent colours first.
+static std::vector<Color> PaletteOf(const Picture& picture) {
+    std::map<Color, int> counts;
+    for (const Pixel& pixel : picture.pixels) ++counts[ColorOf(pixel)];
+    std::vector<std::pair<int, Color>> order;
+    for (const auto& [color, count] : counts) order.emplace_back(-count, color);
+    std::sort(order.begin(), order.end());
+    std::vector<Color> palette;
+    for (const auto& entry : order) palette.push_back(entry.second);
+    if (palette.size() > kMostColors) palette.resize(kMostColors);
+    return palette;
+}
+
+static int Distance(const Color& one, const Color& other) {
+    int sum = 0;
+    for (std::size_t part = 0; part < one.size(); ++part) sum += (one[part] - other[part]) * (one[part] - other[part]);
+    return sum;
+}
+
+static int NearestIn(const std::vector<Color>& palette, const Color& color) {
+    const auto isNearer = [&](const Color& one, const Color& other) {
+        return Distance(one, color) < Distance(other, color);
+    };
+    return static_cast<int>(std::min_element(palette.begin(), palette.end(), isNearer) - palette.begin());
+}
+
+static std::string PaletteBytes(const std::vector<Color>& palette) {
+    std::string bytes;
+    for (const Color& color : palette) {
+        for (const int part : color) AppendByte(bytes, part);
+        AppendByte(bytes, 0);
+    }
+    bytes.resize(kMostColors * 4, '\0');
+    return bytes;
+}
+
+static void AppendRun(std::string& bytes, int length, int number) {
+    AppendByte(bytes, length);
+    AppendByte(bytes, number);
+}
+
+// Pairs of bytes: how many pixels, and the number of their colour. A count of zero ends the row or the picture.
+static void AppendRuns(std::string& bytes, const std::vector<int>& row) {
+    static constexpr int kLongest = 255;
+    for (std::size_t at = 0, next = 0; at < row.size(); at = next) {
+        while (next < row.size() && row[next] == row[at] && next - at < kLongest) ++next;
+        AppendRun(bytes, static_cast<int>(next - at), row[at]);
+    }
+    AppendRun(bytes, 0, 0);
+}
+
+std::string PackedBitmap(const Picture& picture) {
+    const std::vector<Color> palette = PaletteOf(picture);
+    std::map<Color, int> numbers;
+    std::string pixels;
+    for (int y = picture.height - 1; y >= 0; --y) {
+        std::vector<int> row;
+        for (int x = 0; x < picture.width; ++x) {
+            const Color color = ColorOf(PixelAt(picture, x, y));
+            const auto [number, isNew] = numbers.try_emplace(color);
+            if (isNew) number->second = NearestIn(palette, color);
+            row.push_back(number->second);
+        }
+        AppendRuns(pixels, row);
+    }
+    AppendRun(pixels, 0, 1);
+    return BitmapOf(picture, 8, PaletteBytes(palette), pixels);
+}
+
+// ---- Strips and icons -----------------------------------------------------------------------------------------------
 
 Picture Strip(std::span<const Picture> pictures) {
     Picture strip;

@@ -27,6 +27,10 @@ std::string BitmapWithAlpha(const Picture& picture);
 // The bytes of a bitmap file with 24 bits per pixel; the picture should be opaque, because alpha is lost.
 std::string PlainBitmap(const Picture& picture);
 
+// The bytes of a bitmap file in runs of equal pixels (BI_RLE8), which is much smaller. Of more than 256 colours the
+// most frequent ones stay, and each of the others becomes the one that is nearest. Alpha is lost.
+std::string PackedBitmap(const Picture& picture);
+
 // The bytes of an icon file with these images, each square and at most 256 pixels wide. An image is stored as PNG, to
 // save space, if `packed` has a PNG file at the same index; otherwise that string is empty.
 std::string IconFile(std::span<const Picture> images, std::span<const std::string> packed);

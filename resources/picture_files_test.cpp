@@ -45,6 +45,29 @@ TEST(PictureFiles, BitmapsHaveTheirHeaders) {
     }
 }
 
+TEST(PictureFiles, PackedBitmapsHaveAPaletteAndRuns) {
+    Picture picture = Filled(300, 2, kRed);
+    picture.pixels[600 - 1] = kHalf;  // the last one of the bottom row
+    const std::string bytes = PackedBitmap(picture);
+    EXPECT_EQ(NumberAt(bytes, 2), static_cast<int>(bytes.size()));
+    EXPECT_EQ(NumberAt(bytes, 10), 54 + 1024);
+    EXPECT_EQ(NumberAt(bytes, 26), 1 | 8 << 16);
+    EXPECT_EQ(NumberAt(bytes, 30), 1) << "runs";
+    EXPECT_EQ(NumberAt(bytes, 34), static_cast<int>(bytes.size()) - 54 - 1024);
+    EXPECT_EQ(bytes.substr(54, 12), std::string("\x0A\x14\xC8\0\x01\x02\x03\0\0\0\0\0", 12))
+        << "the frequent one first";
+    EXPECT_EQ(bytes.substr(54 + 1024), std::string("\xFF\0\x2C\0\x01\x01\0\0\xFF\0\x2D\0\0\0\0\x01", 16));
+}
+
+TEST(PictureFiles, PackedBitmapsKeepTheMostFrequentColours) {
+    Picture picture = Filled(256, 2, kRed);
+    for (int i = 0; i < 256; ++i) picture.pixels[static_cast<std::size_t>(i)] = {.green = static_cast<std::uint8_t>(i)};
+    const std::string bytes = PackedBitmap(picture);
+    EXPECT_EQ(bytes.substr(54, 4), std::string("\x0A\x14\xC8\0", 4));
+    // Of the shades the last one, green 255, has become 254, which is number 255.
+    EXPECT_EQ(bytes.substr(bytes.size() - 6), std::string("\x02\xFF\0\0\0\x01", 6));
+}
+
 TEST(PictureFiles, RowsAreStoredBottomUp) {
     Picture picture = Filled(1, 2, kRed);
     picture.pixels[1] = kHalf;

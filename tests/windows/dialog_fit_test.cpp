@@ -12,6 +12,7 @@
 #include "tests/windows/helped_dialogs.h"
 #include "tests/windows/note_set_files.h"
 #include "tests/windows/system_scaling.h"
+#include "tests/windows/test_printer.h"
 
 namespace {
 
@@ -78,7 +79,19 @@ static void ExpectFits(const Fitting& fitting, HWND dialog) {
         ExpectRoom(fitting, control);
         ++measured;
     }
-    EXPECT_GE(measured, 1);
+    EXPECT_TRUE(measured > 0 || ChildrenOf(dialog).size() == 1) << "only a bar may have no text";
+}
+
+// One that the program shows while it is busy.
+static void ExpectFitsMeanwhile(const Fitting& fitting, const char* title) {
+    SCOPED_TRACE(title + (" at " + std::to_string(fitting.dpi)) + " dpi");
+    const std::vector<HWND> shown = TopLevelWindows(fitting.program);
+    const auto found = std::ranges::find_if(shown, [&](HWND window) { return TextOf(window) == title; });
+    ASSERT_NE(found, shown.end());
+    ExpectFits(fitting, *found);
+    const LONG room = SizeOf(ClientRectOf(*found)).cx;
+    EXPECT_LT(SizeOfText(fitting.program, *found, title).cx + Scaled(fitting, 30), room) << "beside the close button";
+    SavePicture(PictureOfWindow(*found), "fit-" + std::to_string(fitting.dpi) + "-" + std::string(title, 6));
 }
 
 static void ExpectFits(const Fitting& fitting, int command, const std::string& title) {
@@ -106,6 +119,104 @@ TEST_P(DialogsFit, IntoTheirControls) {
         << "the program has the scaling";
     for (const HelpedDialog& row : HelpedDialogs()) ExpectFits(fitting, row.command, row.title);
     ExpectFits(fitting, IDM_ABOUT, "About Versewell97");
+}
+
+// "Searching..." is still there when the end of the search is told, with the bar at its end.
+TEST_P(DialogsFit, WhileNotesAreSearched) {
+    const SystemScaling scaling(GetParam());
+    const ScratchFolder folder = FolderWithScripture();
+    WriteNoteSet(folder, "My Notes", {{0, "A note."}});
+    const Program program = StartProgram(folder);
+    Command(program, IDM_SEARCH_NOTES);
+    WaitForDialog(program, "Search Note Set My Notes");
+    Type(program, "nowhere");
+    Press(program, "Alt+n");
+    WaitForDialog(program, "Search Notes");
+    ExpectFitsMeanwhile({program, GetParam()}, "Searching...");
+}
+
+// It tells the number of a page; the text of the Bible has fewer than 2000.
+TEST_P(DialogsFit, WhilePagesArePrinted) {
+    const SystemScaling scaling(GetParam());
+    const ScratchFolder folder = FolderWithScripture();
+    const TestPrinter printer(folder, PortToPageCount(folder));
+    const Program program = StartProgram(folder);
+    const HWND dialog = BeginPrinting(program, "Ge - Re");
+    WaitUntil(program, "the first page", [&] { return TextOf(dialog, IDC_PRINTED_PAGE).starts_with("Page "); });
+    ExpectFitsMeanwhile({program, GetParam()}, "Printing...");
+    const HWND line = GetDlgItem(dialog, IDC_PRINTED_PAGE);
+    EXPECT_LE(SizeOfText(program, line, "Page 2000").cx, SizeOf(RectOnScreen(line)).cx);
+    Press(program, "Esc");
+    WaitForNoDialog(program);
+}
+
+// ---- The splash -----------------------------------------------------------------------------------------------------
+
+// The splash, of a start that a message box stops.
+static HWND SplashOfStart(const Program& program) {
+    WaitForDialog(program, "Error");
+    for (const HWND window : TopLevelWindows(program))
+        if (GetDlgItem(window, IDC_SPLASH_LINE) != nullptr) return window;
+    Fail(&program, "there is no splash");
+}
+
+// Where the drawing has its golden frame, in pixels at 96 dpi, and what lies on both sides of the line.
+static constexpr std::uint32_t kGold = 0xC9A84C, kGround = 0x1B2F52;
+static constexpr int kPictureWidth = 420, kPictureHeight = 156, kFrameAt = 8;
+
+// The line is as wide as the scaling says, and sharp: beside it is nothing but the ground. Only a pixel that the line
+// covers in part, where the scaling has no whole pixels, may have a colour between. Returns the pixels of the line.
+static int ExpectLine(const std::vector<std::uint32_t>& colors, int dpi) {
+    int covered = 0;
+    for (int at = 0; at < static_cast<int>(colors.size()); ++at) {
+        const std::uint32_t color = colors[static_cast<std::size_t>(at)];
+        const bool isBeside = (at + 1) * 96 <= kFrameAt * dpi || at * 96 >= (kFrameAt + 1) * dpi;
+        const bool isIn = at * 96 >= kFrameAt * dpi && (at + 1) * 96 <= (kFrameAt + 1) * dpi;
+        EXPECT_TRUE(!isBeside || color == kGround) << at;
+        EXPECT_TRUE(!isIn || color == kGold) << at;
+        covered += isIn;
+    }
+    return covered;
+}
+
+// From each of the four edges inwards.
+static void ExpectFrame(const Picture& picture, int dpi) {
+    const int depth = MulDiv(kFrameAt + 2, dpi, 96);
+    std::vector<std::uint32_t> edges[4];
+    for (int at = 0; at < depth; ++at) {
+        edges[0].push_back(ColorAt(picture, at, picture.height / 2));
+        edges[1].push_back(ColorAt(picture, picture.width - 1 - at, picture.height / 2));
+        edges[2].push_back(ColorAt(picture, picture.width / 2, at));
+        edges[3].push_back(ColorAt(picture, picture.width / 2, picture.height - 1 - at));
+    }
+    for (const auto& edge : edges) EXPECT_GE(ExpectLine(edge, dpi), 1);
+}
+
+TEST_P(DialogsFit, WhileTheProgramStarts) {
+    const int dpi = GetParam();
+    const SystemScaling scaling(dpi);
+    const ScratchFolder folder = FolderWithScripture();
+    WriteFile(folder, "My Notes.nmd", "mine");
+    Program program = LaunchProgram(folder);
+    const HWND splash = SplashOfStart(program), box = WaitForDialog(program, "Error");
+    ShowWindow(box, SW_HIDE);
+    const RECT client = ClientRectOf(splash), line = RectIn(GetDlgItem(splash, IDC_SPLASH_LINE), splash);
+    const RECT drawn = RectIn(GetWindow(splash, GW_CHILD), splash);
+    EXPECT_EQ(SizeOf(drawn).cx, MulDiv(kPictureWidth, dpi, 96));
+    EXPECT_EQ(SizeOf(drawn).cy, MulDiv(kPictureHeight, dpi, 96));
+    EXPECT_EQ(drawn.left, 0);
+    EXPECT_EQ(drawn.top, 0);
+    EXPECT_EQ(drawn.right, client.right);
+    EXPECT_GE(line.top, drawn.bottom);
+    EXPECT_LT(line.bottom, client.bottom);
+    EXPECT_GE(line.bottom - line.top, MulDiv(8, dpi, 72)) << "a font of 8 points";
+    EXPECT_NEAR(line.left - drawn.left, drawn.right - line.right, 1);
+    const Picture picture = PictureOfScreen(RectOnScreen(GetWindow(splash, GW_CHILD)));
+    SavePicture(PictureOfWindow(splash), "fit-splash-" + std::to_string(dpi));
+    ExpectFrame(picture, dpi);
+    ShowWindow(box, SW_SHOWNA);
+    PostMessageA(box, WM_COMMAND, IDOK, 0);
+    WaitForFrame(program);
 }
 
 static std::vector<int> Scalings() {

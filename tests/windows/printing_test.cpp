@@ -24,16 +24,6 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::Not;
 
-static HWND OpenPrintRange(const Program& program) {
-    Command(program, IDM_PRINT_RANGE);
-    return WaitForDialog(program, "Print Range");
-}
-
-static void AskForRange(const Program& program, const char* range) {
-    SetDlgItemTextA(OpenPrintRange(program), IDC_RANGE, range);
-    Press(program, "Enter");
-}
-
 // Prints a range and returns the words of each page.
 static std::vector<std::string> PagesOfRange(const Program& program, const char* range) {
     std::filesystem::remove(program.folder.path / "pages.txt");
@@ -392,14 +382,6 @@ static std::size_t MemoryOf(const Program& program) {
     counters.cb = sizeof counters;
     EXPECT_TRUE(GetProcessMemoryInfo(program.process.get(), &counters, sizeof counters));
     return counters.PagefileUsage;
-}
-
-// Starts printing the range and returns the dialog that is shown meanwhile.
-static HWND BeginPrinting(const Program& program, const char* range) {
-    AskForRange(program, range);
-    WaitForDialog(program, "Print");
-    Press(program, "Enter");
-    return WaitForDialog(program, "Printing...");
 }
 
 static HWND BeginWholeBible(const Program& program) {

@@ -9,6 +9,7 @@
 #include <winspool.h>
 
 #include "notes/note_letters.h"
+#include "resources/ids.h"
 
 static constexpr wchar_t kDriverName[] = L"Test Printer";
 
@@ -179,6 +180,23 @@ std::vector<PrintedWord> PrintedWords(const Program& program) {
         words.push_back(word);
     }
     return words;
+}
+
+HWND OpenPrintRange(const Program& program) {
+    Command(program, IDM_PRINT_RANGE);
+    return WaitForDialog(program, "Print Range");
+}
+
+void AskForRange(const Program& program, const char* range) {
+    SetDlgItemTextA(OpenPrintRange(program), IDC_RANGE, range);
+    Press(program, "Enter");
+}
+
+HWND BeginPrinting(const Program& program, const char* range) {
+    AskForRange(program, range);
+    WaitForDialog(program, "Print");
+    Press(program, "Enter");
+    return WaitForDialog(program, "Printing...");
 }
 
 void AcceptPrinter(const Program& program) {

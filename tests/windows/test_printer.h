@@ -44,5 +44,11 @@ struct PrintedWord {
 };
 std::vector<PrintedWord> PrintedWords(const Program& program);
 
+// Opens Print Range; also presses OK for this range; also OK in the print dialog, and returns the dialog that is shown
+// while it prints.
+HWND OpenPrintRange(const Program& program);
+void AskForRange(const Program& program, const char* range);
+HWND BeginPrinting(const Program& program, const char* range);
+
 // Presses OK in the print dialog and waits until the job is finished.
 void AcceptPrinter(const Program& program);
