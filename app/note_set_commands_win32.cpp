@@ -133,6 +133,7 @@ static bool IsOwnSet(const std::string& name) {
 
 // Forgets the own sets that are no longer there: a copy may get the name of one.
 static void KeepOwnSets() {
+    if (theFrame.ownSets.empty()) return;
     std::string names;
     for (const ConflictCopy& copy : FindConflictCopies(TheNoteFiles()))
         if (IsOwnSet(copy.name)) names += copy.name + '/';

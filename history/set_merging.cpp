@@ -36,7 +36,7 @@ static bool IsAfterBackups(const NoteFiles& files, const std::string& copy, cons
 // The copy's own history, and those that belong to a copy whatever its name is.
 static std::set<std::string> HistoriesOfCopies(const NoteFiles& files, const std::string& copy,
                                                const std::string& set) {
-    const std::vector<std::string> found = FindHistoryCopies(files, set);
+    const std::vector<std::string> found = HistoryCopiesOf(FindHalfCopies(files), set);
     std::set<std::string> names(found.begin(), found.end());
     if (files.stamp(files.device, HistoryFileName(copy)).exists) names.insert(copy);
     return names;
@@ -146,20 +146,23 @@ static bool PutAwayCopy(const NoteFiles& files, const SetMerge& merge) {
     PassTableOn(files, merge);
     for (const std::string& name : HistoriesOfCopies(files, merge.copy, merge.set))
         PutAway(files, kInBackups, name, kHistoryEnding);
-    for (const std::string& name : FindLoneIndexes(files, merge.set)) PutAway(files, "", name, kIndexEnding);
+    for (const std::string& name : LoneIndexesOf(files, FindHalfCopies(files), merge.set))
+        PutAway(files, "", name, kIndexEnding);
     return true;
 }
 
 void PutAwayHalfCopies(const NoteFiles& files) {
-    const std::vector<ConflictCopy> copies = FindConflictCopies(files);
-    for (const std::string& set : NamesWithEnding(files, "", kDataEnding)) {
+    const std::vector<std::string> sets = NamesWithEnding(files, "", kDataEnding);
+    const std::vector<ConflictCopy> copies = ConflictCopiesAmong(sets);
+    const HalfCopyNames halves = FindHalfCopies(files);
+    for (const std::string& set : sets) {
         const auto isOfSet = [&](const ConflictCopy& copy) { return copy.of.set == set || copy.name == set; };
         if (std::ranges::any_of(copies, isOfSet)) continue;  // first the copy is merged, for which they are needed
-        const std::vector<std::string> found = FindHistoryCopies(files, set);
+        const std::vector<std::string> found = HistoryCopiesOf(halves, set);
         const std::set<std::string> histories(found.begin(), found.end());
         if (!histories.empty() && JoinHistories(files, set, histories, {}))
             for (const std::string& name : histories) PutAway(files, kInBackups, name, kHistoryEnding);
-        const std::vector<std::string> indexes = FindLoneIndexes(files, set);
+        const std::vector<std::string> indexes = LoneIndexesOf(files, halves, set);
         if (!indexes.empty() && files.makeFolder(files.device, kBackupFolder))
             for (const std::string& name : indexes) PutAway(files, "", name, kIndexEnding);
     }

@@ -212,7 +212,7 @@ TEST(SetMerge, TakesHalvesOfACopy) {
     EXPECT_EQ(Merge(files, notes), SetMergeEnd::kMerged);
     EXPECT_EQ(TextsOf(files, "a"), kMerged);
     EXPECT_THAT(FilesIn(files, ""), UnorderedElementsAre("a.nmd", "a.nmi"));
-    EXPECT_THAT(FindHistoryCopies(DeviceOver(files), "a"), IsEmpty());
+    EXPECT_THAT(HistoryCopiesOf(FindHalfCopies(DeviceOver(files)), "a"), IsEmpty());
     EXPECT_THAT(NamesOf(Opened(files)), ElementsAre("a"));
 }
 
@@ -363,7 +363,7 @@ static void ExpectNothingLost(FakeNoteFiles files) {
     EXPECT_THAT(NamesOf(Opened(files)), ElementsAre("a"));
     for (const char* text : {"two here", "two"}) EXPECT_THAT(HistoryOf(files, "a", 2), testing::Contains(text));
     EXPECT_THAT(HistoryOf(files, "a", 4), testing::Contains("four"));
-    EXPECT_THAT(FindHistoryCopies(DeviceOver(files), "a"), IsEmpty());
+    EXPECT_THAT(HistoryCopiesOf(FindHalfCopies(DeviceOver(files)), "a"), IsEmpty());
 }
 
 TEST(StoppedMerge, LosesNothing) {
@@ -413,7 +413,7 @@ TEST(HalfCopies, ArePutAway) {
     EXPECT_THAT(FilesIn(files, ""), UnorderedElementsAre("a.nmd", "a.nmi"));
     EXPECT_THAT(HistoryOf(files, "a", 4), ElementsAre("four"));
     EXPECT_THAT(HistoryOf(files, "a", 1), ElementsAre("uno"));
-    EXPECT_THAT(FindHistoryCopies(DeviceOver(files), "a"), IsEmpty());
+    EXPECT_THAT(HistoryCopiesOf(FindHalfCopies(DeviceOver(files)), "a"), IsEmpty());
     const auto after = files.contents;
     PutAwayHalfCopies(DeviceOver(files));
     EXPECT_EQ(files.contents, after);
@@ -425,4 +425,15 @@ TEST(HalfCopies, StayWhileThereIsACopy) {
     const auto before = files.contents;
     PutAwayHalfCopies(DeviceOver(files));
     EXPECT_EQ(files.contents, before);
+}
+
+// A listing takes the longer the more files the folder has, so one for each set made the start wait for all of them.
+TEST(HalfCopies, AreLookedForInAsManyListingsForAnyNumberOfSets) {
+    const auto listingsFor = [](int sets) {
+        FakeNoteFiles files;
+        for (int set = 0; set < sets; ++set) AddFakeSet(files, "a" + std::to_string(set), {});
+        PutAwayHalfCopies(DeviceOver(files));
+        return files.listings;
+    };
+    EXPECT_EQ(listingsFor(31), listingsFor(1));
 }

@@ -81,7 +81,10 @@ std::vector<std::string> NamesWithEnding(const NoteFiles& files, const std::stri
 }
 
 std::vector<ConflictCopy> FindConflictCopies(const NoteFiles& files) {
-    const std::vector<std::string> sets = NamesWithEnding(files, "", kDataEnding);
+    return ConflictCopiesAmong(NamesWithEnding(files, "", kDataEnding));
+}
+
+std::vector<ConflictCopy> ConflictCopiesAmong(std::span<const std::string> sets) {
     std::vector<ConflictCopy> copies;
     for (const std::string& name : sets)
         if (const std::optional<ConflictName> found = ConflictNameOf(name, sets)) copies.push_back({name, *found});
@@ -93,22 +96,28 @@ std::optional<ConflictName> ConflictCopyOf(const NoteFiles& files, std::string_v
     return ConflictNameOf(name, NamesWithEnding(files, "", kDataEnding));
 }
 
-static std::vector<std::string> CopiesAmong(std::vector<std::string> names, const std::string& set, bool isCertain) {
+static std::vector<std::string> CopiesAmong(std::span<const std::string> names, const std::string& set,
+                                            bool isCertain) {
     const std::string sets[] = {set};
-    std::erase_if(names, [&](const std::string& name) {
-        const std::optional<ConflictName> found = ConflictNameOf(name, sets);
-        return !found || (isCertain && !found->isCertain);
-    });
-    std::ranges::sort(names);
-    return names;
+    std::vector<std::string> copies;
+    for (const std::string& name : names)
+        if (const auto found = ConflictNameOf(name, sets); found && (found->isCertain || !isCertain))
+            copies.push_back(name);
+    std::ranges::sort(copies);
+    return copies;
 }
 
-std::vector<std::string> FindLoneIndexes(const NoteFiles& files, const std::string& set) {
-    std::vector<std::string> names = CopiesAmong(NamesWithEnding(files, "", kIndexEnding), set, false);
+HalfCopyNames FindHalfCopies(const NoteFiles& files) {
+    return {NamesWithEnding(files, "", kIndexEnding),
+            NamesWithEnding(files, std::string(kBackupFolder) + '/', kHistoryEnding)};
+}
+
+std::vector<std::string> LoneIndexesOf(const NoteFiles& files, const HalfCopyNames& found, const std::string& set) {
+    std::vector<std::string> names = CopiesAmong(found.indexes, set, false);
     std::erase_if(names, [&](const std::string& name) { return files.stamp(files.device, name + kDataEnding).exists; });
     return names;
 }
 
-std::vector<std::string> FindHistoryCopies(const NoteFiles& files, const std::string& set) {
-    return CopiesAmong(NamesWithEnding(files, std::string(kBackupFolder) + '/', kHistoryEnding), set, true);
+std::vector<std::string> HistoryCopiesOf(const HalfCopyNames& found, const std::string& set) {
+    return CopiesAmong(found.histories, set, true);
 }

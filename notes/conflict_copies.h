@@ -44,16 +44,26 @@ struct ConflictCopy {
     ConflictName of;
 };
 
-// The copies in the working directory that have a data file, by name.
+// The copies in the working directory that have a data file, by name; the second one, among such names in a listing.
 std::vector<ConflictCopy> FindConflictCopies(const NoteFiles& files);
+std::vector<ConflictCopy> ConflictCopiesAmong(std::span<const std::string> sets);
 
 // The set with a data file that `name` is a conflict copy of; nullopt if it is of none.
 std::optional<ConflictName> ConflictCopyOf(const NoteFiles& files, std::string_view name);
 
-// Names, without the ending, of the index files that are copies of the set's but have no data file, and of the
-// histories in the folder of backups that certainly are copies of its history.
-std::vector<std::string> FindLoneIndexes(const NoteFiles& files, const std::string& set);
-std::vector<std::string> FindHistoryCopies(const NoteFiles& files, const std::string& set);
+// Names, without the ending, of all index files and of all histories in the folder of backups. Looking for halves of
+// the copies of many sets takes one listing of each folder, and not one for each set.
+struct HalfCopyNames {
+    std::vector<std::string> indexes;
+    std::vector<std::string> histories;
+};
+
+HalfCopyNames FindHalfCopies(const NoteFiles& files);
+
+// Of those names, sorted: the index files that are copies of the set's but have no data file, and the histories that
+// certainly are copies of its history.
+std::vector<std::string> LoneIndexesOf(const NoteFiles& files, const HalfCopyNames& found, const std::string& set);
+std::vector<std::string> HistoryCopiesOf(const HalfCopyNames& found, const std::string& set);
 
 // Names, without the ending, of the files in `folder` ("" or "backup/") that end in exactly `ending`, in directory
 // order.

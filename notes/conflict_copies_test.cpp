@@ -89,10 +89,11 @@ TEST(ConflictCopies, MayBeHalves) {
     for (const char* name : {"a_conflict-1", "a-PC", "b"}) files.contents[std::string(name) + ".nmi"] = {};
     for (const char* name : {"a_conflict-2", "a-PC", "a", "b", "a_conflict-1 merged"})
         files.contents["backup/" + std::string(name) + ".nmh"] = {};
-    EXPECT_THAT(FindLoneIndexes(DeviceOver(files), "a"), ElementsAre("a-PC", "a_conflict-1"));
-    EXPECT_THAT(FindHistoryCopies(DeviceOver(files), "a"), ElementsAre("a_conflict-2"));
+    EXPECT_THAT(LoneIndexesOf(DeviceOver(files), FindHalfCopies(DeviceOver(files)), "a"),
+                ElementsAre("a-PC", "a_conflict-1"));
+    EXPECT_THAT(HistoryCopiesOf(FindHalfCopies(DeviceOver(files)), "a"), ElementsAre("a_conflict-2"));
     AddFakeSet(files, "a-PC", {});
-    EXPECT_THAT(FindLoneIndexes(DeviceOver(files), "a"), ElementsAre("a_conflict-1"));
+    EXPECT_THAT(LoneIndexesOf(DeviceOver(files), FindHalfCopies(DeviceOver(files)), "a"), ElementsAre("a_conflict-1"));
 }
 
 // ---- At the start ---------------------------------------------------------------------------------------------------

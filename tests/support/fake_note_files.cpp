@@ -23,7 +23,8 @@ static void Touch(FakeNoteFiles& files, const std::string& name) {
 // ---- Whole files ----------------------------------------------------------------------------------------------------
 
 static std::vector<std::string> List(void* device, const std::string& pattern) {
-    const FakeNoteFiles& files = FilesOf(device);
+    FakeNoteFiles& files = FilesOf(device);
+    ++files.listings;
     const std::size_t star = pattern.find('*');
     const std::string folder = pattern.substr(0, star);
     const std::string ending = pattern.substr(star + 1);

@@ -28,6 +28,7 @@ struct FakeNoteFiles {
 
     std::vector<std::string> log;  // "read NAME", "size NAME", "create NAME", "open NAME", "write NAME 12"...; without
                                    // stamps and listings
+    std::size_t listings = 0;      // how many were made
 
     std::map<std::string, std::size_t> unflushed;  // files with bytes that are not yet on the disk: how many are
     int openFiles = 0;
