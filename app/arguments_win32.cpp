@@ -61,7 +61,8 @@ static std::string WithCarriageReturns(const std::string& text) {
 }
 
 bool AnswerArguments(const ProgramArguments& arguments) {
-    if (!arguments.help && !arguments.version) return false;
+    if (arguments.removeList) RemoveJumpList();
+    if (!arguments.help && !arguments.version) return arguments.removeList;
     const std::string text = arguments.help ? HelpOnArguments(VERSEWELL_VERSION) : VersionLine(VERSEWELL_VERSION);
     const std::string lines = WithCarriageReturns(text);
     if (!WriteToRedirected(lines) && !WriteToConsole(lines))

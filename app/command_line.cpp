@@ -61,6 +61,8 @@ static bool TakeOption(ProgramArguments& arguments, const std::u16string& option
         arguments.help = true;
     } else if (option == u"--version") {
         arguments.version = true;
+    } else if (option == u"--remove-list") {
+        arguments.removeList = true;
     } else {
         return false;
     }
@@ -109,7 +111,8 @@ std::string HelpOnArguments(std::string_view version) {
            "there.\n"
            "/folder \"PATH\": where the notes and settings are, unless the program was installed.\n"
            "--help: shows this text.\n"
-           "--version: shows the version.\n";
+           "--version: shows the version.\n"
+           "--remove-list: removes the last verses from the taskbar's list of the program, as its uninstaller does.\n";
 }
 
 std::string VersionLine(std::string_view version) {

@@ -14,8 +14,9 @@ struct ProgramArguments {
     // an option and is none, if there is one.
     std::u16string reference;
 
-    bool help = false;     // --help, -h or /?
-    bool version = false;  // --version
+    bool help = false;        // --help, -h or /?
+    bool version = false;     // --version
+    bool removeList = false;  // --remove-list
 };
 
 // Takes the command line of a process apart, which begins with the name of the program. Blanks and tabs are between

@@ -48,6 +48,8 @@ TEST(CommandLine, CanAskForHelpAndVersion) {
         EXPECT_TRUE(ReadCommandLine(line).help);
     EXPECT_TRUE(ReadCommandLine(u"v --version").version);
     EXPECT_FALSE(ReadCommandLine(u"v --version").help);
+    EXPECT_TRUE(ReadCommandLine(u"v --remove-list").removeList);
+    EXPECT_FALSE(ReadCommandLine(u"v --version").removeList);
 }
 
 TEST(CommandLine, HasAnUnknownOptionForAReference) {
@@ -86,7 +88,8 @@ TEST(CommandLine, IsReadNoFurtherThanAReferenceField) {
 
 TEST(CommandLine, TellsWhatItCanHave) {
     const std::string help = HelpOnArguments("3.2.1");
-    for (const char* part : {"Versewell 3.2.1\n", "/folder \"PATH\"", "John 3:16", "--help", "--version"})
+    for (const char* part :
+         {"Versewell 3.2.1\n", "/folder \"PATH\"", "John 3:16", "--help", "--version", "--remove-list"})
         EXPECT_NE(help.find(part), help.npos) << part;
     EXPECT_EQ(VersionLine("3.2.1"), "Versewell 3.2.1\n");
     EXPECT_EQ(NotUnderstood("Jhn 3:99"), "\"Jhn 3:99\" is not understood");

@@ -19,9 +19,6 @@
 
 #include <propsys.h>
 
-// The installer gives the same name to the entry in the start menu.
-static constexpr wchar_t kTaskbarName[] = L"Versewell.Versewell";
-
 static constexpr PROPERTYKEY kTitle = {{0xF29F85E0, 0x4FF9, 0x1068, {0xAB, 0x91, 0x08, 0x00, 0x2B, 0x27, 0xB3, 0xD9}},
                                        2};
 
@@ -48,10 +45,6 @@ static OwnedObject<Interface> Asked(IUnknown& of) {
     void* object = nullptr;
     const HRESULT result = of.QueryInterface(__uuidof(Interface), &object);
     return OwnedObject<Interface>(SUCCEEDED(result) ? static_cast<Interface*>(object) : nullptr);
-}
-
-void NameForTaskbar() {
-    if (IsInstalledCopy()) SetCurrentProcessExplicitAppUserModelID(kTaskbarName);
 }
 
 void RememberVerse(int verse) {
@@ -114,11 +107,12 @@ static void AddItems(IObjectCollection& items) {
         if (const auto link = LinkTo(ReferenceTo(verse))) items.AddObject(link.get());
 }
 
-// Without a commit nothing changes.
+// The list gets no name of its own (SetAppID), because the program has none: the system knows by the program's file to
+// which windows and entries of the start menu it belongs. Without a commit nothing changes.
 static void Write() {
     const auto list = Created<ICustomDestinationList>(CLSID_DestinationList);
     const auto items = Created<IObjectCollection>(CLSID_EnumerableObjectCollection);
-    if (!list || !items || FAILED(list->SetAppID(kTaskbarName))) return;
+    if (!list || !items) return;
     UINT slots = 0;
     void* object = nullptr;
     if (FAILED(list->BeginList(&slots, __uuidof(IObjectArray), &object)) || object == nullptr) return;
@@ -130,4 +124,9 @@ static void Write() {
 
 void WriteJumpList() {
     if (theFrame.hasNewLastVerse && SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED))) Write();
+}
+
+void RemoveJumpList() {
+    if (FAILED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED))) return;
+    if (const auto list = Created<ICustomDestinationList>(CLSID_DestinationList)) list->DeleteList(nullptr);
 }

@@ -2,10 +2,6 @@
 // an installed copy has one: a portable one leaves nothing on the computers that it runs on.
 #pragma once
 
-// Gives the windows of an installed copy the name that its entry in the start menu has, by which the taskbar knows that
-// they belong together. To be called before the first window is created.
-void NameForTaskbar();
-
 // The verse becomes the first of the list.
 void RememberVerse(int verse);
 
@@ -13,3 +9,6 @@ void RememberVerse(int verse);
 // before the settings are written, when the frame is off the screen: it takes a while. Does nothing where the system
 // has no such lists.
 void WriteJumpList();
+
+// Takes the list away from the taskbar; the verses stay in the settings. Does not need a window.
+void RemoveJumpList();

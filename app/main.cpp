@@ -4,7 +4,6 @@
 #include "app/end_of_session_win32.h"
 #include "app/frame_win32.h"
 #include "app/frame_window.h"
-#include "app/jump_list_win32.h"
 #include "app/note_set_commands_win32.h"
 #include "app/pane_focus_win32.h"
 #include "app/session_win32.h"
@@ -106,7 +105,6 @@ int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int showState) {
     SettleWorkingFolder({kVerseTextFile, "*.nmi"}, "Versewell", "installed.txt");
     const auto tellOther = [&](HWND frame) { PassOnReference(frame, arguments.reference); };
     if (!ClaimWorkingFolder(kFrameClass, tellOther) || !RegisterClasses()) return 0;
-    NameForTaskbar();
     WatchHeldKeys();
     PrepareSets();
     OpenLastSession();

@@ -28,7 +28,6 @@ VIAddVersionKey "ProductVersion" "${VERSION}"
 !define LINK "$SMPROGRAMS\Versewell.lnk"
 !define PROGRAM "$INSTDIR\versewell.exe"
 !define APP_PATH "Software\Microsoft\Windows\CurrentVersion\App Paths\versewell.exe"
-!define TASKBAR_NAME "Versewell.Versewell"  ; as the program names itself: app/jump_list_win32.cpp
 
 ; The session of the restart manager that has closed the program; "" for none.
 Var Closing
@@ -111,47 +110,6 @@ Function StartAgain
 end:
 FunctionEnd
 
-; Gives the entry of the start menu the name that the windows of the program have, so that the taskbar shows one button
-; for both, with one list of verses. Where the system cannot do that, the entry stays as it is.
-Function NameLink
-  System::Call 'ole32::CoCreateInstance(g "{00021401-0000-0000-C000-000000000046}", p 0, i 1, g "{000214F9-0000-0000-C000-000000000046}", *p .r1) i .r0'
-  StrCmp $0 0 0 end  ; $1: IShellLink
-  System::Call '$1->0(g "{0000010B-0000-0000-C000-000000000046}", *p .r2) i .r0'
-  StrCmp $0 0 0 free1  ; $2: IPersistFile
-  System::Call '$1->0(g "{886D8EEB-8CF2-4446-8D02-CDBA1DBDCF99}", *p .r3) i .r0'
-  StrCmp $0 0 0 free2  ; $3: IPropertyStore
-  System::Call '$2->5(w "${LINK}", i 2) i .r0'  ; Load
-  StrCmp $0 0 0 free3
-  System::Call '*(g "{9F4C2855-9F79-4B39-A8D0-E1D42DE1D5F3}", i 5) p .r4'  ; System.AppUserModel.ID
-  System::Call '*(&w32 "${TASKBAR_NAME}") p .r5'
-  System::Call '*(&i2 31, &i2 0, &i2 0, &i2 0, p r5, p 0) p .r6'  ; VT_LPWSTR
-  System::Call '$3->6(p r4, p r6) i .r0'  ; SetValue
-  StrCmp $0 0 0 free4
-  System::Call '$3->7() i .r0'  ; Commit
-  StrCmp $0 0 0 free4
-  System::Call '$2->6(w "${LINK}", i 1) i .r0'  ; Save
-free4:
-  System::Free $6
-  System::Free $5
-  System::Free $4
-free3:
-  System::Call '$3->2()'
-free2:
-  System::Call '$2->2()'
-free1:
-  System::Call '$1->2()'
-end:
-FunctionEnd
-
-; Takes the taskbar's list of verses away.
-Function un.DeleteList
-  System::Call 'ole32::CoCreateInstance(g "{77F10CF0-3DB5-4966-B520-B7C54FD35ED6}", p 0, i 1, g "{6332DEBF-87B5-4670-90C0-5E57B408A49E}", *p .r1) i .r0'
-  StrCmp $0 0 0 end  ; $1: ICustomDestinationList
-  System::Call '$1->10(w "${TASKBAR_NAME}") i .r0'  ; DeleteList
-  System::Call '$1->2()'
-end:
-FunctionEnd
-
 Section
   Call CloseProgram
   ; Pages that a former version had and this one lacks.
@@ -161,7 +119,6 @@ Section
   SetOutPath "$INSTDIR"
   WriteUninstaller "$INSTDIR\uninstall.exe"
   CreateShortcut "${LINK}" "${PROGRAM}"
-  Call NameLink
   ; So that "versewell" can be typed into the Run window and the address field of a folder.
   WriteRegStr HKCU "${APP_PATH}" "" "${PROGRAM}"
   WriteRegStr HKCU "${ENTRY}" "DisplayName" "Versewell"
@@ -182,9 +139,10 @@ SectionEnd
 Section "Uninstall"
   Call un.CloseProgram
   Call un.EndClosing
+  ; The taskbar's list of verses. The system lets only the program itself remove it.
+  ExecWait '"${PROGRAM}" --remove-list'
   !insertmacro RemoveFiles
   Delete "${LINK}"
-  Call un.DeleteList
   DeleteRegKey HKCU "${APP_PATH}"
   DeleteRegKey HKCU "${ENTRY}"
   Delete "$INSTDIR\uninstall.exe"

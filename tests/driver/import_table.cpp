@@ -27,7 +27,7 @@ static void ReplaceImportsOf(const IMAGE_IMPORT_DESCRIPTOR& library,
     }
 }
 
-static bool StayLoaded() {
+bool StayLoaded() {
     HMODULE library = nullptr;
     return GetModuleHandleExA(GET_MODULE_HANDLE_EX_FLAG_PIN | GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS,
                               reinterpret_cast<LPCSTR>(&StayLoaded), &library) != 0;

@@ -12,26 +12,28 @@ constexpr char kProbeMessageName[] = "VersewellTestProbe";
 constexpr WPARAM kProbeMark = 0x56657273;
 
 enum class ProbeQuestion : int {
-    QueueState,          // result: QS_ bits of the thread's message queue
-    MenuBar,             // menu: of `window`
-    SubMenu,             // menu: the popup at position `item` of `menu`
-    MenuCount,           // result: number of items of `menu`
-    MenuItemByPlace,     // result: MF_ bits, id and text of the item at position `item` of `menu`
-    MenuItemById,        // the same for the command `item`
-    VerticalScroll,      // scroll: of `window`
-    EndAtFileOperation,  // see file_operations.h; `item` is the number
-    SizeOfText,          // size: of `text` in the font of `window`; `item` is as in SizeOfText of driver.h
-    TypeWithAltGr,       // see alt_gr.h; `item` is the key, `id` the character
-    AccessibleWindow,    // see accessible_probe.h; memory: a ToldWindow about `window`
-    AccessibleChild,     // result, memory: a ToldChild about the child `item` of `window`
-    AccessibleAction,    // result: of what the child `item` of `window` offers
-    AccessibleFocus,     // result: of giving the child `item` of `window` the focus
-    HearEvents,          //
-    TakeEvents,          // memory: a ToldEvents
-    SetSystemColors,     // result, memory: a SystemColorTable, see look_probe.h
-    MessageFont,         // result: the height before; `item` is the new one
-    HighContrast,        // result; `item` is 1 for on
-    DarkTitle,           // result
+    QueueState,             // result: QS_ bits of the thread's message queue
+    MenuBar,                // menu: of `window`
+    SubMenu,                // menu: the popup at position `item` of `menu`
+    MenuCount,              // result: number of items of `menu`
+    MenuItemByPlace,        // result: MF_ bits, id and text of the item at position `item` of `menu`
+    MenuItemById,           // the same for the command `item`
+    VerticalScroll,         // scroll: of `window`
+    EndAtFileOperation,     // see file_operations.h; `item` is the number
+    SizeOfText,             // size: of `text` in the font of `window`; `item` is as in SizeOfText of driver.h
+    TypeWithAltGr,          // see alt_gr.h; `item` is the key, `id` the character
+    AccessibleWindow,       // see accessible_probe.h; memory: a ToldWindow about `window`
+    AccessibleChild,        // result, memory: a ToldChild about the child `item` of `window`
+    AccessibleAction,       // result: of what the child `item` of `window` offers
+    AccessibleFocus,        // result: of giving the child `item` of `window` the focus
+    HearEvents,             //
+    TakeEvents,             // memory: a ToldEvents
+    SetSystemColors,        // result, memory: a SystemColorTable, see look_probe.h
+    MessageFont,            // result: the height before; `item` is the new one
+    HighContrast,           // result; `item` is 1 for on
+    DarkTitle,              // result
+    RecordTaskbarList,      // result; `text` is the file, see taskbar_probe.h
+    RemoveFromTaskbarList,  // result; `text` are the arguments
 };
 
 struct Probe {

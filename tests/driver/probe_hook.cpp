@@ -5,6 +5,7 @@
 #include "tests/driver/file_operations.h"
 #include "tests/driver/look_probe.h"
 #include "tests/driver/probe.h"
+#include "tests/driver/taskbar_probe.h"
 
 static void DescribeItem(Probe& probe, UINT by) {
     probe.result = GetMenuState(probe.menu, probe.item, by);
@@ -66,6 +67,8 @@ static void Answer(Probe& probe) {
             break;
         case ProbeQuestion::HighContrast: probe.result = TellHighContrast(probe.item != 0); break;
         case ProbeQuestion::DarkTitle: probe.result = static_cast<UINT>(DarkTitleSet()); break;
+        case ProbeQuestion::RecordTaskbarList: probe.result = RecordTaskbarList(probe.text); break;
+        case ProbeQuestion::RemoveFromTaskbarList: probe.result = RemoveFromTaskbarList(probe.text); break;
         default: AnswerAccessible(probe); break;
     }
     probe.answered = 1;

@@ -67,6 +67,14 @@ TEST(Arguments, AreExplained) {
     EXPECT_EQ(OutputWith(L"--version"), "Versewell " VERSEWELL_VERSION "\r\n");
 }
 
+TEST(Arguments, RemoveTheListWithoutAWindow) {
+    const ScratchFolder folder = FolderWithScripture();
+    const std::vector<std::string> files = FilesIn(folder);
+    const Program program = LaunchProgram(folder, Argument("--remove-list"));
+    EXPECT_EQ(WaitForExit(program), 0);
+    EXPECT_EQ(FilesIn(folder), files) << "nothing is written";
+}
+
 // There is neither an output nor a console: the tests' own output is a file.
 TEST(Arguments, AreExplainedInABox) {
     const ScratchFolder folder = FolderWithScripture();
