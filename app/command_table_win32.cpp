@@ -220,8 +220,8 @@ static void ShowState(const Command& command, unsigned facts) {
     EnableMenuItem(theFrame.menu, id, MF_BYCOMMAND | (HasFacts(facts, command.needs) ? MF_ENABLED : MF_GRAYED));
     if (command.tickedBy)
         CheckMenuItem(theFrame.menu, id, MF_BYCOMMAND | (IsTicked(command, facts) ? MF_CHECKED : MF_UNCHECKED));
-    const BYTE state = ButtonState(command, facts);
     const auto before = SendMessageA(theFrame.toolbar, TB_GETSTATE, id, 0);  // -1 if it has no button
+    const LRESULT state = ButtonState(command, facts) | (before & TBSTATE_WRAP);
     if (before != -1 && before != state) SendMessageA(theFrame.toolbar, TB_SETSTATE, id, MAKELPARAM(state, 0));
 }
 

@@ -23,6 +23,7 @@ struct Frame {
     HACCEL accelerators = nullptr;
     HMODULE richEdit = nullptr;
     OwnedImageList toolbarPictures;
+    std::vector<std::size_t> toolbarRows;  // RowEnds (app/toolbar_rows.h)
     ShownPanes shown;
     Bookmarks bookmarks;
     Fonts fonts;

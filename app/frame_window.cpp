@@ -71,6 +71,7 @@ static void RememberFocus(HWND window) {
 
 static void OnSize(HWND window, UINT sizeType, int width, int height) {
     if (sizeType == SIZE_MINIMIZED) return RememberFocus(window);  // the panes keep their sizes
+    DivideToolbar();
     LayOut(sizeType, width, height);
 }
 
@@ -115,7 +116,9 @@ static LRESULT OnDpiChanged(HWND window, int dpi, const RECT& place) {
     SetWindowPos(window, nullptr, static_cast<int>(place.left), static_cast<int>(place.top),
                  static_cast<int>(place.right - place.left), static_cast<int>(place.bottom - place.top),
                  SWP_NOZORDER | SWP_NOACTIVATE);
-    if (!IsIconic(window)) LayOut();  // the size may be the same as before
+    if (IsIconic(window)) return 0;
+    DivideToolbar();  // the size may be the same as before
+    LayOut();
     return 0;
 }
 

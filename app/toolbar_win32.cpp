@@ -9,6 +9,7 @@
 #include "app/command_table_win32.h"
 #include "app/frame_win32.h"
 #include "app/readable_pictures.h"
+#include "app/toolbar_rows.h"
 #include "resources/ids.h"
 #include "scripture/scripture_win32.h"
 #include "win32/dpi.h"
@@ -40,6 +41,7 @@ static std::vector<TBBUTTON> Buttons(HWND toolbar) {
         group = command.button.group;
         buttons.push_back(ButtonOf(command, CurrentFacts()));
     }
+    for (const std::size_t end : theFrame.toolbarRows) buttons[end].fsState |= TBSTATE_WRAP;
     return buttons;
 }
 
@@ -112,6 +114,29 @@ void RecreateToolbar() {
     DestroyWindow(theFrame.toolbar);
     theFrame.toolbar = CreateToolbar(theFrame.window);
     SetWindowPos(theFrame.toolbar, above ? above : HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+}
+
+static std::vector<ToolbarItem> ItemsOf(HWND toolbar) {
+    std::vector<ToolbarItem> items(static_cast<std::size_t>(SendMessageA(toolbar, TB_BUTTONCOUNT, 0, 0)));
+    for (std::size_t at = 0; at < items.size(); ++at) {
+        TBBUTTON button{};
+        RECT place{};
+        SendMessageA(toolbar, TB_GETBUTTON, at, reinterpret_cast<LPARAM>(&button));
+        SendMessageA(toolbar, TB_GETITEMRECT, at, reinterpret_cast<LPARAM>(&place));
+        items[at] = {static_cast<int>(place.right - place.left), (button.fsStyle & TBSTYLE_SEP) != 0};
+    }
+    return items;
+}
+
+// The control could divide the row itself (TBSTYLE_WRAPABLE), but then paints all buttons whenever the frame is sized,
+// and Wine gives it the height of a row too many.
+void DivideToolbar() {
+    RECT client{};
+    GetClientRect(theFrame.window, &client);
+    std::vector<std::size_t> rows = RowEnds(ItemsOf(theFrame.toolbar), static_cast<int>(client.right));
+    if (rows == theFrame.toolbarRows) return;
+    theFrame.toolbarRows = std::move(rows);
+    RecreateToolbar();
 }
 
 bool IsGreyedButton(int command) {

@@ -15,6 +15,7 @@
 #include "tests/driver/remote_memory.h"
 #include "tests/windows/note_steps.h"
 #include "tests/windows/search_steps.h"
+#include "tests/windows/system_scaling.h"
 
 namespace {
 
@@ -172,6 +173,63 @@ static int ClickGreyButtons(const Program& program) {
         EXPECT_EQ(StatusPart(program, 3), top) << row.command;
     }
     return clicked;
+}
+
+// Those that are not wholly inside the toolbar, or have the place of another one.
+static std::vector<int> ButtonsOutOfReach(const Program& program) {
+    const RECT client = ClientRectOf(Child(program.frame, {IDC_TOOLBAR}));
+    std::vector<int> commands;
+    std::vector<RECT> places;
+    for (const ToolbarRow& row : kToolbar) {
+        if (row.command == 0) continue;
+        const RECT place = ToolRect(program, row.command);
+        const bool isInside = place.left >= 0 && place.top >= 0 && place.right <= client.right &&
+                              place.bottom <= client.bottom && !IsRectEmpty(&place);
+        const bool isFree = std::ranges::none_of(places, [&](const RECT& other) {
+            RECT common{};
+            return IntersectRect(&common, &place, &other) != 0;
+        });
+        if (!isInside || !isFree) commands.push_back(row.command);
+        places.push_back(place);
+    }
+    return commands;
+}
+
+static void ExpectPanesBelowToolbar(const Program& program, int gap) {
+    const RECT toolbar = RectIn(Child(program.frame, {IDC_TOOLBAR}), program.frame);
+    for (const int tabs : {IDC_LIST_TABS, IDC_PASSAGE_TABS})
+        EXPECT_EQ(RectIn(Child(program.frame, {tabs}), program.frame).top, toolbar.bottom + gap);
+}
+
+static LONG HeightOfToolbar(const Program& program) {
+    return ClientRectOf(Child(program.frame, {IDC_TOOLBAR})).bottom;
+}
+
+// A frame that is narrower than the row of buttons has several rows of them.
+TEST(Toolbar, HasAllButtonsInReachInANarrowFrame) {
+    for (const int dpi : {96, 192}) {
+        SCOPED_TRACE(dpi);
+        const SystemScaling scaling(dpi);
+        const Program program = StartProgram(FolderWithScripture());
+        const int gap = MulDiv(2, dpi, 96);
+        PlaceFrame(program, {0, 0, 1600, 900});
+        const LONG height = HeightOfToolbar(program);
+        EXPECT_EQ(ToolRect(program, IDM_CUT).top, ToolRect(program, IDM_HELP_TOPICS).top) << "one row";
+        for (const LONG width : {MulDiv(400, dpi, 96), MulDiv(300, dpi, 96)}) {
+            PlaceFrame(program, {0, 0, width, 900});
+            SavePicture(PictureOfWindow(program.frame), "toolbar-" + std::to_string(dpi) + "-" + std::to_string(width));
+            EXPECT_THAT(ButtonsOutOfReach(program), testing::IsEmpty()) << width;
+            ExpectPanesBelowToolbar(program, gap);
+            EXPECT_GT(HeightOfToolbar(program), height);
+            ClickButton(program, IDM_VIEW_NOTES);
+            EXPECT_FALSE(IsShown(Child(program.frame, {IDC_NOTE_TABS})));
+            ClickButton(program, IDM_VIEW_NOTES);
+        }
+        PlaceFrame(program, {0, 0, 1600, 900});
+        EXPECT_THAT(ButtonsOutOfReach(program), testing::IsEmpty());
+        EXPECT_EQ(HeightOfToolbar(program), height);
+        ExpectPanesBelowToolbar(program, gap);
+    }
 }
 
 TEST(Toolbar, IgnoresClicksOnGreyButtons) {
