@@ -20,6 +20,7 @@
 #include "win32/files.h"
 #include "win32/held_keys.h"
 #include "win32/system_library.h"
+#include "win32/thread_stack.h"
 
 static constexpr char kFailureText[] =
     "Initialization of Versewell97 incomplete.\n\n"
@@ -99,6 +100,7 @@ static void ReleaseRichEdit() {
 
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int showState) {
     LoadOnlySystemLibraries();
+    GiveBackUnusedStack();
     const ProgramArguments arguments = ArgumentsOfProcess();
     if (AnswerArguments(arguments)) return 0;
     if (!EnterArgumentFolder(arguments)) return 0;

@@ -8,6 +8,7 @@
 #include "pane/status_bar_win32.h"
 #include "win32/controls.h"
 #include "win32/files.h"
+#include "win32/thread_stack.h"
 
 NoteTabs theNoteTabs;
 
@@ -82,8 +83,14 @@ static std::string Tell(const OpenedSets& opened, bool (*hasWholeCopy)(const Not
     return answer == IDYES ? setName : "";
 }
 
-static DWORD WINAPI OpenSets(void*) {
+static void OpenSets() {
     theOpening.opened = OpenNoteSets(TheNoteFiles(), theOpening.sets, NoteTimeNow());
+}
+
+// Wine keeps the stack of the thread that ended last.
+static DWORD WINAPI OpenSetsInThread(void*) {
+    OpenSets();
+    GiveBackUnusedStack();
     return 0;
 }
 
@@ -93,8 +100,8 @@ void EndOpening::operator()(void* thread) const {
 }
 
 OpeningSets BeginToLoadNoteSets() {
-    theOpening.thread = CreateThread(nullptr, 0, OpenSets, nullptr, 0, nullptr);
-    if (theOpening.thread == nullptr) OpenSets(nullptr);
+    theOpening.thread = CreateThread(nullptr, 0, OpenSetsInThread, nullptr, 0, nullptr);
+    if (theOpening.thread == nullptr) OpenSets();
     return OpeningSets(theOpening.thread);
 }
 

@@ -9,6 +9,7 @@
 
 #include "win32/handles.h"
 #include "win32/system_library.h"
+#include "win32/thread_stack.h"
 #include "win32/windows_api.h"
 
 #include <dbghelp.h>  // needs the Windows headers
@@ -64,6 +65,7 @@ static void WriteDump() {
 
 // A thread of its own, because the one that crashed may have no stack left, and its stack is part of the dump.
 static DWORD WINAPI Dumper(void*) {
+    GiveBackUnusedStack();
     WaitForSingleObject(theCrash.begin, INFINITE);
     WriteDump();
     SetEvent(theCrash.end);
