@@ -1,6 +1,7 @@
 #include "app/output_commands_win32.h"
 
 #include "app/frame_win32.h"
+#include "app/spare_memory_win32.h"
 #include "notes/note_files_win32.h"
 #include "notes/note_source.h"
 #include "output/copy_text.h"
@@ -38,6 +39,7 @@ static void Copy(const char* noMemory, MakeText makeText, MakeHtml makeHtml) {
     const bool put = copy.allocated && PutText(clipboard, copy.text);
     if (put && !copy.text.empty()) PutHtml(clipboard, [&] { return ClipboardHtml(makeHtml(copy)); });
     clipboard.reset();
+    NoteTextsRead();
     EndWait(before);
     if (!put) return Complain(theFrame.window, noMemory, kCopyErrorCaption);
     for (int said = 0; said < copy.complaints; ++said) Complain(theFrame.window, kCopyIncomplete, kCopyErrorCaption);
@@ -110,6 +112,7 @@ template <typename WriteFile>
 static void Save(WriteFile write) {
     const HCURSOR before = BeginWait(theFrame.window);
     const char* problem = write();
+    NoteTextsRead();
     EndWait(before);
     if (problem) Complain(theFrame.window, problem, kSaveErrorCaption);
 }

@@ -3,6 +3,7 @@
 #include <numeric>
 
 #include "app/frame_win32.h"
+#include "app/spare_memory_win32.h"
 #include "notes/note_source.h"
 #include "notes/notes_window.h"
 #include "output/format_dialog.h"
@@ -32,6 +33,7 @@ static void PrintVersesOf(const ParsedRange& range, const NoteSource* notes) {
     PrintDocument(theFrame.window, std::move(printer), theFrame.printerSetup.page.rtMargin,
                   {"Range of Verses", theScripture, VersesOf(range), RangePrinting({}, theFormat, theReading, notes),
                    FontRecord(theFrame.fonts.passage, kUnscaledDpi), FontRecord(theFrame.fonts.notes, kUnscaledDpi)});
+    NoteTextsRead();
 }
 
 // The set whose notes are printed is the current one during printing.
@@ -71,4 +73,5 @@ void PrintVerseList(int) {
     PrintDocument(
         theFrame.window, std::move(printer), theFrame.printerSetup.page.rtMargin,
         {"Verse List", theScripture, theVerseList.list.ListEntries, ListPrinting({}, theReading), font, font});
+    NoteTextsRead();
 }

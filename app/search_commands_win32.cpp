@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "app/frame_win32.h"
+#include "app/spare_memory_win32.h"
 #include "notes/note_search.h"
 #include "notes/notes_window.h"
 #include "notes/search_notes_dialog.h"
@@ -40,6 +41,7 @@ static bool RunSearch(const SearchKind& kind) {
     const HCURSOR before = BeginWait(theFrame.window);
     Query query = QueryOf(theSearch.searchText, theSearch.options, kind.query);
     SearchResult found = Search(theScripture, theWordIndex, query, theSearch.range, hits);
+    NoteTextsRead();
     const bool hasFound = !found.verses.empty();
     if (hasFound) ShowFound(kind, std::move(query), std::move(found));
     EndWait(before);
@@ -100,5 +102,6 @@ void SearchNotesForSelection(int) {
 bool PrepareSearchesInIdleTime() {
     if (!theScripture.textKinds.empty() || theScripture.text.empty()) return false;
     theScripture.textKinds = FindTextKinds(theScripture);
+    NoteTextsRead();
     return !theScripture.textKinds.empty();
 }

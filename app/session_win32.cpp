@@ -10,6 +10,7 @@
 #include "app/session.h"
 #include "app/session_pace.h"
 #include "app/set_checks_win32.h"
+#include "app/spare_memory_win32.h"
 #include "app/startup_win32.h"
 #include "notes/note_editor_window.h"
 #include "notes/note_files_win32.h"
@@ -126,10 +127,12 @@ bool NextMessage(MSG& message) {
         if (isAwake) NoteActivity(theKept.pace, GetTickCount64());  // awake for a sent message
         isAwake = false;
         if (CompleteNoteView(theNotes.view) || PrepareSearchesInIdleTime() || CheckSetsInIdleTime()) continue;
-        isAwake =
-            MsgWaitForMultipleObjectsEx(0, nullptr, TimeToCheck(), QS_ALLINPUT, MWMO_INPUTAVAILABLE) != WAIT_TIMEOUT;
+        const DWORD patience = std::min(TimeToCheck(), TimeToRest());
+        isAwake = MsgWaitForMultipleObjectsEx(0, nullptr, patience, QS_ALLINPUT, MWMO_INPUTAVAILABLE) != WAIT_TIMEOUT;
+        GiveBackSpareMemory();
         KeepSession();
     }
+    PutOffRest();
     if (message.message == WM_NCLBUTTONDOWN) WriteSession();  // scroll bars, too, have a loop of their own
     if (IsActivity(message.message)) NoteActivity(theKept.pace, GetTickCount64());
     KeepSession();

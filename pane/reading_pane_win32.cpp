@@ -45,6 +45,14 @@ FlowVisitor RunsVisitor(ReadingPane& pane, SelectionOwnerId owner) {
 // Of both panes: what is painted is on the screen at once.
 static Canvas canvas;
 
+bool HasPaintBitmap() {
+    return canvas.bitmap != nullptr;
+}
+
+void GiveBackPaintBitmap() {
+    canvas = {};
+}
+
 // The pane that has scrolled since its position was last shown.
 static const PaneKind* scrolledPane = nullptr;
 

@@ -48,6 +48,11 @@ struct PaneKind {
     SpokenPane spoken;  // for screen readers
 };
 
+// The bitmap that both panes are painted on stays for the next paint. Is it there? It can be given back between two
+// paints.
+bool HasPaintBitmap();
+void GiveBackPaintBitmap();
+
 // The window procedure of a pane, called by that of its window class.
 LRESULT ReadingPaneProcedure(const PaneKind& kind, HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 

@@ -1,6 +1,7 @@
 // Separate from the dialogs so that the benchmarks can load the scripture without them.
 #include "scripture/scripture_win32.h"
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -21,6 +22,21 @@ static bool MapDataFile(void*, const char* name, AccessPattern pattern, std::spa
 
 DataFiles ScriptureDataFiles() {
     return {nullptr, MapDataFile};
+}
+
+void MapAnew(std::span<const unsigned char>& bytes) {
+    const auto file = std::ranges::find_if(
+        mappedFiles, [&](const MappedFile& each) { return !bytes.empty() && each.bytes.data() == bytes.data(); });
+    if (file == mappedFiles.end()) return;
+    MapAnew(*file);
+    bytes = file->bytes;
+}
+
+void MapAnew(Scripture& scripture) {
+    std::span text(reinterpret_cast<const unsigned char*>(scripture.text.data()), scripture.text.size());
+    MapAnew(text);
+    scripture.text = {reinterpret_cast<const char*>(text.data()), text.size()};
+    MapAnew(scripture.records.bytes);
 }
 
 void ReleaseDataFiles() {

@@ -1,6 +1,7 @@
 #include "win32/files.h"
 
 #include <algorithm>
+#include <utility>
 
 // ---- Text -----------------------------------------------------------------------------------------------------------
 
@@ -251,10 +252,17 @@ bool MapWholeFile(const std::wstring& path, DWORD accessFlag, MappedFile& file) 
     if (!GetFileSizeEx(opened, &size)) return false;
     if (size.QuadPart == 0) return true;  // an empty file cannot be mapped
 
-    const OwnedFile mapping(CreateFileMappingA(opened, nullptr, PAGE_READONLY, 0, 0, nullptr));
-    if (!mapping) return false;
-    file.view.reset(MapViewOfFile(mapping.get(), FILE_MAP_READ, 0, 0, 0));
+    file.mapping.reset(CreateFileMappingA(opened, nullptr, PAGE_READONLY, 0, 0, nullptr));
+    if (!file.mapping) return false;
+    file.view.reset(MapViewOfFile(file.mapping.get(), FILE_MAP_READ, 0, 0, 0));
     if (!file.view) return false;
     file.bytes = {static_cast<const unsigned char*>(file.view.get()), static_cast<std::size_t>(size.QuadPart)};
     return true;
+}
+
+void MapAnew(MappedFile& file) {
+    MappedView view(MapViewOfFile(file.mapping.get(), FILE_MAP_READ, 0, 0, 0));
+    if (!view) return;
+    file.bytes = {static_cast<const unsigned char*>(view.get()), file.bytes.size()};
+    file.view = std::move(view);
 }

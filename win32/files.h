@@ -99,6 +99,7 @@ bool MoveWithPatience(const std::wstring& from, const std::wstring& to, DWORD fl
 // ---- Mapping --------------------------------------------------------------------------------------------------------
 
 struct MappedFile {
+    OwnedFile mapping;
     MappedView view;
     std::span<const unsigned char> bytes;
 };
@@ -106,3 +107,7 @@ struct MappedFile {
 // Maps the file at `path`, shared for reading; `accessFlag` is FILE_FLAG_SEQUENTIAL_SCAN or FILE_FLAG_RANDOM_ACCESS.
 // False when it cannot be opened or mapped. An empty file returns true and no bytes.
 bool MapWholeFile(const std::wstring& path, DWORD accessFlag, MappedFile& file);
+
+// Maps the file at another address and gives the view of before back to the system, with all that has been read there.
+// Nothing may point into it. The view stays if the system has none.
+void MapAnew(MappedFile& file);
