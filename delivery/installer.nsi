@@ -1,5 +1,5 @@
 ; The installer, for one user and without administrator. ./dist gives:
-;   VERSION, OUTPUT, FILES (lists what is installed and removed), SIZE (kilobytes), ICON
+;   VERSION, OUTPUT, FILES (lists what is installed and removed), SIZE (kilobytes), and what wizard.nsh needs
 Target amd64-unicode
 Name "Versewell ${VERSION}"
 OutFile "${OUTPUT}"
@@ -9,8 +9,6 @@ SetDateSave off
 CRCCheck on
 ManifestDPIAware true
 ManifestSupportedOS all
-Icon "${ICON}"
-UninstallIcon "${ICON}"
 BrandingText " "
 
 ; Not to be chosen: a folder with someone's notes would become the program's folder.
@@ -32,9 +30,7 @@ VIAddVersionKey "ProductVersion" "${VERSION}"
 ; The session of the restart manager that has closed the program; "" for none.
 Var Closing
 
-Page instfiles
-UninstPage uninstConfirm
-UninstPage instfiles
+!include "${__FILEDIR__}/wizard.nsh"
 
 ; A program that runs cannot be replaced. The restart manager asks it to close, as at the end of a session: it keeps what
 ; is typed. A program that stays open is never ended by force; then nothing is changed, and the exit code is 3.
@@ -106,6 +102,8 @@ UninstPage instfiles
 Function StartAgain
   StrCmp $Closing "" end
   System::Call 'rstrtmgr::RmRestart(i $Closing, i 0, p 0) i .r0'
+  StrCmp $0 0 0 +2
+  StrCpy $Restarted yes
   Call EndClosing
 end:
 FunctionEnd
