@@ -68,6 +68,19 @@ void PassToAllChildren(HWND parent, UINT message, WPARAM wParam, LPARAM lParam) 
     EnumChildWindows(parent, PassToChild, reinterpret_cast<LPARAM>(&passed));
 }
 
+// With 32 bits for a pixel, whatever the screen has. The memory of such a bitmap is free as soon as it is deleted; that
+// of a bitmap compatible with the screen is in the heap under Wine, and the heap keeps it.
+static OwnedBitmap BitmapToDrawOn(HDC target, int width, int height) {
+    BITMAPINFO layout{};
+    layout.bmiHeader.biSize = sizeof layout.bmiHeader;
+    layout.bmiHeader.biWidth = width;
+    layout.bmiHeader.biHeight = -height;  // from the top down
+    layout.bmiHeader.biPlanes = 1;
+    layout.bmiHeader.biBitCount = 32;
+    void* pixels = nullptr;
+    return OwnedBitmap(CreateDIBSection(target, &layout, DIB_RGB_COLORS, &pixels, nullptr, 0));
+}
+
 // It grows, because a pane being resized asks often, but not to more than twice of what is asked for.
 static void Grow(Canvas& canvas, HDC target, int width, int height) {
     if (canvas.bitmapBefore) SelectObject(canvas.dc.get(), canvas.bitmapBefore);
@@ -76,7 +89,7 @@ static void Grow(Canvas& canvas, HDC target, int width, int height) {
     canvas.width = isTooLarge ? width : widest;
     canvas.height = isTooLarge ? height : highest;
     canvas.bitmap.reset();  // before the new one, so that there are never two
-    canvas.bitmap.reset(CreateCompatibleBitmap(target, canvas.width, canvas.height));
+    canvas.bitmap = BitmapToDrawOn(target, canvas.width, canvas.height);
     canvas.bitmapBefore = SelectObject(canvas.dc.get(), canvas.bitmap.get());
 }
 

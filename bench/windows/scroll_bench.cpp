@@ -19,7 +19,7 @@ static constexpr int kRounds = 9;
 static constexpr int kTries = 3;
 static constexpr int kPassagePart = 3;      // of the status bar
 static constexpr double kMostMemory = 60;   // MiB
-static constexpr DWORD kTimeToRest = 1000;  // milliseconds
+static constexpr DWORD kTimeToRest = 3000;  // milliseconds
 
 namespace {
 
@@ -110,8 +110,9 @@ static void SearchFor(const Contestant& contestant, const char* words) {
     WaitUntilStill(contestant);
 }
 
-// After searches and pages of both panes, on the largest screen, a second after the last of them: when the program has
-// come to rest, it gives back what it only kept for the next moment (app/spare_memory_win32.h).
+// After searches and pages of both panes, on the largest screen. A question overtakes keys that were posted before it,
+// so a busy machine may still show pages; when they are shown and the program has come to rest, it gives back what it
+// only kept for the next moment (app/spare_memory_win32.h).
 static void MeasureMemory(const Contestant& contestant, const ScreenSize& size) {
     const Program& program = contestant.program;
     Show(contestant, size);
