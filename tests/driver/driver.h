@@ -55,6 +55,11 @@ struct UnhookDeleter {
 };
 using UniqueHook = std::unique_ptr<HHOOK__, UnhookDeleter>;
 
+struct UnmapViewDeleter {
+    void operator()(void* view) const { UnmapViewOfFile(view); }
+};
+using UniqueView = std::unique_ptr<void, UnmapViewDeleter>;
+
 struct KillProcessDeleter {
     void operator()(HANDLE process) const;  // kills the process if it is still running
 };
@@ -68,6 +73,7 @@ struct Program {
     HWND frame = nullptr;         // null until it exists
     UniqueHook probe;             // reads state that is not visible to other processes, see probe.h
     void* probeMemory = nullptr;  // address in the program of the probe's questions and answers
+    UniqueView probeView;         // the same memory here
 };
 
 struct StartOptions {

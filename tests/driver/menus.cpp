@@ -6,16 +6,20 @@
 #include "tests/driver/probe.h"
 #include "tests/driver/remote_memory.h"
 
-// False when the program no longer answers.
+// False when the program no longer answers. Both have the memory, because Wine stops a program to read or write its
+// memory from outside, and a program that is stopped while it tells Wine's server more than 64 KB ends with a "partial
+// write".
 static bool TryProbe(const Program& program, Probe& probe) {
     static const UINT probeMessage = RegisterWindowMessageA(kProbeMessageName);
-    const HANDLE process = program.process.get();
     constexpr UINT kLongestAnswer = 60000;  // a long search may run before the answer
     DWORD_PTR ignored = 0;
-    return WriteProcessMemory(process, program.probeMemory, &probe, sizeof probe, nullptr) &&
-           SendMessageTimeoutA(program.frame, probeMessage, kProbeMark, reinterpret_cast<LPARAM>(program.probeMemory),
-                               SMTO_NORMAL, kLongestAnswer, &ignored) != 0 &&
-           ReadProcessMemory(process, program.probeMemory, &probe, sizeof probe, nullptr) && probe.answered != 0;
+    Probe& shared = *static_cast<Probe*>(program.probeView.get());
+    shared = probe;
+    const bool wasSent =
+        SendMessageTimeoutA(program.frame, probeMessage, kProbeMark, reinterpret_cast<LPARAM>(program.probeMemory),
+                            SMTO_NORMAL, kLongestAnswer, &ignored) != 0;
+    probe = shared;
+    return wasSent && probe.answered != 0;
 }
 
 Probe AskProbe(const Program& program, Probe probe) {
@@ -37,14 +41,30 @@ static Probe Question(ProbeQuestion question, HMENU menu = nullptr, UINT item = 
     return probe;
 }
 
+// In the memory of this process and in that of the program.
+static void ShareProbeMemory(Program& program) {
+    using MapView = LONG(WINAPI*)(HANDLE section, HANDLE process, void** address, ULONG_PTR zeroBits, SIZE_T committed,
+                                  LARGE_INTEGER* offset, SIZE_T* size, ULONG inheritance, ULONG kind, ULONG protection);
+    static const auto mapView = reinterpret_cast<MapView>(
+        reinterpret_cast<void*>(GetProcAddress(GetModuleHandleA("ntdll.dll"), "NtMapViewOfSection")));
+    constexpr ULONG kNotInherited = 2;
+    const UniqueHandle section(
+        CreateFileMappingA(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0, sizeof(Probe), nullptr));
+    SIZE_T size = sizeof(Probe);
+    program.probeMemory = nullptr;
+    program.probeView.reset(MapViewOfFile(section.get(), FILE_MAP_ALL_ACCESS, 0, 0, sizeof(Probe)));
+    mapView(section.get(), program.process.get(), &program.probeMemory, 0, 0, nullptr, &size, kNotInherited, 0,
+            PAGE_READWRITE);
+}
+
 void HookProbe(Program& program) {
     static const HMODULE library = LoadLibraryA(ProbeLibrary().string().c_str());
     if (library == nullptr) Fail(&program, "cannot load " + ProbeLibrary().string());
     const FARPROC watch = GetProcAddress(library, "WatchSentMessages");
     program.probe.reset(SetWindowsHookExA(WH_CALLWNDPROC, reinterpret_cast<HOOKPROC>(reinterpret_cast<void*>(watch)),
                                           library, GetWindowThreadProcessId(program.frame, nullptr)));
-    program.probeMemory = VirtualAllocEx(program.process.get(), nullptr, sizeof(Probe), MEM_COMMIT, PAGE_READWRITE);
-    if (!program.probe || program.probeMemory == nullptr)
+    ShareProbeMemory(program);
+    if (!program.probe || !program.probeView || program.probeMemory == nullptr)
         Fail(&program, "cannot look into the program, error " + std::to_string(GetLastError()));
 }
 

@@ -1,7 +1,7 @@
 // The probe reads state that a process cannot read of another: its menus, scroll bars and message queue. The driver
-// hooks a small library into the program's thread (SetWindowsHookEx, WH_CALLWNDPROC), writes a `Probe` into the
-// program's memory and sends the frame the message "VersewellTestProbe" with kProbeMark and the address. The library
-// fills in the answer before the frame gets the message, which it ignores.
+// hooks a small library into the program's thread (SetWindowsHookEx, WH_CALLWNDPROC), writes a `Probe` into memory that
+// it shares with the program and sends the frame the message "VersewellTestProbe" with kProbeMark and the address
+// there. The library fills in the answer before the frame gets the message, which it ignores.
 #pragma once
 
 #include <windows.h>
