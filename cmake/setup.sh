@@ -128,6 +128,25 @@ start_display() {
   rm -f "$numbers"
 }
 
+# ---- Processors -------------------------------------------------------------------------------------------------
+
+# Numbers of the processors that this process may use.
+allowed_processors() {
+  local range
+  for range in $(sed -nE 's/^Cpus_allowed_list:\s*//p' /proc/self/status | tr ',' ' '); do
+    seq "${range%-*}" "${range#*-}"
+  done
+}
+
+# stay_on_processor [n]: keeps this process, and all that it starts from now on, on the nth of these processors (after
+# the last one, the first follows again; default: any). Wine's programs wait for answers of its server all the time; if
+# these come from another processor, the window tests take two thirds more processor time.
+stay_on_processor() {
+  local all
+  mapfile -t all < <(allowed_processors)
+  taskset -cp "${all[${1:-$RANDOM} % ${#all[@]}]}" "$BASHPID" >/dev/null
+}
+
 # ---- Wine -------------------------------------------------------------------------------------------------------
 
 # File names with non-ASCII characters need a UTF-8 locale. The program does not need Mono and the browser.
