@@ -1,7 +1,8 @@
 #include "win32/dialogs.h"
 
-#include "win32/code_page.h"
 #include "win32/controls.h"
+#include "win32/dialog_templates.h"
+#include "win32/dpi.h"
 #include "win32/panes.h"
 #include "win32/screen.h"
 
@@ -17,8 +18,28 @@ static void FitListLines(HWND window) {
     for (const ListColumns& list : DialogOf(window).lists) FitLines(window, list);
 }
 
-static BOOL OnInitDialog(HWND window, HWND, LPARAM dialog) {
-    SetWindowLongPtrA(window, DWLP_USER, dialog);
+namespace {
+
+// A dialog that is about to be shown.
+struct Opening {
+    const Dialog* dialog = nullptr;
+    int points = 0;           // of its font
+    bool isTooLarge = false;  // it was ended before it was shown
+};
+
+}  // namespace
+
+// Letters of which nobody could read smaller ones.
+static bool CanBeSmaller(HWND window, const Opening& opening) {
+    static constexpr int kLeastHeight = 11, kPointsPerInch = 72;  // pixels, on a screen that is not scaled
+    return MulDiv(opening.points - 1, DpiOf(window), kPointsPerInch) >= kLeastHeight;
+}
+
+static BOOL OnInitDialog(HWND window, HWND, LPARAM data) {
+    Opening& opening = *reinterpret_cast<Opening*>(data);
+    opening.isTooLarge = !FitsOwnersWorkArea(window) && CanBeSmaller(window, opening);
+    if (opening.isTooLarge) return !EndDialog(window, 0);  // and the focus stays where it is
+    SetWindowLongPtrA(window, DWLP_USER, reinterpret_cast<LONG_PTR>(opening.dialog));
     PlaceDialog(window);
     FitListLines(window);
     if (DialogOf(window).fill) DialogOf(window).fill(window);
@@ -81,8 +102,17 @@ static INT_PTR CALLBACK DialogProcedure(HWND window, UINT message, WPARAM wParam
     return FALSE;
 }
 
-// Wide, so that fields and lists can have letters that the code page lacks.
+// Wide, so that fields and lists can have letters that the code page lacks. A dialog that is larger than the screen
+// would have its buttons out of reach, as with a scaling of 300 percent, so it is made again with smaller letters.
 INT_PTR RunDialog(HWND owner, const Dialog& dialog) {
-    return DialogBoxParamW(GetModuleHandleA(nullptr), WideOfCodePage(dialog.name).c_str(), owner, DialogProcedure,
-                           reinterpret_cast<LPARAM>(&dialog));
+    DialogTemplate layout = LoadDialogTemplate(dialog.name);
+    if (layout.empty()) return -1;
+    WORD& points = FontPoints(layout);
+    for (;; --points) {
+        Opening opening{&dialog, points};
+        const INT_PTR result =
+            DialogBoxIndirectParamW(GetModuleHandleA(nullptr), reinterpret_cast<LPCDLGTEMPLATEW>(layout.data()), owner,
+                                    DialogProcedure, reinterpret_cast<LPARAM>(&opening));
+        if (!opening.isTooLarge) return result;
+    }
 }

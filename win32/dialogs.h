@@ -30,7 +30,8 @@ struct Dialog {
     std::span<const ListColumns> lists{};  // those with columns
 };
 
-// Runs `dialog` over `owner`, centred on the frame. Cancel closes it after `command` was called for it. Returns the
+// Runs `dialog` over `owner`, centred on the frame. One that would be larger than the screen without its task bar has a
+// smaller font, down to letters of eleven pixels. Cancel closes it after `command` was called for it. Returns the
 // result passed to EndDialog; -1 if it could not be opened. F1 presses the button IDHELP, if there is one.
 INT_PTR RunDialog(HWND owner, const Dialog& dialog);
 

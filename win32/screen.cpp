@@ -6,15 +6,30 @@
 #include "win32/dpi.h"
 #include "win32/placement.h"
 
-static RECT ScreenOf(HWND window) {
+static MONITORINFO MonitorOf(HWND window) {
     MONITORINFO monitor{};
     monitor.cbSize = sizeof monitor;
     GetMonitorInfoA(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &monitor);
-    return monitor.rcMonitor;
+    return monitor;
+}
+
+static RECT ScreenOf(HWND window) {
+    return MonitorOf(window).rcMonitor;
+}
+
+static HWND OwnerOf(HWND dialog) {
+    return GetAncestor(GetWindow(dialog, GW_OWNER), GA_ROOTOWNER);
+}
+
+bool FitsOwnersWorkArea(HWND dialog) {
+    const RECT area = MonitorOf(OwnerOf(dialog)).rcWork;
+    RECT box{};
+    GetWindowRect(dialog, &box);
+    return box.right - box.left <= area.right - area.left && box.bottom - box.top <= area.bottom - area.top;
 }
 
 void PlaceDialog(HWND dialog) {
-    const HWND owner = GetAncestor(GetWindow(dialog, GW_OWNER), GA_ROOTOWNER);
+    const HWND owner = OwnerOf(dialog);
     RECT frame{}, box{};
     GetWindowRect(owner, &frame);
     GetWindowRect(dialog, &box);

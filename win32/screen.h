@@ -7,6 +7,9 @@
 // upper nine tenths, but kept on the owner's screen. Its size does not change.
 void PlaceDialog(HWND dialog);
 
+// Is a dialog that is about to open not larger than the work area of its top-level owner's screen?
+bool FitsOwnersWorkArea(HWND dialog);
+
 // Centres a window on its screen.
 void CenterOnScreen(HWND window);
 
