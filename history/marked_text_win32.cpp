@@ -5,6 +5,7 @@
 
 #include "history/text_difference.h"
 #include "notes/note_files_win32.h"
+#include "notes/notes_window.h"
 #include "win32/plain_text.h"
 
 static int Brightness(int color) {
@@ -54,6 +55,7 @@ void ShowMarkedText(HWND richEdit, std::string_view note, std::string_view other
         ends.push_back(static_cast<LONG>(shown.size()));
     }
     SendMessageA(richEdit, WM_SETREDRAW, FALSE, 0);
+    UseNotesFont(richEdit);
     SetPlainText(richEdit, shown);
     SetFormat(richEdit, SCF_ALL, 0, COLOR_WINDOWTEXT);
     LONG begin = 0;

@@ -6,6 +6,6 @@
 
 #include "win32/windows_api.h"
 
-// Shows `note`, as it is stored, in the control, underlined where it differs from `other`; what only `other` has stands
-// struck out at its place.
+// Shows `note`, as it is stored, in the control and in the font of the notes, underlined where it differs from `other`;
+// what only `other` has stands struck out at its place.
 void ShowMarkedText(HWND richEdit, std::string_view note, std::string_view other);

@@ -5,6 +5,7 @@
 #include "history/set_merging.h"
 #include "notes/conflict_copies.h"
 #include "notes/note_files_win32.h"
+#include "notes/notes_window.h"
 #include "resources/help_topics.h"
 #include "resources/ids.h"
 #include "scripture/letters.h"
@@ -137,6 +138,7 @@ static void ShowTexts(HWND dialog) {
     const bool isChosen = theMergeDialog.merge && row >= 0;
     const MergedNote none;
     const MergedNote& note = isChosen ? theMergeDialog.merge->notes[static_cast<std::size_t>(row)] : none;
+    for (const int text : {IDC_TEXT_IN_SET, IDC_TEXT_IN_COPY}) UseNotesFont(GetDlgItem(dialog, text));
     SetDlgItemTextW(dialog, IDC_TEXT_IN_SET, WideNote(note.mine).c_str());
     SetDlgItemTextW(dialog, IDC_TEXT_IN_COPY, WideNote(note.other).c_str());
 }
@@ -242,7 +244,12 @@ bool AskMergeSets(HWND frame, const std::string& copy, const std::string& set) {
     const ChosenSets asked{copy, set};
     theMergeDialog = {};
     ReadNames();
-    RunDialog(frame, {.name = "MERGESETS", .fill = Fill, .command = OnCommand, .data = &asked, .lists = kLists});
+    RunDialog(frame, {.name = "MERGESETS",
+                      .fill = Fill,
+                      .command = OnCommand,
+                      .data = &asked,
+                      .rescaled = ShowTexts,  // in the font of the notes
+                      .lists = kLists});
     const bool isMerged = theMergeDialog.isMerged;
     theMergeDialog = {};
     return isMerged;

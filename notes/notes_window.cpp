@@ -127,6 +127,10 @@ void SetNotesFont(const FontChoice& choice) {
     for (const HWND text : {theNotes.view, theNoteEdit.window}) ColorRichEdit(text);  // a new font brings its own
 }
 
+void UseNotesFont(HWND control) {
+    SendMessageA(control, WM_SETFONT, reinterpret_cast<WPARAM>(theNotes.font.get()), TRUE);
+}
+
 // A non-empty selection in the view is what Copy uses.
 static void OnSelectionChange(const CHARRANGE& range) {
     theSelection.SelectionOwner = range.cpMin < range.cpMax ? kNoteViewOwns : kNobody;

@@ -32,6 +32,9 @@ void RestoreNoteView();
 // Sets the font of the view and of the editor.
 void SetNotesFont(const FontChoice& choice);
 
+// Gives a control of a dialog, which shows the text of a note, the same font.
+void UseNotesFont(HWND control);
+
 // Reads the note of `verse` in the current set and shows it, with its verse in the status bar. Does nothing while a
 // note is being edited or if there are no sets; reports when the set's file cannot be opened.
 void ReadNote(int verse);

@@ -197,3 +197,24 @@ TEST(EarlierNotes, BringsATextBackThroughTheEditor) {
     WaitForNoDialog(program);
     EXPECT_TRUE(IsShown(NoteEditorOf(program)));
 }
+
+// Its letters, too, are those that were chosen for notes: the font of dialogs may lack them. Equal texts have no marks.
+TEST(EarlierNotes, ShowTextsInTheFontOfTheNotes) {
+    static const std::string kGreek = "\xEF\xBB\xBF\u03BB\u03CC\u03B3\u03BF\u03C2";
+    const ScratchFolder folder = FolderWithNote(kGreek);
+    WriteNoteHistory(folder, "Mine", {{kMorning, 1, KeptReason::kReplaced, kGreek}});
+    WriteSetting(folder, "OPTIONS", "NoteFontHeight", "20");
+    const Program program = StartProgram(folder);
+    const auto firstLine = [](HWND text) {
+        POINT corner{};
+        ClientToScreen(text, &corner);
+        return PictureOfScreen({corner.x, corner.y, corner.x + 150, corner.y + 24});
+    };
+    const Picture inView = firstLine(NoteViewOf(program));
+    EXPECT_GT(CountPixels(inView, {0, 0, 150, 24}, 0x000000), 100);
+    const HWND dialog = OpenEarlierNotes(program);
+    SavePicture(PictureOfWindow(dialog), "earlier-notes-greek");
+    const RECT differing = DifferingArea(inView, firstLine(Child(dialog, {IDC_STATE_TEXT})));
+    EXPECT_TRUE(IsRectEmpty(&differing)) << differing.left << "," << differing.top;
+    CloseWithEsc(program);
+}

@@ -7,6 +7,7 @@
 
 #include "resources/ids.h"
 #include "tests/windows/note_set_files.h"
+#include "tests/windows/painted_lines.h"
 #include "tests/windows/passage_pane.h"
 #include "tests/windows/system_scaling.h"
 
@@ -328,6 +329,20 @@ TEST(MergeSets, ShowsLettersThatItsFontLacks) {
     SavePicture(PictureOfWindow(dialog), "merge-letters");
     for (const int line : {1, 3})
         EXPECT_NE(PixelsOf(lines, PartOf(lines, line, 140, 180)), PixelsOf(lines, PartOf(lines, line + 1, 140, 180)));
+}
+
+// The one that was chosen because it has the letters of the notes.
+TEST(MergeSets, ShowsTextsInTheFontOfTheNotes) {
+    const ScratchFolder folder = FolderWithScripture();
+    WriteSetting(folder, "OPTIONS", "NoteFontHeight", "60");
+    WriteNoteSet(folder, "Alpha", {{1, "IIII"}});
+    WriteNoteSet(folder, "Beta", {{1, "I"}});
+    Program program = StartProgram(folder);
+    const HWND dialog = OpenMerge(program, "Alpha", "Beta");
+    for (const int text : {IDC_TEXT_IN_SET, IDC_TEXT_IN_COPY}) {
+        const Picture picture = PictureOfClient(Child(dialog, {text}));
+        EXPECT_GT(CountPixels(picture, {0, 30, picture.width - 40, picture.height}, 0x000000), 30);
+    }
 }
 
 TEST(MergeSets, ShowsTheTextsOfTheChosenLine) {
