@@ -91,13 +91,43 @@ static void BringToFront(HWND frame) {
     SetForegroundWindow(GetLastActivePopup(frame));
 }
 
+// ---- A copy without a frame -----------------------------------------------------------------------------------------
+
+// An invisible window, by which other copies find the thread that asks something before there is a frame. It lives as
+// long as the thread.
+static void MarkClaimingThread(const std::string& name) {
+    CreateWindowExA(0, "STATIC", name.c_str(), 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
+}
+
+static DWORD ThreadOfOther(const std::string& name) {
+    const HWND mark = FindWindowExA(HWND_MESSAGE, nullptr, "STATIC", name.c_str());
+    return mark ? GetWindowThreadProcessId(mark, nullptr) : 0;
+}
+
+// A box that asks or tells something has a button; what is shown while the program starts has none.
+static BOOL CALLBACK CompareBox(HWND window, LPARAM parameter) {
+    HWND& found = *reinterpret_cast<HWND*>(parameter);
+    if (IsWindowVisible(window) && IsWindowEnabled(window) && FindWindowExA(window, nullptr, "Button", nullptr))
+        found = window;
+    return found == nullptr;
+}
+
+static HWND QuestionOfOther(const std::string& name) {
+    HWND found = nullptr;
+    if (const DWORD thread = ThreadOfOther(name))
+        EnumThreadWindows(thread, CompareBox, reinterpret_cast<LPARAM>(&found));
+    return found;
+}
+
 bool ClaimWorkingFolder(const char* windowClass, const std::function<void(HWND)>& tell) {
     const std::string name = ClaimName();
     const ULONGLONG start = GetTickCount64();
     while (!TakeMutex(name)) {
-        if (const HWND frame = FrameOfOther(windowClass)) {
-            tell(frame);
-            BringToFront(frame);
+        HWND window = FrameOfOther(windowClass);
+        if (!window) window = QuestionOfOther(name);
+        if (window) {
+            tell(window);
+            BringToFront(window);
             return false;
         }
         if (GetTickCount64() - start > kPatience) {
@@ -106,6 +136,7 @@ bool ClaimWorkingFolder(const char* windowClass, const std::function<void(HWND)>
         }
         Sleep(kPause);
     }
+    MarkClaimingThread(name);
     return true;
 }
 

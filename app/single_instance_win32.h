@@ -6,9 +6,10 @@
 #include "win32/windows_api.h"
 
 // Claims the current directory for this process until it ends. False if another copy has claimed it: that copy's window
-// of class `windowClass` has been brought to the front after `tell` was called with it or, if none was found in time,
-// the user has been told. The caller must then exit.
-bool ClaimWorkingFolder(const char* windowClass, const std::function<void(HWND frame)>& tell);
+// of class `windowClass`, or the box with which it asks something before it has one, has been brought to the front
+// after `tell` was called with it or, if none was found in time, the user has been told. The caller must then exit. To
+// be called by the thread of the windows.
+bool ClaimWorkingFolder(const char* windowClass, const std::function<void(HWND window)>& tell);
 
 // Marks `frame` as the window that copies started later bring to the front.
 void MarkClaimingFrame(HWND frame);

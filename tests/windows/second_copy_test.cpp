@@ -6,6 +6,7 @@
 
 #include "resources/ids.h"
 #include "tests/driver/driver.h"
+#include "tests/windows/note_set_files.h"
 
 // Starts another copy in the folder, and expects it to exit by itself.
 static void ExpectGivesWay(const ScratchFolder& folder) {
@@ -47,6 +48,24 @@ TEST(SecondCopy, BringsADialogOfTheFirstToTheFront) {
     WaitForForeground(elsewhere, elsewhere.frame);
     ExpectGivesWay(first.folder);
     WaitForForeground(first, dialog);
+}
+
+// What a start tells comes before its window can be shown.
+TEST(SecondCopy, BringsAMessageOfTheStartToTheFront) {
+    const ScratchFolder folder = FolderWithScripture();
+    WriteNoteSet(folder, "Mine");
+    WriteFile(folder, "Mine.nmd", "damaged");
+    Program first = LaunchProgram(folder);
+    const HWND box = WaitForDialog(first, "Note Sets");
+    Program elsewhere = StartProgram(FolderWithScripture());
+    SetForegroundWindow(elsewhere.frame);
+    WaitForForeground(elsewhere, elsewhere.frame);
+    ExpectGivesWay(folder);
+    WaitForForeground(first, box);
+    PostMessageA(box, WM_COMMAND, IDOK, 0);
+    WaitForFrame(first);
+    ExpectGivesWay(folder);
+    WaitForForeground(first, first.frame);
 }
 
 // The lock on the folder must not outlive a killed program.

@@ -46,7 +46,11 @@ struct InstalledCopy {
         AddReadings(home);
         WriteFile(home, "installed.txt", "");
     }
-    Program Launch() const { return LaunchProgram(home, ProgramIn(home)); }
+    Program Launch(const std::string& arguments = "") const {
+        StartOptions options = ProgramIn(home);
+        options.arguments = arguments;
+        return LaunchProgram(home, options);
+    }
     Program Start() const { return StartProgram(home, ProgramIn(home)); }
 };
 
@@ -140,6 +144,38 @@ TEST(FirstStartOfAnInstalledCopy, AsksAgainForAFolderWithNotes) {
     AnswerQuestion(program, IDCANCEL);
     WaitForFrame(program);
     EXPECT_THAT(NoteSetNames(program), ElementsAre(kReadings, "My Notes"));
+}
+
+static void WaitForForeground(const Program& program, HWND window) {
+    WaitUntil(program, "its window to be in front", [&] { return GetForegroundWindow() == window; });
+}
+
+// There is no window of the program yet that could be brought to the front.
+TEST(FirstStartOfAnInstalledCopy, IsBroughtToTheFrontByASecondStart) {
+    const InstalledCopy copy;
+    Program first = copy.Launch();
+    const HWND question = WaitForDialog(first, kTakeOver);
+    Program elsewhere = StartProgram(FolderWithScripture());
+    WaitForForeground(elsewhere, elsewhere.frame);
+    EXPECT_EQ(WaitForExit(copy.Launch()), 0);
+    WaitForForeground(first, question);
+    {
+        Program second = copy.Launch("John 3:16");
+        const HWND box = WaitForDialog(second, "Error");
+        EXPECT_THAT(MessageText(box), AllOf(HasSubstr("the verse is not shown"), Not(HasSubstr("another user"))));
+        PostMessageA(box, WM_COMMAND, IDOK, 0);
+        EXPECT_EQ(WaitForExit(second), 0);
+    }
+    AnswerQuestion(first, IDYES);
+    const HWND chooser = WaitForDialog(first, kFolderDialog);
+    SetForegroundWindow(elsewhere.frame);
+    WaitForForeground(elsewhere, elsewhere.frame);
+    EXPECT_EQ(WaitForExit(copy.Launch()), 0);
+    WaitForForeground(first, chooser);
+    PostMessageA(chooser, WM_COMMAND, IDCANCEL, 0);
+    WaitForFrame(first);
+    EXPECT_EQ(WaitForExit(copy.Launch()), 0);
+    WaitForForeground(first, first.frame);
 }
 
 // An archive that was unpacked.
