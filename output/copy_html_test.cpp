@@ -58,7 +58,7 @@ TEST(ListHtml, HasALineForEachVerse) {
 }
 
 TEST(ReferencesHtml, IsBoldBehindTheSign) {
-    EXPECT_EQ(ReferencesHtml("# Ge 1:1,3 Ex 2:4"), "#<b> Ge 1:1,3 Ex 2:4</b>");
+    EXPECT_EQ(ReferencesHtml("# Ge 1:1,3 Ex 2:4"), "# <b>Ge 1:1,3 Ex 2:4</b>");
     EXPECT_EQ(ReferencesHtml("#"), "#");
 }
 

@@ -165,6 +165,7 @@ std::string ListHtml(const Scripture& scripture, const FormatOptions& format, st
 
 std::string ReferencesHtml(std::string_view references) {
     std::string marked(references);
-    marked.insert(marked.begin() + 1, kReferenceFollows);  // behind the "#"
+    const std::size_t first = marked.find(' ');  // behind the "#"
+    if (first != marked.npos) marked.insert(first + 1, 1, kReferenceFollows);
     return HtmlOfVerses(marked, HtmlBrackets::kShown);
 }

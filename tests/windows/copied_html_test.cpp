@@ -70,7 +70,7 @@ TEST(CopiedHtml, HasReferencesInBoldAndSuppliedWordsInItalics) {
     Press(program, "F7");
     EXPECT_EQ(CopiedFragment(), LineOf("Joh 11:35", "Joh 11:35"));
     Press(program, "F8");
-    EXPECT_EQ(CopiedFragment(), "#<b> Joh 11:35</b>");
+    EXPECT_EQ(CopiedFragment(), "# <b>Joh 11:35</b>");
 }
 
 TEST(CopiedHtml, HasTheLettersOnAnySystem) {
