@@ -17,9 +17,8 @@
 
 static constexpr int kRounds = 101;
 static constexpr double kMostTimesFloor = 1.4;
-static constexpr double kMostTimesHtmlFloor = 3;   // which looks for brackets only, not for what HTML has to escape
-static constexpr double kMostAboveHtmlFloor = 20;  // ms, which nobody notices
-static constexpr double kMostHeldInBlocks = 160;   // KiB
+static constexpr double kMostTimesHtmlFloor = 3;  // which looks for brackets only, not for what HTML has to escape
+static constexpr double kMostHeldInBlocks = 160;  // KiB
 
 // The default format removes brackets. The other one has full labels and brackets.
 static constexpr FormatOptions kAsOpened;
@@ -230,14 +229,13 @@ static bool SaveToFile(Save save) {
 static bool isSaved = true;  // every file of a row was written
 
 static void PrintRow(const char* what, const std::function<void()>& program, const std::function<void()>& floor,
-                     bool sameAnswer, double mostTimesFloor = kMostTimesFloor, double mostAboveFloor = 0) {
+                     bool sameAnswer, double mostTimesFloor = kMostTimesFloor) {
     isSaved = true;
     const std::vector<double> times = MediansInTurns(kRounds, {program, floor});
     Print({.what = what,
            .time = times[0],
            .floor = times[1],
            .mostTimesFloor = mostTimesFloor,
-           .mostAboveFloor = mostAboveFloor,
            .sameAnswer = sameAnswer && isSaved});
 }
 
@@ -252,7 +250,7 @@ static void PrintCopies() {
         [] { AppendAllAsOpened(); }, sameAsOpened);
     PrintRow(
         "the whole Bible as HTML: plain appends", [] { HtmlOfWholeBible(); }, [] { AppendAllAsHtml(); },
-        HtmlOfWholeBible() == ViewOf(AppendAllAsHtml()), kMostTimesHtmlFloor, kMostAboveHtmlFloor);
+        HtmlOfWholeBible() == ViewOf(AppendAllAsHtml()), kMostTimesHtmlFloor);
 }
 
 static void PrintSaves() {
