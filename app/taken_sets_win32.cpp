@@ -1,8 +1,10 @@
 #include "app/taken_sets_win32.h"
 
+#include <algorithm>
 #include <array>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "app/frame_win32.h"
 #include "app/note_commands_win32.h"
@@ -10,11 +12,13 @@
 #include "app/profile_file_win32.h"
 #include "app/set_checks_win32.h"
 #include "app/settings.h"
+#include "notes/file_names.h"
 #include "notes/note_files_win32.h"
 #include "notes/note_tabs_win32.h"
 #include "notes/notes_window.h"
 #include "notes/taken_sets.h"
 #include "pane/status_bar_win32.h"
+#include "win32/code_page.h"
 #include "win32/files.h"
 #include "win32/folder_dialog.h"
 
@@ -50,23 +54,42 @@ static std::wstring WithFolder(const std::wstring& folder, const std::wstring& t
     return WithoutLongPrefix(folder) + L"\n\n" + text;
 }
 
-// Lets the user choose a folder until one has sets to take over, and confirms them. The number of sets that were taken.
-static std::size_t AskAndTake(HWND owner) {
+static bool HasNoName(const std::wstring& file) {
+    const auto name = InCodePage(file);
+    return !name || !IsFileName(*name);
+}
+
+// Data files of which NoteFiles has no name. The system also finds those with a longer extension.
+static std::vector<std::u16string> UnnamedSets(const std::wstring& folder) {
+    const std::wstring ending = Wide(kDataEnding);
+    std::vector<std::u16string> names;
+    for (const std::wstring& file : FilesIn(folder, ("*" + std::string(kDataEnding)).c_str())) {
+        const std::size_t start = file.size() - std::min(file.size(), ending.size());
+        if (HasNoName(file) && lstrcmpiW(file.c_str() + start, ending.c_str()) == 0) names.push_back(LettersOf(file));
+    }
+    return names;
+}
+
+// Lets the user choose a folder until one has sets to take over, and confirms them. What was taken; none if nothing
+// was.
+static std::optional<SetsToTake> AskAndTake(HWND owner) {
     static const std::array<std::string, 2> kSettings = {kMoreSettingsFile, kSettingsFile};
     while (true) {
         std::wstring folder = AskFolder(owner, L"Folder of the other copy of Versewell");
-        if (folder.empty()) return 0;
+        if (folder.empty()) return std::nullopt;
         const NoteFiles from = NoteFilesIn(folder);
-        const SetsToTake found = FindSetsToTake(from, TheNoteFiles(), kSettings);
-        const std::string names = TextOfSetsToTake(found);
+        SetsToTake found = FindSetsToTake(from, TheNoteFiles(), kSettings);
+        found.unnamed = UnnamedSets(folder);
+        const std::wstring names = Wide(TextOfSetsToTake(from.codePage, found));
         if (found.sets.empty()) {
-            const std::wstring none = names.empty() ? L"There are no note sets in this folder." : Wide(names);
-            if (Ask(owner, WithFolder(folder, none), MB_RETRYCANCEL | MB_ICONINFORMATION) != IDRETRY) return 0;
+            const std::wstring none = names.empty() ? L"There are no note sets in this folder." : names;
+            if (Ask(owner, WithFolder(folder, none), MB_RETRYCANCEL | MB_ICONINFORMATION) != IDRETRY)
+                return std::nullopt;
             continue;
         }
-        const std::wstring question = Wide(names) + L"\n\nThey are copied, and the folder stays as it is. Continue?";
-        if (Ask(owner, WithFolder(folder, question), MB_OKCANCEL | MB_ICONQUESTION) != IDOK) return 0;
-        return Take(owner, from, found) ? found.sets.size() : 0;
+        const std::wstring question = names + L"\n\nThey are copied, and the folder stays as it is. Continue?";
+        if (Ask(owner, WithFolder(folder, question), MB_OKCANCEL | MB_ICONQUESTION) != IDOK) return std::nullopt;
+        return Take(owner, from, found) ? std::optional(std::move(found)) : std::nullopt;
     }
 }
 
@@ -130,13 +153,12 @@ static void OpenSetsAgain() {
 }
 
 void TakeOverSets(int) {
-    const std::size_t count = AskAndTake(theFrame.window);
-    if (count > 0) {
+    const auto taken = AskAndTake(theFrame.window);
+    if (taken) {
         OpenSetsAgain();
         TellSetsNotShown();
         if (theNoteSets.notShown.empty())
-            ShowStatus(StatusPart::kSearchSummary,
-                       std::to_string(count) + (count == 1 ? " note set" : " note sets") + " taken over");
+            ShowStatus(StatusPart::kSearchSummary, NearestInCodePage(Wide(TextOfTakenSets(*taken))));
     }
     FocusNotes();
 }

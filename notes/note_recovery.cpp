@@ -160,7 +160,8 @@ static void NoteDamaged(OpenedSets& opened, std::size_t set) {
     if (opened.hasDamaged && opened.damagedSet == kNoDamagedSet) opened.damagedSet = static_cast<int>(set);
 }
 
-OpenedSets OpenNoteSets(const NoteFiles& files, NoteSets& notes, const NoteTime& now) {
+OpenedSets OpenNoteSets(const NoteFiles& files, NoteSets& notes, const NoteTime& now,
+                        std::span<const std::string> knownDamaged) {
     OpenedSets opened;
     LookAtTwins(files, now, opened);
     const std::vector<NoteSet> withoutIndex = MakeLostIndexes(files, opened);
@@ -177,7 +178,10 @@ OpenedSets OpenNoteSets(const NoteFiles& files, NoteSets& notes, const NoteTime&
     }
     for (std::size_t i = 0; i < notes.sets.size(); ++i) {
         // If the first set could not be created, that is already reported.
-        ExamineOrPutOff(files, notes.sets[i], opened.created || i > 0, opened);
+        if (std::ranges::find(knownDamaged, NoteSetName(notes.sets[i])) != knownDamaged.end())
+            Examine(files, notes.sets[i], false, opened);
+        else
+            ExamineOrPutOff(files, notes.sets[i], opened.created || i > 0, opened);
         NoteDamaged(opened, i);
     }
     return opened;

@@ -21,6 +21,7 @@
 // else to do (notes/set_checks.h), and what that finds is repaired and reported then.
 #pragma once
 
+#include <span>
 #include <string>
 
 #include "notes/note_sets.h"
@@ -38,8 +39,10 @@ struct OpenedSets {
 
 // Repairs what can be repaired and finds the sets (FindNoteSets), including sets without an index file. A data file
 // that is missing or that another program has open is not reported: this is left to RepairCheckedSets. `now` is the
-// time of the notes that are put among the earlier ones.
-OpenedSets OpenNoteSets(const NoteFiles& files, NoteSets& notes, const NoteTime& now = {});
+// time of the notes that are put among the earlier ones. The damage of the sets named `knownDamaged` is not reported
+// again.
+OpenedSets OpenNoteSets(const NoteFiles& files, NoteSets& notes, const NoteTime& now = {},
+                        std::span<const std::string> knownDamaged = {});
 
 // Repairs what has been found since by reading sets completely, and reports it like OpenNoteSets. The data files that
 // the start could not open and that still cannot be opened are `unread`.

@@ -312,6 +312,26 @@ TEST(OpenNoteSets, OpensADamagedSetReadOnly) {
 }
 
 // The remaining notes can be read, with the index if its offsets are valid, otherwise by the zero bytes after notes.
+// Whatever can be seen of it at the end of the file.
+TEST(OpenNoteSets, DoesNotReportKnownDamageAgain) {
+    for (const bool isTorn : {false, true}) {
+        FakeNoteFiles fakes;
+        AddFakeSet(fakes, "A", {{3, "three"}});
+        AddFakeSet(fakes, "B", {});
+        std::vector<unsigned char>& data = fakes.contents["A.nmd"];
+        if (isTorn) data.resize(100);
+        data[0] = 'x';
+        NoteSets notes;
+        const std::string known[] = {"A"};
+        const OpenedSets opened = OpenNoteSets(DeviceOver(fakes), notes, {}, known);
+        EXPECT_EQ(opened.report, "");
+        EXPECT_FALSE(opened.hasDamaged);
+        EXPECT_TRUE(notes.sets[0].readOnly);
+        EXPECT_FALSE(notes.sets[0].isUnchecked);
+        EXPECT_EQ(OpenNoteSets(DeviceOver(fakes), notes).hasDamaged, isTorn) << "otherwise a later check reports it";
+    }
+}
+
 TEST(OpenNoteSets, NamesTheLatestWholeBackupOfADamagedSet) {
     const Bytes whole = FakeSetOf(kNotes).data;
     FakeNoteFiles files;

@@ -18,6 +18,7 @@ namespace {
 struct SetsInOpening {
     HANDLE thread = nullptr;
     NoteSets sets;
+    std::vector<std::string> knownDamaged;
     OpenedSets opened;
 };
 
@@ -84,7 +85,7 @@ static std::string Tell(const OpenedSets& opened, bool (*hasWholeCopy)(const Not
 }
 
 static void OpenSets() {
-    theOpening.opened = OpenNoteSets(TheNoteFiles(), theOpening.sets, NoteTimeNow());
+    theOpening.opened = OpenNoteSets(TheNoteFiles(), theOpening.sets, NoteTimeNow(), theOpening.knownDamaged);
 }
 
 // Wine keeps the stack of the thread that ended last.
@@ -99,7 +100,15 @@ void EndOpening::operator()(void* thread) const {
     CloseHandle(thread);
 }
 
+static std::vector<std::string> DamagedSets(const NoteSets& notes) {
+    std::vector<std::string> names;
+    for (const NoteSet& set : notes.sets)
+        if (set.readOnly) names.push_back(NoteSetName(set));
+    return names;
+}
+
 OpeningSets BeginToLoadNoteSets() {
+    theOpening.knownDamaged = DamagedSets(theNoteSets);  // none at the start
     theOpening.thread = CreateThread(nullptr, 0, OpenSetsInThread, nullptr, 0, nullptr);
     if (theOpening.thread == nullptr) OpenSets();
     return OpeningSets(theOpening.thread);

@@ -22,6 +22,7 @@ struct EndOpening {
 using OpeningSets = std::unique_ptr<void, EndOpening>;
 
 // Begins to open the sets in the working directory, on a thread of its own. To be called before LoadNoteSets.
+// Damage of sets that the program has open already is known, and is not reported again.
 [[nodiscard]] OpeningSets BeginToLoadNoteSets();
 
 // Waits until the sets are open; their tabs are not yet created. Reports when the first set's files cannot be created,

@@ -77,20 +77,44 @@ SetsToTake FindSetsToTake(const NoteFiles& from, const NoteFiles& to, std::span<
     return found;
 }
 
-static std::string Listed(std::span<const std::string> names) {
-    static constexpr std::size_t kMostLines = 31;
-    std::string lines;
-    for (std::size_t i = 0; i < std::min(names.size(), kMostLines); ++i) lines += "\n    " + names[i];
-    if (names.size() > kMostLines) lines += "\n    and " + std::to_string(names.size() - kMostLines) + " more";
-    return lines;
+static std::u16string Number(std::size_t number) {
+    return LettersOfUtf8(std::to_string(number));
 }
 
-std::string TextOfSetsToTake(const SetsToTake& found) {
-    std::string text;
-    if (!found.sets.empty()) text = "Note sets that can be taken over:" + Listed(found.sets);
-    if (found.present.empty()) return text;
-    if (!text.empty()) text += "\n\n";
-    return text + "Left out, because there are note sets of these names already:" + Listed(found.present);
+// A paragraph of `text`: a heading and the names below it. Nothing if there are none.
+static void AddNames(std::u16string& text, std::u16string_view heading, std::span<const std::u16string> names) {
+    static constexpr std::size_t kMostLines = 31;
+    if (names.empty()) return;
+    if (!text.empty()) text += u"\n\n";
+    text += heading;
+    for (std::size_t i = 0; i < std::min(names.size(), kMostLines); ++i) text += u"\n    " + names[i];
+    if (names.size() > kMostLines) text += u"\n    and " + Number(names.size() - kMostLines) + u" more";
+}
+
+static std::vector<std::u16string> LettersOfNames(const CodePage& page, std::span<const std::string> names) {
+    std::vector<std::u16string> letters;
+    for (const std::string& name : names) letters.push_back(page.lettersOf(page.device, name));
+    return letters;
+}
+
+std::u16string TextOfSetsToTake(const CodePage& page, const SetsToTake& found) {
+    std::u16string text;
+    AddNames(text, u"Note sets that can be taken over:", LettersOfNames(page, found.sets));
+    AddNames(text, u"Left out, because there are note sets of these names already:",
+             LettersOfNames(page, found.present));
+    AddNames(text,
+             u"Left out, because the names are those of devices, or have letters that this system's code page lacks. "
+             u"Rename the files first:",
+             found.unnamed);
+    return text;
+}
+
+std::u16string TextOfTakenSets(const SetsToTake& found) {
+    const std::size_t count = found.sets.size();
+    std::u16string text = Number(count) + (count == 1 ? u" note set" : u" note sets") + u" taken over";
+    for (const std::u16string& name : found.unnamed)
+        text += (&name == &found.unnamed.front() ? u". Left out for the name: " : u", ") + name;
+    return text;
 }
 
 // ---- Taking ---------------------------------------------------------------------------------------------------------

@@ -20,14 +20,19 @@ struct SetsToTake {
     std::vector<std::string> sets;     // their names
     std::vector<std::string> present;  // those that are left out: the working directory has files of that name already
     std::vector<std::string> files;    // of `sets`, and backups and earlier notes of names that are not in use there
+    std::vector<std::u16string> unnamed;  // data files that are left out: NoteFiles has no name for them
 };
 
 // Looks for the sets in `from` that `to`, the working directory, lacks. The files `others` are taken too if only `from`
-// has them.
+// has them. `unnamed` is left to the caller, who can see such files.
 SetsToTake FindSetsToTake(const NoteFiles& from, const NoteFiles& to, std::span<const std::string> others);
 
-// The sets that were found, as lines for the user, and those that are left out; empty if there are neither.
-std::string TextOfSetsToTake(const SetsToTake& found);
+// The sets that were found, as lines for the user, and those that are left out, with the reason; empty if there are
+// neither.
+std::u16string TextOfSetsToTake(const CodePage& page, const SetsToTake& found);
+
+// One line for the user about sets that were taken, and the data files that could not be.
+std::u16string TextOfTakenSets(const SetsToTake& found);
 
 enum class SetTaking {
     kTaken,

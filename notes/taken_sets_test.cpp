@@ -48,6 +48,10 @@ static SetTaking TakeAll(FakeNoteFiles& from, FakeNoteFiles& to) {
     return TakeSets(source, target, FindSetsToTake(source, target, kOthers));
 }
 
+static std::string Told(const SetsToTake& found) {
+    return Utf8Of(TextOfSetsToTake({}, found));
+}
+
 static bool HasStaged(const FakeNoteFiles& fakes) {
     return std::ranges::any_of(fakes.contents, [](const auto& file) { return file.first.starts_with(kTakenList); });
 }
@@ -59,7 +63,8 @@ TEST(SetsToTake, AreTheSetsWithNotesAndTheirFiles) {
     EXPECT_THAT(found.sets, ElementsAre("Lost", "Mine", "Readings"));
     EXPECT_THAT(found.present, IsEmpty());
     EXPECT_EQ(found.files.back(), "Versewell.INI");
-    EXPECT_EQ(TextOfSetsToTake(found), "Note sets that can be taken over:\n    Lost\n    Mine\n    Readings");
+    EXPECT_EQ(Told(found), "Note sets that can be taken over:\n    Lost\n    Mine\n    Readings");
+    EXPECT_EQ(Utf8Of(TextOfTakenSets(found)), "3 note sets taken over");
 }
 
 TEST(SetsToTake, AreNoneInAFolderWithoutNotes) {
@@ -68,7 +73,7 @@ TEST(SetsToTake, AreNoneInAFolderWithoutNotes) {
     const SetsToTake found = FindSetsToTake(DeviceOver(from), DeviceOver(to), kOthers);
     EXPECT_THAT(found.sets, IsEmpty());
     EXPECT_THAT(found.files, IsEmpty());
-    EXPECT_EQ(TextOfSetsToTake(found), "");
+    EXPECT_EQ(Told(found), "");
 }
 
 // Whichever file of a set is there.
@@ -81,8 +86,22 @@ TEST(SetsToTake, LeaveOutThoseThatArePresent) {
         EXPECT_THAT(found.sets, ElementsAre("Lost", "Readings"));
         EXPECT_THAT(found.present, ElementsAre("Mine"));
         EXPECT_THAT(found.files, Not(testing::Contains(HasSubstr("Mine")))) << name;
-        EXPECT_THAT(TextOfSetsToTake(found), HasSubstr("of these names already:\n    Mine"));
+        EXPECT_THAT(Told(found), HasSubstr("of these names already:\n    Mine"));
     }
+}
+
+TEST(SetsToTake, NameTheFilesThatHaveNoNameForTheProgram) {
+    SetsToTake found;
+    found.unnamed = {u"con.nmd"};
+    static constexpr char kReason[] = "Left out, because the names are those of devices, or have letters";
+    EXPECT_TRUE(Told(found).starts_with(kReason));
+    found.sets = {"\xC9tude"};
+    found.unnamed.push_back(u"\u03B1.nmd");
+    EXPECT_THAT(Told(found), HasSubstr("over:\n    \u00C9tude\n\nLeft out"));
+    EXPECT_TRUE(Told(found).ends_with(":\n    con.nmd\n    \u03B1.nmd"));
+    EXPECT_EQ(Utf8Of(TextOfTakenSets(found)), "1 note set taken over. Left out for the name: con.nmd, \u03B1.nmd");
+    found.unnamed.assign(33, u"nul.nmd");
+    EXPECT_TRUE(Told(found).ends_with("\n    nul.nmd\n    and 2 more"));
 }
 
 TEST(TakenSets, AreCopiedWithEverythingThatBelongsToThem) {

@@ -226,6 +226,62 @@ TEST(TakeOverNotes, AddsTheSetsThatAreNotThereYet) {
     EXPECT_THAT(ReadFile(folder, "Mine.nmd"), HasSubstr("mine"));
 }
 
+// Such files come from other systems, which give them any names.
+static void AddSetsWithoutNames(const ScratchFolder& folder) {
+    RunOnHost(folder, "cp Sermons.nmd con.nmd && cp Sermons.nmd aux.x.nmd && cp Sermons.nmd con.nmdx");
+    fs::copy_file(folder.path / "Sermons.nmd", folder.path / L"\u05D0.nmd");
+}
+
+TEST(TakeOverNotes, NamesTheSetsThatCannotBeNamedHere) {
+    const ScratchFolder older = FolderOfOlderCopy(), folder = FolderToEdit("mine");
+    AddSetsWithoutNames(older);
+    Program program = StartProgram(folder);
+    Command(program, IDM_TAKE_OVER_SETS);
+    ChooseFolder(program, older);
+    const std::string question = AnswerQuestion(program, IDOK);
+    for (const char* name : {"\n    con.nmd\n", "\n    aux.x.nmd\n", "\n    ?.nmd\n"})
+        EXPECT_THAT(question, HasSubstr(name));
+    EXPECT_THAT(question, Not(HasSubstr("nmdx")));
+    WaitUntil(program, "the sets",
+              [&] { return StatusPart(program, 0).starts_with("1 note set taken over. Left out"); });
+    for (const char* name : {"con.nmd", "aux.x.nmd"}) EXPECT_THAT(StatusPart(program, 0), HasSubstr(name));
+    EXPECT_THAT(NoteSetNames(program), ElementsAre("Mine", "Sermons"));
+    for (const char* name : {"Sermons.nmd", "Sermons.nmi"}) fs::remove(older.path / name);
+    Command(program, IDM_TAKE_OVER_SETS);
+    ChooseFolder(program, older);
+    EXPECT_THAT(AnswerQuestion(program, IDCANCEL), AllOf(HasSubstr("con.nmd"), Not(HasSubstr("can be taken over"))));
+}
+
+// The start has told of the other one, and nothing about it has changed.
+TEST(TakeOverNotes, TellsOnlyOfTakenSetsThatAreDamaged) {
+    const ScratchFolder older = FolderOfOlderCopy(), folder = FolderToEdit("mine");
+    WriteNoteSet(folder, "Bad here", {});
+    WriteFile(folder, "Bad here.nmd", "damaged");
+    WriteNoteSet(folder, "Bad inside", {{3, "three"}, {9, "nine"}});
+    std::string inside = ReadFile(folder, "Bad inside.nmd");
+    inside[inside.find('\0')] = 'x';
+    WriteFile(folder, "Bad inside.nmd", inside);
+    Program program = LaunchProgram(folder);
+    PostMessageA(WaitForDialog(program, "Note Sets"), WM_COMMAND, IDOK, 0);
+    WaitForFrame(program);
+    WaitForDialog(program, "Note Sets");
+    CloseWithEsc(program);
+    Command(program, IDM_TAKE_OVER_SETS);
+    ChooseFolder(program, older);
+    AnswerQuestion(program, IDOK);
+    WaitUntil(program, "the set", [&] { return StatusPart(program, 0) == "1 note set taken over"; });
+    for (int set = 0; set < 4; ++set) ClickTab(program, Child(program.frame, {IDC_NOTE_TABS}), set);
+    EXPECT_FALSE(HasDialog(program));
+    WriteFile(older, "Torn.nmd", "damaged");
+    Command(program, IDM_TAKE_OVER_SETS);
+    ChooseFolder(program, older);
+    AnswerQuestion(program, IDOK);
+    const HWND box = WaitForDialog(program, "Note Sets");
+    EXPECT_THAT(MessageText(box), AllOf(HasSubstr("\"Torn.nmd\" is damaged"), Not(HasSubstr("Bad"))));
+    PostMessageA(box, WM_COMMAND, IDOK, 0);
+    WaitForNoDialog(program);
+}
+
 TEST(TakeOverNotes, WaitsForTheEndOfAnEdit) {
     const Program program = ProgramInEditor("being edited");
     EXPECT_TRUE(IsGreyed(program, IDM_TAKE_OVER_SETS));
