@@ -175,9 +175,23 @@ bool NeedsNewMarks(const MarkedBefore& before, const MarkedPlace& place) {
     return !before || before->listPosition != place.listPosition || before->passageVerse != place.passageVerse;
 }
 
+// In letters, because one may have two bytes.
+std::string TabName(const NoteFiles& files, const NoteSet& set) {
+    static constexpr std::size_t kMostLetters = 40, kAtEnd = 11;
+    static constexpr std::u16string_view kBetween = u"...";
+    std::string name = NoteSetName(set);
+    if (name.size() <= kMostLetters) return name;
+    const std::u16string letters = files.codePage.lettersOf(files.codePage.device, name);
+    if (letters.size() <= kMostLetters) return name;
+    std::u16string shorter = letters.substr(0, kMostLetters - kBetween.size() - kAtEnd);
+    shorter.append(kBetween).append(letters, letters.size() - kAtEnd);
+    files.codePage.bytesOf(files.codePage.device, shorter, name);
+    return name;
+}
+
 std::string MarkedLabel(const NoteFiles& files, const NoteSet& set, const MarkedPlace& place) {
     std::string label;
     if (place.listPosition >= 0 && NoteExists(files, set, place.listVerse)) label += "\xAB ";
     if (NoteExists(files, set, place.passageVerse)) label += "\xBB ";
-    return label + NoteSetName(set);
+    return label + TabName(files, set);
 }

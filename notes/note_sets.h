@@ -103,6 +103,10 @@ using MarkedBefore = std::optional<MarkedPlace>;
 // does not update them.
 bool NeedsNewMarks(const MarkedBefore& before, const MarkedPlace& place);
 
+// The name of a set as its tab shows it. Of one with more than 40 letters, only the beginning and the end with "..."
+// between them, because tabs that are wider than the window cannot be read.
+std::string TabName(const NoteFiles& files, const NoteSet& set);
+
 // The label of a set's tab: "\xAB " if it has a note for the Verse List's verse, "\xBB " if it has one for the
-// Passage's, then its name.
+// Passage's, then its TabName.
 std::string MarkedLabel(const NoteFiles& files, const NoteSet& set, const MarkedPlace& place);

@@ -54,7 +54,7 @@ void ShowNoteTabs(const MarkedBefore& place) {
     TabCtrl_DeleteAllItems(theNoteTabs.window);
     theNoteTabs.labels.clear();
     for (const NoteSet& set : theNoteSets.sets)
-        InsertTab(place ? MarkedLabel(TheNoteFiles(), set, *place) : NoteSetName(set));
+        InsertTab(place ? MarkedLabel(TheNoteFiles(), set, *place) : TabName(TheNoteFiles(), set));
     SelectNoteTab(theNoteSets.currentSet);
 }
 
@@ -134,7 +134,7 @@ std::string TellRepairedSets(bool (*hasWholeCopy)(const NoteSet& set)) {
 }
 
 void AddLastNoteTab() {
-    InsertTab(NoteSetName(theNoteSets.sets.back()));
+    InsertTab(TabName(TheNoteFiles(), theNoteSets.sets.back()));
 }
 
 // Skips unchanged labels, because setting the same text would still redraw the tab.

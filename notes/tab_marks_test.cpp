@@ -44,6 +44,33 @@ TEST(TabMarkers, PrecedeTheNameListMarkFirst) {
     for (const auto& row : kRows) EXPECT_EQ(MarkedLabel(files, notes.sets[0], row.place), row.label);
 }
 
+static std::string TabNameOf(const std::string& name, const NoteFiles& files = {}) {
+    return TabName(files, NoteSet{name + ".nmd"});
+}
+
+// Each letter is two bytes.
+static NoteFiles FilesWithLongLetters() {
+    NoteFiles files;
+    files.codePage.lettersOf = [](void*, std::string_view bytes) { return LettersOfUtf8(bytes); };
+    files.codePage.bytesOf = [](void*, std::u16string_view letters, std::string& bytes) {
+        bytes = Utf8Of(letters);
+        return true;
+    };
+    return files;
+}
+
+TEST(TabNames, AreCutOnlyIfTheyAreVeryLong) {
+    const std::string letters = "abcdefghijklmnopqrstuvwxyz0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ";
+    for (const std::size_t size : {0u, 1u, 20u, 40u})
+        EXPECT_EQ(TabNameOf(letters.substr(0, size)), letters.substr(0, size));
+    EXPECT_EQ(TabNameOf(letters.substr(0, 41)), "abcdefghijklmnopqrstuvwxyz...456789ABCDE");
+    EXPECT_EQ(TabNameOf(std::string(200, 'a') + letters), "aaaaaaaaaaaaaaaaaaaaaaaaaa...PQRSTUVWXYZ");
+    std::string greek;
+    for (int i = 0; i < 40; ++i) greek += "\u03B1";
+    EXPECT_EQ(TabNameOf(greek, FilesWithLongLetters()), greek);
+    EXPECT_EQ(TabNameOf(greek + "x", FilesWithLongLetters()), greek.substr(0, 52) + "..." + greek.substr(0, 20) + "x");
+}
+
 // Only the note of the last verse needs the data file, because the index does not give its length.
 TEST(TabMarkers, NeedTheDataFileOnlyForTheLastNote) {
     FakeNoteFiles fakes;

@@ -9,10 +9,17 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "tests/driver/remote_memory.h"
 #include "tests/windows/note_set_files.h"
 #include "tests/windows/note_steps.h"
 #include "tests/windows/passage_pane.h"
 #include "tests/windows/search_steps.h"
+
+static RECT TabRect(const Program& program, HWND tabs, int tab) {
+    RECT place{};
+    AskAbout(program, tabs, TCM_GETITEMRECT, static_cast<WPARAM>(tab), place);
+    return place;
+}
 
 static constexpr int kWept = 26558;  // the only verse with "Jesus wept"
 
@@ -28,6 +35,41 @@ static std::vector<std::string> LabelsOf(const Program& program) {
 }
 
 using Labels = std::vector<std::string>;
+
+// The whole name is everywhere else. Windows and Wine take no file with a longer one.
+TEST(TabsOfLongNames, ShowTheirBeginningAndEnd) {
+    const ScratchFolder folder = FolderWithScripture();
+    const std::string name = "The first of " + std::string(170, 'W') + " long names in all";
+    WriteNoteSet(folder, name, {{0, "first"}});
+    WriteNoteSet(folder, "Mine");
+    Program program = StartProgram(folder);
+    const std::string shown = "The first of " + std::string(13, 'W') + "...ames in all";
+    EXPECT_THAT(TabLabels(program, TabsOf(program)), testing::UnorderedElementsAre("Mine", "\xBB " + shown));
+    const RECT tabs = ClientRectOf(TabsOf(program));
+    for (int tab = 0; tab < 2; ++tab) {
+        const RECT place = TabRect(program, TabsOf(program), tab);
+        EXPECT_LE(place.right - place.left, tabs.right / 2) << tab;
+    }
+    SavePicture(PictureOfWindow(program.frame), "tab-of-a-long-name");
+    ClickTab(program, TabsOf(program), TabLabels(program, TabsOf(program))[0] == "Mine");
+    GoTo(program, "Re 22:21");
+    EXPECT_THAT(TabLabels(program, TabsOf(program)), testing::Contains(shown));
+    Command(program, IDM_RENAME_NOTE_SET);
+    const HWND dialog = WaitForDialog(program, "Change name of note set " + name);
+    EXPECT_EQ(TextOf(dialog, IDC_SET_NAME), name);
+    SetDlgItemTextA(dialog, IDC_SET_NAME, std::string(99, 'a').c_str());
+    Press(program, "Enter");
+    WaitForNoDialog(program);
+    EXPECT_THAT(TabLabels(program, TabsOf(program)),
+                testing::Contains(std::string(26, 'a') + "..." + std::string(11, 'a')));
+    EXPECT_TRUE(HasFile(folder, std::string(99, 'a') + ".nmd"));
+    Command(program, IDM_CREATE_NOTE_SET);
+    SetDlgItemTextA(WaitForDialog(program, "Create New Note Set"), IDC_SET_NAME, std::string(99, 'b').c_str());
+    Press(program, "Enter");
+    WaitForNoDialog(program);
+    EXPECT_THAT(TabLabels(program, TabsOf(program)),
+                testing::Contains(std::string(26, 'b') + "..." + std::string(11, 'b')));
+}
 
 TEST(TabMarks, ShowWhichSetsHaveNotesForTheVerses) {
     const ScratchFolder folder = FolderWithScripture();
