@@ -48,6 +48,14 @@ static constexpr char kReadOnlyNote[] =
 
 // ---- Opening and closing ------------------------------------------------------------------------------------------
 
+// It can be edited all the same: another program may put a whole file in its place meanwhile, and what is typed can be
+// copied elsewhere.
+static void TellDamagedSet() {
+    const NoteSet& set = *CurrentSet(theNoteSets);
+    if (set.readOnly)
+        ShowStatus(StatusPart::kSearchSummary, '"' + set.dataFileName + "\" is damaged: no note can be saved in it");
+}
+
 static void OpenNote() {
     std::string note;
     theNoteEditor.editing = true;
@@ -63,6 +71,7 @@ static void OpenNote() {
     RefreshFrame();
     InvalidateRect(theNoteEditor.window, nullptr, TRUE);
     SetFocus(theNoteEdit.window);
+    TellDamagedSet();
     if (!isExact) PostMessageA(theNoteEditor.window, kTellReadOnly, 0, 0);
 }
 

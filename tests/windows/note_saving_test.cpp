@@ -328,7 +328,9 @@ TEST(UnsavedNote, StaysInTheEditorOfADamagedSet) {
     const HWND report = WaitForDialog(program, "Note Sets");
     PostMessageA(report, WM_COMMAND, IDOK, 0);
     WaitForFrame(program);
+    EXPECT_EQ(StatusPart(program, 0), "");
     OpenNoteEditor(program);
+    EXPECT_EQ(StatusPart(program, 0), "\"Mine.nmd\" is damaged: no note can be saved in it");
     Type(program, "Mine. ");
     ClickEditorButton(program, IDC_NOTE_SAVE);
     const HWND box = WaitForDialog(program, "Error");
