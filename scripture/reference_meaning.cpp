@@ -26,10 +26,22 @@ static std::string CountOfVerses(int count) {
     return std::to_string(count) + (count == 1 ? " verse" : " verses");
 }
 
+// With abbreviations and without a count, so that the line has room for both.
+static std::string MeaningOfPart(const VerseRecords& records, const ParsedRange& verses) {
+    static constexpr std::size_t kMostUnused = 16;
+    const std::string unused =
+        verses.unused.size() > kMostUnused ? verses.unused.substr(0, kMostUnused) + "..." : verses.unused;
+    const std::string range = verses.first == verses.last
+                                  ? ReferenceText(records, verses.first, BookForm::kAbbreviation)
+                                  : RangeText(records, verses.first, verses.last);
+    return range + " (not used: \"" + unused + "\")";
+}
+
 std::string ReferenceMeaning(const VerseRecords& records, const std::string& typed, Asked asked) {
     if (typed.empty()) return {};
     const ParsedRange verses = ParseAsked(records, typed, asked);
     if (!verses.ok) return "not understood";
+    if (!verses.unused.empty()) return MeaningOfPart(records, verses);
     const VerseRecord first = RecordOf(records, verses.first);
     const VerseRecord last = RecordOf(records, verses.last);
     std::string meaning = Place(first);

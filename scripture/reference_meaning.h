@@ -12,5 +12,6 @@ enum class Asked { kVerse, kRange };
 ParsedRange ParseAsked(const VerseRecords& records, const std::string& typed, Asked asked);
 
 // "Genesis 1:9" for a verse; "Romans 8:1 to 8:39, 39 verses", "Genesis 50:26 to Exodus 1:1, 2 verses" or "Genesis 1:9,
-// 1 verse" for a range. "not understood" if ParseAsked fails; empty for an empty text, for which OK does nothing.
+// 1 verse" for a range; if only a part of the text tells of the range, "Ge 1:1 - Ge 3:1 (not used: "; Ex 2")". "not
+// understood" if ParseAsked fails; empty for an empty text, for which OK does nothing.
 std::string ReferenceMeaning(const VerseRecords& records, const std::string& typed, Asked asked);

@@ -41,10 +41,15 @@ TEST(ReferenceMeaning, NamesTheVerses) {
 // What is understood otherwise than it was meant.
 TEST(ReferenceMeaning, ShowsAnotherPlaceThanWasMeant) {
     static constexpr Row kRows[] = {
-        {"1 Jn 1:9", "Genesis 1:9", "Genesis 1:9, 1 verse"},
+        {"1 Jn 1:9", "Genesis 1:9", "Ge 1:9 (not used: \"Jn 1\")"},
         {"Ro 8:1-17", "Romans 8:1", "Romans 8:1 to 16:27, 247 verses"},
         {"Song of Solomon 2:1", "Song of Solomon 1:1", "not understood"},
-        {"Ge 1 - Ex 2:3", "Genesis 1:3", "Genesis 1:3, 1 verse"},
+        {"Ge 1 - Ex 2:3", "Genesis 1:3", "Ge 1:3 (not used: \"- Ex 2\")"},
+        {"Ge 1:1 - 1:3; Ex 2:1", "Genesis 1:1", "Ge 1:1 - Ge 1:3 (not used: \"; Ex 2:1\")"},
+        {"Ge 1:1-3; Ex 2:1", "Genesis 1:1", "Ge 1:1 - Ge 3:1 (not used: \"; Ex 2\")"},
+        {"Ge 1-2; Ex 3 or Le", "Genesis 1:1", "Ge 1:1 - Ge 2:25 (not used: \"; Ex 3or Le\")"},
+        {"Ge 1-2; Ex 4 or Le 6-8", "Genesis 1:1", "Ge 1:1 - Ge 2:25 (not used: \"; Ex 4 or Le 6-8\")"},
+        {"Ge 1-2; Ex 4 or Le 56-8", "Genesis 1:1", "Ge 1:1 - Ge 2:25 (not used: \"; Ex 4 or Le 56-...\")"},
         {"John 3 : 16", "John 3:16", "John 3:16 to 16:33, 624 verses"},
         {"Ge 1:1; Ex 2:3", "Genesis 1:1", "Genesis 1:1 to Exodus 2:3, 1558 verses"},
         {"Ge 99", "Genesis 50:26", "Genesis 50:26, 1 verse"},
@@ -79,16 +84,26 @@ static std::string LineOf(const std::string& typed, Asked asked) {
     return asked == Asked::kVerse ? LineOfVerse(records, taken.first) : LineOfRange(records, taken.first, taken.last);
 }
 
+// The beginning of the line, if it also tells what is not used.
+static std::string RangeIn(const std::string& meaning) {
+    return meaning.substr(0, meaning.find(" (not used: "));
+}
+
 TEST(ReferenceMeaning, IsWhatOkTakes) {
-    int understood = 0, refused = 0;
+    int understood = 0, refused = 0, parts = 0;
     for (const std::string& typed : TypedReferences(20, 5000))
         for (const Asked asked : {Asked::kVerse, Asked::kRange}) {
             const std::string meaning = Meaning(typed, asked);
-            EXPECT_EQ(meaning, LineOf(typed, asked)) << typed;
+            const ParsedRange taken = ParseAsked(TheRealScripture().records, typed, asked);
+            const bool isPart = taken.ok && !taken.unused.empty();
+            EXPECT_EQ(RangeIn(meaning) != meaning, isPart) << typed;
+            EXPECT_EQ(isPart ? LineOf(RangeIn(meaning), asked) : meaning, LineOf(typed, asked)) << typed;
+            parts += isPart;
             ++(meaning == "not understood" ? refused : understood);
         }
     EXPECT_GT(understood, 4000) << "the texts are of all kinds";
     EXPECT_GT(refused, 1000);
+    EXPECT_GT(parts, 100);
 }
 
 TEST(ParseAsked, TakesAVerseAsARangeOfOne) {

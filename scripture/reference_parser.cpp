@@ -1,6 +1,7 @@
 #include "scripture/reference_parser.h"
 
 #include <algorithm>
+#include <cctype>
 #include <cstdlib>
 #include <cstring>
 #include <optional>
@@ -33,6 +34,8 @@ namespace {
 struct Cursor {
     const std::string& text;
     std::size_t at = 0;
+    std::size_t read = 0;  // the end of the last number that was read
+    std::string unused{};  // what was passed over
 };
 
 }  // namespace
@@ -109,18 +112,38 @@ static int NumberAt(const Cursor& cursor) {
     return static_cast<int>(std::clamp(number, -100000L, 100000L));
 }
 
+// Moves `read` behind the number that NumberAt gives.
+static void TakeNumber(Cursor& cursor) {
+    Cursor end{cursor.text, cursor.at};
+    while (std::isspace(static_cast<unsigned char>(Current(end)))) ++end.at;
+    if (Current(end) == '+' || Current(end) == '-') ++end.at;
+    SkipDigits(end);
+    cursor.read = end.at;
+}
+
+// Notes what is between the last number and `next` unless it only separates.
+static void PassOver(Cursor& cursor, std::size_t next) {
+    const std::size_t from = std::min(cursor.text.find_first_not_of(' ', cursor.read), next);
+    const std::string passed = cursor.text.substr(from, next - from);
+    if (std::none_of(passed.begin(), passed.end(), IsLetterOrDigit)) return;
+    cursor.unused += (cursor.unused.empty() ? "" : " ... ") + passed;
+}
+
 // Reads a chapter at the cursor, and the verse after the next colon (or point, if there is no colon) anywhere ahead;
 // without a separator `verse` is unchanged. The cursor ends before the verse number: what follows a colon and a space
 // is read again as the second half of a range. False for a zero.
 static bool ReadChapterAndVerse(Cursor& cursor, int& chapter, int& verse) {
     chapter = NumberAt(cursor);
     if (chapter == 0) return false;
+    TakeNumber(cursor);
     SkipDigits(cursor);
     std::size_t separator = cursor.text.find(':', cursor.at);
     if (separator == std::string::npos) separator = cursor.text.find('.', cursor.at);
     if (separator == std::string::npos) return true;
+    PassOver(cursor, separator);
     cursor.at = separator + 1;
     verse = NumberAt(cursor);
+    TakeNumber(cursor);
     return verse != 0;
 }
 
@@ -182,8 +205,10 @@ static std::optional<std::pair<Place, Place>> ReadHalves(Cursor& cursor) {
     if (!first) return std::nullopt;
     SkipDigits(cursor);
     SkipToLetterOrDigit(cursor);
-    const std::optional<Place> last = IsAtEnd(cursor) ? EndOf(*first) : ReadSecondHalf(cursor, first->book);
+    if (IsAtEnd(cursor)) return std::pair{*first, EndOf(*first)};
+    const std::optional<Place> last = ReadSecondHalf(cursor, first->book);
     if (!last) return std::nullopt;
+    if (!IsAtEnd(cursor)) PassOver(cursor, cursor.text.size());
     return std::pair{*first, *last};
 }
 
@@ -193,6 +218,7 @@ ParsedRange ParseRange(const VerseRecords& records, std::string text) {
     Cursor cursor{range.text};
     const auto halves = ReadHalves(cursor);
     if (!halves) return range;
+    range.unused = cursor.unused;
     const int first = VerseOf(records, halves->first);
     const int last = VerseOf(records, halves->second);
     range.ok = first != kNoVerse && last != kNoVerse;

@@ -23,7 +23,8 @@ struct ParsedRange {
     bool ok = false;
     int first = kNoVerse;  // never after `last`
     int last = kNoVerse;
-    std::string text;  // as trimmed and normalised; set even if parsing failed
+    std::string text;      // as trimmed and normalised; set even if parsing failed
+    std::string unused{};  // words and numbers of `text` that tell nothing of the range, such as a second range
 };
 
 // Parses one verse. `text` must not be empty.

@@ -51,6 +51,36 @@ TEST(ParseReference, ReadsBookChapterAndVerse) {
     ExpectReferences(kRows);
 }
 
+TEST(ParseRange, TellsWhatItHasNotUsed) {
+    static constexpr std::pair<const char*, const char*> kRows[] = {
+        {"Ge", ""},
+        {"Ge 1:1", ""},
+        {"Ge 1:1-5", ""},
+        {"Ge 1 - 3", ""},
+        {"Ge - Re", ""},
+        {"1 John 1:9 - 2:1", ""},
+        {"1 Samuel 2:3 - 2 Kings 3:4", ""},
+        {"Ge 1:1-2:3", ""},
+        {"Ge 1:1 -- 2 : 3", ""},
+        {"Ge 1:+5", ""},
+        {"Ge 1:1 ;,.", ""},
+        {"Ge 1:1; Ex 2:3", ""},  // a range
+        {"Ge 1:1-3; Ex 2:1", "; Ex 2"},
+        {"Ge 1:1-2:3; Ex 2:1", "; Ex 2:1"},
+        {"Ge 1:1-2:3, 7", ", 7"},
+        {"Ge 1:1-4 5", "5"},
+        {"Ge 1:1 - Ex 2:1-3", "-3"},
+        {"Ge 1:1 - Ex 2:1 and more", "and more"},
+        {"Ge 1 - Ex 2:3", "- Ex 2"},
+        {"Ge 1; Ex 2:3; Le 4; Nu 5:6", "; Ex 2 ... ; Nu 5"},
+        {"5 Ex 6", ""},
+        {"1 Samuel 2 - 2 Kings 3:4", "- 2Kings 3"},
+        {"1 Jn 1:9", "Jn 1"},
+    };
+    for (const auto& [text, unused] : kRows)
+        EXPECT_EQ(ParseRange(TheRealScripture().records, text).unused, unused) << text;
+}
+
 TEST(ParseReference, UsesTheFirstBookThatMatches) {
     static const ReferenceRow kRows[] = {
         {"Jo 1:1", "Jos 1:1"},

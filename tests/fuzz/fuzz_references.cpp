@@ -36,7 +36,7 @@ static void CheckRange(const std::string& text) {
     Expect(half.ok && (half.verse == parsed.first || half.verse == parsed.last),
            "a range begins as its first half says");
     const ParsedRange again = ParseRange(Records(), RangeText(Records(), parsed.first, parsed.last));
-    Expect(again.ok && again.first == parsed.first && again.last == parsed.last,
+    Expect(again.ok && again.first == parsed.first && again.last == parsed.last && again.unused.empty(),
            "a range is found by the text that the program gives it");
 }
 
