@@ -6,10 +6,11 @@
 #include "tests/driver/probe.h"
 #include "tests/driver/remote_memory.h"
 
-// False when the program no longer answers. Both have the memory, because Wine stops a program to read or write its
-// memory from outside, and a program that is stopped while it tells Wine's server more than 64 KB ends with a "partial
-// write".
+// False when the program no longer answers, or does not yet: a dialog may come before the frame. Both have the memory,
+// because Wine stops a program to read or write its memory from outside, and a program that is stopped while it tells
+// Wine's server more than 64 KB ends with a "partial write".
 static bool TryProbe(const Program& program, Probe& probe) {
+    if (!program.probeView) return false;
     static const UINT probeMessage = RegisterWindowMessageA(kProbeMessageName);
     constexpr UINT kLongestAnswer = 60000;  // a long search may run before the answer
     DWORD_PTR ignored = 0;
