@@ -1,5 +1,6 @@
 #include "app/toolbar_win32.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <string>
 #include <utility>
@@ -128,12 +129,21 @@ static std::vector<ToolbarItem> ItemsOf(HWND toolbar) {
     return items;
 }
 
+// The rows may take a quarter of the frame's height from the panes. In a lower frame, the last buttons are beyond its
+// edge.
+static std::size_t MostRows(HWND toolbar, int height) {
+    static constexpr int kShare = 4;
+    const int row = HIWORD(SendMessageA(toolbar, TB_GETBUTTONSIZE, 0, 0));
+    return static_cast<std::size_t>(std::max(height / (kShare * std::max(row, 1)), 1));
+}
+
 // The control could divide the row itself (TBSTYLE_WRAPABLE), but then paints all buttons whenever the frame is sized,
 // and Wine gives it the height of a row too many.
 void DivideToolbar() {
     RECT client{};
     GetClientRect(theFrame.window, &client);
     std::vector<std::size_t> rows = RowEnds(ItemsOf(theFrame.toolbar), static_cast<int>(client.right));
+    rows.resize(std::min(rows.size(), MostRows(theFrame.toolbar, static_cast<int>(client.bottom)) - 1));
     if (rows == theFrame.toolbarRows) return;
     theFrame.toolbarRows = std::move(rows);
     RecreateToolbar();

@@ -9,8 +9,8 @@ HWND CreateToolbar(HWND frame);
 // Replaces the toolbar by one for the scaling of its screen now. The caller places it.
 void RecreateToolbar();
 
-// Gives the toolbar as many rows of buttons as it needs for the width of the frame. If they change, the toolbar is
-// replaced, and the caller places it.
+// Gives the toolbar as many rows of buttons as it needs for the width of the frame, unless the panes would be left too
+// little of its height. If they change, the toolbar is replaced, and the caller places it.
 void DivideToolbar();
 
 // Shows the pictures so that they can be read on the system's button face, which may have another colour now.

@@ -232,6 +232,18 @@ TEST(Toolbar, HasAllButtonsInReachInANarrowFrame) {
     }
 }
 
+// The panes are what the program is for.
+TEST(Toolbar, HasOneRowInAFrameThatIsLowAsWell) {
+    const Program program = StartProgram(FolderWithScripture());
+    PlaceFrame(program, {0, 0, 1600, 900});
+    const LONG height = HeightOfToolbar(program);
+    PlaceFrame(program, {0, 0, 320, 220});
+    EXPECT_EQ(HeightOfToolbar(program), height);
+    ExpectPanesBelowToolbar(program, 2);
+    PlaceFrame(program, {0, 0, 320, 900});
+    EXPECT_GT(HeightOfToolbar(program), height);
+}
+
 TEST(Toolbar, IgnoresClicksOnGreyButtons) {
     Program program = StartProgram(FolderWithScripture());
     EXPECT_EQ(ClickGreyButtons(program), 7) << "the clipboard's three and the list's four";
