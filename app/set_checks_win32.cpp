@@ -11,6 +11,8 @@
 #include "notes/notes_window.h"
 #include "notes/set_checks.h"
 #include "pane/status_bar_win32.h"
+#include "win32/code_page.h"
+#include "win32/files.h"
 
 static bool HasWholeState(const NoteSet& set) {
     return HasWholeState(TheNoteFiles(), NoteSetName(set));
@@ -27,8 +29,17 @@ static bool TellRepairs() {
     return true;
 }
 
+// Of a folder that the program was started for: someone who looks for her notes should not think that they are lost.
+static std::string TextOfPassedOverNotes() {
+    const std::wstring folder = PassedOverFolder();
+    if (folder.empty() || FilesIn(folder, "*.nmi").empty()) return "";
+    return "The notes in " + NearestInCodePage(WithoutLongPrefix(folder)) +
+           " are not shown: no files can be created there.";
+}
+
 void TellSetsNotShown() {
-    ShowStatus(StatusPart::kSearchSummary, NotShownText(theNoteSets));
+    const std::string passedOver = TextOfPassedOverNotes();
+    ShowStatus(StatusPart::kSearchSummary, passedOver.empty() ? NotShownText(theNoteSets) : passedOver);
 }
 
 void ReadFirstNote() {

@@ -180,6 +180,11 @@ bool IsInstalledCopy() {
     return TheFolders().isInstalled;
 }
 
+std::wstring PassedOverFolder() {
+    const Folders& folders = TheFolders();
+    return folders.readsFromStart && folders.working != folders.start ? folders.start : L"";
+}
+
 bool CanWriteWorkingFolder() {
     return TheFolders().canWrite;
 }

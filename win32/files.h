@@ -88,6 +88,10 @@ void SettleWorkingFolder(std::initializer_list<const char*> markers, const char*
 // True if SettleWorkingFolder found `installedMark`.
 bool IsInstalledCopy();
 
+// The folder that was current at the start if SettleWorkingFolder would have chosen it but no files can be created
+// there; otherwise empty.
+std::wstring PassedOverFolder();
+
 // False if SettleWorkingFolder found no folder where files can be created.
 bool CanWriteWorkingFolder();
 

@@ -233,15 +233,7 @@ TEST(ForeignLetters, LeadToASavedRange) {
     CopyScriptureTo(folder);
     WriteNoteSet(folder, "First", {{0, "of the first"}});
     Program program = StartProgram(folder);
-    Command(program, IDM_SAVE_RANGE);
-    const HWND dialog = WaitForDialog(program, "Save Range");
-    SetDlgItemTextA(dialog, IDC_RANGE, "Ge 1:1");
-    CheckDlgButton(dialog, IDC_INCLUDE_NOTES, BST_CHECKED);
-    Press(program, "Enter");
-    WaitForDialog(program, "Save As");
-    SendMessageW(FocusOf(program), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"\u05D0.txt"));
-    Press(program, "Enter");
-    WaitForNoDialog(program);
+    SaveRangeWithNotes(program, "Ge 1:1", L"\u05D0.txt");
     std::filesystem::rename(folder.path / L"\u05D0.txt", folder.path / "saved.txt");
     EXPECT_NE(ReadFile(folder, "saved.txt").find("of the first"), std::string::npos);
 }
@@ -274,6 +266,20 @@ TEST(ReadOnlyFolders, CurrentOneIsNotTheWorkingFolder) {
     EXPECT_NE(ReadFile(home, "My Notes.nmd").find("kept"), std::string::npos);
     EXPECT_TRUE(HasFile(home, "Versewell.INI"));
     EXPECT_EQ(FilesIn(current).size(), 5u);
+}
+
+TEST(ReadOnlyFolders, AreToldIfTheyHaveNotes) {
+    const ScratchFolder home = EmptyFolder();
+    CopyProgramTo(home);
+    const ScratchFolder current = FolderWithScripture();
+    WriteNoteSet(current, "Years", {{0, "of notes"}});
+    const ReadOnlyFolder readOnly(current.path);
+    const Program program = StartProgram(current, ProgramIn(home));
+    EXPECT_FALSE(HasDialog(program));
+    EXPECT_THAT(NoteSetNames(program), ElementsAre("My Notes"));
+    EXPECT_THAT(StatusPart(program, 0),
+                AllOf(testing::StartsWith("The notes in "), HasSubstr(current.path.filename().string()),
+                      testing::EndsWith(" are not shown: no files can be created there.")));
 }
 
 TEST(ReadOnlyFolders, LeaveApplicationData) {
