@@ -10,6 +10,7 @@
 #include "app/note_commands_win32.h"
 #include "app/note_set_commands_win32.h"
 #include "app/profile_file_win32.h"
+#include "app/session.h"
 #include "app/set_checks_win32.h"
 #include "app/settings.h"
 #include "notes/file_names.h"
@@ -70,6 +71,13 @@ static std::vector<std::u16string> UnnamedSets(const std::wstring& folder) {
     return names;
 }
 
+// What was typed last is only in the session file, which is not taken: it belongs to a running or stopped program.
+static std::wstring TextOfOpenSession(const NoteFiles& from) {
+    if (!from.stamp(from.device, kSessionFile).exists) return L"";
+    return L"\n\nThat copy is running or has not been closed. Start it and close it first, so that a note that was "
+           L"being written is stored and its settings are up to date.";
+}
+
 // Lets the user choose a folder until one has sets to take over, and confirms them. What was taken; none if nothing
 // was.
 static std::optional<SetsToTake> AskAndTake(HWND owner) {
@@ -87,7 +95,8 @@ static std::optional<SetsToTake> AskAndTake(HWND owner) {
                 return std::nullopt;
             continue;
         }
-        const std::wstring question = names + L"\n\nThey are copied, and the folder stays as it is. Continue?";
+        const std::wstring question =
+            names + TextOfOpenSession(from) + L"\n\nThey are copied, and the folder stays as it is. Continue?";
         if (Ask(owner, WithFolder(folder, question), MB_OKCANCEL | MB_ICONQUESTION) != IDOK) return std::nullopt;
         return Take(owner, from, found) ? std::optional(std::move(found)) : std::nullopt;
     }

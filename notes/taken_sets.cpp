@@ -10,6 +10,7 @@
 #include "notes/file_names.h"
 #include "notes/note_backup.h"
 #include "notes/note_history.h"
+#include "notes/note_sets.h"
 #include "notes/whole_files.h"
 #include "scripture/letters.h"
 
@@ -66,6 +67,7 @@ static std::vector<std::string> BackupsToTake(const NoteFiles& from, const NoteF
 SetsToTake FindSetsToTake(const NoteFiles& from, const NoteFiles& to, std::span<const std::string> others) {
     SetsToTake found;
     for (const std::string& set : SetsIn(from)) (IsPresent(to, set) ? found.present : found.sets).push_back(set);
+    found.here = SetsIn(to).size();
     if (found.sets.empty()) return found;
     const auto add = [&](const std::string& name) {
         if (Exists(from, name) && !Exists(to, name)) found.files.push_back(name);
@@ -97,15 +99,24 @@ static std::vector<std::u16string> LettersOfNames(const CodePage& page, std::spa
     return letters;
 }
 
+// All of the sets are opened in the order of the folder, so those that are left out may be any.
+static void AddLimit(std::u16string& text, std::size_t sets) {
+    if (sets <= kNoteSetLimit) return;
+    text += u"\n\nVersewell shows " + Number(kNoteSetLimit) + u" note sets. There would be " + Number(sets) +
+            u", and the last ones in the order of the folder would not be shown, also of those that are here.";
+}
+
 std::u16string TextOfSetsToTake(const CodePage& page, const SetsToTake& found) {
     std::u16string text;
     AddNames(text, u"Note sets that can be taken over:", LettersOfNames(page, found.sets));
     AddNames(text, u"Left out, because there are note sets of these names already:",
              LettersOfNames(page, found.present));
+    if (!found.present.empty()) text += u"\nTo take one over, first rename the one that is here.";
     AddNames(text,
              u"Left out, because the names are those of devices, or have letters that this system's code page lacks. "
              u"Rename the files first:",
              found.unnamed);
+    AddLimit(text, found.sets.empty() ? 0 : found.here + found.sets.size());
     return text;
 }
 
@@ -139,10 +150,19 @@ static std::vector<std::string> Lines(std::string_view text) {
     return lines;
 }
 
+static bool IsNameToTake(std::string_view name) {
+    static const std::string kEndings[] = {kDataEnding,  kTempDataEnding, kIndexEnding,
+                                           kTableEnding, kHistoryEnding,  ".ini"};
+    return StaysInFolder(name) && std::ranges::any_of(kEndings, [&](const std::string& ending) {
+               return name.size() >= ending.size() &&
+                      EqualIgnoringCase(name.substr(name.size() - ending.size()), ending);
+           });
+}
+
 // Gives one of the copies its name. Whatever has got that name meanwhile stays, and the copy goes.
 static bool Settle(const NoteFiles& files, const std::string& staged, const std::string& name) {
     if (!Exists(files, staged)) return true;  // by a former run
-    if (!StaysInFolder(name) || Exists(files, name)) return files.remove(files.device, staged);
+    if (!IsNameToTake(name) || Exists(files, name)) return files.remove(files.device, staged);
     return files.rename(files.device, staged, name);
 }
 

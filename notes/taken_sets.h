@@ -19,6 +19,7 @@ inline constexpr char kTakenList[] = "Versewell.taken";
 struct SetsToTake {
     std::vector<std::string> sets;     // their names
     std::vector<std::string> present;  // those that are left out: the working directory has files of that name already
+    std::size_t here = 0;              // how many sets the working directory has already
     std::vector<std::string> files;    // of `sets`, and backups and earlier notes of names that are not in use there
     std::vector<std::u16string> unnamed;  // data files that are left out: NoteFiles has no name for them
 };
@@ -28,7 +29,7 @@ struct SetsToTake {
 SetsToTake FindSetsToTake(const NoteFiles& from, const NoteFiles& to, std::span<const std::string> others);
 
 // The sets that were found, as lines for the user, and those that are left out, with the reason; empty if there are
-// neither.
+// neither. If there would be more sets than can be shown, how many would not be.
 std::u16string TextOfSetsToTake(const CodePage& page, const SetsToTake& found);
 
 // One line for the user about sets that were taken, and the data files that could not be.
@@ -44,8 +45,9 @@ enum class SetTaking {
 // Takes what was found. No file of `to` is written over.
 SetTaking TakeSets(const NoteFiles& from, const NoteFiles& to, const SetsToTake& found);
 
-// Finishes what a former run has left, or removes it if it has taken nothing. To be called at each start, before the
-// sets are opened. False if it is still not finished.
+// Finishes what a former run has left, or removes it if it has taken nothing. The list may have been written by anyone:
+// a copy gets no other name than such as notes and settings have, in this folder or that of the backups. To be called
+// at each start, before the sets are opened. False if it is still not finished.
 bool FinishTaking(const NoteFiles& files);
 
 // Is there no note set in the working directory, nor anything that may become one?

@@ -86,8 +86,20 @@ TEST(SetsToTake, LeaveOutThoseThatArePresent) {
         EXPECT_THAT(found.sets, ElementsAre("Lost", "Readings"));
         EXPECT_THAT(found.present, ElementsAre("Mine"));
         EXPECT_THAT(found.files, Not(testing::Contains(HasSubstr("Mine")))) << name;
-        EXPECT_THAT(Told(found), HasSubstr("of these names already:\n    Mine"));
+        EXPECT_THAT(Told(found), HasSubstr("of these names already:\n    Mine\nTo take one over, first rename"));
     }
+}
+
+TEST(SetsToTake, TellIfThereWouldBeTooMany) {
+    SetsToTake found;
+    found.here = 2;
+    for (int set = 0; set < 29; ++set) found.sets.push_back("Many " + std::to_string(set));
+    EXPECT_THAT(Told(found), Not(HasSubstr("would not be shown")));
+    found.sets.push_back("One more");
+    EXPECT_THAT(Told(found), HasSubstr("\n\nVersewell shows 31 note sets. There would be 32, and the last ones"));
+    FakeNoteFiles from = OlderFolder(), to;
+    AddFakeSet(to, "Here", {});
+    EXPECT_EQ(FindSetsToTake(DeviceOver(from), DeviceOver(to), kOthers).here, 1u);
 }
 
 TEST(SetsToTake, NameTheFilesThatHaveNoNameForTheProgram) {
@@ -237,8 +249,8 @@ TEST(TakenSets, AreNoneIfAFileIsNotReadWhole) {
 
 // The list is a file, which someone else may have written.
 TEST(TakenSets, GetNoNamesElsewhere) {
-    for (const char* name :
-         {"../up.nmd", "..\\up.nmd", "C:\\up.nmd", "/up.nmd", "other/a.nmd", "con.nmd", "a.nmd:b", "", "."}) {
+    for (const char* name : {"../up.nmd", "..\\up.nmd", "C:\\up.nmd", "/up.nmd", "other/a.nmd", "con.nmd", "a.nmd:b",
+                             "", ".", "versewell.exe", "riched32.dll", "backup/a.exe", "nmd"}) {
         FakeNoteFiles fakes;
         const std::string list = name + std::string("\nGood.nmd\n");
         fakes.contents[kTakenList] = {list.begin(), list.end()};
