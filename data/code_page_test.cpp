@@ -54,7 +54,7 @@ TEST(TextForNotes, IsStoredInTheCodePageOrInUtf8) {
 
 TEST(TextForNotes, DoesNotReadBeyondATruncatedText) {
     const std::string text = "\u05D2\U0001F600\u2014";
-    for (std::size_t length = 0; length <= text.size(); ++length) {
+    for (std::size_t length = 1; length <= text.size(); ++length) {
         ReplacedCharacters replaced;
         const std::string note = kMark + TextForNotes(std::string(text.data(), length), replaced);
         EXPECT_TRUE(IsInUtf8(note)) << length;

@@ -96,7 +96,7 @@ std::u16string LettersOfUtf8(std::string_view utf8) {
 // ---- Notes ----------------------------------------------------------------------------------------------------------
 
 bool IsInUtf8(std::string_view note) {
-    if (!note.starts_with(kUtf8Mark)) return false;
+    if (!note.starts_with(kUtf8Mark) || note.size() == kUtf8Mark.size()) return false;
     std::string_view rest = note.substr(kUtf8Mark.size());
     while (!rest.empty())
         if (!TakeLetter(rest)) return false;

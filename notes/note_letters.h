@@ -3,6 +3,7 @@
 // A note is stored in the code page of the system. One with a letter that the code page lacks is stored in UTF-8 behind
 // the mark EF BB BF. Neither has a zero byte, so both are the same to everything that only copies notes. A note that
 // begins with the mark and is not valid UTF-8 behind it is one in the code page: such notes may be older than the mark.
+// So is one of the mark alone, because it would be a note that is marked and counted, and shows nothing.
 //
 // Where letters count, for example in the editor, a note is UTF-16 in which every letter has its place.
 #pragma once

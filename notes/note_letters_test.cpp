@@ -98,6 +98,7 @@ TEST(NoteLetters, OfANoteThatOnlyBeginsLikeUtf8AreThoseOfTheCodePage) {
         kMark + "\xF4\x90\x80\x80",      // beyond the last letter
         kMark + "\xF8\x88\x80\x80\x80",  // no letter has five bytes
         kMark + "\x80",
+        kMark,  // without any letter, a note of no letters that would be marked as one and show nothing
         "\xEF\xBB",
         " " + kMark,
         "",
@@ -126,7 +127,8 @@ TEST(NoteLetters, ThatAreNotChangedKeepTheirBytes) {
     EXPECT_EQ(NoteOfLetters(kLatin, u"plain", marked), marked);
     EXPECT_EQ(NoteOfLetters(kLatin, u"plainer", marked), "plainer");
     EXPECT_EQ(NoteOfLetters(kLatin, u"plain", "plain"), "plain");
-    EXPECT_EQ(NoteOfLetters(kLatin, u"", kMark), kMark);
+    EXPECT_EQ(NoteOfLetters(kLatin, LettersOfNote(kLatin, kMark), kMark), kMark);
+    EXPECT_EQ(NoteOfLetters(kLatin, u"", kMark), "") << "it can be emptied";
 }
 
 TEST(NoteLetters, AreExactOnlyWhereEachByteIsInTheCodePage) {

@@ -123,15 +123,19 @@ TEST(MissingDataFile, CanBeReplacedByAnEarlierState) {
     EXPECT_EQ(CloseProgram(program), 0);
 }
 
-TEST(DataFileInUse, IsToldAndIsNotEdited) {
-    const ScratchFolder folder = FolderWithTwoSets();
+// Starts the program while another one has the notes of "Second" open, and ends that when this was told.
+static Program ProgramToldOfFileInUse(const ScratchFolder& folder) {
     const std::string path = (folder.path / "Second.nmd").string();
-    UniqueHandle held(CreateFileA(path.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr));
-    ASSERT_NE(held.get(), INVALID_HANDLE_VALUE);
+    const UniqueHandle held(CreateFileA(path.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr));
+    EXPECT_NE(held.get(), INVALID_HANDLE_VALUE);
     Program program = StartProgram(folder);
     ExpectToldAtStart(program, "Second.nmd cannot be opened.");
     ExpectNoNoteOfSecond(program);
-    held.reset();
+    return program;
+}
+
+TEST(DataFileInUse, IsToldAndIsNotEdited) {
+    Program program = ProgramToldOfFileInUse(FolderWithTwoSets());
     Press(program, "F10");
     EXPECT_EQ(Shown(program), "of the second");
     EXPECT_EQ(CloseProgram(program), 0);
@@ -140,13 +144,7 @@ TEST(DataFileInUse, IsToldAndIsNotEdited) {
 TEST(DataFileInUse, IsToldAlsoIfItsIndexIsMissing) {
     const ScratchFolder folder = FolderWithTwoSets();
     std::filesystem::remove(folder.path / "Second.nmi");
-    const std::string path = (folder.path / "Second.nmd").string();
-    UniqueHandle held(CreateFileA(path.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr));
-    ASSERT_NE(held.get(), INVALID_HANDLE_VALUE);
-    Program program = StartProgram(folder);
-    ExpectToldAtStart(program, "Second.nmd cannot be opened.");
-    ExpectNoNoteOfSecond(program);
-    held.reset();
+    Program program = ProgramToldOfFileInUse(folder);
     ClickTab(program, TabsOf(program), TabOf(program, "First"));
     ClickTab(program, TabsOf(program), TabOf(program, "Second"));
     EXPECT_EQ(Shown(program), "of the second");

@@ -347,19 +347,21 @@ TEST(NoteLetters, AreMergedFromACopy) {
 
 // ---- Files and paper ------------------------------------------------------------------------------------------------
 
+// It is counted as a note, so it must not look like none.
+TEST(NoteLetters, AreShownOfANoteThatIsOnlyTheMark) {
+    Program program = StartProgram(FolderToEdit(kMark));
+    EXPECT_EQ(TextInView(program), L"\u00EF\u00BB\u00BF");
+    OpenNoteEditor(program);
+    Press(program, "Ctrl+a");
+    Press(program, "Delete");
+    ClickEditorButton(program, IDC_NOTE_SAVE);
+    EXPECT_EQ(StoredEdit(program), "");
+}
+
 TEST(NoteLetters, AreSavedWithARange) {
     const ScratchFolder folder = FolderToEdit(Marked(AllLetters()));
     Program program = StartProgram(folder);
-    Command(program, IDM_SAVE_RANGE);
-    const HWND dialog = WaitForDialog(program, "Save Range");
-    SetDlgItemTextA(dialog, IDC_RANGE, "Ge 3:1-3");
-    CheckDlgButton(dialog, IDC_INCLUDE_NOTES, BST_CHECKED);
-    Press(program, "Enter");
-    WaitForDialog(program, "Save As");
-    SendMessageA(FocusOf(program), WM_SETTEXT, 0,
-                 reinterpret_cast<LPARAM>((folder.path / "saved.txt").string().c_str()));
-    Press(program, "Enter");
-    WaitForNoDialog(program);
+    SaveRangeWithNotes(program, "Ge 3:1-3", (folder.path / "saved.txt").wstring());
     const std::string saved = ReadFile(folder, "saved.txt");
     EXPECT_TRUE(saved.starts_with(kMark));
     EXPECT_NE(saved.find("\r\n\r\n" + Utf8(AllLetters()) + "\r\n\r\n"), std::string::npos);

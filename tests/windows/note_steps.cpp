@@ -77,3 +77,15 @@ void DoubleClickNote(const Program& program, std::string_view text) {
     if (offset == std::string::npos) Fail(&program, "no \"" + std::string(text) + "\" in the note");
     DoubleClick(program, view, PointOfCharacter(program, view, offset));
 }
+
+void SaveRangeWithNotes(const Program& program, const char* range, const std::wstring& file) {
+    Command(program, IDM_SAVE_RANGE);
+    const HWND dialog = WaitForDialog(program, "Save Range");
+    SetDlgItemTextA(dialog, IDC_RANGE, range);
+    CheckDlgButton(dialog, IDC_INCLUDE_NOTES, BST_CHECKED);
+    Press(program, "Enter");
+    WaitForDialog(program, "Save As");
+    SendMessageW(FocusOf(program), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(file.c_str()));
+    Press(program, "Enter");
+    WaitForNoDialog(program);
+}

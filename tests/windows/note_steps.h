@@ -28,6 +28,9 @@ std::string StoredEdit(const Program& program);
 // The clipboard's CF_UNICODETEXT, "" when there is none: the letters of a copied note.
 std::wstring LettersOnClipboard();
 
+// Saves the verses of `range` with their notes in the first set to the file with this name or path.
+void SaveRangeWithNotes(const Program& program, const char* range, const std::wstring& file);
+
 // Opens the editor for the current note with its key.
 void OpenNoteEditor(const Program& program);
 
