@@ -273,6 +273,10 @@ SIZE SizeOfText(const Program& program, HWND window, std::string_view text, int 
 // interrupted in the middle.
 void EndAtFileOperation(const Program& program, unsigned last);
 
+// From its file operation number `first` from now on, everything that the program writes fails in the middle, as on a
+// full disk; 0: nothing does any more.
+void FillDiskAtFileOperation(const Program& program, unsigned first);
+
 // How many file operations lie between those at which a test ends the program in turn: 1 in a long run, otherwise more.
 unsigned StepOfFileOperations();
 

@@ -5,7 +5,8 @@
 #include "tests/driver/import_table.h"
 
 static UINT count;
-static UINT end;  // 0: never
+static UINT end;   // 0: never
+static UINT full;  // 0: never
 
 static void CountOperation() {
     if (++count == end) TerminateProcess(GetCurrentProcess(), 9);
@@ -40,8 +41,10 @@ static Watched Watch(const char* name, Result(WINAPI* system)(Arguments...)) {
 
 static BOOL WINAPI WatchWrite(HANDLE file, LPCVOID bytes, DWORD size, LPDWORD written, LPOVERLAPPED place) {
     CountOperation();
-    if (count + 1 == end) WriteFile(file, bytes, size / 2, written, place);
+    const bool isFull = full != 0 && count >= full;
+    if (count + 1 == end || isFull) WriteFile(file, bytes, size / 2, written, place);
     CountOperation();
+    if (isFull) return SetLastError(ERROR_DISK_FULL), FALSE;
     return WriteFile(file, bytes, size, written, place);
 }
 
@@ -67,8 +70,17 @@ static void* WatchingProcedure(const char* name) {
 
 // ---------------------------------------------------------------------------------------------------------------------
 
-void EndAtFileOperation(UINT last) {
+static bool IsWatching() {
     static const bool isWatching = ReplaceImports(WatchingProcedure);
+    return isWatching;
+}
+
+void EndAtFileOperation(UINT last) {
     count = 0;
-    end = isWatching ? last : 0;
+    end = IsWatching() ? last : 0;
+}
+
+void FillDiskAtFileOperation(UINT first) {
+    count = 0;
+    full = IsWatching() ? first : 0;
 }

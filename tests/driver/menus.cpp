@@ -178,6 +178,10 @@ void EndAtFileOperation(const Program& program, unsigned last) {
     AskProbe(program, Question(ProbeQuestion::EndAtFileOperation, nullptr, last));
 }
 
+void FillDiskAtFileOperation(const Program& program, unsigned first) {
+    AskProbe(program, Question(ProbeQuestion::FillDisk, nullptr, first));
+}
+
 void TypeWithAltGr(const Program& program, char digit, wchar_t character) {
     Probe probe = Question(ProbeQuestion::TypeWithAltGr, nullptr, static_cast<UINT>(digit));
     probe.id = character;

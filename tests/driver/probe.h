@@ -20,6 +20,7 @@ enum class ProbeQuestion : int {
     MenuItemById,           // the same for the command `item`
     VerticalScroll,         // scroll: of `window`
     EndAtFileOperation,     // see file_operations.h; `item` is the number
+    FillDisk,               // the same
     SizeOfText,             // size: of `text` in the font of `window`; `item` is as in SizeOfText of driver.h
     TypeWithAltGr,          // see alt_gr.h; `item` is the key, `id` the character
     AccessibleWindow,       // see accessible_probe.h; memory: a ToldWindow about `window`

@@ -57,6 +57,7 @@ static void Answer(Probe& probe) {
             GetScrollInfo(probe.window, SB_VERT, &probe.scroll);
             break;
         case ProbeQuestion::EndAtFileOperation: EndAtFileOperation(probe.item); break;
+        case ProbeQuestion::FillDisk: FillDiskAtFileOperation(probe.item); break;
         case ProbeQuestion::SizeOfText: MeasureText(probe); break;
         case ProbeQuestion::TypeWithAltGr: TypeWithAltGr(probe.item, static_cast<wchar_t>(probe.id)); break;
         case ProbeQuestion::SetSystemColors:

@@ -12,6 +12,7 @@
 #include "tests/windows/note_history_files.h"
 #include "tests/windows/note_set_files.h"
 #include "tests/windows/passage_pane.h"
+#include "tests/windows/session_steps.h"
 
 using testing::Contains;
 
@@ -40,21 +41,6 @@ static bool HasNotes(const ScratchFolder& folder, const Notes& notes) {
         if (entry.is_regular_file() && name.ends_with(".nmd") && ReadFile(folder, name) == data) return true;
     }
     return false;
-}
-
-// Starts on what was left; what the start reports is answered with OK.
-static Program StartAgain(const ScratchFolder& folder) {
-    Program program = LaunchProgram(folder);
-    WaitUntil(program, "the start", [&] {
-        bool isShown = false;
-        for (const HWND window : TopLevelWindows(program)) {
-            if (ClassOf(window) == "#32770") PostMessageA(window, WM_COMMAND, IDOK, 0);
-            isShown |= ClassOf(window) == "Versewell97" && IsWindowVisible(window) && IsWindowEnabled(window);
-        }
-        return isShown;
-    });
-    WaitForFrame(program);
-    return program;
 }
 
 // Answers the dialog or question `title` of the command with `button` and kills the program at file operation number
@@ -86,7 +72,7 @@ static Ends KillAtEachOperation(int command, const char* title, WPARAM button) {
         Program program = StartProgram(folder);
         isKilled = KillDuring(program, command, title, button, operation);
         program = {};
-        program = StartAgain(folder);
+        program = StartOnWhatWasLeft(folder);
         EXPECT_TRUE(HasNotes(folder, kNotes));
         EXPECT_TRUE(HasNotes(folder, kOther));
         std::vector<KeptNote> kept = KeptNotes(folder, "Mine");

@@ -42,3 +42,17 @@ Program StartAfterKill(const ScratchFolder& folder, const char* answer) {
     WaitForNoDialog(program);
     return program;
 }
+
+Program StartOnWhatWasLeft(const ScratchFolder& folder) {
+    Program program = LaunchProgram(folder);
+    WaitUntil(program, "the start", [&] {
+        bool isShown = false;
+        for (const HWND window : TopLevelWindows(program)) {
+            if (ClassOf(window) == "#32770") PostMessageA(window, WM_COMMAND, IDOK, 0);
+            isShown |= ClassOf(window) == "Versewell97" && IsWindowVisible(window) && IsWindowEnabled(window);
+        }
+        return isShown;
+    });
+    WaitForFrame(program);
+    return program;
+}

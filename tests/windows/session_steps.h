@@ -25,3 +25,6 @@ extern const char* const kContinueMine;
 // Starts in a folder that a killed program left, and answers the question about the note of Genesis 1:1 in "Mine" with
 // a key.
 Program StartAfterKill(const ScratchFolder& folder, const char* answer);
+
+// Starts in any folder that a killed program left, and answers what the start reports with OK.
+Program StartOnWhatWasLeft(const ScratchFolder& folder);

@@ -10,6 +10,7 @@
 #include "tests/windows/note_steps.h"
 #include "tests/windows/odd_folders.h"
 #include "tests/windows/passage_pane.h"
+#include "tests/windows/taking_steps.h"
 
 using testing::AllOf;
 using testing::Contains;
@@ -19,8 +20,6 @@ using testing::Not;
 
 namespace fs = std::filesystem;
 
-static constexpr char kTakeOver[] = "Take Over Notes";
-static constexpr char kFolderDialog[] = "Folder of the other copy of Versewell";
 static constexpr char kReadings[] = "Morning and Evening";
 
 // As the archive has them: in a folder beside the program.
@@ -55,29 +54,6 @@ struct InstalledCopy {
 };
 
 }  // namespace
-
-static std::string AnswerQuestion(const Program& program, int button) {
-    const HWND box = WaitForDialog(program, kTakeOver);
-    const std::string text = MessageText(box);
-    PostMessageA(box, WM_COMMAND, static_cast<WPARAM>(button), 0);
-    WaitUntil(program, "the end of a question", [&] { return !IsWindow(box); });
-    return text;
-}
-
-static BOOL CALLBACK FindField(HWND window, LPARAM field) {
-    if (ClassOf(window) != "Edit") return TRUE;
-    *reinterpret_cast<HWND*>(field) = window;
-    return FALSE;
-}
-
-static void ChooseFolder(const Program& program, const ScratchFolder& folder) {
-    const HWND dialog = WaitForDialog(program, kFolderDialog);
-    HWND field = nullptr;
-    EnumChildWindows(dialog, FindField, reinterpret_cast<LPARAM>(&field));
-    SendMessageW(field, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(folder.path.c_str()));
-    PostMessageA(dialog, WM_COMMAND, IDOK, 0);
-    WaitUntil(program, "the end of the dialog", [&] { return !IsWindow(dialog); });
-}
 
 // Two sets with their backups, one with a note of Genesis 3:2, and settings that show it.
 static ScratchFolder FolderOfOlderCopy() {
