@@ -85,13 +85,16 @@ static char* PutSpecial(VersesHtml& html, char byte, ByteUse use, char* to) {
 
 static char* PutBytes(VersesHtml& html, std::string_view bytes, const ByteUses& uses, char* to) {
     const auto useOf = [&](char byte) { return uses[static_cast<unsigned char>(byte)]; };
+    const auto isOther = [&](char byte) { return useOf(byte) != ByteUse::kCopied; };
     const char* from = bytes.data();
     const char* const end = from + bytes.size();
     while (from < end) {
         const ByteUse use = useOf(*from);
         if (use == ByteUse::kCopied) {
             to = TurnToFace(html, to);
-            while (from < end && useOf(*from) == ByteUse::kCopied) *to++ = *from++;
+            const char* const other = std::find_if(from + 1, end, isOther);  // looking before copying is faster
+            to = Put({from, other}, to);
+            from = other;
         } else {
             to = PutSpecial(html, *from++, use, to);
         }
