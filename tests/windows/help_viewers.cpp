@@ -7,6 +7,7 @@
 #include <ostream>
 #include <thread>
 #include <utility>
+#include <vector>
 
 #include <tlhelp32.h>
 
@@ -106,7 +107,28 @@ static fs::path PutAside(const fs::path& file) {
     return file.string() + ".aside";
 }
 
+static std::vector<DWORD> RunningViewers() {
+    const UniqueHandle all(CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0));
+    PROCESSENTRY32 entry{};
+    entry.dwSize = sizeof entry;
+    std::vector<DWORD> processes;
+    for (BOOL more = Process32First(all.get(), &entry); more; more = Process32Next(all.get(), &entry))
+        if (lstrcmpiA(entry.szExeFile, "winhlp32.exe") == 0) processes.push_back(entry.th32ProcessID);
+    return processes;
+}
+
+// A viewer that was asked to close while it was starting stays open, and would answer the next program.
+static void EndViewers() {
+    static constexpr DWORD kPatience = 5000;  // milliseconds
+    for (const DWORD id : RunningViewers()) {
+        const UniqueHandle viewer(OpenProcess(PROCESS_TERMINATE | SYNCHRONIZE, FALSE, id));
+        TerminateProcess(viewer.get(), 0);
+        WaitForSingleObject(viewer.get(), kPatience);
+    }
+}
+
 WithoutViewer::WithoutViewer() {
+    EndViewers();
     fs::rename(InstalledViewer(), PutAside(InstalledViewer()));
     std::ofstream(InstalledViewer()) << std::string(12 * 1024, 'x');
 }
@@ -122,13 +144,7 @@ HWND ViewerWindow() {
 }
 
 int ViewerCount() {
-    const UniqueHandle all(CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0));
-    PROCESSENTRY32 entry{};
-    entry.dwSize = sizeof entry;
-    int count = 0;
-    for (BOOL more = Process32First(all.get(), &entry); more; more = Process32Next(all.get(), &entry))
-        count += lstrcmpiA(entry.szExeFile, "winhlp32.exe") == 0;
-    return count;
+    return static_cast<int>(RunningViewers().size());
 }
 
 static BOOL CALLBACK AddText(HWND window, LPARAM all) {
