@@ -29,7 +29,7 @@ struct SetsToTake {
 SetsToTake FindSetsToTake(const NoteFiles& from, const NoteFiles& to, std::span<const std::string> others);
 
 // The sets that were found, as lines for the user, and those that are left out, with the reason; empty if there are
-// neither. If there would be more sets than can be shown, how many would not be.
+// neither. If there would be more sets than can be shown, it says so.
 std::u16string TextOfSetsToTake(const CodePage& page, const SetsToTake& found);
 
 // One line for the user about sets that were taken, and the data files that could not be.

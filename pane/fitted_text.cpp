@@ -2,15 +2,12 @@
 #include "pane/fitted_text.h"
 
 #include "scripture/books.h"
+#include "scripture/letters.h"
 
 static constexpr char kEllipsis[] = "...";
 
 static bool Fits(const std::string& text, int room, const TextRuler& ruler) {
     return ruler.width(ruler.device, text) <= room;
-}
-
-static bool IsDigit(char character) {
-    return character >= '0' && character <= '9';
 }
 
 // ---- Shorter forms --------------------------------------------------------------------------------------------------
