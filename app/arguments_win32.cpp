@@ -10,6 +10,7 @@
 #include "scripture/scripture_win32.h"
 #include "win32/code_page.h"
 #include "win32/controls.h"
+#include "win32/files.h"
 #include "win32/handles.h"
 
 static constexpr ULONG_PTR kReferenceMessage = 0x56657273;  // other programs have other numbers
@@ -18,16 +19,41 @@ ProgramArguments ArgumentsOfProcess() {
     return ReadCommandLine(LettersOf(GetCommandLineW()));
 }
 
+// ---- The folder -----------------------------------------------------------------------------------------------------
+
+static constexpr wchar_t kCaption[] = L"Versewell97";
+
+static std::wstring ProblemWith(const std::wstring& folder) {
+    const std::wstring quoted = L'"' + folder + L'"', path = FullPath(folder);
+    if (folder.empty()) return L"There is no folder behind /folder";
+    if (IsMissing(path)) return L"The folder " + quoted + L" does not exist";
+    const DWORD attributes = GetFileAttributesW(path.c_str());
+    const bool isFile = attributes != INVALID_FILE_ATTRIBUTES && !(attributes & FILE_ATTRIBUTE_DIRECTORY);
+    return isFile ? quoted + L" is a file and not a folder" : L"The folder " + quoted + L" cannot be opened";
+}
+
 // The notes of any other folder are not the ones that were asked for.
 bool EnterArgumentFolder(const ProgramArguments& arguments) {
     if (!arguments.folder) return true;
     const std::wstring folder = Wide(*arguments.folder);
     if (!folder.empty() && SetCurrentDirectoryW(folder.c_str())) return true;
-    const std::wstring problem =
-        folder.empty() ? L"There is no folder behind /folder" : L"The folder \"" + folder + L"\" cannot be opened";
-    const std::wstring text = problem + L", so Versewell has not been started.";
-    MessageBoxW(nullptr, text.c_str(), L"Versewell97", MB_OK | MB_ICONEXCLAMATION);
+    const std::wstring text = ProblemWith(folder) + L", so Versewell has not been started.";
+    MessageBoxW(nullptr, text.c_str(), kCaption, MB_OK | MB_ICONEXCLAMATION);
     return false;
+}
+
+static const wchar_t* ReasonAgainstStartFolder() {
+    if (IsInstalledCopy()) return L"an installed copy keeps all notes in one folder";
+    if (!PassedOverFolder().empty()) return L"no files can be created there";
+    return L"it has neither note sets nor the files of the text";
+}
+
+bool AcceptOtherFolder(const ProgramArguments& arguments) {
+    if (!arguments.folder || IsStartFolderUsed()) return true;
+    const std::wstring text = L"Versewell cannot keep notes in the folder\n\n" + StartFolder() + L"\n\nbecause " +
+                              ReasonAgainstStartFolder() + L". OK starts it with the notes in\n\n" +
+                              WithoutLongPrefix(WorkingFilePath("")) + L"\n\nCancel does not start it.";
+    return MessageBoxW(nullptr, text.c_str(), kCaption, MB_OKCANCEL | MB_ICONEXCLAMATION) == IDOK;
 }
 
 // ---- Answers --------------------------------------------------------------------------------------------------------

@@ -12,6 +12,10 @@ ProgramArguments ArgumentsOfProcess();
 // caller exits then.
 bool EnterArgumentFolder(const ProgramArguments& arguments);
 
+// To be called once the working folder is settled. If it is not the folder of /folder, asks whether to start with the
+// notes that are there. False if not; the caller exits then.
+bool AcceptOtherFolder(const ProgramArguments& arguments);
+
 // Answers --help and --version: into the file or the pipe that takes the output, else on the console that the program
 // was started from, else in a message box. False if neither was asked for; otherwise the caller exits.
 bool AnswerArguments(const ProgramArguments& arguments);

@@ -31,6 +31,14 @@ static const CommandLineRow kCommandLines[] = {
     {u"versewell.exe /folder", u"", u""},
     {u"versewell.exe /folder \"\" John 3:16", u"", u"John 3:16"},
     {u"versewell.exe /folder C:\\Notes /folder", u"", u""},
+    // A quote without its pair goes to the end of the line, as for every program. So such a folder is not there, and
+    // none is entered that was not meant.
+    {u"versewell.exe /folder \"C:\\x", u"C:\\x", u""},
+    {u"versewell.exe /folder \"C:\\x John 3:16", u"C:\\x John 3:16", u""},
+    {u"versewell.exe /folder C:\\x\"", u"C:\\x", u""},
+    {u"versewell.exe /folder C:\\x\" John 3:16", u"C:\\x John 3:16", u""},
+    {u"versewell.exe /folder C:\\my\" \"notes John", u"C:\\my notes", u"John"},
+    {u"versewell.exe /folder \"", u"", u""},
 };
 
 TEST(CommandLine, HasAFolderAndAReference) {

@@ -105,6 +105,7 @@ int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int showState) {
     if (AnswerArguments(arguments)) return 0;
     if (!EnterArgumentFolder(arguments)) return 0;
     SettleWorkingFolder({kVerseTextFile, "*.nmi"}, "Versewell", "installed.txt");
+    if (!AcceptOtherFolder(arguments)) return 0;
     const auto tellOther = [&](HWND frame) { PassOnReference(frame, arguments.reference); };
     if (!ClaimWorkingFolder(kFrameClass, tellOther) || !RegisterClasses()) return 0;
     WatchHeldKeys();

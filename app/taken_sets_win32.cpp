@@ -90,7 +90,9 @@ static std::optional<SetsToTake> AskAndTake(HWND owner) {
         found.unnamed = UnnamedSets(folder);
         const std::wstring names = Wide(TextOfSetsToTake(from.codePage, found));
         if (found.sets.empty()) {
-            const std::wstring none = names.empty() ? L"There are no note sets in this folder." : names;
+            const std::wstring none = IsMissing(folder) ? L"This folder does not exist."
+                                      : names.empty()   ? L"There are no note sets in this folder."
+                                                        : names;
             if (Ask(owner, WithFolder(folder, none), MB_RETRYCANCEL | MB_ICONINFORMATION) != IDRETRY)
                 return std::nullopt;
             continue;

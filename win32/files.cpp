@@ -69,6 +69,17 @@ bool IsThere(const std::wstring& path) {
     return GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES;
 }
 
+bool IsMissing(const std::wstring& path) {
+    if (IsThere(path)) return false;
+    switch (GetLastError()) {
+        case ERROR_FILE_NOT_FOUND:
+        case ERROR_PATH_NOT_FOUND:
+        case ERROR_INVALID_NAME:
+        case ERROR_BAD_PATHNAME: return true;
+    }
+    return false;
+}
+
 // The text that `get(buffer, size)` gives, which returns its length, or a size that is sufficient; empty on an error.
 template <typename Get>
 static std::wstring TextFrom(Get get) {
@@ -178,6 +189,17 @@ std::wstring WorkingFilePath(const std::string& name) {
 
 bool IsInstalledCopy() {
     return TheFolders().isInstalled;
+}
+
+const std::wstring& StartFolder() {
+    return TheFolders().start;
+}
+
+// It may have been opened by another path.
+bool IsStartFolderUsed() {
+    const Folders& folders = TheFolders();
+    const auto start = IdentityOf(folders.start);
+    return folders.working == folders.start || (start && start == IdentityOf(folders.working));
 }
 
 std::wstring PassedOverFolder() {

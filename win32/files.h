@@ -40,6 +40,9 @@ std::wstring FullPath(const std::wstring& path);
 // True if `path` is an existing file or folder.
 bool IsThere(const std::wstring& path);
 
+// True if there is certainly no file or folder at `path`, and not only none that can be reached.
+bool IsMissing(const std::wstring& path);
+
 // The path of an open file or folder, no matter whether it was opened by a short name, a mapped drive or a link; `path`
 // if the system cannot tell.
 std::wstring FinalPath(HANDLE opened, const std::wstring& path);
@@ -87,6 +90,10 @@ void SettleWorkingFolder(std::initializer_list<const char*> markers, const char*
 
 // True if SettleWorkingFolder found `installedMark`.
 bool IsInstalledCopy();
+
+// The folder that was current at the start, with a trailing backslash. False if SettleWorkingFolder chose another one.
+const std::wstring& StartFolder();
+bool IsStartFolderUsed();
 
 // The folder that was current at the start if SettleWorkingFolder would have chosen it but no files can be created
 // there; otherwise empty.

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "resources/ids.h"
+#include "tests/windows/note_set_files.h"
 #include "tests/windows/note_steps.h"
 #include "tests/windows/odd_folders.h"
 #include "tests/windows/passage_pane.h"
@@ -130,12 +131,15 @@ static void ExpectNotStarted(const ScratchFolder& folder, const std::string& arg
 }
 
 // Otherwise notes would be written in another folder than the one that was meant.
-TEST(FolderArgument, IsToldIfItCannotBeOpened) {
+TEST(FolderArgument, IsToldIfItIsNotThere) {
     const ScratchFolder folder = FolderWithScripture();
-    const std::string missing = (folder.path / "no such folder").string();
-    ExpectNotStarted(folder, "/folder \"" + missing + "\" \"John 3:16\"",
-                     "The folder \"" + missing + "\" cannot be opened");
-    ExpectNotStarted(folder, "/folder \" \"", "The folder \" \" cannot be opened");
+    const std::string path = folder.path.string(), missing = path + "\\no such folder";
+    const std::string isMissing = " does not exist";
+    ExpectNotStarted(folder, "/folder \"" + missing + "\" \"John 3:16\"", "The folder \"" + missing + "\"" + isMissing);
+    ExpectNotStarted(folder, "/folder \" \"", "The folder \" \"" + isMissing);
+    ExpectNotStarted(folder, "/folder " + path + "\" John 3:16", "The folder \"" + path + " John 3:16\"" + isMissing);
+    ExpectNotStarted(folder, "/folder \"" + path + "\\_avtext.dat\"",
+                     "\"" + path + "\\_avtext.dat\" is a file and not a folder");
 }
 
 // As a shortcut or a script has it whose variable is empty.
@@ -143,6 +147,58 @@ TEST(FolderArgument, IsToldIfThereIsNone) {
     const ScratchFolder folder = FolderWithScripture();
     for (const char* arguments : {"/folder", "/folder \"\"", "\"John 3:16\" /folder"})
         ExpectNotStarted(folder, arguments, "There is no folder behind /folder");
+}
+
+// Starts the program with the folder, which it cannot use, and returns its question, whose answer is still to be given.
+static std::string QuestionAbout(const Program& program, const std::string& folder) {
+    const HWND box = WaitForDialog(program, "Versewell97");
+    EXPECT_EQ(IconOf(box), "exclamation");
+    EXPECT_THAT(ButtonsOf(box), testing::ElementsAre("OK", "Cancel"));
+    EXPECT_THAT(MessageText(box), HasSubstr("\n\n" + folder + "\\\n\n"));
+    return MessageText(box);
+}
+
+// A stick that is write-protected: the notes of another folder are not the ones that were asked for.
+TEST(FolderArgument, IsToldIfItIsReadOnly) {
+    const ScratchFolder home = EmptyFolder(), named = FolderWithScripture();
+    CopyProgramTo(home);
+    WriteNoteSet(named, "Years", {{0, "of notes"}});
+    const ReadOnlyFolder readOnly(named.path);
+    StartOptions options = ProgramIn(home);
+    options.arguments = "/folder \"" + named.path.string() + "\"";
+    {
+        const Program program = LaunchProgram(home, options);
+        EXPECT_THAT(QuestionAbout(program, named.path.string()),
+                    testing::AllOf(HasSubstr("because no files can be created there"),
+                                   HasSubstr("OK starts it with the notes in\n\n" + home.path.string())));
+        SavePicture(PictureOfWindow(WaitForDialog(program, "Versewell97")), "read-only-folder");
+        PostMessageA(WaitForDialog(program, "Versewell97"), WM_COMMAND, IDCANCEL, 0);
+        EXPECT_EQ(WaitForExit(program), 0);
+        EXPECT_FALSE(HasFile(home, "My Notes.nmd"));
+    }
+    Program program = LaunchProgram(home, options);
+    PostMessageA(WaitForDialog(program, "Versewell97"), WM_COMMAND, IDOK, 0);
+    WaitForFrame(program);
+    EXPECT_THAT(NoteSetNames(program), testing::ElementsAre("My Notes"));
+    EXPECT_TRUE(HasFile(home, "My Notes.nmd"));
+}
+
+// One without any note set or text is no folder of notes, as of a wrong letter in a shortcut.
+TEST(FolderArgument, IsToldIfItHasNoNotes) {
+    const ScratchFolder home = FolderWithScripture(), empty = EmptyFolder();
+    CopyProgramTo(home);
+    StartOptions options = ProgramIn(home);
+    options.arguments = "/folder \"" + empty.path.string() + "\"";
+    {
+        const Program program = LaunchProgram(home, options);
+        EXPECT_THAT(QuestionAbout(program, empty.path.string()), HasSubstr("because it has neither note sets nor"));
+        PostMessageA(WaitForDialog(program, "Versewell97"), WM_COMMAND, IDCANCEL, 0);
+        EXPECT_EQ(WaitForExit(program), 0);
+    }
+    options.arguments = "/folder \"" + home.path.string() + "\\.\"";
+    Program program = StartProgram(empty, options);
+    EXPECT_FALSE(HasDialog(program));
+    EXPECT_TRUE(FilesIn(empty).empty());
 }
 
 TEST(ReferenceArgument, IsToldIfItIsNotUnderstood) {

@@ -116,6 +116,8 @@ TEST(FirstStartOfAnInstalledCopy, AsksAgainForAFolderWithNotes) {
     AnswerQuestion(program, IDYES);
     ChooseFolder(program, empty);
     EXPECT_THAT(AnswerQuestion(program, IDRETRY), HasSubstr("There are no note sets in this folder."));
+    ChooseFolder(program, ScratchFolder{empty.path / "typed wrong", nullptr});
+    EXPECT_THAT(AnswerQuestion(program, IDRETRY), HasSubstr("This folder does not exist."));
     ChooseFolder(program, older);
     AnswerQuestion(program, IDCANCEL);
     WaitForFrame(program);
