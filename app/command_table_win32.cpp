@@ -125,6 +125,8 @@ static constexpr Command kCommands[] = {
     {IDM_LIST_FONT, ChooseListFont},
     {IDM_PASSAGE_FONT, ChoosePassageFont},
     {IDM_NOTES_FONT, ChooseNotesFont, kNotEditing},
+    {IDM_ZOOM_IN, ZoomFocusedPane},
+    {IDM_ZOOM_OUT, ZoomFocusedPane},
     {IDM_HIGHLIGHT_COLOR, ChooseHighlightColor},
     {IDM_DARK_OFF, ChooseDarkPanes, kAlways, kPanesLight},
     {IDM_DARK_ON, ChooseDarkPanes, kAlways, kPanesDark},

@@ -2,6 +2,7 @@
 
 #include "app/arguments_win32.h"
 #include "app/end_of_session_win32.h"
+#include "app/font_commands_win32.h"
 #include "app/frame_win32.h"
 #include "app/frame_window.h"
 #include "app/note_set_commands_win32.h"
@@ -79,6 +80,7 @@ static int RunMessageLoop() {
     while (NextMessage(message)) {
         LookForHeldKey(message);
         RouteWheel(message);
+        if (ZoomsByWheel(message)) continue;
         const bool scrollsOn = ScrollsOn(message);
         if (!scrollsOn && (TakeNoteLetter(message) || StepsThroughPanes(message))) continue;
         if (scrollsOn || TypesWithAltGr(message)) {

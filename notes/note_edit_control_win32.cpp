@@ -408,7 +408,7 @@ void CreateNoteEditControl(HWND editor) {
 
 void SetNoteEditFont(HFONT font) {
     theNoteEdit.font = font;
-    SendMessageA(theNoteEdit.window, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
+    SetPlainTextFont(theNoteEdit.window, font);
 }
 
 void RestoreNoteEditControl() {

@@ -120,7 +120,7 @@ std::u16string TextSelectedInNote() {
 void SetNotesFont(const FontChoice& choice) {
     const LOGFONTA record = FontRecord(choice, DpiOf(theNotes.view));
     OwnedFont font(CreateFontIndirectA(&record));
-    SendMessageA(theNotes.view, WM_SETFONT, reinterpret_cast<WPARAM>(font.get()), TRUE);
+    SetPlainTextFont(theNotes.view, font.get());
     SetNoteEditFont(font.get());
     theNotes.font = std::move(font);
     if (!thePaneLook.colors.isDark) return;

@@ -81,6 +81,8 @@
 #define IDM_DARK_OFF 320  // these three in the order of DarkPanesChoice
 #define IDM_DARK_ON 321
 #define IDM_DARK_AS_SYSTEM 322
+#define IDM_ZOOM_IN 332
+#define IDM_ZOOM_OUT 333
 #define IDM_REFRESH 900          // sent by a pane to its frame: the state of commands may have changed
 #define IDM_SHOW_REFERENCES 901  // sent by the Notes window: show the verses of the double-clicked line
 #define IDM_END_EDITING 902      // sent by the note editor when it has closed

@@ -95,8 +95,9 @@ IdTable ReadIds(const std::string& path) {
 
 static std::string KeyName(const std::string& key) {
     static const std::map<std::string, std::string> kNames = {
-        {"VK_PRIOR", "PgUp"}, {"VK_NEXT", "PgDn"}, {"VK_HOME", "Home"}, {"VK_END", "End"},
-        {"VK_UP", "Up"},      {"VK_DOWN", "Down"}, {"VK_LEFT", "Left"}, {"VK_RIGHT", "Right"}};
+        {"VK_PRIOR", "PgUp"},    {"VK_NEXT", "PgDn"},      {"VK_HOME", "Home"}, {"VK_END", "End"},
+        {"VK_UP", "Up"},         {"VK_DOWN", "Down"},      {"VK_LEFT", "Left"}, {"VK_RIGHT", "Right"},
+        {"VK_OEM_PLUS", "Plus"}, {"VK_OEM_MINUS", "Minus"}};
     const auto named = kNames.find(key);
     if (named != kNames.end()) return named->second;
     return key.starts_with("VK_") ? key.substr(3) : key;

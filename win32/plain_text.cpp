@@ -66,6 +66,42 @@ void ScrollBackToText(HWND richEdit) {
     SendMessageA(richEdit, EM_SETSCROLLPOS, 0, reinterpret_cast<LPARAM>(&corner));
 }
 
+// The upper left corner of the character at `place`.
+static POINTL CornerOf(HWND richEdit, LONG place) {
+    POINTL corner{};
+    SendMessageA(richEdit, EM_POSFROMCHAR, reinterpret_cast<WPARAM>(&corner), place);
+    return corner;
+}
+
+static LONG FirstVisibleCharacter(HWND richEdit) {
+    const LRESULT line = SendMessageA(richEdit, EM_GETFIRSTVISIBLELINE, 0, 0);
+    return static_cast<LONG>(SendMessageA(richEdit, EM_LINEINDEX, static_cast<WPARAM>(line), 0));
+}
+
+static void ScrollBy(HWND richEdit, LONG pixels) {
+    POINT corner{};
+    SendMessageA(richEdit, EM_GETSCROLLPOS, 0, reinterpret_cast<LPARAM>(&corner));
+    corner.y = std::max(corner.y + pixels, 0L);
+    if (pixels != 0) SendMessageA(richEdit, EM_SETSCROLLPOS, 0, reinterpret_cast<LPARAM>(&corner));
+}
+
+static bool ShowsCaretToType(HWND richEdit) {
+    if (GetWindowLongPtrA(richEdit, GWL_STYLE) & ES_READONLY) return false;
+    RECT client{};
+    GetClientRect(richEdit, &client);
+    const LONG y = CornerOf(richEdit, SelectionStart(richEdit)).y;
+    return y >= 0 && y < client.bottom;
+}
+
+void SetPlainTextFont(HWND richEdit, HFONT font) {
+    const LONG first = FirstVisibleCharacter(richEdit);
+    const LONG top = CornerOf(richEdit, first).y;
+    const bool showsCaret = ShowsCaretToType(richEdit);
+    SendMessageA(richEdit, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
+    ScrollBy(richEdit, CornerOf(richEdit, first).y - top);
+    if (showsCaret) SendMessageA(richEdit, EM_SCROLLCARET, 0, 0);
+}
+
 static std::u16string StreamedOut(HWND richEdit, WPARAM format) {
     std::string bytes;
     EDITSTREAM stream{reinterpret_cast<DWORD_PTR>(&bytes), 0, TakeText};
@@ -164,13 +200,6 @@ void PutSelectionInOrder(HWND richEdit) {
     CHARRANGE inOrder{PlaceInOrder(richEdit, range.cpMin), PlaceInOrder(richEdit, range.cpMax)};
     const bool isInOrder = inOrder.cpMin == range.cpMin && inOrder.cpMax == range.cpMax;
     if (!isInOrder) SendMessageA(richEdit, EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&inOrder));
-}
-
-// The upper left corner of the character at `place`.
-static POINTL CornerOf(HWND richEdit, LONG place) {
-    POINTL corner{};
-    SendMessageA(richEdit, EM_POSFROMCHAR, reinterpret_cast<WPARAM>(&corner), place);
-    return corner;
 }
 
 // `place`, or the end of the line above it if it is the start of a line that lies below `y`.

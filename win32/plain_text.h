@@ -21,6 +21,10 @@ void SetPlainText(HWND richEdit, std::u16string_view text);
 // scrolled to where it was, which may be below all of the text. Scrolls it to the text's end.
 void ScrollBackToText(HWND richEdit);
 
+// Gives the control `font`. Its first visible character stays the first, and a caret in its sight stays there while
+// text can be typed. What can be undone stays the same.
+void SetPlainTextFont(HWND richEdit, HFONT font);
+
 // Does Wine's control take more than a tenth of a second to remove this text? For each tab and each line end it looks
 // for its place from the start of the text, so 65,000 tabs take 44 seconds. A control with such a text is better
 // destroyed.

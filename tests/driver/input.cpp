@@ -8,13 +8,17 @@
 #include "tests/driver/held_keys.h"
 
 static const std::map<std::string_view, WORD> kKeyNames = {
-    {"Alt", VK_MENU},      {"Ctrl", VK_CONTROL},  {"Shift", VK_SHIFT}, {"Enter", VK_RETURN}, {"Esc", VK_ESCAPE},
-    {"Tab", VK_TAB},       {"Space", VK_SPACE},   {"Left", VK_LEFT},   {"Right", VK_RIGHT},  {"Up", VK_UP},
-    {"Down", VK_DOWN},     {"PgUp", VK_PRIOR},    {"PgDn", VK_NEXT},   {"Home", VK_HOME},    {"End", VK_END},
-    {"Insert", VK_INSERT}, {"Delete", VK_DELETE}, {"Back", VK_BACK},   {"Menu", VK_APPS},    {"F1", VK_F1},
-    {"F2", VK_F2},         {"F3", VK_F3},         {"F4", VK_F4},       {"F5", VK_F5},        {"F6", VK_F6},
-    {"F7", VK_F7},         {"F8", VK_F8},         {"F9", VK_F9},       {"F10", VK_F10},      {"F11", VK_F11},
-    {"F12", VK_F12},
+    {"Alt", VK_MENU},      {"Ctrl", VK_CONTROL},  {"Shift", VK_SHIFT},
+    {"Enter", VK_RETURN},  {"Esc", VK_ESCAPE},    {"Tab", VK_TAB},
+    {"Space", VK_SPACE},   {"Left", VK_LEFT},     {"Right", VK_RIGHT},
+    {"Up", VK_UP},         {"Down", VK_DOWN},     {"PgUp", VK_PRIOR},
+    {"PgDn", VK_NEXT},     {"Home", VK_HOME},     {"End", VK_END},
+    {"Insert", VK_INSERT}, {"Delete", VK_DELETE}, {"Back", VK_BACK},
+    {"Menu", VK_APPS},     {"F1", VK_F1},         {"F2", VK_F2},
+    {"F3", VK_F3},         {"F4", VK_F4},         {"F5", VK_F5},
+    {"F6", VK_F6},         {"F7", VK_F7},         {"F8", VK_F8},
+    {"F9", VK_F9},         {"F10", VK_F10},       {"F11", VK_F11},
+    {"F12", VK_F12},       {"NumPlus", VK_ADD},   {"NumMinus", VK_SUBTRACT},
 };
 
 // These keys exist twice on a keyboard; without the flag the one on the numeric pad is meant.

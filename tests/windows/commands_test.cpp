@@ -31,6 +31,8 @@ static constexpr int kEnabledAtStart[] = {
     IDM_LIST_FONT,
     IDM_PASSAGE_FONT,
     IDM_NOTES_FONT,
+    IDM_ZOOM_IN,
+    IDM_ZOOM_OUT,
     IDM_HIGHLIGHT_COLOR,
     IDM_COPY_VERSE,
     IDM_COPY_RANGE,
