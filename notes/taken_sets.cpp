@@ -10,6 +10,7 @@
 #include "notes/file_names.h"
 #include "notes/note_backup.h"
 #include "notes/note_history.h"
+#include "notes/note_places.h"
 #include "notes/note_sets.h"
 #include "notes/whole_files.h"
 #include "scripture/letters.h"
@@ -43,12 +44,36 @@ bool HasNoSets(const NoteFiles& files) {
     return hasNone(kIndexEnding) && hasNone(kDataEnding) && hasNone(kTempDataEnding);
 }
 
+// The contents of a file of the first set as the start makes it; empty for other files.
+static std::vector<unsigned char> FirstContents(const std::string& name) {
+    const NoteSet set = EmptyNoteSet(kFirstSetName);
+    if (name == set.dataFileName) return std::vector<unsigned char>(kVerseCount, 0);
+    return name == IndexFileName(set) ? IndexBytes(set.offsets) : std::vector<unsigned char>();
+}
+
+// Is it such a file? Then nothing is lost with it.
+static bool IsAsFirstMade(const NoteFiles& files, const std::string& name) {
+    const std::vector<unsigned char> made = FirstContents(name);
+    std::vector<unsigned char> bytes;
+    return !made.empty() && ReadWholeFile(files, name, made.size(), bytes) && bytes == made;
+}
+
+// Is the first set as it was made, without a note of before?
+static bool IsFirstSetNew(const NoteFiles& files) {
+    const std::string name = kFirstSetName;
+    return IsAsFirstMade(files, name + kDataEnding) && IsAsFirstMade(files, name + kIndexEnding) &&
+           !Exists(files, name + kTempDataEnding) && !Exists(files, name + kTableEnding) &&
+           !Exists(files, HistoryFileName(name)) && BackupsOf(files, name).empty();
+}
+
 static std::vector<std::string> FilesOfSet(const std::string& name) {
     return {name + kDataEnding, name + kTempDataEnding, name + kTableEnding, name + kIndexEnding};
 }
 
+// Has the working directory a file of the set that is to stay?
 static bool IsPresent(const NoteFiles& files, const std::string& set) {
-    return std::ranges::any_of(FilesOfSet(set), [&](const std::string& name) { return Exists(files, name); });
+    const auto exists = [&](const std::string& name) { return Exists(files, name); };
+    return std::ranges::any_of(FilesOfSet(set), exists) && (set != kFirstSetName || !IsFirstSetNew(files));
 }
 
 // Names of files in the folder of backups that belong to sets of which there is none in `to`.
@@ -67,10 +92,13 @@ static std::vector<std::string> BackupsToTake(const NoteFiles& from, const NoteF
 SetsToTake FindSetsToTake(const NoteFiles& from, const NoteFiles& to, std::span<const std::string> others) {
     SetsToTake found;
     for (const std::string& set : SetsIn(from)) (IsPresent(to, set) ? found.present : found.sets).push_back(set);
-    found.here = SetsIn(to).size();
+    const bool takesFirst = std::ranges::find(found.sets, kFirstSetName) != found.sets.end();
+    found.replacesFirstSet = takesFirst && Exists(to, std::string(kFirstSetName) + kDataEnding);
+    found.here = SetsIn(to).size() - (found.replacesFirstSet ? 1 : 0);
     if (found.sets.empty()) return found;
     const auto add = [&](const std::string& name) {
-        if (Exists(from, name) && !Exists(to, name)) found.files.push_back(name);
+        const bool isFree = !Exists(to, name) || (found.replacesFirstSet && !FirstContents(name).empty());
+        if (Exists(from, name) && isFree) found.files.push_back(name);
     };
     for (const std::string& name : BackupsToTake(from, to)) add(name);
     for (const std::string& set : found.sets)
@@ -109,6 +137,8 @@ static void AddLimit(std::u16string& text, std::size_t sets) {
 std::u16string TextOfSetsToTake(const CodePage& page, const SetsToTake& found) {
     std::u16string text;
     AddNames(text, u"Note sets that can be taken over:", LettersOfNames(page, found.sets));
+    if (found.replacesFirstSet)
+        text += u"\n\nThe empty set \"" + LettersOfUtf8(kFirstSetName) + u"\" that is here is replaced.";
     AddNames(text, u"Left out, because there are note sets of these names already:",
              LettersOfNames(page, found.present));
     if (!found.present.empty()) text += u"\nTo take one over, first rename the one that is here.";
@@ -159,11 +189,13 @@ static bool IsNameToTake(std::string_view name) {
            });
 }
 
-// Gives one of the copies its name. Whatever has got that name meanwhile stays, and the copy goes.
+// Gives one of the copies its name. Whatever has got that name meanwhile stays, and the copy goes, unless it is a file
+// of the empty first set.
 static bool Settle(const NoteFiles& files, const std::string& staged, const std::string& name) {
     if (!Exists(files, staged)) return true;  // by a former run
-    if (!IsNameToTake(name) || Exists(files, name)) return files.remove(files.device, staged);
-    return files.rename(files.device, staged, name);
+    if (!IsNameToTake(name)) return files.remove(files.device, staged);
+    if (!Exists(files, name)) return files.rename(files.device, staged, name);
+    return IsAsFirstMade(files, name) ? files.replace(files.device, staged, name) : files.remove(files.device, staged);
 }
 
 bool FinishTaking(const NoteFiles& files) {

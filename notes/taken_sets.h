@@ -5,6 +5,9 @@
 // so on; then their names are written to "Versewell.taken", one to a line, in the order of these numbers; then they get
 // their names and "Versewell.taken" is removed. So a run that is stopped before that file is there has taken nothing,
 // and what one that is stopped later has not done is done by the next start.
+//
+// A set "My Notes" takes the place of the one that the program itself has made, if that is as it was made: then its
+// data file and its index file are replaced, each in one step.
 #pragma once
 
 #include <span>
@@ -19,7 +22,8 @@ inline constexpr char kTakenList[] = "Versewell.taken";
 struct SetsToTake {
     std::vector<std::string> sets;     // their names
     std::vector<std::string> present;  // those that are left out: the working directory has files of that name already
-    std::size_t here = 0;              // how many sets the working directory has already
+    std::size_t here = 0;              // how many sets the working directory has already and keeps
+    bool replacesFirstSet = false;     // one of `sets` takes the place of the program's own empty "My Notes"
     std::vector<std::string> files;    // of `sets`, and backups and earlier notes of names that are not in use there
     std::vector<std::u16string> unnamed;  // data files that are left out: NoteFiles has no name for them
 };
@@ -42,7 +46,7 @@ enum class SetTaking {
     kNotFinished,  // some files could not get their names; the next start tries again
 };
 
-// Takes what was found. No file of `to` is written over.
+// Takes what was found. No file of `to` is written over but those of an empty "My Notes".
 SetTaking TakeSets(const NoteFiles& from, const NoteFiles& to, const SetsToTake& found);
 
 // Finishes what a former run has left, or removes it if it has taken nothing. The list may have been written by anyone:

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "notes/note_recovery.h"
+#include "notes/note_sets.h"
 #include "tests/support/fake_note_files.h"
 #include "tests/support/real_note_files.h"
 
@@ -90,6 +91,68 @@ TEST(SetsToTake, LeaveOutThoseThatArePresent) {
     }
 }
 
+// As the start makes it if there is no other set.
+static void AddFirstSet(FakeNoteFiles& fakes) {
+    AddFakeSet(fakes, kFirstSetName, {});
+}
+
+static const std::string kFirstData = "My Notes.nmd", kFirstIndex = "My Notes.nmi";
+
+static FakeNoteFiles OlderFolderWithFirstSet() {
+    FakeNoteFiles fakes = OlderFolder();
+    AddFakeSet(fakes, kFirstSetName, {{42, "of years"}});
+    fakes.contents["My Notes.nmd.temp"] = {'x'};
+    fakes.contents["backup/My Notes.nmh"] = {'h'};
+    fakes.contents["backup/My Notes 2024-12-31.nmd"] = FakeSetOf({}).data;
+    return fakes;
+}
+
+TEST(SetsToTake, HaveTheFirstSetIfTheOneThatIsHereIsEmpty) {
+    FakeNoteFiles from = OlderFolderWithFirstSet(), to;
+    AddFirstSet(to);
+    const SetsToTake found = FindSetsToTake(DeviceOver(from), DeviceOver(to), kOthers);
+    EXPECT_THAT(found.sets, ElementsAre("Lost", "Mine", "My Notes", "Readings"));
+    EXPECT_THAT(found.present, IsEmpty());
+    EXPECT_EQ(found.here, 0u);
+    EXPECT_THAT(Told(found), HasSubstr("\n    Readings\n\nThe empty set \"My Notes\" that is here is replaced."));
+    EXPECT_EQ(TakeAll(from, to), SetTaking::kTaken);
+    EXPECT_EQ(to.contents, WhatBelongsToNotes(from.contents));
+}
+
+// Whatever the user may have done with it.
+TEST(SetsToTake, LeaveTheFirstSetAsItIsIfItIsNotNew) {
+    const FakeSet written = FakeSetOf({{31101, "a"}});  // its index is that of an empty set
+    for (const auto& [name, bytes] : Contents{{kFirstData, written.data},
+                                              {kFirstData, std::vector<unsigned char>(31102, ' ')},
+                                              {kFirstData, std::vector<unsigned char>(31103, 0)},
+                                              {kFirstIndex, FakeSetOf({{0, "a"}}).index},
+                                              {"My Notes.dti", {1}},
+                                              {"My Notes.nmd.temp", {1}},
+                                              {"backup/My Notes.nmh", {1}},
+                                              {"backup/My Notes 2025-01-01.nmd", {1}},
+                                              {"backup/My Notes 2025-01-01 120000.nmd", {1}}}) {
+        SCOPED_TRACE(name);
+        FakeNoteFiles from = OlderFolderWithFirstSet(), to;
+        AddFirstSet(to);
+        to.contents[name] = bytes;
+        const Contents before = to.contents;
+        const SetsToTake found = FindSetsToTake(DeviceOver(from), DeviceOver(to), kOthers);
+        EXPECT_THAT(found.present, ElementsAre("My Notes"));
+        EXPECT_THAT(found.sets, ElementsAre("Lost", "Mine", "Readings"));
+        EXPECT_EQ(found.here, 1u);
+        EXPECT_THAT(Told(found), Not(HasSubstr("is replaced")));
+        EXPECT_EQ(TakeAll(from, to), SetTaking::kTaken);
+        for (const auto& [other, kept] : before) EXPECT_EQ(to.contents[other], kept) << other;
+    }
+}
+
+// An empty set that the user has made has a name of its own, which she may want to keep.
+TEST(SetsToTake, LeaveEmptySetsOfOtherNamesAsTheyAre) {
+    FakeNoteFiles from = OlderFolder(), to;
+    AddFakeSet(to, "Mine", {});
+    EXPECT_THAT(FindSetsToTake(DeviceOver(from), DeviceOver(to), kOthers).present, ElementsAre("Mine"));
+}
+
 TEST(SetsToTake, TellIfThereWouldBeTooMany) {
     SetsToTake found;
     found.here = 2;
@@ -153,13 +216,12 @@ static FakeNoteFiles ShortOlderFolder() {
 }
 
 // Nothing can be half there: after the next start it is as before or complete.
-TEST(TakenSets, AreAllOrNoneWhereverTakingStops) {
-    const FakeNoteFiles older = ShortOlderFolder();
+static void ExpectAllOrNone(const FakeNoteFiles& older, const FakeNoteFiles& here) {
     const Contents whole = WhatBelongsToNotes(older.contents);
     bool isEnded = false;
     int none = 0, all = 0;
     for (std::int64_t step = 0; !isEnded; ++step) {
-        FakeNoteFiles from = older, stopped;
+        FakeNoteFiles from = older, stopped = here;
         stopped.steps = step;
         try {
             isEnded = TakeAll(from, stopped) == SetTaking::kTaken;
@@ -170,13 +232,44 @@ TEST(TakenSets, AreAllOrNoneWhereverTakingStops) {
             CutPower(to, cut);
             to.steps = -1;
             EXPECT_TRUE(FinishTaking(DeviceOver(to))) << step;
-            EXPECT_TRUE(to.contents.empty() || to.contents == whole) << step;
-            ++(to.contents.empty() ? none : all);
+            const bool isAsBefore = to.contents == here.contents;
+            EXPECT_TRUE(isAsBefore || to.contents == whole) << step;
+            ++(isAsBefore ? none : all);
         }
         ASSERT_LT(step, 500);
     }
     EXPECT_GT(none, 10);
     EXPECT_GT(all, 10);
+}
+
+TEST(TakenSets, AreAllOrNoneWhereverTakingStops) {
+    ExpectAllOrNone(ShortOlderFolder(), {});
+}
+
+TEST(TakenSets, AreAllOrNoneInPlaceOfTheEmptyFirstSet) {
+    FakeNoteFiles older = ShortOlderFolder(), here;
+    for (const std::string& name : {kFirstData, kFirstIndex}) older.contents[name].assign(name.begin(), name.end());
+    AddFirstSet(here);
+    ExpectAllOrNone(older, here);
+}
+
+// A note that was saved before the start that finishes it, in a copy of the program that knows of no such sets.
+TEST(TakenSets, NeverReplaceANoteOfTheFirstSet) {
+    FakeNoteFiles from = OlderFolderWithFirstSet(), to;
+    AddFirstSet(to);
+    for (int number = 1; number < 20; ++number)
+        to.unrenamable.insert("Versewell.taken-0" + std::to_string(number / 10) + std::to_string(number % 10) +
+                              ".temp");
+    EXPECT_EQ(TakeAll(from, to), SetTaking::kNotFinished);
+    EXPECT_TRUE(HasStaged(to));
+    to.unrenamable.clear();
+    const FakeSet written = FakeSetOf({{0, "new"}});
+    to.contents[kFirstData] = written.data;
+    to.contents[kFirstIndex] = written.index;
+    EXPECT_TRUE(FinishTaking(DeviceOver(to)));
+    EXPECT_EQ(to.contents[kFirstData], written.data);
+    EXPECT_EQ(to.contents[kFirstIndex], written.index);
+    EXPECT_FALSE(HasStaged(to));
 }
 
 // Also if the start that finishes it is stopped, again and again.

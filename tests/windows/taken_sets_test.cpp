@@ -204,6 +204,26 @@ TEST(TakeOverNotes, AddsTheSetsThatAreNotThereYet) {
     EXPECT_THAT(ReadFile(folder, "Mine.nmd"), HasSubstr("mine"));
 }
 
+// Who did not take over notes at the first start has an empty set "My Notes", and the older copy has one with notes.
+TEST(TakeOverNotes, ReplacesTheEmptyFirstSet) {
+    const ScratchFolder older = EmptyFolder(), folder = FolderWithScripture();
+    WriteNoteSet(older, "My Notes", {{0, "of years"}});
+    Program program = StartProgram(folder);
+    EXPECT_EQ(TextOf(NoteViewOf(program)), "No note for Genesis 1:1.");
+    Command(program, IDM_TAKE_OVER_SETS);
+    ChooseFolder(program, older);
+    EXPECT_THAT(AnswerQuestion(program, IDOK), HasSubstr("The empty set \"My Notes\" that is here is replaced."));
+    WaitUntil(program, "the set", [&] { return StatusPart(program, 0) == "1 note set taken over"; });
+    EXPECT_THAT(NoteSetNames(program), ElementsAre("My Notes"));
+    EXPECT_EQ(TextOf(NoteViewOf(program)), "of years");
+    Command(program, IDM_TAKE_OVER_SETS);
+    ChooseFolder(program, older);
+    EXPECT_THAT(AnswerQuestion(program, IDCANCEL), HasSubstr("of these names already:\n    My Notes\n"));
+    EXPECT_EQ(CloseProgram(program), 0);
+    Program again = StartProgram(folder);
+    EXPECT_EQ(TextOf(NoteViewOf(again)), "of years");
+}
+
 // Such files come from other systems, which give them any names.
 static void AddSetsWithoutNames(const ScratchFolder& folder) {
     RunOnHost(folder, "cp Sermons.nmd con.nmd && cp Sermons.nmd aux.x.nmd && cp Sermons.nmd con.nmdx");
