@@ -54,6 +54,12 @@ void WaitForFirstVerse(Program& program, const char* frameClass) {
     Ask(program, program.frame, WM_NULL);
 }
 
+void CloseBeforeNextStart(Program& program) {
+    static constexpr DWORD kRemoval = 150;  // milliseconds
+    CloseProgram(program);
+    Sleep(kRemoval);
+}
+
 std::string StatusTextNow(const Program& program, int part, const RemoteMemory& room) {
     Ask(program, Child(program.frame, {IDC_STATUS_BAR}), SB_GETTEXTA, static_cast<WPARAM>(part),
         reinterpret_cast<LPARAM>(room.address));
