@@ -8,6 +8,7 @@
 #include <optional>
 #include <utility>
 
+#include "app/profile_section.h"
 #include "win32/files.h"
 
 static constexpr char kUnfinishedEnding[] = ".temp";
@@ -81,4 +82,49 @@ static void RemoveKey(void* device, const char* section, const char* key) {
 
 ProfileFile ProfileAt(std::wstring& path) {
     return {&path, ReadInteger, ReadText, WriteText, RemoveKey};
+}
+
+// ---- Whole sections -------------------------------------------------------------------------------------------------
+
+static std::optional<std::wstring> SectionIn(const std::wstring& file, const char* section) {
+    static constexpr DWORD kRoom = 32768, kCutOff = kRoom - 2;
+    std::optional<std::wstring> read;
+    WithAcceptedPath(file, false, [&](const std::wstring& path) {
+        std::wstring texts(kRoom, L'\0');
+        const DWORD size = GetPrivateProfileSectionW(Wide(section).c_str(), texts.data(), kRoom, path.c_str());
+        if (size != 0 ? size < kCutOff : !IsThere(path)) read = texts.substr(0, size);
+    });
+    return read;
+}
+
+static const std::optional<std::wstring>& SectionOf(ReadProfile& profile, const char* section) {
+    const auto found = profile.sections.find(section);
+    if (found != profile.sections.end()) return found->second;
+    return profile.sections.emplace(section, SectionIn(profile.path, section)).first->second;
+}
+
+// What is not plain is left to the system's procedure for single values.
+static int ReadIntegerOnce(void* device, const char* section, const char* key, int missing) {
+    ReadProfile& profile = *static_cast<ReadProfile*>(device);
+    if (const std::optional<std::wstring>& whole = SectionOf(profile, section)) {
+        const std::optional<std::wstring_view> value = ValueIn(*whole, Wide(key));
+        if (!value) return missing;
+        if (const std::optional<int> number = PlainNumber(*value)) return *number;
+    }
+    return ReadInteger(&profile.path, section, key, missing);
+}
+
+static std::string ReadTextOnce(void* device, const char* section, const char* key, const char* missing, int limit) {
+    ReadProfile& profile = *static_cast<ReadProfile*>(device);
+    if (const std::optional<std::wstring>& whole = SectionOf(profile, section)) {
+        const std::wstring ofMissing = Wide(missing);
+        const std::wstring_view text = ValueIn(*whole, Wide(key)).value_or(ofMissing);
+        if (IsPlainText(text) && text.size() <= static_cast<std::size_t>(limit))
+            return Narrow(std::wstring(text)).value_or(missing).substr(0, static_cast<std::size_t>(limit));
+    }
+    return ReadText(&profile.path, section, key, missing, limit);
+}
+
+ProfileFile ProfileOver(ReadProfile& profile) {
+    return {&profile, ReadIntegerOnce, ReadTextOnce, nullptr, nullptr};
 }

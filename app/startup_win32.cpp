@@ -35,7 +35,7 @@
 // ---- The settings file ----------------------------------------------------------------------------------------------
 
 // The full path, because the system looks for a bare name in the Windows folder.
-ProfileFile SettingsProfile() {
+static ProfileFile SettingsProfile() {
     static std::wstring path = WorkingFilePath(kSettingsFile);
     return ProfileAt(path);
 }
@@ -54,7 +54,13 @@ void StartWith(const SettingTexts& settings, std::uint64_t time) {
 }
 
 ProfileFile FirstSettings() {
-    return firstSettings ? ProfileOver(*firstSettings) : SettingsProfile();
+    static ReadProfile file{WorkingFilePath(kSettingsFile)};
+    return firstSettings ? ProfileOver(*firstSettings) : ProfileOver(file);
+}
+
+static ProfileFile FirstMoreSettings() {
+    static ReadProfile file{WorkingFilePath(kMoreSettingsFile)};
+    return firstSettings ? ProfileOver(*firstSettings) : ProfileOver(file);
 }
 
 // ---- Start-up -------------------------------------------------------------------------------------------------------
@@ -140,7 +146,7 @@ static Settings CurrentSettings() {
 
 static void ReadSettings() {
     TakeOver(LoadSettings(FirstSettings(), GetSysColor(COLOR_HIGHLIGHT)));
-    TakeOver(LoadMoreSettings(firstSettings ? ProfileOver(*firstSettings) : MoreSettingsProfile()));
+    TakeOver(LoadMoreSettings(FirstMoreSettings()));
     TakeColors();
     LabelBookmarks();
     SetPassageFont(theFrame.fonts.passage);

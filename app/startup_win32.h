@@ -25,6 +25,3 @@ SettingTexts CurrentSettingTexts();
 // Writes the settings file, so that it has all of its old or all of its new contents if the program ends in between.
 // False if that was not possible; then the settings have been written one by one as far as the system lets them.
 bool WriteSettings();
-
-// The settings file in the directory that is current at the first call, accessed through the private-profile functions.
-ProfileFile SettingsProfile();

@@ -232,6 +232,30 @@ TEST(SettingsFile, NormalizesUnusualValues) {
                           {"SEARCH", "PreviousSearch9", std::string(199, 'b')}});
 }
 
+// Values as people write them. Whatever they mean to the system's procedures, they mean to the program.
+TEST(SettingsFile, IsReadAsTheSystemReadsIt) {
+    const ScratchFolder folder = FolderWithScripture();
+    WriteFile(folder, "Versewell.INI",
+              "; by hand\r\n[bookmarks]\r\n 1 = 0x10\r\n2=\"12\"\r\n3= 13 \r\n4=+14\r\n5=15 verses\r\n6=0016\r\n"
+              "7\r\n8==\r\n;9=19\r\n10=20\r\n10=21\r\n[SEARCH]\r\nPREVIOUSSEARCH0='a\r\nPreviousSearch1=\"b\"c\"\r\n"
+              "PreviousSearch2=d=e ;f\r\nPreviousSearch3=\tg\t\r\n[BOOKMARKS]\r\n9=22\r\n1=23\r\n");
+    std::vector<StoredSetting> expected;
+    const std::string path = (folder.path / "Versewell.INI").string();
+    static const char* const kBookmarks[] = {"1", "2", "3", "4", "5", "6", "7", "8", "9", "10"};
+    for (const char* key : kBookmarks)
+        expected.push_back(
+            {"BOOKMARKS", key, std::to_string(GetPrivateProfileIntA("BOOKMARKS", key, 0, path.c_str()))});
+    for (const char* key : {"PreviousSearch0", "PreviousSearch1", "PreviousSearch2", "PreviousSearch3"})
+        expected.push_back({"SEARCH", key, Setting(folder, "SEARCH", key)});
+    EXPECT_EQ(expected[1].value, "12");
+    EXPECT_EQ(expected[9].value, "20");
+    StartAndClose(folder);
+    for (const StoredSetting& each : expected) {
+        const std::string once = Setting(folder, each.section, each.key);
+        EXPECT_EQ(once, each.value) << each.key;
+    }
+}
+
 namespace {
 
 struct OddSettings {
