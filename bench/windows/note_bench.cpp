@@ -21,6 +21,7 @@ static constexpr double kMostTimesWithout = 1.05;
 static constexpr double kMostLongNoteTime = 6;  // milliseconds
 static constexpr double kMostLongLineTime = 1000;
 static constexpr double kMostKeyTime = 100;
+static constexpr double kMostKeyTimeInRuns = 150;  // Wine makes a run of each tab and walks through all of them
 
 static std::string TextOfNote(int verse) {
     std::string text = "Note of verse " + std::to_string(verse) + ".\r\n";
@@ -145,15 +146,19 @@ struct LongLine {
     ShownNote floor;
     ShownNote briefAfterLine{"brief"};
     ShownNote briefAfterFloor{"brief"};
+    double mostKeyTime = kMostKeyTime;
     std::vector<double> keyTimes{};
 };
 
 }  // namespace
 
-static LongLine LineOf(const char* what, std::string_view part) {
+static LongLine LineOf(const char* what, std::string_view part, double mostKeyTime = kMostKeyTime) {
     static constexpr std::size_t kLength = 65000;
     const std::string line = Repeated(part, kLength);
-    return {std::string("a line of 65,000 ") + what, {line}, {InLines(line)}};
+    return {.what = std::string("a line of 65,000 ") + what,
+            .line = {line},
+            .floor = {InLines(line)},
+            .mostKeyTime = mostKeyTime};
 }
 
 static std::vector<LongLine> LongLines() {
@@ -163,7 +168,7 @@ static std::vector<LongLine> LongLines() {
             LineOf("percent signs", "%"),
             LineOf("digits and blanks", "1 "),
             LineOf("blanks", " "),
-            LineOf("tabs", "\t"),
+            LineOf("tabs", "\t", kMostKeyTimeInRuns),
             LineOf("all marks", BytesFrom('!', '~')),
             LineOf("bytes 80 to 9F", BytesFrom(0x80, 0x9F)),
             LineOf("bytes A0 to FF", BytesFrom(0xA0, 0xFF)),
@@ -334,7 +339,7 @@ static void MeasureLongNotes() {
         PrintLimited(each.what + " shown", MedianOf(each.line.times), kMostLongLineTime, "ms");
         PrintLimited("  another note in its place", MedianOf(each.briefAfterLine.times), kMostLongLineTime, "ms");
         MeasureKeys(each);
-        PrintLimited("  a key in it", MedianOf(each.keyTimes), kMostKeyTime, "ms");
+        PrintLimited("  a key in it", MedianOf(each.keyTimes), each.mostKeyTime, "ms");
     }
 }
 

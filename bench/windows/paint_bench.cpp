@@ -18,7 +18,7 @@
 
 static constexpr RECT kClient{0, 0, 1200, 700};
 static constexpr RECT kLargeClient{0, 0, 3840, 2160};
-static constexpr int kRounds = 21;
+static constexpr int kRounds = 61;
 static constexpr double kMostTimesWordByWord = 1.0;
 static constexpr double kMostTimesFaceByFace = 1.5;
 static constexpr double kMostAboveOnePaint = 2.0;  // limit for page up, milliseconds
