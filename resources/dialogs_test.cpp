@@ -359,8 +359,8 @@ TEST(Dialogs, ButtonsHaveTheSameSize) {
     for (const DialogScript& dialog : Script().dialogs)
         for (const DialogControl& control : dialog.controls)
             if (control.kind.ends_with("PUSHBUTTON")) {
-                EXPECT_EQ(control.width, control.text == "&Restore Note" ? 56 : 50)
-                    << dialog.name << " " << control.text;
+                const bool isLong = control.text == "&Restore Note" || control.text == "Restore &Set";
+                EXPECT_EQ(control.width, isLong ? 56 : 50) << dialog.name << " " << control.text;
                 EXPECT_EQ(control.height, 14) << dialog.name << " " << control.text;
             }
 }
