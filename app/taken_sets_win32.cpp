@@ -52,7 +52,8 @@ static bool Take(HWND owner, const NoteFiles& from, const SetsToTake& found) {
 }
 
 static std::wstring WithFolder(const std::wstring& folder, const std::wstring& text) {
-    return WithoutLongPrefix(folder) + L"\n\n" + text;
+    static constexpr std::size_t kMostLetters = 100;  // a box grows with its longest word
+    return Wide(WithoutMiddle(LettersOf(WithoutLongPrefix(folder)), kMostLetters)) + L"\n\n" + text;
 }
 
 static bool HasNoName(const std::wstring& file) {

@@ -111,13 +111,22 @@ static std::u16string Number(std::size_t number) {
     return LettersOfUtf8(std::to_string(number));
 }
 
-// A paragraph of `text`: a heading and the names below it. Nothing if there are none.
+std::u16string WithoutMiddle(std::u16string_view text, std::size_t limit) {
+    static constexpr std::u16string_view kPoints = u"...";
+    if (text.size() <= limit) return std::u16string(text);
+    const std::size_t atEnd = (limit - kPoints.size()) / 2, before = limit - kPoints.size() - atEnd;
+    return std::u16string(text.substr(0, before)).append(kPoints).append(text.substr(text.size() - atEnd));
+}
+
+// A paragraph of `text`: a heading and the names below it. Nothing if there are none. A message box grows with its
+// longest word, so long names are shortened.
 static void AddNames(std::u16string& text, std::u16string_view heading, std::span<const std::u16string> names) {
-    static constexpr std::size_t kMostLines = 31;
+    static constexpr std::size_t kMostLines = 31, kMostLetters = 60;
     if (names.empty()) return;
     if (!text.empty()) text += u"\n\n";
     text += heading;
-    for (std::size_t i = 0; i < std::min(names.size(), kMostLines); ++i) text += u"\n    " + names[i];
+    for (std::size_t i = 0; i < std::min(names.size(), kMostLines); ++i)
+        text += u"\n    " + WithoutMiddle(names[i], kMostLetters);
     if (names.size() > kMostLines) text += u"\n    and " + Number(names.size() - kMostLines) + u" more";
 }
 

@@ -12,6 +12,7 @@
 
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "notes/note_files.h"
@@ -31,6 +32,9 @@ struct SetsToTake {
 // Looks for the sets in `from` that `to`, the working directory, lacks. The files `others` are taken too if only `from`
 // has them. `unnamed` is left to the caller, who can see such files.
 SetsToTake FindSetsToTake(const NoteFiles& from, const NoteFiles& to, std::span<const std::string> others);
+
+// `text` with three points for what is in the middle, if it has more than `limit` letters.
+std::u16string WithoutMiddle(std::u16string_view text, std::size_t limit);
 
 // The sets that were found, as lines for the user, and those that are left out, with the reason; empty if there are
 // neither. If there would be more sets than can be shown, it says so.

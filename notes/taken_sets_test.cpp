@@ -165,6 +165,23 @@ TEST(SetsToTake, TellIfThereWouldBeTooMany) {
     EXPECT_EQ(FindSetsToTake(DeviceOver(from), DeviceOver(to), kOthers).here, 1u);
 }
 
+// A message box grows with its longest word, beyond the screen.
+TEST(SetsToTake, HaveTheirLongNamesShortened) {
+    SetsToTake found;
+    found.sets = {std::string(60, 'a'), std::string(30, 'b') + std::string(100, 'c') + std::string(30, 'd')};
+    found.unnamed = {std::u16string(200, u'\u03B1')};
+    const std::string told = Told(found);
+    EXPECT_THAT(told, HasSubstr("\n    " + std::string(60, 'a') + "\n    " + std::string(29, 'b') + "..." +
+                                std::string(28, 'd')));
+    EXPECT_EQ(TextOfSetsToTake({}, found).find(std::u16string(31, u'\u03B1')), std::u16string::npos);
+}
+
+TEST(WithoutMiddle, HasTheBeginningAndTheEnd) {
+    EXPECT_EQ(WithoutMiddle(u"0123456789", 10), u"0123456789");
+    EXPECT_EQ(WithoutMiddle(u"0123456789a", 10), u"0123...89a");
+    EXPECT_EQ(WithoutMiddle(u"", 10), u"");
+}
+
 TEST(SetsToTake, NameTheFilesThatHaveNoNameForTheProgram) {
     SetsToTake found;
     found.unnamed = {u"con.nmd"};

@@ -118,7 +118,10 @@ TEST(FirstStartOfAnInstalledCopy, AsksAgainForAFolderWithNotes) {
     EXPECT_THAT(AnswerQuestion(program, IDRETRY), HasSubstr("There are no note sets in this folder."));
     ChooseFolder(program, ScratchFolder{empty.path / "typed wrong", nullptr});
     EXPECT_THAT(AnswerQuestion(program, IDRETRY), HasSubstr("This folder does not exist."));
+    WriteNoteSet(older, std::string(200, 'w'));
     ChooseFolder(program, older);
+    const RECT place = RectOnScreen(WaitForDialog(program, kTakeOver));
+    EXPECT_LT(place.right - place.left, 800) << "also with a long name";
     AnswerQuestion(program, IDCANCEL);
     WaitForFrame(program);
     EXPECT_THAT(NoteSetNames(program), ElementsAre(kReadings, "My Notes"));
