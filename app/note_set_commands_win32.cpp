@@ -14,6 +14,7 @@
 #include "notes/note_set_dialog.h"
 #include "notes/note_tabs_win32.h"
 #include "notes/notes_window.h"
+#include "pane/status_bar_win32.h"
 #include "passage/passage_window.h"
 #include "resources/ids.h"
 #include "verselist/verse_list_window.h"
@@ -27,8 +28,18 @@ static void ShowNewTabs() {
     LayOut();
 }
 
+// The messages do not say that a name is in use; the status bar does, up to the next name.
+static void TellNameInUse(const std::string& text) {
+    static std::string told;
+    const bool isShown = !told.empty() && StatusText(StatusPart::kSearchSummary) == told;
+    if (!text.empty() || isShown) ShowStatus(StatusPart::kSearchSummary, text);
+    told = text;
+}
+
 static void CreateSetNamed(std::u16string_view name) {
+    const std::string inUse = NameInUse(TheNoteFiles(), name);
     const std::string problem = CreateNoteSet(TheNoteFiles(), theNoteSets, name);
+    TellNameInUse(problem.empty() ? "" : inUse);
     if (!problem.empty()) return Complain(theFrame.window, problem.c_str());
     AddLastNoteTab();
     LayOut();
@@ -41,7 +52,9 @@ void CreateSet(int) {
 }
 
 static void RenameSetTo(std::u16string_view name) {
+    const std::string inUse = NameInUse(TheNoteFiles(), name);
     const std::string problem = RenameNoteSet(TheNoteFiles(), theNoteSets, name);
+    TellNameInUse(problem.empty() ? "" : inUse);
     if (!problem.empty()) return Complain(theFrame.window, problem.c_str());
     ShowNewTabs();
 }

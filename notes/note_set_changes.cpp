@@ -17,14 +17,27 @@ std::optional<std::string> SetNameOf(const NoteFiles& files, std::u16string_view
     return name;
 }
 
-// Why Windows cannot store files named `name`, as a sentence; empty for a valid name. An empty name is valid: its files
-// are ".nmd" and ".nmi".
+// Why no set can be named `name`, as a sentence: Windows cannot store such files, or its tab would show nothing. Empty
+// for a valid name. An empty name is valid: its files are ".nmd" and ".nmi".
 static std::string ReasonAgainstName(const std::string& name) {
+    if (!name.empty() && name.find_first_not_of(" \xA0") == name.npos)
+        return "The name of a note set cannot have blanks only.";
     if (!HasFileCharacters(name)) {
         return "The name of a note set cannot have any of the characters \\ / : * ? \" < > | or a control character.";
     }
     if (IsDeviceName(name)) return "Windows keeps the name \"" + name + "\" for itself. Choose another one.";
     return "";
+}
+
+static bool HasFiles(const NoteFiles& files, const std::string& name) {
+    return files.stamp(files.device, name + kDataEnding).exists ||
+           files.stamp(files.device, name + kIndexEnding).exists;
+}
+
+std::string NameInUse(const NoteFiles& files, std::u16string_view typed) {
+    const std::optional<std::string> name = SetNameOf(files, typed);
+    if (!name || !ReasonAgainstName(*name).empty() || !HasFiles(files, *name)) return "";
+    return '"' + *name + "\" is already the name of a note set";
 }
 
 // ---- Create ---------------------------------------------------------------------------------------------------------
@@ -47,9 +60,7 @@ static std::string ReasonAgainstAdding(const NoteSets& notes, const std::string&
 std::string ReasonAgainstNewSet(const NoteFiles& files, const NoteSets& notes, const std::string& name) {
     const std::string reason = ReasonAgainstAdding(notes, name);
     if (!reason.empty()) return reason;
-    const bool exists =
-        files.stamp(files.device, name + kDataEnding).exists || files.stamp(files.device, name + kIndexEnding).exists;
-    return exists ? kCannotCreateNotes : "";
+    return HasFiles(files, name) ? kCannotCreateNotes : "";
 }
 
 std::string CreateNoteSet(const NoteFiles& files, NoteSets& notes, const std::string& name) {

@@ -26,9 +26,12 @@ inline constexpr char kOnlyOneSet[] =
 // that name (kNameNotInCodePage).
 std::optional<std::string> SetNameOf(const NoteFiles& files, std::u16string_view typed);
 
+// The status bar's text if there are files of a set of that name, of which the messages say nothing; otherwise empty.
+std::string NameInUse(const NoteFiles& files, std::u16string_view typed);
+
 // Creates an empty set named `name`, which goes on with the earlier notes of a deleted set of that name, and adds it as
 // the last one; the current set does not change. Returns the message for the user; empty on success. Nothing changes if
-// the set's files already exist, the name cannot be stored or there are already kNoteSetLimit sets.
+// the set's files already exist, the name cannot be stored or has only blanks, or there are already kNoteSetLimit sets.
 std::string CreateNoteSet(const NoteFiles& files, NoteSets& notes, const std::string& name);
 std::string CreateNoteSet(const NoteFiles& files, NoteSets& notes, std::u16string_view typed);
 

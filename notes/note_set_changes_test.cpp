@@ -73,9 +73,33 @@ static std::string ReasonAgainstName(const std::string& name) {
 }
 
 TEST(NoteSetNames, AcceptEveryNameAllowedOnWindows) {
-    for (const std::string name : {"", " ", "a.b", ".", "a.", " a ", "M\xFCller \xB6", "CONsole", "COM", "COM0",
-                                   "LPT10", "my con", "a+b [c] {d} (e) & 'f' #1, 100%~"})
+    for (const std::string name : {"", "a.b", ".", "a.", " a ", "M\xFCller \xB6", "CONsole", "COM", "COM0", "LPT10",
+                                   "my con", "a+b [c] {d} (e) & 'f' #1, 100%~"})
         EXPECT_EQ(ReasonAgainstName(name), "") << name;
+}
+
+// Its tab would show nothing.
+TEST(NoteSetNames, RejectBlanksOnly) {
+    for (const char* name : {" ", "   ", "\xA0", " \xA0 "})
+        EXPECT_EQ(ReasonAgainstName(name), "The name of a note set cannot have blanks only.") << name;
+    SetsOnDisk disk;
+    Open(disk, {"Mine"});
+    EXPECT_EQ(RenameNoteSet(disk.files, disk.notes, std::string("  ")),
+              "Rename failed. The name of a note set cannot have blanks only.");
+    EXPECT_THAT(NamesOf(disk.notes), ElementsAre("Mine"));
+}
+
+// The messages say nothing of it.
+TEST(NoteSetNames, AreToldIfTheyAreInUse) {
+    SetsOnDisk disk;
+    Open(disk, {"Mine"});
+    disk.fakes.contents["Index.nmi"] = disk.fakes.contents["Data.nmd"] = {};
+    const auto told = [&](std::u16string_view name) { return NameInUse(disk.files, name); };
+    for (const char16_t* name : {u"Mine", u"Index", u"Data"}) {
+        const std::string narrow(name, name + std::u16string_view(name).size());
+        EXPECT_EQ(told(name), '"' + narrow + "\" is already the name of a note set");
+    }
+    for (const char16_t* name : {u"Other", u"", u"\u039B", u"what?"}) EXPECT_EQ(told(name), "");
 }
 
 TEST(NoteSetNames, RejectNamesNotAllowedOnWindows) {

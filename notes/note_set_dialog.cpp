@@ -1,6 +1,9 @@
 #include "notes/note_set_dialog.h"
 
+#include <utility>
+
 #include "notes/note_set_changes.h"
+#include "pane/status_bar_win32.h"
 #include "resources/help_topics.h"
 #include "resources/ids.h"
 #include "win32/code_page.h"
@@ -33,8 +36,16 @@ static void OnOk(HWND dialog) {
     EndDialog(dialog, IDOK);
 }
 
-static void OnCommand(HWND dialog, int control, UINT) {
+// What is pasted would be cut without a word.
+static std::string LimitText() {
+    return "The name of a note set has at most " + std::to_string(kNoteSetNameLimit) + " letters";
+}
+
+static void OnCommand(HWND dialog, int control, UINT notification) {
     switch (control) {
+        case IDC_SET_NAME:
+            if (notification == EN_MAXTEXT) ShowStatus(StatusPart::kSearchSummary, LimitText());
+            break;
         case IDOK: OnOk(dialog); break;
         case IDC_HELP_BUTTON: OpenHelpTopic(dialog, kHelpFile, kTopicNoteSets); break;
     }
@@ -43,8 +54,10 @@ static void OnCommand(HWND dialog, int control, UINT) {
 static std::optional<std::u16string> Ask(HWND frame, const char* resource, const std::string& title,
                                          std::u16string name) {
     const AskedName asked{title, &name};
-    if (RunDialog(frame, {resource, Fill, OnCommand, &asked}) != IDOK) return std::nullopt;
-    return name;
+    const std::string before = StatusText(StatusPart::kSearchSummary);
+    const bool isNamed = RunDialog(frame, {resource, Fill, OnCommand, &asked}) == IDOK;
+    if (StatusText(StatusPart::kSearchSummary) == LimitText()) ShowStatus(StatusPart::kSearchSummary, before);
+    return isNamed ? std::optional(std::move(name)) : std::nullopt;
 }
 
 std::optional<std::u16string> AskNewSetName(HWND frame) {

@@ -109,8 +109,10 @@ TEST(NoteSetDialogs, AskForANameAndFocusTheNoteWhenCancelled) {
         Press(program, "End");
         Type(program, "b");
         EXPECT_EQ(TextOf(dialog, IDC_SET_NAME), std::string(99, 'a'));
+        EXPECT_EQ(StatusPart(program, 0), "The name of a note set has at most 99 letters");
         Press(program, "Esc");
         WaitForNoDialog(program);
+        EXPECT_EQ(StatusPart(program, 0), "");
         EXPECT_TRUE(IsTicked(program, IDM_VIEW_NOTES));
         EXPECT_EQ(FocusOf(program), NoteViewOf(program));
         EXPECT_THAT(SetsOf(program), ElementsAre("a.b c"));
@@ -154,10 +156,12 @@ TEST(NoteSetCreation, ReportsWhyItFailed) {
     Program program = StartProgram(folder);
     Create(program, "Mine");
     EXPECT_EQ(Answered(program, "Error"), "Error creating note files");
-    for (const char* name : {"a/b", "what?", "con"}) {
+    EXPECT_EQ(StatusPart(program, 0), "\"Mine\" is already the name of a note set");
+    for (const char* name : {"a/b", "what?", "con", " "}) {
         Create(program, name);
         EXPECT_THAT(Answered(program, "Error"), testing::StartsWith("Error creating note files\n\n")) << name;
     }
+    EXPECT_EQ(StatusPart(program, 0), "");
     EXPECT_THAT(SetsOf(program), ElementsAre("Mine"));
     EXPECT_EQ(FocusOf(program), NoteViewOf(program));
     EXPECT_EQ(FilesIn(folder), files);
@@ -242,6 +246,7 @@ TEST(NoteSetRenaming, ReportsFailure) {
     static constexpr char kFailed[] = "Rename failed. Make sure the note set files are not in use by another program.";
     Rename(program, "a", "b");  // the name is in use
     EXPECT_EQ(Answered(program, "Error"), kFailed);
+    EXPECT_EQ(StatusPart(program, 0), "\"b\" is already the name of a note set");
     {
         const UniqueHandle held = Hold(folder, "a.nmd");
         Rename(program, "a", "c");
