@@ -7,6 +7,7 @@
 
 #include "app/frame_layout.h"
 #include "app/settings.h"
+#include "notes/note_draft.h"
 #include "print/printer_dialogs_win32.h"
 #include "win32/handles.h"
 
@@ -29,10 +30,11 @@ struct Frame {
     Fonts fonts;
     std::array<COLORREF, 16> customColors{};
     PrinterSetup printerSetup;
-    std::string damagedSet;        // whose earlier states the user wants to see at the end of the start
-    std::string ownSets;           // as in MoreSettings
-    std::vector<int> lastVerses;   // app/last_verses.h
-    bool hasNewLastVerse = false;  // since the start
+    std::string damagedSet;              // whose earlier states the user wants to see at the end of the start
+    std::string ownSets;                 // as in MoreSettings
+    std::vector<NoteDraft> takenDrafts;  // of a copy whose notes were taken over, to be offered
+    std::vector<int> lastVerses;         // app/last_verses.h
+    bool hasNewLastVerse = false;        // since the start
     bool startUpComplete = false;
 };
 extern Frame theFrame;

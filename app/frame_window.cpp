@@ -48,6 +48,7 @@ static void OnDestroy(HWND) {
 static void OnCommand(HWND, int command, HWND control, UINT) {
     if (control == theFrame.toolbar && IsGreyedButton(command)) return;
     Dispatch(command);
+    OfferTakenNotes();
 }
 
 static void OnNoteSetChosen() {

@@ -147,6 +147,13 @@ LastSession ReadLastSession(const NoteFiles& files, Session& session) {
     return isMoved ? LastSession::kDamaged : LastSession::kInTheWay;
 }
 
+std::vector<NoteDraft> DraftsIn(const NoteFiles& files) {
+    std::vector<unsigned char> bytes;
+    Session session;
+    const bool isRead = ReadWholeFile(files, kSessionFile, kFileLimit, bytes) && ParseSession(bytes, session);
+    return isRead ? session.drafts : std::vector<NoteDraft>();
+}
+
 bool IsSessionOutdated(const NoteFiles& files) {
     return files.stamp(files.device, kSettingsFile).time > files.stamp(files.device, kSessionFile).time;
 }

@@ -46,5 +46,8 @@ enum class LastSession {
 };
 LastSession ReadLastSession(const NoteFiles& files, Session& session);
 
+// The notes in the session file of any folder, which stays as it is. None if there is no such file, or a damaged one.
+std::vector<NoteDraft> DraftsIn(const NoteFiles& files);
+
 // Was the settings file written after the session file? Then its settings are the latest ones.
 bool IsSessionOutdated(const NoteFiles& files);

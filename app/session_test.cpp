@@ -23,6 +23,22 @@ static void ExpectSame(const Session& left, const Session& right) {
 }
 
 // The file of the comment in the header, byte by byte; the checksum was calculated by zlib.
+TEST(SessionFile, TellsItsNotesAndStays) {
+    FakeNoteFiles fakes;
+    const NoteFiles files = DeviceOver(fakes);
+    EXPECT_TRUE(DraftsIn(files).empty());
+    const NoteDraft draft{"Mine", 31101, "before", "text"};
+    fakes.contents[kSessionFile] = SessionBytes({{}, {draft}});
+    const auto before = fakes.contents;
+    ASSERT_EQ(DraftsIn(files).size(), 1u);
+    EXPECT_EQ(DraftsIn(files)[0].setName, draft.setName);
+    EXPECT_EQ(DraftsIn(files)[0].text, draft.text);
+    EXPECT_EQ(fakes.contents, before);
+    fakes.contents[kSessionFile].pop_back();
+    EXPECT_TRUE(DraftsIn(files).empty());
+    EXPECT_EQ(fakes.contents.size(), 1u);
+}
+
 TEST(SessionBytes, HaveTheFormat) {
     const Session session = {{{"A", "b", "cd"}}, {{"S", 258, "o", "tt"}}};
     const std::string expected(

@@ -32,6 +32,7 @@ namespace {
 
 struct KeptSession {
     Session last;            // of the last run, until it has been offered
+    bool isOffered = false;  // it has been
     bool isBlocked = false;  // a file that cannot be read or moved is in the way
     bool isOn = false;
     bool isWriting = false;
@@ -207,11 +208,19 @@ static void Offer(const NoteDraft& draft) {
     if (!isWanted && !Keep(draft)) Complain(theFrame.window, kNotKept, kCaption);
 }
 
+void OfferTakenNotes() {
+    if (!theKept.isOffered) return;
+    const std::vector<NoteDraft> drafts = std::exchange(theFrame.takenDrafts, {});
+    for (const NoteDraft& draft : drafts) Offer(draft);
+}
+
 void OfferLastSession() {
     if (!theFrame.startUpComplete) return;
     TellOfCrashes();
     const std::vector<NoteDraft> drafts = std::move(theKept.last.drafts);
     for (const NoteDraft& draft : drafts) Offer(draft);
+    theKept.isOffered = true;
+    OfferTakenNotes();
     theKept.isOn = !theKept.isBlocked;
     CheckSession();
     if (theKept.bytesInFile.empty()) theKept.bytesInFile = theKept.bytes;  // no file, and nothing has changed

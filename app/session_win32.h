@@ -12,6 +12,10 @@ void OpenLastSession();
 // crashed. From then on the session file is kept. To be called once the frame is shown.
 void OfferLastSession();
 
+// Offers the notes that were taken over from another copy, where they were being edited (Frame::takenDrafts). To be
+// called behind each command.
+void OfferTakenNotes();
+
 // GetMessageW for the program's message loop: false for WM_QUIT. Keeps the session file up to date while it waits.
 bool NextMessage(MSG& message);
 

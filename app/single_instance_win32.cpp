@@ -25,12 +25,12 @@ static std::wstring CanonicalFolder(const std::wstring& folder) {
     return FinalPath(opened, folder);
 }
 
-// A hash of the working folder's path. The name of a mutex is limited in length and must not contain backslashes, and
+// A hash of a working folder's path. The name of a mutex is limited in length and must not contain backslashes, and
 // a window property is a number. 32 bits in every build, so that 32-bit and 64-bit copies find each other. The upper
 // half of a letter only counts if it is not 0, so that for most paths the number is that of earlier versions, which
 // took the path in the code page.
-static std::uint32_t FolderNumber() {
-    std::wstring folder = CanonicalFolder(WorkingFilePath(""));
+static std::uint32_t FolderNumber(std::wstring folder) {
+    folder = CanonicalFolder(folder);
     CharLowerBuffW(folder.data(), static_cast<DWORD>(folder.size()));
     while (folder.ends_with(L'\\')) folder.pop_back();
     std::uint32_t number = 2166136261u;  // FNV-1a
@@ -42,9 +42,9 @@ static std::uint32_t FolderNumber() {
     return number | 1;  // 0 means that a window lacks the property
 }
 
-static std::string ClaimName() {
+static std::string ClaimName(const std::wstring& folder) {
     char name[48];
-    std::snprintf(name, sizeof name, "Global\\Versewell-%08lX", static_cast<unsigned long>(FolderNumber()));
+    std::snprintf(name, sizeof name, "Global\\Versewell-%08lX", static_cast<unsigned long>(FolderNumber(folder)));
     return name;
 }
 
@@ -55,6 +55,12 @@ static bool TakeMutex(const std::string& name) {
     if (mutex != nullptr && GetLastError() != ERROR_ALREADY_EXISTS) return true;
     if (mutex != nullptr) CloseHandle(mutex);
     return false;
+}
+
+// That of another user's copy cannot be opened.
+bool IsFolderClaimed(const std::wstring& folder) {
+    const OwnedFile mutex(OpenMutexA(SYNCHRONIZE, FALSE, ClaimName(PathIn(folder, std::wstring())).c_str()));
+    return mutex || GetLastError() == ERROR_ACCESS_DENIED;
 }
 
 namespace {
@@ -77,7 +83,7 @@ static BOOL CALLBACK CompareWindow(HWND window, LPARAM parameter) {
 }
 
 static HANDLE FolderMark() {
-    return reinterpret_cast<HANDLE>(static_cast<UINT_PTR>(FolderNumber()));
+    return reinterpret_cast<HANDLE>(static_cast<UINT_PTR>(FolderNumber(WorkingFilePath(""))));
 }
 
 static HWND FrameOfOther(const char* windowClass) {
@@ -120,7 +126,7 @@ static HWND QuestionOfOther(const std::string& name) {
 }
 
 bool ClaimWorkingFolder(const char* windowClass, const std::function<void(HWND)>& tell) {
-    const std::string name = ClaimName();
+    const std::string name = ClaimName(WorkingFilePath(""));
     const ULONGLONG start = GetTickCount64();
     while (!TakeMutex(name)) {
         HWND window = FrameOfOther(windowClass);

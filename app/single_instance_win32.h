@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <string>
 
 #include "win32/windows_api.h"
 
@@ -10,6 +11,9 @@
 // after `tell` was called with it or, if none was found in time, the user has been told. The caller must then exit. To
 // be called by the thread of the windows.
 bool ClaimWorkingFolder(const char* windowClass, const std::function<void(HWND window)>& tell);
+
+// Is a copy of the program running that has claimed this folder? One on another computer is not noticed.
+bool IsFolderClaimed(const std::wstring& folder);
 
 // Marks `frame` as the window that copies started later bring to the front.
 void MarkClaimingFrame(HWND frame);

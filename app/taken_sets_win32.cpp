@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "app/frame_win32.h"
 #include "app/note_commands_win32.h"
@@ -13,6 +14,7 @@
 #include "app/session.h"
 #include "app/set_checks_win32.h"
 #include "app/settings.h"
+#include "app/single_instance_win32.h"
 #include "notes/file_names.h"
 #include "notes/note_files_win32.h"
 #include "notes/note_tabs_win32.h"
@@ -72,16 +74,31 @@ static std::vector<std::u16string> UnnamedSets(const std::wstring& folder) {
     return names;
 }
 
-// What was typed last is only in the session file, which is not taken: it belongs to a running or stopped program.
-static std::wstring TextOfOpenSession(const NoteFiles& from) {
+// What was typed last and the latest settings are only in the session file, which belongs to its program and stays. The
+// notes in that of a program that was ended are offered here too: its folder may be removed as soon as it is copied.
+static std::wstring TextOfOpenSession(const NoteFiles& from, const std::wstring& folder) {
     if (!from.stamp(from.device, kSessionFile).exists) return L"";
-    return L"\n\nThat copy is running or has not been closed. Start it and close it first, so that a note that was "
-           L"being written is stored and its settings are up to date.";
+    if (IsFolderClaimed(folder))
+        return L"\n\nThat copy is running. Close it first, so that a note that is being written there is stored and "
+               L"its "
+               L"settings are up to date.";
+    const std::wstring text =
+        L"\n\nThat copy has not been closed. Start it and close it first, so that its settings are "
+        L"up to date.";
+    return DraftsIn(from).empty() ? text : text + L" The note that was being written there is offered here, too.";
 }
 
-// Lets the user choose a folder until one has sets to take over, and confirms them. What was taken; none if nothing
-// was.
-static std::optional<SetsToTake> AskAndTake(HWND owner) {
+namespace {
+
+struct Taken {
+    SetsToTake sets;
+    std::vector<NoteDraft> drafts;  // that were being written there
+};
+
+}  // namespace
+
+// Lets the user choose a folder until one has sets to take over, and confirms them. None if nothing was taken.
+static std::optional<Taken> AskAndTake(HWND owner) {
     static const std::array<std::string, 2> kSettings = {kMoreSettingsFile, kSettingsFile};
     while (true) {
         std::wstring folder = AskFolder(owner, L"Folder of the other copy of Versewell");
@@ -99,9 +116,10 @@ static std::optional<SetsToTake> AskAndTake(HWND owner) {
             continue;
         }
         const std::wstring question =
-            names + TextOfOpenSession(from) + L"\n\nThey are copied, and the folder stays as it is. Continue?";
+            names + TextOfOpenSession(from, folder) + L"\n\nThey are copied, and the folder stays as it is. Continue?";
         if (Ask(owner, WithFolder(folder, question), MB_OKCANCEL | MB_ICONQUESTION) != IDOK) return std::nullopt;
-        return Take(owner, from, found) ? std::optional(std::move(found)) : std::nullopt;
+        if (!Take(owner, from, found)) return std::nullopt;
+        return Taken{std::move(found), IsFolderClaimed(folder) ? std::vector<NoteDraft>() : DraftsIn(from)};
     }
 }
 
@@ -112,7 +130,8 @@ static void OfferToTake() {
         L"Versewell keeps your notes in this folder, which has none yet:\n\n" + WithoutLongPrefix(WorkingFilePath("")) +
         L"\n\nIf you have used another copy of Versewell, its notes and settings can be copied to it. Do you want to "
         L"choose the folder of that copy now?\n\nNotes, Note Sets, Take Over Notes does so at any time.";
-    if (Ask(nullptr, text, MB_YESNO | MB_ICONQUESTION | MB_DEFBUTTON2) == IDYES) AskAndTake(nullptr);
+    if (Ask(nullptr, text, MB_YESNO | MB_ICONQUESTION | MB_DEFBUTTON2) != IDYES) return;
+    if (auto taken = AskAndTake(nullptr)) theFrame.takenDrafts = std::move(taken->drafts);
 }
 
 static void PutInFront(const char* setName) {
@@ -165,12 +184,13 @@ static void OpenSetsAgain() {
 }
 
 void TakeOverSets(int) {
-    const auto taken = AskAndTake(theFrame.window);
+    auto taken = AskAndTake(theFrame.window);
     if (taken) {
         OpenSetsAgain();
         TellSetsNotShown();
         if (theNoteSets.notShown.empty())
-            ShowStatus(StatusPart::kSearchSummary, NearestInCodePage(Wide(TextOfTakenSets(*taken))));
+            ShowStatus(StatusPart::kSearchSummary, NearestInCodePage(Wide(TextOfTakenSets(taken->sets))));
     }
     FocusNotes();
+    if (taken) theFrame.takenDrafts = std::move(taken->drafts);
 }

@@ -6,5 +6,5 @@
 // with the program are copied beside them, so that there is a Devotional menu.
 void PrepareSets();
 
-// Asks for a folder, copies its note sets, and shows them.
+// Asks for a folder, copies its note sets, and shows them. What was being written there is offered behind the command.
 void TakeOverSets(int command);

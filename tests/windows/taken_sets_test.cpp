@@ -10,6 +10,7 @@
 #include "tests/windows/note_steps.h"
 #include "tests/windows/odd_folders.h"
 #include "tests/windows/passage_pane.h"
+#include "tests/windows/session_steps.h"
 #include "tests/windows/taking_steps.h"
 
 using testing::AllOf;
@@ -281,6 +282,66 @@ TEST(TakeOverNotes, TellsOnlyOfTakenSetsThatAreDamaged) {
     EXPECT_THAT(MessageText(box), AllOf(HasSubstr("\"Torn.nmd\" is damaged"), Not(HasSubstr("Bad"))));
     PostMessageA(box, WM_COMMAND, IDOK, 0);
     WaitForNoDialog(program);
+}
+
+// ---- Notes that were being written ----------------------------------------------------------------------------------
+
+// Answers the question about the note that was written in the other copy.
+static void ContinueMine(const Program& program, int button) {
+    const HWND box = WaitForDialog(program, "Versewell97");
+    EXPECT_EQ(MessageText(box), kContinueMine);
+    PostMessageA(box, WM_COMMAND, static_cast<WPARAM>(button), 0);
+    WaitUntil(program, "the end of the question", [&] { return !IsWindow(box); });
+}
+
+TEST(NoteOfAnEndedCopy, IsOfferedAtTheFirstStart) {
+    const ScratchFolder older = FolderOfKilledEdit();
+    const std::string session = ReadFile(older, kSessionFileName);
+    const InstalledCopy copy;
+    Program program = copy.Launch();
+    AnswerQuestion(program, IDYES);
+    ChooseFolder(program, older);
+    EXPECT_THAT(AnswerQuestion(program, IDOK),
+                AllOf(HasSubstr("That copy has not been closed."), HasSubstr("being written there is offered here")));
+    WaitForFrame(program);
+    ContinueMine(program, IDYES);
+    WaitUntil(program, "the note", [&] { return TextInEditor(program) == "Mine. The first."; });
+    EXPECT_EQ(ReadFile(older, kSessionFileName), session) << "its own folder has it, too";
+}
+
+// One that is refused is kept among the earlier notes.
+TEST(NoteOfAnEndedCopy, IsOfferedWhenNotesAreTakenOver) {
+    const ScratchFolder older = FolderOfKilledEdit(), folder = FolderWithScripture();
+    WriteNoteSet(folder, "Other");
+    Program program = StartProgram(folder);
+    Command(program, IDM_TAKE_OVER_SETS);
+    ChooseFolder(program, older);
+    AnswerQuestion(program, IDOK);
+    ContinueMine(program, IDNO);
+    WaitForNoDialog(program);
+    EXPECT_EQ(KeptNotes(folder, "Mine").at(0).text, "Mine. The first.");
+    EXPECT_EQ(FocusOf(program), NoteViewOf(program));
+}
+
+// It is still being written; and when that copy has gone, it is offered in its folder as ever.
+TEST(NoteOfARunningCopy, StaysThere) {
+    const ScratchFolder older = FolderWithScripture(), folder = FolderWithScripture();
+    WriteNoteSet(older, "Mine", {{0, "The first."}});
+    WriteNoteSet(folder, "Other");
+    const Program other = StartProgram(older);
+    OpenNoteEditor(other);
+    Type(other, "Mine. ");
+    WaitForSession(other, "Mine. The first.");
+    Program program = StartProgram(folder);
+    Command(program, IDM_TAKE_OVER_SETS);
+    ChooseFolder(program, older);
+    EXPECT_THAT(AnswerQuestion(program, IDOK),
+                AllOf(HasSubstr("That copy is running. Close it first"), Not(HasSubstr("offered"))));
+    WaitUntil(program, "the set", [&] { return StatusPart(program, 0) == "1 note set taken over"; });
+    EXPECT_FALSE(HasDialog(program));
+    Kill(other);
+    const Program again = StartAfterKill(older, "y");
+    EXPECT_EQ(TextInEditor(again), "Mine. The first.");
 }
 
 TEST(TakeOverNotes, WaitsForTheEndOfAnEdit) {
