@@ -4,6 +4,7 @@
 
 #include "app/frame_win32.h"
 #include "app/jump_list_win32.h"
+#include "app/place_commands_win32.h"
 #include "pane/status_bar_win32.h"
 #include "passage/passage_window.h"
 #include "resources/ids.h"
@@ -123,7 +124,7 @@ void GoToArgument(const std::u16string& reference) {
     const ParsedReference parsed = ParsedArgument(reference);
     if (!parsed.ok) return Tell(NotUnderstood(NearestInCodePage(wide)));
     RunIfEnabled(theFrame.window, IDM_VIEW_PASSAGE);
-    ScrollToVerse(parsed.verse);
+    Jump([&] { ScrollToVerse(parsed.verse); });
     RememberVerse(parsed.verse);
     RemoveToldText();
 }

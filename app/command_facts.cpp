@@ -30,6 +30,8 @@ unsigned FactsOf(const FactSources& sources) {
         {kPanesLight, sources.darkPanes != kDarkOn && sources.darkPanes != kDarkAsSystem},
         {kPanesDark, sources.darkPanes == kDarkOn},
         {kPanesAsSystem, sources.darkPanes == kDarkAsSystem},
+        {kCanGoBack, sources.canGoBack},
+        {kCanGoForward, sources.canGoForward},
     };
     unsigned facts = 0;
     for (const auto& [fact, holds] : kRows) facts |= holds ? fact : 0u;

@@ -35,6 +35,8 @@ enum Fact : unsigned {
     kPanesLight = 1u << 20,  // these three as chosen, not as shown
     kPanesDark = 1u << 21,
     kPanesAsSystem = 1u << 22,
+    kCanGoBack = 1u << 23,
+    kCanGoForward = 1u << 24,
 };
 
 struct FactSources {
@@ -51,6 +53,8 @@ struct FactSources {
     bool canRedo = false;
     bool canSelectAll = false;
     int darkPanes = kDarkOff;
+    bool canGoBack = false;
+    bool canGoForward = false;
 };
 
 unsigned FactsOf(const FactSources& sources);

@@ -22,10 +22,10 @@ unsigned FactsOf(const State& state, bool passageFocused = false, bool bound = f
 TEST(CommandFacts, HaveOneBitEach) {
     unsigned others = 0;
     for (const unsigned fact :
-         {kListHasVerses, kPassageFocused, kHasSelection, kNotEditing,   kParagraphs,     kItalicShown,
-          kBracketsShown, kNormalShown,    kListShown,    kPassageShown, kNotesShown,     kToolbarShown,
-          kNotesBound,    kListCanBeSaved, kCanCut,       kCanPaste,     kNotesCanChange, kCanUndo,
-          kCanRedo,       kCanSelectAll,   kPanesLight,   kPanesDark,    kPanesAsSystem}) {
+         {kListHasVerses, kPassageFocused, kHasSelection,   kNotEditing,  kParagraphs,   kItalicShown,  kBracketsShown,
+          kNormalShown,   kListShown,      kPassageShown,   kNotesShown,  kToolbarShown, kNotesBound,   kListCanBeSaved,
+          kCanCut,        kCanPaste,       kNotesCanChange, kCanUndo,     kCanRedo,      kCanSelectAll, kPanesLight,
+          kPanesDark,     kPanesAsSystem,  kCanGoBack,      kCanGoForward}) {
         EXPECT_TRUE(std::has_single_bit(fact)) << fact;
         EXPECT_EQ(others & fact, 0u) << fact;
         others |= fact;
@@ -38,6 +38,16 @@ TEST(CommandFacts, HaveTheirValuesAtTheStart) {
     const State state;
     EXPECT_EQ(FactsOf(state), kAtStart);
     EXPECT_EQ(FactsOf(FactSources{state.list, state.selection, state.reading, state.shown}), kAtStart);
+}
+
+TEST(CommandFacts, TellWhetherPlacesWereLeft) {
+    const State state;
+    FactSources sources{state.list, state.selection, state.reading, state.shown};
+    const unsigned atStart = FactsOf(sources);
+    sources.canGoBack = true;
+    EXPECT_EQ(FactsOf(sources), atStart | kCanGoBack);
+    sources.canGoForward = true;
+    EXPECT_EQ(FactsOf(sources), atStart | kCanGoBack | kCanGoForward);
 }
 
 TEST(CommandFacts, DependOnEachSource) {

@@ -12,6 +12,7 @@
 #include "app/note_set_commands_win32.h"
 #include "app/output_commands_win32.h"
 #include "app/passage_commands_win32.h"
+#include "app/place_commands_win32.h"
 #include "app/print_commands_win32.h"
 #include "app/search_commands_win32.h"
 #include "app/taken_sets_win32.h"
@@ -88,6 +89,10 @@ static constexpr Command kCommands[] = {
     {IDM_NEXT_CHAPTER, GoToNeighbour, kPassageFocused},
     {IDM_PREVIOUS_BOOK, GoToNeighbour, kPassageFocused},
     {IDM_NEXT_BOOK, GoToNeighbour, kPassageFocused},
+    {IDM_BACK, GoThroughPlaces, kCanGoBack | kNotEditing},
+    {IDM_FORWARD, GoThroughPlaces, kCanGoForward | kNotEditing},
+    {IDM_BEGIN_THUMB_DRAG, BeginThumbDrag},
+    {IDM_END_THUMB_DRAG, EndThumbDrag},
     {IDM_TODAYS_PROVERB, OpenTodaysProverb},
     {IDM_THIS_MORNING, OpenTodaysDevotional, kNotEditing},
     {IDM_THIS_EVENING, OpenTodaysDevotional, kNotEditing},
@@ -178,7 +183,7 @@ static bool MayRun(unsigned needs) {
     return !waitsForEditor && !changesInVain;
 }
 
-void Dispatch(int id) {
+static void Run(int id) {
     for (const CommandRange& range : kRanges) {
         if (id < range.first || id > range.last) continue;
         if (MayRun(range.needs)) range.action(id - range.first);
@@ -186,6 +191,11 @@ void Dispatch(int id) {
     }
     const Command* command = FindCommand(id);
     if (command && MayRun(command->needs)) command->action(id);
+}
+
+void Dispatch(int id) {
+    if (!MayJump(id)) return Run(id);
+    Jump([id] { Run(id); });
 }
 
 // ---- States ---------------------------------------------------------------------------------------------------------
@@ -205,6 +215,8 @@ unsigned CurrentFacts() {
         .canRedo = CanRedoInEditor(),
         .canSelectAll = CanSelectAllInEditor() || CanSelectAllInNote(),
         .darkPanes = thePaneLook.DarkPanes,
+        .canGoBack = CanGoBack(),
+        .canGoForward = CanGoForward(),
     });
 }
 

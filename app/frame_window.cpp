@@ -11,6 +11,7 @@
 #include "app/frame_win32.h"
 #include "app/jump_list_win32.h"
 #include "app/pane_focus_win32.h"
+#include "app/place_commands_win32.h"
 #include "app/session_win32.h"
 #include "app/startup_win32.h"
 #include "app/system_changes_win32.h"
@@ -52,7 +53,7 @@ static void OnCommand(HWND, int command, HWND control, UINT) {
 }
 
 static void OnNoteSetChosen() {
-    ShowNoteOfSet(TabCtrl_GetCurSel(theNoteTabs.window), theNoteSets.currentVerse);
+    Jump([] { ShowNoteOfSet(TabCtrl_GetCurSel(theNoteTabs.window), theNoteSets.currentVerse); });
     RepaintNoteMarks();
 }
 
@@ -163,6 +164,9 @@ static LRESULT CALLBACK FrameProcedure(HWND window, UINT message, WPARAM wParam,
             return OnCopyData(reinterpret_cast<HWND>(wParam), *reinterpret_cast<const COPYDATASTRUCT*>(lParam));
         case WM_DPICHANGED: return OnDpiChanged(window, HIWORD(wParam), *reinterpret_cast<const RECT*>(lParam));
         case WM_MOUSEWHEEL: return PassWheelToPane(wParam, lParam), 0;
+        case WM_APPCOMMAND:
+            if (OnAppCommand(GET_APPCOMMAND_LPARAM(lParam))) return TRUE;
+            break;
         case WM_GETOBJECT: OnGetObject(); break;
         case WM_SYSCOLORCHANGE:
         case WM_SETTINGCHANGE:

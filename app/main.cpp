@@ -7,6 +7,7 @@
 #include "app/frame_window.h"
 #include "app/note_set_commands_win32.h"
 #include "app/pane_focus_win32.h"
+#include "app/place_commands_win32.h"
 #include "app/session_win32.h"
 #include "app/single_instance_win32.h"
 #include "app/startup_win32.h"
@@ -82,7 +83,8 @@ static int RunMessageLoop() {
         RouteWheel(message);
         if (ZoomsByWheel(message)) continue;
         const bool scrollsOn = ScrollsOn(message);
-        if (!scrollsOn && (TakeNoteLetter(message) || StepsThroughPanes(message))) continue;
+        if (!scrollsOn && (TakeNoteLetter(message) || StepsThroughPanes(message) || StepsThroughPlaces(message)))
+            continue;
         if (scrollsOn || TypesWithAltGr(message)) {
             DispatchMessageW(&message);
         } else if (IsCommandKey(message)) {

@@ -10,6 +10,7 @@
 #include "resources/ids.h"
 #include "scripture/reference_dialog.h"
 #include "scripture/scripture_win32.h"
+#include "verselist/list_content_win32.h"
 #include "verselist/verse_list_window.h"
 #include "win32/controls.h"
 

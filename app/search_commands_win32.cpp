@@ -14,6 +14,7 @@
 #include "search/search_dialog.h"
 #include "search/search_engine.h"
 #include "search/text_kinds.h"
+#include "verselist/list_content_win32.h"
 #include "verselist/verse_list_window.h"
 #include "win32/code_page.h"
 #include "win32/controls.h"

@@ -178,8 +178,15 @@ static std::optional<ScrollCode> ScrollOfKey(UINT key) {
     return std::nullopt;
 }
 
+static void HoldThumb(ReadingPane& pane, bool held) {
+    if (std::exchange(pane.isThumbHeld, held) == held) return;
+    SendCommand(FrameOf(pane.window), held ? IDM_BEGIN_THUMB_DRAG : IDM_END_THUMB_DRAG);
+}
+
 static void OnVScroll(const PaneKind& kind, UINT code, int thumb) {
+    if (code == SB_THUMBTRACK || code == SB_THUMBPOSITION) HoldThumb(kind.pane, true);
     if (const auto scroll = ScrollOfBar(code)) ScrollPane(kind, *scroll, thumb);
+    if (code == SB_THUMBPOSITION || code == SB_ENDSCROLL) HoldThumb(kind.pane, false);
 }
 
 static void OnKeyDown(const PaneKind& kind, UINT key) {

@@ -21,6 +21,7 @@ struct ReadingPane {
     bool isScrolling = false;      // is the paint of a scroll running? Then `text` is laid out
     int leftMargin = kLeftMargin;  // pixels
     int wheelRest = 0;             // remainder of wheel movement, less than a step
+    bool isThumbHeld = false;      // of the scroll bar
     bool doubleClicked = false;    // until the button is released
     ToldState told;                // to a screen reader
 };

@@ -81,19 +81,23 @@
 #define IDM_DARK_OFF 320  // these three in the order of DarkPanesChoice
 #define IDM_DARK_ON 321
 #define IDM_DARK_AS_SYSTEM 322
+#define IDM_BACK 330
+#define IDM_FORWARD 331
 #define IDM_ZOOM_IN 332
 #define IDM_ZOOM_OUT 333
-#define IDM_REFRESH 900          // sent by a pane to its frame: the state of commands may have changed
-#define IDM_SHOW_REFERENCES 901  // sent by the Notes window: show the verses of the double-clicked line
-#define IDM_END_EDITING 902      // sent by the note editor when it has closed
-#define IDM_MARK_NOTE_SETS 903   // sent by the Passage and the Verse List when they have painted
-#define IDM_SHOW_RANGE 904       // sent by a dialog when the range of the searches has changed
-#define IDM_READ_ENTRY 905       // sent by the Verse List: read the context of the current entry
-#define IDM_SHOW_SAVED_NOTE 907  // sent by the note editor when it has saved the note
-#define IDM_NOTES_CHANGED 908    // sent by the Notes window: notes have come or gone since the stars were shown
-#define IDM_OFFER_MERGE 917      // sent at the end of the start: offer to merge what conflicts have left
-#define IDM_GOTO_BOOK 1000       // plus the number of the book, 1 to 66
-#define IDM_DEVOTIONAL 2000      // plus a verse index
+#define IDM_REFRESH 900           // sent by a pane to its frame: the state of commands may have changed
+#define IDM_SHOW_REFERENCES 901   // sent by the Notes window: show the verses of the double-clicked line
+#define IDM_END_EDITING 902       // sent by the note editor when it has closed
+#define IDM_MARK_NOTE_SETS 903    // sent by the Passage and the Verse List when they have painted
+#define IDM_SHOW_RANGE 904        // sent by a dialog when the range of the searches has changed
+#define IDM_READ_ENTRY 905        // sent by the Verse List: read the context of the current entry
+#define IDM_SHOW_SAVED_NOTE 907   // sent by the note editor when it has saved the note
+#define IDM_NOTES_CHANGED 908     // sent by the Notes window: notes have come or gone since the stars were shown
+#define IDM_BEGIN_THUMB_DRAG 930  // sent by a pane when the thumb of its scroll bar is taken, and when it is let go
+#define IDM_END_THUMB_DRAG 931
+#define IDM_OFFER_MERGE 917  // sent at the end of the start: offer to merge what conflicts have left
+#define IDM_GOTO_BOOK 1000   // plus the number of the book, 1 to 66
+#define IDM_DEVOTIONAL 2000  // plus a verse index
 
 // Windows
 #define IDC_LIST_TABS 1

@@ -93,6 +93,8 @@ static constexpr ExpectedItem kCommands[] = {
     {320, "&Off"},
     {321, "O&n"},
     {322, "&As the System"},
+    {330, "B&ack\tBackspace"},
+    {331, "&Forward\tShift+Backspace"},
     {332, "&Larger\tCtrl+Plus"},
     {333, "&Smaller\tCtrl+Minus"},
     {1001, "Genesis"},
@@ -197,7 +199,8 @@ TEST(Menu, AccessKeysAreUniqueInEachPopup) {
 
 TEST(Accelerators, MatchTheKeysShownInTheMenu) {
     for (const MenuItem& item : Script().menu) {
-        if (item.command == 102) continue;  // Alt+F4 is the system's
+        if (item.command == 102) continue;                         // Alt+F4 is the system's
+        if (item.command == 330 || item.command == 331) continue;  // keys of the panes
         EXPECT_EQ(KeyShownIn(item.text), KeyOf(item.command)) << item.text;
     }
 }

@@ -74,36 +74,13 @@ static void FillReferenceList() {
 
 // A hidden list box is filled when it receives its next message (see ReferencesProcedure). So its lines always match
 // the list when they are read, but most lists are replaced without the cost of filling it.
-static void ShowWholeList(BookForm form = BookForm::kName) {
+void ShowNewEntries(BookForm form) {
     theVerseList.references.form = form;
     theVerseList.told.isStale = true;
     theVerseList.references.awaitsLines = true;
     if (ShowsReferences()) FillReferenceList();
     SetRangeOfScrollBar();
     RedisplayVerseList();
-}
-
-static void TakeQuery(Query query) {
-    theVerseList.query = std::move(query);
-    theVerseList.known = {};
-}
-
-void ShowSearchResult(Query query, std::vector<std::int32_t> verses) {
-    TakeQuery(std::move(query));
-    FillVerseList(theVerseList.list, std::move(verses));
-    ShowWholeList();
-    FocusVerseList();
-}
-
-void ShowReferences(const std::vector<std::int32_t>& verses) {
-    TakeQuery({});
-    FillWithReferences(theVerseList.list, verses);
-    ShowWholeList(BookForm::kAbbreviation);
-}
-
-void EmptyVerseList() {
-    ClearVerseList(theVerseList.list);
-    ShowWholeList();
 }
 
 HWND ShownListView() {

@@ -9,10 +9,22 @@
 #include "verselist/reference_list_win32.h"
 #include "verselist/verse_list.h"
 
+// What both views are filled with (verselist/list_content_win32.h).
+struct ListContent {
+    int number = -1;  // of the fillings since the start; 0: the empty list of the start; -1: none
+    std::vector<std::int32_t> verses;
+    Query query;
+    BookForm form = BookForm::kName;  // of the Reference List
+    bool canBeSaved = false;
+};
+
 struct VerseListPane : ReadingPane {
     ReferenceList references;
     VerseList list;
     Query query;                // the search that filled the list; empty for cross-references
+    int content = 0;            // its number
+    int contents = 0;           // the highest number yet
+    ListContent replaced;       // by the last filling, until it is taken
     KnownEntries known;         // for this query and the pane's font
     int verseOfRow = kNoVerse;  // named by the context menu's row whose command is running; kNoVerse: none is
 };
@@ -23,18 +35,11 @@ bool RegisterVerseListClass();
 // Creates both views inside `tabs`, the Reference List hidden.
 void CreateVerseList(HWND tabs);
 
-// Shows the verses that `query` found in both views and sets the focus to the visible one.
-void ShowSearchResult(Query query, std::vector<std::int32_t> verses);
-
-// Shows the verses of a cross-reference line in both views. The Reference List shows abbreviated references, no key
-// words are marked, and the focus does not change.
-void ShowReferences(const std::vector<std::int32_t>& verses);
+// Shows other entries in both views, the Reference List with the books in this form.
+void ShowNewEntries(BookForm form);
 
 // Paints the visible view and updates the screen now, without waiting until the program is idle.
 void ShowVerseListAtOnce();
-
-// Empties both views.
-void EmptyVerseList();
 
 // Shows `view` (kVerseListView or kReferenceListView) and hides the other one.
 void SwitchListView(int view);

@@ -1,0 +1,71 @@
+// The places that were read: each jump to another one is kept, so that the user can go back and forward again.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "scripture/verse_records.h"
+#include "search/query.h"
+
+struct Place {
+    int topVerse = 0;       // of the Passage
+    int noteVerse = 0;      // of the note that is shown
+    std::string noteSet{};  // its name; empty if there are no sets
+    int list = 0;           // number of what the Verse List is filled with
+    int listTop = 0;        // first entry shown
+    int caretLine = -1;     // of the Reference List, and its first line shown; -1 if it is hidden
+    int topLine = -1;
+};
+
+// Are Passage, note and list the same, however the list is scrolled?
+bool IsSamePlace(const Place& a, const Place& b);
+
+// Verses of a list in little memory: 4 kB for any number in canonical order, 2 bytes for each one otherwise.
+struct PackedVerses {
+    bool isSet = false;                // one bit for each verse of the Bible
+    std::vector<std::uint16_t> words;  // otherwise the verses
+};
+
+PackedVerses Packed(std::span<const std::int32_t> verses);
+std::vector<std::int32_t> Unpacked(const PackedVerses& packed);
+
+// What the Verse List was filled with, and what the status bar said of it.
+struct KeptList {
+    int number = 0;
+    PackedVerses verses;
+    Query query;
+    BookForm form = BookForm::kName;
+    bool canBeSaved = false;
+    std::string summary;
+};
+
+inline constexpr std::size_t kMostPlaces = 200;
+inline constexpr std::size_t kMostLists = 5;  // with the one that is shown
+
+struct Places {
+    std::vector<Place> visited{1};  // the one at `present` is out of date: the panes show it
+    std::size_t present = 0;
+    std::vector<KeptList> lists;  // those of other places that are not shown, by ascending numbers
+};
+
+bool CanGoBack(const Places& places);
+bool CanGoForward(const Places& places);
+
+// A jump has led away from `left`, to a place of which only the panes know. Places forward of it are dropped.
+void KeepJump(Places& places, const Place& left);
+
+// The place one step back or forward, which becomes the present one; the place that is left is kept as `left`. There
+// must be one.
+Place GoBack(Places& places, const Place& left);
+Place GoForward(Places& places, const Place& left);
+
+// Keeps a list that is no longer shown, unless no place has it. The oldest ones beyond kMostLists are dropped; of their
+// places Passage and note remain.
+void KeepList(Places& places, KeptList list);
+
+// Takes the list with this number, to show it; nullopt if it is not kept.
+std::optional<KeptList> TakeList(Places& places, int number);

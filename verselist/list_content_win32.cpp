@@ -1,0 +1,59 @@
+#include "verselist/list_content_win32.h"
+
+#include <utility>
+
+// Gives the pane another query, whose entries follow, and returns what it is filled with.
+static ListContent Exchange(int number, Query query) {
+    VerseListPane& pane = theVerseList;
+    ListContent before{pane.content, std::move(pane.list.ListEntries), std::move(pane.query), pane.references.form,
+                       pane.list.canBeSaved};
+    pane.content = number;
+    pane.query = std::move(query);
+    pane.known = {};
+    return before;
+}
+
+static void BeginFilling(Query query) {
+    theVerseList.replaced = Exchange(++theVerseList.contents, std::move(query));
+}
+
+void ShowSearchResult(Query query, std::vector<std::int32_t> verses) {
+    BeginFilling(std::move(query));
+    FillVerseList(theVerseList.list, std::move(verses));
+    ShowNewEntries(BookForm::kName);
+    FocusVerseList();
+}
+
+void ShowReferences(const std::vector<std::int32_t>& verses) {
+    BeginFilling({});
+    FillWithReferences(theVerseList.list, verses);
+    ShowNewEntries(BookForm::kAbbreviation);
+}
+
+// One empty list is as good as another.
+void EmptyVerseList() {
+    if (ListCount(theVerseList.list) > 0) BeginFilling({});
+    ClearVerseList(theVerseList.list);
+    ShowNewEntries(BookForm::kName);
+}
+
+ListContent ShowContent(ListContent content) {
+    ListContent before = Exchange(content.number, std::move(content.query));
+    FillWithReferences(theVerseList.list, std::move(content.verses));
+    theVerseList.list.canBeSaved = content.canBeSaved;
+    ShowNewEntries(content.form);
+    return before;
+}
+
+ReferenceLines ShownReferenceLines() {
+    if (ShownListView() != theVerseList.references.window) return {};
+    return {CaretLine(theVerseList.references), TopLine(theVerseList.references)};
+}
+
+void ShowListPlace(int top, const ReferenceLines& lines) {
+    theVerseList.list.ListTop = ClampEntry(theVerseList.list, top);
+    CorrectLastVisible(theVerseList.list);
+    RedisplayVerseList();
+    if (ShownListView() != theVerseList.references.window || lines.caret < 0) return;
+    ShowLine(theVerseList.references, lines.caret, lines.top);
+}

@@ -1,0 +1,31 @@
+// What the Verse List and the Reference List are filled with. Each filling has a number, and what it replaces is kept
+// until the next one, so that it can be shown again.
+#pragma once
+
+#include <vector>
+
+#include "search/query.h"
+#include "verselist/verse_list_window.h"
+
+// Shows the verses that `query` found in both views and sets the focus to the visible one.
+void ShowSearchResult(Query query, std::vector<std::int32_t> verses);
+
+// Shows the verses of a cross-reference line in both views. The Reference List shows abbreviated references, no key
+// words are marked, and the focus does not change.
+void ShowReferences(const std::vector<std::int32_t>& verses);
+
+// Empties both views.
+void EmptyVerseList();
+
+// Shows `content`, of this number, and returns what was there instead. The focus does not change.
+ListContent ShowContent(ListContent content);
+
+// The line with the caret of the Reference List and its first visible one; -1 if the list is hidden.
+struct ReferenceLines {
+    int caret = -1, top = -1;
+};
+ReferenceLines ShownReferenceLines();
+
+// Scrolls both views: the Verse List to the entry `top`, clamped, and the Reference List to `lines` if it is shown and
+// they are known.
+void ShowListPlace(int top, const ReferenceLines& lines);
