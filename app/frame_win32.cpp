@@ -197,7 +197,10 @@ void RepaintNoteMarks() {
 
 // ---- Creation -------------------------------------------------------------------------------------------------------
 
+// A tab control scales its text, but not the room around it.
 static void Scale(HWND tabs) {
+    static constexpr int kBesideText = 6, kAboveText = 3;  // its own, unscaled
+    TabCtrl_SetPadding(tabs, Scaled(tabs, kBesideText), Scaled(tabs, kAboveText));
     SendMessageA(tabs, WM_SETFONT, reinterpret_cast<WPARAM>(MessageFont(tabs)), TRUE);
 }
 

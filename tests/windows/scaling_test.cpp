@@ -194,3 +194,16 @@ TEST(Scaling, OfAnotherScreenIsTakenWhileMinimized) {
     PlaceFrame(program, kPlace);
     ExpectEqualLooks(LookOf(program, 144), LookOfStartAt(144));
 }
+
+static LONG WidthOfTab(const Program& program) {
+    RECT tab{};
+    AskAbout(program, Child(program.frame, {IDC_PASSAGE_TABS}), TCM_GETITEMRECT, 0, tab);
+    return tab.right - tab.left;
+}
+
+TEST(Scaling, GrowsTheRoomAroundTheTextsOfTabs) {
+    const Program program = StartWithSearch();
+    const LONG width = WidthOfTab(program);
+    BringToScreen(program, 288, kPlace);
+    EXPECT_NEAR(static_cast<double>(WidthOfTab(program)), 3.0 * static_cast<double>(width), 20);
+}
