@@ -126,7 +126,12 @@ void GoToArgument(const std::u16string& reference) {
     RunIfEnabled(theFrame.window, IDM_VIEW_PASSAGE);
     Jump([&] { ScrollToVerse(parsed.verse); });
     RememberVerse(parsed.verse);
-    RemoveToldText();
+    const std::string readAs =
+        ReadAs(theScripture.records, NearestInCodePage(Wide(WithoutQuotes(reference))), parsed.verse);
+    if (readAs.empty())
+        RemoveToldText();
+    else
+        Tell(readAs);
 }
 
 // ---- The second copy ------------------------------------------------------------------------------------------------

@@ -131,6 +131,33 @@ std::string NotShownNow(std::string_view reference) {
     return InQuotes(reference) + " was not shown, because a dialog is open";
 }
 
+static std::string LowerWithoutBlanks(std::string_view text) {
+    std::string lower;
+    for (const char letter : text)
+        if (letter != ' ') lower += LowerCased(letter);
+    return lower;
+}
+
+// Is `typed` a beginning of the book's name in `name`, and behind it nothing, the chapter, or chapter and verse?
+static bool IsBeginningOf(const std::string& name, const std::string& typed) {
+    const std::size_t numbers = name.find_last_not_of("0123456789:") + 1;
+    const std::string chapterAndVerse = name.substr(numbers),
+                      chapter = chapterAndVerse.substr(0, chapterAndVerse.find(':'));
+    for (const std::string& behind : {std::string(), chapter, chapterAndVerse}) {
+        if (!typed.ends_with(behind)) continue;
+        const std::size_t size = typed.size() - behind.size();
+        if (size > 0 && size <= numbers && name.starts_with(typed.substr(0, size))) return true;
+    }
+    return false;
+}
+
+std::string ReadAs(const VerseRecords& records, const std::string& reference, int verse) {
+    const std::string typed = LowerWithoutBlanks(reference);
+    for (const BookForm form : {BookForm::kName, BookForm::kAbbreviation})
+        if (IsBeginningOf(LowerWithoutBlanks(ReferenceText(records, verse, form)), typed)) return "";
+    return InQuotes(reference) + " was read as " + ReferenceText(records, verse, BookForm::kName);
+}
+
 // ---- The message ----------------------------------------------------------------------------------------------------
 
 std::string MessageWithReference(std::u16string_view reference) {

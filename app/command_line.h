@@ -40,6 +40,10 @@ ParsedReference ParseArgument(const VerseRecords& records, const std::string& re
 std::string NotUnderstood(std::string_view argument);
 std::string NotShownNow(std::string_view reference);
 
+// The status bar's text for a reference that is shown as `verse`: empty if it is the verse's name, or its beginning, as
+// far as it goes ("John 3:16", "joh 3", "1co"). Anything else in it has not been used, or not as it was meant.
+std::string ReadAs(const VerseRecords& records, const std::string& reference, int verse);
+
 // The bytes of a message that passes on a reference: UTF-16 with a zero at the end.
 std::string MessageWithReference(std::u16string_view reference);
 

@@ -79,6 +79,21 @@ TEST(CommandLine, NamesTheVerseThatGoToVerseWouldShow) {
         EXPECT_FALSE(ParseArgument(records, reference).ok) << reference;
 }
 
+TEST(CommandLine, TellsWhatAReferenceWasReadAs) {
+    const VerseRecords& records = TheRealScripture().records;
+    const auto told = [&](const char* reference) {
+        return ReadAs(records, reference, ParseArgument(records, reference).verse);
+    };
+    for (const char* plain :
+         {"John 3:16", "joh 3:16", "JOHN 3", "Ro", "1 john 5:7", "1Jo 5:7", "1jo", "Ge 50:26", "Re 22:21", "Ps119:105"})
+        EXPECT_EQ(told(plain), "") << plain;
+    EXPECT_EQ(told("1 Jn 5:7x garbage"), "\"1 Jn 5:7x garbage\" was read as Genesis 1:7");
+    EXPECT_EQ(told("Es 8:9; foo"), "\"Es 8:9; foo\" was read as Esther 8:9");
+    EXPECT_EQ(told("Ge 1 - 3"), "\"Ge 1 - 3\" was read as Genesis 1:1");
+    EXPECT_EQ(told("Song of Solomon 2:1"), "\"Song of Solomon 2:1\" was read as Song of Solomon 1:1");
+    EXPECT_EQ(told("3:16"), "\"3:16\" was read as Genesis 3:16");
+}
+
 TEST(CommandLine, HasNoQuotesAroundAReference) {
     for (const char16_t* line :
          {u"v 'Ps 119:105'", u"v \"'Ps 119:105'\"", u"v \" Ps 119:105 \"", u"v `Ps 119:105\u00B4",

@@ -215,6 +215,17 @@ TEST(ReferenceArgument, IsToldIfItIsNotUnderstood) {
     }
 }
 
+TEST(ReferenceArgument, IsToldIfItIsReadAsAnotherOne) {
+    Program program = StartProgram(FolderWithScripture(), Argument("\"1 Jn 5:7x garbage\""));
+    WaitUntil(program, "the verse", [&] { return Top(program) == "Genesis 1:7"; });
+    EXPECT_EQ(StatusPart(program, 0), "\"1 Jn 5:7x garbage\" was read as Genesis 1:7");
+    StartAgain(program.folder, "\"Es 8:9; foo\"");
+    EXPECT_EQ(StatusPart(program, 0), "\"Es 8:9; foo\" was read as Esther 8:9");
+    StartAgain(program.folder, "\"es 8:9\"");
+    EXPECT_EQ(StatusPart(program, 0), "");
+    EXPECT_EQ(Top(program), "Esther 8:9");
+}
+
 // ---- To a running copy ----------------------------------------------------------------------------------------------
 
 TEST(ReferenceForTheFirstCopy, IsShownThere) {
