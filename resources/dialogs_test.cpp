@@ -104,6 +104,7 @@ static constexpr ExpectedControl kControls[] = {
     {"FORMAT", 18, "BS_AUTOCHECKBOX", "Linebreaks between verses"},
     {"FORMAT", 19, "BS_AUTOCHECKBOX", "Include paragraph marks (¶)"},
     {"FORMAT", 101, "BS_AUTOCHECKBOX", "Include brackets ([])"},
+    {"FORMAT", 102, "LTEXT", ""},
     {"FORMAT", 1, "DEFPUSHBUTTON", "OK"},
     {"FORMAT", 2, "PUSHBUTTON", "Cancel"},
     {"FORMAT", 9, "PUSHBUTTON", "Help"},

@@ -147,6 +147,7 @@
 #define IDC_LINE_BREAKS 18
 #define IDC_PARAGRAPH_MARKS 19
 #define IDC_BRACKETS 101
+#define IDC_COPIED_VERSES 102
 #define IDC_FIND_NEXT 101   // Search Note Set
 #define IDC_NOTE_TEXT 102   // Search Note Set: Find What
 #define IDC_MERGED_COPY 10  // Merge Sets

@@ -9,35 +9,39 @@
 #include "tests/windows/passage_pane.h"
 #include "tests/windows/real_scripture.h"
 
-static const DialogLook kFormatLook = {"Copy/Save Format",
-                                       {{IDC_FIRST_FULL, "Button", "&Full (Eph 6:17 And take the helmet...)"},
-                                        {IDC_FIRST_PARTIAL, "Button", "&Partial (6:17 And take the helmet...)"},
-                                        {IDC_FIRST_NONE, "Button", "&None (And take the helmet...)"},
-                                        {IDC_SUBSEQUENT_FULL, "Button", "F&ull (Eph 6:17 And take the helmet...)"},
-                                        {IDC_SUBSEQUENT_PARTIAL, "Button", "Par&tial (17 And take the helmet...)"},
-                                        {IDC_SUBSEQUENT_NONE, "Button", "Non&e (And take the helmet...)"},
-                                        {IDC_LABEL_BEFORE, "Button", "&Before Verse"},
-                                        {IDC_LABEL_AFTER, "Button", "&After Verse"},
-                                        {IDC_LINE_BREAKS, "Button", "&Linebreaks between verses"},
-                                        {IDC_PARAGRAPH_MARKS, "Button", "Include paragraph &marks (\xB6)"},
-                                        {IDC_BRACKETS, "Button", "Include brac&kets ([])"},
-                                        {IDOK, "Button", "OK"},
-                                        {IDCANCEL, "Button", "Cancel"},
-                                        {IDC_HELP_BUTTON, "Button", "&Help"}},
-                                       {"Verse Labels", "First verse", "Subsequent verses", "Location"},
-                                       {IDC_FIRST_FULL, IDC_SUBSEQUENT_PARTIAL, IDC_LABEL_BEFORE, IDC_LINE_BREAKS,
-                                        IDC_PARAGRAPH_MARKS, IDC_BRACKETS, IDOK, IDCANCEL, IDC_HELP_BUTTON},
-                                       {{"Alt+p", IDC_FIRST_PARTIAL},
-                                        {"Alt+n", IDC_FIRST_NONE},
-                                        {"Alt+f", IDC_FIRST_FULL},
-                                        {"Alt+u", IDC_SUBSEQUENT_FULL},
-                                        {"Alt+e", IDC_SUBSEQUENT_NONE},
-                                        {"Alt+t", IDC_SUBSEQUENT_PARTIAL},
-                                        {"Alt+a", IDC_LABEL_AFTER},
-                                        {"Alt+b", IDC_LABEL_BEFORE},
-                                        {"Alt+l", IDC_LINE_BREAKS},
-                                        {"Alt+m", IDC_PARAGRAPH_MARKS},
-                                        {"Alt+k", IDC_BRACKETS}}};
+static const DialogLook kFormatLook = {
+    "Copy/Save Format",
+    {{IDC_FIRST_FULL, "Button", "&Full (Eph 6:17 And take the helmet...)"},
+     {IDC_FIRST_PARTIAL, "Button", "&Partial (6:17 And take the helmet...)"},
+     {IDC_FIRST_NONE, "Button", "&None (And take the helmet...)"},
+     {IDC_SUBSEQUENT_FULL, "Button", "F&ull (Eph 6:17 And take the helmet...)"},
+     {IDC_SUBSEQUENT_PARTIAL, "Button", "Par&tial (17 And take the helmet...)"},
+     {IDC_SUBSEQUENT_NONE, "Button", "Non&e (And take the helmet...)"},
+     {IDC_LABEL_BEFORE, "Button", "&Before Verse"},
+     {IDC_LABEL_AFTER, "Button", "&After Verse"},
+     {IDC_LINE_BREAKS, "Button", "&Linebreaks between verses"},
+     {IDC_PARAGRAPH_MARKS, "Button", "Include paragraph &marks (\xB6)"},
+     {IDC_BRACKETS, "Button", "Include brac&kets ([])"},
+     {IDC_COPIED_VERSES, "Static",
+      " Joh 14:14 If ye shall ask any thing in my name, I will do it.\r\n"
+      " 15 \xB6 If ye love me, keep my commandments.\r\n"},
+     {IDOK, "Button", "OK"},
+     {IDCANCEL, "Button", "Cancel"},
+     {IDC_HELP_BUTTON, "Button", "&Help"}},
+    {"Verse Labels", "First verse", "Subsequent verses", "Location", "Two verses as they are copied:"},
+    {IDC_FIRST_FULL, IDC_SUBSEQUENT_PARTIAL, IDC_LABEL_BEFORE, IDC_LINE_BREAKS, IDC_PARAGRAPH_MARKS, IDC_BRACKETS, IDOK,
+     IDCANCEL, IDC_HELP_BUTTON},
+    {{"Alt+p", IDC_FIRST_PARTIAL},
+     {"Alt+n", IDC_FIRST_NONE},
+     {"Alt+f", IDC_FIRST_FULL},
+     {"Alt+u", IDC_SUBSEQUENT_FULL},
+     {"Alt+e", IDC_SUBSEQUENT_NONE},
+     {"Alt+t", IDC_SUBSEQUENT_PARTIAL},
+     {"Alt+a", IDC_LABEL_AFTER},
+     {"Alt+b", IDC_LABEL_BEFORE},
+     {"Alt+l", IDC_LINE_BREAKS},
+     {"Alt+m", IDC_PARAGRAPH_MARKS},
+     {"Alt+k", IDC_BRACKETS}}};
 
 static HWND OpenFormat(const Program& program) {
     Command(program, IDM_FORMAT);
@@ -170,4 +174,36 @@ TEST(FormatDialog, OpensFromTheCopyAndSaveDialogs) {
     WaitUntil(program, "the format to be closed", [&] { return !IsWindow(format); });
     CloseBy(program, "Enter");
     EXPECT_EQ(ClipboardText(), " " + WithBlankAfterMark(TextAt("Joh 3:16")) + "\r\n");
+}
+
+// What the dialog shows while choices are made is what is copied after OK.
+TEST(FormatDialog, ShowsVersesAsTheyAreCopied) {
+    Program program = StartProgram(FolderWithScripture());
+    for (const std::vector<const char*>& keys : {std::vector{"Alt+p", "Alt+u", "Alt+k"},
+                                                 {"Alt+n", "Alt+t", "Alt+a"},
+                                                 {"Alt+f", "Alt+e", "Alt+l"},
+                                                 {"Alt+m", "Alt+b", "Alt+n"}}) {
+        const HWND format = OpenFormat(program);
+        std::string shown = TextOf(format, IDC_COPIED_VERSES);
+        for (const char* key : keys) {
+            Press(program, key);
+            const std::string before = std::exchange(shown, TextOf(format, IDC_COPIED_VERSES));
+            EXPECT_NE(shown, before) << key;
+        }
+        SavePicture(PictureOfWindow(format), std::string("format-") + keys.front());
+        CloseBy(program, "Enter");
+        SetClipboardText("");
+        Press(program, "F6");
+        WaitForDialog(program, "Copy Range");
+        Press(program, "Shift+Home");
+        Type(program, "Joh 14:14 - 14:15");
+        CloseBy(program, "Enter");
+        EXPECT_EQ(ClipboardText(), shown);
+    }
+    const HWND format = OpenFormat(program);
+    const std::string shown = TextOf(format, IDC_COPIED_VERSES);
+    Press(program, "Alt+k");
+    EXPECT_NE(TextOf(format, IDC_COPIED_VERSES), shown);
+    CloseBy(program, "Esc");
+    EXPECT_EQ(TextOf(OpenFormat(program), IDC_COPIED_VERSES), shown) << "cancelled";
 }
