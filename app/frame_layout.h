@@ -14,13 +14,25 @@ struct ShownPanes {
     int ToolBar = 1;
 };
 
+// What the list has of the width and the upper panes of the height, in parts of kWholeShare, also kept in the settings.
+// Any value is allowed: it is used as far as the panes keep their least sizes.
+struct PaneShares {
+    int ListShare = 50'000;
+    int UpperShare = 55'000;
+    bool operator==(const PaneShares&) const = default;
+};
+inline constexpr int kWholeShare = 100'000;
+
 inline constexpr int kGapBelowToolbar = 2;  // between the toolbar and the panes, pixels at 96 dpi
+
+inline constexpr int kLeastPaneWidth = 120, kLeastPaneHeight = 80;  // that the user can give a pane, at 96 dpi
 
 struct FrameSize {
     int width = 0, height = 0;  // of the client area
     int toolbarHeight = 0;      // of the control
     int statusHeight = 0;
     int gapBelowToolbar = kGapBelowToolbar;
+    int leastPaneWidth = kLeastPaneWidth, leastPaneHeight = kLeastPaneHeight;
 };
 
 // `place` is set only if `shown`. Sizes are never negative, however small the frame is.
@@ -34,7 +46,26 @@ struct FrameLayout {
     PanePlace editor;                // replaces the notes while a note is edited
 };
 
-FrameLayout LayOutFrame(const FrameSize& size, const ShownPanes& shown, bool editingNote);
+// With the default shares panes have any size; so they do with others in a frame without room for two least sizes.
+FrameLayout LayOutFrame(const FrameSize& size, const ShownPanes& shown, bool editingNote,
+                        const PaneShares& shares = {});
+
+// The line between list and Passage, and the one above the notes. Each is there if there are panes on both sides.
+enum class Divider { kNone, kBesideList, kAboveNotes };
+
+// The divider that is at most `reach` pixels from this point of the frame's client area, and where it is: its x or y.
+struct DividerPlace {
+    Divider divider = Divider::kNone;
+    int at = 0;
+};
+DividerPlace DividerNear(const FrameLayout& layout, int x, int y, int reach);
+
+// The shares with which the divider comes to the x or y `at`, or as near as the least sizes let it.
+PaneShares SharesWithDividerAt(const PaneShares& shares, Divider divider, int at, const FrameSize& size,
+                               const ShownPanes& shown);
+
+// The shares with this divider where it is at first.
+PaneShares SharesWithDividerReset(const PaneShares& shares, Divider divider);
 
 inline constexpr int kStatusPartCount = 5;
 

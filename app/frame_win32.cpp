@@ -116,10 +116,31 @@ static void PlaceBars(WPARAM sizeType, int width, int height) {
     SendCommand(theFrame.window, IDM_SHOW_RANGE);
 }
 
+static FrameSize FrameSizeFor(int width, int height) {
+    const HWND frame = theFrame.window;
+    return {
+        .width = width,
+        .height = height,
+        .toolbarHeight = HeightOf(theFrame.toolbar),
+        .statusHeight = HeightOf(theFrame.statusBar),
+        .gapBelowToolbar = Scaled(frame, kGapBelowToolbar),
+        .leastPaneWidth = Scaled(frame, kLeastPaneWidth),
+        .leastPaneHeight = Scaled(frame, kLeastPaneHeight),
+    };
+}
+
 static FrameLayout LayoutFor(int width, int height, bool editingNote) {
-    const FrameSize size{width, height, HeightOf(theFrame.toolbar), HeightOf(theFrame.statusBar),
-                         Scaled(theFrame.window, kGapBelowToolbar)};
-    return LayOutFrame(size, theFrame.shown, editingNote);
+    return LayOutFrame(FrameSizeFor(width, height), theFrame.shown, editingNote, theFrame.shares);
+}
+
+FrameSize CurrentFrameSize() {
+    RECT client{};
+    GetClientRect(theFrame.window, &client);
+    return FrameSizeFor(static_cast<int>(client.right), static_cast<int>(client.bottom));
+}
+
+FrameLayout CurrentLayout() {
+    return LayOutFrame(CurrentFrameSize(), theFrame.shown, IsEditingNote(), theFrame.shares);
 }
 
 // What has to be hidden goes first, and what comes appears at its place.

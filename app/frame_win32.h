@@ -26,6 +26,7 @@ struct Frame {
     OwnedImageList toolbarPictures;
     std::vector<std::size_t> toolbarRows;  // RowEnds (app/toolbar_rows.h)
     ShownPanes shown;
+    PaneShares shares;
     Bookmarks bookmarks;
     Fonts fonts;
     std::array<COLORREF, 16> customColors{};
@@ -50,6 +51,10 @@ void LayOut(WPARAM sizeType, int width, int height);
 
 // The same for the frame's current size. Also moves the focus to a visible pane if the focused one has been hidden.
 void LayOut();
+
+// What the layout goes by now, and the layout.
+FrameSize CurrentFrameSize();
+FrameLayout CurrentLayout();
 
 // Gives the hidden note editor the size at which it will be shown, if the notes are shown. To be called before a note
 // is opened: a long paragraph is slow to break in an editor without a width, and again when it gets another one.

@@ -7,6 +7,7 @@
 
 #include "app/arguments_win32.h"
 #include "app/command_table_win32.h"
+#include "app/dividers_win32.h"
 #include "app/end_of_session_win32.h"
 #include "app/frame_win32.h"
 #include "app/jump_list_win32.h"
@@ -146,6 +147,7 @@ static void OnGetObject() {
 }
 
 static LRESULT CALLBACK FrameProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    const POINT point{GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};  // of a mouse message
     switch (message) {
         HANDLE_MSG(window, WM_CREATE, OnCreate);
         HANDLE_MSG(window, WM_CLOSE, OnClose);
@@ -164,6 +166,14 @@ static LRESULT CALLBACK FrameProcedure(HWND window, UINT message, WPARAM wParam,
             return OnCopyData(reinterpret_cast<HWND>(wParam), *reinterpret_cast<const COPYDATASTRUCT*>(lParam));
         case WM_DPICHANGED: return OnDpiChanged(window, HIWORD(wParam), *reinterpret_cast<const RECT*>(lParam));
         case WM_MOUSEWHEEL: return PassWheelToPane(wParam, lParam), 0;
+        case WM_SETCURSOR:
+            if (ShowDividerCursor(reinterpret_cast<HWND>(wParam), LOWORD(lParam))) return TRUE;
+            break;
+        case WM_LBUTTONDOWN: return GrabDivider(point), 0;
+        case WM_LBUTTONDBLCLK: return PutDividerBack(point), 0;
+        case WM_MOUSEMOVE: return DragDivider(point), 0;
+        case WM_LBUTTONUP:
+        case WM_CAPTURECHANGED: return LetDividerGo(), 0;
         case WM_APPCOMMAND:
             if (OnAppCommand(GET_APPCOMMAND_LPARAM(lParam))) return TRUE;
             break;
@@ -180,6 +190,7 @@ static LRESULT CALLBACK FrameProcedure(HWND window, UINT message, WPARAM wParam,
 bool RegisterFrameClass() {
     const HINSTANCE program = GetModuleHandleA(nullptr);
     WNDCLASSA description{};
+    description.style = CS_DBLCLKS;
     description.lpfnWndProc = FrameProcedure;
     description.hInstance = program;
     description.hIcon = LoadIconA(program, "Big_Icon");

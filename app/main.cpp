@@ -1,6 +1,7 @@
 // Entry point of the program: window classes, frame, message loop.
 
 #include "app/arguments_win32.h"
+#include "app/dividers_win32.h"
 #include "app/end_of_session_win32.h"
 #include "app/font_commands_win32.h"
 #include "app/frame_win32.h"
@@ -81,7 +82,7 @@ static int RunMessageLoop() {
     while (NextMessage(message)) {
         LookForHeldKey(message);
         RouteWheel(message);
-        if (ZoomsByWheel(message)) continue;
+        if (ZoomsByWheel(message) || CancelsDrag(message)) continue;
         const bool scrollsOn = ScrollsOn(message);
         if (!scrollsOn && (TakeNoteLetter(message) || StepsThroughPanes(message) || StepsThroughPlaces(message)))
             continue;

@@ -249,6 +249,8 @@ static SettingRows MoreRows(MoreSettings& settings) {
         {"NOTES", "OwnSets", TextField{&settings.OwnSets, "", kNamesLimit}},
         {"OPTIONS", "KeyColorFrom", TextField{&settings.KeyColorFrom, "", kColorTextLimit}},
         {"OPTIONS", "DarkPanes", IntegerField{&settings.DarkPanes, kDarkOff}},
+        {"VIEW", "ListShare", IntegerField{&settings.shares.ListShare, PaneShares{}.ListShare}},
+        {"VIEW", "UpperShare", IntegerField{&settings.shares.UpperShare, PaneShares{}.UpperShare}},
         {"MISC", "LastVerses", TextField{&settings.LastVerses, "", kLastVersesLimit}},
     };
 }

@@ -69,6 +69,7 @@ struct MoreSettings {
     // colour even if the user has chosen none and key words follow the system's.
     std::string KeyColorFrom{};
     int DarkPanes = 0;  // a DarkPanesChoice; other values are kept and mean off
+    PaneShares shares{};
     // What the taskbar offers of an installed copy (app/last_verses.h).
     std::string LastVerses{};
 };

@@ -297,3 +297,18 @@ TEST(MoreSettings, HaveTheChoiceOfColors) {
     SaveMoreSettings(DeviceOver(profile), {});
     EXPECT_TRUE(profile.values.empty());
 }
+
+TEST(MoreSettings, HaveTheSharesOfThePanes) {
+    FakeProfile profile;
+    MoreSettings settings;
+    EXPECT_EQ(LoadMoreSettings(DeviceOver(profile)).shares, PaneShares{});
+    settings.shares = {33'334, 55'000};
+    SaveMoreSettings(DeviceOver(profile), settings);
+    EXPECT_EQ(profile.writes, std::vector<std::string>{"VIEW/ListShare=33334"}) << "the other one is the usual one";
+    EXPECT_EQ(LoadMoreSettings(DeviceOver(profile)).shares, settings.shares);
+    settings.shares = {50'000, 7};
+    SaveMoreSettings(DeviceOver(profile), settings);
+    EXPECT_EQ(LoadMoreSettings(DeviceOver(profile)).shares, settings.shares);
+    SaveMoreSettings(DeviceOver(profile), {});
+    EXPECT_TRUE(profile.values.empty());
+}

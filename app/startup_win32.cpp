@@ -107,6 +107,7 @@ static void TakeOver(const Settings& settings) {
 // After the other settings, because it completes what they say.
 static void TakeOver(const MoreSettings& settings) {
     thePaneLook.DarkPanes = settings.DarkPanes;
+    theFrame.shares = settings.shares;
     thePaneLook.isKeyColorChosen =
         IsKeyColorChosen(theReading.KeyHighlightColor, settings.KeyColorFrom, GetSysColor(COLOR_HIGHLIGHT));
     theFrame.ownSets = settings.OwnSets;
@@ -123,6 +124,7 @@ static MoreSettings CurrentMoreSettings() {
         .OwnSets = theFrame.ownSets,
         .KeyColorFrom = KeyColorFromOf(thePaneLook.isKeyColorChosen, theReading.KeyHighlightColor),
         .DarkPanes = thePaneLook.DarkPanes,
+        .shares = theFrame.shares,
         .LastVerses = TextOfLastVerses(theFrame.lastVerses),
     };
 }
