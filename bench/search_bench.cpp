@@ -176,10 +176,72 @@ static void PrintFirst(const std::string& program, std::size_t sample) {
            .sameAnswer = sameAnswer});
 }
 
+// ---- Words near each other ------------------------------------------------------------------------------------------
+
+namespace {
+
+struct NearSample {
+    const char* text;
+    NearOptions options;
+    double mostTimesAllWords = 2;  // 0: no bound. The commonest words are counted without a look at each of them.
+};
+
+}  // namespace
+
+static constexpr NearSample kNearSamples[] = {
+    {"faith hope", {kNearInWords, 5}}, {"king david", {kNearInWords, 10}}, {"lord god", {kNearInWords, 5}},
+    {"lord god", {kNearInVerse}},      {"the lord", {kNearInWords, 5}, 0},
+};
+static constexpr double kMostTimesNearFloor = 2;  // it knows two words and one option
+static constexpr int kAnyDistance = 500;          // more than a verse has words
+
+static SearchResult SearchNearAsTheProgram(const NearSample& sample) {
+    SearchState search;
+    search.searchText = sample.text;
+    search.nearOptions = sample.options;
+    static HitCounters hits;
+    return Search(TheScriptureWithKinds(), TheRealWordIndex(), NearQueryOf(search), {}, hits);
+}
+
+static std::string NameOf(const NearSample& sample) {
+    const std::string distance = std::to_string(sample.options.Distance);
+    const char* const units[] = {" words", "", " verses"};
+    const std::string within =
+        sample.options.Unit == kNearInVerse ? "one verse" : distance + units[sample.options.Unit];
+    return "search within " + within + ": " + sample.text;
+}
+
+static void PrintNear(const NearSample& sample) {
+    const std::vector<std::string> words = WordsOf({sample.text, Kind::kWords});
+    const int distance = sample.options.Unit == kNearInVerse ? kAnyDistance : sample.options.Distance;
+    SearchResult result, ofAllWords;
+    FloorAnswer answer;
+    const std::vector<double> times = MediansInTurns(
+        kRounds, {[&] { result = SearchNearAsTheProgram(sample); },
+                  [&] { answer = FloorOfNearWords(TheFloorText(), words, distance); },
+                  [&] {
+                      ofAllWords = SearchAsTheProgram(TheScriptureWithKinds(), {sample.text, Kind::kWords});
+                  }});
+    Print({.what = NameOf(sample),
+           .time = 1000 * times[0],
+           .floor = 1000 * times[1],
+           .mostTimesFloor = kMostTimesNearFloor,
+           .mostAboveFloor = kMostAboveFloor,
+           .unit = "us",
+           .sameAnswer = IsSame(result, FloorOfNearWords(TheFloorText(), words, distance))});
+    Print({.what = NameOf(sample) + " / all words",
+           .time = 1000 * times[0],
+           .floor = 1000 * times[2],
+           .mostTimesFloor = sample.mostTimesAllWords,
+           .mostAboveFloor = kMostAboveFloor,
+           .unit = "us"});
+}
+
 int main(int argc, char** argv) {
     if (argc == 4 && argv[1] == std::string("--first"))
         return SearchOnce(argv[2], kFirstSamples[std::strtoul(argv[3], nullptr, 10) % std::size(kFirstSamples)]);
     for (const Sample& sample : kSamples) PrintSample(sample);
+    for (const NearSample& sample : kNearSamples) PrintNear(sample);
     for (std::size_t i = 0; i < std::size(kFirstSamples); ++i) PrintFirst(argv[0], i);
     return ExitCode();
 }

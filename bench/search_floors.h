@@ -22,5 +22,10 @@ FloorAnswer FloorOfPhraseByList(const FloorText& text, const std::vector<std::st
 // Sweeps the whole text for the phrase; verses with it have to be in the lists of all words.
 FloorAnswer FloorOfPhraseBySweep(const FloorText& text, const std::vector<std::string>& words);
 
+// The verses of the rarer one of two words, which begin or end with different letters, that are in the list of the
+// other one too and have the two at most `distance` words from each other; counts the words that have the other one so
+// near.
+FloorAnswer FloorOfNearWords(const FloorText& text, const std::vector<std::string>& words, int distance);
+
 // Sweeps the block of all words for those that contain `part`, unites their lists, and counts `part` in the texts.
 FloorAnswer FloorOfSubstring(const FloorText& text, std::string_view part);

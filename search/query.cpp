@@ -52,6 +52,22 @@ Query QueryOf(std::string_view text, const SearchOptions& options, QueryKind kin
     return query;
 }
 
+Query NearQueryOf(const SearchState& search) {
+    const bool caseSensitive = search.options.CaseSensitive != 0;
+    Query query;
+    query.kind = QueryKind::kNear;
+    query.nearQuery = {
+        .patterns = NearPatternsOf(search.searchText, caseSensitive, search.options.SubString != 0),
+        .unit = NearUnitOf(search.nearOptions),
+        .distance = NearDistanceOf(search.nearOptions),
+        .inOrder = search.nearOptions.InOrder != 0,
+        .caseSensitive = caseSensitive,
+        .firstVerse = search.range.StartVerse,
+        .lastVerse = search.range.EndVerse,
+    };
+    return query;
+}
+
 bool MarksPhrase(const Query& query) {
     return query.kind == QueryKind::kPhrase && query.words.size() > 1;
 }

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "scripture/verse_records.h"
+#include "search/near_query.h"
 #include "search/text_scan.h"
 
 inline constexpr int kSearchTextLimit = 199;  // characters
@@ -32,6 +33,7 @@ struct SearchState {
     std::string searchText;      // initial text of the word and phrase dialogs
     std::string NoteSearchText;  // the same for the note search, as a note is stored; at most 149 characters
     SearchOptions options;
+    NearOptions nearOptions;
     SearchRange range;
     std::array<std::string, kHistorySize> history = {" ", " ", " ", " ", " ", " ", " ", " ", " ", " "};  // newest first
 };
@@ -42,6 +44,7 @@ void PushHistory(SearchState& search, const std::string& text);
 enum class QueryKind {
     kWords,   // verses with all, any or exactly one of the words
     kPhrase,  // verses with the words in sequence
+    kNear,    // verses with words near each other
 };
 
 // A parsed search text. A query without words finds and marks nothing.
@@ -52,11 +55,15 @@ struct Query {
     bool substring = false;          // also match parts of words; in a phrase query only used to mark a single word
     std::vector<std::string> words;  // in text order with repeats; lower-cased unless case-sensitive
     PhrasePattern phrase;            // for kPhrase: the words joined by single spaces
-    bool marksStayApart = false;     // true only if no two matches of words can touch or overlap; false is always safe
+    NearQuery nearQuery;          // for kNear, which uses nothing else; with its range, because the marks depend on it
+    bool marksStayApart = false;  // true only if no two matches of words can touch or overlap; false is always safe
 };
 
 // Makes the query for `text` with `options`. A word is a maximal run of A-Z, a-z and apostrophes.
 Query QueryOf(std::string_view text, const SearchOptions& options, QueryKind kind);
+
+// The query for words near each other: the text of `search` with its options, in its range.
+Query NearQueryOf(const SearchState& search);
 
 // Are the words of the query marked as one phrase? A phrase of one word is marked like a word.
 bool MarksPhrase(const Query& query);

@@ -5,6 +5,7 @@
 
 #include "scripture/letters.h"
 #include "search/key_word_marks.h"
+#include "search/near_search.h"
 #include "search/verse_sweep.h"
 
 namespace {
@@ -225,6 +226,7 @@ static SearchResult SearchForPhrase(SearchPass& pass) {
 SearchResult Search(const Scripture& scripture, const WordIndex& index, const Query& query, const SearchRange& range,
                     HitCounters& hits) {
     SearchPass pass{scripture, index, query, std::max(range.StartVerse, 0), std::min(range.EndVerse, kLastVerse), hits};
+    if (query.kind == QueryKind::kNear) return SearchNear(scripture, index, query.nearQuery);
     if (query.words.empty()) return {};
     return query.kind == QueryKind::kPhrase ? SearchForPhrase(pass) : SearchForWords(pass);
 }

@@ -1,4 +1,4 @@
-// Word and phrase searches.
+// Word and phrase searches, and those for words near each other, which near_search.h describes.
 //
 // Unusual behaviour kept on purpose:
 //   - case-sensitive, whole words: only the first occurrence of the word in a verse is examined, so a verse where it
@@ -13,16 +13,13 @@
 
 #include "scripture/scripture.h"
 #include "search/query.h"
+#include "search/search_result.h"
 #include "search/verse_lists.h"
 #include "search/word_index.h"
 
-struct SearchResult {
-    std::vector<std::int32_t> verses;  // ascending
-    int occurrences = 0;               // number of key words marked in these verses
-};
-
 // Searches the verses of `range`. The result is empty if no verse qualifies or the query has no words. A phrase search
-// ignores the query's boolean type, and uses `substring` only to mark a single word.
+// ignores the query's boolean type, and uses `substring` only to mark a single word. A search for words near each other
+// has its range in the query.
 SearchResult Search(const Scripture& scripture, const WordIndex& index, const Query& query, const SearchRange& range,
                     HitCounters& hits);
 

@@ -93,6 +93,19 @@ struct WordEnds {
     std::size_t reach;  // from the first to the last
 };
 
+// The bits that uppercase letters lack to be those of `word`, which is in lower case if case is ignored.
+inline std::string FoldsOf(std::string_view word, bool anyCase) {
+    std::string folds;
+    for (const char c : word) folds += anyCase && IsLetter(c) ? ' ' : '\0';
+    return folds;
+}
+
+inline WordEnds EndsOf(std::string_view word, std::string_view folds) {
+    return {{_mm_set1_epi8(word.front()), _mm_set1_epi8(folds.front())},
+            {_mm_set1_epi8(word.back()), _mm_set1_epi8(folds.back())},
+            word.size() - 1};
+}
+
 VERSEWELL_BLOCKWISE unsigned HitsAt(const WordEnds& ends, const char* place) {
     return Bits(_mm_and_si128(Is(Load(place), ends.first), Is(Load(place + ends.reach), ends.last)));
 }
@@ -155,6 +168,8 @@ struct WantedStart {
     unsigned wanted = 0;  // a bit for each byte
     bool isLong = false;  // more than one block
 };
+
+inline constexpr std::size_t kLongestStart = 2 * kBlockSize;
 
 inline WantedStart StartOf(std::string_view word, std::string_view folds) {
     WantedStart start;

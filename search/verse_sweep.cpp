@@ -151,16 +151,11 @@ static int CountHits(const LongWord& word, std::span<const HitBlock> hits) {
     return count;
 }
 
-static constexpr std::size_t kLongestWord = std::tuple_size_v<decltype(WantedStart::bytes)>;
-
 static int CountLongWord(const Scripture& scripture, std::string_view letters, bool anyCase, bool whole,
                          std::span<const std::int32_t> verses, std::vector<std::int32_t>& others) {
-    std::string folds;
-    for (const char c : letters) folds += anyCase && IsLetter(c) ? ' ' : '\0';
+    const std::string folds = FoldsOf(letters, anyCase);
     const LongWord word = {StartOf(letters, folds), letters.size(), whole};
-    const WordEnds ends = {{_mm_set1_epi8(letters.front()), _mm_set1_epi8(folds.front())},
-                           {_mm_set1_epi8(letters.back()), _mm_set1_epi8(folds.back())},
-                           letters.size() - 1};
+    const WordEnds ends = EndsOf(letters, folds);
     const Texts texts = TextsOf(scripture);
     std::array<HitBlock, kHitBlocks> hits;
     HitBlock* next = hits.data();
@@ -200,7 +195,7 @@ static bool CountsOneByOne(const Query& query) {
     const std::size_t mostBytesOfMarks = query.words.size() * (query.substring ? 2 * kLongestSwept : kLongestSwept + 1);
     return query.marksStayApart && mostBytesOfMarks < kMarkedTextLimit - kLongestSwept &&
            std::all_of(query.words.begin(), query.words.end(),
-                       [](const std::string& word) { return word.size() <= kLongestWord; });
+                       [](const std::string& word) { return word.size() <= kLongestStart; });
 }
 
 int CountWordsInVerses(const Scripture& scripture, const Query& query, std::span<const std::int32_t> verses) {

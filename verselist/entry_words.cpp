@@ -2,15 +2,23 @@
 #include "verselist/entry_words.h"
 
 #include "search/key_word_marks.h"
+#include "search/near_search.h"
 
 static void AddPiece(EntryWords& entry, const WordPiece& piece) {
     entry.pieces.push_back({piece.face, piece.keyWord, piece.width, entry.text.size(), piece.text.size()});
     entry.text += piece.text;
 }
 
+static void Mark(const EntryMaking& making, int verse, std::string& text) {
+    if (making.query->kind == QueryKind::kNear)
+        MarkNearWords(making.scripture, making.query->nearQuery, verse, text);
+    else
+        MarkKeyWords(*making.query, text);
+}
+
 static EntryWords MakeWords(const EntryMaking& making, int verse) {
     std::string marked(VerseText(making.scripture, verse).substr(0, kMarkedTextLimit - 1));
-    if (making.query != nullptr) MarkKeyWords(*making.query, marked);
+    if (making.query != nullptr) Mark(making, verse, marked);
     WordReader reader;
     reader.brackets = making.brackets;
     OpenVerse(reader, marked);

@@ -9,24 +9,9 @@
 #include "search/search_engine.h"
 #include "search/text_kinds.h"
 #include "tests/fuzz/fuzz.h"
-#include "tests/support/hand_made_index.h"
-
-struct SearchedBible {
-    std::vector<std::string> texts;
-    HandMadeFiles files;
-    FilesInMemory indexFiles;
-    Scripture scripture;
-    WordIndex index;
-};
+#include "tests/fuzz/searched_bible.h"
 
 // ---- The input ------------------------------------------------------------------------------------------------------
-
-// Without what no text has: zeros, which end a verse, and braces, which the marks put in.
-static std::string PlainText(std::string_view line) {
-    std::string text(line);
-    std::erase_if(text, [](char c) { return c == '\0' || c == '{' || c == '}'; });
-    return text;
-}
 
 static SearchState SearchOf(std::string_view& input) {
     SearchState search;
@@ -38,22 +23,6 @@ static SearchState SearchOf(std::string_view& input) {
     search.range.EndVerse = TakeNumber(options, -5, kVerseCount + 5);
     search.searchText = TakeLine(input);
     return search;
-}
-
-static void OpenBible(SearchedBible& bible, std::string_view lines) {
-    const std::string longWord(kAround, 'x');  // texts near the ends of the file are searched in another way
-    bible.texts.push_back(longWord);
-    while (!lines.empty()) bible.texts.push_back(PlainText(TakeLine(lines)));
-    bible.texts.push_back(longWord);
-    std::vector<HandMadeVerse> verses;
-    for (const std::string& text : bible.texts) {
-        const int number = static_cast<int>(verses.size());
-        verses.push_back({1 + number / 10000 % 66, 1 + number / 100 % 100, 1 + number % 100, text});
-    }
-    bible.files = MakeFiles(verses);
-    bible.scripture = ScriptureOf(bible.files);
-    bible.indexFiles = MakeIndexFiles(verses);
-    bible.index = IndexOf(bible.indexFiles);
 }
 
 // ---- By rules alone -------------------------------------------------------------------------------------------------
@@ -210,7 +179,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     std::string_view input = TextOfInput(data, size);
     const SearchState search = SearchOf(input);
     SearchedBible bible;
-    OpenBible(bible, input);
+    OpenBible(bible, input, 100);
     CheckSearch(search, QueryKind::kWords, bible, IsHitByWords);
     CheckSearch(search, QueryKind::kPhrase, bible, IsHitByPhrase);
     return 0;
