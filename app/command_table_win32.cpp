@@ -53,6 +53,7 @@ static constexpr Command kCommands[] = {
     {IDM_WORD_SEARCH, SearchWords, kAlways, 0, {ButtonGroup::kSearch, 3}, {"Word(s) Search"}},
     {IDM_PHRASE_SEARCH, SearchPhrase, kAlways, 0, {ButtonGroup::kSearch, 4}, {"Phrase Search"}},
     {IDM_WORD_LIST_SEARCH, SearchWordList, kAlways, 0, {ButtonGroup::kSearch, 5}, {"Word(s) Search with word list"}},
+    {IDM_NEAR_SEARCH, SearchNearWords},
     {IDM_SEARCH_NOTES, SearchNotes, kNotEditing, 0, {ButtonGroup::kSearch, 18}, {"Search Notes"}},
     {IDM_SET_RANGE, SetRange},
     {IDM_SHOW_RANGE, ShowRange},

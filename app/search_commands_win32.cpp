@@ -40,7 +40,8 @@ static void ShowFound(const SearchKind& kind, Query query, SearchResult found) {
 static bool RunSearch(const SearchKind& kind) {
     static HitCounters hits;
     const HCURSOR before = BeginWait(theFrame.window);
-    Query query = QueryOf(theSearch.searchText, theSearch.options, kind.query);
+    Query query = kind.query == QueryKind::kNear ? NearQueryOf(theSearch)
+                                                 : QueryOf(theSearch.searchText, theSearch.options, kind.query);
     SearchResult found = Search(theScripture, theWordIndex, query, theSearch.range, hits);
     NoteTextsRead();
     const bool hasFound = !found.verses.empty();
@@ -65,6 +66,10 @@ void SearchWordList(int) {
 
 void SearchPhrase(int) {
     Search(kPhraseSearch);
+}
+
+void SearchNearWords(int) {
+    Search(kNearSearch);
 }
 
 void SetRange(int) {

@@ -4,6 +4,7 @@
 void SearchWords(int command);
 void SearchWordList(int command);
 void SearchPhrase(int command);
+void SearchNearWords(int command);
 void SetRange(int command);
 void ShowRange(int command);  // in the status bar
 void SearchNotes(int command);

@@ -287,6 +287,19 @@ TEST(MoreSettings, HaveTheNamesOfOwnSets) {
     EXPECT_FALSE(profile.values.contains("NOTES/OwnSets"));
 }
 
+TEST(MoreSettings, HaveTheDistanceOfNearWords) {
+    FakeProfile profile;
+    SaveMoreSettings(DeviceOver(profile), {.CurrentSet = "", .nearOptions = {kNearInVerses, 3, 1}});
+    EXPECT_EQ(profile.writes,
+              (std::vector<std::string>{"SEARCH/NearUnit=2", "SEARCH/NearDistance=3", "SEARCH/NearInOrder=1"}));
+    const NearOptions read = LoadMoreSettings(DeviceOver(profile)).nearOptions;
+    EXPECT_EQ(read.Unit, kNearInVerses);
+    EXPECT_EQ(read.Distance, 3);
+    EXPECT_EQ(read.InOrder, 1);
+    SaveMoreSettings(DeviceOver(profile), {});
+    EXPECT_TRUE(profile.values.empty());
+}
+
 TEST(MoreSettings, HaveTheChoiceOfColors) {
     FakeProfile profile;
     SaveMoreSettings(DeviceOver(profile), {.CurrentSet = "", .KeyColorFrom = "system 255", .DarkPanes = 2});

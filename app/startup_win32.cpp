@@ -111,6 +111,7 @@ static void TakeOver(const MoreSettings& settings) {
     thePaneLook.isKeyColorChosen =
         IsKeyColorChosen(theReading.KeyHighlightColor, settings.KeyColorFrom, GetSysColor(COLOR_HIGHLIGHT));
     theFrame.ownSets = settings.OwnSets;
+    theSearch.nearOptions = settings.nearOptions;
     theFrame.lastVerses = LastVersesOf(settings.LastVerses);
     if (settings.CurrentSet.empty()) return;
     const int set = SetNamed(theNoteSets, settings.CurrentSet);
@@ -125,6 +126,7 @@ static MoreSettings CurrentMoreSettings() {
         .KeyColorFrom = KeyColorFromOf(thePaneLook.isKeyColorChosen, theReading.KeyHighlightColor),
         .DarkPanes = thePaneLook.DarkPanes,
         .shares = theFrame.shares,
+        .nearOptions = theSearch.nearOptions,
         .LastVerses = TextOfLastVerses(theFrame.lastVerses),
     };
 }

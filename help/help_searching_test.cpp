@@ -110,6 +110,65 @@ TEST(HelpOnPhrases, TellsWhatIsFound) {
     }
 }
 
+namespace {
+
+// A search for words near each other from one verse of the real text to another, and whether it finds the first one.
+struct NearRow {
+    const char *first, *last, *text;
+    bool finds;
+    NearOptions nearOptions{};
+    SearchOptions options{};
+};
+
+}  // namespace
+
+static bool Finds(const NearRow& row) {
+    SearchState search;
+    search.searchText = row.text;
+    search.nearOptions = row.nearOptions;
+    search.options = row.options;
+    search.range = {ParseReference(TheRealScripture().records, row.first).verse,
+                    ParseReference(TheRealScripture().records, row.last).verse};
+    HitCounters hits;
+    const Query query = NearQueryOf(search);
+    const auto verses = Search(TheRealScripture(), TheRealWordIndex(), query, search.range, hits).verses;
+    return !verses.empty() && verses.front() == search.range.StartVerse;
+}
+
+// Joh 3:16: "For God so loved the world ..."; Ge 1:31 and Ge 2:1 are in two chapters.
+TEST(HelpOnNearWords, TellsWhatIsFound) {
+    const std::string page = Sentences("ID_Search_Near");
+    const struct {
+        const char* sentence;
+        NearRow row;
+    } rows[] = {
+        {"lov* finds \"love\", \"loved\" and \"loving\"", {"Joh 3:16", "Joh 3:16", "lov*", true}},
+        {"m?n finds \"man\" and \"men\"", {"Joh 3:19", "Joh 3:19", "m?n", true}},
+        {"m?n finds \"man\" and \"men\"", {"Joh 3:1", "Joh 3:1", "m?n", true}},
+        {"Words that stand side by side are one word from each other",
+         {"Joh 3:16", "Joh 3:16", "so loved", true, {kNearInWords, 1}}},
+        {"Words that stand side by side are one word from each other",
+         {"Joh 3:16", "Joh 3:16", "god loved", false, {kNearInWords, 1}}},
+        {"the words stand in one verse, and", {"Joh 3:16", "Joh 3:17", "life for", false, {kNearInWords, 1}}},
+        {"Verses that follow one another are one verse from each other",
+         {"Joh 3:16", "Joh 3:17", "begotten condemn", true, {kNearInVerses, 1}}},
+        {"the words stand in one verse.", {"Joh 3:16", "Joh 3:17", "begotten condemn", false, {kNearInVerse}}},
+        {"in verses of one chapter", {"Ge 1:31", "Ge 2:1", "sixth finished", false, {kNearInVerses, 10}}},
+        {"in the order in which you typed them", {"Joh 3:16", "Joh 3:16", "loved so", false, {kNearInWords, 1, 1}}},
+        {"capitals must match", {"De 6:5", "De 6:5", "Lord thy", false, {}, {.CaseSensitive = 1}}},
+        {"capitals must match", {"De 6:5", "De 6:5", "LORD thy", true, {}, {.CaseSensitive = 1}}},
+        {"can also be part of a word", {"Joh 3:16", "Joh 3:16", "gotte", true, {}, {.SubString = 1}}},
+        {"A word that you type twice has to be there twice", {"Joh 3:16", "Joh 3:16", "his his", false}},
+        {"lord does not find \"LORD'S\", but lord* does", {"Ps 24:1", "Ps 24:1", "lord", false}},
+        {"lord does not find \"LORD'S\", but lord* does", {"Ps 24:1", "Ps 24:1", "lord*", true}},
+        {"\"Beth-el\" is two words", {"Ge 12:8", "Ge 12:8", "beth el", true, {kNearInWords, 1}}},
+    };
+    for (const auto& [sentence, row] : rows) {
+        EXPECT_THAT(page, HasSubstr(sentence));
+        EXPECT_EQ(Finds(row), row.finds) << row.text << " from " << row.first;
+    }
+}
+
 TEST(HelpOnWordList, TellsHowManyWordsThereAre) {
     std::string count = std::to_string(WordCount(TheRealWordIndex()));
     count.insert(count.size() - 3, ",");

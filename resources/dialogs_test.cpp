@@ -50,6 +50,19 @@ static constexpr ExpectedControl kControls[] = {
     {"PHRASESEARCH", 2, "PUSHBUTTON", "Cancel"},
     {"PHRASESEARCH", 20, "PUSHBUTTON", "Range..."},
     {"PHRASESEARCH", 9, "PUSHBUTTON", "Help"},
+    {"NEARSEARCH", 10, "COMBOBOX", "Words (* stands for any letters, ? for one letter):"},
+    {"NEARSEARCH", 101, "LTEXT", ""},
+    {"NEARSEARCH", 102, "BS_AUTORADIOBUTTON", "N words of each other"},
+    {"NEARSEARCH", 103, "BS_AUTORADIOBUTTON", "one verse"},
+    {"NEARSEARCH", 104, "BS_AUTORADIOBUTTON", "N verses of each other"},
+    {"NEARSEARCH", 105, "EDITTEXT", "N, up to 50 words or 10 verses:"},
+    {"NEARSEARCH", 106, "BS_AUTOCHECKBOX", "In the order typed"},
+    {"NEARSEARCH", 14, "BS_AUTOCHECKBOX", "Case sensitive"},
+    {"NEARSEARCH", 15, "BS_AUTOCHECKBOX", "Substring matches"},
+    {"NEARSEARCH", 1, "DEFPUSHBUTTON", "OK"},
+    {"NEARSEARCH", 2, "PUSHBUTTON", "Cancel"},
+    {"NEARSEARCH", 20, "PUSHBUTTON", "Range..."},
+    {"NEARSEARCH", 9, "PUSHBUTTON", "Help"},
     {"SETRANGE", 20, "EDITTEXT", "Range:"},
     {"SETRANGE", 21, "LTEXT", ""},
     {"SETRANGE", 101, "PUSHBUTTON", "O. T."},
@@ -174,6 +187,7 @@ static constexpr ExpectedTitle kTitles[] = {
     {"WORDSEARCH", "Word Search"},
     {"WORDLISTSEARCH", "Word Search"},
     {"PHRASESEARCH", "Phrase Search"},
+    {"NEARSEARCH", "Words Near Each Other"},
     {"SETRANGE", "Set Search Range"},
     {"GOTOVERSE", "Go To Verse"},
     {"COPYVERSE", "Copy Verse"},
@@ -306,6 +320,14 @@ TEST(Dialogs, SearchOptionsAreOneGroup) {
     }
 }
 
+TEST(Dialogs, DistancesOfNearWordsAreOneGroup) {
+    for (const DialogControl& control : Dialog("NEARSEARCH").controls) {
+        if (control.id < 102 || control.id > 106) continue;
+        const bool beginsGroup = control.id == 102 || control.id == 106;
+        EXPECT_EQ(control.styles.find("WS_GROUP") != std::string::npos, beginsGroup) << control.text;
+    }
+}
+
 // Two groups for the parts of the labels and one for their location, in one group box.
 TEST(Dialogs, FormatOptionsAreThreeGroups) {
     const DialogScript& format = Dialog("FORMAT");
@@ -332,7 +354,7 @@ TEST(Dialogs, NoteSetListsDoNotAllowTyping) {
 }
 
 TEST(Dialogs, ComboBoxesHaveTheRightStyle) {
-    for (const char* name : {"WORDSEARCH", "WORDLISTSEARCH", "PHRASESEARCH"})
+    for (const char* name : {"WORDSEARCH", "WORDLISTSEARCH", "PHRASESEARCH", "NEARSEARCH"})
         for (const DialogControl& control : Dialog(name).controls) {
             if (control.kind != "COMBOBOX") continue;
             EXPECT_THAT(control.styles, HasSubstr(control.id == 19 ? "CBS_SIMPLE" : "CBS_DROPDOWN "));

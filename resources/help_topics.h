@@ -8,6 +8,7 @@ inline constexpr char kTopicPreface[] = "ID_Preface";
 inline constexpr char kTopicWordSearch[] = "ID_Search_Word";
 inline constexpr char kTopicWordListSearch[] = "ID_Search_WordList";
 inline constexpr char kTopicPhraseSearch[] = "ID_Search_Phrase";
+inline constexpr char kTopicNearSearch[] = "ID_Search_Near";
 inline constexpr char kTopicSetRange[] = "ID_Search_SetRange";
 inline constexpr char kTopicGotoVerse[] = "ID_Read_GoToVerse";
 inline constexpr char kTopicNoteSets[] = "ID_Notes_Create";  // creating and renaming

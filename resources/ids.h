@@ -85,6 +85,7 @@
 #define IDM_FORWARD 331
 #define IDM_ZOOM_IN 332
 #define IDM_ZOOM_OUT 333
+#define IDM_NEAR_SEARCH 360
 #define IDM_REFRESH 900           // sent by a pane to its frame: the state of commands may have changed
 #define IDM_SHOW_REFERENCES 901   // sent by the Notes window: show the verses of the double-clicked line
 #define IDM_END_EDITING 902       // sent by the note editor when it has closed
@@ -165,6 +166,12 @@
 #define IDC_EDITION 101  // About
 #define IDC_TEXT_COUNTS 102
 #define IDC_TEXT_FILES 103
+#define IDC_NEAR_COUNTS 101  // Words Near Each Other
+#define IDC_NEAR_IN_WORDS 102
+#define IDC_NEAR_IN_VERSE 103
+#define IDC_NEAR_IN_VERSES 104
+#define IDC_NEAR_DISTANCE 105
+#define IDC_NEAR_IN_ORDER 106
 #define IDC_STOP_PRINTING 110  // Printing...
 #define IDC_PRINTED_PAGE 101
 #define IDC_SPLASH_LINE 111

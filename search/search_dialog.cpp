@@ -4,6 +4,7 @@
 #include "resources/ids.h"
 #include "scripture/reference_dialog.h"
 #include "scripture/scripture_win32.h"
+#include "search/near_controls_win32.h"
 #include "win32/controls.h"
 #include "win32/dialogs.h"
 #include "win32/help_viewer.h"
@@ -30,6 +31,15 @@ const SearchKind kPhraseSearch = {
     .query = QueryKind::kPhrase,
     .resource = "PHRASESEARCH",
     .helpTopic = kTopicPhraseSearch,
+    .summarizesNoMatches = true,
+};
+
+const SearchKind kNearSearch = {
+    .query = QueryKind::kNear,
+    .resource = "NEARSEARCH",
+    .helpTopic = kTopicNearSearch,
+    .focusesVerseList = true,
+    .hasNearOptions = true,
     .summarizesNoMatches = true,
 };
 
@@ -160,6 +170,7 @@ static void Fill(HWND dialog) {
         SetChecked(dialog, IDC_SUBSTRING, theSearch.options.SubString != 0);
     }
     if (kind.hasWordList) PrepareWordList(dialog);
+    if (kind.hasNearOptions) FillNearControls(dialog, theSearch, theWordIndex);
 }
 
 // ---- Reading --------------------------------------------------------------------------------------------------------
@@ -173,12 +184,14 @@ static void Read(HWND dialog) {
     theSearch.searchText = ControlText(dialog, IDC_SEARCH_TEXT, kSearchTextLimit);
     PushHistory(theSearch, theSearch.searchText);
     theSearch.options.CaseSensitive = IsChecked(dialog, IDC_CASE_SENSITIVE);
+    if (KindOf(dialog).hasNearOptions) ReadNearControls(dialog, theSearch);
     if (!KindOf(dialog).hasWordOptions) return;
     theSearch.options.SubString = IsChecked(dialog, IDC_SUBSTRING);
     theSearch.options.BooleanType = CheckedBooleanType(dialog);
 }
 
 static void OnOk(HWND dialog) {
+    if (KindOf(dialog).hasNearOptions && !CanSearchNear(dialog)) return;
     RunIfEnabled(FrameOf(dialog), IDM_VIEW_LIST);
     Read(dialog);
     EndDialog(dialog, IDOK);
@@ -187,6 +200,7 @@ static void OnOk(HWND dialog) {
 }
 
 static void OnCommand(HWND dialog, int control, UINT notification) {
+    if (KindOf(dialog).hasNearOptions) OnNearControl(dialog, control, notification, theWordIndex);
     switch (control) {
         case IDOK: OnOk(dialog); break;
         case IDC_RANGE: AskSearchRange(dialog); break;

@@ -18,9 +18,10 @@ struct SearchKind {
     bool hasWordOptions = false;       // the dialog has options for boolean type and substrings
     bool hasWordList = false;          // the dialog has a list of all words
     bool focusesVerseList = false;     // focus the Verse List even while the Reference List is shown
+    bool hasNearOptions = false;       // the dialog asks how near the words must be
     bool summarizesNoMatches = false;  // show the summary even if nothing was found
 };
-extern const SearchKind kWordSearch, kWordListSearch, kPhraseSearch;
+extern const SearchKind kWordSearch, kWordListSearch, kPhraseSearch, kNearSearch;
 
 // Asks what to search for and stores it in `theSearch`: text, history and options. OK shows the frame's list pane,
 // closes the dialog and runs `search` before the dialog's controls are destroyed, so that the result appears sooner.

@@ -6,6 +6,7 @@ static constexpr HelpedDialog kDialogs[] = {
     {IDM_WORD_SEARCH, "Word Search", "ID_Search_Word"},
     {IDM_WORD_LIST_SEARCH, "Word Search", "ID_Search_WordList"},
     {IDM_PHRASE_SEARCH, "Phrase Search", "ID_Search_Phrase"},
+    {IDM_NEAR_SEARCH, "Words Near Each Other", "ID_Search_Near"},
     {IDM_SET_RANGE, "Set Search Range", "ID_Search_SetRange"},
     {IDM_GOTO_VERSE, "Go To Verse", "ID_Read_GoToVerse"},
     {IDM_COPY_VERSE, "Copy Verse", "ID_Edit_CopyVerse"},

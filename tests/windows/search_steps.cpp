@@ -7,6 +7,7 @@ HWND ReferenceListOf(const Program& program) {
 static const char* TitleOf(int command) {
     switch (command) {
         case IDM_PHRASE_SEARCH: return "Phrase Search";
+        case IDM_NEAR_SEARCH: return "Words Near Each Other";
         case IDM_SET_RANGE: return "Set Search Range";
         case IDM_SEARCH_NOTES: return "Search Note Set My Notes";
         default: return "Word Search";
@@ -35,10 +36,10 @@ static void Ask(Program& program, const Query& query) {
     const HWND dialog = OpenSearchDialog(program, query.command);
     SetDlgItemTextA(dialog, IDC_SEARCH_TEXT, query.text.c_str());
     CheckDlgButton(dialog, IDC_CASE_SENSITIVE, query.caseSensitive ? BST_CHECKED : BST_UNCHECKED);
-    if (query.command != IDM_PHRASE_SEARCH) {
+    if (query.command != IDM_PHRASE_SEARCH && query.command != IDM_NEAR_SEARCH)
         CheckRadioButton(dialog, IDC_ALL_WORDS, IDC_ONE_WORD, query.combination);
+    if (query.command != IDM_PHRASE_SEARCH)
         CheckDlgButton(dialog, IDC_SUBSTRING, query.substrings ? BST_CHECKED : BST_UNCHECKED);
-    }
     program.probe.reset();
     PressOk(dialog);
 }
