@@ -20,6 +20,14 @@ static std::string Shown(const Program& program) {
     return Top(program) + ", " + StatusPart(program, kNote);
 }
 
+// Drags the thumb of the Passage's scroll bar, which is at its upper end.
+static void DragThumb(const Program& program, LONG by) {
+    const HWND pane = PassageOf(program);
+    const LONG x = ClientRectOf(pane).right + GetSystemMetrics(SM_CXVSCROLL) / 2;
+    const LONG y = GetSystemMetrics(SM_CYVSCROLL) + 4;
+    Drag(program, pane, {x, y}, {x, y + by});
+}
+
 static void PressXButton(const Program& program, HWND window, WORD button) {
     PostMessageA(window, WM_XBUTTONDOWN, MAKEWPARAM(0, button), 0);
     PostMessageA(window, WM_XBUTTONUP, MAKEWPARAM(0, button), 0);
@@ -70,6 +78,18 @@ TEST(Places, AreLeftByJumpsAndNotByScrolling) {
     Press(program, "Back");
     EXPECT_TRUE(IsShown(PassageOf(program))) << "nothing of the place could be seen";
     EXPECT_EQ(Top(program), "Genesis 1:1");
+}
+
+TEST(Places, AreLeftByADragOfTheThumb) {
+    Program program = StartProgram(FolderWithScripture());
+    DragThumb(program, 60);
+    const std::string dragged = Shown(program);
+    EXPECT_NE(dragged, "Genesis 1:1, Genesis 1:1");
+    Press(program, "Back");
+    EXPECT_EQ(Shown(program), "Genesis 1:1, Genesis 1:1");
+    EXPECT_TRUE(IsGreyed(program, IDM_BACK)) << "the drag was one jump";
+    Press(program, "Shift+Back");
+    EXPECT_EQ(Shown(program), dragged);
 }
 
 static ScratchFolder FolderWithReferences() {
