@@ -325,6 +325,21 @@ TEST(InstalledCopies, KeepNotesInApplicationData) {
     EXPECT_TRUE(HasFile(data, "Versewell/Versewell.INI"));
     EXPECT_EQ(FilesIn(home), files);
     EXPECT_EQ(FilesIn(other), filesOfOther);
+
+    // As the system starts it again, and as someone may try it who thinks that any folder will do.
+    StartOptions options = ProgramIn(home);
+    options.arguments = "/folder \"" + (data.path / "Versewell").string() + "\"";
+    {
+        Program again = StartProgram(other, options);
+        EXPECT_FALSE(HasDialog(again));
+        EXPECT_EQ(CloseProgram(again), 0);
+    }
+    options.arguments = "/folder \"" + other.path.string() + "\"";
+    const Program program = LaunchProgram(home, options);
+    const HWND box = WaitForDialog(program, "Versewell97");
+    EXPECT_THAT(MessageText(box), HasSubstr("because an installed copy keeps all notes in one folder."));
+    PostMessageA(box, WM_COMMAND, IDCANCEL, 0);
+    EXPECT_EQ(WaitForExit(program), 0);
 }
 
 namespace {
