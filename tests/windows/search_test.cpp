@@ -204,15 +204,26 @@ TEST(SearchResult, ShowsAHiddenListEvenWhenEmpty) {
 
 // ---- The program's state --------------------------------------------------------------------------------------------
 
-// Neither an hourglass cursor nor a mouse capture is left.
-static bool IsMouseFree(const Program& program) {
+static bool HasCapture(const Program& program) {
     GUITHREADINFO state{};
     state.cbSize = sizeof state;
     GetGUIThreadInfo(program.threadId, &state);
+    return state.hwndCapture != nullptr;
+}
+
+// Each process has its own handles of the system's cursors, so they can only be compared with each other.
+static HCURSOR ShownCursor() {
     CURSORINFO cursor{};
     cursor.cbSize = sizeof cursor;
     GetCursorInfo(&cursor);
-    return state.hwndCapture == nullptr && cursor.hCursor != LoadCursorA(nullptr, IDC_WAIT);
+    return cursor.hCursor;
+}
+
+// The mouse stays there: the next move would give it another cursor.
+static HCURSOR ArrowOver(const Program& program) {
+    PointAt(program.frame, {100, 200});
+    Settle(program);
+    return ShownCursor();
 }
 
 static void ExpectGreyed(const Program& program, int command, bool greyed) {
@@ -235,9 +246,11 @@ TEST(SearchResult, EnablesTheListCommands) {
     Program program = StartProgram(FolderWithScripture());
     ExpectListCommands(program, false);
     EXPECT_EQ(ToolTip(program, IDM_CONTEXT), "Read Context of Verse in Verse List (F12)");
+    const HCURSOR arrow = ArrowOver(program);
     SearchFor(program, {"grace"});
     ExpectListCommands(program, true);
-    EXPECT_TRUE(IsMouseFree(program));
+    EXPECT_FALSE(HasCapture(program));
+    EXPECT_EQ(ShownCursor(), arrow) << "no hourglass";
     EXPECT_EQ(ToolTip(program, IDM_CONTEXT), "Read Context of Ge 6:8 (F12)");
     EXPECT_EQ(ToolTip(program, IDM_NOTE_FOR_LIST), "Note for Ge 6:8 (F9)");
     SearchInVain(program, {"xyzzy"});
@@ -261,12 +274,14 @@ TEST_P(NoMatch, EmptiesTheListAndShowsAMessage) {
     SearchFor(program, {"grace"});
     Press(program, "End");
     Command(program, IDM_FOCUS_PASSAGE);
+    const HCURSOR arrow = ArrowOver(program);
     const HWND box = SearchInVain(program, {"grace xyzzy", GetParam()});
     EXPECT_EQ(MessageText(box), "No verses matching search criteria.");
     EXPECT_THAT(ButtonsOf(box), ElementsAre("OK"));
     EXPECT_EQ(StatusPart(program, kSummary), "No Matches");
     EXPECT_EQ(StatusPart(program, kEntry), "");
-    EXPECT_TRUE(IsMouseFree(program));
+    EXPECT_FALSE(HasCapture(program));
+    EXPECT_EQ(ShownCursor(), arrow) << "no hourglass";
     EXPECT_THAT(ListStrings(ReferenceListOf(program)), IsEmpty());
     const ScrollState scroll = VerticalScroll(program, VerseListOf(program));
     EXPECT_EQ(scroll.highest, 0);
