@@ -22,7 +22,6 @@ static void ExpectSame(const Session& left, const Session& right) {
     for (std::size_t i = 0; i < left.drafts.size(); ++i) EXPECT_TRUE(IsSame(left.drafts[i], right.drafts[i])) << i;
 }
 
-// The file of the comment in the header, byte by byte; the checksum was calculated by zlib.
 TEST(SessionFile, TellsItsNotesAndStays) {
     FakeNoteFiles fakes;
     const NoteFiles files = DeviceOver(fakes);
@@ -39,6 +38,7 @@ TEST(SessionFile, TellsItsNotesAndStays) {
     EXPECT_EQ(fakes.contents.size(), 1u);
 }
 
+// The file of the comment in the header, byte by byte; the checksum was calculated by zlib.
 TEST(SessionBytes, HaveTheFormat) {
     const Session session = {{{"A", "b", "cd"}}, {{"S", 258, "o", "tt"}}};
     const std::string expected(
