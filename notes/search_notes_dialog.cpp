@@ -1,5 +1,6 @@
 #include "notes/search_notes_dialog.h"
 
+#include "notes/note_capitals_win32.h"
 #include "notes/note_search.h"
 #include "notes/notes_window.h"
 #include "notes/search_progress_dialog.h"
@@ -16,27 +17,8 @@ static constexpr int kDialogIsShown = 9000;  // a command that the dialog posts 
 static ResumePoint theResumePoint;     // of the open dialog
 static SearchProgressBox theProgress;  // hidden between its searches
 
-// The table of the system's code page.
-static LetterTable SystemLetters() {
-    LetterTable letters = AsciiLetters();
-    for (std::size_t code = 0; code < letters.capitals.size(); ++code) {
-        letters.capitals[code] = static_cast<char>(code);
-        CharUpperBuffA(&letters.capitals[code], 1);
-        letters.inWords[code] = IsCharAlphaNumericA(static_cast<char>(code)) != 0;
-    }
-    return letters;
-}
-
 static const CodePage& Page() {
     return TheNoteFiles().codePage;
-}
-
-// The text of a note.
-static std::string TextInCapitals(const LetterTable& letters, const std::string& text) {
-    if (!IsInUtf8(text)) return InCapitals(letters, text);
-    std::wstring capitals = Wide(LettersOfNote(Page(), text));
-    CharUpperBuffW(capitals.data(), static_cast<DWORD>(capitals.size()));
-    return NoteOfLetters(Page(), LettersOf(capitals), text);
 }
 
 static ResumePoint BehindSelection() {
