@@ -169,6 +169,25 @@ static NoteMatch FindInStretch(NoteSweep& sweep, const Stretch& stretch) {
     return {};
 }
 
+// Adds all verses of the stretch that have a match. What is in the code page is searched from one note in UTF-8 to the
+// next.
+static void AddMatches(NoteSweep& sweep, const Stretch& stretch, std::vector<std::int32_t>& verses) {
+    for (int verse = stretch.first; verse <= stretch.last; ++verse) {
+        const auto next = NextInUtf8(sweep, stretch, verse);
+        const std::size_t end = next ? next->begin : sweep.window.size();
+        const int behind = next ? next->verse : stretch.last + 1;
+        while (verse < behind) {
+            const NoteMatch match = FindInCodePage(sweep, stretch, verse, end);
+            if (match.end != NoteSearchEnd::kFound) break;
+            verses.push_back(match.verse);
+            verse = match.verse + 1;
+        }
+        if (!next) return;
+        if (FindInUtf8(sweep, stretch, *next).end == NoteSearchEnd::kFound) verses.push_back(next->verse);
+        verse = next->verse;
+    }
+}
+
 // ---- The search -----------------------------------------------------------------------------------------------------
 
 // The first verse from `verse` on that has a note; beyond `last` if there is none.
@@ -188,28 +207,57 @@ static SetRefresh OpenCurrent(NoteSweep& sweep) {
     return refresh;
 }
 
-NoteMatch FindInNotes(const NoteFiles& files, NoteSet& set, const LetterTable& letters, const NoteQuery& query,
-                      ResumePoint resume, const SearchProgress& progress) {
-    if (resume.verse < query.range.StartVerse) resume = {query.range.StartVerse, 0};
-    RefreshSet(files, set);
-    const int last = query.range.EndVerse;
-    const std::string text = Utf8OfNote(files.codePage, query.text);
-    LetterSweep inUtf8{LetterTargetOf(text, query.caseSensitive, query.substrings)};
-    NoteSweep sweep{files, set, query, letters, inUtf8};
-    if (!IsInUtf8(query.text)) sweep.target = TargetOf(query.text, query.caseSensitive ? nullptr : &letters);
-    sweep.from = resume.offset;
-    for (int verse = VerseWithNote(sweep, resume.verse, last); verse <= last;
-         verse = VerseWithNote(sweep, verse, last)) {
+// From `verse` on. `search` gets each stretch of notes that could be read; the sweep ends with what it finds there.
+template <typename Search>
+static NoteMatch SweepNotes(NoteSweep& sweep, int verse, const SearchProgress& progress, Search search) {
+    const int last = sweep.query.range.EndVerse;
+    for (verse = VerseWithNote(sweep, verse, last); verse <= last; verse = VerseWithNote(sweep, verse, last)) {
         progress.reached(progress.device, verse);
+        if (progress.goesOn != nullptr && !progress.goesOn(progress.device)) return {};
         const SetRefresh refresh = OpenCurrent(sweep);
         if (refresh == SetRefresh::kUnreadable) return {NoteSearchEnd::kUnreadable, verse};
         if (refresh == SetRefresh::kReadAgain) continue;  // the verse may have no note any more
-        Stretch stretch = StretchFrom(set, verse, sweep.isCut ? verse : last);
+        Stretch stretch = StretchFrom(sweep.set, verse, sweep.isCut ? verse : last);
         ReadWindow(sweep, stretch);
-        const NoteMatch match = FindInStretch(sweep, stretch);
+        const NoteMatch match = search(stretch);
         if (match.end == NoteSearchEnd::kFound) return match;
         sweep.from = 0;
         verse = stretch.last + 1;
     }
     return {};
+}
+
+static LetterSweep LetterSweepOf(const NoteFiles& files, const NoteQuery& query) {
+    return {LetterTargetOf(Utf8OfNote(files.codePage, query.text), query.caseSensitive, query.substrings)};
+}
+
+static void Aim(NoteSweep& sweep) {
+    const NoteQuery& query = sweep.query;
+    if (!IsInUtf8(query.text)) sweep.target = TargetOf(query.text, query.caseSensitive ? nullptr : &sweep.letters);
+}
+
+NoteMatch FindInNotes(const NoteFiles& files, NoteSet& set, const LetterTable& letters, const NoteQuery& query,
+                      ResumePoint resume, const SearchProgress& progress) {
+    if (resume.verse < query.range.StartVerse) resume = {query.range.StartVerse, 0};
+    RefreshSet(files, set);
+    LetterSweep inUtf8 = LetterSweepOf(files, query);
+    NoteSweep sweep{files, set, query, letters, inUtf8};
+    Aim(sweep);
+    sweep.from = resume.offset;
+    return SweepNotes(sweep, resume.verse, progress,
+                      [&](const Stretch& stretch) { return FindInStretch(sweep, stretch); });
+}
+
+NoteSearchEnd FindAllNotes(const NoteFiles& files, NoteSet& set, const LetterTable& letters, const NoteQuery& query,
+                           const SearchProgress& progress, std::vector<std::int32_t>& verses) {
+    RefreshSet(files, set);
+    LetterSweep inUtf8 = LetterSweepOf(files, query);
+    NoteSweep sweep{files, set, query, letters, inUtf8};
+    Aim(sweep);
+    return SweepNotes(sweep, query.range.StartVerse, progress,
+                      [&](const Stretch& stretch) {
+                          AddMatches(sweep, stretch, verses);
+                          return NoteMatch{};
+                      })
+        .end;
 }

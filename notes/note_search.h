@@ -3,7 +3,9 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
+#include <vector>
 
 #include "notes/note_sets.h"
 #include "notes/text_sweep.h"
@@ -36,6 +38,7 @@ struct NoteMatch {
 struct SearchProgress {
     void* device = nullptr;  // passed to `reached`
     void (*reached)(void* device, int verse) = nullptr;
+    bool (*goesOn)(void* device) = nullptr;  // asked after each `reached`: false ends the search; null: always true
 };
 
 // The first match from `resume`, or from the start of the range if that is later. Verses without a note are skipped;
@@ -45,3 +48,8 @@ struct SearchProgress {
 // A note in the code page is compared byte by byte, one in UTF-8 letter by letter (notes/letter_search.h).
 NoteMatch FindInNotes(const NoteFiles& files, NoteSet& set, const LetterTable& letters, const NoteQuery& query,
                       ResumePoint resume, const SearchProgress& progress);
+
+// Adds the verses of the range whose notes have a match, ascending. Reads the set once, however many they are. The
+// search ends with kUnreadable where FindInNotes does, otherwise with kNotFound.
+NoteSearchEnd FindAllNotes(const NoteFiles& files, NoteSet& set, const LetterTable& letters, const NoteQuery& query,
+                           const SearchProgress& progress, std::vector<std::int32_t>& verses);

@@ -1,0 +1,38 @@
+// The verses that have notes, for the Verse List.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "notes/note_search.h"
+
+struct ListedNotesQuery {
+    std::vector<std::string> words;  // a note must have all of them; each as the text of a NoteQuery; none: any note
+    bool substrings = false;         // otherwise whole words
+    SearchRange range;
+};
+
+struct ListedNotes {
+    std::vector<std::int32_t> verses;  // ascending, each once
+    int sets = 0;                      // how many have such notes
+    int unreadableSets = 0;            // how many could not be read; their notes are not listed
+    bool isStopped = false;            // by `progress`: the list is not complete
+};
+
+// The words of a text that a user has typed; blanks are between them.
+std::vector<std::u16string> WordsTyped(std::u16string_view text);
+
+// Looks for the notes in these sets, each of which is read again first if its files have changed. `progress` gets
+// numbers from 0 to ListingSteps.
+ListedNotes ListNotes(const NoteFiles& files, std::span<NoteSet> sets, const LetterTable& letters,
+                      const ListedNotesQuery& query, const SearchProgress& progress);
+int ListingSteps(std::span<const NoteSet> sets, const ListedNotesQuery& query);
+
+// "312 verses with notes in 4 sets", "1 verse with a note in 1 set", and how many sets could not be read.
+std::string ListedNotesSummary(const ListedNotes& notes);
+
+// The set whose note of `verse` is shown: the current one if it has a note or no other one has, otherwise the first.
+int SetWithNote(const NoteFiles& files, const NoteSets& notes, int verse);
