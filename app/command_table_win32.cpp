@@ -55,6 +55,8 @@ static constexpr Command kCommands[] = {
     {IDM_WORD_LIST_SEARCH, SearchWordList, kAlways, 0, {ButtonGroup::kSearch, 5}, {"Word(s) Search with word list"}},
     {IDM_NEAR_SEARCH, SearchNearWords},
     {IDM_SEARCH_NOTES, SearchNotes, kNotEditing, 0, {ButtonGroup::kSearch, 18}, {"Search Notes"}},
+    {IDM_LIST_NOTES, ShowNotesAsList, kNotEditing},
+    {IDM_FOLLOW_LIST, FollowListedNotes},
     {IDM_SET_RANGE, SetRange},
     {IDM_SHOW_RANGE, ShowRange},
     {IDM_NOTE_WORD_SEARCH, SearchNoteSelection},

@@ -1,7 +1,11 @@
 #include "app/note_commands_win32.h"
 
+#include <optional>
+#include <utility>
+
 #include "app/frame_win32.h"
 #include "history/earlier_notes_dialog.h"
+#include "notes/list_notes_dialog.h"
 #include "notes/note_editor_window.h"
 #include "notes/notes_window.h"
 #include "pane/status_bar_win32.h"
@@ -115,4 +119,32 @@ void ShowNoteReferences(int) {
                "x-refs for " + ReferenceText(theScripture.records, theNoteSets.currentVerse, BookForm::kName));
     RunIfEnabled(theFrame.window, IDM_VIEW_LIST);
     RefreshCommands();
+}
+
+// ---- Notes as a list ------------------------------------------------------------------------------------------------
+
+void ShowNotesAsList(int) {
+    if (!theFrame.startUpComplete) return;  // without the scripture there are no verses
+    std::optional<ListedNotes> listed = AskNotesToList(theFrame.window);
+    if (!listed) return;
+    RunIfEnabled(theFrame.window, IDM_VIEW_LIST);
+    ShowStatus(StatusPart::kSearchSummary, ListedNotesSummary(*listed));
+    DropSelection();
+    ShowVersesWithNotes(std::move(listed->verses));
+    RefreshCommands();
+    ShowVerseListAtOnce();
+}
+
+// Once for each entry, so that another note can be read meanwhile.
+void FollowListedNotes(int) {
+    static int content = -1, followed = kNoVerse;
+    if (!theVerseList.isOfNotes || IsEditingNote()) return;
+    const int verse = VerseListCurrentVerse();
+    if (verse == kNoVerse || (content == theVerseList.content && followed == verse)) return;
+    content = theVerseList.content;
+    followed = verse;
+    const int before = theNoteSets.currentSet, set = SetWithNote(TheNoteFiles(), theNoteSets, verse);
+    if (set == before && verse == theNoteSets.currentVerse) return;
+    ShowNoteOfSet(set, verse);
+    if (set != before) RepaintNoteMarks();
 }

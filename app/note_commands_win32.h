@@ -19,4 +19,6 @@ void EditNote(int command);
 void ShowEarlierNotes(int command);    // opens the one that is chosen in the editor
 void ShowSavedNote(int command);       // sent when the editor has saved
 void EndEditingNote(int command);      // sent when the editor has closed
+void ShowNotesAsList(int command);     // asks which notes' verses the Verse List shall show
+void FollowListedNotes(int command);   // sent by a list of notes: shows the note of its current entry
 void ShowNoteReferences(int command);  // lists the verses of the cross-reference line that was followed

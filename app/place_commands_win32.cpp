@@ -34,8 +34,15 @@ static Place CurrentPlace() {
 }
 
 static KeptList Kept(ListContent content, std::string summary) {
-    return {content.number, Packed(content.verses), std::move(content.query),
-            content.form,   content.canBeSaved,     std::move(summary)};
+    return {
+        .number = content.number,
+        .verses = Packed(content.verses),
+        .query = std::move(content.query),
+        .form = content.form,
+        .canBeSaved = content.canBeSaved,
+        .isOfNotes = content.isOfNotes,
+        .summary = std::move(summary),
+    };
 }
 
 static void Leave(const Place& place, const std::string& summary) {
@@ -91,8 +98,8 @@ static void ShowKept(KeptList list) {
     const bool isSelected =
         theSelection.SelectionOwner == kVerseListOwns || theSelection.SelectionOwner == kReferenceListOwns;
     if (isSelected) DropSelection();
-    ListContent before =
-        ShowContent({list.number, Unpacked(list.verses), std::move(list.query), list.form, list.canBeSaved});
+    ListContent before = ShowContent(
+        {list.number, Unpacked(list.verses), std::move(list.query), list.form, list.canBeSaved, list.isOfNotes});
     KeepList(thePlaces, Kept(std::move(before), summary));
     ShowStatus(StatusPart::kSearchSummary, list.summary);
     if (ListCount(theVerseList.list) == 0) ShowStatus(StatusPart::kListEntry, "");

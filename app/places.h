@@ -40,6 +40,7 @@ struct KeptList {
     Query query;
     BookForm form = BookForm::kName;
     bool canBeSaved = false;
+    bool isOfNotes = false;
     std::string summary;
 };
 

@@ -8,19 +8,27 @@
 static constexpr int kBarSteps = 200;         // about the bar's width in pixels
 static constexpr ULONGLONG kUnseenFor = 150;  // milliseconds: avoids flicker when a search ends quickly
 
-static INT_PTR CALLBACK ProgressProcedure(HWND, UINT, WPARAM, LPARAM) {
-    return FALSE;
+static INT_PTR CALLBACK ProgressProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_INITDIALOG) SetWindowLongPtrA(dialog, GWLP_USERDATA, lParam);
+    if (message != WM_COMMAND) return FALSE;
+    auto* box = reinterpret_cast<SearchProgressBox*>(GetWindowLongPtrA(dialog, GWLP_USERDATA));
+    const int control = LOWORD(wParam);
+    if (box != nullptr && (control == IDOK || control == IDCANCEL)) box->isStopped = true;
+    return TRUE;
 }
 
 void CreateSearchProgress(SearchProgressBox& box, HWND owner) {
     if (box.dialog != nullptr) return;
-    box.dialog = CreateDialogParamA(GetModuleHandleA(nullptr), "SEARCHPROGRESS", owner, ProgressProcedure, 0);
+    const char* name = box.canStop ? "LISTPROGRESS" : "SEARCHPROGRESS";
+    box.dialog =
+        CreateDialogParamA(GetModuleHandleA(nullptr), name, owner, ProgressProcedure, reinterpret_cast<LPARAM>(&box));
     box.bar = GetDlgItem(box.dialog, IDC_SEARCH_PROGRESS);
 }
 
 void BeginSearchProgress(SearchProgressBox& box, HWND owner, const SearchRange& range) {
     CreateSearchProgress(box, owner);
     PlaceDialog(box.dialog);
+    box.isStopped = false;
     box.barStep = std::max(1, (range.EndVerse - range.StartVerse) / kBarSteps);
     box.shownVerse = range.StartVerse;
     box.startedAt = GetTickCount64();
@@ -29,7 +37,7 @@ void BeginSearchProgress(SearchProgressBox& box, HWND owner, const SearchRange& 
 }
 
 static void Show(const SearchProgressBox& box) {
-    if (!IsWindowVisible(box.dialog)) ShowWindow(box.dialog, SW_SHOWNA);
+    if (!IsWindowVisible(box.dialog)) ShowWindow(box.dialog, box.canStop ? SW_SHOW : SW_SHOWNA);
     UpdateWindow(box.dialog);
     UpdateWindow(box.bar);
 }
@@ -46,8 +54,20 @@ static void OnReached(void* device, int verse) {
     if (GetTickCount64() - box.startedAt >= kUnseenFor) Show(box);
 }
 
+// The other windows wait: what they did could change the sets that are searched.
+static bool GoesOn(void* device) {
+    const auto& box = *static_cast<const SearchProgressBox*>(device);
+    MSG message;
+    while (PeekMessageA(&message, box.dialog, 0, 0, PM_REMOVE)) {
+        if (IsDialogMessageA(box.dialog, &message)) continue;
+        TranslateMessage(&message);
+        DispatchMessageA(&message);
+    }
+    return !box.isStopped;
+}
+
 SearchProgress ProgressOf(SearchProgressBox& box) {
-    return {&box, OnReached};
+    return {&box, OnReached, box.canStop ? GoesOn : nullptr};
 }
 
 void ShowSearchEnd(SearchProgressBox& box, int verse) {
@@ -55,6 +75,8 @@ void ShowSearchEnd(SearchProgressBox& box, int verse) {
     Show(box);
 }
 
+// The owner is activated before, because the system might activate another program.
 void HideSearchProgress(const SearchProgressBox& box) {
+    if (GetActiveWindow() == box.dialog) SetActiveWindow(GetWindow(box.dialog, GW_OWNER));
     ShowWindow(box.dialog, SW_HIDE);
 }

@@ -5,6 +5,8 @@
 #include "win32/windows_api.h"
 
 struct SearchProgressBox {
+    bool canStop = false;    // the box has a button Cancel
+    bool isStopped = false;  // by that button
     HWND dialog = nullptr;
     HWND bar = nullptr;
     int barStep = 1;          // verses between updates of the bar
@@ -20,7 +22,8 @@ void CreateSearchProgress(SearchProgressBox& box, HWND owner);
 // time.
 void BeginSearchProgress(SearchProgressBox& box, HWND owner, const SearchRange& range);
 
-// Returns the callback that moves the bar; `box` must outlive it.
+// Returns the callbacks that move the bar and tell whether the user has cancelled; `box` must outlive them. Meanwhile
+// only the box gets messages.
 SearchProgress ProgressOf(SearchProgressBox& box);
 
 // Shows the box with its bar at `verse` while the result of the search is reported.

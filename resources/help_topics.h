@@ -19,6 +19,7 @@ inline constexpr char kTopicCopyRange[] = "ID_Edit_CopyRange";
 inline constexpr char kTopicSaveRange[] = "ID_File_SaveRange";
 inline constexpr char kTopicFormat[] = "ID_Edit_Format";
 inline constexpr char kTopicGotoNote[] = "ID_Notes_GotoVerse";
+inline constexpr char kTopicListNotes[] = "ID_Notes_List";
 inline constexpr char kTopicNoteEditor[] = "ID_Notes_Edit";
 inline constexpr char kTopicEarlierNotes[] = "ID_Notes_Earlier";
 inline constexpr char kTopicEarlierStates[] = "ID_Notes_States";

@@ -85,6 +85,7 @@
 #define IDM_FORWARD 331
 #define IDM_ZOOM_IN 332
 #define IDM_ZOOM_OUT 333
+#define IDM_LIST_NOTES 350
 #define IDM_NEAR_SEARCH 360
 #define IDM_REFRESH 900           // sent by a pane to its frame: the state of commands may have changed
 #define IDM_SHOW_REFERENCES 901   // sent by the Notes window: show the verses of the double-clicked line
@@ -97,6 +98,7 @@
 #define IDM_BEGIN_THUMB_DRAG 930  // sent by a pane when the thumb of its scroll bar is taken, and when it is let go
 #define IDM_END_THUMB_DRAG 931
 #define IDM_OFFER_MERGE 917  // sent at the end of the start: offer to merge what conflicts have left
+#define IDM_FOLLOW_LIST 940  // sent by the Verse List at rest: the note of its current entry is to be shown
 #define IDM_GOTO_BOOK 1000   // plus the number of the book, 1 to 66
 #define IDM_DEVOTIONAL 2000  // plus a verse index
 
@@ -172,6 +174,10 @@
 #define IDC_NEAR_IN_VERSES 104
 #define IDC_NEAR_DISTANCE 105
 #define IDC_NEAR_IN_ORDER 106
+#define IDC_LISTED_WORDS 10  // List Notes
+#define IDC_LIST_CURRENT_SET 11
+#define IDC_LIST_ALL_SETS 12
+#define IDC_LIST_IN_RANGE 13
 #define IDC_STOP_PRINTING 110  // Printing...
 #define IDC_PRINTED_PAGE 101
 #define IDC_SPLASH_LINE 111

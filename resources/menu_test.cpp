@@ -97,6 +97,7 @@ static constexpr ExpectedItem kCommands[] = {
     {331, "&Forward\tShift+Backspace"},
     {332, "&Larger\tCtrl+Plus"},
     {333, "&Smaller\tCtrl+Minus"},
+    {350, "L&ist Notes...\tCtrl+L"},
     {360, "Words Ne&ar Each Other...\tAlt+A"},
     {1001, "Genesis"},
     {1009, "1 Samuel"},
@@ -225,7 +226,7 @@ TEST(Accelerators, AreUnique) {
         });
         EXPECT_EQ(ItemsOf(accelerator.command).empty(), alone) << accelerator.key;
     }
-    EXPECT_EQ(keys.size(), 63u);
+    EXPECT_EQ(keys.size(), 64u);
 }
 
 TEST(Toolbar, HasOnlyCommandsOfTheMenu) {

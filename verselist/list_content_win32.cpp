@@ -3,22 +3,31 @@
 #include <utility>
 
 // Gives the pane another query, whose entries follow, and returns what it is filled with.
-static ListContent Exchange(int number, Query query) {
+static ListContent Exchange(int number, Query query, bool isOfNotes) {
     VerseListPane& pane = theVerseList;
-    ListContent before{pane.content, std::move(pane.list.ListEntries), std::move(pane.query), pane.references.form,
-                       pane.list.canBeSaved};
+    ListContent before{pane.content,          std::move(pane.list.ListEntries),
+                       std::move(pane.query), pane.references.form,
+                       pane.list.canBeSaved,  pane.isOfNotes};
     pane.content = number;
     pane.query = std::move(query);
+    pane.isOfNotes = isOfNotes;
     pane.known = {};
     return before;
 }
 
-static void BeginFilling(Query query) {
-    theVerseList.replaced = Exchange(++theVerseList.contents, std::move(query));
+static void BeginFilling(Query query, bool isOfNotes = false) {
+    theVerseList.replaced = Exchange(++theVerseList.contents, std::move(query), isOfNotes);
 }
 
 void ShowSearchResult(Query query, std::vector<std::int32_t> verses) {
     BeginFilling(std::move(query));
+    FillVerseList(theVerseList.list, std::move(verses));
+    ShowNewEntries(BookForm::kName);
+    FocusVerseList();
+}
+
+void ShowVersesWithNotes(std::vector<std::int32_t> verses) {
+    BeginFilling({}, true);
     FillVerseList(theVerseList.list, std::move(verses));
     ShowNewEntries(BookForm::kName);
     FocusVerseList();
@@ -38,7 +47,7 @@ void EmptyVerseList() {
 }
 
 ListContent ShowContent(ListContent content) {
-    ListContent before = Exchange(content.number, std::move(content.query));
+    ListContent before = Exchange(content.number, std::move(content.query), content.isOfNotes);
     FillWithReferences(theVerseList.list, std::move(content.verses));
     theVerseList.list.canBeSaved = content.canBeSaved;
     ShowNewEntries(content.form);

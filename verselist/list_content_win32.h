@@ -10,6 +10,10 @@
 // Shows the verses that `query` found in both views and sets the focus to the visible one.
 void ShowSearchResult(Query query, std::vector<std::int32_t> verses);
 
+// The same for verses with notes: no key words are marked, and while they are shown the list sends its frame
+// IDM_FOLLOW_LIST.
+void ShowVersesWithNotes(std::vector<std::int32_t> verses);
+
 // Shows the verses of a cross-reference line in both views. The Reference List shows abbreviated references, no key
 // words are marked, and the focus does not change.
 void ShowReferences(const std::vector<std::int32_t>& verses);

@@ -188,6 +188,11 @@ void RestoreDeletedEntries() {
 
 // ---- The pane -------------------------------------------------------------------------------------------------------
 
+// Whether the entry is another one, the frame finds out.
+static void TellEntry() {
+    if (theVerseList.isOfNotes) SendCommand(FrameOf(theVerseList.window), IDM_FOLLOW_LIST);
+}
+
 static bool HasText() {
     return ListCount(theVerseList.list) > 0 && HasFaces(theVerseList.faces);
 }
@@ -197,6 +202,7 @@ static void ShowPosition() {
     const int verse = list.ListEntries[static_cast<std::size_t>(list.ListTop)];
     ShowStatus(StatusPart::kListEntry, ReferenceText(theScripture.records, verse, BookForm::kName));
     MoveScrollBox(theVerseList, list.ListTop);
+    TellEntry();
 }
 
 static void LayOutText(const RECT& client) {
@@ -439,6 +445,12 @@ static bool NeedsLines(UINT message) {
     return true;
 }
 
+// The caret may have come to another line. The system sends WM_PAINT when no more keys wait.
+static void AwaitPaint(HWND box) {
+    static constexpr RECT kPixel{0, 0, 1, 1};
+    if (theVerseList.isOfNotes) InvalidateRect(box, &kPixel, FALSE);
+}
+
 static LRESULT CALLBACK ReferencesProcedure(HWND box, UINT message, WPARAM wParam, LPARAM lParam) {
     if (NeedsLines(message)) FillReferenceList();
     switch (message) {
@@ -452,7 +464,11 @@ static LRESULT CALLBACK ReferencesProcedure(HWND box, UINT message, WPARAM wPara
         case WM_COMMAND: return OnReferencesCommand(LOWORD(wParam)), 0;
     }
     const LRESULT result = PassToBox(theVerseList.references, message, wParam, lParam);
-    if (MayChangeMarks(message)) FollowMarkedLines(message != WM_KILLFOCUS && GetFocus() == box);
+    if (MayChangeMarks(message)) {
+        FollowMarkedLines(message != WM_KILLFOCUS && GetFocus() == box);
+        AwaitPaint(box);
+    }
+    if (message == WM_PAINT) TellEntry();
     if (message == WM_SETFOCUS || message == WM_KILLFOCUS) RefreshFrame();
     return result;
 }

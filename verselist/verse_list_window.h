@@ -16,12 +16,14 @@ struct ListContent {
     Query query;
     BookForm form = BookForm::kName;  // of the Reference List
     bool canBeSaved = false;
+    bool isOfNotes = false;  // as in VerseListPane
 };
 
 struct VerseListPane : ReadingPane {
     ReferenceList references;
     VerseList list;
     Query query;                // the search that filled the list; empty for cross-references
+    bool isOfNotes = false;     // the frame is told when another entry is the current one
     int content = 0;            // its number
     int contents = 0;           // the highest number yet
     ListContent replaced;       // by the last filling, until it is taken

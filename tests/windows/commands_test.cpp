@@ -37,6 +37,7 @@ static constexpr int kEnabledAtStart[] = {
     IDM_SEARCH_NOTES,    IDM_CREATE_NOTE_SET,
     IDM_DELETE_NOTE_SET, IDM_RENAME_NOTE_SET,
     IDM_EARLIER_NOTES,   IDM_EARLIER_STATES,
+    IDM_LIST_NOTES,
 };
 
 // Commands that need search results, a selection or the focus.
@@ -173,7 +174,8 @@ INSTANTIATE_TEST_SUITE_P(
                     Opening{IDM_PHRASE_SEARCH, "Alt+p", "Phrase Search"},
                     Opening{IDM_WORD_LIST_SEARCH, "Alt+l", "Word Search"},
                     Opening{IDM_NEAR_SEARCH, "Alt+a", "Words Near Each Other"},
-                    Opening{IDM_SET_RANGE, "", "Set Search Range"}, Opening{IDM_GOTO_VERSE, "Alt+g", "Go To Verse"},
+                    Opening{IDM_LIST_NOTES, "Ctrl+l", "List Notes"}, Opening{IDM_SET_RANGE, "", "Set Search Range"},
+                    Opening{IDM_GOTO_VERSE, "Alt+g", "Go To Verse"},
 
                     Opening{IDM_PASSAGE_FONT, "", "Font"}, Opening{IDM_HIGHLIGHT_COLOR, "", "Color"}),
     [](const auto& row) { return "Of" + std::to_string(row.param.command); });

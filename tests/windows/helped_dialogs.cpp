@@ -15,6 +15,7 @@ static constexpr HelpedDialog kDialogs[] = {
     {IDM_PRINT_RANGE, "Print Range", "ID_File_PrintRange"},
     {IDM_FORMAT, "Copy/Save Format", "ID_Edit_Format"},
     {IDM_GOTO_NOTE, "Go to Note for Verse", "ID_Notes_GotoVerse"},
+    {IDM_LIST_NOTES, "List Notes", "ID_Notes_List"},
     {IDM_SEARCH_NOTES, "Search Note Set My Notes", "ID_Search_Notes"},
     {IDM_CREATE_NOTE_SET, "Create New Note Set", "ID_Notes_Create"},
     {IDM_EARLIER_NOTES, "Earlier Notes for Genesis 1:1 in \"My Notes\"", "ID_Notes_Earlier"},

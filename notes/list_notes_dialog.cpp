@@ -1,0 +1,102 @@
+#include "notes/list_notes_dialog.h"
+
+#include <string>
+#include <utility>
+
+#include "notes/note_capitals_win32.h"
+#include "notes/note_files_win32.h"
+#include "notes/search_progress_dialog.h"
+#include "resources/help_topics.h"
+#include "resources/ids.h"
+#include "search/search_dialog.h"
+#include "win32/code_page.h"
+#include "win32/controls.h"
+#include "win32/dialogs.h"
+#include "win32/help_viewer.h"
+
+namespace {
+
+// What was chosen the last time.
+struct Choices {
+    std::wstring words;
+    bool substrings = false, allSets = true, inRange = false;
+};
+
+}  // namespace
+
+static Choices theChoices;
+static ListedNotes theListed;          // of the open dialog
+static SearchProgressBox theProgress;  // hidden between its searches
+
+static void Fill(HWND dialog) {
+    SendDlgItemMessageA(dialog, IDC_LISTED_WORDS, EM_LIMITTEXT, kNoteSearchTextLimit, 0);
+    SetDlgItemTextW(dialog, IDC_LISTED_WORDS, theChoices.words.c_str());
+    SetChecked(dialog, IDC_SUBSTRING, theChoices.substrings);
+    SetChecked(dialog, theChoices.allSets ? IDC_LIST_ALL_SETS : IDC_LIST_CURRENT_SET, true);
+    SetChecked(dialog, IDC_LIST_IN_RANGE, theChoices.inRange);
+}
+
+static void Read(HWND dialog) {
+    theChoices.words = WideControlText(dialog, IDC_LISTED_WORDS, kNoteSearchTextLimit);
+    theChoices.substrings = IsChecked(dialog, IDC_SUBSTRING);
+    theChoices.allSets = IsChecked(dialog, IDC_LIST_ALL_SETS);
+    theChoices.inRange = IsChecked(dialog, IDC_LIST_IN_RANGE);
+}
+
+static ListedNotesQuery QueryOfChoices(const LetterTable& letters) {
+    ListedNotesQuery query;
+    for (const std::u16string& word : WordsTyped(LettersOf(theChoices.words)))
+        query.words.push_back(TextInCapitals(letters, NoteOfLetters(TheNoteFiles().codePage, word)));
+    query.substrings = theChoices.substrings;
+    if (theChoices.inRange) query.range = theSearch.range;
+    return query;
+}
+
+static std::span<NoteSet> ChosenSets() {
+    if (theChoices.allSets) return theNoteSets.sets;
+    return {CurrentSet(theNoteSets), 1};
+}
+
+// The mouse is not captured as in other searches, because it may press Cancel.
+static ListedNotes Search(HWND dialog) {
+    const LetterTable letters = SystemLetters();
+    const ListedNotesQuery query = QueryOfChoices(letters);
+    const HCURSOR before = SetCursor(LoadCursorA(nullptr, IDC_WAIT));
+    BeginSearchProgress(theProgress, dialog, {0, ListingSteps(ChosenSets(), query)});
+    ListedNotes listed = ListNotes(TheNoteFiles(), ChosenSets(), letters, query, ProgressOf(theProgress));
+    HideSearchProgress(theProgress);
+    SetCursor(before);
+    return listed;
+}
+
+static const char* WhyNone() {
+    if (theListed.unreadableSets > 0) return kCannotReadNote;
+    return theChoices.words.empty() ? "No verses with notes." : "No verses with notes that have these words.";
+}
+
+static void List(HWND dialog) {
+    Read(dialog);
+    theListed = Search(dialog);
+    if (!theListed.isStopped && !theListed.verses.empty()) {
+        EndDialog(dialog, IDOK);
+        return;
+    }
+    if (!theListed.isStopped) MessageBoxA(dialog, WhyNone(), "Search Results", MB_OK | MB_ICONINFORMATION);
+    SelectField(dialog, IDC_LISTED_WORDS);
+}
+
+static void OnCommand(HWND dialog, int control, UINT) {
+    switch (control) {
+        case IDOK: List(dialog); break;
+        case IDC_RANGE: AskSearchRange(dialog); break;
+        case IDC_HELP_BUTTON: OpenHelpTopic(dialog, kHelpFile, kTopicListNotes); break;
+    }
+}
+
+std::optional<ListedNotes> AskNotesToList(HWND frame) {
+    if (theNoteSets.sets.empty()) return std::nullopt;
+    theProgress.canStop = true;
+    const bool isListed = RunDialog(frame, {"LISTNOTES", Fill, OnCommand}) == IDOK;
+    theProgress = {};  // the box was the dialog's
+    return isListed ? std::optional(std::move(theListed)) : std::nullopt;
+}
