@@ -1,7 +1,8 @@
 // The floor for starting the program, resizing its frame, scrolling, showing a list and showing a note: creates the
-// program's menu and controls, loads its files, places its panes and paints verses there in the simplest way. A step
-// moves what is on the screen and paints the line that comes into view; status bar and scroll box follow when no more
-// input is waiting. Its Word Search does not search: OK closes the dialog and shows verses that were not searched for.
+// program's menu and controls behind its splash, loads its files, places its panes and paints verses there in the
+// simplest way. A step moves what is on the screen and paints the line that comes into view; status bar and scroll box
+// follow when no more input is waiting. Its Word Search does not search: OK closes the dialog and shows verses that
+// were not searched for.
 
 #include <algorithm>
 #include <fstream>
@@ -23,7 +24,7 @@
 namespace {
 
 struct BareProgram {
-    HWND frame = nullptr, toolbar = nullptr, statusBar = nullptr;
+    HWND frame = nullptr, splash = nullptr, toolbar = nullptr, statusBar = nullptr;
     HWND listTabs = nullptr, passageTabs = nullptr, noteTabs = nullptr;
     HWND list = nullptr, references = nullptr, passage = nullptr;
     HWND notes = nullptr, noteView = nullptr, editor = nullptr, noteEdit = nullptr;
@@ -307,8 +308,19 @@ static void OnCommand(HWND frame, int command, HWND, UINT) {
 
 // ---- The frame ------------------------------------------------------------------------------------------------------
 
+static INT_PTR CALLBACK SplashProcedure(HWND, UINT message, WPARAM, LPARAM) {
+    return message == WM_INITDIALOG;
+}
+
+static void ShowSplash(HWND frame) {
+    bare.splash = CreateDialogParamA(GetModuleHandleA(nullptr), "SPLASHSCREEN", frame, SplashProcedure, 0);
+    ShowWindow(bare.splash, SW_SHOWNA);
+    UpdateWindow(bare.splash);
+}
+
 static BOOL OnCreate(HWND window, CREATESTRUCTA*) {
     bare.frame = window;
+    ShowSplash(window);
     CreateControls();
     const LOGFONTA record = FontRecord(FontChoice{}, DpiOf(window));
     bare.font = CreateFontIndirectA(&record);
@@ -362,6 +374,7 @@ int WINAPI WinMain(HINSTANCE program, HINSTANCE, LPSTR, int showState) {
     if (!frame) return 1;
     ShowWindow(frame, showState);
     UpdateWindow(frame);
+    DestroyWindow(bare.splash);
     MSG message;
     while (GetMessageA(&message, nullptr, 0, 0) > 0) {
         TranslateMessage(&message);
