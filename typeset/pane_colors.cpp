@@ -80,6 +80,10 @@ PaneColors PaneColorsFor(const SystemLook& system, const ColorWishes& wishes) {
             .underlinesKeyWords = system.isHighContrast};
 }
 
+std::uint32_t BarColorOf(const PaneColors& colors) {
+    return ContrastOf(colors.keyWord, colors.paper) >= kVisibleContrast ? colors.keyWord : colors.text;
+}
+
 // ---- The chosen colour ----------------------------------------------------------------------------------------------
 
 static constexpr char kFromUser[] = "user";

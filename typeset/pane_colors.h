@@ -48,6 +48,10 @@ bool IsDarkColor(std::uint32_t color);
 // be read otherwise. In all other cases it is as chosen.
 PaneColors PaneColorsFor(const SystemLook& system, const ColorWishes& wishes);
 
+// The colour of bars on the paper: that of key words or, if it is hard to see there, that of the text.
+std::uint32_t BarColorOf(const PaneColors& colors);
+inline constexpr double kVisibleContrast = 3;  // of what is no text, by the same guidelines
+
 // Has the user chosen the key-word colour `stored` in Versewell.INI? `storedFrom` is the setting KeyColorFrom of
 // Versewell.more.ini (KeyColorFromOf); it is empty if an older version of the program has written the colour, which
 // stores that of the system too. Then it counts as chosen unless it is the system's colour now.

@@ -78,6 +78,14 @@ TEST(PaneColors, KeepTheHueOfAKeyWord) {
     EXPECT_EQ(green, blue);
 }
 
+TEST(BarColor, IsThatOfKeyWordsIfItCanBeSeen) {
+    EXPECT_EQ(BarColorOf({kWhite, kBlack, kBlue}), kBlue);
+    EXPECT_EQ(BarColorOf({kWhite, kBlack, kWhite}), kBlack);
+    EXPECT_EQ(BarColorOf({kWhite, kBlack, 0x00FFFF}), kBlack) << "yellow on white";
+    EXPECT_EQ(BarColorOf({kBlack, kWhite, 0x00FFFF}), 0x00FFFFu);
+    EXPECT_EQ(BarColorOf({kBlack, kWhite, kWhite, true}), kWhite) << "a contrast theme";
+}
+
 TEST(Contrast, IsThatOfTheGuidelines) {
     EXPECT_DOUBLE_EQ(ContrastOf(kBlack, kWhite), 21.0);
     EXPECT_DOUBLE_EQ(ContrastOf(kWhite, kBlack), 21.0);
