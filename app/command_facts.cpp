@@ -32,6 +32,7 @@ unsigned FactsOf(const FactSources& sources) {
         {kPanesAsSystem, sources.darkPanes == kDarkAsSystem},
         {kCanGoBack, sources.canGoBack},
         {kCanGoForward, sources.canGoForward},
+        {kHitsShown, sources.hitsShown},
     };
     unsigned facts = 0;
     for (const auto& [fact, holds] : kRows) facts |= holds ? fact : 0u;

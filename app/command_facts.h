@@ -37,6 +37,7 @@ enum Fact : unsigned {
     kPanesAsSystem = 1u << 22,
     kCanGoBack = 1u << 23,
     kCanGoForward = 1u << 24,
+    kHitsShown = 1u << 25,
 };
 
 struct FactSources {
@@ -55,6 +56,7 @@ struct FactSources {
     int darkPanes = kDarkOff;
     bool canGoBack = false;
     bool canGoForward = false;
+    bool hitsShown = false;
 };
 
 unsigned FactsOf(const FactSources& sources);

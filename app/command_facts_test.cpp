@@ -22,10 +22,11 @@ unsigned FactsOf(const State& state, bool passageFocused = false, bool bound = f
 TEST(CommandFacts, HaveOneBitEach) {
     unsigned others = 0;
     for (const unsigned fact :
-         {kListHasVerses, kPassageFocused, kHasSelection,   kNotEditing,  kParagraphs,   kItalicShown,  kBracketsShown,
-          kNormalShown,   kListShown,      kPassageShown,   kNotesShown,  kToolbarShown, kNotesBound,   kListCanBeSaved,
-          kCanCut,        kCanPaste,       kNotesCanChange, kCanUndo,     kCanRedo,      kCanSelectAll, kPanesLight,
-          kPanesDark,     kPanesAsSystem,  kCanGoBack,      kCanGoForward}) {
+         {kListHasVerses, kPassageFocused, kHasSelection, kNotEditing,   kParagraphs,     kItalicShown,
+          kBracketsShown, kNormalShown,    kListShown,    kPassageShown, kNotesShown,     kToolbarShown,
+          kNotesBound,    kListCanBeSaved, kCanCut,       kCanPaste,     kNotesCanChange, kCanUndo,
+          kCanRedo,       kCanSelectAll,   kPanesLight,   kPanesDark,    kPanesAsSystem,  kCanGoBack,
+          kCanGoForward,  kHitsShown}) {
         EXPECT_TRUE(std::has_single_bit(fact)) << fact;
         EXPECT_EQ(others & fact, 0u) << fact;
         others |= fact;
@@ -48,6 +49,14 @@ TEST(CommandFacts, TellWhetherPlacesWereLeft) {
     EXPECT_EQ(FactsOf(sources), atStart | kCanGoBack);
     sources.canGoForward = true;
     EXPECT_EQ(FactsOf(sources), atStart | kCanGoBack | kCanGoForward);
+}
+
+TEST(CommandFacts, TellWhetherHitsAreShown) {
+    const State state;
+    FactSources sources{state.list, state.selection, state.reading, state.shown};
+    const unsigned without = FactsOf(sources);
+    sources.hitsShown = true;
+    EXPECT_EQ(FactsOf(sources), without | kHitsShown);
 }
 
 TEST(CommandFacts, DependOnEachSource) {

@@ -8,6 +8,7 @@
 #include "app/frame_commands_win32.h"
 #include "app/frame_look_win32.h"
 #include "app/frame_win32.h"
+#include "app/hits_commands_win32.h"
 #include "app/note_commands_win32.h"
 #include "app/note_set_commands_win32.h"
 #include "app/output_commands_win32.h"
@@ -23,6 +24,7 @@
 #include "passage/passage_window.h"
 #include "resources/ids.h"
 #include "scripture/books.h"
+#include "verselist/hits_strip_window.h"
 #include "verselist/verse_list_window.h"
 #include "win32/files.h"
 
@@ -42,6 +44,7 @@ static constexpr Command kCommands[] = {
     {IDM_COPY_RANGE, CopyRange, kAlways, 0, {ButtonGroup::kCopy, 7}, {"Copy a Range of Verses"}},
     {IDM_COPY_VERSE_LIST, CopyVerseList, kListHasVerses, 0, {ButtonGroup::kCopy, 8}, {"Copy the Verse List"}},
     {IDM_COPY_REFERENCES, CopyReferences, kListHasVerses, 0, {ButtonGroup::kCopy, 9}, {"Copy the Reference List"}},
+    {IDM_COPY_HITS, CopyHits, kListHasVerses},
     {IDM_FORMAT, ChooseFormat},
     {IDM_SAVE_RANGE, SaveRange, kAlways, 0, {}, {"Save a Range of verses"}},
     {IDM_SAVE_VERSE_LIST, SaveVerseList, kListCanBeSaved, 0, {}, {"Save the Verse List"}},
@@ -125,6 +128,8 @@ static constexpr Command kCommands[] = {
     {IDM_VIEW_LIST, TogglePane, kAlways, kListShown, {ButtonGroup::kView, 14}, {"Show/Hide Verse List Window"}},
     {IDM_VIEW_PASSAGE, TogglePane, kAlways, kPassageShown, {ButtonGroup::kView, 15}, {"Show/Hide Passage Window"}},
     {IDM_VIEW_NOTES, TogglePane, kAlways, kNotesShown, {ButtonGroup::kView, 16}, {"Show/Hide Notes Window"}},
+    {IDM_VIEW_HITS, ToggleHits, kListShown, kHitsShown},
+    {IDM_LIST_CHANGED, ShowHitsOfList},
     {IDM_VIEW_TOOLBAR, ToggleToolbar, kAlways, kToolbarShown},
     {IDM_PARAGRAPH_FORMAT, ToggleParagraphFormat, kAlways, kParagraphs},
     {IDM_ITALIC_TEXT, SetItalics, kAlways, kItalicShown},
@@ -220,6 +225,7 @@ unsigned CurrentFacts() {
         .darkPanes = thePaneLook.DarkPanes,
         .canGoBack = CanGoBack(),
         .canGoForward = CanGoForward(),
+        .hitsShown = theHitsStrip.HitsByBook != 0,
     });
 }
 

@@ -67,6 +67,13 @@ FrameLayout LayOutFrame(const FrameSize& size, const ShownPanes& shown, bool edi
     return layout;
 }
 
+ListPlaces DivideListRoom(const PanePlace& room, int stripWidth) {
+    const auto& [x, y, width, height] = room.place;
+    const int strip = std::min(stripWidth, width / 3);
+    if (!room.shown || strip <= 0) return {room, {}};
+    return {ShownAt(x, y, width - strip, height), ShownAt(x + width - strip, y, strip, height)};
+}
+
 // ---- Dividers -------------------------------------------------------------------------------------------------------
 
 static bool IsWithin(int value, int from, int size) {

@@ -50,6 +50,13 @@ struct FrameLayout {
 FrameLayout LayOutFrame(const FrameSize& size, const ShownPanes& shown, bool editingNote,
                         const PaneShares& shares = {});
 
+// What the list and the strip at its right edge have of the room of both. The strip has `stripWidth`, but at most a
+// third of the room, and is hidden if that is 0.
+struct ListPlaces {
+    PanePlace list, strip;
+};
+ListPlaces DivideListRoom(const PanePlace& room, int stripWidth);
+
 // The line between list and Passage, and the one above the notes. Each is there if there are panes on both sides.
 enum class Divider { kNone, kBesideList, kAboveNotes };
 

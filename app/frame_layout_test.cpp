@@ -51,6 +51,22 @@ TEST(LayOutFrame, DividesTheFrameAmongTheShownPanes) {
     }
 }
 
+TEST(DivideListRoom, GivesTheStripTheRightEdge) {
+    const PanePlace room{true, {4, 30, 400, 270}};
+    const ListPlaces both = DivideListRoom(room, 48);
+    EXPECT_EQ(PlaceOf(both.list), (Area{4, 30, 352, 270}));
+    EXPECT_EQ(PlaceOf(both.strip), (Area{356, 30, 48, 270}));
+    const ListPlaces narrow = DivideListRoom({true, {0, 0, 100, 50}}, 48);
+    EXPECT_EQ(PlaceOf(narrow.list), (Area{0, 0, 67, 50}));
+    EXPECT_EQ(PlaceOf(narrow.strip), (Area{67, 0, 33, 50}));
+    for (const auto& [place, width] : {std::pair{room, 0}, {PanePlace{true, {0, 0, 2, 50}}, 48}}) {
+        EXPECT_EQ(PlaceOf(DivideListRoom(place, width).list), place.place);
+        EXPECT_EQ(PlaceOf(DivideListRoom(place, width).strip), kHidden);
+    }
+    EXPECT_EQ(PlaceOf(DivideListRoom({}, 48).list), kHidden);
+    EXPECT_EQ(PlaceOf(DivideListRoom({}, 48).strip), kHidden);
+}
+
 TEST(LayOutFrame, RoundsDownWithoutGaps) {
     const FrameLayout layout = LayOutFrame({801, 603, 26, 22}, {}, false);
     EXPECT_EQ(layout.list.place, (Area{0, 28, 400, 304}));

@@ -6,11 +6,12 @@
 #include "pane/pane_look_win32.h"
 #include "passage/passage_window.h"
 #include "resources/ids.h"
+#include "verselist/hits_strip_window.h"
 #include "verselist/verse_list_window.h"
 
 static void DarkenPanes() {
-    for (const HWND pane :
-         {thePassage.window, theVerseList.window, theVerseList.references.window, theNotes.view, theNoteEdit.window}) {
+    for (const HWND pane : {thePassage.window, theVerseList.window, theVerseList.references.window, theHitsStrip.window,
+                            theNotes.view, theNoteEdit.window}) {
         DarkenScrollBars(pane);
     }
     DarkenTitle(theFrame.window);

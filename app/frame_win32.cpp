@@ -11,6 +11,7 @@
 #include "pane/status_bar_win32.h"
 #include "passage/passage_window.h"
 #include "resources/ids.h"
+#include "verselist/hits_strip_window.h"
 #include "verselist/verse_list_window.h"
 #include "win32/controls.h"
 #include "win32/dpi.h"
@@ -73,13 +74,20 @@ static PanePlace DisplayArea(HWND tabs, const PanePlace& pane) {
     return {pane.shown, {room.left, room.top, size(room.left, room.right), size(room.top, room.bottom)}};
 }
 
+static int WidthOfHitsStrip() {
+    return theHitsStrip.HitsByBook != 0 ? Scaled(theFrame.window, kHitsStripWidth) : 0;
+}
+
 // The tab controls must have their place: their width decides how many rows of tabs are above the panes.
 static void PlaceInTabs(const FrameLayout& layout) {
-    const PanePlace list = DisplayArea(theFrame.listTabs, layout.list);
+    const auto [list, strip] = DivideListRoom(DisplayArea(theFrame.listTabs, layout.list), WidthOfHitsStrip());
     const PanePlace notes = DisplayArea(theNoteTabs.window, layout.notes);
     const PanePlace view{notes.shown, {0, 0, notes.place.width, notes.place.height}};
+    if (!strip.shown) Show(theHitsStrip.window, false);
     Place({theVerseList.window, list});
     Place({theVerseList.references.window, list});
+    Place({theHitsStrip.window, strip});
+    if (strip.shown) Show(theHitsStrip.window, true);
     Place({thePassage.window, DisplayArea(theFrame.passageTabs, layout.passage)});
     Place({theNotes.window, notes});
     Place({theNotes.view, view});

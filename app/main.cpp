@@ -18,6 +18,7 @@
 #include "notes/notes_window.h"
 #include "passage/passage_window.h"
 #include "scripture/scripture.h"
+#include "verselist/hits_strip_window.h"
 #include "verselist/verse_list_window.h"
 #include "win32/controls.h"
 #include "win32/files.h"
@@ -34,8 +35,8 @@ static constexpr char kFailureText[] =
     "file.";
 
 static bool RegisterClasses() {
-    return RegisterFrameClass() && RegisterPassageClass() && RegisterVerseListClass() && RegisterNotesClass() &&
-           RegisterNoteEditorClass();
+    return RegisterFrameClass() && RegisterPassageClass() && RegisterVerseListClass() && RegisterHitsStripClass() &&
+           RegisterNotesClass() && RegisterNoteEditorClass();
 }
 
 // The system destroyed the frame whose creation failed, which posted WM_QUIT. It is removed here, because the message

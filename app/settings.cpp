@@ -251,6 +251,7 @@ static SettingRows MoreRows(MoreSettings& settings) {
         {"OPTIONS", "DarkPanes", IntegerField{&settings.DarkPanes, kDarkOff}},
         {"VIEW", "ListShare", IntegerField{&settings.shares.ListShare, PaneShares{}.ListShare}},
         {"VIEW", "UpperShare", IntegerField{&settings.shares.UpperShare, PaneShares{}.UpperShare}},
+        {"VIEW", "HitsByBook", IntegerField{&settings.HitsByBook, 0}},
         {"SEARCH", "NearUnit", IntegerField{&settings.nearOptions.Unit, kNearInWords}},
         {"SEARCH", "NearDistance", IntegerField{&settings.nearOptions.Distance, NearOptions{}.Distance}},
         {"SEARCH", "NearInOrder", IntegerField{&settings.nearOptions.InOrder, 0}},

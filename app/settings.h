@@ -70,6 +70,7 @@ struct MoreSettings {
     std::string KeyColorFrom{};
     int DarkPanes = 0;  // a DarkPanesChoice; other values are kept and mean off
     PaneShares shares{};
+    int HitsByBook = 0;  // is the strip shown?
     NearOptions nearOptions{};
     // What the taskbar offers of an installed copy (app/last_verses.h).
     std::string LastVerses{};

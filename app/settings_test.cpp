@@ -311,6 +311,17 @@ TEST(MoreSettings, HaveTheChoiceOfColors) {
     EXPECT_TRUE(profile.values.empty());
 }
 
+TEST(MoreSettings, SayWhetherHitsAreShown) {
+    FakeProfile profile;
+    EXPECT_EQ(LoadMoreSettings(DeviceOver(profile)).HitsByBook, 0);
+    SaveMoreSettings(DeviceOver(profile), {.CurrentSet = "", .HitsByBook = 1});
+    EXPECT_EQ(profile.writes, std::vector<std::string>{"VIEW/HitsByBook=1"});
+    EXPECT_EQ(LoadMoreSettings(DeviceOver(profile)).HitsByBook, 1);
+    SaveMoreSettings(DeviceOver(profile), {});
+    EXPECT_EQ(LoadMoreSettings(DeviceOver(profile)).HitsByBook, 0);
+    EXPECT_TRUE(profile.values.empty());
+}
+
 TEST(MoreSettings, HaveTheSharesOfThePanes) {
     FakeProfile profile;
     MoreSettings settings;

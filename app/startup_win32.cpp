@@ -24,6 +24,7 @@
 #include "scripture/scripture.h"
 #include "scripture/scripture_win32.h"
 #include "search/search_dialog.h"
+#include "verselist/hits_strip_window.h"
 #include "verselist/verse_list_window.h"
 #include "win32/controls.h"
 #include "win32/files.h"
@@ -67,6 +68,7 @@ static ProfileFile FirstMoreSettings() {
 
 static void CreatePanes(HWND frame) {
     CreateVerseList(theFrame.listTabs);
+    CreateHitsStrip(theFrame.listTabs);
     CreatePassage(theFrame.passageTabs);
     CreateNotesPane(theNoteTabs.window);
     CreateNoteEditor(frame);
@@ -108,6 +110,7 @@ static void TakeOver(const Settings& settings) {
 static void TakeOver(const MoreSettings& settings) {
     thePaneLook.DarkPanes = settings.DarkPanes;
     theFrame.shares = settings.shares;
+    theHitsStrip.HitsByBook = settings.HitsByBook;
     thePaneLook.isKeyColorChosen =
         IsKeyColorChosen(theReading.KeyHighlightColor, settings.KeyColorFrom, GetSysColor(COLOR_HIGHLIGHT));
     theFrame.ownSets = settings.OwnSets;
@@ -126,6 +129,7 @@ static MoreSettings CurrentMoreSettings() {
         .KeyColorFrom = KeyColorFromOf(thePaneLook.isKeyColorChosen, theReading.KeyHighlightColor),
         .DarkPanes = thePaneLook.DarkPanes,
         .shares = theFrame.shares,
+        .HitsByBook = theHitsStrip.HitsByBook,
         .nearOptions = theSearch.nearOptions,
         .LastVerses = TextOfLastVerses(theFrame.lastVerses),
     };

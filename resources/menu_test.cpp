@@ -97,6 +97,8 @@ static constexpr ExpectedItem kCommands[] = {
     {331, "&Forward\tShift+Backspace"},
     {332, "&Larger\tCtrl+Plus"},
     {333, "&Smaller\tCtrl+Minus"},
+    {340, "&Hits by Book\tShift+F2"},
+    {341, "Copy &Hits by Book\tShift+F7"},
     {350, "L&ist Notes...\tCtrl+L"},
     {360, "Words Ne&ar Each Other...\tAlt+A"},
     {1001, "Genesis"},
@@ -226,7 +228,7 @@ TEST(Accelerators, AreUnique) {
         });
         EXPECT_EQ(ItemsOf(accelerator.command).empty(), alone) << accelerator.key;
     }
-    EXPECT_EQ(keys.size(), 64u);
+    EXPECT_EQ(keys.size(), 66u);
 }
 
 TEST(Toolbar, HasOnlyCommandsOfTheMenu) {

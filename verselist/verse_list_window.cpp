@@ -81,6 +81,7 @@ void ShowNewEntries(BookForm form) {
     if (ShowsReferences()) FillReferenceList();
     SetRangeOfScrollBar();
     RedisplayVerseList();
+    SendCommand(FrameOf(theVerseList.window), IDM_LIST_CHANGED);
 }
 
 HWND ShownListView() {
@@ -162,6 +163,7 @@ static void ShowChangedEntries(int place, int topLine) {
     ShowStatus(StatusPart::kListEntry, "");
     SetRangeOfScrollBar();
     RedisplayVerseList();
+    SendCommand(FrameOf(theVerseList.window), IDM_LIST_CHANGED);
     RefreshFrame();
 }
 
@@ -288,6 +290,7 @@ static std::vector<MenuRow> Rows(int verseIndex) {
         {IDM_COPY_VERSE_LIST, "Copy Verse List\t"},
         {IDM_SAVE_VERSE_LIST, "Save Verse List..."},
         {IDM_PRINT_VERSE_LIST, "Print Verse List..."},
+        {IDM_COPY_HITS, "Copy Hits by Book\t"},
         {},
         {IDM_CONTEXT, "Read Context of " + verse + "\tEnter"},
         {},
@@ -338,7 +341,8 @@ static void OnCommand(int command) {
         case IDM_NOTE_FOR_LIST: SendForRow(command); break;
         case IDM_COPY_VERSE_LIST:
         case IDM_SAVE_VERSE_LIST:
-        case IDM_PRINT_VERSE_LIST: SendCommand(FrameOf(theVerseList.window), command); break;
+        case IDM_PRINT_VERSE_LIST:
+        case IDM_COPY_HITS: SendCommand(FrameOf(theVerseList.window), command); break;
     }
 }
 

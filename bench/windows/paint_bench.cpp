@@ -1,5 +1,6 @@
 // Benchmarks one paint of the Passage (1200 x 700) with the program's layout, faces and canvas against two floors, and
-// one of the Verse List on a large screen against the Passage's. Must be started in the folder of the scripture files.
+// one of the Verse List on a large screen against the Passage's, and the drawing of Hits by Book. Must be started in
+// the folder of the scripture files.
 
 #include <algorithm>
 #include <cstdio>
@@ -14,6 +15,7 @@
 #include "scripture/scripture.h"
 #include "scripture/scripture_win32.h"
 #include "search/key_word_marks.h"
+#include "verselist/hits_painting_win32.h"
 #include "verselist/verse_list_flow.h"
 
 static constexpr RECT kClient{0, 0, 1200, 700};
@@ -23,6 +25,7 @@ static constexpr double kMostTimesWordByWord = 1.0;
 static constexpr double kMostTimesFaceByFace = 1.5;
 static constexpr double kMostAboveOnePaint = 2.0;  // limit for page up, milliseconds
 static constexpr double kMostTimesPassage = 1.5;
+static constexpr double kMostForHits = 0.2;     // limit for the strip of Hits by Book, milliseconds
 static constexpr double kMostForStamps = 0.02;  // limit for comparing the files of sets, of one paint
 
 namespace {
@@ -239,6 +242,25 @@ static void CompareLists(Bench& bench) {
     }
 }
 
+// The strip is drawn from the list: counted, laid out and painted each time.
+static void MeasureHits(Bench& bench) {
+    const Query query = QueryOf("the", {}, QueryKind::kWords);
+    const VerseList list = ListOfCommonWord(bench.scripture, query);
+    const PerBook<int> words = CountWordsOfBooks(bench.scripture);
+    const PaneColors colors{.paper = GetSysColor(COLOR_WINDOW),
+                            .text = GetSysColor(COLOR_WINDOWTEXT),
+                            .keyWord = GetSysColor(COLOR_HIGHLIGHT)};
+    for (const int height : {400, 2000}) {
+        const RECT client{0, 0, 44, height};
+        const auto draw = [&] {
+            const PerBook<HitsOfBook> hits = HitsOfEntries(bench.scripture.records, list.ListEntries, words);
+            DrawHits(bench.screen, client, {LayOutHits(hits, client.right - 4, height, 2), 45}, colors);
+        };
+        PrintLimited("Hits by Book from the list of \"the\", 44 x " + std::to_string(height),
+                     MediansInTurns(kRounds, {draw})[0], kMostForHits, "ms");
+    }
+}
+
 static NoteSet WrittenSet(const char* name) {
     NoteSet set = EmptyNoteSet(name);
     CreateNoteFiles(TheNoteFiles(), set);
@@ -284,6 +306,7 @@ int main() {
     for (const Mode& mode : kModes) ComparePaints(bench, mode);
     for (const Mode& mode : kModes) MeasureScrolling(bench, mode);
     CompareLists(bench);
+    MeasureHits(bench);
     MeasureStamps(bench);
     return ExitCode();
 }

@@ -43,6 +43,20 @@ TEST(Pictures, OfTheWindowAfterASearch) {
     ClickEditorButton(program, IDC_NOTE_CANCEL);
 }
 
+// With the tip of one book, which is beside the list.
+TEST(Pictures, OfHitsByBook) {
+    Program program = StartForPictures();
+    SearchFor(program, {.text = "grace"});
+    Command(program, IDM_VIEW_HITS);
+    const HWND strip = Child(program.frame, {IDC_LIST_TABS, IDC_HITS_STRIP});
+    static constexpr int kRomans = 45, kBooks = 66, kRoomForTip = 230;
+    const int height = static_cast<int>(ClientRectOf(strip).bottom);
+    MoveMouse(program, strip, {10, (2 * kRomans - 1) * height / (2 * kBooks)});
+    RECT place = RectOnScreen(Child(program.frame, {IDC_LIST_TABS}));
+    place.right += kRoomForTip;
+    EXPECT_TRUE(SavePicture(PictureOfScreen(place), "ID_Search_Hits"));
+}
+
 // If two dialogs share a help topic, the first one is the topic's picture. Those about earlier notes and other sets
 // would be empty here.
 TEST(Pictures, OfTheDialogs) {

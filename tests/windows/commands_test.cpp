@@ -37,24 +37,15 @@ static constexpr int kEnabledAtStart[] = {
     IDM_SEARCH_NOTES,    IDM_CREATE_NOTE_SET,
     IDM_DELETE_NOTE_SET, IDM_RENAME_NOTE_SET,
     IDM_EARLIER_NOTES,   IDM_EARLIER_STATES,
-    IDM_LIST_NOTES,
+    IDM_LIST_NOTES,      IDM_VIEW_HITS,
 };
 
 // Commands that need search results, a selection or the focus.
 static constexpr int kGreyedAtStart[] = {
-    IDM_CONTEXT,
-    IDM_NOTE_FOR_LIST,
-    IDM_COPY_VERSE_LIST,
-    IDM_COPY_REFERENCES,
-    IDM_SAVE_VERSE_LIST,
-    IDM_PRINT_VERSE_LIST,
-    IDM_COPY,
-    IDM_CUT,
-    IDM_PASTE,
-    IDM_PREVIOUS_CHAPTER,
-    IDM_NEXT_CHAPTER,
-    IDM_PREVIOUS_BOOK,
-    IDM_NEXT_BOOK,
+    IDM_CONTEXT,       IDM_NOTE_FOR_LIST,   IDM_COPY_VERSE_LIST,  IDM_COPY_REFERENCES,
+    IDM_COPY_HITS,     IDM_SAVE_VERSE_LIST, IDM_PRINT_VERSE_LIST, IDM_COPY,
+    IDM_CUT,           IDM_PASTE,           IDM_PREVIOUS_CHAPTER, IDM_NEXT_CHAPTER,
+    IDM_PREVIOUS_BOOK, IDM_NEXT_BOOK,
 };
 
 TEST(Commands, AreEnabledOrGreyedCorrectlyAtTheStart) {

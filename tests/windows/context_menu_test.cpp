@@ -124,9 +124,9 @@ TEST(VerseListMenu, HasTheExpectedItemsForTheCurrentEntry) {
     EXPECT_THAT(
         RowsAfterRightClick(program, VerseListOf(program)),
         ElementsAre("162 Copy Selected Text\tCtrl+C (greyed)", "131 Copy Verse List\tF7", "134 Save Verse List...",
-                    "186 Print Verse List...", "---", "108 Read Context of Ge 19:19\tEnter", "---",
-                    "187 Delete Ge 19:19 From List\tDelete", "---", "175 Go to Note (Ge 19:19)\tF10", "---",
-                    "105 Word Search with Selected Text... (greyed)",
+                    "186 Print Verse List...", "341 Copy Hits by Book\tShift+F7", "---",
+                    "108 Read Context of Ge 19:19\tEnter", "---", "187 Delete Ge 19:19 From List\tDelete", "---",
+                    "175 Go to Note (Ge 19:19)\tF10", "---", "105 Word Search with Selected Text... (greyed)",
                     "106 Phrase Search with Selected Text... (greyed)",
                     "177 Search Notes with Selected Text... (greyed)"));
     KeepPictureOfMenu(program, "verse-list-menu");

@@ -148,7 +148,8 @@ static constexpr const char* kKeys[] = {"Enter",       "Tab",         "Shift+Tab
                                         "Alt+l",       "Alt+n",       "Alt+p",        "Alt+t",        "Alt+w",
                                         "Alt+Up",      "Alt+Down",    "Alt+Left",     "Alt+Right",    "Ctrl+Tab",
                                         "Shift+Enter", "Ctrl+Enter",  "Shift+Delete", "Shift+Insert", "Ctrl+Insert",
-                                        "Ctrl+Back",   "Ctrl+Delete", "Alt+f",        "Alt+v",        "/"};
+                                        "Ctrl+Back",   "Ctrl+Delete", "Alt+f",        "Alt+v",        "/",
+                                        "Shift+F2",    "Shift+F7"};
 
 static constexpr const char* kTexts[] = {
     "grace", "the",          "in the beginning", "John 3:16",     "Ge 1:1 - Ex 2:3", "# Ge 1:1-5", "a",

@@ -284,6 +284,7 @@ static std::vector<std::string> ExpectedRows(const std::string& verse, const cha
             "131 Copy Verse List\tF7",
             "134 Save Verse List...",
             "186 Print Verse List...",
+            "341 Copy Hits by Book\tShift+F7",
             "---",
             "108 Read Context of " + verse + "\tEnter",
             "---",
