@@ -237,10 +237,14 @@ void ScaleTabs() {
     for (const HWND tabs : {theFrame.listTabs, theFrame.passageTabs, theNoteTabs.window}) Scale(tabs);
 }
 
-// `text` is not shown; it is what screen readers call the control.
+// `text` is not shown; it is what screen readers call the control. It is as wide as the frame, up to its first layout:
+// without a width each new tab would begin a row, for which Wine asks its server once more.
 static HWND CreateTabs(HWND frame, int id, const char* text, std::initializer_list<const char*> names) {
+    RECT client{};
+    GetClientRect(frame, &client);
     const HWND tabs =
-        CreateChild(frame, WC_TABCONTROLA, text, WS_VISIBLE | WS_CLIPCHILDREN | WS_CLIPSIBLINGS | TCS_MULTILINE, 0, id);
+        CreateChild(frame, WC_TABCONTROLA, text, WS_VISIBLE | WS_CLIPCHILDREN | WS_CLIPSIBLINGS | TCS_MULTILINE, 0, id,
+                    static_cast<int>(client.right));
     Scale(tabs);
     for (const char* name : names) {
         TCITEMA item{};

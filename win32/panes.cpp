@@ -20,8 +20,9 @@ bool RegisterPaneClass(const char* name, WNDPROC procedure, int backgroundColor,
     return RegisterClassA(&description) != 0;
 }
 
-HWND CreateChild(HWND parent, const char* className, const char* text, DWORD style, DWORD extendedStyle, int id) {
-    return CreateWindowExA(extendedStyle, className, text, WS_CHILD | style, 0, 0, 0, 0, parent,
+HWND CreateChild(HWND parent, const char* className, const char* text, DWORD style, DWORD extendedStyle, int id,
+                 int width) {
+    return CreateWindowExA(extendedStyle, className, text, WS_CHILD | style, 0, 0, width, 0, parent,
                            reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), GetModuleHandleA(nullptr), nullptr);
 }
 

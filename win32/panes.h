@@ -10,8 +10,9 @@ HBRUSH BackgroundOf(int systemColor);
 // background. Its windows are redrawn completely when their size changes. `style` adds class styles.
 bool RegisterPaneClass(const char* name, WNDPROC procedure, int backgroundColor, UINT style = 0);
 
-// Creates a child of `parent` with zero size.
-HWND CreateChild(HWND parent, const char* className, const char* text, DWORD style, DWORD extendedStyle, int id);
+// Creates a child of `parent` without height, and without width unless one is given.
+HWND CreateChild(HWND parent, const char* className, const char* text, DWORD style, DWORD extendedStyle, int id,
+                 int width = 0);
 
 // Replaces the window procedure and returns the previous one.
 WNDPROC Subclass(HWND window, WNDPROC procedure);
