@@ -18,11 +18,7 @@ static SearchState SearchOf(std::string_view& input) {
     search.nearOptions.Unit = TakeNumber(options, -1, 3);
     search.nearOptions.Distance = TakeNumber(options, -1, 60);
     search.nearOptions.InOrder = TakeNumber(options, 0, 1);
-    search.options.CaseSensitive = TakeNumber(options, 0, 1);
-    search.options.SubString = TakeNumber(options, 0, 1);
-    search.range.StartVerse = TakeNumber(options, -5, kVerseCount + 5);
-    search.range.EndVerse = TakeNumber(options, -5, kVerseCount + 5);
-    search.searchText = TakeLine(input);
+    TakeSearch(options, input, search);
     return search;
 }
 

@@ -17,11 +17,7 @@ static SearchState SearchOf(std::string_view& input) {
     SearchState search;
     std::string_view options = TakeLine(input);
     search.options.BooleanType = TakeNumber(options, -1, 3);
-    search.options.CaseSensitive = TakeNumber(options, 0, 1);
-    search.options.SubString = TakeNumber(options, 0, 1);
-    search.range.StartVerse = TakeNumber(options, -5, kVerseCount + 5);
-    search.range.EndVerse = TakeNumber(options, -5, kVerseCount + 5);
-    search.searchText = TakeLine(input);
+    TakeSearch(options, input, search);
     return search;
 }
 

@@ -3,6 +3,14 @@
 #include "search/text_kinds.h"
 #include "tests/fuzz/fuzz.h"
 
+void TakeSearch(std::string_view options, std::string_view& input, SearchState& search) {
+    search.options.CaseSensitive = TakeNumber(options, 0, 1);
+    search.options.SubString = TakeNumber(options, 0, 1);
+    search.range.StartVerse = TakeNumber(options, -5, kVerseCount + 5);
+    search.range.EndVerse = TakeNumber(options, -5, kVerseCount + 5);
+    search.searchText = TakeLine(input);
+}
+
 // Without what no text has: zeros, which end a verse, and braces, which the marks put in.
 static std::string PlainText(std::string_view line) {
     std::string text(line);
