@@ -137,12 +137,12 @@ void ShowNotesAsList(int) {
 
 // Once for each entry, so that another note can be read meanwhile.
 void FollowListedNotes(int) {
-    static int content = -1, followed = kNoVerse;
-    if (!theVerseList.isOfNotes || IsEditingNote()) return;
+    VerseListPane& list = theVerseList;
+    if (!list.isOfNotes || IsEditingNote()) return;
     const int verse = VerseListCurrentVerse();
-    if (verse == kNoVerse || (content == theVerseList.content && followed == verse)) return;
-    content = theVerseList.content;
-    followed = verse;
+    if (verse == kNoVerse || (list.followedContent == list.content && list.followedVerse == verse)) return;
+    list.followedContent = list.content;
+    list.followedVerse = verse;
     const int before = theNoteSets.currentSet, set = SetWithNote(TheNoteFiles(), theNoteSets, verse);
     if (set == before && verse == theNoteSets.currentVerse) return;
     ShowNoteOfSet(set, verse);

@@ -22,9 +22,11 @@ struct ListContent {
 struct VerseListPane : ReadingPane {
     ReferenceList references;
     VerseList list;
-    Query query;                // the search that filled the list; empty for cross-references
-    bool isOfNotes = false;     // the frame is told when another entry is the current one
-    int content = 0;            // its number
+    Query query;               // the search that filled the list; empty for cross-references
+    bool isOfNotes = false;    // the frame is told when another entry is the current one
+    int content = 0;           // its number
+    int followedContent = -1;  // that of the entry whose note was shown last, because it became the current one
+    int followedVerse = kNoVerse;
     int contents = 0;           // the highest number yet
     ListContent replaced;       // by the last filling, until it is taken
     KnownEntries known;         // for this query and the pane's font
