@@ -83,7 +83,7 @@ static void ExpectFits(const Fitting& fitting, HWND dialog) {
 }
 
 // One that the program shows while it is busy.
-static void ExpectFitsMeanwhile(const Fitting& fitting, const char* title) {
+static void ExpectFitsMeanwhile(const Fitting& fitting, const char* title, const std::string& picture) {
     SCOPED_TRACE(title + (" at " + std::to_string(fitting.dpi)) + " dpi");
     const std::vector<HWND> shown = TopLevelWindows(fitting.program);
     const auto found = std::ranges::find_if(shown, [&](HWND window) { return TextOf(window) == title; });
@@ -91,7 +91,7 @@ static void ExpectFitsMeanwhile(const Fitting& fitting, const char* title) {
     ExpectFits(fitting, *found);
     const LONG room = SizeOf(ClientRectOf(*found)).cx;
     EXPECT_LT(SizeOfText(fitting.program, *found, title).cx + Scaled(fitting, 30), room) << "beside the close button";
-    SavePicture(PictureOfWindow(*found), "fit-" + std::to_string(fitting.dpi) + "-" + std::string(title, 6));
+    SavePicture(PictureOfWindow(*found), "fit-" + std::to_string(fitting.dpi) + "-" + picture);
 }
 
 static void ExpectOnScreen(HWND dialog) {
@@ -141,7 +141,19 @@ TEST_P(DialogsFit, WhileNotesAreSearched) {
     Type(program, "nowhere");
     Press(program, "Alt+n");
     WaitForDialog(program, "Search Notes");
-    ExpectFitsMeanwhile({program, GetParam()}, "Searching...");
+    ExpectFitsMeanwhile({program, GetParam()}, "Searching...", "search");
+    Press(program, "Enter");
+    Press(program, "Esc");
+    WaitForNoDialog(program);
+
+    // The one with a button has not appeared, because the search ended at once.
+    Command(program, IDM_LIST_NOTES);
+    WaitForDialog(program, "List Notes");
+    Type(program, "nowhere");
+    Press(program, "Enter");
+    WaitForDialog(program, "Search Results");
+    ShowWindow(FindWindowA(nullptr, "Searching..."), SW_SHOWNA);
+    ExpectFitsMeanwhile({program, GetParam()}, "Searching...", "list");
 }
 
 // It tells the number of a page; the text of the Bible has fewer than 2000.
@@ -152,7 +164,7 @@ TEST_P(DialogsFit, WhilePagesArePrinted) {
     const Program program = StartProgram(folder);
     const HWND dialog = BeginPrinting(program, "Ge - Re");
     WaitUntil(program, "the first page", [&] { return TextOf(dialog, IDC_PRINTED_PAGE).starts_with("Page "); });
-    ExpectFitsMeanwhile({program, GetParam()}, "Printing...");
+    ExpectFitsMeanwhile({program, GetParam()}, "Printing...", "print");
     const HWND line = GetDlgItem(dialog, IDC_PRINTED_PAGE);
     EXPECT_LE(SizeOfText(program, line, "Page 2000").cx, SizeOf(RectOnScreen(line)).cx);
     Press(program, "Esc");
