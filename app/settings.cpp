@@ -255,6 +255,9 @@ static SettingRows MoreRows(MoreSettings& settings) {
         {"SEARCH", "NearUnit", IntegerField{&settings.nearOptions.Unit, kNearInWords}},
         {"SEARCH", "NearDistance", IntegerField{&settings.nearOptions.Distance, NearOptions{}.Distance}},
         {"SEARCH", "NearInOrder", IntegerField{&settings.nearOptions.InOrder, 0}},
+        {"NOTES", "ListSubString", IntegerField{&settings.listNotes.SubString, 0}},
+        {"NOTES", "ListAllSets", IntegerField{&settings.listNotes.AllSets, 1}},
+        {"NOTES", "ListInRange", IntegerField{&settings.listNotes.InRange, 0}},
         {"MISC", "LastVerses", TextField{&settings.LastVerses, "", kLastVersesLimit}},
     };
 }

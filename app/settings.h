@@ -14,6 +14,7 @@
 
 #include "app/frame_layout.h"
 #include "app/navigation.h"
+#include "notes/listed_notes.h"
 #include "output/format_options.h"
 #include "search/query.h"
 #include "typeset/reading_options.h"
@@ -72,6 +73,7 @@ struct MoreSettings {
     PaneShares shares{};
     int HitsByBook = 0;  // is the strip shown?
     NearOptions nearOptions{};
+    ListNotesOptions listNotes{};
     // What the taskbar offers of an installed copy (app/last_verses.h).
     std::string LastVerses{};
 };

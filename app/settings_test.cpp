@@ -300,6 +300,20 @@ TEST(MoreSettings, HaveTheDistanceOfNearWords) {
     EXPECT_TRUE(profile.values.empty());
 }
 
+TEST(MoreSettings, HaveWhichNotesAreListed) {
+    FakeProfile profile;
+    EXPECT_EQ(LoadMoreSettings(DeviceOver(profile)).listNotes.AllSets, 1);
+    SaveMoreSettings(DeviceOver(profile), {.CurrentSet = "", .listNotes = {1, 0, 1}});
+    EXPECT_EQ(profile.writes,
+              (std::vector<std::string>{"NOTES/ListSubString=1", "NOTES/ListAllSets=0", "NOTES/ListInRange=1"}));
+    const ListNotesOptions read = LoadMoreSettings(DeviceOver(profile)).listNotes;
+    EXPECT_EQ(read.SubString, 1);
+    EXPECT_EQ(read.AllSets, 0);
+    EXPECT_EQ(read.InRange, 1);
+    SaveMoreSettings(DeviceOver(profile), {});
+    EXPECT_TRUE(profile.values.empty());
+}
+
 TEST(MoreSettings, HaveTheChoiceOfColors) {
     FakeProfile profile;
     SaveMoreSettings(DeviceOver(profile), {.CurrentSet = "", .KeyColorFrom = "system 255", .DarkPanes = 2});

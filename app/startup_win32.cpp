@@ -12,6 +12,7 @@
 #include "app/set_checks_win32.h"
 #include "app/splash_win32.h"
 #include "app/toolbar_win32.h"
+#include "notes/list_notes_dialog.h"
 #include "notes/note_editor_window.h"
 #include "notes/note_tabs_win32.h"
 #include "notes/notes_window.h"
@@ -115,6 +116,7 @@ static void TakeOver(const MoreSettings& settings) {
         IsKeyColorChosen(theReading.KeyHighlightColor, settings.KeyColorFrom, GetSysColor(COLOR_HIGHLIGHT));
     theFrame.ownSets = settings.OwnSets;
     theSearch.nearOptions = settings.nearOptions;
+    theListNotes.options = settings.listNotes;
     theFrame.lastVerses = LastVersesOf(settings.LastVerses);
     if (settings.CurrentSet.empty()) return;
     const int set = SetNamed(theNoteSets, settings.CurrentSet);
@@ -131,6 +133,7 @@ static MoreSettings CurrentMoreSettings() {
         .shares = theFrame.shares,
         .HitsByBook = theHitsStrip.HitsByBook,
         .nearOptions = theSearch.nearOptions,
+        .listNotes = theListNotes.options,
         .LastVerses = TextOfLastVerses(theFrame.lastVerses),
     };
 }

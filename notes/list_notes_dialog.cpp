@@ -1,6 +1,5 @@
 #include "notes/list_notes_dialog.h"
 
-#include <string>
 #include <utility>
 
 #include "notes/note_capitals_win32.h"
@@ -14,46 +13,37 @@
 #include "win32/dialogs.h"
 #include "win32/help_viewer.h"
 
-namespace {
+ListNotesChoices theListNotes;
 
-// What was chosen the last time.
-struct Choices {
-    std::wstring words;
-    bool substrings = false, allSets = true, inRange = false;
-};
-
-}  // namespace
-
-static Choices theChoices;
 static ListedNotes theListed;          // of the open dialog
 static SearchProgressBox theProgress;  // hidden between its searches
 
 static void Fill(HWND dialog) {
     SendDlgItemMessageA(dialog, IDC_LISTED_WORDS, EM_LIMITTEXT, kNoteSearchTextLimit, 0);
-    SetDlgItemTextW(dialog, IDC_LISTED_WORDS, theChoices.words.c_str());
-    SetChecked(dialog, IDC_SUBSTRING, theChoices.substrings);
-    SetChecked(dialog, theChoices.allSets ? IDC_LIST_ALL_SETS : IDC_LIST_CURRENT_SET, true);
-    SetChecked(dialog, IDC_LIST_IN_RANGE, theChoices.inRange);
+    SetDlgItemTextW(dialog, IDC_LISTED_WORDS, theListNotes.words.c_str());
+    SetChecked(dialog, IDC_SUBSTRING, theListNotes.options.SubString != 0);
+    SetChecked(dialog, theListNotes.options.AllSets != 0 ? IDC_LIST_ALL_SETS : IDC_LIST_CURRENT_SET, true);
+    SetChecked(dialog, IDC_LIST_IN_RANGE, theListNotes.options.InRange != 0);
 }
 
 static void Read(HWND dialog) {
-    theChoices.words = WideControlText(dialog, IDC_LISTED_WORDS, kNoteSearchTextLimit);
-    theChoices.substrings = IsChecked(dialog, IDC_SUBSTRING);
-    theChoices.allSets = IsChecked(dialog, IDC_LIST_ALL_SETS);
-    theChoices.inRange = IsChecked(dialog, IDC_LIST_IN_RANGE);
+    theListNotes.words = WideControlText(dialog, IDC_LISTED_WORDS, kNoteSearchTextLimit);
+    theListNotes.options = {.SubString = IsChecked(dialog, IDC_SUBSTRING),
+                            .AllSets = IsChecked(dialog, IDC_LIST_ALL_SETS),
+                            .InRange = IsChecked(dialog, IDC_LIST_IN_RANGE)};
 }
 
 static ListedNotesQuery QueryOfChoices(const LetterTable& letters) {
     ListedNotesQuery query;
-    for (const std::u16string& word : WordsTyped(LettersOf(theChoices.words)))
+    for (const std::u16string& word : WordsTyped(LettersOf(theListNotes.words)))
         query.words.push_back(TextInCapitals(letters, NoteOfLetters(TheNoteFiles().codePage, word)));
-    query.substrings = theChoices.substrings;
-    if (theChoices.inRange) query.range = theSearch.range;
+    query.substrings = theListNotes.options.SubString != 0;
+    if (theListNotes.options.InRange != 0) query.range = theSearch.range;
     return query;
 }
 
 static std::span<NoteSet> ChosenSets() {
-    if (theChoices.allSets) return theNoteSets.sets;
+    if (theListNotes.options.AllSets != 0) return theNoteSets.sets;
     return {CurrentSet(theNoteSets), 1};
 }
 
@@ -71,7 +61,7 @@ static ListedNotes Search(HWND dialog) {
 
 static const char* WhyNone() {
     if (theListed.unreadableSets > 0) return kCannotReadNote;
-    return theChoices.words.empty() ? "No verses with notes." : "No verses with notes that have these words.";
+    return theListNotes.words.empty() ? "No verses with notes." : "No verses with notes that have these words.";
 }
 
 static void List(HWND dialog) {

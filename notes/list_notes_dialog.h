@@ -2,9 +2,17 @@
 #pragma once
 
 #include <optional>
+#include <string>
 
 #include "notes/listed_notes.h"
 #include "win32/windows_api.h"
+
+// What was chosen the last time.
+struct ListNotesChoices {
+    std::wstring words;
+    ListNotesOptions options;
+};
+extern ListNotesChoices theListNotes;
 
 // nullopt if the user cancels. If there are no such notes, the dialog says so and stays open.
 std::optional<ListedNotes> AskNotesToList(HWND frame);

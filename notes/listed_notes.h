@@ -9,6 +9,13 @@
 
 #include "notes/note_search.h"
 
+// What a user chooses besides the words. As they are stored; they mean yes or no.
+struct ListNotesOptions {
+    int SubString = 0;
+    int AllSets = 1;  // otherwise the current one
+    int InRange = 0;  // that of the searches; otherwise the whole Bible
+};
+
 struct ListedNotesQuery {
     std::vector<std::string> words;  // a note must have all of them; each as the text of a NoteQuery; none: any note
     bool substrings = false;         // otherwise whole words

@@ -140,6 +140,24 @@ TEST(ListNotes, FindsWordsInTheChosenSets) {
     Press(program, "Esc");
     WaitForNoDialog(program);
     EXPECT_EQ(StatusPart(program, kSummary), "3 verses with notes in 2 sets");
+
+    // The next start keeps what was chosen, but not the words.
+    OpenList(program);
+    Type(program, "truth");
+    Press(program, "Alt+c");
+    ExpectNone(program, "No verses with notes that have these words.");
+    Press(program, "Esc");
+    WaitForNoDialog(program);
+    const ScratchFolder folder = program.folder;
+    CloseProgram(program);
+    EXPECT_THAT(ReadFile(folder, "Versewell.more.ini"),
+                testing::HasSubstr("ListSubString=1\r\nListAllSets=0\r\nListInRange=1\r\n"));
+    const Program again = StartProgram(folder);
+    dialog = OpenList(again);
+    EXPECT_EQ(TextOf(dialog, IDC_LISTED_WORDS), "");
+    EXPECT_TRUE(IsChecked(dialog, IDC_SUBSTRING));
+    EXPECT_TRUE(IsChecked(dialog, IDC_LIST_CURRENT_SET));
+    EXPECT_TRUE(IsChecked(dialog, IDC_LIST_IN_RANGE));
 }
 
 // Folded letters take longest. The notes have each word, so that each is searched for in all of them.
