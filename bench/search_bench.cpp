@@ -183,14 +183,14 @@ namespace {
 struct NearSample {
     const char* text;
     NearOptions options;
-    double mostTimesAllWords = 2;  // 0: no bound. The commonest words are counted without a look at each of them.
+    double mostTimesAllWords = 2;  // the commonest words are counted there without a look at each of them
 };
 
 }  // namespace
 
 static constexpr NearSample kNearSamples[] = {
     {"faith hope", {kNearInWords, 5}}, {"king david", {kNearInWords, 10}}, {"lord god", {kNearInWords, 5}},
-    {"lord god", {kNearInVerse}},      {"the lord", {kNearInWords, 5}, 0},
+    {"lord god", {kNearInVerse}},      {"the lord", {kNearInWords, 5}, 3},
 };
 static constexpr double kMostTimesNearFloor = 2;  // it knows two words and one option
 static constexpr int kAnyDistance = 500;          // more than a verse has words

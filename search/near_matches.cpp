@@ -76,8 +76,9 @@ static void FindInAnyOrder(const NearQuery& query, std::span<NearPlace> places) 
     NoteStretches(query, places);
     int endOfNext = kNowhere;  // of the next stretch that has a match
     for (std::size_t i = places.size(); i-- > 0;) {
-        endOfNext = places[i].isInMatch ? places[i].where : endOfNext;
-        places[i].isInMatch = endOfNext - places[i].where <= query.distance;
+        const int where = places[i].where;
+        endOfNext = std::min(endOfNext, places[i].isInMatch ? where : kNowhere);
+        places[i].isInMatch = endOfNext - where <= query.distance;
     }
 }
 

@@ -55,11 +55,6 @@ struct Room {
     std::size_t used = 0;
 };
 
-// For all places, those of one word, and both together.
-struct Rooms {
-    Room all, found, merged;
-};
-
 }  // namespace
 
 // Looks at each word of the verse.
@@ -67,10 +62,11 @@ static void AddPlacesOfWords(const Scripture& scripture, std::span<const WantedP
                              const NearVerse& verse, Room& room) {
     const std::string_view text = VerseText(scripture, verse.verse);
     room.places.resize(std::max(room.places.size(), room.used + text.size() / 2 + 1));
+    std::int32_t number = 0;
     for (std::size_t at = 0; at < text.size(); ++at) {
         const std::size_t size = SizeOfWordAt(text, at);
         if (size == 0) continue;
-        NearPlace place{.verse = verse.verse, .offset = static_cast<std::uint32_t>(at)};
+        NearPlace place{verse.verse, static_cast<std::uint32_t>(at), number++};
         for (const WantedPattern& one : wanted)
             if ((one.bits & verse.patterns) != 0 && DoesPatternMean(one.pattern, text.substr(at, size), anyCase))
                 place.patterns |= one.bits;
@@ -91,6 +87,14 @@ struct WantedWord {
     std::uint32_t bits;
 };
 
+// A block of a verse, and the bytes of it where words begin and where one may stand.
+struct WordBlock {
+    const char* place;
+    std::uint16_t begins, hits;
+    std::int32_t verse;
+    std::int32_t number;  // of the words that begin before it in the verse
+};
+
 }  // namespace
 
 // None if one of the patterns is no word that a text can be swept for.
@@ -104,129 +108,102 @@ static std::vector<WantedWord> WantedWordsOf(std::span<const WantedPattern> want
     return words;
 }
 
-VERSEWELL_BLOCKWISE static bool IsWordAt(const WantedWord& word, const char* place) {
-    const int isPart = static_cast<int>(IsOfWord(place[-1])) | static_cast<int>(IsOfWord(place[word.size]));
-    return (static_cast<int>(StandsAt(word.start, place)) & (isPart ^ 1)) != 0;
+static constexpr std::array<std::uint8_t, 256> kBitsOfByte = [] {
+    std::array<std::uint8_t, 256> counts = {};
+    for (std::size_t byte = 0; byte < counts.size(); ++byte)
+        counts[byte] = static_cast<std::uint8_t>(std::popcount(byte));
+    return counts;
+}();
+
+// Of a number of 16 bits. Not every processor has an instruction for it.
+VERSEWELL_BLOCKWISE static int CountBits(unsigned bits) {
+    return kBitsOfByte[bits & 0xFF] + kBitsOfByte[bits >> 8];
 }
 
-// Appends the places where the word stands as a whole. Does not branch on whether it does, as the sweeps do not.
-static void TakeHits(const WantedWord& word, const Texts& texts, std::span<const HitBlock> hits, Room& room) {
-    for (const HitBlock& hit : hits) {
+// The bytes of a block that are of a word.
+VERSEWELL_BLOCKWISE static unsigned OfWordAt(const char* place) {
+    const Block bytes = Load(place);
+    return Bits(_mm_or_si128(AreLetters(bytes), _mm_cmpeq_epi8(bytes, _mm_set1_epi8('\''))));
+}
+
+VERSEWELL_BLOCKWISE static unsigned HitsAt(std::span<const WantedWord> words, const char* place) {
+    unsigned hits = 0;
+    for (const WantedWord& word : words) hits |= HitsAt(word.ends, place);
+    return hits;
+}
+
+// Appends the blocks of the stretch with hits, and returns the place behind them.
+static WordBlock* SiftWords(std::span<const WantedWord> words, Stretch stretch, std::int32_t verse, WordBlock* next) {
+    std::int32_t number = 0;
+    unsigned goesOn = 0;  // does the block begin in a word?
+    for (const char* place = stretch.begin; place < stretch.end; place += kBlockSize) {
+        const auto rest = std::min(stretch.end - place, static_cast<std::ptrdiff_t>(kBlockSize));
+        const unsigned ofWord = OfWordAt(place), before = ofWord << 1 | goesOn;
+        const unsigned begins = ofWord & ~before & ((1U << rest) - 1);
+        const unsigned hits = HitsAt(words, place) & begins;
+        *next = {place, static_cast<std::uint16_t>(begins), static_cast<std::uint16_t>(hits), verse, number};
+        next += hits != 0 ? 1 : 0;
+        number += CountBits(begins);
+        goesOn = ofWord >> (kBlockSize - 1);
+    }
+    return next;
+}
+
+// The bits of the word if it stands at the place, where a word begins; otherwise 0.
+VERSEWELL_BLOCKWISE static std::uint32_t BitsAt(const WantedWord& word, const char* place) {
+    const unsigned stands = StandsAt(word.start, place) ? 1 : 0, goesOn = IsOfWord(place[word.size]) ? 1 : 0;
+    return (0U - (stands & (goesOn ^ 1))) & word.bits;
+}
+
+// Appends the places where words stand. Does not branch on whether one does, as the sweeps do not.
+static void TakeHits(std::span<const WantedWord> words, const Texts& texts, std::span<const WordBlock> blocks,
+                     Room& room) {
+    for (const WordBlock& block : blocks) {
         if (room.places.size() < room.used + kBlockSize) room.places.resize(2 * room.used + kBlockSize);
-        const char* const text = texts.begin + OffsetOf(texts, hit.verse);
-        NearPlace* const next = room.places.data() + room.used;
-        std::size_t found = 0;
-        for (unsigned bits = hit.bits; bits != 0; bits &= bits - 1) {
-            const char* const place = hit.place + std::countr_zero(bits);
-            next[found] = {hit.verse, static_cast<std::uint32_t>(place - text), 0, word.bits};
-            found += IsWordAt(word, place) ? 1 : 0;
+        const char* const text = texts.begin + OffsetOf(texts, block.verse);
+        NearPlace* next = room.places.data() + room.used;
+        for (unsigned bits = block.hits; bits != 0; bits &= bits - 1) {
+            const char* const place = block.place + std::countr_zero(bits);
+            const unsigned before = block.begins & (bits - 1) & ~bits;
+            std::uint32_t patterns = 0;
+            for (const WantedWord& word : words) patterns |= BitsAt(word, place);
+            *next = {block.verse, static_cast<std::uint32_t>(place - text), block.number + CountBits(before), patterns};
+            next += patterns != 0 ? 1 : 0;
         }
-        room.used += found;
+        room.used = static_cast<std::size_t>(next - room.places.data());
     }
-}
-
-// The places of one word in the verses that can be swept.
-static void FindPlacesOf(const WantedWord& word, const Texts& texts, std::span<const NearVerse> verses, Room& room) {
-    room.used = 0;
-    std::array<HitBlock, kHitBlocks> hits;
-    HitBlock* next = hits.data();
-    for (const NearVerse& verse : verses) {
-        Stretch stretch;
-        if ((verse.patterns & word.bits) == 0 || !FindStretch(texts, verse.verse, stretch)) continue;
-        next = Sift(word.ends, stretch, verse.verse, next);
-        if (next < hits.data() + kManyHits) continue;
-        TakeHits(word, texts, {hits.data(), next}, room);
-        next = hits.data();
-    }
-    TakeHits(word, texts, {hits.data(), next}, room);
-}
-
-VERSEWELL_BLOCKWISE static std::uint64_t OrderOf(const NearPlace& place) {
-    return std::uint64_t{static_cast<std::uint32_t>(place.verse)} << 32 | place.offset;
-}
-
-// Merges `others` into `room`; both are in the order of the text. Does not branch on which place is next.
-static void Merge(const Room& others, Room& room, Room& merged) {
-    merged.used = room.used + others.used;
-    merged.places.resize(std::max(merged.places.size(), merged.used));
-    NearPlace* next = merged.places.data();
-    const NearPlace *one = room.places.data(), *endOfOne = one + room.used;
-    const NearPlace *other = others.places.data(), *endOfOther = other + others.used;
-    while (one < endOfOne && other < endOfOther) {
-        const bool isOther = OrderOf(*other) < OrderOf(*one);
-        *next++ = *(isOther ? other : one);
-        other += isOther ? 1 : 0;
-        one += isOther ? 0 : 1;
-    }
-    std::copy(other, endOfOther, std::copy(one, endOfOne, next));
-    std::swap(room, merged);
 }
 
 static void FindPlaces(const Scripture& scripture, std::span<const WantedPattern> wanted, bool anyCase,
-                       std::span<const NearVerse> verses, Rooms& rooms) {
+                       std::span<const NearVerse> verses, Room& room) {
     const std::vector<WantedWord> words = WantedWordsOf(wanted, anyCase);
     const Texts texts = TextsOf(scripture);
-    rooms.all.used = 0;
-    for (const WantedWord& word : words) {
-        const bool isFirst = &word == words.data();
-        FindPlacesOf(word, texts, verses, isFirst ? rooms.all : rooms.found);
-        if (!isFirst) Merge(rooms.found, rooms.all, rooms.merged);
+    std::array<WordBlock, kHitBlocks> blocks;
+    WordBlock* next = blocks.data();
+    room.used = 0;
+    for (const NearVerse& verse : verses) {
+        Stretch stretch;
+        const bool isSwept = !words.empty() && FindStretch(texts, verse.verse, stretch);
+        if (isSwept) next = SiftWords(words, stretch, verse.verse, next);
+        if (isSwept && next < blocks.data() + kManyHits) continue;
+        TakeHits(words, texts, {blocks.data(), next}, room);
+        next = blocks.data();
+        if (!isSwept) AddPlacesOfWords(scripture, wanted, anyCase, verse, room);
     }
-    rooms.found.used = 0;
-    for (const NearVerse& verse : verses)
-        if (Stretch stretch; words.empty() || !FindStretch(texts, verse.verse, stretch))
-            AddPlacesOfWords(scripture, wanted, anyCase, verse, rooms.found);
-    if (rooms.found.used > 0) Merge(rooms.found, rooms.all, rooms.merged);
+    TakeHits(words, texts, {blocks.data(), next}, room);
 }
 
 #else
 
 static void FindPlaces(const Scripture& scripture, std::span<const WantedPattern> wanted, bool anyCase,
-                       std::span<const NearVerse> verses, Rooms& rooms) {
-    rooms.all.used = 0;
-    for (const NearVerse& verse : verses) AddPlacesOfWords(scripture, wanted, anyCase, verse, rooms.all);
+                       std::span<const NearVerse> verses, Room& room) {
+    room.used = 0;
+    for (const NearVerse& verse : verses) AddPlacesOfWords(scripture, wanted, anyCase, verse, room);
 }
 
 #endif
 
 // ---- Numbering ------------------------------------------------------------------------------------------------------
-
-static int WordsOneByOne(std::string_view text, std::size_t from) {
-    int words = 0;
-    for (std::size_t at = from; at < text.size(); ++at) words += IsOfWord(text[at]) && !IsOfWord(text[at - 1]) ? 1 : 0;
-    return words;
-}
-
-#ifndef VERSEWELL_USES_SSE2
-
-static int WordsBegunIn(std::string_view text, std::size_t from) {
-    return WordsOneByOne(text, from);
-}
-
-#else
-
-VERSEWELL_BLOCKWISE static Block AreOfWord(Block bytes) {
-    return _mm_or_si128(AreLetters(bytes), _mm_cmpeq_epi8(bytes, _mm_set1_epi8('\'')));
-}
-
-VERSEWELL_BLOCKWISE static Block WordsBeginAt(const char* place) {
-    return _mm_andnot_si128(AreOfWord(Load(place - 1)), AreOfWord(Load(place)));
-}
-
-// Number of words that begin from `from` on, which is not 0. Reads nothing outside the text.
-VERSEWELL_BLOCKWISE static int WordsBegunIn(std::string_view text, std::size_t from) {
-    static constexpr std::size_t kMost = 250 * kBlockSize;  // a byte counts up to 255 words
-    const std::size_t to = text.size();
-    if (to <= kBlockSize || to - from > kMost) return WordsOneByOne(text, from);
-    Block sums = _mm_setzero_si128();
-    for (; to - from >= kBlockSize; from += kBlockSize) sums = _mm_sub_epi8(sums, WordsBeginAt(text.data() + from));
-    const Block rest = WordsBeginAt(text.data() + to - kBlockSize);
-    sums = _mm_sub_epi8(sums, _mm_andnot_si128(FirstBytes(kBlockSize - (to - from)), rest));
-    const Block halves = _mm_sad_epu8(sums, _mm_setzero_si128());
-    return _mm_cvtsi128_si32(halves) + _mm_cvtsi128_si32(_mm_srli_si128(halves, 8));
-}
-
-#endif
 
 // More than any distance that is asked for.
 static constexpr int kFar = 1000;
@@ -236,19 +213,17 @@ static bool AreInOneChapter(const Scripture& scripture, int one, int other) {
     return a.book == b.book && a.chapter == b.chapter;
 }
 
+// Each place has the number of its word in the verse.
 static void NumberPlaces(const Scripture& scripture, const NearQuery& query, std::span<NearPlace> places) {
-    const char* text = nullptr;
-    for (std::size_t i = 0; i < places.size(); ++i) {
-        const NearPlace before = i > 0 ? places[i - 1] : NearPlace{.verse = kNoVerse};
-        NearPlace& place = places[i];
-        place.where = before.where;
-        if (place.verse == before.verse) {
-            if (query.unit == kNearInWords) place.where += WordsBegunIn({text, place.offset + 1}, before.offset + 1);
-            continue;
+    std::int32_t verse = kNoVerse, where = 0, ofVerse = 0;  // `ofVerse`: of its first word
+    for (NearPlace& place : places) {
+        if (place.verse != verse) {
+            const bool isFar = query.unit != kNearInVerses || !AreInOneChapter(scripture, verse, place.verse);
+            ofVerse = where + (isFar ? kFar : place.verse - verse);
+            verse = place.verse;
         }
-        const bool isFar = query.unit != kNearInVerses || !AreInOneChapter(scripture, before.verse, place.verse);
-        place.where += isFar ? kFar : place.verse - before.verse;
-        text = scripture.text.data() + RecordOf(scripture.records, place.verse).textOffset;
+        where = ofVerse + (query.unit == kNearInWords ? place.where : 0);
+        place.where = where;
     }
 }
 
@@ -265,11 +240,11 @@ static std::size_t VersesAtATime(const Scripture& scripture, std::span<const Nea
 void VisitNearPlaces(const Scripture& scripture, const NearQuery& query, std::span<const NearVerse> verses,
                      const std::function<void(std::span<NearPlace>)>& visit) {
     const std::vector<WantedPattern> wanted = WantedPatternsOf(query);
-    Rooms rooms;
+    Room room;
     while (!verses.empty()) {
         const std::size_t count = VersesAtATime(scripture, verses);
-        FindPlaces(scripture, wanted, !query.caseSensitive, verses.first(count), rooms);
-        const std::span<NearPlace> places = std::span(rooms.all.places).first(rooms.all.used);
+        FindPlaces(scripture, wanted, !query.caseSensitive, verses.first(count), room);
+        const std::span<NearPlace> places = std::span(room.places).first(room.used);
         NumberPlaces(scripture, query, places);
         visit(places);
         verses = verses.subspan(count);

@@ -145,15 +145,32 @@ static int ReachOf(const NearQuery& query) {
     return query.unit == kNearInVerses ? query.distance : 0;
 }
 
-// Calls `take` for each place in `verses` that is in a match.
+// Calls `take` with the places in `verses`, of which it is known whether they are in a match, some chapters at a time.
 template <typename Take>
-static void EachMatchedPlace(const Scripture& scripture, const NearQuery& query, std::span<const NearVerse> verses,
-                             Take take) {
+static void VisitMatches(const Scripture& scripture, const NearQuery& query, std::span<const NearVerse> verses,
+                         Take take) {
     VisitNearPlaces(scripture, query, verses, [&](std::span<NearPlace> places) {
         FindNearMatches(query, places);
-        for (const NearPlace& place : places)
-            if (place.isInMatch) take(place);
+        take(std::span<const NearPlace>(places));
     });
+}
+
+// Does not branch on what is in a match: the processor cannot foresee it.
+static void AddMatched(std::span<const NearPlace> places, SearchResult& result) {
+    std::vector<std::int32_t>& verses = result.verses;
+    std::size_t used = verses.size();
+    std::int32_t last = used > 0 ? verses.back() : kNoVerse;
+    verses.resize(used + places.size());
+    int count = 0;
+    for (const NearPlace& place : places) {
+        const unsigned isMatched = place.isInMatch ? 1 : 0, isOther = place.verse != last ? 1 : 0;
+        verses[used] = place.verse;
+        used += isMatched & isOther;
+        last = isMatched != 0 ? place.verse : last;
+        count += static_cast<int>(isMatched);
+    }
+    verses.resize(used);
+    result.occurrences += count;
 }
 
 SearchResult SearchNear(const Scripture& scripture, const WordIndex& index, const NearQuery& query) {
@@ -161,12 +178,8 @@ SearchResult SearchNear(const Scripture& scripture, const WordIndex& index, cons
     NearPass pass{FirstOf(query), LastOf(query), ReachOf(query), {}};
     for (const std::string& pattern : query.patterns) pass.sets.push_back(VersesOf(pass, index, pattern));
     SearchResult result;
-    const std::vector<NearVerse> verses = VersesToLookAt(pass);
-    result.verses.reserve(verses.size());
-    EachMatchedPlace(scripture, query, verses, [&result](const NearPlace& place) {
-        ++result.occurrences;
-        if (result.verses.empty() || result.verses.back() != place.verse) result.verses.push_back(place.verse);
-    });
+    VisitMatches(scripture, query, VersesToLookAt(pass),
+                 [&result](std::span<const NearPlace> places) { AddMatched(places, result); });
     return result;
 }
 
@@ -181,19 +194,34 @@ static std::vector<NearVerse> VersesAround(const NearQuery& query, int verse) {
     return verses;
 }
 
-int MarkNearWords(const Scripture& scripture, const NearQuery& query, int verse, std::string& text) {
-    std::string marked;
-    std::size_t done = 0;
+namespace {
+
+// A text in which words are being marked.
+struct MarkedText {
+    std::string text;
+    std::size_t done = 0;  // so much of the text without marks is in it
     int count = 0;
-    EachMatchedPlace(scripture, query, VersesAround(query, verse), [&](const NearPlace& place) {
-        const std::size_t mostMarks = (kMarkedTextLimit - 1 - std::min(text.size(), kMarkedTextLimit - 1)) / 2;
-        if (place.verse != verse || place.offset >= text.size() || count == static_cast<int>(mostMarks)) return;
-        const std::size_t size = SizeOfWordAt(text, place.offset);
-        marked.append(text, done, place.offset - done).append("{").append(text, place.offset, size).append("}");
-        done = place.offset + size;
-        ++count;
+};
+
+}  // namespace
+
+static void AddMark(const std::string& text, std::size_t offset, MarkedText& marked) {
+    const std::size_t size = SizeOfWordAt(text, offset);
+    marked.text.append(text, marked.done, offset - marked.done).append("{").append(text, offset, size).append("}");
+    marked.done = offset + size;
+    ++marked.count;
+}
+
+int MarkNearWords(const Scripture& scripture, const NearQuery& query, int verse, std::string& text) {
+    const std::size_t mostMarks = (kMarkedTextLimit - 1 - std::min(text.size(), kMarkedTextLimit - 1)) / 2;
+    MarkedText marked;
+    VisitMatches(scripture, query, VersesAround(query, verse), [&](std::span<const NearPlace> places) {
+        for (const NearPlace& place : places) {
+            const bool isHere = place.isInMatch && place.verse == verse && place.offset < text.size();
+            if (isHere && marked.count < static_cast<int>(mostMarks)) AddMark(text, place.offset, marked);
+        }
     });
-    marked.append(text, done);
-    text.swap(marked);
-    return count;
+    marked.text.append(text, marked.done);
+    text.swap(marked.text);
+    return marked.count;
 }
