@@ -11,6 +11,7 @@
 #include <chrono>
 #include <filesystem>
 
+#include "bench/note_listing.h"
 #include "bench/outcomes.h"
 #include "notes/note_history.h"
 #include "notes/note_saving.h"
@@ -244,5 +245,6 @@ int main(int argc, char** argv) {
     if (folder.empty()) return 1;
     Measure(folder);
     RemoveScratchFolder(folder);
+    MeasureListing();
     return ExitCode();
 }
