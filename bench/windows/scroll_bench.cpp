@@ -113,7 +113,7 @@ static void SearchFor(const Contestant& contestant, const char* words) {
 // After searches and pages of both panes, on the largest screen. A question overtakes keys that were posted before it,
 // so a busy machine may still show pages; when they are shown and the program has come to rest, it gives back what it
 // only kept for the next moment (app/spare_memory_win32.h).
-static void MeasureMemory(const Contestant& contestant, const ScreenSize& size) {
+static double MemoryAfterSearches(const Contestant& contestant, const ScreenSize& size) {
     const Program& program = contestant.program;
     Show(contestant, size);
     for (const char* words : {"grace", "the", "lord god"}) {
@@ -123,16 +123,18 @@ static void MeasureMemory(const Contestant& contestant, const ScreenSize& size) 
         WaitUntilStill(contestant);
     }
     Sleep(kTimeToRest);
-    PrintLimited(std::string("working set after searches, ") + size.name, MemoryOf(program).workingSet, kMostMemory,
-                 "MiB");
+    return MemoryOf(program).workingSet;
 }
 
 static void CompareAll(const Contestant& program, const Contestant& bare) {
     const BurstEnds ends = EndsOfBurst();
     for (const Contestant* each : {&program, &bare}) Hide(*each);
     for (const ScreenSize& size : kSizes) Compare(program, bare, size, ends);
-    MeasureMemory(program, kSizes[std::size(kSizes) - 1]);
-    PrintAmount("the bare program's working set", MemoryOf(bare.program).workingSet, "MiB");
+    const ScreenSize& largest = kSizes[std::size(kSizes) - 1];
+    const double memory = MemoryAfterSearches(program, largest);
+    Hide(program);
+    PrintLimited(std::string("working set after searches, ") + largest.name, memory, kMostMemory, "MiB");
+    PrintAmount("  the bare program's, which shows a list each time", MemoryAfterSearches(bare, largest), "MiB");
 }
 
 int main() {
