@@ -2,6 +2,7 @@
 
 #include "exchange/csv_notes.h"
 #include "exchange/html_notes.h"
+#include "exchange/html_reading.h"
 #include "exchange/markdown_notes.h"
 #include "exchange/text_notes.h"
 #include "scripture/letters.h"

@@ -1,9 +1,96 @@
 #include "exchange/text_notes.h"
 
-std::string WriteTextNotes(const ExchangeContext&, const ExchangedNotes&, const ExportOptions&) {
-    return {};
+#include <algorithm>
+
+#include "exchange/file_text.h"
+#include "exchange/headed_notes.h"
+
+static constexpr std::string_view kTitle = "Notes: ";
+static constexpr std::string_view kSign = "===";
+static constexpr std::string_view kHeading = "=== ";
+
+// ---- Writing --------------------------------------------------------------------------------------------------------
+
+static bool LooksLikeHeading(std::string_view line) {
+    line.remove_prefix(std::min(line.find_first_not_of('\\'), line.size()));
+    return line.starts_with(kSign);
 }
 
-ExchangedNotes ReadTextNotes(const ExchangeContext&, std::string_view) {
-    return {};
+static void AppendText(std::string_view text, std::string& file) {
+    for (;;) {
+        const std::size_t end = text.find('\n');
+        const std::string_view line = text.substr(0, end);
+        if (LooksLikeHeading(line)) file += '\\';
+        file.append(line).append("\r\n");
+        if (end == std::string_view::npos) break;
+        text.remove_prefix(end + 1);
+    }
+    file += "\r\n";
+}
+
+std::string WriteTextNotes(const ExchangeContext& context, const ExchangedNotes& notes, const ExportOptions&) {
+    std::string file;
+    file.append(kTitle).append(PortableName(context.page, notes.setName)).append("\r\n\r\n");
+    for (const ExchangedNote& note : notes.notes) {
+        const PortableText text = PortableTextOf(context.page, note.note);
+        file.append(kHeading).append(ReferenceText(context.scripture.records, note.verse, BookForm::kName));
+        file.append(" ===");
+        const std::string mark = MarkText({note.digest, text.isEscaped});
+        if (!mark.empty()) file.append(" ").append(mark);
+        file += "\r\n";
+        AppendText(text.text, file);
+    }
+    return file;
+}
+
+// ---- Reading --------------------------------------------------------------------------------------------------------
+
+static NoteHeading HeadingOf(const VerseRecords& records, std::string_view line, std::size_t place) {
+    line.remove_prefix(kHeading.size());
+    const std::size_t end = line.find(kSign);
+    const std::string_view where = Trimmed(line.substr(0, end));
+    const std::string_view mark = end == std::string_view::npos ? "" : line.substr(end + kSign.size());
+    return {place, std::string(where), VerseNamed(records, where), MarkOf(mark)};
+}
+
+static void FindHeadings(const VerseRecords& records, HeadedLines& file) {
+    for (std::size_t place = file.first; place < file.lines.size(); ++place)
+        if (file.lines[place].starts_with(kHeading))
+            file.headings.push_back(HeadingOf(records, file.lines[place], place));
+}
+
+// Lines such as "Romans 8:28" or "Romans 8:28:".
+static void FindLooseHeadings(const VerseRecords& records, HeadedLines& file) {
+    static constexpr std::size_t kLongest = 40;
+    for (std::size_t place = file.first; place < file.lines.size(); ++place) {
+        const std::string_view line = Trimmed(file.lines[place]);
+        const bool isFree = place == file.first || Trimmed(file.lines[place - 1]).empty();
+        if (!isFree || line.size() > kLongest || line.find_first_of(":.") == std::string_view::npos) continue;
+        const VerseName verse = VerseNamed(records, line);
+        if (verse.problem != kNoVerseNamed) file.headings.push_back({place, std::string(line), verse, {}});
+    }
+}
+
+static std::string TextOf(std::span<const std::string_view> lines) {
+    if (!lines.empty() && lines.back().empty()) lines = lines.first(lines.size() - 1);
+    std::string text;
+    for (const std::string_view& line : lines) {
+        if (&line != lines.data()) text += '\n';
+        text += line.starts_with('\\') && LooksLikeHeading(line) ? line.substr(1) : line;
+    }
+    return text;
+}
+
+ExchangedNotes ReadTextNotes(const ExchangeContext& context, std::string_view bytes) {
+    const std::string text = TextOfFile(context.page, bytes);
+    ExchangedNotes notes;
+    HeadedLines file{LinesOf(text), 0, {}};
+    if (!file.lines.empty() && file.lines.front().starts_with(kTitle)) {
+        notes.setName = NameOfSet(context.page, Trimmed(file.lines.front().substr(kTitle.size())));
+        file.first = 1;
+    }
+    FindHeadings(context.scripture.records, file);
+    if (file.headings.empty()) FindLooseHeadings(context.scripture.records, file);
+    PlaceHeaded(context, file, TextOf, notes);
+    return notes;
 }

@@ -1,4 +1,19 @@
-// Notes as plain text.
+// Notes as plain text, in UTF-8 with lines that end in CR LF:
+//
+//     Notes: My Notes
+//
+//     === Romans 8:28 === ldmkapoc
+//     The text of the note,
+//     line by line.
+//
+//     === Romans 8:29 === bclmnkpa
+//     ...
+//
+// Behind the reference stands the mark of the note (exchange/portable_text.h). A line of a note that begins with "===",
+// or with backslashes and "===", has one more backslash in front. Below each note is one empty line.
+//
+// When read, the title and the marks may be missing, and a file that has no line beginning with "=== " may have lines
+// of a reference alone instead, behind an empty line. Empty lines around a note without a mark are not part of it.
 #pragma once
 
 #include <string>

@@ -22,7 +22,7 @@ struct VerseStates {
 // Drafts that were never saved, for example, are no states of a set.
 static bool IsState(const EarlierNote& note) {
     return note.reason == KeptReason::kReplaced || note.reason == KeptReason::kMerged ||
-           note.reason == KeptReason::kRestored;
+           note.reason == KeptReason::kRestored || note.reason == KeptReason::kImported;
 }
 
 // ---- The text that both sets had ------------------------------------------------------------------------------------

@@ -173,6 +173,7 @@ TEST(Merge, HeedsOnlyTextsThatANoteHad) {
              {KeptReason::kReplaced, MergeKind::kStays},
              {KeptReason::kMerged, MergeKind::kStays},
              {KeptReason::kRestored, MergeKind::kStays},
+             {KeptReason::kImported, MergeKind::kStays},
              {KeptReason::kNotSaved, MergeKind::kBoth},
              {KeptReason::kCancelled, MergeKind::kBoth},
              {KeptReason::kInterrupted, MergeKind::kBoth},

@@ -12,6 +12,7 @@ const char* ReasonText(KeptReason reason) {
         case KeptReason::kLeftOver: return "left by a failed save";
         case KeptReason::kMerged: return "replaced by a merge";
         case KeptReason::kRestored: return "replaced by an earlier state of the set";
+        case KeptReason::kImported: return "replaced by an import";
     }
     return "";
 }

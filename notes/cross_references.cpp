@@ -174,3 +174,30 @@ std::vector<std::int32_t> CrossReferences(const VerseRecords& records, std::stri
     }
     return verses;
 }
+
+// ---- Items in their places ----------------------------------------------------------------------------------------
+
+static void AddItems(const VerseRecords& records, std::string_view note, std::string_view list, NamedVerse place,
+                     std::vector<ListedReference>& references) {
+    for (;;) {
+        const std::string_view before = list;
+        if (!TakeItem(list, place)) return;
+        std::string_view item = before.substr(0, before.size() - list.size());
+        while (IsBlank(item.back())) item.remove_suffix(1);
+        const int verse = VerseOf(records, place);
+        if (verse != kNoVerse)
+            references.push_back({static_cast<std::size_t>(item.data() - note.data()), item.size(), verse});
+        TakeSeparator(list);
+    }
+}
+
+std::vector<ListedReference> ListedReferences(const VerseRecords& records, std::string_view note, int noteVerse) {
+    std::vector<ListedReference> references;
+    const VerseRecord here = RecordOf(records, noteVerse);
+    for (std::size_t mark = note.find('#'); mark != std::string_view::npos; mark = note.find('#', mark + 1)) {
+        const std::size_t end = std::min(note.find_first_of("#\n", mark + 1), note.size());
+        const std::string_view list = ListAt(note.substr(0, end), mark);
+        AddItems(records, note, list, {here.book, here.chapter, here.verse}, references);
+    }
+    return references;
+}

@@ -23,3 +23,12 @@
 // or no reference after it. `noteVerse` is the verse that the note belongs to.
 std::vector<std::int32_t> CrossReferences(const VerseRecords& records, std::string_view note, std::size_t caret,
                                           int noteVerse);
+
+// An item of a list.
+struct ListedReference {
+    std::size_t place = 0, size = 0;  // in bytes of the note
+    std::int32_t verse = 0;
+};
+
+// The items of all lists of the note, in order. Each "#" begins a list, which ends before the next one.
+std::vector<ListedReference> ListedReferences(const VerseRecords& records, std::string_view note, int noteVerse);

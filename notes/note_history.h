@@ -44,6 +44,7 @@ enum class KeptReason : std::uint32_t {
     kLeftOver = 6,     // found in the temporary file of a failed save
     kMerged = 7,       // a merge of two sets put another text in its place
     kRestored = 8,     // an earlier state of the set took its place
+    kImported = 9,     // an import put another text in its place
 };
 
 struct EarlierNote {

@@ -1,0 +1,35 @@
+// Reading text files in which each note stands below a heading, the line that names its verse.
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "exchange/placing.h"
+
+struct NoteHeading {
+    std::size_t line = 0;  // its place among the lines
+    std::string where;     // what stands there for a verse
+    VerseName verse;
+    NoteMark mark;
+};
+
+// The headings of a file, in order.
+struct HeadedLines {
+    std::vector<std::string_view> lines;
+    std::size_t first = 0;  // the first line behind the title
+    std::vector<NoteHeading> headings;
+};
+
+// Adds the notes below the headings. `textOf` makes the text of a note of its lines. What stands before the first
+// heading is unplaced.
+void PlaceHeaded(const ExchangeContext& context, const HeadedLines& file,
+                 std::string (*textOf)(std::span<const std::string_view> lines), ExchangedNotes& notes);
+
+// The lines with LF between them.
+std::string JoinedLines(std::span<const std::string_view> lines);
+
+// The name of a set for a file, and back: empty if it has letters that names of sets cannot have here.
+std::string PortableName(const CodePage& page, std::string_view name);
+std::string NameOfSet(const CodePage& page, std::string_view text);
