@@ -93,6 +93,7 @@ static std::string WhereIn(const CsvRow& row, const Columns& columns) {
     const std::string_view reference = Trimmed(CellOf(row, columns.reference));
     if (!reference.empty()) return std::string(reference);
     std::string where(Trimmed(CellOf(row, columns.book)));
+    if (where.empty()) return where;
     where.append(" ").append(Trimmed(CellOf(row, columns.chapter)));
     return where.append(":").append(Trimmed(CellOf(row, columns.verse)));
 }

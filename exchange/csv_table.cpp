@@ -102,9 +102,10 @@ static bool IsEmpty(const CsvRow& row) {
 std::vector<CsvRow> CsvRowsOf(std::string_view text) {
     static constexpr std::string_view kSeparatorLine = "sep=";
     CsvCursor cursor{text};
-    if (text.starts_with(kSeparatorLine) && text.size() > kSeparatorLine.size()) {
-        cursor.separator = text[kSeparatorLine.size()];
-        cursor.at = std::min(text.find('\n'), text.size() - 1) + 1;
+    const std::string_view line = text.substr(0, text.find('\n'));
+    if (line.starts_with(kSeparatorLine) && line.size() == kSeparatorLine.size() + 1 && line.back() != '"') {
+        cursor.separator = line.back();
+        cursor.at = std::min(line.size() + 1, text.size());
         ++cursor.line;
     } else {
         cursor.separator = SeparatorIn(text);

@@ -13,9 +13,9 @@
 
 struct ExchangedNote {
     int verse = 0;
-    std::string note;                     // as it is stored in a set, without NULs; empty if it was emptied in the file
-    std::optional<std::uint32_t> digest;  // DigestOf the note when it was exported; none in a file made by hand
-    std::size_t line = 0;                 // where it begins in the file, from 1; 0 if there are no lines
+    std::string note{};  // as it is stored in a set, without NULs; empty if it was emptied in the file
+    std::optional<std::uint32_t> digest{};  // DigestOf the note when it was exported; none in a file made by hand
+    std::size_t line = 0;                   // where it begins in the file, from 1; 0 if there are no lines
     bool operator==(const ExchangedNote&) const = default;
 };
 

@@ -28,7 +28,7 @@ enum class ImportChoice {
 struct PlannedNote {
     int verse = 0;
     ImportKind kind = ImportKind::kNew;
-    std::string mine, imported;                 // as they are stored
+    std::string mine{}, imported{};             // as they are stored
     ImportChoice choice = ImportChoice::kTake;  // kTake for new and changed ones, kBoth in conflict, kKeep for older
     bool operator==(const PlannedNote&) const = default;
 };

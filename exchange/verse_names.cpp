@@ -165,11 +165,28 @@ static int TakeBook(const VerseRecords& records, const NameParts& parts, std::si
     return TakeWords(records, parts, "", at);
 }
 
+// John has the namesake 1 John.
+static bool HasNamesake(int book) {
+    for (int other = 1; other <= kBookCount; ++other)
+        if (std::string_view(BookName(other)).substr(1) == std::string(" ") + BookName(book)) return true;
+    return false;
+}
+
+// Is the number that of the book among all, or among those of the New Testament? Books without namesakes may be counted
+// in any way.
+static bool IsOrderOf(int book, const std::string& figures) {
+    static constexpr int kMostOrders = 99, kOldTestament = 39;
+    const int order = NumberOf(figures);
+    if (!HasNamesake(book)) return order <= kMostOrders;
+    return figures.size() > 1 && (order == book || order == book - kOldTestament);
+}
+
 static int TakeOrderedBook(const VerseRecords& records, const NameParts& parts, std::size_t& at) {
-    static constexpr int kMostOrders = 99;
     const int book = TakeBook(records, parts, at);
-    if (book != 0 || !IsNumber(parts, at) || NumberOf(parts[at].text) > kMostOrders) return book;
-    return TakeBook(records, parts, ++at);
+    if (book != 0 || !IsNumber(parts, at)) return book;
+    const std::string& order = parts[at].text;
+    const int ordered = TakeBook(records, parts, ++at);
+    return ordered != 0 && IsOrderOf(ordered, order) ? ordered : 0;
 }
 
 // ---- Verses ---------------------------------------------------------------------------------------------------------

@@ -2,7 +2,7 @@
 // "45-Rom-008-028", "Rom.8.28", "Jude 5".
 //
 //     name   = [ order ], book, [ chapter word ], number, [ [ verse word ], number, [ last ] ], [ title ] ;
-//     order  = 1 to 99, in front of a book that has no number or has one of its own ;
+//     order  = 1 to 99; before John, which has namesakes, 43 or 04, its number in the Bible or the New Testament ;
 //     book   = [ "1" | "2" | "3" | "I" | "II" | "III" ], a name, the beginning of one with two letters or an
 //              abbreviation ;
 //     last   = the last verse of a range, greater than the first ;

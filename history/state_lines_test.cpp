@@ -9,7 +9,7 @@
 TEST(StateLines, NameEveryReasonDifferently) {
     std::set<std::string> texts;
     for (std::uint32_t reason = 1; reason <= 9; ++reason) texts.insert(ReasonText(static_cast<KeptReason>(reason)));
-    EXPECT_EQ(texts.size(), 8u);
+    EXPECT_EQ(texts.size(), 9u);
     EXPECT_FALSE(texts.contains(""));
     EXPECT_STREQ(ReasonText(KeptReason::kReplaced), "replaced by a save");
     EXPECT_STREQ(ReasonText(static_cast<KeptReason>(10)), "");  // of a newer version

@@ -243,3 +243,26 @@ TEST(CrossReferences, AreValidForRandomText) {
 TEST(CrossReferences, AreEmptyWithoutRecords) {
     EXPECT_TRUE(CrossReferences({}, "# Ge 1:1-5; 3", 0, 0).empty());
 }
+
+// "Ge 1:1=Ge 1:1, 6=Ex 2:6": each item and its verse.
+static std::string Listed(std::string_view note) {
+    std::string items;
+    for (const ListedReference& item : ListedReferences(Records(), note, kGenesis3_2))
+        items += (items.empty() ? "" : ", ") + std::string(note.substr(item.place, item.size)) + '=' +
+                 ReferenceText(Records(), item.verse, BookForm::kAbbreviation);
+    return items;
+}
+
+TEST(ListedReferences, AreItemsInTheirPlaces) {
+    EXPECT_EQ(Listed("see\r\n# Ge 1:1; Ex 2:4 , 6-8.\r\nGe 4:1"), "Ge 1:1=Ge 1:1, Ex 2:4=Ex 2:4, 6=Ex 2:6, 8.=Ex 2:8");
+    EXPECT_EQ(Listed("a # Ge 1:1 # 5 # x\n#Ru"), "Ge 1:1=Ge 1:1, 5=Ge 3:5, Ru=Ru 3:2");
+    EXPECT_EQ(Listed("no list\n#\n# \n#"), "");
+}
+
+TEST(ListedReferences, AreTheVersesThatAreFollowed) {
+    for (const char* list : {"# Ge 1:1; Ex 2:4, 6", "# Song of Solomon 2:1 3", "# 1John 3:16/Re 99:99. Ps"}) {
+        std::vector<std::int32_t> verses;
+        for (const ListedReference& item : ListedReferences(Records(), list, kGenesis3_2)) verses.push_back(item.verse);
+        EXPECT_EQ(verses, CrossReferences(Records(), list, 0, kGenesis3_2)) << list;
+    }
+}
