@@ -93,7 +93,7 @@ static bool IsPlainText(std::u16string_view letters) {
 
 // Takes a letter of a code page, which has one or two bytes, or a byte that is none.
 static void EscapeBytes(const CodePage& page, std::string_view& note, std::string& text) {
-    for (const std::size_t size : {1, 2}) {
+    for (const std::size_t size : {std::size_t{1}, std::size_t{2}}) {
         const std::string_view bytes = note.substr(0, size);
         const std::u16string letters = page.lettersOf(page.device, bytes);
         std::string again;
