@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "exchange/csv_table.h"
-#include "exchange/exchange_samples.h"
+#include "tests/support/exchange_samples.h"
 
 using testing::ElementsAre;
 using testing::IsEmpty;

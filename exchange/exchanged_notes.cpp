@@ -1,3 +1,4 @@
+// Apart from the formats because all of them begin or end with it.
 #include "exchange/exchanged_notes.h"
 
 #include <span>

@@ -2,9 +2,9 @@
 
 #include <gmock/gmock.h>
 
-#include "exchange/exchange_samples.h"
 #include "exchange/html_reading.h"
 #include "exchange/html_tokens.h"
+#include "tests/support/exchange_samples.h"
 
 using testing::ElementsAre;
 using testing::HasSubstr;

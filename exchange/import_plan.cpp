@@ -1,18 +1,11 @@
 #include "exchange/import_plan.h"
 
 #include <algorithm>
-#include <set>
 #include <utility>
 
 #include "notes/joined_texts.h"
 #include "notes/note_history.h"
 #include "notes/set_texts.h"
-
-namespace {
-
-using KnownTexts = std::set<std::pair<int, std::uint32_t>>;  // verse and digest of an earlier note
-
-}  // namespace
 
 static ImportChoice UsualChoice(ImportKind kind) {
     switch (kind) {
@@ -38,8 +31,10 @@ static std::vector<EarlierNote> EarlierNotesByVerse(const NoteFiles& files, cons
 }
 
 static bool IsAmong(const std::vector<EarlierNote>& earlier, const ExchangedNote& note) {
-    const auto ofVerse = std::ranges::equal_range(earlier, note.verse, {}, &EarlierNote::verse);
-    return std::ranges::find(ofVerse, note.note, &EarlierNote::text) != ofVerse.end();
+    auto found = std::ranges::lower_bound(earlier, note.verse, {}, &EarlierNote::verse);
+    for (; found != earlier.end() && found->verse == note.verse; ++found)
+        if (found->text == note.note) return true;
+    return false;
 }
 
 static ImportKind KindOf(const std::vector<EarlierNote>& earlier, const std::string& mine, const ExchangedNote& note) {

@@ -2,10 +2,10 @@
 
 #include <gmock/gmock.h>
 
-#include "exchange/exchange_samples.h"
 #include "notes/joined_texts.h"
 #include "notes/note_history.h"
 #include "tests/support/checked_sets.h"
+#include "tests/support/exchange_samples.h"
 #include "tests/support/fake_note_files.h"
 
 using testing::ElementsAre;

@@ -2,8 +2,8 @@
 
 #include <gmock/gmock.h>
 
-#include "exchange/exchange_samples.h"
 #include "exchange/markdown_text.h"
+#include "tests/support/exchange_samples.h"
 
 using testing::ElementsAre;
 using testing::Pair;

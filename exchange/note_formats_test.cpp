@@ -2,7 +2,7 @@
 
 #include <gmock/gmock.h>
 
-#include "exchange/exchange_samples.h"
+#include "tests/support/exchange_samples.h"
 #include "tests/support/tries.h"
 
 using testing::IsEmpty;

@@ -2,12 +2,12 @@
 
 #include <gmock/gmock.h>
 
-#include "exchange/exchange_samples.h"
 #include "notes/joined_texts.h"
 #include "notes/note_history.h"
 #include "notes/note_places.h"
 #include "notes/set_texts.h"
 #include "tests/support/checked_sets.h"
+#include "tests/support/exchange_samples.h"
 #include "tests/support/fake_note_files.h"
 #include "tests/support/tries.h"
 

@@ -2,7 +2,7 @@
 
 #include <gmock/gmock.h>
 
-#include "exchange/exchange_samples.h"
+#include "tests/support/exchange_samples.h"
 
 static PortableText PortableOf(const std::string& note, const CodePage& page = {}) {
     const PortableText text = PortableTextOf(page, note);

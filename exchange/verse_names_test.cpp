@@ -2,8 +2,8 @@
 
 #include <gmock/gmock.h>
 
-#include "exchange/exchange_samples.h"
 #include "scripture/books.h"
+#include "tests/support/exchange_samples.h"
 
 static const VerseRecords& Records() {
     return TheRealScripture().records;

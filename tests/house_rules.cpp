@@ -13,8 +13,9 @@
 
 namespace fs = std::filesystem;
 
-static constexpr std::array<std::string_view, 11> kFolders = {
-    "scripture", "search", "typeset", "pane", "notes", "history", "output", "passage", "verselist", "print", "app"};
+static constexpr std::array<std::string_view, 12> kFolders = {"scripture", "search",    "typeset",  "pane",
+                                                              "notes",     "history",   "exchange", "output",
+                                                              "passage",   "verselist", "print",    "app"};
 static constexpr std::size_t kMostLines = 500;
 static constexpr std::size_t kFewestLines = 40;
 

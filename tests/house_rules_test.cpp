@@ -87,7 +87,7 @@ TEST(TreeKeeps, UnitsOutOfCircles) {
 }
 
 TEST(TreeKeeps, OneGraphInBuildAndReadme) {
-    EXPECT_EQ(Graph().size(), 11u);
+    EXPECT_EQ(Graph().size(), 12u);
     EXPECT_EQ(Graph(), ReadGraphOfReadme(TextOf("README.md")));
 }
 

@@ -1,4 +1,4 @@
-#include "exchange/exchange_samples.h"
+#include "tests/support/exchange_samples.h"
 
 #include <array>
 #include <random>
