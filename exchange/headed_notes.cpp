@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "exchange/file_text.h"
+#include "notes/file_names.h"
 
 static constexpr char kBeforeFirst[] = "This stands before the first verse.";
 
@@ -52,5 +53,5 @@ std::string PortableName(const CodePage& page, std::string_view name) {
 
 std::string NameOfSet(const CodePage& page, std::string_view text) {
     std::string name;
-    return page.bytesOf(page.device, LettersOfUtf8(text), name) ? name : "";
+    return page.bytesOf(page.device, LettersOfUtf8(text), name) && IsSetName(name) ? name : "";
 }

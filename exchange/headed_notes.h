@@ -30,6 +30,6 @@ void PlaceHeaded(const ExchangeContext& context, const HeadedLines& file,
 // The lines with LF between them.
 std::string JoinedLines(std::span<const std::string_view> lines);
 
-// The name of a set for a file, and back: empty if it has letters that names of sets cannot have here.
+// The name of a set for a file, and back: empty if no set can have it here.
 std::string PortableName(const CodePage& page, std::string_view name);
 std::string NameOfSet(const CodePage& page, std::string_view text);

@@ -14,6 +14,7 @@ struct PageReader {
     const ExchangeContext& context;
     ExchangedNotes& notes;
     std::size_t line = 1;
+    bool hasSet = false;  // the page was exported, so that its first heading is the name of the set
 
     bool hasNote = false;       // a note has begun
     FoundNote note{};           // its text comes last
@@ -139,7 +140,7 @@ static void TakeOtherTag(PageReader& reader, const HtmlTag& tag) {
         FollowElement(reader, tag, reader.hiddenElement);
     } else if (IsHeading(tag)) {
         if (tag.isEnd && reader.isInHeading) EndHeading(reader);
-        reader.isInHeading = !tag.isEnd;
+        reader.isInHeading = !tag.isEnd && !(reader.hasSet && tag.name == "h1");
         reader.heading.clear();
     } else if (reader.hasNote && !tag.isEnd && !reader.hasBody && HasClass(tag, "note")) {
         reader.hasBody = true;
@@ -158,6 +159,7 @@ static void TakeTag(PageReader& reader, const HtmlTag& tag) {
     const std::string* set = AttributeOf(tag, "data-set");
     const std::string* verse = AttributeOf(tag, "data-verse");
     const std::string* mark = AttributeOf(tag, "data-mark");
+    if (set != nullptr) reader.hasSet = true;
     if (set != nullptr) reader.notes.setName = NameOfSet(reader.context.page, Trimmed(*set));
     if (verse != nullptr)
         BeginNote(reader, *verse, mark != nullptr ? *mark : "", true);

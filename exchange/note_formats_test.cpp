@@ -61,10 +61,21 @@ TEST(NoteFormats, GiveRandomNotesBack) {
 }
 
 TEST(NoteFormats, KeepTheNameOfTheSet) {
-    for (const char* name :
-         {"a", "Romans 8", "My, \"Notes\"", "=== x", "# x <!-- notes -->", "caf\xE9", "<b>&amp;", ""})
+    for (const char* name : {"a", "Romans 8", "My, 'Notes'", "=== x", "# x", "caf\xE9", "&amp;", "Notes; a_b", ""})
+        for (const NoteFormat& format : NoteFormats()) {
+            SCOPED_TRACE(testing::Message() << format.name << ": " << name);
+            const ExchangedNotes notes = Exported({"x", "y"}, name);
+            const ExchangedNotes after = ThroughFormat(format, TestContext(), notes);
+            ExpectTheSame(notes, after);
+            EXPECT_EQ(after.setName, name);
+        }
+}
+
+// It comes from a file that anyone may have made.
+TEST(NoteFormats, HaveNoNameThatNoSetCanHave) {
+    for (const char* name : {"../a", "con", "a\\b", "a*"})
         for (const NoteFormat& format : NoteFormats())
-            EXPECT_EQ(ThroughFormat(format, TestContext(), Exported({"x"}, name)).setName, name) << format.name;
+            EXPECT_EQ(ThroughFormat(format, TestContext(), Exported({"x"}, name)).setName, "") << format.name;
 }
 
 TEST(NoteFormats, HaveNotesOfEveryVerse) {
