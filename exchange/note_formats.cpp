@@ -38,20 +38,3 @@ const NoteFormat* FormatNamed(std::string_view fileName) {
         if (FitsPatterns(fileName, format.patterns)) return &format;
     return nullptr;
 }
-
-static void AddFilter(std::string& filter, const std::string& name, const std::string& patterns) {
-    filter += name;
-    filter += '\0';
-    filter += patterns;
-    filter += '\0';
-}
-
-std::string FormatFilter(bool isToRead) {
-    std::string all, filter;
-    for (const NoteFormat& format : kFormats) all += (all.empty() ? "" : ";") + std::string(format.patterns);
-    if (isToRead) AddFilter(filter, "All these formats", all);
-    for (const NoteFormat& format : kFormats)
-        AddFilter(filter, std::string(format.name) + " (*" + format.ending + ")", format.patterns);
-    filter += '\0';
-    return filter;
-}

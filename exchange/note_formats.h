@@ -31,10 +31,5 @@ std::span<const NoteFormat> NoteFormats();
 // The format of a file by the ending of its name, in capitals or not; null if no format has it.
 const NoteFormat* FormatNamed(std::string_view fileName);
 
-// The filter of the system's file dialogs for the formats in their order: "Web page (*.html)", NUL, "*.html;*.htm",
-// NUL and so on, then one more NUL. If `isToRead`, "All these formats" stand first, so that the filter's number 2 is
-// the first format, and not 1.
-std::string FormatFilter(bool isToRead);
-
 // The largest file that is read: beyond all notes that a set can sensibly have.
 inline constexpr std::size_t kExchangeLimit = std::size_t{1} << 30;

@@ -163,12 +163,3 @@ TEST(NoteFormats, AreKnownByTheEndingsOfNames) {
     EXPECT_EQ(FormatNamed("html"), nullptr);
     EXPECT_EQ(FormatNamed(""), nullptr);
 }
-
-TEST(NoteFormats, HaveAFilterForDialogs) {
-    const std::string filter = FormatFilter(false);
-    EXPECT_TRUE(filter.starts_with(std::string_view("Web page (*.html)\0*.html;*.htm\0Markdown (*.md)\0", 47)))
-        << filter;
-    EXPECT_TRUE(filter.ends_with(std::string_view("\0\0", 2)));
-    EXPECT_TRUE(FormatFilter(true).starts_with("All these formats"));
-    EXPECT_TRUE(FormatFilter(true).ends_with(filter));
-}
