@@ -15,8 +15,8 @@
 #include "verselist/verse_list_window.h"
 #include "win32/clipboard.h"
 #include "win32/controls.h"
+#include "win32/file_dialogs.h"
 #include "win32/replacing_file.h"
-#include "win32/save_file_dialog.h"
 
 static constexpr char kNoMemoryForText[] = "Could not allocate memory for text";
 static constexpr char kNoMemoryForCopyText[] = "Could not allocate memory for copy text";

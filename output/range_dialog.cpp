@@ -8,8 +8,8 @@
 #include "scripture/scripture_win32.h"
 #include "win32/controls.h"
 #include "win32/dialogs.h"
+#include "win32/file_dialogs.h"
 #include "win32/help_viewer.h"
-#include "win32/save_file_dialog.h"
 
 struct RangeDialog {
     const char* resource;
