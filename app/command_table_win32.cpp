@@ -48,6 +48,8 @@ static constexpr Command kCommands[] = {
     {IDM_FORMAT, ChooseFormat},
     {IDM_SAVE_RANGE, SaveRange, kAlways, 0, {}, {"Save a Range of verses"}},
     {IDM_SAVE_VERSE_LIST, SaveVerseList, kListCanBeSaved, 0, {}, {"Save the Verse List"}},
+    {IDM_EXPORT_NOTES, ExportNoteSet, kNotEditing},
+    {IDM_IMPORT_NOTES, ImportIntoNoteSet, kNotEditing | kNotesCanChange},
     {IDM_PAGE_SETUP, ChoosePageSetup},
     {IDM_PRINT_RANGE, PrintRange},
     {IDM_PRINT_VERSE_LIST, PrintVerseList, kListHasVerses},

@@ -31,8 +31,9 @@ struct Frame {
     Fonts fonts;
     std::array<COLORREF, 16> customColors{};
     PrinterSetup printerSetup;
-    std::string damagedSet;              // whose earlier states the user wants to see at the end of the start
-    std::string ownSets;                 // as in MoreSettings
+    std::string damagedSet;  // whose earlier states the user wants to see at the end of the start
+    std::string ownSets;     // as in MoreSettings
+    ExportChoices exportChoices;
     std::vector<NoteDraft> takenDrafts;  // of a copy whose notes were taken over, to be offered
     std::vector<int> lastVerses;         // app/last_verses.h
     bool hasNewLastVerse = false;        // since the start

@@ -5,6 +5,8 @@
 
 #include "app/frame_win32.h"
 #include "app/note_commands_win32.h"
+#include "exchange/export_notes_dialog.h"
+#include "exchange/import_notes_dialog.h"
 #include "history/earlier_states_dialog.h"
 #include "history/merge_sets_dialog.h"
 #include "history/set_merging.h"
@@ -180,6 +182,32 @@ void OfferMerge(int) {
             default: return;
         }
     }
+}
+
+// ---- Export and import ----------------------------------------------------------------------------------------------
+
+void ExportNoteSet(int) {
+    if (!theFrame.startUpComplete) return;  // without the scripture there are no verses
+    const std::optional<std::string> report = AskExport(theFrame.window, theFrame.exportChoices);
+    if (report) ShowStatus(StatusPart::kSearchSummary, *report);
+}
+
+// Brings the set in front that has got the notes.
+static void ShowImported(const ImportedNotes& imported) {
+    if (imported.isNewSet) {
+        AddLastNoteTab();
+        LayOut();
+    }
+    ShowNoteOfSet(imported.set, theNoteSets.currentVerse);
+    UpdateNoteMarks(IDM_NOTES_CHANGED);
+    ShowStatus(StatusPart::kSearchSummary, imported.report);
+}
+
+void ImportIntoNoteSet(int) {
+    if (!theFrame.startUpComplete) return;
+    const std::optional<ImportedNotes> imported = AskImport(theFrame.window);
+    if (imported) ShowImported(*imported);
+    FocusNotes();
 }
 
 // ---- Marks ----------------------------------------------------------------------------------------------------------

@@ -1,4 +1,4 @@
-// Commands that create, rename, delete and merge note sets and mark their tabs.
+// Commands that create, rename, delete, merge, export and import note sets and mark their tabs.
 #pragma once
 
 void CreateSet(int command);
@@ -10,4 +10,6 @@ void ShowFirstTabs();                 // at the start, with their marks, once th
 void MarkSets(int command);           // sent by panes after painting
 void UpdateNoteMarks(int command);    // sent when notes have come or gone: also repaints the stars before verses
 void MergeNoteSets(int command);
+void ExportNoteSet(int command);
+void ImportIntoNoteSet(int command);
 void OfferMerge(int command);  // at the end of the start, for what conflicts between machines have left

@@ -247,6 +247,8 @@ static SettingRows MoreRows(MoreSettings& settings) {
     return {
         {"NOTES", "CurrentSet", TextField{&settings.CurrentSet, "", kSetNameLimit}},
         {"NOTES", "OwnSets", TextField{&settings.OwnSets, "", kNamesLimit}},
+        {"NOTES", "ExportFormat", IntegerField{&settings.exportChoices.Format, 0}},
+        {"NOTES", "ExportVerses", IntegerField{&settings.exportChoices.VerseTexts, 0}},
         {"OPTIONS", "KeyColorFrom", TextField{&settings.KeyColorFrom, "", kColorTextLimit}},
         {"OPTIONS", "DarkPanes", IntegerField{&settings.DarkPanes, kDarkOff}},
         {"VIEW", "ListShare", IntegerField{&settings.shares.ListShare, PaneShares{}.ListShare}},

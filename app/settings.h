@@ -14,6 +14,7 @@
 
 #include "app/frame_layout.h"
 #include "app/navigation.h"
+#include "exchange/export_choices.h"
 #include "notes/listed_notes.h"
 #include "output/format_options.h"
 #include "search/query.h"
@@ -74,6 +75,7 @@ struct MoreSettings {
     int HitsByBook = 0;  // is the strip shown?
     NearOptions nearOptions{};
     ListNotesOptions listNotes{};
+    ExportChoices exportChoices{};
     // What the taskbar offers of an installed copy (app/last_verses.h).
     std::string LastVerses{};
 };

@@ -287,6 +287,15 @@ TEST(MoreSettings, HaveTheNamesOfOwnSets) {
     EXPECT_FALSE(profile.values.contains("NOTES/OwnSets"));
 }
 
+TEST(MoreSettings, HaveWhatWasChosenForAnExport) {
+    FakeProfile profile;
+    SaveMoreSettings(DeviceOver(profile), {.CurrentSet = "", .exportChoices = {3, 1}});
+    EXPECT_EQ(profile.writes, (std::vector<std::string>{"NOTES/ExportFormat=3", "NOTES/ExportVerses=1"}));
+    const ExportChoices read = LoadMoreSettings(DeviceOver(profile)).exportChoices;
+    EXPECT_EQ(read.Format, 3);
+    EXPECT_EQ(read.VerseTexts, 1);
+}
+
 TEST(MoreSettings, HaveTheDistanceOfNearWords) {
     FakeProfile profile;
     SaveMoreSettings(DeviceOver(profile), {.CurrentSet = "", .nearOptions = {kNearInVerses, 3, 1}});

@@ -117,6 +117,7 @@ static void TakeOver(const MoreSettings& settings) {
     theFrame.ownSets = settings.OwnSets;
     theSearch.nearOptions = settings.nearOptions;
     theListNotes.options = settings.listNotes;
+    theFrame.exportChoices = settings.exportChoices;
     theFrame.lastVerses = LastVersesOf(settings.LastVerses);
     if (settings.CurrentSet.empty()) return;
     const int set = SetNamed(theNoteSets, settings.CurrentSet);
@@ -134,6 +135,7 @@ static MoreSettings CurrentMoreSettings() {
         .HitsByBook = theHitsStrip.HitsByBook,
         .nearOptions = theSearch.nearOptions,
         .listNotes = theListNotes.options,
+        .exportChoices = theFrame.exportChoices,
         .LastVerses = TextOfLastVerses(theFrame.lastVerses),
     };
 }

@@ -56,10 +56,10 @@ TEST(HelpTopics, EveryTopicInTheProgramHasAPage) {
 
 TEST(HelpTopics, HaveTheNamesThatDialogsUse) {
     for (const char* topic :
-         {"ID_SpecifyRange", "ID_Preface", "ID_Search_Word", "ID_Search_WordList", "ID_Search_Phrase", "ID_Search_Near",
-          "ID_Search_SetRange", "ID_Read_GoToVerse", "ID_Edit_CopyVerse", "ID_Edit_CopyRange", "ID_Edit_Format",
-          "ID_File_SaveRange", "ID_File_PrintRange", "ID_Notes_GotoVerse", "ID_Notes_Edit", "ID_Notes_Create",
-          "ID_Search_Notes", "ID_Notes_List"})
+         {"ID_SpecifyRange", "ID_Preface",         "ID_Search_Word",     "ID_Search_WordList", "ID_Search_Phrase",
+          "ID_Search_Near",  "ID_Search_SetRange", "ID_Read_GoToVerse",  "ID_Edit_CopyVerse",  "ID_Edit_CopyRange",
+          "ID_Edit_Format",  "ID_File_SaveRange",  "ID_File_PrintRange", "ID_Notes_GotoVerse", "ID_Notes_Edit",
+          "ID_Notes_Create", "ID_Search_Notes",    "ID_Notes_List",      "ID_Notes_Export",    "ID_Notes_Import"})
         EXPECT_THAT(TopicPages(), Contains(topic));
 }
 

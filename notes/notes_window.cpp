@@ -193,6 +193,8 @@ static std::vector<MenuRow> Rows(HWND frame) {
         {IDM_VERSE_FOR_NOTE, "Read Verse for this Note\t"},
         {},
         {.command = IDM_BIND_NOTES, .text = "Bind Notes to Passage Window", .checked = bound},
+        {IDM_EXPORT_NOTES, "Export Notes..."},
+        {IDM_IMPORT_NOTES, "Import Notes...", IsGreyedInFrame(frame, IDM_IMPORT_NOTES)},
         {},
         {IDM_NOTE_WORD_SEARCH, "Word Search with Selected Text...", noSelection},
         {IDM_NOTE_PHRASE_SEARCH, "Phrase Search with Selected Text...", noSelection},

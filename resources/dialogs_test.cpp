@@ -161,6 +161,27 @@ static constexpr ExpectedControl kControls[] = {
     {"LISTNOTES", 2, "PUSHBUTTON", "Cancel"},
     {"LISTNOTES", 20, "PUSHBUTTON", "Range..."},
     {"LISTNOTES", 9, "PUSHBUTTON", "Help"},
+    {"EXPORTNOTES", 10, "COMBOBOX", "Notes of the set:"},
+    {"EXPORTNOTES", 11, "COMBOBOX", "Format of the file:"},
+    {"EXPORTNOTES", 12, "BS_AUTOCHECKBOX", "With the text of the verses"},
+    {"EXPORTNOTES", 1, "DEFPUSHBUTTON", "OK"},
+    {"EXPORTNOTES", 2, "PUSHBUTTON", "Cancel"},
+    {"EXPORTNOTES", 9, "PUSHBUTTON", "Help"},
+    {"IMPORTNOTES", 10, "EDITTEXT", "Notes from the file or folder:"},
+    {"IMPORTNOTES", 11, "PUSHBUTTON", "File..."},
+    {"IMPORTNOTES", 12, "PUSHBUTTON", "Folder..."},
+    {"IMPORTNOTES", 13, "COMBOBOX", "into the set:"},
+    {"IMPORTNOTES", 14, "EDITTEXT", "Name of the new set:"},
+    {"IMPORTNOTES", 101, "LISTBOX", "Notes, what becomes of them, and their texts in the set and to import:"},
+    {"IMPORTNOTES", 102, "ES_MULTILINE", "Text to import of the selected note:"},
+    {"IMPORTNOTES", 103, "LTEXT", ""},
+    {"IMPORTNOTES", 104, "BS_AUTORADIOBUTTON", "keep the set's"},
+    {"IMPORTNOTES", 105, "BS_AUTORADIOBUTTON", "take the imported one"},
+    {"IMPORTNOTES", 106, "BS_AUTORADIOBUTTON", "keep both"},
+    {"IMPORTNOTES", 107, "PUSHBUTTON", "All Alike"},
+    {"IMPORTNOTES", 1, "DEFPUSHBUTTON", "Import"},
+    {"IMPORTNOTES", 2, "PUSHBUTTON", "Cancel"},
+    {"IMPORTNOTES", 9, "PUSHBUTTON", "Help"},
     {"EARLIERNOTES", 101, "LISTBOX", "Earlier texts, latest first:"},
     {"EARLIERNOTES", 102, "ES_MULTILINE", "Text of the selected one:"},
     {"EARLIERNOTES", 1, "DEFPUSHBUTTON", "Restore"},
@@ -213,6 +234,8 @@ static constexpr ExpectedTitle kTitles[] = {
     {"MERGESETS", "Merge Sets"},
     {"SEARCHNOTES", "Search Note Set"},
     {"LISTNOTES", "List Notes"},
+    {"EXPORTNOTES", "Export Notes"},
+    {"IMPORTNOTES", "Import Notes"},
     {"EARLIERNOTES", "Earlier Notes"},
     {"EARLIERSTATES", "Earlier States of Note Sets"},
     {"SEARCHPROGRESS", "Searching..."},
@@ -357,7 +380,7 @@ TEST(Dialogs, FormatOptionsAreThreeGroups) {
 }
 
 TEST(Dialogs, NoteSetListsDoNotAllowTyping) {
-    for (const char* name : {"SAVERANGE", "PRINTRANGE", "MERGESETS"})
+    for (const char* name : {"SAVERANGE", "PRINTRANGE", "MERGESETS", "EXPORTNOTES", "IMPORTNOTES"})
         for (const DialogControl& control : Dialog(name).controls) {
             if (control.kind != "COMBOBOX") continue;
             EXPECT_THAT(control.styles, HasSubstr("CBS_DROPDOWNLIST"));

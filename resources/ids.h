@@ -89,6 +89,8 @@
 #define IDM_COPY_HITS 341
 #define IDM_LIST_NOTES 350
 #define IDM_NEAR_SEARCH 360
+#define IDM_EXPORT_NOTES 370
+#define IDM_IMPORT_NOTES 371
 #define IDM_REFRESH 900           // sent by a pane to its frame: the state of commands may have changed
 #define IDM_SHOW_REFERENCES 901   // sent by the Notes window: show the verses of the double-clicked line
 #define IDM_END_EDITING 902       // sent by the note editor when it has closed
@@ -182,6 +184,21 @@
 #define IDC_LIST_CURRENT_SET 11
 #define IDC_LIST_ALL_SETS 12
 #define IDC_LIST_IN_RANGE 13
+#define IDC_EXPORTED_SET 10  // Export Notes
+#define IDC_EXPORT_FORMAT 11
+#define IDC_EXPORT_VERSES 12
+#define IDC_IMPORT_FROM 10  // Import Notes
+#define IDC_IMPORT_FILE 11
+#define IDC_IMPORT_FOLDER 12
+#define IDC_IMPORT_SET 13
+#define IDC_NEW_SET_NAME 14
+#define IDC_IMPORTED_NOTES 101
+#define IDC_IMPORTED_TEXT 102
+#define IDC_IMPORT_COUNTS 103
+#define IDC_KEEP_SETS 104
+#define IDC_TAKE_IMPORTED 105
+#define IDC_KEEP_BOTH 106
+#define IDC_FOR_ALL_ALIKE 107
 #define IDC_STOP_PRINTING 110  // Printing...
 #define IDC_PRINTED_PAGE 101
 #define IDC_SPLASH_LINE 111

@@ -100,6 +100,8 @@ static constexpr ExpectedItem kCommands[] = {
     {340, "&Hits by Book\tShift+F2"},
     {341, "Copy &Hits by Book\tShift+F7"},
     {350, "L&ist Notes...\tCtrl+L"},
+    {370, "&Export Notes..."},
+    {371, "I&mport Notes..."},
     {360, "Words Ne&ar Each Other...\tAlt+A"},
     {1001, "Genesis"},
     {1009, "1 Samuel"},

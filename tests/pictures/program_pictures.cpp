@@ -7,6 +7,7 @@
 #include <set>
 
 #include "resources/ids.h"
+#include "tests/windows/exchange_steps.h"
 #include "tests/windows/helped_dialogs.h"
 #include "tests/windows/note_set_files.h"
 #include "tests/windows/note_steps.h"
@@ -62,7 +63,7 @@ TEST(Pictures, OfHitsByBook) {
 TEST(Pictures, OfTheDialogs) {
     Program program = StartForPictures();
     GoTo(program, "John 1:14");
-    std::set<std::string> shown = {"ID_Notes_Earlier", "ID_Notes_States", "ID_Notes_Merge"};
+    std::set<std::string> shown = {"ID_Notes_Earlier", "ID_Notes_States", "ID_Notes_Merge", "ID_Notes_Import"};
     for (const HelpedDialog& row : HelpedDialogs()) {
         if (!shown.insert(row.topic).second) continue;
         Command(program, row.command);
@@ -71,4 +72,18 @@ TEST(Pictures, OfTheDialogs) {
         Press(program, "Esc");
         WaitForNoDialog(program);
     }
+}
+
+TEST(Pictures, OfAnImport) {
+    Program program = StartForPictures();
+    WriteFile(program.folder, "Notes from the laptop.csv",
+              "Reference,Note\r\n"
+              "Genesis 1:1,\"Compare the beginning of John's Gospel.\"\r\n"
+              "John 1:14,\"\"\"The Word was made flesh\"\": he that was \"\"with God\"\" came among men, and dwelt "
+              "there.\"\r\n"
+              "Romans 8:99,\"More than conquerors\"\r\n");
+    const HWND dialog = OpenImportOf(program, program.folder.path / "Notes from the laptop.csv");
+    PressInOneGo(program, {"Down", "Down"});
+    SetDlgItemTextA(dialog, IDC_IMPORT_FROM, "C:\\Notes from the laptop.csv");
+    SavePicture(PictureOfWindow(dialog), "ID_Notes_Import");
 }

@@ -38,6 +38,7 @@ static constexpr int kEnabledAtStart[] = {
     IDM_DELETE_NOTE_SET, IDM_RENAME_NOTE_SET,
     IDM_EARLIER_NOTES,   IDM_EARLIER_STATES,
     IDM_LIST_NOTES,      IDM_VIEW_HITS,
+    IDM_EXPORT_NOTES,    IDM_IMPORT_NOTES,
 };
 
 // Commands that need search results, a selection or the focus.

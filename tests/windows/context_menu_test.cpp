@@ -160,6 +160,8 @@ static std::vector<std::string> NoteRows(const char* selected, const char* liste
             "181 Read Verse for this Note\tF11",
             "---",
             "183 Bind Notes to Passage Window" + std::string(bound),
+            "370 Export Notes...",
+            "371 Import Notes...",
             "---",
             "188 Word Search with Selected Text..." + std::string(selected),
             "189 Phrase Search with Selected Text..." + std::string(selected),

@@ -387,7 +387,8 @@ TEST_F(NowhereToWrite, NotesAreShownButNotEdited) {
     Program program = Start();
     EXPECT_THAT(NoteSetNames(program), ElementsAre("Mine"));
     EXPECT_EQ(TextOf(NoteViewOf(program)), "in the beginning");
-    for (const int command : {IDM_EDIT_NOTE, IDM_CREATE_NOTE_SET, IDM_RENAME_NOTE_SET, IDM_DELETE_NOTE_SET}) {
+    for (const int command :
+         {IDM_EDIT_NOTE, IDM_CREATE_NOTE_SET, IDM_RENAME_NOTE_SET, IDM_DELETE_NOTE_SET, IDM_IMPORT_NOTES}) {
         EXPECT_TRUE(IsGreyed(program, command)) << command;
         Command(program, command);
         EXPECT_FALSE(HasDialog(program)) << command;

@@ -13,6 +13,8 @@ static constexpr HelpedDialog kDialogs[] = {
     {IDM_COPY_RANGE, "Copy Range", "ID_Edit_CopyRange"},
     {IDM_SAVE_RANGE, "Save Range", "ID_File_SaveRange"},
     {IDM_PRINT_RANGE, "Print Range", "ID_File_PrintRange"},
+    {IDM_EXPORT_NOTES, "Export Notes", "ID_Notes_Export"},
+    {IDM_IMPORT_NOTES, "Import Notes", "ID_Notes_Import"},
     {IDM_FORMAT, "Copy/Save Format", "ID_Edit_Format"},
     {IDM_GOTO_NOTE, "Go to Note for Verse", "ID_Notes_GotoVerse"},
     {IDM_LIST_NOTES, "List Notes", "ID_Notes_List"},
