@@ -1,3 +1,4 @@
+// Separate from the writing of web pages, which need not know how references are written.
 #include "exchange/note_links.h"
 
 #include <algorithm>
