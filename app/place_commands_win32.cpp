@@ -33,6 +33,14 @@ static Place CurrentPlace() {
     };
 }
 
+static bool HasSet(const std::string& name) {
+    return SetNamed(theNoteSets, name) != kNoSet;
+}
+
+static ShownPlace WhatIsShown() {
+    return {CurrentPlace(), ListCount(theVerseList.list) == 0, HasSet};
+}
+
 static KeptList Kept(ListContent content, std::string summary) {
     return {
         .number = content.number,
@@ -138,6 +146,7 @@ static void Show(const Place& place) {
     const bool isOtherList = ShowListOf(place), isOtherPassage = ShowPassageOf(place);
     ShowNoteOf(place);
     const bool isOtherNote = theNoteSets.currentVerse != noteBefore || theNoteSets.currentSet != setBefore;
+    const bool isOnlyScrolled = !isOtherPassage && !isOtherNote;  // it is another place, so the list must be
     const struct {
         bool isOther;
         HWND window;
@@ -145,7 +154,7 @@ static void Show(const Place& place) {
     } kPanes[] = {
         {isOtherPassage, thePassage.window, IDM_VIEW_PASSAGE},
         {isOtherNote, theNotes.view, IDM_VIEW_NOTES},
-        {isOtherList, ShownListView(), IDM_VIEW_LIST},
+        {isOtherList || isOnlyScrolled, ShownListView(), IDM_VIEW_LIST},
     };
     for (const auto& pane : kPanes)
         if (pane.isOther && IsWindowVisible(pane.window)) return;
@@ -154,17 +163,17 @@ static void Show(const Place& place) {
 }
 
 bool CanGoBack() {
-    return CanGoBack(thePlaces);
+    return CanGoBack(thePlaces, WhatIsShown());
 }
 
 bool CanGoForward() {
-    return CanGoForward(thePlaces);
+    return CanGoForward(thePlaces, WhatIsShown());
 }
 
 void GoThroughPlaces(int command) {
     const bool back = command == IDM_BACK;
     if (!(back ? CanGoBack() : CanGoForward())) return;
-    Show((back ? GoBack : GoForward)(thePlaces, CurrentPlace()));
+    Show((back ? GoBack : GoForward)(thePlaces, WhatIsShown()));
     RefreshCommands();
 }
 

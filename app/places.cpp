@@ -39,12 +39,45 @@ std::vector<std::int32_t> Unpacked(const PackedVerses& packed) {
 
 // ---- Places ---------------------------------------------------------------------------------------------------------
 
-bool CanGoBack(const Places& places) {
-    return places.present > 0;
+static bool HasOtherLines(const Place& place, const Place& shown) {
+    if (place.caretLine < 0 || shown.caretLine < 0) return false;  // one of them does not show lines
+    return place.caretLine != shown.caretLine || place.topLine != shown.topLine;
 }
 
-bool CanGoForward(const Places& places) {
-    return places.present + 1 < places.visited.size();
+static bool ShowsOtherList(const Places& places, const Place& place, const ShownPlace& shown) {
+    if (place.list == shown.place.list)
+        return place.listTop != shown.place.listTop || HasOtherLines(place, shown.place);
+    const auto kept = std::ranges::find(places.lists, place.list, &KeptList::number);
+    return kept != places.lists.end() && !(shown.listIsEmpty && kept->verses.words.empty());
+}
+
+static bool ShowsSomethingElse(const Places& places, const Place& place, const ShownPlace& shown) {
+    const Place& now = shown.place;
+    const bool isOtherSet = place.noteSet != now.noteSet && shown.hasSet(place.noteSet);
+    return place.topVerse != now.topVerse || place.noteVerse != now.noteVerse || isOtherSet ||
+           ShowsOtherList(places, place, shown);
+}
+
+static constexpr std::size_t kNowhere = static_cast<std::size_t>(-1);
+
+static std::size_t PlaceBack(const Places& places, const ShownPlace& shown) {
+    for (std::size_t next = places.present; next > 0; --next)
+        if (ShowsSomethingElse(places, places.visited[next - 1], shown)) return next - 1;
+    return kNowhere;
+}
+
+static std::size_t PlaceForward(const Places& places, const ShownPlace& shown) {
+    for (std::size_t next = places.present + 1; next < places.visited.size(); ++next)
+        if (ShowsSomethingElse(places, places.visited[next], shown)) return next;
+    return kNowhere;
+}
+
+bool CanGoBack(const Places& places, const ShownPlace& shown) {
+    return PlaceBack(places, shown) != kNowhere;
+}
+
+bool CanGoForward(const Places& places, const ShownPlace& shown) {
+    return PlaceForward(places, shown) != kNowhere;
 }
 
 static bool HasList(const Places& places, int number) {
@@ -53,7 +86,7 @@ static bool HasList(const Places& places, int number) {
 
 static void DropUnneededLists(Places& places) {
     std::erase_if(places.lists, [&](const KeptList& list) { return !HasList(places, list.number); });
-    while (places.lists.size() > kMostLists - 1) places.lists.erase(places.lists.begin());
+    while (places.lists.size() > kMostLists) places.lists.erase(places.lists.begin());
 }
 
 void KeepJump(Places& places, const Place& left) {
@@ -72,12 +105,12 @@ static Place GoTo(Places& places, const Place& left, std::size_t next) {
     return places.visited[next];
 }
 
-Place GoBack(Places& places, const Place& left) {
-    return GoTo(places, left, places.present - 1);
+Place GoBack(Places& places, const ShownPlace& left) {
+    return GoTo(places, left.place, PlaceBack(places, left));
 }
 
-Place GoForward(Places& places, const Place& left) {
-    return GoTo(places, left, places.present + 1);
+Place GoForward(Places& places, const ShownPlace& left) {
+    return GoTo(places, left.place, PlaceForward(places, left));
 }
 
 // ---- Lists ----------------------------------------------------------------------------------------------------------

@@ -45,7 +45,7 @@ struct KeptList {
 };
 
 inline constexpr std::size_t kMostPlaces = 200;
-inline constexpr std::size_t kMostLists = 5;  // with the one that is shown
+inline constexpr std::size_t kMostLists = 5;  // besides the one that is shown
 
 struct Places {
     std::vector<Place> visited{1};  // the one at `present` is out of date: the panes show it
@@ -53,16 +53,25 @@ struct Places {
     std::vector<KeptList> lists;  // those of other places that are not shown, by ascending numbers
 };
 
-bool CanGoBack(const Places& places);
-bool CanGoForward(const Places& places);
+// What the panes show, and what places cannot bring back.
+struct ShownPlace {
+    Place place;
+    bool listIsEmpty = false;
+    bool (*hasSet)(const std::string& name) = nullptr;  // is there still a set of this name?
+};
+
+// Is there a place in that direction that shows something else? One is passed over if its list has been dropped, its
+// set has gone, or the panes have come to the same again.
+bool CanGoBack(const Places& places, const ShownPlace& shown);
+bool CanGoForward(const Places& places, const ShownPlace& shown);
 
 // A jump has led away from `left`, to a place of which only the panes know. Places forward of it are dropped.
 void KeepJump(Places& places, const Place& left);
 
-// The place one step back or forward, which becomes the present one; the place that is left is kept as `left`. There
-// must be one.
-Place GoBack(Places& places, const Place& left);
-Place GoForward(Places& places, const Place& left);
+// The nearest such place, which becomes the present one; what is shown is kept as the place that is left. There must be
+// one.
+Place GoBack(Places& places, const ShownPlace& left);
+Place GoForward(Places& places, const ShownPlace& left);
 
 // Keeps a list that is no longer shown, unless no place has it. The oldest ones beyond kMostLists are dropped; of their
 // places Passage and note remain.

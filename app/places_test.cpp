@@ -11,6 +11,14 @@ static Place At(int verse, int list = 0) {
     return {.topVerse = verse, .noteVerse = verse, .noteSet = "Mine", .list = list};
 }
 
+static bool HasSet(const std::string& name) {
+    return name != "Deleted";
+}
+
+static ShownPlace Now(int verse, int list = 0) {
+    return {At(verse, list), false, HasSet};
+}
+
 static KeptList ListNumbered(int number) {
     KeptList list;
     list.number = number;
@@ -43,39 +51,72 @@ TEST(Places, AreTheSameHoweverTheListIsScrolled) {
 
 TEST(Places, LeadBackAndForward) {
     Places places;
-    EXPECT_FALSE(CanGoBack(places) || CanGoForward(places));
+    EXPECT_FALSE(CanGoBack(places, Now(1)) || CanGoForward(places, Now(1)));
     KeepJump(places, At(1));
     KeepJump(places, At(2));
-    EXPECT_TRUE(CanGoBack(places));
-    EXPECT_FALSE(CanGoForward(places));
-    EXPECT_EQ(GoBack(places, At(3)).topVerse, 2);
-    EXPECT_TRUE(CanGoBack(places) && CanGoForward(places));
-    EXPECT_EQ(GoBack(places, At(2)).topVerse, 1);
-    EXPECT_FALSE(CanGoBack(places));
-    EXPECT_EQ(GoForward(places, At(1)).topVerse, 2);
-    EXPECT_EQ(GoForward(places, At(2)).topVerse, 3);
-    EXPECT_FALSE(CanGoForward(places));
+    EXPECT_TRUE(CanGoBack(places, Now(3)));
+    EXPECT_FALSE(CanGoForward(places, Now(3)));
+    EXPECT_EQ(GoBack(places, Now(3)).topVerse, 2);
+    EXPECT_TRUE(CanGoBack(places, Now(2)) && CanGoForward(places, Now(2)));
+    EXPECT_EQ(GoBack(places, Now(2)).topVerse, 1);
+    EXPECT_FALSE(CanGoBack(places, Now(1)));
+    EXPECT_EQ(GoForward(places, Now(1)).topVerse, 2);
+    EXPECT_EQ(GoForward(places, Now(2)).topVerse, 3);
+    EXPECT_FALSE(CanGoForward(places, Now(3)));
 }
 
 TEST(Places, AreKeptAsTheyWereLeft) {
     Places places;
     KeepJump(places, At(1));
-    EXPECT_EQ(GoBack(places, At(20)).topVerse, 1);  // scrolled from 2 to 20
-    EXPECT_EQ(GoForward(places, At(10)).topVerse, 20);
-    EXPECT_EQ(GoBack(places, At(21)).topVerse, 10);
-    EXPECT_EQ(GoForward(places, At(10)).topVerse, 21);
+    EXPECT_EQ(GoBack(places, Now(20)).topVerse, 1);  // scrolled from 2 to 20
+    EXPECT_EQ(GoForward(places, Now(10)).topVerse, 20);
+    EXPECT_EQ(GoBack(places, Now(21)).topVerse, 10);
+    EXPECT_EQ(GoForward(places, Now(10)).topVerse, 21);
 }
 
 TEST(Places, ForwardOfAJumpAreDropped) {
     Places places;
     for (const int verse : {1, 2, 3}) KeepJump(places, At(verse));
-    GoBack(places, At(4));
-    GoBack(places, At(3));
+    GoBack(places, Now(4));
+    GoBack(places, Now(3));
     KeepJump(places, At(2));
-    EXPECT_FALSE(CanGoForward(places));
-    EXPECT_EQ(GoBack(places, At(9)).topVerse, 2);
-    EXPECT_EQ(GoBack(places, At(2)).topVerse, 1);
-    EXPECT_FALSE(CanGoBack(places));
+    EXPECT_FALSE(CanGoForward(places, Now(9)));
+    EXPECT_EQ(GoBack(places, Now(9)).topVerse, 2);
+    EXPECT_EQ(GoBack(places, Now(2)).topVerse, 1);
+    EXPECT_FALSE(CanGoBack(places, Now(1)));
+}
+
+TEST(Places, ArePassedOverIfTheyShowTheSame) {
+    Places places;
+    for (const int verse : {1, 2, 3}) KeepJump(places, At(verse));
+    EXPECT_EQ(GoBack(places, Now(3)).topVerse, 2) << "scrolled back to where the last jump began";
+    EXPECT_TRUE(CanGoBack(places, Now(2)));
+    EXPECT_FALSE(CanGoBack(places, Now(1)));
+    EXPECT_EQ(GoForward(places, Now(1)).topVerse, 3);
+}
+
+TEST(Places, DifferIfTheListIsScrolled) {
+    Places places;
+    Place scrolled = At(1);
+    scrolled.listTop = 7;
+    KeepJump(places, scrolled);
+    EXPECT_TRUE(CanGoBack(places, Now(1)));
+    scrolled.caretLine = 3;
+    EXPECT_FALSE(CanGoBack(places, {scrolled, false, HasSet})) << "lines were hidden";
+    KeepJump(places, scrolled);
+    scrolled.caretLine = 4;
+    EXPECT_TRUE(CanGoBack(places, {scrolled, false, HasSet}));
+}
+
+TEST(Places, ArePassedOverWithoutTheirSet) {
+    Places places;
+    Place other = At(1);
+    for (const char* set : {"Yours", "Deleted"}) {
+        other.noteSet = set;
+        KeepJump(places, other);
+    }
+    EXPECT_EQ(GoBack(places, Now(1)).noteSet, "Yours");
+    EXPECT_FALSE(CanGoForward(places, {other, false, [](const std::string&) { return false; }}));
 }
 
 TEST(Places, AreTwoHundred) {
@@ -83,10 +124,10 @@ TEST(Places, AreTwoHundred) {
     for (int verse = 0; verse < 1000; ++verse) KeepJump(places, At(verse));
     EXPECT_EQ(places.visited.size(), 200u);
     int steps = 0, verse = 1000;
-    for (; CanGoBack(places); ++steps) verse = GoBack(places, At(verse)).topVerse;
+    for (; CanGoBack(places, Now(verse)); ++steps) verse = GoBack(places, Now(verse)).topVerse;
     EXPECT_EQ(steps, 199);
     EXPECT_EQ(verse, 801);
-    for (; CanGoForward(places); --steps) verse = GoForward(places, At(verse)).topVerse;
+    for (; CanGoForward(places, Now(verse)); --steps) verse = GoForward(places, Now(verse)).topVerse;
     EXPECT_EQ(steps, 0);
     EXPECT_EQ(verse, 1000);
 }
@@ -98,7 +139,7 @@ TEST(PlacesLists, AreShownAgainOnTheWayBackAndForward) {
     Search(places, 0);
     Search(places, 1);
     EXPECT_THAT(NumbersOf(places), ElementsAre(0, 1));
-    const Place back = GoBack(places, At(0, 2));
+    const Place back = GoBack(places, Now(0, 2));
     EXPECT_EQ(back.list, 1);
     const auto list = TakeList(places, back.list);
     ASSERT_TRUE(list.has_value());
@@ -107,27 +148,49 @@ TEST(PlacesLists, AreShownAgainOnTheWayBackAndForward) {
     KeepList(places, ListNumbered(2));
     EXPECT_THAT(NumbersOf(places), ElementsAre(0, 2));
     EXPECT_FALSE(TakeList(places, 1).has_value()) << "it is shown now";
-    EXPECT_EQ(GoForward(places, At(0, 1)).list, 2);
+    EXPECT_EQ(GoForward(places, Now(0, 1)).list, 2);
     EXPECT_TRUE(TakeList(places, 2).has_value());
 }
 
-TEST(PlacesLists, AreFiveWithTheOneShown) {
+TEST(PlacesLists, AreFiveBesidesTheOneShown) {
     Places places;
     for (int number = 0; number < 9; ++number) Search(places, number, number);
-    EXPECT_THAT(NumbersOf(places), ElementsAre(5, 6, 7, 8));  // the list 9 is shown
+    EXPECT_THAT(NumbersOf(places), ElementsAre(4, 5, 6, 7, 8));  // the list 9 is shown
     for (int number = 8; number >= 0; --number) {
-        const Place back = GoBack(places, At(number + 1, number + 1));
+        const Place back = GoBack(places, Now(number + 1, number + 1));
         EXPECT_EQ(back.topVerse, number) << "Passage and note remain";
         const auto list = TakeList(places, back.list);
-        EXPECT_EQ(list.has_value(), number >= 5) << number;
+        EXPECT_EQ(list.has_value(), number >= 4) << number;
         if (list) KeepList(places, ListNumbered(number + 1));
     }
+}
+
+// Places before the first search have the empty list of the start, which is dropped like any other.
+TEST(PlacesLists, ArePassedOverWhenTheyWereDropped) {
+    Places places;
+    for (int number = 0; number < 7; ++number) Search(places, number);
+    for (int number = 6; number >= 2; --number) {
+        const Place back = GoBack(places, Now(0, number + 1));
+        EXPECT_EQ(back.list, number);
+        EXPECT_TRUE(TakeList(places, number).has_value());
+        KeepList(places, ListNumbered(number + 1));
+    }
+    EXPECT_FALSE(CanGoBack(places, Now(0, 2)));
+    EXPECT_EQ(GoForward(places, Now(0, 2)).list, 3);
+}
+
+TEST(PlacesLists, ArePassedOverIfBothAreEmpty) {
+    Places places;
+    KeepJump(places, At(1, 0));
+    KeepList(places, {});
+    EXPECT_FALSE(CanGoBack(places, {At(1, 1), true, HasSet}));
+    EXPECT_TRUE(CanGoBack(places, Now(1, 1)));
 }
 
 TEST(PlacesLists, AreDroppedWithTheirLastPlace) {
     Places places;
     for (int number = 0; number < 3; ++number) Search(places, number);
-    GoBack(places, At(0, 3));
+    GoBack(places, Now(0, 3));
     TakeList(places, 2);
     KeepList(places, ListNumbered(3));
     KeepJump(places, At(7, 2));
