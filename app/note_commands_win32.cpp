@@ -137,12 +137,9 @@ void ShowNotesAsList(int) {
 
 // Once for each entry, so that another note can be read meanwhile.
 void FollowListedNotes(int) {
-    VerseListPane& list = theVerseList;
-    if (!list.isOfNotes || IsEditingNote()) return;
-    const int verse = VerseListCurrentVerse();
-    if (verse == kNoVerse || (list.followedContent == list.content && list.followedVerse == verse)) return;
-    list.followedContent = list.content;
-    list.followedVerse = verse;
+    if (!theVerseList.isOfNotes || IsEditingNote()) return;
+    if (!FollowEntry(theVerseList.followed, VerseListPosition())) return;
+    const int verse = theVerseList.followed.verse;
     const int before = theNoteSets.currentSet, set = SetWithNote(TheNoteFiles(), theNoteSets, verse);
     if (set == before && verse == theNoteSets.currentVerse) return;
     ShowNoteOfSet(set, verse);

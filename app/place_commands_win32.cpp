@@ -122,6 +122,7 @@ static bool ShowListOf(const Place& place) {
         ShowKept(std::move(*list));
     }
     ShowListPlace(place.listTop, {place.caretLine, place.topLine});
+    theVerseList.followed = VerseListPosition();  // the place has a note of its own
     return isOther;
 }
 

@@ -54,6 +54,19 @@ ListContent ShowContent(ListContent content) {
     return before;
 }
 
+ListPosition VerseListPosition() {
+    const VerseList& list = theVerseList.list;
+    const bool isSelected =
+        theSelection.SelectionOwner == kVerseListOwns && theSelection.anchor.place == CurrentEntry(list, theSelection);
+    return {
+        .content = theVerseList.content,
+        .count = ListCount(list),
+        .top = list.ListTop,
+        .verse = VerseListCurrentVerse(),
+        .isChosen = ShownListView() == theVerseList.references.window || isSelected,
+    };
+}
+
 ReferenceLines ShownReferenceLines() {
     if (ShownListView() != theVerseList.references.window) return {};
     return {CaretLine(theVerseList.references), TopLine(theVerseList.references)};

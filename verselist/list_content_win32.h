@@ -24,6 +24,9 @@ void EmptyVerseList();
 // Shows `content`, of this number, and returns what was there instead. The focus does not change.
 ListContent ShowContent(ListContent content);
 
+// Where the user is in the visible view.
+ListPosition VerseListPosition();
+
 // The line with the caret of the Reference List and its first visible one; -1 if the list is hidden.
 struct ReferenceLines {
     int caret = -1, top = -1;

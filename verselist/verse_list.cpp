@@ -117,6 +117,14 @@ int CurrentEntry(const VerseList& list, const Selection& selection) {
     return EntryThatIs(list, AnchorPlace(selection, kVerseListOwns, list.ListTop, list.ListLastVisible));
 }
 
+bool FollowEntry(ListPosition& position, const ListPosition& now) {
+    const bool isOtherList = now.content != position.content;
+    const bool hasMoved = now.isChosen || now.top != position.top || now.count != position.count;
+    if (now.verse == kNoVerse || !(isOtherList || hasMoved)) return false;
+    const ListPosition before = std::exchange(position, now);
+    return isOtherList || now.verse != before.verse;
+}
+
 int TargetEntry(const VerseList& list, const Selection& selection, bool listHasFocus) {
     if (!listHasFocus) return EntryThatIs(list, list.ListTop);
     return EntryThatIs(list, FirstSelectedPlace(selection, kVerseListOwns, list.ListTop, list.ListLastVisible));

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "pane/selection.h"
+#include "scripture/verse_records.h"
 
 enum ListView { kVerseListView = 0, kReferenceListView = 1 };
 
@@ -65,6 +66,19 @@ void CorrectLastVisible(VerseList& list);
 // Entry that Read Context and Delete act on: the selection's anchor entry if the list owns the selection, the anchor is
 // at or after the top and the end at or before the last visible entry; otherwise the top. -1 in an empty list.
 int CurrentEntry(const VerseList& list, const Selection& selection);
+
+// Where the user is in a list of notes, which the Notes window follows.
+struct ListPosition {
+    int content = -1;  // number of what the list is filled with
+    int count = 0, top = 0;
+    int verse = kNoVerse;   // of the current entry
+    bool isChosen = false;  // by the selection or the caret; otherwise the current entry is the top
+};
+
+// Takes `now` as the position if the user has moved in the list: by a click, a scroll, or another number of entries. A
+// selection that has gone, because the user went to another pane, is no move. Returns whether another verse's entry is
+// the current one then.
+bool FollowEntry(ListPosition& position, const ListPosition& now);
 
 // Entry that commands of the frame act on: the first selected entry if the list has the focus and all of its selection
 // is visible, otherwise the top. -1 in an empty list.

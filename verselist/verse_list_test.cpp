@@ -217,6 +217,38 @@ TEST(VerseList, CurrentAndTargetEntryFollowDifferentRules) {
     }
 }
 
+static ListPosition PositionAt(int verse, int top, bool isChosen = false) {
+    return {.content = 1, .count = 10, .top = top, .verse = verse, .isChosen = isChosen};
+}
+
+TEST(VerseList, IsFollowedWhereTheUserMoves) {
+    ListPosition position;
+    EXPECT_TRUE(FollowEntry(position, PositionAt(100, 0))) << "a new list";
+    EXPECT_FALSE(FollowEntry(position, PositionAt(100, 0)));
+    EXPECT_TRUE(FollowEntry(position, PositionAt(103, 0, true))) << "clicked";
+    EXPECT_FALSE(FollowEntry(position, PositionAt(100, 0))) << "the focus went to another pane";
+    EXPECT_FALSE(FollowEntry(position, PositionAt(103, 0, true))) << "clicked again";
+    EXPECT_TRUE(FollowEntry(position, PositionAt(104, 0, true)));
+    EXPECT_TRUE(FollowEntry(position, PositionAt(105, 5))) << "scrolled";
+    EXPECT_FALSE(FollowEntry(position, PositionAt(105, 5, true)));
+    ListPosition fewer = PositionAt(106, 5);
+    fewer.count = 9;
+    EXPECT_TRUE(FollowEntry(position, fewer)) << "deleted";
+    ListPosition other = fewer;
+    other.content = 2;
+    EXPECT_TRUE(FollowEntry(position, other)) << "another list that begins as the one before";
+    other.verse = kNoVerse;
+    other.top = 0;
+    EXPECT_FALSE(FollowEntry(position, other)) << "an empty list";
+}
+
+// The selection goes when its entry is scrolled to the top, and later the focus.
+TEST(VerseList, IsFollowedFromItsTopAfterAScroll) {
+    ListPosition position = PositionAt(103, 0, true);
+    EXPECT_FALSE(FollowEntry(position, PositionAt(103, 3)));
+    EXPECT_TRUE(FollowEntry(position, PositionAt(100, 0)));
+}
+
 TEST(VerseList, EmptyListHasNoCurrentEntry) {
     const Selection selection = {kVerseListOwns, {0, 1}, {0, 2}};
     EXPECT_EQ(CurrentEntry({}, selection), -1);

@@ -22,11 +22,10 @@ struct ListContent {
 struct VerseListPane : ReadingPane {
     ReferenceList references;
     VerseList list;
-    Query query;               // the search that filled the list; empty for cross-references
-    bool isOfNotes = false;    // the frame is told when another entry is the current one
-    int content = 0;           // its number
-    int followedContent = -1;  // that of the entry whose note was shown last, because it became the current one
-    int followedVerse = kNoVerse;
+    Query query;                // the search that filled the list; empty for cross-references
+    bool isOfNotes = false;     // the frame is told when another entry is the current one
+    int content = 0;            // its number
+    ListPosition followed;      // of the entry whose note was shown last, because the user came to it
     int contents = 0;           // the highest number yet
     ListContent replaced;       // by the last filling, until it is taken
     KnownEntries known;         // for this query and the pane's font

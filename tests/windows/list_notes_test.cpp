@@ -70,6 +70,22 @@ TEST(ListNotes, FillsTheVerseListAndTheNoteFollows) {
     Click(program, VerseListOf(program), {100, 45});
     EXPECT_EQ(StatusPart(program, kEntry), "Genesis 1:6");
     EXPECT_EQ(ShownNote(program), "Genesis 2:10 of Sermons") << "of the entry that was clicked";
+
+    // It stays when the focus goes, another set is chosen or the note is saved.
+    Press(program, "Alt+3");
+    EXPECT_EQ(ShownNote(program), "Genesis 2:10 of Sermons");
+    Click(program, VerseListOf(program), {100, 10});  // sets only the focus
+    Click(program, VerseListOf(program), {100, 45});
+    Click(program, NoteViewOf(program), {30, 30});
+    EXPECT_EQ(ShownNote(program), "Genesis 2:10 of Sermons");
+    ClickTab(program, Child(program.frame, {IDC_NOTE_TABS}), 2);
+    EXPECT_EQ(ShownNote(program), "Genesis 2:10 of Without");
+    ClickTab(program, Child(program.frame, {IDC_NOTE_TABS}), 1);
+    OpenNoteEditor(program);
+    Type(program, "x");
+    Press(program, "Ctrl+s");
+    EXPECT_EQ(ShownNote(program), "Genesis 2:10 of Sermons") << "after it was saved";
+    Press(program, "Alt+1");
     Press(program, "Down");
     EXPECT_EQ(StatusPart(program, kEntry), "Genesis 2:10");
     EXPECT_EQ(ShownNote(program), "Genesis 2:10 of Sermons") << "the current set has none";
@@ -98,7 +114,7 @@ TEST(ListNotes, FillsTheVerseListAndTheNoteFollows) {
         ListStrings(ReferenceListOf(program))[static_cast<std::size_t>(line)]);
     Press(program, "Back");  // to before the other note
     EXPECT_EQ(ShownNote(program), "Genesis 2:10 of Sermons");
-    Press(program, "Back");
+    for (int step = 0; step < 3; ++step) Press(program, "Back");
     EXPECT_EQ(ListStrings(ReferenceListOf(program)), before);
     EXPECT_EQ(StatusPart(program, kNote), "Genesis 1:1");
     Press(program, "Shift+Back");
