@@ -362,6 +362,15 @@ static void OnButtonUp(HWND edit, int y) {
     if (SelectionStart(edit) == theNoteEdit.clicked) KeepSelectionInLineAt(edit, y);
 }
 
+// What has taken the mouse from the control keeps the release of the button from it.
+static void OnCaptureLost(HWND edit) {
+    CallWindowProcA(theNoteEdit.procedure, edit, WM_LBUTTONUP, 0, 0);
+}
+
+void EndDragInNoteEdit() {
+    if (GetCapture() == theNoteEdit.window) ReleaseCapture();
+}
+
 static LRESULT CALLBACK EditProcedure(HWND edit, UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_KEYDOWN: return OnKeyDown(wParam, lParam);
@@ -381,6 +390,7 @@ static LRESULT CALLBACK EditProcedure(HWND edit, UINT message, WPARAM wParam, LP
         case WM_SETFONT: ScrollBackToText(edit); break;
         case WM_SETFOCUS: OnEditFocus(); break;
         case WM_KILLFOCUS: OnEditFocusLost(); break;
+        case WM_CAPTURECHANGED: OnCaptureLost(edit); break;
         case WM_LBUTTONDOWN: OnButtonDown(edit, {GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)}); break;
         case WM_LBUTTONUP: OnButtonUp(edit, GET_Y_LPARAM(lParam)); break;
         case WM_LBUTTONDBLCLK: KeepSelectionInLineAt(edit, GET_Y_LPARAM(lParam)); break;

@@ -34,6 +34,10 @@ void CreateNoteEditControl(HWND editor);
 // Gives the control `font`, which must exist as long as the control has it.
 void SetNoteEditFont(HFONT font);
 
+// Ends a selection that the mouse is being dragged over, as letting the button go does. The control takes no letters
+// while it waits for that.
+void EndDragInNoteEdit();
+
 // Restores the control's own window procedure.
 void RestoreNoteEditControl();
 

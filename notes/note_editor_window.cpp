@@ -77,6 +77,7 @@ static void OpenNote() {
 
 static void CloseEditor() {
     theNoteEditor.editing = false;
+    EndDragInNoteEdit();
     FillNoteEdit("");
     theNoteEditor.openedOn.clear();
     ++theNoteEditor.changes;
@@ -266,6 +267,7 @@ static bool SaveTypedNote() {
 static bool UnlessSaving(bool (*work)()) {
     if (!theNoteEditor.editing || theNoteEditor.saving) return false;
     theNoteEditor.saving = true;
+    EndDragInNoteEdit();
     const bool done = work();
     theNoteEditor.saving = false;
     return done;

@@ -119,6 +119,32 @@ TEST(NoteTyping, SelectsToTheEndOfTheLineUnderTheMouse) {
     expectTyped("one Dthree", 1);
 }
 
+// The box or the pane below takes the release of the button.
+TEST(NoteTyping, GoesOnAfterADragThatDidNotEnd) {
+    Program program = ProgramInEditor("one two");
+    const HWND edit = NoteEditOf(program);
+    Type(program, "x");
+    const auto hold = [&] {
+        HoldMouse(program, edit, PointOfCharacter(program, edit, 0));
+        MoveMouse(program, edit, PointOfCharacter(program, edit, 4));
+    };
+    hold();
+    Press(program, "Esc");
+    WaitForDialog(program, "Versewell97");
+    LetMouseGo(program);
+    Press(program, "Alt+y");
+    WaitForNoDialog(program);
+    OpenNoteEditor(program);
+    Type(program, "y");
+    EXPECT_EQ(TextInEditor(program), "yxone two") << "after the question";
+    hold();
+    Press(program, "Ctrl+s");
+    LetMouseGo(program);
+    OpenNoteEditor(program);
+    Type(program, "z");
+    EXPECT_EQ(TextInEditor(program), "zyxone two") << "after it was saved";
+}
+
 TEST(NoteTyping, KeepsTheLineEndsOfAFile) {
     static const std::string kNotes[] = {"a lone LF\nis kept", "a lone CR\ris kept", "CR CR LF\r\r\nas well"};
     for (const std::string& note : kNotes) {
