@@ -101,6 +101,8 @@ bool ZoomsByWheel(const MSG& message) {
     const PaneFont font = FontOfPaneWith(message.hwnd);
     if (font.choice != turned) rest = 0;
     turned = font.choice;
+    // The Reference List has the letters of the system. It would pass the message on, and another pane would scroll.
+    if (message.hwnd == theVerseList.references.window) return true;
     if (!font.choice) return false;
     Zoom(font, WheelSteps(GET_WHEEL_DELTA_WPARAM(message.wParam), 1, rest));
     return true;

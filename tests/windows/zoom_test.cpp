@@ -76,6 +76,7 @@ TEST(Zoom, ByTheWheelChangesThePaneUnderTheMouse) {
 
     ClickTab(program, Child(program.frame, {IDC_LIST_TABS}), 1);
     TurnWithCtrl(program, ReferenceListOf(program), -WHEEL_DELTA);
+    EXPECT_EQ(Top(program), top) << "the letters are the system's";
     TurnWithCtrl(program, Child(program.frame, {IDC_TOOLBAR}), -WHEEL_DELTA);
     Press(program, "Ctrl+-");
     CloseProgram(program);
