@@ -56,20 +56,29 @@ static bool AgreeAtFirst(std::string_view a, std::string_view b) {
     return EqualIgnoringCase(a.substr(0, length), b.substr(0, length));
 }
 
+// Most names are told apart by that alone. Neither text is empty.
+static bool HaveSameFirstLetter(const char* name, std::string_view text) {
+    return LowerCased(*name) == LowerCased(text.front());
+}
+
 static int BookThatFits(std::string_view typed) {
     for (int book = 1; book <= kBookCount; ++book) {
+        if (!HaveSameFirstLetter(BookName(book), typed)) continue;
         const std::string_view name = BookName(book);
         if (name.size() >= typed.size() && AgreeAtFirst(name, typed)) return book;
     }
     for (int book = 1; book <= kBookCount; ++book)
-        if (AgreeAtFirst(BookAbbreviation(book), typed)) return book;
+        if (HaveSameFirstLetter(BookAbbreviation(book), typed) && AgreeAtFirst(BookAbbreviation(book), typed))
+            return book;
     return 0;
 }
 
 // A book name of several words at the start of `text`. Names that begin with a digit are not included, because they are
 // written without the space.
 static std::string_view NameOfSeveralWords(std::string_view text) {
+    if (text.empty()) return {};
     for (int book = 1; book <= kBookCount; ++book) {
+        if (!HaveSameFirstLetter(BookName(book), text)) continue;
         const std::string_view name = BookName(book);
         if (IsLetter(name.front()) && name.find(' ') != std::string_view::npos && text.size() >= name.size() &&
             AgreeAtFirst(name, text))
