@@ -49,6 +49,7 @@ static KeptList Kept(ListContent content, std::string summary) {
         .form = content.form,
         .canBeSaved = content.canBeSaved,
         .isOfNotes = content.isOfNotes,
+        .sets = std::move(content.sets),
         .summary = std::move(summary),
     };
 }
@@ -106,8 +107,15 @@ static void ShowKept(KeptList list) {
     const bool isSelected =
         theSelection.SelectionOwner == kVerseListOwns || theSelection.SelectionOwner == kReferenceListOwns;
     if (isSelected) DropSelection();
-    ListContent before = ShowContent(
-        {list.number, Unpacked(list.verses), std::move(list.query), list.form, list.canBeSaved, list.isOfNotes});
+    ListContent before = ShowContent({
+        .number = list.number,
+        .verses = Unpacked(list.verses),
+        .query = std::move(list.query),
+        .form = list.form,
+        .canBeSaved = list.canBeSaved,
+        .isOfNotes = list.isOfNotes,
+        .sets = std::move(list.sets),
+    });
     KeepList(thePlaces, Kept(std::move(before), summary));
     ShowStatus(StatusPart::kSearchSummary, list.summary);
     if (ListCount(theVerseList.list) == 0) ShowStatus(StatusPart::kListEntry, "");

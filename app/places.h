@@ -10,6 +10,7 @@
 
 #include "scripture/verse_records.h"
 #include "search/query.h"
+#include "verselist/verse_list.h"
 
 struct Place {
     int topVerse = 0;       // of the Passage
@@ -41,6 +42,7 @@ struct KeptList {
     BookForm form = BookForm::kName;
     bool canBeSaved = false;
     bool isOfNotes = false;
+    EntrySets sets{};
     std::string summary;
 };
 

@@ -5,9 +5,15 @@
 // Gives the pane another query, whose entries follow, and returns what it is filled with.
 static ListContent Exchange(int number, Query query, bool isOfNotes) {
     VerseListPane& pane = theVerseList;
-    ListContent before{pane.content,          std::move(pane.list.ListEntries),
-                       std::move(pane.query), pane.references.form,
-                       pane.list.canBeSaved,  pane.isOfNotes};
+    ListContent before{
+        .number = pane.content,
+        .verses = std::move(pane.list.ListEntries),
+        .query = std::move(pane.query),
+        .form = pane.references.form,
+        .canBeSaved = pane.list.canBeSaved,
+        .isOfNotes = pane.isOfNotes,
+        .sets = std::move(pane.list.sets),
+    };
     pane.content = number;
     pane.query = std::move(query);
     pane.isOfNotes = isOfNotes;
@@ -27,8 +33,12 @@ void ShowSearchResult(Query query, std::vector<std::int32_t> verses) {
 }
 
 void ShowVersesWithNotes(std::vector<std::int32_t> verses) {
+    ShowNotesOfSets(std::move(verses), {});
+}
+
+void ShowNotesOfSets(std::vector<std::int32_t> verses, EntrySets sets) {
     BeginFilling({}, true);
-    FillVerseList(theVerseList.list, std::move(verses));
+    FillWithNotes(theVerseList.list, std::move(verses), std::move(sets));
     ShowNewEntries(BookForm::kName);
     FocusVerseList();
 }
@@ -49,6 +59,7 @@ void EmptyVerseList() {
 ListContent ShowContent(ListContent content) {
     ListContent before = Exchange(content.number, std::move(content.query), content.isOfNotes);
     FillWithReferences(theVerseList.list, std::move(content.verses));
+    theVerseList.list.sets = std::move(content.sets);
     theVerseList.list.canBeSaved = content.canBeSaved;
     ShowNewEntries(content.form);
     return before;

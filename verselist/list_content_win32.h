@@ -14,6 +14,9 @@ void ShowSearchResult(Query query, std::vector<std::int32_t> verses);
 // IDM_FOLLOW_LIST.
 void ShowVersesWithNotes(std::vector<std::int32_t> verses);
 
+// The same for notes: each entry is the verse of one, with its set in front.
+void ShowNotesOfSets(std::vector<std::int32_t> verses, EntrySets sets);
+
 // Shows the verses of a cross-reference line in both views. The Reference List shows abbreviated references, no key
 // words are marked, and the focus does not change.
 void ShowReferences(const std::vector<std::int32_t>& verses);

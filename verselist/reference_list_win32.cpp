@@ -8,6 +8,7 @@
 #include "resources/ids.h"
 #include "scripture/scripture_win32.h"
 #include "typeset/label_text.h"
+#include "win32/code_page.h"
 #include "win32/dpi.h"
 #include "win32/panes.h"
 
@@ -22,26 +23,34 @@ static int Ask(const ReferenceList& list, UINT message) {
     return static_cast<int>(PassToBox(list, message));
 }
 
-// Lines are sent to the list box's own window procedure, as wide text, which is what the box stores. Going through the
-// procedure of the program with a conversion takes half as long again, a noticeable delay with the 24,091 lines of
-// "the". References are plain ASCII. The procedure was obtained with GetWindowLongPtrW, so the system converts the text
-// if the box expects 8-bit text.
-static void SendLine(const ReferenceList& list, UINT message, int line, int verse) {
-    LabelText text;
-    AppendReference(text, RecordOf(theScripture.records, verse), list.form);
-    std::array<wchar_t, std::tuple_size_v<decltype(text.bytes)> + 1> wide{};
-    std::ranges::copy(TextOf(text), wide.begin());
+static void SendText(const ReferenceList& list, UINT message, int line, const wchar_t* text) {
     CallWindowProcW(list.wideProcedure, list.window, message, static_cast<WPARAM>(line),
-                    reinterpret_cast<LPARAM>(wide.data()));
+                    reinterpret_cast<LPARAM>(text));
 }
 
-void FillLines(ReferenceList& list, std::span<const std::int32_t> verses) {
+// Lines are sent to the list box's own window procedure, as wide text, which is what the box stores. Going through the
+// procedure of the program with a conversion takes half as long again, a noticeable delay with the 24,091 lines of
+// "the". References are plain ASCII; only sets may have other letters. The procedure was obtained with
+// GetWindowLongPtrW, so the system converts the text if the box expects 8-bit text.
+static void SendLine(const ReferenceList& list, UINT message, const VerseList& entries, int entry) {
+    LabelText text;
+    const int verse = entries.ListEntries[static_cast<std::size_t>(entry)];
+    AppendReference(text, RecordOf(theScripture.records, verse), list.form);
+    if (const EntrySets::Set* set = SetOfEntry(entries, entry))
+        return SendText(list, message, entry, (WideOfCodePage(set->label) + WideOfCodePage(TextOf(text))).c_str());
+    std::array<wchar_t, std::tuple_size_v<decltype(text.bytes)> + 1> wide{};
+    std::ranges::copy(TextOf(text), wide.begin());
+    SendText(list, message, entry, wide.data());
+}
+
+void FillLines(ReferenceList& list, const VerseList& entries) {
     static constexpr WPARAM kBytesALine = 32;
     if (!std::exchange(list.awaitsLines, false)) return;
     PassToBox(list, WM_SETREDRAW, FALSE);
     PassToBox(list, LB_RESETCONTENT);
-    PassToBox(list, LB_INITSTORAGE, verses.size(), static_cast<LPARAM>(verses.size() * kBytesALine));
-    for (const int verse : verses) SendLine(list, LB_ADDSTRING, 0, verse);
+    const auto count = static_cast<WPARAM>(ListCount(entries));
+    PassToBox(list, LB_INITSTORAGE, count, static_cast<LPARAM>(count * kBytesALine));
+    for (int entry = 0; entry < ListCount(entries); ++entry) SendLine(list, LB_ADDSTRING, entries, entry);
     PassToBox(list, WM_SETREDRAW, TRUE);
     InvalidateRect(list.window, nullptr, TRUE);
 }
@@ -53,10 +62,10 @@ void RemoveLines(ReferenceList& list, std::span<const int> ascending) {
         PassToBox(list, LB_DELETESTRING, static_cast<WPARAM>(ascending[left - 1]));
 }
 
-void InsertLines(ReferenceList& list, std::span<const DeletedEntry> entries) {
-    list.awaitsLines = list.awaitsLines || entries.size() > kFewLines;
+void InsertLines(ReferenceList& list, const VerseList& entries, std::span<const DeletedEntry> restored) {
+    list.awaitsLines = list.awaitsLines || restored.size() > kFewLines;
     if (list.awaitsLines) return;
-    for (const DeletedEntry& entry : entries) SendLine(list, LB_INSERTSTRING, entry.place, entry.verse);
+    for (const DeletedEntry& entry : restored) SendLine(list, LB_INSERTSTRING, entries, entry.place);
 }
 
 bool HasMarkedLines(const ReferenceList& list) {

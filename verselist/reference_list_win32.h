@@ -25,13 +25,13 @@ void ScaleReferenceList(const ReferenceList& list);
 
 LRESULT PassToBox(const ReferenceList& list, UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
 
-// Replaces all lines by the references of `verses`, if they are awaited.
-void FillLines(ReferenceList& list, std::span<const std::int32_t> verses);
+// Replaces all lines by the references of the entries, each with its set in front if it has one, if they are awaited.
+void FillLines(ReferenceList& list, const VerseList& entries);
 
-// Takes lines out, or puts them in. Nothing is done while lines are awaited; if there are many, all lines are awaited
-// afterwards, because filling the box takes less time then.
+// Takes lines out, or puts in those of entries that are in `entries` again. Nothing is done while lines are awaited; if
+// there are many, all lines are awaited afterwards, because filling the box takes less time then.
 void RemoveLines(ReferenceList& list, std::span<const int> ascending);
-void InsertLines(ReferenceList& list, std::span<const DeletedEntry> entries);
+void InsertLines(ReferenceList& list, const VerseList& entries, std::span<const DeletedEntry> restored);
 
 // The marked lines, ascending, and the line with the caret.
 bool HasMarkedLines(const ReferenceList& list);

@@ -18,6 +18,7 @@ std::string SpokenListName(const VerseList& list) {
 void FillWithReferences(VerseList& list, std::vector<std::int32_t> verses) {
     list.ListEntries = std::move(verses);
     list.deletions.clear();
+    list.sets = {};
     list.ListTop = 0;
     list.ListLastVisible = 0;
     CorrectLastVisible(list);
@@ -28,36 +29,67 @@ void FillVerseList(VerseList& list, std::vector<std::int32_t> verses) {
     list.canBeSaved = !list.ListEntries.empty();
 }
 
+void FillWithNotes(VerseList& list, std::vector<std::int32_t> verses, EntrySets sets) {
+    FillVerseList(list, std::move(verses));
+    list.sets = std::move(sets);
+}
+
 void ClearVerseList(VerseList& list) {
     FillVerseList(list, {});
 }
+
+// ---- Sets -----------------------------------------------------------------------------------------------------------
+
+static bool HasSets(const VerseList& list) {
+    return !list.sets.sets.empty();
+}
+
+static std::uint8_t NumberOfSet(const VerseList& list, int entry) {
+    return HasSets(list) ? list.sets.ofEntries[static_cast<std::size_t>(entry)] : std::uint8_t{0};
+}
+
+const EntrySets::Set* SetOfEntry(const VerseList& list, int entry) {
+    return HasSets(list) ? &list.sets.sets[NumberOfSet(list, entry)] : nullptr;
+}
+
+VerseList EntryAlone(const VerseList& list, int entry) {
+    VerseList alone;
+    alone.ListEntries = {list.ListEntries[static_cast<std::size_t>(entry)]};
+    if (const EntrySets::Set* set = SetOfEntry(list, entry)) alone.sets = {{*set}, {0}, list.sets.about};
+    return alone;
+}
+
+// ---- Deleting -------------------------------------------------------------------------------------------------------
 
 static std::vector<DeletedEntry> EntriesAt(const VerseList& list, std::span<const int> places) {
     std::vector<DeletedEntry> entries;
     for (const int place : places) {
         if (place < 0 || place >= ListCount(list)) continue;
-        entries.push_back({place, list.ListEntries[static_cast<std::size_t>(place)]});
+        entries.push_back({place, list.ListEntries[static_cast<std::size_t>(place)], NumberOfSet(list, place)});
     }
     return entries;
 }
 
-static void TakeOut(std::vector<std::int32_t>& verses, const std::vector<DeletedEntry>& entries) {
+// From the verses, or from their sets.
+template <class Value>
+static void TakeOut(std::vector<Value>& values, const std::vector<DeletedEntry>& entries) {
     auto next = entries.begin();
-    auto kept = verses.begin() + next->place;
-    for (auto verse = kept; verse != verses.end(); ++verse) {
-        if (next != entries.end() && verse - verses.begin() == next->place) {
+    auto kept = values.begin() + next->place;
+    for (auto value = kept; value != values.end(); ++value) {
+        if (next != entries.end() && value - values.begin() == next->place) {
             ++next;
         } else {
-            *kept++ = *verse;
+            *kept++ = *value;
         }
     }
-    verses.erase(kept, verses.end());
+    values.erase(kept, values.end());
 }
 
 void DeleteEntries(VerseList& list, std::span<const int> places, std::string summary) {
     Deletion deletion{EntriesAt(list, places), list.canBeSaved, std::move(summary)};
     if (deletion.entries.empty()) return;
     TakeOut(list.ListEntries, deletion.entries);
+    if (HasSets(list)) TakeOut(list.sets.ofEntries, deletion.entries);
     const auto above = std::ranges::lower_bound(deletion.entries, list.ListTop, {}, &DeletedEntry::place);
     list.canBeSaved = list.canBeSaved && !list.ListEntries.empty();
     list.ListTop = ClampEntry(list, list.ListTop - static_cast<int>(above - deletion.entries.begin()));
@@ -65,14 +97,15 @@ void DeleteEntries(VerseList& list, std::span<const int> places, std::string sum
     list.deletions.push_back(std::move(deletion));
 }
 
-// From the end, so that each verse moves once.
-static void PutBack(std::vector<std::int32_t>& verses, const std::vector<DeletedEntry>& entries) {
-    std::size_t kept = verses.size();
+// From the end, so that each value moves once.
+template <class Value>
+static void PutBack(std::vector<Value>& values, const std::vector<DeletedEntry>& entries, Value DeletedEntry::*value) {
+    std::size_t kept = values.size();
     std::size_t place = kept + entries.size();
-    verses.resize(place);
+    values.resize(place);
     for (auto next = entries.rbegin(); next != entries.rend();) {
         --place;
-        verses[place] = static_cast<std::size_t>(next->place) == place ? (next++)->verse : verses[--kept];
+        values[place] = static_cast<std::size_t>(next->place) == place ? *next++.*value : values[--kept];
     }
 }
 
@@ -92,7 +125,8 @@ Deletion RestoreEntries(VerseList& list) {
     const int first = deletion.entries.front().place;
     const int top = PlaceWith(deletion.entries, list.ListTop);
     const int lastVisible = PlaceWith(deletion.entries, list.ListLastVisible);
-    PutBack(list.ListEntries, deletion.entries);
+    PutBack(list.ListEntries, deletion.entries, &DeletedEntry::verse);
+    if (HasSets(list)) PutBack(list.sets.ofEntries, deletion.entries, &DeletedEntry::set);
     list.canBeSaved = deletion.couldBeSaved;
     list.ListTop = first >= top && first <= lastVisible ? top : first;
     list.ListLastVisible = std::max(list.ListTop, lastVisible);

@@ -1,5 +1,6 @@
 // The Verse List: the verses that the last search found, in canonical order, or those of a note's cross-reference line,
-// in the order of that line, and the scroll position.
+// in the order of that line, and the scroll position. Instead of verses it can list notes, each with the set that it is
+// in: then a verse is listed once for each of its notes.
 #pragma once
 
 #include <cstdint>
@@ -12,10 +13,24 @@
 
 enum ListView { kVerseListView = 0, kReferenceListView = 1 };
 
-// An entry that was deleted: its place in the list before that, and its verse.
+// The note sets of the entries in a list of notes.
+struct EntrySets {
+    struct Set {
+        std::string name{};
+        std::string label{};  // stands before the reference, "My Notes: "
+        bool operator==(const Set&) const = default;
+    };
+    std::vector<Set> sets{};                // each once; none in a list of verses
+    std::vector<std::uint8_t> ofEntries{};  // the place in `sets` of each entry's set
+    int about = kNoVerse;                   // the verse that the notes name
+    bool operator==(const EntrySets&) const = default;
+};
+
+// An entry that was deleted: its place in the list before that, its verse, and in a list of notes its set.
 struct DeletedEntry {
     int place = 0;
     std::int32_t verse = 0;
+    std::uint8_t set = 0;
     bool operator==(const DeletedEntry&) const = default;
 };
 
@@ -33,6 +48,7 @@ struct VerseList {
     int currentView = kVerseListView;
     bool canBeSaved = false;          // set by a search; following a cross-reference line does not change it
     std::vector<Deletion> deletions;  // from the present entries, the latest last
+    EntrySets sets;
 };
 
 int ListCount(const VerseList& list);
@@ -46,7 +62,16 @@ void FillVerseList(VerseList& list, std::vector<std::int32_t> verses);
 // The same for the verses of a cross-reference line.
 void FillWithReferences(VerseList& list, std::vector<std::int32_t> verses);
 
+// The same for notes of these verses, as the result of a search: `sets` has a set for each entry, or is empty.
+void FillWithNotes(VerseList& list, std::vector<std::int32_t> verses, EntrySets sets);
+
 void ClearVerseList(VerseList& list);
+
+// The set of an entry; null in a list of verses.
+const EntrySets::Set* SetOfEntry(const VerseList& list, int entry);
+
+// A list of this entry alone.
+VerseList EntryAlone(const VerseList& list, int entry);
 
 // Removes the entries at these ascending places and remembers them with `summary`; places without an entry are ignored.
 // The same entry stays at the top if it is still there, otherwise the next one; a top past the end becomes the last

@@ -25,8 +25,10 @@ static int VerseOfEntry(const ListWalk& walk, int entry) {
 }
 
 // Forms the label and returns its width.
-static int FormLabel(ListWalk& walk, int verse) {
+static int FormLabel(ListWalk& walk, int entry) {
+    const int verse = VerseOfEntry(walk, entry);
     walk.label.size = 0;
+    if (const EntrySets::Set* set = SetOfEntry(*walk.flow.list, entry)) AppendText(walk.label, set->label);
     if (HasNote(walk.flow, verse)) AppendText(walk.label, "*");
     AppendReference(walk.label, RecordOf(walk.flow.scripture->records, verse));
     AppendText(walk.label, " ");
@@ -66,7 +68,7 @@ static void PlaceEntry(ListWalk& walk, int entry) {
     const int verse = VerseOfEntry(walk, entry);
     walk.point = {entry, 0};
     walk.line.x = walk.flow.leftMargin;
-    PlaceLabel(walk, BoxKind::kLabel, FormLabel(walk, verse));
+    PlaceLabel(walk, BoxKind::kLabel, FormLabel(walk, entry));
     PlaceWords(walk, WordsOf(walk, verse));
     walk.line.y += walk.line.lineHeight;
 }
@@ -134,7 +136,7 @@ static int CountLines(const ListWalk& walk, const EntryWords& entry, int labelWi
 // Of the whole entry. Each entry begins a line, so this does not depend on the top.
 static int HeightOfEntry(ListWalk& walk, int entry) {
     const int verse = VerseOfEntry(walk, entry);
-    const int labelWidth = FormLabel(walk, verse);
+    const int labelWidth = FormLabel(walk, entry);
     EntryWords& words = WordsOf(walk, verse);
     EntryLines& counted = words.counted;
     if (counted.paneWidth != walk.flow.width || counted.labelWidth != labelWidth)

@@ -1,4 +1,5 @@
-// The Verse List's layout: for each entry a label and its words, wrapped with a hanging indent of one line height.
+// The Verse List's layout: for each entry a label, in a list of notes with the set in front, and its words, wrapped
+// with a hanging indent of one line height.
 //
 // Painting, measuring and hit testing use the same walk. Key words are marked with braces in a copy of the verse
 // (search/key_word_marks.h). A word is placed piece by piece, and braces are never drawn.

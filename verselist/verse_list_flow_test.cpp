@@ -180,6 +180,16 @@ TEST(VerseListLabels, HaveAStarForANote) {
     EXPECT_EQ(labels, (Strings{"Ge 1:1 ", "*Ge 1:2 ", "Joh 11:35 "}));
 }
 
+TEST_F(VerseListFlowTest, LabelsOfNotesHaveTheirSetsInFront) {
+    list.sets = {{{"Mine", "Mine: "}, {"Sermons", "Sermons: "}}, {1, 0, 1}, 0};
+    Strings labels;
+    WalkVerseList(flow, [&labels](const FlowBox& box) {
+        if (box.point.word == 0) labels.emplace_back(box.text);
+        return true;
+    });
+    EXPECT_EQ(labels, (Strings{"Sermons: Ge 1:1 ", "Mine: Ge 1:2 ", "Sermons: Joh 11:35 "}));
+}
+
 TEST_F(VerseListFlowTest, BoxesTellWhereEntriesEnd) {
     Strings entries;
     WalkVerseList(flow, [&](const FlowBox& box) {

@@ -98,6 +98,36 @@ TEST(VerseList, DeletionsAreTakenBackOneByOne) {
     EXPECT_EQ(ListCount(list), 4);
 }
 
+// A verse may be there several times.
+TEST(VerseList, KeepsTheSetsOfItsNotes) {
+    VerseList list;
+    const EntrySets sets{{{"Mine", "Mine: "}, {"Sermons", "Sermons: "}}, {0, 0, 1, 1}, 500};
+    FillWithNotes(list, {10, 20, 10, 30}, sets);
+    const auto sequence = [&list] {
+        std::string names;
+        for (int entry = 0; entry < ListCount(list); ++entry)
+            names += SetOfEntry(list, entry)->label +
+                     std::to_string(list.ListEntries[static_cast<std::size_t>(entry)]) + ' ';
+        return names;
+    };
+    EXPECT_EQ(sequence(), "Mine: 10 Mine: 20 Sermons: 10 Sermons: 30 ");
+    EXPECT_TRUE(list.canBeSaved);
+    DeleteEntries(list, std::array{0, 3});
+    EXPECT_EQ(sequence(), "Mine: 20 Sermons: 10 ");
+    DeleteEntries(list, std::array{0, 1});
+    EXPECT_EQ(sequence(), "");
+    RestoreEntries(list);
+    RestoreEntries(list);
+    EXPECT_EQ(list.sets, sets);
+
+    const VerseList alone = EntryAlone(list, 2);
+    EXPECT_EQ(alone.ListEntries, (std::vector<std::int32_t>{10}));
+    EXPECT_EQ(*SetOfEntry(alone, 0), sets.sets[1]);
+    FillVerseList(list, {10, 20});
+    EXPECT_EQ(SetOfEntry(list, 1), nullptr);
+    EXPECT_EQ(SetOfEntry(EntryAlone(list, 1), 0), nullptr);
+}
+
 TEST(VerseList, NewListsForgetDeletions) {
     VerseList list = ListOf({10, 20, 30});
     DeleteEntries(list, std::array{1});

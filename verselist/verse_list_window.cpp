@@ -69,7 +69,7 @@ static bool ShowsReferences() {
 }
 
 static void FillReferenceList() {
-    FillLines(theVerseList.references, theVerseList.list.ListEntries);
+    FillLines(theVerseList.references, theVerseList.list);
 }
 
 // A hidden list box is filled when it receives its next message (see ReferencesProcedure). So its lines always match
@@ -125,9 +125,19 @@ int VerseListTargetVerse() {
     return VerseOfEntry(TargetEntry(theVerseList.list, theSelection, GetFocus() == theVerseList.window));
 }
 
+static int EntryInView() {
+    if (!ShowsReferences()) return CurrentEntry(theVerseList.list, theSelection);
+    FillReferenceList();
+    return CaretLine(theVerseList.references);
+}
+
 int VerseListCurrentVerse() {
-    if (ShowsReferences()) return VerseOfCaretLine();
-    return VerseOfEntry(CurrentEntry(theVerseList.list, theSelection));
+    return VerseOfEntry(EntryInView());
+}
+
+const EntrySets::Set* VerseListCurrentSet() {
+    const int entry = EntryInView();
+    return VerseOfEntry(entry) == kNoVerse ? nullptr : SetOfEntry(theVerseList.list, entry);
 }
 
 std::vector<std::int32_t> MarkedVerses() {
@@ -183,7 +193,7 @@ bool CanRestoreEntries() {
 void RestoreDeletedEntries() {
     const int topLine = TopLine(theVerseList.references);
     const Deletion restored = RestoreEntries(theVerseList.list);
-    InsertLines(theVerseList.references, restored.entries);
+    InsertLines(theVerseList.references, theVerseList.list, restored.entries);
     if (StatusText(StatusPart::kSearchSummary).empty()) ShowStatus(StatusPart::kSearchSummary, restored.summary);
     ShowChangedEntries(restored.entries.front().place, topLine);
 }
@@ -263,8 +273,7 @@ static SpokenItems ShownEntries() {
 
 static SpokenWords WordsOf(int entry) {
     VerseListFlow flow = CurrentFlow();
-    VerseList only;
-    only.ListEntries = {VerseOfEntry(entry)};
+    const VerseList only = EntryAlone(theVerseList.list, entry);
     flow.list = &only;
     flow.height = kEndlessHeight;
     SpokenWords words;

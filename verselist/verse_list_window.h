@@ -17,6 +17,7 @@ struct ListContent {
     BookForm form = BookForm::kName;  // of the Reference List
     bool canBeSaved = false;
     bool isOfNotes = false;  // as in VerseListPane
+    EntrySets sets{};
 };
 
 struct VerseListPane : ReadingPane {
@@ -65,6 +66,9 @@ int VerseListTargetVerse();
 // Verse that Enter acts on and that the rows of the context menu name: that of the current entry or, if the Reference
 // List is shown, of its line with the caret. -1 in an empty list.
 int VerseListCurrentVerse();
+
+// The set of that entry; null if there is none, or in a list of verses.
+const EntrySets::Set* VerseListCurrentSet();
 
 // Verses of the marked lines of the Reference List, in their order.
 std::vector<std::int32_t> MarkedVerses();
