@@ -6,8 +6,8 @@
 #include "notes/cross_references.h"
 
 void FindListLinks(void*, const VerseRecords& records, int verse, std::string_view text, std::vector<NoteLink>& links) {
-    for (const ListedReference& item : ListedReferences(records, text, verse))
-        links.push_back({item.place, item.size, item.verse, item.verse});
+    for (const TextReference& item : ListedReferences(records, text, verse))
+        links.push_back({item.begin, item.size, item.first, item.first});
 }
 
 static bool IsSound(const NoteLink& link, std::size_t size) {

@@ -158,22 +158,30 @@ static bool IsFull(const std::vector<std::int32_t>& verses) {
     return verses.size() >= std::size_t{kVerseCount};
 }
 
-// Adds the verses between `first` and the number ahead; the number itself is the next item. "3Jo" is a book, not a
-// number.
-static void AddRange(const VerseRecords& records, std::string_view ahead, NamedVerse place, int first,
-                     std::vector<std::int32_t>& verses) {
-    if (!IsDigit(Front(ahead)) || TakeBook(ahead) != 0) return;
+// The verse of the number ahead; kNoVerse if there is none. "3Jo" is a book, not a number.
+static int EndOfRange(const VerseRecords& records, std::string_view ahead, NamedVerse place) {
+    if (!IsDigit(Front(ahead)) || TakeBook(ahead) != 0) return kNoVerse;
     TakeNumber(ahead, place);
-    const int end = VerseOf(records, place);
+    return VerseOf(records, place);
+}
+
+// Adds the verses between `first` and the number ahead; the number itself is the next item.
+static void AddRange(const VerseRecords& records, std::string_view ahead, const NamedVerse& place, int first,
+                     std::vector<std::int32_t>& verses) {
+    const int end = EndOfRange(records, ahead, place);
     for (int verse = first + 1; verse < end && !IsFull(verses); ++verse) verses.push_back(verse);
+}
+
+static NamedVerse PlaceOf(const VerseRecords& records, int verse) {
+    const VerseRecord record = RecordOf(records, verse);
+    return {record.book, record.chapter, record.verse};
 }
 
 std::vector<std::int32_t> CrossReferences(const VerseRecords& records, std::string_view note, std::size_t caret,
                                           int noteVerse) {
     std::vector<std::int32_t> verses;
     std::string_view text = ListAt(note, caret);
-    const VerseRecord here = RecordOf(records, noteVerse);
-    NamedVerse place{here.book, here.chapter, here.verse};
+    NamedVerse place = PlaceOf(records, noteVerse);
     while (!IsFull(verses) && TakeItem(text, place)) {
         const int verse = VerseOf(records, place);
         const bool isRange = TakeSeparator(text) == '-';
@@ -187,26 +195,27 @@ std::vector<std::int32_t> CrossReferences(const VerseRecords& records, std::stri
 // ---- Items in their places ----------------------------------------------------------------------------------------
 
 static void AddItems(const VerseRecords& records, std::string_view note, std::string_view list, NamedVerse place,
-                     std::vector<ListedReference>& references) {
+                     std::vector<TextReference>& references) {
     for (;;) {
         const std::string_view before = list;
         if (!TakeItem(list, place)) return;
         std::string_view item = before.substr(0, before.size() - list.size());
         while (IsBlank(item.back())) item.remove_suffix(1);
         const int verse = VerseOf(records, place);
-        if (verse != kNoVerse)
-            references.push_back({static_cast<std::size_t>(item.data() - note.data()), item.size(), verse});
-        TakeSeparator(list);
+        const bool isRange = TakeSeparator(list) == '-';
+        if (verse == kNoVerse) continue;
+        const int last = isRange ? std::max(verse, EndOfRange(records, list, place)) : verse;
+        references.push_back({static_cast<std::uint32_t>(item.data() - note.data()),
+                              static_cast<std::uint32_t>(item.size()), verse, last});
     }
 }
 
-std::vector<ListedReference> ListedReferences(const VerseRecords& records, std::string_view note, int noteVerse) {
-    std::vector<ListedReference> references;
-    const VerseRecord here = RecordOf(records, noteVerse);
+std::vector<TextReference> ListedReferences(const VerseRecords& records, std::string_view note, int noteVerse) {
+    std::vector<TextReference> references;
+    const NamedVerse here = PlaceOf(records, noteVerse);
     for (std::size_t mark = note.find('#'); mark != std::string_view::npos; mark = note.find('#', mark + 1)) {
         const std::size_t end = std::min(note.find_first_of("#\n", mark + 1), note.size());
-        const std::string_view list = ListAt(note.substr(0, end), mark);
-        AddItems(records, note, list, {here.book, here.chapter, here.verse}, references);
+        AddItems(records, note, ListAt(note.substr(0, end), mark), here, references);
     }
     return references;
 }

@@ -16,6 +16,7 @@
 #include <string_view>
 #include <vector>
 
+#include "notes/text_reference.h"
 #include "scripture/verse_records.h"
 
 // The verses named by the list that contains `caret`, an offset into `note`: in the written order, with repeats, at
@@ -24,11 +25,6 @@
 std::vector<std::int32_t> CrossReferences(const VerseRecords& records, std::string_view note, std::size_t caret,
                                           int noteVerse);
 
-// An item of a list.
-struct ListedReference {
-    std::size_t place = 0, size = 0;  // in bytes of the note
-    std::int32_t verse = 0;
-};
-
-// The items of all lists of the note, in order. Each "#" begins a list, which ends before the next one.
-std::vector<ListedReference> ListedReferences(const VerseRecords& records, std::string_view note, int noteVerse);
+// The items of all lists of the note, in order. Each "#" begins a list, which ends before the next one. An item that
+// begins a range has the verses of the range.
+std::vector<TextReference> ListedReferences(const VerseRecords& records, std::string_view note, int noteVerse);

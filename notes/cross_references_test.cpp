@@ -247,9 +247,9 @@ TEST(CrossReferences, AreEmptyWithoutRecords) {
 // "Ge 1:1=Ge 1:1, 6=Ex 2:6": each item and its verse.
 static std::string Listed(std::string_view note) {
     std::string items;
-    for (const ListedReference& item : ListedReferences(Records(), note, kGenesis3_2))
-        items += (items.empty() ? "" : ", ") + std::string(note.substr(item.place, item.size)) + '=' +
-                 ReferenceText(Records(), item.verse, BookForm::kAbbreviation);
+    for (const TextReference& item : ListedReferences(Records(), note, kGenesis3_2))
+        items += (items.empty() ? "" : ", ") + std::string(note.substr(item.begin, item.size)) + '=' +
+                 ReferenceText(Records(), item.first, BookForm::kAbbreviation);
     return items;
 }
 
@@ -262,7 +262,7 @@ TEST(ListedReferences, AreItemsInTheirPlaces) {
 TEST(ListedReferences, AreTheVersesThatAreFollowed) {
     for (const char* list : {"# Ge 1:1; Ex 2:4, 6", "# Song of Solomon 2:1 3", "# 1John 3:16/Re 99:99. Ps"}) {
         std::vector<std::int32_t> verses;
-        for (const ListedReference& item : ListedReferences(Records(), list, kGenesis3_2)) verses.push_back(item.verse);
+        for (const TextReference& item : ListedReferences(Records(), list, kGenesis3_2)) verses.push_back(item.first);
         EXPECT_EQ(verses, CrossReferences(Records(), list, 0, kGenesis3_2)) << list;
     }
 }

@@ -31,6 +31,16 @@ static void CheckThereAndBack(const Verses& verses, int noteVerse) {
     Expect(CrossReferences(Records(), copy.text, 0, noteVerse) == some, "copied references name what was copied");
 }
 
+// The items of all lists are parts of the note, in order.
+static void CheckItems(std::string_view note, int noteVerse) {
+    std::size_t end = 0;
+    for (const TextReference& item : ListedReferences(Records(), note, noteVerse)) {
+        Expect(item.size > 0 && item.begin >= end && item.begin + item.size <= note.size(), "items are in order");
+        Expect(item.first >= 0 && item.first <= item.last && item.last < kVerseCount, "an item names verses");
+        end = item.begin + item.size;
+    }
+}
+
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     std::string_view note = TextOfInput(data, size);
     std::string_view place = TakeLine(note);
@@ -42,6 +52,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
            "a reference names a verse");
     Expect(verses == CrossReferences(Records(), ListByHand(note, caret), 0, noteVerse),
            "a list is what stands behind its mark");
+    CheckItems(note, noteVerse);
     CheckThereAndBack(verses, noteVerse);
     return 0;
 }
