@@ -15,6 +15,7 @@
 #include "app/taken_sets_win32.h"
 #include "notes/note_edit_control_win32.h"
 #include "notes/note_editor_window.h"
+#include "notes/note_links_win32.h"
 #include "notes/notes_window.h"
 #include "passage/passage_window.h"
 #include "scripture/scripture.h"
@@ -82,6 +83,7 @@ static int RunMessageLoop() {
     MSG message;
     while (NextMessage(message)) {
         LookForHeldKey(message);
+        FollowControlKey(theNotes.view, message);
         RouteWheel(message);
         if (ZoomsByWheel(message) || CancelsDrag(message)) continue;
         const bool scrollsOn = ScrollsOn(message);

@@ -4,9 +4,11 @@
 #include <utility>
 
 #include "app/frame_win32.h"
+#include "app/reference_index_win32.h"
 #include "history/earlier_notes_dialog.h"
 #include "notes/list_notes_dialog.h"
 #include "notes/note_editor_window.h"
+#include "notes/note_links_win32.h"
 #include "notes/notes_window.h"
 #include "pane/status_bar_win32.h"
 #include "passage/passage_window.h"
@@ -96,6 +98,7 @@ void ShowEarlierNotes(int) {
 
 void ShowSavedNote(int) {
     ShowNoteText();
+    IndexShownNote();
     TellChangedNotes();
 }
 
@@ -121,6 +124,12 @@ void ShowNoteReferences(int) {
     RefreshCommands();
 }
 
+void OpenNoteReference(int) {
+    if (OpenedReference() == kNoVerse) return;
+    ScrollToVerse(OpenedReference());
+    RunIfEnabled(theFrame.window, IDM_VIEW_PASSAGE);
+}
+
 // ---- Notes as a list ------------------------------------------------------------------------------------------------
 
 void ShowNotesAsList(int) {
@@ -135,13 +144,57 @@ void ShowNotesAsList(int) {
     ShowVerseListAtOnce();
 }
 
+// What "this verse" is depends on the pane with the focus.
+static int VerseInFocus() {
+    const HWND focus = GetFocus();
+    if (focus == theNotes.view) return theNoteSets.currentVerse;
+    const int listed = focus == ShownListView() ? VerseListTargetVerse() : kNoVerse;
+    return listed != kNoVerse ? listed : PassageTargetVerse();
+}
+
+static EntrySets SetsOf(const std::vector<NamingNote>& naming, int about) {
+    EntrySets listed{.about = about};
+    for (const NoteSet& set : theNoteSets.sets)
+        listed.sets.push_back({NoteSetName(set), TabName(TheNoteFiles(), set) + ": "});
+    for (const NamingNote& note : naming) listed.ofEntries.push_back(static_cast<std::uint8_t>(note.set));
+    return listed;
+}
+
+static std::vector<std::int32_t> VersesOf(const std::vector<NamingNote>& naming) {
+    std::vector<std::int32_t> verses;
+    for (const NamingNote& note : naming) verses.push_back(note.verse);
+    return verses;
+}
+
+void ShowNotesAbout(int) {
+    if (!theFrame.startUpComplete) return;
+    const int verse = VerseInFocus();
+    if (!FinishReferenceIndex()) return;
+    const std::vector<NamingNote> naming = NotesThatName(TheReferences(), theNoteSets, verse);
+    const std::string named = ReferenceText(theScripture.records, verse, BookForm::kName);
+    ShowStatus(StatusPart::kSearchSummary,
+               NamingNotesSummary(naming.size(), UnindexedSets(TheReferences(), theNoteSets), named));
+    if (naming.empty()) return;
+    RunIfEnabled(theFrame.window, IDM_VIEW_LIST);
+    DropSelection();
+    ShowNotesOfSets(VersesOf(naming), SetsOf(naming, verse));
+    RefreshCommands();
+    ShowVerseListAtOnce();
+}
+
+// A set that has gone, or has another name now, is none.
+static int SetOf(const ListPosition& entry) {
+    const int named = entry.set.empty() ? kNoSet : SetNamed(theNoteSets, entry.set);
+    return named != kNoSet ? named : SetWithNote(TheNoteFiles(), theNoteSets, entry.verse);
+}
+
 // Once for each entry, so that another note can be read meanwhile.
 void FollowListedNotes(int) {
     if (!theVerseList.isOfNotes || IsEditingNote()) return;
     if (!FollowEntry(theVerseList.followed, VerseListPosition())) return;
-    const int verse = theVerseList.followed.verse;
-    const int before = theNoteSets.currentSet, set = SetWithNote(TheNoteFiles(), theNoteSets, verse);
-    if (set == before && verse == theNoteSets.currentVerse) return;
-    ShowNoteOfSet(set, verse);
+    const ListPosition& entry = theVerseList.followed;
+    const int before = theNoteSets.currentSet, set = SetOf(entry);
+    if (set != before || entry.verse != theNoteSets.currentVerse) ShowNoteOfSet(set, entry.verse);
     if (set != before) RepaintNoteMarks();
+    if (!entry.set.empty()) ScrollToReferenceThatNames(theNotes.view, theVerseList.list.sets.about);
 }

@@ -20,5 +20,7 @@ void ShowEarlierNotes(int command);    // opens the one that is chosen in the ed
 void ShowSavedNote(int command);       // sent when the editor has saved
 void EndEditingNote(int command);      // sent when the editor has closed
 void ShowNotesAsList(int command);     // asks which notes' verses the Verse List shall show
+void ShowNotesAbout(int command);      // lists the notes that name a verse
 void FollowListedNotes(int command);   // sent by a list of notes: shows the note of its current entry
+void OpenNoteReference(int command);   // sent by the Notes window: reads the verse of the reference that was clicked
 void ShowNoteReferences(int command);  // lists the verses of the cross-reference line that was followed

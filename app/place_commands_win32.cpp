@@ -82,7 +82,8 @@ bool MayJump(int command) {
         case IDM_FORWARD:
         case IDM_EXIT: return false;
         case IDM_SHOW_REFERENCES:
-        case IDM_READ_ENTRY: return true;
+        case IDM_READ_ENTRY:
+        case IDM_OPEN_REFERENCE: return true;
     }
     return command < kFirstMessage || command > kLastMessage;
 }

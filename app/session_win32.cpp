@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "app/frame_win32.h"
+#include "app/reference_index_win32.h"
 #include "app/search_commands_win32.h"
 #include "app/session.h"
 #include "app/session_pace.h"
@@ -128,14 +129,18 @@ bool NextMessage(MSG& message) {
         if (isAwake) NoteActivity(theKept.pace, GetTickCount64());  // awake for a sent message
         isAwake = false;
         if (CompleteNoteView(theNotes.view) || PrepareSearchesInIdleTime() || CheckSetsInIdleTime()) continue;
-        const DWORD patience = std::min(TimeToCheck(), TimeToRest());
+        if (IndexInIdleTime()) continue;
+        const DWORD patience = std::min({TimeToCheck(), TimeToRest(), TimeToIndex()});
         isAwake = MsgWaitForMultipleObjectsEx(0, nullptr, patience, QS_ALLINPUT, MWMO_INPUTAVAILABLE) != WAIT_TIMEOUT;
         GiveBackSpareMemory();
         KeepSession();
     }
     PutOffRest();
     if (message.message == WM_NCLBUTTONDOWN) WriteSession();  // scroll bars, too, have a loop of their own
-    if (IsActivity(message.message)) NoteActivity(theKept.pace, GetTickCount64());
+    if (IsActivity(message.message)) {
+        NoteActivity(theKept.pace, GetTickCount64());
+        PutOffIndexing();
+    }
     KeepSession();
     return message.message != WM_QUIT;
 }

@@ -128,12 +128,18 @@ static std::string Counted(std::size_t count, const char* one, const char* sever
     return std::to_string(count) + (count == 1 ? one : several);
 }
 
+static std::string TextOfUnreadable(int sets) {
+    return sets == 0 ? "" : "; " + Counted(static_cast<std::size_t>(sets), " set", " sets") + " cannot be read";
+}
+
 std::string ListedNotesSummary(const ListedNotes& notes) {
-    const auto sets = static_cast<std::size_t>(notes.sets), unreadable = static_cast<std::size_t>(notes.unreadableSets);
-    std::string summary = Counted(notes.verses.size(), " verse with a note", " verses with notes") + " in " +
-                          Counted(sets, " set", " sets");
-    if (unreadable > 0) summary += "; " + Counted(unreadable, " set", " sets") + " cannot be read";
-    return summary;
+    return Counted(notes.verses.size(), " verse with a note", " verses with notes") + " in " +
+           Counted(static_cast<std::size_t>(notes.sets), " set", " sets") + TextOfUnreadable(notes.unreadableSets);
+}
+
+std::string NamingNotesSummary(std::size_t notes, int unreadableSets, const std::string& verse) {
+    const std::string counted = notes == 0 ? "No notes" : Counted(notes, " note", " notes");
+    return counted + " about " + verse + TextOfUnreadable(unreadableSets);
 }
 
 int SetWithNote(const NoteFiles& files, const NoteSets& notes, int verse) {

@@ -41,5 +41,9 @@ int ListingSteps(std::span<const NoteSet> sets, const ListedNotesQuery& query);
 // "312 verses with notes in 4 sets", "1 verse with a note in 1 set", and how many sets could not be read.
 std::string ListedNotesSummary(const ListedNotes& notes);
 
+// "12 notes about Romans 8:28", "1 note about Romans 8:28" or "No notes about Romans 8:28", and how many sets could not
+// be read.
+std::string NamingNotesSummary(std::size_t notes, int unreadableSets, const std::string& verse);
+
 // The set whose note of `verse` is shown: the current one if it has a note or no other one has, otherwise the first.
 int SetWithNote(const NoteFiles& files, const NoteSets& notes, int verse);

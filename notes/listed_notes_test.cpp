@@ -64,6 +64,13 @@ TEST(ListedNotes, AreThoseOfAllSetsInTheOrderOfTheBible) {
     EXPECT_EQ(sets.fakes.openFiles, 0);
 }
 
+TEST(ListedNotes, ThatNameAVerseAreCounted) {
+    EXPECT_EQ(NamingNotesSummary(12, 0, "Romans 8:28"), "12 notes about Romans 8:28");
+    EXPECT_EQ(NamingNotesSummary(1, 2, "Romans 8:28"), "1 note about Romans 8:28; 2 sets cannot be read");
+    EXPECT_EQ(NamingNotesSummary(0, 0, "Romans 8:28"), "No notes about Romans 8:28");
+    EXPECT_EQ(NamingNotesSummary(0, 1, "Romans 8:28"), "No notes about Romans 8:28; 1 set cannot be read");
+}
+
 TEST(ListedNotes, HaveAllWordsInAnyOrder) {
     ListedSets sets;
     const NotesOfSet a = {{1, "Grace and truth"}, {2, "the TRUTH of grace"},

@@ -6,6 +6,7 @@
 #include "notes/note_edit_control_win32.h"
 #include "notes/note_editor_window.h"
 #include "notes/note_files_win32.h"
+#include "notes/note_links_win32.h"
 #include "notes/note_refresh.h"
 #include "notes/note_source.h"
 #include "notes/note_tabs_win32.h"
@@ -191,6 +192,7 @@ static std::vector<MenuRow> Rows(HWND frame) {
         {IDM_NOTE_FOR_PASSAGE, "Go to Note for Verse in Passage\t"},
         {IDM_GOTO_NOTE, "Go to Note for Verse...\t"},
         {IDM_VERSE_FOR_NOTE, "Read Verse for this Note\t"},
+        {IDM_NOTES_ABOUT, "Notes About This Verse\t"},
         {},
         {.command = IDM_BIND_NOTES, .text = "Bind Notes to Passage Window", .checked = bound},
         {IDM_EXPORT_NOTES, "Export Notes..."},
@@ -267,6 +269,7 @@ static void OnViewCopy() {
 
 static LRESULT CALLBACK ViewProcedure(HWND view, UINT message, WPARAM wParam, LPARAM lParam) {
     PrepareNoteView(view, message);
+    if (FollowLinks({view, theNotes.font.get()}, message, wParam, lParam)) return message == WM_SETCURSOR;
     switch (message) {
         HANDLE_MSG(view, WM_RBUTTONDOWN, OnViewRButtonDown);
         HANDLE_MSG(view, WM_RBUTTONDBLCLK, OnViewRButtonDown);  // a second right click soon after the first

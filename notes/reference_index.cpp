@@ -134,11 +134,22 @@ bool IndexSome(const NoteFiles& files, const VerseRecords& records, NoteSets& no
     return false;
 }
 
-bool IsWhole(const ReferenceIndex& index, const NoteSets& notes) {
-    return std::ranges::all_of(notes.sets, [&](const NoteSet& set) {
+int UnindexedSets(const ReferenceIndex& index, const NoteSets& notes) {
+    const auto isUnindexed = [&](const NoteSet& set) {
         const auto isWhole = [&](const SetReferences& one) { return IsOf(one, set) && one.next == kVerseCount; };
-        return HasNoDataFile(set) || std::ranges::any_of(index.sets, isWhole);
-    });
+        return !HasNoDataFile(set) && std::ranges::none_of(index.sets, isWhole);
+    };
+    return static_cast<int>(std::ranges::count_if(notes.sets, isUnindexed));
+}
+
+bool IsWhole(const ReferenceIndex& index, const NoteSets& notes) {
+    return UnindexedSets(index, notes) == 0;
+}
+
+int IndexedVerses(const ReferenceIndex& index) {
+    int verses = 0;
+    for (const SetReferences& set : index.sets) verses += set.next;
+    return verses;
 }
 
 void IndexSavedNote(const VerseRecords& records, const NoteSets& notes, ReferenceIndex& index, int set, int verse,

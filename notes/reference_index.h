@@ -47,6 +47,12 @@ bool IndexSome(const NoteFiles& files, const VerseRecords& records, NoteSets& no
 // Are all notes of all sets indexed, as the sets were last read?
 bool IsWhole(const ReferenceIndex& index, const NoteSets& notes);
 
+// How many sets have notes that are not.
+int UnindexedSets(const ReferenceIndex& index, const NoteSets& notes);
+
+// How many verses' notes have been indexed, of all sets.
+int IndexedVerses(const ReferenceIndex& index);
+
 // Replaces the entries of the note that was just saved as the note of `verse` in the set: `text` is as it is stored. If
 // the saving has read the set again, the set is indexed anew.
 void IndexSavedNote(const VerseRecords& records, const NoteSets& notes, ReferenceIndex& index, int set, int verse,

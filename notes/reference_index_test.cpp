@@ -114,9 +114,12 @@ TEST_F(IndexedSets, AreIndexedInPieces) {
     EXPECT_EQ(Naming("Ro 8:1"), "a Ge 1:1");
     EXPECT_EQ(Naming("Ro 8:30"), "") << "not yet";
     EXPECT_FALSE(IsWhole(index, notes));
+    EXPECT_EQ(UnindexedSets(index, notes), 2);
+    EXPECT_LT(IndexedVerses(index), 30);
     EXPECT_GT(IndexAll(20000), 20);
     EXPECT_EQ(Naming("Ro 8:30"), "a Ge 1:30, b Ge 1:30");
     EXPECT_TRUE(IsWhole(index, notes));
+    EXPECT_EQ(IndexedVerses(index), 2 * kVerseCount);
     EXPECT_EQ(IndexAll(), 0);
 }
 
@@ -221,6 +224,7 @@ TEST_F(IndexedSets, ThatCannotBeOpenedDoNotHoldTheOthers) {
     IndexAll();
     EXPECT_EQ(Naming("Ro 8:28"), "b Ge 1:1");
     EXPECT_FALSE(IsWhole(index, notes));
+    EXPECT_EQ(UnindexedSets(index, notes), 1);
     disk.unreadable.clear();
     IndexAll();
     EXPECT_EQ(Naming("Ro 8:28"), "a Ge 1:1, b Ge 1:1");

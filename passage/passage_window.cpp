@@ -177,6 +177,7 @@ static std::vector<MenuRow> Rows() {
         {.text = "Set a Bookmark to " + verse, .submenu = RowsOfFrameMenu(frame, IDM_SET_BOOKMARK, kBookmarks)},
         {},
         {IDM_NOTE_FOR_PASSAGE, "Go to Note for " + verse + "\t", editing},
+        {IDM_NOTES_ABOUT, "Notes About " + verse + "\t", editing},
         {},
         {IDM_WORD_SEARCH, "Word Search with Selected Text...", noSelection},
         {IDM_PHRASE_SEARCH, "Phrase Search with Selected Text...", noSelection},
@@ -199,6 +200,7 @@ static bool IsForFrame(int command) {
         {IDM_SAVE_RANGE, IDM_SAVE_RANGE},
         {IDM_GOTO_BOOKMARK, IDM_SET_BOOKMARK + kBookmarks - 1},
         {IDM_NOTE_FOR_PASSAGE, IDM_NOTE_FOR_PASSAGE},
+        {IDM_NOTES_ABOUT, IDM_NOTES_ABOUT},
         {IDM_TODAYS_PROVERB, IDM_TODAYS_PROVERB},
         {IDM_PRINT_RANGE, IDM_PRINT_RANGE},
         {IDM_GOTO_BOOK + 1, IDM_GOTO_BOOK + kBookCount + 1},  // one more than there are books

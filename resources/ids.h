@@ -88,6 +88,7 @@
 #define IDM_VIEW_HITS 340
 #define IDM_COPY_HITS 341
 #define IDM_LIST_NOTES 350
+#define IDM_NOTES_ABOUT 351
 #define IDM_NEAR_SEARCH 360
 #define IDM_EXPORT_NOTES 370
 #define IDM_IMPORT_NOTES 371
@@ -101,11 +102,12 @@
 #define IDM_NOTES_CHANGED 908     // sent by the Notes window: notes have come or gone since the stars were shown
 #define IDM_BEGIN_THUMB_DRAG 930  // sent by a pane when the thumb of its scroll bar is taken, and when it is let go
 #define IDM_END_THUMB_DRAG 931
-#define IDM_OFFER_MERGE 917   // sent at the end of the start: offer to merge what conflicts have left
-#define IDM_FOLLOW_LIST 940   // sent by the Verse List at rest: the note of its current entry is to be shown
-#define IDM_LIST_CHANGED 941  // sent by the Verse List: it has other entries
-#define IDM_GOTO_BOOK 1000    // plus the number of the book, 1 to 66
-#define IDM_DEVOTIONAL 2000   // plus a verse index
+#define IDM_OFFER_MERGE 917     // sent at the end of the start: offer to merge what conflicts have left
+#define IDM_FOLLOW_LIST 940     // sent by the Verse List at rest: the note of its current entry is to be shown
+#define IDM_LIST_CHANGED 941    // sent by the Verse List: it has other entries
+#define IDM_OPEN_REFERENCE 945  // sent by the Notes window: read the verse of the reference that was clicked
+#define IDM_GOTO_BOOK 1000      // plus the number of the book, 1 to 66
+#define IDM_DEVOTIONAL 2000     // plus a verse index
 
 // Windows
 #define IDC_LIST_TABS 1

@@ -100,6 +100,7 @@ static constexpr ExpectedItem kCommands[] = {
     {340, "&Hits by Book\tShift+F2"},
     {341, "Copy &Hits by Book\tShift+F7"},
     {350, "L&ist Notes...\tCtrl+L"},
+    {351, "Notes &About This Verse\tCtrl+B"},
     {370, "&Export Notes..."},
     {371, "I&mport Notes..."},
     {360, "Words Ne&ar Each Other...\tAlt+A"},
@@ -230,7 +231,7 @@ TEST(Accelerators, AreUnique) {
         });
         EXPECT_EQ(ItemsOf(accelerator.command).empty(), alone) << accelerator.key;
     }
-    EXPECT_EQ(keys.size(), 66u);
+    EXPECT_EQ(keys.size(), 67u);
 }
 
 TEST(Toolbar, HasOnlyCommandsOfTheMenu) {

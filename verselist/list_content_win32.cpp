@@ -69,12 +69,14 @@ ListPosition VerseListPosition() {
     const VerseList& list = theVerseList.list;
     const bool isSelected =
         theSelection.SelectionOwner == kVerseListOwns && theSelection.anchor.place == CurrentEntry(list, theSelection);
+    const EntrySets::Set* set = VerseListCurrentSet();
     return {
         .content = theVerseList.content,
         .count = ListCount(list),
         .top = list.ListTop,
         .verse = VerseListCurrentVerse(),
         .isChosen = ShownListView() == theVerseList.references.window || isSelected,
+        .set = set != nullptr ? set->name : "",
     };
 }
 

@@ -156,7 +156,7 @@ bool FollowEntry(ListPosition& position, const ListPosition& now) {
     const bool hasMoved = now.isChosen || now.top != position.top || now.count != position.count;
     if (now.verse == kNoVerse || !(isOtherList || hasMoved)) return false;
     const ListPosition before = std::exchange(position, now);
-    return isOtherList || now.verse != before.verse;
+    return isOtherList || now.verse != before.verse || now.set != before.set;
 }
 
 int TargetEntry(const VerseList& list, const Selection& selection, bool listHasFocus) {

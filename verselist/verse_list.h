@@ -98,11 +98,12 @@ struct ListPosition {
     int count = 0, top = 0;
     int verse = kNoVerse;   // of the current entry
     bool isChosen = false;  // by the selection or the caret; otherwise the current entry is the top
+    std::string set{};      // the name of its set; empty in a list of verses
 };
 
 // Takes `now` as the position if the user has moved in the list: by a click, a scroll, or another number of entries. A
-// selection that has gone, because the user went to another pane, is no move. Returns whether another verse's entry is
-// the current one then.
+// selection that has gone, because the user went to another pane, is no move. Returns whether the entry of another
+// verse or set is the current one then.
 bool FollowEntry(ListPosition& position, const ListPosition& now);
 
 // Entry that commands of the frame act on: the first selected entry if the list has the focus and all of its selection

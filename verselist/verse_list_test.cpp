@@ -264,7 +264,11 @@ TEST(VerseList, IsFollowedWhereTheUserMoves) {
     ListPosition fewer = PositionAt(106, 5);
     fewer.count = 9;
     EXPECT_TRUE(FollowEntry(position, fewer)) << "deleted";
-    ListPosition other = fewer;
+    ListPosition ofSet = fewer;
+    ofSet.top = 6;
+    ofSet.set = "Mine";
+    EXPECT_TRUE(FollowEntry(position, ofSet)) << "the same verse, of another set";
+    ListPosition other = ofSet;
     other.content = 2;
     EXPECT_TRUE(FollowEntry(position, other)) << "another list that begins as the one before";
     other.verse = kNoVerse;

@@ -66,8 +66,7 @@ void ScrollBackToText(HWND richEdit) {
     SendMessageA(richEdit, EM_SETSCROLLPOS, 0, reinterpret_cast<LPARAM>(&corner));
 }
 
-// The upper left corner of the character at `place`.
-static POINTL CornerOf(HWND richEdit, LONG place) {
+POINTL CornerOfCharacter(HWND richEdit, LONG place) {
     POINTL corner{};
     SendMessageA(richEdit, EM_POSFROMCHAR, reinterpret_cast<WPARAM>(&corner), place);
     return corner;
@@ -89,16 +88,16 @@ static bool ShowsCaretToType(HWND richEdit) {
     if (GetWindowLongPtrA(richEdit, GWL_STYLE) & ES_READONLY) return false;
     RECT client{};
     GetClientRect(richEdit, &client);
-    const LONG y = CornerOf(richEdit, SelectionStart(richEdit)).y;
+    const LONG y = CornerOfCharacter(richEdit, SelectionStart(richEdit)).y;
     return y >= 0 && y < client.bottom;
 }
 
 void SetPlainTextFont(HWND richEdit, HFONT font) {
     const LONG first = FirstVisibleCharacter(richEdit);
-    const LONG top = CornerOf(richEdit, first).y;
+    const LONG top = CornerOfCharacter(richEdit, first).y;
     const bool showsCaret = ShowsCaretToType(richEdit);
     SendMessageA(richEdit, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
-    ScrollBy(richEdit, CornerOf(richEdit, first).y - top);
+    ScrollBy(richEdit, CornerOfCharacter(richEdit, first).y - top);
     if (showsCaret) SendMessageA(richEdit, EM_SCROLLCARET, 0, 0);
 }
 
@@ -206,14 +205,14 @@ void PutSelectionInOrder(HWND richEdit) {
 static LONG PlaceInLineAt(HWND richEdit, LONG place, int y) {
     const char before = CharacterAt(richEdit, place - 1);
     if (before != '\n' && before != '\r') return place;
-    return y < CornerOf(richEdit, place).y ? PlaceInOrder(richEdit, place - 1) : place;
+    return y < CornerOfCharacter(richEdit, place).y ? PlaceInOrder(richEdit, place - 1) : place;
 }
 
 // `place`, or the one before a blank in front of it of whose left half `x` is. Wine may tell the same corner for both
 // ends of a blank.
 static LONG PlaceAtBlank(HWND richEdit, LONG place, int x) {
     if (CharacterAt(richEdit, place - 1) != ' ') return place;
-    const POINTL left = CornerOf(richEdit, place - 1), right = CornerOf(richEdit, place);
+    const POINTL left = CornerOfCharacter(richEdit, place - 1), right = CornerOfCharacter(richEdit, place);
     static constexpr LONG kLeastHalf = 3;  // pixels
     const LONG middle = std::max((left.x + right.x) / 2, left.x + kLeastHalf);
     return left.y == right.y && x < middle ? place - 1 : place;

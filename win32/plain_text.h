@@ -67,3 +67,6 @@ void KeepSelectionInLineAt(HWND richEdit, int y);
 
 // Where the selection starts.
 LONG SelectionStart(HWND richEdit);
+
+// The upper left corner of the character at `place`, in the control's client area.
+POINTL CornerOfCharacter(HWND richEdit, LONG place);

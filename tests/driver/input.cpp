@@ -98,6 +98,20 @@ void HoldKeys(const Program& program, std::string_view keys, int repetitions) {
     Settle(program);
 }
 
+void HoldKeysDown(const Program& program, std::string_view keys) {
+    MustBeInFront(program);
+    std::vector<INPUT> events = EventsOfKeys(program, keys);
+    events.resize(events.size() / 2);
+    SendEvents(events);
+    Settle(program);
+}
+
+void LetKeysGo(const Program& program, std::string_view keys) {
+    const std::vector<INPUT> events = EventsOfKeys(program, keys);
+    SendEvents({events.begin() + static_cast<std::ptrdiff_t>(events.size() / 2), events.end()});
+    Settle(program);
+}
+
 // For a letter that no key produces.
 static std::vector<INPUT> EventsOfWideLetter(wchar_t letter) {
     INPUT event{};

@@ -37,8 +37,9 @@ static constexpr int kEnabledAtStart[] = {
     IDM_SEARCH_NOTES,    IDM_CREATE_NOTE_SET,
     IDM_DELETE_NOTE_SET, IDM_RENAME_NOTE_SET,
     IDM_EARLIER_NOTES,   IDM_EARLIER_STATES,
-    IDM_LIST_NOTES,      IDM_VIEW_HITS,
-    IDM_EXPORT_NOTES,    IDM_IMPORT_NOTES,
+    IDM_LIST_NOTES,      IDM_NOTES_ABOUT,
+    IDM_VIEW_HITS,       IDM_EXPORT_NOTES,
+    IDM_IMPORT_NOTES,
 };
 
 // Commands that need search results, a selection or the focus.

@@ -66,15 +66,16 @@ TEST(ContextMenus, ShowTheKeysOfTheMenu) {
 
 TEST(PassageMenu, HasTheExpectedItems) {
     Program program = ProgramAt(31101);
-    EXPECT_THAT(RowsAfterRightClick(program, PassageOf(program)),
-                ElementsAre("162 Copy Selected Text\tCtrl+C (greyed)", "130 Copy Range...\tF6", "133 Save Range...",
-                            "185 Print Range...", "---", "116 Go to Verse...\tAlt+G", "> Go to Book",
-                            "119 Previous Chapter\tCtrl+PgUp", "120 Next Chapter\tCtrl+PgDn",
-                            "121 Previous Book\tCtrl+Home", "122 Next Book\tCtrl+End", "---", "182 Today's Proverb",
-                            "> Go to Bookmark", "> Set a Bookmark to Re 22:21", "---",
-                            "174 Go to Note for Re 22:21\tF10", "---", "105 Word Search with Selected Text... (greyed)",
-                            "106 Phrase Search with Selected Text... (greyed)",
-                            "177 Search Notes with Selected Text... (greyed)"));
+    EXPECT_THAT(
+        RowsAfterRightClick(program, PassageOf(program)),
+        ElementsAre("162 Copy Selected Text\tCtrl+C (greyed)", "130 Copy Range...\tF6", "133 Save Range...",
+                    "185 Print Range...", "---", "116 Go to Verse...\tAlt+G", "> Go to Book",
+                    "119 Previous Chapter\tCtrl+PgUp", "120 Next Chapter\tCtrl+PgDn", "121 Previous Book\tCtrl+Home",
+                    "122 Next Book\tCtrl+End", "---", "182 Today's Proverb", "> Go to Bookmark",
+                    "> Set a Bookmark to Re 22:21", "---", "174 Go to Note for Re 22:21\tF10",
+                    "351 Notes About Re 22:21\tCtrl+B", "---", "105 Word Search with Selected Text... (greyed)",
+                    "106 Phrase Search with Selected Text... (greyed)",
+                    "177 Search Notes with Selected Text... (greyed)"));
     KeepPictureOfMenu(program, "passage-menu");
     LeaveMenu(program);
 }
@@ -158,6 +159,7 @@ static std::vector<std::string> NoteRows(const char* selected, const char* liste
             "174 Go to Note for Verse in Passage\tF10",
             "169 Go to Note for Verse...\tAlt+N",
             "181 Read Verse for this Note\tF11",
+            "351 Notes About This Verse\tCtrl+B",
             "---",
             "183 Bind Notes to Passage Window" + std::string(bound),
             "370 Export Notes...",
