@@ -212,9 +212,14 @@ TEST(ImportNotes, TakesAFolderOfTextFilesThatAreNamedByVerses) {
     EXPECT_THAT(Rows(dialog), ElementsAre(AllOf(StartsWith("shopping.txt\tnot placed\t\t"), HasSubstr("\tbread")),
                                           "Genesis 1:1\tnew\tis added\t\tfirst lines",
                                           "Romans 8:28\tin conflict\tgets both texts\there\tfrom the folder"));
+    WriteNoteSet(folder, "Mine", {{kRomans, "here again"}});  // as another computer would
+    Press(program, "Enter");
+    ExpectComplaint(program, "Error", "No notes were imported: Mine has changed meanwhile.");
+    EXPECT_THAT(Rows(dialog), Contains("Romans 8:28\tin conflict\tgets both texts\there again\tfrom the folder"));
+    ExpectNotes(folder, "Mine", {{kRomans, "here again"}});
     Press(program, "Enter");
     WaitForNoDialog(program);
-    ExpectNotes(folder, "Mine", {{0, "first\r\nlines"}, {kRomans, BothTexts("here", "from the folder")}});
+    ExpectNotes(folder, "Mine", {{0, "first\r\nlines"}, {kRomans, BothTexts("here again", "from the folder")}});
     EXPECT_EQ(TextOf(NoteViewOf(program)), "first\r\nlines");
 }
 
