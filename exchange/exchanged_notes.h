@@ -34,23 +34,6 @@ struct ExchangedNotes {
     std::string error{};  // why nothing could be read: a sentence, with the line if there is one; empty on success
 };
 
-// A part of a note that names verses.
-struct NoteLink {
-    std::size_t place = 0, size = 0;  // in bytes of the text
-    int verse = 0;                    // the first one that is named
-    int last = 0;                     // the last one
-};
-
-// Finds the references in the text of a note for the links of a web page.
-struct LinkFinder {
-    void* device = nullptr;
-
-    // `text` is the note of `verse` in UTF-8, with lines that end in LF. The links are appended in the order of the
-    // text; those that overlap an earlier one, or are empty, are left out by the caller.
-    void (*find)(void* device, const VerseRecords& records, int verse, std::string_view text,
-                 std::vector<NoteLink>& links);
-};
-
 // What the formats need to know. All of it must outlive the calls.
 struct ExchangeContext {
     const Scripture& scripture;
@@ -59,7 +42,6 @@ struct ExchangeContext {
 
 struct ExportOptions {
     bool hasVerseTexts = false;  // the text of each verse stands above its note; only if the format can have it
-    LinkFinder links{};          // without a procedure, the references of "#" lines are links
 };
 
 // What tells whether a note has changed since it was exported.

@@ -32,8 +32,8 @@ struct Page {
     const ExchangeContext& context;
     const ExchangedNotes& notes;
     const ExportOptions& options;
+    Chapters chapters;
     std::string html{};
-    std::vector<NoteLink> links{};  // of the note that is written
 };
 
 }  // namespace
@@ -76,8 +76,8 @@ static void AddContents(Page& page) {
 // ---- Notes ----------------------------------------------------------------------------------------------------------
 
 // The first verse of the link that has a note on the page; kNoVerse if there is none.
-static int VerseOnPage(const Page& page, const NoteLink& link) {
-    const auto found = std::ranges::lower_bound(page.notes.notes, link.verse, {}, &ExchangedNote::verse);
+static int VerseOnPage(const Page& page, const TextReference& link) {
+    const auto found = std::ranges::lower_bound(page.notes.notes, link.first, {}, &ExchangedNote::verse);
     return found != page.notes.notes.end() && found->verse <= link.last ? found->verse : kNoVerse;
 }
 
@@ -88,7 +88,7 @@ static std::string PlainVerse(const Scripture& scripture, int verse) {
     return text;
 }
 
-static void AddLink(Page& page, const NoteLink& link, std::string_view text) {
+static void AddLink(Page& page, const TextReference& link, std::string_view text) {
     const Scripture& scripture = page.context.scripture;
     const int verse = VerseOnPage(page, link);
     if (verse != kNoVerse) {
@@ -98,24 +98,23 @@ static void AddLink(Page& page, const NoteLink& link, std::string_view text) {
         return;
     }
     page.html += "<span title=\"";
-    AppendHtmlText(ReferenceText(scripture.records, link.verse, BookForm::kName) + ' ', page.html);
-    AppendHtmlText(PlainVerse(scripture, link.verse), page.html);
+    AppendHtmlText(ReferenceText(scripture.records, link.first, BookForm::kName) + ' ', page.html);
+    AppendHtmlText(PlainVerse(scripture, link.first), page.html);
     page.html += "\">";
     AppendHtmlText(text, page.html);
     page.html += "</span>";
 }
 
 static void AddText(Page& page, int verse, const PortableText& text) {
-    page.links.clear();
-    if (!text.isEscaped)
-        FindNoteLinks(page.options.links, page.context.scripture.records, verse, text.text, page.links);
+    std::vector<TextReference> links;
+    if (!text.isEscaped) links = LinksOfNote(page.context.scripture.records, page.chapters, verse, text.text);
     const std::string_view all = text.text;
     std::size_t done = 0;
     if (all.starts_with('\n')) page.html += '\n';  // the first one is none of the text
-    for (const NoteLink& link : page.links) {
-        AppendHtmlText(all.substr(done, link.place - done), page.html);
-        AddLink(page, link, all.substr(link.place, link.size));
-        done = link.place + link.size;
+    for (const TextReference& link : links) {
+        AppendHtmlText(all.substr(done, link.begin - done), page.html);
+        AddLink(page, link, all.substr(link.begin, link.size));
+        done = link.begin + link.size;
     }
     AppendHtmlText(all.substr(done), page.html);
 }
@@ -148,7 +147,7 @@ static void BeginBook(Page& page, int book) {
 }
 
 std::string WriteHtmlNotes(const ExchangeContext& context, const ExchangedNotes& notes, const ExportOptions& options) {
-    Page page{context, notes, options};
+    Page page{context, notes, options, ChaptersOf(context.scripture.records)};
     AddHead(page, PortableName(context.page, notes.setName));
     AddContents(page);
     int book = 0;

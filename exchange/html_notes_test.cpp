@@ -45,16 +45,13 @@ TEST(HtmlNotes, LinkReferencesToNotesOnThePage) {
     EXPECT_THAT(page, HasSubstr("\">9</span>\nno # here</pre>"));
 }
 
-// What finds references may be anything.
-TEST(HtmlNotes, TakeLinksFromAFinder) {
-    const auto find = [](void*, const VerseRecords&, int verse, std::string_view text, std::vector<NoteLink>& links) {
-        EXPECT_EQ(verse, 0);
-        EXPECT_EQ(text, "one two\n\xC3\xA9");
-        links = {{4, 3, 0, 31101}, {5, 1, 0, 0},  {0, 0, 0, 0},  {0, 3, -1, 0},
-                 {0, 3, 2, 1},     {0, 99, 0, 0}, {99, 1, 0, 0}, {0, 3, 0, 31102}};
-    };
-    const std::string page = PageWith({{0, "one two\r\n\xE9", {}}}, {.links = {nullptr, find}});
-    EXPECT_THAT(page, HasSubstr("<pre class=\"note\">one <a href=\"#Gen.1.1\">two</a>\n\xC3\xA9</pre>"));
+TEST(HtmlNotes, LinkReferencesInRunningText) {
+    const std::string page =
+        PageWith({{0, "\xE9 see Rom 8:28-30, v. 2 & <b>.\r\n# Ex 2:4", {}}, {kHtmlVerse + 1, "x", {}}});
+    EXPECT_THAT(page, HasSubstr("<pre class=\"note\">\xC3\xA9 see <a href=\"#Rom.8.29\">Rom 8:28-30</a>, <span "
+                                "title=\"Genesis 1:2 And the earth was without form, and void"))
+        << "the first verse of a range that has a note";
+    EXPECT_THAT(page, HasSubstr("\">v. 2</span> &amp; &lt;b&gt;.\n# <span title=\"Exodus 2:4 And his sister"));
 }
 
 // ---- Reading --------------------------------------------------------------------------------------------------------

@@ -2,29 +2,31 @@
 #include "exchange/note_links.h"
 
 #include <algorithm>
+#include <string>
 
 #include "notes/cross_references.h"
+#include "notes/note_letters.h"
+#include "notes/references_in_text.h"
 
-void FindListLinks(void*, const VerseRecords& records, int verse, std::string_view text, std::vector<NoteLink>& links) {
-    for (const TextReference& item : ListedReferences(records, text, verse))
-        links.push_back({item.begin, item.size, item.first, item.first});
-}
-
-static bool IsSound(const NoteLink& link, std::size_t size) {
-    return link.size > 0 && link.place <= size && link.size <= size - link.place && link.verse >= 0 &&
-           link.last >= link.verse && link.last < kVerseCount;
-}
-
-void FindNoteLinks(const LinkFinder& finder, const VerseRecords& records, int verse, std::string_view text,
-                   std::vector<NoteLink>& links) {
-    links.clear();
-    (finder.find != nullptr ? finder.find : FindListLinks)(finder.device, records, verse, text, links);
-    std::erase_if(links, [&](const NoteLink& link) { return !IsSound(link, text.size()); });
-    std::ranges::stable_sort(links, {}, &NoteLink::place);
-    std::size_t end = 0;
-    std::erase_if(links, [&](const NoteLink& link) {
-        if (link.place < end) return true;
-        end = link.place + link.size;
+static void DropOverlaps(std::vector<TextReference>& references) {
+    std::ranges::stable_sort(references, {}, &TextReference::begin);
+    std::uint32_t end = 0;
+    std::erase_if(references, [&](const TextReference& reference) {
+        if (reference.begin < end) return true;
+        end = reference.begin + reference.size;
         return false;
     });
+}
+
+// They are looked for in the note as it would be stored in UTF-8.
+std::vector<TextReference> LinksOfNote(const VerseRecords& records, const Chapters& chapters, int verse,
+                                       std::string_view text) {
+    const std::string note = std::string(kUtf8Mark).append(text);
+    std::vector<TextReference> links;
+    FindReferences(chapters, RecordOf(records, verse), note, links);
+    const std::vector<TextReference> listed = ListedReferences(records, note, verse);
+    links.insert(links.end(), listed.begin(), listed.end());
+    DropOverlaps(links);
+    for (TextReference& link : links) link.begin -= static_cast<std::uint32_t>(kUtf8Mark.size());
+    return links;
 }

@@ -1,13 +1,14 @@
 // The references in notes that become links of a web page.
 #pragma once
 
-#include "exchange/exchanged_notes.h"
+#include <string_view>
+#include <vector>
 
-// Finds those in lists behind "#" (notes/cross_references.h).
-void FindListLinks(void* device, const VerseRecords& records, int verse, std::string_view text,
-                   std::vector<NoteLink>& links);
+#include "notes/text_reference.h"
+#include "scripture/chapters.h"
 
-// The links of a note's text as `finder` finds them, in order, without those that overlap, are empty, reach beyond the
-// text or name no verse.
-void FindNoteLinks(const LinkFinder& finder, const VerseRecords& records, int verse, std::string_view text,
-                   std::vector<NoteLink>& links);
+// The references in running text (notes/references_in_text.h) and the items of lists behind "#"
+// (notes/cross_references.h) in the note of `verse`, in the order of its text, which is UTF-8 without a mark. They do
+// not overlap.
+std::vector<TextReference> LinksOfNote(const VerseRecords& records, const Chapters& chapters, int verse,
+                                       std::string_view text);
