@@ -106,6 +106,17 @@ TEST(HtmlNotes, SayWhatTheyCannotPlace) {
                                    "4||This names no verse.|c"));
 }
 
+// Rather than replace a note by half of one.
+TEST(HtmlNotes, SayThatAPageIsCut) {
+    const ExchangedNotes notes = ReadHtml(
+        "<article data-verse=\"Romans 8:28\"><pre class=\"note\">a</pre></article>\n"
+        "<article data-verse=\"Romans 8:29\"><pre class=\"note\">b");
+    EXPECT_THAT(PlacedIn(notes), ElementsAre(Pair(kHtmlVerse, "a")));
+    ASSERT_EQ(notes.unplaced.size(), 1u);
+    EXPECT_EQ(notes.unplaced[0].reason, "The page ends before this note does.");
+    EXPECT_EQ(notes.unplaced[0].text, "b");
+}
+
 // ---- Tokens ---------------------------------------------------------------------------------------------------------
 
 static std::vector<std::string> TokensOf(std::string_view page) {

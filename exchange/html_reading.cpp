@@ -195,6 +195,7 @@ ExchangedNotes ReadHtmlNotes(const ExchangeContext& context, std::string_view by
         const std::string_view taken = before.substr(0, before.size() - rest.size());
         reader.line += static_cast<std::size_t>(std::ranges::count(taken, '\n'));
     }
+    if (!reader.bodyElement.empty()) reader.note.verse = {kNoVerse, "The page ends before this note does."};
     EndNote(reader);
     FinishPlacing(context.scripture.records, notes);
     return notes;

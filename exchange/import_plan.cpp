@@ -38,7 +38,7 @@ static bool IsAmong(const std::vector<EarlierNote>& earlier, const ExchangedNote
 }
 
 static ImportKind KindOf(const std::vector<EarlierNote>& earlier, const std::string& mine, const ExchangedNote& note) {
-    if (mine.empty()) return ImportKind::kNew;
+    if (mine.empty()) return IsAmong(earlier, note) ? ImportKind::kOlder : ImportKind::kNew;  // it was emptied there
     if (note.digest == DigestOf(mine)) return ImportKind::kChanged;
     if (note.digest == DigestOf(note.note) || IsAmong(earlier, note)) return ImportKind::kOlder;
     return ImportKind::kConflict;

@@ -87,6 +87,14 @@ TEST(ImportPlan, KnowsEarlierNotes) {
     EXPECT_EQ(plan.notes[1].kind, ImportKind::kConflict);  // of another verse
 }
 
+TEST(ImportPlan, LeavesNotesEmptyThatWereEmptiedSince) {
+    FakeNoteFiles files = FilesWith({{1, "one"}});
+    KeepEarlierNotes(DeviceOver(files), "a", std::vector<EarlierNote>{{1, 7, KeptReason::kReplaced, "then"}});
+    EXPECT_THAT(PlanOf(files, {{7, "then", DigestOf("then")}, {8, "then", DigestOf("then")}}).notes,
+                ElementsAre(PlannedNote{7, ImportKind::kOlder, "", "then", kKeep},
+                            PlannedNote{8, ImportKind::kNew, "", "then", kTake}));
+}
+
 TEST(ImportPlan, WritesNothingAndLeavesOtherNotes) {
     FakeNoteFiles files = FilesWith({{1, "one"}, {2, "two"}});
     NoteSets notes;
