@@ -53,6 +53,7 @@ static bool RunSearch(const SearchKind& kind) {
 
 static void Search(const SearchKind& kind) {
     const std::optional<bool> found = AskSearch(theFrame.window, kind, RunSearch);
+    if (kind.hasNearOptions) NoteTextsRead();  // to count words
     if (found && !*found) ReportNoMatch(kind);
 }
 

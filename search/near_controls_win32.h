@@ -14,5 +14,8 @@ void OnNearControl(HWND dialog, int control, UINT notification, const WordIndex&
 // Can what is typed be searched for? Otherwise says why not and gives the focus to the field that has to be changed.
 bool CanSearchNear(HWND dialog);
 
+// To be called when the dialog has closed: gives back what it knew of the text.
+void ForgetSpellings();
+
 // Stores what is chosen in `search`.
 void ReadNearControls(HWND dialog, SearchState& search);

@@ -8,10 +8,6 @@ static bool IsPatternCharacter(char c) {
     return IsWordCharacter(c) || c == '*' || c == '?';
 }
 
-static bool IsWildcard(char c) {
-    return c == '*' || c == '?';
-}
-
 // ---- Patterns -------------------------------------------------------------------------------------------------------
 
 // The runs of letters and wildcards, as typed.
@@ -92,37 +88,7 @@ std::vector<int> WordsMeant(const WordIndex& index, std::string_view pattern) {
     return WordsLike(index, lowered);
 }
 
-static std::string Shortened(std::string_view typed) {
-    static constexpr std::size_t kLongest = 24;
-    return typed.size() <= kLongest ? std::string(typed) : std::string(typed.substr(0, kLongest - 3)) + "...";
-}
-
-static std::string CountedWords(std::size_t count) {
-    if (count == 0) return "no word";
-    return std::to_string(count) + (count == 1 ? " word" : " words");
-}
-
-std::string NearCounts(const WordIndex& index, std::string_view text, bool parts) {
-    std::vector<std::string_view> words = TypedWords(text);
-    if (words.size() > kMostNearWords) words.resize(kMostNearWords);
-    std::string told;
-    for (const std::string_view typed : words) {
-        const std::size_t count = WordsMeant(index, PatternOfWord(typed, false, parts)).size();
-        told.append(told.empty() ? "" : "; ").append(Shortened(typed)).append(": ").append(CountedWords(count));
-    }
-    return told;
-}
-
-// ---- What cannot be searched for ------------------------------------------------------------------------------------
-
-const char* ProblemOfNearText(std::string_view text) {
-    const std::vector<std::string_view> words = TypedWords(text);
-    if (words.empty()) return "Type the words to search for.";
-    if (words.size() > kMostNearWords) return "Type at most 10 words.";
-    if (std::ranges::any_of(words, [](std::string_view word) { return std::ranges::all_of(word, IsWildcard); }))
-        return "Type at least one letter beside each * and ?.";
-    return nullptr;
-}
+// ---- The distance ---------------------------------------------------------------------------------------------------
 
 NearUnit NearUnitOf(const NearOptions& options) {
     return options.Unit == kNearInVerse || options.Unit == kNearInVerses ? static_cast<NearUnit>(options.Unit)
@@ -134,8 +100,11 @@ static int MostApart(NearUnit unit) {
 }
 
 int NearDistanceOf(const NearOptions& options) {
-    const NearUnit unit = NearUnitOf(options);
-    return unit == kNearInVerse ? 0 : std::clamp(options.Distance, 1, MostApart(unit));
+    return NearUnitOf(options) == kNearInVerse ? 0 : ShownNearDistance(options);
+}
+
+int ShownNearDistance(const NearOptions& options) {
+    return std::clamp(options.Distance, 1, MostApart(NearUnitOf(options)));
 }
 
 const char* ProblemOfNearDistance(const NearOptions& options, std::size_t words) {

@@ -41,6 +41,9 @@ std::vector<std::string> NearPatternsOf(std::string_view text, bool caseSensitiv
 NearUnit NearUnitOf(const NearOptions& options);
 int NearDistanceOf(const NearOptions& options);
 
+// The distance as a user may type it, also while it does not count.
+int ShownNearDistance(const NearOptions& options);
+
 // Is `word`, as it stands in the text, one that the pattern means? A pattern in lower case also means words with
 // capitals if `anyCase`.
 bool DoesPatternMean(std::string_view pattern, std::string_view word, bool anyCase);
@@ -51,11 +54,6 @@ bool HasWildcard(std::string_view pattern);
 // Numbers of the words in the word list that the pattern means, ignoring case; ascending.
 std::vector<int> WordsMeant(const WordIndex& index, std::string_view pattern);
 
-// "grace: 1 word; lov*: 14 words; xyzzy: no word" for the words of `text`, as typed; "" if there is none. Names of more
-// than 24 characters are cut, and only the first kMostNearWords words are told.
-std::string NearCounts(const WordIndex& index, std::string_view text, bool parts);
-
-// Why nothing can be searched for, as a sentence for the user; null if it can.
-const char* ProblemOfNearText(std::string_view text);
-// The same for the distance; `words` is the number of words typed.
+// Why nothing can be searched for with this distance, as a sentence for the user; null if it can. `words` is the number
+// of words typed.
 const char* ProblemOfNearDistance(const NearOptions& options, std::size_t words);

@@ -88,29 +88,7 @@ TEST(WordsMeant, AreAllThatThePatternMeans) {
     }
 }
 
-TEST(NearCounts, AreToldForEachWord) {
-    const WordIndex& index = TheRealWordIndex();
-    EXPECT_EQ(NearCounts(index, "", false), "");
-    EXPECT_EQ(NearCounts(index, "Grace; grac* xyzzy", false), "Grace: 1 word; grac*: 3 words; xyzzy: no word");
-    EXPECT_EQ(NearCounts(index, "elove", true), "elove: 3 words");
-    EXPECT_EQ(NearCounts(index, "elove", false), "elove: no word");
-    EXPECT_EQ(NearCounts(index, std::string(24, 'x'), false), std::string(24, 'x') + ": no word");
-    EXPECT_EQ(NearCounts(index, std::string(25, 'x'), false), std::string(21, 'x') + "...: no word");
-    EXPECT_EQ(NearCounts(index, "a a a a a a a a a a xyzzy", false),
-              "a: 1 word; a: 1 word; a: 1 word; a: 1 word; a: 1 word; a: 1 word; a: 1 word; a: 1 word; a: 1 word; "
-              "a: 1 word");
-}
-
-TEST(NearProblems, AreToldInSentences) {
-    EXPECT_THAT(ProblemOfNearText(""), StrEq("Type the words to search for."));
-    EXPECT_THAT(ProblemOfNearText("12 ;"), StrEq("Type the words to search for."));
-    EXPECT_THAT(ProblemOfNearText("faith *"), StrEq("Type at least one letter beside each * and ?."));
-    EXPECT_THAT(ProblemOfNearText("?*?"), StrEq("Type at least one letter beside each * and ?."));
-    EXPECT_EQ(ProblemOfNearText("a b c d e f g h i j"), nullptr);
-    EXPECT_THAT(ProblemOfNearText("a b c d e f g h i j k"), StrEq("Type at most 10 words."));
-    EXPECT_EQ(ProblemOfNearText("lov*"), nullptr);
-    EXPECT_EQ(ProblemOfNearText("'s"), nullptr);
-
+TEST(NearProblems, OfTheDistanceAreToldInSentences) {
     for (const int distance : {-1, 0, 51, 1000})
         EXPECT_THAT(ProblemOfNearDistance({kNearInWords, distance}, 1),
                     StrEq("For words, type a number from 1 to 50."));
@@ -148,4 +126,7 @@ TEST(NearQuery, IsMadeOfAnyStoredOptions) {
     EXPECT_TRUE(query.caseSensitive);
     search.nearOptions = {kNearInVerse, -4, 0};
     EXPECT_EQ(NearQueryOf(search).nearQuery.distance, 0);
+    EXPECT_EQ(ShownNearDistance(search.nearOptions), 1);
+    EXPECT_EQ(ShownNearDistance({kNearInVerse, 7, 0}), 7);
+    EXPECT_EQ(ShownNearDistance({kNearInVerses, 50, 0}), 10);
 }

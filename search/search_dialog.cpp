@@ -40,7 +40,6 @@ const SearchKind kNearSearch = {
     .helpTopic = kTopicNearSearch,
     .focusesVerseList = true,
     .hasNearOptions = true,
-    .summarizesNoMatches = true,
 };
 
 // ---- The list of all words ------------------------------------------------------------------------------------------
@@ -213,7 +212,9 @@ static void OnCommand(HWND dialog, int control, UINT notification) {
 std::optional<bool> AskSearch(HWND frame, const SearchKind& kind, bool (*search)(const SearchKind& kind)) {
     bool found = false;
     const SearchQuestion question{kind, search, found};
-    if (RunDialog(frame, {kind.resource, Fill, OnCommand, &question}) != IDOK) return std::nullopt;
+    const INT_PTR answer = RunDialog(frame, {kind.resource, Fill, OnCommand, &question});
+    ForgetSpellings();
+    if (answer != IDOK) return std::nullopt;
     return found;
 }
 

@@ -7,6 +7,7 @@
 
 #include "scripture/letters.h"
 #include "search/near_search.h"
+#include "search/near_text.h"
 #include "search/query.h"
 #include "search/text_kinds.h"
 #include "tests/fuzz/fuzz.h"
@@ -126,7 +127,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     SearchedBible bible;
     OpenBible(bible, input, kVersesOfChapter);
     const NearQuery query = NearQueryOf(search).nearQuery;
-    NearCounts(bible.index, search.searchText, search.options.SubString != 0);
+    std::u16string typed;
+    for (const char c : search.searchText) typed += static_cast<unsigned char>(c);
+    ProblemOfNearText(typed);
+    NearCounts({bible.index}, typed, search.options.SubString != 0);
     const SearchResult result = SearchNear(bible.scripture, bible.index, query);
     Scripture withKinds = bible.scripture;
     withKinds.textKinds = FindTextKinds(withKinds);

@@ -1,6 +1,8 @@
 // Words Near Each Other: the dialog by keys, what it shows and refuses, what is found and kept. The searches themselves
 // are compared natively with a search by hand (search/near_by_hand_test.cpp).
 
+#include <iterator>
+
 #include <windows.h>
 
 #include <gmock/gmock.h>
@@ -19,6 +21,12 @@ static HWND OpenByKey(const Program& program) {
 
 static void ExpectCounts(const Program& program, HWND dialog, const std::string& counts) {
     WaitUntil(program, "the counts " + counts, [&] { return TextOf(dialog, IDC_NEAR_COUNTS) == counts; });
+}
+
+static std::wstring WideCounts(HWND dialog) {
+    wchar_t counts[200] = L"";
+    SendMessageW(GetDlgItem(dialog, IDC_NEAR_COUNTS), WM_GETTEXT, std::size(counts), reinterpret_cast<LPARAM>(counts));
+    return counts;
 }
 
 static void ExpectRefused(const Program& program, HWND dialog, const char* why, int field) {
@@ -45,6 +53,11 @@ TEST(NearSearch, TellsTheWordsThatAreMeantWhileTheyAreTyped) {
     ExpectCounts(program, dialog, "grac*: 3 words; xyzzy: no word; Truth: 1 word");
     Press(program, "Alt+s");  // parts of words
     ExpectCounts(program, dialog, "grac*: 4 words; xyzzy: no word; Truth: 2 words");
+    Press(program, "Alt+s");
+    Press(program, "Alt+c");  // case
+    for (const char* key : {"Alt+w", "Home", "Shift+End"}) Press(program, key);
+    Type(program, "gOd GOD");
+    ExpectCounts(program, dialog, "gOd: no word; GOD: 1 word");
 }
 
 TEST(NearSearch, RefusesWhatCannotBeSearchedFor) {
@@ -56,6 +69,14 @@ TEST(NearSearch, RefusesWhatCannotBeSearchedFor) {
     Type(program, "a b c d e f g h i j k");  // replaces the text, which was selected
     EXPECT_EQ(TextOf(dialog, IDC_SEARCH_TEXT), "a b c d e f g h i j k");
     ExpectRefused(program, dialog, "Type at most 10 words.", IDC_SEARCH_TEXT);
+    TypeWide(program, L"\x03BBord god");
+    EXPECT_EQ(WideCounts(dialog), L"\x03BBord: no word; god: 1 word");
+    Press(program, "Enter");
+    const HWND box = WaitForDialog(program, "Error");
+    EXPECT_EQ(WideMessageText(box), L"\"\x03BB\" is in no word of the text.");
+    Press(program, "Enter");
+    WaitUntil(program, "the box to be closed", [&] { return !IsWindow(box); });
+    EXPECT_TRUE(ComboStrings(GetDlgItem(dialog, IDC_SEARCH_TEXT)).empty());
     Type(program, "faith hope charity");
     Press(program, "Alt+n");
     Type(program, "51");
@@ -106,7 +127,7 @@ TEST(NearSearch, FindsShowsAndKeeps) {
     EXPECT_EQ(MessageText(box), "No verses matching search criteria.");
     Press(program, "Enter");
     WaitForNoDialog(program);
-    EXPECT_EQ(StatusPart(program, 0), "0 verses, 0 occurrences");
+    EXPECT_EQ(StatusPart(program, 0), "No Matches");
     dialog = OpenByKey(program);
     EXPECT_THAT(ComboStrings(Child(dialog, {IDC_SEARCH_TEXT})), ElementsAre("faith wrath", "fait* hope", "fait* hope"));
     Press(program, "Down");  // the first of the list, then the next one
