@@ -274,8 +274,9 @@ static int ClosedHeight(const DialogControl& control) {
 }
 
 static bool Surrounds(const DialogControl& box, const DialogControl& control) {
-    return box.kind == "GROUPBOX" && box.x < control.x && box.y < control.y &&
-           control.x + control.width < box.x + box.width && control.y + control.height < box.y + box.height;
+    const bool isBox = box.kind == "GROUPBOX" || box.kind == "SS_ETCHEDFRAME";
+    return isBox && box.x < control.x && box.y < control.y && control.x + control.width < box.x + box.width &&
+           control.y + control.height < box.y + box.height;
 }
 
 static bool Overlap(const DialogControl& a, const DialogControl& b) {
@@ -367,6 +368,9 @@ TEST(Dialogs, DistancesOfNearWordsAreOneGroup) {
 // Two groups for the parts of the labels and one for their location, in one group box.
 TEST(Dialogs, FormatOptionsAreThreeGroups) {
     const DialogScript& format = Dialog("FORMAT");
+    const auto preview = std::ranges::find(format.controls, "SS_ETCHEDFRAME", &DialogControl::kind);
+    ASSERT_NE(preview, format.controls.end());
+    EXPECT_TRUE(Surrounds(*preview, *std::next(preview))) << "with a margin";
     const DialogControl& box = format.controls.at(0);
     EXPECT_EQ(box.kind, "GROUPBOX");
     EXPECT_EQ(box.text, "Verse Labels");

@@ -28,7 +28,7 @@ static const DialogLook kFormatLook = {
      {IDOK, "Button", "OK"},
      {IDCANCEL, "Button", "Cancel"},
      {IDC_HELP_BUTTON, "Button", "&Help"}},
-    {"Verse Labels", "First verse", "Subsequent verses", "Location", "Two verses as they are copied:"},
+    {"Verse Labels", "First verse", "Subsequent verses", "Location", "Two verses as they are copied:", ""},
     {IDC_FIRST_FULL, IDC_SUBSEQUENT_PARTIAL, IDC_LABEL_BEFORE, IDC_LINE_BREAKS, IDC_PARAGRAPH_MARKS, IDC_BRACKETS, IDOK,
      IDCANCEL, IDC_HELP_BUTTON},
     {{"Alt+p", IDC_FIRST_PARTIAL},
