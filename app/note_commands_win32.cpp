@@ -7,6 +7,7 @@
 #include "app/reference_index_win32.h"
 #include "history/earlier_notes_dialog.h"
 #include "notes/list_notes_dialog.h"
+#include "notes/note_capitals_win32.h"
 #include "notes/note_editor_window.h"
 #include "notes/note_links_win32.h"
 #include "notes/notes_window.h"
@@ -134,12 +135,12 @@ void OpenNoteReference(int) {
 
 void ShowNotesAsList(int) {
     if (!theFrame.startUpComplete) return;  // without the scripture there are no verses
-    std::optional<ListedNotes> listed = AskNotesToList(theFrame.window);
+    std::optional<NotesToList> listed = AskNotesToList(theFrame.window);
     if (!listed) return;
     RunIfEnabled(theFrame.window, IDM_VIEW_LIST);
-    ShowStatus(StatusPart::kSearchSummary, ListedNotesSummary(*listed));
+    ShowStatus(StatusPart::kSearchSummary, ListedNotesSummary(listed->notes));
     DropSelection();
-    ShowVersesWithNotes(std::move(listed->verses));
+    ShowVersesWithNotes(std::move(listed->notes.verses), std::move(listed->question));
     RefreshCommands();
     ShowVerseListAtOnce();
 }
@@ -185,7 +186,9 @@ void ShowNotesAbout(int) {
 // A set that has gone, or has another name now, is none.
 static int SetOf(const ListPosition& entry) {
     const int named = entry.set.empty() ? kNoSet : SetNamed(theNoteSets, entry.set);
-    return named != kNoSet ? named : SetWithNote(TheNoteFiles(), theNoteSets, entry.verse);
+    return named != kNoSet
+               ? named
+               : SetWithListedNote(TheNoteFiles(), theNoteSets, SystemLetters(), theVerseList.question, entry.verse);
 }
 
 // Once for each entry, so that another note can be read meanwhile.

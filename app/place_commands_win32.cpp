@@ -50,6 +50,7 @@ static KeptList Kept(ListContent content, std::string summary) {
         .canBeSaved = content.canBeSaved,
         .isOfNotes = content.isOfNotes,
         .sets = std::move(content.sets),
+        .question = std::move(content.question),
         .summary = std::move(summary),
     };
 }
@@ -116,6 +117,7 @@ static void ShowKept(KeptList list) {
         .canBeSaved = list.canBeSaved,
         .isOfNotes = list.isOfNotes,
         .sets = std::move(list.sets),
+        .question = std::move(list.question),
     });
     KeepList(thePlaces, Kept(std::move(before), summary));
     ShowStatus(StatusPart::kSearchSummary, list.summary);

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "notes/listed_notes.h"
 #include "scripture/verse_records.h"
 #include "search/query.h"
 #include "verselist/verse_list.h"
@@ -43,6 +44,7 @@ struct KeptList {
     bool canBeSaved = false;
     bool isOfNotes = false;
     EntrySets sets{};
+    ListedQuestion question{};
     std::string summary;
 };
 

@@ -16,6 +16,7 @@
 ListNotesChoices theListNotes;
 
 static ListedNotes theListed;          // of the open dialog
+static ListedQuestion theQuestion;     // that it answers
 static SearchProgressBox theProgress;  // hidden between its searches
 
 static void Fill(HWND dialog) {
@@ -51,6 +52,8 @@ static std::span<NoteSet> ChosenSets() {
 static ListedNotes Search(HWND dialog) {
     const LetterTable letters = SystemLetters();
     const ListedNotesQuery query = QueryOfChoices(letters);
+    theQuestion = {theListNotes.options.AllSets != 0 ? "" : NoteSetName(*CurrentSet(theNoteSets)), query.words,
+                   query.substrings};
     const HCURSOR before = SetCursor(LoadCursorA(nullptr, IDC_WAIT));
     BeginSearchProgress(theProgress, dialog, {0, ListingSteps(ChosenSets(), query)});
     ListedNotes listed = ListNotes(TheNoteFiles(), ChosenSets(), letters, query, ProgressOf(theProgress));
@@ -83,10 +86,11 @@ static void OnCommand(HWND dialog, int control, UINT) {
     }
 }
 
-std::optional<ListedNotes> AskNotesToList(HWND frame) {
+std::optional<NotesToList> AskNotesToList(HWND frame) {
     if (theNoteSets.sets.empty()) return std::nullopt;
     theProgress.canStop = true;
     const bool isListed = RunDialog(frame, {"LISTNOTES", Fill, OnCommand}) == IDOK;
     theProgress = {};  // the box was the dialog's
-    return isListed ? std::optional(std::move(theListed)) : std::nullopt;
+    if (!isListed) return std::nullopt;
+    return NotesToList{std::move(theListed), std::move(theQuestion)};
 }

@@ -14,5 +14,10 @@ struct ListNotesChoices {
 };
 extern ListNotesChoices theListNotes;
 
+struct NotesToList {
+    ListedNotes notes;
+    ListedQuestion question;  // that they answer
+};
+
 // nullopt if the user cancels. If there are no such notes, the dialog says so and stays open.
-std::optional<ListedNotes> AskNotesToList(HWND frame);
+std::optional<NotesToList> AskNotesToList(HWND frame);

@@ -142,9 +142,27 @@ std::string NamingNotesSummary(std::size_t notes, int unreadableSets, const std:
     return counted + " about " + verse + TextOfUnreadable(unreadableSets);
 }
 
-int SetWithNote(const NoteFiles& files, const NoteSets& notes, int verse) {
-    if (NoteExists(files, notes, verse)) return notes.currentSet;
-    const auto found =
-        std::ranges::find_if(notes.sets, [&](const NoteSet& set) { return NoteExists(files, set, verse); });
+// ---- One verse ------------------------------------------------------------------------------------------------------
+
+static bool HasWord(const NoteFiles& files, NoteSet& set, const LetterTable& letters, const NoteQuery& query) {
+    std::vector<std::int32_t> found;
+    FindAllNotes(files, set, letters, query, {nullptr, [](void*, int) {}}, found);
+    return !found.empty();
+}
+
+static bool IsAskedFor(const NoteFiles& files, NoteSet& set, const LetterTable& letters, const ListedQuestion& question,
+                       int verse) {
+    if (!question.set.empty() && NoteSetName(set) != question.set) return false;
+    if (!NoteExists(files, set, verse)) return false;
+    return std::ranges::all_of(question.words, [&](const std::string& word) {
+        return HasWord(files, set, letters, {word, false, question.substrings, {verse, verse}});
+    });
+}
+
+int SetWithListedNote(const NoteFiles& files, NoteSets& notes, const LetterTable& letters,
+                      const ListedQuestion& question, int verse) {
+    const auto isAskedFor = [&](NoteSet& set) { return IsAskedFor(files, set, letters, question, verse); };
+    if (notes.sets.empty() || isAskedFor(*CurrentSet(notes))) return notes.currentSet;
+    const auto found = std::ranges::find_if(notes.sets, isAskedFor);
     return found != notes.sets.end() ? static_cast<int>(found - notes.sets.begin()) : notes.currentSet;
 }

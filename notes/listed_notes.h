@@ -22,6 +22,13 @@ struct ListedNotesQuery {
     SearchRange range;
 };
 
+// What was asked of a list: enough to tell later, in which sets a note of one of its verses is one that was asked for.
+struct ListedQuestion {
+    std::string set{};                 // its name; empty: all
+    std::vector<std::string> words{};  // as in ListedNotesQuery
+    bool substrings = false;
+};
+
 struct ListedNotes {
     std::vector<std::int32_t> verses;  // ascending, each once
     int sets = 0;                      // how many have such notes
@@ -45,5 +52,7 @@ std::string ListedNotesSummary(const ListedNotes& notes);
 // be read.
 std::string NamingNotesSummary(std::size_t notes, int unreadableSets, const std::string& verse);
 
-// The set whose note of `verse` is shown: the current one if it has a note or no other one has, otherwise the first.
-int SetWithNote(const NoteFiles& files, const NoteSets& notes, int verse);
+// The set whose note of `verse` is shown: the current one if its note is one that was asked for, otherwise the first
+// with such a note. The current one, too, if none has one any more. Reads the notes of that verse.
+int SetWithListedNote(const NoteFiles& files, NoteSets& notes, const LetterTable& letters,
+                      const ListedQuestion& question, int verse);

@@ -186,12 +186,39 @@ TEST(ListedNotes, HaveTheWordsBetweenBlanks) {
     EXPECT_THAT(WordsTyped(u" grace  \u03B1\u03B3 truth"), ElementsAre(u"grace", u"\u03B1\u03B3", u"truth"));
 }
 
+TEST(ListedNotes, AreShownFromASetThatHasTheWords) {
+    ListedSets sets;
+    const NotesOfSet c = {{7, "Grace and truth"}, {8, InUtf8(u"truth \u03B1\u03B3\u03AC\u03C0\u03B7 grace")}};
+    Open(sets, {{"A", {{7, "grace"}, {8, "truth"}}}, {"B", {{7, "truth"}, {9, "graceful truths"}}}, {"C", c}});
+    const auto setFor = [&](const ListedQuestion& question, int verse) {
+        return SetWithListedNote(sets.files, sets.notes, AsciiLetters(), question, verse);
+    };
+    EXPECT_EQ(setFor({"", {"GRACE", "TRUTH"}}, 7), 2);
+    EXPECT_EQ(setFor({"", {"GRACE"}}, 7), 0);
+    EXPECT_EQ(setFor({"", {"TRUTH"}}, 7), 1);
+    EXPECT_EQ(setFor({"", {InUtf8(u"\u0391\u0393\u0386\u03A0\u0397")}}, 8), 2);
+    EXPECT_EQ(setFor({"", {"GRACE", "TRUTH"}}, 9), 0) << "in no note any more";
+    EXPECT_EQ(setFor({"", {"GRACE", "TRUTH"}, true}, 9), 1);
+    EXPECT_EQ(setFor({"B", {"TRUTH"}}, 8), 0) << "the list is of another set";
+    SelectSet(sets.notes, 2);
+    EXPECT_EQ(setFor({"", {"TRUTH"}}, 7), 2) << "the current set has it, too";
+    EXPECT_EQ(sets.fakes.openFiles, 0);
+}
+
 TEST(ListedNotes, AreShownFromTheCurrentSetIfItHasOne) {
     ListedSets sets;
     Open(sets, {{"A", {{7, "one"}}}, {"B", {{7, "one"}, {8, "one"}}}, {"C", {{7, "one"}, {8, "one"}}}});
-    EXPECT_EQ(SetWithNote(sets.files, sets.notes, 7), 0);
-    EXPECT_EQ(SetWithNote(sets.files, sets.notes, 8), 1);
+    const auto setFor = [&](const ListedQuestion& question, int verse) {
+        return SetWithListedNote(sets.files, sets.notes, AsciiLetters(), question, verse);
+    };
+    EXPECT_EQ(setFor({}, 7), 0);
+    EXPECT_EQ(setFor({}, 8), 1);
     SelectSet(sets.notes, 2);
-    EXPECT_EQ(SetWithNote(sets.files, sets.notes, 8), 2);
-    EXPECT_EQ(SetWithNote(sets.files, sets.notes, 9), 2) << "no set has one";
+    EXPECT_EQ(setFor({}, 8), 2);
+    EXPECT_EQ(setFor({}, 9), 2) << "no set has one";
+    EXPECT_EQ(setFor({"B"}, 8), 1) << "the list is of one set";
+    EXPECT_EQ(setFor({"A"}, 8), 2) << "its note has gone";
+    EXPECT_EQ(setFor({"Gone"}, 8), 2);
+    sets.notes.sets.clear();
+    EXPECT_EQ(setFor({}, 8), 2);
 }

@@ -13,6 +13,7 @@ static ListContent Exchange(int number, Query query, bool isOfNotes) {
         .canBeSaved = pane.list.canBeSaved,
         .isOfNotes = pane.isOfNotes,
         .sets = std::move(pane.list.sets),
+        .question = std::exchange(pane.question, {}),
     };
     pane.content = number;
     pane.query = std::move(query);
@@ -32,8 +33,9 @@ void ShowSearchResult(Query query, std::vector<std::int32_t> verses) {
     FocusVerseList();
 }
 
-void ShowVersesWithNotes(std::vector<std::int32_t> verses) {
+void ShowVersesWithNotes(std::vector<std::int32_t> verses, ListedQuestion question) {
     ShowNotesOfSets(std::move(verses), {});
+    theVerseList.question = std::move(question);
 }
 
 void ShowNotesOfSets(std::vector<std::int32_t> verses, EntrySets sets) {
@@ -58,6 +60,7 @@ void EmptyVerseList() {
 
 ListContent ShowContent(ListContent content) {
     ListContent before = Exchange(content.number, std::move(content.query), content.isOfNotes);
+    theVerseList.question = std::move(content.question);
     FillWithReferences(theVerseList.list, std::move(content.verses));
     theVerseList.list.sets = std::move(content.sets);
     theVerseList.list.canBeSaved = content.canBeSaved;

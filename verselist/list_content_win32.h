@@ -10,9 +10,9 @@
 // Shows the verses that `query` found in both views and sets the focus to the visible one.
 void ShowSearchResult(Query query, std::vector<std::int32_t> verses);
 
-// The same for verses with notes: no key words are marked, and while they are shown the list sends its frame
-// IDM_FOLLOW_LIST.
-void ShowVersesWithNotes(std::vector<std::int32_t> verses);
+// The same for verses with notes that answer `question`: no key words are marked, and while they are shown the list
+// sends its frame IDM_FOLLOW_LIST.
+void ShowVersesWithNotes(std::vector<std::int32_t> verses, ListedQuestion question);
 
 // The same for notes: each entry is the verse of one, with its set in front.
 void ShowNotesOfSets(std::vector<std::int32_t> verses, EntrySets sets);

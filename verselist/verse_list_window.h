@@ -3,6 +3,7 @@
 
 #include <vector>
 
+#include "notes/listed_notes.h"
 #include "pane/reading_pane_win32.h"
 #include "search/query.h"
 #include "verselist/entry_words.h"
@@ -16,8 +17,9 @@ struct ListContent {
     Query query;
     BookForm form = BookForm::kName;  // of the Reference List
     bool canBeSaved = false;
-    bool isOfNotes = false;  // as in VerseListPane
+    bool isOfNotes = false;  // these three as in VerseListPane, or its list
     EntrySets sets{};
+    ListedQuestion question{};
 };
 
 struct VerseListPane : ReadingPane {
@@ -25,6 +27,7 @@ struct VerseListPane : ReadingPane {
     VerseList list;
     Query query;                // the search that filled the list; empty for cross-references
     bool isOfNotes = false;     // the frame is told when another entry is the current one
+    ListedQuestion question;    // that the notes answer
     int content = 0;            // its number
     ListPosition followed;      // of the entry whose note was shown last, because the user came to it
     int contents = 0;           // the highest number yet

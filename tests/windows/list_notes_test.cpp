@@ -131,6 +131,14 @@ TEST(ListNotes, FindsWordsInTheChosenSets) {
     EXPECT_EQ(TextOf(dialog, IDC_LISTED_WORDS), "GRACE truth");
     Press(program, "Alt+s");
     EXPECT_THAT(Listed(program), ElementsAre("Genesis 4:21", "Revelation 22:21"));
+    // Of a verse that several sets have notes of, that of a set with the words.
+    OpenList(program);
+    Type(program, "another");
+    EXPECT_THAT(Listed(program), ElementsAre("Genesis 1:6"));
+    EXPECT_EQ(ShownNote(program), "Genesis 1:6 of Sermons");
+    OpenList(program);
+    Type(program, "GRACE truth");
+    Listed(program);
     SetSearchRange(program, "Ge");
     OpenList(program);
     Press(program, "Alt+o");
