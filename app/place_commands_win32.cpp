@@ -51,6 +51,7 @@ static KeptList Kept(ListContent content, std::string summary) {
         .isOfNotes = content.isOfNotes,
         .sets = std::move(content.sets),
         .question = std::move(content.question),
+        .deletions = std::move(content.deletions),
         .summary = std::move(summary),
     };
 }
@@ -118,6 +119,7 @@ static void ShowKept(KeptList list) {
         .isOfNotes = list.isOfNotes,
         .sets = std::move(list.sets),
         .question = std::move(list.question),
+        .deletions = std::move(list.deletions),
     });
     KeepList(thePlaces, Kept(std::move(before), summary));
     ShowStatus(StatusPart::kSearchSummary, list.summary);

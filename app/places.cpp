@@ -115,7 +115,20 @@ Place GoForward(Places& places, const ShownPlace& left) {
 
 // ---- Lists ----------------------------------------------------------------------------------------------------------
 
+static std::size_t BytesOf(const Deletion& deletion) {
+    return sizeof deletion + deletion.entries.size() * sizeof(DeletedEntry) + deletion.summary.size();
+}
+
+static void DropOldDeletions(KeptList& list) {
+    std::size_t bytes = list.verses.words.size() * sizeof(std::uint16_t);
+    auto kept = list.deletions.end();
+    while (kept != list.deletions.begin() && bytes + BytesOf(*std::prev(kept)) <= kMostBytesOfList)
+        bytes += BytesOf(*--kept);
+    list.deletions.erase(list.deletions.begin(), kept);
+}
+
 void KeepList(Places& places, KeptList list) {
+    DropOldDeletions(list);
     const auto behind = std::ranges::upper_bound(places.lists, list.number, {}, &KeptList::number);
     places.lists.insert(behind, std::move(list));
     DropUnneededLists(places);

@@ -45,11 +45,13 @@ struct KeptList {
     bool isOfNotes = false;
     EntrySets sets{};
     ListedQuestion question{};
+    std::vector<Deletion> deletions{};  // the latest
     std::string summary;
 };
 
 inline constexpr std::size_t kMostPlaces = 200;
-inline constexpr std::size_t kMostLists = 5;  // besides the one that is shown
+inline constexpr std::size_t kMostBytesOfList = 4096;  // of its verses and deletions
+inline constexpr std::size_t kMostLists = 5;           // besides the one that is shown
 
 struct Places {
     std::vector<Place> visited{1};  // the one at `present` is out of date: the panes show it
@@ -77,7 +79,8 @@ void KeepJump(Places& places, const Place& left);
 Place GoBack(Places& places, const ShownPlace& left);
 Place GoForward(Places& places, const ShownPlace& left);
 
-// Keeps a list that is no longer shown, unless no place has it. The oldest ones beyond kMostLists are dropped; of their
+// Keeps a list that is no longer shown, unless no place has it, with as many of its deletions as fit into
+// kMostBytesOfList. The oldest ones beyond kMostLists are dropped; of their
 // places Passage and note remain.
 void KeepList(Places& places, KeptList list);
 

@@ -201,6 +201,25 @@ TEST(PlacesLists, AreDroppedWithTheirLastPlace) {
     EXPECT_THAT(NumbersOf(places), ElementsAre());
 }
 
+static Deletion DeletionOf(std::size_t entries, const char* summary) {
+    return {std::vector<DeletedEntry>(entries), true, summary};
+}
+
+TEST(PlacesLists, KeepTheirLatestDeletions) {
+    static constexpr std::size_t kMany = (kMostBytesOfList - 200) / sizeof(DeletedEntry);
+    Places places;
+    KeptList list = ListNumbered(0);
+    list.deletions = {DeletionOf(1, "first"), DeletionOf(kMany, "second"), DeletionOf(2, "third")};
+    KeepJump(places, At(1, 0));
+    KeepList(places, list);
+    ASSERT_EQ(places.lists.front().deletions.size(), 2u);
+    EXPECT_EQ(places.lists.front().deletions.front().summary, "second");
+    list.deletions = {DeletionOf(1, "first"), DeletionOf(2 * kMany, "too many")};
+    TakeList(places, 0);
+    KeepList(places, list);
+    EXPECT_TRUE(places.lists.front().deletions.empty());
+}
+
 // ---- Verses ---------------------------------------------------------------------------------------------------------
 
 TEST(PackedVerses, AreTheSameVerses) {

@@ -14,6 +14,7 @@ static ListContent Exchange(int number, Query query, bool isOfNotes) {
         .isOfNotes = pane.isOfNotes,
         .sets = std::move(pane.list.sets),
         .question = std::exchange(pane.question, {}),
+        .deletions = std::move(pane.list.deletions),
     };
     pane.content = number;
     pane.query = std::move(query);
@@ -64,6 +65,7 @@ ListContent ShowContent(ListContent content) {
     FillWithReferences(theVerseList.list, std::move(content.verses));
     theVerseList.list.sets = std::move(content.sets);
     theVerseList.list.canBeSaved = content.canBeSaved;
+    theVerseList.list.deletions = std::move(content.deletions);
     ShowNewEntries(content.form);
     return before;
 }

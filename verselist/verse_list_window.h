@@ -20,6 +20,7 @@ struct ListContent {
     bool isOfNotes = false;  // these three as in VerseListPane, or its list
     EntrySets sets{};
     ListedQuestion question{};
+    std::vector<Deletion> deletions{};
 };
 
 struct VerseListPane : ReadingPane {

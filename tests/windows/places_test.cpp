@@ -144,6 +144,21 @@ TEST(Places, HaveTheirListsAndNotes) {
     EXPECT_EQ(Shown(program), "Genesis 3:2, Genesis 3:3");
 }
 
+TEST(Places, BringBackWhatWasDeletedFromTheirLists) {
+    Program program = StartProgram(FolderWithScripture());
+    SearchFor(program, {"rasor"});
+    const std::vector<std::string> found = ListStrings(ReferenceListOf(program));
+    const std::string summary = StatusPart(program, kSummary);
+    for (const char* key : {"Delete", "Delete"}) Press(program, key);
+    SearchFor(program, {"grace"});
+    Press(program, "Back");
+    EXPECT_EQ(ListStrings(ReferenceListOf(program)).size(), found.size() - 2);
+    Press(program, "Alt+1");
+    for (int step = 0; step < 2; ++step) Press(program, "Ctrl+z");
+    EXPECT_EQ(ListStrings(ReferenceListOf(program)), found);
+    EXPECT_EQ(StatusPart(program, kSummary), summary);
+}
+
 // The keys are those of the editor while it is open, and its note must not change.
 TEST(Places, WaitForTheEditor) {
     Program program = ProgramInEditor("");
