@@ -121,18 +121,23 @@ function(vw_host_only)
   endif()
 endfunction()
 
-# vw_core(<folder> SOURCES ... [USES <folder>...]): a library with the core of a folder, which builds on any system. A
-# folder of the program uses the folders that the graph names; other libraries name theirs.
+# vw_core(<folder> SOURCES ... [USES <folder>...] [HEADERS <header>...]): a library with the core of a folder, which
+# builds on any system. A folder of the program uses the folders that the graph names; other libraries name theirs. The
+# headers are precompiled, too, for this library alone.
 include(${CMAKE_CURRENT_LIST_DIR}/graph.cmake)
 function(vw_core folder)
-  cmake_parse_arguments(PARSE_ARGV 1 core "" "" "SOURCES;USES")
+  cmake_parse_arguments(PARSE_ARGV 1 core "" "" "SOURCES;USES;HEADERS")
   list(APPEND core_USES ${STANDS_ON_${folder}})
   add_library(vw_${folder} STATIC ${core_SOURCES})
   list(TRANSFORM core_USES PREPEND vw_)
   target_link_libraries(vw_${folder} PUBLIC vw_options ${core_USES})
   vw_instrument(vw_${folder})
   if(TARGET vw_core_headers)
-    target_precompile_headers(vw_${folder} REUSE_FROM vw_core_headers)
+    if(core_HEADERS)
+      target_precompile_headers(vw_${folder} PRIVATE ${VERSEWELL_COMMON_HEADERS} ${core_HEADERS})
+    else()
+      target_precompile_headers(vw_${folder} REUSE_FROM vw_core_headers)
+    endif()
     target_compile_options(vw_${folder} PRIVATE ${VERSEWELL_PRECOMPILED_OPTIONS})
   endif()
 endfunction()
@@ -149,6 +154,17 @@ endfunction()
 function(vw_read_as_used program)
   if(MINGW)
     target_link_options(${program} PRIVATE -Wl,--file-alignment=4096)
+  endif()
+endfunction()
+
+# vw_protect(<program>): no time of the link in the file, so that every build of a version is the same; loaded at any
+# address, above 4 GB where there is one; no data is executed. mingw-w64 has no tables for Control Flow Guard.
+function(vw_protect program)
+  if(MINGW)
+    target_link_options(${program} PRIVATE -Wl,--no-insert-timestamp,--dynamicbase,--nxcompat)
+    if(CMAKE_SIZEOF_VOID_P EQUAL 8)
+      target_link_options(${program} PRIVATE -Wl,--high-entropy-va)
+    endif()
   endif()
 endfunction()
 

@@ -13,12 +13,13 @@ packages=(
   googletest libbenchmark-dev libsqlite3-dev
   libsword-dev sword-text-kjv
   libsword-utils sword-comm-mhcc sword-comm-scofield sword-comm-tdavid
-  nlohmann-json3-dev nodejs
+  libcli11-dev nlohmann-json3-dev nodejs
   librsvg2-dev imagemagick
   halibut hunspell hunspell-en-gb
   wine wine64 fonts-wine fonts-liberation fonts-dejavu-core
   xvfb x11-utils xdotool libfaketime locales
   ghostscript poppler-utils
+  mandoc zsh fish ripgrep
   syncthing curl
   nsis zip unzip
 )

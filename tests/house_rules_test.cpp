@@ -87,7 +87,7 @@ TEST(TreeKeeps, UnitsOutOfCircles) {
 }
 
 TEST(TreeKeeps, OneGraphInBuildAndReadme) {
-    EXPECT_EQ(Graph().size(), 12u);
+    EXPECT_EQ(Graph().size(), 13u);
     EXPECT_EQ(Graph(), ReadGraphOfReadme(TextOf("README.md")));
 }
 
@@ -133,6 +133,12 @@ static constexpr Sample kIncludeSamples[] = {
     {"notes/a.h", "#include \"passage/passage_flow.h\"\n", false},
     {"print/a.cpp", "#include \"app/settings.h\"\n", false},
     {"search/a_dialog.cpp", "#include \"app/settings.h\"\n", false},
+    {"cli/a.cpp", "#include <CLI/CLI.hpp>\n", true},
+    {"cli/a.cpp", "#include <nlohmann/json.hpp>\n", true},
+    {"app/a.cpp", "#include <nlohmann/json.hpp>\n", false},
+    {"cli/a.cpp", "#include <unistd.h>\n", false},
+    {"cli/a_posix.cpp", "#include <unistd.h>\n", true},
+    {"app/a.cpp", "#include \"cli/vw.h\"\n", false},
     {"search/a.cpp", "#include <windows.h>\n", false},
     {"search/a.cpp", "#  include <unistd.h>\n", false},
     {"search/a.h", "#include \"search/a_dialog.h\"\n", false},

@@ -1,0 +1,248 @@
+// `vw find`: verses with words, as the searches of the window find them.
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <memory>
+#include <nlohmann/json.hpp>
+
+#include "cli/arguments.h"
+#include "cli/asked_verses.h"
+#include "cli/command_table.h"
+#include "cli/text_folder.h"
+#include "cli/utf8.h"
+#include "cli/verse_output.h"
+#include "scripture/books.h"
+#include "search/key_word_marks.h"
+#include "search/near_search.h"
+#include "search/search_engine.h"
+#include "verselist/hits_by_book.h"
+
+namespace {
+
+struct FindOptions {
+    std::vector<std::string> words;
+    bool all = false, any = false, one = false, phrase = false;
+    int near = 0;  // 0: not searched for words near each other
+    bool ordered = false, inVerses = false;
+    bool part = false, caseSensitive = false;
+    std::string range;
+    bool strict = false;
+    bool refs = false, count = false, byBook = false, brackets = false;
+};
+
+// What is searched for, and what was found.
+struct Findings {
+    Scripture scripture;
+    Query query;
+    SearchResult result;
+};
+
+}  // namespace
+
+// ---- The search -----------------------------------------------------------------------------------------------------
+
+static std::string TextOf(const std::vector<std::string>& words) {
+    std::string text;
+    for (const std::string& word : words) text += (text.empty() ? "" : " ") + AsciiOf(word);
+    return text;
+}
+
+static QueryKind KindOf(const FindOptions& options) {
+    if (options.near > 0) return QueryKind::kNear;
+    return options.phrase ? QueryKind::kPhrase : QueryKind::kWords;
+}
+
+static SearchState StateOf(const FindOptions& options) {
+    SearchState state;
+    state.searchText = TextOf(options.words);
+    state.options = {
+        .BooleanType = options.any   ? kAnyWord
+                       : options.one ? kOneWord
+                                     : kAllWords,
+        .CaseSensitive = options.caseSensitive ? 1 : 0,
+        .SubString = options.part ? 1 : 0,
+    };
+    state.nearOptions = {options.inVerses ? kNearInVerses : kNearInWords, options.near, options.ordered ? 1 : 0};
+    return state;
+}
+
+// A limit of the window's field.
+static void CheckWords(const SearchState& state) {
+    if (state.searchText.size() > std::size_t{kSearchTextLimit})
+        throw Complaint{kBadUse, "WORDS: more than " + std::to_string(kSearchTextLimit) + " letters"};
+}
+
+static void CheckNear(const SearchState& state, std::size_t words) {
+    if (const char* problem = ProblemOfNearText(state.searchText))
+        throw Complaint{kBadUse, "WORDS: " + std::string(problem)};
+    if (const char* problem = ProblemOfNearDistance(state.nearOptions, words))
+        throw Complaint{kBadUse, "--near: " + std::string(problem)};
+}
+
+static Query CheckedQuery(const SearchState& state, QueryKind kind) {
+    CheckWords(state);
+    const Query query = kind == QueryKind::kNear ? NearQueryOf(state) : QueryOf(state.searchText, state.options, kind);
+    if (kind == QueryKind::kNear) CheckNear(state, query.nearQuery.patterns.size());
+    if (kind != QueryKind::kNear && query.words.empty()) throw Complaint{kBadUse, "WORDS: there is no word in them"};
+    return query;
+}
+
+static Findings Search(const Vw& vw, const FindOptions& options) {
+    Findings found{TextOf(vw), {}, {}};
+    SearchState state = StateOf(options);
+    if (!options.range.empty()) {
+        const VerseSpan span = AskedVerses(vw, found.scripture.records, "--range", options.range, {options.strict});
+        state.range = {span.first, span.last};
+    }
+    found.query = CheckedQuery(state, KindOf(options));
+    HitCounters hits;
+    found.result = Search(found.scripture, IndexOf(vw), found.query, state.range, hits);
+    return found;
+}
+
+// ---- What was found -------------------------------------------------------------------------------------------------
+
+// Marks take most of the time of a long list.
+static std::string ShownText(const Vw& vw, const Findings& found, int verse) {
+    if (!vw.options.json && !vw.printer.colors) return std::string(VerseText(found.scripture, verse));
+    std::string text(VerseText(found.scripture, verse).substr(0, kMarkedTextLimit - 1));
+    if (found.query.kind == QueryKind::kNear)
+        MarkNearWords(found.scripture, found.query.nearQuery, verse, text);
+    else
+        MarkKeyWords(found.query, text);
+    return text;
+}
+
+static void PrintVerses(Vw& vw, const Findings& found, ShownBrackets brackets) {
+    for (const int verse : found.result.verses) {
+        if (HasEnded(vw.printer)) return;
+        const std::string text = ShownText(vw, found, verse);
+        if (vw.options.json)
+            PrintObject(vw.printer, VerseObject(found.scripture, verse, text, true));
+        else
+            PrintMarked(vw.printer, MarkedListLine(found.scripture.records, verse, text), brackets);
+    }
+    if (!vw.options.json && vw.surroundings.isTerminal) Print(vw.printer, SearchSummary(found.result) + "\n");
+}
+
+static void PrintReferences(Vw& vw, const Findings& found) {
+    const VerseRecords& records = found.scripture.records;
+    for (const int verse : found.result.verses) {
+        const std::string reference = ReferenceText(records, verse, BookForm::kAbbreviation);
+        if (vw.options.json)
+            PrintObject(vw.printer, {{"kind", "reference"}, {"reference", reference}, {"index", verse}});
+        else
+            Print(vw.printer, reference + "\n");
+    }
+}
+
+static void PrintCount(Vw& vw, const SearchResult& result) {
+    if (vw.options.json)
+        PrintObject(vw.printer,
+                    {{"kind", "count"}, {"verses", result.verses.size()}, {"occurrences", result.occurrences}});
+    else
+        Print(vw.printer, SearchSummary(result) + "\n");
+}
+
+// ---- By book --------------------------------------------------------------------------------------------------------
+
+// "Genesis          12 ######": the longest bar takes what the line leaves.
+static void PrintBar(Vw& vw, const char* name, int count, int most) {
+    static constexpr int kNameColumns = 16, kCountColumns = 6, kUsualWidth = 80, kLeast = 10;
+    const int width = vw.printer.width > 0 ? vw.printer.width : kUsualWidth;
+    const int room = std::max(width - kNameColumns - kCountColumns - 1, kLeast);
+    const int length = std::max(1, count * room / most);
+    const std::string number = std::to_string(count);
+    std::string line = name;
+    line.append(static_cast<std::size_t>(kNameColumns) - std::min<std::size_t>(line.size(), kNameColumns), ' ');
+    line.append(static_cast<std::size_t>(kCountColumns) - std::min<std::size_t>(number.size(), kCountColumns), ' ');
+    line += number + ' ';
+    for (int i = 0; i < length; ++i) line += "\xE2\x96\x88";  // a full block
+    Print(vw.printer, line + "\n");
+}
+
+static void PrintByBook(Vw& vw, const Findings& found) {
+    const PerBook<HitsOfBook> books =
+        HitsOfEntries(found.scripture.records, found.result.verses, CountWordsOfBooks(found.scripture));
+    const int most = std::ranges::max(books, {}, &HitsOfBook::hits).hits;
+    for (int book = 1; book <= kBookCount; ++book) {
+        const HitsOfBook& of = books[static_cast<std::size_t>(book) - 1];
+        if (of.hits == 0) continue;
+        if (vw.options.json)
+            PrintObject(
+                vw.printer,
+                {{"kind", "book"}, {"book", book}, {"name", BookName(book)}, {"verses", of.hits}, {"words", of.words}});
+        else
+            PrintBar(vw, BookName(book), of.hits, most);
+    }
+    if (!vw.options.json && vw.surroundings.isTerminal) Print(vw.printer, SearchSummary(found.result) + "\n");
+}
+
+// ---- The command ----------------------------------------------------------------------------------------------------
+
+static ExitCode Find(Vw& vw, const FindOptions& options) {
+    const Findings found = Search(vw, options);
+    if (options.count)
+        PrintCount(vw, found.result);
+    else if (options.byBook)
+        PrintByBook(vw, found);
+    else if (options.refs)
+        PrintReferences(vw, found);
+    else {
+        StartPager(vw);
+        PrintVerses(vw, found, options.brackets ? ShownBrackets::kYes : ShownBrackets::kNo);
+    }
+    return found.result.verses.empty() ? kNothingFound : kFound;
+}
+
+static void AddKinds(CLI::App& app, FindOptions& options) {
+    app.add_flag("--all", options.all, "verses with all of the words (default)");
+    app.add_flag("--any", options.any, "verses with any of the words");
+    app.add_flag("--one", options.one, "verses with exactly one of the words");
+    app.add_flag("--phrase", options.phrase, "verses with the words in sequence");
+    app.add_option("--near", options.near,
+                   "verses with the words at most N words apart; * stands for any letters, ? for one")
+        ->type_name("N")
+        ->check(CLI::Range(1, kMostWordsApart).description(""));
+    app.add_flag("--ordered", options.ordered, "near: in the order of WORDS");
+    app.add_flag("--verses", options.inVerses, "near: N verses apart, in a chapter");
+    app.add_flag("--part", options.part, "parts of words, too");
+    app.add_flag("--case", options.caseSensitive, "capitals matter");
+}
+
+static void AddOutputs(CLI::App& app, FindOptions& options) {
+    app.add_flag("--refs", options.refs, "only the references");
+    app.add_flag("--count", options.count, "only the numbers of verses and occurrences");
+    app.add_flag("--by-book", options.byBook, "a bar for each book: how many verses");
+    app.add_flag("--brackets", options.brackets, "brackets round the words that the translators supplied");
+}
+
+static void CheckTogether(const CLI::App& app) {
+    AllowOnlyOne(app, {"--all", "--any", "--one", "--phrase", "--near"});
+    AllowOnlyOne(app, {"--phrase", "--part"});
+    AllowOnlyWith(app, "--ordered", "--near");
+    AllowOnlyWith(app, "--verses", "--near");
+    AllowOnlyOne(app, {"--refs", "--count", "--by-book"});
+}
+
+static RunCommand Prepare(CLI::App& app) {
+    const auto options = std::make_shared<FindOptions>();
+    app.add_option("WORDS", options->words, "words of letters and apostrophes")->required()->type_name("");
+    AddKinds(app, *options);
+    app.add_option("--range", options->range, "only in these verses: \"Ge - Mal\", Ro, \"Mt 5 - 7\"")
+        ->type_name("REF-REF");
+    app.add_flag("--strict", options->strict, "understand --range only as the window does");
+    AddOutputs(app, *options);
+    return [options, &app](Vw& vw) {
+        CheckTogether(app);
+        return Find(vw, *options);
+    };
+}
+
+const Command kFindCommand = {
+    .name = "find",
+    .help = "show the verses with given words",
+    .prepare = Prepare,
+    .details =
+        "The searches are those of the window, and so are their counts, which are the last line on a terminal. "
+        "Key words are marked in colour.",
+};

@@ -1,0 +1,98 @@
+#include "cli/schema.h"
+
+static constexpr SchemaField kVerseFields[] = {
+    {"reference", FieldType::kText, "full name of the verse, Genesis 1:1"},
+    {"index", FieldType::kNumber, "of the verse in the Bible, from 0"},
+    {"book", FieldType::kNumber, "1 to 66"},
+    {"name", FieldType::kText, "of the book"},
+    {"chapter", FieldType::kNumber, "from 1"},
+    {"verse", FieldType::kNumber, "from 1"},
+    {"paragraph", FieldType::kYesOrNo, "the verse begins a paragraph"},
+    {"text", FieldType::kText, "the words, without marks"},
+    {"supplied", FieldType::kPlaces, "places in the text of the words that the translators supplied"},
+};
+
+static constexpr SchemaField kFoundFields[] = {
+    {"marks", FieldType::kPlaces, "places in the text of the words that were found; only of find", true},
+};
+
+static constexpr SchemaField kReferenceFields[] = {
+    {"reference", FieldType::kText, "short name of the verse, Ge 1:1"},
+    {"index", FieldType::kNumber, "of the verse in the Bible, from 0"},
+};
+
+static constexpr SchemaField kCountFields[] = {
+    {"verses", FieldType::kNumber, "with the words"},
+    {"occurrences", FieldType::kNumber, "of the words in them"},
+};
+
+static constexpr SchemaField kBookFields[] = {
+    {"book", FieldType::kNumber, "1 to 66"},
+    {"name", FieldType::kText, "of the book"},
+    {"verses", FieldType::kNumber, "of the book with the words"},
+    {"words", FieldType::kNumber, "that the book has"},
+};
+
+static constexpr SchemaField kWordFields[] = {
+    {"word", FieldType::kText, "in lower case"},
+    {"verses", FieldType::kNumber, "with the word"},
+    {"occurrences", FieldType::kNumber, "of the word"},
+};
+
+static constexpr SchemaField kMeaningFields[] = {
+    {"typed", FieldType::kText, "the reference"},
+    {"window", FieldType::kSpanOrNull, "what the window understands"},
+    {"unused", FieldType::kText, "what the window does not use of it"},
+    {"meant", FieldType::kSpanOrNull, "what was probably meant"},
+    {"same", FieldType::kYesOrNo, "both are the same verses"},
+};
+
+static constexpr SchemaField kReadingFields[] = {
+    {"time", FieldType::kText, "\"morning\" or \"evening\""},
+    {"set", FieldType::kText, "name of the note set"},
+    {"note", FieldType::kText, "the reading; empty if there is none"},
+};
+
+static constexpr SchemaField kTextFields[] = {
+    {"edition", FieldType::kText, "of the text"},
+    {"folder", FieldType::kText, "with its files"},
+    {"books", FieldType::kNumber, "of the Bible"},
+    {"verses", FieldType::kNumber, "of the text"},
+    {"words", FieldType::kNumber, "that are different"},
+    {"asBuilt", FieldType::kYesOrNo, "all files are those of the build"},
+};
+
+static constexpr SchemaField kFileFields[] = {
+    {"file", FieldType::kText, "its name"},
+    {"sha256", FieldType::kText, "its digest; empty if it cannot be read"},
+    {"built", FieldType::kText, "the digest of the file of the build"},
+    {"state", FieldType::kText, "\"as built\", \"differs\" or \"missing\""},
+};
+
+static constexpr SchemaKind kSchema[] = {
+    {"verse", "a verse, of read and find", kVerseFields, kFoundFields},
+    {"reference", "a verse, of find --refs", kReferenceFields},
+    {"count", "the result of find --count", kCountFields},
+    {"book", "a book, of find --by-book", kBookFields},
+    {"word", "a word, of words", kWordFields},
+    {"meaning", "a reference, of what", kMeaningFields},
+    {"reading", "a reading, of today", kVerseFields, kReadingFields},
+    {"proverb", "a verse, of today", kVerseFields},
+    {"text", "the text, of text", kTextFields},
+    {"file", "a file of the text, of text", kFileFields},
+};
+
+std::span<const SchemaKind> TheSchema() {
+    return kSchema;
+}
+
+const char* NameOfType(FieldType type) {
+    switch (type) {
+        case FieldType::kText: return "text";
+        case FieldType::kNumber: return "number";
+        case FieldType::kYesOrNo: return "true or false";
+        case FieldType::kPlaces: return "list of [begin, end) in letters";
+        case FieldType::kSpanOrNull: return "object of first, last (indexes), name; null if none";
+    }
+    return "";
+}

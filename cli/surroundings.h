@@ -1,0 +1,54 @@
+// What `vw` asks of the system. The program implements it for Linux and for Windows, a test with what it likes. All
+// texts and paths are in UTF-8; a folder and a name are joined with a slash.
+#pragma once
+
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "scripture/data_files.h"
+
+enum class Stream { kOutput, kErrors };
+
+// What became of written bytes. kClosed: nobody reads them any more, as after `| head`.
+enum class Written { kAll, kClosed, kFailed };
+
+struct Day {
+    int year = 2000;
+    int month = 1;  // 1..12
+    int day = 1;    // 1..31
+};
+
+struct Surroundings {
+    void* device = nullptr;  // passed to all procedures
+
+    // A variable of the environment.
+    std::optional<std::string> (*variable)(void* device, const char* name) = nullptr;
+
+    // Names of the files in `folder` that end with `ending`, sorted.
+    std::vector<std::string> (*list)(void* device, const std::string& folder, std::string_view ending) = nullptr;
+
+    // The whole file; nullopt if it cannot be read.
+    std::optional<std::string> (*readFile)(void* device, const std::string& path) = nullptr;
+
+    // Maps the whole file, read-only until the program ends. False if it cannot be.
+    bool (*map)(void* device, const std::string& path, std::span<const unsigned char>& bytes) = nullptr;
+
+    // Today's date, local.
+    Day (*today)(void* device) = nullptr;
+
+    Written (*write)(void* device, Stream stream, std::string_view bytes) = nullptr;
+
+    // From now on the output goes through the program that the user reads long texts with. Nothing happens if there is
+    // none.
+    void (*startPager)(void* device) = nullptr;
+
+    bool isTerminal = false;   // the output is one
+    bool showsColors = false;  // and it understands the sequences for colours
+    int columns = 80;          // its width
+
+    std::vector<std::string> textFolders = {};  // where the scripture files are looked for
+    std::string workingFolder = {};             // of the window's settings and notes, if the user names no other one
+};

@@ -1,0 +1,183 @@
+// What `vw` asks of Linux and its like.
+#include "cli/native_surroundings.h"
+
+#include <fcntl.h>
+#include <sys/ioctl.h>
+#include <sys/mman.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <ctime>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+struct NativeDevice {
+    std::FILE* pager = nullptr;  // takes the output if there is one
+};
+
+}  // namespace
+
+static std::optional<std::string> Variable(void*, const char* name) {
+    const char* const value = std::getenv(name);
+    return value != nullptr ? std::optional<std::string>(value) : std::nullopt;
+}
+
+// ---- Files ----------------------------------------------------------------------------------------------------------
+
+static std::vector<std::string> List(void*, const std::string& folder, std::string_view ending) {
+    std::vector<std::string> names;
+    std::error_code error;
+    for (const auto& entry : fs::directory_iterator(folder, error)) {
+        std::string name = entry.path().filename().string();
+        if (name.ends_with(ending)) names.push_back(std::move(name));
+    }
+    std::ranges::sort(names);
+    return names;
+}
+
+static std::optional<std::string> ReadFile(void*, const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    if (!file) return std::nullopt;
+    return std::string(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
+}
+
+static bool MapOpened(int file, std::span<const unsigned char>& bytes) {
+    struct stat facts = {};
+    if (fstat(file, &facts) != 0 || !S_ISREG(facts.st_mode)) return false;
+    bytes = {};
+    if (facts.st_size == 0) return true;  // an empty file cannot be mapped
+    const auto size = static_cast<std::size_t>(facts.st_size);
+    void* const view = mmap(nullptr, size, PROT_READ, MAP_PRIVATE, file, 0);
+    if (view == MAP_FAILED) return false;
+    bytes = {static_cast<const unsigned char*>(view), size};
+    return true;
+}
+
+static bool Map(void*, const std::string& path, std::span<const unsigned char>& bytes) {
+    const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    if (file < 0) return false;
+    const bool isMapped = MapOpened(file, bytes);
+    close(file);  // the mapping keeps the bytes
+    return isMapped;
+}
+
+// ---- The output -----------------------------------------------------------------------------------------------------
+
+static Written WriteAll(int file, std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t count = write(file, bytes.data(), bytes.size());
+        if (count < 0 && errno == EINTR) continue;
+        if (count < 0) return errno == EPIPE ? Written::kClosed : Written::kFailed;
+        bytes.remove_prefix(static_cast<std::size_t>(count));
+    }
+    return Written::kAll;
+}
+
+static Written Write(void* device, Stream stream, std::string_view bytes) {
+    std::FILE* const pager = static_cast<NativeDevice*>(device)->pager;
+    if (stream == Stream::kErrors) return WriteAll(STDERR_FILENO, bytes);
+    return WriteAll(pager != nullptr ? fileno(pager) : STDOUT_FILENO, bytes);
+}
+
+static bool HasProgram(const std::string& name) {
+    const char* const path = std::getenv("PATH");
+    std::string_view rest = path != nullptr ? path : "/usr/bin:/bin";
+    while (!rest.empty()) {
+        const std::string folder(rest.substr(0, rest.find(':')));
+        if (access((folder + '/' + name).c_str(), X_OK) == 0) return true;
+        rest.remove_prefix(std::min(folder.size() + 1, rest.size()));
+    }
+    return false;
+}
+
+// A pager that was left before the end closes its pipe, which would otherwise end this program before the pager has
+// put the terminal in order.
+static void StartPager(void* device) {
+    auto& native = *static_cast<NativeDevice*>(device);
+    const std::string named = Variable(device, "PAGER").value_or("");
+    const std::string pager = !named.empty() ? named : HasProgram("less") ? "less -R" : "";
+    if (native.pager != nullptr || pager.empty() || pager == "cat") return;
+    setenv("LESS", "FRX", 0);  // short texts stay on the screen
+    std::signal(SIGPIPE, SIG_IGN);
+    native.pager = popen(pager.c_str(), "w");
+}
+
+// ---- The surroundings -----------------------------------------------------------------------------------------------
+
+static Day Today(void*) {
+    const std::time_t now = std::time(nullptr);
+    std::tm local{};
+    localtime_r(&now, &local);
+    return {local.tm_year + 1900, local.tm_mon + 1, local.tm_mday};
+}
+
+static std::vector<std::string> TextFolders() {
+    std::error_code error;
+    const fs::path program = fs::read_symlink("/proc/self/exe", error).parent_path();
+    std::vector<std::string> folders;
+    if (!error)
+        for (const char* beside : {".", "../share/versewell", "../../data"})  // the last one is that of a build
+            folders.push_back((program / beside).lexically_normal().string());
+    folders.push_back("/usr/share/versewell");
+    return folders;
+}
+
+// The current folder if it has note sets or a text, as the window takes it, otherwise the user's own.
+static std::string UsualWorkingFolder() {
+    for (const char* ending : {".nmi", "_avtext.dat"})
+        if (!List(nullptr, ".", ending).empty()) return ".";
+    const std::string data = Variable(nullptr, "XDG_DATA_HOME").value_or("");
+    if (!data.empty()) return data + "/versewell";
+    return Variable(nullptr, "HOME").value_or("") + "/.local/share/versewell";
+}
+
+static int Columns() {
+    winsize size{};
+    return ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0 ? size.ws_col : 80;
+}
+
+static NativeDevice& TheDevice() {
+    static NativeDevice device;
+    return device;
+}
+
+Surroundings NativeSurroundings() {
+    const bool isTerminal = isatty(STDOUT_FILENO) == 1;
+    const std::string terminal = Variable(nullptr, "TERM").value_or("dumb");
+    return {
+        .device = &TheDevice(),
+        .variable = Variable,
+        .list = List,
+        .readFile = ReadFile,
+        .map = Map,
+        .today = Today,
+        .write = Write,
+        .startPager = StartPager,
+        .isTerminal = isTerminal,
+        .showsColors = isTerminal && terminal != "dumb",
+        .columns = Columns(),
+        .textFolders = TextFolders(),
+        .workingFolder = UsualWorkingFolder(),
+    };
+}
+
+std::vector<std::string> NativeArguments(int count, char** arguments) {
+    return {arguments + std::min(count, 1), arguments + count};
+}
+
+void EndSurroundings(Surroundings& surroundings) {
+    auto& native = *static_cast<NativeDevice*>(surroundings.device);
+    if (native.pager != nullptr) pclose(native.pager);
+    native.pager = nullptr;
+}

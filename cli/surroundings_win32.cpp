@@ -1,0 +1,192 @@
+// What `vw` asks of Windows. Its texts are in UTF-8, the system's in UTF-16.
+#include "cli/native_surroundings.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+
+#include "win32/files.h"
+
+// Needs what the others declare.
+#include <shellapi.h>
+
+namespace {
+
+struct NativeDevice {
+    UINT codePage = 0;     // of the console before this program
+    DWORD outputMode = 0;  // the same
+    bool isConsole = false;
+    std::FILE* pager = nullptr;
+    std::vector<MappedFile> mapped;
+};
+
+}  // namespace
+
+static NativeDevice& TheDevice() {
+    static NativeDevice device;
+    return device;
+}
+
+// ---- Letters --------------------------------------------------------------------------------------------------------
+
+static std::wstring WideOfUtf8(std::string_view text) {
+    const int size = static_cast<int>(text.size());
+    const int room = MultiByteToWideChar(CP_UTF8, 0, text.data(), size, nullptr, 0);
+    std::wstring wide(static_cast<std::size_t>(std::max(room, 0)), L'\0');
+    MultiByteToWideChar(CP_UTF8, 0, text.data(), size, wide.data(), room);
+    return wide;
+}
+
+static std::string Utf8OfWide(std::wstring_view wide) {
+    const int size = static_cast<int>(wide.size());
+    const int room = WideCharToMultiByte(CP_UTF8, 0, wide.data(), size, nullptr, 0, nullptr, nullptr);
+    std::string text(static_cast<std::size_t>(std::max(room, 0)), '\0');
+    WideCharToMultiByte(CP_UTF8, 0, wide.data(), size, text.data(), room, nullptr, nullptr);
+    return text;
+}
+
+static std::optional<std::string> Variable(void*, const char* name) {
+    const std::wstring wideName = WideOfUtf8(name);
+    const DWORD room = GetEnvironmentVariableW(wideName.c_str(), nullptr, 0);
+    if (room == 0) return std::nullopt;
+    std::wstring value(room, L'\0');
+    value.resize(GetEnvironmentVariableW(wideName.c_str(), value.data(), room));
+    return Utf8OfWide(value);
+}
+
+// ---- Files ----------------------------------------------------------------------------------------------------------
+
+static std::wstring PathOf(const std::string& path) {
+    return FullPath(WideOfUtf8(path));
+}
+
+static std::vector<std::string> List(void*, const std::string& folder, std::string_view ending) {
+    std::vector<std::string> names;
+    for (const std::wstring& name : FilesIn(PathOf(folder), ("*" + std::string(ending)).c_str()))
+        if (std::string utf8 = Utf8OfWide(name); utf8.ends_with(ending)) names.push_back(std::move(utf8));
+    std::ranges::sort(names);
+    return names;
+}
+
+static bool Map(void* device, const std::string& path, std::span<const unsigned char>& bytes) {
+    MappedFile file;
+    if (!MapWholeFile(PathOf(path), FILE_FLAG_RANDOM_ACCESS, file)) return false;
+    bytes = file.bytes;
+    static_cast<NativeDevice*>(device)->mapped.push_back(std::move(file));
+    return true;
+}
+
+static std::optional<std::string> ReadFile(void*, const std::string& path) {
+    MappedFile file;
+    if (!MapWholeFile(PathOf(path), FILE_FLAG_SEQUENTIAL_SCAN, file)) return std::nullopt;
+    return std::string(file.bytes.begin(), file.bytes.end());
+}
+
+// ---- The output -----------------------------------------------------------------------------------------------------
+
+static Written WriteAll(HANDLE file, std::string_view bytes) {
+    static constexpr std::size_t kMost = 32768;  // an old console takes no more at once
+    while (!bytes.empty()) {
+        DWORD count = 0;
+        if (!WriteFile(file, bytes.data(), static_cast<DWORD>(std::min(bytes.size(), kMost)), &count, nullptr)) {
+            const DWORD error = GetLastError();
+            return error == ERROR_BROKEN_PIPE || error == ERROR_NO_DATA ? Written::kClosed : Written::kFailed;
+        }
+        bytes.remove_prefix(count);
+    }
+    return Written::kAll;
+}
+
+static Written Write(void* device, Stream stream, std::string_view bytes) {
+    if (stream == Stream::kErrors) return WriteAll(GetStdHandle(STD_ERROR_HANDLE), bytes);
+    std::FILE* const pager = static_cast<NativeDevice*>(device)->pager;
+    if (pager == nullptr) return WriteAll(GetStdHandle(STD_OUTPUT_HANDLE), bytes);
+    return std::fwrite(bytes.data(), 1, bytes.size(), pager) == bytes.size() ? Written::kAll : Written::kClosed;
+}
+
+// Only a pager that the user names: `more` of the system does not know UTF-8.
+static void StartPager(void* device) {
+    auto& native = *static_cast<NativeDevice*>(device);
+    const std::string pager = Variable(device, "PAGER").value_or("");
+    if (native.pager == nullptr && !pager.empty()) native.pager = _wpopen(WideOfUtf8(pager).c_str(), L"wb");
+}
+
+static Day Today(void*) {
+    SYSTEMTIME now{};
+    GetLocalTime(&now);
+    return {now.wYear, now.wMonth, now.wDay};
+}
+
+// ---- The console ----------------------------------------------------------------------------------------------------
+
+static HANDLE Output() {
+    return GetStdHandle(STD_OUTPUT_HANDLE);
+}
+
+// Makes the console show UTF-8 and colours until the end. False if it knows no colours.
+static bool PrepareConsole(NativeDevice& device) {
+    static constexpr DWORD kSequences = 0x0004;  // ENABLE_VIRTUAL_TERMINAL_PROCESSING, of Windows 10 and later
+    device.codePage = GetConsoleOutputCP();
+    SetConsoleOutputCP(CP_UTF8);
+    device.isConsole = GetConsoleMode(Output(), &device.outputMode) != 0;
+    return device.isConsole && SetConsoleMode(Output(), device.outputMode | kSequences);
+}
+
+void EndSurroundings(Surroundings& surroundings) {
+    auto& device = *static_cast<NativeDevice*>(surroundings.device);
+    if (device.pager != nullptr) _pclose(device.pager);
+    if (device.isConsole) SetConsoleMode(Output(), device.outputMode);
+    if (device.codePage != 0) SetConsoleOutputCP(device.codePage);
+    device = {};
+}
+
+static int Columns() {
+    CONSOLE_SCREEN_BUFFER_INFO info{};
+    return GetConsoleScreenBufferInfo(Output(), &info) ? info.srWindow.Right - info.srWindow.Left + 1 : 80;
+}
+
+// ---- The surroundings -----------------------------------------------------------------------------------------------
+
+static std::string Utf8Folder(const std::wstring& folder) {
+    return Utf8OfWide(WithoutLongPrefix(folder));
+}
+
+// As the window chooses it, but without making one: the current folder if it has note sets or a text, the user's own
+// for an installed copy, otherwise the program's.
+static std::string UsualWorkingFolder() {
+    const bool isInstalled = IsThere(PathIn(ProgramFolder(), std::wstring(L"installed.txt")));
+    for (const char* marker : {"*.nmi", "_avtext.dat"})
+        if (!isInstalled && !FilesIn(StartFolder(), marker).empty()) return Utf8Folder(StartFolder());
+    if (!isInstalled) return Utf8Folder(ProgramFolder());
+    return Variable(nullptr, "APPDATA").value_or(".") + "/Versewell";
+}
+
+Surroundings NativeSurroundings() {
+    NativeDevice& device = TheDevice();
+    const bool showsColors = PrepareConsole(device);
+    const std::string program = Utf8Folder(ProgramFolder());
+    return {
+        .device = &device,
+        .variable = Variable,
+        .list = List,
+        .readFile = ReadFile,
+        .map = Map,
+        .today = Today,
+        .write = Write,
+        .startPager = StartPager,
+        .isTerminal = device.isConsole,
+        .showsColors = showsColors,
+        .columns = Columns(),
+        .textFolders = {program, program + "../../data"},  // the second one is that of a build
+        .workingFolder = UsualWorkingFolder(),
+    };
+}
+
+std::vector<std::string> NativeArguments(int, char**) {
+    int count = 0;
+    wchar_t** const words = CommandLineToArgvW(GetCommandLineW(), &count);
+    std::vector<std::string> arguments;
+    for (int i = 1; words != nullptr && i < count; ++i) arguments.push_back(Utf8OfWide(words[i]));
+    LocalFree(words);
+    return arguments;
+}

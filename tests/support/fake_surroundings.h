@@ -1,0 +1,23 @@
+// Surroundings of `vw` for tests: what it writes is kept, and the files of folders that exist are the real ones.
+#pragma once
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "cli/surroundings.h"
+
+struct FakeSurroundings {
+    std::map<std::string, std::string> variables;  // of the environment
+    std::vector<std::string> textFolders;          // without one, the folder of the build
+    Day today{2026, 11, 23};
+    bool isTerminal = false, showsColors = false;
+    int columns = 80;
+    Written written = Written::kAll;  // the answer to each write of the output
+    std::string output, errors;
+    int writes = 0;  // of the output
+    int pagers = 0;  // how often one was started
+};
+
+// `fake` must outlive them; its columns and flags are those of this moment.
+Surroundings SurroundingsOver(FakeSurroundings& fake);
