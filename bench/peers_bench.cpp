@@ -11,10 +11,10 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 
 #include "bench/contest.h"
 #include "bench/fts_search.h"
+#include "bench/verse_lines.h"
 #include "search/search_engine.h"
 #include "tests/support/native_scripture.h"
 
@@ -49,15 +49,6 @@ static double SwordTime(sword::SWModule& module, std::string_view sample) {
 
 // ---- ripgrep --------------------------------------------------------------------------------------------------------
 
-static void WriteLines(const std::string& path) {
-    std::ofstream lines(path);
-    for (int verse = 0; verse < kVerseCount; ++verse) {
-        std::string_view text = VerseText(TheRealScripture(), verse);
-        if (BeginsParagraph(text)) text.remove_prefix(1);  // the mark is not valid UTF-8
-        lines << text << '\n';
-    }
-}
-
 static bool HasRipgrep() {
     return std::system("rg --version >/dev/null 2>&1") == 0;
 }
@@ -88,7 +79,7 @@ int main() {
     sword::SWMgr library;
     sword::SWModule* const module = library.getModule(kModule);
     const std::string path = (std::filesystem::temp_directory_path() / "versewell-verses.txt").string();
-    WriteLines(path);
+    WriteVerseLines(path);
     const bool hasRipgrep = HasRipgrep();
     std::printf("| query | Versewell | SQLite FTS5 |%s%s\n| --- | --: | --: |%s%s\n", module ? " SWORD |" : "",
                 hasRipgrep ? " ripgrep |" : "", module ? " --: |" : "", hasRipgrep ? " --: |" : "");
