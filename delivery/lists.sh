@@ -42,6 +42,8 @@ END
     'GPL-3.0-or-later WITH GCC-exception-3.1'
   spdx_package Mingw 'mingw-w64 runtime' "$(version_of_package mingw-w64-x86-64-dev)" 'ZPL-2.1'
   spdx_package Winpthreads 'winpthreads' "$(version_of_package mingw-w64-x86-64-dev)" 'MIT AND BSD-3-Clause'
+  spdx_package CLI11 'CLI11, in vw.exe' "$(version_of_package libcli11-dev)" 'BSD-3-Clause'
+  spdx_package Json 'nlohmann-json, in vw.exe' "$(version_of_package nlohmann-json3-dev)" 'MIT'
   spdx_package Text 'text of the Authorized Version' "$(version_of_package sword-text-kjv)" 'NOASSERTION'
   while IFS= read -r file; do
     printf '\nFileName: %s\nSPDXID: SPDXRef-File-%d\n' "$file" $((++number))
@@ -50,7 +52,7 @@ END
     printf 'LicenseConcluded: NOASSERTION\nLicenseInfoInFile: NOASSERTION\nFileCopyrightText: NOASSERTION\n'
   done < <(cd "$folder" && find . -type f | sort)
   printf '\nRelationship: SPDXRef-DOCUMENT DESCRIBES SPDXRef-Versewell\n'
-  printf 'Relationship: SPDXRef-Versewell STATIC_LINK SPDXRef-%s\n' Libstdcxx Mingw Winpthreads
+  printf 'Relationship: SPDXRef-Versewell STATIC_LINK SPDXRef-%s\n' Libstdcxx Mingw Winpthreads CLI11 Json
   printf 'Relationship: SPDXRef-Versewell CONTAINS SPDXRef-Text\n'
 }
 
