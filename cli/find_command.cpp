@@ -10,9 +10,11 @@
 #include "cli/text_folder.h"
 #include "cli/utf8.h"
 #include "cli/verse_output.h"
+#include "notes/note_letters.h"
 #include "scripture/books.h"
 #include "search/key_word_marks.h"
 #include "search/near_search.h"
+#include "search/near_text.h"
 #include "search/search_engine.h"
 #include "verselist/hits_by_book.h"
 
@@ -72,8 +74,8 @@ static void CheckWords(const SearchState& state) {
 }
 
 static void CheckNear(const SearchState& state, std::size_t words) {
-    if (const char* problem = ProblemOfNearText(state.searchText))
-        throw Complaint{kBadUse, "WORDS: " + std::string(problem)};
+    const std::u16string problemOfText = ProblemOfNearText(LettersOfUtf8(state.searchText));  // which is ASCII
+    if (!problemOfText.empty()) throw Complaint{kBadUse, "WORDS: " + Utf8Of(problemOfText)};
     if (const char* problem = ProblemOfNearDistance(state.nearOptions, words))
         throw Complaint{kBadUse, "--near: " + std::string(problem)};
 }
