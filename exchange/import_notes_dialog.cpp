@@ -138,8 +138,11 @@ static void ShowText(HWND dialog) {
     UseNotesFont(text);
     const UnplacedText* unplaced = SelectedUnplaced(dialog);
     if (unplaced == nullptr) return SetPlainText(text, u"");
+    static constexpr std::size_t kShownLetters = 10'000;  // the field lays all of them out: millions take minutes
     const std::u16string why = LettersOfUtf8(UnplacedLine(*unplaced));
-    SetPlainText(text, why + u"\r\n\r\n" + LettersOfNote(TheNoteFiles().codePage, unplaced->text));
+    const std::u16string letters = LettersOfNote(TheNoteFiles().codePage, unplaced->text);
+    const bool isWhole = letters.size() <= kShownLetters;
+    SetPlainText(text, why + u"\r\n\r\n" + letters.substr(0, kShownLetters) + (isWhole ? u"" : u"..."));
 }
 
 // Of a new note there is only one text to choose.
@@ -172,7 +175,10 @@ static std::string SummaryOf(const ImportDialog& state) {
 
 static void ShowSummary(HWND dialog) {
     SetDlgItemTextW(dialog, IDC_IMPORT_COUNTS, WideOfUtf8(SummaryOf(theImport)).c_str());
-    EnableWindow(GetDlgItem(dialog, IDOK), theImport.plan && ChangesOf(*theImport.plan) > 0);
+    const bool canImport = theImport.plan && ChangesOf(*theImport.plan) > 0;
+    EnableWindow(GetDlgItem(dialog, IDOK), canImport);
+    // Enter would press a disabled button, that is, do nothing.
+    SendMessageA(dialog, DM_SETDEFID, canImport ? IDOK : IDC_IMPORT_FILE, 0);
 }
 
 static void Plan(HWND dialog) {

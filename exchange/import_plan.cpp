@@ -30,17 +30,22 @@ static std::vector<EarlierNote> EarlierNotesByVerse(const NoteFiles& files, cons
     return notes;
 }
 
-static bool IsAmong(const std::vector<EarlierNote>& earlier, const ExchangedNote& note) {
+static bool IsAny(KeptReason) {
+    return true;
+}
+
+static bool IsAmong(const std::vector<EarlierNote>& earlier, const ExchangedNote& note, bool (*counts)(KeptReason)) {
     auto found = std::ranges::lower_bound(earlier, note.verse, {}, &EarlierNote::verse);
     for (; found != earlier.end() && found->verse == note.verse; ++found)
-        if (found->text == note.note) return true;
+        if (found->text == note.note && counts(found->reason)) return true;
     return false;
 }
 
 static ImportKind KindOf(const std::vector<EarlierNote>& earlier, const std::string& mine, const ExchangedNote& note) {
-    if (mine.empty()) return IsAmong(earlier, note) ? ImportKind::kOlder : ImportKind::kNew;  // it was emptied there
+    const bool wasEmptied = mine.empty() && IsAmong(earlier, note, WasInSet);
+    if (mine.empty()) return wasEmptied ? ImportKind::kOlder : ImportKind::kNew;
     if (note.digest == DigestOf(mine)) return ImportKind::kChanged;
-    if (note.digest == DigestOf(note.note) || IsAmong(earlier, note)) return ImportKind::kOlder;
+    if (note.digest == DigestOf(note.note) || IsAmong(earlier, note, IsAny)) return ImportKind::kOlder;
     return ImportKind::kConflict;
 }
 

@@ -2,7 +2,7 @@
 //
 // A note is compared with that of the set now, and with what it was when the file was exported, which the file tells by
 // a digest:
-//   - the set has no note: new, or older if the imported one is among the earlier notes, because it was emptied there;
+//   - the set has no note: new, or older if the imported one is among the notes it had, because it was emptied there;
 //   - both are equal, or the set's note already has the imported one as a part (notes/joined_texts.h): the same;
 //   - the set's note is still as it was exported: changed in the file, also if it was emptied there;
 //   - the imported one is as it was exported, or is among the set's earlier notes: older;

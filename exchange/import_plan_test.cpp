@@ -87,6 +87,14 @@ TEST(ImportPlan, KnowsEarlierNotes) {
     EXPECT_EQ(plan.notes[1].kind, ImportKind::kConflict);  // of another verse
 }
 
+// Also kept among the earlier notes, but never in the set: what a stopped import leaves, for example.
+TEST(ImportPlan, TakesDraftsForNew) {
+    FakeNoteFiles files = FilesWith({});
+    KeepEarlierNotes(DeviceOver(files), "a", std::vector<EarlierNote>{{1, 7, KeptReason::kLeftOver, "draft"}});
+    EXPECT_THAT(PlanOf(files, {{7, "draft", {}}}).notes,
+                ElementsAre(PlannedNote{7, ImportKind::kNew, "", "draft", kTake}));
+}
+
 TEST(ImportPlan, LeavesNotesEmptyThatWereEmptiedSince) {
     FakeNoteFiles files = FilesWith({{1, "one"}});
     KeepEarlierNotes(DeviceOver(files), "a", std::vector<EarlierNote>{{1, 7, KeptReason::kReplaced, "then"}});

@@ -19,10 +19,8 @@ struct VerseStates {
 
 }  // namespace
 
-// Drafts that were never saved, for example, are no states of a set.
 static bool IsState(const EarlierNote& note) {
-    return note.reason == KeptReason::kReplaced || note.reason == KeptReason::kMerged ||
-           note.reason == KeptReason::kRestored || note.reason == KeptReason::kImported;
+    return WasInSet(note.reason);
 }
 
 // ---- The text that both sets had ------------------------------------------------------------------------------------

@@ -47,6 +47,12 @@ enum class KeptReason : std::uint32_t {
     kImported = 9,     // an import put another text in its place
 };
 
+// Was it the text of a note in the set? Drafts that were never saved, for example, were not.
+constexpr bool WasInSet(KeptReason reason) {
+    return reason == KeptReason::kReplaced || reason == KeptReason::kMerged || reason == KeptReason::kRestored ||
+           reason == KeptReason::kImported;
+}
+
 struct EarlierNote {
     std::int64_t time = 0;  // seconds since 1970, UTC
     int verse = 0;

@@ -16,6 +16,7 @@
 using testing::AllOf;
 using testing::Contains;
 using testing::ElementsAre;
+using testing::EndsWith;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::StartsWith;
@@ -229,6 +230,7 @@ TEST(ImportNotes, SaysWhyAFileCannotBeRead) {
     WriteFile(folder, "empty.csv", "");
     WriteFile(folder, "picture.png", "no notes");
     WriteFile(folder, "table.csv", "Colour,Size\r\nred,12\r\n");
+    WriteFile(folder, "long.txt", "=== John 1:1 ===\r\n" + std::string(3'000'000, 'z'));
     std::filesystem::create_directory(folder.path / "no texts");
     const Program program = StartProgram(folder);
     const UniqueHandle held(
@@ -253,7 +255,8 @@ TEST(ImportNotes, SaysWhyAFileCannotBeRead) {
         Press(program, "Alt+f");
         GivePath(program, "Open", folder.path / name);
     };
-    give("picture.png");
+    Press(program, "Enter");  // which is not for the disabled button
+    GivePath(program, "Open", folder.path / "picture.png");
     expect("none of the formats", IDC_IMPORT_FILE);
     give("held.txt");
     expect("Another program may have it open", IDC_IMPORT_FILE);
@@ -263,6 +266,9 @@ TEST(ImportNotes, SaysWhyAFileCannotBeRead) {
     }
     ChooseFolder(program, folder.path / "no texts");
     expect("This folder has no text files", IDC_IMPORT_FOLDER);
+    give("long.txt");
+    EXPECT_EQ(Counts(dialog), "1 not placed.");
+    EXPECT_THAT(TextOf(dialog, IDC_IMPORTED_TEXT), AllOf(HasSubstr("longer than a note"), EndsWith("zzz...")));
     WriteFile(folder, "good.csv", "Reference,Note\r\nGenesis 1:2,\"good\"\r\n");
     give("good.csv");
     EXPECT_EQ(Counts(dialog), "1 note: 1 new.");
