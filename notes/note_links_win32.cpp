@@ -249,5 +249,5 @@ void ScrollToReferenceThatNames(HWND view, int verse) {
     const LONG begin = LettersOf(*reference).begin;
     CHARRANGE caret{begin, begin};
     SendMessageA(view, EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&caret));
-    SendMessageA(view, EM_SCROLLCARET, 0, 0);
+    ScrollToCharacter(view, begin);
 }

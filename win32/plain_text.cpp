@@ -84,6 +84,15 @@ static void ScrollBy(HWND richEdit, LONG pixels) {
     if (pixels != 0) SendMessageA(richEdit, EM_SETSCROLLPOS, 0, reinterpret_cast<LPARAM>(&corner));
 }
 
+void ScrollToCharacter(HWND richEdit, LONG place) {
+    RECT client{};
+    GetClientRect(richEdit, &client);
+    const LONG y = CornerOfCharacter(richEdit, place).y;
+    if (y >= 0 && y < 2 * client.bottom / 3) return;
+    ScrollBy(richEdit, y - client.bottom / 3);
+    ScrollBackToText(richEdit);
+}
+
 static bool ShowsCaretToType(HWND richEdit) {
     if (GetWindowLongPtrA(richEdit, GWL_STYLE) & ES_READONLY) return false;
     RECT client{};

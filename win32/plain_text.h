@@ -65,6 +65,10 @@ void PutCaretWhereClicked(HWND richEdit, POINT point);
 // line, the control also selects the line's end. Leaves that out.
 void KeepSelectionInLineAt(HWND richEdit, int y);
 
+// Shows the line of the character at `place` with lines before and behind it: unless it is in the upper two thirds of
+// the control, it is moved to the end of the first third, as far as the text allows.
+void ScrollToCharacter(HWND richEdit, LONG place);
+
 // Where the selection starts.
 LONG SelectionStart(HWND richEdit);
 
