@@ -395,6 +395,7 @@ static const PaneKind kVerseList = {
 };
 
 static LRESULT CALLBACK VerseListProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_LBUTTONDOWN && GetFocus() == window) theVerseList.followed.verse = kNoVerse;
     return ReadingPaneProcedure(kVerseList, window, message, wParam, lParam);
 }
 
@@ -466,6 +467,7 @@ static void AwaitPaint(HWND box) {
 
 static LRESULT CALLBACK ReferencesProcedure(HWND box, UINT message, WPARAM wParam, LPARAM lParam) {
     if (NeedsLines(message)) FillReferenceList();
+    if (message == WM_LBUTTONDOWN) theVerseList.followed.verse = kNoVerse;
     switch (message) {
         case WM_KEYDOWN:
             if (OnReferencesKey(wParam)) return 0;

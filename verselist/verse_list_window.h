@@ -31,6 +31,8 @@ struct VerseListPane : ReadingPane {
     ListedQuestion question;    // that the notes answer
     int content = 0;            // its number
     ListPosition followed;      // of the entry whose note was shown last, because the user came to it
+                                // (no verse after a click: its note is shown even if it is the same entry, because
+                                // another one may have been read meanwhile)
     int contents = 0;           // the highest number yet
     ListContent replaced;       // by the last filling, until it is taken
     KnownEntries known;         // for this query and the pane's font
