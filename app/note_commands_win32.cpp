@@ -155,8 +155,7 @@ static int VerseInFocus() {
 
 static EntrySets SetsOf(const std::vector<NamingNote>& naming, int about) {
     EntrySets listed{.about = about};
-    for (const NoteSet& set : theNoteSets.sets)
-        listed.sets.push_back({NoteSetName(set), TabName(TheNoteFiles(), set) + ": "});
+    for (const NoteSet& set : theNoteSets.sets) listed.sets.push_back(AsEntrySet(set));
     for (const NamingNote& note : naming) listed.ofEntries.push_back(static_cast<std::uint8_t>(note.set));
     return listed;
 }
@@ -183,12 +182,10 @@ void ShowNotesAbout(int) {
     ShowVerseListAtOnce();
 }
 
-// A set that has gone, or has another name now, is none.
+// kNoSet if it has gone.
 static int SetOf(const ListPosition& entry) {
-    const int named = entry.set.empty() ? kNoSet : SetNamed(theNoteSets, entry.set);
-    return named != kNoSet
-               ? named
-               : SetWithListedNote(TheNoteFiles(), theNoteSets, SystemLetters(), theVerseList.question, entry.verse);
+    if (!entry.set.empty()) return SetNamed(theNoteSets, entry.set);
+    return SetWithListedNote(TheNoteFiles(), theNoteSets, SystemLetters(), theVerseList.question, entry.verse);
 }
 
 // Once for each entry, so that another note can be read meanwhile.
@@ -197,6 +194,7 @@ void FollowListedNotes(int) {
     if (!FollowEntry(theVerseList.followed, VerseListPosition())) return;
     const ListPosition& entry = theVerseList.followed;
     const int before = theNoteSets.currentSet, set = SetOf(entry);
+    if (set == kNoSet) return;  // the note of another set is not that of the entry
     if (set != before || entry.verse != theNoteSets.currentVerse) ShowNoteOfSet(set, entry.verse);
     if (set != before) RepaintNoteMarks();
     if (!entry.set.empty()) ScrollToReferenceThatNames(theNotes.view, theVerseList.list.sets.about);

@@ -5,6 +5,7 @@
 
 #include "app/frame_win32.h"
 #include "app/note_commands_win32.h"
+#include "app/place_commands_win32.h"
 #include "exchange/export_notes_dialog.h"
 #include "exchange/import_notes_dialog.h"
 #include "history/earlier_states_dialog.h"
@@ -19,6 +20,7 @@
 #include "pane/status_bar_win32.h"
 #include "passage/passage_window.h"
 #include "resources/ids.h"
+#include "verselist/list_content_win32.h"
 #include "verselist/verse_list_window.h"
 #include "win32/controls.h"
 
@@ -54,11 +56,12 @@ void CreateSet(int) {
 }
 
 static void RenameSetTo(std::u16string_view name) {
-    const std::string inUse = NameInUse(TheNoteFiles(), name);
+    const std::string before = NoteSetName(*CurrentSet(theNoteSets)), inUse = NameInUse(TheNoteFiles(), name);
     const std::string problem = RenameNoteSet(TheNoteFiles(), theNoteSets, name);
     TellNameInUse(problem.empty() ? "" : inUse);
     if (!problem.empty()) return Complain(theFrame.window, problem.c_str());
     ShowNewTabs();
+    FollowRenamedSet(before, AsEntrySet(*CurrentSet(theNoteSets)));
 }
 
 void RenameSet(int) {

@@ -191,6 +191,11 @@ void GoThroughPlaces(int command) {
     RefreshCommands();
 }
 
+void FollowRenamedSet(const std::string& before, const EntrySets::Set& now) {
+    RenameSet(thePlaces, before, now);
+    ShowRenamedSet(before, now);
+}
+
 // ---- Keys and buttons -----------------------------------------------------------------------------------------------
 
 static bool IsInFrame(const MSG& message) {

@@ -2,7 +2,9 @@
 #pragma once
 
 #include <functional>
+#include <string>
 
+#include "verselist/verse_list.h"
 #include "win32/windows_api.h"
 
 // Does `move`. If Passage, note or list are then another one, that was a jump, and Back leads to where they were. A
@@ -26,6 +28,9 @@ void GoThroughPlaces(int command);
 // Takes Backspace and Shift+Backspace, except in the note editor, and the mouse's buttons for back and forward anywhere
 // in the frame. Returns whether the message was one of them, or the release of such a button.
 bool StepsThroughPlaces(const MSG& message);
+
+// To be called when a note set has got another name.
+void FollowRenamedSet(const std::string& before, const EntrySets::Set& now);
 
 // The command of the keyboard's own keys for back and forward: WM_APPCOMMAND. False if it is another one.
 bool OnAppCommand(int appCommand);

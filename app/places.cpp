@@ -127,6 +127,15 @@ static void DropOldDeletions(KeptList& list) {
     list.deletions.erase(list.deletions.begin(), kept);
 }
 
+void RenameSet(Places& places, const std::string& before, const EntrySets::Set& now) {
+    for (Place& place : places.visited)
+        if (place.noteSet == before) place.noteSet = now.name;
+    for (KeptList& list : places.lists) {
+        RenameSet(list.sets, before, now);
+        if (list.question.set == before) list.question.set = now.name;
+    }
+}
+
 void KeepList(Places& places, KeptList list) {
     DropOldDeletions(list);
     const auto behind = std::ranges::upper_bound(places.lists, list.number, {}, &KeptList::number);

@@ -79,6 +79,9 @@ void KeepJump(Places& places, const Place& left);
 Place GoBack(Places& places, const ShownPlace& left);
 Place GoForward(Places& places, const ShownPlace& left);
 
+// To be called when a note set has got another name: places and lists go on with it.
+void RenameSet(Places& places, const std::string& before, const EntrySets::Set& now);
+
 // Keeps a list that is no longer shown, unless no place has it, with as many of its deletions as fit into
 // kMostBytesOfList. The oldest ones beyond kMostLists are dropped; of their
 // places Passage and note remain.

@@ -119,6 +119,22 @@ TEST(Places, ArePassedOverWithoutTheirSet) {
     EXPECT_FALSE(CanGoForward(places, {other, false, [](const std::string&) { return false; }}));
 }
 
+TEST(Places, GoOnWithARenamedSet) {
+    Places places;
+    Place other = At(1);
+    other.noteSet = "Old";
+    KeepJump(places, other);
+    KeptList list;
+    list.sets = {{{"Mine", "Mine: "}, {"Old", "Old: "}}, {1}};
+    list.question.set = "Old";
+    places.lists.push_back(list);
+    RenameSet(places, "Old", {"Yours", "Yours: "});
+    EXPECT_EQ(places.lists[0].sets.sets[0].name, "Mine");
+    EXPECT_EQ(places.lists[0].sets.sets[1].label, "Yours: ");
+    EXPECT_EQ(places.lists[0].question.set, "Yours");
+    EXPECT_EQ(GoBack(places, Now(2)).noteSet, "Yours");
+}
+
 TEST(Places, AreTwoHundred) {
     Places places;
     for (int verse = 0; verse < 1000; ++verse) KeepJump(places, At(verse));

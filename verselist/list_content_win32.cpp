@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "notes/note_files_win32.h"
+
 // Gives the pane another query, whose entries follow, and returns what it is filled with.
 static ListContent Exchange(int number, Query query, bool isOfNotes) {
     VerseListPane& pane = theVerseList;
@@ -44,6 +46,23 @@ void ShowNotesOfSets(std::vector<std::int32_t> verses, EntrySets sets) {
     FillWithNotes(theVerseList.list, std::move(verses), std::move(sets));
     ShowNewEntries(BookForm::kName);
     FocusVerseList();
+}
+
+EntrySets::Set AsEntrySet(const NoteSet& set) {
+    return {NoteSetName(set), TabName(TheNoteFiles(), set) + ": "};
+}
+
+void ShowRenamedSet(const std::string& before, const EntrySets::Set& now) {
+    if (theVerseList.question.set == before) theVerseList.question.set = now.name;
+    if (theVerseList.followed.set == before) theVerseList.followed.set = now.name;
+    if (theVerseList.list.sets.sets.empty()) return;
+    const ReferenceLines lines = ShownReferenceLines();
+    RenameSet(theVerseList.list.sets, before, now);
+    theVerseList.known = {};
+    theVerseList.told.isStale = true;
+    theVerseList.references.awaitsLines = true;
+    SendMessageA(theVerseList.references.window, WM_NULL, 0, 0);  // gets its lines
+    ShowListPlace(theVerseList.list.ListTop, lines);
 }
 
 void ShowReferences(const std::vector<std::int32_t>& verses) {

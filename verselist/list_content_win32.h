@@ -4,6 +4,7 @@
 
 #include <vector>
 
+#include "notes/note_sets.h"
 #include "search/query.h"
 #include "verselist/verse_list_window.h"
 
@@ -16,6 +17,12 @@ void ShowVersesWithNotes(std::vector<std::int32_t> verses, ListedQuestion questi
 
 // The same for notes: each entry is the verse of one, with its set in front.
 void ShowNotesOfSets(std::vector<std::int32_t> verses, EntrySets sets);
+
+// The set as it stands in front of entries.
+EntrySets::Set AsEntrySet(const NoteSet& set);
+
+// To be called when a note set has got another name.
+void ShowRenamedSet(const std::string& before, const EntrySets::Set& now);
 
 // Shows the verses of a cross-reference line in both views. The Reference List shows abbreviated references, no key
 // words are marked, and the focus does not change.

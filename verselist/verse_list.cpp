@@ -52,6 +52,11 @@ const EntrySets::Set* SetOfEntry(const VerseList& list, int entry) {
     return HasSets(list) ? &list.sets.sets[NumberOfSet(list, entry)] : nullptr;
 }
 
+void RenameSet(EntrySets& sets, const std::string& before, const EntrySets::Set& now) {
+    for (EntrySets::Set& set : sets.sets)
+        if (set.name == before) set = now;
+}
+
 VerseList EntryAlone(const VerseList& list, int entry) {
     VerseList alone;
     alone.ListEntries = {list.ListEntries[static_cast<std::size_t>(entry)]};

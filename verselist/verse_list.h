@@ -70,6 +70,9 @@ void ClearVerseList(VerseList& list);
 // The set of an entry; null in a list of verses.
 const EntrySets::Set* SetOfEntry(const VerseList& list, int entry);
 
+// To be called when a note set has got another name.
+void RenameSet(EntrySets& sets, const std::string& before, const EntrySets::Set& now);
+
 // A list of this entry alone.
 VerseList EntryAlone(const VerseList& list, int entry);
 

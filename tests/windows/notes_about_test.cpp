@@ -97,6 +97,19 @@ TEST(NotesAbout, AreListedWithTheirSets) {
     Press(program, "Alt+1");
     Press(program, "End");
     EXPECT_EQ(NoteWithSet(program), "John 11:2 of Sermons");
+
+    // A set that is renamed is the same one.
+    Command(program, IDM_RENAME_NOTE_SET);
+    WaitForDialog(program, "Change name of note set Sermons");
+    Type(program, "Talks");
+    Press(program, "Enter");
+    WaitForNoDialog(program);
+    EXPECT_EQ(ListedLines(program).back(), "Talks: John 11:2");
+    Press(program, "Alt+1");
+    Press(program, "Home");
+    EXPECT_EQ(NoteWithSet(program), "Genesis 1:6 of Mine");
+    Press(program, "End");
+    EXPECT_EQ(NoteWithSet(program), "John 11:2 of Talks");
 }
 
 TEST(NotesAbout, FollowTheFocusAndWhatIsSaved) {
