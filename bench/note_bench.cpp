@@ -11,6 +11,7 @@
 #include <chrono>
 #include <filesystem>
 
+#include "bench/large_set.h"
 #include "bench/note_listing.h"
 #include "bench/outcomes.h"
 #include "notes/note_history.h"
@@ -26,22 +27,7 @@ static constexpr double kMostSearchTime = 10;   // milliseconds
 static constexpr double kMostTimesCopy = 1.5;   // for a save, which also keeps the text that it replaces
 
 static std::string TextOfNote(int verse) {
-    std::string text = "Note of verse " + std::to_string(verse) + ".\r\n";
-    while (text.size() < kNoteSize - 1) text += "a line of this note\r\n";
-    return text.substr(0, kNoteSize - 1);
-}
-
-static void WriteLargeSet(const std::string& folder) {
-    std::vector<unsigned char> data, index;
-    for (int verse = 0; verse < kVerseCount; ++verse) {
-        for (unsigned shift = 0; shift < 32; shift += 8)
-            index.push_back(static_cast<unsigned char>(data.size() >> shift & 0xFF));
-        const std::string text = TextOfNote(verse);
-        data.insert(data.end(), text.begin(), text.end());
-        data.push_back(0);
-    }
-    WriteWholeFile(folder + "Large.nmd", data);
-    WriteWholeFile(folder + "Large.nmi", index);
+    return FilledNote("Note of verse " + std::to_string(verse) + ".\r\n", kNoteSize);
 }
 
 template <typename Procedure>
@@ -216,7 +202,7 @@ static void MeasureSearch(const std::string& folder, const NoteFiles& files, Not
 static void Measure(const std::string& folder) {
     RealNoteFiles real{folder};
     const NoteFiles files = DeviceOver(real);
-    WriteLargeSet(folder);
+    WriteLargeSet(folder + "Large", TextOfNote);
     NoteSets notes;
     PrintPair("opening and checking a set of 62 MB / reading it",
               Compare([&] { OpenSets(files, notes); }, [&] { ReadBothFiles(folder); }));

@@ -10,9 +10,11 @@
 #include <cctype>
 #include <filesystem>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "bench/contest.h"
+#include "bench/large_set.h"
 #include "bench/outcomes.h"
 #include "notes/listed_notes.h"
 #include "notes/text_sweep.h"
@@ -33,22 +35,12 @@ static std::string TextOfNote(int verse) {
     if (verse % 7 == 0) text += "Of Grace\r\n";
     if (verse % 11 == 0) text += "and truth.\r\n";
     if (verse % 5 == 0) text += "graceful, truthful\r\n";
-    while (text.size() < kNoteSize - 1) text += "a line of this note\r\n";
-    return text.substr(0, kNoteSize - 1);
+    return FilledNote(std::move(text), kNoteSize);
 }
 
 // All sets are one file under several names.
 static void WriteSets(const std::string& folder) {
-    std::vector<unsigned char> data, index;
-    for (int verse = 0; verse < kVerseCount; ++verse) {
-        for (unsigned shift = 0; shift < 32; shift += 8)
-            index.push_back(static_cast<unsigned char>(data.size() >> shift & 0xFF));
-        const std::string text = TextOfNote(verse);
-        data.insert(data.end(), text.begin(), text.end());
-        data.push_back(0);
-    }
-    WriteWholeFile(folder + "Set 0.nmd", data);
-    WriteWholeFile(folder + "Set 0.nmi", index);
+    WriteLargeSet(folder + "Set 0", TextOfNote);
     for (int set = 1; set < kSets; ++set)
         for (const char* ending : {".nmd", ".nmi"})
             std::filesystem::create_hard_link(folder + "Set 0" + ending,
