@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "notes/note_editor_window.h"
 #include "notes/note_files_win32.h"
 #include "output/format_dialog.h"
 #include "pane/status_bar_win32.h"
@@ -11,8 +10,8 @@
 #include "typeset/html_text.h"
 #include "verselist/verse_list_copy.h"
 #include "verselist/verse_list_flow.h"
+#include "verselist/verse_list_menu_win32.h"
 #include "win32/controls.h"
-#include "win32/popup_menu.h"
 
 static constexpr char kVerseListClass[] = "VERSELIST";
 
@@ -288,34 +287,9 @@ static void BringUp(int entry) {
 
 // ---- The context menu -----------------------------------------------------------------------------------------------
 
-// "F10" in the row of the note is kept on purpose, although the key is F9. Enter and Delete work only in this pane.
-static std::vector<MenuRow> Rows(int verseIndex) {
-    const std::string verse = ReferenceText(theScripture.records, verseIndex, BookForm::kAbbreviation);
-    const bool noSelection = theSelection.SelectionOwner != kVerseListOwns;
-    const bool noMarks = theSelection.SelectionOwner != kReferenceListOwns;
-    const bool editing = IsEditingNote();
-    return {
-        {IDM_COPY, "Copy Selected Text\t", noSelection && noMarks},
-        {IDM_COPY_VERSE_LIST, "Copy Verse List\t"},
-        {IDM_SAVE_VERSE_LIST, "Save Verse List..."},
-        {IDM_PRINT_VERSE_LIST, "Print Verse List..."},
-        {IDM_COPY_HITS, "Copy Hits by Book\t"},
-        {},
-        {IDM_CONTEXT, "Read Context of " + verse + "\tEnter"},
-        {},
-        {IDM_DELETE_ENTRY, "Delete " + verse + " From List\tDelete"},
-        {},
-        {IDM_NOTE_FOR_LIST, "Go to Note (" + verse + ")\tF10", editing},
-        {},
-        {IDM_WORD_SEARCH, "Word Search with Selected Text...", noSelection},
-        {IDM_PHRASE_SEARCH, "Phrase Search with Selected Text...", noSelection},
-        {IDM_SEARCH_NOTES, "Search Notes with Selected Text...", noSelection},
-    };
-}
-
 static void OpenMenu(POINT onScreen) {
     const int verse = VerseListCurrentVerse();
-    if (verse != kNoVerse) OpenPopupMenu(theVerseList.window, onScreen, Rows(verse));
+    if (verse != kNoVerse) OpenPopupMenu(theVerseList.window, onScreen, VerseListMenu(verse));
 }
 
 // By their keys, the same commands take the first selected entry, which after a drag upwards is not the one that the
@@ -405,7 +379,7 @@ static void OpenReferencesMenu(int x, int y) {
     const HWND box = theVerseList.references.window;
     if (GetFocus() != box) SetFocus(box);
     const int verse = VerseOfCaretLine();
-    if (verse != kNoVerse) OpenPopupMenu(box, FromCornerOf(box, x, y), Rows(verse));
+    if (verse != kNoVerse) OpenPopupMenu(box, FromCornerOf(box, x, y), VerseListMenu(verse));
 }
 
 static void OnReferencesCommand(int command) {
