@@ -41,21 +41,6 @@ static ShownPlace WhatIsShown() {
     return {CurrentPlace(), ListCount(theVerseList.list) == 0, HasSet};
 }
 
-static KeptList Kept(ListContent content, std::string summary) {
-    return {
-        .number = content.number,
-        .verses = Packed(content.verses),
-        .query = std::move(content.query),
-        .form = content.form,
-        .canBeSaved = content.canBeSaved,
-        .isOfNotes = content.isOfNotes,
-        .sets = std::move(content.sets),
-        .question = std::move(content.question),
-        .deletions = std::move(content.deletions),
-        .summary = std::move(summary),
-    };
-}
-
 static void Leave(const Place& place, const std::string& summary) {
     KeepJump(thePlaces, place);
     if (theVerseList.replaced.number == place.list)
@@ -110,19 +95,10 @@ static void ShowKept(KeptList list) {
     const bool isSelected =
         theSelection.SelectionOwner == kVerseListOwns || theSelection.SelectionOwner == kReferenceListOwns;
     if (isSelected) DropSelection();
-    ListContent before = ShowContent({
-        .number = list.number,
-        .verses = Unpacked(list.verses),
-        .query = std::move(list.query),
-        .form = list.form,
-        .canBeSaved = list.canBeSaved,
-        .isOfNotes = list.isOfNotes,
-        .sets = std::move(list.sets),
-        .question = std::move(list.question),
-        .deletions = std::move(list.deletions),
-    });
+    const std::string summaryOfList = std::move(list.summary);
+    ListContent before = ShowContent(ContentOf(std::move(list)));
     KeepList(thePlaces, Kept(std::move(before), summary));
-    ShowStatus(StatusPart::kSearchSummary, list.summary);
+    ShowStatus(StatusPart::kSearchSummary, summaryOfList);
     if (ListCount(theVerseList.list) == 0) ShowStatus(StatusPart::kListEntry, "");
 }
 

@@ -39,6 +39,10 @@ std::vector<std::int32_t> Unpacked(const PackedVerses& packed) {
 
 // ---- Places ---------------------------------------------------------------------------------------------------------
 
+static int NumberOf(const KeptList& list) {
+    return list.content.number;
+}
+
 static bool HasOtherLines(const Place& place, const Place& shown) {
     if (place.caretLine < 0 || shown.caretLine < 0) return false;  // one of them does not show lines
     return place.caretLine != shown.caretLine || place.topLine != shown.topLine;
@@ -47,7 +51,7 @@ static bool HasOtherLines(const Place& place, const Place& shown) {
 static bool ShowsOtherList(const Places& places, const Place& place, const ShownPlace& shown) {
     if (place.list == shown.place.list)
         return place.listTop != shown.place.listTop || HasOtherLines(place, shown.place);
-    const auto kept = std::ranges::find(places.lists, place.list, &KeptList::number);
+    const auto kept = std::ranges::find(places.lists, place.list, NumberOf);
     return kept != places.lists.end() && !(shown.listIsEmpty && kept->verses.words.empty());
 }
 
@@ -85,7 +89,7 @@ static bool HasList(const Places& places, int number) {
 }
 
 static void DropUnneededLists(Places& places) {
-    std::erase_if(places.lists, [&](const KeptList& list) { return !HasList(places, list.number); });
+    std::erase_if(places.lists, [&](const KeptList& list) { return !HasList(places, NumberOf(list)); });
     while (places.lists.size() > kMostLists) places.lists.erase(places.lists.begin());
 }
 
@@ -115,36 +119,47 @@ Place GoForward(Places& places, const ShownPlace& left) {
 
 // ---- Lists ----------------------------------------------------------------------------------------------------------
 
+KeptList Kept(ListContent content, std::string summary) {
+    PackedVerses verses = Packed(std::exchange(content.verses, {}));
+    return {std::move(content), std::move(verses), std::move(summary)};
+}
+
+ListContent ContentOf(KeptList list) {
+    list.content.verses = Unpacked(list.verses);
+    return std::move(list.content);
+}
+
 static std::size_t BytesOf(const Deletion& deletion) {
     return sizeof deletion + deletion.entries.size() * sizeof(DeletedEntry) + deletion.summary.size();
 }
 
 static void DropOldDeletions(KeptList& list) {
     std::size_t bytes = list.verses.words.size() * sizeof(std::uint16_t);
-    auto kept = list.deletions.end();
-    while (kept != list.deletions.begin() && bytes + BytesOf(*std::prev(kept)) <= kMostBytesOfList)
+    std::vector<Deletion>& deletions = list.content.deletions;
+    auto kept = deletions.end();
+    while (kept != deletions.begin() && bytes + BytesOf(*std::prev(kept)) <= kMostBytesOfList)
         bytes += BytesOf(*--kept);
-    list.deletions.erase(list.deletions.begin(), kept);
+    deletions.erase(deletions.begin(), kept);
 }
 
 void RenameSet(Places& places, const std::string& before, const EntrySets::Set& now) {
     for (Place& place : places.visited)
         if (place.noteSet == before) place.noteSet = now.name;
     for (KeptList& list : places.lists) {
-        RenameSet(list.sets, before, now);
-        if (list.question.set == before) list.question.set = now.name;
+        RenameSet(list.content.sets, before, now);
+        if (list.content.question.set == before) list.content.question.set = now.name;
     }
 }
 
 void KeepList(Places& places, KeptList list) {
     DropOldDeletions(list);
-    const auto behind = std::ranges::upper_bound(places.lists, list.number, {}, &KeptList::number);
+    const auto behind = std::ranges::upper_bound(places.lists, NumberOf(list), {}, NumberOf);
     places.lists.insert(behind, std::move(list));
     DropUnneededLists(places);
 }
 
 std::optional<KeptList> TakeList(Places& places, int number) {
-    const auto kept = std::ranges::find(places.lists, number, &KeptList::number);
+    const auto kept = std::ranges::find(places.lists, number, NumberOf);
     if (kept == places.lists.end()) return std::nullopt;
     std::optional<KeptList> list = std::move(*kept);
     places.lists.erase(kept);

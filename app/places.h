@@ -8,10 +8,8 @@
 #include <string>
 #include <vector>
 
-#include "notes/listed_notes.h"
 #include "scripture/verse_records.h"
-#include "search/query.h"
-#include "verselist/verse_list.h"
+#include "verselist/list_content.h"
 
 struct Place {
     int topVerse = 0;       // of the Passage
@@ -37,17 +35,14 @@ std::vector<std::int32_t> Unpacked(const PackedVerses& packed);
 
 // What the Verse List was filled with, and what the status bar said of it.
 struct KeptList {
-    int number = 0;
-    PackedVerses verses;
-    Query query;
-    BookForm form = BookForm::kName;
-    bool canBeSaved = false;
-    bool isOfNotes = false;
-    EntrySets sets{};
-    ListedQuestion question{};
-    std::vector<Deletion> deletions{};  // the latest
-    std::string summary;
+    ListContent content{};  // without its verses
+    PackedVerses verses{};
+    std::string summary{};
 };
+
+// And back again.
+KeptList Kept(ListContent content, std::string summary);
+ListContent ContentOf(KeptList list);
 
 inline constexpr std::size_t kMostPlaces = 200;
 inline constexpr std::size_t kMostBytesOfList = 4096;  // of its verses and deletions

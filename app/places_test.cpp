@@ -20,16 +20,12 @@ static ShownPlace Now(int verse, int list = 0) {
 }
 
 static KeptList ListNumbered(int number) {
-    KeptList list;
-    list.number = number;
-    list.verses = Packed(std::vector<std::int32_t>{number, number + 1});
-    list.summary = std::to_string(number) + " verses";
-    return list;
+    return Kept({.number = number, .verses = {number, number + 1}}, std::to_string(number) + " verses");
 }
 
 static std::vector<int> NumbersOf(const Places& places) {
     std::vector<int> numbers;
-    for (const KeptList& list : places.lists) numbers.push_back(list.number);
+    for (const KeptList& list : places.lists) numbers.push_back(list.content.number);
     return numbers;
 }
 
@@ -125,13 +121,13 @@ TEST(Places, GoOnWithARenamedSet) {
     other.noteSet = "Old";
     KeepJump(places, other);
     KeptList list;
-    list.sets = {{{"Mine", "Mine: "}, {"Old", "Old: "}}, {1}};
-    list.question.set = "Old";
+    list.content.sets = {{{"Mine", "Mine: "}, {"Old", "Old: "}}, {1}};
+    list.content.question.set = "Old";
     places.lists.push_back(list);
     RenameSet(places, "Old", {"Yours", "Yours: "});
-    EXPECT_EQ(places.lists[0].sets.sets[0].name, "Mine");
-    EXPECT_EQ(places.lists[0].sets.sets[1].label, "Yours: ");
-    EXPECT_EQ(places.lists[0].question.set, "Yours");
+    EXPECT_EQ(places.lists[0].content.sets.sets[0].name, "Mine");
+    EXPECT_EQ(places.lists[0].content.sets.sets[1].label, "Yours: ");
+    EXPECT_EQ(places.lists[0].content.question.set, "Yours");
     EXPECT_EQ(GoBack(places, Now(2)).noteSet, "Yours");
 }
 
@@ -160,7 +156,7 @@ TEST(PlacesLists, AreShownAgainOnTheWayBackAndForward) {
     const auto list = TakeList(places, back.list);
     ASSERT_TRUE(list.has_value());
     EXPECT_EQ(list->summary, "1 verses");
-    EXPECT_THAT(Unpacked(list->verses), ElementsAre(1, 2));
+    EXPECT_THAT(ContentOf(*list).verses, ElementsAre(1, 2));
     KeepList(places, ListNumbered(2));
     EXPECT_THAT(NumbersOf(places), ElementsAre(0, 2));
     EXPECT_FALSE(TakeList(places, 1).has_value()) << "it is shown now";
@@ -198,7 +194,7 @@ TEST(PlacesLists, ArePassedOverWhenTheyWereDropped) {
 TEST(PlacesLists, ArePassedOverIfBothAreEmpty) {
     Places places;
     KeepJump(places, At(1, 0));
-    KeepList(places, {});
+    KeepList(places, Kept({.number = 0}, ""));
     EXPECT_FALSE(CanGoBack(places, {At(1, 1), true, HasSet}));
     EXPECT_TRUE(CanGoBack(places, Now(1, 1)));
 }
@@ -225,15 +221,15 @@ TEST(PlacesLists, KeepTheirLatestDeletions) {
     static constexpr std::size_t kMany = (kMostBytesOfList - 200) / sizeof(DeletedEntry);
     Places places;
     KeptList list = ListNumbered(0);
-    list.deletions = {DeletionOf(1, "first"), DeletionOf(kMany, "second"), DeletionOf(2, "third")};
+    list.content.deletions = {DeletionOf(1, "first"), DeletionOf(kMany, "second"), DeletionOf(2, "third")};
     KeepJump(places, At(1, 0));
     KeepList(places, list);
-    ASSERT_EQ(places.lists.front().deletions.size(), 2u);
-    EXPECT_EQ(places.lists.front().deletions.front().summary, "second");
-    list.deletions = {DeletionOf(1, "first"), DeletionOf(2 * kMany, "too many")};
+    ASSERT_EQ(places.lists.front().content.deletions.size(), 2u);
+    EXPECT_EQ(places.lists.front().content.deletions.front().summary, "second");
+    list.content.deletions = {DeletionOf(1, "first"), DeletionOf(2 * kMany, "too many")};
     TakeList(places, 0);
     KeepList(places, list);
-    EXPECT_TRUE(places.lists.front().deletions.empty());
+    EXPECT_TRUE(places.lists.front().content.deletions.empty());
 }
 
 // ---- Verses ---------------------------------------------------------------------------------------------------------

@@ -3,25 +3,11 @@
 
 #include <vector>
 
-#include "notes/listed_notes.h"
 #include "pane/reading_pane_win32.h"
-#include "search/query.h"
 #include "verselist/entry_words.h"
+#include "verselist/list_content.h"
 #include "verselist/reference_list_win32.h"
 #include "verselist/verse_list.h"
-
-// What both views are filled with (verselist/list_content_win32.h).
-struct ListContent {
-    int number = -1;  // of the fillings since the start; 0: the empty list of the start; -1: none
-    std::vector<std::int32_t> verses;
-    Query query;
-    BookForm form = BookForm::kName;  // of the Reference List
-    bool canBeSaved = false;
-    bool isOfNotes = false;  // these three as in VerseListPane, or its list
-    EntrySets sets{};
-    ListedQuestion question{};
-    std::vector<Deletion> deletions{};
-};
 
 struct VerseListPane : ReadingPane {
     ReferenceList references;
