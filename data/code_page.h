@@ -5,11 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "notes/note_letters.h"
-
-// The code page in which the program's first sets are made, Windows-1252. The bytes that it leaves unassigned are the
-// control codes of the same number.
-extern const CodePage kWindows1252;
+#include "notes/windows_1252.h"
 
 // Characters of a module that a note does not have.
 struct ReplacedCharacters {

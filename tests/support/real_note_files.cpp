@@ -1,7 +1,5 @@
 #include "tests/support/real_note_files.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -11,12 +9,17 @@
 #include <fstream>
 #include <iterator>
 
+#include "cli/note_files_posix.h"
+
 static RealNoteFiles& FilesOf(void* device) {
     return *static_cast<RealNoteFiles*>(device);
 }
 
-static std::string PathOf(void* device, const std::string& name) {
-    return FilesOf(device).folder + name;
+// What the program does with the folder.
+static NoteFiles OnDisk(void* device) {
+    static thread_local PosixNoteFiles folder;
+    folder.folder = FilesOf(device).folder;
+    return DeviceOver(folder);
 }
 
 static void TakeStep(void* device) {
@@ -25,137 +28,132 @@ static void TakeStep(void* device) {
     if (steps > 0) --steps;
 }
 
-// ---- Open files: the handle is the file descriptor plus one ---------------------------------------------------------
-
-static void* HandleOf(int file) {
-    return file < 0 ? nullptr : reinterpret_cast<void*>(static_cast<std::intptr_t>(file) + 1);
+static bool CountsSteps(void* device) {
+    return FilesOf(device).steps >= 0;
 }
 
-static int FileOf(void* handle) {
-    return static_cast<int>(reinterpret_cast<std::intptr_t>(handle) - 1);
+// ---- Reading --------------------------------------------------------------------------------------------------------
+
+static std::vector<std::string> List(void* device, const std::string& pattern) {
+    const NoteFiles disk = OnDisk(device);
+    return disk.list(disk.device, pattern);
+}
+
+static std::size_t CountUnnamed(void* device, const std::string& pattern) {
+    const NoteFiles disk = OnDisk(device);
+    return disk.countUnnamed(disk.device, pattern);
+}
+
+static bool Read(void* device, const std::string& name, std::uint64_t offset, std::size_t limit,
+                 std::vector<unsigned char>& bytes) {
+    const NoteFiles disk = OnDisk(device);
+    return disk.read(disk.device, name, offset, limit, bytes);
+}
+
+static std::uint64_t Size(void* device, const std::string& name) {
+    const NoteFiles disk = OnDisk(device);
+    return disk.size(disk.device, name);
+}
+
+static NoteFileStamp Stamp(void* device, const std::string& name) {
+    const NoteFiles disk = OnDisk(device);
+    return disk.stamp(disk.device, name);
 }
 
 static void* Open(void* device, const std::string& name) {
-    return HandleOf(open(PathOf(device, name).c_str(), O_RDONLY));
+    const NoteFiles disk = OnDisk(device);
+    return disk.open(disk.device, name);
 }
+
+static std::size_t ReadAt(void* device, void* file, std::uint64_t offset, std::span<unsigned char> bytes) {
+    const NoteFiles disk = OnDisk(device);
+    return disk.readAt(disk.device, file, offset, bytes);
+}
+
+static void Close(void* device, void* file) {
+    const NoteFiles disk = OnDisk(device);
+    disk.close(disk.device, file);
+}
+
+// ---- Changing -------------------------------------------------------------------------------------------------------
 
 static void* CreateAnew(void* device, const std::string& name) {
     TakeStep(device);
-    return HandleOf(open(PathOf(device, name).c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644));
-}
-
-static std::size_t ReadAt(void*, void* file, std::uint64_t offset, std::span<unsigned char> bytes) {
-    const ssize_t count = pread(FileOf(file), bytes.data(), bytes.size(), static_cast<off_t>(offset));
-    return count < 0 ? 0 : static_cast<std::size_t>(count);
-}
-
-static bool WritePart(void* file, std::span<const unsigned char> bytes) {
-    return write(FileOf(file), bytes.data(), bytes.size()) == static_cast<ssize_t>(bytes.size());
+    const NoteFiles disk = OnDisk(device);
+    return disk.createAnew(disk.device, name);
 }
 
 // The process may be killed before the first byte, half-way and after the last byte.
 static bool Write(void* device, void* file, std::span<const unsigned char> bytes) {
-    if (FilesOf(device).steps < 0) return WritePart(file, bytes);
+    const NoteFiles disk = OnDisk(device);
+    if (!CountsSteps(device)) return disk.write(disk.device, file, bytes);
     const std::size_t half = bytes.size() / 2;
     TakeStep(device);
-    if (!WritePart(file, bytes.first(half))) return false;
+    if (!disk.write(disk.device, file, bytes.first(half))) return false;
     TakeStep(device);
-    if (!WritePart(file, bytes.subspan(half))) return false;
+    if (!disk.write(disk.device, file, bytes.subspan(half))) return false;
     TakeStep(device);
     return true;
 }
 
 static bool Flush(void* device, void* file) {
     TakeStep(device);
-    return fsync(FileOf(file)) == 0;
+    const NoteFiles disk = OnDisk(device);
+    return disk.flush(disk.device, file);
 }
 
-static void Close(void*, void* file) {
-    close(FileOf(file));
-}
-
-// ---- Whole files ----------------------------------------------------------------------------------------------------
-
-static std::vector<std::string> List(void* device, const std::string& pattern) {
-    const std::size_t star = pattern.find('*');
-    const std::string ending = pattern.substr(star + 1);
-    std::vector<std::string> names;
-    std::error_code none;
-    for (const auto& entry : std::filesystem::directory_iterator(PathOf(device, pattern.substr(0, star)), none)) {
-        const std::string name = entry.path().filename().string();
-        if (entry.is_regular_file() && name.ends_with(ending)) names.push_back(name);
-    }
-    return names;
-}
-
-static bool Read(void* device, const std::string& name, std::uint64_t offset, std::size_t limit,
-                 std::vector<unsigned char>& bytes) {
-    void* const file = Open(device, name);
-    if (file == nullptr) return false;
-    bytes.resize(limit);
-    bytes.resize(ReadAt(device, file, offset, bytes));
-    Close(device, file);
-    return true;
-}
-
-static NoteFileStamp Stamp(void* device, const std::string& name) {
-    struct stat file {};
-    if (stat(PathOf(device, name).c_str(), &file) != 0) return {};
-    const auto seconds = static_cast<std::uint64_t>(file.st_mtim.tv_sec);
-    return {true, static_cast<std::uint64_t>(file.st_size),
-            seconds * 1000000000u + static_cast<std::uint64_t>(file.st_mtim.tv_nsec)};
-}
-
-static std::uint64_t Size(void* device, const std::string& name) {
-    return Stamp(device, name).size;
-}
-
+// With the steps of its parts.
 static bool Create(void* device, const std::string& name, std::span<const unsigned char> bytes) {
-    void* const file = HandleOf(open(PathOf(device, name).c_str(), O_WRONLY | O_CREAT | O_EXCL, 0644));
+    const NoteFiles disk = OnDisk(device);
+    if (!CountsSteps(device)) return disk.create(disk.device, name, bytes);
+    if (!disk.create(disk.device, name, {})) return false;
+    void* const file = disk.createAnew(disk.device, name);
     if (file == nullptr) return false;
-    const bool written = Write(device, file, bytes) && Flush(device, file);
-    Close(device, file);
-    return written;
+    const bool isWritten = Write(device, file, bytes) && Flush(device, file);
+    disk.close(disk.device, file);
+    return isWritten;
+}
+
+static bool Append(void* device, const std::string& name, std::span<const unsigned char> bytes) {
+    const NoteFiles disk = OnDisk(device);
+    if (!CountsSteps(device)) return disk.append(disk.device, name, bytes);
+    const std::size_t half = bytes.size() / 2;
+    TakeStep(device);
+    if (!disk.append(disk.device, name, bytes.first(half))) return false;
+    TakeStep(device);
+    if (!disk.append(disk.device, name, bytes.subspan(half))) return false;
+    TakeStep(device);
+    return true;
 }
 
 static bool Remove(void* device, const std::string& name) {
     TakeStep(device);
-    return unlink(PathOf(device, name).c_str()) == 0;
+    const NoteFiles disk = OnDisk(device);
+    return disk.remove(disk.device, name);
 }
 
 static bool Rename(void* device, const std::string& from, const std::string& to) {
     TakeStep(device);
-    return !Stamp(device, to).exists && rename(PathOf(device, from).c_str(), PathOf(device, to).c_str()) == 0;
+    const NoteFiles disk = OnDisk(device);
+    return disk.rename(disk.device, from, to);
 }
 
 static bool Replace(void* device, const std::string& from, const std::string& to) {
     TakeStep(device);
-    return rename(PathOf(device, from).c_str(), PathOf(device, to).c_str()) == 0;
-}
-
-static bool Append(void* device, const std::string& name, std::span<const unsigned char> bytes) {
-    void* const file = HandleOf(open(PathOf(device, name).c_str(), O_WRONLY | O_CREAT | O_APPEND, 0644));
-    if (file == nullptr) return false;
-    const bool written = Write(device, file, bytes) && Flush(device, file);
-    Close(device, file);
-    return written;
+    const NoteFiles disk = OnDisk(device);
+    return disk.replace(disk.device, from, to);
 }
 
 static bool Link(void* device, const std::string& from, const std::string& to) {
     TakeStep(device);
-    return link(PathOf(device, from).c_str(), PathOf(device, to).c_str()) == 0;
+    const NoteFiles disk = OnDisk(device);
+    return disk.link(disk.device, from, to);
 }
 
 static bool MakeFolder(void* device, const std::string& name) {
     TakeStep(device);
-    std::error_code error;
-    std::filesystem::create_directory(PathOf(device, name), error);
-    return !error;
-}
-
-// Names are bytes here, so each can be listed.
-static std::size_t CountUnnamed(void*, const std::string&) {
-    return 0;
+    const NoteFiles disk = OnDisk(device);
+    return disk.makeFolder(disk.device, name);
 }
 
 NoteFiles DeviceOver(RealNoteFiles& files) {

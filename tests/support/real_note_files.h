@@ -12,8 +12,7 @@ struct RealNoteFiles {
     std::int64_t steps = -1;  // changes of the files before the process kills itself; -1: never
 };
 
-// The device for `files`, which must outlive it. Files are never locked against other programs, because the host has no
-// share modes.
+// The device for `files`, which must outlive it: the program's own (cli/note_files_posix.h), but with Latin 1.
 NoteFiles DeviceOver(RealNoteFiles& files);
 
 // Creates a folder for files of a test and returns its path with a closing slash; RemoveScratchFolder deletes it.
