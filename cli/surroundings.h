@@ -8,6 +8,8 @@
 #include <string_view>
 #include <vector>
 
+#include "notes/note_files.h"
+#include "notes/note_time.h"
 #include "scripture/data_files.h"
 
 enum class Stream { kOutput, kErrors };
@@ -36,6 +38,24 @@ struct Surroundings {
     // Maps the whole file, read-only until the program ends. False if it cannot be.
     bool (*map)(void* device, const std::string& path, std::span<const unsigned char>& bytes) = nullptr;
 
+    // Makes `bytes` the contents of the file in one step, whether or not it exists. False if it is as it was.
+    bool (*writeFile)(void* device, const std::string& path, std::string_view bytes) = nullptr;
+
+    // The note sets of a folder, as the window has them; null if there is no such folder. They stay until the end.
+    const NoteFiles* (*noteFiles)(void* device, const std::string& folder) = nullptr;
+
+    // The time of what is saved.
+    NoteTime (*now)(void* device) = nullptr;
+
+    // Makes a file with these bytes that nobody else may read, and gives its path; empty if that is not possible.
+    std::string (*makeDraft)(void* device, std::string_view bytes) = nullptr;
+
+    // Shows the file to the user in an editor and waits until it ends. False if there is no editor or it failed.
+    bool (*edit)(void* device, const std::string& path) = nullptr;
+
+    // Deletes what makeDraft has made.
+    void (*removeDraft)(void* device, const std::string& path) = nullptr;
+
     // Today's date, local.
     Day (*today)(void* device) = nullptr;
 
@@ -48,6 +68,8 @@ struct Surroundings {
     bool isTerminal = false;   // the output is one
     bool showsColors = false;  // and it understands the sequences for colours
     int columns = 80;          // its width
+
+    bool draftsAreOfWindows = false;  // their lines end in CR LF, and they begin with the mark of UTF-8
 
     std::vector<std::string> textFolders = {};  // where the scripture files are looked for
     std::string workingFolder = {};             // of the window's settings and notes, if the user names no other one

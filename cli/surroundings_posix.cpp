@@ -17,6 +17,9 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <list>
+
+#include "cli/note_files_posix.h"
 
 namespace fs = std::filesystem;
 
@@ -24,6 +27,8 @@ namespace {
 
 struct NativeDevice {
     std::FILE* pager = nullptr;  // takes the output if there is one
+    std::list<PosixNoteFiles> folders;
+    std::list<NoteFiles> noteFiles;
 };
 
 }  // namespace
@@ -113,6 +118,74 @@ static void StartPager(void* device) {
     native.pager = popen(pager.c_str(), "w");
 }
 
+// ---- Notes and files to write ---------------------------------------------------------------------------------------
+
+// A link stays one, to the file that is written.
+static bool WriteFile(void*, const std::string& path, std::string_view bytes) {
+    std::error_code error;
+    const fs::path target = fs::exists(path, error) ? fs::canonical(path, error) : fs::path(path);
+    const std::string made = target.string() + ".temp-" + std::to_string(getpid());
+    const int file = open(made.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+    if (file < 0) return false;
+    const bool isWhole = WriteAll(file, bytes) == Written::kAll && fsync(file) == 0;
+    close(file);
+    if (isWhole && rename(made.c_str(), target.c_str()) == 0) return true;
+    unlink(made.c_str());
+    return false;
+}
+
+static const NoteFiles* NoteFilesOf(void* device, const std::string& folder) {
+    auto& native = *static_cast<NativeDevice*>(device);
+    std::error_code error;
+    if (!fs::is_directory(folder, error)) return nullptr;
+    native.folders.push_back({folder.ends_with('/') ? folder : folder + '/'});
+    native.noteFiles.push_back(DeviceOver(native.folders.back()));
+    return &native.noteFiles.back();
+}
+
+static NoteTime Now(void*) {
+    return PosixNoteTime();
+}
+
+// ---- An editor ------------------------------------------------------------------------------------------------------
+
+static std::string EditorOf(void* device) {
+    for (const char* name : {"VISUAL", "EDITOR"})
+        if (std::string editor = Variable(device, name).value_or(""); !editor.empty()) return editor;
+    for (const char* name : {"editor", "nano", "vi"})
+        if (HasProgram(name)) return name;
+    return "";
+}
+
+// In a folder of its own, so that its name is free and nobody else can come to it.
+static std::string MakeDraft(void* device, std::string_view bytes) {
+    std::error_code error;
+    std::string folder = (fs::temp_directory_path(error) / "vw-XXXXXX").string();
+    if (error || mkdtemp(folder.data()) == nullptr) return "";
+    std::string path = folder + "/note.txt";
+    if (WriteFile(device, path, bytes)) return path;
+    fs::remove_all(folder, error);
+    return "";
+}
+
+// As one word for the shell.
+static std::string Quoted(const std::string& path) {
+    std::string word;
+    for (const char c : path) word += c == '\'' ? "'\\''" : std::string(1, c);
+    return '\'' + word + '\'';
+}
+
+// The variable may hold options, too.
+static bool Edit(void* device, const std::string& path) {
+    const std::string editor = EditorOf(device);
+    return !editor.empty() && std::system((editor + ' ' + Quoted(path)).c_str()) == 0;
+}
+
+static void RemoveDraft(void*, const std::string& path) {
+    std::error_code error;
+    fs::remove_all(fs::path(path).parent_path(), error);
+}
+
 // ---- The surroundings -----------------------------------------------------------------------------------------------
 
 static Day Today(void*) {
@@ -161,6 +234,12 @@ Surroundings NativeSurroundings() {
         .list = List,
         .readFile = ReadFile,
         .map = Map,
+        .writeFile = WriteFile,
+        .noteFiles = NoteFilesOf,
+        .now = Now,
+        .makeDraft = MakeDraft,
+        .edit = Edit,
+        .removeDraft = RemoveDraft,
         .today = Today,
         .write = Write,
         .startPager = StartPager,

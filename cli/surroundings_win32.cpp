@@ -4,8 +4,11 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <list>
 
+#include "notes/note_files_win32.h"
 #include "win32/files.h"
+#include "win32/replacing_file.h"
 
 // Needs what the others declare.
 #include <shellapi.h>
@@ -18,6 +21,8 @@ struct NativeDevice {
     bool isConsole = false;
     std::FILE* pager = nullptr;
     std::vector<MappedFile> mapped;
+    std::list<std::wstring> folders;
+    std::list<NoteFiles> noteFiles;
 };
 
 }  // namespace
@@ -117,6 +122,71 @@ static Day Today(void*) {
     return {now.wYear, now.wMonth, now.wDay};
 }
 
+// ---- Notes and files to write ---------------------------------------------------------------------------------------
+
+static bool WriteFileAt(void*, const std::string& path, std::string_view bytes) {
+    ReplacingFile replacing = BeginReplacing(PathOf(path));
+    if (!replacing.file) return false;
+    const bool isWhole = WriteAll(replacing.file.get(), bytes) == Written::kAll;
+    return EndReplacing(replacing, isWhole);
+}
+
+static const NoteFiles* NoteFilesOf(void* device, const std::string& folder) {
+    auto& native = *static_cast<NativeDevice*>(device);
+    std::wstring path = PathOf(folder);
+    const DWORD attributes = GetFileAttributesW(path.c_str());
+    if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0) return nullptr;
+    if (!path.ends_with(L'\\')) path += L'\\';
+    native.folders.push_back(std::move(path));
+    native.noteFiles.push_back(NoteFilesIn(native.folders.back()));
+    return &native.noteFiles.back();
+}
+
+static NoteTime Now(void*) {
+    return NoteTimeNow();
+}
+
+// ---- An editor ------------------------------------------------------------------------------------------------------
+
+static std::string EditorOf(void* device) {
+    for (const char* name : {"VISUAL", "EDITOR"})
+        if (std::string editor = Variable(device, name).value_or(""); !editor.empty()) return editor;
+    return "notepad";
+}
+
+// In a folder of its own in the user's one for temporary files; without a slash at its end.
+static std::wstring NewDraftFolder() {
+    static constexpr unsigned kTries = 1000;
+    std::wstring temporary(MAX_PATH + 1, L'\0');
+    temporary.resize(GetTempPathW(MAX_PATH + 1, temporary.data()));
+    for (unsigned number = 0; number < kTries; ++number) {
+        std::wstring folder =
+            temporary + L"vw-" + std::to_wstring(GetCurrentProcessId()) + L'-' + std::to_wstring(number);
+        if (CreateDirectoryW(folder.c_str(), nullptr)) return folder;
+        if (GetLastError() != ERROR_ALREADY_EXISTS) break;
+    }
+    return L"";
+}
+
+static std::string MakeDraft(void* device, std::string_view bytes) {
+    const std::wstring folder = NewDraftFolder();
+    std::string path = Utf8OfWide(folder + L"\\note.txt");
+    if (!folder.empty() && WriteFileAt(device, path, bytes)) return path;
+    if (!folder.empty()) RemoveDirectoryW(folder.c_str());
+    return "";
+}
+
+// The quotes around the whole are what the system's shell takes away.
+static bool Edit(void* device, const std::string& path) {
+    return _wsystem(WideOfUtf8("\"" + EditorOf(device) + " \"" + path + "\"\"").c_str()) == 0;
+}
+
+static void RemoveDraft(void*, const std::string& path) {
+    const std::wstring file = WideOfUtf8(path);
+    DeleteFileW(file.c_str());
+    RemoveDirectoryW(file.substr(0, file.rfind(L'\\')).c_str());
+}
+
 // ---- The console ----------------------------------------------------------------------------------------------------
 
 static HANDLE Output() {
@@ -171,12 +241,19 @@ Surroundings NativeSurroundings() {
         .list = List,
         .readFile = ReadFile,
         .map = Map,
+        .writeFile = WriteFileAt,
+        .noteFiles = NoteFilesOf,
+        .now = Now,
+        .makeDraft = MakeDraft,
+        .edit = Edit,
+        .removeDraft = RemoveDraft,
         .today = Today,
         .write = Write,
         .startPager = StartPager,
         .isTerminal = device.isConsole,
         .showsColors = showsColors,
         .columns = Columns(),
+        .draftsAreOfWindows = true,
         .textFolders = {program, program + "../../data"},  // the second one is that of a build
         .workingFolder = UsualWorkingFolder(),
     };

@@ -254,8 +254,8 @@ Findings CheckScreenSizes(const TreeFile& file) {
 
 Findings CheckLoading(const TreeFile& file) {
     static const std::set<std::string> places = {
-        "win32/system_library.cpp", "win32/help_viewer.cpp",
-        "cli/surroundings_win32.cpp",  // the pager that the user's environment names
+        "win32/system_library.cpp", "win32/help_viewer.cpp", "cli/surroundings_posix.cpp",
+        "cli/surroundings_win32.cpp",  // pager and editor that the environment names
     };
     const bool isPlace = places.contains(file.path);
     if (!IsSource(file.path) || !IsOfProgram(file.path) || isPlace) return {};

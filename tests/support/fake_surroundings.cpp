@@ -29,6 +29,52 @@ static bool Map(void*, const std::string& path, std::span<const unsigned char>& 
     return true;
 }
 
+static const Surroundings& Native() {
+    static const Surroundings native = NativeSurroundings();  // for files, which need nothing of a test's device
+    return native;
+}
+
+static std::optional<std::string> ReadFile(void* device, const std::string& path) {
+    const auto draft = FakeOf(device).drafts.find(path);
+    if (draft != FakeOf(device).drafts.end()) return draft->second;
+    return Native().readFile(Native().device, path);
+}
+
+static bool WriteFile(void* device, const std::string& path, std::string_view bytes) {
+    FakeSurroundings& fake = FakeOf(device);
+    if (const auto draft = fake.drafts.find(path); draft != fake.drafts.end()) {
+        if (fake.canWriteDrafts) draft->second = bytes;
+        return fake.canWriteDrafts;
+    }
+    return fake.hasNotes && Native().writeFile(Native().device, path, bytes);
+}
+
+static const NoteFiles* NoteFilesOf(void* device, const std::string& folder) {
+    FakeSurroundings& fake = FakeOf(device);
+    if (fake.noteFiles != nullptr) return fake.noteFiles;
+    return fake.hasNotes ? Native().noteFiles(Native().device, folder) : nullptr;
+}
+
+static NoteTime Now(void* device) {
+    return FakeOf(device).now;
+}
+
+static std::string MakeDraft(void* device, std::string_view bytes) {
+    auto& drafts = FakeOf(device).drafts;
+    std::string path = "/draft" + std::to_string(drafts.size()) + ".txt";
+    drafts[path] = bytes;
+    return path;
+}
+
+static bool Edit(void* device, const std::string& path) {
+    FakeSurroundings& fake = FakeOf(device);
+    return fake.edit && fake.edit(fake.drafts[path]);
+}
+
+static void RemoveDraft(void* device, const std::string& path) {
+    FakeOf(device).drafts.erase(path);
+}
+
 static Day Today(void* device) {
     return FakeOf(device).today;
 }
@@ -46,19 +92,25 @@ static void StartPager(void* device) {
 }
 
 Surroundings SurroundingsOver(FakeSurroundings& fake) {
-    static const Surroundings native = NativeSurroundings();  // for files, which need nothing of its device
     return {
         .device = &fake,
         .variable = Variable,
-        .list = native.list,
-        .readFile = native.readFile,
+        .list = Native().list,
+        .readFile = ReadFile,
         .map = Map,
+        .writeFile = WriteFile,
+        .noteFiles = NoteFilesOf,
+        .now = Now,
+        .makeDraft = MakeDraft,
+        .edit = Edit,
+        .removeDraft = RemoveDraft,
         .today = Today,
         .write = Write,
         .startPager = StartPager,
         .isTerminal = fake.isTerminal,
         .showsColors = fake.showsColors,
         .columns = fake.columns,
+        .draftsAreOfWindows = fake.draftsAreOfWindows,
         .textFolders = fake.textFolders.empty() ? std::vector<std::string>{VERSEWELL_DATA_DIR} : fake.textFolders,
         .workingFolder = "/nowhere",
     };
