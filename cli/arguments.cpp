@@ -31,12 +31,16 @@ static bool IsAsked(const std::vector<std::string>& words, const Command& comman
     return words.empty() || std::ranges::find(words, command.name) != words.end();
 }
 
-static void AddCommand(Arguments& arguments, const Command& command, bool isAsked) {
-    CLI::App* const app = arguments.app->add_subcommand(command.name, command.help);
+static void AddCommand(Arguments& arguments, CLI::App& above, const std::vector<std::string>& words,
+                       const Command& command) {
+    CLI::App* const app = above.add_subcommand(command.name, command.help);
     app->fallthrough();
     app->footer(command.details);
     if (command.isHidden) app->group("");
-    if (isAsked) arguments.prepared.push_back({app, command.prepare(*app)});
+    if (!IsAsked(words, command)) return;
+    if (command.prepare != nullptr) arguments.prepared.push_back({app, command.prepare(*app)});
+    for (const Command* below : command.commands) AddCommand(arguments, *app, words, *below);
+    if (!command.commands.empty()) app->require_subcommand(1, 1);
 }
 
 Arguments ArgumentsFor(const std::vector<std::string>& words) {
@@ -53,7 +57,7 @@ Arguments ArgumentsFor(const std::vector<std::string>& words) {
     app.get_formatter()->label("REQUIRED", "");
     app.footer(kFooter);
     AddCommonOptions(app, *arguments.options);
-    for (const Command* command : TheCommands()) AddCommand(arguments, *command, IsAsked(words, *command));
+    for (const Command* command : TheCommands()) AddCommand(arguments, app, words, *command);
     app.require_subcommand(1, 1);
     return arguments;
 }

@@ -6,8 +6,17 @@
 
 // ---- What there is to choose ----------------------------------------------------------------------------------------
 
+// Each once.
+static void AddOptions(const std::vector<DescribedOption>& added, std::vector<DescribedOption>& options) {
+    for (const DescribedOption& option : added)
+        if (std::ranges::find(options, option.names, &DescribedOption::names) == options.end())
+            options.push_back(option);
+}
+
+// Those of a command, of all commands below it and of all commands.
 static std::vector<DescribedOption> OptionsOf(const DescribedProgram& program, const DescribedCommand& command) {
     std::vector<DescribedOption> options = command.options;
+    for (const DescribedCommand& below : command.commands) AddOptions(below.options, options);
     options.insert(options.end(), program.options.begin(), program.options.end());
     std::erase_if(options, [](const DescribedOption& option) { return option.isPositional; });
     return options;
@@ -29,6 +38,13 @@ static std::string CommandNames(const DescribedProgram& program) {
     std::vector<std::string> names;
     for (const DescribedCommand& command : program.commands) names.push_back(command.name);
     return Joined(names, " ");
+}
+
+// "list show " of the command "notes"; empty if there is none below it.
+static std::string NamesBelow(const DescribedCommand& command) {
+    std::string names;
+    for (const DescribedCommand& below : command.commands) names += below.name.substr(command.name.size() + 1) + ' ';
+    return names;
 }
 
 static bool IsFolder(const DescribedOption& option) {
@@ -80,8 +96,8 @@ static std::string BashCompletion(const DescribedProgram& program) {
         "  done\n"
         "  case $command in\n";
     for (const DescribedCommand& command : program.commands)
-        text += "    " + command.name + ") COMPREPLY=($(compgen -W '" + NamesOf(OptionsOf(program, command)) +
-                "' -- \"$word\")) ;;\n";
+        text += "    " + command.name + ") COMPREPLY=($(compgen -W '" + NamesBelow(command) +
+                NamesOf(OptionsOf(program, command)) + "' -- \"$word\")) ;;\n";
     text += "    *) COMPREPLY=($(compgen -W '" + CommandNames(program) + ' ' + NamesOf(program.options) +
             "' -- \"$word\")) ;;\n  esac\n}\ncomplete -F _vw vw\n";
     return text;
@@ -122,7 +138,8 @@ static std::string ZshCompletion(const DescribedProgram& program) {
     text += "      )\n      _describe command commands ;;\n    argument)\n      case $line[1] in\n";
     for (const DescribedCommand& command : program.commands)
         text += "        " + command.name + ")\n          _arguments \\\n" +
-                ZshOptions(OptionsOf(program, command), "            ") + "            '*: :' ;;\n";
+                ZshOptions(OptionsOf(program, command), "            ") +
+                "            '*: :" + (command.commands.empty() ? "" : "(" + NamesBelow(command) + ")") + "' ;;\n";
     return text +
            "      esac ;;\n  esac\n}\n"
            "if [[ $funcstack[1] == _vw ]]; then _vw \"$@\"; else compdef _vw vw; fi\n";
@@ -152,10 +169,16 @@ static std::string FishCompletion(const DescribedProgram& program) {
     for (const DescribedCommand& command : program.commands)
         text += "complete -c vw -n __fish_use_subcommand -a " + command.name + " -d '" + FishText(command.help) + "'\n";
     for (const DescribedOption& option : program.options) text += FishOption(option, "");
-    for (const DescribedCommand& command : program.commands)
-        for (const DescribedOption& option : command.options)
-            if (!option.isPositional)
-                text += FishOption(option, " -n '__fish_seen_subcommand_from " + command.name + "'");
+    for (const DescribedCommand& command : program.commands) {
+        const std::string condition = " -n '__fish_seen_subcommand_from " + command.name + "'";
+        for (const DescribedCommand& below : command.commands)
+            text += "complete -c vw" + condition + " -a " + below.name.substr(command.name.size() + 1) + " -d '" +
+                    FishText(below.help) + "'\n";
+        std::vector<DescribedOption> options = command.options;
+        for (const DescribedCommand& below : command.commands) AddOptions(below.options, options);
+        for (const DescribedOption& option : options)
+            if (!option.isPositional) text += FishOption(option, condition);
+    }
     return text;
 }
 
@@ -174,7 +197,8 @@ static std::string PowerShellCompletion(const DescribedProgram& program) {
         PowerShellList(CommandNames(program)) + "\n    $options = @{\n        '' = $commands + " +
         PowerShellList(NamesOf(program.options)) + "\n";
     for (const DescribedCommand& command : program.commands)
-        text += "        '" + command.name + "' = " + PowerShellList(NamesOf(OptionsOf(program, command))) + "\n";
+        text += "        '" + command.name +
+                "' = " + PowerShellList(NamesBelow(command) + NamesOf(OptionsOf(program, command))) + "\n";
     text += "    }\n    $values = @{\n";
     for (const DescribedOption& option : OptionsWithChoices(program))
         if (!option.choices.empty())

@@ -45,13 +45,31 @@ static std::vector<DescribedOption> OwnOptionsOf(const CLI::App& app) {
     return options;
 }
 
+static DescribedCommand Described(const CLI::App& above, const Command& command, const std::string& names) {
+    const CLI::App& app = *above.get_subcommand(command.name);
+    DescribedCommand described{names + command.name, command.help, command.details, OwnOptionsOf(app)};
+    for (const Command* below : command.commands)
+        described.commands.push_back(Described(app, *below, described.name + ' '));
+    return described;
+}
+
 DescribedProgram DescribeProgram() {
     const Arguments arguments = ArgumentsFor({});
     DescribedProgram program{arguments.app->get_description(), OptionsOf(*arguments.app), {}};
-    for (const Command* command : TheCommands()) {
-        const CLI::App& app = *arguments.app->get_subcommand(command->name);
-        if (!command->isHidden)
-            program.commands.push_back({command->name, command->help, command->details, OwnOptionsOf(app)});
-    }
+    for (const Command* command : TheCommands())
+        if (!command->isHidden) program.commands.push_back(Described(*arguments.app, *command, ""));
     return program;
+}
+
+static void AddRunCommands(const std::vector<DescribedCommand>& commands, std::vector<DescribedCommand>& run) {
+    for (const DescribedCommand& command : commands) {
+        if (command.commands.empty()) run.push_back(command);
+        AddRunCommands(command.commands, run);
+    }
+}
+
+std::vector<DescribedCommand> RunCommandsOf(const DescribedProgram& program) {
+    std::vector<DescribedCommand> run;
+    AddRunCommands(program.commands, run);
+    return run;
 }

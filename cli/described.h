@@ -17,10 +17,11 @@ struct DescribedOption {
 };
 
 struct DescribedCommand {
-    std::string name;
+    std::string name;  // with that of the command above it: "notes list"
     std::string help;
     std::string details;
     std::vector<DescribedOption> options;
+    std::vector<DescribedCommand> commands{};  // below it
 };
 
 struct DescribedProgram {
@@ -31,3 +32,6 @@ struct DescribedProgram {
 
 // Hidden commands are left out.
 DescribedProgram DescribeProgram();
+
+// All commands that can be run, without those that only have others below them.
+std::vector<DescribedCommand> RunCommandsOf(const DescribedProgram& program);

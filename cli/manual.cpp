@@ -63,14 +63,14 @@ static std::string Synopsis(const DescribedCommand& command) {
 
 static std::string SynopsisOfAll(const DescribedProgram& program) {
     std::string text = ".SH SYNOPSIS\n";
-    for (const DescribedCommand& command : program.commands)
-        text += (&command == program.commands.data() ? "" : ".br\n") + Synopsis(command) + "\n";
+    for (const DescribedCommand& command : RunCommandsOf(program))
+        text += (text.ends_with("SYNOPSIS\n") ? "" : ".br\n") + Synopsis(command) + "\n";
     return text;
 }
 
 static std::string CommandsText(const DescribedProgram& program) {
     std::string text = ".SH COMMANDS\n";
-    for (const DescribedCommand& command : program.commands) {
+    for (const DescribedCommand& command : RunCommandsOf(program)) {
         text += ".SS " + Escaped(command.name) + "\n" + Synopsis(command) + "\n.PP\n";
         text += Escaped(Capitals(command.help.substr(0, 1)) + command.help.substr(1)) + ".\n";
         if (!command.details.empty()) text += Escaped(command.details) + "\n";

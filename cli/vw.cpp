@@ -45,11 +45,17 @@ static ExitCode RunParsed(Vw& vw, const Arguments& arguments) {
 
 // What is wrong, without the terms of the library.
 static Complaint ComplaintOf(const CLI::App& app, const CLI::ParseError& error) {
-    if (!app.get_subcommands().empty() || !dynamic_cast<const CLI::RequiredError*>(&error))
+    const CLI::App* last = &app;  // that was understood
+    std::string name = "vw";
+    while (!last->get_subcommands().empty()) {
+        last = last->get_subcommands().front();
+        name += ' ' + last->get_name();
+    }
+    if (last->get_require_subcommand_min() == 0 || !dynamic_cast<const CLI::RequiredError*>(&error))
         return {kBadUse, error.what()};
-    const std::vector<std::string> words = app.remaining();
-    if (words.empty()) return {kBadUse, "COMMAND is required (vw --help)"};
-    return {kBadUse, "\"" + words.front() + "\" is no command (vw --help)"};
+    const std::vector<std::string> words = app.remaining(true);
+    if (words.empty()) return {kBadUse, "COMMAND is required (" + name + " --help)"};
+    return {kBadUse, "\"" + words.front() + "\" is no command (" + name + " --help)"};
 }
 
 static ExitCode ParseAndRun(Vw& vw, const std::vector<std::string>& words) {
