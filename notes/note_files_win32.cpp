@@ -212,7 +212,7 @@ NoteFiles NoteFilesIn(std::wstring& folder) {
 const NoteFiles& TheNoteFiles() {
     static std::wstring folder = WorkingFilePath("");
     static const NoteFiles onDisk = NoteFilesIn(folder);
-    static ReadOnlyFiles readOnly{onDisk, {}};
+    static ReadOnlyFiles readOnly{onDisk};
     static const NoteFiles files = CanWriteWorkingFolder() ? onDisk : DeviceOver(readOnly);
     return files;
 }

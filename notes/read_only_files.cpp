@@ -1,6 +1,7 @@
 #include "notes/read_only_files.h"
 
 #include <algorithm>
+#include <utility>
 
 using Bytes = std::vector<unsigned char>;
 
@@ -8,18 +9,26 @@ namespace {
 
 // One of the two.
 struct OpenedFile {
-    const Bytes* created = nullptr;
+    Bytes* created = nullptr;
     void* file = nullptr;
 };
 
 }  // namespace
 
-static const NoteFiles& FilesOf(void* device) {
-    return static_cast<const ReadOnlyFiles*>(device)->files;
+static ReadOnlyFiles& ReadOnlyOf(void* device) {
+    return *static_cast<ReadOnlyFiles*>(device);
 }
 
-static const Bytes* CreatedFile(void* device, const std::string& name) {
-    const auto& created = static_cast<const ReadOnlyFiles*>(device)->created;
+static const NoteFiles& FilesOf(void* device) {
+    return ReadOnlyOf(device).files;
+}
+
+static bool IsRemoved(void* device, const std::string& name) {
+    return ReadOnlyOf(device).removed.contains(name);
+}
+
+static Bytes* CreatedFile(void* device, const std::string& name) {
+    auto& created = ReadOnlyOf(device).created;
     const auto found = created.find(name);
     return found != created.end() ? &found->second : nullptr;
 }
@@ -35,7 +44,10 @@ static std::span<const unsigned char> Part(const Bytes& bytes, std::uint64_t off
 // Patterns are a star and an ending.
 static std::vector<std::string> List(void* device, const std::string& pattern) {
     std::vector<std::string> names = FilesOf(device).list(FilesOf(device).device, pattern);
-    for (const auto& [name, bytes] : static_cast<const ReadOnlyFiles*>(device)->created)
+    std::erase_if(names, [&](const std::string& name) {  // those in memory follow
+        return IsRemoved(device, name) || CreatedFile(device, name) != nullptr;
+    });
+    for (const auto& [name, bytes] : ReadOnlyOf(device).created)
         if (pattern.starts_with('*') && name.ends_with(pattern.substr(1))) names.push_back(name);
     return names;
 }
@@ -46,6 +58,7 @@ static std::size_t CountUnnamed(void* device, const std::string& pattern) {
 
 static bool Read(void* device, const std::string& name, std::uint64_t offset, std::size_t limit, Bytes& bytes) {
     const Bytes* created = CreatedFile(device, name);
+    if (IsRemoved(device, name)) return false;
     if (created == nullptr) return FilesOf(device).read(FilesOf(device).device, name, offset, limit, bytes);
     const std::span<const unsigned char> part = Part(*created, offset, limit);
     bytes.assign(part.begin(), part.end());
@@ -54,25 +67,29 @@ static bool Read(void* device, const std::string& name, std::uint64_t offset, st
 
 static std::uint64_t Size(void* device, const std::string& name) {
     const Bytes* created = CreatedFile(device, name);
+    if (IsRemoved(device, name)) return 0;
     return created != nullptr ? created->size() : FilesOf(device).size(FilesOf(device).device, name);
 }
 
 static NoteFileStamp Stamp(void* device, const std::string& name) {
     const Bytes* created = CreatedFile(device, name);
+    if (IsRemoved(device, name)) return {};
     if (created == nullptr) return FilesOf(device).stamp(FilesOf(device).device, name);
     return {.exists = true, .size = created->size()};
 }
 
 static bool Create(void* device, const std::string& name, std::span<const unsigned char> bytes) {
     if (Stamp(device, name).exists) return false;
-    static_cast<ReadOnlyFiles*>(device)->created[name].assign(bytes.begin(), bytes.end());
+    ReadOnlyOf(device).removed.erase(name);
+    ReadOnlyOf(device).created[name].assign(bytes.begin(), bytes.end());
     return true;
 }
 
 // ---- Open files -----------------------------------------------------------------------------------------------------
 
 static void* OpenBy(void* (*open)(void* device, const std::string& name), void* device, const std::string& name) {
-    if (const Bytes* created = CreatedFile(device, name)) return new OpenedFile{.created = created};
+    if (Bytes* created = CreatedFile(device, name)) return new OpenedFile{.created = created};
+    if (IsRemoved(device, name)) return nullptr;
     void* file = open(FilesOf(device).device, name);
     return file != nullptr ? new OpenedFile{.file = file} : nullptr;
 }
@@ -100,28 +117,72 @@ static void Close(void* device, void* opened) {
 
 // ---- What changes files ---------------------------------------------------------------------------------------------
 
-static bool CannotChange(void*, const std::string&) {
-    return false;
+// Only in a trial, and there all of them succeed.
+
+// The file in memory, with its bytes; null if there is none.
+static Bytes* TakenIntoMemory(void* device, const std::string& name) {
+    if (Bytes* created = CreatedFile(device, name)) return created;
+    const NoteFileStamp stamp = Stamp(device, name);
+    Bytes bytes;
+    if (!stamp.exists || !Read(device, name, 0, static_cast<std::size_t>(stamp.size), bytes)) return nullptr;
+    return &(ReadOnlyOf(device).created[name] = std::move(bytes));
 }
 
-static bool CannotMove(void*, const std::string&, const std::string&) {
-    return false;
+static bool Remove(void* device, const std::string& name) {
+    if (!ReadOnlyOf(device).isTrial || !Stamp(device, name).exists) return false;
+    ReadOnlyOf(device).created.erase(name);
+    ReadOnlyOf(device).removed.insert(name);
+    return true;
 }
 
-static bool CannotAppend(void*, const std::string&, std::span<const unsigned char>) {
-    return false;
+static bool Replace(void* device, const std::string& from, const std::string& to) {
+    Bytes* const taken = ReadOnlyOf(device).isTrial ? TakenIntoMemory(device, from) : nullptr;
+    if (taken == nullptr) return false;
+    Bytes bytes = std::move(*taken);
+    Remove(device, from);
+    ReadOnlyOf(device).removed.erase(to);
+    ReadOnlyOf(device).created[to] = std::move(bytes);
+    return true;
 }
 
-static void* CannotCreateAnew(void*, const std::string&) {
-    return nullptr;
+static bool Rename(void* device, const std::string& from, const std::string& to) {
+    return !Stamp(device, to).exists && Replace(device, from, to);
 }
 
-static bool CannotWrite(void*, void*, std::span<const unsigned char>) {
-    return false;
+static bool Link(void* device, const std::string& from, const std::string& to) {
+    const Bytes* const taken = ReadOnlyOf(device).isTrial ? TakenIntoMemory(device, from) : nullptr;
+    return taken != nullptr && Create(device, to, *taken);
 }
 
-static bool CannotFlush(void*, void*) {
-    return false;
+static bool MakeFolder(void* device, const std::string&) {
+    return ReadOnlyOf(device).isTrial;
+}
+
+static void* CreateAnew(void* device, const std::string& name) {
+    if (!ReadOnlyOf(device).isTrial) return nullptr;
+    ReadOnlyOf(device).removed.erase(name);
+    Bytes& bytes = ReadOnlyOf(device).created[name];
+    bytes.clear();
+    return new OpenedFile{.created = &bytes};
+}
+
+static bool Write(void* device, void* opened, std::span<const unsigned char> bytes) {
+    Bytes* const created = static_cast<OpenedFile*>(opened)->created;
+    if (created == nullptr || !ReadOnlyOf(device).isTrial) return false;
+    created->insert(created->end(), bytes.begin(), bytes.end());
+    return true;
+}
+
+static bool Append(void* device, const std::string& name, std::span<const unsigned char> bytes) {
+    if (!ReadOnlyOf(device).isTrial) return false;
+    Bytes* created = TakenIntoMemory(device, name);
+    if (created == nullptr) return Create(device, name, bytes);
+    created->insert(created->end(), bytes.begin(), bytes.end());
+    return true;
+}
+
+static bool Flush(void* device, void*) {
+    return ReadOnlyOf(device).isTrial;
 }
 
 NoteFiles DeviceOver(ReadOnlyFiles& readOnly) {
@@ -133,18 +194,18 @@ NoteFiles DeviceOver(ReadOnlyFiles& readOnly) {
         .size = Size,
         .stamp = Stamp,
         .create = Create,
-        .remove = CannotChange,
-        .rename = CannotMove,
-        .replace = CannotMove,
-        .append = CannotAppend,
-        .link = CannotMove,
-        .makeFolder = CannotChange,
+        .remove = Remove,
+        .rename = Rename,
+        .replace = Replace,
+        .append = Append,
+        .link = Link,
+        .makeFolder = MakeFolder,
         .open = Open,
         .openShared = OpenShared,
-        .createAnew = CannotCreateAnew,
+        .createAnew = CreateAnew,
         .readAt = ReadAt,
-        .write = CannotWrite,
-        .flush = CannotFlush,
+        .write = Write,
+        .flush = Flush,
         .close = Close,
         .codePage = readOnly.files.codePage,
     };

@@ -10,7 +10,7 @@
 using Bytes = std::vector<unsigned char>;
 
 static ReadOnlyFiles ReadOnly(FakeNoteFiles& disk) {
-    return {DeviceOver(disk), {}};
+    return {DeviceOver(disk)};
 }
 
 TEST(ReadOnlyFiles, ShowTheSetsThatAreThere) {
@@ -96,4 +96,62 @@ TEST(ReadOnlyFiles, NeverChangeAFile) {
     EXPECT_FALSE(WriteWholeFile(files, "a", Bytes{2}));
     EXPECT_FALSE(OpenNoteFile(files, "b"));
     EXPECT_EQ(disk.contents, (std::map<std::string, Bytes>{{"a", {1}}}));
+}
+
+// A trial says what the same work would have said, and leaves the disk as it is.
+TEST(ReadOnlyFiles, MendSetsOnTrial) {
+    FakeNoteFiles disk, trialDisk;
+    for (FakeNoteFiles* files : {&disk, &trialDisk}) {
+        AddFakeSet(*files, "Without Index", {{5, "five"}});
+        AddFakeSet(*files, "Without Data", {{5, "five"}});
+        AddFakeSet(*files, "Stopped", {{5, "five"}});
+        files->contents.erase("Without Index.nmi");
+        files->listed.clear();
+        files->contents["Without Data.nmd.temp"] = files->contents["Without Data.nmd"];
+        files->contents.erase("Without Data.nmd");
+        files->contents["Stopped.nmd.temp"] = FakeSetOf({{5, "five"}, {6, "six"}}).data;
+    }
+    ReadOnlyFiles trial = ReadOnly(trialDisk);
+    trial.isTrial = true;
+    const NoteFiles onTrial = DeviceOver(trial);
+    const auto before = trialDisk.contents;
+    NoteSets notes, triedNotes;
+    const OpenedSets opened = OpenNoteSets(DeviceOver(disk), notes);
+    EXPECT_NE(opened.report, "");
+    EXPECT_EQ(OpenNoteSets(onTrial, triedNotes).report, opened.report);
+    EXPECT_EQ(trialDisk.contents, before);
+    for (const auto& [name, bytes] : disk.contents) {
+        Bytes tried;
+        EXPECT_TRUE(onTrial.read(onTrial.device, name, 0, bytes.size() + 1, tried)) << name;
+        EXPECT_EQ(tried, bytes) << name;
+    }
+    EXPECT_EQ(onTrial.list(onTrial.device, "*.temp"), std::vector<std::string>{});
+    EXPECT_EQ(OpenNoteSets(onTrial, triedNotes).report, "") << "what is mended stays so";
+}
+
+TEST(ReadOnlyFiles, ChangeFilesOnTrial) {
+    FakeNoteFiles disk;
+    disk.contents["a"] = {1};
+    disk.contents["b"] = {2};
+    ReadOnlyFiles trial = ReadOnly(disk);
+    trial.isTrial = true;
+    const NoteFiles files = DeviceOver(trial);
+    Bytes bytes;
+    EXPECT_FALSE(files.rename(files.device, "a", "b"));
+    EXPECT_FALSE(files.rename(files.device, "none", "c"));
+    EXPECT_TRUE(files.append(files.device, "a", Bytes{3}));
+    EXPECT_TRUE(files.link(files.device, "a", "c"));
+    EXPECT_FALSE(files.link(files.device, "a", "b"));
+    EXPECT_TRUE(files.replace(files.device, "a", "b"));
+    EXPECT_FALSE(files.stamp(files.device, "a").exists);
+    EXPECT_FALSE(OpenNoteFile(files, "a"));
+    EXPECT_FALSE(files.read(files.device, "a", 0, 9, bytes));
+    EXPECT_FALSE(files.remove(files.device, "a"));
+    for (const char* name : {"b", "c"}) {
+        EXPECT_TRUE(files.read(files.device, name, 0, 9, bytes));
+        EXPECT_EQ(bytes, (Bytes{1, 3})) << name;
+    }
+    EXPECT_TRUE(files.create(files.device, "a", Bytes{4}));
+    EXPECT_EQ(files.size(files.device, "a"), 1u);
+    EXPECT_EQ(disk.contents, (std::map<std::string, Bytes>{{"a", {1}}, {"b", {2}}}));
 }
