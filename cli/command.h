@@ -47,9 +47,9 @@ struct Command {
     // Adds the options to `app` and gives what is done after they are read; null if there are commands below.
     RunCommand (*prepare)(CLI::App& app) = nullptr;
 
-    const char* details = "";  // more for the manual: whole sentences
+    const char* details = "";                       // more for the manual: whole sentences
     std::span<const Command* const> commands = {};  // below this one: `vw notes list`
-    bool isHidden = false;     // for building and installing; not in the help
+    bool isHidden = false;                          // for building and installing; not in the help
 };
 
 std::span<const Command* const> TheCommands();

@@ -8,6 +8,7 @@ extern const Command kFindCommand;
 extern const Command kWordsCommand;
 extern const Command kWhatCommand;
 extern const Command kTodayCommand;
+extern const Command kNotesCommand;
 extern const Command kTextCommand;
 extern const Command kManualCommand;
 extern const Command kCompletionCommand;

@@ -104,6 +104,9 @@ static constexpr char kAfterJson[] =
     ".TP\n2\nBad use: an argument means nothing. The message names it.\n"
     ".TP\n3\nA file or a folder cannot be read or written. The message names it.\n"
     ".SH ENVIRONMENT\n"
+    ".TP\n\\fBVISUAL\\fR, \\fBEDITOR\\fR\nThe editor of \\fBvw notes edit\\fR, the first of them that is set; without "
+    "them, editor, nano or vi, on Windows notepad.\n"
+    ".TP\n\\fBTMPDIR\\fR\nThe folder for the files that are edited; without it, /tmp.\n"
     ".TP\n\\fBPAGER\\fR\nThe program that shows long texts on a terminal; without it, less.\n"
     ".TP\n\\fBNO_COLOR\\fR\nIf it is set and not empty, there are no colours unless \\fB\\-\\-color always\\fR is "
     "given.\n"
@@ -117,7 +120,9 @@ static constexpr char kAfterJson[] =
     ".nf\nvw read \\(dqRom 8:1\\-11\\(dq\n"
     "vw find grace mercy \\-\\-any \\-\\-range \\(dqRo \\- Re\\(dq\n"
     "vw find faith hope charity \\-\\-near 12\n"
-    "vw words \\(dqlov*\\(dq \\-\\-by\\-count\n.fi\n";
+    "vw words \\(dqlov*\\(dq \\-\\-by\\-count\n"
+    "vw notes search grace \\-\\-range Ro\n"
+    "vw notes edit \\(dqRom 8:28\\(dq \\-\\-set \\(dqMy Notes\\(dq\n.fi\n";
 
 std::string ManualPage(const DescribedProgram& program, std::string_view version) {
     std::string page = ".TH VW 1 \"\" \"vw " + std::string(version) + "\" \"User Commands\"\n";

@@ -69,6 +69,50 @@ static constexpr SchemaField kFileFields[] = {
     {"state", FieldType::kText, "\"as built\", \"differs\" or \"missing\""},
 };
 
+static constexpr SchemaField kNoteFields[] = {
+    {"set", FieldType::kText, "name of the note set"},
+    {"reference", FieldType::kText, "full name of the verse, Genesis 1:1"},
+    {"index", FieldType::kNumber, "of the verse in the Bible, from 0"},
+    {"note", FieldType::kText, "its text"},
+};
+
+static constexpr SchemaField kFoundInNoteFields[] = {
+    {"marks", FieldType::kPlaces, "places in the text of what was found; only of notes search", true},
+};
+
+static constexpr SchemaField kSetFields[] = {
+    {"set", FieldType::kText, "its name"},
+    {"notes", FieldType::kNumber, "that it has"},
+    {"bytes", FieldType::kNumber, "of its data file"},
+    {"damaged", FieldType::kYesOrNo, "it can only be read"},
+};
+
+static constexpr SchemaField kEarlierFields[] = {
+    {"number", FieldType::kNumber, "for notes restore; 1 is the latest"},
+    {"time", FieldType::kNumber, "when it was kept, in seconds since 1970, UTC"},
+    {"reason", FieldType::kText, "why it was kept, in words"},
+    {"note", FieldType::kText, "its text"},
+};
+
+static constexpr SchemaField kFaultFields[] = {
+    {"text", FieldType::kText, "what is wrong, in words"},
+    {"mended", FieldType::kYesOrNo, "as far as it can be"},
+};
+
+static constexpr SchemaField kExportedFields[] = {
+    {"set", FieldType::kText, "its name"},
+    {"notes", FieldType::kNumber, "that were written"},
+};
+
+static constexpr SchemaField kImportedFields[] = {
+    {"reference", FieldType::kText, "short name of the verse, Ge 1:1"},
+    {"index", FieldType::kNumber, "of the verse in the Bible, from 0"},
+    {"state", FieldType::kText, "\"new\", \"changed\", \"in conflict\" or \"older than the set's\""},
+    {"change", FieldType::kText, "what is done, in words"},
+    {"before", FieldType::kText, "the set's note"},
+    {"note", FieldType::kText, "the file's note"},
+};
+
 static constexpr SchemaKind kSchema[] = {
     {"verse", "a verse, of read and find", kVerseFields, kFoundFields},
     {"reference", "a verse, of find --refs", kReferenceFields},
@@ -78,6 +122,12 @@ static constexpr SchemaKind kSchema[] = {
     {"meaning", "a reference, of what", kMeaningFields},
     {"reading", "a reading, of today", kVerseFields, kReadingFields},
     {"proverb", "a verse, of today", kVerseFields},
+    {"note", "a note, of notes show, list and search", kNoteFields, kFoundInNoteFields},
+    {"set", "a note set, of notes sets", kSetFields},
+    {"earlier", "an earlier note, of notes history", kEarlierFields},
+    {"fault", "what is wrong with note sets, of notes verify", kFaultFields},
+    {"exported", "the result of notes export", kExportedFields},
+    {"imported", "a note that is not the same in the set, of notes import", kImportedFields},
     {"text", "the text, of text", kTextFields},
     {"file", "a file of the text, of text", kFileFields},
 };

@@ -112,6 +112,18 @@ void AppendUtf8Styled(StyledText& text, std::string_view utf8, TextStyle style) 
     EndRun(text, style);
 }
 
+// ---- Parts ----------------------------------------------------------------------------------------------------------
+
+void AppendPart(StyledText& text, const StyledText& other, std::size_t begin, std::size_t end) {
+    for (const StyledRun& run : other.runs) {
+        const std::size_t stop = std::min(run.end, end);
+        if (stop <= begin) continue;
+        text.letters.append(other.letters, begin, stop - begin);
+        EndRun(text, run.style);
+        begin = stop;
+    }
+}
+
 // ---- Places ---------------------------------------------------------------------------------------------------------
 
 std::vector<std::pair<std::size_t, std::size_t>> StretchesOf(const StyledText& text, TextStyle style) {

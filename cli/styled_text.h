@@ -35,5 +35,8 @@ void AppendPlain(std::string& utf8, std::string_view marked, ShownBrackets brack
 void AppendStyled(StyledText& text, std::string_view bytes, TextStyle style);
 void AppendUtf8Styled(StyledText& text, std::string_view utf8, TextStyle style);
 
+// Appends the letters [begin, end) of another text in their styles.
+void AppendPart(StyledText& text, const StyledText& other, std::size_t begin, std::size_t end);
+
 // The places [first, second) of the letters that have the style.
 std::vector<std::pair<std::size_t, std::size_t>> StretchesOf(const StyledText& text, TextStyle style);

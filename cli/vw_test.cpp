@@ -13,6 +13,7 @@
 #include "tests/support/checked_objects.h"
 #include "tests/support/fake_surroundings.h"
 #include "tests/support/native_scripture.h"
+#include "tests/support/real_note_files.h"
 
 using testing::HasSubstr;
 using testing::IsEmpty;
@@ -125,6 +126,13 @@ TEST_F(VwTest, LooksInSeveralFolders) {
 
 // Every command with --json, each object of which must be as the manual tells.
 TEST_F(VwTest, PrintsObjectsAsDescribed) {
+    const std::string folder = MakeScratchFolder();
+    WriteWholeFile(folder + "Damaged.nmd", {});
+    fake.hasNotes = true;
+    fake.edit = [](std::string& text) {
+        text += "more";
+        return true;
+    };
     const std::vector<std::vector<std::string>> runs = {
         {"read", "Ps 117"},
         {"find", "grace", "--range", "Ro"},
@@ -136,6 +144,17 @@ TEST_F(VwTest, PrintsObjectsAsDescribed) {
         {"what", "1 Jn 1:9", "Jude", "Foo 3"},
         {"today", "11-23"},
         {"text"},
+        {"notes", "sets", "--folder", VERSEWELL_DATA_DIR},
+        {"notes", "show", "Ge 1:1-31", "--folder", VERSEWELL_DATA_DIR},
+        {"notes", "list", "--range", "Ge 1 - 3", "--folder", VERSEWELL_DATA_DIR},
+        {"notes", "export", folder + "a.csv", "--set", "Morning and Evening", "--folder", VERSEWELL_DATA_DIR},
+        {"notes", "import", folder + "a.csv", "--new", "A", "--folder", folder, "--dry-run"},
+        {"notes", "import", folder + "a.csv", "--new", "A", "--folder", folder},
+        {"notes", "edit", "Ge 1:1", "--set", "A", "--folder", folder},
+        {"notes", "edit", "Ge 1:1", "--set", "A", "--folder", folder},
+        {"notes", "search", "more", "--set", "A", "--folder", folder},
+        {"notes", "history", "Ge 1:1", "--set", "A", "--folder", folder},
+        {"notes", "verify", "--folder", folder},
     };
     std::set<std::string> kinds;
     for (std::vector<std::string> words : runs) {
@@ -144,6 +163,7 @@ TEST_F(VwTest, PrintsObjectsAsDescribed) {
         EXPECT_THAT(WrongObjects(fake.output, kinds), IsEmpty()) << words[0];
     }
     EXPECT_EQ(kinds, KindsOfSchema());
+    RemoveScratchFolder(folder);
 }
 
 TEST(Manual, NamesEveryCommandAndOption) {
@@ -151,8 +171,10 @@ TEST(Manual, NamesEveryCommandAndOption) {
     const std::string manual = ManualPage(program, "1.2.3");
     EXPECT_THAT(manual, HasSubstr("vw 1.2.3"));
     EXPECT_GE(program.commands.size(), 7u);
-    for (const DescribedCommand& command : program.commands) {
+    for (const DescribedCommand& command : RunCommandsOf(program)) {
         EXPECT_THAT(manual, HasSubstr(".SS " + command.name));
+    }
+    for (const DescribedCommand& command : program.commands) {
         for (const char* shell : {"bash", "zsh", "fish", "powershell"})
             EXPECT_THAT(CompletionFor(program, shell).value(), HasSubstr(command.name));
     }
