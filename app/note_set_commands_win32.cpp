@@ -88,6 +88,7 @@ void DeleteSet(int) {
     ShowNewTabs();
     ReadNote(theNoteSets.currentVerse);
     RepaintNoteMarks();
+    ForgetGoneSets();
 }
 
 // ---- Earlier states -------------------------------------------------------------------------------------------------
@@ -125,6 +126,7 @@ static void MergeChosenSets(const std::string& copy, const std::string& set) {
     ShowNewTabs();
     ReadNote(theNoteSets.currentVerse);
     UpdateNoteMarks(IDM_NOTES_CHANGED);
+    ForgetGoneSets();
 }
 
 void MergeNoteSets(int) {

@@ -5,7 +5,9 @@
 
 #include "app/frame_win32.h"
 #include "app/places.h"
+#include "notes/note_capitals_win32.h"
 #include "notes/note_editor_window.h"
+#include "notes/note_files_win32.h"
 #include "notes/notes_window.h"
 #include "pane/selection_win32.h"
 #include "pane/status_bar_win32.h"
@@ -170,6 +172,16 @@ void GoThroughPlaces(int command) {
 void FollowRenamedSet(const std::string& before, const EntrySets::Set& now) {
     RenameSet(thePlaces, before, now);
     ShowRenamedSet(before, now);
+}
+
+void ForgetGoneSets() {
+    const RemainingNotes remaining = {
+        HasSet, [](const ListedQuestion& question, const std::vector<std::int32_t>& verses) {
+            return StillListed(TheNoteFiles(), theNoteSets.sets, SystemLetters(), question, verses);
+        }};
+    DropGoneEntries(thePlaces, remaining);
+    DropGoneEntriesShown(remaining);
+    RefreshCommands();
 }
 
 // ---- Keys and buttons -----------------------------------------------------------------------------------------------

@@ -32,5 +32,8 @@ bool StepsThroughPlaces(const MSG& message);
 // To be called when a note set has got another name.
 void FollowRenamedSet(const std::string& before, const EntrySets::Set& now);
 
+// To be called when note sets have gone: the notes of these leave the lists.
+void ForgetGoneSets();
+
 // The command of the keyboard's own keys for back and forward: WM_APPCOMMAND. False if it is another one.
 bool OnAppCommand(int appCommand);

@@ -151,6 +151,13 @@ void RenameSet(Places& places, const std::string& before, const EntrySets::Set& 
     }
 }
 
+void DropGoneEntries(Places& places, const RemainingNotes& remaining) {
+    for (KeptList& list : places.lists) {
+        ListContent content = ContentOf(list);
+        if (DropGoneEntries(content, remaining)) list = Kept(std::move(content), "");
+    }
+}
+
 void KeepList(Places& places, KeptList list) {
     DropOldDeletions(list);
     const auto behind = std::ranges::upper_bound(places.lists, NumberOf(list), {}, NumberOf);

@@ -77,6 +77,9 @@ Place GoForward(Places& places, const ShownPlace& left);
 // To be called when a note set has got another name: places and lists go on with it.
 void RenameSet(Places& places, const std::string& before, const EntrySets::Set& now);
 
+// To be called when note sets have gone: their notes leave the lists, and what was said of these is no longer true.
+void DropGoneEntries(Places& places, const RemainingNotes& remaining);
+
 // Keeps a list that is no longer shown, unless no place has it, with as many of its deletions as fit into
 // kMostBytesOfList. The oldest ones beyond kMostLists are dropped; of their
 // places Passage and note remain.

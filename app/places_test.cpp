@@ -23,6 +23,10 @@ static KeptList ListNumbered(int number) {
     return Kept({.number = number, .verses = {number, number + 1}}, std::to_string(number) + " verses");
 }
 
+static Deletion DeletionOf(std::size_t entries, const char* summary) {
+    return {std::vector<DeletedEntry>(entries), true, summary};
+}
+
 static std::vector<int> NumbersOf(const Places& places) {
     std::vector<int> numbers;
     for (const KeptList& list : places.lists) numbers.push_back(list.content.number);
@@ -131,6 +135,36 @@ TEST(Places, GoOnWithARenamedSet) {
     EXPECT_EQ(GoBack(places, Now(2)).noteSet, "Yours");
 }
 
+TEST(Places, LoseTheNotesOfASetThatHasGone) {
+    static const RemainingNotes kRemaining = {
+        HasSet, [](const ListedQuestion&, const std::vector<std::int32_t>&) { return std::vector<std::int32_t>{6}; }};
+    Places places;
+    const EntrySets sets{{{"Mine", "Mine: "}, {"Deleted", "Deleted: "}}, {0, 1, 0, 1}, 3};
+    const auto list = [&](int number, bool isOfNotes) {
+        ListContent content{.number = number, .verses = {5, 5, 6, 7}, .isOfNotes = isOfNotes};
+        content.deletions = {DeletionOf(1, "")};
+        return content;
+    };
+    ListContent withSets = list(1, true), mine = list(4, true);
+    withSets.sets = mine.sets = sets;
+    mine.sets.ofEntries = {0, 0, 0, 0};
+    for (const ListContent& each : {withSets, list(2, true), list(3, false), mine})
+        places.lists.push_back(Kept(each, "said"));
+    DropGoneEntries(places, kRemaining);
+    EXPECT_THAT(ContentOf(places.lists[0]).verses, ElementsAre(5, 6));
+    EXPECT_THAT(places.lists[0].content.sets.ofEntries, ElementsAre(0, 0));
+    EXPECT_THAT(ContentOf(places.lists[1]).verses, ElementsAre(6));
+    for (const std::size_t changed : {0U, 1U}) {
+        EXPECT_EQ(places.lists[changed].summary, "");
+        EXPECT_TRUE(places.lists[changed].content.deletions.empty());
+    }
+    for (const std::size_t same : {2U, 3U}) {
+        EXPECT_THAT(ContentOf(places.lists[same]).verses, ElementsAre(5, 5, 6, 7));
+        EXPECT_EQ(places.lists[same].summary, "said");
+        EXPECT_EQ(places.lists[same].content.deletions.size(), 1U);
+    }
+}
+
 TEST(Places, AreTwoHundred) {
     Places places;
     for (int verse = 0; verse < 1000; ++verse) KeepJump(places, At(verse));
@@ -211,10 +245,6 @@ TEST(PlacesLists, AreDroppedWithTheirLastPlace) {
     EXPECT_THAT(NumbersOf(places), ElementsAre(0, 1));
     for (int verse = 0; verse < 300; ++verse) KeepJump(places, At(verse, 2));
     EXPECT_THAT(NumbersOf(places), ElementsAre());
-}
-
-static Deletion DeletionOf(std::size_t entries, const char* summary) {
-    return {std::vector<DeletedEntry>(entries), true, summary};
 }
 
 TEST(PlacesLists, KeepTheirLatestDeletions) {

@@ -124,6 +124,19 @@ ListedNotes ListNotes(const NoteFiles& files, std::span<NoteSet> sets, const Let
     return notes;
 }
 
+std::vector<std::int32_t> StillListed(const NoteFiles& files, std::span<NoteSet> sets, const LetterTable& letters,
+                                      const ListedQuestion& question, const std::vector<std::int32_t>& verses) {
+    if (verses.empty()) return {};
+    const auto named = std::ranges::find(sets, question.set, NoteSetName);
+    if (!question.set.empty()) sets = {named, named == sets.end() ? 0U : 1U};
+    const ListedNotesQuery query{question.words, question.substrings, {verses.front(), verses.back()}};
+    const ListedNotes now = ListNotes(files, sets, letters, query, {nullptr, [](void*, int) {}});
+    if (now.unreadableSets != 0) return verses;
+    std::vector<std::int32_t> still;
+    std::ranges::set_intersection(verses, now.verses, std::back_inserter(still));
+    return still;
+}
+
 static std::string Counted(std::size_t count, const char* one, const char* several) {
     return std::to_string(count) + (count == 1 ? one : several);
 }

@@ -52,6 +52,10 @@ std::string ListedNotesSummary(const ListedNotes& notes);
 // be read.
 std::string NamingNotesSummary(std::size_t notes, int unreadableSets, const std::string& verse);
 
+// Of these ascending verses those that have such a note in one of the sets; all of them if a set cannot be read.
+std::vector<std::int32_t> StillListed(const NoteFiles& files, std::span<NoteSet> sets, const LetterTable& letters,
+                                      const ListedQuestion& question, const std::vector<std::int32_t>& verses);
+
 // The set whose note of `verse` is shown: the current one if its note is one that was asked for, otherwise the first
 // with such a note. The current one, too, if none has one any more. Reads the notes of that verse.
 int SetWithListedNote(const NoteFiles& files, NoteSets& notes, const LetterTable& letters,

@@ -47,6 +47,21 @@ static std::string InUtf8(std::u16string_view letters) {
     return std::string(kUtf8Mark) + Utf8Of(letters);
 }
 
+TEST(ListedNotes, AreStillThereOrNot) {
+    ListedSets sets;
+    Open(sets, {{"A", {{7, "grace"}, {500, "truth"}}}, {"B", {{7, "peace"}, {900, "graceful"}, {901, "peace"}}}});
+    const auto still = [&](const ListedQuestion& question, const std::vector<std::int32_t>& verses) {
+        return StillListed(sets.files, sets.notes.sets, AsciiLetters(), question, verses);
+    };
+    EXPECT_THAT(still({}, {3, 7, 500, 901}), ElementsAre(7, 500, 901));
+    EXPECT_THAT(still({"B"}, {7, 500, 900}), ElementsAre(7, 900));
+    EXPECT_THAT(still({"", {"GRACE"}, true}, {7, 500, 900}), ElementsAre(7, 900));
+    EXPECT_THAT(still({"Gone"}, {7, 500}), IsEmpty());
+    EXPECT_THAT(still({}, {}), IsEmpty());
+    sets.fakes.contents.erase("A.nmd");
+    EXPECT_THAT(still({}, {3, 7, 500, 901}), ElementsAre(3, 7, 500, 901)) << "what is in A is not known";
+}
+
 TEST(ListedNotes, AreThoseOfAllSetsInTheOrderOfTheBible) {
     ListedSets sets;
     Open(sets, {{"A", {{7, "one"}, {500, "two"}, {kLastVerse, "three"}}},

@@ -2,6 +2,9 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
+#include <span>
+#include <string>
 #include <vector>
 
 #include "notes/listed_notes.h"
@@ -20,3 +23,17 @@ struct ListContent {
     ListedQuestion question{};
     std::vector<Deletion> deletions{};  // the latest last
 };
+
+// The notes that there are after a set has gone.
+struct RemainingNotes {
+    std::function<bool(const std::string& name)> hasSet;
+    std::function<std::vector<std::int32_t>(const ListedQuestion&, const std::vector<std::int32_t>&)> stillListed;
+};
+
+// The ascending places of the entries whose note has gone with its set.
+std::vector<int> GoneEntries(const std::vector<std::int32_t>& verses, const EntrySets& sets,
+                             const ListedQuestion& question, const RemainingNotes& remaining);
+
+// Takes these entries out for good if the list is one of notes. Entries that were deleted do not come back then,
+// because some of them may be of the set. Returns whether there were any.
+bool DropGoneEntries(ListContent& content, const RemainingNotes& remaining);

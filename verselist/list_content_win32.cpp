@@ -65,6 +65,13 @@ void ShowRenamedSet(const std::string& before, const EntrySets::Set& now) {
     ShowListPlace(theVerseList.list.ListTop, lines);
 }
 
+void DropGoneEntriesShown(const RemainingNotes& remaining) {
+    const VerseList& list = theVerseList.list;
+    if (!theVerseList.isOfNotes) return;
+    DropEntries(GoneEntries(list.ListEntries, list.sets, theVerseList.question, remaining));
+    theVerseList.followed = VerseListPosition();
+}
+
 void ShowReferences(const std::vector<std::int32_t>& verses) {
     BeginFilling({});
     FillWithReferences(theVerseList.list, verses);

@@ -24,6 +24,9 @@ EntrySets::Set AsEntrySet(const NoteSet& set);
 // To be called when a note set has got another name.
 void ShowRenamedSet(const std::string& before, const EntrySets::Set& now);
 
+// To be called when note sets have gone: takes the entries of their notes out. The note that is shown stays.
+void DropGoneEntriesShown(const RemainingNotes& remaining);
+
 // Shows the verses of a cross-reference line in both views. The Reference List shows abbreviated references, no key
 // words are marked, and the focus does not change.
 void ShowReferences(const std::vector<std::int32_t>& verses);

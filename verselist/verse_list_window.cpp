@@ -185,6 +185,13 @@ static void Delete(const std::vector<int>& places) {
     ShowChangedEntries(places.front(), topLine);
 }
 
+void DropEntries(const std::vector<int>& places) {
+    if (places.empty()) return;
+    Delete(places);
+    theVerseList.list.deletions.clear();
+    RefreshFrame();
+}
+
 bool CanRestoreEntries() {
     return GetFocus() == ShownListView() && !theVerseList.list.deletions.empty();
 }

@@ -65,6 +65,9 @@ const EntrySets::Set* VerseListCurrentSet();
 // Verses of the marked lines of the Reference List, in their order.
 std::vector<std::int32_t> MarkedVerses();
 
+// Removes entries for good; no others that were deleted come back. Does nothing if there are no such places.
+void DropEntries(const std::vector<int>& places);
+
 // Has the visible view the focus, and were entries deleted from the present list? RestoreDeletedEntries, which may
 // only be called then, puts those that were deleted last back in their places in both views.
 bool CanRestoreEntries();

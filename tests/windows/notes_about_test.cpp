@@ -110,6 +110,28 @@ TEST(NotesAbout, AreListedWithTheirSets) {
     EXPECT_EQ(NoteWithSet(program), "Genesis 1:6 of Mine");
     Press(program, "End");
     EXPECT_EQ(NoteWithSet(program), "John 11:2 of Talks");
+
+    // Its entries go with it, in the list of an earlier place, too.
+    Press(program, "Ctrl+l");
+    WaitForDialog(program, "List Notes");
+    Press(program, "Enter");
+    WaitForNoDialog(program);
+    EXPECT_THAT(ListedLines(program),
+                ElementsAre("Genesis 1:1", "Genesis 1:6", "Genesis 2:10", "John 11:2", "Revelation 22:21"));
+    Press(program, "End");
+    EXPECT_EQ(NoteWithSet(program), "Revelation 22:21 of Talks");
+    Command(program, IDM_DELETE_NOTE_SET);
+    WaitForDialog(program, "Delete Note Set");
+    Press(program, "y");
+    WaitForNoDialog(program);
+    EXPECT_THAT(ListedLines(program), ElementsAre("Genesis 1:1", "Genesis 1:6", "Genesis 2:10"));
+    EXPECT_EQ(NoteWithSet(program), "Revelation 22:21 of Mine") << "as after any deletion of a set";
+    EXPECT_EQ(StatusPart(program, kAboutPart), "");
+    Press(program, "Alt+1");
+    Press(program, "Home");
+    EXPECT_EQ(NoteWithSet(program), "Genesis 1:1 of Mine");
+    while (ListedLines(program).front() != "Mine: Genesis 1:6") Press(program, "Back");
+    EXPECT_THAT(ListedLines(program), ElementsAre("Mine: Genesis 1:6", "Mine: Genesis 2:10"));
 }
 
 TEST(NotesAbout, FollowTheFocusAndWhatIsSaved) {
