@@ -16,6 +16,7 @@
 #include "verselist/list_content_win32.h"
 #include "verselist/verse_list_window.h"
 #include "win32/controls.h"
+#include "win32/plain_text.h"
 
 static Places thePlaces;
 
@@ -32,6 +33,7 @@ static Place CurrentPlace() {
         .listTop = theVerseList.list.ListTop,
         .caretLine = lines.caret,
         .topLine = lines.top,
+        .noteTop = FirstVisibleCharacter(theNotes.view),
     };
 }
 
@@ -124,13 +126,12 @@ static bool ShowPassageOf(const Place& place) {
 }
 
 // After the Passage, which brings its own note if the notes are bound to it. A set that has gone stays out of sight.
-static bool ShowNoteOf(const Place& place) {
+static void ShowNoteOf(const Place& place) {
     const int named = SetNamed(theNoteSets, place.noteSet);
     const int before = theNoteSets.currentSet, set = named == kNoSet ? before : named;
-    if (set == before && place.noteVerse == theNoteSets.currentVerse) return false;
-    ShowNoteOfSet(set, place.noteVerse);
+    if (set != before || place.noteVerse != theNoteSets.currentVerse) ShowNoteOfSet(set, place.noteVerse);
     if (set != before) RepaintNoteMarks();
-    return true;
+    if (named == set) ScrollToTop(theNotes.view, place.noteTop);
 }
 
 static void Show(const Place& place) {

@@ -19,9 +19,10 @@ struct Place {
     int listTop = 0;        // first entry shown
     int caretLine = -1;     // of the Reference List, and its first line shown; -1 if it is hidden
     int topLine = -1;
+    std::int32_t noteTop = 0;  // first character of the note's first visible line
 };
 
-// Are Passage, note and list the same, however the list is scrolled?
+// Are Passage, note and list the same, however note and list are scrolled?
 bool IsSamePlace(const Place& a, const Place& b);
 
 // Verses of a list in little memory: 4 kB for any number in canonical order, 2 bytes for each one otherwise.

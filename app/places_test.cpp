@@ -42,7 +42,7 @@ static void Search(Places& places, int number, int verse = 0) {
 TEST(Places, AreTheSameHoweverTheListIsScrolled) {
     const Place place = At(5, 3);
     Place other = place;
-    other.listTop = other.caretLine = other.topLine = 7;
+    other.listTop = other.caretLine = other.topLine = other.noteTop = 7;
     EXPECT_TRUE(IsSamePlace(place, other));
     for (const Place& differing :
          {Place{6, 5, "Mine", 3}, Place{5, 6, "Mine", 3}, Place{5, 5, "Yours", 3}, Place{5, 5, "Mine", 4}})

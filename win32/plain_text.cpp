@@ -72,7 +72,7 @@ POINTL CornerOfCharacter(HWND richEdit, LONG place) {
     return corner;
 }
 
-static LONG FirstVisibleCharacter(HWND richEdit) {
+LONG FirstVisibleCharacter(HWND richEdit) {
     const LRESULT line = SendMessageA(richEdit, EM_GETFIRSTVISIBLELINE, 0, 0);
     return static_cast<LONG>(SendMessageA(richEdit, EM_LINEINDEX, static_cast<WPARAM>(line), 0));
 }
@@ -90,6 +90,13 @@ void ScrollToCharacter(HWND richEdit, LONG place) {
     const LONG y = CornerOfCharacter(richEdit, place).y;
     if (y >= 0 && y < 2 * client.bottom / 3) return;
     ScrollBy(richEdit, y - client.bottom / 3);
+    ScrollBackToText(richEdit);
+}
+
+void ScrollToTop(HWND richEdit, LONG place) {
+    const LONG last = std::min(place, PlainTextLength(richEdit));
+    if (FirstVisibleCharacter(richEdit) == last) return;
+    ScrollBy(richEdit, CornerOfCharacter(richEdit, last).y);
     ScrollBackToText(richEdit);
 }
 

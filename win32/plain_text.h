@@ -69,6 +69,12 @@ void KeepSelectionInLineAt(HWND richEdit, int y);
 // the control, it is moved to the end of the first third, as far as the text allows.
 void ScrollToCharacter(HWND richEdit, LONG place);
 
+// The first character of the line at the upper edge of the control.
+LONG FirstVisibleCharacter(HWND richEdit);
+
+// Shows the line of the character at `place` there, as far as the text allows.
+void ScrollToTop(HWND richEdit, LONG place);
+
 // Where the selection starts.
 LONG SelectionStart(HWND richEdit);
 

@@ -144,6 +144,43 @@ TEST(Places, HaveTheirListsAndNotes) {
     EXPECT_EQ(Shown(program), "Genesis 3:2, Genesis 3:3");
 }
 
+static LRESULT FirstLineOfNote(const Program& program) {
+    Settle(program);
+    return SendMessageA(NoteViewOf(program), EM_GETFIRSTVISIBLELINE, 0, 0);
+}
+
+TEST(Places, HaveTheirNotesWhereTheyWereRead) {
+    const ScratchFolder folder = FolderWithReferences();
+    std::string text = "# Ge 19:19\r\n";
+    for (int line = 1; line < 100; ++line) text += "line " + std::to_string(line) + "\r\n";
+    for (const char* set : {"Mine", "Other"}) WriteNoteSet(folder, set, {{57, text}, {kLastVerse, text}});
+    Program program = StartProgram(folder);
+    const auto lineAfterPages = [&](int count) {
+        for (int page = 0; page < count; ++page) SendMessageA(NoteViewOf(program), WM_VSCROLL, SB_PAGEDOWN, 0);
+        return FirstLineOfNote(program);
+    };
+    const LRESULT first = lineAfterPages(3);
+    EXPECT_GT(first, 5);
+    GoTo(program, "Re 22:21");
+    EXPECT_EQ(StatusPart(program, kNote), "Revelation 22:21");
+    EXPECT_EQ(FirstLineOfNote(program), 0) << "another note begins at its top";
+    const LRESULT second = lineAfterPages(1);
+    EXPECT_NE(second, first);
+    Press(program, "Back");
+    EXPECT_EQ(StatusPart(program, kNote), "Genesis 3:2");
+    EXPECT_EQ(FirstLineOfNote(program), first);
+    Press(program, "Shift+Back");
+    EXPECT_EQ(StatusPart(program, kNote), "Revelation 22:21");
+    EXPECT_EQ(FirstLineOfNote(program), second);
+    const HWND tabs = Child(program.frame, {IDC_NOTE_TABS});
+    const int set = SelectedTab(tabs);
+    ClickTab(program, tabs, 1 - set);
+    EXPECT_EQ(FirstLineOfNote(program), 0);
+    Press(program, "Back");
+    EXPECT_EQ(SelectedTab(tabs), set);
+    EXPECT_EQ(FirstLineOfNote(program), second) << "in its set";
+}
+
 TEST(Places, BringBackWhatWasDeletedFromTheirLists) {
     Program program = StartProgram(FolderWithScripture());
     SearchFor(program, {"rasor"});
