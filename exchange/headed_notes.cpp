@@ -7,6 +7,12 @@
 #include "notes/file_names.h"
 
 static constexpr char kBeforeFirst[] = "This stands before the first verse.";
+static constexpr char kBehindEnd[] = "This stands behind the end of the notes.";
+static constexpr char kCut[] = "The file ends before its end mark. It may have been cut, so that notes are missing.";
+
+NoteHeading EndMarkAt(std::size_t line) {
+    return {line, "", {kNoVerse, kBehindEnd}, {}, true};
+}
 
 std::string JoinedLines(std::span<const std::string_view> lines) {
     std::string text;
@@ -41,6 +47,8 @@ void PlaceHeaded(const ExchangeContext& context, const HeadedLines& file,
         Place(context.page,
               {heading.line + 1, heading.where, heading.verse, heading.mark, WithoutLayout(heading.mark, text)}, notes);
     }
+    const bool hasEnd = std::ranges::any_of(file.headings, &NoteHeading::isEnd);
+    if (file.shallEnd && !hasEnd) notes.unplaced.push_back({file.lines.size(), "", kCut, ""});
     FinishPlacing(context.scripture.records, notes);
 }
 

@@ -12,7 +12,8 @@ struct NoteHeading {
     std::size_t line = 0;  // its place among the lines
     std::string where;     // what stands there for a verse
     VerseName verse;
-    NoteMark mark;
+    NoteMark mark{};
+    bool isEnd = false;  // the end mark of the file; a text below it is none of the notes
 };
 
 // The headings of a file, in order.
@@ -20,10 +21,14 @@ struct HeadedLines {
     std::vector<std::string_view> lines;
     std::size_t first = 0;  // the first line behind the title
     std::vector<NoteHeading> headings;
+    bool shallEnd = false;  // the title says that there is an end mark
 };
 
+// The heading that the end mark is.
+NoteHeading EndMarkAt(std::size_t line);
+
 // Adds the notes below the headings. `textOf` makes the text of a note of its lines. What stands before the first
-// heading is unplaced.
+// heading or behind the end mark is unplaced, and so is what has been cut off with a mark that should be there.
 void PlaceHeaded(const ExchangeContext& context, const HeadedLines& file,
                  std::string (*textOf)(std::span<const std::string_view> lines), ExchangedNotes& notes);
 

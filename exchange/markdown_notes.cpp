@@ -7,14 +7,16 @@
 #include "exchange/headed_notes.h"
 #include "exchange/markdown_text.h"
 
-static constexpr std::string_view kTitleComment = "<!-- notes -->";
+static constexpr std::string_view kTitleComment = "<!-- notes -->";  // of files without an end mark
+static constexpr std::string_view kShallEnd = "<!-- notes, to the end mark -->";
+static constexpr std::string_view kEnd = "<!-- end mark -->";
 static constexpr std::string_view kCommentBegin = "<!--", kCommentEnd = "-->";
 
 // ---- Writing --------------------------------------------------------------------------------------------------------
 
 std::string WriteMarkdownNotes(const ExchangeContext& context, const ExchangedNotes& notes, const ExportOptions&) {
     std::string file;
-    file.append("# ").append(PortableName(context.page, notes.setName)).append(" ").append(kTitleComment);
+    file.append("# ").append(PortableName(context.page, notes.setName)).append(" ").append(kShallEnd);
     file += "\r\n\r\n";
     for (const ExchangedNote& note : notes.notes) {
         const PortableText text = PortableTextOf(context.page, note.note);
@@ -25,7 +27,7 @@ std::string WriteMarkdownNotes(const ExchangeContext& context, const ExchangedNo
         AppendMarkdown(text.text, file);
         file += "\r\n";
     }
-    return file;
+    return file.append(kEnd).append("\r\n");
 }
 
 // ---- Reading --------------------------------------------------------------------------------------------------------
@@ -67,6 +69,7 @@ static std::string_view WithoutClosingSigns(std::string_view text) {
 static void FindHeadings(const VerseRecords& records, HeadedLines& file) {
     std::size_t noteLevel = 0;
     for (std::size_t place = file.first; place < file.lines.size(); ++place) {
+        if (file.shallEnd && Trimmed(file.lines[place]) == kEnd) file.headings.push_back(EndMarkAt(place));
         const auto heading = MarkdownHeadingOf(file.lines[place]);
         if (!heading) continue;
         const std::string_view where = WithoutClosingSigns(heading->text);
@@ -85,19 +88,20 @@ static std::string TextOf(std::span<const std::string_view> lines) {
     return TextOfMarkdown(lines);
 }
 
-static bool IsTitle(std::string_view line) {
-    return line.starts_with("# ") && line.ends_with(kTitleComment);
+static void ReadTitle(const CodePage& page, HeadedLines& file, ExchangedNotes& notes) {
+    std::string_view title = file.lines.empty() ? "" : file.lines.front();
+    file.shallEnd = title.ends_with(kShallEnd);
+    if (!title.starts_with("# ") || !(file.shallEnd || title.ends_with(kTitleComment))) return;
+    title.remove_suffix((file.shallEnd ? kShallEnd : kTitleComment).size());
+    notes.setName = NameOfSet(page, Trimmed(title.substr(1)));
+    file.first = 1;
 }
 
 ExchangedNotes ReadMarkdownNotes(const ExchangeContext& context, std::string_view bytes) {
     const std::string text = TextOfFile(context.page, bytes);
     ExchangedNotes notes;
-    HeadedLines file{LinesOf(text), 0, {}};
-    if (!file.lines.empty() && IsTitle(file.lines.front())) {
-        const std::string_view title = file.lines.front();
-        notes.setName = NameOfSet(context.page, Trimmed(title.substr(1, title.size() - 1 - kTitleComment.size())));
-        file.first = 1;
-    }
+    HeadedLines file{LinesOf(text), 0, {}, false};
+    ReadTitle(context.page, file, notes);
     FindHeadings(context.scripture.records, file);
     PlaceHeaded(context, file, TextOf, notes);
     return notes;

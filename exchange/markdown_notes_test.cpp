@@ -24,8 +24,9 @@ static std::string MarkdownOf(std::string_view text) {
 TEST(MarkdownNotes, AreWrittenWithHeadings) {
     ExchangedNotes notes{"My Notes", {{kMarkdownVerse, "two\r\nlines", DigestOf("x")}}};
     EXPECT_EQ(WriteMarkdownNotes(TestContext(), notes, {}),
-              "# My Notes <!-- notes -->\r\n\r\n"
-              "## Romans 8:28 <!-- imnmbgid -->\r\n\r\ntwo  \r\nlines\r\n\r\n");
+              "# My Notes <!-- notes, to the end mark -->\r\n\r\n"
+              "## Romans 8:28 <!-- imnmbgid -->\r\n\r\ntwo  \r\nlines\r\n\r\n"
+              "<!-- end mark -->\r\n");
 }
 
 TEST(MarkdownNotes, ShowTextAsItWasTyped) {
@@ -44,6 +45,15 @@ TEST(MarkdownNotes, ShowTextAsItWasTyped) {
              {"a\n\nb\n", "a\r\n\r\nb\r\n"},
          })
         EXPECT_EQ(MarkdownOf(text), markdown);
+}
+
+// As files were before there was an end mark.
+TEST(MarkdownNotes, NeedNoEndMarkThatIsNotPromised) {
+    const ExchangedNotes notes =
+        ReadMarkdown("# Mine <!-- notes -->\r\n\r\n## Romans 8:28 <!-- imnmbgid -->\r\n\r\ntext\r\n\r\n");
+    EXPECT_EQ(notes.setName, "Mine");
+    EXPECT_THAT(PlacedIn(notes), ElementsAre(Pair(kMarkdownVerse, "text")));
+    EXPECT_TRUE(notes.unplaced.empty());
 }
 
 TEST(MarkdownNotes, AreReadFromOtherEditors) {

@@ -2,6 +2,9 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
+#include <utility>
+
 #include "tests/support/exchange_samples.h"
 #include "tests/support/tries.h"
 
@@ -146,6 +149,45 @@ TEST(NoteFormats, AreReadAsFarAsTheyGo) {
                     EXPECT_EQ(note.note, notes.notes[static_cast<std::size_t>(note.verse)].note) << format.name;
                 }
             EXPECT_TRUE(!part.notes.empty() || !part.unplaced.empty() || !part.error.empty());
+        }
+    }
+}
+
+static bool IsToldToBeCut(const ExchangedNotes& notes) {
+    return std::ranges::any_of(notes.unplaced, [](const UnplacedText& text) {
+        return text.reason == "The file ends before its end mark. It may have been cut, so that notes are missing.";
+    });
+}
+
+TEST(NoteFormats, WithAnEndMarkTellThatTheyAreCut) {
+    const ExchangedNotes notes =
+        Exported({"first\r\nnote", "=== End ===\r\n<!-- end mark -->", " === End ===\r\n  <!-- end mark -->", "third"});
+    for (const char* name : {"a.md", "a.txt"}) {
+        const NoteFormat& format = *FormatNamed(name);
+        const std::string file = format.write(TestContext(), notes, {});
+        for (std::size_t size = file.find("Genesis"); size < file.size(); ++size) {
+            const std::string_view part = std::string_view(file).substr(0, size);
+            const bool isWhole = size + 2 >= file.size();  // without its last line end
+            EXPECT_EQ(IsToldToBeCut(format.read(TestContext(), part)), !isWhole) << name << ": " << part;
+        }
+    }
+}
+
+// Notes that were added at the end of the file are read, but not other texts.
+TEST(NoteFormats, MayGoOnBehindTheirEndMark) {
+    for (const auto& [name, added] :
+         {std::pair("a.md", "\n\n## Genesis 1:9\nnew\n"), std::pair("a.txt", "more\n=== Genesis 1:9 ===\nnew\n")}) {
+        const NoteFormat& format = *FormatNamed(name);
+        const ExchangedNotes after =
+            format.read(TestContext(), format.write(TestContext(), Exported({"x"}), {}) + added);
+        ASSERT_EQ(after.notes.size(), 2U);
+        EXPECT_EQ(after.notes[0].note, "x");
+        EXPECT_EQ(after.notes[1].note, "new");
+        const bool hasMore = std::string_view(added).starts_with("more");
+        ASSERT_EQ(after.unplaced.size(), hasMore ? 1U : 0U);
+        if (hasMore) {
+            EXPECT_EQ(after.unplaced[0].text, "more");
+            EXPECT_EQ(after.unplaced[0].reason, "This stands behind the end of the notes.");
         }
     }
 }

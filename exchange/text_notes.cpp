@@ -8,6 +8,8 @@
 static constexpr std::string_view kTitle = "Notes: ";
 static constexpr std::string_view kSign = "===";
 static constexpr std::string_view kHeading = "=== ";
+static constexpr std::string_view kEnd = "=== End ===";
+static constexpr std::string_view kShallEnd = "The last line of this file is \"=== End ===\".";
 
 // ---- Writing --------------------------------------------------------------------------------------------------------
 
@@ -30,7 +32,8 @@ static void AppendText(std::string_view text, std::string& file) {
 
 std::string WriteTextNotes(const ExchangeContext& context, const ExchangedNotes& notes, const ExportOptions&) {
     std::string file;
-    file.append(kTitle).append(PortableName(context.page, notes.setName)).append("\r\n\r\n");
+    file.append(kTitle).append(PortableName(context.page, notes.setName)).append("\r\n");
+    file.append(kShallEnd).append("\r\n\r\n");
     for (const ExchangedNote& note : notes.notes) {
         const PortableText text = PortableTextOf(context.page, note.note);
         file.append(kHeading).append(ReferenceText(context.scripture.records, note.verse, BookForm::kName));
@@ -40,23 +43,34 @@ std::string WriteTextNotes(const ExchangeContext& context, const ExchangedNotes&
         file += "\r\n";
         AppendText(text.text, file);
     }
-    return file;
+    return file.append(kEnd).append("\r\n");
 }
 
 // ---- Reading --------------------------------------------------------------------------------------------------------
 
 static NoteHeading HeadingOf(const VerseRecords& records, std::string_view line, std::size_t place) {
-    line.remove_prefix(kHeading.size());
+    line.remove_prefix(kSign.size());
     const std::size_t end = line.find(kSign);
     const std::string_view where = Trimmed(line.substr(0, end));
     const std::string_view mark = end == std::string_view::npos ? "" : line.substr(end + kSign.size());
     return {place, std::string(where), VerseNamed(records, where), MarkOf(mark)};
 }
 
+// Without the blanks only if a verse is named: it may be a line that is drawn with such signs.
+static bool IsHeading(const VerseRecords& records, std::string_view line) {
+    if (line.starts_with(kHeading)) return true;
+    if (!line.starts_with(kSign) || line.substr(kSign.size()).starts_with('=')) return false;
+    return HeadingOf(records, line, 0).verse.problem != kNoVerseNamed;
+}
+
 static void FindHeadings(const VerseRecords& records, HeadedLines& file) {
-    for (std::size_t place = file.first; place < file.lines.size(); ++place)
-        if (file.lines[place].starts_with(kHeading))
-            file.headings.push_back(HeadingOf(records, file.lines[place], place));
+    for (std::size_t place = file.first; place < file.lines.size(); ++place) {
+        const std::string_view line = file.lines[place];
+        if (file.shallEnd && line == kEnd)
+            file.headings.push_back(EndMarkAt(place));
+        else if (IsHeading(records, line))
+            file.headings.push_back(HeadingOf(records, line, place));
+    }
 }
 
 // Lines such as "Romans 8:28" or "Romans 8:28:".
@@ -84,10 +98,12 @@ static std::string TextOf(std::span<const std::string_view> lines) {
 ExchangedNotes ReadTextNotes(const ExchangeContext& context, std::string_view bytes) {
     const std::string text = TextOfFile(context.page, bytes);
     ExchangedNotes notes;
-    HeadedLines file{LinesOf(text), 0, {}};
+    HeadedLines file{LinesOf(text), 0, {}, false};
     if (!file.lines.empty() && file.lines.front().starts_with(kTitle)) {
         notes.setName = NameOfSet(context.page, Trimmed(file.lines.front().substr(kTitle.size())));
         file.first = 1;
+        file.shallEnd = file.lines.size() > 1 && Trimmed(file.lines[1]) == kShallEnd;
+        if (file.shallEnd) file.first = 2;
     }
     FindHeadings(context.scripture.records, file);
     if (file.headings.empty()) FindLooseHeadings(context.scripture.records, file);

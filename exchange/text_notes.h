@@ -1,6 +1,7 @@
 // Notes as plain text, in UTF-8 with lines that end in CR LF:
 //
 //     Notes: My Notes
+//     The last line of this file is "=== End ===".
 //
 //     === Romans 8:28 === ldmkapoc
 //     The text of the note,
@@ -9,11 +10,15 @@
 //     === Romans 8:29 === bclmnkpa
 //     ...
 //
+//     === End ===
+//
 // Behind the reference stands the mark of the note (exchange/portable_text.h). A line of a note that begins with "===",
 // or with backslashes and "===", has one more backslash in front. Below each note is one empty line.
 //
-// When read, the title and the marks may be missing, and a file that has no line beginning with "=== " may have lines
-// of a reference alone instead, behind an empty line. Empty lines around a note without a mark are not part of it.
+// When read, the title and the marks may be missing. If the second line is there, but not the one that it promises, the
+// file has been cut; lines of notes may follow that one. "===Romans 8:28===" is the same as with blanks. A file that
+// has no such line may have lines of a reference alone instead, behind an empty line. Empty lines around a note without
+// a mark are not part of it.
 #pragma once
 
 #include <string>

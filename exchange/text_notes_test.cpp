@@ -17,9 +17,10 @@ static ExchangedNotes ReadText(std::string_view file) {
 TEST(TextNotes, AreWrittenWithHeadings) {
     ExchangedNotes notes{"My Notes", {{kTextVerse, "two\r\n=== lines", DigestOf("x")}, {kTextVerse + 1, "\x01", {}}}};
     EXPECT_EQ(WriteTextNotes(TestContext(), notes, {}),
-              "Notes: My Notes\r\n\r\n"
+              "Notes: My Notes\r\nThe last line of this file is \"=== End ===\".\r\n\r\n"
               "=== Romans 8:28 === imnmbgid\r\ntwo\r\n\\=== lines\r\n\r\n"
-              "=== Romans 8:29 === escaped\r\n\\x01\r\n\r\n");
+              "=== Romans 8:29 === escaped\r\n\\x01\r\n\r\n"
+              "=== End ===\r\n");
 }
 
 TEST(TextNotes, AreReadWithoutTitleAndMarks) {
@@ -31,6 +32,27 @@ TEST(TextNotes, AreReadWithoutTitleAndMarks) {
     EXPECT_EQ(notes.notes[0].digest, std::nullopt);
     EXPECT_EQ(notes.notes[0].line, 1u);
     EXPECT_EQ(notes.notes[1].line, 6u);
+}
+
+TEST(TextNotes, HaveHeadingsWithoutBlanksIfTheyNameAVerse) {
+    const ExchangedNotes notes = ReadText(
+        "===Romans 8:28===\nfirst\n===========\n===\n====John 3:16====\n===so===\n===Rom 8:29\nsecond\n"
+        "===Romans 8:99===\nthird\n\\===Romans 8:30===\n");
+    EXPECT_THAT(PlacedIn(notes), ElementsAre(Pair(kTextVerse,
+                                                  "first\r\n===========\r\n===\r\n====John 3:16====\r\n"
+                                                  "===so==="),
+                                             Pair(kTextVerse + 1, "second")));
+    ASSERT_EQ(notes.unplaced.size(), 1u);
+    EXPECT_EQ(notes.unplaced[0].reason, "There is no such verse.");
+    EXPECT_EQ(notes.unplaced[0].text, "third\r\n===Romans 8:30===");
+}
+
+// As files were before there was an end mark.
+TEST(TextNotes, NeedNoEndMarkThatIsNotPromised) {
+    const ExchangedNotes notes = ReadText("Notes: Mine\r\n\r\n=== Romans 8:28 === imnmbgid\r\ntext\r\n\r\n");
+    EXPECT_EQ(notes.setName, "Mine");
+    EXPECT_THAT(PlacedIn(notes), ElementsAre(Pair(kTextVerse, "text")));
+    EXPECT_THAT(notes.unplaced, IsEmpty());
 }
 
 TEST(TextNotes, MayHaveReferencesAsHeadings) {

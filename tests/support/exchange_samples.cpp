@@ -50,6 +50,8 @@ std::vector<std::string> HardNotes() {
         "\r",
         "ends in CR\r",
         "== Romans 8:28 ==\r\n=== Romans 8:28 === ldmkapoc\r\n\\=== more\r\n===\r\n====",
+        "=== End ===\r\n === End ===\r\n=== End === \r\n\\=== End ===",
+        "<!-- end mark -->\r\n  <!-- end mark -->\r\n\\<!-- end mark -->",
         "Notes: other",
         "# Romans 8:28\r\n## Romans 8:28 <!-- ldmkapoc -->\r\n  ### x\r\n#",
         "# Ge 1:1; Ex 2:4, 6-8\r\ntext # Re 22:21 # Ps 1",
@@ -90,7 +92,7 @@ std::vector<std::string> HardNotes() {
 }
 
 std::string RandomNote(unsigned seed) {
-    static const std::array<std::string, 48> kPieces = {"\r\n",
+    static const std::array<std::string, 50> kPieces = {"\r\n",
                                                         "\r\n",
                                                         "\r",
                                                         "\n",
@@ -99,6 +101,8 @@ std::string RandomNote(unsigned seed) {
                                                         "\t",
                                                         "a",
                                                         "Rom 8:28",
+                                                        "=== End ===",
+                                                        "<!-- end mark -->",
                                                         "=== ",
                                                         "===",
                                                         "#",
