@@ -11,6 +11,12 @@
 
 static constexpr char kColumns[] = "Set,Book,Chapter,Verse,Reference,Note,Mark\r\n";
 
+// Is it one, but for apostrophes?
+static bool IsFormula(std::string_view cell) {
+    const std::size_t sign = cell.find_first_not_of('\'');
+    return sign != std::string_view::npos && std::string_view("=+-@\t").find(cell[sign]) != std::string_view::npos;
+}
+
 // ---- Writing --------------------------------------------------------------------------------------------------------
 
 static void AppendVerse(const VerseRecords& records, int verse, std::string& file) {
@@ -20,17 +26,22 @@ static void AppendVerse(const VerseRecords& records, int verse, std::string& fil
     file.append(ReferenceText(records, verse, BookForm::kName)).append(",");
 }
 
+static std::string Guarded(const std::string& cell) {
+    return IsFormula(cell) ? '\'' + cell : cell;
+}
+
 std::string WriteCsvNotes(const ExchangeContext& context, const ExchangedNotes& notes, const ExportOptions&) {
     std::string file(kUtf8Mark);
     file += kColumns;
     const std::string setName = PortableName(context.page, notes.setName);
     for (const ExchangedNote& note : notes.notes) {
         const PortableText text = PortableTextOf(context.page, note.note);
-        AppendCell(setName, file);
+        const bool isGuarded = IsFormula(setName) || IsFormula(text.text);
+        AppendCell(Guarded(setName), file);
         file += ',';
         AppendVerse(context.scripture.records, note.verse, file);
-        AppendQuotedCell(text.text, file);
-        file.append(",").append(MarkText({note.digest, text.isEscaped})).append("\r\n");
+        AppendQuotedCell(Guarded(text.text), file);
+        file.append(",").append(MarkText({note.digest, text.isEscaped, isGuarded})).append("\r\n");
     }
     return file;
 }
@@ -75,6 +86,13 @@ static std::string_view CellOf(const CsvRow& row, std::size_t column) {
     return column < row.cells.size() ? std::string_view(row.cells[column]) : std::string_view();
 }
 
+// Of the set or the note.
+static std::string_view TextIn(const CsvRow& row, const Columns& columns, std::size_t column) {
+    std::string_view cell = CellOf(row, column);
+    if (cell.starts_with('\'') && IsFormula(cell) && MarkOf(CellOf(row, columns.mark)).isGuarded) cell.remove_prefix(1);
+    return cell;
+}
+
 static VerseName VerseOfRow(const VerseRecords& records, const CsvRow& row, const Columns& columns) {
     static constexpr char kTwoVerses[] = "The columns name two different verses.";
     const std::string_view reference = Trimmed(CellOf(row, columns.reference));
@@ -99,7 +117,7 @@ static std::string WhereIn(const CsvRow& row, const Columns& columns) {
 }
 
 static const char* ProblemOf(const CsvRow& row, const Columns& columns, std::string_view setName) {
-    const std::string_view set = CellOf(row, columns.set);
+    const std::string_view set = TextIn(row, columns, columns.set);
     const auto isFilled = [](const std::string& cell) { return !cell.empty(); };
     if (row.isUnclosed) return "The quotation mark that opens here is not closed.";
     if (row.cells.size() > columns.count &&
@@ -111,7 +129,7 @@ static const char* ProblemOf(const CsvRow& row, const Columns& columns, std::str
 
 static std::string SetNameIn(std::span<const CsvRow> rows, const Columns& columns) {
     for (const CsvRow& row : rows)
-        if (!CellOf(row, columns.set).empty()) return std::string(CellOf(row, columns.set));
+        if (!CellOf(row, columns.set).empty()) return std::string(TextIn(row, columns, columns.set));
     return {};
 }
 
@@ -133,7 +151,7 @@ static void PlaceRows(const ExchangeContext& context, std::span<const CsvRow> ro
         else
             Place(context.page,
                   {row.line, WhereIn(row, columns), VerseOfRow(context.scripture.records, row, columns),
-                   MarkOf(CellOf(row, columns.mark)), std::string(CellOf(row, columns.note))},
+                   MarkOf(CellOf(row, columns.mark)), std::string(TextIn(row, columns, columns.note))},
                   notes);
     }
 }

@@ -19,7 +19,31 @@ TEST(CsvNotes, AreWrittenAsATable) {
     ExchangedNotes notes{"My, Notes", {{kCsvVerse, "=1+1\r\n\"x\"", DigestOf("x")}}};
     EXPECT_EQ(WriteCsvNotes(TestContext(), notes, {}),
               "\xEF\xBB\xBFSet,Book,Chapter,Verse,Reference,Note,Mark\r\n"
-              "\"My, Notes\",Romans,8,28,Romans 8:28,\"=1+1\n\"\"x\"\"\",imnmbgid\r\n");
+              "\"My, Notes\",Romans,8,28,Romans 8:28,\"'=1+1\n\"\"x\"\"\",imnmbgid guarded\r\n");
+}
+
+static std::string RowOf(const std::string& set, const std::string& note) {
+    const std::string file = WriteCsvNotes(TestContext(), {set, {{kCsvVerse, note, {}}}}, {});
+    return file.substr(file.find("\r\n") + 2);
+}
+
+// Spreadsheets begin a formula with each of these signs, or behind a tab.
+TEST(CsvNotes, HaveNoFormulas) {
+    for (const std::string note : {"=1+1", "+1", "-1", "- an item", "@sum(1)", "\t=1+1", "'=1+1", "''-"}) {
+        EXPECT_EQ(RowOf("Mine", note), "Mine,Romans,8,28,Romans 8:28,\"'" + note + "\",guarded\r\n");
+        EXPECT_EQ(ReadCsv(WriteCsvNotes(TestContext(), {"Mine", {{kCsvVerse, note, {}}}}, {})).notes.at(0).note, note);
+    }
+    for (const std::string note : {"1=1", "'tis", "'", " =1"})
+        EXPECT_EQ(RowOf("Mine", note), "Mine,Romans,8,28,Romans 8:28,\"" + note + "\",\r\n");
+    EXPECT_EQ(RowOf("=1", "x"), "'=1,Romans,8,28,Romans 8:28,\"x\",guarded\r\n");
+}
+
+TEST(CsvNotes, LoseTheirApostropheOnlyIfTheMarkSaysSo) {
+    const ExchangedNotes notes = ReadCsv(
+        "Reference,Note,Mark\nRomans 8:28,'=1,imnmbgid\nRomans 8:29,'tis,guarded\nRomans 8:30,=1,guarded\n"
+        "Romans 8:31,''=1,Guarded escaped\n");
+    EXPECT_THAT(PlacedIn(notes), ElementsAre(Pair(kCsvVerse, "'=1"), Pair(kCsvVerse + 1, "'tis"),
+                                             Pair(kCsvVerse + 2, "=1"), Pair(kCsvVerse + 3, "'=1")));
 }
 
 TEST(CsvNotes, MayHaveOtherColumnsAndSeparators) {

@@ -64,7 +64,8 @@ TEST(NoteFormats, GiveRandomNotesBack) {
 }
 
 TEST(NoteFormats, KeepTheNameOfTheSet) {
-    for (const char* name : {"a", "Romans 8", "My, 'Notes'", "=== x", "# x", "caf\xE9", "&amp;", "Notes; a_b", ""})
+    for (const char* name :
+         {"a", "Romans 8", "My, 'Notes'", "=== x", "# x", "caf\xE9", "&amp;", "Notes; a_b", "=1", "'-1", ""})
         for (const NoteFormat& format : NoteFormats()) {
             SCOPED_TRACE(testing::Message() << format.name << ": " << name);
             const ExchangedNotes notes = Exported({"x", "y"}, name);

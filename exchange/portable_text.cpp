@@ -5,7 +5,7 @@
 #include "scripture/letters.h"
 
 static constexpr std::string_view kStoredInUtf8 = "\\8";
-static constexpr std::string_view kEscapedWord = "escaped";
+static constexpr std::string_view kEscapedWord = "escaped", kGuardedWord = "guarded";
 
 // ---- What stands there as it is -------------------------------------------------------------------------------------
 
@@ -244,6 +244,7 @@ std::string MarkText(const NoteMark& mark) {
     if (mark.digest)
         for (std::size_t i = kDigestLetters; i-- > 0;) text += static_cast<char>('a' + (*mark.digest >> (4 * i) & 15));
     if (mark.isEscaped) text.append(text.empty() ? "" : " ").append(kEscapedWord);
+    if (mark.isGuarded) text.append(text.empty() ? "" : " ").append(kGuardedWord);
     return text;
 }
 
@@ -264,6 +265,7 @@ NoteMark MarkOf(std::string_view text) {
         const std::string_view word = text.substr(0, text.find_first_of(" \t"));
         text.remove_prefix(std::min(text.size(), word.size() + 1));
         if (EqualIgnoringCase(word, kEscapedWord)) mark.isEscaped = true;
+        if (EqualIgnoringCase(word, kGuardedWord)) mark.isGuarded = true;
         if (const auto digest = DigestIn(word)) mark.digest = digest;
     }
     return mark;

@@ -8,7 +8,8 @@
 // other backslash stands for itself.
 //
 // A mark is what a file tells of a note beside its text: the digest at the time of the export, as eight letters from a
-// to p, which no spreadsheet takes for a number, and the word "escaped".
+// to p, which no spreadsheet takes for a number, and the words "escaped" and, in tables, "guarded"
+// (exchange/csv_notes.h).
 #pragma once
 
 #include <cstdint>
@@ -33,10 +34,11 @@ std::string StoredNoteOf(const CodePage& page, const PortableText& text);
 struct NoteMark {
     std::optional<std::uint32_t> digest;
     bool isEscaped = false;
+    bool isGuarded = false;
     bool operator==(const NoteMark&) const = default;
 };
 
-// "ldmkapoc", "ldmkapoc escaped"
+// "ldmkapoc", "ldmkapoc escaped", "ldmkapoc guarded"
 std::string MarkText(const NoteMark& mark);
 
 // Reads the words of a mark in any order, in capitals or not. Other words are passed over.
