@@ -32,7 +32,7 @@ struct FindOptions {
 };
 
 // What is searched for, and what was found.
-struct Findings {
+struct FoundVerses {
     Scripture scripture;
     Query query;
     SearchResult result;
@@ -88,8 +88,8 @@ static Query CheckedQuery(const SearchState& state, QueryKind kind) {
     return query;
 }
 
-static Findings Search(const Vw& vw, const FindOptions& options) {
-    Findings found{TextOf(vw), {}, {}};
+static FoundVerses Search(const Vw& vw, const FindOptions& options) {
+    FoundVerses found{TextOf(vw), {}, {}};
     SearchState state = StateOf(options);
     if (!options.range.empty()) {
         const VerseSpan span = AskedVerses(vw, found.scripture.records, "--range", options.range, {options.strict});
@@ -104,7 +104,7 @@ static Findings Search(const Vw& vw, const FindOptions& options) {
 // ---- What was found -------------------------------------------------------------------------------------------------
 
 // Marks take most of the time of a long list.
-static std::string ShownText(const Vw& vw, const Findings& found, int verse) {
+static std::string ShownText(const Vw& vw, const FoundVerses& found, int verse) {
     if (!vw.options.json && !vw.printer.colors) return std::string(VerseText(found.scripture, verse));
     std::string text(VerseText(found.scripture, verse).substr(0, kMarkedTextLimit - 1));
     if (found.query.kind == QueryKind::kNear)
@@ -114,7 +114,7 @@ static std::string ShownText(const Vw& vw, const Findings& found, int verse) {
     return text;
 }
 
-static void PrintVerses(Vw& vw, const Findings& found, ShownBrackets brackets) {
+static void PrintVerses(Vw& vw, const FoundVerses& found, ShownBrackets brackets) {
     for (const int verse : found.result.verses) {
         if (HasEnded(vw.printer)) return;
         const std::string text = ShownText(vw, found, verse);
@@ -126,7 +126,7 @@ static void PrintVerses(Vw& vw, const Findings& found, ShownBrackets brackets) {
     if (!vw.options.json && vw.surroundings.isTerminal) Print(vw.printer, SearchSummary(found.result) + "\n");
 }
 
-static void PrintReferences(Vw& vw, const Findings& found) {
+static void PrintReferences(Vw& vw, const FoundVerses& found) {
     const VerseRecords& records = found.scripture.records;
     for (const int verse : found.result.verses) {
         const std::string reference = ReferenceText(records, verse, BookForm::kAbbreviation);
@@ -162,7 +162,7 @@ static void PrintBar(Vw& vw, const char* name, int count, int most) {
     Print(vw.printer, line + "\n");
 }
 
-static void PrintByBook(Vw& vw, const Findings& found) {
+static void PrintByBook(Vw& vw, const FoundVerses& found) {
     const PerBook<HitsOfBook> books =
         HitsOfEntries(found.scripture.records, found.result.verses, CountWordsOfBooks(found.scripture));
     const int most = std::ranges::max(books, {}, &HitsOfBook::hits).hits;
@@ -182,7 +182,7 @@ static void PrintByBook(Vw& vw, const Findings& found) {
 // ---- The command ----------------------------------------------------------------------------------------------------
 
 static ExitCode Find(Vw& vw, const FindOptions& options) {
-    const Findings found = Search(vw, options);
+    const FoundVerses found = Search(vw, options);
     if (options.count)
         PrintCount(vw, found.result);
     else if (options.byBook)
@@ -226,7 +226,7 @@ static void CheckTogether(const CLI::App& app) {
     AllowOnlyOne(app, {"--refs", "--count", "--by-book"});
 }
 
-static RunCommand Prepare(CLI::App& app) {
+static RunCommand PrepareFind(CLI::App& app) {
     const auto options = std::make_shared<FindOptions>();
     app.add_option("WORDS", options->words, "words of letters and apostrophes")->required()->type_name("");
     AddKinds(app, *options);
@@ -243,7 +243,7 @@ static RunCommand Prepare(CLI::App& app) {
 const Command kFindCommand = {
     .name = "find",
     .help = "show the verses with given words",
-    .prepare = Prepare,
+    .prepare = PrepareFind,
     .details =
         "The searches are those of the window, and so are their counts, which are the last line on a terminal. "
         "Key words are marked in colour.",

@@ -220,7 +220,7 @@ static constexpr Command kVerifyCommand = {
 
 // ---- All of them ----------------------------------------------------------------------------------------------------
 
-static constexpr const Command* kCommands[] = {
+static constexpr const Command* kNotesCommands[] = {
     &kSetsCommand,    &kListCommand,    &kShowCommand,   &kSearchCommand, &kEditCommand,
     &kHistoryCommand, &kRestoreCommand, &kExportCommand, &kImportCommand, &kVerifyCommand,
 };
@@ -231,5 +231,5 @@ const Command kNotesCommand = {
     .details =
         "The notes are those of the window, which may be open meanwhile: what one saves, the other shows. "
         "Commands that only read change no file.",
-    .commands = kCommands,
+    .commands = kNotesCommands,
 };

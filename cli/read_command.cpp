@@ -101,7 +101,7 @@ static ExitCode Read(Vw& vw, const ReadOptions& options) {
     return kFound;
 }
 
-static RunCommand Prepare(CLI::App& app) {
+static RunCommand PrepareRead(CLI::App& app) {
     const auto options = std::make_shared<ReadOptions>();
     app.add_option("REF", options->words,
                    "verses, chapters, books or ranges: John 3:16, \"Rom 8:1-11\", \"Ge 1 - 3\", Jude; without one, the "
@@ -122,7 +122,7 @@ static RunCommand Prepare(CLI::App& app) {
 const Command kReadCommand = {
     .name = "read",
     .help = "show verses",
-    .prepare = Prepare,
+    .prepare = PrepareRead,
     .details =
         "The text is the one that the window copies with the same format, without the blank at the beginning of "
         "a line. Supplied words are in italics on a terminal. On a terminal, longer texts are shown by $PAGER.",

@@ -73,13 +73,13 @@ static ExitCode TellText(Vw& vw) {
     return kFound;
 }
 
-static RunCommand Prepare(CLI::App&) {
+static RunCommand PrepareText(CLI::App&) {
     return TellText;
 }
 
 const Command kTextCommand = {
     .name = "text",
     .help = "tell which text this is, and whether its files are those of the build",
-    .prepare = Prepare,
+    .prepare = PrepareText,
     .details = "Each of the five files is listed with its SHA-256 digest and \"as built\", \"differs\" or \"missing\".",
 };

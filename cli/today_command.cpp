@@ -127,7 +127,7 @@ static ExitCode ShowDay(Vw& vw, TodayOptions options) {
     return lacksReadings ? kNothingFound : kFound;
 }
 
-static RunCommand Prepare(CLI::App& app) {
+static RunCommand PrepareToday(CLI::App& app) {
     const auto options = std::make_shared<TodayOptions>();
     app.add_option("DATE", options->date, "another day: 2026-11-23 or 11-23")->type_name("");
     app.add_flag("--morning", options->morning, "only the reading of the morning");
@@ -139,7 +139,7 @@ static RunCommand Prepare(CLI::App& app) {
 const Command kTodayCommand = {
     .name = "today",
     .help = "show the readings of the day and its chapter of Proverbs",
-    .prepare = Prepare,
+    .prepare = PrepareToday,
     .details =
         "The readings are those of the window: notes of the set that has a table of readings, in --folder, or "
         "beside the scripture files.",

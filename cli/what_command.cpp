@@ -53,7 +53,7 @@ static ExitCode What(Vw& vw, const std::vector<std::string>& words) {
     return isFound ? kFound : kNothingFound;
 }
 
-static RunCommand Prepare(CLI::App& app) {
+static RunCommand PrepareWhat(CLI::App& app) {
     const auto words = std::make_shared<std::vector<std::string>>();
     app.add_option("REF", *words, "references: \"1 Jn 1:9\"")->required()->type_name("");
     return [words](Vw& vw) { return What(vw, *words); };
@@ -62,7 +62,7 @@ static RunCommand Prepare(CLI::App& app) {
 const Command kWhatCommand = {
     .name = "what",
     .help = "tell what a reference is understood as",
-    .prepare = Prepare,
+    .prepare = PrepareWhat,
     .details =
         "The window's rule is loose: a text that begins with no book is a verse of Genesis, and a lone second "
         "number of a range is a chapter. The other commands take what is probably meant, unless --strict is "

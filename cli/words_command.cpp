@@ -66,7 +66,7 @@ static ExitCode ListWords(Vw& vw, const WordsOptions& options) {
     return words.empty() ? kNothingFound : kFound;
 }
 
-static RunCommand Prepare(CLI::App& app) {
+static RunCommand PrepareWords(CLI::App& app) {
     const auto options = std::make_shared<WordsOptions>();
     app.add_option("PATTERN", options->patterns, "words; * stands for any letters, ? for one: \"lov*\"")
         ->required()
@@ -79,6 +79,6 @@ static RunCommand Prepare(CLI::App& app) {
 const Command kWordsCommand = {
     .name = "words",
     .help = "list words of the text with their counts",
-    .prepare = Prepare,
+    .prepare = PrepareWords,
     .details = "The words are listed in lower case. A pattern needs quotes where the shell would replace its stars.",
 };

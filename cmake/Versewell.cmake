@@ -121,23 +121,18 @@ function(vw_host_only)
   endif()
 endfunction()
 
-# vw_core(<folder> SOURCES ... [USES <folder>...] [HEADERS <header>...]): a library with the core of a folder, which
-# builds on any system. A folder of the program uses the folders that the graph names; other libraries name theirs. The
-# headers are precompiled, too, for this library alone.
+# vw_core(<folder> SOURCES ... [USES <folder>...]): a library with the core of a folder, which builds on any system. A
+# folder of the program uses the folders that the graph names; other libraries name theirs.
 include(${CMAKE_CURRENT_LIST_DIR}/graph.cmake)
 function(vw_core folder)
-  cmake_parse_arguments(PARSE_ARGV 1 core "" "" "SOURCES;USES;HEADERS")
+  cmake_parse_arguments(PARSE_ARGV 1 core "" "" "SOURCES;USES")
   list(APPEND core_USES ${STANDS_ON_${folder}})
   add_library(vw_${folder} STATIC ${core_SOURCES})
   list(TRANSFORM core_USES PREPEND vw_)
   target_link_libraries(vw_${folder} PUBLIC vw_options ${core_USES})
   vw_instrument(vw_${folder})
   if(TARGET vw_core_headers)
-    if(core_HEADERS)
-      target_precompile_headers(vw_${folder} PRIVATE ${VERSEWELL_COMMON_HEADERS} ${core_HEADERS})
-    else()
-      target_precompile_headers(vw_${folder} REUSE_FROM vw_core_headers)
-    endif()
+    target_precompile_headers(vw_${folder} REUSE_FROM vw_core_headers)
     target_compile_options(vw_${folder} PRIVATE ${VERSEWELL_PRECOMPILED_OPTIONS})
   endif()
 endfunction()
