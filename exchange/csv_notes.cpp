@@ -34,7 +34,9 @@ std::string WriteCsvNotes(const ExchangeContext& context, const ExchangedNotes& 
     std::string file(kUtf8Mark);
     file += kColumns;
     const std::string setName = PortableName(context.page, notes.setName);
+    ExchangeSteps steps{context, notes.notes.size()};
     for (const ExchangedNote& note : notes.notes) {
+        if (!GoesOn(steps)) return {};
         const PortableText text = PortableTextOf(context.page, note.note);
         const bool isGuarded = IsFormula(setName) || IsFormula(text.text);
         AppendCell(Guarded(setName), file);
@@ -144,7 +146,9 @@ static void PlaceRows(const ExchangeContext& context, std::span<const CsvRow> ro
                       ExchangedNotes& notes) {
     const std::string setName = SetNameIn(rows, columns);
     notes.setName = NameOfSet(context.page, setName);
+    ExchangeSteps steps{context, rows.size()};
     for (const CsvRow& row : rows) {
+        if (!GoesOn(steps)) return;
         const char* problem = ProblemOf(row, columns, setName);
         if (problem != nullptr)
             Place(context.page, {row.line, WhereIn(row, columns), {kNoVerse, problem}, {}, WholeRow(row)}, notes);

@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "notes/note_search.h"
 #include "notes/note_sets.h"
 #include "scripture/scripture.h"
 
@@ -37,8 +38,23 @@ struct ExchangedNotes {
 // What the formats need to know. All of it must outlive the calls.
 struct ExchangeContext {
     const Scripture& scripture;
-    CodePage page{};  // of the notes (NoteFiles::codePage)
+    CodePage page{};            // of the notes (NoteFiles::codePage)
+    SearchProgress progress{};  // gets how far a file is, in numbers from 0 to kExchangeSteps; without procedures: none
 };
+
+inline constexpr int kExchangeSteps = 1000;
+
+// How far a file has been written or read.
+struct ExchangeSteps {
+    const ExchangeContext& context;
+    std::size_t all = 0;   // notes or bytes
+    std::size_t done = 0;  // of them
+    int told = -1;         // the last number that the progress got
+};
+
+// To be called before the next note, or so many more bytes. False if the user does not want it to go on: then what has
+// been made so far is of no use.
+bool GoesOn(ExchangeSteps& steps, std::size_t more = 1);
 
 struct ExportOptions {
     bool hasVerseTexts = false;  // the text of each verse stands above its note; only if the format can have it

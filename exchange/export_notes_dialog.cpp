@@ -5,6 +5,7 @@
 #include "exchange/import_lines.h"
 #include "exchange/note_formats.h"
 #include "notes/note_files_win32.h"
+#include "notes/search_progress_dialog.h"
 #include "output/saved_file_win32.h"
 #include "resources/help_topics.h"
 #include "resources/ids.h"
@@ -22,6 +23,7 @@ namespace {
 struct ExportDialog {
     ExportChoices& choices;
     std::optional<std::string> report{};
+    SearchProgressBox progress{.canStop = true, .title = "Exporting..."};
 };
 
 }  // namespace
@@ -98,15 +100,26 @@ static std::wstring AskPath(HWND dialog, const NoteFormat& format, const std::st
                          ending.substr(1));
 }
 
-// An error message, or null.
-static const char* Export(HWND dialog, const NoteFormat& format, const ExchangedNotes& notes,
-                          const std::wstring& path) {
+// The contents of the file; nullopt if the user has cancelled it.
+static std::optional<std::string> Written(HWND dialog, const NoteFormat& format, const ExchangedNotes& notes) {
+    ExportDialog& shown = Shown(dialog);
+    BeginSearchProgress(shown.progress, dialog, {0, kExchangeSteps});
+    const ExchangeContext context{theScripture, TheNoteFiles().codePage, ProgressOf(shown.progress)};
+    const ExportOptions options{.hasVerseTexts = shown.choices.VerseTexts != 0 && format.canHaveVerseTexts};
+    std::string file = format.write(context, notes, options);
+    HideSearchProgress(shown.progress);
+    if (shown.progress.isStopped) return std::nullopt;
+    return file;
+}
+
+// Has the file been written? Complains if it cannot be; the user may also have cancelled it.
+static bool Export(HWND dialog, const NoteFormat& format, const ExchangedNotes& notes, const std::wstring& path) {
     const HCURSOR before = SetCursor(LoadCursorA(nullptr, IDC_WAIT));
-    const ExchangeContext context{theScripture, TheNoteFiles().codePage};
-    const ExportOptions options{.hasVerseTexts = Shown(dialog).choices.VerseTexts != 0 && format.canHaveVerseTexts};
-    const char* problem = WriteWhole(path, format.write(context, notes, options));
+    const std::optional<std::string> file = Written(dialog, format, notes);
+    const char* problem = file ? WriteWhole(path, *file) : nullptr;
     SetCursor(before);
-    return problem;
+    if (problem != nullptr) Complain(dialog, problem, kSaveErrorCaption);
+    return file && problem == nullptr;
 }
 
 static void OnOk(HWND dialog) {
@@ -119,8 +132,7 @@ static void OnOk(HWND dialog) {
     if (notes->notes.empty()) return Complain(dialog, "There are no notes in this set.");
     const std::wstring path = AskPath(dialog, format, NoteSetName(set));
     if (path.empty()) return;
-    const char* problem = Export(dialog, format, *notes, path);
-    if (problem != nullptr) return Complain(dialog, problem, kSaveErrorCaption);
+    if (!Export(dialog, format, *notes, path)) return;
     shown.report = ExportedText(*notes);
     EndDialog(dialog, IDOK);
 }

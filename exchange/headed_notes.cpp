@@ -39,7 +39,9 @@ static void PlaceBeforeFirst(const ExchangeContext& context, const HeadedLines& 
 void PlaceHeaded(const ExchangeContext& context, const HeadedLines& file,
                  std::string (*textOf)(std::span<const std::string_view> lines), ExchangedNotes& notes) {
     PlaceBeforeFirst(context, file, notes);
+    ExchangeSteps steps{context, file.headings.size()};
     for (const NoteHeading& heading : file.headings) {
+        if (!GoesOn(steps)) return;
         const bool isLast = &heading == &file.headings.back();
         const std::size_t end = isLast ? file.lines.size() : (&heading + 1)->line;
         const std::size_t begin = heading.line + 1;

@@ -151,7 +151,9 @@ std::string WriteHtmlNotes(const ExchangeContext& context, const ExchangedNotes&
     AddHead(page, PortableName(context.page, notes.setName));
     AddContents(page);
     int book = 0;
+    ExchangeSteps steps{context, notes.notes.size()};
     for (const ExchangedNote& note : notes.notes) {
+        if (!GoesOn(steps)) return {};
         if (BookOf(page, note) != book) {
             if (book != 0) page.html += "</section>\n";
             book = BookOf(page, note);

@@ -187,6 +187,7 @@ ExchangedNotes ReadHtmlNotes(const ExchangeContext& context, std::string_view by
     PageReader reader{context, notes};
     std::string_view rest = text;
     HtmlToken token;
+    ExchangeSteps steps{context, text.size()};
     for (std::string_view before = rest; TakeToken(rest, token); before = rest) {
         if (token.isTag)
             TakeTag(reader, token.tag);
@@ -194,6 +195,7 @@ ExchangedNotes ReadHtmlNotes(const ExchangeContext& context, std::string_view by
             TakeText(reader, token.text);
         const std::string_view taken = before.substr(0, before.size() - rest.size());
         reader.line += static_cast<std::size_t>(std::ranges::count(taken, '\n'));
+        if (!GoesOn(steps, taken.size())) return notes;
     }
     if (!reader.bodyElement.empty()) reader.note.verse = {kNoVerse, "The page ends before this note does."};
     EndNote(reader);

@@ -12,6 +12,7 @@
 #include "notes/note_files_win32.h"
 #include "notes/note_set_changes.h"
 #include "notes/notes_window.h"
+#include "notes/search_progress_dialog.h"
 #include "resources/help_topics.h"
 #include "resources/ids.h"
 #include "scripture/scripture_win32.h"
@@ -31,6 +32,7 @@ struct ImportDialog {
     std::optional<ExchangedNotes> read;  // what the file or folder has
     std::optional<ImportPlan> plan;      // for the chosen set; nullopt if nothing can be imported into it
     std::optional<ImportedNotes> imported;
+    SearchProgressBox progress{.canStop = true, .title = "Reading..."};
 };
 
 }  // namespace
@@ -222,11 +224,25 @@ static void ChooseForAllAlike(HWND dialog) {
 
 // ---- The file -------------------------------------------------------------------------------------------------------
 
-static void Take(HWND dialog, const std::wstring& path, ExchangedNotes (*read)(const std::wstring& path)) {
-    if (path.empty()) return;
+using Reading = ExchangedNotes (*)(const std::wstring& path, const SearchProgress& progress);
+
+// nullopt if the user has cancelled it.
+static std::optional<ExchangedNotes> NotesOf(HWND dialog, const std::wstring& path, Reading read) {
     const HCURSOR before = SetCursor(LoadCursorA(nullptr, IDC_WAIT));
-    theImport.read = read(path);
+    BeginSearchProgress(theImport.progress, dialog, {0, kExchangeSteps});
+    ExchangedNotes notes = read(path, ProgressOf(theImport.progress));
+    HideSearchProgress(theImport.progress);
     SetCursor(before);
+    if (theImport.progress.isStopped) return std::nullopt;
+    return notes;
+}
+
+// If it is cancelled, what was chosen before stays.
+static void Take(HWND dialog, const std::wstring& path, Reading read) {
+    if (path.empty()) return;
+    std::optional<ExchangedNotes> notes = NotesOf(dialog, path, read);
+    if (!notes) return;
+    theImport.read = std::move(notes);
     SetDlgItemTextW(dialog, IDC_IMPORT_FROM, WithoutLongPrefix(path).c_str());
     ChooseSetOfFile(dialog, theImport.read->setName);
     Plan(dialog);

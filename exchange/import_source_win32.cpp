@@ -10,8 +10,8 @@
 #include "win32/code_page.h"
 #include "win32/files.h"
 
-static ExchangeContext Context() {
-    return {theScripture, TheNoteFiles().codePage};
+static ExchangeContext ContextWith(const SearchProgress& progress) {
+    return {theScripture, TheNoteFiles().codePage, progress};
 }
 
 static std::string Utf8OfPath(const std::wstring& path) {
@@ -35,12 +35,12 @@ static const char* Open(const std::wstring& path, MappedFile& file) {
     return file.bytes.size() > kExchangeLimit ? "The file is too large." : nullptr;
 }
 
-static ExchangedNotes ReadFormat(const std::wstring& path) {
+static ExchangedNotes ReadFormat(const std::wstring& path, const SearchProgress& progress) {
     const NoteFormat* format = FormatNamed(Utf8OfPath(path));
     if (format == nullptr) return Failed("The ending of the file's name is that of none of the formats.");
     MappedFile file;
     const char* problem = Open(path, file);
-    return problem != nullptr ? Failed(problem) : format->read(Context(), TextOf(file));
+    return problem != nullptr ? Failed(problem) : format->read(ContextWith(progress), TextOf(file));
 }
 
 // ---- A folder -------------------------------------------------------------------------------------------------------
@@ -62,39 +62,51 @@ static bool EndsWith(const std::wstring& name, const std::string& pattern) {
     return lstrcmpiW(name.c_str() + name.size() - ending.size(), ending.c_str()) == 0;
 }
 
-static ExchangedNotes ReadFolder(const std::wstring& folder) {
+static std::vector<std::wstring> NamesOfTexts(const std::wstring& folder) {
+    std::vector<std::wstring> names;
+    for (const std::string& pattern : Patterns())
+        for (const std::wstring& name : FilesIn(folder, pattern.c_str()))
+            if (EndsWith(name, pattern)) names.push_back(name);
+    return names;
+}
+
+// Nearly all of the time goes into opening the files.
+static ExchangedNotes ReadFolder(const std::wstring& folder, const SearchProgress& progress) {
+    const std::vector<std::wstring> names = NamesOfTexts(folder);
+    const ExchangeContext context = ContextWith(progress);
+    ExchangeSteps steps{context, names.size()};
     std::vector<NamedText> texts;
     std::size_t size = 0;
-    for (const std::string& pattern : Patterns()) {
-        for (const std::wstring& name : FilesIn(folder, pattern.c_str())) {
-            if (!EndsWith(name, pattern)) continue;
-            MappedFile file;
-            const char* problem = Open(PathIn(folder, name), file);
-            if (problem != nullptr) return Failed(Utf8OfPath(name) + ": " + problem);
-            size += file.bytes.size();
-            if (size > kExchangeLimit) return Failed("The files of this folder are too large.");
-            texts.push_back({Utf8OfPath(name), std::string(TextOf(file))});
-        }
+    for (const std::wstring& name : names) {
+        if (!GoesOn(steps)) return {};
+        MappedFile file;
+        const char* problem = Open(PathIn(folder, name), file);
+        if (problem != nullptr) return Failed(Utf8OfPath(name) + ": " + problem);
+        size += file.bytes.size();
+        if (size > kExchangeLimit) return Failed("The files of this folder are too large.");
+        texts.push_back({Utf8OfPath(name), std::string(TextOf(file))});
     }
     if (texts.empty()) return Failed("This folder has no text files, whose names end in .txt or .md.");
-    return ReadNoteFolder(Context(), texts);
+    return ReadNoteFolder(ContextWith({}), texts);
 }
 
 // ---- Memory ---------------------------------------------------------------------------------------------------------
 
+using Reading = ExchangedNotes (*)(const std::wstring& path, const SearchProgress& progress);
+
 // What is chosen by mistake may be of any size.
-static ExchangedNotes AsFarAsMemoryGoes(const std::wstring& path, ExchangedNotes (*read)(const std::wstring& path)) {
+static ExchangedNotes AsFarAsMemoryGoes(const std::wstring& path, const SearchProgress& progress, Reading read) {
     try {
-        return read(path);
+        return read(path, progress);
     } catch (const std::bad_alloc&) {
         return Failed("There is not enough memory to read this.");
     }
 }
 
-ExchangedNotes ReadNoteFile(const std::wstring& path) {
-    return AsFarAsMemoryGoes(path, ReadFormat);
+ExchangedNotes ReadNoteFile(const std::wstring& path, const SearchProgress& progress) {
+    return AsFarAsMemoryGoes(path, progress, ReadFormat);
 }
 
-ExchangedNotes ReadNoteFilesIn(const std::wstring& folder) {
-    return AsFarAsMemoryGoes(folder, ReadFolder);
+ExchangedNotes ReadNoteFilesIn(const std::wstring& folder, const SearchProgress& progress) {
+    return AsFarAsMemoryGoes(folder, progress, ReadFolder);
 }

@@ -18,7 +18,9 @@ std::string WriteMarkdownNotes(const ExchangeContext& context, const ExchangedNo
     std::string file;
     file.append("# ").append(PortableName(context.page, notes.setName)).append(" ").append(kShallEnd);
     file += "\r\n\r\n";
+    ExchangeSteps steps{context, notes.notes.size()};
     for (const ExchangedNote& note : notes.notes) {
+        if (!GoesOn(steps)) return {};
         const PortableText text = PortableTextOf(context.page, note.note);
         file.append("## ").append(ReferenceText(context.scripture.records, note.verse, BookForm::kName));
         const std::string mark = MarkText({note.digest, text.isEscaped});

@@ -17,7 +17,9 @@ static std::string_view WithoutEnding(std::string_view name) {
 
 ExchangedNotes ReadNoteFolder(const ExchangeContext& context, std::span<const NamedText> files) {
     ExchangedNotes notes;
+    ExchangeSteps steps{context, files.size()};
     for (const NamedText& file : files) {
+        if (!GoesOn(steps)) return notes;
         std::string text = TextOfFile(context.page, file.bytes);
         if (text.ends_with('\n')) text.pop_back();
         const VerseName verse = VerseNamed(context.scripture.records, WithoutEnding(file.name), NameEnd::kMayHaveTitle);

@@ -3,7 +3,10 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <cstdint>
+#include <functional>
 #include <utility>
+#include <vector>
 
 #include "tests/support/exchange_samples.h"
 #include "tests/support/tries.h"
@@ -190,6 +193,55 @@ TEST(NoteFormats, MayGoOnBehindTheirEndMark) {
             EXPECT_EQ(after.unplaced[0].text, "more");
             EXPECT_EQ(after.unplaced[0].reason, "This stands behind the end of the notes.");
         }
+    }
+}
+
+namespace {
+
+struct ToldSteps {
+    std::vector<int> steps;
+    std::size_t most = SIZE_MAX;  // after which it is ended
+};
+
+}  // namespace
+
+static ExchangeContext TellingContext(ToldSteps& told) {
+    ExchangeContext context = TestContext();
+    context.progress = {&told, [](void* device, int step) { static_cast<ToldSteps*>(device)->steps.push_back(step); },
+                        [](void* device) {
+                            const auto& each = *static_cast<ToldSteps*>(device);
+                            return each.steps.size() < each.most;
+                        }};
+    return context;
+}
+
+TEST(NoteFormats, TellHowFarTheyAre) {
+    const ExchangedNotes notes = Exported(std::vector<std::string>(3000, "a note"));
+    for (const NoteFormat& format : NoteFormats()) {
+        SCOPED_TRACE(format.name);
+        ToldSteps writing, reading;
+        const std::string file = format.write(TellingContext(writing), notes, {});
+        ExpectTheSame(notes, format.read(TellingContext(reading), file));
+        for (const std::vector<int>& steps : {writing.steps, reading.steps}) {
+            EXPECT_GT(steps.size(), std::size_t{kExchangeSteps} * 9 / 10);
+            EXPECT_EQ(steps.front(), 0);
+            EXPECT_LT(steps.back(), kExchangeSteps);
+            EXPECT_TRUE(std::ranges::is_sorted(steps, std::ranges::less_equal()));
+        }
+    }
+}
+
+TEST(NoteFormats, EndWhenTheUserWants) {
+    const ExchangedNotes notes = Exported(std::vector<std::string>(3000, "a note"));
+    for (const NoteFormat& format : NoteFormats()) {
+        SCOPED_TRACE(format.name);
+        const std::string file = format.write(TestContext(), notes, {});
+        ToldSteps writing{{}, 10}, reading{{}, 10};
+        format.write(TellingContext(writing), notes, {});
+        const ExchangedNotes part = format.read(TellingContext(reading), file);
+        EXPECT_EQ(writing.steps.size(), 10U);
+        EXPECT_EQ(reading.steps.size(), 10U);
+        EXPECT_LT(part.notes.size(), 100U);
     }
 }
 

@@ -34,7 +34,9 @@ std::string WriteTextNotes(const ExchangeContext& context, const ExchangedNotes&
     std::string file;
     file.append(kTitle).append(PortableName(context.page, notes.setName)).append("\r\n");
     file.append(kShallEnd).append("\r\n\r\n");
+    ExchangeSteps steps{context, notes.notes.size()};
     for (const ExchangedNote& note : notes.notes) {
+        if (!GoesOn(steps)) return {};
         const PortableText text = PortableTextOf(context.page, note.note);
         file.append(kHeading).append(ReferenceText(context.scripture.records, note.verse, BookForm::kName));
         file.append(" ===");

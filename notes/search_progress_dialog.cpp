@@ -22,6 +22,7 @@ void CreateSearchProgress(SearchProgressBox& box, HWND owner) {
     const char* name = box.canStop ? "LISTPROGRESS" : "SEARCHPROGRESS";
     box.dialog =
         CreateDialogParamA(GetModuleHandleA(nullptr), name, owner, ProgressProcedure, reinterpret_cast<LPARAM>(&box));
+    if (box.title != nullptr) SetWindowTextA(box.dialog, box.title);
     box.bar = GetDlgItem(box.dialog, IDC_SEARCH_PROGRESS);
 }
 

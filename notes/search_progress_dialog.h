@@ -1,12 +1,13 @@
-// The progress bar of a note search.
+// The progress bar of a search in notes, or of what takes as long.
 #pragma once
 
 #include "notes/note_search.h"
 #include "win32/windows_api.h"
 
 struct SearchProgressBox {
-    bool canStop = false;    // the box has a button Cancel
-    bool isStopped = false;  // by that button
+    bool canStop = false;         // the box has a button Cancel
+    const char* title = nullptr;  // of that box; null: "Searching..."
+    bool isStopped = false;       // by that button
     HWND dialog = nullptr;
     HWND bar = nullptr;
     int barStep = 1;          // verses between updates of the bar

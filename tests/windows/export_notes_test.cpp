@@ -151,6 +151,63 @@ TEST(ExportNotes, TellsWhyAFileCannotBeWritten) {
     WaitForNoDialog(program);
 }
 
+static HWND ProgressCalled(const char* title) {
+    const HWND window = FindWindowA(nullptr, title);
+    return window != nullptr && IsShown(window) ? window : nullptr;
+}
+
+static void CancelProgress(const Program& program, const char* title) {
+    WaitUntil(program, title, [&] { return ProgressCalled(title) != nullptr; });
+    SavePicture(PictureOfWindow(ProgressCalled(title)), title[0] == 'E' ? "exporting" : "reading");
+    PostMessageA(GetDlgItem(ProgressCalled(title), IDCANCEL), BM_CLICK, 0, 0);
+    WaitUntil(program, "the box to be closed", [&] { return ProgressCalled(title) == nullptr; });
+    Settle(program);
+}
+
+// Each note names many verses, which takes longer than other notes of its size.
+TEST(ExportNotes, AndImportCanBeCancelled) {
+    const ScratchFolder folder = FolderWithScripture();
+    std::map<int, std::string> notes;
+    std::string all = "# Ge 1:1";
+    for (int time = 0; time < 60; ++time) all += "; Ps 1:1-6; 2:3; Joh 3:16";
+    for (int verse = 0; verse < 12000; ++verse) notes[verse] = all;
+    WriteNoteSet(folder, "Mine", notes);
+    const Program program = StartProgram(folder);
+    const ScratchFolder elsewhere = EmptyFolder();
+    WriteFile(elsewhere, "old.html", "old");
+    HWND dialog = OpenExport(program);
+    Press(program, "Enter");
+    const HWND asked = WaitForDialog(program, "Save As");
+    SendMessageW(FocusOf(program), WM_SETTEXT, 0, reinterpret_cast<LPARAM>((elsewhere.path / "old.html").c_str()));
+    Press(program, "Enter");
+    ASSERT_NE(ActiveWindowOf(program), asked) << "whether to replace the file";
+    PostMessageA(ActiveWindowOf(program), WM_COMMAND, IDYES, 0);
+    CancelProgress(program, "Exporting...");
+    EXPECT_TRUE(IsWindow(dialog)) << "another choice can be made";
+    EXPECT_EQ(ActiveWindowOf(program), dialog);
+    EXPECT_THAT(FilesIn(elsewhere), ElementsAre("old.html"));
+    EXPECT_EQ(ReadFile(elsewhere, "old.html"), "old");
+    Press(program, "Esc");
+    WaitForNoDialog(program);
+
+    std::string page = "<html><body data-set=\"Mine\">\n";
+    for (int note = 0; note < 300'000; ++note) page += "<h2>Genesis 1:1</h2><p>a note</p>\n";
+    WriteFile(elsewhere, "large.html", page);
+    dialog = OpenImport(program);
+    const std::string before = TextOf(dialog, IDC_IMPORT_COUNTS);
+    Press(program, "Alt+f");
+    WaitForDialog(program, "Open");
+    SendMessageW(FocusOf(program), WM_SETTEXT, 0, reinterpret_cast<LPARAM>((elsewhere.path / "large.html").c_str()));
+    PostMessageA(FocusOf(program), WM_KEYDOWN, VK_RETURN, 0);
+    CancelProgress(program, "Reading...");
+    EXPECT_EQ(TextOf(dialog, IDC_IMPORT_COUNTS), before);
+    EXPECT_EQ(TextOf(dialog, IDC_IMPORT_FROM), "");
+    EXPECT_EQ(ActiveWindowOf(program), dialog);
+    Press(program, "Esc");
+    WaitForNoDialog(program);
+    EXPECT_EQ(StatusPart(program, kSummary), "");
+}
+
 TEST(ExportNotes, AndImportWaitForTheEditor) {
     const Program program = ProgramInEditor("text");
     for (const int command : {IDM_EXPORT_NOTES, IDM_IMPORT_NOTES}) {
