@@ -70,3 +70,12 @@ std::vector<std::string> ReferencesIn(const std::vector<std::string>& words) {
     }
     return references;
 }
+
+int OneAskedVerse(const Vw& vw, const VerseRecords& records, const std::vector<std::string>& words,
+                  ReferenceReading reading) {
+    const std::vector<std::string> references = ReferencesIn(words);
+    if (references.size() != 1) throw Complaint{kBadUse, "REF: more than one reference"};
+    const VerseSpan span = AskedVerses(vw, records, "REF", references.front(), reading);
+    if (span.first != span.last) throw Complaint{kBadUse, "REF: \"" + references.front() + "\" is more than one verse"};
+    return span.first;
+}

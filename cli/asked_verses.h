@@ -21,3 +21,7 @@ VerseSpan AskedVerses(const Vw& vw, const VerseRecords& records, const std::stri
 
 // References from words as a shell gives them: `Ro 8:1 - 9 Jude` are two, with or without quotes.
 std::vector<std::string> ReferencesIn(const std::vector<std::string>& words);
+
+// The only verse that these words name. Complains of REF if they name several.
+int OneAskedVerse(const Vw& vw, const VerseRecords& records, const std::vector<std::string>& words,
+                  ReferenceReading reading);

@@ -3,16 +3,29 @@
 #include <nlohmann/json.hpp>
 
 #include "cli/utf8.h"
+#include "cli/verse_output.h"
 #include "history/state_lines.h"
 
-void PrintNoteObject(Vw& vw, const OpenedNotes& notes, const NoteSet& set, const VerseRecords& records, int verse,
-                     const StyledText& text) {
-    nlohmann::ordered_json object = {{"kind", "note"},
+static nlohmann::ordered_json NoteObject(const char* kind, const OpenedNotes& notes, const NoteSet& set,
+                                         const VerseRecords& records, int verse, const StyledText& text) {
+    nlohmann::ordered_json object = {{"kind", kind},
                                      {"set", Utf8Name(notes, set)},
                                      {"reference", ReferenceText(records, verse, BookForm::kName)},
                                      {"index", verse},
                                      {"note", Utf8Of(text.letters)}};
     if (const auto marks = StretchesOf(text, kKeyWord); !marks.empty()) object["marks"] = marks;
+    return object;
+}
+
+void PrintNoteObject(Vw& vw, const OpenedNotes& notes, const NoteSet& set, const VerseRecords& records, int verse,
+                     const StyledText& text) {
+    PrintObject(vw.printer, NoteObject("note", notes, set, records, verse, text));
+}
+
+void PrintAboutObject(Vw& vw, const OpenedNotes& notes, const NoteSet& set, const VerseRecords& records, int verse,
+                      const StyledText& text, const VerseSpan& reference) {
+    nlohmann::ordered_json object = NoteObject("about", notes, set, records, verse, text);
+    object["names"] = SpanObject(records, reference);
     PrintObject(vw.printer, object);
 }
 

@@ -101,6 +101,24 @@ static constexpr Command kSearchCommand = {
         "of the note with the text in it, which is marked on a terminal.",
 };
 
+static RunCommand PrepareAbout(CLI::App& app) {
+    const auto options = std::make_shared<NoteReadingOptions>();
+    app.add_option("REF", options->words, "the verse: \"Rom 8:28\"")->required()->type_name("");
+    AddSomeSets(app, options->set);
+    AddStrict(app, options->strict, "REF");
+    return [options](Vw& vw) { return ShowNotesAbout(vw, *options); };
+}
+
+static constexpr Command kAboutCommand = {
+    .name = "about",
+    .help = "list the notes that name a verse",
+    .prepare = PrepareAbout,
+    .details =
+        "Finds what the window's Notes About This Verse finds: references in running text and in lists of references, "
+        "also those to more verses. Each line has the set, the verse of the note and the line with the first such "
+        "reference, which is marked on a terminal.",
+};
+
 // ---- Saving ---------------------------------------------------------------------------------------------------------
 
 static void AddVerse(CLI::App& app, NoteSavingOptions& options) {
@@ -221,7 +239,7 @@ static constexpr Command kVerifyCommand = {
 // ---- All of them ----------------------------------------------------------------------------------------------------
 
 static constexpr const Command* kNotesCommands[] = {
-    &kSetsCommand,    &kListCommand,    &kShowCommand,   &kSearchCommand, &kEditCommand,
+    &kSetsCommand,    &kListCommand,    &kShowCommand,   &kSearchCommand, &kAboutCommand,  &kEditCommand,
     &kHistoryCommand, &kRestoreCommand, &kExportCommand, &kImportCommand, &kVerifyCommand,
 };
 

@@ -22,6 +22,7 @@ ExitCode ListNoteSets(Vw& vw);
 ExitCode ShowNotes(Vw& vw, const NoteReadingOptions& options);
 ExitCode ListNotes(Vw& vw, const NoteReadingOptions& options);
 ExitCode SearchNotes(Vw& vw, const NoteReadingOptions& options);
+ExitCode ShowNotesAbout(Vw& vw, const NoteReadingOptions& options);  // (cli/notes_about.cpp)
 
 // ---- Saving (cli/notes_saving.cpp) ----------------------------------------------------------------------------------
 

@@ -39,7 +39,7 @@ ExitCode ExportNotes(Vw& vw, const NoteExchangeOptions& options) {
     OpenedNotes notes = OpenNotes(vw, NoteAccess::kRead);
     NoteSet& set = OneSetNamed(notes, options.set);
     const auto exported = NotesToExport(notes.files, set);
-    if (!exported) throw Complaint{kFileTrouble, "--folder: cannot read the note set \"" + Utf8Name(notes, set) + '"'};
+    if (!exported) ComplainOfReading(notes, set);
     if (exported->notes.empty()) {
         Tell(vw, "There are no notes in this set.");
         return kNothingFound;

@@ -19,14 +19,10 @@ static VerseSpan RangeOf(const Vw& vw, const VerseRecords& records, const NoteRe
     return AskedVerses(vw, records, "--range", options.range, {options.strict});
 }
 
-[[noreturn]] static void ComplainOfReading(const OpenedNotes& notes, const NoteSet& set) {
-    throw Complaint{kFileTrouble, "--folder: cannot read the note set \"" + Utf8Name(notes, set) + '"'};
-}
-
 // ---- Sets -----------------------------------------------------------------------------------------------------------
 
 static int CountNotes(OpenedNotes& notes, NoteSet& set) {
-    if (!CanReadNotes(notes.files, set)) ComplainOfReading(notes, set);
+    CheckReadable(notes, set);
     int count = 0;
     for (int verse = 0; verse <= kLastVerse; ++verse) count += NoteExists(notes.files, set, verse) ? 1 : 0;
     return count;
@@ -65,8 +61,7 @@ ExitCode ShowNotes(Vw& vw, const NoteReadingOptions& options) {
     std::vector<VerseSpan> spans;
     for (const std::string& reference : ReferencesIn(options.words))
         spans.push_back(AskedVerses(vw, scripture.records, "REF", reference, {options.strict}));
-    for (NoteSet* set : sets)
-        if (!CanReadNotes(notes.files, *set)) ComplainOfReading(notes, *set);
+    for (NoteSet* set : sets) CheckReadable(notes, *set);
     StartPager(vw);
     bool isFound = false;
     for (const VerseSpan& span : spans)
@@ -114,7 +109,7 @@ static void PrintListed(const Listing& listing, NoteSet& set, int verse) {
     auto& [vw, notes, records, options, letters, query] = listing;
     const StyledText text = ShownNote(notes, NoteOf(notes, set, verse), MatchesIn(listing, set, verse));
     if (vw.options.json || options.full) return PrintWholeNote(vw, notes, set, records, verse, text);
-    PrintLinesOfNote(vw, notes, set, records, verse, text);
+    PrintLinesOfNote(vw, notes, set, records, verse, text, HeadOfLine::kVerseFirst);
 }
 
 static void PrintListedReference(Vw& vw, const VerseRecords& records, int verse) {

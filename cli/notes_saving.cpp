@@ -9,14 +9,6 @@
 #include "history/state_lines.h"
 #include "notes/note_saving.h"
 
-static int VerseOf(const Vw& vw, const VerseRecords& records, const NoteSavingOptions& options) {
-    const std::vector<std::string> references = ReferencesIn(options.words);
-    if (references.size() != 1) throw Complaint{kBadUse, "REF: more than one reference"};
-    const VerseSpan span = AskedVerses(vw, records, "REF", references.front(), {options.strict});
-    if (span.first != span.last) throw Complaint{kBadUse, "REF: \"" + references.front() + "\" is more than one verse"};
-    return span.first;
-}
-
 // ---- Saving ---------------------------------------------------------------------------------------------------------
 
 namespace {
@@ -105,7 +97,7 @@ static ExitCode EditInDraft(const Vw& vw, OpenedNotes& notes, const NoteSet& set
 
 ExitCode EditNote(Vw& vw, const NoteSavingOptions& options) {
     const Scripture scripture = TextOf(vw);
-    const int verse = VerseOf(vw, scripture.records, options);
+    const int verse = OneAskedVerse(vw, scripture.records, options.words, {options.strict});
     OpenedNotes notes = OpenNotes(vw, NoteAccess::kWrite);
     NoteSet& set = OneSetNamed(notes, options.set);
     NoteEdit edit{"", NoteOf(notes, set, verse)};
@@ -123,7 +115,7 @@ static std::vector<EarlierNote> TextsOf(const OpenedNotes& notes, const NoteSet&
 
 ExitCode ShowNoteHistory(Vw& vw, const NoteSavingOptions& options) {
     const Scripture scripture = TextOf(vw);
-    const int verse = VerseOf(vw, scripture.records, options);
+    const int verse = OneAskedVerse(vw, scripture.records, options.words, {options.strict});
     OpenedNotes notes = OpenNotes(vw, NoteAccess::kRead);
     const NoteSet& set = OneSetNamed(notes, options.set);
     const std::vector<EarlierNote> texts = TextsOf(notes, set, verse);
@@ -140,7 +132,7 @@ ExitCode ShowNoteHistory(Vw& vw, const NoteSavingOptions& options) {
 
 ExitCode RestoreNote(Vw& vw, const NoteSavingOptions& options) {
     const Scripture scripture = TextOf(vw);
-    const int verse = VerseOf(vw, scripture.records, options);
+    const int verse = OneAskedVerse(vw, scripture.records, options.words, {options.strict});
     OpenedNotes notes = OpenNotes(vw, NoteAccess::kWrite);
     NoteSet& set = OneSetNamed(notes, options.set);
     const std::vector<EarlierNote> texts = TextsOf(notes, set, verse);

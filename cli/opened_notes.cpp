@@ -101,12 +101,19 @@ std::string AsNote(const OpenedNotes& notes, const std::string& utf8) {
     return NoteOfLetters(notes.files.codePage, LettersOfUtf8(ValidUtf8(utf8)));
 }
 
+void ComplainOfReading(const OpenedNotes& notes, const NoteSet& set) {
+    throw Complaint{kFileTrouble, "--folder: cannot read the note set \"" + Utf8Name(notes, set) + '"'};
+}
+
+void CheckReadable(const OpenedNotes& notes, NoteSet& set) {
+    if (!CanReadNotes(notes.files, set)) ComplainOfReading(notes, set);
+}
+
 std::string NoteOf(OpenedNotes& notes, NoteSet& set, int verse) {
     NoteReader reader{notes.files, set};
     const NoteSource source = SourceOf(reader);
     std::string note;
-    if (source.noteOf(source.device, verse, note) == NoteFound::kUnreadable)
-        throw Complaint{kFileTrouble, "--folder: cannot read the note set \"" + Utf8Name(notes, set) + '"'};
+    if (source.noteOf(source.device, verse, note) == NoteFound::kUnreadable) ComplainOfReading(notes, set);
     return note;
 }
 

@@ -37,6 +37,10 @@ std::string PlainNote(const OpenedNotes& notes, const std::string& note);
 // What is typed in UTF-8, as notes have it.
 std::string AsNote(const OpenedNotes& notes, const std::string& utf8);
 
+// Complain of a set that cannot be read; if it cannot be.
+[[noreturn]] void ComplainOfReading(const OpenedNotes& notes, const NoteSet& set);
+void CheckReadable(const OpenedNotes& notes, NoteSet& set);
+
 // The note of a verse; empty if there is none. Complains if the set cannot be read.
 std::string NoteOf(OpenedNotes& notes, NoteSet& set, int verse);
 

@@ -80,6 +80,11 @@ static constexpr SchemaField kFoundInNoteFields[] = {
     {"marks", FieldType::kPlaces, "places in the text of what was found; only of notes search", true},
 };
 
+static constexpr SchemaField kAboutFields[] = {
+    {"marks", FieldType::kPlaces, "places in the text of that reference"},
+    {"names", FieldType::kSpanOrNull, "the first reference of the note that names the verse"},
+};
+
 static constexpr SchemaField kSetFields[] = {
     {"set", FieldType::kText, "its name"},
     {"notes", FieldType::kNumber, "that it has"},
@@ -123,6 +128,7 @@ static constexpr SchemaKind kSchema[] = {
     {"reading", "a reading, of today", kVerseFields, kReadingFields},
     {"proverb", "a verse, of today", kVerseFields},
     {"note", "a note, of notes show, list and search", kNoteFields, kFoundInNoteFields},
+    {"about", "a note that names a verse, of notes about", kNoteFields, kAboutFields},
     {"set", "a note set, of notes sets", kSetFields},
     {"earlier", "an earlier note, of notes history", kEarlierFields},
     {"fault", "what is wrong with note sets, of notes verify", kFaultFields},

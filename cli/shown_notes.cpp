@@ -49,15 +49,22 @@ static bool HasMark(const std::vector<std::pair<std::size_t, std::size_t>>& mark
     return std::ranges::any_of(marks, [&](const auto& mark) { return mark.first < end && begin < mark.second; });
 }
 
+static StyledText BeginLine(const std::string& set, const std::string& reference, HeadOfLine head) {
+    StyledText line;
+    if (head == HeadOfLine::kSetFirst) AppendUtf8Styled(line, set + ": ", kPlain);
+    AppendUtf8Styled(line, reference, kReference);
+    AppendUtf8Styled(line, head == HeadOfLine::kSetFirst ? " " : " " + set + ": ", kPlain);
+    return line;
+}
+
 void PrintLinesOfNote(Vw& vw, const OpenedNotes& notes, const NoteSet& set, const VerseRecords& records, int verse,
-                      const StyledText& text) {
+                      const StyledText& text, HeadOfLine head) {
     const auto marks = StretchesOf(text, kKeyWord);
     for (std::size_t begin = 0; begin <= text.letters.size();) {
         const std::size_t end = std::min(text.letters.find(U'\n', begin), text.letters.size());
         if (marks.empty() || HasMark(marks, begin, end)) {
-            StyledText line;
-            AppendUtf8Styled(line, ReferenceText(records, verse, BookForm::kAbbreviation), kReference);
-            AppendUtf8Styled(line, " " + Utf8Name(notes, set) + ": ", kPlain);
+            StyledText line =
+                BeginLine(Utf8Name(notes, set), ReferenceText(records, verse, BookForm::kAbbreviation), head);
             AppendPart(line, text, begin, end);
             AppendUtf8Styled(line, "\n", kPlain);
             PrintStyled(vw.printer, line);

@@ -16,6 +16,9 @@ StyledText ShownNote(const OpenedNotes& notes, const std::string& note, std::spa
 void PrintWholeNote(Vw& vw, const OpenedNotes& notes, const NoteSet& set, const VerseRecords& records, int verse,
                     const StyledText& text);
 
-// "Ro 8:28 My Notes: " and a line of the note, for each line with something that was found; without any, the first one.
+// "Ro 8:28 My Notes: ", or "My Notes: Ro 8:28 ".
+enum class HeadOfLine : bool { kVerseFirst, kSetFirst };
+
+// The head and a line of the note, for each line with something that was found; without any, the first one.
 void PrintLinesOfNote(Vw& vw, const OpenedNotes& notes, const NoteSet& set, const VerseRecords& records, int verse,
-                      const StyledText& text);
+                      const StyledText& text, HeadOfLine head);

@@ -130,7 +130,7 @@ TEST_F(VwTest, PrintsObjectsAsDescribed) {
     WriteWholeFile(folder + "Damaged.nmd", {});
     fake.hasNotes = true;
     fake.edit = [](std::string& text) {
-        text += "more";
+        text += "more, as in Rom 8:27-29";
         return true;
     };
     const std::vector<std::vector<std::string>> runs = {
@@ -153,6 +153,7 @@ TEST_F(VwTest, PrintsObjectsAsDescribed) {
         {"notes", "edit", "Ge 1:1", "--set", "A", "--folder", folder},
         {"notes", "edit", "Ge 1:1", "--set", "A", "--folder", folder},
         {"notes", "search", "more", "--set", "A", "--folder", folder},
+        {"notes", "about", "Rom 8:28", "--folder", folder},
         {"notes", "history", "Ge 1:1", "--set", "A", "--folder", folder},
         {"notes", "verify", "--folder", folder},
     };
