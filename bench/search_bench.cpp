@@ -189,8 +189,8 @@ struct NearSample {
 }  // namespace
 
 static constexpr NearSample kNearSamples[] = {
-    {"faith hope", {kNearInWords, 5}}, {"king david", {kNearInWords, 10}}, {"lord god", {kNearInWords, 5}},
-    {"lord god", {kNearInVerse}},      {"the lord", {kNearInWords, 5}, 3},
+    {"faith hope", {kNearInWords, 5}}, {"king david", {kNearInWords, 10}},   {"lord god", {kNearInWords, 5}},
+    {"lord god", {kNearInVerse}},      {"the lord", {kNearInWords, 5}, 2.5},
 };
 static constexpr double kMostTimesNearFloor = 2;  // it knows two words and one option
 static constexpr int kAnyDistance = 500;          // more than a verse has words

@@ -87,64 +87,95 @@ struct WantedWord {
     std::uint32_t bits;
 };
 
-// A block of a verse, and the bytes of it where words begin and where one may stand.
-struct WordBlock {
+// The words to sweep for; none if one of the patterns is no word that a text can be swept for.
+struct WordSweep {
+    std::vector<WantedWord> words;
+    Block fold;  // the bit that uppercase letters lack if case is ignored, otherwise 0
+};
+
+// A bit for each byte of a piece, which is four blocks: what is done once for a piece takes longer than the blocks.
+using PieceBits = std::uint64_t;
+constexpr std::size_t kPieceSize = 4 * kBlockSize;
+
+// A piece of a verse, and the bytes of it where words begin and where one may stand.
+struct WordPiece {
     const char* place;
-    std::uint16_t begins, hits;
+    PieceBits begins, hits;
     std::int32_t verse;
     std::int32_t number;  // of the words that begin before it in the verse
 };
 
+constexpr std::size_t kPieces = 64;
+constexpr std::size_t kManyPieces = kPieces - kLongestSwept / kPieceSize - 2;  // no room for another verse
+
 }  // namespace
 
-// None if one of the patterns is no word that a text can be swept for.
-static std::vector<WantedWord> WantedWordsOf(std::span<const WantedPattern> wanted, bool anyCase) {
-    std::vector<WantedWord> words;
+static WordSweep SweepFor(std::span<const WantedPattern> wanted, bool anyCase) {
+    WordSweep sweep{{}, _mm_set1_epi8(anyCase ? ' ' : '\0')};
     for (const WantedPattern& one : wanted) {
-        if (HasWildcard(one.pattern) || one.pattern.size() > kLongestStart) return {};
+        if (HasWildcard(one.pattern) || one.pattern.size() > kLongestStart) return {{}, sweep.fold};
         const std::string folds = FoldsOf(one.pattern, anyCase);
-        words.push_back({EndsOf(one.pattern, folds), StartOf(one.pattern, folds), one.pattern.size(), one.bits});
+        sweep.words.push_back({EndsOf(one.pattern, folds), StartOf(one.pattern, folds), one.pattern.size(), one.bits});
     }
-    return words;
+    return sweep;
 }
 
-static constexpr std::array<std::uint8_t, 256> kBitsOfByte = [] {
-    std::array<std::uint8_t, 256> counts = {};
-    for (std::size_t byte = 0; byte < counts.size(); ++byte)
-        counts[byte] = static_cast<std::uint8_t>(std::popcount(byte));
-    return counts;
-}();
-
-// Of a number of 16 bits. Not every processor has an instruction for it.
-VERSEWELL_BLOCKWISE static int CountBits(unsigned bits) {
-    return kBitsOfByte[bits & 0xFF] + kBitsOfByte[bits >> 8];
+// Not every processor has an instruction for it: adds neighbouring groups of bits, each time twice as long ones.
+VERSEWELL_BLOCKWISE static int CountBits(PieceBits bits) {
+    bits -= bits >> 1 & 0x5555'5555'5555'5555U;
+    bits = (bits & 0x3333'3333'3333'3333U) + (bits >> 2 & 0x3333'3333'3333'3333U);
+    bits = (bits + (bits >> 4)) & 0x0F0F'0F0F'0F0F'0F0FU;
+    return static_cast<int>(bits * 0x0101'0101'0101'0101U >> 56);
 }
 
-// The bytes of a block that are of a word.
-VERSEWELL_BLOCKWISE static unsigned OfWordAt(const char* place) {
-    const Block bytes = Load(place);
-    return Bits(_mm_or_si128(AreLetters(bytes), _mm_cmpeq_epi8(bytes, _mm_set1_epi8('\''))));
+VERSEWELL_BLOCKWISE static PieceBits BitsOf(Block one, Block two, Block three, Block four) {
+    return PieceBits{Bits(three) | Bits(four) << kBlockSize} << 2 * kBlockSize | (Bits(one) | Bits(two) << kBlockSize);
 }
 
-VERSEWELL_BLOCKWISE static unsigned HitsAt(std::span<const WantedWord> words, const char* place) {
-    unsigned hits = 0;
-    for (const WantedWord& word : words) hits |= HitsAt(word.ends, place);
-    return hits;
+VERSEWELL_BLOCKWISE static Block AreOfWord(Block bytes) {
+    return _mm_or_si128(AreLetters(bytes), _mm_cmpeq_epi8(bytes, _mm_set1_epi8('\'')));
 }
 
-// Appends the blocks of the stretch with hits, and returns the place behind them.
-static WordBlock* SiftWords(std::span<const WantedWord> words, Stretch stretch, std::int32_t verse, WordBlock* next) {
+// The bytes that are of a word.
+VERSEWELL_BLOCKWISE static PieceBits OfWordAt(const char* place) {
+    return BitsOf(AreOfWord(Load(place)), AreOfWord(Load(place + kBlockSize)), AreOfWord(Load(place + 2 * kBlockSize)),
+                  AreOfWord(Load(place + 3 * kBlockSize)));
+}
+
+VERSEWELL_BLOCKWISE static Block HitsIn(const WordEnds& ends, Block fold, const char* place) {
+    const Block first = _mm_or_si128(Load(place), fold), last = _mm_or_si128(Load(place + ends.reach), fold);
+    return _mm_and_si128(_mm_cmpeq_epi8(first, ends.first.value), _mm_cmpeq_epi8(last, ends.last.value));
+}
+
+// An apostrophe has the bit that is folded, so it can be treated as letters are.
+VERSEWELL_BLOCKWISE static PieceBits HitsAt(const WordSweep& sweep, const char* place) {
+    Block one = _mm_setzero_si128(), two = one, three = one, four = one;
+    for (const WantedWord& word : sweep.words) {
+        one = _mm_or_si128(one, HitsIn(word.ends, sweep.fold, place));
+        two = _mm_or_si128(two, HitsIn(word.ends, sweep.fold, place + kBlockSize));
+        three = _mm_or_si128(three, HitsIn(word.ends, sweep.fold, place + 2 * kBlockSize));
+        four = _mm_or_si128(four, HitsIn(word.ends, sweep.fold, place + 3 * kBlockSize));
+    }
+    return BitsOf(one, two, three, four);
+}
+
+// The bytes of a piece before the end of the text, which is `rest` bytes away.
+VERSEWELL_BLOCKWISE static PieceBits BytesBefore(std::ptrdiff_t rest) {
+    return rest < static_cast<std::ptrdiff_t>(kPieceSize) ? (PieceBits{1} << rest) - 1 : ~PieceBits{0};
+}
+
+// Appends the pieces of the stretch with hits, and returns the place behind them.
+static WordPiece* SiftWords(const WordSweep& sweep, Stretch stretch, std::int32_t verse, WordPiece* next) {
     std::int32_t number = 0;
-    unsigned goesOn = 0;  // does the block begin in a word?
-    for (const char* place = stretch.begin; place < stretch.end; place += kBlockSize) {
-        const auto rest = std::min(stretch.end - place, static_cast<std::ptrdiff_t>(kBlockSize));
-        const unsigned ofWord = OfWordAt(place), before = ofWord << 1 | goesOn;
-        const unsigned begins = ofWord & ~before & ((1U << rest) - 1);
-        const unsigned hits = HitsAt(words, place) & begins;
-        *next = {place, static_cast<std::uint16_t>(begins), static_cast<std::uint16_t>(hits), verse, number};
+    PieceBits goesOn = 0;  // does the piece begin in a word?
+    for (const char* place = stretch.begin; place < stretch.end; place += kPieceSize) {
+        const PieceBits ofWord = OfWordAt(place);
+        const PieceBits begins = ofWord & ~(ofWord << 1 | goesOn) & BytesBefore(stretch.end - place);
+        const PieceBits hits = HitsAt(sweep, place) & begins;
+        *next = {place, begins, hits, verse, number};
         next += hits != 0 ? 1 : 0;
         number += CountBits(begins);
-        goesOn = ofWord >> (kBlockSize - 1);
+        goesOn = ofWord >> (kPieceSize - 1);
     }
     return next;
 }
@@ -156,18 +187,18 @@ VERSEWELL_BLOCKWISE static std::uint32_t BitsAt(const WantedWord& word, const ch
 }
 
 // Appends the places where words stand. Does not branch on whether one does, as the sweeps do not.
-static void TakeHits(std::span<const WantedWord> words, const Texts& texts, std::span<const WordBlock> blocks,
-                     Room& room) {
-    for (const WordBlock& block : blocks) {
-        if (room.places.size() < room.used + kBlockSize) room.places.resize(2 * room.used + kBlockSize);
-        const char* const text = texts.begin + OffsetOf(texts, block.verse);
+static void TakeHits(const WordSweep& sweep, const Texts& texts, std::span<const WordPiece> pieces, Room& room) {
+    static constexpr std::size_t kMost = kPieceSize / 2;  // so many words can begin in a piece
+    for (const WordPiece& piece : pieces) {
+        if (room.places.size() < room.used + kMost) room.places.resize(2 * room.used + kMost);
+        const char* const text = texts.begin + OffsetOf(texts, piece.verse);
         NearPlace* next = room.places.data() + room.used;
-        for (unsigned bits = block.hits; bits != 0; bits &= bits - 1) {
-            const char* const place = block.place + std::countr_zero(bits);
-            const unsigned before = block.begins & (bits - 1) & ~bits;
+        for (PieceBits bits = piece.hits; bits != 0; bits &= bits - 1) {
+            const char* const place = piece.place + std::countr_zero(bits);
+            const PieceBits before = piece.begins & (bits - 1) & ~bits;
             std::uint32_t patterns = 0;
-            for (const WantedWord& word : words) patterns |= BitsAt(word, place);
-            *next = {block.verse, static_cast<std::uint32_t>(place - text), block.number + CountBits(before), patterns};
+            for (const WantedWord& word : sweep.words) patterns |= BitsAt(word, place);
+            *next = {piece.verse, static_cast<std::uint32_t>(place - text), piece.number + CountBits(before), patterns};
             next += patterns != 0 ? 1 : 0;
         }
         room.used = static_cast<std::size_t>(next - room.places.data());
@@ -176,21 +207,21 @@ static void TakeHits(std::span<const WantedWord> words, const Texts& texts, std:
 
 static void FindPlaces(const Scripture& scripture, std::span<const WantedPattern> wanted, bool anyCase,
                        std::span<const NearVerse> verses, Room& room) {
-    const std::vector<WantedWord> words = WantedWordsOf(wanted, anyCase);
+    const WordSweep sweep = SweepFor(wanted, anyCase);
     const Texts texts = TextsOf(scripture);
-    std::array<WordBlock, kHitBlocks> blocks;
-    WordBlock* next = blocks.data();
+    std::array<WordPiece, kPieces> pieces;
+    WordPiece* next = pieces.data();
     room.used = 0;
     for (const NearVerse& verse : verses) {
         Stretch stretch;
-        const bool isSwept = !words.empty() && FindStretch(texts, verse.verse, stretch);
-        if (isSwept) next = SiftWords(words, stretch, verse.verse, next);
-        if (isSwept && next < blocks.data() + kManyHits) continue;
-        TakeHits(words, texts, {blocks.data(), next}, room);
-        next = blocks.data();
+        const bool isSwept = !sweep.words.empty() && FindStretch(texts, verse.verse, stretch);
+        if (isSwept) next = SiftWords(sweep, stretch, verse.verse, next);
+        if (isSwept && next < pieces.data() + kManyPieces) continue;
+        TakeHits(sweep, texts, {pieces.data(), next}, room);
+        next = pieces.data();
         if (!isSwept) AddPlacesOfWords(scripture, wanted, anyCase, verse, room);
     }
-    TakeHits(words, texts, {blocks.data(), next}, room);
+    TakeHits(sweep, texts, {pieces.data(), next}, room);
 }
 
 #else
@@ -213,18 +244,32 @@ static bool AreInOneChapter(const Scripture& scripture, int one, int other) {
     return a.book == b.book && a.chapter == b.chapter;
 }
 
-// Each place has the number of its word in the verse.
-static void NumberPlaces(const Scripture& scripture, const NearQuery& query, std::span<NearPlace> places) {
-    std::int32_t verse = kNoVerse, where = 0, ofVerse = 0;  // `ofVerse`: of its first word
+static void NumberVerses(const Scripture& scripture, std::span<NearPlace> places) {
+    std::int32_t verse = kNoVerse, where = 0;
     for (NearPlace& place : places) {
-        if (place.verse != verse) {
-            const bool isFar = query.unit != kNearInVerses || !AreInOneChapter(scripture, verse, place.verse);
-            ofVerse = where + (isFar ? kFar : place.verse - verse);
-            verse = place.verse;
-        }
-        where = ofVerse + (query.unit == kNearInWords ? place.where : 0);
+        if (place.verse != verse) where += AreInOneChapter(scripture, verse, place.verse) ? place.verse - verse : kFar;
+        verse = place.verse;
         place.where = where;
     }
+}
+
+// Does not branch on where a verse ends: the processor cannot foresee it.
+static void NumberWithinVerses(bool countsWords, std::span<NearPlace> places) {
+    std::int32_t verse = kNoVerse, where = 0, ofVerse = 0;  // `ofVerse`: of its first word
+    for (NearPlace& place : places) {
+        ofVerse = place.verse != verse ? where + kFar : ofVerse;
+        verse = place.verse;
+        where = ofVerse + (countsWords ? place.where : 0);
+        place.where = where;
+    }
+}
+
+// Each place has the number of its word in the verse.
+static void NumberPlaces(const Scripture& scripture, const NearQuery& query, std::span<NearPlace> places) {
+    if (query.unit == kNearInVerses)
+        NumberVerses(scripture, places);
+    else
+        NumberWithinVerses(query.unit == kNearInWords, places);
 }
 
 // ---- Visiting -------------------------------------------------------------------------------------------------------
