@@ -34,13 +34,12 @@ static bool Has(const VerseSet& set, int verse) {
     return (set.bits[PartOf(verse)] & BitOf(verse)) != 0;
 }
 
-// Adds the entries from `first` to `last`, which are verses; a part of the set is written when it is left.
-static void AddEntries(VerseEntries entries, int first, int last, VerseSet& set) {
+// Adds the entries, which are verses; a part of the set is written when it is left.
+static void AddEntries(VerseEntries entries, VerseSet& set) {
     std::size_t part = 0;
     std::uint64_t bits = 0;
     for (std::size_t i = 0; i < EntryCount(entries); ++i) {
         const int verse = EntryAt(entries, i);
-        if (verse < first || verse > last) continue;
         if (PartOf(verse) != part) {
             set.bits[part] |= bits;
             part = PartOf(verse);
@@ -79,7 +78,8 @@ struct NearPass {
 
 static VerseSet VersesOf(const NearPass& pass, const WordIndex& index, const std::string& pattern) {
     VerseSet set;
-    for (const int word : WordsMeant(index, pattern)) AddEntries(EntriesOf(index, word), pass.first, pass.last, set);
+    for (const int word : WordsMeant(index, pattern))
+        AddEntries(EntriesWithin(EntriesOf(index, word), pass.first, pass.last), set);
     return set;
 }
 
