@@ -53,20 +53,29 @@ namespace {
 struct Room {
     std::vector<NearPlace> places;
     std::size_t used = 0;
+    std::int32_t number = 0;  // of the next word
 };
 
+// More than any distance that is asked for.
+constexpr int kFar = 1000;
+
 }  // namespace
+
+// Words are numbered through all verses. Between the last of a verse and the first of the next, numbers are left out.
+static void BeginVerse(Room& room) {
+    room.number += kFar;
+}
 
 // Looks at each word of the verse.
 static void AddPlacesOfWords(const Scripture& scripture, std::span<const WantedPattern> wanted, bool anyCase,
                              const NearVerse& verse, Room& room) {
     const std::string_view text = VerseText(scripture, verse.verse);
     room.places.resize(std::max(room.places.size(), room.used + text.size() / 2 + 1));
-    std::int32_t number = 0;
+    BeginVerse(room);
     for (std::size_t at = 0; at < text.size(); ++at) {
         const std::size_t size = SizeOfWordAt(text, at);
         if (size == 0) continue;
-        NearPlace place{verse.verse, static_cast<std::uint32_t>(at), number++};
+        NearPlace place{verse.verse, static_cast<std::uint32_t>(at), room.number++};
         for (const WantedPattern& one : wanted)
             if ((one.bits & verse.patterns) != 0 && DoesPatternMean(one.pattern, text.substr(at, size), anyCase))
                 place.patterns |= one.bits;
@@ -102,7 +111,7 @@ struct WordPiece {
     const char* place;
     PieceBits begins, hits;
     std::int32_t verse;
-    std::int32_t number;  // of the words that begin before it in the verse
+    std::int32_t number;  // of the first word that begins in it
 };
 
 constexpr std::size_t kPieces = 64;
@@ -147,16 +156,16 @@ VERSEWELL_BLOCKWISE static Block HitsIn(const WordEnds& ends, Block fold, const 
     return _mm_and_si128(_mm_cmpeq_epi8(first, ends.first.value), _mm_cmpeq_epi8(last, ends.last.value));
 }
 
-// An apostrophe has the bit that is folded, so it can be treated as letters are.
-VERSEWELL_BLOCKWISE static PieceBits HitsAt(const WordSweep& sweep, const char* place) {
-    Block one = _mm_setzero_si128(), two = one, three = one, four = one;
-    for (const WantedWord& word : sweep.words) {
-        one = _mm_or_si128(one, HitsIn(word.ends, sweep.fold, place));
-        two = _mm_or_si128(two, HitsIn(word.ends, sweep.fold, place + kBlockSize));
-        three = _mm_or_si128(three, HitsIn(word.ends, sweep.fold, place + 2 * kBlockSize));
-        four = _mm_or_si128(four, HitsIn(word.ends, sweep.fold, place + 3 * kBlockSize));
-    }
-    return BitsOf(one, two, three, four);
+// The bytes where a word may begin: one that goes on behind it only if it leaves the piece. An apostrophe has the bit
+// that is folded, so it can be treated as letters are.
+VERSEWELL_BLOCKWISE static PieceBits HitsAt(const WordSweep& sweep, const char* place, PieceBits ofWord) {
+    PieceBits hits = 0;
+    for (const WantedWord& word : sweep.words)
+        hits |= BitsOf(HitsIn(word.ends, sweep.fold, place), HitsIn(word.ends, sweep.fold, place + kBlockSize),
+                       HitsIn(word.ends, sweep.fold, place + 2 * kBlockSize),
+                       HitsIn(word.ends, sweep.fold, place + 3 * kBlockSize)) &
+                ~(ofWord >> word.size);
+    return hits;
 }
 
 // The bytes of a piece before the end of the text, which is `rest` bytes away.
@@ -164,19 +173,21 @@ VERSEWELL_BLOCKWISE static PieceBits BytesBefore(std::ptrdiff_t rest) {
     return rest < static_cast<std::ptrdiff_t>(kPieceSize) ? (PieceBits{1} << rest) - 1 : ~PieceBits{0};
 }
 
-// Appends the pieces of the stretch with hits, and returns the place behind them.
-static WordPiece* SiftWords(const WordSweep& sweep, Stretch stretch, std::int32_t verse, WordPiece* next) {
-    std::int32_t number = 0;
+// Appends the pieces of the verse's stretch with hits, and returns the place behind them.
+static WordPiece* SiftWords(const WordSweep& sweep, Stretch stretch, std::int32_t verse, Room& room, WordPiece* next) {
+    BeginVerse(room);
+    std::int32_t number = room.number;
     PieceBits goesOn = 0;  // does the piece begin in a word?
     for (const char* place = stretch.begin; place < stretch.end; place += kPieceSize) {
         const PieceBits ofWord = OfWordAt(place);
         const PieceBits begins = ofWord & ~(ofWord << 1 | goesOn) & BytesBefore(stretch.end - place);
-        const PieceBits hits = HitsAt(sweep, place) & begins;
+        const PieceBits hits = HitsAt(sweep, place, ofWord) & begins;
         *next = {place, begins, hits, verse, number};
         next += hits != 0 ? 1 : 0;
         number += CountBits(begins);
         goesOn = ofWord >> (kPieceSize - 1);
     }
+    room.number = number;
     return next;
 }
 
@@ -205,6 +216,16 @@ static void TakeHits(const WordSweep& sweep, const Texts& texts, std::span<const
     }
 }
 
+// Asks for the text of the verse that is swept after some others: the processor only foresees texts that follow each
+// other.
+VERSEWELL_BLOCKWISE static void FetchAhead(const Texts& texts, std::span<const NearVerse> rest) {
+    static constexpr std::size_t kAhead = 4;
+    if (rest.size() <= kAhead) return;
+    const char* const text = texts.begin + OffsetOf(texts, rest[kAhead].verse);
+    _mm_prefetch(text, _MM_HINT_T0);
+    _mm_prefetch(text + kPieceSize, _MM_HINT_T0);
+}
+
 static void FindPlaces(const Scripture& scripture, std::span<const WantedPattern> wanted, bool anyCase,
                        std::span<const NearVerse> verses, Room& room) {
     const WordSweep sweep = SweepFor(wanted, anyCase);
@@ -212,10 +233,13 @@ static void FindPlaces(const Scripture& scripture, std::span<const WantedPattern
     std::array<WordPiece, kPieces> pieces;
     WordPiece* next = pieces.data();
     room.used = 0;
-    for (const NearVerse& verse : verses) {
+    room.number = 0;
+    for (; !verses.empty(); verses = verses.subspan(1)) {
+        const NearVerse& verse = verses.front();
+        FetchAhead(texts, verses);
         Stretch stretch;
         const bool isSwept = !sweep.words.empty() && FindStretch(texts, verse.verse, stretch);
-        if (isSwept) next = SiftWords(sweep, stretch, verse.verse, next);
+        if (isSwept) next = SiftWords(sweep, stretch, verse.verse, room, next);
         if (isSwept && next < pieces.data() + kManyPieces) continue;
         TakeHits(sweep, texts, {pieces.data(), next}, room);
         next = pieces.data();
@@ -229,6 +253,7 @@ static void FindPlaces(const Scripture& scripture, std::span<const WantedPattern
 static void FindPlaces(const Scripture& scripture, std::span<const WantedPattern> wanted, bool anyCase,
                        std::span<const NearVerse> verses, Room& room) {
     room.used = 0;
+    room.number = 0;
     for (const NearVerse& verse : verses) AddPlacesOfWords(scripture, wanted, anyCase, verse, room);
 }
 
@@ -236,40 +261,21 @@ static void FindPlaces(const Scripture& scripture, std::span<const WantedPattern
 
 // ---- Numbering ------------------------------------------------------------------------------------------------------
 
-// More than any distance that is asked for.
-static constexpr int kFar = 1000;
-
 static bool AreInOneChapter(const Scripture& scripture, int one, int other) {
     const VerseRecord a = RecordOf(scripture.records, one), b = RecordOf(scripture.records, other);
     return a.book == b.book && a.chapter == b.chapter;
 }
 
-static void NumberVerses(const Scripture& scripture, std::span<NearPlace> places) {
+// Numbers the verses of the places instead of their words; those of a chapter as they follow each other, if they can be
+// in one match.
+static void NumberVerses(const Scripture& scripture, bool countsVerses, std::span<NearPlace> places) {
     std::int32_t verse = kNoVerse, where = 0;
     for (NearPlace& place : places) {
-        if (place.verse != verse) where += AreInOneChapter(scripture, verse, place.verse) ? place.verse - verse : kFar;
+        if (place.verse != verse)
+            where += countsVerses && AreInOneChapter(scripture, verse, place.verse) ? place.verse - verse : kFar;
         verse = place.verse;
         place.where = where;
     }
-}
-
-// Does not branch on where a verse ends: the processor cannot foresee it.
-static void NumberWithinVerses(bool countsWords, std::span<NearPlace> places) {
-    std::int32_t verse = kNoVerse, where = 0, ofVerse = 0;  // `ofVerse`: of its first word
-    for (NearPlace& place : places) {
-        ofVerse = place.verse != verse ? where + kFar : ofVerse;
-        verse = place.verse;
-        where = ofVerse + (countsWords ? place.where : 0);
-        place.where = where;
-    }
-}
-
-// Each place has the number of its word in the verse.
-static void NumberPlaces(const Scripture& scripture, const NearQuery& query, std::span<NearPlace> places) {
-    if (query.unit == kNearInVerses)
-        NumberVerses(scripture, places);
-    else
-        NumberWithinVerses(query.unit == kNearInWords, places);
 }
 
 // ---- Visiting -------------------------------------------------------------------------------------------------------
@@ -290,7 +296,7 @@ void VisitNearPlaces(const Scripture& scripture, const NearQuery& query, std::sp
         const std::size_t count = VersesAtATime(scripture, verses);
         FindPlaces(scripture, wanted, !query.caseSensitive, verses.first(count), room);
         const std::span<NearPlace> places = std::span(room.places).first(room.used);
-        NumberPlaces(scripture, query, places);
+        if (query.unit != kNearInWords) NumberVerses(scripture, query.unit == kNearInVerses, places);
         visit(places);
         verses = verses.subspan(count);
     }
