@@ -12,6 +12,7 @@
 #include <ctime>
 #include <filesystem>
 #include <optional>
+#include <utility>
 
 #include "notes/file_names.h"
 #include "notes/windows_1252.h"
@@ -106,7 +107,9 @@ static void* Open(void* device, const std::string& name) {
     return OpenWith(device, name, O_RDONLY);
 }
 
+// A file that cannot be removed is written over.
 static void* CreateAnew(void* device, const std::string& name) {
+    unlink(PathOf(device, name).c_str());
     return OpenWith(device, name, O_WRONLY | O_CREAT | O_TRUNC);
 }
 
@@ -233,6 +236,59 @@ static bool MakeFolder(void* device, const std::string& name) {
     return fs::is_directory(path, error);
 }
 
+// ---- The lock -------------------------------------------------------------------------------------------------------
+
+static int OpenLock(void* device) {
+    const std::string path = PathOf(device, kLockFile);
+    const int flags = O_RDWR | O_CREAT | O_CLOEXEC;
+    const int file = open(path.c_str(), flags, 0644);
+    if (file >= 0 || errno != ENOENT || !MakeFolder(device, kBackupFolder)) return file;
+    return open(path.c_str(), flags, 0644);
+}
+
+// The lock belongs to the open file, so that closing another one of the same name does not unlock it.
+static NoteLocking TryToLock(int file) {
+    struct flock firstByte = {};
+    firstByte.l_type = F_WRLCK;
+    firstByte.l_whence = SEEK_SET;
+    firstByte.l_len = 1;
+    if (fcntl(file, F_OFD_SETLK, &firstByte) == 0) return NoteLocking::kLocked;
+    return errno == EAGAIN || errno == EACCES ? NoteLocking::kBusy : NoteLocking::kImpossible;
+}
+
+// Tries often, because one who saves many notes leaves the lock alone for short moments only.
+static NoteLocking LockWithPatience(int file, int milliseconds) {
+    static constexpr int kPause = 1;
+    NoteLocking state = TryToLock(file);
+    for (int waited = 0; state == NoteLocking::kBusy && waited < milliseconds; waited += kPause) {
+        usleep(kPause * 1000);
+        state = TryToLock(file);
+    }
+    return state;
+}
+
+static NoteLocking LockAnew(void* device, int milliseconds) {
+    const int file = OpenLock(device);
+    if (file < 0) return NoteLocking::kImpossible;
+    const NoteLocking state = LockWithPatience(file, milliseconds);
+    if (state == NoteLocking::kLocked)
+        static_cast<PosixNoteFiles*>(device)->lock = file;
+    else
+        close(file);
+    return state;
+}
+
+static NoteLocking Lock(void* device, int milliseconds) {
+    auto& files = *static_cast<PosixNoteFiles*>(device);
+    if (files.locks++ == 0) files.locking = LockAnew(device, milliseconds);
+    return files.locking;
+}
+
+static void Unlock(void* device) {
+    auto& files = *static_cast<PosixNoteFiles*>(device);
+    if (--files.locks == 0 && files.lock >= 0) close(std::exchange(files.lock, -1));
+}
+
 // ---- The device -----------------------------------------------------------------------------------------------------
 
 NoteFiles DeviceOver(PosixNoteFiles& files) {
@@ -256,6 +312,8 @@ NoteFiles DeviceOver(PosixNoteFiles& files) {
             .write = Write,
             .flush = Flush,
             .close = Close,
+            .lock = Lock,
+            .unlock = Unlock,
             .codePage = kWindows1252};
 }
 

@@ -1,6 +1,7 @@
 // Separate from the import into a set that exists, which creates and removes no files of sets.
 #include "exchange/new_set_import.h"
 
+#include "notes/note_lock.h"
 #include "notes/note_set_changes.h"
 
 ImportPlan PlanForNewSet(const std::string& name, const ExchangedNotes& notes) {
@@ -24,6 +25,7 @@ static void RemoveLastSet(const NoteFiles& files, NoteSets& notes) {
 }
 
 NewSetImport ImportIntoNewSet(const NoteFiles& files, NoteSets& notes, const ImportPlan& plan, const NoteTime& now) {
+    const NoteLock lock = LockNoteFiles(files);
     const std::string problem = CreateNoteSet(files, notes, plan.setName);
     if (!problem.empty()) return {.problem = problem};
     ImportPlan real = plan;

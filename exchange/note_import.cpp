@@ -5,6 +5,7 @@
 
 #include "notes/joined_texts.h"
 #include "notes/note_history.h"
+#include "notes/note_lock.h"
 #include "notes/note_saving.h"
 #include "notes/set_texts.h"
 
@@ -71,6 +72,7 @@ ImportResult ImportNotes(const NoteFiles& files, NoteSets& notes, const ImportPl
     if (place == kNoSet) return {ImportEnd::kChangedOnDisk};
     NoteSet& set = notes.sets[static_cast<std::size_t>(place)];
     if (set.readOnly) return {ImportEnd::kReadOnly};
+    const NoteLock lock = LockNoteFiles(files, plan.dataStamp.size);
     ImportedTexts imported;
     if (IsStale(files, set, plan) || !ReadSetTexts(files, set.dataFileName, imported.texts))
         return {ImportEnd::kChangedOnDisk};

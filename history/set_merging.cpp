@@ -7,6 +7,7 @@
 
 #include "notes/conflict_copies.h"
 #include "notes/note_backup.h"
+#include "notes/note_lock.h"
 #include "notes/set_texts.h"
 #include "scripture/letters.h"
 
@@ -160,9 +161,11 @@ void PutAwayHalfCopies(const NoteFiles& files) {
         if (std::ranges::any_of(copies, isOfSet)) continue;  // first the copy is merged, for which they are needed
         const std::vector<std::string> found = HistoryCopiesOf(halves, set);
         const std::set<std::string> histories(found.begin(), found.end());
+        const std::vector<std::string> indexes = LoneIndexesOf(files, halves, set);
+        if (histories.empty() && indexes.empty()) continue;
+        const NoteLock lock = LockNoteFiles(files);
         if (!histories.empty() && JoinHistories(files, set, histories, {}))
             for (const std::string& name : histories) PutAway(files, kInBackups, name, kHistoryEnding);
-        const std::vector<std::string> indexes = LoneIndexesOf(files, halves, set);
         if (!indexes.empty() && files.makeFolder(files.device, kBackupFolder))
             for (const std::string& name : indexes) PutAway(files, "", name, kIndexEnding);
     }
@@ -215,6 +218,7 @@ static SetMergeEnd ReplaceNotes(const NoteFiles& files, NoteSets& notes, const S
 }
 
 SetMergeEnd MergeSets(const NoteFiles& files, NoteSets& notes, const SetMerge& merge, const NoteTime& now) {
+    const NoteLock lock = LockNoteFiles(files, merge.dataStamp.size);
     if (IsStale(files, merge)) return SetMergeEnd::kChangedOnDisk;
     const std::set<std::string> histories = HistoriesOfCopies(files, merge.copy, merge.set);
     if (!JoinHistories(files, merge.set, histories, TooLongNotes(files, merge, now.seconds)))

@@ -7,6 +7,7 @@
 #include <tuple>
 
 #include "notes/note_history.h"
+#include "notes/note_lock.h"
 #include "notes/note_places.h"
 #include "notes/note_set_changes.h"
 #include "notes/whole_files.h"
@@ -156,6 +157,7 @@ static std::string RestoreNotes(const NoteFiles& files, NoteSets& notes, const S
 
 std::string RestoreSetState(const NoteFiles& files, NoteSets& notes, const SetBackup& state, const std::string& name,
                             const NoteTime& now) {
+    const NoteLock lock = LockNoteFiles(files, files.stamp(files.device, BackupName(state) + kDataEnding).size);
     const std::string problem = RestoreNotes(files, notes, state, name, now);
     return problem.empty() ? RestoreTable(files, notes, state, name) : problem;
 }

@@ -24,12 +24,22 @@ inline constexpr char kTempEnding[] = ".temp";
 inline constexpr char kBackupFolder[] = "backup";
 inline constexpr char kHistoryEnding[] = ".nmh";
 
+// Locked while a program changes the files of sets (notes/note_lock.h). It has no bytes and is never removed: a program
+// that waits for a file without a name would not keep out one that has made another.
+inline constexpr char kLockFile[] = "backup/lock";
+
 // Used to detect changes of a file: its size in bytes and the time of its last write, in units of the device.
 struct NoteFileStamp {
     bool exists = false;
     std::uint64_t size = 0;
     std::uint64_t time = 0;
     bool operator==(const NoteFileStamp&) const = default;
+};
+
+enum class NoteLocking {
+    kLocked,
+    kBusy,        // another program has the lock
+    kImpossible,  // the folder cannot be written, or its file system has no locks
 };
 
 struct NoteFiles {
@@ -100,6 +110,16 @@ struct NoteFiles {
     bool (*flush)(void* device, void* file) = nullptr;
 
     void (*close)(void* device, void* file) = nullptr;
+
+    // ---- The lock
+
+    // Locks kLockFile, which is made if it is missing, against all other programs, whatever system they were built for;
+    // while another one has locked it, tries again for `milliseconds`. Whatever the result, each `lock` needs an
+    // `unlock`. A device that is locked again before, by what the locked work calls, has the result of the first time
+    // at once. The system unlocks what a program that ends has locked.
+    NoteLocking (*lock)(void* device, int milliseconds) = nullptr;
+
+    void (*unlock)(void* device) = nullptr;
 
     // ---- What is in them
 

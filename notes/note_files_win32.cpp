@@ -165,6 +165,79 @@ static void Close(void*, void* file) {
     CloseHandle(file);
 }
 
+// ---- The lock -------------------------------------------------------------------------------------------------------
+
+namespace {
+
+struct LockedFolder {
+    void* device = nullptr;
+    OwnedFile file;                                  // if it is locked
+    int locks = 0;                                   // how many have not been unlocked yet
+    NoteLocking locking = NoteLocking::kImpossible;  // the result of the first of them
+};
+
+}  // namespace
+
+// The thread that opens the sets at the start uses it while the others wait.
+static LockedFolder theLockedFolder;
+
+static HANDLE OpenSharedByAll(const std::wstring& path) {
+    return CreateFileW(path.c_str(), GENERIC_READ | GENERIC_WRITE,
+                       FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, OPEN_ALWAYS,
+                       FILE_ATTRIBUTE_NORMAL, nullptr);
+}
+
+static OwnedFile OpenLock(void* device) {
+    const std::wstring path = PathOf(device, kLockFile);
+    HANDLE file = OpenSharedByAll(path);
+    if (file == INVALID_HANDLE_VALUE && GetLastError() == ERROR_PATH_NOT_FOUND && MakeFolder(device, kBackupFolder))
+        file = OpenSharedByAll(path);
+    return OwnedFile(file == INVALID_HANDLE_VALUE ? nullptr : file);
+}
+
+static NoteLocking TryToLock(HANDLE file) {
+    OVERLAPPED firstByte{};
+    if (LockFileEx(file, LOCKFILE_EXCLUSIVE_LOCK | LOCKFILE_FAIL_IMMEDIATELY, 0, 1, 0, &firstByte))
+        return NoteLocking::kLocked;
+    return GetLastError() == ERROR_LOCK_VIOLATION ? NoteLocking::kBusy : NoteLocking::kImpossible;
+}
+
+// Tries often, because one who saves many notes leaves the lock alone for short moments only.
+static NoteLocking LockWithPatience(HANDLE file, int milliseconds) {
+    static constexpr DWORD kPause = 1;
+    const std::uint64_t start = GetTickCount64();
+    NoteLocking state = TryToLock(file);
+    while (state == NoteLocking::kBusy && GetTickCount64() - start < static_cast<std::uint64_t>(milliseconds)) {
+        Sleep(kPause);
+        state = TryToLock(file);
+    }
+    return state;
+}
+
+static NoteLocking LockAnew(void* device, int milliseconds) {
+    OwnedFile file = OpenLock(device);
+    if (!file) return NoteLocking::kImpossible;
+    const NoteLocking state = LockWithPatience(file.get(), milliseconds);
+    if (state == NoteLocking::kLocked) theLockedFolder.file = std::move(file);
+    return state;
+}
+
+static NoteLocking Lock(void* device, int milliseconds) {
+    LockedFolder& locked = theLockedFolder;
+    if (locked.locks > 0 && locked.device != device) return NoteLocking::kImpossible;  // one folder at a time
+    locked.device = device;
+    if (locked.locks++ == 0) locked.locking = LockAnew(device, milliseconds);
+    return locked.locking;
+}
+
+// The lock of a file that is only closed may stay for a while.
+static void Unlock(void* device) {
+    LockedFolder& locked = theLockedFolder;
+    if (locked.device != device || --locked.locks > 0 || !locked.file) return;
+    UnlockFile(locked.file.get(), 0, 0, 1, 0);
+    locked.file.reset();
+}
+
 // ---- Letters --------------------------------------------------------------------------------------------------------
 
 static std::u16string LettersOfBytes(void*, std::string_view bytes) {
@@ -205,6 +278,8 @@ NoteFiles NoteFilesIn(std::wstring& folder) {
         .write = Write,
         .flush = Flush,
         .close = Close,
+        .lock = Lock,
+        .unlock = Unlock,
         .codePage = SystemCodePage(),
     };
 }

@@ -8,6 +8,7 @@
 #include <string_view>
 #include <utility>
 
+#include "notes/note_lock.h"
 #include "notes/whole_files.h"
 #include "scripture/crc32.h"
 #include "scripture/letters.h"
@@ -286,7 +287,6 @@ static std::int64_t LatestTime(std::span<const EarlierNote> texts) {
 }
 
 static bool Keep(const NoteFiles& files, const std::string& setName, std::span<const EarlierNote> texts) {
-    if (texts.empty()) return true;
     const std::string name = HistoryFileName(setName);
     const Bytes records = RecordsOf(texts);
     if (!files.makeFolder(files.device, kBackupFolder)) return false;
@@ -301,6 +301,8 @@ static bool Keep(const NoteFiles& files, const std::string& setName, std::span<c
 }
 
 bool KeepEarlierNotes(const NoteFiles& files, const std::string& setName, std::span<const EarlierNote> texts) {
+    if (texts.empty()) return true;
+    const NoteLock lock = LockNoteFiles(files);
     try {
         return Keep(files, setName, texts);
     } catch (const std::bad_alloc&) {

@@ -163,3 +163,20 @@ TEST(RacedSave, StopsIfTheFileIsReplacedEachTime) {
     ExpectStored(race, {{kVerse, "old"}, {9, std::to_string(times)}});
     EXPECT_EQ(race.fakes.openFiles, 0);
 }
+
+// As one who saves all the time would do.
+TEST(RacedSave, AsksOnceWhetherToSaveIntoChangedFiles) {
+    Race race;
+    OpenEditor(race, {{kVerse, "old"}});
+    Put(race.fakes, {{kVerse, "old"}, {9, "theirs"}});
+    const auto tell = [](void* device, SaveNotice notice, const std::string&) {
+        auto& told = *static_cast<Race*>(device);
+        told.told.push_back(notice);
+        Put(told.fakes, {{kVerse, "old"}, {9, "others"}});
+        return true;
+    };
+    race.edit.text = "mine";
+    EXPECT_EQ(SaveNote(race.files, {&race, tell}, race.notes, race.edit, {"2024-12-31", kNow}), NoteSaveResult::kSaved);
+    EXPECT_THAT(race.told, ElementsAre(SaveNotice::kChangedOnDisk));
+    ExpectStored(race, {{kVerse, "mine"}, {9, "others"}});
+}

@@ -6,12 +6,20 @@
 #include "notes/conflict_copies.h"
 #include "notes/note_backup.h"
 #include "notes/note_keeping.h"
+#include "notes/note_lock.h"
 #include "notes/note_places.h"
 #include "scripture/letters.h"
 
 static void Report(OpenedSets& opened, const std::string& line) {
     if (!opened.report.empty()) opened.report += "\n\n";
     opened.report += line;
+}
+
+// The lock for whatever has to be mended, which is rare: most starts do without it. What looks broken may be what
+// another program is just writing. False if that one does not end: then it may come to its end later.
+static bool IsLeftAlone(const NoteFiles& files, std::optional<NoteLock>& lock) {
+    if (!lock) lock = LockNoteFiles(files);
+    return lock->state != NoteLocking::kBusy;
 }
 
 static std::string Quoted(const std::string& name) {
@@ -48,8 +56,10 @@ static void KeepUnsaved(const NoteFiles& files, const std::string& name, const N
                                        : done + ": see Notes, Earlier Notes for this Verse."));
 }
 
-static void LookAtTwins(const NoteFiles& files, const NoteTime& now, OpenedSets& opened) {
+static void LookAtTwins(const NoteFiles& files, const NoteTime& now, std::optional<NoteLock>& lock,
+                        OpenedSets& opened) {
     for (const std::string& name : NamesBefore(files, std::string(kDataEnding) + kTempEnding)) {
+        if (!IsLeftAlone(files, lock)) return;
         if (PutTwinInPlace(files, name + kDataEnding))
             Report(opened, "The data file of the note set " + Quoted(name) +
                                " was missing. Its temporary file is whole and has taken its place.");
@@ -76,7 +86,7 @@ static bool IsLeftByConflict(const NoteFiles& files, const std::string& name) {
 
 // Recreates missing index files before the sets are searched for. Returns the sets that still have none: the data file
 // cannot be opened or is not whole, so that an index could not be trusted, or the index could not be written.
-static std::vector<NoteSet> MakeLostIndexes(const NoteFiles& files, OpenedSets& opened) {
+static std::vector<NoteSet> MakeLostIndexes(const NoteFiles& files, std::optional<NoteLock>& lock, OpenedSets& opened) {
     const std::vector<std::string> indexes = files.list(files.device, std::string("*") + kIndexEnding);
     std::vector<NoteSet> withoutIndex;
     for (const std::string& name : NamesBefore(files, kDataEnding)) {
@@ -84,7 +94,9 @@ static std::vector<NoteSet> MakeLostIndexes(const NoteFiles& files, OpenedSets& 
         const bool isListed = std::any_of(indexes.begin(), indexes.end(), [&](const std::string& index) {
             return EqualIgnoringCase(std::string_view(index).substr(0, index.rfind('.')), name);
         });
-        if (isListed || files.stamp(files.device, IndexFileName(set)).exists || IsLeftByConflict(files, name)) continue;
+        const auto hasIndex = [&] { return files.stamp(files.device, IndexFileName(set)).exists; };
+        if (isListed || hasIndex() || IsLeftByConflict(files, name)) continue;
+        if (IsLeftAlone(files, lock) && hasIndex()) continue;
         std::optional<NotePlaces> places = PlacesOf(files, set.dataFileName);
         if (!places && !files.stamp(files.device, set.dataFileName).exists) continue;
         if (places) {
@@ -150,9 +162,24 @@ static bool EndsAsIndexed(const NoteFiles& files, const NoteSet& set) {
            end.back() == 0;
 }
 
+static void ReadIndexAgain(const NoteFiles& files, NoteSet& set) {
+    StampFiles(files, set);
+    if (!ReadIndex(files, IndexFileName(set), set.offsets)) set.offsets.clear();
+}
+
+// Has another program just written the set?
+static bool HasNewEnd(const NoteFiles& files, NoteSet& set) {
+    const NoteFileStamp data = set.dataStamp, index = set.indexStamp;
+    StampFiles(files, set);
+    if (set.dataStamp == data && set.indexStamp == index) return false;
+    ReadIndexAgain(files, set);
+    return EndsAsIndexed(files, set);
+}
+
 // What cannot be opened is told later, if it still cannot be opened then: another program may be about to replace it.
-static void ExamineOrPutOff(const NoteFiles& files, NoteSet& set, bool isReported, OpenedSets& opened) {
-    set.isUnchecked = EndsAsIndexed(files, set);
+static void ExamineOrPutOff(const NoteFiles& files, NoteSet& set, bool isReported, std::optional<NoteLock>& lock,
+                            OpenedSets& opened) {
+    set.isUnchecked = EndsAsIndexed(files, set) || (IsLeftAlone(files, lock) && HasNewEnd(files, set));
     if (!set.isUnchecked) set.isUntold = !Examine(files, set, isReported, opened) && isReported;
 }
 
@@ -163,8 +190,9 @@ static void NoteDamaged(OpenedSets& opened, std::size_t set) {
 OpenedSets OpenNoteSets(const NoteFiles& files, NoteSets& notes, const NoteTime& now,
                         std::span<const std::string> knownDamaged) {
     OpenedSets opened;
-    LookAtTwins(files, now, opened);
-    const std::vector<NoteSet> withoutIndex = MakeLostIndexes(files, opened);
+    std::optional<NoteLock> lock;
+    LookAtTwins(files, now, lock, opened);
+    const std::vector<NoteSet> withoutIndex = MakeLostIndexes(files, lock, opened);
     opened.created = FindNoteSets(files, notes);
     for (const NoteSet& set : withoutIndex) {
         const bool isThere = std::any_of(notes.sets.begin(), notes.sets.end(), [&](const NoteSet& found) {
@@ -181,7 +209,7 @@ OpenedSets OpenNoteSets(const NoteFiles& files, NoteSets& notes, const NoteTime&
         if (std::ranges::find(knownDamaged, NoteSetName(notes.sets[i])) != knownDamaged.end())
             Examine(files, notes.sets[i], false, opened);
         else
-            ExamineOrPutOff(files, notes.sets[i], opened.created || i > 0, opened);
+            ExamineOrPutOff(files, notes.sets[i], opened.created || i > 0, lock, opened);
         NoteDamaged(opened, i);
     }
     return opened;
@@ -191,8 +219,7 @@ OpenedSets OpenNoteSets(const NoteFiles& files, NoteSets& notes, const NoteTime&
 // be opened.
 static bool ExamineAgain(const NoteFiles& files, NoteSet& set, OpenedSets& opened) {
     set.isUntold = false;
-    StampFiles(files, set);
-    if (!ReadIndex(files, IndexFileName(set), set.offsets)) set.offsets.clear();
+    ReadIndexAgain(files, set);
     const bool isOpened = Examine(files, set, true, opened);
     ++set.timesChanged;
     return isOpened;
@@ -210,6 +237,8 @@ static void AddToUnread(OpenedSets& opened, const std::vector<std::string>& name
 OpenedSets RepairCheckedSets(const NoteFiles& files, NoteSets& notes) {
     OpenedSets opened;
     std::vector<std::string> missing, unreadable;
+    if (std::ranges::none_of(notes.sets, &NoteSet::isUntold)) return opened;
+    const NoteLock lock = LockNoteFiles(files);
     for (std::size_t i = 0; i < notes.sets.size(); ++i) {
         NoteSet& set = notes.sets[i];
         if (!set.isUntold) continue;

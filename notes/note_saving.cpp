@@ -11,6 +11,7 @@
 #include "notes/joined_texts.h"
 #include "notes/note_backup.h"
 #include "notes/note_keeping.h"
+#include "notes/note_lock.h"
 #include "notes/note_places.h"
 #include "notes/note_refresh.h"
 
@@ -86,16 +87,33 @@ struct Save {
     NotePlaces found{};                  // notes in the part of the data file read so far
     bool isReadAgain = false;            // the offsets are those of the open data file
     std::string replaced{};              // the note's old bytes, with its NUL; at most kCopyPiece of them
+    bool hasAgreed = false;              // the user, to save into the files although they have changed
     bool isStoredKept = false;           // they are among the earlier notes already
     bool hasBackup = false;              // there is a copy of the day
+    NoteLock lock{};
 };
 
 enum class Step { kDone, kStopped, kMerged, kCannotKeep, kCannotCreate, kNoMemory, kCannotWrite, kMisfit };
 
 }  // namespace
 
-static bool Tell(const Save& save, SaveNotice notice) {
+// Other programs can save while the user reads, who may take long.
+static bool Tell(Save& save, SaveNotice notice) {
+    save.lock = {};
     return save.voice.tell(save.voice.device, notice, TextOf(notice, save.set));
+}
+
+static void Lock(Save& save) {
+    save.lock = {};
+    save.lock = LockNoteFiles(save.files, save.set.dataStamp.size);
+}
+
+// Tells what the save may go on after. Whatever others have changed meanwhile is noticed before the old data file is
+// deleted.
+static bool Ask(Save& save, SaveNotice notice) {
+    const bool goesOn = Tell(save, notice);
+    if (goesOn) Lock(save);
+    return goesOn;
 }
 
 static void CloseBoth(Save& save) {
@@ -131,7 +149,7 @@ static bool PutAwayLeftOver(Save& save) {
 // False if the user cancels.
 static bool OpenData(Save& save) {
     save.data = OpenNoteFile(save.files, save.set.dataFileName);
-    return save.data || Tell(save, SaveNotice::kCannotOpen);
+    return save.data || Ask(save, SaveNotice::kCannotOpen);
 }
 
 static bool HasChangedOnDisk(const Save& save) {
@@ -166,7 +184,7 @@ static Step KeepStored(Save& save, const std::string& stored) {
     const EarlierNote other{save.now.seconds, static_cast<int>(save.verse), KeptReason::kReplaced, stored};
     if (!KeepEarlierNotes(save.files, NoteSetName(save.set), {&other, 1})) return Step::kCannotKeep;
     save.isStoredKept = true;
-    return Tell(save, SaveNotice::kTooLong) ? Step::kDone : Step::kStopped;
+    return Ask(save, SaveNotice::kTooLong) ? Step::kDone : Step::kStopped;
 }
 
 static Step Merge(Save& save, std::string stored) {
@@ -174,6 +192,12 @@ static Step Merge(Save& save, std::string stored) {
     if (!both || both->size() > kNoteTextLimit) return KeepStored(save, stored);
     save.edit = {std::move(*both), std::move(stored)};
     return Step::kMerged;
+}
+
+// Asked once in a save: others who save all the time would come between again while the box is open.
+static bool AgreesToChanges(Save& save) {
+    if (!save.hasAgreed) save.hasAgreed = Ask(save, SaveNotice::kChangedOnDisk);
+    return save.hasAgreed;
 }
 
 // Compares the stored note with the one that was opened. If only other notes have changed, the user decides whether to
@@ -186,7 +210,7 @@ static Step CheckNote(Save& save) {
     }
     if (stored == save.text) return Step::kDone;
     if (stored != save.edit.openedOn && !stored.empty()) return Merge(save, std::move(stored));
-    return !save.isReadAgain || Tell(save, SaveNotice::kChangedOnDisk) ? Step::kDone : Step::kStopped;
+    return !save.isReadAgain || AgreesToChanges(save) ? Step::kDone : Step::kStopped;
 }
 
 // ---- The temporary file ---------------------------------------------------------------------------------------------
@@ -284,13 +308,13 @@ static void KeepReplaced(Save& save) {
 }
 
 // The last steps before the old data file is deleted. A failure of the history is ignored, one of the backup told
-// later. False if
-// another program has meanwhile put another file in its place, which must not be deleted unread.
+// later. False if another program has meanwhile put another file in its place, which must not be deleted unread, or has
+// taken the temporary file away.
 static bool IsReadyToReplace(Save& save) {
     save.data.reset();
     WithMemory([&] { save.hasBackup = KeepBackup(save.files, save.set, save.now.day); });
     WithMemory([&] { KeepReplaced(save); });
-    return !HasChangedOnDisk(save);
+    return !HasChangedOnDisk(save) && save.files.stamp(save.files.device, TempName(save.set)).exists;
 }
 
 static void DropTemp(Save& save) {
@@ -386,12 +410,14 @@ NoteSaveResult SaveNote(const NoteFiles& files, const SaveVoice& voice, NoteSets
     NoteSet& set = *CurrentSet(notes);
     const auto verse = static_cast<std::size_t>(ClampVerse(notes.currentVerse));
     Save save{files, voice, set, verse, now, edit, CutToNote(edit.text)};
+    Lock(save);
     if (set.readOnly) RefreshSet(files, set);
     if (set.readOnly) {
         Tell(save, SaveNotice::kNotWhole);
         return NoteSaveResult::kStopped;
     }
     const NoteSaveResult result = SaveInto(save);
+    save.lock = {};
     if (result != NoteSaveResult::kSaved) return result;
     WithMemory([&] { notes.noteText = save.text; });
     if (!save.hasBackup) Tell(save, SaveNotice::kNoBackup);

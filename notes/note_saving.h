@@ -71,6 +71,8 @@ struct NoteEdit {
 // (notes/note_history.h) before the user is asked whether to replace it (kTooLong); if it cannot be kept, nothing
 // changes (kCannotKeep).
 //
+// A save locks the files of all sets (notes/note_lock.h), but not while the user is asked or told anything.
+//
 // Other programs may replace the set's files at any moment. If they do so before the old data file is deleted, the save
 // starts again with the new ones; a temporary file that an earlier save has left is only written over after its notes
 // are among the earlier ones (notes/note_keeping.h), otherwise the save ends with kCannotWrite.

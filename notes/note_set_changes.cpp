@@ -7,6 +7,7 @@
 #include "notes/note_backup.h"
 #include "notes/note_history.h"
 #include "notes/note_keeping.h"
+#include "notes/note_lock.h"
 #include "notes/note_places.h"
 
 // ---- Names ----------------------------------------------------------------------------------------------------------
@@ -66,6 +67,7 @@ std::string ReasonAgainstNewSet(const NoteFiles& files, const NoteSets& notes, c
 std::string CreateNoteSet(const NoteFiles& files, NoteSets& notes, const std::string& name) {
     const std::string reason = ReasonAgainstAdding(notes, name);
     if (!reason.empty()) return reason;
+    const NoteLock lock = LockNoteFiles(files);
     NoteSet set = EmptyNoteSet(name);
     const int created = CreateNoteFiles(files, set);
     if (created == 1) files.remove(files.device, set.dataFileName);  // contains only empty notes
@@ -107,6 +109,7 @@ std::string RenameNoteSet(const NoteFiles& files, NoteSets& notes, const std::st
     if (name == nameBefore) return "";
     const std::string reason = ReasonAgainstName(name);
     if (!reason.empty()) return CannotRenameBecause(reason);
+    const NoteLock lock = LockNoteFiles(files);
     const auto rename = [&](const std::string& ending) {
         return files.rename(files.device, nameBefore + ending, name + ending);
     };
@@ -160,6 +163,7 @@ static void KeepNotes(const NoteFiles& files, const NoteSet& set, const NoteTime
 bool DeleteNoteSet(const NoteFiles& files, NoteSets& notes, const NoteTime& now) {
     assert(CurrentSet(notes) != nullptr && notes.sets.size() > 1);
     const NoteSet& set = *CurrentSet(notes);
+    const NoteLock lock = LockNoteFiles(files, set.dataStamp.size);
     if (!CopyAndRemoveIndex(files, set, now)) return false;
     KeepNotes(files, set, now);
     files.remove(files.device, set.dataFileName);

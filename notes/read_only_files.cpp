@@ -185,6 +185,12 @@ static bool Flush(void* device, void*) {
     return ReadOnlyOf(device).isTrial;
 }
 
+static NoteLocking NeedsNoLock(void*, int) {
+    return NoteLocking::kImpossible;
+}
+
+static void NeedsNoUnlock(void*) {}
+
 NoteFiles DeviceOver(ReadOnlyFiles& readOnly) {
     return {
         .device = &readOnly,
@@ -207,6 +213,8 @@ NoteFiles DeviceOver(ReadOnlyFiles& readOnly) {
         .write = Write,
         .flush = Flush,
         .close = Close,
+        .lock = NeedsNoLock,
+        .unlock = NeedsNoUnlock,
         .codePage = readOnly.files.codePage,
     };
 }

@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "notes/note_backup.h"
+#include "notes/note_lock.h"
 #include "notes/note_places.h"
 #include "notes/whole_files.h"
 
@@ -55,6 +56,7 @@ static bool KeepReplaced(const NoteFiles& files, const NoteSet& set, std::span<c
 SetReplacing ReplaceSetTexts(const NoteFiles& files, NoteSet& set, std::span<const std::string> texts,
                              KeptReason reason, const NoteTime& now) {
     assert(texts.size() == kVerseCount);
+    const NoteLock lock = LockNoteFiles(files, set.dataStamp.size);
     if (set.readOnly) return SetReplacing::kNotWhole;
     if (HasChangedOnDisk(files, set)) return SetReplacing::kChangedOnDisk;
     std::vector<std::string> before;

@@ -10,6 +10,7 @@
 #include "notes/file_names.h"
 #include "notes/note_backup.h"
 #include "notes/note_history.h"
+#include "notes/note_lock.h"
 #include "notes/note_places.h"
 #include "notes/note_sets.h"
 #include "notes/whole_files.h"
@@ -210,6 +211,7 @@ static bool Settle(const NoteFiles& files, const std::string& staged, const std:
 bool FinishTaking(const NoteFiles& files) {
     if (!Exists(files, kTakenList)) return RemoveStaged(files), true;
     std::vector<unsigned char> bytes;
+    const NoteLock lock = LockNoteFiles(files);
     if (!ReadWholeFile(files, kTakenList, kListLimit, bytes)) return false;
     const std::vector<std::string> names = Lines({reinterpret_cast<const char*>(bytes.data()), bytes.size()});
     const auto isBackup = [](const std::string& name) { return name.starts_with(kBackupFolder); };

@@ -11,7 +11,9 @@ static FakeNoteFiles& FilesOf(void* device) {
     return *static_cast<FakeNoteFiles*>(device);
 }
 
+// A change, which is the last thing in the log.
 static void TakeStep(FakeNoteFiles& files) {
+    if (files.locks == 0 && !files.log.empty()) files.unlockedChanges.push_back(files.log.back());
     if (files.steps == 0) throw ProgramStopped{};
     if (files.steps > 0) --files.steps;
 }
@@ -233,6 +235,17 @@ static void Close(void* device, void* file) {
     --FilesOf(device).openFiles;
 }
 
+static NoteLocking Lock(void* device, int milliseconds) {
+    FakeNoteFiles& files = FilesOf(device);
+    files.patience.push_back(milliseconds);
+    ++files.locks;
+    return files.locking;
+}
+
+static void Unlock(void* device) {
+    --FilesOf(device).locks;
+}
+
 NoteFiles DeviceOver(FakeNoteFiles& files) {
     return {.device = &files,
             .list = List,
@@ -253,7 +266,9 @@ NoteFiles DeviceOver(FakeNoteFiles& files) {
             .readAt = ReadAt,
             .write = Write,
             .flush = Flush,
-            .close = Close};
+            .close = Close,
+            .lock = Lock,
+            .unlock = Unlock};
 }
 
 // ---- Power cuts and other programs ----------------------------------------------------------------------------------

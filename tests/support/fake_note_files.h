@@ -30,6 +30,11 @@ struct FakeNoteFiles {
                                    // stamps and listings
     std::size_t listings = 0;      // how many were made
 
+    NoteLocking locking = NoteLocking::kLocked;  // what becomes of every lock
+    int locks = 0;                               // how many there are
+    std::vector<int> patience;                   // milliseconds, of each lock
+    std::vector<std::string> unlockedChanges;    // of files and without a lock, as in the log
+
     std::map<std::string, std::size_t> unflushed;  // files with bytes that are not yet on the disk: how many are
     int openFiles = 0;
     std::set<std::string> handles;

@@ -9,17 +9,14 @@
 #include <fstream>
 #include <iterator>
 
-#include "cli/note_files_posix.h"
-
 static RealNoteFiles& FilesOf(void* device) {
     return *static_cast<RealNoteFiles*>(device);
 }
 
 // What the program does with the folder.
 static NoteFiles OnDisk(void* device) {
-    static thread_local PosixNoteFiles folder;
-    folder.folder = FilesOf(device).folder;
-    return DeviceOver(folder);
+    FilesOf(device).disk.folder = FilesOf(device).folder;
+    return DeviceOver(FilesOf(device).disk);
 }
 
 static void TakeStep(void* device) {
@@ -156,6 +153,16 @@ static bool MakeFolder(void* device, const std::string& name) {
     return disk.makeFolder(disk.device, name);
 }
 
+static NoteLocking Lock(void* device, int milliseconds) {
+    const NoteFiles disk = OnDisk(device);
+    return disk.lock(disk.device, milliseconds);
+}
+
+static void Unlock(void* device) {
+    const NoteFiles disk = OnDisk(device);
+    disk.unlock(disk.device);
+}
+
 NoteFiles DeviceOver(RealNoteFiles& files) {
     return {.device = &files,
             .list = List,
@@ -176,7 +183,9 @@ NoteFiles DeviceOver(RealNoteFiles& files) {
             .readAt = ReadAt,
             .write = Write,
             .flush = Flush,
-            .close = Close};
+            .close = Close,
+            .lock = Lock,
+            .unlock = Unlock};
 }
 
 // ---- Files of a test ------------------------------------------------------------------------------------------------
@@ -201,11 +210,31 @@ std::vector<unsigned char> ReadWholeFile(const std::string& path) {
     return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 
-ChildEnd RunInChild(const std::function<bool()>& work) {
-    const pid_t child = fork();
-    if (child == 0) _exit(work() ? 0 : 1);
+Child StartChild(const std::function<bool()>& work) {
+    Child child;
+    child.process = fork();
+    if (child.process == 0) _exit(work() ? 0 : 1);
+    return child;
+}
+
+void KillChild(Child& child) {
+    if (child.process > 0) kill(child.process, SIGKILL);
+    WaitFor(child);
+}
+
+Child::~Child() {
+    KillChild(*this);
+}
+
+ChildEnd WaitFor(Child& child) {
+    const int process = std::exchange(child.process, -1);
     int status = -1;
-    if (child < 0 || waitpid(child, &status, 0) != child) return ChildEnd::kFailed;
+    if (process < 0 || waitpid(process, &status, 0) != process) return ChildEnd::kFailed;
     if (WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL) return ChildEnd::kKilled;
     return WIFEXITED(status) && WEXITSTATUS(status) == 0 ? ChildEnd::kDone : ChildEnd::kFailed;
+}
+
+ChildEnd RunInChild(const std::function<bool()>& work) {
+    Child child = StartChild(work);
+    return WaitFor(child);
 }
