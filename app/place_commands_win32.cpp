@@ -33,16 +33,22 @@ static Place CurrentPlace() {
         .listTop = theVerseList.list.ListTop,
         .caretLine = lines.caret,
         .topLine = lines.top,
-        .noteTop = FirstVisibleCharacter(theNotes.view),
     };
+}
+
+// Where the note is read is only asked for when it is left: a note that has just come would be laid out for that.
+static Place PlaceToLeave() {
+    Place place = CurrentPlace();
+    place.noteTop = FirstVisibleCharacter(theNotes.view);
+    return place;
 }
 
 static bool HasSet(const std::string& name) {
     return SetNamed(theNoteSets, name) != kNoSet;
 }
 
-static ShownPlace WhatIsShown() {
-    return {CurrentPlace(), ListCount(theVerseList.list) == 0, HasSet};
+static ShownPlace Shown(Place place) {
+    return {std::move(place), ListCount(theVerseList.list) == 0, HasSet};
 }
 
 static void Leave(const Place& place, const std::string& summary) {
@@ -56,7 +62,7 @@ static void Leave(const Place& place, const std::string& summary) {
 void Jump(const std::function<void()>& move) {
     static bool isMoving = false;
     if (isMoving || !theFrame.startUpComplete) return move();
-    const Place before = CurrentPlace();
+    const Place before = PlaceToLeave();
     const std::string summary = StatusText(StatusPart::kSearchSummary);
     isMoving = true;
     move();
@@ -82,7 +88,7 @@ bool MayJump(int command) {
 static std::optional<Place> theStartOfDrag;
 
 void BeginThumbDrag(int) {
-    theStartOfDrag = CurrentPlace();
+    theStartOfDrag = PlaceToLeave();
 }
 
 void EndThumbDrag(int) {
@@ -156,17 +162,17 @@ static void Show(const Place& place) {
 }
 
 bool CanGoBack() {
-    return CanGoBack(thePlaces, WhatIsShown());
+    return CanGoBack(thePlaces, Shown(CurrentPlace()));
 }
 
 bool CanGoForward() {
-    return CanGoForward(thePlaces, WhatIsShown());
+    return CanGoForward(thePlaces, Shown(CurrentPlace()));
 }
 
 void GoThroughPlaces(int command) {
     const bool back = command == IDM_BACK;
     if (!(back ? CanGoBack() : CanGoForward())) return;
-    Show((back ? GoBack : GoForward)(thePlaces, WhatIsShown()));
+    Show((back ? GoBack : GoForward)(thePlaces, Shown(PlaceToLeave())));
     RefreshCommands();
 }
 
