@@ -10,3 +10,7 @@ NoteLock LockNoteFiles(const NoteFiles& files, std::uint64_t size) {
     const std::uint64_t patience = std::min(kLeast + size / kBytesInMillisecond, kMost);
     return {files.lock(files.device, static_cast<int>(patience)), {&files, {}}};
 }
+
+NoteLock LockAgainstSaves(const NoteFiles& files) {
+    return files.stamp(files.device, kLockFile).exists ? LockNoteFiles(files) : NoteLock{};
+}

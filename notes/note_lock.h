@@ -25,3 +25,7 @@ struct NoteLock {
 // Locks the files of all sets in the folder. While another program has locked them, waits for it: two seconds, and one
 // more for each 4 MB of `size`, the bytes that it may have to write, because a stick takes that long.
 NoteLock LockNoteFiles(const NoteFiles& files, std::uint64_t size = 0);
+
+// The same for who only reads, and could not: while another program saves, there is no data file for a moment. Nothing
+// is locked if no program has ever done so in this folder.
+NoteLock LockAgainstSaves(const NoteFiles& files);

@@ -24,7 +24,7 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
 
-static constexpr NoteTime kNow = {"2024-12-31", 1735603200};
+static const NoteTime kNow = {"2024-12-31", 1735603200};
 static constexpr SaveVoice kAgrees = {nullptr, [](void*, SaveNotice, const std::string&) { return true; }};
 
 namespace {
@@ -49,21 +49,12 @@ static void Rest() {
     std::this_thread::sleep_for(std::chrono::milliseconds(1));
 }
 
-// The data file has no name for a moment while another program saves.
-static bool ReadSoon(const NoteFiles& files, NoteSets& notes, std::string& text) {
-    static constexpr int kTries = 1000;
-    for (int i = 0; i < kTries; ++i, Rest())
-        if (RefreshSet(files, notes.sets.front()) != SetRefresh::kUnreadable && ReadStoredNote(files, notes, text))
-            return true;
-    return false;
-}
-
 // As long as the note was changed elsewhere, both texts are saved, as by a user who leaves them as they are.
 static bool SaveText(const NoteFiles& files, NoteSets& notes, int verse, const std::string& text) {
     static constexpr int kTries = 100;
     SelectStoredNote(notes, 0, verse);
     NoteEdit edit;
-    if (!ReadSoon(files, notes, edit.openedOn)) return false;
+    if (!ReadStoredNote(files, notes, edit.openedOn)) return false;  // the other program may just have the file
     edit.text = text;
     for (int i = 0; i < kTries; ++i) {
         const NoteSaveResult result = SaveNote(files, kAgrees, notes, edit, kNow);
@@ -274,7 +265,8 @@ TEST(LockedFolder, IsFreeWhileTheUserIsAsked) {
 
 TEST(LockedFolder, IsWaitedForLongerIfMuchIsWritten) {
     FakeNoteFiles fakes;
-    for (const std::uint64_t size : {0, 62 << 20, 1 << 30}) LockNoteFiles(DeviceOver(fakes), size);
+    for (const std::uint64_t size : {std::uint64_t{0}, std::uint64_t{62} << 20, std::uint64_t{1} << 30})
+        LockNoteFiles(DeviceOver(fakes), size);
     EXPECT_THAT(fakes.patience, ElementsAre(2000, 17872, 30000));
 }
 
@@ -294,4 +286,22 @@ TEST(LockedFolder, KeepsWhatAnotherProgramIsWriting) {
     NoteSets notes;
     EXPECT_EQ(OpenNoteSets(DeviceOver(fakes), notes).report, "");
     EXPECT_TRUE(fakes.contents.contains("a.nmd.temp"));
+}
+
+// While another program saves, there is no data file for a moment.
+TEST(LockedFolder, IsWaitedForByWhoCannotReadOnlyIfItWasLockedBefore) {
+    for (const bool wasLocked : {false, true}) {
+        FakeNoteFiles fakes;
+        AddFakeSet(fakes, "a", {{7, "old"}});
+        if (wasLocked) fakes.contents[kLockFile] = {};
+        const NoteFiles files = DeviceOver(fakes);
+        NoteSets notes;
+        FindNoteSets(files, notes);
+        SelectStoredNote(notes, 0, 7);
+        fakes.unreadable = {"a.nmd"};
+        std::string text;
+        EXPECT_FALSE(ReadStoredNote(files, notes, text));
+        EXPECT_EQ(fakes.patience.empty(), !wasLocked);
+        EXPECT_EQ(fakes.locks, 0);
+    }
 }

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "notes/note_lock.h"
+
 bool HasNoDataFile(const NoteSet& set) {
     return set.dataFileName == IndexFileName(set);
 }
@@ -55,10 +57,12 @@ SetRefresh RefreshSet(const NoteFiles& files, NoteSet& set) {
     if (HasNoDataFile(set)) return SetRefresh::kUnchanged;
     SetScan scan = BeginScan(files, set.dataFileName);
     if (!set.isUnchecked && !HasNewStamps(scan.before, set)) return SetRefresh::kUnchanged;
+    NoteLock lock;
     for (int tries = 0; tries < kTries; ++tries) {
         ScanStep step = ScanStep::kGoesOn;
         while (step == ScanStep::kGoesOn) step = ScanNextPiece(files, scan);
         if (step == ScanStep::kDone) return TakeScan(files, set, scan);
+        if (tries == 0) lock = LockAgainstSaves(files);
         scan = BeginScan(files, set.dataFileName);
     }
     return SetRefresh::kUnreadable;

@@ -4,6 +4,7 @@
 #include <span>
 
 #include "notes/conflict_copies.h"
+#include "notes/note_lock.h"
 #include "notes/note_places.h"
 #include "notes/note_refresh.h"
 #include "scripture/letters.h"
@@ -124,15 +125,22 @@ NoteSet* CurrentSet(NoteSets& notes) {
     return HasSet(notes, notes.currentSet) ? &notes.sets[static_cast<std::size_t>(notes.currentSet)] : nullptr;
 }
 
-static bool ReadNoteOf(const NoteFiles& files, NoteSets& notes, int verse, std::string& text) {
-    NoteSet* set = CurrentSet(notes);
-    if (set == nullptr || RefreshSet(files, *set) == SetRefresh::kUnreadable) return false;
-    const StoredNote stored = StoredNoteOf(*set, verse);
+static bool TryToRead(const NoteFiles& files, NoteSet& set, int verse, std::string& text) {
+    if (RefreshSet(files, set) == SetRefresh::kUnreadable) return false;
+    const StoredNote stored = StoredNoteOf(set, verse);
     const auto limit = static_cast<std::size_t>(std::min<std::uint64_t>(stored.length, kNoteBufferSize - 1));
     std::vector<unsigned char> bytes;
-    if (!files.read(files.device, set->dataFileName, stored.offset, limit, bytes)) return false;
+    if (!files.read(files.device, set.dataFileName, stored.offset, limit, bytes)) return false;
     text.assign(bytes.begin(), std::find(bytes.begin(), bytes.end(), '\0'));
     return true;
+}
+
+static bool ReadNoteOf(const NoteFiles& files, NoteSets& notes, int verse, std::string& text) {
+    NoteSet* set = CurrentSet(notes);
+    if (set == nullptr) return false;
+    if (TryToRead(files, *set, verse, text)) return true;
+    const NoteLock lock = LockAgainstSaves(files);
+    return lock.state == NoteLocking::kLocked && TryToRead(files, *set, verse, text);
 }
 
 bool ReadStoredNote(const NoteFiles& files, NoteSets& notes, std::string& text) {
