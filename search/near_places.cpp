@@ -220,10 +220,10 @@ static void TakeHits(const WordSweep& sweep, const Texts& texts, std::span<const
 // other.
 VERSEWELL_BLOCKWISE static void FetchAhead(const Texts& texts, std::span<const NearVerse> rest) {
     static constexpr std::size_t kAhead = 4;
-    if (rest.size() <= kAhead) return;
-    const char* const text = texts.begin + OffsetOf(texts, rest[kAhead].verse);
-    _mm_prefetch(text, _MM_HINT_T0);
-    _mm_prefetch(text + kPieceSize, _MM_HINT_T0);
+    Stretch stretch;
+    if (rest.size() <= kAhead || !FindStretch(texts, rest[kAhead].verse, stretch)) return;
+    _mm_prefetch(stretch.begin, _MM_HINT_T0);
+    _mm_prefetch(stretch.begin + kPieceSize, _MM_HINT_T0);
 }
 
 static void FindPlaces(const Scripture& scripture, std::span<const WantedPattern> wanted, bool anyCase,
