@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-static void Add(const Reader& reader, std::size_t begin, const Place& place) {
+static void Add(const Reader& reader, std::size_t begin, const ReadPlace& place) {
     reader.found.push_back({static_cast<std::uint32_t>(begin), static_cast<std::uint32_t>(place.state.end - begin),
                             place.first, place.last});
 }
@@ -70,7 +70,7 @@ static std::optional<SpeltNumber> VerseBehind(const Reader& reader, const SpeltN
 }
 
 // Behind a verse, which is the end of `place` so far: moves its end.
-static void TakeVerseRange(const Reader& reader, Place& place) {
+static void TakeVerseRange(const Reader& reader, ReadPlace& place) {
     ListState& state = place.state;
     const std::size_t at = RangeSignEnd(reader, state.end);
     if (at == state.end) return;
@@ -94,21 +94,21 @@ static void TakeVerseRange(const Reader& reader, Place& place) {
     state = end;
 }
 
-static void TakeFollowing(const Reader& reader, Place& place, int most) {
+static void TakeFollowing(const Reader& reader, ReadPlace& place, int most) {
     const FollowingWord word = FollowingAt(reader.text, place.state.end);
     if (word.following == Following::kNone) return;
     place.state.end = word.end;
     place.last = word.following == Following::kAll ? most : std::min(place.last + 1, most);
 }
 
-std::optional<Place> VersesAt(const Reader& reader, const ListState& state, std::size_t at) {
+std::optional<ReadPlace> VersesAt(const Reader& reader, const ListState& state, std::size_t at) {
     const auto number = VerseNumberAt(reader.text, at);
     const bool isBehindColon = at > 0 && reader.text[at - 1] == ':';  // "Lu 4:1 Joh 1:14"
     if (!number || (!isBehindColon && IsNumberedBookAt(reader, at))) return std::nullopt;
     const int verse = VerseOf(reader, state, number->value);
     if (verse == kNoVerse) return std::nullopt;
     if (HasColon(reader, number->end)) return std::nullopt;  // "8:28:30"
-    Place place{verse, verse, state};
+    ReadPlace place{verse, verse, state};
     place.state.verse = number->value;
     place.state.end = number->end;
     TakeVerseRange(reader, place);
@@ -117,14 +117,14 @@ std::optional<Place> VersesAt(const Reader& reader, const ListState& state, std:
     return place;
 }
 
-Place WholeChapter(const Reader& reader, ListState state) {
+ReadPlace WholeChapter(const Reader& reader, ListState state) {
     const int verses = VersesIn(reader.chapters, state.book, state.chapter);
     state.verse = 0;
     return {VerseOf(reader, state, 1), VerseOf(reader, state, verses), state};
 }
 
 // Behind a whole chapter.
-static void TakeChapterRange(const Reader& reader, Place& place) {
+static void TakeChapterRange(const Reader& reader, ReadPlace& place) {
     const std::size_t from = place.state.end;
     const bool hasStop = CharAt(reader, from) == '.' && DashEnd(reader.text, from + 1) > from + 1;  // "11.-18."
     const std::size_t at = RangeSignEnd(reader, from + (hasStop ? 1 : 0));
@@ -170,7 +170,7 @@ static std::size_t VerseOfChapter(const Reader& reader, const ListState& state, 
     return state.hasStop && number && EndsPhrase(reader, number->end) ? behind : at;
 }
 
-std::optional<Place> PlaceAt(const Reader& reader, ListState state, std::size_t at) {
+std::optional<ReadPlace> PlaceAt(const Reader& reader, ListState state, std::size_t at) {
     const auto number = NumberAt(reader.text, at);
     if (!number) {  // "Jude 5f."
         const bool isVerse = HasOneChapter(reader, state.book);
@@ -194,7 +194,7 @@ std::optional<Place> PlaceAt(const Reader& reader, ListState state, std::size_t 
         const bool mayEndSentence = !state.hasWord && sign.front() != ':' && sign.size() > 1;
         if (!mayEndSentence) return std::nullopt;
     }
-    Place place = WholeChapter(reader, state);
+    ReadPlace place = WholeChapter(reader, state);
     TakeChapterRange(reader, place);
     return place;
 }
@@ -233,7 +233,7 @@ static bool HasSign(const Separator& separator) {
 }
 
 // A number alone behind a verse.
-static std::optional<Place> NextVerse(const Reader& reader, const ListState& state, const Separator& separator) {
+static std::optional<ReadPlace> NextVerse(const Reader& reader, const ListState& state, const Separator& separator) {
     if (separator.hasStop || separator.hasWord || !HasSign(separator)) return std::nullopt;
     if (separator.hasSemicolon && !state.isOfNote) return std::nullopt;
     const auto place = VersesAt(reader, state, separator.end);
@@ -244,7 +244,7 @@ static std::optional<Place> NextVerse(const Reader& reader, const ListState& sta
 }
 
 // A number alone behind a chapter.
-static std::optional<Place> NextChapter(const Reader& reader, const ListState& state, const Separator& separator) {
+static std::optional<ReadPlace> NextChapter(const Reader& reader, const ListState& state, const Separator& separator) {
     const auto number = NumberAt(reader.text, separator.end);
     if (!number || number->isRoman != state.isRoman || (number->isInCapitals && number->isOneLetter))
         return std::nullopt;
@@ -257,11 +257,11 @@ static std::optional<Place> NextChapter(const Reader& reader, const ListState& s
     return place;
 }
 
-bool HasVerse(const Place& place) {
+bool HasVerse(const ReadPlace& place) {
     return place.state.verse > 0;
 }
 
-std::optional<Place> NextItem(const Reader& reader, const ListState& state, const Separator& separator) {
+std::optional<ReadPlace> NextItem(const Reader& reader, const ListState& state, const Separator& separator) {
     const std::size_t at = separator.end;
     if (const SpeltPlaceWord word = PlaceWordAt(reader.text, at); word.word != PlaceWord::kNone) {
         if (!HasSign(separator) || separator.hasStop) return std::nullopt;
@@ -292,7 +292,7 @@ static std::size_t TakeList(const Reader& reader, ListState state) {
     }
 }
 
-std::size_t TakePlaceAndList(const Reader& reader, std::size_t begin, const Place& place) {
+std::size_t TakePlaceAndList(const Reader& reader, std::size_t begin, const ReadPlace& place) {
     Add(reader, begin, place);
     return TakeList(reader, place.state);
 }

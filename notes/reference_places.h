@@ -32,7 +32,7 @@ struct Reader {
 };
 
 // A place that has been read.
-struct Place {
+struct ReadPlace {
     int first = kNoVerse, last = kNoVerse;
     ListState state{};  // behind it
 };
@@ -53,16 +53,16 @@ bool HasColon(const Reader& reader, std::size_t end);
 bool HasOneChapter(const Reader& reader, int book);
 
 // "9:1" or "ix. 1", not a whole chapter.
-bool HasVerse(const Place& place);
+bool HasVerse(const ReadPlace& place);
 
 // Verses at `at` in the chapter of the state.
-std::optional<Place> VersesAt(const Reader& reader, const ListState& state, std::size_t at);
+std::optional<ReadPlace> VersesAt(const Reader& reader, const ListState& state, std::size_t at);
 
 // The chapter of the state, which must exist.
-Place WholeChapter(const Reader& reader, ListState state);
+ReadPlace WholeChapter(const Reader& reader, ListState state);
 
 // A chapter at `at`, with its verses if it has some. In a book of one chapter also a verse alone.
-std::optional<Place> PlaceAt(const Reader& reader, ListState state, std::size_t at);
+std::optional<ReadPlace> PlaceAt(const Reader& reader, ListState state, std::size_t at);
 
 // ---- Lists ----------------------------------------------------------------------------------------------------------
 
@@ -76,7 +76,7 @@ struct Separator {
 Separator SeparatorAt(const Reader& reader, std::size_t at);
 
 // The item behind the separator, which is behind the state.
-std::optional<Place> NextItem(const Reader& reader, const ListState& state, const Separator& separator);
+std::optional<ReadPlace> NextItem(const Reader& reader, const ListState& state, const Separator& separator);
 
 // Adds the place, which begins at `begin` with its book or word, and the list behind it. Returns their end.
-std::size_t TakePlaceAndList(const Reader& reader, std::size_t begin, const Place& place);
+std::size_t TakePlaceAndList(const Reader& reader, std::size_t begin, const ReadPlace& place);

@@ -56,7 +56,7 @@ static std::optional<BookAndSigns> BookAndSignsAt(const Reader& reader, std::siz
 }
 
 // "Jude v. 5"
-static std::optional<Place> VersesOfOnlyChapter(const Reader& reader, const BookAndSigns& read) {
+static std::optional<ReadPlace> VersesOfOnlyChapter(const Reader& reader, const BookAndSigns& read) {
     const SpeltPlaceWord word = PlaceWordAt(reader.text, read.end);
     if (word.word != PlaceWord::kVerse || !HasOneChapter(reader, read.book.book)) return std::nullopt;
     ListState state = read.state;
@@ -72,7 +72,7 @@ static std::size_t ChapterWordEnd(const Reader& reader, std::size_t at) {
 }
 
 // Is the book in the text one, and no other word? Its place has been read at `at`.
-static bool IsLikely(const Reader& reader, const BookAndSigns& read, std::size_t at, const Place& place) {
+static bool IsLikely(const Reader& reader, const BookAndSigns& read, std::size_t at, const ReadPlace& place) {
     const SpeltNumber number = NumberAt(reader.text, at).value_or(SpeltNumber{0, at + 1});
     const bool hasColon = CharAt(reader, number.end) == ':';
     if (read.book.isWeak && !(HasVerse(place) && hasColon)) return false;
@@ -108,7 +108,7 @@ static ListState StateOfNote(const Reader& reader) {
 }
 
 // The verses at `at`, which end at `end`, if "of Psalm 40" or the like follows.
-static std::optional<Place> VersesOfNamedChapter(const Reader& reader, std::size_t at, std::size_t end) {
+static std::optional<ReadPlace> VersesOfNamedChapter(const Reader& reader, std::size_t at, std::size_t end) {
     const std::size_t word = BlanksEnd(reader.text, end);
     const std::size_t behind = WordEnd(reader, word, {"of", "in"});
     if (behind == word) return std::nullopt;
@@ -149,7 +149,7 @@ static bool IsChapterOfPsalms(const Reader& reader, const ListState& state, int 
 }
 
 // "chapter 8 of Romans"
-static std::optional<Place> ChapterOfNamedBook(const Reader& reader, const SpeltNumber& number) {
+static std::optional<ReadPlace> ChapterOfNamedBook(const Reader& reader, const SpeltNumber& number) {
     const std::size_t word = BlanksEnd(reader.text, number.end);
     const std::size_t behind = WordEnd(reader, word, {"of"});
     if (behind == word) return std::nullopt;
@@ -203,7 +203,7 @@ static bool IsPartOfMore(const Reader& reader, std::size_t end) {
     return WordEnd(reader, behind, {"a", "p", "am", "pm", "o"}) > behind;
 }
 
-static bool CanBeTime(const Place& place) {
+static bool CanBeTime(const ReadPlace& place) {
     return place.state.verse > 9 && place.state.verse < 60 && place.state.chapter <= 24;
 }
 
