@@ -25,11 +25,11 @@ bool IsWriteDue(SessionPace& pace, const SessionCheck& check, std::uint64_t now)
 }
 
 void NoteWrite(SessionPace& pace, bool written, std::uint64_t duration, std::uint64_t now) {
-    static constexpr std::uint64_t kShareOfWriting = 10;  // a tenth of the time
-    static constexpr std::uint64_t kLongestWait = 4400;   // with the pauses before and after it, at most 5 seconds
+    static constexpr std::uint64_t kWaitPerWriting = 3;  // at most a quarter of the time is spent writing
+    static constexpr std::uint64_t kLongestWait = 4400;  // with the pauses before and after it, at most 5 seconds
     static constexpr std::uint64_t kSecond = 1000;
     static constexpr int kMostDoublings = 6;
-    pace.longestWait = std::clamp(duration * kShareOfWriting, kSessionCheckPause, kLongestWait);
+    pace.longestWait = std::clamp(duration * kWaitPerWriting, kSessionCheckPause, kLongestWait);
     if (written) {
         pace.checkAt = pace.unsavedSince = pace.retryAt = 0;
         pace.failures = 0;

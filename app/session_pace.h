@@ -33,6 +33,7 @@ bool IsCheckDue(const SessionPace& pace, std::uint64_t now);
 bool IsWriteDue(SessionPace& pace, const SessionCheck& check, std::uint64_t now);
 
 // After a write that took `duration` until `now`. The longer it takes, as on a slow stick, the rarer are the writes
-// during steady typing: there are between 0.6 and 5 seconds from a change to its write. A failed one is tried again
-// after 2 seconds, then after 4, up to 64.
+// during steady typing: from a change to the end of its write there are 0.6 seconds and up to four times the duration,
+// and never more than 5 seconds to the write's start. A failed one is tried again after 2 seconds, then after 4, up to
+// 64.
 void NoteWrite(SessionPace& pace, bool written, std::uint64_t duration, std::uint64_t now);
