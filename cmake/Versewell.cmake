@@ -158,13 +158,16 @@ function(vw_read_as_used program)
 endfunction()
 
 # vw_protect(<program>): no time of the link in the file, so that every build of a version is the same; loaded at any
-# address, above 4 GB where there is one; no data is executed. mingw-w64 has no tables for Control Flow Guard.
+# address, above 4 GB where there is one; no data is executed. mingw-w64 has no tables for Control Flow Guard. On Linux
+# the compiler does the same by itself, but adds a number that depends on the folder of the build.
 function(vw_protect program)
   if(MINGW)
     target_link_options(${program} PRIVATE -Wl,--no-insert-timestamp,--dynamicbase,--nxcompat)
     if(CMAKE_SIZEOF_VOID_P EQUAL 8)
       target_link_options(${program} PRIVATE -Wl,--high-entropy-va)
     endif()
+  elseif(UNIX)
+    target_link_options(${program} PRIVATE -Wl,--build-id=none)
   endif()
 endfunction()
 

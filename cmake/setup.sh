@@ -22,6 +22,7 @@ packages=(
   mandoc zsh fish ripgrep
   syncthing curl
   nsis zip unzip
+  lintian dpkg-dev less
 )
 
 say() { printf '%s\n' "$*" >&2; }
