@@ -1,3 +1,3 @@
-# Makes the list of digests a text of C++: cmake -D DIGESTS=... -D RESULT=... -P built_files.cmake
-file(READ ${DIGESTS} digests)
-file(CONFIGURE OUTPUT ${RESULT} CONTENT "R\"(${digests})\"\n")
+# Makes a file a text of C++: cmake -D FILE=... -D RESULT=... -P built_files.cmake
+file(READ ${FILE} text)
+file(CONFIGURE OUTPUT ${RESULT} CONTENT "R\"built(${text})built\"\n" @ONLY)

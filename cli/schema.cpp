@@ -69,6 +69,16 @@ static constexpr SchemaField kFileFields[] = {
     {"state", FieldType::kText, "\"as built\", \"differs\" or \"missing\""},
 };
 
+static constexpr SchemaField kDifferenceFields[] = {
+    {"reference", FieldType::kText, "short name of the verse, Ge 1:1"},
+    {"ours", FieldType::kText, "what this text has there; empty if nothing"},
+    {"theirs", FieldType::kText, "what the other text has; empty if nothing"},
+    {"sort", FieldType::kText,
+     "\"mark\", \"possessive\", \"spelling\", \"name\", \"hyphen\", \"italics\", \"stop\", \"capital\" or \"word\""},
+    {"alsoOurs", FieldType::kText, "names of the texts that read as this one, separated by \", \""},
+    {"alsoTheirs", FieldType::kText, "names of those that read as the other one"},
+};
+
 static constexpr SchemaField kNoteFields[] = {
     {"set", FieldType::kText, "name of the note set"},
     {"reference", FieldType::kText, "full name of the verse, Genesis 1:1"},
@@ -136,6 +146,7 @@ static constexpr SchemaKind kSchema[] = {
     {"imported", "a note that is not the same in the set, of notes import", kImportedFields},
     {"text", "the text, of text", kTextFields},
     {"file", "a file of the text, of text", kFileFields},
+    {"difference", "a place of the text, of text --differences", kDifferenceFields},
 };
 
 std::span<const SchemaKind> TheSchema() {

@@ -144,6 +144,7 @@ TEST_F(VwTest, PrintsObjectsAsDescribed) {
         {"what", "1 Jn 1:9", "Jude", "Foo 3"},
         {"today", "11-23"},
         {"text"},
+        {"text", "--differences"},
         {"notes", "sets", "--folder", VERSEWELL_DATA_DIR},
         {"notes", "show", "Ge 1:1-31", "--folder", VERSEWELL_DATA_DIR},
         {"notes", "list", "--range", "Ge 1 - 3", "--folder", VERSEWELL_DATA_DIR},
