@@ -21,13 +21,6 @@ static VerseSpan RangeOf(const Vw& vw, const VerseRecords& records, const NoteRe
 
 // ---- Sets -----------------------------------------------------------------------------------------------------------
 
-static int CountNotes(OpenedNotes& notes, NoteSet& set) {
-    CheckReadable(notes, set);
-    int count = 0;
-    for (int verse = 0; verse <= kLastVerse; ++verse) count += NoteExists(notes.files, set, verse) ? 1 : 0;
-    return count;
-}
-
 static void PrintSet(Vw& vw, const OpenedNotes& notes, const NoteSet& set, int count) {
     if (vw.options.json) return PrintSetObject(vw, notes, set, count);
     const std::string notesText = std::to_string(count) + (count == 1 ? " note" : " notes");
@@ -38,6 +31,7 @@ static void PrintSet(Vw& vw, const OpenedNotes& notes, const NoteSet& set, int c
 ExitCode ListNoteSets(Vw& vw) {
     OpenedNotes notes = OpenNotes(vw, NoteAccess::kRead);
     for (NoteSet& set : notes.notes.sets) {
+        CheckReadable(notes, set);
         const int count = CountNotes(notes, set);
         PrintSet(vw, notes, set, count);
     }

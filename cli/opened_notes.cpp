@@ -109,6 +109,12 @@ void CheckReadable(const OpenedNotes& notes, NoteSet& set) {
     if (!CanReadNotes(notes.files, set)) ComplainOfReading(notes, set);
 }
 
+int CountNotes(const OpenedNotes& notes, const NoteSet& set) {
+    int count = 0;
+    for (int verse = 0; verse <= kLastVerse; ++verse) count += NoteExists(notes.files, set, verse) ? 1 : 0;
+    return count;
+}
+
 std::string NoteOf(OpenedNotes& notes, NoteSet& set, int verse) {
     NoteReader reader{notes.files, set};
     const NoteSource source = SourceOf(reader);

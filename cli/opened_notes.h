@@ -41,6 +41,9 @@ std::string AsNote(const OpenedNotes& notes, const std::string& utf8);
 [[noreturn]] void ComplainOfReading(const OpenedNotes& notes, const NoteSet& set);
 void CheckReadable(const OpenedNotes& notes, NoteSet& set);
 
+// How many notes a set has that can be read.
+int CountNotes(const OpenedNotes& notes, const NoteSet& set);
+
 // The note of a verse; empty if there is none. Complains if the set cannot be read.
 std::string NoteOf(OpenedNotes& notes, NoteSet& set, int verse);
 
