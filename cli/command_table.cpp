@@ -2,8 +2,8 @@
 #include "cli/command_table.h"
 
 static constexpr const Command* kCommands[] = {
-    &kReadCommand,  &kFindCommand, &kWordsCommand,  &kWhatCommand,       &kTodayCommand,
-    &kNotesCommand, &kTextCommand, &kManualCommand, &kCompletionCommand,
+    &kReadCommand,  &kFindCommand, &kWordsCommand,  &kWhatCommand,   &kTodayCommand,
+    &kNotesCommand, &kTextCommand, &kDoctorCommand, &kManualCommand, &kCompletionCommand,
 };
 
 std::span<const Command* const> TheCommands() {

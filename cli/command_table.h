@@ -10,6 +10,7 @@ extern const Command kWhatCommand;
 extern const Command kTodayCommand;
 extern const Command kNotesCommand;
 extern const Command kTextCommand;
+extern const Command kDoctorCommand;
 extern const Command kManualCommand;
 extern const Command kCompletionCommand;
 

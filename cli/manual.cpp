@@ -100,7 +100,7 @@ static std::string SchemaText() {
 static constexpr char kAfterJson[] =
     ".SH EXIT STATUS\n"
     ".TP\n0\nSomething was found.\n"
-    ".TP\n1\nNothing was found.\n"
+    ".TP\n1\nNothing was found or, of \\fBvw doctor\\fR, something is wrong.\n"
     ".TP\n2\nBad use: an argument means nothing. The message names it.\n"
     ".TP\n3\nA file or a folder cannot be read or written. The message names it.\n"
     ".SH ENVIRONMENT\n"

@@ -79,6 +79,30 @@ static constexpr SchemaField kDifferenceFields[] = {
     {"alsoTheirs", FieldType::kText, "names of those that read as the other one"},
 };
 
+static constexpr SchemaField kDoctorFields[] = {
+    {"textFolder", FieldType::kText, "with the scripture files; empty if there is none"},
+    {"notesFolder", FieldType::kText, "with the window's settings and notes"},
+    {"codePage", FieldType::kNumber, "of the notes that are not in UTF-8"},
+    {"lock", FieldType::kText,
+     "of the note sets: \"free\", \"held\" by another program, \"impossible\", or \"none\" if nobody has locked them "
+     "yet"},
+    {"backups", FieldType::kNumber, "of note sets"},
+    {"backupBytes", FieldType::kNumber, "of their files"},
+    {"earlierBytes", FieldType::kNumber, "of the files with earlier notes"},
+    {"troubles", FieldType::kNumber, "that follow"},
+};
+
+static constexpr SchemaField kKeptFields[] = {
+    {"file", FieldType::kText, "its name in the folder of the notes"},
+    {"bytes", FieldType::kNumber, "of the file"},
+    {"meaning", FieldType::kText, "what it is, in words"},
+};
+
+static constexpr SchemaField kTroubleFields[] = {
+    {"text", FieldType::kText, "what is wrong or, with a command, what that would do, in words"},
+    {"command", FieldType::kText, "what to type; empty if no command helps"},
+};
+
 static constexpr SchemaField kNoteFields[] = {
     {"set", FieldType::kText, "name of the note set"},
     {"reference", FieldType::kText, "full name of the verse, Genesis 1:1"},
@@ -139,14 +163,17 @@ static constexpr SchemaKind kSchema[] = {
     {"proverb", "a verse, of today", kVerseFields},
     {"note", "a note, of notes show, list and search", kNoteFields, kFoundInNoteFields},
     {"about", "a note that names a verse, of notes about", kNoteFields, kAboutFields},
-    {"set", "a note set, of notes sets", kSetFields},
+    {"set", "a note set, of notes sets and doctor", kSetFields},
     {"earlier", "an earlier note, of notes history", kEarlierFields},
     {"fault", "what is wrong with note sets, of notes verify", kFaultFields},
     {"exported", "the result of notes export", kExportedFields},
     {"imported", "a note that is not the same in the set, of notes import", kImportedFields},
     {"text", "the text, of text", kTextFields},
-    {"file", "a file of the text, of text", kFileFields},
+    {"file", "a file of the text, of text and doctor", kFileFields},
     {"difference", "a place of the text, of text --differences", kDifferenceFields},
+    {"doctor", "folders and sizes, of doctor", kDoctorFields},
+    {"kept", "a file of settings, or one that was left, of doctor", kKeptFields},
+    {"trouble", "what is wrong, of doctor", kTroubleFields},
 };
 
 std::span<const SchemaKind> TheSchema() {

@@ -71,6 +71,8 @@ struct Surroundings {
 
     bool draftsAreOfWindows = false;  // their lines end in CR LF, and they begin with the mark of UTF-8
 
+    int codePage = 1252;  // number of the one that notes without letters from elsewhere are in
+
     std::vector<std::string> textFolders = {};  // where the scripture files are looked for
     std::string workingFolder = {};             // of the window's settings and notes, if the user names no other one
 };

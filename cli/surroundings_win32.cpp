@@ -254,6 +254,7 @@ Surroundings NativeSurroundings() {
         .showsColors = showsColors,
         .columns = Columns(),
         .draftsAreOfWindows = true,
+        .codePage = static_cast<int>(GetACP()),
         .textFolders = {program, program + "../../data"},  // the second one is that of a build
         .workingFolder = UsualWorkingFolder(),
     };

@@ -128,6 +128,7 @@ TEST_F(VwTest, LooksInSeveralFolders) {
 TEST_F(VwTest, PrintsObjectsAsDescribed) {
     const std::string folder = MakeScratchFolder();
     WriteWholeFile(folder + "Damaged.nmd", {});
+    WriteWholeFile(folder + "Damaged.nmd.temp", {});
     fake.hasNotes = true;
     fake.edit = [](std::string& text) {
         text += "more, as in Rom 8:27-29";
@@ -157,6 +158,7 @@ TEST_F(VwTest, PrintsObjectsAsDescribed) {
         {"notes", "about", "Rom 8:28", "--folder", folder},
         {"notes", "history", "Ge 1:1", "--set", "A", "--folder", folder},
         {"notes", "verify", "--folder", folder},
+        {"doctor", "--folder", folder},
     };
     std::set<std::string> kinds;
     for (std::vector<std::string> words : runs) {
