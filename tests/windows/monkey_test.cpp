@@ -193,8 +193,10 @@ static void TypeText(Monkey& monkey) {
 static void GiveCommand(Monkey& monkey) {
     const int command = OneOf(monkey, kCommands);
     Remember(monkey, "command " + std::to_string(command));
-    // A frame that is disabled by a dialog gets no commands from its user either.
-    if (IsWindowEnabled(monkey.program.frame)) Command(monkey.program, command);
+    // A frame that is disabled by a dialog, or has a menu open, gets no commands from its user either. Wine never
+    // removes the window of a menu that was open when a dialog came.
+    if (!IsWindowEnabled(monkey.program.frame) || IsInMenu(monkey.program)) return;
+    Command(monkey.program, command);
 }
 
 static void UseMouse(Monkey& monkey) {
