@@ -98,15 +98,16 @@ function(vw_instrument target)
   endif()
 endfunction()
 
-# What most files include and what takes most of the time of a build. The preset win32 does not precompile it, so that a
-# missing include is noticed.
+# What most files include and what takes most of the time of a build. Nothing is precompiled or joined with
+# VERSEWELL_ALONE, so that a missing include is noticed; ./check --long builds so.
+option(VERSEWELL_ALONE "Compile each file by itself, with nothing but what it includes")
 set(VERSEWELL_COMMON_HEADERS <algorithm> <array> <cstring> <limits> <optional> <span> <string> <string_view> <utility>
                              <vector>)
 if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
   # From precompiled headers GCC warns of the system's own procedures. The build without them has these warnings.
   set(VERSEWELL_PRECOMPILED_OPTIONS -Wno-array-bounds -Wno-stringop-overflow -Wno-stringop-overread)
 endif()
-if(NOT MSVC AND NOT (MINGW AND CMAKE_SIZEOF_VOID_P EQUAL 4))
+if(NOT MSVC AND NOT VERSEWELL_ALONE)
   file(CONFIGURE OUTPUT ${CMAKE_BINARY_DIR}/core_headers.cpp CONTENT "")
   add_library(vw_core_headers OBJECT ${CMAKE_BINARY_DIR}/core_headers.cpp)
   target_link_libraries(vw_core_headers PRIVATE vw_options)
@@ -126,6 +127,17 @@ function(vw_host_only)
   endif()
 endfunction()
 
+# Builds that are made once, to look for faults, compile the core files of a folder together, which takes a third of the
+# time. So files of one folder cannot have static procedures or constants of the same name. Programs that are released or
+# measured are compiled file by file.
+option(VERSEWELL_JOIN "Compile the core files of a folder together")
+function(vw_join_core target)
+  if(VERSEWELL_JOIN AND NOT VERSEWELL_ALONE)
+    set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 12)
+    target_link_libraries(${target} PRIVATE vw_joined)
+  endif()
+endfunction()
+
 # vw_core(<folder> SOURCES ... [USES <folder>...]): a library with the core of a folder, which builds on any system. A
 # folder of the program uses the folders that the graph names; other libraries name theirs.
 include(${CMAKE_CURRENT_LIST_DIR}/graph.cmake)
@@ -136,6 +148,7 @@ function(vw_core folder)
   list(TRANSFORM core_USES PREPEND vw_)
   target_link_libraries(vw_${folder} PUBLIC vw_options ${core_USES})
   vw_instrument(vw_${folder})
+  vw_join_core(vw_${folder})
   if(TARGET vw_core_headers)
     target_precompile_headers(vw_${folder} REUSE_FROM vw_core_headers)
     target_compile_options(vw_${folder} PRIVATE ${VERSEWELL_PRECOMPILED_OPTIONS})

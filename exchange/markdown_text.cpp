@@ -15,7 +15,7 @@ static bool IsPunctuation(char c) {
 namespace {
 
 // A character in its line.
-struct Place {
+struct LinePlace {
     std::string_view line;
     std::size_t at = 0;
 };
@@ -30,17 +30,17 @@ static bool IsOneOf(char c, std::string_view characters) {
     return c != '\0' && characters.find(c) != std::string_view::npos;
 }
 
-static bool IsFirstInLine(const Place& place) {
+static bool IsFirstInLine(const LinePlace& place) {
     return place.line.find_first_not_of(" \t") == place.at;
 }
 
 // A sign and a blank at the beginning of a line with words.
-static bool IsBullet(const Place& place) {
+static bool IsBullet(const LinePlace& place) {
     return IsFirstInLine(place) && CharacterAt(place.line, place.at + 1) == ' ' &&
            std::ranges::any_of(place.line, IsLetterOrDigit);
 }
 
-static bool NeedsBackslash(const Place& place) {
+static bool NeedsBackslash(const LinePlace& place) {
     const char next = CharacterAt(place.line, place.at + 1);
     switch (place.line[place.at]) {
         case '\\': return next == '\0' || IsPunctuation(next);

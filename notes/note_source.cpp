@@ -5,7 +5,7 @@
 
 #include "notes/note_refresh.h"
 
-static constexpr std::size_t kWindowSize = 4 * kNoteBufferSize;
+static constexpr std::size_t kWindowBytes = 4 * kNoteBufferSize;
 
 bool CanReadNotes(const NoteFiles& files, NoteSet& set) {
     std::vector<unsigned char> none;
@@ -29,7 +29,7 @@ static bool MoveWindow(NoteReader& notes, int verse) {
     if (RefreshSet(notes.files, notes.set) == SetRefresh::kUnreadable) return false;
     notes.windowOffset = StoredNoteOf(notes.set, verse).offset;
     notes.timesChanged = notes.set.timesChanged;
-    return notes.files.read(notes.files.device, notes.set.dataFileName, notes.windowOffset, kWindowSize, notes.window);
+    return notes.files.read(notes.files.device, notes.set.dataFileName, notes.windowOffset, kWindowBytes, notes.window);
 }
 
 // Cut to the window, because a damaged index may ask for more than a note can have or than is in the file.

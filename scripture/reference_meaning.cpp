@@ -13,13 +13,13 @@ static std::string PlaceInBook(const VerseRecord& record) {
     return std::to_string(record.chapter) + ':' + std::to_string(record.verse);
 }
 
-static std::string Place(const VerseRecord& record) {
+static std::string PlaceName(const VerseRecord& record) {
     return std::string(BookName(record.book)) + ' ' + PlaceInBook(record);
 }
 
 // The book is named again only when it is another one.
 static std::string LastPlace(const VerseRecord& first, const VerseRecord& last) {
-    return first.book == last.book ? PlaceInBook(last) : Place(last);
+    return first.book == last.book ? PlaceInBook(last) : PlaceName(last);
 }
 
 static std::string CountOfVerses(int count) {
@@ -44,7 +44,7 @@ std::string ReferenceMeaning(const VerseRecords& records, const std::string& typ
     if (!verses.unused.empty()) return MeaningOfPart(records, verses);
     const VerseRecord first = RecordOf(records, verses.first);
     const VerseRecord last = RecordOf(records, verses.last);
-    std::string meaning = Place(first);
+    std::string meaning = PlaceName(first);
     if (asked == Asked::kVerse) return meaning;
     if (verses.first != verses.last) meaning += " to " + LastPlace(first, last);
     return meaning + ", " + CountOfVerses(verses.last - verses.first + 1);
