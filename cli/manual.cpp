@@ -108,7 +108,7 @@ static constexpr char kAfterJson[] =
     "them, editor, nano or vi, on Windows notepad.\n"
     ".TP\n\\fBTMPDIR\\fR\nThe folder for the files that are edited; without it, /tmp.\n"
     ".TP\n\\fBPAGER\\fR\nThe program that shows long texts on a terminal; without it, less if it is "
-    "installed, on Windows none.\n"
+    "installed, on Windows none. None is used if it is empty, is not there, or if \\fBTERM\\fR is dumb.\n"
     ".TP\n\\fBNO_COLOR\\fR\nIf it is set and not empty, there are no colours unless \\fB\\-\\-color always\\fR is "
     "given.\n"
     ".TP\n\\fBVERSEWELL_DATA\\fR\nThe folder with the scripture files.\n"

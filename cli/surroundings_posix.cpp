@@ -20,6 +20,7 @@
 #include <list>
 
 #include "cli/note_files_posix.h"
+#include "scripture/letters.h"
 
 namespace fs = std::filesystem;
 
@@ -96,6 +97,7 @@ static Written Write(void* device, Stream stream, std::string_view bytes) {
 }
 
 static bool HasProgram(const std::string& name) {
+    if (name.find('/') != std::string::npos) return access(name.c_str(), X_OK) == 0;
     const char* const path = std::getenv("PATH");
     std::string_view rest = path != nullptr ? path : "/usr/bin:/bin";
     while (!rest.empty()) {
@@ -106,13 +108,27 @@ static bool HasProgram(const std::string& name) {
     return false;
 }
 
+// False only for a name of which it is certain; anything that a shell has to read may be one.
+static bool MayBeCommand(const std::string& command) {
+    const std::string name = command.substr(0, command.find(' '));
+    const bool isPlain = std::ranges::all_of(
+        name, [](char c) { return IsLetterOrDigit(c) || std::string_view("/._+-").find(c) != std::string_view::npos; });
+    return !isPlain || HasProgram(name);
+}
+
+// Empty if there is none: it was not wanted, does not exist and would lose the text, or the terminal is too simple.
+static std::string PagerOf(void* device) {
+    if (Variable(device, "TERM").value_or("dumb") == "dumb") return "";
+    const std::string pager = Variable(device, "PAGER").value_or("less -R");
+    return pager == "cat" || !MayBeCommand(pager) ? "" : pager;
+}
+
 // A pager that was left before the end closes its pipe, which would otherwise end this program before the pager has
 // put the terminal in order.
 static void StartPager(void* device) {
     auto& native = *static_cast<NativeDevice*>(device);
-    const std::string named = Variable(device, "PAGER").value_or("");
-    const std::string pager = !named.empty() ? named : HasProgram("less") ? "less -R" : "";
-    if (native.pager != nullptr || pager.empty() || pager == "cat") return;
+    const std::string pager = PagerOf(device);
+    if (native.pager != nullptr || pager.empty()) return;
     setenv("LESS", "FRX", 0);  // short texts stay on the screen
     std::signal(SIGPIPE, SIG_IGN);
     native.pager = popen(pager.c_str(), "w");
