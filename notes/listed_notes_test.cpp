@@ -121,7 +121,7 @@ TEST(ListedNotes, AreThoseThatRepeatedSearchesFind) {
     std::mt19937 random(5);
     for (int round = 0; round < 4; ++round) {
         NotesOfSet texts;
-        for (int verse = 0; verse <= kLastVerse; verse += 1 + static_cast<int>(random() % 9)) {
+        for (int verse = 0; verse <= kLastVerse; verse += 1 + static_cast<int>(random() % 60)) {
             std::string text(random() % 300, ' ');
             for (char& letter : text) letter = "aabb ,\n2"[random() % 8];
             texts[verse] = random() % 5 == 0 ? std::string(kUtf8Mark) + "\xCE\xB1 " + text : text;
