@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "cli/meant_spans.h"
 #include "cli/utf8.h"
 #include "scripture/letters.h"
 #include "scripture/reference_parser.h"
@@ -12,28 +13,55 @@ static ParsedRange ParseStrictly(const VerseRecords& records, const std::string&
     return ParseRange(records, typed);
 }
 
-static VerseSpan TakenAsMeant(const Vw& vw, const VerseRecords& records, const std::string& typed,
-                              const VerseSpan& meant, const ParsedRange& strict) {
+static void TellOfWindow(const Vw& vw, const VerseRecords& records, const std::string& typed,
+                         const std::vector<VerseSpan>& meant, const ParsedRange& strict) {
     const VerseSpan understood{strict.first, strict.last};
-    if (strict.ok && !(understood == meant))
-        Tell(vw, "\"" + typed + "\" is taken as " + SpanName(records, meant) + "; the window understands " +
+    if (strict.ok && (meant.size() > 1 || !(understood == meant.front())))
+        Tell(vw, "\"" + typed + "\" is taken as " + SpanNames(records, meant) + "; the window understands " +
                      SpanName(records, understood) + " (--strict)");
-    return meant;
 }
 
-VerseSpan AskedVerses(const Vw& vw, const VerseRecords& records, const std::string& argument, const std::string& typed,
-                      ReferenceReading reading) {
-    std::string ascii = AsciiOf(typed);
-    ascii.erase(0, std::min(ascii.find_first_not_of(' '), ascii.size()));
-    const ParsedRange strict = ParseStrictly(records, ascii);
-    const auto meant = reading.isStrict ? std::nullopt : MeantVerses(records, ascii);
-    if (meant) return TakenAsMeant(vw, records, typed, *meant, strict);
-    if (!strict.ok) throw Complaint{kBadUse, argument + ": \"" + typed + "\" is no reference"};
+static VerseSpan TakenAsWindow(const Vw& vw, const VerseRecords& records, const std::string& typed,
+                               const ParsedRange& strict) {
     const VerseSpan understood{strict.first, strict.last};
     if (!strict.unused.empty())
         Tell(vw, "\"" + typed + "\" is taken as " + SpanName(records, understood) + " (not used: \"" + strict.unused +
                      "\")");
     return understood;
+}
+
+// To take what the window does would be to guess: it takes "Rom 8:99" for Romans 8:39, and "8:28" for Genesis 8:22.
+static Complaint NoReference(const VerseRecords& records, const std::string& argument, const std::string& typed,
+                             const ParsedRange& strict, ReferenceReading reading) {
+    std::string text = argument + ": \"" + typed + "\" is no reference";
+    if (strict.ok && !reading.isStrict)
+        text += "; the window understands " + SpanName(records, {strict.first, strict.last}) + " (--strict)";
+    return {kBadUse, text};
+}
+
+namespace {
+
+enum class MayBeList { kNo, kYes };
+
+}  // namespace
+
+static std::vector<VerseSpan> Asked(const Vw& vw, const VerseRecords& records, const std::string& argument,
+                                    const std::string& typed, ReferenceReading reading, MayBeList mayBeList) {
+    std::string ascii = AsciiOf(typed);
+    ascii.erase(0, std::min(ascii.find_first_not_of(' '), ascii.size()));
+    const ParsedRange strict = ParseStrictly(records, ascii);
+    if (reading.isStrict && strict.ok) return {TakenAsWindow(vw, records, typed, strict)};
+    const auto meant = reading.isStrict ? std::vector<VerseSpan>() : MeantSpans(records, ascii);
+    if (meant.empty()) throw NoReference(records, argument, typed, strict, reading);
+    if (meant.size() > 1 && mayBeList == MayBeList::kNo)
+        throw Complaint{kBadUse, argument + ": \"" + typed + "\" is more than one reference"};
+    TellOfWindow(vw, records, typed, meant, strict);
+    return meant;
+}
+
+VerseSpan AskedVerses(const Vw& vw, const VerseRecords& records, const std::string& argument, const std::string& typed,
+                      ReferenceReading reading) {
+    return Asked(vw, records, argument, typed, reading, MayBeList::kNo).front();
 }
 
 // ---- Words of the shell ---------------------------------------------------------------------------------------------
@@ -69,6 +97,16 @@ std::vector<std::string> ReferencesIn(const std::vector<std::string>& words) {
             references.back() += ' ' + words[i];
     }
     return references;
+}
+
+std::vector<VerseSpan> SpansOfWords(const Vw& vw, const VerseRecords& records, const std::vector<std::string>& words,
+                                    ReferenceReading reading) {
+    std::vector<VerseSpan> all;
+    for (const std::string& reference : ReferencesIn(words)) {
+        const std::vector<VerseSpan> spans = Asked(vw, records, "REF", reference, reading, MayBeList::kYes);
+        all.insert(all.end(), spans.begin(), spans.end());
+    }
+    return all;
 }
 
 int OneAskedVerse(const Vw& vw, const VerseRecords& records, const std::vector<std::string>& words,

@@ -52,9 +52,7 @@ ExitCode ShowNotes(Vw& vw, const NoteReadingOptions& options) {
     const Scripture scripture = TextOf(vw);
     OpenedNotes notes = OpenNotes(vw, NoteAccess::kRead);
     const std::vector<NoteSet*> sets = SetsNamed(notes, options.set);
-    std::vector<VerseSpan> spans;
-    for (const std::string& reference : ReferencesIn(options.words))
-        spans.push_back(AskedVerses(vw, scripture.records, "REF", reference, {options.strict}));
+    const std::vector<VerseSpan> spans = SpansOfWords(vw, scripture.records, options.words, {options.strict});
     for (NoteSet* set : sets) CheckReadable(notes, *set);
     StartPager(vw);
     bool isFound = false;

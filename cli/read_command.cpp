@@ -58,10 +58,7 @@ static VerseSpan WhereTheWindowLeftOff(const Vw& vw, const VerseRecords& records
 
 static std::vector<VerseSpan> SpansToRead(const Vw& vw, const VerseRecords& records, const ReadOptions& options) {
     if (options.words.empty()) return {WhereTheWindowLeftOff(vw, records)};
-    std::vector<VerseSpan> spans;
-    for (const std::string& reference : ReferencesIn(options.words))
-        spans.push_back(AskedVerses(vw, records, "REF", reference, {options.strict}));
-    return spans;
+    return SpansOfWords(vw, records, options.words, {options.strict});
 }
 
 // Each piece begins with a blank, which separates it from the one before: it is left out at the beginning of a line.
@@ -104,8 +101,8 @@ static ExitCode Read(Vw& vw, const ReadOptions& options) {
 static RunCommand PrepareRead(CLI::App& app) {
     const auto options = std::make_shared<ReadOptions>();
     app.add_option("REF", options->words,
-                   "verses, chapters, books or ranges: John 3:16, \"Rom 8:1-11\", \"Ge 1 - 3\", Jude; without one, the "
-                   "rest of the chapter where the window left off")
+                   "verses, chapters, books, ranges or lists: John 3:16, \"Rom 8:1-11\", \"Ge 1 - 3\", \"Rom 8:1, 3; "
+                   "9:1\", Jude; without one, the rest of the chapter where the window left off")
         ->type_name("");
     app.add_option("--labels", options->labels,
                    "labels of the first verse and of the others, or of all: full (Eph 6:17), partial (6:17, 17), none "
@@ -125,5 +122,6 @@ const Command kReadCommand = {
     .prepare = PrepareRead,
     .details =
         "The text is the one that the window copies with the same format, without the blank at the beginning of "
-        "a line. Supplied words are in italics on a terminal. On a terminal, longer texts are shown by $PAGER.",
+        "a line. Supplied words are in italics on a terminal. On a terminal, longer texts are shown by $PAGER. What "
+        "is no reference, or names verses that there are none of, is bad use, here and with the other commands.",
 };

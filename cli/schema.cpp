@@ -43,7 +43,7 @@ static constexpr SchemaField kMeaningFields[] = {
     {"typed", FieldType::kText, "the reference"},
     {"window", FieldType::kSpanOrNull, "what the window understands"},
     {"unused", FieldType::kText, "what the window does not use of it"},
-    {"meant", FieldType::kSpanOrNull, "what was probably meant"},
+    {"meant", FieldType::kSpans, "what was probably meant; none if that is not known"},
     {"same", FieldType::kYesOrNo, "both are the same verses"},
 };
 
@@ -187,6 +187,7 @@ const char* NameOfType(FieldType type) {
         case FieldType::kYesOrNo: return "true or false";
         case FieldType::kPlaces: return "list of [begin, end) in letters";
         case FieldType::kSpanOrNull: return "object of first, last (indexes), name; null if none";
+        case FieldType::kSpans: return "array of such objects: first, last (indexes), name";
     }
     return "";
 }

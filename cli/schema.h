@@ -4,7 +4,7 @@
 
 #include <span>
 
-enum class FieldType { kText, kNumber, kYesOrNo, kPlaces, kSpanOrNull };
+enum class FieldType { kText, kNumber, kYesOrNo, kPlaces, kSpanOrNull, kSpans };
 
 struct SchemaField {
     const char* name;

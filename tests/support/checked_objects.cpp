@@ -27,6 +27,7 @@ static bool HasType(const ordered_json& value, FieldType type) {
         case FieldType::kYesOrNo: return value.is_boolean();
         case FieldType::kPlaces: return ArePlaces(value);
         case FieldType::kSpanOrNull: return value.is_null() || IsSpan(value);
+        case FieldType::kSpans: return value.is_array() && std::ranges::all_of(value, IsSpan);
     }
     return false;
 }
