@@ -274,6 +274,12 @@ static bool BeginWith(const NoteFiles& files, const std::string& name, BytesView
     return WriteWholeFile(files, name, bytes);
 }
 
+// What stands in the place of a missing file and is none, such as a folder, is put aside, too.
+static bool BeginAnew(const NoteFiles& files, const std::string& name, BytesView records) {
+    if (BeginWith(files, name, records)) return true;
+    return !files.stamp(files.device, name).exists && PutAside(files, name) && BeginWith(files, name, records);
+}
+
 static bool AddTo(const NoteFiles& files, const std::string& name, BytesView records, std::int64_t now) {
     const std::uint64_t size = files.stamp(files.device, name).size;
     const std::uint64_t sizeAfter = size + records.size();
@@ -291,7 +297,7 @@ static bool Keep(const NoteFiles& files, const std::string& setName, std::span<c
     const Bytes records = RecordsOf(texts);
     if (!files.makeFolder(files.device, kBackupFolder)) return false;
     switch (KindOf(files, name)) {
-        case HistoryKind::kMissing: return BeginWith(files, name, records);
+        case HistoryKind::kMissing: return BeginAnew(files, name, records);
         case HistoryKind::kReadable: return AddTo(files, name, records, LatestTime(texts));
         case HistoryKind::kForeign: return PutAside(files, name) && BeginWith(files, name, records);
         case HistoryKind::kNewer:

@@ -20,8 +20,8 @@
 // (notes/note_backup.h). Whether a text has to go is only examined each time that the file has grown by 4 MB, and the
 // file is rewritten (notes/whole_files.h) only when that drops a quarter of it.
 //
-// A file of a newer version is neither read nor changed. A file that is no history at all is renamed to
-// "NAME.nmh.damaged" when the first text has to be kept.
+// A file of a newer version is neither read nor changed. A file that is no history at all, or a folder of that name,
+// is renamed to "NAME.nmh.damaged" when the first text has to be kept.
 #pragma once
 
 #include <cstdint>
