@@ -9,6 +9,7 @@
 #include <cerrno>
 #include <cstdint>
 #include <cstdio>
+#include <cstring>
 #include <ctime>
 #include <filesystem>
 #include <optional>
@@ -107,10 +108,21 @@ static void* Open(void* device, const std::string& name) {
     return OpenWith(device, name, O_RDONLY);
 }
 
+// Notes that only their user may read stay so: a temporary file gets the rights of the one that it will replace.
+static void TakeRights(int file, const std::string& temporary) {
+    struct stat replaced = {};
+    if (!temporary.ends_with(kTempEnding)) return;
+    const std::string path = temporary.substr(0, temporary.size() - std::strlen(kTempEnding));
+    if (stat(path.c_str(), &replaced) == 0) fchmod(file, replaced.st_mode & 07777);
+}
+
 // A file that cannot be removed is written over.
 static void* CreateAnew(void* device, const std::string& name) {
-    unlink(PathOf(device, name).c_str());
-    return OpenWith(device, name, O_WRONLY | O_CREAT | O_TRUNC);
+    const std::string path = PathOf(device, name);
+    unlink(path.c_str());
+    const int file = open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0644);
+    if (file >= 0) TakeRights(file, path);
+    return HandleOf(file);
 }
 
 static std::size_t ReadAt(void*, void* file, std::uint64_t offset, std::span<unsigned char> bytes) {

@@ -5,6 +5,7 @@
 
 #include <filesystem>
 
+#include "notes/note_history.h"
 #include "tests/support/real_note_files.h"
 
 using testing::ElementsAre;
@@ -90,4 +91,24 @@ TEST_F(PosixNoteFilesTest, ReadsAndAppends) {
     EXPECT_FALSE(files.read(files.device, "b", 0, 3, read));
     EXPECT_FALSE(files.stamp(files.device, "b").exists);
     EXPECT_THAT(files.list(files.device, "none/*.nmd"), IsEmpty());
+}
+
+// As a set is saved.
+TEST_F(PosixNoteFilesTest, GiveATemporaryFileTheRightsOfTheFileItReplaces) {
+    static constexpr auto kOnlyOfUser = std::filesystem::perms::owner_read | std::filesystem::perms::owner_write;
+    Create("a.nmd");
+    std::filesystem::permissions(folder.folder + "a.nmd", kOnlyOfUser);
+    void* const temporary = files.createAnew(files.device, "a.nmd.temp");
+    ASSERT_NE(temporary, nullptr);
+    files.close(files.device, temporary);
+    EXPECT_EQ(std::filesystem::status(folder.folder + "a.nmd.temp").permissions(), kOnlyOfUser);
+}
+
+TEST_F(PosixNoteFilesTest, KeepEarlierNotesDespiteAFolderOfTheirName) {
+    std::filesystem::create_directories(folder.folder + "backup/a.nmh/inner");
+    const EarlierNote note{1795435200, 7, KeptReason::kReplaced, "earlier"};
+    EXPECT_TRUE(KeepEarlierNotes(files, "a", {&note, 1}));
+    ASSERT_EQ(EarlierNotesOf(files, "a", 7).size(), 1u);
+    EXPECT_EQ(EarlierNotesOf(files, "a", 7).front().text, "earlier");
+    EXPECT_TRUE(IsThere("backup/a.nmh.damaged/inner"));
 }

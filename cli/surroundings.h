@@ -17,6 +17,11 @@ enum class Stream { kOutput, kErrors };
 // What became of written bytes. kClosed: nobody reads them any more, as after `| head`.
 enum class Written { kAll, kClosed, kFailed };
 
+enum class FileKind { kNone, kFile, kFolder };
+
+// What the user may do with a folder: see and open what is in it, also make and replace files.
+enum class FolderUse { kNothing, kRead, kChange };
+
 struct Day {
     int year = 2000;
     int month = 1;  // 1..12
@@ -35,10 +40,17 @@ struct Surroundings {
     // The whole file; nullopt if it cannot be read.
     std::optional<std::string> (*readFile)(void* device, const std::string& path) = nullptr;
 
+    // What is there; whatever is no folder is a file.
+    FileKind (*kindOf)(void* device, const std::string& path) = nullptr;
+
+    // Nothing is written to find out.
+    FolderUse (*useOf)(void* device, const std::string& folder) = nullptr;
+
     // Maps the whole file, read-only until the program ends. False if it cannot be.
     bool (*map)(void* device, const std::string& path, std::span<const unsigned char>& bytes) = nullptr;
 
-    // Makes `bytes` the contents of the file in one step, whether or not it exists. False if it is as it was.
+    // Makes `bytes` the contents of the file in one step, whether or not it exists, and keeps its rights. False if it
+    // is as it was. A pipe or a device just gets the bytes.
     bool (*writeFile)(void* device, const std::string& path, std::string_view bytes) = nullptr;
 
     // The note sets of a folder, as the window has them; null if there is no such folder. They stay until the end.

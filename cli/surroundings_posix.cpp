@@ -15,8 +15,6 @@
 #include <cstdlib>
 #include <ctime>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <list>
 
 #include "cli/note_files_posix.h"
@@ -52,10 +50,38 @@ static std::vector<std::string> List(void*, const std::string& folder, std::stri
     return names;
 }
 
+static std::optional<std::string> ReadOpened(int file) {
+    static constexpr std::size_t kPiece = 65536;
+    std::string bytes;
+    while (true) {
+        const std::size_t size = bytes.size();
+        bytes.resize(size + kPiece);
+        const ssize_t count = read(file, bytes.data() + size, kPiece);
+        bytes.resize(size + static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
+        if (count == 0) return bytes;
+        if (count < 0 && errno != EINTR) return std::nullopt;  // as for a folder
+    }
+}
+
+// Pipes and devices are files, too.
 static std::optional<std::string> ReadFile(void*, const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    if (!file) return std::nullopt;
-    return std::string(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
+    const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    if (file < 0) return std::nullopt;
+    std::optional<std::string> bytes = ReadOpened(file);
+    close(file);
+    return bytes;
+}
+
+static FileKind KindOf(void*, const std::string& path) {
+    std::error_code error;
+    const fs::file_status status = fs::status(path, error);
+    if (!fs::exists(status)) return FileKind::kNone;
+    return fs::is_directory(status) ? FileKind::kFolder : FileKind::kFile;
+}
+
+static FolderUse UseOf(void*, const std::string& folder) {
+    if (access(folder.c_str(), R_OK | X_OK) != 0) return FolderUse::kNothing;
+    return access(folder.c_str(), W_OK) == 0 ? FolderUse::kChange : FolderUse::kRead;
 }
 
 static bool MapOpened(int file, std::span<const unsigned char>& bytes) {
@@ -136,14 +162,31 @@ static void StartPager(void* device) {
 
 // ---- Notes and files to write ---------------------------------------------------------------------------------------
 
+// What is no file of its own, such as a pipe or a device, gets the bytes and is not replaced.
+static bool WriteInto(const std::string& path, std::string_view bytes) {
+    const int file = open(path.c_str(), O_WRONLY | O_CLOEXEC);
+    if (file < 0) return false;
+    const bool isWhole = WriteAll(file, bytes) == Written::kAll;
+    return close(file) == 0 && isWhole;
+}
+
+// With the rights of the file that is there.
+static bool WriteMade(int file, const struct stat* replaced, std::string_view bytes) {
+    if (replaced != nullptr && fchmod(file, replaced->st_mode & 07777) != 0) return false;
+    return WriteAll(file, bytes) == Written::kAll && fsync(file) == 0;
+}
+
 // A link stays one, to the file that is written.
 static bool WriteFile(void*, const std::string& path, std::string_view bytes) {
+    struct stat facts = {};
+    const bool exists = stat(path.c_str(), &facts) == 0;
+    if (exists && !S_ISREG(facts.st_mode)) return WriteInto(path, bytes);
     std::error_code error;
-    const fs::path target = fs::exists(path, error) ? fs::canonical(path, error) : fs::path(path);
+    const fs::path target = exists ? fs::canonical(path, error) : fs::path(path);
     const std::string made = target.string() + ".temp-" + std::to_string(getpid());
     const int file = open(made.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
     if (file < 0) return false;
-    const bool isWhole = WriteAll(file, bytes) == Written::kAll && fsync(file) == 0;
+    const bool isWhole = WriteMade(file, exists ? &facts : nullptr, bytes);
     close(file);
     if (isWhole && rename(made.c_str(), target.c_str()) == 0) return true;
     unlink(made.c_str());
@@ -242,6 +285,7 @@ static NativeDevice& TheDevice() {
 }
 
 Surroundings NativeSurroundings() {
+    std::signal(SIGXFSZ, SIG_IGN);  // a file that grows too large for the system is a write that fails
     const bool isTerminal = isatty(STDOUT_FILENO) == 1;
     const std::string terminal = Variable(nullptr, "TERM").value_or("dumb");
     return {
@@ -249,6 +293,8 @@ Surroundings NativeSurroundings() {
         .variable = Variable,
         .list = List,
         .readFile = ReadFile,
+        .kindOf = KindOf,
+        .useOf = UseOf,
         .map = Map,
         .writeFile = WriteFile,
         .noteFiles = NoteFilesOf,

@@ -88,6 +88,26 @@ static std::optional<std::string> ReadFile(void*, const std::string& path) {
 }
 
 // ---- The output -----------------------------------------------------------------------------------------------------
+static FileKind KindOf(void*, const std::string& path) {
+    const DWORD attributes = GetFileAttributesW(PathOf(path).c_str());
+    if (attributes == INVALID_FILE_ATTRIBUTES) return FileKind::kNone;
+    return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0 ? FileKind::kFolder : FileKind::kFile;
+}
+
+static bool MayOpenFolder(const std::string& folder, DWORD access) {
+    static constexpr DWORD kShared = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+    const HANDLE opened = CreateFileW(PathOf(folder).c_str(), access, kShared, nullptr, OPEN_EXISTING,
+                                      FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+    if (opened == INVALID_HANDLE_VALUE) return false;
+    CloseHandle(opened);
+    return true;
+}
+
+static FolderUse UseOf(void*, const std::string& folder) {
+    if (!MayOpenFolder(folder, FILE_LIST_DIRECTORY)) return FolderUse::kNothing;
+    return MayOpenFolder(folder, FILE_ADD_FILE) ? FolderUse::kChange : FolderUse::kRead;
+}
+
 
 static Written WriteAll(HANDLE file, std::string_view bytes) {
     static constexpr std::size_t kMost = 32768;  // an old console takes no more at once
@@ -258,6 +278,8 @@ Surroundings NativeSurroundings() {
         .textFolders = {program, program + "../../data"},  // the second one is that of a build
         .workingFolder = UsualWorkingFolder(),
     };
+        .kindOf = KindOf,
+        .useOf = UseOf,
 }
 
 std::vector<std::string> NativeArguments(int, char**) {

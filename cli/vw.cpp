@@ -2,6 +2,7 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <exception>
 
 #include "cli/arguments.h"
 #include "cli/command_table.h"
@@ -82,5 +83,8 @@ int RunVw(const std::vector<std::string>& arguments, const Surroundings& surroun
         Flush(vw.printer);
         Tell(vw, complaint.text);
         return complaint.code;
+    } catch (const std::exception& exception) {
+        Tell(vw, std::string("cannot go on: ") + exception.what());
+        return kFileTrouble;
     }
 }

@@ -40,6 +40,15 @@ static std::optional<std::string> ReadFile(void* device, const std::string& path
     return Native().readFile(Native().device, path);
 }
 
+static FileKind KindOf(void* device, const std::string& path) {
+    const auto known = FakeOf(device).kinds.find(path);
+    return known != FakeOf(device).kinds.end() ? known->second : Native().kindOf(Native().device, path);
+}
+
+static FolderUse UseOf(void* device, const std::string&) {
+    return FakeOf(device).use;
+}
+
 static bool WriteFile(void* device, const std::string& path, std::string_view bytes) {
     FakeSurroundings& fake = FakeOf(device);
     if (const auto draft = fake.drafts.find(path); draft != fake.drafts.end()) {
@@ -97,6 +106,8 @@ Surroundings SurroundingsOver(FakeSurroundings& fake) {
         .variable = Variable,
         .list = Native().list,
         .readFile = ReadFile,
+        .kindOf = KindOf,
+        .useOf = UseOf,
         .map = Map,
         .writeFile = WriteFile,
         .noteFiles = NoteFilesOf,

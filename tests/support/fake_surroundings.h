@@ -19,6 +19,8 @@ struct FakeSurroundings {
     std::map<std::string, std::string> drafts;     // by path
     std::function<bool(std::string& bytes)> edit;  // the user's editor; false if it fails
     bool canWriteDrafts = true, draftsAreOfWindows = false;
+    std::map<std::string, FileKind> kinds;  // of paths that are not as on the disk
+    FolderUse use = FolderUse::kChange;     // of all folders
     bool isTerminal = false, showsColors = false;
     int columns = 80;
     Written written = Written::kAll;  // the answer to each write of the output
