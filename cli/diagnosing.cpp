@@ -4,6 +4,7 @@
 
 #include "app/session.h"
 #include "app/settings.h"
+#include "cli/folder_checks.h"
 #include "cli/left_files.h"
 #include "cli/set_findings.h"
 #include "cli/text_files.h"
@@ -123,16 +124,25 @@ static void LookForSettings(const NoteFiles& files, Diagnosis& diagnosis) {
 
 // ---- All of it ------------------------------------------------------------------------------------------------------
 
+// Before the first note is saved there is no folder, unless the user has named one.
+static bool IsNotYetThere(const Vw& vw, const std::string& folder) {
+    const bool isNamed = !vw.options.workingFolder.empty() || VariableOf(vw, "VERSEWELL_FOLDER");
+    return !isNamed && vw.surroundings.noteFiles(vw.surroundings.device, folder) == nullptr;
+}
+
 // The files are those on the disk, while the notes are read as they would be when they are mended.
 static void LookAtNotes(const Vw& vw, Diagnosis& diagnosis) {
     diagnosis.notesFolder = WorkingFolder(vw);
+    if (IsNotYetThere(vw, diagnosis.notesFolder)) return;
     try {
-        diagnosis.notes = OpenNotes(vw, NoteAccess::kRead);
+        diagnosis.notes = OpenNotes(vw, NoteAccess::kExamine);
     } catch (const Complaint& complaint) {
         diagnosis.troubles.push_back({complaint.text, "", true});
         return;
     }
+    if (!CanReadFolder(vw, diagnosis)) return;
     const NoteFiles& files = diagnosis.notes->trial->files;
+    CheckFolders(vw, diagnosis);
     LookAtLock(files, diagnosis);
     LookForFaults(vw, diagnosis);
     CountSets(diagnosis);

@@ -29,7 +29,7 @@ static std::string TextLine(const Diagnosis& diagnosis) {
 
 static void PrintDiagnosis(Vw& vw, const Diagnosis& diagnosis) {
     Print(vw.printer, TextLine(diagnosis));
-    Print(vw.printer, "Notes and settings: " + diagnosis.notesFolder + "\n");
+    Print(vw.printer, "Notes and settings: " + diagnosis.notesFolder + (diagnosis.notes ? "" : ", not there") + "\n");
     Print(vw.printer, "Code page of the notes: " + std::to_string(vw.surroundings.codePage) + "\n");
     Print(vw.printer, std::string("Lock: ") + diagnosis.lock + "\n");
     Print(vw.printer, "Backups: " + std::to_string(diagnosis.backups) + ", " + Bytes(diagnosis.backupSize) + "\n");

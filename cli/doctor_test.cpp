@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "cli/text_folder.h"
 #include "cli/vw.h"
 #include "tests/support/fake_note_files.h"
 #include "tests/support/fake_surroundings.h"
@@ -97,4 +98,35 @@ TEST_F(DoctorTest, TellsOfTemporaryFiles) {
     EXPECT_EQ(Run(), 1);
     EXPECT_THAT(fake.output, Not(HasSubstr("Versewell.taken-001.temp")));
     EXPECT_THAT(fake.output, EndsWith("The next start of the window goes on with it.\n"));
+}
+
+TEST_F(DoctorTest, TellsOfFoldersThatCannotBeChangedOrRead) {
+    fake.kinds[PathIn("/nowhere", "backup")] = FileKind::kFolder;
+    fake.use = FolderUse::kRead;
+    EXPECT_EQ(Run(), 3);
+    EXPECT_THAT(fake.output, HasSubstr("Wrong: No note can be saved: this user may not change the folder "));
+    EXPECT_THAT(fake.output, HasSubstr("Wrong: Backups and earlier notes cannot be kept: this user may not change"));
+    EXPECT_THAT(fake.output, HasSubstr("Note set Mine: 2 notes"));
+    fake.use = FolderUse::kNothing;
+    EXPECT_EQ(Run(), 3);
+    EXPECT_THAT(fake.output, HasSubstr("Wrong: The folder \"/nowhere\" cannot be read by this user.\n"));
+    EXPECT_THAT(fake.output, Not(HasSubstr("Note set Mine")));
+}
+
+TEST_F(DoctorTest, TellsOfFoldersInThePlaceOfFiles) {
+    fake.kinds[PathIn("/nowhere", "backup")] = FileKind::kFile;
+    fake.kinds[PathIn("/nowhere", "backup/lock")] = fake.kinds[PathIn("/nowhere", "Versewell.INI")] = FileKind::kFolder;
+    EXPECT_EQ(Run(), 3);
+    EXPECT_THAT(fake.output, HasSubstr("Wrong: \"backup\" is a file, so backups and earlier notes cannot be kept"));
+    EXPECT_THAT(fake.output, HasSubstr("Wrong: \"backup/lock\" is a folder, but its place is that of a file.\n"));
+    EXPECT_THAT(fake.output, HasSubstr("Wrong: \"Versewell.INI\" is a folder, but its place is that of a file.\n"));
+}
+
+TEST_F(DoctorTest, KnowsThatThereAreNoNotesYet) {
+    fake.noteFiles = nullptr;
+    EXPECT_EQ(Run(), 0) << fake.output;
+    EXPECT_THAT(fake.output, HasSubstr("Notes and settings: /nowhere, not there\n"));
+    fake.variables["VERSEWELL_FOLDER"] = "/nowhere";
+    EXPECT_EQ(Run(), 3);
+    EXPECT_THAT(fake.output, HasSubstr("Wrong: VERSEWELL_FOLDER: there is no folder /nowhere\n"));
 }

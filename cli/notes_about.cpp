@@ -20,7 +20,7 @@ static ReferenceIndex IndexOf(OpenedNotes& notes, const VerseRecords& records) {
     while (IndexSome(notes.files, records, notes.notes, index, kIndexedAtOnce)) {
     }
     if (!IsWhole(index, notes.notes))
-        throw Complaint{kFileTrouble, "--folder: cannot read all notes in " + notes.folder};
+        throw Complaint{kFileTrouble, notes.argument + ": cannot read all notes in " + notes.folder};
     return index;
 }
 

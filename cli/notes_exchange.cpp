@@ -5,6 +5,7 @@
 #include "cli/note_objects.h"
 #include "cli/notes_commands.h"
 #include "cli/opened_notes.h"
+#include "cli/set_findings.h"
 #include "cli/text_folder.h"
 #include "exchange/import_lines.h"
 #include "exchange/new_set_import.h"
@@ -31,13 +32,23 @@ static void WriteExported(Vw& vw, const NoteExchangeOptions& options, const std:
         throw Complaint{kFileTrouble, "FILE: cannot write " + options.file};
 }
 
+// What is left of a damaged set does not replace a file that may have all of it.
+static void CheckWhole(const OpenedNotes& notes, const NoteSet& set, const NoteExchangeOptions& options) {
+    if (set.readOnly && options.file != "-")
+        throw Complaint{kFileTrouble, "--set: the note set \"" + Utf8Name(notes, set) + "\" is damaged, and " +
+                                          options.file + " was not written; with - as FILE what is left goes to the " +
+                                          "output"};
+}
+
 ExitCode ExportNotes(Vw& vw, const NoteExchangeOptions& options) {
     const NoteFormat& format = FormatOf(options);
     if (options.verseTexts && !format.canHaveVerseTexts)
         throw Complaint{kBadUse, "--verse-texts: only in a web page (.html)"};
     const Scripture scripture = TextOf(vw);
     OpenedNotes notes = OpenNotes(vw, NoteAccess::kRead);
+    CheckSets(notes.files, notes.notes, notes.opened);
     NoteSet& set = OneSetNamed(notes, options.set);
+    CheckWhole(notes, set, options);
     const auto exported = NotesToExport(notes.files, set);
     if (!exported) ComplainOfReading(notes, set);
     if (exported->notes.empty()) {
@@ -46,7 +57,7 @@ ExitCode ExportNotes(Vw& vw, const NoteExchangeOptions& options) {
     }
     WriteExported(vw, options,
                   format.write(ContextOf(scripture, notes), *exported, {.hasVerseTexts = options.verseTexts}));
-    if (options.file == "-") return kFound;
+    if (options.file == "-") return set.readOnly ? kFileTrouble : kFound;
     if (vw.options.json)
         PrintExportedObject(vw, notes, set, exported->notes.size());
     else

@@ -19,8 +19,8 @@ static void PrintFinding(Vw& vw, const std::string& finding, bool isMended) {
 
 ExitCode VerifyNotes(Vw& vw, bool mends) {
     std::size_t sets = 0;
-    const Findings found = OpenAndCheck(vw, mends ? NoteAccess::kMend : NoteAccess::kRead, sets);
-    const Findings left = mends && !found.empty() ? OpenAndCheck(vw, NoteAccess::kRead, sets) : found;
+    const Findings found = OpenAndCheck(vw, mends ? NoteAccess::kMend : NoteAccess::kExamine, sets);
+    const Findings left = mends && !found.empty() ? OpenAndCheck(vw, NoteAccess::kExamine, sets) : found;
     if (!found.empty() && !mends) Tell(vw, "nothing is changed on the disk; what follows would be done by --mend");
     for (const std::string& finding : found) PrintFinding(vw, finding, IsMended(finding, found, left));
     if (!left.empty()) return kFileTrouble;

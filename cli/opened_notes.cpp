@@ -17,21 +17,31 @@ static bool HasSets(const NoteFiles& files) {
                                [&](const char* pattern) { return !files.list(files.device, pattern).empty(); });
 }
 
+// Who reads what is left of them must not take it for all.
+static void TellOfDamagedSets(const Vw& vw, const OpenedNotes& notes) {
+    for (const NoteSet& set : notes.notes.sets)
+        if (set.readOnly)
+            Tell(vw,
+                 "the note set \"" + Utf8Name(notes, set) + "\" is damaged: notes may be missing (vw notes verify)");
+}
+
 OpenedNotes OpenNotes(const Vw& vw, NoteAccess access) {
     const Surroundings& surroundings = vw.surroundings;
-    OpenedNotes notes{WorkingFolder(vw), std::make_unique<ReadOnlyFiles>(), {}, {}, {}};
+    OpenedNotes notes{WorkingFolder(vw), FolderArgument(vw), std::make_unique<ReadOnlyFiles>(), {}, {}, {}};
     const NoteFiles* const files = surroundings.noteFiles(surroundings.device, notes.folder);
-    if (files == nullptr) throw Complaint{kFileTrouble, "--folder: there is no folder " + notes.folder};
+    if (files == nullptr) throw Complaint{kFileTrouble, notes.argument + ": there is no folder " + notes.folder};
     notes.trial->files = *files;
     notes.trial->isTrial = true;
-    notes.files = access == NoteAccess::kRead ? DeviceOver(*notes.trial) : *files;
+    const bool isTrial = access == NoteAccess::kRead || access == NoteAccess::kExamine;
+    notes.files = isTrial ? DeviceOver(*notes.trial) : *files;
     if (access != NoteAccess::kWrite && !HasSets(*files)) return notes;
     notes.opened = OpenNoteSets(notes.files, notes.notes, surroundings.now(surroundings.device));
     // Where only an index could not be made, the sets are there all the same.
     if (!notes.opened.created && access == NoteAccess::kWrite)
-        throw Complaint{kFileTrouble, "--folder: cannot create note sets in " + notes.folder};
+        throw Complaint{kFileTrouble, notes.argument + ": cannot create note sets in " + notes.folder};
     if (access == NoteAccess::kWrite && !notes.opened.report.empty())
         Tell(vw, Utf8OfNote(notes.files.codePage, notes.opened.report));
+    if (access == NoteAccess::kRead) TellOfDamagedSets(vw, notes);
     return notes;
 }
 
@@ -68,7 +78,8 @@ std::vector<NoteSet*> SetsNamed(OpenedNotes& notes, const std::string& name) {
 
 NoteSet& OneSetNamed(OpenedNotes& notes, const std::string& name) {
     if (!name.empty()) return SetNamed(notes, name);
-    if (notes.notes.sets.empty()) throw Complaint{kFileTrouble, "--folder: there are no note sets in " + notes.folder};
+    if (notes.notes.sets.empty())
+        throw Complaint{kFileTrouble, notes.argument + ": there are no note sets in " + notes.folder};
     if (notes.notes.sets.size() > 1) throw Complaint{kBadUse, "--set: which one of " + NamesOf(notes) + '?'};
     return notes.notes.sets.front();
 }
@@ -102,7 +113,7 @@ std::string AsNote(const OpenedNotes& notes, const std::string& utf8) {
 }
 
 void ComplainOfReading(const OpenedNotes& notes, const NoteSet& set) {
-    throw Complaint{kFileTrouble, "--folder: cannot read the note set \"" + Utf8Name(notes, set) + '"'};
+    throw Complaint{kFileTrouble, notes.argument + ": cannot read the note set \"" + Utf8Name(notes, set) + '"'};
 }
 
 void CheckReadable(const OpenedNotes& notes, NoteSet& set) {

@@ -13,6 +13,7 @@
 
 struct OpenedNotes {
     std::string folder;
+    std::string argument;                  // what named it, for messages
     std::unique_ptr<ReadOnlyFiles> trial;  // over the files, so that reading changes none
     NoteFiles files;
     NoteSets notes;
@@ -20,8 +21,9 @@ struct OpenedNotes {
 };
 
 // kWrite mends what the window mends at its start, and says so on the stream of errors; without any set it makes the
-// first one. kMend only mends. kRead changes no file; what kMend would mend is mended in memory.
-enum class NoteAccess { kRead, kMend, kWrite };
+// first one. kMend only mends. kRead changes no file; what kMend would mend is mended in memory, and sets that are
+// damaged beyond that are told on the stream of errors. kExamine is the same for those who tell all of it themselves.
+enum class NoteAccess { kRead, kExamine, kMend, kWrite };
 
 // The sets of the folder that --folder names, or the usual one. Complains if there is no such folder.
 OpenedNotes OpenNotes(const Vw& vw, NoteAccess access);

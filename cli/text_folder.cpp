@@ -69,3 +69,7 @@ std::string WorkingFolder(const Vw& vw) {
     if (!vw.options.workingFolder.empty()) return vw.options.workingFolder;
     return VariableOf(vw, "VERSEWELL_FOLDER").value_or(vw.surroundings.workingFolder);
 }
+
+const char* FolderArgument(const Vw& vw) {
+    return vw.options.workingFolder.empty() && VariableOf(vw, "VERSEWELL_FOLDER") ? "VERSEWELL_FOLDER" : "--folder";
+}

@@ -21,5 +21,8 @@ std::string PathIn(const std::string& folder, const std::string& name);
 // The folder of the window's settings and notes: --folder or VERSEWELL_FOLDER, otherwise the usual one.
 std::string WorkingFolder(const Vw& vw);
 
+// What named that folder, for messages: "--folder" or "VERSEWELL_FOLDER".
+const char* FolderArgument(const Vw& vw);
+
 // The value of a variable of the environment that is set and not empty.
 std::optional<std::string> VariableOf(const Vw& vw, const char* name);
