@@ -1,5 +1,6 @@
 #include "cli/draft.h"
 
+#include "cli/utf8.h"
 #include "notes/note_letters.h"
 
 // Editors of Windows tell by the mark that it is UTF-8, and older ones know no other end of a line.
@@ -36,9 +37,7 @@ std::string EditDraft(const Vw& vw, const Draft& draft) {
     if (!bytes) throw Complaint{kFileTrouble, "EDITOR: its file is gone; the note is as it was"};
     if (!IsUtf8(*bytes) || bytes->find('\0') != bytes->npos)
         throw Complaint{kFileTrouble, "EDITOR: its file is no text in UTF-8; the note is as it was"};
-    std::string text;
-    for (const char c : bytes->starts_with(kUtf8Mark) ? bytes->substr(kUtf8Mark.size()) : *bytes)
-        if (c != '\r') text += c;
+    std::string text = WithPlainLineEnds(bytes->starts_with(kUtf8Mark) ? bytes->substr(kUtf8Mark.size()) : *bytes);
     if (text.ends_with('\n')) text.pop_back();
     return text;
 }

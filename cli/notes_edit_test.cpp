@@ -77,6 +77,8 @@ TEST_F(NotesEditTest, StoresLinesAsTheWindow) {
     EXPECT_THAT(fake.drafts, IsEmpty());
     EXPECT_EQ(EditTo("two\r\nlines\r\n\r\n"), 0);
     EXPECT_EQ(Stored(), "two\r\nlines\r\n");
+    EXPECT_EQ(EditTo("old\rends\r"), 0);
+    EXPECT_EQ(Stored(), "old\r\nends");
 }
 
 TEST_F(NotesEditTest, StoresOtherLettersInUtf8) {

@@ -87,15 +87,7 @@ NoteSet& OneSetNamed(OpenedNotes& notes, const std::string& name) {
 // ---- Notes ----------------------------------------------------------------------------------------------------------
 
 std::string PlainNote(const OpenedNotes& notes, const std::string& note) {
-    const std::string text = Utf8OfNote(notes.files.codePage, note);
-    std::string lines;
-    for (std::size_t at = 0; at < text.size(); ++at) {
-        if (text[at] != '\r')
-            lines += text[at];
-        else if (at + 1 == text.size() || text[at + 1] != '\n')
-            lines += '\n';
-    }
-    return lines;
+    return WithPlainLineEnds(Utf8OfNote(notes.files.codePage, note));
 }
 
 static std::string ValidUtf8(std::string_view typed) {

@@ -26,3 +26,14 @@ std::string AsciiOf(std::string_view utf8) {
     }
     return ascii;
 }
+
+std::string WithPlainLineEnds(std::string_view text) {
+    std::string lines;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        if (text[at] != '\r')
+            lines += text[at];
+        else if (at + 1 == text.size() || text[at + 1] != '\n')
+            lines += '\n';
+    }
+    return lines;
+}
