@@ -7,6 +7,7 @@
 #include <list>
 
 #include "notes/note_files_win32.h"
+#include "scripture/letters.h"
 #include "win32/files.h"
 #include "win32/replacing_file.h"
 
@@ -129,11 +130,28 @@ static Written Write(void* device, Stream stream, std::string_view bytes) {
     return std::fwrite(bytes.data(), 1, bytes.size(), pager) == bytes.size() ? Written::kAll : Written::kClosed;
 }
 
-// Only a pager that the user names: `more` of the system does not know UTF-8.
+static bool HasProgram(const std::wstring& name) {
+    for (const wchar_t* ending : {L".exe", L".com", L".bat", L".cmd"})
+        if (SearchPathW(nullptr, name.c_str(), ending, 0, nullptr, nullptr) > 0) return true;
+    return false;
+}
+
+// False only for a name of which it is certain; the system's shell reads anything else in its own way.
+static bool MayBeCommand(const std::string& command) {
+    const std::string name = command.substr(0, command.find(' '));
+    const bool isPlain = std::ranges::all_of(name, [](char c) {
+        return IsLetterOrDigit(c) || std::string_view("\\/:._+-").find(c) != std::string_view::npos;
+    });
+    return !isPlain || HasProgram(WideOfUtf8(name));
+}
+
+// Only a pager that the user names: `more` of the system does not know UTF-8. One that does not exist would lose the
+// text.
 static void StartPager(void* device) {
     auto& native = *static_cast<NativeDevice*>(device);
     const std::string pager = Variable(device, "PAGER").value_or("");
-    if (native.pager == nullptr && !pager.empty()) native.pager = _wpopen(WideOfUtf8(pager).c_str(), L"wb");
+    if (native.pager == nullptr && !pager.empty() && MayBeCommand(pager))
+        native.pager = _wpopen(WideOfUtf8(pager).c_str(), L"wb");
 }
 
 static Day Today(void*) {
