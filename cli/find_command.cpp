@@ -12,6 +12,7 @@
 #include "cli/verse_output.h"
 #include "notes/note_letters.h"
 #include "scripture/books.h"
+#include "scripture/letters.h"
 #include "search/key_word_marks.h"
 #include "search/near_search.h"
 #include "search/near_text.h"
@@ -88,6 +89,15 @@ static Query CheckedQuery(const SearchState& state, QueryKind kind) {
     return query;
 }
 
+// What the window's field does not take, and who types it means something by it.
+static void TellOfLeftOut(const Vw& vw, const std::string& text, const Query& query) {
+    const auto isLeftOut = [](char c) { return IsDigit(c) || c == '*' || c == '?'; };
+    if (query.kind == QueryKind::kNear || std::ranges::none_of(text, isLeftOut)) return;
+    std::string words;
+    for (const std::string& word : query.words) words += ' ' + word;
+    Tell(vw, "WORDS: only letters and apostrophes count; searched for:" + words);
+}
+
 static FoundVerses Search(const Vw& vw, const FindOptions& options) {
     FoundVerses found{TextOf(vw), {}, {}};
     SearchState state = StateOf(options);
@@ -96,6 +106,7 @@ static FoundVerses Search(const Vw& vw, const FindOptions& options) {
         state.range = {span.first, span.last};
     }
     found.query = CheckedQuery(state, KindOf(options));
+    TellOfLeftOut(vw, state.searchText, found.query);
     HitCounters hits;
     found.result = Search(found.scripture, IndexOf(vw), found.query, state.range, hits);
     return found;
