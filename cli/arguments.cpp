@@ -9,6 +9,14 @@ static constexpr char kFooter[] =
     "Exit codes: 0 found, 1 nothing found, 2 bad use, 3 file trouble.\n"
     "\"vw COMMAND --help\" tells more of a command.";
 
+static std::string ReasonAgainst(const std::string& text) {
+    return text.empty() ? "must not be empty" : "";
+}
+
+CLI::Option* AddText(CLI::App& app, const std::string& name, std::string& text, const std::string& help) {
+    return app.add_option(name, text, help)->check(ReasonAgainst);
+}
+
 static void AddCommonOptions(CLI::App& app, CommonOptions& options) {
     app.add_flag("--json", options.json, "one JSON object a line instead of text");
     app.add_option("--color", options.color, "colours and italics; auto: on a terminal, unless NO_COLOR is set")
@@ -17,12 +25,12 @@ static void AddCommonOptions(CLI::App& app, CommonOptions& options) {
     app.add_option("--width", options.width, "columns of a line (default: those of the terminal; none in a pipe)")
         ->type_name("COLUMNS")
         ->check(CLI::Range(10, 10000).description(""));
-    app.add_option("--data", options.textFolder,
-                   "folder with the scripture files (default: $VERSEWELL_DATA, or the usual ones)")
+    AddText(app, "--data", options.textFolder,
+            "folder with the scripture files (default: $VERSEWELL_DATA, or the usual ones)")
         ->type_name("FOLDER");
-    app.add_option("--folder", options.workingFolder,
-                   "folder with the window's settings and notes (default: $VERSEWELL_FOLDER, the current one if it has "
-                   "note sets, or the user's own)")
+    AddText(app, "--folder", options.workingFolder,
+            "folder with the window's settings and notes (default: $VERSEWELL_FOLDER, the current one if it has "
+            "note sets, or the user's own)")
         ->type_name("FOLDER");
     app.set_version_flag("--version", "vw " VERSEWELL_VERSION, "tell the version");
 }

@@ -25,6 +25,10 @@ struct Arguments {
 // all of them if `words` is empty.
 Arguments ArgumentsFor(const std::vector<std::string>& words);
 
+// An option that takes a text, which must not be empty: an empty one comes from a variable that is not set, and to
+// leave the option out would do something else, for example to all sets.
+CLI::Option* AddText(CLI::App& app, const std::string& name, std::string& text, const std::string& help);
+
 // Complain of two of these options together, and of `option` without `needed`.
 void AllowOnlyOne(const CLI::App& app, std::initializer_list<const char*> options);
 void AllowOnlyWith(const CLI::App& app, const char* option, const char* needed);

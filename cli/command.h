@@ -12,7 +12,8 @@
 
 namespace CLI {
 class App;
-}
+class Option;
+}  // namespace CLI
 
 enum ExitCode { kFound = 0, kNothingFound = 1, kBadUse = 2, kFileTrouble = 3 };
 

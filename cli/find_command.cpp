@@ -241,7 +241,7 @@ static RunCommand PrepareFind(CLI::App& app) {
     const auto options = std::make_shared<FindOptions>();
     app.add_option("WORDS", options->words, "words of letters and apostrophes")->required()->type_name("");
     AddKinds(app, *options);
-    app.add_option("--range", options->range, "only in these verses: \"Ge - Mal\", Ro, \"Mt 5 - 7\"")
+    AddText(app, "--range", options->range, "only in these verses: \"Ge - Mal\", Ro, \"Mt 5 - 7\"")
         ->type_name("REF-REF");
     app.add_flag("--strict", options->strict, "understand --range only as the window does");
     AddOutputs(app, *options);

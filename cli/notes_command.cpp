@@ -12,11 +12,11 @@ static void AddStrict(CLI::App& app, bool& strict, const char* argument) {
 }
 
 static void AddOneSet(CLI::App& app, std::string& set, const char* help) {
-    app.add_option("--set", set, std::string(help) + "; needed if there are several")->type_name("NAME");
+    AddText(app, "--set", set, std::string(help) + "; needed if there are several")->type_name("NAME");
 }
 
 static void AddSomeSets(CLI::App& app, std::string& set) {
-    app.add_option("--set", set, "only of this note set")->type_name("NAME");
+    AddText(app, "--set", set, "only of this note set")->type_name("NAME");
 }
 
 static void AddFormat(CLI::App& app, std::string& format) {
@@ -53,7 +53,7 @@ static constexpr Command kShowCommand = {
 
 static void AddListing(CLI::App& app, NoteReadingOptions& options) {
     AddSomeSets(app, options.set);
-    app.add_option("--range", options.range, "only of these verses: \"Ge - Mal\", Ro, \"Mt 5 - 7\"")
+    AddText(app, "--range", options.range, "only of these verses: \"Ge - Mal\", Ro, \"Mt 5 - 7\"")
         ->type_name("REF-REF");
     AddStrict(app, options.strict, "--range");
     app.add_flag("--part", options.part, "parts of words, too");
@@ -177,7 +177,7 @@ static constexpr Command kRestoreCommand = {
 
 static RunCommand PrepareExport(CLI::App& app) {
     const auto options = std::make_shared<NoteExchangeOptions>();
-    app.add_option("FILE", options->file, "the file to write; - for the output")->required()->type_name("");
+    AddText(app, "FILE", options->file, "the file to write; - for the output")->required()->type_name("");
     AddOneSet(app, options->set, "the note set");
     AddFormat(app, options->format);
     app.add_flag("--verse-texts", options->verseTexts, "in a web page, the text of each verse above its note");
@@ -193,11 +193,11 @@ static constexpr Command kExportCommand = {
 
 static RunCommand PrepareImport(CLI::App& app) {
     const auto options = std::make_shared<NoteExchangeOptions>();
-    app.add_option("FILE", options->file, "the file, or a folder of text files that are named by verses")
+    AddText(app, "FILE", options->file, "the file, or a folder of text files that are named by verses")
         ->required()
         ->type_name("");
     AddOneSet(app, options->set, "the note set that gets the notes");
-    app.add_option("--new", options->newSet, "a new note set that gets the notes")->type_name("NAME");
+    AddText(app, "--new", options->newSet, "a new note set that gets the notes")->type_name("NAME");
     AddFormat(app, options->format);
     app.add_option("--conflicts", options->conflicts,
                    "notes that were changed in both: both texts, keep the set's, take the file's (default: both)")

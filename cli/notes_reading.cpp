@@ -142,6 +142,7 @@ ExitCode ListNotes(Vw& vw, const NoteReadingOptions& options) {
     for (const std::string& words : options.words)
         for (const std::u16string& word : WordsTyped(LettersOfNote(notes.files.codePage, AsNote(notes, words))))
             query.words.push_back(Wanted(notes, letters, Utf8Of(word), "--words", false));
+    if (query.words.empty() && !options.words.empty()) throw Complaint{kBadUse, "--words: there is no word in them"};
     SetsByVerse found;
     for (NoteSet* set : SetsNamed(notes, options.set)) {
         const ListedNotes listed = ListNotes(notes.files, {set, 1}, letters, query, kNoProgress);

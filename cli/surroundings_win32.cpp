@@ -88,7 +88,6 @@ static std::optional<std::string> ReadFile(void*, const std::string& path) {
     return std::string(file.bytes.begin(), file.bytes.end());
 }
 
-// ---- The output -----------------------------------------------------------------------------------------------------
 static FileKind KindOf(void*, const std::string& path) {
     const DWORD attributes = GetFileAttributesW(PathOf(path).c_str());
     if (attributes == INVALID_FILE_ATTRIBUTES) return FileKind::kNone;
@@ -109,6 +108,7 @@ static FolderUse UseOf(void*, const std::string& folder) {
     return MayOpenFolder(folder, FILE_ADD_FILE) ? FolderUse::kChange : FolderUse::kRead;
 }
 
+// ---- The output -----------------------------------------------------------------------------------------------------
 
 static Written WriteAll(HANDLE file, std::string_view bytes) {
     static constexpr std::size_t kMost = 32768;  // an old console takes no more at once
@@ -278,6 +278,8 @@ Surroundings NativeSurroundings() {
         .variable = Variable,
         .list = List,
         .readFile = ReadFile,
+        .kindOf = KindOf,
+        .useOf = UseOf,
         .map = Map,
         .writeFile = WriteFileAt,
         .noteFiles = NoteFilesOf,
@@ -296,8 +298,6 @@ Surroundings NativeSurroundings() {
         .textFolders = {program, program + "../../data"},  // the second one is that of a build
         .workingFolder = UsualWorkingFolder(),
     };
-        .kindOf = KindOf,
-        .useOf = UseOf,
 }
 
 std::vector<std::string> NativeArguments(int, char**) {

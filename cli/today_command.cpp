@@ -5,6 +5,7 @@
 #include <memory>
 #include <nlohmann/json.hpp>
 
+#include "cli/arguments.h"
 #include "cli/command_table.h"
 #include "cli/readings.h"
 #include "cli/text_folder.h"
@@ -129,7 +130,7 @@ static ExitCode ShowDay(Vw& vw, TodayOptions options) {
 
 static RunCommand PrepareToday(CLI::App& app) {
     const auto options = std::make_shared<TodayOptions>();
-    app.add_option("DATE", options->date, "another day: 2026-11-23 or 11-23")->type_name("");
+    AddText(app, "DATE", options->date, "another day: 2026-11-23 or 11-23")->type_name("");
     app.add_flag("--morning", options->morning, "only the reading of the morning");
     app.add_flag("--evening", options->evening, "only the reading of the evening");
     app.add_flag("--proverb", options->proverb, "only the chapter of Proverbs");
