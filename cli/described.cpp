@@ -26,7 +26,7 @@ static DescribedOption Described(const CLI::Option& option) {
     described.help = option.get_description();
     const bool takesValue = option.get_items_expected_max() > 0;
     described.value = described.isPositional ? option.get_name(true) : takesValue ? option.get_type_name() : "";
-    described.choices = ChoicesOf(described.value);
+    described.choices = ChoicesOf(option.get_type_name());
     return described;
 }
 

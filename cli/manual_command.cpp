@@ -28,9 +28,9 @@ static ExitCode PrintCompletion(Vw& vw, const std::string& shell) {
 
 static RunCommand PrepareCompletion(CLI::App& app) {
     const auto shell = std::make_shared<std::string>();
-    app.add_option("SHELL", *shell, "bash, zsh, fish or powershell")
+    app.add_option("SHELL", *shell, "the shell")
         ->required()
-        ->type_name("")
+        ->type_name("bash|zsh|fish|powershell")
         ->check(CLI::IsMember({"bash", "zsh", "fish", "powershell"}).description(""));
     return [shell](Vw& vw) { return PrintCompletion(vw, *shell); };
 }
