@@ -158,17 +158,20 @@ static void PrintCount(Vw& vw, const SearchResult& result) {
 
 // ---- By book --------------------------------------------------------------------------------------------------------
 
-// "Genesis          12 ######": the longest bar takes what the line leaves.
-static void PrintBar(Vw& vw, const char* name, int count, int most) {
-    static constexpr int kNameColumns = 16, kCountColumns = 6, kUsualWidth = 80, kLeast = 10;
+static std::string Padding(std::string_view text, int columns) {
+    return std::string(static_cast<std::size_t>(std::max(columns - static_cast<int>(text.size()), 0)), ' ');
+}
+
+// "Genesis          12 ######": the longest bar takes what the line leaves. A narrow one has "Ge 12 ######".
+static void PrintBar(Vw& vw, int book, int count, int most) {
+    static constexpr int kUsualWidth = 80, kNarrow = 36, kLeast = 1;
     const int width = vw.printer.width > 0 ? vw.printer.width : kUsualWidth;
-    const int room = std::max(width - kNameColumns - kCountColumns - 1, kLeast);
+    const bool isNarrow = width < kNarrow;
+    const int nameColumns = isNarrow ? 3 : 16, countColumns = isNarrow ? 5 : 6;
+    const int room = std::max(width - nameColumns - countColumns - 1, kLeast);
     const int length = std::max(1, count * room / most);
-    const std::string number = std::to_string(count);
-    std::string line = name;
-    line.append(static_cast<std::size_t>(kNameColumns) - std::min<std::size_t>(line.size(), kNameColumns), ' ');
-    line.append(static_cast<std::size_t>(kCountColumns) - std::min<std::size_t>(number.size(), kCountColumns), ' ');
-    line += number + ' ';
+    const std::string name = isNarrow ? BookAbbreviation(book) : BookName(book), number = std::to_string(count);
+    std::string line = name + Padding(name, nameColumns) + Padding(number, countColumns) + number + ' ';
     for (int i = 0; i < length; ++i) line += "\xE2\x96\x88";  // a full block
     Print(vw.printer, line + "\n");
 }
@@ -185,7 +188,7 @@ static void PrintByBook(Vw& vw, const FoundVerses& found) {
                 vw.printer,
                 {{"kind", "book"}, {"book", book}, {"name", BookName(book)}, {"verses", of.hits}, {"words", of.words}});
         else
-            PrintBar(vw, BookName(book), of.hits, most);
+            PrintBar(vw, book, of.hits, most);
     }
     if (!vw.options.json && vw.surroundings.isTerminal) Print(vw.printer, SearchSummary(found.result) + "\n");
 }

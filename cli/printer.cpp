@@ -104,6 +104,13 @@ void PrintStyled(Printer& printer, const StyledText& text) {
     }
 }
 
+void PrintText(Printer& printer, const std::string& utf8) {
+    if (printer.width == 0) return Print(printer, utf8);
+    StyledText text;
+    AppendUtf8Styled(text, utf8, kPlain);
+    PrintStyled(printer, text);
+}
+
 void PrintMarked(Printer& printer, std::string_view marked, ShownBrackets brackets) {
     if (!printer.colors && printer.width == 0) {
         AppendPlain(printer.buffer, marked, brackets);

@@ -20,6 +20,9 @@ struct Printer {
 // Adds text in UTF-8.
 void Print(Printer& printer, std::string_view utf8);
 
+// The same, but its lines are broken at blanks if the printer has a width.
+void PrintText(Printer& printer, const std::string& utf8);
+
 // Adds text of the scripture or of the program in its styles. Its lines are broken at blanks if the printer has a
 // width.
 void PrintStyled(Printer& printer, const StyledText& text);

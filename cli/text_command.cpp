@@ -72,7 +72,7 @@ static std::string DifferenceLine(const TextDifference& place) {
 }
 
 static void PrintDifference(Vw& vw, const TextDifference& place) {
-    if (!vw.options.json) return Print(vw.printer, DifferenceLine(place));
+    if (!vw.options.json) return PrintText(vw.printer, DifferenceLine(place));
     PrintObject(vw.printer, {{"kind", "difference"},
                              {"reference", place.reference},
                              {"ours", ReadingOf(place.ours, "\xC2\xB6", "")},
