@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "cli/command.h"
 #include "cli/text_folder.h"
 #include "notes/note_places.h"
 
@@ -35,6 +36,16 @@ static NoteFileStamp Stamp(void* device, const std::string& name) {
     return file ? NoteFileStamp{true, file->size(), 0} : NoteFileStamp{};
 }
 
+// A damaged table would give false readings.
+[[noreturn]] static void ComplainOfTable(const ReadFolder& folder, const std::string& name) {
+    throw Complaint{kFileTrouble, "--folder: the table of readings " + PathIn(folder.folder, name) + " is damaged"};
+}
+
+static bool HasOnlyVerses(const NoteSets& notes) {
+    return std::ranges::all_of(notes.devotionalTable,
+                               [](std::uint32_t verse) { return verse <= std::uint32_t{kLastVerse}; });
+}
+
 static Reading ReadingOf(const NoteFiles& files, NoteSets& notes, Date date, TimeOfDay time) {
     Reading reading{VerseOfDevotional(notes, date, time), {}};
     notes.currentVerse = reading.verse;
@@ -47,6 +58,7 @@ static std::optional<DayReadings> ReadingsIn(const Surroundings& surroundings, c
     const std::vector<std::string> tables = surroundings.list(surroundings.device, folder, kTableEnding);
     if (tables.empty()) return std::nullopt;
     ReadFolder device{surroundings, folder};
+    if (Stamp(&device, tables.back()).size != kDevotionalFileSize) ComplainOfTable(device, tables.back());
     NoteFiles files;
     files.device = &device;
     files.read = Read;
@@ -58,6 +70,7 @@ static std::optional<DayReadings> ReadingsIn(const Surroundings& surroundings, c
     StampFiles(files, set);
     if (!ReadIndex(files, IndexFileName(set), set.offsets)) return std::nullopt;
     ReadDevotionalTable(files, notes, 0);
+    if (!HasOnlyVerses(notes)) ComplainOfTable(device, tables.back());
     return DayReadings{name, ReadingOf(files, notes, date, TimeOfDay::kMorning),
                        ReadingOf(files, notes, date, TimeOfDay::kEvening)};
 }
