@@ -38,6 +38,8 @@ struct Frame {
     std::vector<int> lastVerses;         // app/last_verses.h
     bool hasNewLastVerse = false;        // since the start
     bool startUpComplete = false;
+    bool isCreated = false;  // also without a text, which does not complete the start
+    bool closesOnceCreated = false;
 };
 extern Frame theFrame;
 

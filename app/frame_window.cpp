@@ -32,11 +32,18 @@
 #include "win32/screen.h"
 
 static BOOL OnCreate(HWND window, CREATESTRUCTA*) {
-    return StartUp(window);
+    theFrame.isCreated = StartUp(window);
+    if (theFrame.isCreated && theFrame.closesOnceCreated) PostMessageA(window, WM_CLOSE, 0, 0);
+    return theFrame.isCreated;
 }
 
+// The frame cannot be destroyed while it is being created: that would be a start that failed. A message box of the
+// start lets a task manager's WM_CLOSE through.
 static void OnClose(HWND window) {
-    if (MayLeaveEditor()) DestroyWindow(window);
+    if (!theFrame.isCreated)
+        theFrame.closesOnceCreated = true;
+    else if (MayLeaveEditor())
+        DestroyWindow(window);
 }
 
 static void OnDestroy(HWND) {

@@ -89,6 +89,28 @@ TEST(FailedStart, ReportsAMissingRichEditLibrary) {
     ExpectFailure(FolderWithScripture());
 }
 
+// A task manager closes all windows of a program, also one that is just asking something.
+TEST(StartThatIsClosed, EndsOnceItIsComplete) {
+    const ScratchFolder folder = FolderWithScripture();
+    WriteNoteSet(folder, "Mine", {{0, "mine"}});
+    WriteFile(folder, "Mine.nmd", "");
+    Program program = LaunchProgram(folder);
+    const HWND box = WaitForDialog(program, "Note Sets");
+    const auto closeFrame = [](HWND window, LPARAM) -> BOOL {
+        if (ClassOf(window) == "Versewell97") PostMessageA(window, WM_CLOSE, 0, 0);
+        return TRUE;
+    };
+    EnumThreadWindows(GetWindowThreadProcessId(box, nullptr), closeFrame, 0);  // it is not shown yet
+    PostMessageA(box, WM_CLOSE, 0, 0);
+    WaitUntil(program, "the end", [&] {
+        for (const HWND window : TopLevelWindows(program))
+            if (TextOf(window) == "Initialization failure") Fail(&program, "the start has failed");
+        return !IsRunning(program);
+    });
+    EXPECT_EQ(WaitForExit(program), 0);
+    EXPECT_EQ(ReadFile(folder, "Mine.nmd"), "");
+}
+
 // Waits for the frame or a message; the splash screen may come before either.
 static HWND FrameOrFailure(const Program& program) {
     HWND shown = nullptr;
