@@ -5,7 +5,6 @@
 #include "cli/note_objects.h"
 #include "cli/notes_commands.h"
 #include "cli/opened_notes.h"
-#include "cli/set_findings.h"
 #include "cli/text_folder.h"
 #include "exchange/import_lines.h"
 #include "exchange/new_set_import.h"
@@ -46,7 +45,6 @@ ExitCode ExportNotes(Vw& vw, const NoteExchangeOptions& options) {
         throw Complaint{kBadUse, "--verse-texts: only in a web page (.html)"};
     const Scripture scripture = TextOf(vw);
     OpenedNotes notes = OpenNotes(vw, NoteAccess::kRead);
-    CheckSets(notes.files, notes.notes, notes.opened);
     NoteSet& set = OneSetNamed(notes, options.set);
     CheckWhole(notes, set, options);
     const auto exported = NotesToExport(notes.files, set);

@@ -4,6 +4,7 @@
 #include <array>
 #include <utility>
 
+#include "cli/set_findings.h"
 #include "cli/text_folder.h"
 #include "cli/utf8.h"
 #include "notes/letter_search.h"
@@ -41,7 +42,10 @@ OpenedNotes OpenNotes(const Vw& vw, NoteAccess access) {
         throw Complaint{kFileTrouble, notes.argument + ": cannot create note sets in " + notes.folder};
     if (access == NoteAccess::kWrite && !notes.opened.report.empty())
         Tell(vw, Utf8OfNote(notes.files.codePage, notes.opened.report));
-    if (access == NoteAccess::kRead) TellOfDamagedSets(vw, notes);
+    if (access == NoteAccess::kRead) {
+        CheckSets(notes.files, notes.notes, notes.opened);
+        TellOfDamagedSets(vw, notes);
+    }
     return notes;
 }
 

@@ -21,8 +21,9 @@ struct OpenedNotes {
 };
 
 // kWrite mends what the window mends at its start, and says so on the stream of errors; without any set it makes the
-// first one. kMend only mends. kRead changes no file; what kMend would mend is mended in memory, and sets that are
-// damaged beyond that are told on the stream of errors. kExamine is the same for those who tell all of it themselves.
+// first one. kMend only mends. kRead changes no file: all notes are checked, what kMend would mend is mended in memory,
+// and sets that are damaged beyond that are told on the stream of errors. kExamine is for those who check and tell
+// everything themselves.
 enum class NoteAccess { kRead, kExamine, kMend, kWrite };
 
 // The sets of the folder that --folder names, or the usual one. Complains if there is no such folder.
