@@ -10,6 +10,7 @@
 #include "exchange/new_set_import.h"
 #include "exchange/note_folder.h"
 #include "exchange/note_formats.h"
+#include "notes/note_lock.h"
 #include "notes/note_set_changes.h"
 
 static ExchangeContext ContextOf(const Scripture& scripture, const OpenedNotes& notes) {
@@ -151,6 +152,8 @@ ExitCode ImportNotes(Vw& vw, const NoteExchangeOptions& options) {
     const Scripture scripture = TextOf(vw);
     OpenedNotes notes = OpenNotes(vw, options.dryRun ? NoteAccess::kRead : NoteAccess::kWrite);
     const ExchangedNotes read = ReadAsked(vw, ContextOf(scripture, notes), options);
+    // Nobody is asked between the plan and the import, so other programs can wait for both.
+    const NoteLock lock = options.dryRun ? NoteLock{} : LockNoteFiles(notes.files);
     const ImportPlan plan = PlanFor(notes, options, read);
     PrintPlan(vw, notes, scripture.records, plan);
     std::string report = PlanSummary(plan) + ".";

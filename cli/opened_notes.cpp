@@ -8,6 +8,7 @@
 #include "cli/text_folder.h"
 #include "cli/utf8.h"
 #include "notes/letter_search.h"
+#include "notes/note_lock.h"
 #include "notes/note_source.h"
 
 // ---- Opening --------------------------------------------------------------------------------------------------------
@@ -36,6 +37,8 @@ OpenedNotes OpenNotes(const Vw& vw, NoteAccess access) {
     const bool isTrial = access == NoteAccess::kRead || access == NoteAccess::kExamine;
     notes.files = isTrial ? DeviceOver(*notes.trial) : *files;
     if (access != NoteAccess::kWrite && !HasSets(*files)) return notes;
+    // Of two that make the first set, the second one has that of the other.
+    const NoteLock lock = access == NoteAccess::kWrite && !HasSets(*files) ? LockNoteFiles(*files) : NoteLock{};
     notes.opened = OpenNoteSets(notes.files, notes.notes, surroundings.now(surroundings.device));
     // Where only an index could not be made, the sets are there all the same.
     if (!notes.opened.created && access == NoteAccess::kWrite)
