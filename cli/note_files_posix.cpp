@@ -116,11 +116,23 @@ static void TakeRights(int file, const std::string& temporary) {
     if (stat(path.c_str(), &replaced) == 0) fchmod(file, replaced.st_mode & 07777);
 }
 
-// A file that cannot be removed is written over.
+// Another file of that name, which may have other names too, gives way in one step, so that nobody ever finds none. One
+// that cannot be removed is written over.
+static int OpenAnew(const std::string& path) {
+    static constexpr int kNew = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC;
+    if (const int file = open(path.c_str(), kNew, 0644); file >= 0 || errno != EEXIST) return file;
+    const std::string made = path + ".made-" + std::to_string(getpid());
+    unlink(made.c_str());
+    const int file = open(made.c_str(), kNew, 0644);
+    if (file >= 0 && rename(made.c_str(), path.c_str()) == 0) return file;
+    if (file >= 0) close(file);
+    unlink(made.c_str());
+    return open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0644);
+}
+
 static void* CreateAnew(void* device, const std::string& name) {
     const std::string path = PathOf(device, name);
-    unlink(path.c_str());
-    const int file = open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0644);
+    const int file = OpenAnew(path);
     if (file >= 0) TakeRights(file, path);
     return HandleOf(file);
 }

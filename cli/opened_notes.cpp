@@ -27,6 +27,19 @@ static void TellOfDamagedSets(const Vw& vw, const OpenedNotes& notes) {
                  "the note set \"" + Utf8Name(notes, set) + "\" is damaged: notes may be missing (vw notes verify)");
 }
 
+// Another program may just make the first set, or replace an index, which are there a moment later: it has the lock.
+static OpenedSets OpenSets(const Surroundings& surroundings, const NoteFiles& files, OpenedNotes& notes,
+                           NoteAccess access) {
+    const auto open = [&] { return OpenNoteSets(notes.files, notes.notes, surroundings.now(surroundings.device)); };
+    if (access != NoteAccess::kWrite) return open();
+    NoteLock lock;
+    if (files.list(files.device, "*.nmi").empty()) lock = LockNoteFiles(files);
+    const OpenedSets opened = open();
+    if (opened.created || lock.files) return opened;
+    lock = LockNoteFiles(files);
+    return open();
+}
+
 OpenedNotes OpenNotes(const Vw& vw, NoteAccess access) {
     const Surroundings& surroundings = vw.surroundings;
     OpenedNotes notes{WorkingFolder(vw), FolderArgument(vw), std::make_unique<ReadOnlyFiles>(), {}, {}, {}};
@@ -37,9 +50,7 @@ OpenedNotes OpenNotes(const Vw& vw, NoteAccess access) {
     const bool isTrial = access == NoteAccess::kRead || access == NoteAccess::kExamine;
     notes.files = isTrial ? DeviceOver(*notes.trial) : *files;
     if (access != NoteAccess::kWrite && !HasSets(*files)) return notes;
-    // Of two that make the first set, the second one has that of the other.
-    const NoteLock lock = access == NoteAccess::kWrite && !HasSets(*files) ? LockNoteFiles(*files) : NoteLock{};
-    notes.opened = OpenNoteSets(notes.files, notes.notes, surroundings.now(surroundings.device));
+    notes.opened = OpenSets(surroundings, *files, notes, access);
     // Where only an index could not be made, the sets are there all the same.
     if (!notes.opened.created && access == NoteAccess::kWrite)
         throw Complaint{kFileTrouble, notes.argument + ": cannot create note sets in " + notes.folder};
