@@ -91,8 +91,7 @@ const Command kDoctorCommand = {
     .details =
         "Lists the folders, the note sets with their sizes, the backups, and files that were left by programs that "
         "were stopped or that keep a folder in step between machines; and what hinders to save: rights that are "
-        "missing, "
-        "and folders in the place of files. Nothing is changed; a command that would mend something is told. The exit "
-        "code is 0 if all is well, 1 if something is wrong, and 3 if files are missing, "
-        "damaged or cannot be read and no command helps.",
+        "missing, and folders in the place of files. Nothing is changed; a command that would mend something is told. "
+        "The exit code is 0 if all is well, 1 if something is wrong, and 3 if files are missing, damaged or cannot be "
+        "read and no command helps.",
 };
